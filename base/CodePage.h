@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// The character sets of the 8-bit texts, by tables of our own: the same on every system. Only the edge of
+/// the program converts; everything inside stays 8-bit.
+namespace vk {
+
+enum class CodePage {
+  kCp437,        ///< character grids, selection lists, the editor and its palette
+  kWindows1252,  ///< menus, captions, the text font of figures
+  kSymbol,       ///< the Greek and mathematical font of figures; codes without a sign give U+FFFD
+};
+
+/// The Unicode character of a byte. Code pages 437 and Windows-1252 map each byte to a character of its own.
+char32_t toUnicode(char c, CodePage page);
+std::u32string toUnicode(std::string_view text, CodePage page);
+
+/// The byte of a Unicode character; nothing when the code page has no place for it.
+std::optional<char> fromUnicode(char32_t c, CodePage page);
+
+/// The text in UTF-8, for terminals and files of other programs.
+std::string toUtf8(std::string_view text, CodePage page);
+
+}  // namespace vk

@@ -1,0 +1,141 @@
+#include "base/NumberText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <optional>
+
+#include "base/Text.h"
+
+namespace vk {
+namespace {
+
+constexpr int kDoubleDigits = 15;
+constexpr int kSingleDigits = 7;
+// Fixed notation ends at this power of ten, and where more decimals than this would be needed.
+constexpr int kFixedLimit = 15;
+
+std::size_t skipDigits(std::string_view text, std::size_t at) {
+  while (at < text.size() && isDigit(text[at])) ++at;
+  return at;
+}
+
+/// Length of the mantissa with its sign at the start of the text; 0 when it has no digit.
+std::size_t mantissaLength(std::string_view text) {
+  const std::size_t start = !text.empty() && (text[0] == '+' || text[0] == '-') ? 1 : 0;
+  const std::size_t whole = skipDigits(text, start);
+  if (whole >= text.size() || text[whole] != '.') return whole > start ? whole : 0;
+  const std::size_t end = skipDigits(text, whole + 1);
+  return end - start > 1 ? end : 0;
+}
+
+/// End of the longest well-formed number that starts at 0, whatever its size; 0 when there is none.
+std::size_t numberLength(std::string_view text) {
+  const std::size_t mantissa = mantissaLength(text);
+  if (mantissa == 0 || mantissa >= text.size()) return mantissa;
+  if (const char e = upper(text[mantissa]); e != 'E' && e != 'D') return mantissa;
+  std::size_t digits = mantissa + 1;
+  if (digits < text.size() && (text[digits] == '+' || text[digits] == '-')) ++digits;
+  const std::size_t end = skipDigits(text, digits);
+  return end > digits ? end : mantissa;
+}
+
+/// True when a number that a double cannot hold is too small rather than too large.
+bool isBelowRange(std::string_view number) {
+  const std::size_t mantissa = mantissaLength(number);
+  constexpr std::string_view kNonZero = "123456789";
+  if (number.substr(0, mantissa).find_first_of(kNonZero) == std::string_view::npos) return true;
+  if (mantissa < number.size()) return number[mantissa + 1] == '-';
+  return number.substr(0, number.find('.')).find_first_of(kNonZero) == std::string_view::npos;
+}
+
+/// Value of a well-formed number; nothing when it is beyond the range of a double. Too small gives 0.
+std::optional<double> valueOf(std::string_view number) {
+  std::string plain(number[0] == '+' ? number.substr(1) : number);
+  for (char& c : plain) c = upper(c) == 'D' || c == 'e' ? 'E' : c;
+  double value = 0;
+  const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+  if (result.ec == std::errc::result_out_of_range) {
+    if (!isBelowRange(plain)) return std::nullopt;
+    return plain[0] == '-' ? -0.0 : 0.0;
+  }
+  return value;
+}
+
+std::string exponentText(int exponent) {
+  const std::string digits = std::to_string(std::abs(exponent));
+  return std::string(exponent < 0 ? "E-" : "E+") + (digits.size() < 2 ? "0" : "") + digits;
+}
+
+std::string generalText(double value, int significant) {
+  if (std::isnan(value)) return "NaN";
+  if (std::isinf(value)) return value < 0 ? "-Inf" : "Inf";
+  if (value == 0) return "0";
+  auto [digits, exponent] = decimalDigits(value, significant);
+  digits.erase(digits.find_last_not_of('0') + 1);
+  const int count = length(digits);
+  const std::string minus = value < 0 ? "-" : "";
+  if (exponent > kFixedLimit || count - exponent > kFixedLimit) {
+    const std::string tail = count > 1 ? "." + digits.substr(1) : "";
+    return minus + digits[0] + tail + exponentText(exponent - 1);
+  }
+  if (exponent <= 0) return minus + "." + repeat(-exponent, '0') + digits;
+  if (count <= exponent) return minus + digits + repeat(exponent - count, '0');
+  return minus + left(digits, exponent) + "." + mid(digits, exponent + 1);
+}
+
+}  // namespace
+
+DecimalDigits decimalDigits(double value, int significant) {
+  if (value == 0) return {repeat(significant, '0'), 0};
+  std::array<char, 64> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
+                                 std::chars_format::scientific, significant - 1);
+  const std::string_view text(buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data()));
+  const auto e = text.find('e');
+  DecimalDigits result;
+  for (char c : text.substr(0, e)) {
+    if (isDigit(c)) result.digits += c;
+  }
+  const bool negative = text[e + 1] == '-';
+  std::from_chars(text.data() + e + 2, text.data() + text.size(), result.exponent);
+  result.exponent = (negative ? -result.exponent : result.exponent) + 1;
+  return result;
+}
+
+bool isNumeric(std::string_view text) {
+  return !text.empty() && numberLength(text) == text.size() && valueOf(text).has_value();
+}
+
+double scanNumber(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  // A number beyond the range loses digits of its exponent, from the right, until what is left is finite.
+  for (std::size_t end = numberLength(text); end > 0; end = numberLength(text.substr(0, end - 1))) {
+    if (const auto value = valueOf(text.substr(0, end))) return *value;
+  }
+  return 0;
+}
+
+std::string generalText(double value) {
+  return generalText(value, kDoubleDigits);
+}
+
+std::string generalText(float value) {
+  return generalText(static_cast<double>(value), kSingleDigits);
+}
+
+std::string generalText(int value) {
+  return std::to_string(value);
+}
+
+std::string signedText(double value) {
+  const std::string text = generalText(value);
+  return text[0] == '-' ? text : " " + text;
+}
+
+std::string signedText(int value) {
+  return value < 0 ? std::to_string(value) : " " + std::to_string(value);
+}
+
+}  // namespace vk

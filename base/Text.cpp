@@ -1,0 +1,77 @@
+#include "base/Text.h"
+
+#include <algorithm>
+
+namespace vk {
+
+std::string trimLeft(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  return first == std::string_view::npos ? std::string() : std::string(text.substr(first));
+}
+
+std::string trimRight(std::string_view text) {
+  return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
+}
+
+std::string trim(std::string_view text) {
+  return trimLeft(trimRight(text));
+}
+
+char upper(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+std::string upper(std::string_view text) {
+  std::string result(text);
+  std::transform(result.begin(), result.end(), result.begin(), [](char c) { return upper(c); });
+  return result;
+}
+
+bool isLetter(char c) {
+  return upper(c) >= 'A' && upper(c) <= 'Z';
+}
+
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+std::string left(std::string_view text, int count) {
+  return count <= 0 ? std::string() : std::string(text.substr(0, static_cast<std::size_t>(count)));
+}
+
+std::string right(std::string_view text, int count) {
+  return mid(text, std::max(1, length(text) - count + 1));
+}
+
+std::string mid(std::string_view text, int start, int count) {
+  if (start < 1 || start > length(text) || count <= 0) return {};
+  return std::string(text.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(count)));
+}
+
+std::string mid(std::string_view text, int start) {
+  return mid(text, start, length(text));
+}
+
+int position(std::string_view text, std::string_view what, int start) {
+  if (start < 1) return 0;
+  const auto found = text.find(what, static_cast<std::size_t>(start - 1));
+  return found == std::string_view::npos ? 0 : static_cast<int>(found) + 1;
+}
+
+std::string repeat(int count, char c) {
+  return std::string(static_cast<std::size_t>(std::max(0, count)), c);
+}
+
+int length(std::string_view text) {
+  return static_cast<int>(text.size());
+}
+
+int code(char c) {
+  return static_cast<unsigned char>(c);
+}
+
+bool equalIgnoringCase(std::string_view a, std::string_view b) {
+  return upper(a) == upper(b);
+}
+
+}  // namespace vk

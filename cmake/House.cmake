@@ -1,0 +1,42 @@
+# How every target of the house is built: one language level, one set of warnings, one arithmetic.
+
+add_library(vor_flags INTERFACE)
+target_include_directories(vor_flags INTERFACE ${CMAKE_SOURCE_DIR})
+# Results must be the same at every optimisation level: no contraction of a*b+c, no rewriting of pow().
+target_compile_options(vor_flags INTERFACE
+  -Wall -Wextra -Wconversion -Wshadow -Werror -ffp-contract=off -fno-builtin-pow)
+if(VOR_SANITIZE)
+  target_compile_options(vor_flags INTERFACE
+    -fsanitize=${VOR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(vor_flags INTERFACE -fsanitize=${VOR_SANITIZE})
+endif()
+
+# vor_room(name [DEPENDS room ...]): the static library vor_<name> from the sources of the present folder.
+function(vor_room name)
+  cmake_parse_arguments(ROOM "" "" "DEPENDS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  list(TRANSFORM ROOM_DEPENDS PREPEND vor_)
+  if(sources)
+    add_library(vor_${name} STATIC ${sources})
+    target_link_libraries(vor_${name} PUBLIC vor_flags ${ROOM_DEPENDS})
+  else()
+    add_library(vor_${name} INTERFACE)
+    target_link_libraries(vor_${name} INTERFACE vor_flags ${ROOM_DEPENDS})
+  endif()
+endfunction()
+
+# vor_test(name [ROOMS room ...] [LIBS target ...]): one test program from tests/<name>/*.cpp.
+function(vor_test name)
+  cmake_parse_arguments(TEST "" "" "ROOMS;LIBS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  string(REPLACE "/" "_" target test_${name})
+  list(TRANSFORM TEST_ROOMS PREPEND vor_)
+  add_executable(${target} ${sources})
+  target_link_libraries(${target} PRIVATE ${TEST_ROOMS} vor_doubles ${TEST_LIBS} GTest::gmock_main)
+  target_precompile_headers(${target} PRIVATE <gtest/gtest.h> <gmock/gmock.h>)
+  target_compile_definitions(${target} PRIVATE VOR_SOURCE_DIR="${CMAKE_SOURCE_DIR}" VOR_BINARY_DIR="${CMAKE_BINARY_DIR}")
+  add_test(NAME ${target} COMMAND ${target})
+endfunction()

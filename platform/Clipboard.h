@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace vk {
+
+/// The clipboard, as far as texts go; windows put their pictures there themselves.
+class Clipboard {
+ public:
+  virtual ~Clipboard() = default;
+  virtual void clear() = 0;
+  /// Text in code page 437.
+  virtual void setText(const std::string& text) = 0;
+  /// The text on the clipboard; empty when it holds none. Signs outside the code page become "?".
+  virtual std::string text() = 0;
+};
+
+}  // namespace vk

@@ -1,0 +1,25 @@
+#include "platform/Files.h"
+
+namespace vk {
+namespace {
+
+constexpr std::string_view kSeparators = "/\\";
+
+}  // namespace
+
+std::string GetFileName(std::string_view path) {
+  return std::string(path.substr(path.find_last_of(kSeparators) + 1));
+}
+
+std::string GetExtensionName(std::string_view path) {
+  const std::string name = GetFileName(path);
+  const auto point = name.rfind('.');
+  return point == std::string::npos ? std::string() : name.substr(point + 1);
+}
+
+std::string joinPath(std::string_view folder, std::string_view name) {
+  const bool bare = folder.empty() || kSeparators.find(folder.back()) != std::string_view::npos;
+  return std::string(folder) + (bare ? "" : "/") + std::string(name);
+}
+
+}  // namespace vk

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "base/Array.h"
+#include "base/Int16.h"
+#include "platform/Form.h"
+
+namespace vk {
+
+/// What the input form runs when the user presses "&Esegui".
+enum InputAction : int { kStoreParameters = 1, kTransformData = 2, kSimulateData = 3 };
+
+/// The tables by which a command describes the input form and gets the accepted texts back. Arrays run from
+/// 1; element 0 stays unused. Rows and columns are character cells, from 1. Texts are code page 437.
+struct InputTables {
+  std::string caption;
+  Int16 InpRows;        ///< rows of the grid, buttons not counted
+  Int16 InpCols;        ///< columns of the grid
+  Int16 InpFieldCount;  ///< number of fields
+  Int16 InpFrameCount;
+  Int16 InpTextCount;
+  Int16 InpAction;
+
+  Array<std::string> InpValues;             ///< in: content of the field; out: the accepted content
+  Array<std::string> InpFieldKinds;         ///< "#Number", "#Function@...", "#String", "#File"
+  Array<std::array<Int16, 3>> InpFieldPos;  ///< row, column, width + 1 (negative: flush right)
+  Array<std::string> InpLabels;             ///< prompts
+  Array<std::array<Int16, 3>> InpLabelPos;  ///< row, column, length of the prompt
+  Array<std::array<Int16, 5>> InpFrames;    ///< top, left, bottom, right, style
+  Array<std::string> InpTexts;              ///< fixed texts
+  Array<std::array<Int16, 3>> InpTextPos;   ///< row, column, 1 centred / 2 right end / else left end
+};
+
+/// The modal form on which the fields of an analysis command are entered.
+class InputForm {
+ public:
+  virtual ~InputForm() = default;
+
+  /// Shows the form above `caller`. After "&Esegui" with good fields the accepted texts stand in `InpValues`,
+  /// the session's `ErrFlag` is 0 and the action has run when this returns. After "&Rinuncia" the tables are
+  /// as they were and `ErrFlag` is -1.
+  virtual void InpShow(InputTables& tables, Form caller) = 0;
+};
+
+}  // namespace vk

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+#include "base/Int16.h"
+
+namespace vk {
+
+/// The main window `Vor_Kel` as commands see it. Menu entries are named by their control names, entries of
+/// the recent lists as "MenDatOld(0)" and so on. Texts are Windows-1252.
+class MainWindow {
+ public:
+  virtual ~MainWindow() = default;
+
+  virtual void setMenuEnabled(const std::string& control, bool enabled) = 0;
+  virtual void setMenuVisible(const std::string& control, bool visible) = 0;
+  virtual void setMenuChecked(const std::string& control, bool checked) = 0;
+  virtual void setMenuCaption(const std::string& control, const std::string& caption) = 0;
+
+  /// Text of a status panel, 1..5; the panel takes the size of its text.
+  virtual void setPanel(int panel, const std::string& text) = 0;
+  virtual void setCaption(const std::string& caption) = 0;
+
+  /// Shuts all input out, or lets it in again. Input that came while it was shut out is dropped.
+  virtual void setEnabled(bool enabled) = 0;
+  virtual void refresh() = 0;
+  virtual void toFront() = 0;
+
+  /// Shows background picture 0..2.
+  virtual void setBackground(Int16 picture) = 0;
+};
+
+}  // namespace vk

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Int16.h"
+#include "platform/CharGrid.h"
+#include "platform/Form.h"
+
+namespace vk {
+
+/// What `OutShow` opens. Captions of the buttons decide what they do: "&Continua" closes, "&Stampa" prints,
+/// "Co&pia" copies, "Salva &File" runs the save routine and closes.
+struct OutputRequest {
+  Form owner = Form::kMain;
+  Int16 rows = 0;
+  Int16 cols = 0;
+  std::vector<std::string> captions;
+  std::string caption;
+  std::string text;  ///< code page 437; text mode when it is not empty after trimming, else drawing mode
+};
+
+/// The output window: a grid of character cells that a command draws on, or a text to read. Modeless: the
+/// command goes on, and ends, while the window is open.
+class OutputWindow {
+ public:
+  virtual ~OutputWindow() = default;
+
+  /// Opens the window with an empty grid, or the text. Replaces what it showed before.
+  virtual void OutShow(const OutputRequest& request) = 0;
+
+  /// Sets the print position to a cell; rows and columns from 1.
+  virtual void CharLocate(int row, int col) = 0;
+  /// Prints at the print position, opaque, and moves it behind the text.
+  virtual void print(std::string_view text) = 0;
+  /// A frame through the centres of the corner cells; a title is printed centred on the top side.
+  virtual void CharFrame(int row1, int col1, int row2, int col2, int style, const std::string& title) = 0;
+
+  /// Shows what has been drawn so far; a long computation calls it now and then.
+  virtual void refresh() = 0;
+
+  /// What "Salva &File" runs; set by the command that offers the button.
+  virtual void setSaveRoutine(std::function<void()> routine) = 0;
+
+  /// Closes the window, enables and refreshes its owner. Does nothing when it is closed.
+  virtual void FrmOut_Exit() = 0;
+};
+
+/// The three buttons of nearly every report.
+inline const std::vector<std::string> kReportButtons{"&Continua", "&Stampa", "Co&pia"};
+
+}  // namespace vk

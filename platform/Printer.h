@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+#include "base/Int16.h"
+
+namespace vk {
+
+/// Orientation of the paper.
+enum PaperOrientation : int { kPortrait = 1, kLandscape = 2 };
+
+/// The default printer, as far as whole pages of text go. Figures draw on it through `Device`.
+class Printer {
+ public:
+  virtual ~Printer() = default;
+
+  /// True when there is a printer; without one the pages go to a PDF file that the user names.
+  virtual bool present() = 0;
+
+  virtual Int16 Orientation() = 0;
+  virtual void setOrientation(Int16 orientation) = 0;
+
+  /// Printable area in twips, in the present orientation.
+  virtual double Width() = 0;
+  virtual double Height() = 0;
+
+  /// Prints text lines (code page 437) from the top of the page in a fixed-width font of `points`.
+  virtual void printText(const std::string& text, const std::string& face, double points) = 0;
+
+  /// Ends the document and sends it. A printer that fails is run-time error 482.
+  virtual void EndDoc() = 0;
+};
+
+}  // namespace vk

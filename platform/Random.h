@@ -1,0 +1,15 @@
+#pragma once
+
+namespace vk {
+
+/// The uniform random generator.
+class Random {
+ public:
+  virtual ~Random() = default;
+  /// The next number in [0,1), in single precision.
+  virtual float next() = 0;
+  /// Starts the sequence anew from a number, such as the time of day in seconds.
+  virtual void seed(float number) = 0;
+};
+
+}  // namespace vk

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+
+#include "base/Array.h"
+#include "base/Int16.h"
+
+namespace vk {
+
+/// The tables of the parameters of the current model function.
+struct ParameterSet {
+  ParameterSet();
+
+  /// Name of parameter i without its blanks; i = 0 gives the independent variable, i = -1 the dependent one.
+  std::string name(int i) const;
+
+  /// Fixed-width names, 5 characters a slot, blanks on the left: the dependent variable, the independent
+  /// variable, then the parameters.
+  std::string ParNames;
+  Int16 ParNameWidth;  ///< length of the longest name
+  Int16 ParCount;
+
+  /// Values 0..ParCount; element 0 is the independent variable, used for error propagation only.
+  Array<double> ParValues;
+  /// Second numbers 0..ParCount: for a fit 0 means constant, anything else free; for error propagation the
+  /// error (positive: standard deviation, negative: maximum error). A fit leaves the errors here.
+  Array<double> ParDeltas;
+
+  // The tables below are 0..ParCount+1, used from 1.
+  Array<double> FreeValues;  ///< values of the free parameters
+  Array<double> FreeSteps;   ///< their starting steps, which a fit lowers
+  /// Permutation of the parameters: the free ones from the front, the constant ones from the back.
+  Array<Int16> FreeIndex;
+  Int16 FreeCount;
+};
+
+/// Characters of a slot of `ParNames`.
+inline constexpr int kNameSlot = 5;
+
+}  // namespace vk

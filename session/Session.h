@@ -1,0 +1,129 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "base/Array.h"
+#include "base/Int16.h"
+#include "platform/InputForm.h"
+#include "session/Catalogue.h"
+#include "session/CompiledExpression.h"
+#include "session/DataSet.h"
+#include "session/FunctionDef.h"
+#include "session/ParameterSet.h"
+
+namespace vk {
+
+/// Kinds of file, for the picker and the editor.
+enum FileKindCode : int { kDataKind = 1, kFunctionKind = 2, kGraphicKind = 3 };
+
+/// `ErrFlag` after a cancelled file dialog.
+inline constexpr int kCancelled = 32755;
+
+/// A font of the forms.
+struct FontSpec {
+  std::string face;
+  int size;     ///< points
+  int charset;  ///< 0 the text character set, 255 that of the character screens
+  bool bold = false;
+};
+
+/// A list of the files read last, newest first.
+struct RecentList {
+  static constexpr int kCapacity = 4;
+
+  Array<std::string> files{kCapacity};  ///< 1..4
+  Int16 RecentMax = kCapacity;
+  Int16 RecentCount;
+  Int16 pick;  ///< entry that the next reading command takes, from 1; 0 to ask
+};
+
+/// Settings of the data simulation, kept from one simulation to the next.
+struct SimulationSettings {
+  double SimXMin = 0, SimXMax = 0;
+  Int16 SimPoints;
+  double SimErrY = 0;
+  Int16 SimErrYAbs;  ///< 0: SimErrY is a percentage of y
+  double SimErrX = 0;
+  Int16 SimErrXAbs;  ///< 0: SimErrX is a percentage of x
+};
+
+/// The histogram that an error propagation leaves behind.
+struct MonteCarloResult {
+  Int16 McBinCount;
+  Array<double> McBinCentre, McBinHits;  ///< 1..McBinCount
+  double McBinWidth = 0;
+  Int16 McSamples;
+};
+
+/// State of the normal-deviate generator: every second value comes from the pair drawn before.
+struct GaussianState {
+  float w1 = 0, w2 = 0;
+  double s = 0, fac = 0;
+  double stored = 0;
+};
+
+/// All that a running program knows. Passed to whoever needs it; two sessions can live side by side.
+struct Session {
+  // Where files are looked for.
+  std::string DataDir, FunDir, GraDir;
+  std::string DataExt = "DAT", FunExt = "FCN", GraExt = "GRA";
+  std::array<std::string, 4> WorkDrive, WorkDir;  ///< rows 0 all, 1 data, 2 functions, 3 graphics
+  Int16 WorkRow;
+
+  // What is loaded.
+  std::string DataFile = "Nessuno";
+  Flag DataDefined;
+  std::string FunFile = "Nessuno";
+  Flag FunFileRead;    ///< functions can be loaded from a file that was read
+  Flag FunDefined;     ///< a model function is defined
+  Flag ParametersSet;  ///< the parameters were entered at least once for this function
+  Flag ParVar;         ///< at least one parameter is free
+  std::string GraFile;
+  Flag GraDefined;
+  DataSet data;
+  ParameterSet par;
+  FunctionDef fun;
+  Catalogue catalogue;
+  CompiledExpression model;  ///< the one area that all formulas are compiled into
+
+  // Recent files.
+  RecentList RecentData, RecentFun, RecentGra;
+  Int16 FileKind;
+
+  // Registers and switches of the commands.
+  Int16 ErrFlag;  ///< 0 clear, -1 failed, 32755 cancelled, else a run-time error number
+  Flag ShowErrors;
+  Flag TraceEnabled;      ///< compiler and function file reader write their report
+  Flag CheckFunctions;    ///< the function file reader compiles each function
+  std::string TraceText;  ///< the report, lines ended by CR LF
+  Flag FitRunning;
+  Flag PropagationMode;
+  InputTables input;
+  SimulationSettings sim;
+  Flag SimFirstTime = kTrue;
+  MonteCarloResult monteCarlo;
+  GaussianState gaussian;
+
+  // Figures.
+  std::array<std::string, 4> GraphText;  ///< 1 data, 2 data and function, 3 differences
+  std::string DiffText;
+  std::array<float, 4> GraphScale{1, 1, 1, 1};
+  std::array<float, 4> GraphScaleSaved{1, 1, 1, 1};
+  Flag Landscape = kTrue;
+  Flag LandscapeSaved;
+  Int16 BackImage, BackImageSaved;
+  Int16 BackImageMax = 2;
+
+  // Sound.
+  Flag BeepOn = kTrue;
+  Int16 BeepFreqLow = 500, BeepFreqHigh = 1000;  ///< Hz
+  Int16 BeepLenLow = 1, BeepLenHigh = 1;         ///< ms
+
+  FontSpec FontLabel{"Arial", 9, 0};
+  FontSpec FontFixed{"Courier New", 10, 255};
+  FontSpec FontEdit{"Courier New", 10, 255};
+  FontSpec FontSmall{"Courier New", 8, 255};
+};
+
+}  // namespace vk

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "base/NumberText.h"
+#include "platform/Sound.h"
+#include "session/Session.h"
+
+/// Numbers through masks, and the one sound of the program.
+///
+/// A mask is a picture of a field: blanks as margins, "#" for digits, at most one ".", "^^^^" at the end for
+/// the exponent form. The first position of the field is kept for a sign.
+namespace vk {
+
+/// The value in exactly the mask's length, right-aligned; a value that does not fit gives asterisks.
+std::string FormatMask(double value, const std::string& mask);
+
+/// The general text of the value, or its text under "#.######^^^^" where that is not longer. For entry fields.
+std::string FormatCompact(double value);
+
+/// `FormatPattern` with a blank in front unless it begins with "-".
+std::string FormatSigned(double value, const std::string& pattern);
+
+/// The value under a digit picture: "#" a digit without leading zeros, "0" a decimal, "E+00" the exponent form.
+/// Halves are rounded away from zero on the decimal digits of the 15-digit text. The empty pattern gives the
+/// general text.
+std::string FormatPattern(double value, const std::string& pattern = "");
+
+/// Sounds the tone of a code: 0 high, 1 low, others nothing; nothing at all when the beep switch is off.
+void SoundSignal(const Session& session, Sound& sound, Int16 code);
+
+}  // namespace vk

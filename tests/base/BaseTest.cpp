@@ -1,0 +1,114 @@
+#include <set>
+
+#include "base/Array.h"
+#include "base/CodePage.h"
+#include "base/Guard.h"
+#include "base/Int16.h"
+#include "base/Rounding.h"
+#include "base/Text.h"
+
+namespace vk {
+namespace {
+
+int errorOf(const std::function<void()>& statement) {
+  try {
+    statement();
+  } catch (const RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+TEST(Int16, RefusesWhatDoesNotFit) {
+  Int16 value = 32767;
+  EXPECT_EQ(errorOf([&] { value += 1; }), kOverflow);
+  EXPECT_EQ(value, 32767);
+  value = -32768;
+  EXPECT_EQ(errorOf([&] { --value; }), kOverflow);
+  EXPECT_EQ(errorOf([&] { value = 40000; }), kOverflow);
+}
+
+TEST(Flag, IsMinusOneOrZeroUnderBitwiseOperators) {
+  const Flag yes = toFlag(true);
+  const Flag no = toFlag(false);
+  EXPECT_EQ(yes, -1);
+  EXPECT_EQ(no, 0);
+  EXPECT_EQ(yes & no, 0);
+  EXPECT_EQ(~yes, 0);
+  EXPECT_EQ(~no, -1);
+}
+
+TEST(Array, ChecksEveryIndex) {
+  Array<int> a(3);
+  a[3] = 7;
+  EXPECT_EQ(a[3], 7);
+  EXPECT_EQ(errorOf([&] { a[4] = 1; }), kIndexOutOfRange);
+  EXPECT_EQ(errorOf([&] { a[-1] = 1; }), kIndexOutOfRange);
+  a.redim(5);
+  EXPECT_EQ(a[3], 7);
+  a.dim(3);
+  EXPECT_EQ(a[3], 0);
+  EXPECT_TRUE(a.span(1, 0).empty());
+  EXPECT_EQ(a.span(1, 3).size(), 3U);
+}
+
+TEST(Guard, DropsTheFailingStatementAndGoesOn) {
+  Int16 errFlag;
+  int x = 1;
+  guard(errFlag, [&] { x = Array<int>(2)[5]; });
+  EXPECT_EQ(x, 1);
+  EXPECT_EQ(errFlag, -1);
+  EXPECT_TRUE(guard(errFlag, [&] { x = 2; }));
+  EXPECT_EQ(x, 2);
+  EXPECT_EQ(errFlag, -1);
+}
+
+TEST(Rounding, GoesToTheEvenNeighbour) {
+  EXPECT_EQ(toInt16(2.5), 2);
+  EXPECT_EQ(toInt16(3.5), 4);
+  EXPECT_EQ(toInt16(-2.5), -2);
+  EXPECT_EQ(errorOf([] { toInt16(32767.6); }), kOverflow);
+  EXPECT_EQ(errorOf([] { toInt32(std::nan("")); }), kOverflow);
+  EXPECT_EQ(Int(-1.5), -2);
+}
+
+TEST(RuntimeError, TellsItsNumberAndItalianText) {
+  EXPECT_EQ(RuntimeError(kDivisionByZero).message(), "Errore di run-time '11':\n\nDivisione per zero");
+}
+
+TEST(Text, CutsLikeThePositionsSay) {
+  EXPECT_EQ(trim("  a b  "), "a b");
+  EXPECT_EQ(trim("\ta "), "\ta");
+  EXPECT_EQ(left("abc", 2), "ab");
+  EXPECT_EQ(right("abc", 2), "bc");
+  EXPECT_EQ(right("abc", 5), "abc");
+  EXPECT_EQ(right("abc", 0), "");
+  EXPECT_EQ(mid("abc", 2), "bc");
+  EXPECT_EQ(mid("abc", 4), "");
+  EXPECT_EQ(mid("abc", 2, 1), "b");
+  EXPECT_EQ(position("banana", "an"), 2);
+  EXPECT_EQ(position("banana", "an", 3), 4);
+  EXPECT_EQ(position("banana", "x"), 0);
+  EXPECT_EQ(upper("a\xE0z"), "A\xE0Z");
+}
+
+TEST(CodePage, EveryByteComesBack) {
+  for (const CodePage page : {CodePage::kCp437, CodePage::kWindows1252}) {
+    std::set<char32_t> seen;
+    for (int i = 0; i < 256; ++i) {
+      const char c = static_cast<char>(i);
+      EXPECT_EQ(fromUnicode(toUnicode(c, page), page), c) << i;
+      seen.insert(toUnicode(c, page));
+    }
+    EXPECT_EQ(seen.size(), 256U);
+  }
+}
+
+TEST(CodePage, ShowsTheSignsOfTheProgram) {
+  EXPECT_EQ(toUtf8("X\xFD/\xE6 \xFBu \xE5 \xEB \xB3\xBA", CodePage::kCp437), "X²/µ √u σ δ │║");
+  EXPECT_EQ(toUtf8("abq", CodePage::kSymbol), "αβθ");
+  EXPECT_EQ(toUtf8("\x80\xE0", CodePage::kWindows1252), "€à");
+}
+
+}  // namespace
+}  // namespace vk

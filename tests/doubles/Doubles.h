@@ -1,0 +1,90 @@
+#pragma once
+
+#include <deque>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/Clock.h"
+#include "platform/MainWindow.h"
+#include "platform/Process.h"
+#include "platform/Random.h"
+#include "platform/Sound.h"
+
+namespace vk {
+
+/// A clock that stands still until the test moves it.
+class StillClock : public Clock {
+ public:
+  float now = 0;
+  float timer() override { return now; }
+};
+
+/// Random numbers written down beforehand; asking for more than there are fails the test, and so does a
+/// number left over.
+class ScriptedRandom : public Random {
+ public:
+  ScriptedRandom(std::initializer_list<float> numbers) : numbers_(numbers) {}
+  ~ScriptedRandom() override;
+  float next() override;
+  void seed(float number) override { seeds.push_back(number); }
+
+  std::vector<float> seeds;
+
+ private:
+  std::deque<float> numbers_;
+};
+
+/// Keeps the tones that were asked for.
+class RecordingSound : public Sound {
+ public:
+  struct Tone {
+    int hertz, milliseconds;
+    bool operator==(const Tone&) const = default;
+  };
+  std::vector<Tone> tones;
+  int beeps = 0;
+  void tone(int hertz, int milliseconds) override { tones.push_back({hertz, milliseconds}); }
+  void beep() override { ++beeps; }
+};
+
+/// Keeps the programs that were started.
+class RecordingProcess : public Process {
+ public:
+  std::vector<std::string> started;
+  bool works = true;
+  bool start(const std::string& program) override {
+    started.push_back(program);
+    return works;
+  }
+};
+
+/// A main window that remembers its state instead of showing it.
+class RecordingMainWindow : public MainWindow {
+ public:
+  std::map<std::string, bool> menuEnabled, menuVisible, menuChecked;
+  std::map<std::string, std::string> menuCaption;
+  std::map<int, std::string> panels;
+  std::string caption;
+  bool enabled = true;
+  int background = 0;
+  std::vector<std::string> calls;  ///< "disable", "enable", "refresh", "front" in order
+
+  void setMenuEnabled(const std::string& control, bool on) override { menuEnabled[control] = on; }
+  void setMenuVisible(const std::string& control, bool on) override { menuVisible[control] = on; }
+  void setMenuChecked(const std::string& control, bool on) override { menuChecked[control] = on; }
+  void setMenuCaption(const std::string& control, const std::string& text) override {
+    menuCaption[control] = text;
+  }
+  void setPanel(int panel, const std::string& text) override { panels[panel] = text; }
+  void setCaption(const std::string& text) override { caption = text; }
+  void setEnabled(bool on) override {
+    enabled = on;
+    calls.emplace_back(on ? "enable" : "disable");
+  }
+  void refresh() override { calls.emplace_back("refresh"); }
+  void toFront() override { calls.emplace_back("front"); }
+  void setBackground(Int16 picture) override { background = picture; }
+};
+
+}  // namespace vk

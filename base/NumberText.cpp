@@ -63,11 +63,6 @@ std::optional<double> valueOf(std::string_view number) {
   return value;
 }
 
-std::string exponentText(int exponent) {
-  const std::string digits = std::to_string(std::abs(exponent));
-  return std::string(exponent < 0 ? "E-" : "E+") + (digits.size() < 2 ? "0" : "") + digits;
-}
-
 std::string generalText(double value, int significant) {
   if (std::isnan(value)) return "NaN";
   if (std::isinf(value)) return value < 0 ? "-Inf" : "Inf";
@@ -86,6 +81,11 @@ std::string generalText(double value, int significant) {
 }
 
 }  // namespace
+
+std::string exponentText(int exponent) {
+  const std::string digits = std::to_string(std::abs(exponent));
+  return std::string(exponent < 0 ? "E-" : "E+") + (digits.size() < 2 ? "0" : "") + digits;
+}
 
 DecimalDigits decimalDigits(double value, int significant) {
   if (value == 0) return {repeat(significant, '0'), 0};

@@ -26,6 +26,9 @@ std::string generalText(int value);
 std::string signedText(double value);
 std::string signedText(int value);
 
+/// The exponent of a number as written behind its mantissa: "E", the sign, at least two digits.
+std::string exponentText(int exponent);
+
 /// The decimal digits of |value| cut to `significant` digits by "%.{n-1}e" rounding:
 /// |value| = 0.d1d2d3... * 10^exponent with d1 not 0; for 0 all digits are 0 and the exponent is 0.
 struct DecimalDigits {

@@ -15,6 +15,9 @@ namespace vk {
 /// The value in exactly the mask's length, right-aligned; a value that does not fit gives asterisks.
 std::string FormatMask(double value, const std::string& mask);
 
+/// The digit picture that a mask stands for: its first "#" is left out, decimals become "0".
+std::string MaskPattern(const std::string& mask);
+
 /// The general text of the value, or its text under "#.######^^^^" where that is not longer. For entry fields.
 std::string FormatCompact(double value);
 
@@ -22,8 +25,8 @@ std::string FormatCompact(double value);
 std::string FormatSigned(double value, const std::string& pattern);
 
 /// The value under a digit picture: "#" a digit without leading zeros, "0" a decimal, "E+00" the exponent form.
-/// Halves are rounded away from zero on the decimal digits of the 15-digit text. The empty pattern gives the
-/// general text.
+/// Halves are rounded away from zero on the decimal digits of the 15-digit text; a negative value that rounds
+/// to zero keeps its sign. The empty pattern gives the general text.
 std::string FormatPattern(double value, const std::string& pattern = "");
 
 /// Sounds the tone of a code: 0 high, 1 low, others nothing; nothing at all when the beep switch is off.

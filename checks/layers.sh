@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Fails when a source includes a header from a room that does not lie below its own (checks/layers.txt).
+# Usage: checks/layers.sh [folder of the checkout]
+set -euo pipefail
+cd "${1:-$(dirname "$0")/..}"
+
+includes=$(grep -rHE --include='*.cpp' --include='*.h' '^[[:space:]]*#[[:space:]]*include' \
+  base platform session expr analysis gral grafile ui batch tabulo 2> /dev/null || true)
+awk '
+    # The longest room of the table that a path lies in.
+    function room_of(path,   r, best) {
+      best = ""
+      for (r in allowed) if (index(path, r "/") == 1 && length(r) > length(best)) best = r
+      return best
+    }
+    # True when the target, or a folder around it, is named in the list.
+    function permits(names, target,   n, list, i) {
+      n = split(names, list, " ")
+      for (i = 1; i <= n; i++) if (list[i] == target) return 1
+      return 0
+    }
+    FNR == NR {
+      if ($0 ~ /^#/ || NF == 0) next
+      split($0, parts, ":"); allowed[parts[1]] = parts[2]
+      next
+    }
+    {
+      file = $0; sub(/:.*/, "", file)
+      header = $0; sub(/^[^<"]*[<"]/, "", header); sub(/[>"].*/, "", header)
+      own = room_of(file)
+      if ($0 ~ /include[[:space:]]*"/) target = room_of(header)
+      else if (header ~ /^Q[A-Zt]/) target = "Qt"
+      else if (header ~ /^CLI\//) target = "CLI"
+      else if (header ~ /\.h$/) target = "System"
+      else next
+      if (own == "" || target == own || permits(allowed[own], target)) next
+      if (target == "ui/qt" && index(header, "ui/qt/devices/") == 1 && permits(allowed[own], "ui/qt/devices")) next
+      print file ": " own " must not include " header; bad = 1
+    }
+    END { exit bad }
+  ' checks/layers.txt - <<< "$includes"

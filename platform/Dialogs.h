@@ -15,23 +15,23 @@ enum MessageIcon : int { kNoIcon = 0, kQuestion = 1, kExclamation = 2, kInformat
 /// What `Get_Msg` shows. Texts are Windows-1252; a carriage return in `text` starts a new paragraph.
 struct MessageRequest {
   Form owner = Form::kMain;
-  std::string caption;
-  std::string text;
+  std::string caption{};
+  std::string text{};
   Int16 icon = kNoIcon;
-  std::vector<std::string> captions;  ///< of the buttons, "&" before the access key
-  Int16 posX = 0;                     ///< -2 right of, -1 left of, 0 centred on, 1 left edges, 2 right edges
-  Int16 posY = 0;                     ///< -2 above, -1 below, 0 centred on, 1 bottom edges, 2 top edges
+  std::vector<std::string> captions{};  ///< of the buttons, "&" before the access key
+  Int16 posX = 0;  ///< -2 right of, -1 left of, 0 centred on, 1 left edges, 2 right edges
+  Int16 posY = 0;  ///< -2 above, -1 below, 0 centred on, 1 bottom edges, 2 top edges
 };
 
 /// What the file dialog shows.
 struct FileRequest {
   bool save = false;
-  std::string caption;
-  std::string folder;            ///< shown first
-  std::string filter;            ///< "label|pattern|label|pattern|"
-  Int16 filterIndex = 1;         ///< the selected pair, from 1
-  std::string proposedName;      ///< may be empty
-  std::string defaultExtension;  ///< given to a name to be saved that has none
+  std::string caption{};
+  std::string folder{};            ///< shown first
+  std::string filter{};            ///< "label|pattern|label|pattern|"
+  Int16 filterIndex = 1;           ///< the selected pair, from 1
+  std::string proposedName{};      ///< may be empty
+  std::string defaultExtension{};  ///< given to a name to be saved that has none
 };
 
 /// Questions to the user. Every operation is modal: it returns with the answer.

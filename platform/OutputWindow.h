@@ -17,9 +17,9 @@ struct OutputRequest {
   Form owner = Form::kMain;
   Int16 rows = 0;
   Int16 cols = 0;
-  std::vector<std::string> captions;
-  std::string caption;
-  std::string text;  ///< code page 437; text mode when it is not empty after trimming, else drawing mode
+  std::vector<std::string> captions{};
+  std::string caption{};
+  std::string text{};  ///< code page 437; text mode when it is not empty after trimming, else drawing mode
 };
 
 /// The output window: a grid of character cells that a command draws on, or a text to read. Modeless: the

@@ -7,14 +7,18 @@ class FunctionForms {
  public:
   virtual ~FunctionForms() = default;
 
-  /// `Sel_Fun`: lists of f and g. Gives true for "&Accetta", with the session's indices as chosen.
+  /// `Sel_Fun`: lists of f and g, open on their first entries with the session's indices both 1. True for
+  /// "&Accetta", with the indices as chosen; false for "&Rinuncia", with the indices as they were before.
   virtual bool selectFunction() = 0;
 
   /// `Loa_Fun`: the functions of the file read. Gives the chosen entry from 1, or 0 for "&Rinuncia".
   virtual int chooseLoadedFunction() = 0;
 
-  /// The lists of both forms are filled anew from the session, the first entries selected.
-  virtual void refillLists() = 0;
+  /// Fills the lists of `Sel_Fun` anew from the catalogue.
+  virtual void refillSelection() = 0;
+
+  /// Fills the list of `Loa_Fun` anew from the function file and selects its first entry.
+  virtual void refillLoadList() = 0;
 };
 
 }  // namespace vk

@@ -20,7 +20,18 @@ struct OutputRequest {
   std::vector<std::string> captions{};
   std::string caption{};
   std::string text{};  ///< code page 437; text mode when it is not empty after trimming, else drawing mode
+  /// A window that is still open stays beside the new one, to be read and closed by the user.
+  bool beside = false;
 };
+
+/// The window of the reports that list the errors of a file.
+inline OutputRequest reportRequest(const std::string& caption, const std::string& text) {
+  return {.rows = 25,
+          .cols = 80,
+          .captions = {"&Continua", "&Stampa", "Co&pia"},
+          .caption = caption,
+          .text = text};
+}
 
 /// The output window: a grid of character cells that a command draws on, or a text to read. Modeless: the
 /// command goes on, and ends, while the window is open.
@@ -28,7 +39,7 @@ class OutputWindow {
  public:
   virtual ~OutputWindow() = default;
 
-  /// Opens the window with an empty grid, or the text. Replaces what it showed before.
+  /// Opens the window with an empty grid, or the text. Replaces what it showed before, unless `beside`.
   virtual void OutShow(const OutputRequest& request) = 0;
 
   /// Sets the print position to a cell; rows and columns from 1.

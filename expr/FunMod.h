@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/OutputWindow.h"
 #include "session/Session.h"
@@ -20,7 +19,8 @@ inline constexpr int kMostInner = 9;
 /// Steered by the session's `TraceEnabled` (write the report) and `CheckFunctions` (compile each function).
 /// The outcome is in `ErrFlag`. With `checkOnly` nothing is stored and the report stays in `TraceText`; else
 /// the functions replace those of the file before if no error was found, a report with errors is shown, and
-/// `TraceText` is cleared.
+/// `TraceText` is cleared. A file that cannot be read is a run-time error (`Files::readAll`). A loaded model
+/// that is current is compiled anew after the checks.
 void ReadFunctionFile(Session& session, Files& files, OutputWindow& output, std::string& name,
                       Flag checkOnly);
 
@@ -28,6 +28,7 @@ void ReadFunctionFile(Session& session, Files& files, OutputWindow& output, std:
 void BuildCatalogue(Session& session);
 
 /// Display text of the composite of the present indices, "y = ..." with a blank on each side, code page 437.
+/// An index outside its list counts as an empty entry.
 std::string compositeText(const Session& session);
 /// The same as the dialog shows it: the first and last 28 characters when it is longer than 60.
 std::string shownCompositeText(const std::string& text);
@@ -36,7 +37,7 @@ std::string shownCompositeText(const std::string& text);
 std::string ComposeFunctionText(const Session& session);
 
 /// Makes the pair chosen by the session's indices the current function. `innerBefore`, `outerBefore` are the
-/// indices before the choice: the same pair again keeps its parameters.
+/// indices before the choice: the same pair again keeps its parameters if a function was defined.
 void TakeFunction(Session& session, Int16 innerBefore, Int16 outerBefore);
 
 /// Compiles a loaded model anew from the catalogue; built-in ones need nothing. After any use of the shared
@@ -44,9 +45,10 @@ void TakeFunction(Session& session, Int16 innerBefore, Int16 outerBefore);
 void restoreModel(Session& session);
 
 /// Adds entry `index` (from 1) of the file read to the inner list; the oldest loaded one leaves a full list.
-void loadFunction(Session& session, int index);
+/// True when that one was the current function, which is no longer defined then.
+bool loadFunction(Session& session, int index);
 
-/// Drops the loaded functions; a current one is no longer defined.
-void dropLoadedFunctions(Session& session);
+/// Drops the loaded functions. True when the current function was one of them; it is no longer defined then.
+bool dropLoadedFunctions(Session& session);
 
 }  // namespace vk

@@ -1,0 +1,166 @@
+#include "platform/system/SystemFiles.h"
+
+#include <fcntl.h>
+#include <pwd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "platform/system/FileLookup.h"
+#include "platform/system/Places.h"
+#include "platform/system/SafeWrite.h"
+
+namespace vk {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isFolder(const std::string& path) {
+  std::error_code ignored;
+  return fs::is_directory(path, ignored);
+}
+
+/// The entry to be read; a missing one is told apart by its folder.
+std::string entryToRead(const std::string& path) {
+  const std::string entry = findEntry(path);
+  if (entry.empty()) {
+    throw RuntimeError(isFolder(findEntry(folderOf(path))) ? kFileNotFound : kPathNotFound);
+  }
+  if (isFolder(entry)) throw RuntimeError(kPathAccessError);
+  return entry;
+}
+
+std::string readToEnd(int handle, std::size_t limit) {
+  std::string bytes;
+  std::array<char, 1 << 16> buffer;
+  for (;;) {
+    const ssize_t count = ::read(handle, buffer.data(), buffer.size());
+    if (count == 0) return bytes;
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) throw RuntimeError(kDeviceIoError);
+    bytes.append(buffer.data(), static_cast<std::size_t>(count));
+    if (bytes.size() > limit) throw RuntimeError(kDeviceIoError);
+  }
+}
+
+int openToRead(const std::string& entry) {
+  const int handle = ::open(entry.c_str(), O_RDONLY | O_CLOEXEC);
+  if (handle < 0) throw RuntimeError(errno == EACCES ? kPermissionDenied : kDeviceIoError);
+  return handle;
+}
+
+std::string readEntry(const std::string& entry, std::size_t limit) {
+  const int handle = openToRead(entry);
+  try {
+    std::string bytes = readToEnd(handle, limit);
+    ::close(handle);
+    return bytes;
+  } catch (...) {
+    ::close(handle);
+    throw;
+  }
+}
+
+std::string homeFolder() {
+  if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') return home;
+  const passwd* user = ::getpwuid(::getuid());
+  return user != nullptr ? user->pw_dir : "/";
+}
+
+std::string configFolder() {
+  const char* folder = std::getenv("XDG_CONFIG_HOME");
+  return folder != nullptr && *folder == '/' ? folder : joinPath(homeFolder(), ".config");
+}
+
+/// The content of a file of the system; empty when there is none.
+std::string textOfSystem(const std::string& path) {
+  try {
+    return readEntry(path, SystemFiles::kLargestFile);
+  } catch (const RuntimeError&) {
+    return {};
+  }
+}
+
+bool comesBefore(const std::string& a, const std::string& b) {
+  return std::pair(upper(a), a) < std::pair(upper(b), b);
+}
+
+}  // namespace
+
+bool SystemFiles::FileExists(const std::string& path) {
+  const std::string entry = findEntry(path);
+  return !entry.empty() && !isFolder(entry);
+}
+
+std::int64_t SystemFiles::size(const std::string& path) {
+  std::error_code error;
+  const auto bytes = fs::file_size(entryToRead(path), error);
+  if (error) throw RuntimeError(kDeviceIoError);
+  return static_cast<std::int64_t>(bytes);
+}
+
+std::string SystemFiles::readAll(const std::string& path) {
+  return readEntry(entryToRead(path), largestFile_);
+}
+
+void SystemFiles::writeAll(const std::string& path, std::string_view bytes) {
+  writeSafely(resolveForWriting(path), bytes);
+}
+
+bool SystemFiles::canWrite(const std::string& path) {
+  return isWritableFile(resolveForWriting(path));
+}
+
+std::string SystemFiles::programFolder() {
+  std::error_code error;
+  const fs::path program = fs::read_symlink("/proc/self/exe", error);
+  return error ? currentFolder() : program.parent_path().string();
+}
+
+std::string SystemFiles::documentsFolder() {
+  const std::string home = homeFolder();
+  const std::string named = documentsFolderOf(textOfSystem(joinPath(configFolder(), "user-dirs.dirs")), home);
+  for (const std::string& folder : {named, joinPath(home, "Documents")}) {
+    if (isFolder(folder)) return folder;
+  }
+  return home;
+}
+
+std::string SystemFiles::currentFolder() {
+  std::error_code error;
+  const fs::path folder = fs::current_path(error);
+  return error ? "/" : folder.string();
+}
+
+bool SystemFiles::isWritableFolder(const std::string& folder) {
+  return isWritableDirectory(findEntry(folder));
+}
+
+std::vector<std::string> SystemFiles::drives() {
+  std::vector<std::string> places{"/"};
+  for (const std::string& volume : volumesOf(textOfSystem("/proc/self/mounts"), homeFolder())) {
+    places.push_back(volume);
+  }
+  return places;
+}
+
+std::vector<std::string> SystemFiles::subfolders(const std::string& folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (fs::directory_iterator entry(findEntry(folder), error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    if (!name.starts_with('.') && isFolder(entry->path().string())) names.push_back(name);
+  }
+  if (error) throw RuntimeError(kPathNotFound);
+  std::sort(names.begin(), names.end(), comesBefore);
+  return names;
+}
+
+}  // namespace vk

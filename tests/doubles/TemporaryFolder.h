@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+namespace vk {
+
+/// A folder of its own for a test, gone at its end.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "vor_kel_test_XXXXXX").string();
+    path_ = ::mkdtemp(pattern.data());
+  }
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::permissions(path_, std::filesystem::perms::owner_all, ignored);
+    std::filesystem::remove_all(path_, ignored);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::string& path() const { return path_; }
+  std::string operator/(const std::string& name) const { return path_ + "/" + name; }
+
+  /// Makes a file, and the folders above it.
+  std::string make(const std::string& name, const std::string& bytes = "") const {
+    const std::string path = *this / name;
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
+    return path;
+  }
+  std::string bytesOf(const std::string& name) const {
+    std::ostringstream bytes;
+    bytes << std::ifstream(*this / name, std::ios::binary).rdbuf();
+    return bytes.str();
+  }
+  /// How many entries the folder itself has.
+  int count() const {
+    const std::filesystem::directory_iterator entries(path_);
+    return static_cast<int>(std::distance(begin(entries), end(entries)));
+  }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace vk

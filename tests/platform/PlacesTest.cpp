@@ -1,0 +1,45 @@
+#include "platform/system/Places.h"
+
+namespace vk {
+namespace {
+
+TEST(DocumentsFolder, IsReadFromTheDesktopsList) {
+  EXPECT_EQ(documentsFolderOf("# comment\nXDG_DESKTOP_DIR=\"$HOME/Scrivania\"\n"
+                              "XDG_DOCUMENTS_DIR=\"$HOME/Documenti\"\n",
+                              "/home/u"),
+            "/home/u/Documenti");
+  EXPECT_EQ(documentsFolderOf("XDG_DOCUMENTS_DIR=\"/dati\"", "/home/u"), "/dati");
+}
+
+TEST(DocumentsFolder, IsEmptyWhereTheListDoesNotNameIt) {
+  for (const char* text :
+       {"", "XDG_DESKTOP_DIR=\"/x\"\n", "XDG_DOCUMENTS_DIR=\"", "XDG_DOCUMENTS_DIR=/x\n"}) {
+    EXPECT_EQ(documentsFolderOf(text, "/home/u"), "") << text;
+  }
+}
+
+TEST(Volumes, AreTheMountPointsThatUsersKnow) {
+  const std::string mounts =
+      "/dev/sda1 / ext4 rw 0 0\n"
+      "proc /proc proc rw 0 0\n"
+      "/dev/sdc1 /run/media/u/STICK\\040B vfat rw 0 0\n"
+      "/dev/sdb1 /media/u/STICK vfat rw 0 0\n"
+      "server:/x /mnt nfs rw 0 0\n"
+      "server:/y /mnt/dati nfs rw 0 0\n"
+      "portal /run/user/1000/doc fuse rw 0 0\n"
+      "remote /home/u/lab fuse rw 0 0\n"
+      "cache /home/u/.cache/x fuse rw 0 0\n"
+      "/dev/sdb1 /media/u/STICK vfat rw 0 0\n"
+      "x /mntx ext4 rw 0 0\n";
+  EXPECT_EQ(volumesOf(mounts, "/home/u"), (std::vector<std::string>{"/home/u/lab", "/media/u/STICK", "/mnt",
+                                                                    "/mnt/dati", "/run/media/u/STICK B"}));
+}
+
+TEST(Volumes, AreNoneInAnEmptyOrBrokenTable) {
+  EXPECT_TRUE(volumesOf("", "/").empty());
+  EXPECT_TRUE(volumesOf("/dev/sda1\n", "/").empty());
+  EXPECT_TRUE(volumesOf("x /home/u ext4 rw 0 0\n", "/").empty());
+}
+
+}  // namespace
+}  // namespace vk

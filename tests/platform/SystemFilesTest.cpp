@@ -1,0 +1,326 @@
+#include "platform/system/SystemFiles.h"
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <functional>
+
+#include "base/RuntimeError.h"
+#include "doubles/TemporaryFolder.h"
+
+namespace vk {
+namespace {
+
+namespace fs = std::filesystem;
+
+int errorOf(const std::function<void()>& statement) {
+  try {
+    statement();
+  } catch (const RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+/// For its lifetime the process has the rights of an ordinary user, so that permissions bind.
+class OrdinaryUser {
+ public:
+  explicit OrdinaryUser(const TemporaryFolder& folder) : wasRoot_(::geteuid() == 0) {
+    if (!wasRoot_) return;
+    for (const auto& entry : fs::recursive_directory_iterator(folder.path())) give(entry.path().string());
+    give(folder.path());
+    EXPECT_EQ(::seteuid(kNobody), 0);
+  }
+  ~OrdinaryUser() {
+    if (wasRoot_ && ::seteuid(0) != 0) ADD_FAILURE() << "the rights did not come back";
+  }
+  OrdinaryUser(const OrdinaryUser&) = delete;
+  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+  static void give(const std::string& path) { EXPECT_EQ(::chown(path.c_str(), kNobody, kNobody), 0); }
+  bool wasRoot_;
+};
+
+/// For its lifetime no file can grow beyond `bytes`: what a full disk does.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &old_);
+    rlimit limit = old_;
+    limit.rlim_cur = bytes;
+    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+  }
+  ~FullDisk() {
+    ::setrlimit(RLIMIT_FSIZE, &old_);
+    std::signal(SIGXFSZ, signal_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit old_{};
+  void (*signal_)(int);
+};
+
+unsigned modeOf(const std::string& path) {
+  struct stat status {};
+  EXPECT_EQ(::stat(path.c_str(), &status), 0);
+  return status.st_mode & 07777;
+}
+
+class SystemFilesTest : public testing::Test {
+ protected:
+  TemporaryFolder folder;
+  SystemFiles files;
+};
+
+TEST_F(SystemFilesTest, ReadsAllBytesAsTheyAre) {
+  const std::string bytes("a\r\nb\n\0\xFF\x1A z", 10);
+  const std::string path = folder.make("X.DAT", bytes);
+  EXPECT_EQ(files.readAll(path), bytes);
+  EXPECT_EQ(files.size(path), 10);
+  EXPECT_TRUE(files.FileExists(path));
+}
+
+TEST_F(SystemFilesTest, FindsNamesIgnoringCaseNameByName) {
+  folder.make("Misure/Luglio/molla.Dat", "x");
+  for (const char* name : {"Misure/Luglio/molla.Dat", "MISURE/LUGLIO/MOLLA.DAT", "misure\\Luglio\\molla.dat",
+                           "MISURE//luglio/MOLLA.dat"}) {
+    EXPECT_TRUE(files.FileExists(folder / name)) << name;
+    EXPECT_EQ(files.readAll(folder / name), "x") << name;
+  }
+  EXPECT_FALSE(files.FileExists(folder / "MISURE/MOLLA.DAT"));
+}
+
+TEST_F(SystemFilesTest, TheExactNameComesBeforeOneOfOtherCase) {
+  folder.make("a.dat", "small");
+  folder.make("A.DAT", "capital");
+  EXPECT_EQ(files.readAll(folder / "a.dat"), "small");
+  EXPECT_EQ(files.readAll(folder / "A.DAT"), "capital");
+  EXPECT_EQ(files.readAll(folder / "A.dat"), "capital");
+}
+
+TEST_F(SystemFilesTest, TriesEveryFolderOfOtherCase) {
+  fs::create_directory(folder / "Dati");
+  folder.make("DATI/x.dat", "found");
+  EXPECT_EQ(files.readAll(folder / "Dati/X.DAT"), "found");
+}
+
+TEST_F(SystemFilesTest, ABackslashInANameThatExistsIsNoSeparator) {
+  folder.make("a\\b.dat", "odd");
+  EXPECT_EQ(files.readAll(folder / "a\\b.dat"), "odd");
+}
+
+TEST_F(SystemFilesTest, AFolderIsNoFile) {
+  fs::create_directory(folder / "X.DAT");
+  EXPECT_FALSE(files.FileExists(folder / "X.DAT"));
+  EXPECT_FALSE(files.FileExists(""));
+  EXPECT_EQ(errorOf([&] { files.readAll(folder / "X.DAT"); }), kPathAccessError);
+  EXPECT_EQ(errorOf([&] { files.size(folder / "x.dat"); }), kPathAccessError);
+  EXPECT_EQ(errorOf([&] { files.writeAll(folder / "X.DAT", "a"); }), kPathAccessError);
+  EXPECT_FALSE(files.canWrite(folder / "X.DAT"));
+}
+
+TEST_F(SystemFilesTest, AMissingFileAndAMissingFolderAreToldApart) {
+  EXPECT_EQ(errorOf([&] { files.readAll(folder / "none.dat"); }), kFileNotFound);
+  EXPECT_EQ(errorOf([&] { files.size(folder / "none.dat"); }), kFileNotFound);
+  EXPECT_EQ(errorOf([&] { files.readAll(folder / "none/x.dat"); }), kPathNotFound);
+  EXPECT_EQ(errorOf([&] { files.writeAll(folder / "none/x.dat", "a"); }), kPathNotFound);
+  EXPECT_FALSE(files.canWrite(folder / "none/x.dat"));
+  folder.make("plain");
+  EXPECT_EQ(errorOf([&] { files.writeAll(folder / "plain/x.dat", "a"); }), kPathNotFound);
+}
+
+TEST_F(SystemFilesTest, AReadThatBreaksOffIsADeviceError) {
+  EXPECT_EQ(errorOf([&] { files.readAll("/proc/self/mem"); }), kDeviceIoError);
+}
+
+TEST_F(SystemFilesTest, AnEndlessDeviceEnds) {
+  EXPECT_EQ(errorOf([&] { SystemFiles(100000).readAll("/dev/zero"); }), kDeviceIoError);
+}
+
+TEST_F(SystemFilesTest, AFileWithoutReadPermissionIsRefused) {
+  const std::string path = folder.make("secret.dat", "x");
+  fs::permissions(path, fs::perms::none);
+  const OrdinaryUser user(folder);
+  EXPECT_EQ(errorOf([&] { files.readAll(path); }), kPermissionDenied);
+}
+
+TEST_F(SystemFilesTest, WritesNewFilesAndReplacesOldOnes) {
+  EXPECT_TRUE(files.canWrite(folder / "new.dat"));
+  EXPECT_EQ(folder.count(), 0);
+  files.writeAll(folder / "new.dat", "one\r\n");
+  EXPECT_EQ(folder.bytesOf("new.dat"), "one\r\n");
+  files.writeAll(folder / "new.dat", "");
+  EXPECT_EQ(folder.bytesOf("new.dat"), "");
+  EXPECT_EQ(folder.count(), 1);
+}
+
+TEST_F(SystemFilesTest, WritesTheFileThatIsFoundIgnoringCase) {
+  folder.make("Misure/molla.dat", "old");
+  files.writeAll(folder / "MISURE\\MOLLA.DAT", "new");
+  EXPECT_EQ(folder.bytesOf("Misure/molla.dat"), "new");
+  files.writeAll(folder / "MISURE\\ALTRA.DAT", "other");
+  EXPECT_EQ(folder.bytesOf("Misure/ALTRA.DAT"), "other");
+  EXPECT_EQ(folder.count(), 1);
+}
+
+TEST_F(SystemFilesTest, KeepsThePermissionsOfTheOldFile) {
+  const std::string path = folder.make("X.DAT", "old");
+  ::chmod(path.c_str(), 0640);
+  files.writeAll(path, "new");
+  EXPECT_EQ(modeOf(path), 0640U);
+  const mode_t mask = ::umask(027);
+  files.writeAll(folder / "Y.DAT", "new");
+  ::umask(mask);
+  EXPECT_EQ(modeOf(folder / "Y.DAT"), 0640U);
+}
+
+TEST_F(SystemFilesTest, ALinkStaysALink) {
+  folder.make("real/X.DAT", "old");
+  fs::create_symlink(folder / "real/X.DAT", folder / "link.dat");
+  files.writeAll(folder / "link.dat", "new");
+  EXPECT_TRUE(fs::is_symlink(folder / "link.dat"));
+  EXPECT_EQ(folder.bytesOf("real/X.DAT"), "new");
+}
+
+TEST_F(SystemFilesTest, AProtectedFileIsRefusedFirst) {
+  const std::string path = folder.make("X.DAT", "old");
+  ::chmod(path.c_str(), 0444);
+  EXPECT_FALSE(files.canWrite(path));
+  EXPECT_EQ(errorOf([&] { files.writeAll(path, "new"); }), kPathAccessError);
+  EXPECT_EQ(folder.bytesOf("X.DAT"), "old");
+}
+
+TEST_F(SystemFilesTest, AFileThatOnlyOthersMayWriteIsRefused) {
+  const std::string path = folder.make("X.DAT", "old");
+  ::chmod(path.c_str(), 0466);
+  const OrdinaryUser user(folder);
+  EXPECT_FALSE(files.canWrite(path));
+  EXPECT_EQ(errorOf([&] { files.writeAll(path, "new"); }), kPathAccessError);
+}
+
+TEST_F(SystemFilesTest, WritesInPlaceWhereTheFolderTakesNoFile) {
+  const std::string path = folder.make("X.DAT", "old and long");
+  ::chmod(path.c_str(), 0644);
+  ::chmod(folder.path().c_str(), 0555);
+  const OrdinaryUser user(folder);
+  EXPECT_FALSE(files.isWritableFolder(folder.path()));
+  EXPECT_TRUE(files.canWrite(path));
+  files.writeAll(path, "new");
+  EXPECT_EQ(folder.bytesOf("X.DAT"), "new");
+  files.writeAll(path, "new and longer still");
+  EXPECT_EQ(folder.bytesOf("X.DAT"), "new and longer still");
+  EXPECT_FALSE(files.canWrite(folder / "Y.DAT"));
+  EXPECT_EQ(errorOf([&] { files.writeAll(folder / "Y.DAT", "new"); }), kPathAccessError);
+}
+
+TEST_F(SystemFilesTest, AFullDiskLeavesTheOldFileWhateverTheByteItStopsAt) {
+  const std::string path = folder.make("X.DAT", "old");
+  for (rlim_t room = 0; room < 8; ++room) {
+    {
+      const FullDisk disk(room);
+      EXPECT_EQ(errorOf([&] { files.writeAll(path, "12345678"); }), kDeviceIoError) << room;
+    }
+    EXPECT_EQ(folder.bytesOf("X.DAT"), "old") << room;
+    EXPECT_EQ(folder.count(), 1) << room;
+  }
+  const FullDisk disk(8);
+  files.writeAll(path, "12345678");
+  EXPECT_EQ(folder.bytesOf("X.DAT"), "12345678");
+}
+
+TEST_F(SystemFilesTest, AFullDiskLeavesTheOldFileAlsoWhereItIsWrittenInPlace) {
+  const std::string path = folder.make("X.DAT", "old");
+  ::chmod(folder.path().c_str(), 0555);
+  const OrdinaryUser user(folder);
+  {
+    const FullDisk disk(5);
+    EXPECT_EQ(errorOf([&] { files.writeAll(path, "12345678"); }), kDeviceIoError);
+  }
+  EXPECT_EQ(folder.bytesOf("X.DAT"), "old");
+}
+
+TEST_F(SystemFilesTest, AFullDeviceIsADeviceErrorAndStaysADevice) {
+  EXPECT_EQ(errorOf([&] { files.writeAll("/dev/full", "x"); }), kDeviceIoError);
+  files.writeAll("/dev/null", "x");
+  EXPECT_TRUE(fs::is_character_file("/dev/full"));
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(SystemFilesTest, AnUnusableNameIsRefused) {
+  EXPECT_EQ(errorOf([&] { files.writeAll("", "x"); }), kPathAccessError);
+  EXPECT_EQ(errorOf([&] { files.writeAll(folder / "", "x"); }), kPathAccessError);
+  EXPECT_FALSE(files.canWrite(""));
+  EXPECT_FALSE(files.canWrite(folder / ""));
+  const std::string longName(300, 'x');
+  EXPECT_FALSE(files.canWrite(folder / longName));
+  EXPECT_EQ(errorOf([&] { files.writeAll(folder / longName, "x"); }), kPathAccessError);
+  EXPECT_EQ(folder.count(), 0);
+}
+
+TEST_F(SystemFilesTest, KnowsWhereItRuns) {
+  EXPECT_TRUE(fs::exists(files.programFolder() + "/test_platform"));
+  EXPECT_EQ(files.currentFolder(), fs::current_path().string());
+  EXPECT_TRUE(files.isWritableFolder(folder.path()));
+  EXPECT_FALSE(files.isWritableFolder(folder / "none"));
+  EXPECT_FALSE(files.isWritableFolder(folder.make("plain")));
+}
+
+TEST_F(SystemFilesTest, TheDocumentsFolderIsTheOneTheDesktopNames) {
+  const std::string home = ::getenv("HOME") ? ::getenv("HOME") : "";
+  ::unsetenv("XDG_CONFIG_HOME");
+  ::setenv("HOME", folder.path().c_str(), 1);
+  EXPECT_EQ(files.documentsFolder(), folder.path());
+  fs::create_directory(folder / "Documents");
+  EXPECT_EQ(files.documentsFolder(), folder / "Documents");
+  folder.make(".config/user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"$HOME/Documenti\"\n");
+  EXPECT_EQ(files.documentsFolder(), folder / "Documents");
+  fs::create_directory(folder / "Documenti");
+  EXPECT_EQ(files.documentsFolder(), folder / "Documenti");
+  ::setenv("HOME", home.c_str(), 1);
+}
+
+TEST_F(SystemFilesTest, TheRootIsTheFirstDrive) {
+  const auto drives = files.drives();
+  EXPECT_EQ(drives.front(), "/");
+  EXPECT_EQ(std::count(drives.begin(), drives.end(), "/"), 1);
+}
+
+TEST_F(SystemFilesTest, ListsTheFoldersSortedWithoutHiddenOnes) {
+  for (const char* name : {"beta", "Alfa", "alfa2", ".hidden", "Gamma"}) fs::create_directory(folder / name);
+  folder.make("file.dat");
+  fs::create_directory_symlink(folder / "beta", folder / "link");
+  EXPECT_EQ(files.subfolders(folder.path()),
+            (std::vector<std::string>{"Alfa", "alfa2", "beta", "Gamma", "link"}));
+  EXPECT_EQ(errorOf([&] { files.subfolders(folder / "none"); }), kPathNotFound);
+  EXPECT_EQ(errorOf([&] { files.subfolders(folder / "file.dat"); }), kPathNotFound);
+}
+
+TEST(FileNames, TheNameIsWhatStandsBehindTheLastSeparator) {
+  EXPECT_EQ(GetFileName("C:\\DATI\\X.DAT"), "X.DAT");
+  EXPECT_EQ(GetFileName("/home/u/X.DAT"), "X.DAT");
+  EXPECT_EQ(GetFileName("X.DAT"), "X.DAT");
+  EXPECT_EQ(GetFileName("/home/u/"), "");
+}
+
+TEST(FileNames, TheExtensionIsWhatStandsBehindTheLastPointOfTheName) {
+  EXPECT_EQ(GetExtensionName("/home/u.x/X.Y.DAT"), "DAT");
+  EXPECT_EQ(GetExtensionName("/home/u.x/X"), "");
+  EXPECT_EQ(GetExtensionName("X."), "");
+}
+
+TEST(FileNames, FolderAndNameHaveOneSeparatorBetween) {
+  EXPECT_EQ(joinPath("/home/u", "X.DAT"), "/home/u/X.DAT");
+  EXPECT_EQ(joinPath("/", "X.DAT"), "/X.DAT");
+  EXPECT_EQ(joinPath("C:\\", "X.DAT"), "C:\\X.DAT");
+  EXPECT_EQ(joinPath("", "X.DAT"), "X.DAT");
+}
+
+}  // namespace
+}  // namespace vk

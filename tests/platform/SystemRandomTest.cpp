@@ -1,0 +1,42 @@
+#include "platform/system/SystemRandom.h"
+
+namespace vk {
+namespace {
+
+std::vector<float> draw(SystemRandom& random, int count) {
+  std::vector<float> numbers;
+  for (int i = 0; i < count; ++i) numbers.push_back(random.next());
+  return numbers;
+}
+
+TEST(SystemRandom, LiesFromZeroToBelowOneAndFillsTheRange) {
+  SystemRandom random;
+  std::vector<int> hits(10);
+  for (const float number : draw(random, 10000)) {
+    ASSERT_GE(number, 0);
+    ASSERT_LT(number, 1);
+    ++hits[static_cast<std::size_t>(number * 10)];
+  }
+  // Each tenth expects 1000 hits with a spread of 30.
+  for (const int count : hits) EXPECT_NEAR(count, 1000, 180);
+}
+
+TEST(SystemRandom, TheSameSeedGivesTheSameNumbers) {
+  SystemRandom a, b;
+  a.seed(12.5F);
+  b.seed(12.5F);
+  const auto first = draw(a, 5);
+  EXPECT_EQ(first, draw(b, 5));
+  a.seed(12.75F);
+  EXPECT_NE(first, draw(a, 5));
+  a.seed(12.5F);
+  EXPECT_EQ(first, draw(a, 5));
+}
+
+TEST(SystemRandom, WithoutASeedEveryRunDrawsTheSameNumbers) {
+  SystemRandom a, b;
+  EXPECT_EQ(draw(a, 5), draw(b, 5));
+}
+
+}  // namespace
+}  // namespace vk

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/CharGrid.h"
+
 namespace vk {
 
 /// The clipboard, as far as texts go; windows put their pictures there themselves.
@@ -11,6 +13,8 @@ class Clipboard {
   virtual void clear() = 0;
   /// Text in code page 437.
   virtual void setText(const std::string& text) = 0;
+  /// A grid of characters and frames as a bitmap, with its text beside it for programs that take no pictures.
+  virtual void setGrid(const CharGrid& grid) = 0;
   /// The text on the clipboard; empty when it holds none. Signs outside the code page become "?".
   virtual std::string text() = 0;
 };

@@ -3,11 +3,21 @@
 #include <string>
 
 #include "base/Int16.h"
+#include "platform/CharGrid.h"
 
 namespace vk {
 
 /// Orientation of the paper.
 enum PaperOrientation : int { kPortrait = 1, kLandscape = 2 };
+
+/// Where on the page a character grid goes; lengths in twips.
+struct GridPlace {
+  double left = 0, top = 0;              ///< of the first cell
+  double cellWidth = 0, cellHeight = 0;  ///< each character is printed in a cell of its own
+  std::string face;                      ///< fixed-width font
+  double points = 0;
+  bool operator==(const GridPlace&) const = default;
+};
 
 /// The default printer, as far as whole pages of text go. Figures draw on it through `Device`.
 class Printer {
@@ -26,6 +36,9 @@ class Printer {
 
   /// Prints text lines (code page 437) from the top of the page in a fixed-width font of `points`.
   virtual void printText(const std::string& text, const std::string& face, double points) = 0;
+
+  /// Prints a grid of characters and frames; it stays text and lines on paper.
+  virtual void printGrid(const CharGrid& grid, const GridPlace& place) = 0;
 
   /// Ends the document and sends it. A printer that fails is run-time error 482.
   virtual void EndDoc() = 0;

@@ -5,8 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "platform/Clipboard.h"
 #include "platform/Clock.h"
 #include "platform/MainWindow.h"
+#include "platform/Printer.h"
 #include "platform/Process.h"
 #include "platform/Random.h"
 #include "platform/Sound.h"
@@ -57,6 +59,40 @@ class RecordingProcess : public Process {
     started.push_back(program);
     return works;
   }
+};
+
+/// A printer that writes down what it is asked for. The page is 11000 by 16000 twips, turned by landscape.
+class RecordingPrinter : public Printer {
+ public:
+  Int16 orientation = kPortrait;
+  std::vector<std::string> calls;  ///< "landscape", "portrait", "text", "grid", "end" in order
+  std::string text, face;
+  double points = 0;
+  CharGrid grid;
+  GridPlace place;
+  int error = 0;  ///< run-time error that the end of the document raises
+
+  bool present() override { return true; }
+  Int16 Orientation() override { return orientation; }
+  void setOrientation(Int16 wanted) override;
+  double Width() override { return orientation == kLandscape ? 16000 : 11000; }
+  double Height() override { return orientation == kLandscape ? 11000 : 16000; }
+  void printText(const std::string& printed, const std::string& fontFace, double size) override;
+  void printGrid(const CharGrid& printed, const GridPlace& where) override;
+  void EndDoc() override;
+};
+
+/// A clipboard that can be looked at.
+class RecordingClipboard : public Clipboard {
+ public:
+  std::string held;
+  CharGrid grid;
+  std::vector<std::string> calls;  ///< "clear", "text", "grid" in order
+
+  void clear() override { calls.emplace_back("clear"), held.clear(), grid = CharGrid(); }
+  void setText(const std::string& text) override { calls.emplace_back("text"), held = text; }
+  void setGrid(const CharGrid& shown) override { calls.emplace_back("grid"), grid = shown; }
+  std::string text() override { return held; }
 };
 
 /// A main window that remembers its state instead of showing it.

@@ -1,0 +1,222 @@
+#include "base/RuntimeError.h"
+#include "doubles/MemoryFiles.h"
+#include "ui/DirectoryPanel.h"
+#include "ui/GraphicPanel.h"
+
+namespace vk {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+
+/// A disk of folders only.
+class FolderFiles : public MemoryFiles {
+ public:
+  std::vector<std::string> volumes{"/", "/media/chiave", "/media/rotto"};
+  std::map<std::string, std::vector<std::string>> folders{
+      {"/", {"home"}},        {"/home", {"u"}},         {"/home/u", {"dati", "funzioni"}},
+      {"/home/u/dati", {}},   {"/home/u/funzioni", {}}, {"/media/chiave", {"a"}},
+      {"/media/chiave/a", {}}};
+  std::vector<std::string> drives() override { return volumes; }
+  std::vector<std::string> subfolders(const std::string& folder) override {
+    const auto found = folders.find(folder);
+    if (found == folders.end()) throw RuntimeError(kPathNotFound);
+    return found->second;
+  }
+};
+
+class DirectoryPanelTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    session.WorkDir.fill("/home/u");
+    session.DataDir = session.FunDir = session.GraDir = "/home/u";
+    panel.open();
+  }
+
+  Session session;
+  FolderFiles files;
+  DirectoryPanel panel{session, files};
+};
+
+TEST_F(DirectoryPanelTest, OpensWithRow0Selected) {
+  EXPECT_EQ(session.WorkRow, 0);
+  EXPECT_EQ(panel.highlighted(), 0);
+  EXPECT_EQ(panel.caption(0), " Tutti i File:\n /home/u");
+  EXPECT_EQ(panel.caption(1), " File Dati:\n /home/u");
+  EXPECT_EQ(panel.caption(2), " File Funzioni:\n /home/u");
+  EXPECT_EQ(panel.caption(3), " File Grafici:\n /home/u");
+  EXPECT_EQ(panel.folder(), "/home/u");
+  EXPECT_THAT(panel.subfolders(), ElementsAre("dati", "funzioni"));
+}
+
+TEST_F(DirectoryPanelTest, AnEmptyDrivePrefixSelectsTheRoot) {
+  EXPECT_EQ(panel.drives()[static_cast<std::size_t>(panel.drive())], "/");
+}
+
+TEST_F(DirectoryPanelTest, AFolderInRow0GoesToAllRows) {
+  panel.enterFolder("/home/u/dati");
+  EXPECT_THAT(session.WorkDir, Each(std::string("/home/u/dati")));
+  EXPECT_EQ(panel.caption(3), " File Grafici:\n /home/u/dati");
+}
+
+TEST_F(DirectoryPanelTest, AFolderInAnotherRowEmptiesRow0) {
+  panel.clickRow(1);
+  panel.enterFolder("/home/u/dati");
+  EXPECT_THAT(session.WorkDir, ElementsAre("", "/home/u/dati", "/home/u", "/home/u"));
+  EXPECT_EQ(panel.caption(0), " Tutti i File:\n ");
+}
+
+TEST_F(DirectoryPanelTest, TheSameFolderAgainChangesNothing) {
+  panel.clickRow(2);
+  panel.enterFolder("/home/u");
+  EXPECT_EQ(session.WorkDir[0], "/home/u");
+}
+
+TEST_F(DirectoryPanelTest, AFolderThatCannotBeListedIsNotEntered) {
+  panel.enterFolder("/home/nessuna");
+  EXPECT_EQ(panel.folder(), "/home/u");
+  EXPECT_EQ(session.WorkDir[0], "/home/u");
+}
+
+TEST_F(DirectoryPanelTest, RowsSelectTheirDriveAndThenTheirFolder) {
+  session.WorkDrive[2] = "/media/chiave";
+  session.WorkDir[2] = "/media/chiave/a";
+  panel.clickRow(2);
+  EXPECT_EQ(panel.drive(), 1);
+  EXPECT_EQ(panel.folder(), "/media/chiave/a");
+  EXPECT_EQ(session.WorkRow, 2);
+  EXPECT_EQ(panel.highlighted(), 2);
+  panel.clickRow(1);
+  EXPECT_EQ(panel.drive(), 0);
+  EXPECT_EQ(panel.folder(), "/home/u");
+}
+
+TEST_F(DirectoryPanelTest, AnEmptyRow0KeepsTheFolderList) {
+  panel.clickRow(1);
+  panel.enterFolder("/home/u/dati");
+  panel.clickRow(0);
+  EXPECT_EQ(panel.folder(), "/home/u/dati");
+  EXPECT_EQ(session.WorkDir[0], "");
+  EXPECT_EQ(session.WorkRow, 0);
+}
+
+TEST_F(DirectoryPanelTest, OpeningAgainSelectsRow0AsIfNoneHadBeenSelected) {
+  panel.clickRow(3);
+  panel.open();
+  EXPECT_EQ(panel.highlighted(), 0);
+  EXPECT_EQ(session.WorkRow, 0);
+  panel.clickRow(0);
+  EXPECT_EQ(panel.highlighted(), 0);
+}
+
+TEST_F(DirectoryPanelTest, ADriveShowsItsFolderAndStoresIt) {
+  panel.clickRow(1);
+  panel.selectDrive(1);
+  EXPECT_EQ(panel.folder(), "/media/chiave");
+  EXPECT_EQ(session.WorkDir[1], "/media/chiave");
+  EXPECT_EQ(session.WorkDrive[1], "") << "the drive of the row stays";
+}
+
+TEST_F(DirectoryPanelTest, ADriveThatCannotBeReadGivesWayToTheOneOfTheFolder) {
+  panel.selectDrive(2);
+  EXPECT_EQ(panel.drive(), 0);
+  EXPECT_EQ(panel.folder(), "/home/u");
+  EXPECT_EQ(session.WorkDir[0], "/home/u");
+  panel.selectDrive(1);
+  panel.selectDrive(2);
+  EXPECT_EQ(panel.drive(), 1);
+}
+
+TEST_F(DirectoryPanelTest, EseguiGivesTheThreeFoldersTheirRows) {
+  session.WorkDir = {"", "/home/u/dati", "/home/u/funzioni", "/home"};
+  panel.accept();
+  EXPECT_EQ(session.DataDir, "/home/u/dati");
+  EXPECT_EQ(session.FunDir, "/home/u/funzioni");
+  EXPECT_EQ(session.GraDir, "/home");
+}
+
+TEST_F(DirectoryPanelTest, WithoutEseguiTheEditsWaitForTheNextOpening) {
+  panel.clickRow(1);
+  panel.enterFolder("/home/u/dati");
+  panel.open();
+  EXPECT_EQ(panel.caption(1), " File Dati:\n /home/u/dati");
+  EXPECT_EQ(session.DataDir, "/home/u");
+}
+
+class GraphicPanelTest : public testing::Test {
+ protected:
+  void SetUp() override { panel.open(); }
+
+  Session session;
+  GraphicPanel panel{session};
+};
+
+TEST_F(GraphicPanelTest, StartsAtMagnificationOneAndHorizontalPaper) {
+  for (int row = 0; row < 4; ++row) {
+    EXPECT_EQ(panel.scrollValue(row), 10);
+    EXPECT_EQ(panel.valueText(row), "1.0");
+  }
+  EXPECT_EQ(panel.paperOption(), 0);
+}
+
+TEST_F(GraphicPanelTest, AScrollBarSetsTheScaleAtOnce) {
+  panel.scroll(1, 5);
+  EXPECT_EQ(session.GraphScale[1], 0.5F);
+  // QUIRK: no zero before the point.
+  EXPECT_EQ(panel.valueText(1), ".5");
+  panel.scroll(1, 20);
+  EXPECT_EQ(session.GraphScale[1], 2.0F);
+  EXPECT_EQ(panel.valueText(1), "2.0");
+  EXPECT_EQ(session.GraphScale[0], 1.0F);
+}
+
+TEST_F(GraphicPanelTest, AScrollBarStaysInItsRange) {
+  panel.scroll(0, 4);
+  EXPECT_EQ(panel.scrollValue(0), 5);
+  panel.scroll(0, 21);
+  EXPECT_EQ(panel.scrollValue(0), 20);
+}
+
+TEST_F(GraphicPanelTest, ThePictureStepsRoundFrom2To0) {
+  std::vector<int> seen;
+  for (int i = 0; i < 4; ++i) {
+    panel.stepPicture();
+    seen.push_back(session.BackImage);
+  }
+  EXPECT_THAT(seen, ElementsAre(1, 2, 0, 1));
+}
+
+TEST_F(GraphicPanelTest, AccettaTakesWhatTheControlsShow) {
+  panel.scroll(2, 7);
+  panel.choosePaper(1);
+  session.GraphScale[2] = 9;
+  panel.accept();
+  EXPECT_EQ(session.GraphScale[2], 0.7F);
+  EXPECT_EQ(session.Landscape, kFalse);
+}
+
+TEST_F(GraphicPanelTest, RinunciaPutsEverythingBack) {
+  session.GraphScale = {1.5F, 0.5F, 1, 2};
+  session.BackImage = 1;
+  panel.open();
+  for (int row = 0; row < 4; ++row) panel.scroll(row, 11);
+  panel.stepPicture();
+  panel.choosePaper(1);
+  panel.cancel();
+  EXPECT_THAT(session.GraphScale, ElementsAre(1.5F, 0.5F, 1.0F, 2.0F));
+  EXPECT_EQ(session.BackImage, 1);
+  EXPECT_EQ(session.Landscape, kTrue);
+}
+
+TEST_F(GraphicPanelTest, OpeningShowsWhatTheSessionHolds) {
+  session.GraphScale = {0.5F, 1, 1, 2};
+  session.Landscape = kFalse;
+  panel.open();
+  EXPECT_EQ(panel.scrollValue(0), 5);
+  EXPECT_EQ(panel.valueText(0), ".5");
+  EXPECT_EQ(panel.valueText(3), "2.0");
+  EXPECT_EQ(panel.paperOption(), 1);
+}
+
+}  // namespace
+}  // namespace vk

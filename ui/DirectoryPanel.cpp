@@ -1,0 +1,86 @@
+#include "ui/DirectoryPanel.h"
+
+#include "base/Guard.h"
+
+namespace vk {
+namespace {
+
+constexpr std::array<const char*, 4> kTitles{
+    " Tutti i File:", " File Dati:", " File Funzioni:", " File Grafici:"};
+
+bool liesIn(const std::string& folder, const std::string& place) {
+  if (!folder.starts_with(place)) return false;
+  return place.ends_with('/') || folder.size() == place.size() || folder[place.size()] == '/';
+}
+
+}  // namespace
+
+void DirectoryPanel::clickRow(int row) {
+  if (row == -1) {
+    row = 0;
+    lastRow_ = -1;
+    drives_ = files_.drives();
+  }
+  if (row != lastRow_) highlighted_ = row;
+  writeCaptions();
+  const auto index = static_cast<std::size_t>(row);
+  drive_ = driveOf(session_.WorkDrive[index]);
+  // A row that holds no folder leaves the folder list where it is.
+  if (!session_.WorkDir[index].empty()) guard([&] { showFolder(session_.WorkDir[index]); });
+  session_.WorkRow = row;
+  lastRow_ = row;
+}
+
+void DirectoryPanel::writeCaptions() {
+  for (std::size_t row = 0; row < kTitles.size(); ++row) {
+    captions_[row] = kTitles[row] + std::string("\n ") + session_.WorkDir[row];
+  }
+}
+
+void DirectoryPanel::showFolder(const std::string& folder) {
+  std::vector<std::string> inside = files_.subfolders(folder);
+  subfolders_ = std::move(inside);
+  folder_ = folder;
+}
+
+int DirectoryPanel::driveOf(const std::string& folder) const {
+  std::size_t best = 0;
+  for (std::size_t i = 1; i < drives_.size(); ++i) {
+    if (liesIn(folder, drives_[i]) && drives_[i].size() > drives_[best].size()) best = i;
+  }
+  return static_cast<int>(best);
+}
+
+void DirectoryPanel::enterFolder(const std::string& folder) {
+  if (guard([&] { showFolder(folder); })) storeFolder();
+}
+
+void DirectoryPanel::storeFolder() {
+  const auto row = static_cast<std::size_t>(session_.WorkRow);
+  if (folder_ == session_.WorkDir[row]) return;
+  session_.WorkDir[row] = folder_;
+  if (row == 0) {
+    session_.WorkDir.fill(folder_);
+  } else {
+    session_.WorkDir[0].clear();
+  }
+  writeCaptions();
+}
+
+void DirectoryPanel::selectDrive(int index) {
+  const std::string drive = drives_.at(static_cast<std::size_t>(index));
+  drive_ = index;
+  if (guard([&] { showFolder(drive); })) {
+    storeFolder();
+  } else {
+    drive_ = driveOf(folder_);
+  }
+}
+
+void DirectoryPanel::accept() {
+  session_.DataDir = session_.WorkDir[1];
+  session_.FunDir = session_.WorkDir[2];
+  session_.GraDir = session_.WorkDir[3];
+}
+
+}  // namespace vk

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/Dialogs.h"
+#include "platform/InputForm.h"
+#include "platform/Sound.h"
+#include "session/Session.h"
+#include "ui/InputLayout.h"
+
+/// The engine of the input form: one edit box hops over the fields, each is validated as it is left. The form
+/// `InpFrm` shows what stands here and passes its events on.
+namespace vk {
+
+inline constexpr Colour InpColorWhite = RGB(255, 255, 255);
+inline constexpr Colour InpColorEdit = RGB(240, 240, 240);
+inline constexpr Colour kInpColorField = RGB(230, 230, 230);
+
+/// Codes of the keys that move between the fields.
+enum InputKey : int { kKeyEnter = 13, kKeyUp = 38, kKeyDown = 40 };
+
+/// The edit box `txtGet`.
+struct EditBox {
+  bool visible = false;
+  Rect place;
+  std::string text;
+  Colour background = InpColorEdit;
+  bool flushRight = false;
+};
+
+class InpMod {
+ public:
+  /// Tells whether a definition text compiles into the session's model area.
+  using Compiler = std::function<bool(const std::string& definition)>;
+
+  InpMod(Session& session, Dialogs& dialogs, Sound& sound, Compiler compiler)
+      : session_(session), dialogs_(dialogs), sound_(sound), compiler_(std::move(compiler)) {}
+
+  /// Starts a showing: sizes, fields with their initial contents, the edit box on field 1. The tables must live
+  /// until the form is closed.
+  void open(InputTables& tables, const InputSurroundings& around);
+
+  /// Leaves the present field for `target`; 0 is the template, which has no content of its own. A bad content
+  /// is refused with three beeps and the box stays.
+  void GoToField(Int16 target);
+
+  /// Arrows and Enter move to the neighbours, from the last field to the first and back. Gives false for keys
+  /// that edit.
+  bool keyDown(int keyCode);
+
+  /// The focus goes to another control of the form. Gives false when it must return to the edit box.
+  bool lostFocus();
+
+  /// "&Esegui": false when the present field is bad and the form must stay; else the contents are in the
+  /// tables and `ErrFlag` is 0. The caller closes the form and runs the action.
+  bool execute();
+
+  /// "&Rinuncia": the tables stay as they were and `ErrFlag` is -1.
+  void cancel();
+
+  /// What the user has typed.
+  void setEditText(const std::string& text) { edit_.text = text; }
+
+  const EditBox& editBox() const { return edit_; }
+  const InputLayout& layout() const { return layout_; }
+  /// Content of `lblVal`(i).
+  const std::string& caption(int i) const { return captions_[i]; }
+  bool flushRight(int i) const;
+  int fieldCount() const { return tables_ == nullptr ? 0 : int{tables_->InpFieldCount}; }
+
+  Int16 InpCurrent;
+  Flag InpValid;
+  Flag InpExecuted;
+  Flag InpFirstRight;
+
+ private:
+  void placeEditBox(int field, Colour background);
+  void validate();
+  void validateNumber();
+  void validateFunction(const std::string& remainder);
+
+  Session& session_;
+  Dialogs& dialogs_;
+  Sound& sound_;
+  Compiler compiler_;
+  InputTables* tables_ = nullptr;
+  InputLayout layout_;
+  Array<std::string> captions_;
+  EditBox edit_;
+};
+
+}  // namespace vk

@@ -71,8 +71,14 @@ TEST_F(InpModTest, TheFormHasTwoRowsMoreForItsButtonsAndStandsCentredOnItsCaller
 TEST_F(InpModTest, ButtonsAreCentredAtAQuarterAndThreeQuarters) {
   open();
   const double width = 1.2 * 9 * 110;
-  EXPECT_EQ(engine.layout().cmdRin, (Rect{1200 - width / 2, 2400, width, 360}));
-  EXPECT_EQ(engine.layout().cmdEse, (Rect{3600 - width / 2, 2400, width, 360}));
+  const Rect rin = engine.layout().cmdRin, ese = engine.layout().cmdEse;
+  for (const Rect& button : {rin, ese}) {
+    EXPECT_DOUBLE_EQ(button.width, width);
+    EXPECT_EQ(button.height, 360);
+    EXPECT_EQ(button.top, 2400);
+  }
+  EXPECT_DOUBLE_EQ(rin.left + width / 2, 1200);
+  EXPECT_DOUBLE_EQ(ese.left + width / 2, 3600);
 }
 
 TEST_F(InpModTest, FieldsAndTemplateHaveTheToldGeometry) {

@@ -25,16 +25,20 @@ std::string TranslateDosText(const std::string& text);
 
 /// Checks a data file and lists all its errors, CR LF ended, in line order. `ErrFlag` is 0 at the start and -1
 /// after an error; nothing else of the session changes. `declaredCount` is what line 3 says, `validCount` the
-/// number of good point lines, `hasXErrors` the mark of line 3.
+/// number of good point lines, `hasXErrors` the mark of line 3. More than 32767 good lines, or numbers in a
+/// line, are run-time error 6.
 void CheckDataFile(Session& session, Files& files, const std::string& fileName, std::string& errorText,
-                   Int16& declaredCount, int& validCount, Flag& hasXErrors);
+                   Int16& declaredCount, Int16& validCount, Flag& hasXErrors);
 
 /// Loads a file that has passed the check into the session's data set, and sets `DataFile` and `DataDefined`.
 /// A point beyond `count` is run-time error 9, a count above 32767 run-time error 6.
 void LoadDataFile(Session& session, Files& files, const std::string& fileName, int count, Flag hasXErrors);
 
 /// The plain reader of figures and of the restored session: it counts values, not lines. Folds `fileName` to
-/// capitals. Runs under a guard: after a failure `ErrFlag` is -1. With `showMessage` a count of 0 opens a box.
+/// capitals. A text that it cannot read is read once more without comments and with tabs as blanks.
+///
+/// Runs under a guard: after a failure `ErrFlag` is -1. Without a count above 0 the data stay as they were, and
+/// with `showMessage` a box says so; a value that cannot be read is 0.
 void ReadDataPlain(Session& session, Files& files, Dialogs& dialogs, std::string& fileName, Flag showMessage);
 
 /// The text of the session's data set as a data file, CR LF line ends.

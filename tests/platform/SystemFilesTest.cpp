@@ -302,25 +302,5 @@ TEST_F(SystemFilesTest, ListsTheFoldersSortedWithoutHiddenOnes) {
   EXPECT_EQ(errorOf([&] { files.subfolders(folder / "file.dat"); }), kPathNotFound);
 }
 
-TEST(FileNames, TheNameIsWhatStandsBehindTheLastSeparator) {
-  EXPECT_EQ(GetFileName("C:\\DATI\\X.DAT"), "X.DAT");
-  EXPECT_EQ(GetFileName("/home/u/X.DAT"), "X.DAT");
-  EXPECT_EQ(GetFileName("X.DAT"), "X.DAT");
-  EXPECT_EQ(GetFileName("/home/u/"), "");
-}
-
-TEST(FileNames, TheExtensionIsWhatStandsBehindTheLastPointOfTheName) {
-  EXPECT_EQ(GetExtensionName("/home/u.x/X.Y.DAT"), "DAT");
-  EXPECT_EQ(GetExtensionName("/home/u.x/X"), "");
-  EXPECT_EQ(GetExtensionName("X."), "");
-}
-
-TEST(FileNames, FolderAndNameHaveOneSeparatorBetween) {
-  EXPECT_EQ(joinPath("/home/u", "X.DAT"), "/home/u/X.DAT");
-  EXPECT_EQ(joinPath("/", "X.DAT"), "/X.DAT");
-  EXPECT_EQ(joinPath("C:\\", "X.DAT"), "C:\\X.DAT");
-  EXPECT_EQ(joinPath("", "X.DAT"), "X.DAT");
-}
-
 }  // namespace
 }  // namespace vk

@@ -1,0 +1,129 @@
+#include <optional>
+
+#include "base/Guard.h"
+#include "base/NumberText.h"
+#include "base/Rounding.h"
+#include "base/Text.h"
+#include "session/DataFiles.h"
+#include "session/TextLines.h"
+
+namespace vk {
+namespace {
+
+constexpr std::size_t kHeaderLines = 3;
+constexpr std::string_view kSeparators = " ,\r\n";
+
+/// Takes numbers out of a text where blanks, commas and line ends separate them.
+class FreeFieldReader {
+ public:
+  explicit FreeFieldReader(std::string_view text) : text_(text) {}
+
+  /// The next item as a number; nothing when it is none, or the text has ended.
+  std::optional<double> next() {
+    const auto start = std::min(text_.find_first_not_of(kSeparators), text_.size());
+    const auto end = std::min(text_.find_first_of(kSeparators, start), text_.size());
+    const std::string_view item = text_.substr(start, end - start);
+    text_.remove_prefix(end);
+    if (!isNumeric(item)) return std::nullopt;
+    return scanNumber(item);
+  }
+
+ private:
+  std::string_view text_;
+};
+
+/// What one reading of a text gave.
+struct PlainReading {
+  int count = 0;          ///< points; 0 when the text has no usable count
+  bool complete = false;  ///< every value could be read
+  DataSet data;           ///< values that could not be read are 0
+};
+
+/// The number of points in the third line; 0 when it cannot be used. With `exact` it must be a number as a
+/// whole, else what follows a number does not matter.
+int readCount(std::string_view line, bool exact, Flag& hasXErrors) {
+  const std::string text = trim(line);
+  const auto blank = text.find(' ');
+  hasXErrors = toFlag(blank != std::string::npos);
+  const std::string first = text.substr(0, blank);
+  Int16 count;
+  if (!exact || isNumeric(first)) guard([&] { count = toInt16(scanNumber(first)); });
+  return std::max<int>(count, 0);
+}
+
+bool readPoints(std::string_view text, DataSet& data) {
+  FreeFieldReader reader(text);
+  std::vector<Array<double>*> columns{&data.Xpnt, &data.Ypnt};
+  if (data.kXpntErr != kFalse) columns.push_back(&data.ErrXpnt);
+  columns.push_back(&data.ErrYpnt);
+  bool complete = true;
+  for (int i = 1; i <= data.NumPnt; ++i) {
+    for (Array<double>* column : columns) {
+      const auto value = reader.next();
+      (*column)[i] = value.value_or(0);
+      complete = complete && value.has_value();
+    }
+  }
+  return complete;
+}
+
+PlainReading readPlain(std::string_view text, bool exact) {
+  PlainReading reading;
+  auto [lines, rest] = splitLines(text);
+  lines.push_back(rest);
+  if (lines.size() < kHeaderLines) return reading;
+  const std::string_view countLine = lines[kHeaderLines - 1];
+  Flag hasXErrors;
+  reading.count = readCount(countLine, exact, hasXErrors);
+  if (reading.count == 0) return reading;
+  reading.data.TitleX = TranslateDosText(std::string(lines[0]));
+  reading.data.TitleY = TranslateDosText(std::string(lines[1]));
+  reading.data.allocate(reading.count, hasXErrors);
+  const auto behindHeader = static_cast<std::size_t>(countLine.data() + countLine.size() - text.data());
+  reading.complete = readPoints(text.substr(behindHeader), reading.data);
+  return reading;
+}
+
+/// The text as the checking reader sees it: no comments, tabs as blanks.
+std::string withoutComments(std::string_view text) {
+  auto [lines, rest] = splitLines(text);
+  lines.push_back(rest);
+  std::string result;
+  for (const std::string_view line : lines) {
+    const std::string cleaned = cleanLine(line);
+    if (isComment(cleaned)) continue;
+    result += cleaned;
+    result += kCrLf;
+  }
+  return result;
+}
+
+void install(Session& session, DataSet&& data) {
+  session.data = std::move(data);
+  session.DataDefined = kTrue;
+}
+
+}  // namespace
+
+void ReadDataPlain(Session& session, Files& files, Dialogs& dialogs, std::string& fileName,
+                   Flag showMessage) {
+  session.ErrFlag = 0;
+  fileName = upper(fileName);
+  std::string bytes;
+  if (!guard(session.ErrFlag, [&] { bytes = files.readAll(fileName); })) return;
+  PlainReading plain = readPlain(bytes, true);
+  if (plain.complete) return install(session, std::move(plain.data));
+  // Commented data files, the saved differences among them, are to be plotted too.
+  PlainReading uncommented = readPlain(withoutComments(bytes), false);
+  if (uncommented.complete) return install(session, std::move(uncommented.data));
+
+  session.ErrFlag = kTrue;
+  // Each value is a statement of its own under the guard: those that can be read are taken.
+  if (plain.count > 0) return install(session, std::move(plain.data));
+  if (uncommented.count > 0) return install(session, std::move(uncommented.data));
+  if (showMessage != kFalse) {
+    dialogs.plainBox(kProgramTitle, "Il File contiene 0 Dati.    <*> per Continuare!");
+  }
+}
+
+}  // namespace vk

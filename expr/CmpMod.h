@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
 #include "platform/Dialogs.h"
 #include "platform/Random.h"
@@ -24,6 +25,8 @@ void CompileExpression(Session& session, const std::string& definition, Compiled
 std::string StripBlanks(const std::string& text);
 /// 0 for an empty text, else the number of commas plus one.
 int CountItems(const std::string& text);
+/// The items of a comma list, as many as `CountItems` tells.
+std::vector<std::string> splitItems(const std::string& text);
 /// Replaces every occurrence, scanning again from the start after each replacement.
 void ReplaceAll(std::string& text, const std::string& search, const std::string& replacement);
 /// Leaves the trimmed part before the first mark in `text` and the trimmed part behind it in `right`.
@@ -36,7 +39,8 @@ void BuildNameTable(Session& session, const std::string& list, std::string& tabl
 /// Checks that each of the `count` names of the table is a letter followed by letters, digits and "_".
 void CheckNames(Session& session, const std::string& table, int count, int width, Int16 report, Int16& flag);
 
-/// The code for people: one line for each instruction with its name and operands, then map and values.
+/// The code for people, lines ended by LF: the bytes as "code 4 0 1 | 108 1 0", "map 1 1" and "LastSlot 1",
+/// then a line for each instruction with its name and slots, then a line for each value.
 std::string listCode(const CompiledExpression& compiled);
 
 // ---- Evaluator ---------------------------------------------------------------------------------------------

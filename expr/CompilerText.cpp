@@ -1,0 +1,45 @@
+#include <algorithm>
+
+#include "base/Text.h"
+#include "expr/CmpMod.h"
+
+namespace vk {
+
+std::string StripBlanks(const std::string& text) {
+  std::string result = text;
+  std::erase(result, ' ');
+  return result;
+}
+
+int CountItems(const std::string& text) {
+  return text.empty() ? 0 : static_cast<int>(std::count(text.begin(), text.end(), ',')) + 1;
+}
+
+std::vector<std::string> splitItems(const std::string& text) {
+  std::vector<std::string> items;
+  if (text.empty()) return items;
+  std::size_t begin = 0;
+  for (std::size_t comma; (comma = text.find(',', begin)) != std::string::npos; begin = comma + 1) {
+    items.push_back(text.substr(begin, comma - begin));
+  }
+  items.push_back(text.substr(begin));
+  return items;
+}
+
+void ReplaceAll(std::string& text, const std::string& search, const std::string& replacement) {
+  if (search.empty()) return;
+  std::size_t at = text.find(search);
+  while (at != std::string::npos) {
+    text.replace(at, search.size(), replacement);
+    // No occurrence ends before the replacement, so a scan from the start would find the same one.
+    at = text.find(search, at - std::min(at, search.size() - 1));
+  }
+}
+
+void SplitAtMark(std::string& text, std::string& right, char mark) {
+  const std::size_t at = text.find(mark);
+  right = at == std::string::npos ? std::string() : trim(std::string_view(text).substr(at + 1));
+  text = trim(std::string_view(text).substr(0, at));
+}
+
+}  // namespace vk

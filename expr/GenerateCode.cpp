@@ -1,0 +1,131 @@
+#include "expr/GenerateCode.h"
+
+#include <array>
+#include <initializer_list>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "base/Text.h"
+#include "expr/CmpMod.h"
+#include "expr/Opcodes.h"
+#include "expr/Tokens.h"
+
+namespace vk {
+namespace {
+
+struct OperatorPair {
+  std::string_view signs;
+  std::array<int, 2> opcodes;
+};
+
+// Tightest first.
+constexpr std::array kPrecedence{
+    OperatorPair{"^", {kOpPower, kOpPower}},
+    OperatorPair{"*/", {kOpTimes, kOpDivide}},
+    OperatorPair{"+-", {kOpPlus, kOpMinus}},
+};
+
+/// The two digits at an offset; nothing when they are not there.
+std::optional<int> digitsAt(std::string_view text, std::size_t at) {
+  if (at + 2 > text.size() || !isDigit(text[at]) || !isDigit(text[at + 1])) return std::nullopt;
+  return (text[at] - '0') * 10 + (text[at + 1] - '0');
+}
+
+class Generator {
+ public:
+  Generator(const std::string& tokens, std::string& code) : text_(tokens), code_(code) {}
+
+  /// False when something could not be reduced.
+  bool run() {
+    for (std::size_t close = text_.find(')'); close != std::string::npos; close = text_.find(')')) {
+      const std::size_t open = text_.rfind('(', close);
+      if (open == std::string::npos || !reduceGroup(open, close)) return false;
+    }
+    return true;
+  }
+
+ private:
+  bool reduceGroup(std::size_t open, std::size_t close) {
+    std::vector<std::string> arguments = splitItems(text_.substr(open + 1, close - open - 1));
+    std::string rest;
+    for (std::string& argument : arguments) {
+      if (!reduceOperators(argument)) return false;
+      rest += argument;
+    }
+    if (open >= kTokenWidth && text_.compare(open - kTokenWidth, 2, "##") == 0) {
+      if (!emitFunction(digitsAt(text_, open - 2), arguments, rest)) return false;
+      text_.replace(open - kTokenWidth, close - open + 1 + kTokenWidth, rest.substr(0, kTokenWidth));
+    } else {
+      text_.replace(open, close - open + 1, rest);
+    }
+    return true;
+  }
+
+  bool reduceOperators(std::string& argument) {
+    for (const OperatorPair& pair : kPrecedence) {
+      for (std::size_t at; (at = argument.find_first_of(pair.signs)) != std::string::npos;) {
+        const auto left = digitsAt(argument, at < 2 ? argument.size() : at - 2);
+        const auto right = digitsAt(argument, at + 3);
+        if (!left || !right) return false;
+        emit({pair.opcodes[pair.signs.find(argument[at])], *left, *right});
+        argument.erase(at, 1 + kTokenWidth);
+      }
+    }
+    return true;
+  }
+
+  bool emitFunction(std::optional<int> number, const std::vector<std::string>& arguments,
+                    const std::string& rest) {
+    if (!number) return false;
+    std::vector<int> operands;
+    if (*number == kWrapper) {
+      if (!appendOperands(rest, operands)) return false;
+    } else {
+      for (const std::string& argument : arguments) {
+        if (!appendOperands(left(argument, kTokenWidth), operands)) return false;
+      }
+      if (!hasRightArity(*number, static_cast<int>(operands.size()))) return false;
+    }
+    if (operands.empty()) return false;
+    emit({*number + kFirstFunction, static_cast<int>(operands.size())});
+    for (const int operand : operands) emit({operand});
+    return true;
+  }
+
+  /// The numbers of the operands that stand side by side in the text; false when something else is there.
+  static bool appendOperands(const std::string& text, std::vector<int>& operands) {
+    if (text.empty()) return false;
+    for (std::size_t at = 0; at < text.size(); at += kTokenWidth) {
+      const auto operand = digitsAt(text, at + 2);
+      if (text.compare(at, 2, "@@") != 0 || !operand) return false;
+      operands.push_back(*operand);
+    }
+    return true;
+  }
+
+  // QUIRK: the digits are overwritten by the one just read, so only the first function that is reduced is
+  // compared with its own arity. A later one is compared with what is left at its place, or not at all.
+  bool hasRightArity(int number, int count) {
+    const auto at = static_cast<std::size_t>(number);
+    if (at >= arities_.size()) return true;
+    arities_ = arities_[at] == '0' ? std::to_string(count) : std::string(1, arities_[at]);
+    return arities_ == std::to_string(count);
+  }
+
+  void emit(std::initializer_list<int> bytes) {
+    for (const int byte : bytes) code_ += static_cast<char>(byte);
+  }
+
+  std::string text_;
+  std::string& code_;
+  std::string arities_ = arityDigits();
+};
+
+}  // namespace
+
+void GenerateCode(const std::string& tokens, std::string& code, Int16& flag) {
+  if (!Generator(tokens, code).run()) flag = kTrue;
+}
+
+}  // namespace vk

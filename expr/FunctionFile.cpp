@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
+#include "session/TextLines.h"
 
 namespace vk {
 namespace {
@@ -31,14 +32,10 @@ void addRecordLine(Records& records, const std::string& line) {
 }
 
 Records collectRecords(const std::string& bytes) {
-  // Files of other systems hold line feeds alone.
-  const std::string_view lineEnd = bytes.find('\r') == std::string::npos ? kCrLf.substr(1) : kCrLf;
+  const TextLines file = splitLines(bytes);
   Records records;
-  for (std::size_t start = 0; start < bytes.size();) {
-    const std::size_t end = std::min(bytes.find(lineEnd, start), bytes.size());
-    addRecordLine(records, trim(std::string_view(bytes).substr(start, end - start)));
-    start = end + lineEnd.size();
-  }
+  for (const std::string_view line : file.lines) addRecordLine(records, trim(line));
+  addRecordLine(records, trim(file.rest));
   return records;
 }
 

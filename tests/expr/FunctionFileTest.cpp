@@ -1,0 +1,395 @@
+#include "base/Text.h"
+#include "doubles/MemoryFiles.h"
+#include "doubles/ScriptedForms.h"
+#include "expr/CmpMod.h"
+#include "expr/FunMod.h"
+
+namespace vk {
+namespace {
+
+using testing::HasSubstr;
+
+const std::string kStructureReport =
+    "*** ERR. Struttura del File Funzioni NON Corretta!\r\n"
+    "***      Successione: #\r\n"
+    "***                   Definizione Parametri\r\n"
+    "***                   Definizione Funzione\r\n"
+    "***                   Descrizione Funzione\r\n"
+    "***      Errata!\r\n";
+const std::string kNoFunctionReport = "*** ERR. Il File NON Contiene Funzioni!\r\n";
+
+/// The lines with the line end of the program's files.
+std::string lines(const std::vector<std::string>& texts) {
+  std::string result;
+  for (const std::string& text : texts) result += text + "\r\n";
+  return result;
+}
+
+class FunctionFileTest : public testing::Test {
+ protected:
+  FunctionFileTest() {
+    BuildCatalogue(session);
+    session.CheckFunctions = kTrue;
+  }
+
+  /// Reads a file with these bytes; the result is the session's.
+  void read(const std::string& bytes, Flag checkOnly = kFalse) {
+    files.content["f.fcn"] = bytes;
+    std::string name = "f.fcn";
+    ReadFunctionFile(session, files, output, name, checkOnly);
+  }
+  /// The report that a check with the report on gives.
+  std::string report(const std::string& bytes) {
+    session.TraceEnabled = kTrue;
+    read(bytes, kTrue);
+    return session.TraceText;
+  }
+  /// What the compiler itself reports on a function.
+  static std::string compilerReport(const std::string& definition) {
+    Session other;
+    other.TraceEnabled = kTrue;
+    Int16 flag = kTrue;
+    CompileExpression(other, definition, other.model, flag);
+    return other.TraceText;
+  }
+  const std::vector<FunctionFile::Entry>& entries() const { return session.catalogue.file.entries; }
+
+  Session session;
+  MemoryFiles files;
+  RecordingOutput output;
+};
+
+TEST_F(FunctionFileTest, AFileWithAContinuedDefinition) {
+  read(lines({"% a comment", "A,B", "A*SIN(x)+&", "B", "a free text describing the function"}));
+  EXPECT_EQ(session.ErrFlag, 0);
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].parameters, "A,B");
+  EXPECT_EQ(entries()[0].definition, "A*SIN(x)+B");
+  EXPECT_EQ(entries()[0].description, "a free text describing the function");
+  EXPECT_EQ(session.catalogue.file.DescriptionWidth, 35);
+}
+
+TEST_F(FunctionFileTest, CommentsAndEmptyLinesAreSkippedEverywhereAlsoInsideARecord) {
+  read(lines({"", "# first", "   % indented", "  A  ", "A*&", "% in the middle of a record", "   ", "x", "",
+              "retta", "%"}));
+  EXPECT_EQ(session.ErrFlag, 0);
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].parameters, "A");
+  EXPECT_EQ(entries()[0].definition, "A*x");
+  EXPECT_EQ(entries()[0].description, "retta");
+}
+
+TEST_F(FunctionFileTest, ContinuedLinesAreJoinedDirectly) {
+  read(lines({"A", "A*x", "due &", "   parole"}));
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].description, "due parole");
+}
+
+TEST_F(FunctionFileTest, AContinuationOnTheLastLineLeavesTheRecordOut) {
+  EXPECT_EQ(report(lines({"A", "A*x", "descrizione &"})), kStructureReport + kNoFunctionReport);
+  EXPECT_EQ(session.ErrFlag, kTrue);
+}
+
+TEST_F(FunctionFileTest, AnIncompleteTripleIsReportedAndTheCompleteOnesAreRead) {
+  const std::string text = report(lines({"A", "A*x", "retta", "B"}));
+  EXPECT_EQ(session.ErrFlag, kTrue);
+  EXPECT_EQ(text.substr(0, kStructureReport.size()), kStructureReport);
+  EXPECT_THAT(text, HasSubstr("\r\nO.K.\r\n*********** Fine Funzione: 1\r\n"));
+}
+
+TEST_F(FunctionFileTest, AnIncompleteTripleChangesNoField) {
+  read(lines({"A", "A*x", "retta"}));
+  read(lines({"A", "A*x*x", "una parabola", "B"}));
+  EXPECT_EQ(session.ErrFlag, kTrue);
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].description, "retta");
+  EXPECT_EQ(session.catalogue.file.DescriptionWidth, 5);
+}
+
+TEST_F(FunctionFileTest, AFileOfCommentsContainsNoFunctions) {
+  EXPECT_EQ(report(lines({"% one", "# two", ""})), kNoFunctionReport);
+  EXPECT_EQ(session.ErrFlag, kTrue);
+}
+
+TEST_F(FunctionFileTest, AnEmptyFileContainsNoFunctions) {
+  EXPECT_EQ(report(""), kNoFunctionReport);
+  EXPECT_EQ(session.ErrFlag, kTrue);
+}
+
+TEST_F(FunctionFileTest, ElevenFunctionsAreCutToTenWithoutAWord) {
+  std::string text;
+  for (const char* number : {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11"}) {
+    text += lines({"A", std::string("A*x+") + number, std::string("funzione ") + number});
+  }
+  session.TraceEnabled = kTrue;
+  read(text);
+  EXPECT_EQ(session.ErrFlag, 0);
+  ASSERT_EQ(entries().size(), 10U);
+  EXPECT_EQ(entries()[9].description, "funzione 10");
+  EXPECT_TRUE(output.requests.empty());
+}
+
+TEST_F(FunctionFileTest, AnEleventhFunctionThatIsWrongIsNotLookedAt) {
+  std::string text;
+  for (int i = 1; i <= 10; ++i) text += lines({"A", "A*x", "una descrizione"});
+  read(text + lines({"A", "B*", "la descrizione piu` lunga di tutte"}));
+  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_EQ(session.catalogue.file.DescriptionWidth, 15);
+}
+
+TEST_F(FunctionFileTest, ADescriptionOfSixtyCharactersIsKeptWholeAndTheWidthStopsAt56) {
+  const std::string description(60, 'd');
+  read(lines({"A", "A*x", "corta", "A", "A*x", description}));
+  ASSERT_EQ(entries().size(), 2U);
+  EXPECT_EQ(entries()[1].description, description);
+  EXPECT_EQ(session.catalogue.file.DescriptionWidth, 56);
+}
+
+TEST_F(FunctionFileTest, ABlankDescriptionLineIsSkippedSoThatTheTriplesShift) {
+  EXPECT_THAT(report(lines({"A", "A*x", "   ", "B", "B*x", "retta"})), HasSubstr(kStructureReport));
+  EXPECT_EQ(session.ErrFlag, kTrue);
+}
+
+TEST_F(FunctionFileTest, TheReportOfAGoodFunction) {
+  EXPECT_EQ(report(lines({"A,B", "A*SIN(x)+B", "onda"})),
+            "\r\n"
+            "*********** Funzione:      1\r\n"
+            "Parametri:   A,B\r\n"
+            "Definizione: A*SIN(x)+B\r\n"
+            "Descrizione: onda\r\n"
+            "Controllo Funzione:\r\n" +
+                compilerReport("y@x@A,B@ @A*SIN(x)+B") +
+                "O.K.\r\n"
+                "*********** Fine Funzione: 1\r\n"
+                "\r\n");
+}
+
+TEST_F(FunctionFileTest, TheReportOfTwoFunctionsOfWhichTheFirstIsWrong) {
+  EXPECT_EQ(report(lines({"A", "A*C", "prima", "B", "B+x", "seconda"})),
+            "\r\n"
+            "*********** Funzione:      1\r\n"
+            "Parametri:   A\r\n"
+            "Definizione: A*C\r\n"
+            "Descrizione: prima\r\n"
+            "Controllo Funzione:\r\n" +
+                compilerReport("y@x@A@ @A*C") +
+                "* ERR. Errori nella Compilazione\r\n"
+                "*********** Fine Funzione: 1\r\n"
+                "\r\n"
+                "\r\n"
+                "*********** Funzione:      2\r\n"
+                "Parametri:   B\r\n"
+                "Definizione: B+x\r\n"
+                "Descrizione: seconda\r\n"
+                "Controllo Funzione:\r\n" +
+                compilerReport("y@x@B@ @B+x") +
+                "O.K.\r\n"
+                "*********** Fine Funzione: 2\r\n"
+                "\r\n");
+  EXPECT_EQ(session.ErrFlag, kTrue);
+  EXPECT_THAT(session.TraceText, HasSubstr("* ERR. Variabile C NON definita"));
+}
+
+TEST_F(FunctionFileTest, WithoutTheCheckSwitchNothingIsCompiled) {
+  session.CheckFunctions = kFalse;
+  EXPECT_EQ(report(lines({"A", "A*C", "prima"})),
+            "\r\n"
+            "*********** Funzione:      1\r\n"
+            "Parametri:   A\r\n"
+            "Definizione: A*C\r\n"
+            "Descrizione: prima\r\n");
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(FunctionFileTest, OneBadFunctionRefusesTheWholeFile) {
+  read(lines({"A", "A*x", "retta"}));
+  read(lines({"A", "A*x", "buona", "B", "B*", "cattiva", "C", "C*x", "buona"}));
+  EXPECT_EQ(session.ErrFlag, kTrue);
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].description, "retta");
+}
+
+TEST_F(FunctionFileTest, AGoodFileShowsNoReportWhateverTheOption) {
+  for (const int option : {kTrue, kFalse}) {
+    session.TraceEnabled = option;
+    read(lines({"A", "A*x", "retta"}));
+    EXPECT_EQ(session.ErrFlag, 0);
+    EXPECT_EQ(session.TraceText, "");
+  }
+  EXPECT_TRUE(output.requests.empty());
+}
+
+TEST_F(FunctionFileTest, AFileWithErrorsShowsItsReportWithTheOptionOn) {
+  const std::string bytes = lines({"A", "A*C", "prima"});
+  const std::string expected = report(bytes);
+  read(bytes);
+  ASSERT_EQ(output.requests.size(), 1U);
+  const OutputRequest& shown = output.requests[0];
+  EXPECT_EQ(shown.caption, "VOR_KEL: Lettura File Funzioni - Controllo File");
+  EXPECT_EQ(shown.rows, 25);
+  EXPECT_EQ(shown.cols, 80);
+  EXPECT_THAT(shown.captions, testing::ElementsAre("&Continua", "&Stampa", "Co&pia"));
+  EXPECT_EQ(shown.text, expected);
+  EXPECT_EQ(session.TraceText, "");
+  EXPECT_EQ(session.ErrFlag, kTrue);
+}
+
+TEST_F(FunctionFileTest, AFileWithErrorsShowsNothingWithTheOptionOff) {
+  read(lines({"A", "A*C", "prima"}));
+  EXPECT_TRUE(output.requests.empty());
+  EXPECT_EQ(session.TraceText, "");
+  EXPECT_EQ(session.ErrFlag, kTrue);
+}
+
+TEST_F(FunctionFileTest, AWrongStructureShowsNothingWithoutTheCheckSwitch) {
+  session.CheckFunctions = kFalse;
+  session.TraceEnabled = kTrue;
+  read(lines({"A", "A*x"}));
+  EXPECT_TRUE(output.requests.empty());
+  EXPECT_EQ(session.ErrFlag, kTrue);
+}
+
+TEST_F(FunctionFileTest, CheckOnlyStoresNothingAndLeavesTheReport) {
+  EXPECT_THAT(report(lines({"A", "A*x", "retta"})),
+              HasSubstr("O.K.\r\n*********** Fine Funzione: 1\r\n\r\n"));
+  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_TRUE(entries().empty());
+  EXPECT_THAT(report(lines({"A", "A*C", "cattiva"})), HasSubstr("* ERR. Errori nella Compilazione\r\n"));
+  EXPECT_EQ(session.ErrFlag, kTrue);
+  EXPECT_TRUE(output.requests.empty());
+}
+
+TEST_F(FunctionFileTest, AReportLeftFromBeforeIsCleared) {
+  session.TraceText = "old";
+  EXPECT_EQ(report(""), kNoFunctionReport);
+}
+
+TEST_F(FunctionFileTest, TheNameIsFoldedToCapitalsAndFindsTheFileAgain) {
+  files.content["/home/lab/onde.fcn"] = lines({"A", "A*x", "retta"});
+  std::string name = "/home/lab/onde.fcn";
+  ReadFunctionFile(session, files, output, name, kFalse);
+  EXPECT_EQ(name, "/HOME/LAB/ONDE.FCN");
+  ReadFunctionFile(session, files, output, name, kFalse);
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(FunctionFileTest, OfTwoFilesThatDifferInCaseTheNamedOneIsRead) {
+  files.content["LIB.FCN"] = lines({"A", "A*x", "grande"});
+  files.content["lib.fcn"] = lines({"A", "A*x", "piccola"});
+  std::string name = "lib.fcn";
+  ReadFunctionFile(session, files, output, name, kFalse);
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].description, "piccola");
+}
+
+TEST_F(FunctionFileTest, AFileThatCannotBeOpenedIsARuntimeError) {
+  std::string name = "missing.fcn";
+  try {
+    ReadFunctionFile(session, files, output, name, kFalse);
+    FAIL() << "no error";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), kFileNotFound);
+  }
+  files.readError["locked.fcn"] = kPermissionDenied;
+  name = "locked.fcn";
+  EXPECT_THROW(ReadFunctionFile(session, files, output, name, kFalse), RuntimeError);
+}
+
+TEST_F(FunctionFileTest, AFileWithLineFeedsAloneReadsLikeItsTwin) {
+  read("% a comment\nA,B\nA*x+&\nB\nuna retta\n");
+  EXPECT_EQ(session.ErrFlag, 0);
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].definition, "A*x+B");
+  EXPECT_EQ(entries()[0].description, "una retta");
+}
+
+TEST_F(FunctionFileTest, TheLastLineNeedsNoLineEnd) {
+  read("A\r\nA*x\r\nuna retta");
+  EXPECT_EQ(session.ErrFlag, 0);
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].description, "una retta");
+}
+
+TEST_F(FunctionFileTest, ALoneLineFeedInAFileOfPairsIsAnOrdinaryCharacter) {
+  read("A\r\nA*x\r\nuna\nretta\r\n");
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].description, "una\nretta");
+}
+
+TEST_F(FunctionFileTest, TabsAreNotTrimmedAndALineWithATabIsARecord) {
+  read("A\r\nA*x\r\n\t\r\n");
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].description, "\t");
+  read("A\r\n\tA*x\r\nretta\r\n");
+  EXPECT_EQ(session.ErrFlag, kTrue);
+}
+
+// QUIRK: a "&" inside a record splits it.
+TEST_F(FunctionFileTest, QuirkAnAmpersandInsideARecordSplitsItAndTheCountDoesNotSeeIt) {
+  read(lines({"A", "A*x", "Rossi & Bianchi", "B", "B+x", "seconda"}));
+  EXPECT_EQ(session.ErrFlag, kTrue);  // " Bianchi" has become the parameter list of the second function
+  read(lines({"A", "A*x", "Rossi & Bianchi"}));
+  EXPECT_EQ(session.ErrFlag, 0);
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].description, "Rossi ");
+}
+
+TEST_F(FunctionFileTest, QuirkAnAmpersandInFrontGivesAnEmptyParameterList) {
+  read(lines({"&2*x", "il doppio", "ignorata"}));
+  EXPECT_EQ(session.ErrFlag, 0);
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].parameters, "");
+  EXPECT_EQ(entries()[0].definition, "2*x");
+  EXPECT_EQ(entries()[0].description, "il doppio");
+}
+
+TEST_F(FunctionFileTest, TwoAmpersandsAtTheEndContinueTheLineAndSplitIt) {
+  read(lines({"A", "A*x", "uno&&", "due"}));
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].description, "uno");
+}
+
+TEST_F(FunctionFileTest, BytesAbove127AreKept) {
+  read(lines({"A", "A*x", "gi\x85 \xFD"}));
+  ASSERT_EQ(entries().size(), 1U);
+  EXPECT_EQ(entries()[0].description, "gi\x85 \xFD");
+}
+
+TEST_F(FunctionFileTest, BinaryRubbishIsRefusedAndChangesNothing) {
+  std::string bytes;
+  for (unsigned i = 0, state = 12345; i < 20000; ++i) {
+    state = state * 1103515245U + 12345U;
+    bytes += static_cast<char>(state >> 16);
+  }
+  read(bytes);
+  EXPECT_EQ(session.ErrFlag, kTrue);
+  read(std::string(1000, '\0'));
+  EXPECT_EQ(session.ErrFlag, kTrue);
+  read("@@@@\r\n@@\r\n@\r\n");
+  EXPECT_EQ(session.ErrFlag, kTrue);
+  EXPECT_TRUE(entries().empty());
+}
+
+TEST_F(FunctionFileTest, MoreRecordsThanA16BitCountIsARuntimeError) {
+  std::string bytes;
+  for (int i = 0; i < 32768; ++i) bytes += "a\n";
+  EXPECT_THROW(read(bytes), RuntimeError);
+}
+
+TEST_F(FunctionFileTest, TheCheckLeavesTheModelOfALoadedFunctionAsItWas) {
+  read(lines({"p,q", "p*x+q", "retta"}));
+  loadFunction(session, 1);
+  session.fun.InnerIndex = 6;
+  session.fun.OuterIndex = 1;
+  TakeFunction(session, 0, 0);
+  const std::string code = session.model.Code;
+  read(lines({"A", "A*", "cattiva"}));
+  EXPECT_EQ(session.model.Code, code);
+  EXPECT_EQ(session.model.nPar, 2);
+  report(lines({"A,B,C", "A*x*x+B*x+C", "buona"}));
+  EXPECT_EQ(session.model.Code, code);
+  EXPECT_EQ(session.model.nPar, 2);
+}
+
+}  // namespace
+}  // namespace vk

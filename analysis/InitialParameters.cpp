@@ -1,0 +1,156 @@
+#include "analysis/InitialParameters.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/NumberText.h"
+#include "base/Rounding.h"
+#include "base/Text.h"
+#include "expr/FunMod.h"
+#include "session/SubMod.h"
+
+namespace vk {
+namespace {
+
+constexpr int kLeastHalfWidth = 22;
+constexpr int kFirstRow = 7;
+constexpr int kFrames = 3;
+constexpr int kTexts = 6;
+constexpr int kEngraved = 3;
+constexpr int kCentred = 1;
+constexpr double kStepOfZero = 0.01;
+
+/// Half the columns of the form, an even number: wide enough for the text of the function.
+int halfWidth(const std::string& functionText) {
+  const int wanted = toInt16(length(trim(functionText)) / 2.0 + 1);
+  const int least = std::max(wanted, kLeastHalfWidth);
+  return 2 * ((least + 1) / 2);
+}
+
+void describeFrames(InputTables& form, int half) {
+  form.InpFrameCount = kFrames;
+  form.InpFrames.dim(kFrames);
+  form.InpFrames[1] = {1, 1, form.InpRows, form.InpCols, kEngraved};
+  form.InpFrames[2] = {3, 1, 6, half, kEngraved};
+  form.InpFrames[3] = {3, half, 6, form.InpCols, kEngraved};
+}
+
+void describeTexts(InputTables& form, int half, const std::string& functionText, bool propagation) {
+  form.InpTextCount = kTexts;
+  form.InpTexts.dim(kTexts);
+  form.InpTextPos.dim(kTexts);
+  int text = 0;
+  const auto add = [&](int row, int column, const std::string& words) {
+    form.InpTexts[++text] = words;
+    form.InpTextPos[text] = {row, column, kCentred};
+  };
+  add(1, half, "Funzione");
+  add(2, half, functionText);
+  add(4, half / 2, propagation ? "Valore " : "Valore");
+  add(5, half / 2, propagation ? "Parametro" : " Iniziale ");
+  add(4, 3 * half / 2, propagation ? " Errore " : "  Variazione  ");
+  // \xE5 shows as a small sigma.
+  add(5, 3 * half / 2, propagation ? "\xE5>0, Err.Max.<0 " : "0 Cost. 1 Var.");
+}
+
+/// The two columns of fields: values on the left, second numbers on the right.
+void describeFields(InputTables& form, int half, const ParameterSet& par, int first) {
+  const int rows = form.InpFieldCount / 2;
+  const int width = par.ParNameWidth;
+  for (auto* texts : {&form.InpValues, &form.InpFieldKinds, &form.InpLabels}) texts->dim(form.InpFieldCount);
+  for (auto* places : {&form.InpFieldPos, &form.InpLabelPos}) places->dim(form.InpFieldCount);
+  const auto add = [&](int field, int row, int column, const std::string& prompt, double value) {
+    form.InpLabels[field] = prompt;
+    form.InpLabelPos[field] = {row, column + 2, width + 2};
+    form.InpValues[field] = FormatCompact(value);
+    form.InpFieldKinds[field] = "#Number";
+    form.InpFieldPos[field] = {row, column + width + 4, 3 - (half - width)};
+  };
+  for (int field = 1; field <= rows; ++field) {
+    const int i = first + field - 1;
+    const int row = kFirstRow + field - 1;
+    add(field, row, 0, par.name(i), par.ParValues[i]);
+    // \xEB shows as a small delta.
+    add(field + rows, row, half, "\xEB" + par.name(i), par.ParDeltas[i]);
+  }
+}
+
+double startingStep(double value) {
+  return value == 0 ? kStepOfZero : std::abs(value) / 100;
+}
+
+void giveValuesToLoadedModel(Session& session) {
+  if (session.fun.InnerIndex <= kBuiltInInner) return;
+  for (int i = 1; i <= session.model.nPar; ++i) session.model.Values[i + 1] = session.par.ParValues[i];
+}
+
+}  // namespace
+
+void EnterParameters(Session& session, InputForm& form, Flag mode) {
+  const ParameterSet& par = session.par;
+  const std::string& functionText = session.fun.FunctionText;
+  const int half = halfWidth(functionText);
+  InputTables& tables = session.input;
+  tables.caption = mode ? "VOR_KEL: Propagazione Errori" : "VOR_KEL: Parametri Iniziali";
+  tables.InpCols = 2 * half;
+  tables.InpRows = par.ParCount + kFirstRow - mode;
+  tables.InpFieldCount = (par.ParCount - mode) * 2;
+  tables.InpAction = kStoreParameters;
+  describeFrames(tables, half);
+  describeTexts(tables, half, functionText, mode);
+  describeFields(tables, half, par, mode + 1);
+  form.InpShow(tables, Form::kMain);
+}
+
+void StoreParameters(Session& session) {
+  const InputTables& fields = session.input;
+  const int half = fields.InpFieldCount / 2;
+  const int mode = session.PropagationMode;
+  ParameterSet& par = session.par;
+  par.ParValues.dim(half + mode);
+  par.ParDeltas.dim(half + mode);
+  for (int j = 1; j <= half; ++j) {
+    par.ParValues[j + mode] = scanNumber(fields.InpValues[j]);
+    par.ParDeltas[j + mode] = scanNumber(fields.InpValues[half + j]);
+  }
+  classifyParameters(session);
+}
+
+void classifyParameters(Session& session) {
+  ParameterSet& par = session.par;
+  const int last = par.ParCount;
+  par.FreeSteps.dim(last + 1);
+  par.FreeValues.dim(last + 1);
+  par.FreeIndex.dim(last + 1);
+  par.FreeCount = 0;
+  giveValuesToLoadedModel(session);
+  int constants = 0;
+  for (int i = 1; i <= last; ++i) {
+    if (par.ParDeltas[i] == 0) {
+      par.FreeIndex[last - constants++] = i;
+      continue;
+    }
+    ++par.FreeCount;
+    par.FreeSteps[par.FreeCount] = startingStep(par.ParValues[i]);
+    par.FreeValues[par.FreeCount] = par.ParValues[i];
+    par.FreeIndex[par.FreeCount] = i;
+  }
+  session.ParametersSet = kTrue;
+  session.ParVar = toFlag(par.FreeCount >= 1) & ~session.PropagationMode;
+}
+
+void MenAdaPar(Session& session, InputForm& form) {
+  session.PropagationMode = kFalse;
+  EnterParameters(session, form, session.PropagationMode);
+}
+
+void MenSerPro(Session& session, InputForm& form, const std::function<void()>& propagate) {
+  if (session.FunDefined) {
+    session.PropagationMode = kTrue;
+    EnterParameters(session, form, session.PropagationMode);
+    if (session.ErrFlag == 0) propagate();
+  }
+  session.ErrFlag = 0;
+}
+
+}  // namespace vk

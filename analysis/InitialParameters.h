@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/InputForm.h"
+#include "platform/MainWindow.h"
+#include "session/Session.h"
+
+/// Starting values of the parameters, or values and errors for the propagation of errors: the form on which
+/// they are entered, and the tables that the fit and the propagation read.
+namespace vk {
+
+/// Fills the tables of the input form from the session's parameters and shows it above the main window.
+/// `mode` is the session's `PropagationMode`: when it is -1 the independent variable is listed first and the
+/// second numbers are errors.
+void EnterParameters(Session& session, InputForm& form, Flag mode);
+
+/// Takes the field texts of the input form over into the parameters: values in the first half of the fields,
+/// second numbers in the other half. Then as `classifyParameters`.
+void StoreParameters(Session& session);
+/// The same as the action of "&Esegui": the main window comes back with its menus renewed.
+void StoreParameters(Session& session, MainWindow& window);
+
+/// Sorts the parameters by their second numbers into free ones, with starting values and steps, and constant
+/// ones; sets `ParametersSet` and `ParVar`. A loaded model gets the values into its value table.
+void classifyParameters(Session& session);
+
+/// Command: enter the starting values of a fit.
+void MenAdaPar(Session& session, InputForm& form);
+
+/// Command: enter values and errors, and unless the user gives up, propagate the errors by `propagate`.
+/// Without a model function nothing is asked. `ErrFlag` is 0 afterwards.
+void MenSerPro(Session& session, InputForm& form, const std::function<void()>& propagate);
+
+}  // namespace vk

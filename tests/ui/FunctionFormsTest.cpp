@@ -1,0 +1,154 @@
+#include "base/CodePage.h"
+#include "expr/FunMod.h"
+#include "ui/LoadFunction.h"
+#include "ui/SelectFunction.h"
+
+namespace vk {
+namespace {
+
+using testing::ElementsAre;
+
+class SelectFunctionTest : public testing::Test {
+ protected:
+  SelectFunctionTest() {
+    BuildCatalogue(session);
+    form.refill();
+  }
+
+  Session session;
+  SelectFunction form{session};
+};
+
+TEST_F(SelectFunctionTest, TheListsShowTheCatalogue) {
+  EXPECT_THAT(form.innerList(),
+              ElementsAre("c", "bx+c", "ax\xFD+bx+c", "[(x-m)\xFD+a]/b", "a/[(x\xFD-m\xFD)\xFD+b\xFDx\xFD]"));
+  EXPECT_THAT(form.outerList(), ElementsAre("u", "u\xFD", "1/u", "\xFBu", "(x+A)/u", "A ln(u)", "A exp(u)",
+                                            "A sin(u)", "A exp[-Bx] sin(u)"));
+}
+
+TEST_F(SelectFunctionTest, ARefillShowsALoadedFunction) {
+  session.catalogue.file.entries.push_back({"A", "A*x", "retta"});
+  loadFunction(session, 1);
+  form.refill();
+  ASSERT_EQ(form.innerList().size(), 6U);
+  EXPECT_EQ(form.innerList()[5], "retta");
+}
+
+TEST_F(SelectFunctionTest, ItOpensOnTheFirstEntries) {
+  session.fun.InnerIndex = 4;
+  session.fun.OuterIndex = 9;
+  form.open();
+  EXPECT_EQ(session.fun.InnerIndex, 1);
+  EXPECT_EQ(session.fun.OuterIndex, 1);
+  EXPECT_EQ(form.text(), " y = c ");
+}
+
+TEST_F(SelectFunctionTest, TheTextFollowsEachSelection) {
+  form.open();
+  form.selectInner(2);
+  EXPECT_EQ(form.text(), " y = bx+c ");
+  form.selectOuter(2);
+  EXPECT_EQ(form.text(), " y = (bx+c)\xFD ");
+  form.selectInner(1);
+  EXPECT_EQ(form.text(), " y = c\xFD ");
+  EXPECT_EQ(session.fun.InnerIndex, 1);
+  EXPECT_EQ(session.fun.OuterIndex, 2);
+}
+
+TEST_F(SelectFunctionTest, ALongTextIsShortenedInTheFieldOnly) {
+  session.catalogue.file.entries.push_back({"A", "A*x", std::string(56, 'd')});
+  loadFunction(session, 1);
+  form.refill();
+  form.open();
+  form.selectInner(6);
+  EXPECT_EQ(form.text(), " y = " + std::string(23, 'd') + "..." + std::string(27, 'd') + " ");
+  EXPECT_EQ(form.innerList()[5], std::string(56, 'd'));
+}
+
+TEST_F(SelectFunctionTest, GivingUpRestoresIndicesAndText) {
+  form.open();
+  form.selectInner(3);
+  form.selectOuter(4);
+  form.open();
+  form.selectInner(5);
+  form.selectOuter(5);
+  form.giveUp();
+  EXPECT_EQ(session.fun.InnerIndex, 3);
+  EXPECT_EQ(session.fun.OuterIndex, 4);
+  EXPECT_EQ(form.text(), " y = \xFB(ax\xFD+bx+c) ");
+}
+
+TEST_F(SelectFunctionTest, GivingUpWithoutAFunctionGoesBackToNone) {
+  form.open();
+  form.selectInner(2);
+  form.giveUp();
+  EXPECT_EQ(session.fun.InnerIndex, 0);
+  EXPECT_EQ(session.fun.OuterIndex, 0);
+  EXPECT_EQ(form.text(), "");
+}
+
+TEST(SelectFunctionTexts, CaptionsAndHeadings) {
+  EXPECT_STREQ(kSelectCaption, "VOR_KEL: Selezione Funzione");
+  EXPECT_STREQ(kSelectHeading, "F(x)=f[u], u=g(x)");
+  EXPECT_STREQ(kOuterHeading, "f[u]");
+  EXPECT_STREQ(kInnerHeading, "g(x)");
+  EXPECT_STREQ(kAcceptCaption, "&Accetta");
+  EXPECT_STREQ(kGiveUpCaption, "&Rinuncia");
+}
+
+TEST(SelectFunctionPlace, RightOfTheLeftEdgeAndCentredInHeight) {
+  EXPECT_EQ(placeBeside({1000, 2000, 9000, 6000}, {3000, 4000}), (Rect{1600, 3000, 3000, 4000}));
+  EXPECT_EQ(placeBeside({0, 0, 1000, 1000}, {300, 2000}), (Rect{600, -500, 300, 2000}));
+}
+
+class LoadFunctionTest : public testing::Test {
+ protected:
+  LoadFunctionTest() {
+    session.catalogue.file.entries = {{"A,B", "A*x+B", "retta"}, {"C", "C*x*x", "parabola"}};
+    session.catalogue.file.DescriptionWidth = 8;
+    form.refill();
+  }
+
+  Session session;
+  LoadFunction form{session};
+};
+
+TEST_F(LoadFunctionTest, TheListShowsTheDescriptionsWithTheFirstSelected) {
+  EXPECT_THAT(form.list(), ElementsAre("retta", "parabola"));
+  EXPECT_EQ(form.selected(), 1);
+  EXPECT_EQ(form.listWidth(), 8);
+}
+
+TEST_F(LoadFunctionTest, DefinitionAndParametersFollowTheSelection) {
+  EXPECT_EQ(form.definition(), "A*x+B");
+  EXPECT_EQ(form.parameters(), "A,B");
+  form.select(2);
+  EXPECT_EQ(form.definition(), "C*x*x");
+  EXPECT_EQ(form.parameters(), "C");
+}
+
+TEST_F(LoadFunctionTest, AnotherFileSelectsItsFirstFunction) {
+  form.select(2);
+  session.catalogue.file.entries = {{"D", "D", "costante"}};
+  form.refill();
+  EXPECT_EQ(form.selected(), 1);
+  EXPECT_EQ(form.definition(), "D");
+}
+
+TEST_F(LoadFunctionTest, WithoutAFileNothingIsSelected) {
+  session.catalogue.file = {};
+  form.refill();
+  EXPECT_EQ(form.selected(), 0);
+  EXPECT_EQ(form.definition(), "");
+  EXPECT_EQ(form.parameters(), "");
+}
+
+TEST(LoadFunctionTexts, CaptionAndFrames) {
+  EXPECT_STREQ(kLoadCaption, "VOR_KEL: Carica Funzione");
+  EXPECT_STREQ(kDescriptionFrame, "Descrizione");
+  EXPECT_STREQ(kDefinitionFrame, "Definizione");
+  EXPECT_STREQ(kParametersFrame, "Parametri");
+}
+
+}  // namespace
+}  // namespace vk

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "session/Session.h"
+
+/// The logic of the form `Loa_Fun`, by which the user takes a function of the file read into the catalogue.
+namespace vk {
+
+inline constexpr const char* kLoadCaption = "VOR_KEL: Carica Funzione";
+inline constexpr const char* kDescriptionFrame = "Descrizione";
+inline constexpr const char* kDefinitionFrame = "Definizione";
+inline constexpr const char* kParametersFrame = "Parametri";
+
+class LoadFunction {
+ public:
+  explicit LoadFunction(const Session& session) : session_(session) {}
+
+  /// Takes the descriptions of the function file, code page 437, into the list and selects the first.
+  void refill();
+  const std::vector<std::string>& list() const { return list_; }
+  /// Characters that the list makes room for.
+  int listWidth() const { return session_.catalogue.file.DescriptionWidth; }
+
+  /// Entry selected by click or key, from 1; 0 when the list is empty.
+  void select(int entry) { selected_ = entry; }
+  int selected() const { return selected_; }
+
+  /// What `TxtDef` and `TxtPar` show for the selected entry; empty without one.
+  std::string definition() const;
+  std::string parameters() const;
+
+ private:
+  FunctionFile::Entry entry() const;
+
+  const Session& session_;
+  std::vector<std::string> list_;
+  int selected_ = 0;
+};
+
+}  // namespace vk

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "analysis/Minimise.h"
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/MainWindow.h"
+#include "session/Session.h"
+
+/// The fit of the model function to the loaded data.
+namespace vk {
+
+/// A minimisation begins. With errors in x there are two, and each begins anew.
+struct FitStart {
+  int M = 0;               ///< points
+  int N = 0;               ///< free parameters
+  const Array<double>& X;  ///< their values, 1..N
+};
+
+/// How far a minimisation is. A figure that cannot be computed is missing.
+struct FitProgress {
+  int seconds = 0;  ///< since the minimisation began
+  int iteration = 0;
+  int degreesOfFreedom = 0;
+  std::optional<double> reducedChiSquare;
+  std::optional<double> confidence;  ///< per cent
+  const Array<double>& X;            ///< 1..N
+};
+
+/// A minimisation has come to its end with values and errors.
+struct FitFinal {
+  FitProgress progress;
+  const Array<double>& errors;  ///< 1..N
+  const CorrelationMatrix& correlation;
+  bool last = true;         ///< false for the first of the two fits of data with x errors
+  bool unreliable = false;  ///< the accuracy asked for stayed coarse against the error
+};
+
+/// Hears of a fit at fixed points; the engine itself shows nothing but the box of its one error.
+class FitObserver {
+ public:
+  virtual ~FitObserver() = default;
+  virtual void started(const FitStart& start) = 0;
+  virtual void progress(const FitProgress& progress) = 0;
+  virtual void finished(const FitFinal& final) = 0;
+  /// The fit ended without a result; no `finished` follows.
+  virtual void failed() = 0;
+};
+
+enum class FitStatus {
+  kCompleted,
+  kUnreliable,  ///< completed, but the accuracy asked for stayed coarse against the error
+  kFailed,
+};
+
+/// What came of a fit. With errors in x the figures are those of the second fit where nothing else is said.
+struct FitResult {
+  FitStatus status = FitStatus::kFailed;
+  MinimiseEnd end = MinimiseEnd::kCompleted;
+  std::string reason;  ///< of a failure, for people; else empty
+  int M = 0;           ///< points
+  int N = 0;           ///< free parameters
+  double chi_square = 0;
+  int degrees_of_freedom = 0;
+  std::optional<double> reduced_chi_square;
+  std::optional<double> confidence_percent;
+  int iterations = 0;   ///< of the last pass
+  int evaluations = 0;  ///< residual computations of all passes of both fits
+  int passes = 0;       ///< of the last fit
+  CorrelationMatrix correlation;
+  Array<Int16> freeIndex;  ///< 1..N: index of each free parameter among all
+};
+
+/// Fits the free parameters to the data and leaves values and errors in the session's parameter tables.
+///
+/// Data with errors in x are fitted twice, the second time with effective errors by the slope of the first
+/// solution, which stay in `ErrEff`. The main window is shut while it runs. After a failure `ErrFlag` is set;
+/// `ParValues` then holds the values tried last, or those from before the fit when a parameter had no effect.
+FitResult FitData(Session& session, Dialogs& dialogs, MainWindow& window, Clock& clock,
+                  FitObserver& observer);
+
+}  // namespace vk

@@ -1,0 +1,215 @@
+#include "analysis/FitScreen.h"
+
+#include <algorithm>
+
+#include "base/Guard.h"
+#include "base/Rounding.h"
+#include "base/Text.h"
+#include "session/SubMod.h"
+
+namespace vk {
+namespace {
+
+constexpr int kScreenMiddle = 40;
+constexpr int kLeastWidth = 49;
+constexpr int kLeastNameWidth = 3;
+constexpr int kFrameStyle = 3;
+
+constexpr int kWordRow = 4, kOutcomeRow = 5;
+constexpr int kFreedomRow = 4, kChiSquareRow = 5, kConfidenceRow = 6, kTimeRow = 6;
+constexpr int kTableTop = 8, kHeaderRow = 9;
+constexpr int kHeaderRule = 10;  // the i-th parameter stands on the i-th row below
+constexpr int kNameColumn = 3, kSecondsColumn = 3;
+// Columns of the screen.
+constexpr int kIterationsScreen = 29, kRightScreen = 42, kNumberScreen = 53;
+
+const std::string kCaption = "VOR_KEL: Adattamento Funzione Dati";
+const std::string kMinimisation = "Minimizzazione";
+const std::string kRunning = "in Corso";
+const std::string kCompleted = "Completata";
+const std::string kUnreliable = "NON Affidabile";
+
+const std::string kSeconds = "Sec. ";
+const std::string kIterations = "Iter. ";
+const std::string kCountMask = "####";
+const std::string kFreedom = "\xE6               ";
+const std::string kFreedomMask = "#####";
+const std::string kChiSquare = "X\xFD/\xE6       ";
+const std::string kChiSquareMask = "#.####^^^^";
+const std::string kConfidence = "Liv. Conf. ";
+const std::string kConfidenceMask = "###.####";
+const std::string kSmallConfidenceMask = "#.##^^^^";
+constexpr double kSmallConfidence = 0.001;
+const std::string kPerCent = " %";
+
+const std::string kNumberMask = "#.######^^^^";
+const std::string kStartPattern = ".000000E+00";
+const std::string kNoError = "___________";
+const std::string kMatrixMask = " #####";
+const std::string kNoMatrix = " _____";
+
+std::string titleOf(const Session& session) {
+  const std::string title = " " + trim(session.fun.FunctionText) + " ";
+  return length(title) % 2 == 0 ? title + " " : title;
+}
+
+int nameWidthOf(const Session& session) {
+  const int width = std::max<int>(kLeastNameWidth, session.par.ParNameWidth);
+  return width % 2 == 0 ? width + 1 : width;
+}
+
+// Rules, name, two numbers, and the matrix where there is one.
+int tableWidth(int nameWidth, int freeCount) {
+  return nameWidth + 34 + (freeCount > 1 ? 2 + 6 * freeCount : 0);
+}
+
+// The name in its field with a blank behind it, unless the name fills the column.
+std::string nameText(const ParameterSet& par, int parameter, int width) {
+  const std::string field = mid(par.ParNames, (parameter - 1) * kNameSlot + 11, kNameSlot);
+  return right(length(trim(field)) < width ? field + " " : field, width);
+}
+
+}  // namespace
+
+FitScreenLayout::FitScreenLayout(const Session& session, int free)
+    : title(titleOf(session)),
+      nameWidth(nameWidthOf(session)),
+      allCount(session.par.ParCount),
+      freeCount(free),
+      width(std::max({kLeastWidth, length(title), tableWidth(nameWidth, free)})),
+      half((width - 1) / 2),
+      leftColumn(kScreenMiddle - half),
+      rows(11 + allCount) {}
+
+FitScreen::FitScreen(const Session& session, OutputWindow& output) : session_(session), output_(output) {}
+
+void FitScreen::started(const FitStart& start) {
+  layout_.emplace(session_, start.N);
+  OutputRequest request;
+  request.rows = layout_->rows;
+  request.cols = layout_->width;
+  request.captions = kReportButtons;
+  request.caption = kCaption;
+  output_.OutShow(request);
+  drawStatusBlock();
+  drawTable();
+
+  const ParameterSet& par = session_.par;
+  int row = kHeaderRule;
+  for (int i = 1; i <= start.N; ++i) drawRow(++row, par.FreeIndex[i], start.X[i]);
+  for (int i = layout_->allCount; i > start.N; --i) {
+    drawRow(++row, par.FreeIndex[i], par.ParValues[par.FreeIndex[i]]);
+  }
+  output_.refresh();
+}
+
+void FitScreen::drawStatusBlock() {
+  drawFrame(1, 1, 3, layout_->width, layout_->title);
+  drawFrame(3, 1, 7, layout_->half);
+  drawFrame(3, layout_->half, 7, layout_->width);
+  printStatusWord(kWordRow, kMinimisation);
+  printStatusWord(kOutcomeRow, kRunning);
+  const int right = layout_->fromScreen(kRightScreen);
+  printAt(kTimeRow, kSecondsColumn, kSeconds + kCountMask);
+  printAt(kTimeRow, layout_->fromScreen(kIterationsScreen), kIterations + kCountMask);
+  printAt(kFreedomRow, right, kFreedom + kFreedomMask);
+  printAt(kChiSquareRow, right, kChiSquare + kChiSquareMask);
+  printAt(kConfidenceRow, right, kConfidence + kConfidenceMask + kPerCent);
+}
+
+void FitScreen::drawTable() {
+  const int name = layout_->nameWidth;
+  const int bottom = layout_->rows;
+  drawFrame(kTableTop, 1, bottom, layout_->width);
+  drawFrame(kTableTop, 1, kHeaderRule, layout_->width);
+  drawFrame(kTableTop, name + 4, bottom, name + 19);
+  drawFrame(kTableTop, name + 34, bottom, layout_->width);
+  printAt(kHeaderRow, kNameColumn + (name - kLeastNameWidth) / 2, "Par");
+  printAt(kHeaderRow, name + 9, "Valore");
+  printAt(kHeaderRow, name + 24, "Errore");
+  if (layout_->freeCount > 1) {
+    printAt(kHeaderRow, name + 35 + (6 * layout_->freeCount - 10) / 2, "Mat. Cor.%");
+  }
+}
+
+void FitScreen::drawRow(int row, int parameter, double value) {
+  printAt(row, kNameColumn, nameText(session_.par, parameter, layout_->nameWidth));
+  printAt(row, layout_->valueColumn(), FormatSigned(value, kStartPattern));
+  printAt(row, layout_->errorColumn(), kNoError);
+  if (layout_->freeCount < 2) return;
+  for (int b = 1; b <= layout_->freeCount; ++b) printAt(row, layout_->matrixColumn(b), kNoMatrix);
+}
+
+void FitScreen::progress(const FitProgress& progress) {
+  printFigures(progress);
+  printColumn(layout_->valueColumn(), progress.X);
+  output_.refresh();
+}
+
+void FitScreen::finished(const FitFinal& final) {
+  printColumn(layout_->valueColumn(), final.progress.X);
+  printColumn(layout_->errorColumn(), final.errors);
+  if (layout_->freeCount > 1) printMatrix(final.correlation);
+  printFigures(final.progress);
+  if (final.last) {
+    printStatusWord(kWordRow, kMinimisation);
+    printStatusWord(kOutcomeRow, final.unreliable ? kUnreliable : kCompleted);
+  }
+  output_.refresh();
+}
+
+void FitScreen::failed() {
+  output_.FrmOut_Exit();
+}
+
+// A figure that could not be computed leaves what stands in its place.
+void FitScreen::printFigures(const FitProgress& progress) {
+  const int right = layout_->fromScreen(kRightScreen);
+  printAt(kTimeRow, kSecondsColumn + length(kSeconds), FormatMask(progress.seconds, kCountMask));
+  printAt(kTimeRow, layout_->fromScreen(kIterationsScreen) + length(kIterations),
+          FormatMask(progress.iteration, kCountMask));
+  printAt(kFreedomRow, right + length(kFreedom), FormatMask(progress.degreesOfFreedom, kFreedomMask));
+  if (progress.reducedChiSquare) {
+    printAt(kChiSquareRow, layout_->fromScreen(kNumberScreen),
+            FormatMask(*progress.reducedChiSquare, kChiSquareMask));
+  }
+  if (progress.confidence) printConfidence(*progress.confidence);
+}
+
+void FitScreen::printConfidence(double confidence) {
+  const std::string& mask = confidence < kSmallConfidence ? kSmallConfidenceMask : kConfidenceMask;
+  printAt(kConfidenceRow, layout_->fromScreen(kNumberScreen), FormatMask(confidence, mask) + kPerCent);
+}
+
+void FitScreen::printColumn(int column, const Array<double>& numbers) {
+  for (int i = 1; i <= layout_->freeCount; ++i) {
+    printAt(kHeaderRule + i, column, FormatMask(numbers[i], kNumberMask));
+  }
+}
+
+void FitScreen::printMatrix(const CorrelationMatrix& correlation) {
+  for (int a = 2; a <= layout_->freeCount; ++a) {
+    for (int b = 1; b < a; ++b) {
+      // A statement that fails prints nothing.
+      guard([&] {
+        const Int16 perCent = toInt16(100 * correlation.at(a, b));
+        printAt(kHeaderRule + a, layout_->matrixColumn(b), FormatMask(perCent, kMatrixMask));
+      });
+    }
+  }
+}
+
+void FitScreen::printStatusWord(int row, const std::string& word) {
+  printAt(row, toInt16((layout_->half - length(word)) / 2.0 + 1), word);
+}
+
+void FitScreen::drawFrame(int row1, int column1, int row2, int column2, const std::string& title) {
+  output_.CharFrame(row1, column1, row2, column2, kFrameStyle, title);
+}
+
+void FitScreen::printAt(int row, int column, const std::string& text) {
+  output_.CharLocate(row, column);
+  output_.print(text);
+}
+
+}  // namespace vk

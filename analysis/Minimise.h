@@ -1,0 +1,96 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "analysis/BestPoints.h"
+#include "analysis/DirectionSet.h"
+#include "analysis/LineSearch.h"
+#include "base/Array.h"
+#include "base/Int16.h"
+
+/// Least squares without derivatives: a set of search directions with the residual changes that they cause,
+/// a linearised step, a search along it, and one direction replaced by what the search has taught.
+namespace vk {
+
+/// The weighted residuals whose sum of squares is made least.
+class Residuals {
+ public:
+  virtual ~Residuals() = default;
+  /// Fills F with the residuals at the parameters X, and `sum` with the sum of their squares. False when the
+  /// error flag is set afterwards, which ends the minimisation. A residual that cannot be computed keeps the
+  /// value that stood in F.
+  virtual bool ComputeResiduals(std::span<const double> X, std::span<double> F, double& sum) = 0;
+};
+
+/// Hears how a minimisation goes on.
+class MinimiseObserver {
+ public:
+  virtual ~MinimiseObserver() = default;
+  /// Before the first iteration of a pass and then every N iterations: iterations so far, present sum of
+  /// squares and parameters (index from 1).
+  virtual void progress(int iteration, double sum, const Array<double>& X) = 0;
+};
+
+/// Correlations of N parameters; indices from 1, symmetric, 1 on the diagonal.
+class CorrelationMatrix {
+ public:
+  CorrelationMatrix() = default;
+  explicit CorrelationMatrix(int count);
+  int size() const { return size_; }
+  double at(int a, int b) const;
+  void set(int a, int b, double value);
+
+ private:
+  std::size_t place(int a, int b) const;
+  int size_ = 0;
+  std::vector<double> full_;
+};
+
+/// Why a minimisation came to its end.
+enum class MinimiseEnd {
+  kCompleted,          ///< stage 3 has given errors; `TooCoarse` says whether they can be relied upon
+  kNoEffect,           ///< a parameter does not change the residuals; error flag -1
+  kResidualsFailed,    ///< the residuals could not be computed; the error flag is as they left it
+  kIndistinguishable,  ///< parameters whose effects cannot be told apart; error flag -1
+};
+
+struct MinimiseResult {
+  MinimiseEnd end = MinimiseEnd::kCompleted;
+  int parameter = 0;    ///< the one without effect, from 1
+  double FS = 0;        ///< sum of the squares at the end
+  int iterations = 0;   ///< of the last pass
+  int evaluations = 0;  ///< residual computations of all passes
+  int passes = 0;       ///< 1 to 4
+  Flag TooCoarse;
+  Array<double> errors;  ///< 1..N
+  CorrelationMatrix correlation;
+};
+
+struct MinimiseOptions {
+  Int16 icon = 1;      ///< progress every icon * N iterations; 0 for none
+  Int16 maxit = 1000;  ///< residual computations of a pass, above which the iterations end
+  double step = 0.5;   ///< first step of each search, in units of the linearised step
+};
+
+/// Work space of a minimisation; can serve several of the same size.
+struct MinimiseWork {
+  MinimiseWork(int M, int N);
+
+  std::vector<double> base;  ///< residuals at the starting point of a pass
+  DirectionSet directions;
+  BestPoints best;
+  LineSearchState search;
+  std::vector<double> dots, coefficients, step;
+};
+
+/// Makes the sum of squares of M residuals least over N parameters.
+///
+/// F (1..M) holds the residuals, X (1..N) the parameters, in and out. E (1..N) is the accuracy asked for, the
+/// step of the first differences and the unit of the step lengths; it is lowered where the errors ask for it,
+/// and the minimisation is then repeated, at most 3 times. After a failure X is the point tried last.
+MinimiseResult Minimise(Residuals& residuals, Int16 M, Int16 N, Array<double>& F, Array<double>& X,
+                        Array<double>& E, const MinimiseOptions& options, MinimiseWork& W, Int16& errFlag,
+                        MinimiseObserver& observer);
+
+}  // namespace vk

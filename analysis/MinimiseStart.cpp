@@ -1,0 +1,55 @@
+// Stage 1 of a minimisation: one direction for each parameter, by differences.
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/Minimiser.h"
+
+namespace vk {
+
+bool Minimiser::findFirstDirections() {
+  double sum = 0;
+  if (!computeResiduals(sum)) return false;
+  std::ranges::copy(F, W.base.begin());
+  W.directions.clear();
+  for (std::size_t i = 0; i < X.size(); ++i) {
+    if (!addFirstDirection(i)) return false;
+  }
+  std::ranges::copy(W.base, F.begin());
+  FS = dot(F, F);
+  nf = static_cast<int>(X.size()) + 1;
+  result_.iterations = 0;
+  untilProgress_ = 0;
+  lastSearch_ = false;
+  exhausted_ = false;
+  return true;
+}
+
+// A step that is too small for the size of the number would be lost in its last digits. For a parameter that
+// is 0 it becomes 0, and the direction then shows no effect.
+void Minimiser::raiseTinyAccuracy(std::size_t i) {
+  if (std::abs(E[i]) / (1 + std::abs(X[i])) < 1E-6) E[i] = 1E-5 * std::abs(X[i]);
+}
+
+bool Minimiser::addFirstDirection(std::size_t i) {
+  raiseTinyAccuracy(i);
+  double sum = 0;
+  X[i] = X[i] + E[i];
+  if (!computeResiduals(sum)) return false;
+  X[i] = X[i] - E[i];
+
+  Direction& direction = W.directions.next();
+  std::ranges::fill(direction.displacement, 0.0);
+  std::ranges::transform(F, W.base, direction.change.begin(), std::minus{});
+  const double S = dot(direction.change, direction.change);
+  if (!(S > 0)) {
+    result_.parameter = static_cast<int>(i) + 1;
+    return fail(MinimiseEnd::kNoEffect);
+  }
+  const double q = 1 / std::sqrt(S);
+  direction.displacement[i] = E[i] * q;
+  for (double& change : direction.change) change = change * q;
+  W.directions.add();
+  return true;
+}
+
+}  // namespace vk

@@ -1,0 +1,242 @@
+#include "analysis/LineSearch.h"
+
+#include <cmath>
+#include <limits>
+
+namespace vk {
+namespace {
+
+using Function = std::function<double(double)>;
+
+struct Search {
+  int itest = kSearchBeginAt;
+  double from = 0;
+  int maxfun = 20;
+  double absacc = 0.01;
+  double relacc = 0.01;
+  double xstep = 0.5;
+};
+
+struct Outcome {
+  std::vector<double> points;  // in the order in which they were asked for
+  int itest;
+  double x, f;
+};
+
+Outcome run(const Function& function, const Search& search = {}) {
+  LineSearchState state;
+  Int16 itest = search.itest;
+  double x = search.from;
+  double f = search.itest == kSearchBeginAt ? function(x) : -1E300;
+  Outcome outcome{};
+  while (true) {
+    LineSearch(state, itest, x, f, search.maxfun, search.absacc, search.relacc, search.xstep);
+    if (itest != kSearchEvaluate) break;
+    outcome.points.push_back(x);
+    f = function(x);
+  }
+  outcome.itest = itest;
+  outcome.x = x;
+  outcome.f = f;
+  return outcome;
+}
+
+Function parabola(double minimum) {
+  return [=](double x) { return (x - minimum) * (x - minimum); };
+}
+
+double level(double) {
+  return 1;
+}
+
+TEST(LineSearch, FindsTheMinimumOfAParabola) {
+  const Outcome outcome = run(parabola(0.7));
+  // Downhill to 0.5, a third point as far behind it, then the predicted minimum.
+  ASSERT_THAT(outcome.points, testing::Pointwise(testing::DoubleNear(1E-15), {0.5, 1.0, 0.7}));
+  EXPECT_EQ(outcome.itest, kSearchAccurate);
+  EXPECT_NEAR(outcome.x, 0.7, 1E-15);
+  EXPECT_NEAR(outcome.f, 0, 1E-30);
+}
+
+TEST(LineSearch, ReflectsAfterAnUphillStepAndDoublesWhatItAdds) {
+  const Outcome outcome = run(parabola(-3));
+  // 0.5 is uphill: -0.5. The minimum predicted, -3, is farther than one step: -1.5. Now it is within two.
+  EXPECT_THAT(outcome.points, testing::ElementsAre(0.5, -0.5, -1.5, -3));
+  EXPECT_EQ(outcome.itest, kSearchAccurate);
+  EXPECT_EQ(outcome.x, -3);
+  EXPECT_EQ(outcome.f, 0);
+}
+
+TEST(LineSearch, ExtendsWithTheDoubledStepWhenTheFirstTwoValuesAreEqual) {
+  const Outcome outcome = run(level, {.maxfun = 5});
+  EXPECT_THAT(outcome.points, testing::ElementsAre(0.5, 1.5, 3.5, 7.5, 15.5));
+  EXPECT_EQ(outcome.itest, kSearchExhausted);
+  EXPECT_EQ(outcome.x, 0);
+  EXPECT_EQ(outcome.f, 1);
+}
+
+TEST(LineSearch, ReflectsAtTheBaseWhenTheValueBehindAnEqualPairIsHigher) {
+  const Outcome outcome = run([](double x) { return x > 1 ? 2.0 : 1.0; }, {.maxfun = 3});
+  // 0.5 is level with 0; 1.5 is uphill from 0, so -1.5.
+  EXPECT_THAT(outcome.points, testing::ElementsAre(0.5, 1.5, -1.5));
+}
+
+TEST(LineSearch, EndsAtTheBestPointAfterTwentyValues) {
+  const Outcome outcome = run([](double x) { return -x; });
+  ASSERT_EQ(outcome.points.size(), 20U);
+  EXPECT_EQ(outcome.itest, kSearchExhausted);
+  EXPECT_EQ(outcome.x, 262144);
+  EXPECT_EQ(outcome.f, -262144);
+}
+
+TEST(LineSearch, ExtendsAMonotoneFunctionByDoubling) {
+  const Outcome outcome = run([](double x) { return -x; }, {.maxfun = 8});
+  EXPECT_THAT(outcome.points, testing::ElementsAre(0.5, 1, 2, 4, 8, 16, 32, 64));
+}
+
+TEST(LineSearch, WithoutAValueToSpendEndsAtItsStart) {
+  const Outcome outcome = run(parabola(2), {.from = 1.5, .maxfun = 0});
+  EXPECT_TRUE(outcome.points.empty());
+  EXPECT_EQ(outcome.itest, kSearchExhausted);
+  EXPECT_EQ(outcome.x, 1.5);
+  EXPECT_EQ(outcome.f, 0.25);
+}
+
+TEST(LineSearch, AsksForTheValueAtItsStartWhenItDoesNotHaveIt) {
+  const Outcome outcome = run(parabola(0.7), {.itest = kSearchBegin, .from = 0.25});
+  ASSERT_FALSE(outcome.points.empty());
+  EXPECT_EQ(outcome.points[0], 0.25);
+  EXPECT_EQ(outcome.points[1], 0.75);
+  EXPECT_NEAR(outcome.x, 0.7, 1E-15);
+}
+
+TEST(LineSearch, CountsThreeValuesForTheOneAtItsStart) {
+  const Outcome outcome = run([](double x) { return -x; }, {.itest = kSearchBegin, .maxfun = 20});
+  EXPECT_EQ(outcome.points.size(), 18U);
+  EXPECT_EQ(outcome.itest, kSearchExhausted);
+}
+
+TEST(LineSearch, TakesTheAccuracyByItsSize) {
+  const Function cosh = [](double x) { return std::cosh(x - 1); };
+  const Outcome positive = run(cosh, {.absacc = 0.3, .relacc = 0});
+  const Outcome negative = run(cosh, {.absacc = -0.3, .relacc = 0});
+  const Outcome none = run(cosh, {.absacc = 0, .relacc = 0});
+  EXPECT_EQ(positive.points, negative.points);
+  EXPECT_EQ(negative.itest, kSearchAccurate);
+  EXPECT_GT(none.points.size(), negative.points.size());
+}
+
+TEST(LineSearch, HalvesBetweenTwoEqualPoints) {
+  const Function flatBottom = [](double x) { return std::max(0.0, std::abs(x - 2) - 1); };
+  const Outcome outcome = run(flatBottom, {.maxfun = 6});
+  EXPECT_THAT(outcome.points, testing::ElementsAre(0.5, 1, 2, 1.5, 1.75, 1.625));
+  EXPECT_EQ(outcome.f, 0);
+}
+
+TEST(LineSearch, EndsWhenTwoEqualPointsCannotBeToldApart) {
+  const Function flatBottom = [](double x) { return std::max(0.0, std::abs(x - 2) - 1); };
+  const Outcome outcome = run(flatBottom, {.maxfun = 200});
+  EXPECT_EQ(outcome.itest, kSearchFlat);
+  EXPECT_EQ(outcome.f, 0);
+  EXPECT_LT(outcome.points.size(), 100U);
+}
+
+TEST(LineSearch, EndsWhenThePredictionFallsOnAPointItHas) {
+  // a = (2, 4), b = (0, 0) of x*x, and the value at 1 comes in: the parabola's minimum is b itself.
+  LineSearchState state;
+  state.is = 1;
+  state.inc = 1;
+  state.d = 1;
+  state.xa = 2, state.fa = 4;
+  state.xb = 0, state.fb = 0;
+  Int16 itest = kSearchEvaluate;
+  double x = 1;
+  double f = 1;
+  LineSearch(state, itest, x, f, 20, 0.01, 0.01, 0.5);
+  EXPECT_EQ(itest, kSearchFlat);
+  EXPECT_EQ(x, 0);
+  EXPECT_EQ(f, 0);
+}
+
+TEST(LineSearch, EndsWhenNoPlaceIsLeftBetweenThePointAndTheBracketsEnd) {
+  // A bracket whose far end coincides with b, and values on a straight line: nothing is left to halve.
+  LineSearchState state;
+  state.is = 2;
+  state.inc = 2;
+  state.d = 4;
+  state.xa = 2, state.fa = 2;
+  state.xb = 3, state.fb = 1;
+  Int16 itest = kSearchEvaluate;
+  double x = 4;
+  double f = 0;
+  LineSearch(state, itest, x, f, 20, 0.01, 0.01, 0.5);
+  EXPECT_EQ(itest, kSearchFlat);
+  EXPECT_EQ(x, 4);
+  EXPECT_EQ(f, 0);
+}
+
+TEST(LineSearch, GoesOnAfterAPredictionBetweenTheTwoLowestPoints) {
+  // Prediction at 0.5 between a = 0 and b = 1; it replaces b, and the next parabola has its minimum at 0.5.
+  LineSearchState state;
+  state.is = 1;
+  state.inc = 2;
+  state.d = 1;
+  state.xp = 0.5;
+  state.xa = 0, state.fa = 1;
+  state.xb = 1, state.fb = 2;
+  state.xc = -1, state.fc = 3;
+  Int16 itest = kSearchEvaluate;
+  double x = 0.5;
+  double f = 1.25;
+  LineSearch(state, itest, x, f, 20, 0.001, 0.001, 0.5);
+  EXPECT_EQ(state.xb, 0.5);
+  EXPECT_EQ(state.fb, 1.25);
+  EXPECT_EQ(state.xa, 0);
+}
+
+TEST(LineSearch, ExchangesTheTwoHigherPointsBeforeAPredictionIsTaken) {
+  // c is above b, so they change places; the prediction 0.25 lies outside a and the new b and is the lowest.
+  LineSearchState state;
+  state.is = 1;
+  state.inc = 2;
+  state.xp = 0.25;
+  state.xa = 0, state.fa = 1;
+  state.xb = 1, state.fb = 2;
+  state.xc = -1, state.fc = 3;
+  Int16 itest = kSearchEvaluate;
+  double x = 0.25;
+  double f = 0.5;
+  LineSearch(state, itest, x, f, 20, 1E-9, 1E-9, 0.5);
+  EXPECT_EQ(state.xa, 0.25);  // the new point
+  EXPECT_EQ(state.xb, 0);     // the lowest so far
+  EXPECT_EQ(state.xc, 1);
+  EXPECT_EQ(state.d, 0);  // the bracket ends there
+}
+
+TEST(LineSearch, EndsOnValuesThatAreNoNumbers) {
+  const Outcome outcome = run([](double) { return std::numeric_limits<double>::quiet_NaN(); });
+  EXPECT_LE(outcome.points.size(), 20U);
+  EXPECT_EQ(outcome.itest, kSearchExhausted);
+}
+
+TEST(LineSearch, ServesTwoSearchesAtOnceBecauseItNeverCallsTheFunction) {
+  LineSearchState left, right;
+  Int16 leftTest = kSearchBeginAt, rightTest = kSearchBeginAt;
+  double xLeft = 0, xRight = 0, fLeft = 9, fRight = 0.49;
+  while (leftTest == kSearchEvaluate || rightTest == kSearchEvaluate || leftTest == rightTest) {
+    if (leftTest != kSearchAccurate) {
+      LineSearch(left, leftTest, xLeft, fLeft, 20, 0.01, 0.01, 0.5);
+      if (leftTest == kSearchEvaluate) fLeft = parabola(-3)(xLeft);
+    }
+    if (rightTest != kSearchAccurate) {
+      LineSearch(right, rightTest, xRight, fRight, 20, 0.01, 0.01, 0.5);
+      if (rightTest == kSearchEvaluate) fRight = parabola(0.7)(xRight);
+    }
+    if (leftTest == kSearchAccurate && rightTest == kSearchAccurate) break;
+  }
+  EXPECT_EQ(xLeft, -3);
+  EXPECT_NEAR(xRight, 0.7, 1E-15);
+}
+
+}  // namespace
+}  // namespace vk

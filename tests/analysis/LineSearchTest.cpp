@@ -1,6 +1,8 @@
 #include "analysis/LineSearch.h"
 
+#include <array>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 namespace vk {
@@ -176,15 +178,14 @@ TEST(LineSearch, EndsWhenNoPlaceIsLeftBetweenThePointAndTheBracketsEnd) {
 }
 
 TEST(LineSearch, GoesOnAfterAPredictionBetweenTheTwoLowestPoints) {
-  // Prediction at 0.5 between a = 0 and b = 1; it replaces b, and the next parabola has its minimum at 0.5.
+  // c is not above b, and the prediction 0.5 lies between a = 0 and b = 1: it takes the place of b.
   LineSearchState state;
   state.is = 1;
   state.inc = 2;
-  state.d = 1;
   state.xp = 0.5;
   state.xa = 0, state.fa = 1;
   state.xb = 1, state.fb = 2;
-  state.xc = -1, state.fc = 3;
+  state.xc = -1, state.fc = 1.5;
   Int16 itest = kSearchEvaluate;
   double x = 0.5;
   double f = 1.25;
@@ -192,6 +193,7 @@ TEST(LineSearch, GoesOnAfterAPredictionBetweenTheTwoLowestPoints) {
   EXPECT_EQ(state.xb, 0.5);
   EXPECT_EQ(state.fb, 1.25);
   EXPECT_EQ(state.xa, 0);
+  EXPECT_EQ(state.xc, -1);
 }
 
 TEST(LineSearch, ExchangesTheTwoHigherPointsBeforeAPredictionIsTaken) {
@@ -220,22 +222,23 @@ TEST(LineSearch, EndsOnValuesThatAreNoNumbers) {
 }
 
 TEST(LineSearch, ServesTwoSearchesAtOnceBecauseItNeverCallsTheFunction) {
-  LineSearchState left, right;
-  Int16 leftTest = kSearchBeginAt, rightTest = kSearchBeginAt;
-  double xLeft = 0, xRight = 0, fLeft = 9, fRight = 0.49;
-  while (leftTest == kSearchEvaluate || rightTest == kSearchEvaluate || leftTest == rightTest) {
-    if (leftTest != kSearchAccurate) {
-      LineSearch(left, leftTest, xLeft, fLeft, 20, 0.01, 0.01, 0.5);
-      if (leftTest == kSearchEvaluate) fLeft = parabola(-3)(xLeft);
+  struct Running {
+    Function function;
+    LineSearchState state = {};
+    Int16 itest = kSearchBeginAt;
+    double x = 0;
+    double f = function(0);
+  };
+  std::array searches{Running{parabola(-3)}, Running{parabola(0.7)}};
+  for (int round = 0; round < 20; ++round) {
+    for (Running& r : searches) {
+      if (r.itest == kSearchAccurate) continue;
+      LineSearch(r.state, r.itest, r.x, r.f, 20, 0.01, 0.01, 0.5);
+      if (r.itest == kSearchEvaluate) r.f = r.function(r.x);
     }
-    if (rightTest != kSearchAccurate) {
-      LineSearch(right, rightTest, xRight, fRight, 20, 0.01, 0.01, 0.5);
-      if (rightTest == kSearchEvaluate) fRight = parabola(0.7)(xRight);
-    }
-    if (leftTest == kSearchAccurate && rightTest == kSearchAccurate) break;
   }
-  EXPECT_EQ(xLeft, -3);
-  EXPECT_NEAR(xRight, 0.7, 1E-15);
+  EXPECT_EQ(searches[0].x, -3);
+  EXPECT_NEAR(searches[1].x, 0.7, 1E-15);
 }
 
 }  // namespace

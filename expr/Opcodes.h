@@ -122,6 +122,13 @@ constexpr const Operation& operationOf(int opcode) {
   return kUnknownOperation;
 }
 
+/// The kind of any byte, for the evaluators.
+inline constexpr std::array kKinds = [] {
+  std::array<OpKind, 256> kinds{};
+  for (std::size_t i = 0; i < kinds.size(); ++i) kinds[i] = operationOf(static_cast<int>(i)).kind;
+  return kinds;
+}();
+
 /// The arity digits in the order of the function numbers.
 inline std::string arityDigits() {
   std::string digits;

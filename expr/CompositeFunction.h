@@ -1,0 +1,89 @@
+#pragma once
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include "expr/PlainOperations.h"
+#include "session/Session.h"
+
+/// The composite functions f[g(x)] of the catalogue by plain arithmetic: written once, for one point and for
+/// columns of points. Each is one statement; it failed where its result is not finite.
+namespace vk {
+
+inline constexpr double kFailed = std::numeric_limits<double>::quiet_NaN();
+
+/// Inner functions up to this one have a formula here; the others run as compiled code.
+inline constexpr int kLastPlainInner = 5;
+
+inline bool isPlainInner(int index) {
+  return index >= 1 && index <= kLastPlainInner;
+}
+
+/// A table entry, or `kFailed` where the table has none: the statement that reads it fails.
+inline double entryOf(const Array<double>& table, int index) {
+  return index >= 0 && index <= table.upper() ? table[index] : kFailed;
+}
+
+/// Calls `use` with inner function 1..5: double (double x).
+template <class Use>
+auto withInner(const Session& session, Use&& use) {
+  const double p1 = entryOf(session.par.ParValues, 1);
+  const double p2 = entryOf(session.par.ParValues, 2);
+  const double p3 = entryOf(session.par.ParValues, 3);
+  switch (session.fun.InnerIndex) {
+    case 1:
+      return use([=](double) { return p1; });
+    case 2:
+      return use([=](double x) { return x * p1 + p2; });
+    case 3:
+      return use([=](double x) { return x * x * p1 + x * p2 + p3; });
+    case 4:
+      return use([=](double x) { return ((x - p1) * (x - p1) + p2) / p3; });
+    default:
+      return use([=](double x) {
+        const double divisor = std::pow(x * x - p2 * p2, 2.0) + x * x * (p3 * p3);
+        // An infinite divisor would hide behind the quotient 0.
+        return isFinite(divisor) ? p1 / divisor : kFailed;
+      });
+  }
+}
+
+/// Calls `use` with the outer function: double (double x, double u).
+template <class Use>
+auto withOuter(const Session& session, Use&& use) {
+  const int k = session.par.ParCount;
+  const double last = entryOf(session.par.ParValues, k);
+  const double lastButOne = entryOf(session.par.ParValues, k - 1);
+  switch (session.fun.OuterIndex) {
+    case 2:
+      return use([](double, double u) { return u * u; });
+    case 3:
+      return use([](double, double u) { return 1 / u; });
+    // QUIRK: roots and logarithms of |u|, where the same function as a text has none of |u|.
+    case 4:
+      return use([](double, double u) { return std::sqrt(std::fabs(u)); });
+    case 5:
+      return use([=](double x, double u) { return (x + last) / u; });
+    case 6:
+      return use([=](double, double u) { return last * std::log(std::fabs(u)); });
+    case 7:
+      return use([=](double, double u) { return last * std::exp(u); });
+    case 8:
+      return use([=](double, double u) { return last * std::sin(u); });
+    case 9:
+      return use([=](double x, double u) {
+        const double exponent = -last * x;
+        // exp(-infinity) would hide the overflow.
+        return isFinite(exponent) ? lastButOne * std::exp(exponent) * std::sin(u) : kFailed;
+      });
+    default:
+      return use([](double, double u) { return u; });
+  }
+}
+
+/// Puts the point and the current parameters into the values of the compiled model. What has no place there
+/// is left out.
+void setModelValues(Session& session, double x);
+
+}  // namespace vk

@@ -15,6 +15,7 @@ class MainWindow {
   virtual void setMenuEnabled(const std::string& control, bool enabled) = 0;
   virtual void setMenuVisible(const std::string& control, bool visible) = 0;
   virtual void setMenuChecked(const std::string& control, bool checked) = 0;
+  /// "&" stands before the access key, "&&" for the sign itself.
   virtual void setMenuCaption(const std::string& control, const std::string& caption) = 0;
 
   /// Text of a status panel, 1..5; the panel takes the size of its text.

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+/// The table of commands: every entry of the menus, from which the window builds its menus and the dispatcher
+/// finds its handlers.
+namespace vk {
+
+enum class CommandKind {
+  kMenu,     ///< opens its sub-entries
+  kCommand,  ///< runs a handler
+  kCheck,    ///< runs a handler and bears a check mark, off at start
+  kRecent,   ///< an entry of a recent list; its caption is set when a file is put there
+  kNothing,  ///< has no command
+};
+
+struct Command {
+  std::string_view control;
+  std::string_view parent;   ///< control of the menu that holds it; empty for the five top menus
+  std::string_view caption;  ///< Windows-1252, "&" before the access key
+  CommandKind kind;
+  bool enabled;  ///< at start; the entries that follow the session's flags start off
+  bool visible;
+};
+
+/// All entries in the order of the menus, each behind its parent.
+std::span<const Command> commandTable();
+
+/// The entry of a control name; nothing for a name that is none.
+const Command* findCommand(std::string_view control);
+
+}  // namespace vk

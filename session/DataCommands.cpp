@@ -1,0 +1,82 @@
+#include "session/DataCommands.h"
+
+#include "session/DataFiles.h"
+#include "session/FileSelection.h"
+#include "session/Msg.h"
+
+namespace vk {
+namespace {
+
+constexpr const char* kReadCaption = "VOR_KEL: Lettura File Dati";
+constexpr int kLeastPoints = 2;
+
+void tell(Dialogs& dialogs, const std::string& text) {
+  dialogs.Get_Msg({.caption = kReadCaption, .text = text, .icon = kExclamation, .captions = {"&Continua"}});
+}
+
+void tellErrors(const Session& session, Dialogs& dialogs, OutputWindow& output, const std::string& name,
+                const std::string& errors) {
+  if (session.ShowErrors != kFalse) {
+    output.OutShow(reportRequest(std::string(kReadCaption) + " - ERRORI", errors));
+  } else {
+    tell(dialogs, "Errori nella Lettura del File Dati: " + name + "!");
+  }
+}
+
+/// The figures and differences drawn so far describe the data before.
+void forgetFigures(Session& session) {
+  session.GraphText.fill("");
+  session.DiffText.clear();
+}
+
+/// False when the command ends without the refresh of the display.
+bool readDataFile(Session& session, Files& files, Dialogs& dialogs, OutputWindow& output,
+                  MainWindow& window) {
+  std::string name;
+  if (!pickFileToRead(session, files, dialogs, kReadCaption, kDataKind, name)) return true;
+  std::string errors;
+  Int16 declaredCount, validCount;
+  Flag hasXErrors;
+  CheckDataFile(session, files, name, errors, declaredCount, validCount, hasXErrors);
+  if (session.ErrFlag != 0) {
+    tellErrors(session, dialogs, output, name, errors);
+    return true;
+  }
+  if (!acceptCounts(dialogs, declaredCount, validCount)) return false;
+  LoadDataFile(session, files, name, validCount, hasXErrors);
+  forgetFigures(session);
+  addRecentFile(session, window, kDataKind, name);
+  window.setMenuEnabled("MenDatSav", true);
+  return true;
+}
+
+}  // namespace
+
+void MenDatLet(Session& session, Files& files, Dialogs& dialogs, OutputWindow& output, MainWindow& window) {
+  // QUIRK: the picked recent entry stays picked, so the next read takes that place of the list without asking.
+  if (readDataFile(session, files, dialogs, output, window)) Msg(session, window);
+}
+
+bool acceptCounts(Dialogs& dialogs, Int16 declaredCount, Int16 validCount) {
+  if (declaredCount != validCount) tell(dialogs, "Numero Dati Dichiarati Diverso da Numero Dati Trovati!");
+  if (validCount >= kLeastPoints) return true;
+  tell(dialogs, "Il File Contiene Meno di 2 Dati!");
+  return false;
+}
+
+void MenDatSav(Session& session, Files& files, Dialogs& dialogs) {
+  std::string name;
+  if (!pickFileToSave(session, files, dialogs, "VOR_KEL: Salva con Nome File Dati", kDataKind, name)) return;
+  files.writeAll(name, dataFileText(session.data));
+}
+
+void MenGraLetFil(Session& session, Files& files, Dialogs& dialogs, MainWindow& window) {
+  std::string name;
+  if (!pickFileToRead(session, files, dialogs, "VOR_KEL: Lettura File Grafico", kGraphicKind, name)) return;
+  session.GraFile = name;
+  session.GraDefined = kTrue;
+  addRecentFile(session, window, kGraphicKind, name);
+  Msg(session, window);
+}
+
+}  // namespace vk

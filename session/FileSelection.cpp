@@ -1,0 +1,181 @@
+#include "session/FileSelection.h"
+
+#include <array>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace vk {
+namespace {
+
+/// What the kinds of file differ in.
+struct KindOfFile {
+  const char* label;
+  std::string Session::*folder;
+  std::string Session::*extension;
+  RecentList Session::*recent;
+  const char* recentMenu;
+  bool remembersFolder;
+};
+
+// QUIRK: function files are always offered in the folder set at start or in the directory panel, never in that
+// of the last one, so that a library folder stays at hand.
+constexpr std::array<KindOfFile, 3> kKinds{{
+    {"Dati", &Session::DataDir, &Session::DataExt, &Session::RecentData, "MenDatOld", true},
+    {"Funzioni", &Session::FunDir, &Session::FunExt, &Session::RecentFun, "MenFunOld", false},
+    {"Grafici", &Session::GraDir, &Session::GraExt, &Session::RecentGra, "MenGraOld", true},
+}};
+
+const KindOfFile& kindOf(Int16 kind) {
+  if (kind < kDataKind || kind > kGraphicKind) throw RuntimeError(kIndexOutOfRange);
+  return kKinds[static_cast<std::size_t>(kind - kDataKind)];
+}
+
+FileRequest requestFor(const Session& session, const std::string& caption, const std::string& name,
+                       const KindOfFile& kind, Int16 mode) {
+  const std::string& extension = session.*kind.extension;
+  const std::string pattern = "*." + extension;
+  return {.save = mode == kPickToSave,
+          .caption = caption,
+          .folder = session.*kind.folder,
+          .filter = "Tutti i File (*.*)|*.*|File " + std::string(kind.label) + " (" + pattern + ")|" +
+                    pattern + "|",
+          .filterIndex = 2,
+          .proposedName = name,
+          .defaultExtension = extension};
+}
+
+/// What stands before the first occurrence of the file's own name in its path, without the final separator; a
+/// file of the root has the folder "/".
+std::string folderBefore(const std::string& path, const std::string& fileName) {
+  // QUIRK: a folder that bears the file's name ends the path there.
+  std::string folder = left(path, position(path, fileName) - 1);
+  if (folder == "/") return folder;
+  if (folder.ends_with('/') || folder.ends_with('\\')) folder.pop_back();
+  return folder;
+}
+
+void rememberPlace(Session& session, const KindOfFile& kind, const std::string& path) {
+  if (!kind.remembersFolder) return;
+  session.*kind.folder = folderBefore(path, GetFileName(path));
+  session.*kind.extension = GetExtensionName(path);
+}
+
+/// Tells that a file is missing; true when the user wants to choose another one.
+bool wantsAnotherFile(Dialogs& dialogs, const KindOfFile& kind, const std::string& name) {
+  const std::string label = kind.label;
+  return dialogs.Get_Msg({.caption = "VOR_KEL: Lettura File " + label,
+                          .text = "Il File " + label + " Specificato: " + name + " NON Esiste!",
+                          .icon = kExclamation,
+                          .captions = {"&Continua", "&Rinuncia"}}) == 1;
+}
+
+enum OverwriteAnswer : int { kReplace = 1, kOtherName = 2, kGiveUp = 3 };
+
+int askToOverwrite(Dialogs& dialogs, const std::string& caption) {
+  // QUIRK: the name is missing between the two blanks.
+  return dialogs.Get_Msg({.caption = caption,
+                          .text = "FILE  gia` Esistente: Sovrascrivo?",
+                          .icon = kQuestion,
+                          .captions = {"&Si", "&No", "&Continua"}});
+}
+
+bool wantsToRetry(Dialogs& dialogs, const std::string& caption, const std::string& name) {
+  return dialogs.Get_Msg({.caption = caption,
+                          .text = "Specificazione File: " + name + " ERRATA!",
+                          .icon = kExclamation,
+                          .captions = {"&Riprova", "&Continua"}}) == 1;
+}
+
+/// A menu takes "&" as the mark of the access key.
+std::string inMenu(const std::string& path) {
+  std::string text;
+  for (const char c : path) text += c == '&' ? "&&" : std::string{c};
+  return text;
+}
+
+}  // namespace
+
+void PickFile(Session& session, Files& files, Dialogs& dialogs, const std::string& caption, std::string& name,
+              Int16 kind, Int16 mode) {
+  session.ErrFlag = 0;
+  session.FileKind = kind;
+  const KindOfFile& which = kindOf(kind);
+  std::string proposed = name;
+  for (;;) {
+    const auto chosen = dialogs.fileDialog(requestFor(session, caption, proposed, which, mode));
+    if (!chosen) {
+      session.ErrFlag = kCancelled;
+      return;
+    }
+    if (mode != kPickExisting || files.FileExists(*chosen)) {
+      name = *chosen;
+      break;
+    }
+    if (!wantsAnotherFile(dialogs, which, *chosen)) {
+      session.ErrFlag = kTrue;
+      return;
+    }
+    proposed.clear();
+  }
+  if (mode == kPickExisting) rememberPlace(session, which, name);
+}
+
+bool pickFileToRead(Session& session, Files& files, Dialogs& dialogs, const std::string& caption, Int16 kind,
+                    std::string& name) {
+  session.ErrFlag = 0;
+  const RecentList& list = recentList(session, kind);
+  if (list.pick == 0) {
+    PickFile(session, files, dialogs, caption, name, kind, kPickExisting);
+  } else {
+    name = list.files[list.pick];
+  }
+  return session.ErrFlag == 0;
+}
+
+bool pickFileToSave(Session& session, Files& files, Dialogs& dialogs, const std::string& caption, Int16 kind,
+                    std::string& name) {
+  for (;;) {
+    PickFile(session, files, dialogs, caption, name, kind, kPickToSave);
+    const bool cancelled = session.ErrFlag != 0;
+    session.ErrFlag = 0;
+    if (cancelled) return false;
+    const int answer = files.FileExists(name) ? askToOverwrite(dialogs, caption) : kReplace;
+    if (answer == kGiveUp) return false;
+    if (answer == kOtherName) continue;
+    if (files.canWrite(name)) return true;
+    if (!wantsToRetry(dialogs, caption, name)) return false;
+  }
+}
+
+RecentList& recentList(Session& session, Int16 kind) {
+  return session.*kindOf(kind).recent;
+}
+
+std::string recentControl(Int16 kind, int index) {
+  return std::string(kindOf(kind).recentMenu) + "(" + std::to_string(index) + ")";
+}
+
+void addRecentFile(Session& session, MainWindow& window, Int16 kind, const std::string& path) {
+  RecentList& list = recentList(session, kind);
+  const auto show = [&](int entry) {
+    window.setMenuCaption(recentControl(kind, entry - 1),
+                          "&" + std::to_string(entry) + " " + inMenu(list.files[entry]));
+  };
+  if (list.RecentCount < list.RecentMax) {
+    window.setMenuVisible(recentControl(kind, list.RecentCount), true);
+    ++list.RecentCount;
+  }
+  for (int entry = list.RecentCount; entry >= 2; --entry) {
+    list.files[entry] = list.files[entry - 1];
+    show(entry);
+  }
+  list.files[1] = path;
+  show(1);
+}
+
+void pickRecentFile(Session& session, Int16 kind, int index) {
+  recentList(session, kind).pick = index + 1;
+}
+
+}  // namespace vk

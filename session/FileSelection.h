@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/MainWindow.h"
+#include "session/Session.h"
+
+/// The one way to a file name, and the lists of the files read last.
+namespace vk {
+
+enum PickMode : int {
+  kPickExisting = 0,  ///< a file to be read, which must exist
+  kPickForEditor = 1,
+  kPickToSave = 2,
+};
+
+/// Asks for a file name; `name` is proposed and takes the answer.
+///
+/// `ErrFlag` is 0 for a name, 32755 after a cancel, -1 when the user gave up at the message on a missing file;
+/// in both latter cases `name` is as it was. `kPickExisting` remembers folder and extension of data files and
+/// of graphic files. `FileKind` becomes `kind`.
+void PickFile(Session& session, Files& files, Dialogs& dialogs, const std::string& caption, std::string& name,
+              Int16 kind, Int16 mode);
+
+/// The file of a reading command: the recent entry that was picked, else the user is asked. False when the
+/// command is to stop; `ErrFlag` then tells why.
+bool pickFileToRead(Session& session, Files& files, Dialogs& dialogs, const std::string& caption, Int16 kind,
+                    std::string& name);
+
+/// The file of a saving command: asks for a name, before an existing file is replaced, and again when a name
+/// cannot be written. False when the user stopped. `ErrFlag` is 0 in either case.
+bool pickFileToSave(Session& session, Files& files, Dialogs& dialogs, const std::string& caption, Int16 kind,
+                    std::string& name);
+
+/// The list of recent files of a kind.
+RecentList& recentList(Session& session, Int16 kind);
+
+/// Control name of an entry of a recent list, index 0..3.
+std::string recentControl(Int16 kind, int index);
+
+/// Puts a file in front of its recent list and shows the list in its menu.
+void addRecentFile(Session& session, MainWindow& window, Int16 kind, const std::string& path);
+
+/// Makes the next reading command of this kind take entry `index` (from 0) of its list.
+void pickRecentFile(Session& session, Int16 kind, int index);
+
+}  // namespace vk

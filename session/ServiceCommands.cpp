@@ -1,0 +1,15 @@
+#include "session/ServiceCommands.h"
+
+namespace vk {
+
+void MenSerErr(Session& session, MainWindow& window) {
+  session.ShowErrors = ~session.ShowErrors;
+  window.setMenuChecked("MenSerErr", session.ShowErrors != kFalse);
+}
+
+void MenSerCal(Files& files, Process& process, Dialogs& dialogs) {
+  if (process.start(joinPath(files.programFolder(), "tabulo"))) return;
+  dialogs.plainBox(kProgramTitle, "Calcolatrice NON Trovata!     <*> per Continuare");
+}
+
+}  // namespace vk

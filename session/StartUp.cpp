@@ -1,0 +1,29 @@
+#include "session/StartUp.h"
+
+#include "session/Commands.h"
+
+namespace vk {
+
+std::string workingFolder(Files& files) {
+  for (const std::string& folder : {files.programFolder(), files.documentsFolder()}) {
+    if (files.isWritableFolder(folder)) return folder;
+  }
+  return files.currentFolder();
+}
+
+void setFirstFolders(Session& session, Files& files) {
+  const std::string folder = workingFolder(files);
+  session.DataDir = session.FunDir = session.GraDir = folder;
+  session.WorkDir.fill(folder);
+}
+
+void setFirstMenus(MainWindow& window) {
+  for (const Command& command : commandTable()) {
+    const std::string control(command.control);
+    window.setMenuEnabled(control, command.enabled);
+    window.setMenuVisible(control, command.visible);
+    if (command.kind == CommandKind::kCheck) window.setMenuChecked(control, false);
+  }
+}
+
+}  // namespace vk

@@ -1,0 +1,104 @@
+#include "session/Commands.h"
+
+#include <map>
+#include <set>
+#include <string>
+
+namespace vk {
+namespace {
+
+TEST(CommandTable, HasEveryCaptionWithItsAccessKey) {
+  const std::map<std::string_view, std::string_view> captions{
+      {"MenDat", "&Dati"},
+      {"MenDatLet", "&Lettura File"},
+      {"MenDatMod", "&Modifica File"},
+      {"MenDatSav", "Salva con &Nome"},
+      {"MenDatTra", "&Trasformazione Dati"},
+      {"MenDatSim", "&Simulazione Dati"},
+      {"MenFun", "&Funzioni"},
+      {"MenFunSel", "&Selezione Funzione"},
+      {"MenFunVar", "Sostituzione &Variabili"},
+      {"MenFunLet", "&Lettura File"},
+      {"MenFunMod", "&Modifica File"},
+      {"MenFunCar", "&Carica Funzione"},
+      {"MenGra", "&Grafici"},
+      {"MenGraDat", "&Dati"},
+      {"MenGraDatVis", "&Visualizza"},
+      {"MenGraDatGra", "Salva File &Grafico"},
+      {"MenGraFun", "Dati e &Funzione"},
+      {"MenGraFunVis", "&Visualizza"},
+      {"MenGraFunGra", "Salva File &Grafico"},
+      {"MenGraDif", "D&ifferenze"},
+      {"MenGraDifVis", "&Visualizza"},
+      {"MenGraDifGra", "Salva File &Grafico"},
+      {"MenGraDifSav", "Salva File &Differenze"},
+      {"MenGraLetFil", "&Lettura File Grafico"},
+      {"MenGraModFil", "&Modifica File Grafico"},
+      {"MenGraVisFil", "&Visualizza File Grafico"},
+      {"MenGraPriFil", "&Stampa File Grafico"},
+      {"MenAda", "&Adattamento"},
+      {"MenAdaPar", "&Parametri Iniziali"},
+      {"MenAdaAda", "&Adattamento Funzione-Dati"},
+      {"MenSer", "&Servizi"},
+      {"MenSerCal", "&Calcolatrice"},
+      {"MenSerPro", "&Propagazione Errori"},
+      {"MenSerMod", "&Modifica Diario"},
+      {"MenSerOpz", "&Opzioni"},
+      {"MenSerImpDir", "&Directory di Lavoro"},
+      {"MenSerImpGra", "Impostazioni &Grafiche"},
+      {"MenSerErr", "&Visualizzazione Messaggi Errori"},
+  };
+  std::map<std::string_view, std::string_view> found;
+  for (const Command& command : commandTable()) {
+    if (command.kind != CommandKind::kRecent) found[command.control] = command.caption;
+  }
+  EXPECT_EQ(found, captions);
+}
+
+TEST(CommandTable, HasTheFiveTopMenusInTheirOrder) {
+  std::vector<std::string_view> top;
+  for (const Command& command : commandTable()) {
+    if (command.parent.empty()) top.push_back(command.control);
+  }
+  EXPECT_EQ(top, (std::vector<std::string_view>{"MenDat", "MenFun", "MenGra", "MenAda", "MenSer"}));
+}
+
+TEST(CommandTable, EachEntryStandsBehindAMenuThatHoldsIt) {
+  std::set<std::string_view> menus{""};
+  for (const Command& command : commandTable()) {
+    EXPECT_TRUE(menus.contains(command.parent)) << command.control;
+    if (command.kind == CommandKind::kMenu) menus.insert(command.control);
+  }
+}
+
+TEST(CommandTable, TheRecentEntriesEndTheirMenusAndAreHidden) {
+  std::map<std::string_view, int> recent;
+  for (const Command& command : commandTable()) {
+    if (command.kind == CommandKind::kRecent) {
+      EXPECT_FALSE(command.visible);
+      EXPECT_EQ(command.control,
+                std::string(command.parent) + "Old(" + std::to_string(recent[command.parent]++) + ")");
+    } else {
+      EXPECT_FALSE(recent.contains(command.parent)) << command.control;
+    }
+  }
+  EXPECT_EQ(recent, (std::map<std::string_view, int>{{"MenDat", 4}, {"MenFun", 4}, {"MenGra", 4}}));
+}
+
+TEST(CommandTable, TwoEntriesAreHiddenAndHaveNoCommand) {
+  for (const char* control : {"MenSerMod", "MenFunVar"}) {
+    const Command* command = findCommand(control);
+    ASSERT_NE(command, nullptr);
+    EXPECT_EQ(command->kind, CommandKind::kNothing);
+    EXPECT_FALSE(command->visible);
+    EXPECT_FALSE(command->enabled);
+  }
+}
+
+TEST(CommandTable, NamesAreUniqueAndFound) {
+  for (const Command& command : commandTable()) EXPECT_EQ(findCommand(command.control), &command);
+  EXPECT_EQ(findCommand("MenNone"), nullptr);
+}
+
+}  // namespace
+}  // namespace vk

@@ -1,0 +1,319 @@
+#include "session/DataCommands.h"
+
+#include <functional>
+
+#include "base/RuntimeError.h"
+#include "doubles/Doubles.h"
+#include "doubles/MemoryFiles.h"
+#include "doubles/ScriptedDialogs.h"
+#include "doubles/ScriptedForms.h"
+#include "session/FileSelection.h"
+
+namespace vk {
+namespace {
+
+int errorOf(const std::function<void()>& statement) {
+  try {
+    statement();
+  } catch (const RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+const std::string kGood = "t\r\ns\r\n2\r\n1 2 .1\r\n2 4 .2\r\n";
+const std::string kBad = "t\r\ns\r\n2\r\n1 2 .1\r\n2 x .2\r\n3 6 .3\r\n";
+
+class DataCommandsTest : public testing::Test {
+ protected:
+  void read() { MenDatLet(session, files, dialogs, output, window); }
+  void read(const std::string& name) {
+    dialogs.pick(name);
+    read();
+  }
+  void save() { MenDatSav(session, files, dialogs); }
+  void expectMessage(const std::string& caption, const std::string& text, std::vector<std::string> buttons) {
+    ASSERT_EQ(dialogs.messages.size(), 1U);
+    EXPECT_EQ(dialogs.messages[0].caption, caption);
+    EXPECT_EQ(dialogs.messages[0].text, text);
+    EXPECT_EQ(dialogs.messages[0].captions, buttons);
+  }
+
+  Session session;
+  MemoryFiles files;
+  ScriptedDialogs dialogs;
+  RecordingOutput output;
+  RecordingMainWindow window;
+};
+
+TEST_F(DataCommandsTest, AskingForADataFile) {
+  files.content["/x/A.DAT"] = kGood;
+  read("/x/A.DAT");
+  EXPECT_EQ(dialogs.fileRequests[0].caption, "VOR_KEL: Lettura File Dati");
+  EXPECT_EQ(dialogs.fileRequests[0].filter, "Tutti i File (*.*)|*.*|File Dati (*.DAT)|*.DAT|");
+  EXPECT_FALSE(dialogs.fileRequests[0].save);
+}
+
+TEST_F(DataCommandsTest, ACancelLeavesTheDataAndTheCode) {
+  dialogs.pick(std::nullopt);
+  read();
+  EXPECT_EQ(session.ErrFlag, 32755);
+  EXPECT_EQ(session.DataFile, "Nessuno");
+  EXPECT_EQ(session.DataDefined, 0);
+  EXPECT_EQ(session.data.NumPnt, 100);
+  EXPECT_EQ(session.RecentData.RecentCount, 0);
+  EXPECT_EQ(window.panels[1], "Dati: Nessuno");
+}
+
+TEST_F(DataCommandsTest, AGoodFileIsTakenOver) {
+  files.content["/x/A.DAT"] = kGood;
+  session.GraphText = {"", "a", "b", "c"};
+  session.DiffText = "d";
+  read("/x/A.DAT");
+  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_EQ(session.DataFile, "/x/A.DAT");
+  EXPECT_EQ(session.DataDefined, -1);
+  EXPECT_EQ(session.data.NumPnt, 2);
+  EXPECT_EQ(session.data.Ypnt[2], 4);
+  for (int i = 1; i <= 3; ++i) EXPECT_EQ(session.GraphText[static_cast<std::size_t>(i)], "");
+  EXPECT_EQ(session.DiffText, "");
+  EXPECT_EQ(session.RecentData.files[1], "/x/A.DAT");
+  EXPECT_TRUE(window.menuEnabled["MenDatSav"]);
+  EXPECT_TRUE(window.menuEnabled["MenDatTra"]);
+  EXPECT_EQ(window.panels[1], "Dati: A.DAT");
+  EXPECT_EQ(window.menuCaption["MenDatOld(0)"], "&1 /x/A.DAT");
+}
+
+TEST_F(DataCommandsTest, WithErrorsAndLongMessagesTheListIsShown) {
+  files.content["/x/A.DAT"] = kBad;
+  session.ShowErrors = kTrue;
+  read("/x/A.DAT");
+  ASSERT_EQ(output.requests.size(), 1U);
+  const OutputRequest& request = output.requests[0];
+  EXPECT_EQ(request.rows, 25);
+  EXPECT_EQ(request.cols, 80);
+  EXPECT_EQ(request.captions, (std::vector<std::string>{"&Continua", "&Stampa", "Co&pia"}));
+  EXPECT_EQ(request.caption, "VOR_KEL: Lettura File Dati - ERRORI");
+  EXPECT_EQ(request.text, "***ERR. Linea 5; Dato 2: x\r\n   Dato NON numerico\r\n");
+  EXPECT_EQ(session.ErrFlag, -1);
+}
+
+TEST_F(DataCommandsTest, WithErrorsAndShortMessagesOneQuestionTells) {
+  files.content["/x/A.DAT"] = kBad;
+  dialogs.press(1);
+  read("/x/A.DAT");
+  expectMessage("VOR_KEL: Lettura File Dati", "Errori nella Lettura del File Dati: /x/A.DAT!", {"&Continua"});
+  EXPECT_EQ(dialogs.messages[0].icon, kExclamation);
+  EXPECT_TRUE(output.requests.empty());
+}
+
+TEST_F(DataCommandsTest, AFileWithErrorsLeavesTheOldData) {
+  files.content["/x/A.DAT"] = kGood;
+  files.content["/x/B.DAT"] = kBad;
+  read("/x/A.DAT");
+  session.GraphText[1] = "drawn";
+  dialogs.press(1);
+  read("/x/B.DAT");
+  EXPECT_EQ(session.DataFile, "/x/A.DAT");
+  EXPECT_EQ(session.DataDefined, -1);
+  EXPECT_EQ(session.data.NumPnt, 2);
+  EXPECT_EQ(session.data.Ypnt[2], 4);
+  EXPECT_EQ(session.GraphText[1], "drawn");
+  EXPECT_EQ(session.RecentData.RecentCount, 1);
+}
+
+TEST_F(DataCommandsTest, AnotherNumberOfPointsThanDeclaredIsAWarningOnly) {
+  files.content["/x/A.DAT"] = "t\r\ns\r\n7\r\n1 2 .1\r\n2 4 .2\r\n";
+  dialogs.press(1);
+  read("/x/A.DAT");
+  expectMessage("VOR_KEL: Lettura File Dati", "Numero Dati Dichiarati Diverso da Numero Dati Trovati!",
+                {"&Continua"});
+  EXPECT_EQ(session.data.NumPnt, 2);
+  EXPECT_EQ(session.DataDefined, -1);
+}
+
+TEST_F(DataCommandsTest, FewerThanTwoPointsAreToldBehindTheWarning) {
+  dialogs.press(1);
+  dialogs.press(1);
+  EXPECT_FALSE(acceptCounts(dialogs, 3, 1));
+  EXPECT_EQ(dialogs.messages[0].text, "Numero Dati Dichiarati Diverso da Numero Dati Trovati!");
+  EXPECT_EQ(dialogs.messages[1].text, "Il File Contiene Meno di 2 Dati!");
+  EXPECT_EQ(dialogs.messages[1].caption, "VOR_KEL: Lettura File Dati");
+  EXPECT_EQ(dialogs.messages[1].captions, (std::vector<std::string>{"&Continua"}));
+  EXPECT_TRUE(acceptCounts(dialogs, 2, 2));
+}
+
+// QUIRK: a picked recent entry stays picked.
+TEST_F(DataCommandsTest, ThePickedPlaceOfTheListIsReadAgainWithoutADialog) {
+  files.content["/x/A.DAT"] = kGood;
+  files.content["/x/B.DAT"] = kGood;
+  read("/x/A.DAT");
+  read("/x/B.DAT");
+  pickRecentFile(session, kDataKind, 1);
+  read();
+  EXPECT_EQ(session.DataFile, "/x/A.DAT");
+  EXPECT_EQ(session.RecentData.pick, 2);
+  read();
+  EXPECT_EQ(session.DataFile, "/x/B.DAT");
+  EXPECT_EQ(dialogs.fileRequests.size(), 2U);
+  EXPECT_EQ(session.RecentData.RecentCount, 4);
+}
+
+TEST_F(DataCommandsTest, ARecentEntryIsReadAfterAnEarlierCancel) {
+  files.content["/x/A.DAT"] = kGood;
+  read("/x/A.DAT");
+  dialogs.pick(std::nullopt);
+  read();
+  pickRecentFile(session, kDataKind, 0);
+  read();
+  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_EQ(session.RecentData.RecentCount, 2);
+}
+
+// QUIRK: the check does not see the last point, the load has no room for it.
+TEST_F(DataCommandsTest, ALastPointWithoutALineEndWarnsAndFails) {
+  files.content["/x/A.DAT"] = "t\r\ns\r\n3\r\n1 2 .1\r\n2 4 .2\r\n3 6 .3";
+  dialogs.press(1);
+  EXPECT_EQ(errorOf([&] { read("/x/A.DAT"); }), kIndexOutOfRange);
+  EXPECT_EQ(dialogs.messages[0].text, "Numero Dati Dichiarati Diverso da Numero Dati Trovati!");
+}
+
+TEST_F(DataCommandsTest, ARecentFileThatHasGoneIsARunTimeError) {
+  files.content["/x/A.DAT"] = kGood;
+  read("/x/A.DAT");
+  files.content.clear();
+  pickRecentFile(session, kDataKind, 0);
+  EXPECT_EQ(errorOf([&] { read(); }), kFileNotFound);
+}
+
+TEST_F(DataCommandsTest, SavingAsksForAName) {
+  dialogs.pick(std::nullopt);
+  session.ErrFlag = 5;
+  save();
+  EXPECT_EQ(dialogs.fileRequests[0].caption, "VOR_KEL: Salva con Nome File Dati");
+  EXPECT_TRUE(dialogs.fileRequests[0].save);
+  EXPECT_EQ(dialogs.fileRequests[0].filter, "Tutti i File (*.*)|*.*|File Dati (*.DAT)|*.DAT|");
+  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_TRUE(files.written.empty());
+}
+
+TEST_F(DataCommandsTest, SavingWritesTheDataAndGoesOnWithTheFileRead) {
+  files.content["/x/A.DAT"] = kGood;
+  read("/x/A.DAT");
+  dialogs.pick("/y/B.DAT");
+  save();
+  EXPECT_EQ(files.content["/y/B.DAT"],
+            "t\r\ns\r\n 2\r\n"
+            "  1.00000E+00   2.00000E+00   1.00000E-01 \r\n"
+            "  2.00000E+00   4.00000E+00   2.00000E-01 \r\n");
+  EXPECT_EQ(session.DataFile, "/x/A.DAT");
+  EXPECT_EQ(session.DataDir, "/x");
+  EXPECT_EQ(session.RecentData.RecentCount, 1);
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(DataCommandsTest, WhatWasSavedReadsBack) {
+  files.content["/x/A.DAT"] = "t\r\ns\r\n2 1\r\n1.234567 2 .1 .3\r\n-2E-7 4 .2 .3\r\n";
+  read("/x/A.DAT");
+  dialogs.pick("/x/B.DAT");
+  save();
+  read("/x/B.DAT");
+  EXPECT_EQ(session.data.kXpntErr, -1);
+  EXPECT_EQ(session.data.Xpnt[1], 1.23457);
+  EXPECT_EQ(session.data.Xpnt[2], -2E-7);
+  EXPECT_EQ(session.data.ErrXpnt[2], 0.2);
+}
+
+// QUIRK: the question has two blanks and no name.
+TEST_F(DataCommandsTest, AnExistingFileIsReplacedOnlyOnYes) {
+  files.content["/x/OLD.DAT"] = "old";
+  dialogs.pick("/x/OLD.DAT");
+  dialogs.press(1);
+  save();
+  expectMessage("VOR_KEL: Salva con Nome File Dati", "FILE  gia` Esistente: Sovrascrivo?",
+                {"&Si", "&No", "&Continua"});
+  EXPECT_EQ(dialogs.messages[0].icon, kQuestion);
+  EXPECT_EQ(files.written, (std::vector<std::string>{"/x/OLD.DAT"}));
+}
+
+TEST_F(DataCommandsTest, NoAsksForAnotherName) {
+  files.content["/x/OLD.DAT"] = "old";
+  dialogs.pick("/x/OLD.DAT");
+  dialogs.press(2);
+  dialogs.pick("/x/NEW.DAT");
+  save();
+  EXPECT_EQ(files.written, (std::vector<std::string>{"/x/NEW.DAT"}));
+  EXPECT_EQ(files.content["/x/OLD.DAT"], "old");
+}
+
+TEST_F(DataCommandsTest, ContinueStopsTheSaving) {
+  files.content["/x/OLD.DAT"] = "old";
+  dialogs.pick("/x/OLD.DAT");
+  dialogs.press(3);
+  save();
+  EXPECT_TRUE(files.written.empty());
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(DataCommandsTest, AnUnusableNameIsToldAndCanBeTriedAgain) {
+  files.notWritable.insert("/x/NO.DAT");
+  dialogs.pick("/x/NO.DAT");
+  dialogs.press(1);
+  dialogs.pick("/x/NEW.DAT");
+  save();
+  expectMessage("VOR_KEL: Salva con Nome File Dati", "Specificazione File: /x/NO.DAT ERRATA!",
+                {"&Riprova", "&Continua"});
+  EXPECT_EQ(files.written, (std::vector<std::string>{"/x/NEW.DAT"}));
+}
+
+TEST_F(DataCommandsTest, ContinueAfterAnUnusableNameStopsWithAClearFlag) {
+  files.notWritable.insert("/x/NO.DAT");
+  dialogs.pick("/x/NO.DAT");
+  dialogs.press(2);
+  save();
+  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_TRUE(files.written.empty());
+}
+
+TEST_F(DataCommandsTest, ADiskThatFailsWhileWritingIsARunTimeError) {
+  files.writeError["/x/A.DAT"] = kDeviceIoError;
+  dialogs.pick("/x/A.DAT");
+  EXPECT_EQ(errorOf([&] { save(); }), kDeviceIoError);
+}
+
+TEST_F(DataCommandsTest, AGraphicFileIsOnlyNoted) {
+  files.content["/g/A.GRA"] = "whatever";
+  files.readError["/g/A.GRA"] = kDeviceIoError;
+  dialogs.pick("/g/A.GRA");
+  MenGraLetFil(session, files, dialogs, window);
+  EXPECT_EQ(dialogs.fileRequests[0].caption, "VOR_KEL: Lettura File Grafico");
+  EXPECT_EQ(dialogs.fileRequests[0].filter, "Tutti i File (*.*)|*.*|File Grafici (*.GRA)|*.GRA|");
+  EXPECT_EQ(session.GraFile, "/g/A.GRA");
+  EXPECT_EQ(session.GraDefined, -1);
+  EXPECT_EQ(session.RecentGra.files[1], "/g/A.GRA");
+  EXPECT_TRUE(window.menuEnabled["MenGraVisFil"]);
+  EXPECT_TRUE(window.menuEnabled["MenGraPriFil"]);
+  EXPECT_EQ(window.panels[3], "Gra.: A.GRA");
+}
+
+TEST_F(DataCommandsTest, ACancelledGraphicFileLeavesTheOldOne) {
+  session.GraFile = "OLD.GRA";
+  dialogs.pick(std::nullopt);
+  MenGraLetFil(session, files, dialogs, window);
+  EXPECT_EQ(session.GraFile, "OLD.GRA");
+  EXPECT_EQ(session.GraDefined, 0);
+  EXPECT_EQ(session.ErrFlag, 32755);
+}
+
+// QUIRK: a picked recent entry stays picked.
+TEST_F(DataCommandsTest, APickedGraphicFileStaysPicked) {
+  addRecentFile(session, window, kGraphicKind, "/g/A.GRA");
+  pickRecentFile(session, kGraphicKind, 0);
+  MenGraLetFil(session, files, dialogs, window);
+  MenGraLetFil(session, files, dialogs, window);
+  EXPECT_EQ(session.RecentGra.pick, 1);
+  EXPECT_EQ(session.RecentGra.RecentCount, 3);
+}
+
+}  // namespace
+}  // namespace vk

@@ -1,0 +1,71 @@
+#include "session/Refusals.h"
+
+#include "doubles/ScriptedDialogs.h"
+
+namespace vk {
+namespace {
+
+class RefusalsTest : public testing::Test {
+ protected:
+  void set(bool function, bool data, bool parameters = false) {
+    session.FunDefined = toFlag(function);
+    session.DataDefined = toFlag(data);
+    session.ParVar = toFlag(parameters);
+  }
+  void expectRefusedFigure(int figure, const char* text) {
+    dialogs.expectBox();
+    EXPECT_FALSE(canDrawFigure(session, dialogs, figure));
+    EXPECT_EQ(dialogs.boxes.back(), (ScriptedDialogs::Box{"VOR_KEL", text}));
+  }
+  void expectRefusedFit(const char* text) {
+    dialogs.expectBox();
+    EXPECT_FALSE(canFit(session, dialogs));
+    EXPECT_EQ(dialogs.boxes.back(), (ScriptedDialogs::Box{"ERRORE !", text}));
+  }
+
+  Session session;
+  ScriptedDialogs dialogs;
+};
+
+TEST_F(RefusalsTest, TheDataFigureNeedsDataOnly) {
+  expectRefusedFigure(kDataFigure, "Dati NON Definiti!     <*> per Continuare");
+  set(false, true);
+  EXPECT_TRUE(canDrawFigure(session, dialogs, kDataFigure));
+}
+
+TEST_F(RefusalsTest, FiguresWithAFunctionTellWhatIsMissing) {
+  for (const int figure : {kFunctionFigure, kDifferencesFigure}) {
+    set(false, true);
+    expectRefusedFigure(figure, "Funzione NON Definita!     <*> per Continuare");
+    set(true, false);
+    expectRefusedFigure(figure, "Dati NON Definiti!     <*> per Continuare");
+    set(false, false);
+    expectRefusedFigure(figure, "Dati e Funzione NON definiti!     <*> per Continuare");
+    set(true, true);
+    EXPECT_TRUE(canDrawFigure(session, dialogs, figure));
+  }
+}
+
+TEST_F(RefusalsTest, TheFitTellsWhatIsMissing) {
+  set(false, true, true);
+  expectRefusedFit("Funzione NON Definita!  <*> per Continuare");
+  set(true, false, true);
+  expectRefusedFit("Dati NON Definiti!  <*> per Continuare");
+  set(false, false);
+  expectRefusedFit("Dati e Funzione NON definiti!  <*> per Continuare");
+  set(true, true, false);
+  expectRefusedFit("Parametri NON Definiti!  <*> per Continuare");
+}
+
+TEST_F(RefusalsTest, TheFitDoesNotMissParametersBeforeDataAndFunctionAreThere) {
+  set(true, false, false);
+  expectRefusedFit("Dati NON Definiti!  <*> per Continuare");
+}
+
+TEST_F(RefusalsTest, WithEverythingThereTheFitStarts) {
+  set(true, true, true);
+  EXPECT_TRUE(canFit(session, dialogs));
+}
+
+}  // namespace
+}  // namespace vk

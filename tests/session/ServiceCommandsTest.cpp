@@ -1,0 +1,40 @@
+#include "session/ServiceCommands.h"
+
+#include "doubles/Doubles.h"
+#include "doubles/MemoryFiles.h"
+#include "doubles/ScriptedDialogs.h"
+
+namespace vk {
+namespace {
+
+TEST(MenSerErr, TogglesItsMarkAndTheSwitchTogether) {
+  Session session;
+  RecordingMainWindow window;
+  for (const int expected : {-1, 0, -1}) {
+    MenSerErr(session, window);
+    EXPECT_EQ(session.ShowErrors, expected);
+    EXPECT_EQ(window.menuChecked["MenSerErr"], expected != 0);
+  }
+}
+
+TEST(MenSerCal, StartsACalculatorEachTime) {
+  MemoryFiles files;
+  RecordingProcess process;
+  ScriptedDialogs dialogs;
+  MenSerCal(files, process, dialogs);
+  MenSerCal(files, process, dialogs);
+  EXPECT_EQ(process.started, (std::vector<std::string>{"/program/tabulo", "/program/tabulo"}));
+}
+
+TEST(MenSerCal, AMissingCalculatorIsTold) {
+  MemoryFiles files;
+  RecordingProcess process;
+  process.works = false;
+  ScriptedDialogs dialogs;
+  dialogs.expectBox();
+  MenSerCal(files, process, dialogs);
+  EXPECT_EQ(dialogs.boxes[0].title, "VOR_KEL");
+}
+
+}  // namespace
+}  // namespace vk

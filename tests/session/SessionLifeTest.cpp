@@ -1,0 +1,129 @@
+#include <random>
+
+#include "base/RuntimeError.h"
+#include "doubles/Doubles.h"
+#include "doubles/MemoryFiles.h"
+#include "doubles/ScriptedDialogs.h"
+#include "doubles/ScriptedForms.h"
+#include "session/DataCommands.h"
+#include "session/DataFiles.h"
+#include "session/FileSelection.h"
+#include "session/Msg.h"
+#include "session/Refusals.h"
+#include "session/ServiceCommands.h"
+#include "session/StartUp.h"
+
+/// What holds over whole runs of commands.
+namespace vk {
+namespace {
+
+/// A program with its window, for one user.
+struct Desk {
+  explicit Desk(MemoryFiles& files) {
+    setFirstFolders(session, files);
+    setFirstMenus(window);
+    Msg(session, window);
+  }
+  void read(MemoryFiles& files, const std::string& name) {
+    dialogs.pick(name);
+    MenDatLet(session, files, dialogs, output, window);
+  }
+
+  Session session;
+  ScriptedDialogs dialogs;
+  RecordingOutput output;
+  RecordingMainWindow window;
+};
+
+TEST(TwoSessions, LiveSideBySide) {
+  MemoryFiles files;
+  files.content["/a/A.DAT"] = "t\r\ns\r\n2\r\n1 2 .1\r\n2 4 .2\r\n";
+  files.content["/b/B.TXT"] = "u\r\nv\r\n3 1\r\n1 2 .1 .1\r\n2 4 .2 .1\r\n3 6 .2 .1\r\n";
+  Desk first(files), second(files);
+  first.read(files, "/a/A.DAT");
+  second.read(files, "/b/B.TXT");
+  MenSerErr(second.session, second.window);
+
+  EXPECT_EQ(first.session.data.NumPnt, 2);
+  EXPECT_EQ(second.session.data.NumPnt, 3);
+  EXPECT_EQ(first.session.data.kXpntErr, 0);
+  EXPECT_EQ(second.session.data.kXpntErr, -1);
+  EXPECT_EQ(first.session.DataDir, "/a");
+  EXPECT_EQ(second.session.DataExt, "TXT");
+  EXPECT_EQ(first.session.ShowErrors, 0);
+  EXPECT_EQ(first.window.panels[1], "Dati: A.DAT");
+  EXPECT_EQ(second.window.panels[1], "Dati: B.TXT");
+  EXPECT_EQ(first.session.RecentData.files[1], "/a/A.DAT");
+  EXPECT_EQ(second.session.RecentData.files[1], "/b/B.TXT");
+}
+
+/// A user who answers by chance.
+class RandomDialogs : public Dialogs {
+ public:
+  RandomDialogs(std::mt19937& chance, std::vector<std::string> names)
+      : chance_(chance), names_(std::move(names)) {}
+  int Get_Msg(const MessageRequest& request) override {
+    return 1 + below(static_cast<int>(request.captions.size()));
+  }
+  void plainBox(const std::string&, const std::string&) override {}
+  std::optional<std::string> fileDialog(const FileRequest&) override {
+    const int which = below(static_cast<int>(names_.size()) + 1);
+    if (which == 0) return std::nullopt;
+    return names_[static_cast<std::size_t>(which - 1)];
+  }
+  int below(int limit) { return static_cast<int>(chance_() % static_cast<unsigned>(limit)); }
+
+ private:
+  std::mt19937& chance_;
+  std::vector<std::string> names_;
+};
+
+void expectFlags(const Session& session) {
+  for (const Flag flag : {session.DataDefined, session.FunFileRead, session.FunDefined, session.ParametersSet,
+                          session.ParVar, session.GraDefined, session.ShowErrors, session.FitRunning,
+                          session.PropagationMode, session.TraceEnabled, session.Landscape, session.BeepOn,
+                          session.data.kXpntErr, session.SimFirstTime}) {
+    ASSERT_TRUE(flag == -1 || flag == 0) << flag;
+  }
+}
+
+TEST(Flags, AreExactlyMinusOneOrZeroAfterEveryCommand) {
+  std::mt19937 chance(1);
+  MemoryFiles files;
+  files.content = {{"/GOOD.DAT", "t\r\ns\r\n2 1\r\n1 2 .1 .1\r\n2 4 .2 .1\r\n"},
+                   {"/MORE.DAT", "t\ns\n9\n1 2 .1\n2 4 .2\n3 3 3\n"},
+                   {"/BAD.DAT", "t\r\ns\r\nx\r\n1 2 .1\r\n"},
+                   {"/A.GRA", ""}};
+  files.notWritable.insert("/LOCKED.DAT");
+  RandomDialogs dialogs(chance, {"/good.dat", "/MORE.DAT", "/BAD.DAT", "/A.GRA", "/NONE.DAT", "/LOCKED.DAT"});
+  Session session;
+  RecordingOutput output;
+  RecordingMainWindow window;
+  RecordingProcess process;
+  const std::vector<std::function<void()>> commands{
+      [&] { MenDatLet(session, files, dialogs, output, window); },
+      [&] { MenDatSav(session, files, dialogs); },
+      [&] { MenGraLetFil(session, files, dialogs, window); },
+      [&] { MenSerErr(session, window); },
+      [&] { MenSerCal(files, process, dialogs); },
+      [&] { canDrawFigure(session, dialogs, 1 + dialogs.below(3)); },
+      [&] { canFit(session, dialogs); },
+      [&] { ReadDataPlain(session, files, dialogs, session.DataFile, toFlag(dialogs.below(2) == 0)); },
+      [&] {
+        // A user can click only the entries that are shown.
+        const int kind = 1 + 2 * dialogs.below(2);
+        RecentList& list = recentList(session, kind);
+        list.pick = dialogs.below(list.RecentCount + 1);
+      },
+  };
+  for (int step = 0; step < 3000; ++step) {
+    commands[static_cast<std::size_t>(dialogs.below(static_cast<int>(commands.size())))]();
+    expectFlags(session);
+    ASSERT_EQ(session.data.Xpnt.upper(), session.data.NumPnt);
+    ASSERT_LE(session.RecentData.RecentCount, 4);
+  }
+  EXPECT_EQ(session.DataDefined, -1);
+}
+
+}  // namespace
+}  // namespace vk

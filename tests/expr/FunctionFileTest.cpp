@@ -370,6 +370,40 @@ TEST_F(FunctionFileTest, BinaryRubbishIsRefusedAndChangesNothing) {
   EXPECT_TRUE(entries().empty());
 }
 
+// What passes the check can be loaded and taken: the compiled model and the tables agree on the parameters.
+TEST_F(FunctionFileTest, EveryRandomFileIsEitherRefusedOrCanBeTaken) {
+  const std::vector<std::string> pieces{"A", "B",    "x",  "p1",   ",",   ",",   "+",  "*",
+                                        "(", ")",    "@",  "/",    "2.5", "&",   "%",  "#",
+                                        " ", "SIN(", "\t", "\xFD", "A,B", "A*x", "A@B"};
+  unsigned state = 4711;
+  const auto next = [&](std::size_t range) {
+    state = state * 1664525U + 1013904223U;
+    return (state >> 16) % range;
+  };
+  int taken = 0;
+  for (int file = 0; file < 10000; ++file) {
+    const bool good = next(2) == 0;  // half of the files begin well
+    std::string bytes = good ? "A,B\r\n" : "";
+    for (std::size_t line = good ? 2 : 3 + next(4) / 3; line > 0; --line) {
+      for (std::size_t piece = 1 + next(3); piece > 0; --piece) bytes += pieces[next(pieces.size())];
+      bytes += "\r\n";
+    }
+    read(bytes);
+    if (session.ErrFlag != 0) continue;
+    BuildCatalogue(session);
+    loadFunction(session, 1);
+    session.FunDefined = kFalse;
+    session.fun.InnerIndex = 6;
+    session.fun.OuterIndex = 1;
+    TakeFunction(session, 0, 0);
+    ASSERT_EQ(session.model.nPar, session.par.ParCount) << bytes;
+    ASSERT_GT(session.model.Values.upper(), session.model.nPar) << bytes;
+    ASSERT_FALSE(session.model.Code.empty()) << bytes;
+    ++taken;
+  }
+  EXPECT_GT(taken, 100);
+}
+
 TEST_F(FunctionFileTest, MoreRecordsThanA16BitCountIsARuntimeError) {
   std::string bytes;
   for (int i = 0; i < 32768; ++i) bytes += "a\n";

@@ -1,0 +1,84 @@
+#include "expr/FunctionCommands.h"
+
+#include "expr/FunMod.h"
+#include "session/FileSelection.h"
+#include "session/Msg.h"
+
+namespace vk {
+namespace {
+
+constexpr const char* kReadCaption = "VOR_KEL: Lettura File Funzioni";
+
+/// The file has been read without error: its functions replace all that came from the file before.
+void takeFile(Session& session, MainWindow& window, FunctionForms& forms, const std::string& name) {
+  session.FunFile = name;
+  session.FunFileRead = kTrue;
+  window.setMenuEnabled("MenFunCar", true);
+  forms.refillLoadList();
+  const bool lost = dropLoadedFunctions(session);
+  forms.refillSelection();
+  if (lost) {
+    for (const char* control : {"MenSerPro", "MenAda", "MenAdaAda", "MenAdaPar", "MenGraFun", "MenGraDif"}) {
+      window.setMenuEnabled(control, false);
+    }
+  }
+  addRecentFile(session, window, kFunctionKind, name);
+}
+
+void tellErrors(const Session& session, Dialogs& dialogs, OutputWindow& output, const std::string& name) {
+  if (session.ShowErrors) {
+    // QUIRK: this window comes up empty, because the reader has shown its report, which stays open, and cleared it.
+    OutputRequest request = reportRequest(std::string(kReadCaption) + " - ERRORI", session.TraceText);
+    request.beside = true;
+    output.OutShow(request);
+  } else {
+    dialogs.Get_Msg({.caption = kReadCaption,
+                     .text = "Errori nella Lettura del File Funzioni: " + name + "!",
+                     .icon = kExclamation,
+                     .captions = {"&Continua"}});
+  }
+}
+
+}  // namespace
+
+void MenFunLet(Session& session, Files& files, Dialogs& dialogs, OutputWindow& output, MainWindow& window,
+               FunctionForms& forms) {
+  std::string name;
+  const bool chosen = pickFileToRead(session, files, dialogs, kReadCaption, kFunctionKind, name);
+  session.RecentFun.pick = 0;
+  if (!chosen) return;
+  session.TraceText.clear();
+  session.CheckFunctions = kTrue;
+  session.TraceEnabled = session.ShowErrors;
+  ReadFunctionFile(session, files, output, name, kFalse);
+  if (session.ErrFlag == 0) {
+    takeFile(session, window, forms, name);
+  } else {
+    tellErrors(session, dialogs, output, name);
+  }
+  session.ErrFlag = 0;
+  Msg(session, window);
+}
+
+void MenFunSel(Session& session, MainWindow& window, FunctionForms& forms) {
+  const FunctionDef before = session.fun;
+  if (forms.selectFunction()) {
+    TakeFunction(session, before.InnerIndex, before.OuterIndex);
+    window.setMenuEnabled("MenSerPro", true);
+  }
+  Msg(session, window);
+}
+
+void MenFunCar(Session& session, MainWindow& window, FunctionForms& forms) {
+  window.setEnabled(false);
+  const int entry = forms.chooseLoadedFunction();
+  if (entry > 0) {
+    if (loadFunction(session, entry)) window.setMenuEnabled("MenSerPro", false);
+    forms.refillSelection();
+  }
+  window.setEnabled(true);
+  window.toFront();
+  Msg(session, window);
+}
+
+}  // namespace vk

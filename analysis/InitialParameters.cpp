@@ -7,6 +7,7 @@
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "expr/FunMod.h"
+#include "session/Msg.h"
 #include "session/SubMod.h"
 
 namespace vk {
@@ -114,6 +115,13 @@ void StoreParameters(Session& session) {
     par.ParDeltas[j + mode] = scanNumber(fields.InpValues[half + j]);
   }
   classifyParameters(session);
+}
+
+void StoreParameters(Session& session, MainWindow& window) {
+  StoreParameters(session);
+  window.setEnabled(true);
+  window.refresh();
+  Msg(session, window);
 }
 
 void classifyParameters(Session& session) {

@@ -15,8 +15,8 @@ struct Corners {
 };
 
 Corners corners(const GridFrame& frame, CellSize cell) {
-  const auto [x1, x2] = std::minmax((frame.col1 - 0.5) * cell.width, (frame.col2 - 0.5) * cell.width);
-  const auto [y1, y2] = std::minmax((frame.row1 - 0.5) * cell.height, (frame.row2 - 0.5) * cell.height);
+  const auto [x1, x2] = std::minmax({(frame.col1 - 0.5) * cell.width, (frame.col2 - 0.5) * cell.width});
+  const auto [y1, y2] = std::minmax({(frame.row1 - 0.5) * cell.height, (frame.row2 - 0.5) * cell.height});
   return {x1, y1, x2, y2};
 }
 

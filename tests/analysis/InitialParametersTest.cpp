@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "base/Text.h"
+#include "doubles/Choices.h"
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedForms.h"
 #include "expr/CmpMod.h"
@@ -45,12 +46,7 @@ class InitialParametersTest : public testing::Test {
  protected:
   InitialParametersTest() { BuildCatalogue(session); }
 
-  void take(int inner, int outer) {
-    const FunctionDef before = session.fun;
-    session.fun.InnerIndex = inner;
-    session.fun.OuterIndex = outer;
-    TakeFunction(session, before.InnerIndex, before.OuterIndex);
-  }
+  void take(int inner, int outer) { choose(session, inner, outer); }
   /// The number of columns of the form for a function text of this length.
   int columns(int textLength) {
     take(2, 1);

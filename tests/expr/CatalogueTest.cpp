@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/Text.h"
+#include "doubles/Choices.h"
 #include "doubles/ScriptedDialogs.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
@@ -18,13 +19,7 @@ class CatalogueTest : public testing::Test {
  protected:
   CatalogueTest() { BuildCatalogue(session); }
 
-  /// Selects a pair and accepts it.
-  void take(int inner, int outer) {
-    const FunctionDef before = session.fun;
-    session.fun.InnerIndex = inner;
-    session.fun.OuterIndex = outer;
-    TakeFunction(session, before.InnerIndex, before.OuterIndex);
-  }
+  void take(int inner, int outer) { choose(session, inner, outer); }
   std::string composite(int inner, int outer) {
     session.fun.InnerIndex = inner;
     session.fun.OuterIndex = outer;

@@ -1,4 +1,5 @@
 #include "base/Text.h"
+#include "doubles/Choices.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedForms.h"
 #include "expr/CmpMod.h"
@@ -393,9 +394,7 @@ TEST_F(FunctionFileTest, EveryRandomFileIsEitherRefusedOrCanBeTaken) {
     BuildCatalogue(session);
     loadFunction(session, 1);
     session.FunDefined = kFalse;
-    session.fun.InnerIndex = 6;
-    session.fun.OuterIndex = 1;
-    TakeFunction(session, 0, 0);
+    choose(session, 6, 1);
     ASSERT_EQ(session.model.nPar, session.par.ParCount) << bytes;
     ASSERT_GT(session.model.Values.upper(), session.model.nPar) << bytes;
     ASSERT_FALSE(session.model.Code.empty()) << bytes;
@@ -413,9 +412,7 @@ TEST_F(FunctionFileTest, MoreRecordsThanA16BitCountIsARuntimeError) {
 TEST_F(FunctionFileTest, TheCheckLeavesTheModelOfALoadedFunctionAsItWas) {
   read(lines({"p,q", "p*x+q", "retta"}));
   loadFunction(session, 1);
-  session.fun.InnerIndex = 6;
-  session.fun.OuterIndex = 1;
-  TakeFunction(session, 0, 0);
+  choose(session, 6, 1);
   const std::string code = session.model.Code;
   read(lines({"A", "A*", "cattiva"}));
   EXPECT_EQ(session.model.Code, code);

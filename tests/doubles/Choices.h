@@ -1,0 +1,15 @@
+#pragma once
+
+#include "expr/FunMod.h"
+
+namespace vk {
+
+/// Selects a pair of the catalogue and accepts it, as the user does in `Sel_Fun`.
+inline void choose(Session& session, int inner, int outer) {
+  const FunctionDef before = session.fun;
+  session.fun.InnerIndex = inner;
+  session.fun.OuterIndex = outer;
+  TakeFunction(session, before.InnerIndex, before.OuterIndex);
+}
+
+}  // namespace vk

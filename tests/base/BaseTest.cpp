@@ -6,18 +6,10 @@
 #include "base/Int16.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "doubles/ErrorOf.h"
 
 namespace vk {
 namespace {
-
-int errorOf(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 TEST(Int16, RefusesWhatDoesNotFit) {
   Int16 value = 32767;

@@ -6,24 +6,14 @@
 
 #include <algorithm>
 #include <csignal>
-#include <functional>
 
-#include "base/RuntimeError.h"
+#include "doubles/ErrorOf.h"
 #include "doubles/TemporaryFolder.h"
 
 namespace vk {
 namespace {
 
 namespace fs = std::filesystem;
-
-int errorOf(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 /// For its lifetime the process has the rights of an ordinary user, so that permissions bind.
 class OrdinaryUser {

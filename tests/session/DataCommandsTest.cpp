@@ -1,9 +1,7 @@
 #include "session/DataCommands.h"
 
-#include <functional>
-
-#include "base/RuntimeError.h"
 #include "doubles/Doubles.h"
+#include "doubles/ErrorOf.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
@@ -11,15 +9,6 @@
 
 namespace vk {
 namespace {
-
-int errorOf(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 const std::string kGood = "t\r\ns\r\n2\r\n1 2 .1\r\n2 4 .2\r\n";
 const std::string kBad = "t\r\ns\r\n2\r\n1 2 .1\r\n2 x .2\r\n3 6 .3\r\n";

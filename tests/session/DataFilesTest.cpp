@@ -1,23 +1,11 @@
 #include "session/DataFiles.h"
 
-#include <functional>
-
-#include "base/RuntimeError.h"
-#include "base/Text.h"
+#include "doubles/ErrorOf.h"
 #include "doubles/MemoryFiles.h"
 #include "session/SubMod.h"
 
 namespace vk {
 namespace {
-
-int errorOf(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 /// The lines with a carriage return and line feed behind each.
 std::string crLf(const std::vector<std::string>& lines) {

@@ -1,6 +1,7 @@
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "session/DataFiles.h"
+#include "session/Msg.h"
 
 namespace vk {
 namespace {
@@ -81,6 +82,7 @@ TEST_F(ReadDataPlainTest, FoldsTheNameToCapitalsInPlace) {
   session.DataFile = "/home/u/molla.dat";
   ReadDataPlain(session, files, dialogs, session.DataFile, 0);
   EXPECT_EQ(session.DataFile, "/HOME/U/MOLLA.DAT");
+  EXPECT_EQ(sessionDisplay(session).panels[0], "Dati: MOLLA.DAT");
   EXPECT_EQ(session.ErrFlag, 0);
   EXPECT_EQ(data.Ypnt[1], 2);
 }

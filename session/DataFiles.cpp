@@ -1,5 +1,6 @@
 #include "session/DataFiles.h"
 
+#include <algorithm>
 #include <array>
 
 #include "base/NumberText.h"

@@ -57,12 +57,13 @@ void loadSlots(CompiledExpression& compiled);
 double EvaluateFunction(Session& session, Dialogs& dialogs, double x);
 
 /// The model function at n points: results, boxes and the final `ErrFlag` are bit for bit those of n single
-/// calls. `flags`, when not empty, gets the `ErrFlag` of each point. The spans have one length.
+/// calls. `flags`, when not empty, gets the `ErrFlag` of each point. The spans have one length; `result` may be
+/// `x` itself.
 void evaluateFunctionAt(Session& session, Dialogs& dialogs, std::span<const double> x,
                         std::span<double> result, std::span<Int16> flags = {});
 
 /// A compiled formula at n points: `columns[v]` holds the values of variable v + 1, all as long as `result`.
-/// The same promise as above.
+/// The same promise as above. What stands in the variables' values and in the slots afterwards is undefined.
 void evaluateCodeAt(Session& session, Dialogs& dialogs, CompiledExpression& compiled,
                     std::span<const std::span<const double>> columns, std::span<double> result,
                     std::span<Int16> flags = {});

@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "doubles/Doubles.h"
+#include "doubles/ErrorOf.h"
 #include "expr/EvaluateHelp.h"
 
 namespace vk {
@@ -8,15 +9,6 @@ namespace {
 
 // The kernels stop at a relative change of 3E-7; most values are better.
 constexpr double kKernelAccuracy = 3e-7;
-
-int errorOf(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 /// A session and a user who sees as many boxes as told.
 struct Kernels {

@@ -1,0 +1,72 @@
+#include <cmath>
+
+#include "expr/EvaluateHelp.h"
+#include "expr/FunctionHelp.h"
+
+namespace vk {
+namespace {
+
+/// A function of the catalogue: its formula and its parameters, in the order in which they are stored.
+struct Entry {
+  const char* formula;
+  const char* parameters;
+};
+const std::vector<Entry> kInner{{"c", "c"},
+                                {"b*x+c", "b,c"},
+                                {"a*x*x+b*x+c", "a,b,c"},
+                                {"((x-m)^2+a)/b", "m,a,b"},
+                                {"a/((x*x-m*m)^2+(b*x)^2)", "a,m,b"}};
+// T stands for the inner formula.
+const std::vector<Entry> kOuter{{"T", ""},         {"(T)^2", ""},      {"1/(T)", ""},
+                                {"SQR(T)", ""},    {"(x+A)/(T)", "A"}, {"A*LOG(T)", "A"},
+                                {"A*EXP(T)", "A"}, {"A*SIN(T)", "A"},  {"A*EXP(-B*x)*SIN(T)", "A,B"}};
+
+std::string definitionOf(std::size_t inner, std::size_t outer) {
+  std::string formula = kOuter[outer].formula;
+  formula.replace(formula.find('T'), 1, kInner[inner].formula);
+  const std::string further = kOuter[outer].parameters;
+  return std::string("y@x@") + kInner[inner].parameters + (further.empty() ? "" : ",") + further + "@ @" +
+         formula;
+}
+
+class CataloguePairs : public testing::TestWithParam<std::tuple<int, int>> {};
+
+/// Both ways at one point. The texts have no absolute values: where they fail for a negative inner value, the
+/// fast path goes on, and there only the two are not compared.
+void expectAgreement(Session& session, int outer, double x) {
+  ScriptedDialogs dialogs;
+  CompiledExpression& model = session.model;
+  model.Values[1] = x;
+  for (int i = 1; i <= model.nPar; ++i) model.Values[i + 1] = session.par.ParValues[i];
+  loadSlots(model);
+  const double compiledValue = EvaluateCode(session, dialogs, model.Code, model.Slots);
+  const bool compiledFailed = session.ErrFlag != 0;
+  const double value = EvaluateFunction(session, dialogs, x);
+  const bool hasAbsoluteValue = outer == 4 || outer == 6;
+  if (compiledFailed && hasAbsoluteValue) return;
+  EXPECT_EQ(session.ErrFlag != 0, compiledFailed) << x;
+  if (compiledFailed) return;
+  EXPECT_NEAR(value, compiledValue, 1e-13 * (1 + std::fabs(compiledValue))) << x;
+}
+
+TEST_P(CataloguePairs, GiveTheSameValuesAsTheirText) {
+  const auto [inner, outer] = GetParam();
+  Session session;
+  Int16 flag;
+  CompileExpression(session,
+                    definitionOf(static_cast<std::size_t>(inner - 1), static_cast<std::size_t>(outer - 1)),
+                    session.model, flag);
+  ASSERT_EQ(flag, 0);
+  const std::vector<std::vector<double>> sets{
+      {1.25, 0.75, 2.5, 0.5, 0.125}, {-1.5, 2.25, 0.5, -3, 0.25}, {0, 0, 0, 0, 0}};
+  for (std::vector<double> parameters : sets) {
+    parameters.resize(static_cast<std::size_t>(session.model.nPar));
+    setFunction(session, inner, outer, parameters);
+    for (const double x : {-2.5, -1.0, 0.0, 0.375, 1.0, 4.75}) expectAgreement(session, outer, x);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, CataloguePairs, testing::Combine(testing::Range(1, 6), testing::Range(1, 10)));
+
+}  // namespace
+}  // namespace vk

@@ -1,6 +1,5 @@
 #include "session/DataFiles.h"
 
-#include <algorithm>
 #include <array>
 
 #include "base/NumberText.h"
@@ -12,7 +11,6 @@
 namespace vk {
 namespace {
 
-constexpr int kTitleLines = 2;
 constexpr int kCountLine = 3;
 constexpr int kLeastLines = 5;
 constexpr int kLeastPoints = 2;

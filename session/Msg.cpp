@@ -1,8 +1,5 @@
 #include "session/Msg.h"
 
-#include <initializer_list>
-#include <utility>
-
 #include "base/Text.h"
 #include "platform/Files.h"
 

@@ -1,0 +1,480 @@
+#include <cmath>
+
+#include "analysis/FitFixture.h"
+#include "analysis/FitScreen.h"
+#include "platform/GridOutput.h"
+
+namespace vk {
+namespace {
+
+using Values = std::vector<double>;
+using testing::ElementsAre;
+
+const Values kFive{1, 2, 3, 4, 5};
+const Values kLineY{2.1, 3.9, 6.2, 7.8, 10.1};
+const Values kTenths(5, 0.1);
+
+FitCase lineCase() {
+  return {"b*x+c", "b,c"};
+}
+
+// ---- Values, errors, counts --------------------------------------------------------------------------------
+
+TEST(FitData, LeavesValuesAndErrorsInTheParameterTables) {
+  FitCase fit("b*x+c", "b,c");
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1, 1});
+  const FitResult result = fit.fit();
+  EXPECT_EQ(result.status, FitStatus::kCompleted);
+  EXPECT_NEAR(fit.value(1), 1.99, 1E-6);
+  EXPECT_NEAR(fit.value(2), 0.05, 1E-6);
+  // By the formula of the directions; the exact errors are 0.0316 and 0.1049.
+  EXPECT_NEAR(fit.error(1), 0.0316, 0.0316);
+  EXPECT_NEAR(fit.error(2), 0.1049, 0.1049);
+  EXPECT_EQ(fit.session.par.FreeValues[1], fit.value(1));
+  EXPECT_EQ(result.M, 5);
+  EXPECT_EQ(result.N, 2);
+  EXPECT_EQ(result.degrees_of_freedom, 3);
+  EXPECT_NEAR(result.chi_square, 10.7, 1E-6);
+  EXPECT_NEAR(*result.reduced_chi_square, 10.7 / 3, 1E-6);
+  // Upper tail of the chi-square distribution with 3 degrees of freedom at 10.7.
+  const double tail = std::erfc(std::sqrt(5.35)) + std::sqrt(21.4 / 3.14159265358979) * std::exp(-5.35);
+  EXPECT_NEAR(*result.confidence_percent, 100 * tail, 1E-5);
+  EXPECT_EQ(result.reason, "");
+  EXPECT_EQ(result.correlation.size(), 2);
+  EXPECT_EQ(fit.session.ErrFlag, 0);
+}
+
+TEST(FitData, KeepsConstantParametersAndTheOrderOfTheFreeOnes) {
+  FitCase fit("a*x*x+b*x+c", "a,b,c");
+  fit.data(kFive, {3, 8, 15, 24, 35}, kTenths);
+  fit.start({0.5, 2, 1}, "b");
+  const FitResult result = fit.fit();
+  EXPECT_NEAR(fit.value(1), 1, 1E-6);
+  EXPECT_EQ(fit.value(2), 2);
+  EXPECT_EQ(fit.error(2), 0);
+  EXPECT_NEAR(fit.value(3), 0, 1E-5);
+  ASSERT_EQ(result.freeIndex.upper(), 2);
+  EXPECT_EQ(result.freeIndex[1], 1);
+  EXPECT_EQ(result.freeIndex[2], 3);
+}
+
+TEST(FitData, FitsACompositeOfTheCatalogue) {
+  Session session;
+  BuildCatalogue(session);
+  session.fun.InnerIndex = 2;
+  session.fun.OuterIndex = 7;  // A exp(bx+c)
+  TakeFunction(session, 0, 0);
+  session.data.allocate(6, kFalse);
+  for (int j = 1; j <= 6; ++j) {
+    session.data.Xpnt[j] = j;
+    session.data.Ypnt[j] = 5 * std::exp(-0.3 * j + 0.5);
+    session.data.ErrYpnt[j] = 0.1;
+  }
+  session.par.ParValues[1] = -0.2;
+  session.par.ParValues[2] = 0.5;
+  session.par.ParValues[3] = 4;
+  session.par.ParDeltas[1] = 1;
+  session.par.ParDeltas[3] = 1;  // c is a constant: it cannot be told apart from A
+  classifyParameters(session);
+  ScriptedDialogs dialogs;
+  RecordingMainWindow window;
+  StillClock clock;
+  FitLog log;
+  FitData(session, dialogs, window, clock, log);
+  EXPECT_NEAR(session.par.ParValues[1], -0.3, 1E-3);
+  EXPECT_EQ(session.par.ParValues[2], 0.5);
+  EXPECT_NEAR(session.par.ParValues[3], 5, 1E-2);
+}
+
+TEST(FitData, WritesTheLoweredAccuraciesBack) {
+  FitCase fit = lineCase();
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1, 1});
+  fit.session.par.FreeSteps[1] = 0.5;
+  fit.fit();
+  EXPECT_LT(fit.session.par.FreeSteps[1], 0.5);
+  EXPECT_NEAR(fit.session.par.FreeSteps[1], fit.error(1) / 10, fit.error(1) / 20);
+}
+
+TEST(FitData, StartsFromTheResultOfTheFitBefore) {
+  FitCase fit = lineCase();
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1, 1});
+  const int first = fit.fit().evaluations;
+  const double slope = fit.value(1);
+  EXPECT_LT(fit.fit().evaluations, first);
+  EXPECT_NEAR(fit.value(1), slope, 1E-9);
+}
+
+TEST(FitData, RunsOnceWithoutErrorsOfX) {
+  FitCase fit = lineCase();
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1, 1});
+  fit.fit();
+  EXPECT_THAT(fit.log.turns(), ElementsAre("start", "finish last"));
+  EXPECT_EQ(fit.session.data.kXpntErr, kFalse);
+}
+
+// ---- Errors of x -------------------------------------------------------------------------------------------
+
+TEST(FitData, FitsTwiceWithEffectiveErrors) {
+  FitCase fit = lineCase();
+  const Values dx{0.01, 0.02, 0.03, 0.04, 0.05};
+  fit.data(kFive, kLineY, kTenths, dx);
+  fit.start({1, 1});
+  const FitResult result = fit.fit();
+  EXPECT_THAT(fit.log.turns(), ElementsAre("start", "finish", "start", "finish last"));
+  const DataSet& data = fit.session.data;
+  for (int j = 1; j <= 5; ++j) {
+    // The slope of the first fit is 1.99.
+    EXPECT_NEAR(data.ErrEff[j], std::sqrt(0.01 + std::pow(dx[static_cast<std::size_t>(j) - 1] * 1.99, 2)),
+                1E-7);
+    EXPECT_EQ(data.ErrYpnt[j], 0.1);
+  }
+  EXPECT_EQ(data.kXpntErr, kTrue);
+  // The weighted line with those errors.
+  double S = 0, Sx = 0, Sy = 0, Sxx = 0, Sxy = 0;
+  for (int j = 1; j <= 5; ++j) {
+    const double w = 1 / (data.ErrEff[j] * data.ErrEff[j]);
+    S += w, Sx += w * data.Xpnt[j], Sy += w * data.Ypnt[j];
+    Sxx += w * data.Xpnt[j] * data.Xpnt[j], Sxy += w * data.Xpnt[j] * data.Ypnt[j];
+  }
+  const double slope = (S * Sxy - Sx * Sy) / (S * Sxx - Sx * Sx);
+  EXPECT_NEAR(fit.value(1), slope, 1E-6);
+  EXPECT_NEAR(fit.value(2), (Sy - slope * Sx) / S, 1E-6);
+  EXPECT_EQ(result.status, FitStatus::kCompleted);
+}
+
+TEST(FitData, TakesTheSlopeOverAHundredthOfTheRangeOnEachSide) {
+  // x^3 over 0..10: h = 0.1, and ((x+h)^3 - (x-h)^3) / 2h = 3x^2 + h^2.
+  FitCase fit("a*x^3", "a");
+  fit.data({0, 5, 10}, {0, 125, 1000}, {1, 1, 1}, {1, 1, 1});
+  fit.start({1});
+  fit.fit();
+  EXPECT_NEAR(fit.session.data.ErrEff[1], std::sqrt(1 + 0.01 * 0.01), 1E-9);
+  EXPECT_NEAR(fit.session.data.ErrEff[2], std::sqrt(1 + 75.01 * 75.01), 1E-6);
+  EXPECT_NEAR(fit.session.data.ErrEff[3], std::sqrt(1 + 300.01 * 300.01), 1E-6);
+}
+
+TEST(FitData, CountsTheComputationsOfBothFits) {
+  FitCase once = lineCase();
+  once.data(kFive, kLineY, kTenths);
+  once.start({1, 1});
+  FitCase twice = lineCase();
+  twice.data(kFive, kLineY, kTenths, Values(5, 0.01));
+  twice.start({1, 1});
+  EXPECT_GT(twice.fit().evaluations, once.fit().evaluations + 3);
+}
+
+TEST(FitData, TakesTheErrorsOfYAsEffectiveWhenAllXAreEqual) {
+  FitCase fit("b*x", "b");
+  fit.data({2, 2, 2}, {1, 2, 3}, {0.1, 0.2, 0.3}, {1, 1, 1});
+  fit.start({1});
+  const FitResult result = fit.fit();
+  EXPECT_EQ(result.status, FitStatus::kCompleted);
+  for (int j = 1; j <= 3; ++j) EXPECT_EQ(fit.session.data.ErrEff[j], fit.session.data.ErrYpnt[j]);
+  EXPECT_EQ(fit.session.data.kXpntErr, kTrue);
+}
+
+TEST(FitData, DoesNotFitTwiceWhenTheFirstFitFails) {
+  FitCase fit("b*LOG(x)", "b");
+  fit.data({1, 2, -1}, {1, 2, 3}, {1, 1, 1}, {1, 1, 1});
+  fit.start({1});
+  fit.session.data.ErrEff[1] = 7;
+  EXPECT_EQ(fit.fit().status, FitStatus::kFailed);
+  EXPECT_THAT(fit.log.turns(), ElementsAre("start", "fail"));
+  EXPECT_EQ(fit.session.data.ErrEff[1], 7);
+  EXPECT_EQ(fit.session.data.kXpntErr, kTrue);
+}
+
+TEST(FitData, PutsTheFlagOfXErrorsBackWhenTheSecondFitFails) {
+  // The last point, of slope 0, has an error whose square is lost: 0 as an effective error.
+  FitCase fit("b*x*x", "b");
+  fit.data({-1, 1, 0}, {1, 2, 0}, {1, 1, 1E-170}, {1, 1, 1});
+  fit.start({1});
+  const FitResult result = fit.fit();
+  EXPECT_THAT(fit.log.turns(), ElementsAre("start", "finish", "start", "fail"));
+  EXPECT_EQ(fit.session.data.kXpntErr, kTrue);
+  EXPECT_EQ(result.status, FitStatus::kFailed);
+}
+
+TEST(FitData, FitsTwiceThoughTheConfidenceOfTheFirstFitHasSetTheFlag) {
+  FitCase fit = lineCase();
+  fit.data({1, 2}, {3, 5}, {0.1, 0.1}, {0.1, 0.1});
+  fit.start({1, 2});
+  const FitResult result = fit.fit();
+  EXPECT_THAT(fit.log.turns(), ElementsAre("start", "finish", "start", "finish last"));
+  EXPECT_EQ(result.status, FitStatus::kCompleted);
+}
+
+// ---- Degrees of freedom, confidence ------------------------------------------------------------------------
+
+TEST(FitData, RunsWithoutDegreesOfFreedom) {
+  FitCase fit = lineCase();
+  fit.data({1, 2}, {3, 5}, {0.1, 0.1});
+  fit.start({1, 2});
+  const FitResult result = fit.fit();
+  EXPECT_NEAR(fit.value(1), 2, 1E-6);
+  EXPECT_NEAR(fit.value(2), 1, 1E-6);
+  EXPECT_EQ(result.degrees_of_freedom, 0);
+  EXPECT_FALSE(result.reduced_chi_square.has_value());
+  EXPECT_EQ(result.confidence_percent, 0);  // a figure without meaning
+  EXPECT_EQ(fit.session.ErrFlag, -1);
+}
+
+TEST(FitData, ShowsTheBoxOfTheGammaFunctionForManyPoints) {
+  const int points = 900;
+  FitCase fit("c", "c");
+  Values x, y;
+  for (int j = 0; j < points; ++j) {
+    x.push_back(j);
+    y.push_back(j % 2 == 0 ? 1 : -1);
+  }
+  fit.data(x, y, Values(points, 1));
+  fit.start({0.25});
+  for (int k = 0; k < 2; ++k) fit.dialogs.expectBox();
+  fit.session.par.FreeSteps[1] = 1E-3;
+  const FitResult result = fit.fit();
+  EXPECT_EQ(fit.dialogs.boxes[0], (ScriptedDialogs::Box{"D_X2", "Errori nel Calcolo della Funzione"}));
+  EXPECT_EQ(result.status, FitStatus::kCompleted);
+}
+
+// ---- Failures ----------------------------------------------------------------------------------------------
+
+TEST(FitData, TellsOfAParameterWithoutEffectByItsFreeNumber) {
+  FitCase fit("a*x+0*b+c*x*x", "a,b,c");
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1, 7, 3}, "a");
+  fit.dialogs.expectBox();
+  const FitResult result = fit.fit();
+  ASSERT_EQ(fit.dialogs.boxes.size(), 1U);
+  EXPECT_EQ(fit.dialogs.boxes[0],
+            (ScriptedDialogs::Box{"ERRORE !", "E( 1) ECCESSIVAMENTE PICCOLO!   <*> per Continuare"}));
+  EXPECT_EQ(result.status, FitStatus::kFailed);
+  EXPECT_EQ(result.end, MinimiseEnd::kNoEffect);
+  EXPECT_NE(result.reason, "");
+  EXPECT_EQ(fit.session.ErrFlag, -1);
+  EXPECT_TRUE(fit.window.enabled);
+  EXPECT_THAT(fit.log.turns(), ElementsAre("start", "fail"));
+}
+
+TEST(FitData, GivesTheOldValuesBackWhenAParameterHasNoEffect) {
+  FitCase fit("b*x+0*c", "b,c");
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1, 7});
+  fit.dialogs.expectBox();
+  fit.fit();
+  EXPECT_EQ(fit.dialogs.boxes[0].text, "E( 2) ECCESSIVAMENTE PICCOLO!   <*> per Continuare");
+  EXPECT_EQ(fit.value(1), 1);
+  EXPECT_EQ(fit.value(2), 7);
+  EXPECT_EQ(fit.error(2), 1);
+  EXPECT_EQ(fit.session.par.FreeValues[2], 7);
+}
+
+TEST(FitData, ShowsTheSameBoxForAParameterThatIsZeroWithAccuracyZero) {
+  FitCase fit = lineCase();
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1, 0});
+  fit.session.par.FreeSteps[2] = 0;
+  fit.dialogs.expectBox();
+  fit.fit();
+  EXPECT_EQ(fit.dialogs.boxes[0].text, "E( 2) ECCESSIVAMENTE PICCOLO!   <*> per Continuare");
+}
+
+TEST(FitData, EndsSilentlyOnADomainErrorAtTheLastPoint) {
+  FitCase fit("b*LOG(x)", "b");
+  fit.data({1, 2, -1}, {1, 2, 3}, {1, 1, 1});
+  fit.start({2});
+  const FitResult result = fit.fit();
+  EXPECT_EQ(result.status, FitStatus::kFailed);
+  EXPECT_EQ(result.end, MinimiseEnd::kResidualsFailed);
+  EXPECT_EQ(result.evaluations, 1);
+  EXPECT_EQ(fit.session.ErrFlag, -1);
+  EXPECT_EQ(fit.value(1), 2);
+  EXPECT_TRUE(fit.window.enabled);
+  EXPECT_THAT(fit.log.events, ElementsAre("start", "fail"));
+}
+
+TEST(FitData, LeavesTheValuesTriedLastOnASilentEnd) {
+  // b = 2 is fine; the first difference, b = 2.02, takes the logarithm below zero.
+  FitCase fit("LOG(2.01-b)+x", "b");
+  fit.data({1, 2}, {1, 2}, {1, 1});
+  fit.start({2});
+  EXPECT_EQ(fit.fit().end, MinimiseEnd::kResidualsFailed);
+  EXPECT_EQ(fit.value(1), 2.02);
+}
+
+TEST(FitData, GoesOnAfterADomainErrorInTheMiddle) {
+  // QUIRK: the flag is cleared by each evaluation, so that only the last point's failure is seen.
+  FitCase fit("b*x+0*LOG(x)", "b");
+  fit.data({1, -1, 2}, {2, 5, 4}, {0.1, 0.1, 0.1});
+  fit.start({1});
+  const FitResult result = fit.fit();
+  EXPECT_NE(result.status, FitStatus::kFailed);
+  EXPECT_EQ(fit.session.ErrFlag, 0);
+}
+
+TEST(FitData, LeavesOutAPointInTheMiddleWithoutError) {
+  // The residual cannot be divided by 0 and stays what it was: 0.
+  FitCase fit = lineCase();
+  fit.data(kFive, {1, 2, 77, 4, 5}, {0.1, 0.1, 0, 0.1, 0.1});
+  fit.start({0.5, 0.5});
+  const FitResult result = fit.fit();
+  EXPECT_EQ(result.status, FitStatus::kCompleted);
+  EXPECT_NEAR(fit.value(1), 1, 1E-6);
+  EXPECT_NEAR(fit.value(2), 0, 1E-5);
+}
+
+TEST(FitData, EndsSilentlyWhenTheLastPointHasNoError) {
+  FitCase fit = lineCase();
+  fit.data({1, 2, 3}, {1, 2, 3}, {0.1, 0.1, 0});
+  fit.start({0.5, 0.5});
+  EXPECT_EQ(fit.fit().end, MinimiseEnd::kResidualsFailed);
+  EXPECT_EQ(fit.session.ErrFlag, -1);
+}
+
+TEST(FitData, EndsSilentlyWhenParametersCannotBeToldApart) {
+  FitCase fit("a+b", "a,b");
+  fit.data({1, 2, 3, 4}, {1, 2, 3, 4}, {1, 1, 1, 1});
+  fit.start({1, 2});
+  fit.session.par.FreeSteps[1] = 0.5;
+  fit.session.par.FreeSteps[2] = 0.5;
+  const FitResult result = fit.fit();
+  EXPECT_EQ(result.end, MinimiseEnd::kIndistinguishable);
+  EXPECT_EQ(fit.session.ErrFlag, -1);
+  EXPECT_EQ(fit.value(1), 1);
+  EXPECT_EQ(fit.value(2), 2);
+}
+
+TEST(FitData, ClearsTheErrorFlagAtItsStart) {
+  FitCase fit = lineCase();
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1, 1});
+  fit.session.ErrFlag = kCancelled;
+  fit.fit();
+  EXPECT_EQ(fit.session.ErrFlag, 0);
+}
+
+// ---- Window, clock, events ---------------------------------------------------------------------------------
+
+TEST(FitData, ShutsTheMainWindowWhileItRuns) {
+  struct Watch : FitLog {
+    RecordingMainWindow* window = nullptr;
+    bool alwaysShut = true;
+    void started(const FitStart&) override { alwaysShut = alwaysShut && !window->enabled; }
+    void finished(const FitFinal&) override { alwaysShut = alwaysShut && !window->enabled; }
+  } watch;
+  FitCase fit = lineCase();
+  watch.window = &fit.window;
+  fit.data(kFive, kLineY, kTenths, kTenths);
+  fit.start({1, 1});
+  FitData(fit.session, fit.dialogs, fit.window, fit.clock, watch);
+  EXPECT_TRUE(watch.alwaysShut);
+  EXPECT_TRUE(fit.window.enabled);
+}
+
+TEST(FitData, OpensTheMainWindowAndPutsTheFlagBackOnAnUnguardedError) {
+  struct Breaking : FitLog {
+    int starts = 0;
+    void started(const FitStart&) override {
+      if (++starts == 2) throw RuntimeError(kOverflow);
+    }
+  } breaking;
+  FitCase fit = lineCase();
+  fit.data(kFive, kLineY, kTenths, kTenths);
+  fit.start({1, 1});
+  EXPECT_THROW(FitData(fit.session, fit.dialogs, fit.window, fit.clock, breaking), RuntimeError);
+  EXPECT_TRUE(fit.window.enabled);
+  EXPECT_EQ(fit.session.data.kXpntErr, kTrue);
+}
+
+TEST(FitData, TellsProgressBeforeTheFirstIteration) {
+  FitCase fit = lineCase();
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1, 1});
+  fit.fit();
+  ASSERT_FALSE(fit.log.progresses.empty());
+  EXPECT_EQ(fit.log.progresses[0].iteration, 0);
+  EXPECT_EQ(fit.log.progresses[0].degreesOfFreedom, 3);
+  // 1 + x against y at the start: residuals -0.1, -0.9, -2.2, -2.8, -4.1 over 0.1.
+  EXPECT_NEAR(*fit.log.progresses[0].reducedChiSquare, (0.01 + 0.81 + 4.84 + 7.84 + 16.81) * 100 / 3, 1E-9);
+}
+
+TEST(FitData, CountsWholeSecondsFromTheStartOfEachOfTheTwoFits) {
+  struct Slow : FitLog {
+    StillClock* clock = nullptr;
+    void started(const FitStart& start) override {
+      FitLog::started(start);
+      clock->now += 100;  // drawing the screen does not count
+    }
+    void progress(const FitProgress& p) override {
+      FitLog::progress(p);
+      clock->now += 1.75F;
+    }
+  } slow;
+  FitCase fit = lineCase();
+  slow.clock = &fit.clock;
+  fit.data(kFive, kLineY, kTenths, kTenths);
+  fit.start({1, 1});
+  FitData(fit.session, fit.dialogs, fit.window, fit.clock, slow);
+  int starts = 0, inFit = 0;
+  std::size_t next = 0;
+  for (const std::string& event : slow.events) {
+    if (event == "start") ++starts, inFit = 0;
+    if (event != "progress") continue;
+    EXPECT_EQ(slow.progresses[next++].seconds, static_cast<int>(inFit++ * 1.75));
+  }
+  EXPECT_EQ(starts, 2);
+}
+
+TEST(FitData, TwoSessionsAreFittedSideBySide) {
+  FitCase one = lineCase(), other("c", "c");
+  one.data(kFive, kLineY, kTenths);
+  other.data({1, 2, 3}, {1, 2, 3}, {1, 1, 1});
+  one.start({1, 1});
+  other.start({1});
+  other.fit();
+  one.fit();
+  EXPECT_NEAR(one.value(1), 1.99, 1E-6);
+  EXPECT_NEAR(other.value(1), 2, 1E-6);
+}
+
+// ---- With the screen ---------------------------------------------------------------------------------------
+
+TEST(FitData, DrawsItsScreen) {
+  FitCase fit = lineCase();
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1, 1});
+  GridOutput output;
+  FitScreen screen(fit.session, output);
+  FitData(fit.session, fit.dialogs, fit.window, fit.clock, screen);
+  EXPECT_TRUE(output.isOpen());
+  EXPECT_THAT(output.grid().toUtf8(),
+              testing::HasSubstr("│      Completata       │ X²/µ       0.3567E+01   │"));
+  EXPECT_THAT(output.grid().toUtf8(), testing::HasSubstr("│  b  │ 0.199000E+01 │ "));
+}
+
+TEST(FitData, KeepsThePlaceholderOfTheReducedChiSquareWithoutDegreesOfFreedom) {
+  FitCase fit = lineCase();
+  fit.data({1, 2}, {3, 5}, {0.1, 0.1});
+  fit.start({1, 2});
+  GridOutput output;
+  FitScreen screen(fit.session, output);
+  FitData(fit.session, fit.dialogs, fit.window, fit.clock, screen);
+  EXPECT_THAT(output.grid().toUtf8(), testing::HasSubstr("X²/µ       #.####^^^^"));
+  EXPECT_THAT(output.grid().toUtf8(), testing::HasSubstr("Liv. Conf. 0.00E+00 %"));
+}
+
+TEST(FitData, ClosesTheScreenOfAFailedFit) {
+  FitCase fit("b*LOG(x)", "b");
+  fit.data({1, 2, -1}, {1, 2, 3}, {1, 1, 1});
+  fit.start({2});
+  GridOutput output;
+  FitScreen screen(fit.session, output);
+  FitData(fit.session, fit.dialogs, fit.window, fit.clock, screen);
+  EXPECT_FALSE(output.isOpen());
+}
+
+}  // namespace
+}  // namespace vk

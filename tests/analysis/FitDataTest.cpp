@@ -62,9 +62,7 @@ TEST(FitData, KeepsConstantParametersAndTheOrderOfTheFreeOnes) {
 TEST(FitData, FitsACompositeOfTheCatalogue) {
   Session session;
   BuildCatalogue(session);
-  session.fun.InnerIndex = 2;
-  session.fun.OuterIndex = 7;  // A exp(bx+c)
-  TakeFunction(session, 0, 0);
+  choose(session, 2, 7);  // A exp(bx+c)
   session.data.allocate(6, kFalse);
   for (int j = 1; j <= 6; ++j) {
     session.data.Xpnt[j] = j;

@@ -6,6 +6,7 @@
 #include "analysis/FitMod.h"
 #include "analysis/InitialParameters.h"
 #include "base/Text.h"
+#include "doubles/Choices.h"
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "expr/CmpMod.h"
@@ -57,9 +58,7 @@ struct FitCase {
     BuildCatalogue(session);
     session.catalogue.file.entries.push_back({names, formula, formula});
     loadFunction(session, 1);
-    session.fun.InnerIndex = kBuiltInInner + 1;
-    session.fun.OuterIndex = 1;
-    TakeFunction(session, 0, 0);
+    choose(session, kBuiltInInner + 1, 1);
   }
 
   void data(const std::vector<double>& x, const std::vector<double>& y, const std::vector<double>& dy,

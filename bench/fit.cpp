@@ -1,0 +1,116 @@
+// Whole fits, from starting values to errors, without the reading of a file.
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "analysis/FitMod.h"
+#include "analysis/InitialParameters.h"
+#include "expr/CmpMod.h"
+#include "expr/FunMod.h"
+
+namespace vk {
+namespace {
+
+/// The box of the confidence level, which comes with many points, goes away by itself.
+class QuietDialogs : public Dialogs {
+ public:
+  int Get_Msg(const MessageRequest&) override { return 1; }
+  void plainBox(const std::string&, const std::string&) override {}
+  std::optional<std::string> fileDialog(const FileRequest&) override { return std::nullopt; }
+};
+
+class NoWindow : public MainWindow {
+ public:
+  void setMenuEnabled(const std::string&, bool) override {}
+  void setMenuVisible(const std::string&, bool) override {}
+  void setMenuChecked(const std::string&, bool) override {}
+  void setMenuCaption(const std::string&, const std::string&) override {}
+  void setPanel(int, const std::string&) override {}
+  void setCaption(const std::string&) override {}
+  void setEnabled(bool) override {}
+  void refresh() override {}
+  void toFront() override {}
+  void setBackground(Int16) override {}
+};
+
+class NoClock : public Clock {
+ public:
+  float timer() override { return 0; }
+};
+
+class NoObserver : public FitObserver {
+ public:
+  void started(const FitStart&) override {}
+  void progress(const FitProgress&) override {}
+  void finished(const FitFinal&) override {}
+  void failed() override {}
+};
+
+struct Problem {
+  const char* formula;
+  const char* names;
+  std::vector<double> solution;
+  int points;
+};
+
+const Problem kSmall{"A*EXP(-B*x)*SIN(C*x+D)+E", "A,B,C,D,E", {5, 0.3, 4, 0.7, 1}, 50};
+const Problem kLarge{"A*EXP(-B*x)*SIN(C*x+D)", "A,B,C,D", {5, 0.3, 4, 0.7}, 32767};
+
+Session sessionOf(const Problem& problem) {
+  Session session;
+  BuildCatalogue(session);
+  session.catalogue.file.entries.push_back({problem.names, problem.formula, problem.formula});
+  loadFunction(session, 1);
+  session.fun.InnerIndex = kBuiltInInner + 1;
+  session.fun.OuterIndex = 1;
+  TakeFunction(session, 0, 0);
+
+  DataSet& data = session.data;
+  data.allocate(problem.points, kFalse);
+  for (int i = 1; i <= session.par.ParCount; ++i) {
+    session.par.ParValues[i] = problem.solution[static_cast<std::size_t>(i) - 1];
+  }
+  QuietDialogs dialogs;
+  for (int j = 1; j <= problem.points; ++j) {
+    data.Xpnt[j] = 10.0 * j / problem.points;
+    data.Ypnt[j] = EvaluateFunction(session, dialogs, data.Xpnt[j]) + 0.05 * std::sin(1E4 * j);
+    data.ErrYpnt[j] = 0.05;
+  }
+  return session;
+}
+
+void start(Session& session, const Problem& problem) {
+  for (int i = 1; i <= session.par.ParCount; ++i) {
+    session.par.ParValues[i] = problem.solution[static_cast<std::size_t>(i) - 1] * (1 + 0.04 * (i % 3 - 1));
+    session.par.ParDeltas[i] = 1;
+  }
+  classifyParameters(session);
+}
+
+void wholeFit(benchmark::State& state, const Problem& problem) {
+  Session session = sessionOf(problem);
+  QuietDialogs dialogs;
+  NoWindow window;
+  NoClock clock;
+  NoObserver observer;
+  FitResult result;
+  for (auto _ : state) {
+    start(session, problem);
+    result = FitData(session, dialogs, window, clock, observer);
+  }
+  for (int i = 1; i <= session.par.ParCount; ++i) {
+    const double solution = problem.solution[static_cast<std::size_t>(i) - 1];
+    if (std::abs(session.par.ParValues[i] - solution) > 0.05)
+      throw std::runtime_error("the minimum was missed");
+  }
+  state.counters["evaluations"] = result.evaluations;
+  state.counters["passes"] = result.passes;
+}
+BENCHMARK_CAPTURE(wholeFit, points50, kSmall)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(wholeFit, points32767, kLarge)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace vk

@@ -91,6 +91,7 @@ void FitScreen::started(const FitStart& start) {
   request.captions = kReportButtons;
   request.caption = kCaption;
   output_.OutShow(request);
+  drawTitle();
   drawStatusBlock();
   drawTable();
 
@@ -103,8 +104,14 @@ void FitScreen::started(const FitStart& start) {
   output_.refresh();
 }
 
+// A title as wide as the window would cover the sides of its frame with its first and last character.
+void FitScreen::drawTitle() {
+  const bool fillsWindow = length(layout_->title) == layout_->width;
+  drawFrame(1, 1, 3, layout_->width, fillsWindow ? "" : layout_->title);
+  if (fillsWindow) printAt(2, 2, trim(layout_->title));
+}
+
 void FitScreen::drawStatusBlock() {
-  drawFrame(1, 1, 3, layout_->width, layout_->title);
   drawFrame(3, 1, 7, layout_->half);
   drawFrame(3, layout_->half, 7, layout_->width);
   printStatusWord(kWordRow, kMinimisation);

@@ -43,6 +43,7 @@ class FitScreen : public FitObserver {
   void failed() override;
 
  private:
+  void drawTitle();
   void drawStatusBlock();
   void drawTable();
   void drawRow(int row, int parameter, double value);

@@ -7,15 +7,13 @@
 namespace vk {
 
 bool Minimiser::findFirstDirections() {
-  double sum = 0;
-  if (!computeResiduals(sum)) return false;
+  if (!computeResiduals(FS)) return false;
   std::ranges::copy(F, W.base.begin());
   W.directions.clear();
   for (std::size_t i = 0; i < X.size(); ++i) {
     if (!addFirstDirection(i)) return false;
   }
   std::ranges::copy(W.base, F.begin());
-  FS = dot(F, F);
   nf = static_cast<int>(X.size()) + 1;
   result_.iterations = 0;
   untilProgress_ = 0;

@@ -438,6 +438,64 @@ TEST(FitData, TwoSessionsAreFittedSideBySide) {
   EXPECT_NEAR(other.value(1), 2, 1E-6);
 }
 
+// ---- Any problem -------------------------------------------------------------------------------------------
+
+// Numbers of very different sizes, the same in each run.
+class Numbers {
+ public:
+  double next() {
+    state_ = state_ * 1664525U + 1013904223U;
+    const double fraction = static_cast<double>(state_ >> 8) / 8388608.0 - 1;
+    const int size = static_cast<int>(state_ % 13);
+    return size == 0 ? 0 : fraction * std::pow(10, size < 10 ? size % 3 : size * 20 - 200);
+  }
+
+ private:
+  unsigned state_ = 2024;
+};
+
+TEST(FitData, EndsWithFiniteNumbersWhateverTheProblem) {
+  const std::pair<const char*, const char*> models[] = {
+      {"a+0*x", "a"},     {"a*x+b", "a,b"},           {"a*EXP(b*x)", "a,b"},      {"a*EXP(b*x)+c", "a,b,c"},
+      {"a/(x-b)", "a,b"}, {"SQR(a*x)+LOG(b)", "a,b"}, {"a*x^b+c*x^d", "a,b,c,d"}, {"a+b+c*x", "a,b,c"}};
+  Numbers numbers;
+  int failures = 0, completions = 0;
+  for (int k = 0; k < 2000; ++k) {
+    const auto& [formula, names] = models[k % 8];
+    FitCase fit(formula, names);
+    const int points = 1 + k % 7;
+    Values x, y, dy, dx;
+    for (int j = 0; j < points; ++j) {
+      x.push_back(numbers.next()), y.push_back(numbers.next()), dy.push_back(numbers.next());
+      if (k % 3 == 0) dx.push_back(numbers.next());
+    }
+    fit.data(x, y, dy, dx);
+    Values start;
+    for (int i = 0; i < fit.session.par.ParCount; ++i) start.push_back(numbers.next());
+    fit.start(start);
+    struct : ScriptedDialogs {
+      void plainBox(const std::string&, const std::string&) override {}
+    } patient;
+    const FitResult result = FitData(fit.session, patient, fit.window, fit.clock, fit.log);
+    EXPECT_TRUE(fit.window.enabled);
+    EXPECT_EQ(fit.session.data.kXpntErr, toFlag(k % 3 == 0));
+    EXPECT_LE(result.evaluations, 2 * 4 * 1003);
+    EXPECT_TRUE(std::isfinite(result.chi_square)) << k;
+    if (result.status == FitStatus::kFailed) {
+      ++failures;
+      EXPECT_NE(fit.session.ErrFlag, 0) << k;
+      EXPECT_NE(result.reason, "");
+      continue;
+    }
+    ++completions;
+    for (int i = 1; i <= fit.session.par.ParCount; ++i) {
+      EXPECT_TRUE(std::isfinite(fit.value(i)) && std::isfinite(fit.error(i))) << k << ' ' << formula;
+    }
+  }
+  EXPECT_GT(failures, 100);
+  EXPECT_GT(completions, 100);
+}
+
 // ---- With the screen ---------------------------------------------------------------------------------------
 
 TEST(FitData, DrawsItsScreen) {

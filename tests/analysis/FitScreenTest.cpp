@@ -116,6 +116,8 @@ TEST(FitScreen, WidensForALongTitleAndKeepsAllTextsInsideTheirBoxes) {
     EXPECT_EQ(fit.at(6, 29 - (40 - half), 10), "Iter. ####");
     EXPECT_LT(29 - (40 - half) + 9, half);
     EXPECT_EQ(trim(fit.grid().rowText(2)), std::string(static_cast<std::size_t>(titleLength), 't'));
+    EXPECT_FALSE(fit.grid().covers(2, 1)) << titleLength;  // the sides of the frame stay in view
+    EXPECT_FALSE(fit.grid().covers(2, W)) << titleLength;
   }
 }
 

@@ -6,10 +6,10 @@ namespace vk {
 
 /// What a search keeps between two calls of `LineSearch`. A first call resets all that matters.
 struct LineSearchState {
-  Int16 is;      ///< phase of the point returned last: 1 predicted minimum, 2 third point, 3 first steps
-  Int16 inc;     ///< 1 while the search still extends, 2 once a bracket exists
-  double d = 0;  ///< the current step, doubled when used; with a bracket the position of its far end
-  Int16 mc;      ///< function values requested so far
+  Int16 is = 0;   ///< phase of the point returned last: 1 predicted minimum, 2 third point, 3 first steps
+  Int16 inc = 0;  ///< 1 while the search still extends, 2 once a bracket exists
+  double d = 0;   ///< the current step, doubled when used; with a bracket the position of its far end
+  Int16 mc = 0;   ///< function values requested so far
   double xa = 0, fa = 0;  ///< point a
   double fb = 0, xb = 0;  ///< point b
   double xc = 0, fc = 0;  ///< point c, set from phase 2 on

@@ -143,76 +143,53 @@ TEST(LineSearch, EndsWhenTwoEqualPointsCannotBeToldApart) {
   EXPECT_LT(outcome.points.size(), 100U);
 }
 
+// The value f at x comes in while the search is in `state`.
+struct Answered {
+  Answered(const LineSearchState& before, double position, double value)
+      : state(before), x(position), f(value) {
+    LineSearch(state, itest, x, f, 20, 1E-9, 1E-9, 0.5);
+  }
+  LineSearchState state;
+  double x, f;
+  Int16 itest = kSearchEvaluate;
+};
+
 TEST(LineSearch, EndsWhenThePredictionFallsOnAPointItHas) {
   // a = (2, 4), b = (0, 0) of x*x, and the value at 1 comes in: the parabola's minimum is b itself.
-  LineSearchState state;
-  state.is = 1;
-  state.inc = 1;
-  state.d = 1;
-  state.xa = 2, state.fa = 4;
-  state.xb = 0, state.fb = 0;
-  Int16 itest = kSearchEvaluate;
-  double x = 1;
-  double f = 1;
-  LineSearch(state, itest, x, f, 20, 0.01, 0.01, 0.5);
-  EXPECT_EQ(itest, kSearchFlat);
-  EXPECT_EQ(x, 0);
-  EXPECT_EQ(f, 0);
+  const Answered search({.is = 1, .inc = 1, .d = 1, .xa = 2, .fa = 4, .fb = 0, .xb = 0}, 1, 1);
+  EXPECT_EQ(search.itest, kSearchFlat);
+  EXPECT_EQ(search.x, 0);
+  EXPECT_EQ(search.f, 0);
 }
 
 TEST(LineSearch, EndsWhenNoPlaceIsLeftBetweenThePointAndTheBracketsEnd) {
-  // A bracket whose far end coincides with b, and values on a straight line: nothing is left to halve.
-  LineSearchState state;
-  state.is = 2;
-  state.inc = 2;
-  state.d = 4;
-  state.xa = 2, state.fa = 2;
-  state.xb = 3, state.fb = 1;
-  Int16 itest = kSearchEvaluate;
-  double x = 4;
-  double f = 0;
-  LineSearch(state, itest, x, f, 20, 0.01, 0.01, 0.5);
-  EXPECT_EQ(itest, kSearchFlat);
-  EXPECT_EQ(x, 4);
-  EXPECT_EQ(f, 0);
+  // A bracket whose far end coincides with the new b, and values on a straight line: nothing is left to halve.
+  const Answered search({.is = 2, .inc = 2, .d = 4, .xa = 2, .fa = 2, .fb = 1, .xb = 3}, 4, 0);
+  EXPECT_EQ(search.itest, kSearchFlat);
+  EXPECT_EQ(search.x, 4);
+  EXPECT_EQ(search.f, 0);
 }
 
-TEST(LineSearch, GoesOnAfterAPredictionBetweenTheTwoLowestPoints) {
-  // c is not above b, and the prediction 0.5 lies between a = 0 and b = 1: it takes the place of b.
-  LineSearchState state;
-  state.is = 1;
-  state.inc = 2;
-  state.xp = 0.5;
-  state.xa = 0, state.fa = 1;
-  state.xb = 1, state.fb = 2;
-  state.xc = -1, state.fc = 1.5;
-  Int16 itest = kSearchEvaluate;
-  double x = 0.5;
-  double f = 1.25;
-  LineSearch(state, itest, x, f, 20, 0.001, 0.001, 0.5);
-  EXPECT_EQ(state.xb, 0.5);
-  EXPECT_EQ(state.fb, 1.25);
-  EXPECT_EQ(state.xa, 0);
-  EXPECT_EQ(state.xc, -1);
+TEST(LineSearch, PutsAPredictionBetweenTheTwoLowestPointsInPlaceOfTheHigher) {
+  // c is not above b, and the prediction 0.5 lies between a = 0 and b = 1.
+  const Answered search(
+      {.is = 1, .inc = 2, .d = 1, .xa = 0, .fa = 1, .fb = 2, .xb = 1, .xc = -1, .fc = 1.5, .xp = 0.5}, 0.5,
+      1.25);
+  EXPECT_EQ(search.state.xb, 0.5);
+  EXPECT_EQ(search.state.fb, 1.25);
+  EXPECT_EQ(search.state.xa, 0);
+  EXPECT_EQ(search.state.xc, -1);
 }
 
 TEST(LineSearch, ExchangesTheTwoHigherPointsBeforeAPredictionIsTaken) {
   // c is above b, so they change places; the prediction 0.25 lies outside a and the new b and is the lowest.
-  LineSearchState state;
-  state.is = 1;
-  state.inc = 2;
-  state.xp = 0.25;
-  state.xa = 0, state.fa = 1;
-  state.xb = 1, state.fb = 2;
-  state.xc = -1, state.fc = 3;
-  Int16 itest = kSearchEvaluate;
-  double x = 0.25;
-  double f = 0.5;
-  LineSearch(state, itest, x, f, 20, 1E-9, 1E-9, 0.5);
-  EXPECT_EQ(state.xa, 0.25);  // the new point
-  EXPECT_EQ(state.xb, 0);     // the lowest so far
-  EXPECT_EQ(state.xc, 1);
-  EXPECT_EQ(state.d, 0);  // the bracket ends there
+  const Answered search(
+      {.is = 1, .inc = 2, .d = 0, .xa = 0, .fa = 1, .fb = 2, .xb = 1, .xc = -1, .fc = 3, .xp = 0.25}, 0.25,
+      0.5);
+  EXPECT_EQ(search.state.xa, 0.25);  // the new point
+  EXPECT_EQ(search.state.xb, 0);     // the lowest so far
+  EXPECT_EQ(search.state.xc, 1);
+  EXPECT_EQ(search.state.d, 0);  // the bracket ends there
 }
 
 TEST(LineSearch, EndsOnValuesThatAreNoNumbers) {

@@ -127,14 +127,14 @@ bool Fit::complete() {
   storeFreeValues(session_, par.FreeValues.span(1, N()));
   for (int i = 1; i <= N(); ++i) par.ParDeltas[par.FreeIndex[i]] = minimum_.errors[i];
 
-  const FitProgress at_end = figures(minimum_.iterations, minimum_.FS, par.FreeValues);
+  const FitProgress atEnd = figures(minimum_.iterations, minimum_.FS, par.FreeValues);
   const bool unreliable = minimum_.TooCoarse != 0;
   result_.status = unreliable ? FitStatus::kUnreliable : FitStatus::kCompleted;
-  result_.reduced_chi_square = at_end.reducedChiSquare;
-  result_.confidence_percent = at_end.confidence;
+  result_.reduced_chi_square = atEnd.reducedChiSquare;
+  result_.confidence_percent = atEnd.confidence;
   result_.correlation = minimum_.correlation;
   const bool last = session_.data.kXpntErr == 0;
-  observer_.finished({at_end, minimum_.errors, minimum_.correlation, last, unreliable});
+  observer_.finished({atEnd, minimum_.errors, minimum_.correlation, last, unreliable});
   return true;
 }
 

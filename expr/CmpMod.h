@@ -46,8 +46,8 @@ std::string listCode(const CompiledExpression& compiled);
 // ---- Evaluator ---------------------------------------------------------------------------------------------
 
 /// Runs the code over the loaded slots and gives the value of the expression. Clears `ErrFlag` on entry; a
-/// failing statement stores nothing, sets `ErrFlag` to -1, and the run goes on. Never gives a value that is
-/// not finite.
+/// failing statement stores nothing, sets `ErrFlag` to -1, and the run goes on. From finite slots comes a finite
+/// value, whatever bytes the code is made of.
 double EvaluateCode(Session& session, Dialogs& dialogs, const std::string& code, Array<double>& Slots);
 
 /// Loads the slots of a compiled expression from its values by the operand map.
@@ -74,15 +74,18 @@ void evaluateCodeAt(Session& session, Dialogs& dialogs, CompiledExpression& comp
 
 /// ln(gamma(x)) for x > 0 by a Lanczos series of six terms, accurate to about 1E-10.
 double LnGamma(double x);
-/// Continued fraction of the incomplete beta function, modified Lentz, at most 100 terms.
+/// Continued fraction of the incomplete beta function, modified Lentz. When 100 terms do not suffice, `ErrFlag`
+/// is set and what was reached is given.
 double BetaFraction(Session& session, double a, double b, double x);
-/// Regularised incomplete beta function I_x(a,b); x outside 0..1 gives 0.
+/// Regularised incomplete beta function I_x(a,b); x outside 0..1 sets `ErrFlag` and gives 0.
 double IncompleteBeta(Session& session, double a, double b, double x);
-/// Lower regularised incomplete gamma by its series; `gln` gets ln(gamma(a)).
+/// Lower regularised incomplete gamma by its series; `gln` gets ln(gamma(a)). When 100 terms do not suffice, a
+/// box comes, `ErrFlag` is set and 0 is given.
 double GammaSeries(Session& session, Dialogs& dialogs, double a, double x, double& gln);
-/// Upper regularised incomplete gamma by its continued fraction.
+/// Upper regularised incomplete gamma by its continued fraction. When 100 terms do not suffice, the same box
+/// comes, `ErrFlag` is set and what was reached is given.
 double GammaFraction(Session& session, Dialogs& dialogs, double a, double x, double& gln);
-/// Regularised upper incomplete gamma Q(a,x).
+/// Regularised upper incomplete gamma Q(a,x); x < 0 or a <= 0 sets `ErrFlag` and gives 0.
 double UpperGamma(Session& session, Dialogs& dialogs, double a, double x);
 /// Complementary error function, Abramowitz and Stegun 7.1.26; absolute accuracy 1.5E-7.
 double ComplementaryError(double x);

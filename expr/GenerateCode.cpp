@@ -36,7 +36,8 @@ class Generator {
  public:
   Generator(const std::string& tokens, std::string& code) : text_(tokens), code_(code) {}
 
-  /// False when something could not be reduced.
+  /// False when something could not be reduced. QUIRK: nothing is said about what and where.
+  /// QUIRK: text behind the group of the wrapper has no part in the code, so "x)+(2" has the value of x.
   bool run() {
     for (std::size_t close = text_.find(')'); close != std::string::npos; close = text_.find(')')) {
       const std::size_t open = text_.rfind('(', close);

@@ -14,6 +14,8 @@ constexpr int kMostTerms = 100;
 // Stands for a zero in a continued fraction.
 constexpr double kTiny = 1E-30;
 
+// QUIRK: this series and the error function below keep their modest accuracy, so the logarithms of 0! and 1! are
+// not quite 0 and erfc(0) is not quite 1; every figure that the program prints was made with them.
 Number lnGamma(Number xx) {
   constexpr std::array kCoefficients{76.18009173,  -86.50532033,  24.01409822,
                                      -1.231739516, 0.00120858003, -5.36382E-6};

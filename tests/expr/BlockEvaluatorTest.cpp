@@ -31,6 +31,7 @@ struct Outcome {
 void expectSame(const Outcome& block, const Outcome& single, const std::string& what) {
   ASSERT_EQ(block.values.size(), single.values.size());
   for (std::size_t i = 0; i < single.values.size(); ++i) {
+    ASSERT_TRUE(std::isfinite(single.values[i])) << what << " at " << i;
     ASSERT_TRUE(sameBits(block.values[i], single.values[i]))
         << what << " at " << i << ": " << block.values[i] << ", not " << single.values[i];
     ASSERT_EQ(block.flags[i], single.flags[i]) << what << " at " << i;

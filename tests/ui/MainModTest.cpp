@@ -1,0 +1,507 @@
+#include "ui/MainMod.h"
+
+#include <new>
+
+#include "doubles/Doubles.h"
+#include "doubles/MemoryFiles.h"
+#include "doubles/ScriptedDialogs.h"
+#include "doubles/ScriptedForms.h"
+#include "session/Commands.h"
+
+namespace vk {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Panels of the main window without a window.
+class RecordingPanelView : public PanelView {
+ public:
+  std::vector<std::string> calls;
+  void showPanel(Panel panel) override { note("show", panel); }
+  void hidePanel(Panel panel) override { note("hide", panel); }
+  void syncPanel(Panel panel) override { note("sync", panel); }
+
+ private:
+  void note(const char* what, Panel panel) {
+    calls.push_back(std::string(what) + (panel == Panel::kDirectory ? " FraDir" : " FraGra"));
+  }
+};
+
+/// An output window that keeps what the session's flags were when it opened.
+class FlagOutput : public RecordingOutput {
+ public:
+  explicit FlagOutput(const Session& session) : session_(session) {}
+  std::vector<int> fitRunning;
+  void OutShow(const OutputRequest& request) override {
+    fitRunning.push_back(session_.FitRunning);
+    RecordingOutput::OutShow(request);
+  }
+
+ private:
+  const Session& session_;
+};
+
+class MainModTest : public testing::Test {
+ protected:
+  MainModTest() { panels.setView(view); }
+  void start() {
+    dialogs.press(1);
+    mainMod.StartUp([this] { atShowing(); });
+    dialogs.messages.clear();
+    sound.tones.clear();
+  }
+  void readData() {
+    files.content["/dati/a.dat"] = "x\r\ny\r\n3\r\n0 1 .1\r\n1 3 .1\r\n2 5.1 .1\r\n";
+    dialogs.pick("/dati/a.dat");
+    mainMod.run("MenDatLet");
+  }
+  void chooseLine() {
+    functions.select(2, 1);
+    mainMod.run("MenFunSel");
+  }
+  bool on(const std::string& control) { return window.menuEnabled.at(control); }
+  void expectBox(const std::string& title, const std::string& text) {
+    ASSERT_EQ(dialogs.boxes.size(), 1u);
+    EXPECT_EQ(dialogs.boxes[0], (ScriptedDialogs::Box{title, text}));
+    dialogs.boxes.clear();
+  }
+
+  Session session;
+  MemoryFiles files;
+  ScriptedDialogs dialogs;
+  RecordingMainWindow window;
+  ScriptedInputForm input{session, [this](int action) { mainMod.runInputAction(action); }};
+  FlagOutput output{session};
+  ScriptedFunctionForms functions{session};
+  StillClock clock;
+  RecordingSound sound;
+  RecordingProcess process;
+  RecordingPanelView view;
+  MainPanels panels{session, files, window};
+  std::vector<int> exitCodes;
+  std::function<void()> atShowing = [] {};
+  MainMod mainMod{session,
+                  {files, dialogs, window, input, output, functions, clock, sound, process},
+                  panels,
+                  [this](int code) { exitCodes.push_back(code); }};
+
+  static constexpr const char* kNotYet = "Questo Comando non e` ancora Disponibile!     <*> per Continuare";
+};
+
+TEST_F(MainModTest, TheWindowFirstShowsTheTextsOfTheStart) {
+  atShowing = [this] {
+    EXPECT_EQ(window.panels[1], "Dati: Nessuno ");
+    EXPECT_EQ(window.panels[2], "Fun.: Nessuno ");
+    EXPECT_EQ(window.panels[3], "Grafici: Nessuno ");
+    EXPECT_EQ(window.panels[4], "Fun.Att.: NO ");
+    EXPECT_EQ(window.panels[5], "Par.Var.: NO ");
+    EXPECT_EQ(window.caption, "VOR_KEL");
+    EXPECT_TRUE(dialogs.messages.empty()) << "the welcome comes after the window";
+  };
+  start();
+  EXPECT_EQ(window.panels[1], "Dati: Nessuno");
+  EXPECT_EQ(window.panels[2], "Fun.: Nessuno");
+  EXPECT_EQ(window.panels[3], "Gra.: Nessuno");
+  EXPECT_EQ(window.panels[4], "Fun.Att.: NO");
+  EXPECT_EQ(window.panels[5], "Par.Var.: NO");
+}
+
+TEST_F(MainModTest, TheWelcomeIsToldWithOneButton) {
+  dialogs.press(1);
+  mainMod.StartUp([] {});
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  const MessageRequest& welcome = dialogs.messages[0];
+  EXPECT_EQ(welcome.caption, "VOR_KEL Versione Windows 98");
+  EXPECT_THAT(welcome.captions, ElementsAre("&Continua"));
+  EXPECT_EQ(welcome.icon, kInformation);
+  EXPECT_EQ(
+      welcome.text.substr(0, welcome.text.find("La guida")),
+      "La versione 1.0 di VOR_KEL per Windows 98 e` una versione preliminare che offre praticamente la "
+      "stessa funzionalita` della versione 3.6 sviluppata per l'ambiente DOS.\rSi pregano gli utenti di "
+      "segnalare i difetti di funzionamento che dovessero essere riscontrati.\r");
+  EXPECT_EQ(std::count(welcome.text.begin(), welcome.text.end(), '\r'), 3);
+}
+
+TEST_F(MainModTest, TheStartSoundsOnceBehindTheWelcome) {
+  dialogs.press(1);
+  mainMod.StartUp([] {});
+  EXPECT_THAT(sound.tones, ElementsAre(RecordingSound::Tone{1000, 1}));
+}
+
+TEST_F(MainModTest, TheStartFillsFoldersAndCatalogue) {
+  start();
+  EXPECT_EQ(session.DataDir, "/program");
+  EXPECT_THAT(session.WorkDir, Each(std::string("/program")));
+  EXPECT_THAT(session.WorkDrive, Each(std::string()));
+  EXPECT_EQ(session.catalogue.inner.size(), 5u);
+  EXPECT_EQ(session.catalogue.outer.size(), 9u);
+  EXPECT_THAT(functions.calls, ElementsAre("refill selection"));
+}
+
+TEST_F(MainModTest, RightAfterTheStartTheMenusOfMissingThingsAreOff) {
+  start();
+  for (const char* control :
+       {"MenDatSav", "MenDatTra", "MenDatSim", "MenGraDat", "MenGraFun", "MenGraDif", "MenAda", "MenAdaPar",
+        "MenAdaAda", "MenSerPro", "MenFunCar", "MenGraVisFil", "MenGraPriFil"}) {
+    EXPECT_FALSE(on(control)) << control;
+  }
+  for (const char* control :
+       {"MenDat", "MenDatLet", "MenDatMod", "MenFun", "MenFunSel", "MenFunLet", "MenFunMod", "MenGra",
+        "MenGraLetFil", "MenGraModFil", "MenSer", "MenSerCal", "MenSerOpz", "MenSerErr"}) {
+    EXPECT_TRUE(on(control)) << control;
+  }
+  EXPECT_FALSE(window.menuChecked.at("MenSerErr"));
+  EXPECT_FALSE(window.menuVisible.at("MenSerMod"));
+  EXPECT_FALSE(window.menuVisible.at("MenFunVar"));
+}
+
+TEST(MainMod, EveryEntryThatRunsSomethingHasACommand) {
+  for (const Command& command : commandTable()) {
+    const bool runs = command.kind != CommandKind::kMenu && command.kind != CommandKind::kNothing;
+    EXPECT_EQ(MainMod::hasCommand(command.control), runs) << command.control;
+  }
+}
+
+TEST_F(MainModTest, HiddenEntriesDoNothing) {
+  start();
+  window.panels.clear();
+  mainMod.run("MenSerMod");
+  mainMod.run("MenFunVar");
+  mainMod.run("MenNessuno");
+  EXPECT_TRUE(window.panels.empty());
+}
+
+TEST_F(MainModTest, ACommandEndsWithTheRefreshOfTheDisplay) {
+  start();
+  readData();
+  EXPECT_EQ(window.panels[1], "Dati: a.dat");
+  EXPECT_TRUE(on("MenDatSav"));
+  window.panels.clear();
+  mainMod.run("MenSerErr");
+  EXPECT_EQ(window.panels[1], "Dati: a.dat");
+}
+
+TEST_F(MainModTest, TheTwoCommandsThatOpenAPanelLeaveTheDisplay) {
+  start();
+  for (const char* control : {"MenSerImpDir", "MenSerImpGra"}) {
+    window.panels.clear();
+    mainMod.run(control);
+    EXPECT_TRUE(window.panels.empty()) << control;
+    EXPECT_TRUE(panels.isOpen());
+    mainMod.run("MenSerErr");
+    EXPECT_EQ(session.ShowErrors, kFalse) << "no command runs under a panel";
+    panels.CmdWrkDir(0);
+  }
+}
+
+TEST_F(MainModTest, ARecentEntryIsReadWithoutAsking) {
+  start();
+  readData();
+  session.DataFile.clear();
+  mainMod.run("MenDatOld(0)");
+  EXPECT_EQ(session.RecentData.pick, 1);
+  EXPECT_EQ(session.DataFile, "/dati/a.dat");
+  EXPECT_EQ(dialogs.fileRequests.size(), 1u);
+}
+
+TEST_F(MainModTest, RecentEntriesOfFunctionsAndFiguresTakeTheirOwnLists) {
+  start();
+  files.content["/f.fcn"] = "A\r\nA*x\r\nretta\r\n";
+  dialogs.pick("/f.fcn");
+  mainMod.run("MenFunLet");
+  files.content["/g.gra"] = "%\r\n";
+  dialogs.pick("/g.gra");
+  mainMod.run("MenGraLetFil");
+  mainMod.run("MenFunOld(0)");
+  EXPECT_EQ(session.RecentFun.pick, 0) << "asks again the next time";
+  EXPECT_EQ(session.RecentFun.RecentCount, 2);
+  mainMod.run("MenGraOld(0)");
+  EXPECT_EQ(session.RecentGra.pick, 1);
+  EXPECT_EQ(session.GraFile, "/g.gra");
+  EXPECT_EQ(window.panels[3], "Gra.: g.gra");
+}
+
+TEST_F(MainModTest, ModifyCommandsPickForTheEditor) {
+  start();
+  const struct {
+    const char *control, *caption, *filter;
+    int kind;
+  } cases[] = {{"MenDatMod", "VOR_KEL: Modifica File Dati", "File Dati (*.DAT)", kDataKind},
+               {"MenFunMod", "VOR_KEL: Modifica File Funzioni", "File Funzioni (*.FCN)", kFunctionKind},
+               {"MenGraModFil", "VOR_KEL: Modifica File Grafico", "File Grafici (*.GRA)", kGraphicKind}};
+  for (const auto& c : cases) {
+    dialogs.fileRequests.clear();
+    dialogs.pick("/manca.txt");
+    dialogs.expectBox();
+    mainMod.run(c.control);
+    const FileRequest& asked = dialogs.fileRequests.at(0);
+    EXPECT_EQ(asked.caption, c.caption);
+    EXPECT_FALSE(asked.save);
+    EXPECT_NE(asked.filter.find(c.filter), std::string::npos) << asked.filter;
+    EXPECT_EQ(session.FileKind, c.kind);
+    expectBox("VOR_KEL", kNotYet);
+
+    dialogs.pick(std::nullopt);
+    mainMod.run(c.control);
+    EXPECT_EQ(session.ErrFlag, kCancelled) << "a cancel opens nothing";
+  }
+}
+
+TEST_F(MainModTest, FiguresWithoutTheirInputAreRefused) {
+  start();
+  dialogs.expectBox();
+  mainMod.run("MenGraDatVis");
+  expectBox("VOR_KEL", "Dati NON Definiti!     <*> per Continuare");
+  for (const char* control : {"MenGraFunVis", "MenGraDifVis"}) {
+    dialogs.expectBox();
+    mainMod.run(control);
+    expectBox("VOR_KEL", "Dati e Funzione NON definiti!     <*> per Continuare");
+  }
+  chooseLine();
+  dialogs.expectBox();
+  mainMod.run("MenGraFunVis");
+  expectBox("VOR_KEL", "Dati NON Definiti!     <*> per Continuare");
+}
+
+TEST_F(MainModTest, FiguresWithTheirInputAreNotThereYet) {
+  start();
+  readData();
+  chooseLine();
+  for (const char* control : {"MenGraDatVis", "MenGraFunVis", "MenGraDifVis"}) {
+    dialogs.expectBox();
+    mainMod.run(control);
+    expectBox("VOR_KEL", kNotYet);
+  }
+}
+
+TEST_F(MainModTest, TheFitIsRefusedWithItsFourTexts) {
+  start();
+  const auto refused = [&](const std::string& text) {
+    dialogs.expectBox();
+    mainMod.run("MenAdaAda");
+    expectBox("ERRORE !", text + "  <*> per Continuare");
+  };
+  refused("Dati e Funzione NON definiti!");
+  chooseLine();
+  refused("Dati NON Definiti!");
+  readData();
+  refused("Parametri NON Definiti!");
+  session.FunDefined = kFalse;
+  refused("Funzione NON Definita!");
+}
+
+TEST_F(MainModTest, TheFitRunsUnderItsFlag) {
+  start();
+  readData();
+  chooseLine();
+  input.execute({"1", "1", "1", "1"});
+  mainMod.run("MenAdaPar");
+  EXPECT_EQ(session.ParVar, kTrue);
+  mainMod.run("MenAdaAda");
+  EXPECT_THAT(output.fitRunning, ElementsAre(kTrue));
+  EXPECT_EQ(session.FitRunning, kFalse);
+  EXPECT_TRUE(output.isOpen());
+  EXPECT_TRUE(window.enabled);
+  EXPECT_EQ(window.panels[5], "Par.Var.: SI");
+}
+
+TEST_F(MainModTest, TheFlagOfTheFitFallsAlsoAfterAFailure) {
+  start();
+  readData();
+  chooseLine();
+  input.execute({"0", "0", "1", "1"});
+  mainMod.run("MenAdaPar");
+  session.data.ErrYpnt.span(1, 3)[0] = 0;
+  mainMod.run("MenAdaAda");
+  EXPECT_EQ(session.FitRunning, kFalse);
+}
+
+TEST_F(MainModTest, ParametersAreEnteredForAFit) {
+  start();
+  chooseLine();
+  session.PropagationMode = kTrue;
+  input.giveUp();
+  mainMod.run("MenAdaPar");
+  EXPECT_EQ(session.PropagationMode, kFalse);
+  EXPECT_EQ(input.shown.at(0).caption, "VOR_KEL: Parametri Iniziali");
+  EXPECT_EQ(session.ErrFlag, kTrue);
+}
+
+TEST_F(MainModTest, PropagationAsksForErrorsAndLeavesNoFlag) {
+  start();
+  mainMod.run("MenSerPro");
+  EXPECT_TRUE(input.shown.empty()) << "without a function nothing happens";
+  EXPECT_EQ(session.PropagationMode, kFalse);
+  chooseLine();
+  EXPECT_TRUE(on("MenSerPro"));
+  input.giveUp();
+  mainMod.run("MenSerPro");
+  EXPECT_EQ(input.shown.at(0).caption, "VOR_KEL: Propagazione Errori");
+  EXPECT_EQ(session.PropagationMode, kTrue);
+  EXPECT_EQ(session.ErrFlag, 0);
+  input.execute({"1", "1", "1", "0", "0", "0"});
+  dialogs.expectBox();
+  mainMod.run("MenSerPro");
+  expectBox("VOR_KEL", kNotYet);
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(MainModTest, TheCalculatorIsStartedAtEachClick) {
+  start();
+  mainMod.run("MenSerCal");
+  mainMod.run("MenSerCal");
+  EXPECT_THAT(process.started, ElementsAre("/program/tabulo", "/program/tabulo"));
+  process.works = false;
+  dialogs.expectBox();
+  mainMod.run("MenSerCal");
+  expectBox("VOR_KEL", "Calcolatrice NON Trovata!     <*> per Continuare");
+  EXPECT_THAT(exitCodes, IsEmpty());
+}
+
+TEST_F(MainModTest, TheErrorOptionAndItsMarkChangeTogether) {
+  start();
+  for (int expected : {kTrue, kFalse, kTrue}) {
+    mainMod.run("MenSerErr");
+    EXPECT_EQ(session.ShowErrors, expected);
+    EXPECT_EQ(window.menuChecked.at("MenSerErr"), expected == kTrue);
+  }
+}
+
+TEST_F(MainModTest, AnUnguardedErrorIsToldAndEndsTheProgram) {
+  start();
+  files.content["/a.dat"] = "x";
+  files.readError["/a.dat"] = kPermissionDenied;
+  dialogs.pick("/a.dat");
+  dialogs.expectBox();
+  mainMod.run("MenDatLet");
+  expectBox("VOR_KEL", "Errore di run-time '70':\n\nAutorizzazione negata");
+  EXPECT_THAT(exitCodes, ElementsAre(1));
+  mainMod.run("MenSerErr");
+  EXPECT_EQ(session.ShowErrors, kFalse) << "nothing runs any more";
+}
+
+TEST_F(MainModTest, OtherFailuresEndTheProgramTheSameWay) {
+  dialogs.expectBox();
+  mainMod.guarded([] { throw std::bad_alloc(); });
+  EXPECT_THAT(exitCodes, ElementsAre(1));
+}
+
+TEST_F(MainModTest, FlagsAreExactlyTrueOrFalseAfterEveryCommand) {
+  start();
+  const auto check = [&](const char* control) {
+    for (const Flag flag :
+         {session.DataDefined, session.FunFileRead, session.FunDefined, session.ParametersSet, session.ParVar,
+          session.GraDefined, session.ShowErrors, session.TraceEnabled, session.CheckFunctions,
+          session.FitRunning, session.PropagationMode, session.SimFirstTime, session.Landscape,
+          session.BeepOn, session.data.kXpntErr, panels.PanelClosed}) {
+      EXPECT_TRUE(flag == kTrue || flag == kFalse) << control << ": " << flag;
+    }
+  };
+  readData();
+  check("MenDatLet");
+  files.content["/f.fcn"] = "A,B\r\nA*x+B\r\nretta\r\n";
+  dialogs.pick("/f.fcn");
+  mainMod.run("MenFunLet");
+  check("MenFunLet");
+  functions.load(1);
+  mainMod.run("MenFunCar");
+  check("MenFunCar");
+  functions.select(6, 1);
+  mainMod.run("MenFunSel");
+  check("MenFunSel");
+  input.execute({"1", "1", "1", "1"});
+  mainMod.run("MenAdaPar");
+  check("MenAdaPar");
+  for (const char* control : {"MenAdaAda", "MenSerErr", "MenSerImpDir"}) {
+    mainMod.run(control);
+    check(control);
+  }
+  panels.CmdWrkDir(1);
+  mainMod.run("MenSerImpGra");
+  panels.CmdImpGra(1);
+  check("MenSerImpGra");
+}
+
+class MainPanelsTest : public MainModTest {
+ protected:
+  void SetUp() override { start(); }
+  std::vector<bool> topMenus() {
+    return {on("MenAda"), on("MenDat"), on("MenFun"), on("MenGra"), on("MenSer")};
+  }
+};
+
+TEST_F(MainPanelsTest, TheDirectoryPanelIsABusyState) {
+  mainMod.run("MenSerImpDir");
+  EXPECT_EQ(panels.PanelClosed, kFalse);
+  EXPECT_EQ(window.caption, "VOR_KEL: Selezione Directory di Lavoro");
+  EXPECT_THAT(topMenus(), Each(false));
+  EXPECT_THAT(view.calls, ElementsAre("show FraDir", "sync FraDir"));
+  EXPECT_EQ(session.WorkRow, 0);
+}
+
+TEST_F(MainPanelsTest, BothButtonsEndTheDirectoryPanel) {
+  for (int button : {0, 1}) {
+    mainMod.run("MenSerImpDir");
+    panels.CmdWrkDir(button);
+    EXPECT_EQ(panels.PanelClosed, kTrue);
+    EXPECT_EQ(window.caption, "VOR_KEL");
+    EXPECT_THAT(topMenus(), ElementsAre(false, true, true, true, true));
+    EXPECT_EQ(view.calls.back(), "hide FraDir");
+  }
+}
+
+TEST_F(MainPanelsTest, TheMenuOfFitsComesBackWithAFunctionOnly) {
+  chooseLine();
+  mainMod.run("MenSerImpDir");
+  EXPECT_FALSE(on("MenAda"));
+  panels.CmdWrkDir(0);
+  EXPECT_TRUE(on("MenAda"));
+}
+
+TEST_F(MainPanelsTest, EseguiReachesTheFilePickerAndRinunciaDoesNot) {
+  mainMod.run("MenSerImpDir");
+  session.WorkDir = {"", "/d", "/f", "/g"};
+  panels.CmdWrkDir(0);
+  EXPECT_EQ(session.DataDir, "/program");
+  mainMod.run("MenSerImpDir");
+  EXPECT_EQ(panels.directory().caption(1), " File Dati:\n /d");
+  panels.CmdWrkDir(1);
+  EXPECT_EQ(session.DataDir, "/d");
+  EXPECT_EQ(session.FunDir, "/f");
+  EXPECT_EQ(session.GraDir, "/g");
+}
+
+TEST_F(MainPanelsTest, TheOptionsPanelShowsItsCaption) {
+  mainMod.run("MenSerImpGra");
+  EXPECT_EQ(window.caption, "VOR_KEL: Impostazioni Grafiche");
+  EXPECT_THAT(topMenus(), Each(false));
+  EXPECT_THAT(view.calls, ElementsAre("show FraGra", "sync FraGra"));
+  panels.CmdImpGra(0);
+  EXPECT_EQ(window.caption, "VOR_KEL");
+  EXPECT_EQ(view.calls.back(), "hide FraGra");
+}
+
+TEST_F(MainPanelsTest, AccettaSetsThePictureOfTheWindow) {
+  mainMod.run("MenSerImpGra");
+  panels.graphics().stepPicture();
+  EXPECT_EQ(window.background, 0);
+  panels.CmdImpGra(1);
+  EXPECT_EQ(window.background, 1);
+}
+
+TEST_F(MainPanelsTest, RinunciaKeepsThePictureAndTheScales) {
+  mainMod.run("MenSerImpGra");
+  panels.graphics().stepPicture();
+  for (int row = 0; row < 4; ++row) panels.graphics().scroll(row, 20);
+  panels.graphics().choosePaper(1);
+  panels.CmdImpGra(0);
+  EXPECT_EQ(window.background, 0);
+  EXPECT_EQ(session.BackImage, 0);
+  EXPECT_THAT(session.GraphScale, Each(1.0F));
+  EXPECT_EQ(session.Landscape, kTrue);
+}
+
+}  // namespace
+}  // namespace vk

@@ -1,0 +1,232 @@
+#include "ui/MainMod.h"
+
+#include <array>
+#include <exception>
+
+#include "analysis/FitMod.h"
+#include "analysis/FitScreen.h"
+#include "analysis/InitialParameters.h"
+#include "expr/FunMod.h"
+#include "expr/FunctionCommands.h"
+#include "session/DataCommands.h"
+#include "session/FileSelection.h"
+#include "session/Msg.h"
+#include "session/Refusals.h"
+#include "session/ServiceCommands.h"
+#include "session/StartUp.h"
+#include "session/SubMod.h"
+
+namespace vk {
+namespace {
+
+constexpr const char* kWelcome =
+    "La versione 1.0 di VOR_KEL per Windows 98 e` una versione preliminare"
+    " che offre praticamente la stessa funzionalita` della versione 3.6"
+    " sviluppata per l'ambiente DOS.\r"
+    "Si pregano gli utenti di segnalare i difetti di"
+    " funzionamento che dovessero essere riscontrati.\r"
+    "La guida si trova nella cartella della documentazione (docs).\r"
+    "VOR_KEL e` opera di chi lo usa e di chi lo sviluppa.";
+
+/// Error of the platform for whatever goes wrong inside without a number of its own.
+constexpr int kInternalError = 51;
+
+/// Sets a flag for as long as it lives.
+class FlagOn {
+ public:
+  explicit FlagOn(Flag& flag) : flag_(flag) { flag_ = kTrue; }
+  ~FlagOn() { flag_ = kFalse; }
+  FlagOn(const FlagOn&) = delete;
+  FlagOn& operator=(const FlagOn&) = delete;
+
+ private:
+  Flag& flag_;
+};
+
+}  // namespace
+
+struct MainMod::Handler {
+  std::string_view control;
+  void (MainMod::*command)() = nullptr;
+  void (MainMod::*recent)(int index) = nullptr;
+};
+
+const MainMod::Handler* MainMod::findHandler(std::string_view control) {
+  static constexpr std::array kHandlers{
+      Handler{"MenDatLet", &MainMod::menDatLet},
+      Handler{"MenDatMod", &MainMod::menDatMod},
+      Handler{"MenDatSav", &MainMod::menDatSav},
+      Handler{"MenDatTra", &MainMod::notThereYet},
+      Handler{"MenDatSim", &MainMod::notThereYet},
+      Handler{"MenDatOld", nullptr, &MainMod::recent<kDataKind>},
+      Handler{"MenFunSel", &MainMod::menFunSel},
+      Handler{"MenFunLet", &MainMod::menFunLet},
+      Handler{"MenFunMod", &MainMod::menFunMod},
+      Handler{"MenFunCar", &MainMod::menFunCar},
+      Handler{"MenFunOld", nullptr, &MainMod::recent<kFunctionKind>},
+      Handler{"MenGraDatVis", &MainMod::menGraDatVis},
+      Handler{"MenGraDatGra", &MainMod::notThereYet},
+      Handler{"MenGraFunVis", &MainMod::menGraFunVis},
+      Handler{"MenGraFunGra", &MainMod::notThereYet},
+      Handler{"MenGraDifVis", &MainMod::menGraDifVis},
+      Handler{"MenGraDifGra", &MainMod::notThereYet},
+      Handler{"MenGraDifSav", &MainMod::notThereYet},
+      Handler{"MenGraLetFil", &MainMod::menGraLetFil},
+      Handler{"MenGraModFil", &MainMod::menGraModFil},
+      Handler{"MenGraVisFil", &MainMod::notThereYet},
+      Handler{"MenGraPriFil", &MainMod::notThereYet},
+      Handler{"MenGraOld", nullptr, &MainMod::recent<kGraphicKind>},
+      Handler{"MenAdaPar", &MainMod::menAdaPar},
+      Handler{"MenAdaAda", &MainMod::menAdaAda},
+      Handler{"MenSerCal", &MainMod::menSerCal},
+      Handler{"MenSerPro", &MainMod::menSerPro},
+      Handler{"MenSerImpDir", &MainMod::menSerImpDir},
+      Handler{"MenSerImpGra", &MainMod::menSerImpGra},
+      Handler{"MenSerErr", &MainMod::menSerErr},
+  };
+  for (const Handler& handler : kHandlers) {
+    if (handler.control == control.substr(0, control.find('('))) return &handler;
+  }
+  return nullptr;
+}
+
+void MainMod::StartUp(const std::function<void()>& showMainWindow) {
+  for (int panel = 1; panel <= 5; ++panel) {
+    ports_.window.setPanel(panel, kStartPanels[static_cast<std::size_t>(panel) - 1]);
+  }
+  setFirstFolders(session_, ports_.files);
+  setFirstMenus(ports_.window);
+  ports_.window.setBackground(session_.BackImage);
+  ports_.window.setCaption(kProgramTitle);
+  showMainWindow();
+  welcome();
+  BuildCatalogue(session_);
+  ports_.functions.refillSelection();
+  SoundSignal(session_, ports_.sound, 0);
+  Msg(session_, ports_.window);
+}
+
+void MainMod::welcome() {
+  ports_.dialogs.Get_Msg({.caption = "VOR_KEL Versione Windows 98",
+                          .text = kWelcome,
+                          .icon = kInformation,
+                          .captions = {"&Continua"}});
+}
+
+void MainMod::run(std::string_view control) {
+  guarded([&] {
+    const Handler* handler = findHandler(control);
+    if (handler == nullptr || panels_.isOpen()) return;
+    if (handler->recent != nullptr) {
+      (this->*handler->recent)(control.at(control.find('(') + 1) - '0');
+    } else {
+      (this->*handler->command)();
+    }
+    if (!panels_.isOpen()) Msg(session_, ports_.window);
+  });
+}
+
+void MainMod::guarded(const std::function<void()>& handler) {
+  if (ended_) return;
+  try {
+    handler();
+  } catch (const RuntimeError& error) {
+    end(error);
+  } catch (const std::exception&) {
+    end(RuntimeError(kInternalError));
+  }
+}
+
+void MainMod::end(const RuntimeError& error) {
+  ended_ = true;
+  ports_.dialogs.plainBox(kProgramTitle, error.message());
+  quit_(1);
+}
+
+void MainMod::runInputAction(int action) {
+  if (action == kStoreParameters) StoreParameters(session_, ports_.window);
+}
+
+void MainMod::notThereYet() {
+  ports_.dialogs.plainBox(kProgramTitle, "Questo Comando non e` ancora Disponibile!     <*> per Continuare");
+}
+
+void MainMod::edit(const std::string& caption, Int16 kind) {
+  std::string name;
+  PickFile(session_, ports_.files, ports_.dialogs, caption, name, kind, kPickForEditor);
+  if (session_.ErrFlag == 0) notThereYet();
+}
+
+void MainMod::drawFigure(int figure) {
+  if (canDrawFigure(session_, ports_.dialogs, figure)) notThereYet();
+}
+
+template <FileKindCode kind>
+void MainMod::recent(int index) {
+  pickRecentFile(session_, kind, index);
+  switch (kind) {
+    case kDataKind:
+      return menDatLet();
+    case kFunctionKind:
+      return menFunLet();
+    case kGraphicKind:
+      return menGraLetFil();
+  }
+}
+
+void MainMod::menDatLet() {
+  MenDatLet(session_, ports_.files, ports_.dialogs, ports_.output, ports_.window);
+}
+void MainMod::menDatMod() {
+  edit("VOR_KEL: Modifica File Dati", kDataKind);
+}
+void MainMod::menDatSav() {
+  MenDatSav(session_, ports_.files, ports_.dialogs);
+}
+void MainMod::menFunSel() {
+  MenFunSel(session_, ports_.window, ports_.functions);
+}
+void MainMod::menFunLet() {
+  MenFunLet(session_, ports_.files, ports_.dialogs, ports_.output, ports_.window, ports_.functions);
+}
+void MainMod::menFunMod() {
+  edit("VOR_KEL: Modifica File Funzioni", kFunctionKind);
+}
+void MainMod::menFunCar() {
+  MenFunCar(session_, ports_.window, ports_.functions);
+}
+void MainMod::menGraDatVis() {
+  drawFigure(kDataFigure);
+}
+void MainMod::menGraFunVis() {
+  drawFigure(kFunctionFigure);
+}
+void MainMod::menGraDifVis() {
+  drawFigure(kDifferencesFigure);
+}
+void MainMod::menGraLetFil() {
+  MenGraLetFil(session_, ports_.files, ports_.dialogs, ports_.window);
+}
+void MainMod::menGraModFil() {
+  edit("VOR_KEL: Modifica File Grafico", kGraphicKind);
+}
+void MainMod::menAdaPar() {
+  MenAdaPar(session_, ports_.input);
+}
+void MainMod::menAdaAda() {
+  if (!canFit(session_, ports_.dialogs)) return;
+  const FlagOn running(session_.FitRunning);
+  FitScreen screen(session_, ports_.output);
+  FitData(session_, ports_.dialogs, ports_.window, ports_.clock, screen);
+}
+void MainMod::menSerCal() {
+  MenSerCal(ports_.files, ports_.process, ports_.dialogs);
+}
+void MainMod::menSerPro() {
+  MenSerPro(session_, ports_.input, [this] { notThereYet(); });
+}
+void MainMod::menSerErr() {
+  MenSerErr(session_, ports_.window);
+}
+
+}  // namespace vk

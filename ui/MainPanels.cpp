@@ -1,0 +1,48 @@
+#include "ui/MainPanels.h"
+
+namespace vk {
+
+void MainPanels::open(Panel panel, const char* caption) {
+  PanelClosed = kFalse;
+  window_.setCaption(caption);
+  view_->showPanel(panel);
+  for (const char* menu : {"MenAda", "MenDat", "MenFun", "MenGra", "MenSer"})
+    window_.setMenuEnabled(menu, false);
+}
+
+void MainPanels::MenSerImpDir() {
+  open(Panel::kDirectory, "VOR_KEL: Selezione Directory di Lavoro");
+  directory_.open();
+  view_->syncPanel(Panel::kDirectory);
+}
+
+void MainPanels::MenSerImpGra() {
+  open(Panel::kGraphics, "VOR_KEL: Impostazioni Grafiche");
+  graphics_.open();
+  view_->syncPanel(Panel::kGraphics);
+}
+
+void MainPanels::CmdWrkDir(int index) {
+  if (index == 1) directory_.accept();
+  close(Panel::kDirectory);
+}
+
+void MainPanels::CmdImpGra(int index) {
+  if (index == 1) {
+    graphics_.accept();
+  } else {
+    graphics_.cancel();
+  }
+  window_.setBackground(session_.BackImage);
+  close(Panel::kGraphics);
+}
+
+void MainPanels::close(Panel panel) {
+  view_->hidePanel(panel);
+  PanelClosed = kTrue;
+  window_.setMenuEnabled("MenAda", session_.FunDefined != kFalse);
+  for (const char* menu : {"MenDat", "MenFun", "MenGra", "MenSer"}) window_.setMenuEnabled(menu, true);
+  window_.setCaption(kProgramTitle);
+}
+
+}  // namespace vk

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "platform/MainWindow.h"
+#include "session/Session.h"
+#include "ui/DirectoryPanel.h"
+#include "ui/GraphicPanel.h"
+
+namespace vk {
+
+enum class Panel { kDirectory, kGraphics };
+
+/// The two frames inside the main window, `FraDir` and `FraGra`.
+class PanelView {
+ public:
+  virtual ~PanelView() = default;
+  /// Places the frame, shows it and gives it the focus.
+  virtual void showPanel(Panel panel) = 0;
+  virtual void hidePanel(Panel panel) = 0;
+  /// Shows anew what stands in the engine of the panel.
+  virtual void syncPanel(Panel panel) = 0;
+};
+
+/// The busy states of the main window: while a panel is open the menus are off, and only its buttons end it.
+class MainPanels {
+ public:
+  MainPanels(Session& session, Files& files, MainWindow& window)
+      : directory_(session, files), graphics_(session), session_(session), window_(window) {}
+
+  void setView(PanelView& view) { view_ = &view; }
+
+  /// Commands: open a panel.
+  void MenSerImpDir();
+  void MenSerImpGra();
+
+  /// Buttons of the panels: 0 "&Rinuncia", 1 "&Esegui" or "&Accetta".
+  void CmdWrkDir(int index);
+  void CmdImpGra(int index);
+
+  DirectoryPanel& directory() { return directory_; }
+  GraphicPanel& graphics() { return graphics_; }
+  bool isOpen() const { return !PanelClosed; }
+
+  Flag PanelClosed = kTrue;
+
+ private:
+  void open(Panel panel, const char* caption);
+  void close(Panel panel);
+
+  DirectoryPanel directory_;
+  GraphicPanel graphics_;
+  Session& session_;
+  MainWindow& window_;
+  PanelView* view_ = nullptr;
+};
+
+}  // namespace vk

@@ -25,7 +25,7 @@ using Colour = std::uint32_t;
 constexpr Colour RGB(int red, int green, int blue) {
   return static_cast<Colour>(red << 16 | green << 8 | blue);
 }
-inline constexpr Colour kBlack = RGB(0, 0, 0);
-inline constexpr Colour kWhite = RGB(255, 255, 255);
+inline constexpr Colour kInkBlack = RGB(0, 0, 0);
+inline constexpr Colour kPaperWhite = RGB(255, 255, 255);
 
 }  // namespace vk

@@ -164,7 +164,7 @@ MessageLayout layoutMessage(const MessageRequest& request, const TextMeasure& fo
     layout.icon = {kMargin, iconTop, around.icon.width, around.icon.height};
   }
   layout.buttons = placeButtons(request.captions.size(), m, layout.content.width,
-                                kMargin + blockHeight + m.gap, around.buttonHeight);
+                                1.5 * kMargin + blockHeight + m.gap, around.buttonHeight);
   const Size window{layout.content.width + around.frame.width, layout.content.height + around.frame.height};
   layout.form = placeMessage(window, request.posX, request.posY, around.owner, around.screen);
   return layout;

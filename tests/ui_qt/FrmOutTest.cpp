@@ -1,0 +1,211 @@
+#include "ui/qt/FrmOut.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+
+#include "doubles/Doubles.h"
+#include "ui/qt/Breath.h"
+#include "ui/qt/QtOutput.h"
+#include "ui/qt/Services.h"
+#include "ui/qt/Twips.h"
+#include "ui_qt/User.h"
+
+namespace vk {
+namespace {
+
+using testing::ElementsAre;
+
+class FrmOutTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    owner.resize(700, 500);
+    owner.move(60, 40);
+    bringToFront(&owner);
+    windows.add(Form::kMain, &owner);
+  }
+  void open(std::vector<std::string> captions, const std::string& text = "", int rows = 10, int cols = 60) {
+    output.OutShow({Form::kMain, rows, cols, std::move(captions), "Titolo", text});
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&output.form()));
+  }
+  void press(int index) {
+    QTest::mouseClick(control<QPushButton>(&output.form(), QString("CmdOut(%1)").arg(index)), Qt::LeftButton);
+  }
+  QWidget* surface() { return control<QWidget>(&output.form(), "Surface"); }
+
+  QWidget owner;
+  Session session;
+  Windows windows;
+  RecordingPrinter printer;
+  RecordingClipboard clipboard;
+  Breath breath;
+  QtOutput output{{session, windows, printer, clipboard, [](const auto& handler) { handler(); }}, breath};
+};
+
+TEST_F(FrmOutTest, IsModeless) {
+  open(kReportButtons);
+  EXPECT_TRUE(output.form().isVisible());
+  EXPECT_TRUE(owner.isEnabled());
+  EXPECT_EQ(output.form().windowModality(), Qt::NonModal);
+}
+
+TEST_F(FrmOutTest, ContinuaClosesAndEnablesTheOwner) {
+  open(kReportButtons);
+  owner.setEnabled(false);
+  press(0);
+  EXPECT_FALSE(output.form().isVisible());
+  EXPECT_TRUE(owner.isEnabled());
+}
+
+TEST_F(FrmOutTest, AccessKeysPressItsButtons) {
+  open(kReportButtons);
+  QTest::keyClick(&output.form(), Qt::Key_P, Qt::AltModifier);
+  EXPECT_THAT(clipboard.calls, ElementsAre("clear", "grid"));
+  QTest::keyClick(&output.form(), Qt::Key_C, Qt::AltModifier);
+  EXPECT_FALSE(output.form().isVisible());
+}
+
+TEST_F(FrmOutTest, EnterPressesTheFirstButton) {
+  open(kReportButtons);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_FALSE(output.form().isVisible());
+}
+
+TEST_F(FrmOutTest, StampaPrintsAndCopiaCopies) {
+  open(kReportButtons);
+  output.print("abc");
+  press(1);
+  EXPECT_THAT(printer.calls, ElementsAre("landscape", "grid", "end", "portrait"));
+  press(2);
+  EXPECT_EQ(clipboard.grid.rowText(1).substr(0, 3), "abc");
+  EXPECT_TRUE(output.form().isVisible());
+}
+
+TEST_F(FrmOutTest, SalvaFileRunsTheRoutineAndCloses) {
+  int saved = 0;
+  open({"&Continua", "&Stampa", "Co&pia", "Salva &File"});
+  output.setSaveRoutine([&] { ++saved; });
+  press(3);
+  EXPECT_EQ(saved, 1);
+  EXPECT_FALSE(output.form().isVisible());
+}
+
+TEST_F(FrmOutTest, OtherCaptionsDoNothing) {
+  open({"&Altro"});
+  press(0);
+  EXPECT_TRUE(output.form().isVisible());
+}
+
+TEST_F(FrmOutTest, TheWindowControlExits) {
+  open(kReportButtons);
+  output.form().close();
+  EXPECT_FALSE(output.form().isVisible());
+  EXPECT_TRUE(owner.isEnabled());
+}
+
+TEST_F(FrmOutTest, AWindowWithoutButtonsIsClosedByItsCommandOnly) {
+  open({});
+  output.form().close();
+  EXPECT_TRUE(output.form().isVisible());
+  output.FrmOut_Exit();
+  EXPECT_FALSE(output.form().isVisible());
+}
+
+TEST_F(FrmOutTest, TextModeShowsTheTextOfCodePage437) {
+  open(kReportButtons, "X\xFD/\xE6\r\nuno\r\n");
+  auto* text = control<QPlainTextEdit>(&output.form(), "TxtOut");
+  EXPECT_TRUE(text->isVisible());
+  EXPECT_TRUE(text->isReadOnly());
+  EXPECT_EQ(text->toPlainText(), QString("X²/µ\nuno\n"));
+  EXPECT_FALSE(surface()->isVisible());
+}
+
+TEST_F(FrmOutTest, BlanksOpenInDrawingMode) {
+  open(kReportButtons, "    ");
+  EXPECT_TRUE(surface()->isVisible());
+  EXPECT_FALSE(control<QPlainTextEdit>(&output.form(), "TxtOut")->isVisible());
+}
+
+TEST_F(FrmOutTest, TheSurfaceHasTheSizeOfItsGrid) {
+  open(kReportButtons);
+  const CellSize cell = output.form().cell();
+  EXPECT_EQ(surface()->size(), QSize(60 * cell.width / 15, 10 * cell.height / 15));
+  EXPECT_EQ(output.form().height(), surface()->height() + toPixels(2 * 405));
+}
+
+TEST_F(FrmOutTest, FramesArePaintedThroughTheCentresOfTheirCells) {
+  open(kReportButtons);
+  output.CharFrame(2, 3, 8, 20, 3, "");
+  output.refresh();
+  for (const ColouredLine& line : frameLines({2, 3, 8, 20, 3}, output.form().cell(), kPaperWhite)) {
+    const QPoint middle(toPixels((line.x1 + line.x2) / 2), toPixels((line.y1 + line.y2) / 2));
+    EXPECT_EQ(pixelAt(surface(), middle), QColor::fromRgb(line.colour));
+  }
+  EXPECT_EQ(pixelAt(surface(), QPoint(2, 2)), QColor(Qt::white));
+}
+
+TEST_F(FrmOutTest, ATextReplacesTheFrameBehindIt) {
+  open(kReportButtons);
+  output.CharFrame(2, 3, 8, 20, 3, "");
+  output.CharLocate(2, 6);
+  output.print("   ");
+  const CellSize cell = output.form().cell();
+  EXPECT_EQ(pixelAt(surface(), QPoint(13 * cell.width / 30, 3 * cell.height / 30)), QColor(Qt::white));
+}
+
+TEST_F(FrmOutTest, AWindowBesideLeavesTheOneBeforeOpen) {
+  open(kReportButtons, "primo");
+  FrmOut* first = &output.form();
+  OutputRequest second{Form::kMain, 10, 60, kReportButtons, "Secondo", ""};
+  second.beside = true;
+  output.OutShow(second);
+  EXPECT_NE(&output.form(), first);
+  EXPECT_TRUE(first->isVisible());
+  EXPECT_EQ(control<QPlainTextEdit>(first, "TxtOut")->toPlainText(), "primo");
+  output.FrmOut_Exit();
+  EXPECT_TRUE(first->isVisible());
+  first->close();
+  EXPECT_FALSE(first->isVisible());
+}
+
+TEST_F(FrmOutTest, ANewShowingReplacesTheOneBefore) {
+  open(kReportButtons, "primo");
+  FrmOut* first = &output.form();
+  open({"&Continua"});
+  EXPECT_EQ(&output.form(), first);
+  EXPECT_FALSE(control<QPushButton>(first, "CmdOut(1)")->isVisible());
+}
+
+TEST_F(FrmOutTest, TheGridCanBeReadByAssistiveTools) {
+  open(kReportButtons);
+  output.print("Iter.   12");
+  output.refresh();
+  EXPECT_EQ(output.form().accessibleName(), "Titolo");
+  EXPECT_TRUE(surface()->accessibleDescription().startsWith("Iter.   12\n"));
+}
+
+TEST(QtClipboard, HoldsAGridAsBitmapAndAsText) {
+  const Session session;
+  QtClipboard clipboard(session);
+  CharGrid grid(2, 12);
+  grid.print(1, 1, "X\xFD/\xE6 = 1");
+  clipboard.clear();
+  clipboard.setGrid(grid);
+  const QMimeData* content = QGuiApplication::clipboard()->mimeData();
+  EXPECT_TRUE(content->hasImage());
+  EXPECT_FALSE(qvariant_cast<QImage>(content->imageData()).isNull());
+  EXPECT_EQ(content->text(), QString("X²/µ = 1\n\n"));
+}
+
+TEST(QtClipboard, TakesAndGivesTextsOfCodePage437) {
+  const Session session;
+  QtClipboard clipboard(session);
+  clipboard.setText("a\xFB\x62");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QString("a√b"));
+  EXPECT_EQ(clipboard.text(), "a\xFB\x62");
+  QGuiApplication::clipboard()->setText("€uro");
+  EXPECT_EQ(clipboard.text(), "?uro");
+}
+
+}  // namespace
+}  // namespace vk

@@ -1,0 +1,316 @@
+#include "ui/qt/InpFrm.h"
+
+#include <QApplication>
+
+#include "base/RuntimeError.h"
+#include "doubles/Doubles.h"
+#include "doubles/ScriptedDialogs.h"
+#include "ui/qt/QtDialogs.h"
+#include "ui/qt/Twips.h"
+#include "ui_qt/User.h"
+
+namespace vk {
+namespace {
+
+using testing::ElementsAre;
+
+class InpFrmTest : public testing::Test {
+ protected:
+  struct Field {
+    std::string value, kind;
+    int width;
+  };
+
+  void SetUp() override {
+    owner.resize(700, 500);
+    owner.move(60, 40);
+    bringToFront(&owner);
+    windows.add(Form::kMain, &owner);
+    setFields({{"1", "#Number", -8}, {"due", "#String", 8}, {"x", "#Function@y@x@ @ @", 12}});
+    form.setAction([this](int number) {
+      actions.push_back(number);
+      visibleInAction = form.isVisible();
+    });
+  }
+
+  void setFields(const std::vector<Field>& fields) {
+    const int n = static_cast<int>(fields.size());
+    tables = InputTables();
+    tables.caption = "VOR_KEL: Parametri Iniziali";
+    tables.InpRows = 10;
+    tables.InpCols = 44;
+    tables.InpAction = kStoreParameters;
+    tables.InpFieldCount = n;
+    tables.InpFrameCount = 1;
+    tables.InpFrames.dim(1);
+    tables.InpFrames[1] = {1, 1, 10, 44, 3};
+    tables.InpValues.dim(n);
+    tables.InpFieldKinds.dim(n);
+    tables.InpFieldPos.dim(n);
+    tables.InpLabels.dim(n);
+    tables.InpLabelPos.dim(n);
+    for (int i = 1; i <= n; ++i) {
+      const Field& field = fields[static_cast<std::size_t>(i) - 1];
+      tables.InpValues[i] = field.value;
+      tables.InpFieldKinds[i] = field.kind;
+      tables.InpFieldPos[i] = {3 + i, 10, field.width};
+      tables.InpLabels[i] =
+          "\xEB"
+          "a";
+      tables.InpLabelPos[i] = {3 + i, 2, 5};
+    }
+  }
+  void show() { form.InpShow(tables, Form::kMain); }
+  QLineEdit* box() { return control<QLineEdit>(&form, "txtGet"); }
+  QWidget* field(int i) { return control<QWidget>(&form, QString("lblVal(%1)").arg(i)); }
+  /// A step while the form is open.
+  void then(std::function<void()> step) {
+    user.at("InpFrm", [step](QWidget*) { step(); });
+  }
+  void replace(const QString& text) {
+    box()->selectAll();
+    typeText(box(), text);
+  }
+  void giveUp() { user.press("InpFrm", "cmdRin"); }
+  void execute() { user.press("InpFrm", "cmdEse"); }
+
+  QWidget owner;
+  Windows windows;
+  Session session;
+  FrmMsg message{windows, session.FontLabel};
+  QtDialogs dialogs{windows, message};
+  RecordingSound sound;
+  bool compiles = true;
+  bool breaks = false;
+  InpMod engine{session, dialogs, sound, [this](const std::string&) {
+                  if (breaks) throw RuntimeError(kOverflow);
+                  return compiles;
+                }};
+  InputTables tables;
+  std::vector<int> actions;
+  bool visibleInAction = false;
+  InpFrm form{engine, windows};
+  User user;
+};
+
+TEST_F(InpFrmTest, ShowsTheFirstFieldInTheEditBox) {
+  then([this] {
+    EXPECT_EQ(box()->text(), "1");
+    EXPECT_TRUE(box()->hasFocus());
+    EXPECT_EQ(box()->palette().color(QPalette::Base), QColor(255, 255, 255));
+    EXPECT_FALSE(owner.isEnabled());
+    EXPECT_EQ(form.windowTitle(), "VOR_KEL: Parametri Iniziali");
+    EXPECT_EQ(box()->accessibleName(), QString("δa"));
+  });
+  giveUp();
+  show();
+  EXPECT_TRUE(owner.isEnabled());
+}
+
+TEST_F(InpFrmTest, EnterAndArrowsWalkThroughTheFields) {
+  then([this] {
+    QTest::keyClick(box(), Qt::Key_Return);
+    EXPECT_EQ(engine.InpCurrent, 2);
+    EXPECT_EQ(box()->text(), "due");
+    EXPECT_EQ(box()->palette().color(QPalette::Base), QColor(240, 240, 240));
+    QTest::keyClick(box(), Qt::Key_Down);
+    EXPECT_EQ(engine.InpCurrent, 3);
+    QTest::keyClick(box(), Qt::Key_Enter);
+    EXPECT_EQ(engine.InpCurrent, 1);
+    EXPECT_EQ(box()->palette().color(QPalette::Base), QColor(240, 240, 240)) << "grey when revisited";
+    QTest::keyClick(box(), Qt::Key_Up);
+    EXPECT_EQ(engine.InpCurrent, 3);
+    QTest::keyClick(box(), Qt::Key_Escape);
+    EXPECT_EQ(engine.InpCurrent, 3);
+    EXPECT_TRUE(form.isVisible());
+  });
+  giveUp();
+  show();
+}
+
+TEST_F(InpFrmTest, AClickGoesToItsField) {
+  then([this] {
+    QTest::mouseClick(field(3), Qt::LeftButton);
+    EXPECT_EQ(engine.InpCurrent, 3);
+    EXPECT_EQ(box()->geometry(), toPixels(engine.editBox().place));
+    EXPECT_TRUE(box()->hasFocus());
+  });
+  giveUp();
+  show();
+}
+
+TEST_F(InpFrmTest, EseguiHandsOverAndRunsTheActionWhenTheFormIsGone) {
+  session.ErrFlag = 7;
+  then([this] { replace("1e3"); });
+  execute();
+  show();
+  EXPECT_EQ(tables.InpValues[1], "1000");
+  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_THAT(actions, ElementsAre(kStoreParameters));
+  EXPECT_FALSE(visibleInAction);
+  EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(InpFrmTest, EseguiWithABadFieldKeepsTheFormOpenAndRunsNothing) {
+  then([this] { replace("abc"); });
+  execute();
+  then([this] {
+    EXPECT_EQ(sound.beeps, 3);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(box()->hasFocus());
+    EXPECT_EQ(box()->text(), "abc");
+  });
+  giveUp();
+  show();
+  EXPECT_TRUE(actions.empty());
+  EXPECT_EQ(session.ErrFlag, -1);
+  EXPECT_EQ(tables.InpValues[1], "1");
+}
+
+TEST_F(InpFrmTest, RinunciaWithABadFieldClosesAndSetsTheFlag) {
+  then([this] { replace("abc"); });
+  user.key("InpFrm", Qt::Key_R, Qt::AltModifier);
+  show();
+  EXPECT_EQ(session.ErrFlag, -1);
+  EXPECT_TRUE(actions.empty());
+}
+
+TEST_F(InpFrmTest, TheWindowControlActsAsRinuncia) {
+  user.close("InpFrm");
+  show();
+  EXPECT_EQ(session.ErrFlag, -1);
+  EXPECT_TRUE(owner.isEnabled());
+}
+
+TEST_F(InpFrmTest, AccessKeysPressTheButtons) {
+  user.key("InpFrm", Qt::Key_E, Qt::AltModifier);
+  show();
+  EXPECT_THAT(actions, ElementsAre(kStoreParameters));
+}
+
+TEST_F(InpFrmTest, TheFocusThatGoesToAControlOfTheFormLeavesTheField) {
+  then([this] {
+    QTest::keyClick(box(), Qt::Key_Tab);
+    EXPECT_EQ(engine.InpCurrent, 0);
+    EXPECT_EQ(box()->text(), "");
+    EXPECT_FALSE(box()->hasFocus());
+  });
+  giveUp();
+  show();
+}
+
+TEST_F(InpFrmTest, ABadFieldGetsTheFocusBack) {
+  then([this] {
+    replace("abc");
+    QTest::keyClick(box(), Qt::Key_Tab);
+    EXPECT_TRUE(box()->hasFocus());
+    EXPECT_EQ(engine.InpCurrent, 1);
+    EXPECT_EQ(box()->text(), "abc");
+    EXPECT_EQ(sound.beeps, 3);
+  });
+  giveUp();
+  show();
+}
+
+TEST_F(InpFrmTest, AnotherWindowMayTakeTheFocusWithoutBlankingTheField) {
+  QWidget other;
+  other.setWindowModality(Qt::ApplicationModal);
+  then([this, &other] {
+    replace("25");
+    bringToFront(&other);
+    EXPECT_EQ(engine.InpCurrent, 1);
+    other.hide();
+    form.activateWindow();
+  });
+  then([this] {
+    EXPECT_EQ(engine.InpCurrent, 1);
+    EXPECT_EQ(box()->text(), "25");
+  });
+  execute();
+  show();
+  EXPECT_EQ(tables.InpValues[1], "25");
+}
+
+TEST_F(InpFrmTest, ABadFormulaShowsTheBoxOnceAndTheFieldStays) {
+  compiles = false;
+  then([this] { QTest::mouseClick(field(3), Qt::LeftButton); });
+  then([this] { QTest::keyClick(box(), Qt::Key_Return); });
+  user.at("PlainBox", [](QWidget* box) { QTest::keyClick(box, Qt::Key_Return); });
+  then([this] {
+    EXPECT_EQ(sound.beeps, 3);
+    EXPECT_EQ(engine.InpCurrent, 3);
+    EXPECT_EQ(box()->text(), "x");
+  });
+  giveUp();
+  show();
+}
+
+TEST_F(InpFrmTest, WhatAHandlerThrowsReachesTheCommand) {
+  breaks = true;
+  then([this] { QTest::mouseClick(field(3), Qt::LeftButton); });
+  then([this] { QTest::keyClick(box(), Qt::Key_Return); });
+  EXPECT_THROW(show(), RuntimeError);
+  EXPECT_FALSE(form.isVisible());
+  EXPECT_TRUE(owner.isEnabled());
+}
+
+TEST_F(InpFrmTest, ResizingHasNoEffect) {
+  then([this] {
+    const QSize before = form.size();
+    form.resize(before * 2);
+    EXPECT_EQ(form.size(), before);
+  });
+  giveUp();
+  show();
+}
+
+TEST_F(InpFrmTest, StandsCentredBelowTheTopOfItsCaller) {
+  then([this] {
+    EXPECT_EQ(form.frameGeometry().top(), owner.frameGeometry().top() + 40);
+    EXPECT_LE(std::abs(form.frameGeometry().center().x() - owner.frameGeometry().center().x()), 1);
+  });
+  giveUp();
+  show();
+}
+
+TEST_F(InpFrmTest, OnlyCharactersOfTheCodePageCanBeTyped) {
+  then([this] {
+    replace(QString("a€²b"));
+    EXPECT_EQ(box()->text(), QString("a²b"));
+  });
+  then([this] { QTest::keyClick(box(), Qt::Key_Backspace); });
+  giveUp();
+  show();
+}
+
+TEST_F(InpFrmTest, TheTextTypedGoesToTheTableInCodePage437) {
+  then([this] { QTest::mouseClick(field(2), Qt::LeftButton); });
+  then([this] { replace(QString("µ²")); });
+  execute();
+  show();
+  EXPECT_EQ(tables.InpValues[2], "\xE6\xFD");
+}
+
+TEST_F(InpFrmTest, AFormWithoutFieldsExecutes) {
+  setFields({});
+  then([this] { EXPECT_FALSE(box()->isVisible()); });
+  execute();
+  show();
+  EXPECT_THAT(actions, ElementsAre(kStoreParameters));
+}
+
+TEST_F(InpFrmTest, ASecondShowingHasNoFieldsOfTheFirst) {
+  giveUp();
+  show();
+  setFields({{"7", "#Number", -8}});
+  then([this] {
+    EXPECT_EQ(box()->text(), "7");
+    EXPECT_EQ(form.findChild<QWidget*>("lblVal(2)"), nullptr);
+    EXPECT_EQ(form.findChildren<QWidget*>("lblVal(1)").size(), 1);
+  });
+  giveUp();
+  show();
+}
+
+}  // namespace
+}  // namespace vk

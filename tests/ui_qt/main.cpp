@@ -1,0 +1,10 @@
+#include <QApplication>
+
+#include "ui/qt/Toolkit.h"
+
+int main(int argc, char** argv) {
+  QApplication toolkit(argc, argv);
+  vk::setUpToolkit(toolkit);
+  testing::InitGoogleMock(&argc, argv);
+  return RUN_ALL_TESTS();
+}

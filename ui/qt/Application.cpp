@@ -1,0 +1,67 @@
+#include "ui/qt/Application.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QWindow>
+
+#include "expr/CmpMod.h"
+
+namespace vk {
+namespace {
+
+/// How long the start waits for the window system to show the main window.
+constexpr int kShowingTime = 500;  // ms
+
+}  // namespace
+
+Application::Application(Files& files, std::function<void(int)> quit)
+    : files_(files),
+      quit_(std::move(quit)),
+      forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &message_},
+      mainMod_(session_,
+               {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_},
+               panels_, quit_) {
+  windows_.add(Form::kMain, &window_);
+  windows_.add(Form::kInput, &inputForm_);
+  windows_.add(Form::kOutput, &output_.form());
+  windows_.add(Form::kSelect, &selectForm_);
+  windows_.add(Form::kLoad, &loadForm_);
+  window_.buildPanels(session_, panels_, runner());
+  panels_.setView(window_);
+  window_.command = [this](const std::string& control) { mainMod_.run(control); };
+  window_.unload = [this] { unload(); };
+  inputForm_.setAction([this](int action) { mainMod_.runInputAction(action); });
+}
+
+EventRunner Application::runner() {
+  return [this](const std::function<void()>& handler) { mainMod_.guarded(handler); };
+}
+
+InpMod::Compiler Application::compiler() {
+  return [this](const std::string& definition) {
+    Int16 failed;
+    CompileExpression(session_, definition, session_.model, failed);
+    return failed == 0;
+  };
+}
+
+void Application::StartUp() {
+  mainMod_.guarded([this] { mainMod_.StartUp([this] { showMainWindow(); }); });
+}
+
+void Application::showMainWindow() {
+  window_.placeFirst();
+  window_.show();
+  // The welcome is placed by the window's place and frame, which the window system decides.
+  const QDeadlineTimer deadline(kShowingTime);
+  while (!window_.windowHandle()->isExposed() && !deadline.hasExpired()) QCoreApplication::processEvents();
+  QCoreApplication::processEvents();
+}
+
+void Application::unload() {
+  for (QWidget* form : forms_) form->hide();
+  output_.hideAll();
+  quit_(0);
+}
+
+}  // namespace vk

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "platform/system/SystemClock.h"
+#include "platform/system/SystemFiles.h"
+#include "session/Session.h"
+#include "ui/InpMod.h"
+#include "ui/MainMod.h"
+#include "ui/MainPanels.h"
+#include "ui/qt/Breath.h"
+#include "ui/qt/FrmMsg.h"
+#include "ui/qt/InpFrm.h"
+#include "ui/qt/Loa_Fun.h"
+#include "ui/qt/QtDialogs.h"
+#include "ui/qt/QtOutput.h"
+#include "ui/qt/QtPrinter.h"
+#include "ui/qt/Sel_Fun.h"
+#include "ui/qt/Services.h"
+#include "ui/qt/Vor_Kel.h"
+#include "ui/qt/Windows.h"
+
+namespace vk {
+
+/// The two function forms of the desktop.
+class QtFunctionForms : public FunctionForms {
+ public:
+  QtFunctionForms(Sel_Fun& select, Loa_Fun& load) : select_(select), load_(load) {}
+  bool selectFunction() override { return select_.ask(); }
+  int chooseLoadedFunction() override { return load_.ask(); }
+  void refillSelection() override { select_.refill(); }
+  void refillLoadList() override { load_.refill(); }
+
+ private:
+  Sel_Fun& select_;
+  Loa_Fun& load_;
+};
+
+/// The desktop program: one session, its forms, and the wires between them.
+class Application {
+ public:
+  /// `files` is the disk; `quit` ends the event loop with an exit code.
+  Application(Files& files, std::function<void(int)> quit);
+
+  /// Shows the main window and the welcome; the program is ready afterwards.
+  void StartUp();
+  /// Unloads every form, in the order in which they were made, and ends the program.
+  void unload();
+
+  Session& session() { return session_; }
+  MainMod& mainMod() { return mainMod_; }
+  Vor_Kel& window() { return window_; }
+  FrmOut& output() { return output_.form(); }
+  QtPrinter& printer() { return printer_; }
+  /// The forms beside the main window, in the order of their making.
+  const std::vector<QWidget*>& forms() const { return forms_; }
+
+ private:
+  EventRunner runner();
+  InpMod::Compiler compiler();
+  void showMainWindow();
+
+  Session session_;
+  Files& files_;
+  std::function<void(int)> quit_;
+  Breath breath_;
+  Windows windows_;
+  SystemClock clock_;
+  QtSound sound_;
+  QtProcess process_;
+  QtClipboard clipboard_{session_};
+  QtDialogs dialogs_{windows_, message_};
+  QtPrinter printer_{files_, dialogs_};
+  SelectFunction select_{session_};
+  LoadFunction load_{session_};
+  InpMod input_{session_, dialogs_, sound_, compiler()};
+
+  // The forms, in the order of their making.
+  Vor_Kel window_{breath_};
+  Sel_Fun selectForm_{select_, windows_};
+  Loa_Fun loadForm_{load_, windows_};
+  QtOutput output_{{session_, windows_, printer_, clipboard_, runner()}, breath_};
+  InpFrm inputForm_{input_, windows_};
+  FrmMsg message_{windows_, session_.FontLabel};
+  std::vector<QWidget*> forms_;
+
+  QtFunctionForms functions_{selectForm_, loadForm_};
+  MainPanels panels_{session_, files_, window_};
+  MainMod mainMod_;
+};
+
+}  // namespace vk

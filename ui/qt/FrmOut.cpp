@@ -1,0 +1,154 @@
+#include "ui/qt/FrmOut.h"
+
+#include <QCloseEvent>
+#include <QPainter>
+
+#include "ui/qt/AccessButton.h"
+#include "ui/qt/Fonts.h"
+#include "ui/qt/GridPainter.h"
+#include "ui/qt/Text8.h"
+#include "ui/qt/Twips.h"
+
+namespace vk {
+namespace {
+
+/// Height of the buttons, and what stands beside the widest caption.
+constexpr double kButtonHeight = 405;
+constexpr double kButtonPadding = 480;
+
+}  // namespace
+
+class OutputSurface : public QWidget {
+ public:
+  OutputSurface(FrmOut* form, const OutputModel& model) : QWidget(form), form_(form), model_(model) {
+    setObjectName("Surface");
+    setAttribute(Qt::WA_OpaquePaintEvent);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::white);
+    GridPainter(painter, form_->font(), form_->cell()).grid(model_.grid(), 0, 0, kPaperWhite);
+  }
+
+ private:
+  FrmOut* form_;
+  const OutputModel& model_;
+};
+
+FrmOut::FrmOut(const OutputServices& services)
+    : QWidget(nullptr,
+              Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
+      services_(services),
+      surface_(new OutputSurface(this, model_)),
+      text_(new QPlainTextEdit(this)) {
+  setObjectName("FrmOut");
+  text_->setObjectName("TxtOut");
+  text_->setReadOnly(true);
+  text_->setTabChangesFocus(true);
+  text_->setLineWrapMode(QPlainTextEdit::NoWrap);
+}
+
+void FrmOut::OutShow(const OutputRequest& request) {
+  model_.OutShow(request);
+  setFont(toolkitFont(services_.session.FontEdit));
+  cell_ = cellOf(font());
+  setWindowTitle(fromWindowText(request.caption));
+  setAccessibleName(windowTitle());
+
+  int widest = 0;
+  const QFont buttonFont = toolkitFont(services_.session.FontLabel);
+  for (const std::string& caption : request.captions) {
+    widest = std::max(widest, FontMeasure(buttonFont).width(caption));
+  }
+  const OutputLayout layout = model_.layout(cell_, {services_.windows.place(request.owner),
+                                                    services_.windows.frame(),
+                                                    {widest + kButtonPadding, kButtonHeight}});
+  const Size frame = services_.windows.frame();
+  setFixedSize(toPixels(layout.form.width - frame.width), toPixels(layout.form.height - frame.height));
+  showContent();
+  showButtons(layout);
+  services_.windows.settle(*this, request.owner, layout.form);
+  setEnabled(true);
+  show();
+  raise();
+  activateWindow();
+  changed();
+}
+
+void FrmOut::showContent() {
+  const QRect place(0, 0, toPixels(model_.OutPixelW), toPixels(model_.OutPixelH));
+  surface_->setGeometry(place);
+  surface_->setVisible(!model_.OutTextMode);
+  text_->setGeometry(place);
+  text_->setFont(font());
+  text_->setVisible(model_.OutTextMode != kFalse);
+  text_->setPlainText(model_.OutTextMode ? fromCp437(model_.request().text) : QString());
+  text_->setAccessibleName(windowTitle());
+}
+
+void FrmOut::addButton() {
+  const int index = static_cast<int>(buttons_.size());
+  auto* button = new AccessButton(this);
+  button->setObjectName(QString("CmdOut(%1)").arg(index));
+  button->setFont(toolkitFont(services_.session.FontLabel));
+  button->setAutoDefault(true);
+  connect(button, &QPushButton::clicked, this,
+          [this, index] { services_.runEvent([&] { pressed(index); }); });
+  buttons_.push_back(button);
+}
+
+void FrmOut::showButtons(const OutputLayout& layout) {
+  for (QPushButton* button : buttons_) button->hide();
+  for (std::size_t i = 0; i < layout.buttons.size(); ++i) {
+    if (i == buttons_.size()) addButton();
+    buttons_[i]->setText(fromCaption(model_.request().captions[i]));
+    buttons_[i]->setGeometry(toPixels(layout.buttons[i]));
+    buttons_[i]->show();
+  }
+  if (!layout.buttons.empty()) buttons_.front()->setFocus();
+}
+
+void FrmOut::changed() {
+  surface_->setAccessibleName(windowTitle());
+  surface_->setAccessibleDescription(QString::fromStdString(model_.grid().toUtf8()));
+  surface_->update();
+}
+
+void FrmOut::pressed(int index) {
+  switch (outputCommand(model_.request().captions.at(static_cast<std::size_t>(index)))) {
+    case OutputCommand::kContinue:
+      return FrmOut_Exit();
+    case OutputCommand::kPrint:
+      return model_.printOn(services_.printer, services_.session.FontEdit);
+    case OutputCommand::kCopy:
+      return model_.copyTo(services_.clipboard);
+    case OutputCommand::kSaveFile:
+      if (model_.saveRoutine()) model_.saveRoutine()();
+      return FrmOut_Exit();
+    case OutputCommand::kNone:
+      return;
+  }
+}
+
+void FrmOut::FrmOut_Exit() {
+  if (!model_.isOpen()) return;
+  model_.FrmOut_Exit();
+  setEnabled(false);
+  hide();
+  for (QPushButton* button : buttons_) button->hide();
+  if (QWidget* owner = services_.windows.shown(model_.request().owner)) {
+    owner->setEnabled(true);
+    owner->update();
+    owner->activateWindow();
+  }
+}
+
+void FrmOut::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  // A window without buttons belongs to the command that opened it.
+  if (model_.OutButtons > 0) FrmOut_Exit();
+}
+
+}  // namespace vk

@@ -1,0 +1,42 @@
+#include "ui/qt/QtDialogs.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include "ui/qt/FileDialog.h"
+#include "ui/qt/Text8.h"
+
+namespace vk {
+namespace {
+
+/// Not every window system gives the focus back by itself.
+void activate(QWidget* owner) {
+  if (owner != nullptr) owner->activateWindow();
+}
+
+}  // namespace
+
+QWidget* QtDialogs::inFront() const {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  return windows_.shown(Form::kMain);
+}
+
+void QtDialogs::plainBox(const std::string& title, const std::string& text) {
+  QWidget* owner = inFront();
+  QMessageBox box(QMessageBox::NoIcon, fromWindowText(title), QString(), QMessageBox::Ok, owner);
+  box.setObjectName("PlainBox");
+  box.setTextFormat(Qt::PlainText);  // texts hold "<*>", which is no markup
+  box.setText(fromWindowText(text));
+  box.setAccessibleName(box.windowTitle());
+  box.exec();
+  activate(owner);
+}
+
+std::optional<std::string> QtDialogs::fileDialog(const FileRequest& request) {
+  QWidget* owner = inFront();
+  const std::optional<std::string> name = askFileName(request, owner);
+  activate(owner);
+  return name;
+}
+
+}  // namespace vk

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+/// The border between the 8-bit texts of the program and the toolkit's strings.
+namespace vk {
+
+/// A text of grids, lists and the editor, code page 437. Control characters with a sign of their own become it.
+QString fromCp437(std::string_view text);
+/// Back again; a character without a place in the code page becomes "?".
+std::string toCp437(const QString& text);
+/// True when every character of the text has a place in code page 437.
+bool fitsCp437(const QString& text);
+
+/// A text of menus, captions and boxes: Windows-1252. File names in it are the system's own bytes, so a text
+/// that is valid UTF-8 is read as that.
+QString fromWindowText(std::string_view text);
+
+/// A caption in which the first "&" marks the access key; every other "&", of a path say, is shown as it is.
+QString fromCaption(std::string_view caption);
+
+/// A file name: the bytes that the system uses.
+QString fromFileName(const std::string& name);
+std::string toFileName(const QString& name);
+
+}  // namespace vk

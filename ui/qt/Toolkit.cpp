@@ -1,0 +1,45 @@
+#include "ui/qt/Toolkit.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
+#include <clocale>
+
+#include "session/Session.h"
+#include "ui/qt/Fonts.h"
+#include "ui/qt/Pictures.h"
+
+namespace vk {
+namespace {
+
+QPalette colours() {
+  QPalette palette(QColor(236, 240, 244));
+  palette.setColor(QPalette::Window, QColor(236, 240, 244));
+  palette.setColor(QPalette::Button, QColor(228, 234, 240));
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::AlternateBase, QColor(244, 247, 250));
+  palette.setColor(QPalette::Highlight, QColor(46, 92, 138));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(role, QColor(24, 32, 40));
+    palette.setColor(QPalette::Disabled, role, QColor(140, 150, 160));
+  }
+  return palette;
+}
+
+}  // namespace
+
+void setUpToolkit(QApplication& toolkit) {
+  std::setlocale(LC_NUMERIC, "C");
+  toolkit.setApplicationName("vor_kel");
+  toolkit.setApplicationDisplayName("");
+  toolkit.setWindowIcon(applicationIcon());
+  // One look everywhere: fields and grids have fixed colours, which must suit what surrounds them.
+  toolkit.setStyle(QStyleFactory::create("Fusion"));
+  toolkit.setPalette(colours());
+  toolkit.setFont(toolkitFont({"Arial", 10, 0}));
+  toolkit.setQuitOnLastWindowClosed(false);
+}
+
+}  // namespace vk

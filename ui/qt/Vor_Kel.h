@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QAction>
+#include <QLabel>
+#include <QMainWindow>
+#include <array>
+#include <functional>
+#include <map>
+
+#include "platform/MainWindow.h"
+#include "session/Commands.h"
+#include "ui/MainPanels.h"
+#include "ui/qt/Breath.h"
+#include "ui/qt/FraDir.h"
+#include "ui/qt/FraGra.h"
+
+namespace vk {
+
+/// The client area of the main window: a background picture under the panels.
+class Backdrop : public QWidget {
+ public:
+  explicit Backdrop(QWidget* parent);
+  void setPicture(int picture);
+  int picture() const { return picture_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  int picture_ = 0;
+};
+
+/// The main window: menus from the table of commands, a status bar of five panels, a picture, two panels.
+class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
+ public:
+  explicit Vor_Kel(Breath& breath);
+
+  /// Makes the panels' frames. What a control does goes through `run`.
+  void buildPanels(const Session& session, MainPanels& panels, const EventRunner& run);
+  /// Gives the client area its first size and centres the window on the screen.
+  void placeFirst();
+
+  /// Runs a command by its control name.
+  std::function<void(const std::string&)> command;
+  /// The window has been closed: the program ends.
+  std::function<void()> unload;
+
+  void setMenuEnabled(const std::string& control, bool enabled) override;
+  void setMenuVisible(const std::string& control, bool visible) override;
+  void setMenuChecked(const std::string& control, bool checked) override;
+  void setMenuCaption(const std::string& control, const std::string& caption) override;
+  void setPanel(int panel, const std::string& text) override;
+  void setCaption(const std::string& caption) override;
+  void setEnabled(bool enabled) override;
+  void refresh() override;
+  void toFront() override;
+  void setBackground(Int16 picture) override { backdrop_->setPicture(picture); }
+
+  void showPanel(Panel panel) override;
+  void hidePanel(Panel panel) override;
+  void syncPanel(Panel panel) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void buildMenus();
+  void addMenu(const Command& entry);
+  void addEntry(const Command& entry);
+  void buildStatusBar();
+  QFrame* frame(Panel panel) const;
+  void placePanel(QFrame* frame);
+
+  Breath& breath_;
+  Backdrop* backdrop_;
+  std::map<std::string, QAction*> actions_;  ///< by control name; of a menu, its own entry
+  std::array<QLabel*, 5> panels_{};
+  FraDir* FraDir_ = nullptr;
+  FraGra* FraGra_ = nullptr;
+};
+
+}  // namespace vk

@@ -1,0 +1,53 @@
+#include "ui/qt/Windows.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+
+#include "ui/qt/Twips.h"
+
+namespace vk {
+namespace {
+
+QRect screenArea(const QWidget* window) {
+  const QScreen* screen = window != nullptr ? window->screen() : QGuiApplication::primaryScreen();
+  return screen->availableGeometry();
+}
+
+}  // namespace
+
+QWidget* Windows::shown(Form form) const {
+  if (form == Form::kActivePlot) return activePlot_ ? activePlot_() : nullptr;
+  const auto found = widgets_.find(form);
+  if (found == widgets_.end()) return nullptr;
+  QWidget* widget = found->second;
+  return widget->isVisible() && !widget->isMinimized() ? widget : nullptr;
+}
+
+Rect Windows::place(Form form) const {
+  const QWidget* window = shown(form);
+  return window == nullptr ? Rect() : toTwips(window->frameGeometry().translated(-screenCorner(form)));
+}
+
+Size Windows::frame() const {
+  const QWidget* main = shown(Form::kMain);
+  if (main == nullptr) return {};
+  return toTwips(main->frameGeometry().size() - main->geometry().size());
+}
+
+QPoint Windows::screenCorner(Form form) const {
+  return screenArea(shown(form)).topLeft();
+}
+
+Size Windows::screenSize(Form form) const {
+  return toTwips(screenArea(shown(form)).size());
+}
+
+void Windows::settle(QWidget& window, Form owner, const Rect& place) const {
+  window.winId();
+  const QWidget* above = shown(owner);
+  window.windowHandle()->setTransientParent(above != nullptr ? above->window()->windowHandle() : nullptr);
+  window.move(toPixels(place).topLeft() + screenCorner(owner));
+}
+
+}  // namespace vk

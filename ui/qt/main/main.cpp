@@ -1,0 +1,19 @@
+#include <QApplication>
+
+#include "ui/qt/Application.h"
+#include "ui/qt/Toolkit.h"
+
+int main(int argc, char** argv) {
+  QApplication toolkit(argc, argv);
+  vk::setUpToolkit(toolkit);
+  vk::SystemFiles files;
+  bool ended = false;
+  int exitCode = 0;
+  vk::Application application(files, [&](int code) {
+    ended = true;
+    exitCode = code;
+    QCoreApplication::exit(code);
+  });
+  application.StartUp();
+  return ended ? exitCode : QCoreApplication::exec();
+}

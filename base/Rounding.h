@@ -29,6 +29,13 @@ inline Int16 toInt16(double value) {
   return Int16(toInt32(value));
 }
 
+/// The value in single precision; what does not fit, or is no number, is run-time error 6.
+inline float toSingle(double value) {
+  const float narrow = static_cast<float>(value);
+  if (!std::isfinite(narrow)) throw RuntimeError(kOverflow);
+  return narrow;
+}
+
 /// -1, 0 or 1.
 inline int sign(double value) {
   return (value > 0) - (value < 0);

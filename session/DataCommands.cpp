@@ -53,7 +53,6 @@ bool readDataFile(Session& session, Files& files, Dialogs& dialogs, OutputWindow
 }  // namespace
 
 void MenDatLet(Session& session, Files& files, Dialogs& dialogs, OutputWindow& output, MainWindow& window) {
-  // QUIRK: the picked recent entry stays picked, so the next read takes that place of the list without asking.
   if (readDataFile(session, files, dialogs, output, window)) Msg(session, window);
 }
 

@@ -1,5 +1,6 @@
 #include "session/DataFiles.h"
 
+#include <algorithm>
 #include <array>
 
 #include "base/NumberText.h"
@@ -11,6 +12,7 @@
 namespace vk {
 namespace {
 
+constexpr int kTitleLines = 2;
 constexpr int kCountLine = 3;
 constexpr int kLeastLines = 5;
 constexpr int kLeastPoints = 2;

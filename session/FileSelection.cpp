@@ -128,6 +128,7 @@ bool pickFileToRead(Session& session, Files& files, Dialogs& dialogs, const std:
   if (list.pick == 0) {
     PickFile(session, files, dialogs, caption, name, kind, kPickExisting);
   } else {
+    // QUIRK: the entry stays picked, so that the next reading takes that place of the list without asking.
     name = list.files[list.pick];
   }
   return session.ErrFlag == 0;

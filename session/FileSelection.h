@@ -25,7 +25,7 @@ void PickFile(Session& session, Files& files, Dialogs& dialogs, const std::strin
               Int16 kind, Int16 mode);
 
 /// The file of a reading command: the recent entry that was picked, else the user is asked. False when the
-/// command is to stop; `ErrFlag` then tells why.
+/// command is to stop; `ErrFlag` then tells why. A picked entry stays picked.
 bool pickFileToRead(Session& session, Files& files, Dialogs& dialogs, const std::string& caption, Int16 kind,
                     std::string& name);
 

@@ -1,5 +1,8 @@
 #include "session/Msg.h"
 
+#include <initializer_list>
+#include <utility>
+
 #include "base/Text.h"
 #include "platform/Files.h"
 

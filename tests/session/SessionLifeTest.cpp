@@ -1,7 +1,8 @@
+#include <cmath>
 #include <random>
 
-#include "base/RuntimeError.h"
 #include "doubles/Doubles.h"
+#include "doubles/ErrorOf.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
@@ -12,6 +13,7 @@
 #include "session/Refusals.h"
 #include "session/ServiceCommands.h"
 #include "session/StartUp.h"
+#include "session/TextLines.h"
 
 /// What holds over whole runs of commands.
 namespace vk {
@@ -123,6 +125,53 @@ TEST(Flags, AreExactlyMinusOneOrZeroAfterEveryCommand) {
     ASSERT_LE(session.RecentData.RecentCount, 4);
   }
   EXPECT_EQ(session.DataDefined, -1);
+}
+
+/// Lines of numbers, junk and separators, as a careless or hostile file may hold them.
+std::string randomFile(std::mt19937& chance) {
+  const std::vector<std::string> pieces{"1", "2.5", "-3E2", "1D400", " ",  "  ",   "\t",
+                                        "%", "x",   ",",    "\r",    "\n", "\xE6", std::string(1, '\0')};
+  std::string text = chance() % 2 == 0 ? "x\r\ny\r\n" : "";
+  const auto lineEnd = chance() % 4 == 0 ? "\n" : "\r\n";
+  for (unsigned line = chance() % 8; line > 0; --line) {
+    if (chance() % 4 != 0) {
+      text += text.size() < 8 ? "4" : "1 2.5 -3E2";
+    } else {
+      for (unsigned piece = chance() % 8; piece > 0; --piece) text += pieces[chance() % pieces.size()];
+    }
+    if (chance() % 8 != 0) text += lineEnd;
+  }
+  return text;
+}
+
+TEST(DataFiles, AnyTextIsLoadedWholeOrRefused) {
+  std::mt19937 chance(2);
+  MemoryFiles files;
+  RandomDialogs dialogs(chance, {});
+  int loaded = 0;
+  for (int run = 0; run < 30000; ++run) {
+    Session session;
+    files.content["X"] = randomFile(chance);
+    std::string errors;
+    Int16 declared, valid;
+    Flag hasXErrors;
+    CheckDataFile(session, files, "X", errors, declared, valid, hasXErrors);
+    ASSERT_EQ(session.ErrFlag, toFlag(!errors.empty()));
+    ASSERT_TRUE(errors.empty() || errors.ends_with("\r\n"));
+    if (session.ErrFlag == 0) {
+      ASSERT_GE(valid, 2);
+      const int error = errorOf([&] { LoadDataFile(session, files, "X", valid, hasXErrors); });
+      // Only a last line without a line end can be one too many.
+      ASSERT_TRUE(error == 0 || (error == kIndexOutOfRange && !splitLines(files.content["X"]).rest.empty()));
+      if (error == 0) ++loaded;
+    }
+    std::string name = "X";
+    ReadDataPlain(session, files, dialogs, name, kTrue);
+    ASSERT_TRUE(session.ErrFlag == 0 || session.ErrFlag == -1);
+    ASSERT_EQ(session.data.Xpnt.upper(), session.data.NumPnt);
+    for (int i = 1; i <= session.data.NumPnt; ++i) ASSERT_TRUE(std::isfinite(session.data.Ypnt[i]));
+  }
+  EXPECT_GT(loaded, 1000);
 }
 
 }  // namespace

@@ -1,6 +1,9 @@
 #include "session/SubMod.h"
 
+#include <bit>
 #include <clocale>
+#include <cmath>
+#include <random>
 
 #include "doubles/Doubles.h"
 
@@ -155,6 +158,20 @@ TEST(FormatPattern, TheEmptyPatternIsTheGeneralText) {
 TEST(FormatPattern, WhatIsNoNumberIsShownAsText) {
   EXPECT_EQ(FormatPattern(std::numeric_limits<double>::quiet_NaN(), "##.00"), "NaN");
   EXPECT_EQ(FormatPattern(-std::numeric_limits<double>::infinity(), ".00E+00"), "-Inf");
+}
+
+TEST(FormatMask, WhatIsWrittenReadsBackToTheLastPlaceOfTheMask) {
+  std::mt19937_64 chance(3);
+  for (int run = 0; run < 20000; ++run) {
+    const double value = std::bit_cast<double>(chance());
+    if (!std::isfinite(value)) continue;
+    for (const std::string& mask : kMasksInUse) ASSERT_EQ(FormatMask(value, mask).size(), mask.size());
+    const std::string text = FormatPattern(value, "#.00000E+00");
+    ASSERT_TRUE(isNumeric(text)) << text;
+    ASSERT_NEAR(scanNumber(text) / value, 1, 0.5001E-5) << text;
+    const double moderate = std::ldexp(value, -std::ilogb(value) + static_cast<int>(chance() % 40) - 20);
+    ASSERT_NEAR(scanNumber(FormatPattern(moderate, "###.0000")), moderate, 0.50001E-4) << moderate;
+  }
 }
 
 TEST(FormatCompact, TakesTheShorterText) {

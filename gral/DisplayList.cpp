@@ -1,0 +1,159 @@
+#include "gral/DisplayList.h"
+
+#include "gral/LineWriter.h"
+
+namespace vk {
+
+void DisplayList::reset() {
+  *this = DisplayList();
+}
+
+void DisplayList::add(Kind kind, std::initializer_list<double> numbers) {
+  entries_.push_back({kind, numbers_.size(), numbers.size()});
+  numbers_.insert(numbers_.end(), numbers);
+}
+
+void DisplayList::add(Kind kind, std::span<const PixelPoint> points) {
+  entries_.push_back({kind, points_.size(), points.size()});
+  points_.insert(points_.end(), points.begin(), points.end());
+}
+
+void DisplayList::clear(double width, double height, Color background) {
+  add(Kind::kClear, {width, height, static_cast<double>(background)});
+}
+
+void DisplayList::pen(const Pen& pen) {
+  add(Kind::kPen,
+      {static_cast<double>(pen.color), static_cast<double>(pen.width), static_cast<double>(pen.style)});
+}
+
+void DisplayList::filling(const Filling& filling) {
+  add(Kind::kFilling, {static_cast<double>(filling.color), static_cast<double>(filling.style)});
+}
+
+void DisplayList::line(double x1, double y1, double x2, double y2) {
+  add(Kind::kLine, {x1, y1, x2, y2});
+}
+
+void DisplayList::box(double x1, double y1, double x2, double y2) {
+  add(Kind::kBox, {x1, y1, x2, y2});
+}
+
+void DisplayList::filledBox(double x1, double y1, double x2, double y2, Color color) {
+  add(Kind::kFilledBox, {x1, y1, x2, y2, static_cast<double>(color)});
+}
+
+void DisplayList::circle(double x, double y, double radius) {
+  add(Kind::kCircle, {x, y, radius});
+}
+
+void DisplayList::polyline(std::span<const PixelPoint> points) {
+  add(Kind::kPolyline, points);
+}
+
+void DisplayList::bezier(std::span<const PixelPoint> points) {
+  add(Kind::kBezier, points);
+}
+
+void DisplayList::figure(std::span<const PixelPoint> points, bool fill, bool stroke) {
+  add(fill && stroke ? Kind::kFillAndStroke : fill ? Kind::kFill : Kind::kStroke, points);
+}
+
+void DisplayList::text(const TextRun& run) {
+  entries_.push_back({Kind::kText, texts_.size(), 1});
+  texts_.push_back(run);
+}
+
+void DisplayList::clip(const PixelRect* region) {
+  if (region == nullptr) {
+    add(Kind::kUnclip, std::initializer_list<double>());
+  } else {
+    const PixelPoint corners[] = {{region->x1, region->y1}, {region->x2, region->y2}};
+    add(Kind::kClip, corners);
+  }
+}
+
+void DisplayList::picture(const Picture& picture, double x, double y) {
+  entries_.push_back({Kind::kPicture, pictures_.size(), 1});
+  pictures_.push_back({picture, x, y});
+}
+
+void DisplayList::refresh() {
+  add(Kind::kRefresh, std::initializer_list<double>());
+}
+
+void DisplayList::replay(DrawingSink& sink, std::size_t first) const {
+  for (std::size_t i = first; i < entries_.size(); ++i) {
+    if (!replaySettings(entries_[i], sink)) replay(entries_[i], sink);
+  }
+}
+
+bool DisplayList::replaySettings(const Entry& entry, DrawingSink& sink) const {
+  const double* n = numbers(entry);
+  switch (entry.kind) {
+    case Kind::kClear:
+      sink.clear(n[0], n[1], static_cast<Color>(n[2]));
+      return true;
+    case Kind::kPen:
+      sink.pen({static_cast<Color>(n[0]), static_cast<int>(n[1]), static_cast<int>(n[2])});
+      return true;
+    case Kind::kFilling:
+      sink.filling({static_cast<Color>(n[0]), static_cast<int>(n[1])});
+      return true;
+    case Kind::kClip: {
+      const auto corners = points(entry);
+      const PixelRect region{corners[0].x, corners[0].y, corners[1].x, corners[1].y};
+      sink.clip(&region);
+      return true;
+    }
+    case Kind::kUnclip:
+      sink.clip(nullptr);
+      return true;
+    case Kind::kRefresh:
+      sink.refresh();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void DisplayList::replay(const Entry& entry, DrawingSink& sink) const {
+  const double* n = numbers(entry);
+  switch (entry.kind) {
+    case Kind::kLine:
+      return sink.line(n[0], n[1], n[2], n[3]);
+    case Kind::kBox:
+      return sink.box(n[0], n[1], n[2], n[3]);
+    case Kind::kFilledBox:
+      return sink.filledBox(n[0], n[1], n[2], n[3], static_cast<Color>(n[4]));
+    case Kind::kCircle:
+      return sink.circle(n[0], n[1], n[2]);
+    case Kind::kText:
+      return sink.text(texts_[entry.first]);
+    case Kind::kPicture: {
+      const PlacedPicture& placed = pictures_[entry.first];
+      return sink.picture(placed.picture, placed.x, placed.y);
+    }
+    default:
+      return replayFigure(entry, sink);
+  }
+}
+
+void DisplayList::replayFigure(const Entry& entry, DrawingSink& sink) const {
+  switch (entry.kind) {
+    case Kind::kPolyline:
+      return sink.polyline(points(entry));
+    case Kind::kBezier:
+      return sink.bezier(points(entry));
+    default:
+      return sink.figure(points(entry), entry.kind != Kind::kStroke, entry.kind != Kind::kFill);
+  }
+}
+
+std::vector<std::string> DisplayList::lines() const {
+  LineWriter writer;
+  replay(writer);
+  return std::move(writer.lines);
+}
+
+}  // namespace vk

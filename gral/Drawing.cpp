@@ -1,0 +1,28 @@
+#include "gral/Drawing.h"
+
+#include "base/Text.h"
+
+namespace vk {
+namespace {
+
+constexpr double kLineHeight = 1.15;
+
+}  // namespace
+
+double FixedLetterMetrics::advance(bool symbol, unsigned char code) {
+  const char c = static_cast<char>(code);
+  if (symbol) return isLetter(c) ? 0.6 : 0.5;
+  if (std::string_view(" !'(),./:;I[\\]fijlt|").find(c) != std::string_view::npos) return 0.3;
+  if (std::string_view("MWm%@").find(c) != std::string_view::npos) return 0.9;
+  return isLetter(c) && c == upper(c) ? 0.7 : 0.6;
+}
+
+double FixedLetterMetrics::lineHeight(bool) {
+  return kLineHeight;
+}
+
+bool isSymbolFont(std::string_view name) {
+  return equalIgnoringCase(name, "Symbol");
+}
+
+}  // namespace vk

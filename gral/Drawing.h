@@ -1,0 +1,70 @@
+#pragma once
+
+#include <span>
+
+#include "platform/DeviceTypes.h"
+
+namespace vk {
+
+/// The pen that a primitive is drawn with.
+struct Pen {
+  Color color = kBlack;
+  int width = 1;  ///< `DrawWidth`: nominal pixels on a form, device pixels on a printer
+  int style = kDrawSolid;
+  bool operator==(const Pen&) const = default;
+};
+
+/// The filling of closed figures.
+struct Filling {
+  Color color = kBlack;
+  int style = kFillTransparent;
+  bool operator==(const Filling&) const = default;
+};
+
+/// What a drawing consists of, one call for one primitive: the end to which a device draws. Twips, except
+/// where pixels of the device's graphics context are told. Pen and filling are announced when a primitive
+/// uses others than the one before; texts take the colour of the pen.
+class DrawingSink {
+ public:
+  virtual ~DrawingSink() = default;
+
+  /// A new, empty picture of this size.
+  virtual void clear(double width, double height, Color background) = 0;
+  virtual void pen(const Pen& pen) = 0;
+  virtual void filling(const Filling& filling) = 0;
+  virtual void line(double x1, double y1, double x2, double y2) = 0;
+  virtual void box(double x1, double y1, double x2, double y2) = 0;
+  virtual void filledBox(double x1, double y1, double x2, double y2, Color color) = 0;
+  virtual void circle(double x, double y, double radius) = 0;
+  /// Pixels.
+  virtual void polyline(std::span<const PixelPoint> points) = 0;
+  virtual void bezier(std::span<const PixelPoint> points) = 0;
+  virtual void figure(std::span<const PixelPoint> points, bool fill, bool stroke) = 0;
+  virtual void text(const TextRun& run) = 0;
+  /// Pixels; none for no limit.
+  virtual void clip(const PixelRect* region) = 0;
+  virtual void picture(const Picture& picture, double x, double y) = 0;
+  virtual void refresh() = 0;
+};
+
+/// How wide letters are. Codes are Windows-1252, or the Symbol layout.
+class LetterMetrics {
+ public:
+  virtual ~LetterMetrics() = default;
+  /// Width of a letter, and height of a line, for a size of 1.
+  virtual double advance(bool symbol, unsigned char code) = 0;
+  virtual double lineHeight(bool symbol) = 0;
+};
+
+/// Letter widths that depend on nothing outside the program: those of a common sans-serif face, in steps of
+/// a tenth of the size.
+class FixedLetterMetrics : public LetterMetrics {
+ public:
+  double advance(bool symbol, unsigned char code) override;
+  double lineHeight(bool symbol) override;
+};
+
+/// True for the font with the Greek layout.
+bool isSymbolFont(std::string_view name);
+
+}  // namespace vk

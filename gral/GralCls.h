@@ -1,0 +1,233 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Array.h"
+#include "base/Int16.h"
+#include "gral/DashPhase.h"
+#include "gral/Markup.h"
+#include "platform/Device.h"
+#include "platform/Screen.h"
+
+namespace vk {
+
+/// The plotting library: one instance for one drawing, the same calls for a form and for the printer.
+///
+/// A point passes through four systems. Usr is the caller's own; Log is centimetres on the page, (0,0) at its
+/// bottom left corner, y upward; Scr is twips of the device, (0,0) at its top left corner, y downward; Pixel
+/// is device pixels with the same origin. Axes that are logarithmic take decimal logarithms as Usr values.
+///
+/// Single precision fields narrow what is stored in them; arithmetic is double. There is no error reporting
+/// here: a division by zero (run-time error 11), a value that does not fit (6) or a logarithm of zero (5)
+/// reaches the caller. Truth values are bool; what is drawn before a failure stays.
+class GralCls {
+ public:
+  /// The system's printer, whose page is that of all drawings, and its screen. Both outlive the instance.
+  GralCls(Device& printer, Screen& screen);
+
+  // ---- Public fields, with their values after `GralGrStr` ------------------------------------------------
+
+  Device* GralDev = nullptr;   ///< the output surface
+  std::string GralCaption;     ///< caption of a form; set before `GralGrStr`
+  float GralMarkDim = 0;       ///< radius of the circular mark in millimetres, 1.5
+  Int16 GralMarkTyp;           ///< type of the mark, 5
+  float XlLog = 0, XrLog = 0;  ///< left and right edge in Log: 0, page width
+  float xScaleL2S = 0;         ///< Scr units per Log unit, positive
+  float YtLog = 0, YbLog = 0;  ///< top and bottom edge in Log: page height, 0
+  float yScaleL2S = 0;         ///< Scr units per Log unit, negative
+  float XlUsr = 0, XrUsr = 0;  ///< left and right edge in Usr
+  float xScaleU2L = 0;         ///< Log units per Usr unit, 1
+  float YtUsr = 0, YbUsr = 0;  ///< top and bottom edge in Usr
+  float yScaleU2L = 0;         ///< Log units per Usr unit, 1
+  bool GralUseTra = false;     ///< dashed lines are drawn by the library; true
+  std::string GralPenTra;      ///< the pen's dash pattern with its phase
+  int kGralPen = 0;            ///< index of the pen, 0..4; 0
+
+  // ---- Start and end ---------------------------------------------------------------------------------------
+
+  /// Opens a drawing. `GralOri` is "LANDSCAPE" in any case, or portrait. A form takes scale/2 times the size
+  /// of the page; 2 shows it at natural size. The device outlives the drawing.
+  void GralGrStr(Device& GralOut, std::string_view GralOri, double scale);
+  /// Ends the drawing: clipping is over; the printer's document is sent and its settings are put back.
+  void GralGrEnd();
+  /// Clears the form. Its name in the table of names is `GralCls`.
+  void GralClear();
+  void GralRefresh();
+  void GralHide();
+  void GralShow();
+
+  // ---- Mapping and conversions -----------------------------------------------------------------------------
+
+  /// Log XiL, XfL correspond to Usr XiU, XfU. Equal ends are run-time error 11 and leave the mapping.
+  void GralXMap(double XiL, double XfL, double XiU, double XfU);
+  void GralYMap(double YiL, double YfL, double YiU, double YfU);
+
+  double xLog2Scr(double x) const;
+  double xScr2Log(double x) const;
+  double xUsr2Log(double x) const;
+  double xLog2Usr(double x) const;
+  double xUsr2Scr(double x) const;
+  double xScr2Usr(double x) const;
+  double yLog2Scr(double y) const;
+  double yScr2Log(double y) const;
+  double yUsr2Log(double y) const;
+  double yLog2Usr(double y) const;
+  double yUsr2Scr(double y) const;
+  double yScr2Usr(double y) const;
+  /// Pixels are rounded to the nearest, a tie going to the even one; beyond 32 bits is run-time error 6.
+  std::int32_t xUsr2Pixel(double x) const;
+  std::int32_t yUsr2Pixel(double y) const;
+  std::int32_t xScr2Pixel(double x) const;
+  std::int32_t yScr2Pixel(double y) const;
+  float xPixel2Usr(double p) const;
+  float yPixel2Usr(double p) const;
+
+  // ---- Pens, lines, clipping -------------------------------------------------------------------------------
+
+  void GralColor(Color color);
+  void GralFillColor(Color color);
+  void GralFillStyle(Int16 iFillStyle);
+  /// Pen of `fdim` tenths of a millimetre and of line type `itra`, from 1; types repeat after five: solid,
+  /// dash, dot, dash-dot, dash-dot-dot. A type below 1 is refused by the device.
+  void GralPen(double fdim, double itra);
+  /// A solid line in Usr; only the device's own line style applies.
+  void GralLine(double xi, double yi, double xf, double yf);
+  /// The same in Scr.
+  void GralLineScr(double xi, double yi, double xf, double yf);
+  /// A dashed line in Usr. `LinPat` comes back with the phase advanced, for the next line. Its first
+  /// character is the state (code 1 pen down), the others are lengths in twips, 1 to 255, pen down and up in
+  /// turn; while an element is interrupted, its first part stands at the end. A pattern of another form is
+  /// run-time error 5.
+  void GralTraLine(double xi, double yi, double xf, double yf, std::string& LinPat);
+  /// A rectangle in Usr; on a form it erases what lies under it. `iGrid` has no effect.
+  void GralBox(double xi, double yi, double xf, double yf, double iGrid);
+  /// Limits drawing to a rectangle in Usr; equal ends give it back.
+  void GralClip(double xi, double yi, double xf, double yf);
+
+  // ---- Marks -----------------------------------------------------------------------------------------------
+
+  /// Radius in millimetres and type: 1 triangle up, 2 triangle down, 3 square, 4 diamond, 5 circle in white,
+  /// 6 to 10 in black, higher ones repeat in black, 0 nothing.
+  void GralMakeMark(double fdim, double jMark);
+  /// The mark at a Usr point. All shapes have the same area.
+  void GralMark(double x, double y);
+
+  // ---- Axes ------------------------------------------------------------------------------------------------
+
+  /// A horizontal axis at Usr height y with nx intervals. `dy` is the tick length in millimetres, positive
+  /// upward; labels stand on the other side. nx = 0 is run-time error 11.
+  void GralOaxis(double xi, double xf, double y, double nx, double dy, bool ilog, bool iscript,
+                 std::string_view xlab);
+  /// A vertical axis at Usr abscissa x; `dx` positive turns the ticks to the right.
+  void GralVaxis(double yi, double yf, double x, double ny, double dx, bool ilog, bool iscript,
+                 std::string_view yLab);
+  /// The labels of an axis in xsc(0..ndx), and in `xmaxlen` the length of the longest in characters.
+  void Makescale(double xi, double xf, Array<std::string>& xsc, double ndx, bool ilog, double& xmaxlen,
+                 bool isy);
+  /// Rounds x to four decimals in place and writes it into xx.
+  void basnum2str(double& x, std::string& xx);
+  /// `inn` as 16 bits, rotated left by `ish`.
+  Int16 Shift(Int16 inn, Int16 ish);
+
+  // ---- Text ------------------------------------------------------------------------------------------------
+
+  /// Writes at a Usr point; see `GralWinPrintString`.
+  void GralWPrint(double x, double y, double iCentr, Int16 iRot, double iPunti, std::string_view Text);
+  /// Writes a text with markup at a Scr point, its vertical middle. `iCentr`: 0 begins there, 1 is centred
+  /// there, 2 ends there. `iRot` in degrees counter-clockwise, `iPointIn` the size in points at full page
+  /// scale. `ibold` has no effect. Failures inside are passed over, statement by statement.
+  ///
+  /// "^" and "_" raise and lower the character or the group in braces that follows; two backslashes take it
+  /// from the Symbol font.
+  void GralWinPrintString(double xxx, double yyy, double iCentr, Int16 iRot, double iPointIn, double ibold,
+                          std::string_view b);
+  /// Measures the letters 32..128 of both fonts at the present size.
+  void MakLenLett();
+  /// What was measured, in twips: code 0..128 in font 1 (text) or 2 (Symbol); 0 below code 32. An index
+  /// outside is run-time error 9.
+  Int16 LetterWidth(int c, int font) const;
+
+  // ---- Curves and data -------------------------------------------------------------------------------------
+
+  /// Joins the points 1..np, in Usr, with straight lines under the current pen.
+  void GralDraw(const Array<double>& x, const Array<double>& y, int np);
+  /// A smooth curve through the points 1..nPt, in Usr, from left to right: a natural cubic spline. Two points
+  /// in one pixel column are run-time error 11. Dash patterns do not apply.
+  void GralCurve(const Array<double>& x, const Array<double>& y, int nPt);
+  /// Points with error bars and marks, all marks above all bars. Errors in x only when `kXpntErr` is true.
+  /// On a logarithmic axis the data are given linear; a zero is run-time error 5.
+  void PlotData(const Array<double>& Xpnt, const Array<double>& ErrXpnt, const Array<double>& Ypnt,
+                const Array<double>& ErrYpnt, int NumPnt, bool kXpntErr, bool iXLog, bool iYLog);
+
+ private:
+  struct SavedPrinterState {
+    Int16 orientation, scaleMode;
+    double scaleWidth = 0, scaleHeight = 0, scaleTop = 0, scaleLeft = 0;
+  };
+  struct PageSize {
+    double width, height;  // cm
+  };
+  /// One axis in Scr: ticks are drawn across it, labels beside it.
+  struct AxisTicks {
+    double first, step;  // along the axis
+    double at;           // the axis itself
+    double majorEnd, minorEnd;
+  };
+
+  PageSize pageSize() const;
+  void openPrinter();
+  void openForm(Device& form, const PageSize& page);
+  void readDeviceSize();
+  void resetScales(const PageSize& page);
+  void releaseClip();
+  void restorePrinter();
+  void makePatterns(double tp);
+
+  /// A part of a line by the distances of its ends from the line's start, in twips.
+  struct Stretch {
+    double begin, end;
+  };
+  Stretch seenStretch(double x1, double y1, double cx, double cy, double d) const;
+  void drawDashes(double x1, double y1, double cx, double cy, const Stretch& stretch, DashPhase& phase);
+
+  void outlineMark(int shape, double px, double py, double radius);
+  void polygonMark(std::initializer_list<std::array<double, 2>> vertices);
+
+  double labelSize(double tickLength) const;
+  template <class DrawAcross, class DrawAlong>
+  void drawTicks(const AxisTicks& ticks, double n, bool ilog, DrawAcross across, DrawAlong along);
+  Array<std::string> axisLabels(double from, double to, double n, bool ilog, bool vertical);
+  double widestText(const Array<std::string>& texts) const;
+
+  void DrawTextRun(Int16 iRot, Device& device, const std::string& font, double size, double x, double y,
+                   std::string_view text);
+  void drawRotatedRun(Int16 iRot, Device& device, const std::string& font, double size, double x, double y,
+                      std::string_view text);
+  std::vector<double> letterAdvances(const std::vector<MarkupLetter>& letters) const;
+
+  struct PlotPoint;
+  static PlotPoint plotPoint(double value, double error, bool hasError, bool logarithmic);
+  void drawYBar(const PlotPoint& x, const PlotPoint& y);
+  void drawXBar(const PlotPoint& x, const PlotPoint& y);
+
+  Device& printer_;
+  Screen& screen_;
+  bool IsPrinter = false;
+  std::int32_t hClipRgn = 0;
+  int Orientation = 1;
+  Array<std::array<Int16, 3>> LetterWidths;
+  std::string FontName;
+  float fScale = 0;
+  float fScaleEff = 0;
+  double ScrWidth = 0, ScrLeft = 0, ScrRight = 0;
+  double ScrHeight = 0, ScrTop = 0, ScrBottom = 0;
+  Array<std::string> PenPatterns;
+  int PixHeight = 0, PixWidth = 0;
+  SavedPrinterState SavedPrinter;
+  DashCarry dashCarry_;
+};
+
+}  // namespace vk

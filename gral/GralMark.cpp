@@ -1,0 +1,97 @@
+#include <cmath>
+#include <vector>
+
+#include "base/Rounding.h"
+#include "gral/GralCls.h"
+
+namespace vk {
+namespace {
+
+constexpr int kShapes = 5;
+constexpr double kMmPerCm = 10;
+
+/// Puts back the settings that a mark changes.
+class SavedDrawing {
+ public:
+  explicit SavedDrawing(Device& device)
+      : device_(device),
+        fillStyle_(device.FillStyle()),
+        drawStyle_(device.DrawStyle()),
+        fillColor_(device.FillColor()),
+        foreColor_(device.ForeColor()) {}
+  ~SavedDrawing() {
+    device_.setDrawStyle(drawStyle_);
+    device_.setFillStyle(fillStyle_);
+    device_.setFillColor(fillColor_);
+    device_.setForeColor(foreColor_);
+  }
+  SavedDrawing(const SavedDrawing&) = delete;
+  SavedDrawing& operator=(const SavedDrawing&) = delete;
+
+ private:
+  Device& device_;
+  Int16 fillStyle_, drawStyle_;
+  Color fillColor_, foreColor_;
+};
+
+}  // namespace
+
+void GralCls::GralMakeMark(double fdim, double jMark) {
+  GralMarkDim = toSingle(fdim);
+  GralMarkTyp = toInt16(jMark);
+}
+
+void GralCls::GralMark(double x, double y) {
+  const double px = xUsr2Scr(x);
+  const double py = yUsr2Scr(y);
+  const double R = std::abs(xLog2Scr(GralMarkDim / kMmPerCm));
+  const SavedDrawing saved(*GralDev);
+  GralDev->setDrawStyle(kDrawSolid);
+  GralDev->setFillStyle(kFillSolid);
+  GralDev->setFillColor(GralMarkTyp > kShapes ? kBlack : kWhite);
+  const int shape = (GralMarkTyp - 1) % kShapes + 1;
+  if (shape == kShapes) {
+    GralDev->Circle(px, py, R);
+  } else {
+    outlineMark(shape, px, py, R);
+  }
+}
+
+void GralCls::outlineMark(int shape, double px, double py, double R) {
+  const double A = 4 * std::atan(1.0) * R * R;
+  const double q = std::sqrt(A);
+  const double root3 = std::sqrt(3.0);
+  const double t = std::sqrt(4 / root3 * A);
+  switch (shape) {
+    case 1:
+      // QUIRK: the upward triangle alone is outlined in black whatever the colour.
+      GralDev->setForeColor(kBlack);
+      return polygonMark(
+          {{px - t / 2, py + t / 2 / root3}, {px, py - t / root3}, {px + t / 2, py + t / 2 / root3}});
+    case 2:
+      return polygonMark(
+          {{px - t / 2, py - t / 2 / root3}, {px, py + t / root3}, {px + t / 2, py - t / 2 / root3}});
+    case 3: {
+      const double xa = px - q / 2, ya = py + q / 2, yb = py - q / 2;
+      return polygonMark({{xa, ya}, {xa, yb}, {xa + q, yb}, {xa + q, ya}});
+    }
+    case 4: {
+      const double h = q / std::sqrt(2.0);
+      return polygonMark({{px - h, py}, {px, py - h}, {px + h, py}, {px, py + h}});
+    }
+    default:
+      return;  // type 0 has no shape
+  }
+}
+
+void GralCls::polygonMark(std::initializer_list<std::array<double, 2>> vertices) {
+  std::array<PixelPoint, 4> points;
+  std::size_t count = 0;
+  for (const auto& [x, y] : vertices) points[count++] = {xScr2Pixel(x), yScr2Pixel(y)};
+  GralDev->BeginPath();
+  GralDev->Polyline(std::span(points).first(count));
+  GralDev->EndPath();
+  GralDev->StrokeAndFillPath();
+}
+
+}  // namespace vk

@@ -1,0 +1,110 @@
+#include "gral/LineWriter.h"
+
+#include "base/NumberText.h"
+#include "base/Rounding.h"
+
+namespace vk {
+namespace {
+
+constexpr const char* kPenStyles[] = {"solid",      "dash",        "dot",   "dashdot",
+                                      "dashdotdot", "transparent", "inside"};
+constexpr const char* kFillStyles[] = {"solid",  "transparent", "horizontal", "vertical",
+                                       "upward", "downward",    "cross",      "diagonalcross"};
+constexpr char kHexDigits[] = "0123456789ABCDEF";
+
+std::string number(double value) {
+  constexpr double kThousandths = 1000;
+  const double rounded = roundHalfEven(value * kThousandths) / kThousandths;
+  return generalText(rounded == 0 ? 0.0 : rounded);
+}
+
+std::string place(double x, double y) {
+  return number(x) + "," + number(y);
+}
+
+std::string hexByte(int value) {
+  return {kHexDigits[(value >> 4) & 15], kHexDigits[value & 15]};
+}
+
+std::string colorText(Color color) {
+  return hexByte(color) + hexByte(color >> 8) + hexByte(color >> 16);
+}
+
+std::string quoted(const std::string& text) {
+  std::string result = "'";
+  for (const char c : text) {
+    const bool plain = c >= ' ' && c <= '~';
+    result += plain ? std::string(1, c) : "\\x" + hexByte(static_cast<unsigned char>(c));
+  }
+  return result + "'";
+}
+
+}  // namespace
+
+void LineWriter::clear(double width, double height, Color background) {
+  add("clear " + place(width, height) + " tw " + colorText(background));
+}
+
+void LineWriter::pen(const Pen& pen) {
+  add("pen " + colorText(pen.color) + " width " + generalText(pen.width) + " " + kPenStyles[pen.style]);
+}
+
+void LineWriter::filling(const Filling& filling) {
+  add("filling " + colorText(filling.color) + " " + kFillStyles[filling.style]);
+}
+
+void LineWriter::line(double x1, double y1, double x2, double y2) {
+  add("line " + place(x1, y1) + " " + place(x2, y2) + " tw");
+}
+
+void LineWriter::box(double x1, double y1, double x2, double y2) {
+  add("box " + place(x1, y1) + " " + place(x2, y2) + " tw");
+}
+
+void LineWriter::filledBox(double x1, double y1, double x2, double y2, Color color) {
+  add("filledbox " + place(x1, y1) + " " + place(x2, y2) + " tw " + colorText(color));
+}
+
+void LineWriter::circle(double x, double y, double radius) {
+  add("circle " + place(x, y) + " radius " + number(radius) + " tw");
+}
+
+void LineWriter::addPoints(const std::string& name, std::span<const PixelPoint> points) {
+  std::string result = name;
+  for (const PixelPoint& point : points) result += " " + generalText(point.x) + "," + generalText(point.y);
+  add(result + " px");
+}
+
+void LineWriter::polyline(std::span<const PixelPoint> points) {
+  addPoints("polyline", points);
+}
+
+void LineWriter::bezier(std::span<const PixelPoint> points) {
+  addPoints("bezier", points);
+}
+
+void LineWriter::figure(std::span<const PixelPoint> points, bool fill, bool stroke) {
+  addPoints(fill && stroke ? "fill+stroke" : fill ? "fill" : "stroke", points);
+}
+
+void LineWriter::text(const TextRun& run) {
+  add("text " + place(run.x, run.y) + " tw " + run.fontName + " " + number(run.points) + " pt " +
+      number(run.angle) + " deg " + quoted(run.text));
+}
+
+void LineWriter::clip(const PixelRect* region) {
+  if (region == nullptr) return add("clip off");
+  const PixelPoint corners[] = {{region->x1, region->y1}, {region->x2, region->y2}};
+  addPoints("clip", corners);
+}
+
+void LineWriter::picture(const Picture& picture, double x, double y) {
+  add("picture " + place(x, y) + " tw " + generalText(picture.width) + "x" + generalText(picture.height) +
+      " of " + number(picture.twipsPerPixel) + " tw");
+}
+
+void LineWriter::refresh() {
+  add("refresh");
+}
+
+}  // namespace vk

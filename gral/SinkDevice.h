@@ -1,0 +1,47 @@
+#pragma once
+
+#include <optional>
+
+#include "gral/Drawing.h"
+#include "platform/Device.h"
+
+namespace vk {
+
+/// A device that passes each primitive on to a drawing sink, and measures texts by given letter widths.
+class SinkDevice : public Device {
+ public:
+  /// Sink and widths must live as long as the device.
+  SinkDevice(const FormMetrics& form, DrawingSink& sink, LetterMetrics& letters);
+  SinkDevice(const PrinterMetrics& printer, DrawingSink& sink, LetterMetrics& letters);
+
+  void Line(double x1, double y1, double x2, double y2) override;
+  void Box(double x1, double y1, double x2, double y2) override;
+  void FilledBox(double x1, double y1, double x2, double y2, Color color) override;
+  void Circle(double x, double y, double radius) override;
+  double TextWidth(std::string_view text) override;
+  double TextHeight(std::string_view text) override;
+  void PolyBezier(std::span<const PixelPoint> points) override;
+
+ protected:
+  void drawPolyline(std::span<const PixelPoint> points) override;
+  void drawFigure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
+  void drawText(const TextRun& run) override;
+  void clipTo(const PixelRect* region) override;
+  void cleared() override;
+  void refreshed() override;
+
+  DrawingSink& sink() { return sink_; }
+  /// The next primitive announces pen and filling again.
+  void forgetAnnounced();
+
+ private:
+  void announcePen();
+  void announceFilling();
+
+  DrawingSink& sink_;
+  LetterMetrics& letters_;
+  std::optional<Pen> pen_;
+  std::optional<Filling> filling_;
+};
+
+}  // namespace vk

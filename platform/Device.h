@@ -1,0 +1,265 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Int16.h"
+#include "platform/DeviceTypes.h"
+
+namespace vk {
+
+/// An output surface of the graphics library: a form on the screen, a file that stands for one, or the
+/// printer.
+///
+/// The settings are plain values that the next primitive uses; this class keeps them, and the sizes. What a
+/// device does in its own way is virtual. Operations of forms are refused by a printer and the other way
+/// round, with run-time error 5.
+///
+/// Lengths are twips (1440 per inch) from the top left corner of the drawing area, y downward, except for the
+/// operations of the graphics context, which take whole pixels of the device. Nothing drawn outside the
+/// drawing area or the clip region is seen. Texts are 8-bit: in the layout of the Symbol font when the font's
+/// name is "Symbol", else Windows-1252.
+class Device {
+ public:
+  Device(const Device&) = delete;
+  Device& operator=(const Device&) = delete;
+  virtual ~Device() = default;
+
+  // ---- Settings ------------------------------------------------------------------------------------------
+
+  Color ForeColor() const { return settings_.foreColor; }
+  void setForeColor(Color color) { settings_.foreColor = color; }
+  Color FillColor() const { return settings_.fillColor; }
+  void setFillColor(Color color) { settings_.fillColor = color; }
+  Color BackColor() const { return settings_.backColor; }
+  /// A form also loses its picture and shows this colour all over.
+  void setBackColor(Color color);
+
+  /// One of `FillStyles`; anything else is refused with run-time error 5.
+  Int16 FillStyle() const { return settings_.fillStyle; }
+  void setFillStyle(Int16 style);
+  /// One of `DrawStyles`; anything else is refused with run-time error 5.
+  Int16 DrawStyle() const { return settings_.drawStyle; }
+  void setDrawStyle(Int16 style);
+  /// Width of the pen: nominal pixels on a form, the printer's own on the printer. It is taken as a whole
+  /// number, a tie going to the even one, and at least 1.
+  Int16 DrawWidth() const { return settings_.drawWidth; }
+  void setDrawWidth(double width);
+
+  const std::string& FontName() const { return settings_.fontName; }
+  void setFontName(std::string_view name) { settings_.fontName = name; }
+  /// Size in points; a text of size 0 is not seen, a negative size is refused with run-time error 5.
+  double FontSize() const { return settings_.fontSize; }
+  void setFontSize(double points);
+  bool FontTransparent() const { return settings_.fontTransparent; }
+  void setFontTransparent(bool on) { settings_.fontTransparent = on; }
+
+  double CurrentX() const { return settings_.currentX; }
+  void setCurrentX(double x) { settings_.currentX = x; }
+  double CurrentY() const { return settings_.currentY; }
+  void setCurrentY(double y) { settings_.currentY = y; }
+
+  // ---- The scale -----------------------------------------------------------------------------------------
+
+  /// The unit in which the size of the drawing area is told, one of `ScaleModes`. Setting it gives the area
+  /// its own size in that unit, with the origin at the top left corner. Drawing is in twips all the same.
+  Int16 ScaleMode() const { return scale_.mode; }
+  void setScaleMode(Int16 mode);
+  double ScaleWidth() const { return scale_.width; }
+  double ScaleHeight() const { return scale_.height; }
+  double ScaleLeft() const { return scale_.left; }
+  double ScaleTop() const { return scale_.top; }
+  /// These put back a value that was read before; the other values of the scale stay.
+  void setScaleWidth(double width) { scale_.width = width; }
+  void setScaleHeight(double height) { scale_.height = height; }
+  void setScaleLeft(double left) { scale_.left = left; }
+  void setScaleTop(double top) { scale_.top = top; }
+  /// Size of the drawing area in centimetres, whatever the scale mode.
+  double ScaleWidthCm() const { return areaWidth_ / kTwipsPerInch * kCmPerInch; }
+  double ScaleHeightCm() const { return areaHeight_ / kTwipsPerInch * kCmPerInch; }
+
+  /// Twips of a nominal pixel on a form, of a device pixel on the printer.
+  double TwipsPerPixelX() const { return twipsPerPixel_; }
+  double TwipsPerPixelY() const { return twipsPerPixel_; }
+
+  // ---- Drawing in twips ----------------------------------------------------------------------------------
+
+  /// A line with the current pen, both ends included.
+  virtual void Line(double x1, double y1, double x2, double y2) = 0;
+  /// The outline of a rectangle with the current pen.
+  virtual void Box(double x1, double y1, double x2, double y2) = 0;
+  /// A rectangle filled with a colour, without outline.
+  virtual void FilledBox(double x1, double y1, double x2, double y2, Color color) = 0;
+  /// A circle with the current pen, filled with the current filling.
+  virtual void Circle(double x, double y, double radius) = 0;
+
+  /// Width of a text in the font of the settings; a selected font record does not count.
+  virtual double TextWidth(std::string_view text) = 0;
+  /// Height of a line in the font of the settings, also for an empty text.
+  virtual double TextHeight(std::string_view text) = 0;
+  /// Writes in the font of the settings, or in the selected font record, with the top left corner of the text
+  /// at `CurrentX`, `CurrentY`, which stay.
+  void Print(std::string_view text);
+
+  // ---- The graphics context, in pixels ---------------------------------------------------------------------
+
+  /// Joins the points with the current pen; one point alone draws nothing. Between `BeginPath` and `EndPath`
+  /// it adds them to the path.
+  void Polyline(std::span<const PixelPoint> points);
+  /// Bézier curves of third degree through the points 0, 3, 6, ...; the others are control points.
+  virtual void PolyBezier(std::span<const PixelPoint> points) = 0;
+
+  /// A path is the outline of one figure. The three operations that draw it use it up.
+  void BeginPath();
+  void EndPath() { pathOpen_ = false; }
+  void StrokePath() { drawPath(false, true); }
+  /// These two close the figure first.
+  void FillPath() { drawPath(true, false); }
+  void StrokeAndFillPath() { drawPath(true, true); }
+
+  /// A rectangle of pixels x1 <= x < x2, y1 <= y < y2 that drawing can be limited to. Gives its handle.
+  std::int32_t CreateRectRgn(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2);
+  /// Limits all drawing to the region until another is selected or this one is deleted.
+  void SelectClipRgn(std::int32_t region);
+  /// Makes a font and gives its handle. While it is selected, texts are written with it.
+  std::int32_t CreateFontIndirect(const FontRecord& record);
+  /// Selects a font by its handle, 0 being the font of the settings. Gives the handle selected before.
+  std::int32_t SelectObject(std::int32_t font);
+  /// Releases a region or a font; what was selected through it ends. An unknown handle is run-time error 5.
+  void DeleteObject(std::int32_t handle);
+
+  /// Writes as `Print` does, with the top left corner at a pixel.
+  void TextOut(std::int32_t x, std::int32_t y, std::string_view text);
+
+  // ---- Forms -----------------------------------------------------------------------------------------------
+
+  const std::string& Caption() const { return form_.caption; }
+  void setCaption(std::string_view caption);
+  bool AutoRedraw() const { return form_.autoRedraw; }
+  void setAutoRedraw(bool on);
+  bool Visible() const { return form_.visible; }
+  void setVisible(bool on);
+  /// Place on the screen.
+  double Left() const { return form_.left; }
+  void setLeft(double left);
+  double Top() const { return form_.top; }
+  void setTop(double top);
+  /// Outer size of a form. It takes the nearest size whose drawing area has whole nominal pixels, at least
+  /// one; the picture is lost. Printable size of a printer's page, which cannot be set.
+  double Width();
+  double Height();
+  void setWidth(double width);
+  void setHeight(double height);
+  /// Clears the picture to `BackColor`, whatever the clip region.
+  void Cls();
+  /// Shows what has been drawn so far.
+  void Refresh();
+  void Hide() { setVisible(false); }
+  void Show() { setVisible(true); }
+  /// The picture that the form shows.
+  virtual Picture Image();
+
+  // ---- Printers --------------------------------------------------------------------------------------------
+
+  /// Orientation of the paper. Setting it turns the page and renews the scale in its mode.
+  Int16 Orientation();
+  void setOrientation(Int16 orientation);
+  /// Dots per inch.
+  double Resolution() const;
+  /// A picture in its natural size with its top left corner at the point.
+  virtual void PaintPicture(const Picture& picture, double x, double y);
+  /// Ends the document and sends it. A printer that fails is run-time error 482.
+  virtual void EndDoc();
+
+ protected:
+  explicit Device(const FormMetrics& form);
+  explicit Device(const PrinterMetrics& printer);
+
+  // What a device does in its own way.
+
+  virtual void drawPolyline(std::span<const PixelPoint> points) = 0;
+  /// The outline of a figure; it is closed when it is filled.
+  virtual void drawFigure(std::span<const PixelPoint> points, bool fill, bool stroke) = 0;
+  virtual void drawText(const TextRun& run) = 0;
+  /// The region that drawing is limited to from now on; none is the whole drawing area.
+  virtual void clipTo(const PixelRect* region) = 0;
+  /// The picture is lost: the whole area, perhaps of a new size, shows `BackColor`.
+  virtual void cleared() {}
+  /// Caption, place or visibility of a form has changed.
+  virtual void formChanged() {}
+  virtual void refreshed() {}
+
+  /// The font record that texts are written with, or none.
+  const FontRecord* selectedFont() const;
+  /// Run-time error 5 on a device of the other sort.
+  void requireForm() const;
+  void requirePrinter() const;
+  /// A printer of another kind from now on.
+  void setPrinter(const PrinterMetrics& printer);
+  /// Size of the drawing area in twips and in pixels.
+  double areaWidth() const { return areaWidth_; }
+  double areaHeight() const { return areaHeight_; }
+  int pixelWidth() const;
+  int pixelHeight() const;
+  /// Twips of a pixel of the graphics context.
+  double twipsPerContextPixel() const {
+    return isForm_ ? twipsPerPixel_ / formMetrics_.pixelRatio : twipsPerPixel_;
+  }
+  /// Pixels of the graphics context that the pen is wide.
+  int penPixels() const { return settings_.drawWidth * (isForm_ ? formMetrics_.pixelRatio : 1); }
+
+ private:
+  struct Settings {
+    Color foreColor = kBlack;
+    Color backColor = kWhite;
+    Color fillColor = kBlack;
+    Int16 fillStyle = kFillTransparent;
+    Int16 drawStyle = kDrawSolid;
+    Int16 drawWidth = 1;
+    std::string fontName = "Arial";
+    double fontSize = 8;
+    bool fontTransparent = true;
+    double currentX = 0;
+    double currentY = 0;
+  };
+  struct Scale {
+    Int16 mode = kScaleTwips;
+    double width = 0, height = 0, left = 0, top = 0;
+  };
+  struct FormState {
+    std::string caption;
+    bool autoRedraw = false;
+    bool visible = false;
+    double left = 0;
+    double top = 0;
+  };
+
+  void setArea(double width, double height);
+  void turnPage();
+  void resizeForm(double clientWidth, double clientHeight);
+  void drawPath(bool fill, bool stroke);
+  void writeText(double x, double y, std::string_view text);
+  bool isForm_;
+  FormMetrics formMetrics_;
+  PrinterMetrics printer_;
+  double twipsPerPixel_ = kNominalTwipsPerPixel;
+  double areaWidth_ = 0;
+  double areaHeight_ = 0;
+  Settings settings_;
+  Scale scale_;
+  FormState form_;
+  Int16 orientation_ = 1;
+  std::vector<PixelPoint> path_;
+  bool pathOpen_ = false;
+  std::map<std::int32_t, PixelRect> regions_;
+  std::map<std::int32_t, FontRecord> fonts_;
+  std::int32_t lastHandle_ = 0;
+  std::int32_t selectedRegion_ = 0;
+  std::int32_t selectedFont_ = 0;
+};
+
+}  // namespace vk

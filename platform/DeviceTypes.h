@@ -1,0 +1,103 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// The values that pass between the graphics library and its devices.
+namespace vk {
+
+/// A colour as &HBBGGRR: red in the lowest byte.
+using Color = std::int32_t;
+inline constexpr Color kBlack = 0x000000;
+inline constexpr Color kWhite = 0xFFFFFF;
+
+enum FillStyles : int {
+  kFillSolid = 0,
+  kFillTransparent = 1,
+  kFillHorizontal = 2,
+  kFillVertical = 3,
+  kFillUpward = 4,
+  kFillDownward = 5,
+  kFillCross = 6,
+  kFillDiagonalCross = 7,
+};
+
+enum DrawStyles : int {
+  kDrawSolid = 0,
+  kDrawDash = 1,
+  kDrawDot = 2,
+  kDrawDashDot = 3,
+  kDrawDashDotDot = 4,
+  kDrawTransparent = 5,
+  kDrawInside = 6,  ///< drawn as solid
+};
+
+enum ScaleModes : int { kScaleTwips = 1, kScalePixels = 3 };
+
+inline constexpr double kTwipsPerInch = 1440;
+inline constexpr double kTwipsPerPoint = 20;
+inline constexpr double kCmPerInch = 2.54;
+/// A nominal pixel has 15 twips on every screen, however fine its own pixels are.
+inline constexpr double kNominalTwipsPerPixel = 15;
+
+/// The printable area of an A4 sheet with margins of 1/6 inch, in twips: the page of all drawings where no
+/// printer is.
+inline constexpr double kA4ShortSide = 11426;  ///< 20.15 cm
+inline constexpr double kA4LongSide = 16358;   ///< 28.85 cm
+
+struct PixelPoint {
+  std::int32_t x = 0, y = 0;
+  bool operator==(const PixelPoint&) const = default;
+};
+
+/// The pixels x1 <= x < x2, y1 <= y < y2.
+struct PixelRect {
+  std::int32_t x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+  bool operator==(const PixelRect&) const = default;
+};
+
+/// What a form is made of: its frame in twips, and how many of its pixels make one nominal pixel.
+struct FormMetrics {
+  double frameWidth = 0;   ///< both sides together
+  double frameHeight = 0;  ///< title and both sides
+  int pixelRatio = 1;
+};
+
+/// What a printer is made of: the sides of its printable area in twips, and its dots per inch.
+struct PrinterMetrics {
+  double shortSide = kA4ShortSide;
+  double longSide = kA4LongSide;
+  double resolution = 600;
+};
+
+/// The description by which a rotated font is made. Members that are not told stay 0.
+struct FontRecord {
+  std::int32_t height = 0;  ///< in pixels (`TwipsPerPixelY`); negative: of the letters without leading
+  std::int32_t width = 0;
+  std::int32_t escapement = 0;  ///< tenths of a degree, counter-clockwise
+  std::int32_t orientation = 0;
+  std::int32_t weight = 0;
+  std::array<char, 32> faceName{};  ///< ended by a zero
+  bool operator==(const FontRecord&) const = default;
+};
+
+/// A text as a device draws it: rotated about the top left corner of its cell.
+struct TextRun {
+  double x = 0, y = 0;  ///< twips
+  double points = 0;    ///< size
+  double angle = 0;     ///< degrees, counter-clockwise
+  std::string fontName;
+  std::string text;
+};
+
+/// A picture of pixels of its own.
+struct Picture {
+  int width = 0;
+  int height = 0;
+  double twipsPerPixel = kNominalTwipsPerPixel;  ///< natural size
+  std::vector<std::uint32_t> pixels;             ///< 0xFFRRGGBB, row by row from the top
+};
+
+}  // namespace vk

@@ -1,0 +1,270 @@
+#include "platform/Device.h"
+
+#include "base/RuntimeError.h"
+#include "platform/Printer.h"
+
+namespace vk {
+namespace {
+
+/// A device that keeps what reaches it.
+class PlainDevice : public Device {
+ public:
+  explicit PlainDevice(const FormMetrics& form) : Device(form) {}
+  explicit PlainDevice(const PrinterMetrics& printer) : Device(printer) {}
+
+  void Line(double, double, double, double) override {}
+  void Box(double, double, double, double) override {}
+  void FilledBox(double, double, double, double, Color) override {}
+  void Circle(double, double, double) override {}
+  double TextWidth(std::string_view) override { return 0; }
+  double TextHeight(std::string_view) override { return 0; }
+  void PolyBezier(std::span<const PixelPoint>) override {}
+
+  int polylines = 0, figures = 0, clears = 0;
+  bool filled = false, stroked = false;
+  std::vector<PixelPoint> points;
+  std::vector<TextRun> texts;
+  std::vector<PixelRect> clips;  ///< an empty one for no limit
+  using Device::pixelHeight;
+  using Device::pixelWidth;
+
+ protected:
+  void drawPolyline(std::span<const PixelPoint> line) override {
+    ++polylines;
+    points.assign(line.begin(), line.end());
+  }
+  void drawFigure(std::span<const PixelPoint> outline, bool fill, bool stroke) override {
+    ++figures;
+    filled = fill;
+    stroked = stroke;
+    points.assign(outline.begin(), outline.end());
+  }
+  void drawText(const TextRun& run) override { texts.push_back(run); }
+  void clipTo(const PixelRect* region) override { clips.push_back(region ? *region : PixelRect{}); }
+  void cleared() override { ++clears; }
+};
+
+class FormDevice : public ::testing::Test {
+ protected:
+  PlainDevice form{FormMetrics{120, 405, 2}};
+};
+
+TEST_F(FormDevice, KeepsItsSettings) {
+  form.setForeColor(1);
+  form.setFillColor(2);
+  form.setBackColor(3);
+  form.setFillStyle(7);
+  form.setDrawStyle(6);
+  form.setFontName("Symbol");
+  form.setFontSize(0);
+  form.setFontTransparent(false);
+  form.setCurrentX(4.5);
+  form.setCurrentY(5.5);
+  EXPECT_EQ(form.ForeColor(), 1);
+  EXPECT_EQ(form.FillColor(), 2);
+  EXPECT_EQ(form.BackColor(), 3);
+  EXPECT_EQ(form.FillStyle(), 7);
+  EXPECT_EQ(form.DrawStyle(), 6);
+  EXPECT_EQ(form.FontName(), "Symbol");
+  EXPECT_EQ(form.FontSize(), 0);
+  EXPECT_FALSE(form.FontTransparent());
+  EXPECT_EQ(form.CurrentX(), 4.5);
+  EXPECT_EQ(form.CurrentY(), 5.5);
+}
+
+TEST_F(FormDevice, RefusesSettingsOutOfTheirRange) {
+  EXPECT_THROW(form.setFillStyle(8), RuntimeError);
+  EXPECT_THROW(form.setFillStyle(-1), RuntimeError);
+  EXPECT_THROW(form.setDrawStyle(7), RuntimeError);
+  EXPECT_THROW(form.setDrawStyle(-1), RuntimeError);
+  EXPECT_THROW(form.setFontSize(-0.5), RuntimeError);
+  EXPECT_THROW(form.setScaleMode(2), RuntimeError);
+  EXPECT_EQ(form.FillStyle(), 1);
+  EXPECT_EQ(form.DrawStyle(), 0);
+}
+
+TEST_F(FormDevice, PenIsAWholeNumberOfPixelsAndAtLeastOne) {
+  form.setDrawWidth(2.5);
+  EXPECT_EQ(form.DrawWidth(), 2);
+  form.setDrawWidth(0.2);
+  EXPECT_EQ(form.DrawWidth(), 1);
+  form.setDrawWidth(-3);
+  EXPECT_EQ(form.DrawWidth(), 1);
+  EXPECT_THROW(form.setDrawWidth(40000), RuntimeError);
+}
+
+TEST_F(FormDevice, TakesASizeOfWholeNominalPixels) {
+  form.setWidth(120 + 1000);
+  form.setHeight(405 + 500);
+  EXPECT_EQ(form.ScaleWidth(), 67 * 15);
+  EXPECT_EQ(form.ScaleHeight(), 33 * 15);
+  EXPECT_EQ(form.Width(), 67 * 15 + 120);
+  EXPECT_EQ(form.pixelWidth(), 134);
+  form.setScaleMode(3);
+  EXPECT_EQ(form.ScaleWidth(), 134);
+  EXPECT_EQ(form.ScaleHeight(), 66);
+  EXPECT_EQ(form.clears, 2);
+  form.setWidth(0);
+  EXPECT_EQ(form.pixelWidth(), 2);
+}
+
+TEST_F(FormDevice, ScaleCanBePutBack) {
+  form.setScaleWidth(7);
+  form.setScaleHeight(8);
+  form.setScaleLeft(9);
+  form.setScaleTop(10);
+  EXPECT_EQ(form.ScaleWidth(), 7);
+  EXPECT_EQ(form.ScaleHeight(), 8);
+  EXPECT_EQ(form.ScaleLeft(), 9);
+  EXPECT_EQ(form.ScaleTop(), 10);
+  EXPECT_NEAR(form.ScaleWidthCm(), 4800 / 1440.0 * 2.54, 1E-12);
+  form.setScaleMode(1);
+  EXPECT_EQ(form.ScaleWidth(), 4800);
+  EXPECT_EQ(form.ScaleTop(), 0);
+}
+
+TEST_F(FormDevice, LosesItsPictureWithANewBackground) {
+  form.setBackColor(0xFFFFFF);
+  EXPECT_EQ(form.clears, 1);
+  form.Cls();
+  EXPECT_EQ(form.clears, 2);
+}
+
+TEST_F(FormDevice, RefusesWhatPrintersDo) {
+  EXPECT_THROW(form.Orientation(), RuntimeError);
+  EXPECT_THROW(form.setOrientation(1), RuntimeError);
+  EXPECT_THROW(form.Resolution(), RuntimeError);
+  EXPECT_THROW(form.EndDoc(), RuntimeError);
+  EXPECT_THROW(form.PaintPicture({}, 0, 0), RuntimeError);
+}
+
+TEST_F(FormDevice, PathCollectsPolylinesAndIsUsedUp) {
+  const PixelPoint two[] = {{1, 2}, {3, 4}}, third[] = {{5, 6}};
+  form.BeginPath();
+  form.Polyline(two);
+  form.Polyline(third);
+  form.EndPath();
+  EXPECT_EQ(form.polylines, 0);
+  form.StrokeAndFillPath();
+  EXPECT_EQ(form.points, (std::vector<PixelPoint>{{1, 2}, {3, 4}, {5, 6}}));
+  EXPECT_TRUE(form.filled && form.stroked);
+  form.StrokePath();
+  EXPECT_EQ(form.figures, 1);
+}
+
+TEST_F(FormDevice, PathIsFilledOrStroked) {
+  const PixelPoint two[] = {{1, 2}, {3, 4}};
+  form.BeginPath();
+  form.Polyline(two);
+  form.EndPath();
+  form.FillPath();
+  EXPECT_TRUE(form.filled && !form.stroked);
+  form.BeginPath();
+  form.Polyline(two);
+  form.EndPath();
+  form.StrokePath();
+  EXPECT_TRUE(!form.filled && form.stroked);
+}
+
+TEST_F(FormDevice, PolylineOfOnePointDrawsNothing) {
+  const PixelPoint one[] = {{1, 2}};
+  form.Polyline(one);
+  EXPECT_EQ(form.polylines, 0);
+}
+
+TEST_F(FormDevice, RegionLimitsDrawingUntilItIsDeleted) {
+  const auto first = form.CreateRectRgn(1, 2, 3, 4);
+  const auto second = form.CreateRectRgn(5, 6, 7, 8);
+  EXPECT_NE(first, 0);
+  EXPECT_NE(first, second);
+  form.SelectClipRgn(first);
+  form.SelectClipRgn(second);
+  form.DeleteObject(first);
+  form.DeleteObject(second);
+  EXPECT_EQ(form.clips, (std::vector<PixelRect>{{1, 2, 3, 4}, {5, 6, 7, 8}, {}}));
+  EXPECT_THROW(form.DeleteObject(second), RuntimeError);
+  EXPECT_THROW(form.SelectClipRgn(second), RuntimeError);
+}
+
+TEST_F(FormDevice, WritesInItsFontOrInTheSelectedRecord) {
+  form.setFontName("Symbol");
+  form.setFontSize(11);
+  form.setCurrentX(100);
+  form.setCurrentY(200);
+  form.Print("a");
+  FontRecord record;
+  record.height = -16;
+  record.escapement = 300;
+  std::string_view("Arial").copy(record.faceName.data(), 5);
+  const auto font = form.CreateFontIndirect(record);
+  EXPECT_EQ(form.SelectObject(font), 0);
+  form.Print("b");
+  form.TextOut(10, 20, "c");
+  EXPECT_EQ(form.SelectObject(0), font);
+  form.Print("d");
+  ASSERT_EQ(form.texts.size(), 4U);
+  EXPECT_EQ(form.texts[0].fontName, "Symbol");
+  EXPECT_EQ(form.texts[0].points, 11);
+  EXPECT_EQ(form.texts[0].x, 100);
+  EXPECT_EQ(form.texts[1].fontName, "Arial");
+  EXPECT_EQ(form.texts[1].points, 12);
+  EXPECT_EQ(form.texts[1].angle, 30);
+  EXPECT_EQ(form.texts[2].x, 75);
+  EXPECT_EQ(form.texts[2].y, 150);
+  EXPECT_EQ(form.texts[3].angle, 0);
+  EXPECT_EQ(form.CurrentX(), 100);
+}
+
+TEST_F(FormDevice, DeletedFontIsNoLongerSelected) {
+  const auto font = form.CreateFontIndirect({});
+  form.SelectObject(font);
+  form.DeleteObject(font);
+  EXPECT_EQ(form.SelectObject(0), 0);
+  EXPECT_THROW(form.SelectObject(font), RuntimeError);
+}
+
+class PrinterDevice : public ::testing::Test {
+ protected:
+  PlainDevice printer{PrinterMetrics{8000, 12000, 600}};
+};
+
+TEST_F(PrinterDevice, TurnsItsPage) {
+  EXPECT_EQ(printer.Orientation(), kPortrait);
+  EXPECT_EQ(printer.ScaleWidth(), 8000);
+  EXPECT_EQ(printer.Height(), 12000);
+  printer.setScaleMode(3);
+  printer.setOrientation(kLandscape);
+  EXPECT_EQ(printer.ScaleWidth(), 5000);
+  EXPECT_EQ(printer.Width(), 12000);
+  EXPECT_EQ(printer.ScaleMode(), 3);
+  EXPECT_THROW(printer.setOrientation(3), RuntimeError);
+}
+
+TEST_F(PrinterDevice, HasPixelsOfItsOwn) {
+  EXPECT_EQ(printer.TwipsPerPixelX(), 2.4);
+  EXPECT_EQ(printer.TwipsPerPixelY(), 2.4);
+  EXPECT_EQ(printer.Resolution(), 600);
+  printer.TextOut(100, 200, "a");
+  EXPECT_EQ(printer.texts[0].x, 240);
+  EXPECT_EQ(printer.texts[0].y, 480);
+}
+
+TEST_F(PrinterDevice, RefusesWhatFormsDo) {
+  EXPECT_THROW(printer.setCaption("x"), RuntimeError);
+  EXPECT_THROW(printer.setAutoRedraw(true), RuntimeError);
+  EXPECT_THROW(printer.setVisible(true), RuntimeError);
+  EXPECT_THROW(printer.setLeft(1), RuntimeError);
+  EXPECT_THROW(printer.setTop(1), RuntimeError);
+  EXPECT_THROW(printer.setWidth(1), RuntimeError);
+  EXPECT_THROW(printer.setHeight(1), RuntimeError);
+  EXPECT_THROW(printer.Cls(), RuntimeError);
+  EXPECT_THROW(printer.Refresh(), RuntimeError);
+  EXPECT_THROW(printer.Hide(), RuntimeError);
+  EXPECT_THROW(printer.Show(), RuntimeError);
+  EXPECT_THROW(printer.Image(), RuntimeError);
+  printer.setBackColor(3);
+  EXPECT_EQ(printer.clears, 0);
+}
+
+}  // namespace
+}  // namespace vk

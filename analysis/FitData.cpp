@@ -3,6 +3,7 @@
 
 #include "analysis/DataResiduals.h"
 #include "analysis/FitMod.h"
+#include "analysis/Scopes.h"
 #include "base/CheckedMath.h"
 #include "base/Guard.h"
 #include "base/NumberText.h"
@@ -15,39 +16,14 @@ namespace {
 constexpr double kSlopeSteps = 100;  // of the range of x
 constexpr const char* kErrorTitle = "ERRORE !";
 
-// Shuts the main window for as long as it lives.
-class ShutWindow {
- public:
-  explicit ShutWindow(MainWindow& window) : window_(window) { window_.setEnabled(false); }
-  ~ShutWindow() { window_.setEnabled(true); }
-  ShutWindow(const ShutWindow&) = delete;
-  ShutWindow& operator=(const ShutWindow&) = delete;
-
- private:
-  MainWindow& window_;
-};
-
-// Puts a flag out for as long as it lives.
-class FlagOut {
- public:
-  explicit FlagOut(Flag& flag) : flag_(flag), before_(flag) { flag_ = kFalse; }
-  ~FlagOut() { flag_ = before_; }
-  FlagOut(const FlagOut&) = delete;
-  FlagOut& operator=(const FlagOut&) = delete;
-
- private:
-  Flag& flag_;
-  Flag before_;
-};
-
 const char* failureReason(MinimiseEnd end) {
   switch (end) {
     case MinimiseEnd::kNoEffect:
-      return "un parametro variabile NON cambia i residui";
+      return "a free parameter does not change the residuals";
     case MinimiseEnd::kResidualsFailed:
-      return "il residuo dell'ultimo punto NON e` calcolabile";
+      return "the residual of the last point cannot be computed";
     case MinimiseEnd::kIndistinguishable:
-      return "gli effetti dei parametri variabili NON sono distinguibili";
+      return "the effects of the free parameters cannot be told apart";
     case MinimiseEnd::kCompleted:
       break;
   }
@@ -98,7 +74,7 @@ FitResult Fit::run() {
 
   if (minimise(data.ErrYpnt) && data.kXpntErr != 0) {
     findEffectiveErrors(data.ErrEff);
-    const FlagOut out(data.kXpntErr);  // marks the second fit as the last one
+    const FlagFor out(data.kXpntErr, kFalse);  // marks the second fit as the last one
     minimise(data.ErrEff);
   }
   return result_;
@@ -179,9 +155,9 @@ void Fit::findEffectiveErrors(Array<double>& effective) {
   const DataSet& data = session_.data;
   const auto x = data.Xpnt.span(1, M());
   if (x.empty()) return;
-  const auto range = std::ranges::minmax(x);
+  const auto [smallest, largest] = std::ranges::minmax(x);
   double h = 0;
-  guard(session_.ErrFlag, [&] { h = checked::finite(std::abs(range.max - range.min) / kSlopeSteps); });
+  guard(session_.ErrFlag, [&] { h = checked::finite(std::abs(largest - smallest) / kSlopeSteps); });
   const auto model = [&](double at) { return EvaluateFunction(session_, dialogs_, checked::finite(at)); };
   double slope = 0;
   for (int j = 1; j <= M(); ++j) {

@@ -37,6 +37,20 @@ class ScriptedRandom : public Random {
   std::deque<float> numbers_;
 };
 
+/// The same few random numbers again and again.
+class CyclingRandom : public Random {
+ public:
+  explicit CyclingRandom(std::vector<float> numbers) : numbers_(std::move(numbers)) {}
+  float next() override { return numbers_[static_cast<std::size_t>(drawn++) % numbers_.size()]; }
+  void seed(float number) override { seeds.push_back(number); }
+
+  int drawn = 0;
+  std::vector<float> seeds;
+
+ private:
+  std::vector<float> numbers_;
+};
+
 /// Keeps the tones that were asked for.
 class RecordingSound : public Sound {
  public:

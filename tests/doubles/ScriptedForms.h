@@ -76,10 +76,12 @@ class ScriptedInputForm : public InputForm {
   std::deque<Answer> answers_;
 };
 
-/// An output window that keeps the requests of all windows opened.
+/// An output window that keeps the requests of all windows opened, and what each refresh showed.
 class RecordingOutput : public GridOutput {
  public:
   std::vector<OutputRequest> requests;
+  std::vector<CharGrid> refreshed;
+  void refresh() override { refreshed.push_back(grid()); }
   void OutShow(const OutputRequest& request) override {
     requests.push_back(request);
     GridOutput::OutShow(request);

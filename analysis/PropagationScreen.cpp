@@ -1,0 +1,128 @@
+#include "analysis/PropagationScreen.h"
+
+#include <cmath>
+
+#include "base/Rounding.h"
+#include "base/Text.h"
+#include "session/SubMod.h"
+
+namespace vk {
+namespace {
+
+const std::string kCaption = "VOR_KEL: Propagazione Errori";
+const std::string kAnalyticTitle = "Espressioni Analitiche";
+const std::string kSimulationTitle = "Simulazione di Monte Carlo";
+
+const std::string kValueMask = "#.######^^^^";
+const std::string kErrorMask = "#.###^^^^";
+const std::string kCountMask = "########";
+
+// \xE5 shows as a small sigma and \xEB as a small delta.
+const std::string kSigma = "\xE5";
+const std::string kDelta = "\xEB";
+const std::string kStandardDeviation = " " + kSigma + "       ";
+const std::string kMaximumError = " Err. Max.";
+
+constexpr int kFrameStyle = 3;
+constexpr int kFunctionRow = 2, kHeaderRule = 3;
+constexpr int kRowsBesideVariables = 11;
+constexpr int kColumnsBesideNames = 44;
+constexpr int kNameColumn = 3, kTitleColumn = 3;
+constexpr int kErrorNameColumn = 22;
+constexpr int kValueBehindName = 6, kErrorBehindName = 26;
+
+constexpr int kLongestFunction = 45;
+constexpr int kShownOfLongFunction = 21;
+
+std::string shownFunction(const std::string& functionText) {
+  const std::string text = trim(functionText);
+  if (length(text) <= kLongestFunction) return text;
+  return left(text, kShownOfLongFunction) + "..." + right(text, kShownOfLongFunction);
+}
+
+}  // namespace
+
+PropagationScreen::PropagationScreen(const Session& session, OutputWindow& output)
+    : session_(session),
+      output_(output),
+      width_(session.par.ParNameWidth),
+      columns_(2 * width_ + kColumnsBesideNames),
+      name_(session.par.name(-1)) {}
+
+void PropagationScreen::open() {
+  OutputRequest request;
+  request.rows = session_.par.ParCount + kRowsBesideVariables;
+  request.cols = columns_;
+  request.captions = {"&Continua", "&Stampa", "Co&pia", "Salva &File"};
+  request.caption = kCaption;
+  output_.OutShow(request);
+  output_.CharFrame(1, 1, request.rows, columns_, kFrameStyle, "");
+  output_.CharFrame(1, 1, kHeaderRule, columns_, kFrameStyle, "");
+  drawFunction();
+  for (int i = 0; i <= session_.par.ParCount; ++i) drawVariable(i);
+}
+
+void PropagationScreen::drawFunction() {
+  const std::string text = shownFunction(session_.fun.FunctionText);
+  printAt(kFunctionRow, toInt16(columns_ / 2.0) - toInt16(length(text) / 2.0), text);
+}
+
+void PropagationScreen::drawVariable(int i) {
+  const ParameterSet& par = session_.par;
+  const int row = kHeaderRule + i + 1;
+  const std::string name = par.name(i);
+  printAt(row, kNameColumn, right(repeat(width_, ' ') + name, width_) + " =");
+  printAt(row, width_ + kValueBehindName, FormatMask(par.ParValues[i], kValueMask));
+  const double error = par.ParDeltas[i];
+  printError(row, errorLabel(name), std::abs(error), error < 0 ? kMaximumError : kStandardDeviation);
+}
+
+void PropagationScreen::showAnalytic(const AnalyticErrors& errors) {
+  const int row = kHeaderRule + session_.par.ParCount + 3;
+  openSection(row, kAnalyticTitle);
+  printAt(row, kNameColumn, name_ + " =");
+  printAt(row, width_ + kValueBehindName, FormatMask(errors.F0, kValueMask));
+  printError(row, errorLabel(name_), errors.ErrorMax, kMaximumError);
+  printError(row + 1, errorLabel(name_, "'"), errors.ErrorSigma, " " + kSigma + "(" + name_ + ")");
+}
+
+int PropagationScreen::simulationRow() const {
+  return kHeaderRule + session_.par.ParCount + 6;
+}
+
+void PropagationScreen::openSimulation() {
+  openSection(simulationRow(), kSimulationTitle);
+}
+
+void PropagationScreen::showSamples(const SampleStatistics& samples) {
+  const int row = simulationRow();
+  printAt(row, width_ - length(name_) + 2, "<" + name_ + ">=");
+  printAt(row, width_ + kValueBehindName, FormatMask(samples.mean, kValueMask));
+  printError(row, errorLabel(name_), samples.spread, " " + kSigma + "(" + name_ + ")");
+  printAt(row + 1, width_ + 1, " N =");
+  printAt(row + 1, width_ + kValueBehindName, FormatMask(samples.count, kCountMask));
+  printError(row + 1, errorLabel(name_, "'"), samples.meanError, " " + kSigma + "(<" + name_ + ">)");
+  output_.refresh();
+}
+
+/// A frame down to the row above, with the title of what follows on its lower edge.
+void PropagationScreen::openSection(int row, const std::string& title) {
+  output_.CharFrame(1, 1, row - 1, columns_, kFrameStyle, "");
+  printAt(row - 1, kTitleColumn, title);
+}
+
+std::string PropagationScreen::errorLabel(const std::string& name, const std::string& mark) const {
+  return repeat(width_ - length(name), ' ') + kDelta + name + (mark.empty() ? " =" : mark + "=");
+}
+
+void PropagationScreen::printError(int row, const std::string& label, double error, const std::string& kind) {
+  printAt(row, kErrorNameColumn, label);
+  printAt(row, width_ + kErrorBehindName, FormatMask(error, kErrorMask) + kind);
+}
+
+void PropagationScreen::printAt(int row, int column, const std::string& text) {
+  output_.CharLocate(row, column);
+  output_.print(text);
+}
+
+}  // namespace vk

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include "analysis/AnalyticErrors.h"
+#include "analysis/MonteCarlo.h"
+#include "platform/OutputWindow.h"
+#include "session/Session.h"
+
+namespace vk {
+
+/// The screen of a propagation of errors on the output window: the variables with their errors, the error by
+/// derivatives, and the distribution of the samples. Texts are code page 437.
+class PropagationScreen {
+ public:
+  PropagationScreen(const Session& session, OutputWindow& output);
+
+  /// Opens the window and lists the variables with the session's values and errors.
+  void open();
+  /// The value of the function and its errors by derivatives.
+  void showAnalytic(const AnalyticErrors& errors);
+  void openSimulation();
+  /// The samples so far; the window is repainted.
+  void showSamples(const SampleStatistics& samples);
+
+ private:
+  void drawFunction();
+  void drawVariable(int i);
+  int simulationRow() const;
+  void openSection(int row, const std::string& title);
+  void printAt(int row, int column, const std::string& text);
+  void printError(int row, const std::string& label, double error, const std::string& kind);
+  std::string errorLabel(const std::string& name, const std::string& mark = "") const;
+
+  const Session& session_;
+  OutputWindow& output_;
+  const int width_;         ///< of the names
+  const int columns_;       ///< of the window
+  const std::string name_;  ///< of the function's value
+};
+
+}  // namespace vk

@@ -1,0 +1,108 @@
+#include "analysis/AnalyticErrors.h"
+
+#include <cmath>
+
+#include "tests/analysis/PropagationHelp.h"
+
+namespace vk {
+namespace {
+
+class AnalyticErrorsTest : public PropagationTest {
+ protected:
+  AnalyticErrors errors() { return analyticErrors(session, dialogs); }
+};
+
+TEST_F(AnalyticErrorsTest, TakesCentralDifferencesOfAThousandthOfTheValue) {
+  load("a", "a*a*a");
+  set(1, 2, 0);
+  // ((p+h)^3 - (p-h)^3) / 2h = 3 p^2 + h^2
+  EXPECT_NEAR(errors().Derivatives[1], 12 + 0.002 * 0.002, 1E-12);
+  set(1, 0, 0);
+  EXPECT_NEAR(errors().Derivatives[1], 0.001 * 0.001, 1E-18);
+}
+
+TEST_F(AnalyticErrorsTest, ANegativeValueStepsBackwards) {
+  load("a", "a*a*a");
+  set(1, -2, 0);
+  EXPECT_NEAR(errors().Derivatives[1], 12 + 0.002 * 0.002, 1E-12);
+}
+
+TEST_F(AnalyticErrorsTest, TheIndependentVariableIsNumberZero) {
+  choose(session, 2, 1);
+  set(0, 4, -0.5);
+  set(1, 3, 0);
+  set(2, 1, 0);
+  const AnalyticErrors result = errors();
+  EXPECT_EQ(result.F0, 13);
+  EXPECT_EQ(result.Derivatives.upper(), 2);
+  EXPECT_NEAR(result.Derivatives[0], 3, 1E-10);
+  EXPECT_NEAR(result.Derivatives[1], 4, 1E-10);
+  EXPECT_NEAR(result.Derivatives[2], 1, 1E-10);
+  EXPECT_NEAR(result.ErrorMax, 1.5, 1E-10);
+}
+
+TEST_F(AnalyticErrorsTest, AMaximumErrorIsUniform) {
+  choose(session, 2, 1);
+  set(0, 1, 0);
+  set(1, 3, -0.25);
+  set(2, 1, 0);
+  session.par.ParValues[0] = -7;
+  EXPECT_NEAR(errors().ErrorMax, 7 * 0.25, 1E-10);
+  EXPECT_NEAR(errors().ErrorSigma, 7 * 0.25 / std::sqrt(3), 1E-10);
+}
+
+TEST_F(AnalyticErrorsTest, AStandardDeviationCountsThreefoldAsMaximum) {
+  choose(session, 2, 1);
+  set(0, 1, 0);
+  set(1, 3, 0.25);
+  set(2, 1, 0);
+  session.par.ParValues[0] = -7;
+  EXPECT_NEAR(errors().ErrorSigma, 7 * 0.25, 1E-10);
+  EXPECT_NEAR(errors().ErrorMax, 3 * 7 * 0.25, 1E-10);
+}
+
+TEST_F(AnalyticErrorsTest, ContributionsAddUpAndVariancesInSquares) {
+  choose(session, 2, 1);
+  set(0, 2, 0.1);   // slope 3
+  set(1, 3, -0.3);  // slope 2
+  set(2, 1, 0.5);   // slope 1
+  const AnalyticErrors result = errors();
+  EXPECT_NEAR(result.ErrorMax, 3 * 0.3 + 0.6 + 3 * 0.5, 1E-10);
+  EXPECT_NEAR(result.ErrorSigma, std::sqrt(0.09 + 0.36 / 3 + 0.25), 1E-10);
+}
+
+TEST_F(AnalyticErrorsTest, LeavesTheValuesAsTheyWere) {
+  choose(session, 2, 1);
+  set(0, 2, 0.1);
+  set(1, 1.0 / 3, -0.3);
+  set(2, 0, 0.5);
+  const Array<double> before = session.par.ParValues;
+  errors();
+  EXPECT_EQ(session.par.ParValues, before);
+}
+
+TEST_F(AnalyticErrorsTest, QUIRK_OnlyTheLastEvaluationLeavesItsFailure) {
+  load("a,b", "LOG(a)+b");
+  set(1, -1, 0);
+  set(2, 1, 0);
+  errors();
+  EXPECT_EQ(session.ErrFlag, kTrue);
+  load("a,b", "SQR(a)+b");
+  set(1, 0, 0);
+  set(2, 1, 0);
+  errors();
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(AnalyticErrorsTest, AValueAtTheEndOfTheRangeIsShiftedOneWayOnly) {
+  load("a,b", "a/1E300+b");
+  set(1, 1.797E308, 0);
+  set(2, 1, 0);
+  const AnalyticErrors result = errors();
+  // The shift upward fails and leaves the value itself.
+  EXPECT_NEAR(result.Derivatives[1], 1E-300 / 2, 1E-304);
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+}  // namespace
+}  // namespace vk

@@ -1,0 +1,153 @@
+#include "analysis/MonteCarlo.h"
+
+#include <cmath>
+#include <functional>
+
+#include "tests/analysis/PropagationHelp.h"
+
+namespace vk {
+namespace {
+
+/// y = c around 0; the errors of c are told by the random numbers.
+class MonteCarloTest : public PropagationTest {
+ protected:
+  MonteCarloTest() {
+    choose(session, 1, 1);
+    set(0, 0, 0);
+  }
+  /// The number that makes a maximum error of 32 this deviation.
+  static float uniformFor(double deviation) { return static_cast<float>(0.5 - deviation / 64); }
+  /// Draws samples of these values in turn over bins of width 1 between -30.5 and 29.5.
+  bool sampleAll(const std::vector<double>& values) {
+    std::vector<float> numbers;
+    for (const double v : values) numbers.insert(numbers.end(), {0.5F, uniformFor(v)});
+    set(1, 0, -32);
+    return sample(std::make_unique<CyclingRandom>(numbers));
+  }
+  bool sample(std::unique_ptr<Random> random) {
+    random_ = std::move(random);
+    MonteCarlo simulation(session, dialogs, *random_);
+    simulation.setUpBins({.F0 = 0, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 10});
+    return simulation.run([this](const SampleStatistics& samples) { told.push_back(samples); });
+  }
+  double hits(int b) const { return session.monteCarlo.McBinHits[b]; }
+  double allHits() const {
+    double sum = 0;
+    for (const double bin : session.monteCarlo.McBinHits.span(1, 60)) sum += bin;
+    return sum;
+  }
+
+  std::vector<SampleStatistics> told;
+  std::unique_ptr<Random> random_;
+};
+
+TEST_F(MonteCarloTest, LaysSixtyBinsOfATenthOfSigma) {
+  sampleAll({0});
+  const MonteCarloResult& histogram = session.monteCarlo;
+  EXPECT_EQ(histogram.McBinCount, 60);
+  for (int b = 1; b <= 60; ++b) EXPECT_EQ(histogram.McBinCentre[b], -30 + (b - 1));
+}
+
+TEST_F(MonteCarloTest, QUIRK_TheFirstBinNeverReceivesAHit) {
+  EXPECT_TRUE(sampleAll({-30.5, -30, -29.75, -29.5}));
+  EXPECT_EQ(hits(1), 0);
+  EXPECT_EQ(hits(2), 2500);
+  EXPECT_EQ(allHits(), 2500);
+}
+
+TEST_F(MonteCarloTest, ASampleCountsInTheBinWhoseLowerEdgeItReaches) {
+  EXPECT_TRUE(sampleAll({-29.5, -28.75, -28.5, 0, 0.25, 28.5, 29.25, 29.5}));
+  EXPECT_EQ(hits(2), 2 * 1250);
+  EXPECT_EQ(hits(3), 1250);
+  EXPECT_EQ(hits(31), 2 * 1250);
+  EXPECT_EQ(hits(60), 2 * 1250);
+  EXPECT_EQ(allHits(), 7 * 1250);
+}
+
+TEST_F(MonteCarloTest, SamplesOutsideAllBinsCountInMeanAndSpread) {
+  EXPECT_TRUE(sampleAll({-31, 31}));
+  EXPECT_EQ(allHits(), 0);
+  EXPECT_EQ(session.monteCarlo.McSamples, 10000);
+  EXPECT_EQ(told.back().count, 10000);
+  EXPECT_EQ(told.back().mean, 0);
+  EXPECT_EQ(told.back().spread, 31);
+  EXPECT_EQ(told.back().meanError, 0.31);
+}
+
+TEST_F(MonteCarloTest, TellsEveryHundredSamples) {
+  sampleAll({1, 3});
+  ASSERT_EQ(told.size(), 100U);
+  for (int i = 0; i < 100; ++i) EXPECT_EQ(told[static_cast<std::size_t>(i)].count, 100 * (i + 1));
+  EXPECT_EQ(told[0].mean, 2);
+  EXPECT_EQ(told[0].spread, 1);
+  EXPECT_EQ(told[0].meanError, 0.1);
+}
+
+TEST_F(MonteCarloTest, APositiveErrorIsDrawnFromTheNormalDeviates) {
+  set(1, 5, 2);
+  // Uniform for x, a pair for c; uniform for x, the stored deviate 0 for c.
+  EXPECT_TRUE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F, 0.5F, 0.75F, 0.5F})));
+  const double deviate = 0.5 * std::sqrt(8 * std::log(4.0));
+  EXPECT_NEAR(told[0].mean, 5 + deviate, 1E-12);
+  EXPECT_NEAR(told[0].spread, deviate, 1E-9);
+}
+
+TEST_F(MonteCarloTest, AMaximumErrorIsUniformOnBothSidesOfTheValue) {
+  set(1, 5, -2);
+  EXPECT_TRUE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F, 0.0F})));
+  EXPECT_EQ(told[0].mean, 5 + 2);
+  set(1, 5, -2);
+  EXPECT_TRUE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F, 0.75F})));
+  EXPECT_EQ(told.back().mean, 5 - 1);
+}
+
+TEST_F(MonteCarloTest, TheNumberOfABinHasSixteenBits) {
+  const auto fails = [&](double v) {
+    set(1, v, 0);
+    return !sample(std::make_unique<CyclingRandom>(std::vector{0.5F}));
+  };
+  EXPECT_FALSE(fails(32736.25));
+  EXPECT_TRUE(fails(32736.5));
+  EXPECT_EQ(session.ErrFlag, kTrue);
+  EXPECT_EQ(session.monteCarlo.McSamples, 1);
+  EXPECT_FALSE(fails(-32799.5));
+  EXPECT_TRUE(fails(-32799.75));
+}
+
+TEST_F(MonteCarloTest, WithoutAnyWidthTheFlagIsMinusTwo) {
+  set(1, 7, 0);
+  CyclingRandom random({0.25F});
+  MonteCarlo simulation(session, dialogs, random);
+  simulation.setUpBins({.F0 = 7, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 0});
+  EXPECT_EQ(random.drawn, 2 * 200);
+  EXPECT_FALSE(simulation.run([](const SampleStatistics&) { FAIL(); }));
+  EXPECT_EQ(session.ErrFlag, -2);
+  EXPECT_EQ(simulation.McBinWidth(), 0);
+}
+
+TEST_F(MonteCarloTest, AFailedEvaluationAmongBinsOfSomeWidthLeavesMinusOne) {
+  load("a", "LOG(a)");
+  set(1, -1, 0);
+  EXPECT_FALSE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F})));
+  EXPECT_EQ(session.ErrFlag, -1);
+}
+
+TEST_F(MonteCarloTest, FailuresWhileTheBinsAreSetUpAreForgotten) {
+  set(1, 0, -1);
+  CyclingRandom random({0.25F});
+  MonteCarlo simulation(session, dialogs, random);
+  simulation.setUpBins({.F0 = -1.7E308, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 1E307});
+  EXPECT_EQ(session.ErrFlag, kTrue);
+  simulation.run([](const SampleStatistics&) {});
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(MonteCarloTest, AnErrorThatLeadsOutOfAllNumbersLeavesTheValueOfTheSampleBefore) {
+  load("a", "a/1E300");
+  set(1, 1.7E308, -1.7E308);
+  EXPECT_FALSE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F, 0.0F})));
+  EXPECT_EQ(session.par.ParValues[1], 1.7E308);
+}
+
+}  // namespace
+}  // namespace vk

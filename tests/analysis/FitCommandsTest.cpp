@@ -1,0 +1,110 @@
+#include "analysis/FitCommands.h"
+
+#include "analysis/InitialParameters.h"
+#include "session/Msg.h"
+#include "tests/analysis/PropagationHelp.h"
+
+namespace vk {
+namespace {
+
+/// Tells what `FitRunning` is whenever the fit asks for the time.
+class WatchingClock : public Clock {
+ public:
+  explicit WatchingClock(const Session& session) : session_(session) {}
+  float timer() override {
+    seen.push_back(session_.FitRunning);
+    return 0;
+  }
+  std::vector<int> seen;
+
+ private:
+  const Session& session_;
+};
+
+class FitCommandTest : public PropagationTest {
+ protected:
+  FitCommandTest() {
+    choose(session, 2, 1);
+    DataSet& data = session.data;
+    data.allocate(4, kFalse);
+    const double y[] = {3.1, 4.9, 7.2, 8.8};
+    for (int i = 1; i <= 4; ++i) {
+      data.Xpnt[i] = i;
+      data.Ypnt[i] = y[i - 1];
+      data.ErrYpnt[i] = 0.2;
+    }
+    session.DataDefined = kTrue;
+    set(1, 1, 1);
+    set(2, 0, 1);
+    classifyParameters(session);
+  }
+  void fit() { MenAdaAda(session, dialogs, window, output, watch); }
+  void expectRefusal(const std::string& text) {
+    dialogs.expectBox();
+    fit();
+    EXPECT_EQ(dialogs.boxes.back(), (ScriptedDialogs::Box{"ERRORE !", text}));
+    EXPECT_TRUE(output.requests.empty());
+    EXPECT_TRUE(watch.seen.empty());
+  }
+  WatchingClock watch{session};
+};
+
+TEST_F(FitCommandTest, FitsAndShowsTheScreen) {
+  fit();
+  EXPECT_NEAR(session.par.ParValues[1], 1.94, 1E-3);
+  EXPECT_TRUE(output.isOpen());
+  EXPECT_EQ(output.request().caption, "VOR_KEL: Adattamento Funzione Dati");
+  EXPECT_THAT(screen(), testing::HasSubstr("Completata"));
+}
+
+TEST_F(FitCommandTest, TheFitIsMarkedAsRunningForAsLongAsItRuns) {
+  fit();
+  EXPECT_THAT(watch.seen, testing::Each(kTrue));
+  EXPECT_FALSE(watch.seen.empty());
+  EXPECT_EQ(session.FitRunning, kFalse);
+}
+
+TEST_F(FitCommandTest, AFitThatFailsRunsNoMoreEither) {
+  load("a,b", "a*x+0*b");
+  set(1, 1, 1);
+  set(2, 1, 1);
+  classifyParameters(session);
+  dialogs.expectBox();
+  fit();
+  ASSERT_EQ(dialogs.boxes.size(), 1U);
+  EXPECT_EQ(dialogs.boxes[0].text, "E( 2) ECCESSIVAMENTE PICCOLO!   <*> per Continuare");
+  EXPECT_EQ(session.FitRunning, kFalse);
+  EXPECT_FALSE(output.isOpen());
+}
+
+TEST_F(FitCommandTest, WithoutDataOrFunctionItSaysWhatIsMissing) {
+  session.DataDefined = kFalse;
+  expectRefusal("Dati NON Definiti!  <*> per Continuare");
+  session.FunDefined = kFalse;
+  expectRefusal("Dati e Funzione NON definiti!  <*> per Continuare");
+  session.DataDefined = kTrue;
+  expectRefusal("Funzione NON Definita!  <*> per Continuare");
+}
+
+TEST_F(FitCommandTest, AfterAPropagationTheParametersAreMissingUntilTheyAreEnteredAgain) {
+  Msg(session, window);
+  EXPECT_TRUE(window.menuEnabled["MenDatSim"]);
+  ScriptedInputForm form(session, [this](int) { StoreParameters(session, window); });
+  CyclingRandom random({0.25F, 0.75F});
+  form.execute({"1", "2", "3", "0", "-1", "0"});
+  MenSerPro(session, form, [&] { propagate(random); });
+  EXPECT_EQ(session.ParVar, kFalse);
+  EXPECT_FALSE(window.menuEnabled["MenDatSim"]);
+  EXPECT_TRUE(window.menuEnabled["MenAdaAda"]);
+  output.requests.clear();
+  expectRefusal("Parametri NON Definiti!  <*> per Continuare");
+
+  form.execute({"2", "3", "1", "1"});
+  MenAdaPar(session, form);
+  EXPECT_TRUE(window.menuEnabled["MenDatSim"]);
+  fit();
+  EXPECT_NEAR(session.par.ParValues[1], 1.94, 1E-3);
+}
+
+}  // namespace
+}  // namespace vk

@@ -1,46 +1,15 @@
 #include "analysis/InitialParameters.h"
 
-#include <sstream>
-
 #include "base/Text.h"
 #include "doubles/Choices.h"
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedForms.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
+#include "tests/analysis/FormText.h"
 
 namespace vk {
 namespace {
-
-/// A whole form as text: one line for each frame, text and field.
-std::string describe(const InputTables& form) {
-  std::ostringstream out;
-  out << form.caption << "\n"
-      << "rows " << form.InpRows << ", cols " << form.InpCols << ", fields " << form.InpFieldCount
-      << ", frames " << form.InpFrameCount << ", texts " << form.InpTextCount << ", action " << form.InpAction
-      << "\n";
-  const auto place = [&](const auto& numbers) {
-    for (const Int16 number : numbers) out << " " << number;
-  };
-  for (int i = 1; i <= form.InpFrames.upper(); ++i) {
-    out << "frame";
-    place(form.InpFrames[i]);
-    out << "\n";
-  }
-  for (int i = 1; i <= form.InpTexts.upper(); ++i) {
-    out << "text";
-    place(form.InpTextPos[i]);
-    out << " [" << form.InpTexts[i] << "]\n";
-  }
-  for (int i = 1; i <= form.InpFieldCount; ++i) {
-    out << "field";
-    place(form.InpFieldPos[i]);
-    out << " [" << form.InpValues[i] << "] " << form.InpFieldKinds[i] << " label";
-    place(form.InpLabelPos[i]);
-    out << " [" << form.InpLabels[i] << "]\n";
-  }
-  return out.str();
-}
 
 class InitialParametersTest : public testing::Test {
  protected:

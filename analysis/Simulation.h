@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/Dialogs.h"
+#include "platform/InputForm.h"
+#include "platform/MainWindow.h"
+#include "platform/Random.h"
+#include "session/Session.h"
+
+/// Synthetic data from the current model function: equally spaced x, y with Gaussian noise, and optional
+/// noise on x. They take the place of the loaded data and are fitted at once.
+namespace vk {
+
+/// Command: shows the form of the simulation, with the settings used last.
+void MenDatSim(Session& session, InputForm& form);
+
+/// The action of the form's "&Esegui": takes the settings from its fields, corrects unreasonable ones, makes
+/// the data set "SIMULA.DAT" and runs `fit` from starting values scattered by up to 20 per cent. `ParValues`
+/// holds the true values again afterwards. The generator goes on from where it stands.
+///
+/// The corrections are told; the user can stop there, with the data replaced and nothing fitted. A number that
+/// does not fit its type ends the command with the box "Overflow", before anything is changed.
+void SimulateData(Session& session, Dialogs& dialogs, MainWindow& window, Random& random,
+                  const std::function<void()>& fit);
+
+}  // namespace vk

@@ -1,0 +1,180 @@
+#include "analysis/Transformation.h"
+
+#include <algorithm>
+#include <span>
+#include <vector>
+
+#include "base/Text.h"
+#include "expr/CmpMod.h"
+#include "expr/FunMod.h"
+#include "session/Msg.h"
+
+namespace vk {
+namespace {
+
+// ---- The form ----------------------------------------------------------------------------------------------
+
+constexpr int kColumns = 45;
+constexpr int kPromptWidth = 9;
+constexpr int kPromptColumn = 2;
+constexpr int kTextColumn = 22;
+constexpr int kEngraved = 3;
+constexpr int kCentred = 1;
+constexpr const char* kTextKind = "#String";
+// QUIRK: lists dx for data without errors of x too; such a formula passes the field and fails in the end.
+constexpr const char* kFormulaKind = "#Function@y@x,y,dx,dy@ @ @";
+
+void addField(InputTables& form, int field, const std::string& prompt, const std::string& value,
+              const char* kind) {
+  form.InpLabels[field] = repeat(kPromptWidth - length(prompt), ' ') + prompt;
+  form.InpLabelPos[field] = {field + 3, kPromptColumn, kPromptWidth};
+  form.InpValues[field] = value;
+  form.InpFieldKinds[field] = kind;
+  form.InpFieldPos[field] = {field + 3, kPromptWidth + 3, kColumns - 3 - kPromptWidth};
+}
+
+void describeFields(InputTables& form, const DataSet& data) {
+  const int count = form.InpFieldCount;
+  for (auto* texts : {&form.InpValues, &form.InpFieldKinds, &form.InpLabels}) texts->dim(count);
+  for (auto* places : {&form.InpFieldPos, &form.InpLabelPos}) places->dim(count);
+  addField(form, 1, "Legenda x", data.TitleX, kTextKind);
+  addField(form, 2, "Legenda y", data.TitleY, kTextKind);
+  addField(form, 3, "x", "x", kFormulaKind);
+  addField(form, 4, "y", "y", kFormulaKind);
+  if (data.kXpntErr) addField(form, 5, "dx", "dx", kFormulaKind);
+  addField(form, count, "dy", "dy", kFormulaKind);
+}
+
+void describeSurroundings(InputTables& form, const std::string& dataFile) {
+  form.InpRows = form.InpFieldCount + 4;
+  form.InpCols = kColumns;
+  form.InpFrameCount = 3;
+  form.InpFrames.dim(3);
+  form.InpFrames[1] = {1, 1, form.InpRows, kColumns, kEngraved};
+  form.InpFrames[2] = {3, 1, form.InpRows, kColumns, kEngraved};
+  form.InpFrames[3] = {3, kPromptWidth + 2, form.InpRows, kColumns, kEngraved};
+  form.InpTextCount = 2;
+  form.InpTexts.dim(2);
+  form.InpTextPos.dim(2);
+  form.InpTexts[1] = "File Dati";
+  form.InpTextPos[1] = {1, kTextColumn, kCentred};
+  form.InpTexts[2] = dataFile;
+  form.InpTextPos[2] = {2, kTextColumn, kCentred};
+}
+
+// ---- The columns -------------------------------------------------------------------------------------------
+
+constexpr int kColumnName = 2;  // characters
+constexpr int kFirstFormula = 3;
+
+using Column = std::vector<double>;
+
+/// One transformation of a data set: the old columns, and the new ones as far as they are computed.
+class Transformation {
+ public:
+  Transformation(Session& session, Dialogs& dialogs)
+      : session_(session), dialogs_(dialogs), points_(static_cast<std::size_t>(session.data.NumPnt)) {
+    for (Array<double>* column : dataColumns()) old_.push_back(column->span(1, session.data.NumPnt));
+  }
+
+  /// Computes the next new column. False when the formula is bad.
+  bool compute(const std::string& formula) {
+    const int hit = columnHit(formula);
+    if (hit == 0) return evaluate(formula);
+    copy(hit);
+    return true;
+  }
+
+  std::string columnName(int k) const { return mid(names(), (k - 1) * kColumnName + 1, kColumnName); }
+  int columns() const { return static_cast<int>(old_.size()); }
+  void store();
+
+ private:
+  std::vector<Array<double>*> dataColumns() const;
+  const char* names() const { return session_.data.kXpntErr ? " x ydxdy" : " x ydy"; }
+  int columnHit(const std::string& formula) const;
+  void copy(int hit);
+  bool evaluate(const std::string& formula);
+
+  Session& session_;
+  Dialogs& dialogs_;
+  std::size_t points_;
+  std::vector<std::span<const double>> old_;
+  std::vector<Column> TransformTable_;
+  double copiedLast_ = 0;
+};
+
+std::vector<Array<double>*> Transformation::dataColumns() const {
+  DataSet& data = session_.data;
+  if (data.kXpntErr) return {&data.Xpnt, &data.Ypnt, &data.ErrXpnt, &data.ErrYpnt};
+  return {&data.Xpnt, &data.Ypnt, &data.ErrYpnt};
+}
+
+/// Where a formula stands among the column names, from 1; 0 for one that must be compiled.
+int Transformation::columnHit(const std::string& formula) const {
+  if (formula.empty()) return 0;
+  return position(names(), length(formula) == 1 ? " " + formula : formula);
+}
+
+// QUIRK: a text across two names, such as "yd", is no column, and the value copied last fills the new one.
+void Transformation::copy(int hit) {
+  const bool isName = hit % kColumnName == 1;
+  Column& column = TransformTable_.emplace_back();
+  for (std::size_t i = 0; i < points_; ++i) {
+    if (isName) copiedLast_ = old_[static_cast<std::size_t>(hit / kColumnName)][i];
+    column.push_back(copiedLast_);
+  }
+}
+
+bool Transformation::evaluate(const std::string& formula) {
+  const std::string variables = session_.data.kXpntErr ? "x,y,dx,dy" : "x,y,dy";
+  CompiledExpression compiled;
+  Int16 flag;
+  CompileExpression(session_, "y@" + variables + "@ @ @" + formula, compiled, flag);
+  if (flag != 0) return false;
+  evaluateCodeAt(session_, dialogs_, compiled, old_, TransformTable_.emplace_back(points_));
+  return true;
+}
+
+void Transformation::store() {
+  const std::vector<Array<double>*> columns = dataColumns();
+  for (std::size_t k = 0; k < columns.size(); ++k) {
+    std::ranges::copy(TransformTable_[k], columns[k]->span(1, session_.data.NumPnt).begin());
+  }
+}
+
+void transform(Session& session, Dialogs& dialogs) {
+  const InputTables& fields = session.input;
+  Transformation transformation(session, dialogs);
+  for (int k = 1; k <= transformation.columns(); ++k) {
+    if (transformation.compute(trim(fields.InpValues[k + kFirstFormula - 1]))) continue;
+    dialogs.plainBox(kProgramTitle,
+                     "Errore nella Definizione di " + transformation.columnName(k) + "  <*> per Continuare");
+    return;
+  }
+  session.data.TitleX = fields.InpValues[1];
+  session.data.TitleY = fields.InpValues[2];
+  transformation.store();
+}
+
+}  // namespace
+
+void MenDatTra(Session& session, InputForm& form) {
+  InputTables& tables = session.input;
+  tables.InpFieldCount = 5 - session.data.kXpntErr;
+  describeFields(tables, session.data);
+  describeSurroundings(tables, FileBaseName(session.DataFile));
+  tables.InpAction = kTransformData;
+  tables.caption = "VOR_KEL: Trasformazione Dati";
+  form.InpShow(tables, Form::kMain);
+}
+
+void TransformData(Session& session, Dialogs& dialogs, MainWindow& window) {
+  transform(session, dialogs);
+  restoreModel(session);
+  window.setEnabled(true);
+  window.refresh();
+  Msg(session, window);
+}
+
+}  // namespace vk

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "platform/InputForm.h"
+#include "platform/MainWindow.h"
+#include "session/Session.h"
+
+/// Formulas over the columns of the data set.
+namespace vk {
+
+/// Command: shows the form with a title for each axis and a formula for each column. Leaving a formula's field
+/// compiles it into the session's compiled model, which stays so when the user gives up.
+void MenDatTra(Session& session, InputForm& form);
+
+/// The action of the form's "&Esegui": replaces titles and columns by what its fields say. All formulas see the
+/// old columns; when one of them is bad a box tells, and nothing is changed. A value that cannot be computed is
+/// what the evaluation left. The compiled model is that of the model function again afterwards.
+void TransformData(Session& session, Dialogs& dialogs, MainWindow& window);
+
+}  // namespace vk

@@ -1,0 +1,285 @@
+#include "analysis/Transformation.h"
+
+#include "analysis/InitialParameters.h"
+#include "base/Text.h"
+#include "expr/CmpMod.h"
+#include "session/DataCommands.h"
+#include "session/DataFiles.h"
+#include "tests/analysis/FormText.h"
+#include "tests/analysis/PropagationHelp.h"
+
+namespace vk {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+using Fields = std::vector<std::string>;
+
+/// Three points (1, 4), (2, 5), (3, 6) with errors of y 0.1, 0.2, 0.3, and of x 0.01, 0.02, 0.03 where wanted.
+class TransformationTest : public PropagationTest {
+ protected:
+  TransformationTest() { setData(kFalse); }
+  void setData(Flag hasXErrors) {
+    DataSet& data = session.data;
+    data.allocate(3, hasXErrors);
+    data.TitleX = "tempo";
+    data.TitleY = "spazio";
+    for (int i = 1; i <= 3; ++i) {
+      data.Xpnt[i] = i;
+      data.Ypnt[i] = i + 3;
+      data.ErrYpnt[i] = i / 10.0;
+      data.ErrXpnt[i] = hasXErrors ? i / 100.0 : 0;
+    }
+    session.DataDefined = kTrue;
+    session.DataFile = "/data/dir/PROVA.DAT";
+  }
+  void transform(const Fields& fields) {
+    form.execute(fields);
+    MenDatTra(session, form);
+  }
+  /// A transformation that ends with a box.
+  void expectRefusal(const Fields& fields, const std::string& text) {
+    const DataSet before = session.data;
+    dialogs.expectBox();
+    transform(fields);
+    EXPECT_EQ(dialogs.boxes.back(), (ScriptedDialogs::Box{"VOR_KEL", text}));
+    EXPECT_EQ(session.data.Xpnt, before.Xpnt);
+    EXPECT_EQ(session.data.Ypnt, before.Ypnt);
+    EXPECT_EQ(session.data.ErrXpnt, before.ErrXpnt);
+    EXPECT_EQ(session.data.ErrYpnt, before.ErrYpnt);
+    EXPECT_EQ(session.data.TitleX, before.TitleX);
+    EXPECT_EQ(session.data.TitleY, before.TitleY);
+  }
+  std::vector<double> column(const Array<double>& values) const {
+    const auto part = values.span(1, 3);
+    return {part.begin(), part.end()};
+  }
+  /// What leaving a formula's field does.
+  void validate(const std::string& formula) {
+    Int16 flag;
+    CompileExpression(session, "y@x,y,dx,dy@ @ @" + formula, session.model, flag);
+  }
+
+  ScriptedInputForm form{session, [this](int action) {
+                           EXPECT_EQ(action, kTransformData);
+                           TransformData(session, dialogs, window);
+                         }};
+};
+
+// ---- The form ----------------------------------------------------------------------------------------------
+
+TEST_F(TransformationTest, TheFormWithoutErrorsOfX) {
+  form.giveUp();
+  MenDatTra(session, form);
+  ASSERT_EQ(form.shown.size(), 1U);
+  EXPECT_EQ(form.callers[0], Form::kMain);
+  EXPECT_EQ(describe(form.shown[0]),
+            "VOR_KEL: Trasformazione Dati\n"
+            "rows 9, cols 45, fields 5, frames 3, texts 2, action 2\n"
+            "frame 1 1 9 45 3\n"
+            "frame 3 1 9 45 3\n"
+            "frame 3 11 9 45 3\n"
+            "text 1 22 1 [File Dati]\n"
+            "text 2 22 1 [PROVA.DAT]\n"
+            "field 4 12 33 [tempo] #String label 4 2 9 [Legenda x]\n"
+            "field 5 12 33 [spazio] #String label 5 2 9 [Legenda y]\n"
+            "field 6 12 33 [x] #Function@y@x,y,dx,dy@ @ @ label 6 2 9 [        x]\n"
+            "field 7 12 33 [y] #Function@y@x,y,dx,dy@ @ @ label 7 2 9 [        y]\n"
+            "field 8 12 33 [dy] #Function@y@x,y,dx,dy@ @ @ label 8 2 9 [       dy]\n");
+}
+
+TEST_F(TransformationTest, TheFormWithErrorsOfX) {
+  setData(kTrue);
+  form.giveUp();
+  MenDatTra(session, form);
+  EXPECT_EQ(describe(form.shown[0]),
+            "VOR_KEL: Trasformazione Dati\n"
+            "rows 10, cols 45, fields 6, frames 3, texts 2, action 2\n"
+            "frame 1 1 10 45 3\n"
+            "frame 3 1 10 45 3\n"
+            "frame 3 11 10 45 3\n"
+            "text 1 22 1 [File Dati]\n"
+            "text 2 22 1 [PROVA.DAT]\n"
+            "field 4 12 33 [tempo] #String label 4 2 9 [Legenda x]\n"
+            "field 5 12 33 [spazio] #String label 5 2 9 [Legenda y]\n"
+            "field 6 12 33 [x] #Function@y@x,y,dx,dy@ @ @ label 6 2 9 [        x]\n"
+            "field 7 12 33 [y] #Function@y@x,y,dx,dy@ @ @ label 7 2 9 [        y]\n"
+            "field 8 12 33 [dx] #Function@y@x,y,dx,dy@ @ @ label 8 2 9 [       dx]\n"
+            "field 9 12 33 [dy] #Function@y@x,y,dx,dy@ @ @ label 9 2 9 [       dy]\n");
+}
+
+// ---- The columns -------------------------------------------------------------------------------------------
+
+TEST_F(TransformationTest, UnchangedFieldsCopyTheColumnsWithoutCompiling) {
+  session.TraceEnabled = kTrue;
+  session.model.Code = "untouched";
+  transform({"t", "s", "x", "y", "dy"});
+  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(1, 2, 3));
+  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(4, 5, 6));
+  EXPECT_THAT(column(session.data.ErrYpnt), ElementsAre(0.1, 0.2, 0.3));
+  EXPECT_EQ(session.data.TitleX, "t");
+  EXPECT_EQ(session.data.TitleY, "s");
+  EXPECT_EQ(session.model.Code, "untouched");
+}
+
+TEST_F(TransformationTest, ColumnsCanBeExchanged) {
+  transform({"s", "t", "y", "x", "dy"});
+  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(4, 5, 6));
+  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(1, 2, 3));
+}
+
+TEST_F(TransformationTest, AllFormulasSeeTheOldColumns) {
+  transform({"t", "s", "x*2", "x+y", "dy*x"});
+  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(2, 4, 6));
+  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(5, 7, 9));
+  EXPECT_THAT(column(session.data.ErrYpnt), ElementsAre(0.1, 0.2 * 2, 0.3 * 3));
+}
+
+TEST_F(TransformationTest, FormulasUseAndReplaceTheErrorsOfX) {
+  setData(kTrue);
+  transform({"t", "s", "x+dx", "y", "2*dx", "dy+dx"});
+  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(1.01, 2.02, 3.03));
+  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(4, 5, 6));
+  EXPECT_THAT(column(session.data.ErrXpnt), ElementsAre(0.02, 0.04, 0.06));
+  EXPECT_THAT(column(session.data.ErrYpnt), ElementsAre(0.1 + 0.01, 0.2 + 0.02, 0.3 + 0.03));
+}
+
+TEST_F(TransformationTest, ErrorColumnsAreFoundByTheirNames) {
+  setData(kTrue);
+  transform({"t", "s", "dy", "dx", "y", "x"});
+  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(0.1, 0.2, 0.3));
+  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(0.01, 0.02, 0.03));
+  EXPECT_THAT(column(session.data.ErrXpnt), ElementsAre(4, 5, 6));
+  EXPECT_THAT(column(session.data.ErrYpnt), ElementsAre(1, 2, 3));
+}
+
+TEST_F(TransformationTest, BlanksAroundAFormulaDoNotMatter) {
+  transform({"t", "s", " y ", "  x * 2", "dy "});
+  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(4, 5, 6));
+  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(2, 4, 6));
+}
+
+TEST_F(TransformationTest, QUIRK_ATextAcrossTwoNamesTakesTheValueCopiedLast) {
+  transform({"t", "s", "y", "yd", "dy"});
+  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(4, 5, 6));
+  EXPECT_THAT(column(session.data.Ypnt), Each(6));
+  EXPECT_THAT(column(session.data.ErrYpnt), ElementsAre(0.1, 0.2, 0.3));
+}
+
+TEST_F(TransformationTest, QUIRK_BeforeAnyCopyThatValueIsZero) {
+  transform({"t", "s", "x*2", "yd", "x y"});
+  EXPECT_THAT(column(session.data.Ypnt), Each(0));
+  EXPECT_THAT(column(session.data.ErrYpnt), Each(0));
+}
+
+TEST_F(TransformationTest, AHitAcrossNamesCountsWithErrorsOfXToo) {
+  setData(kTrue);
+  // "dxdy" begins with the name dx; "xd" lies across dx and dy.
+  transform({"t", "s", "dxdy", "xd", "dx", "dy"});
+  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(0.01, 0.02, 0.03));
+  EXPECT_THAT(column(session.data.Ypnt), Each(0.03));
+}
+
+TEST_F(TransformationTest, ValuesThatCannotBeComputedStandAsTheEvaluationLeftThem) {
+  transform({"t", "s", "x", "LOG(x-2)", "dy"});
+  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(-1, 0, 0));
+}
+
+// ---- Bad formulas ------------------------------------------------------------------------------------------
+
+TEST_F(TransformationTest, ABadFormulaIsToldWithItsColumnAndNothingChanges) {
+  expectRefusal({"t", "s", "x+", "y", "dy"}, "Errore nella Definizione di  x  <*> per Continuare");
+  expectRefusal({"t", "s", "x*2", "q", "dy"}, "Errore nella Definizione di  y  <*> per Continuare");
+  expectRefusal({"t", "s", "x*2", "y*2", ""}, "Errore nella Definizione di dy  <*> per Continuare");
+}
+
+TEST_F(TransformationTest, QUIRK_ErrorsOfXThatAreNotThereFailInTheEnd) {
+  expectRefusal({"t", "s", "x", "y+dx", "dy"}, "Errore nella Definizione di  y  <*> per Continuare");
+  expectRefusal({"t", "s", "x", "y", "dx"}, "Errore nella Definizione di dy  <*> per Continuare");
+}
+
+TEST_F(TransformationTest, ABadErrorOfXIsToldByItsName) {
+  setData(kTrue);
+  expectRefusal({"t", "s", "x", "y", "dz", "dy"}, "Errore nella Definizione di dx  <*> per Continuare");
+}
+
+// ---- The end -----------------------------------------------------------------------------------------------
+
+TEST_F(TransformationTest, TheMainWindowComesBackWithItsMenus) {
+  window.setEnabled(false);
+  window.calls.clear();
+  transform({"t", "s", "x", "y", "dy"});
+  EXPECT_THAT(window.calls, ElementsAre("enable", "refresh"));
+  EXPECT_EQ(window.panels[1], "Dati: PROVA.DAT");
+}
+
+TEST_F(TransformationTest, ALoadedModelEvaluatesAsBefore) {
+  load("p,q", "p*x^2+q");
+  set(1, 3, 1);
+  set(2, 0.5, 1);
+  const ParameterSet before = session.par;
+  validate("x*y*dy");
+  transform({"t", "s", "x*2", "x+y", "dy"});
+  EXPECT_EQ(EvaluateFunction(session, dialogs, 2), 12.5);
+  validate("x*y*dy");
+  expectRefusal({"t", "s", "x*2", "q", "dy"}, "Errore nella Definizione di  y  <*> per Continuare");
+  EXPECT_EQ(EvaluateFunction(session, dialogs, 2), 12.5);
+  EXPECT_EQ(session.par.ParNames, before.ParNames);
+  EXPECT_EQ(session.par.ParCount, before.ParCount);
+  EXPECT_EQ(session.par.ParNameWidth, before.ParNameWidth);
+}
+
+TEST_F(TransformationTest, AFunctionOfTheCatalogueEvaluatesAsBefore) {
+  choose(session, 2, 7);
+  for (int i = 1; i <= 3; ++i) set(i, 0.5 * i, 1);
+  const double before = EvaluateFunction(session, dialogs, 1.25);
+  const std::string names = session.par.ParNames;
+  validate("x*y*dy");
+  transform({"t", "s", "x*2", "x+y", "dy"});
+  EXPECT_EQ(EvaluateFunction(session, dialogs, 1.25), before);
+  EXPECT_EQ(session.par.ParNames, names);
+}
+
+TEST_F(TransformationTest, GivingUpLeavesTheDataAndTheFormulaThatWasCompiledLast) {
+  load("p,q", "p*x^2+q");
+  set(1, 3, 1);
+  set(2, 0.5, 1);
+  validate("x*10");
+  form.giveUp();
+  MenDatTra(session, form);
+  EXPECT_EQ(session.ErrFlag, kTrue);
+  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(1, 2, 3));
+  EXPECT_EQ(session.data.TitleX, "tempo");
+  EXPECT_EQ(EvaluateFunction(session, dialogs, 2), 20);
+}
+
+TEST_F(TransformationTest, ALoadedModelThatWasCompiledOverNeverBreaksWhatUsesIt) {
+  for (const char* formula : {"x", "1", "dy", "x+y+dx+dy", "SUM(x,y,dx,dy,1,2,3)", "x+", "", "@", "a,b@@"}) {
+    load("p,q", "p*x^2+q");
+    validate(formula);
+    set(0, 2, 0);
+    set(1, 3, 1);
+    set(2, 0.5, -1);
+    EvaluateFunction(session, dialogs, 2);
+    std::vector<double> x(300, 1.5);
+    evaluateFunctionAt(session, dialogs, x, x);
+    classifyParameters(session);
+    CyclingRandom random({0.25F});
+    dialogs.expectBox();  // nothing depends on the parameters any more
+    propagate(random);
+  }
+}
+
+TEST_F(TransformationTest, TransformedDataAreSavedAndReadBack) {
+  transform({"t2", "s2", "x*2", "x+y", "dy"});
+  dialogs.pick("/data/NEW.DAT");
+  MenDatSav(session, files, dialogs);
+  LoadDataFile(session, files, "/data/NEW.DAT", 3, kFalse);
+  EXPECT_EQ(session.data.TitleX, "t2");
+  EXPECT_EQ(session.data.TitleY, "s2");
+  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(2, 4, 6));
+  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(5, 7, 9));
+}
+
+}  // namespace
+}  // namespace vk

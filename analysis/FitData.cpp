@@ -19,11 +19,11 @@ constexpr const char* kErrorTitle = "ERRORE !";
 const char* failureReason(MinimiseEnd end) {
   switch (end) {
     case MinimiseEnd::kNoEffect:
-      return "a free parameter does not change the residuals";
+      return "un parametro variabile NON cambia i residui";
     case MinimiseEnd::kResidualsFailed:
-      return "the residual of the last point cannot be computed";
+      return "il residuo dell'ultimo punto NON e` calcolabile";
     case MinimiseEnd::kIndistinguishable:
-      return "the effects of the free parameters cannot be told apart";
+      return "gli effetti dei parametri variabili NON sono distinguibili";
     case MinimiseEnd::kCompleted:
       break;
   }
@@ -155,9 +155,9 @@ void Fit::findEffectiveErrors(Array<double>& effective) {
   const DataSet& data = session_.data;
   const auto x = data.Xpnt.span(1, M());
   if (x.empty()) return;
-  const auto [smallest, largest] = std::ranges::minmax(x);
+  const auto range = std::ranges::minmax(x);
   double h = 0;
-  guard(session_.ErrFlag, [&] { h = checked::finite(std::abs(largest - smallest) / kSlopeSteps); });
+  guard(session_.ErrFlag, [&] { h = checked::finite(std::abs(range.max - range.min) / kSlopeSteps); });
   const auto model = [&](double at) { return EvaluateFunction(session_, dialogs_, checked::finite(at)); };
   double slope = 0;
   for (int j = 1; j <= M(); ++j) {

@@ -59,7 +59,7 @@ enum class FitStatus {
 struct FitResult {
   FitStatus status = FitStatus::kFailed;
   MinimiseEnd end = MinimiseEnd::kCompleted;
-  std::string reason;  ///< of a failure, for people; else empty
+  std::string reason;  ///< of a failure, Italian, for people; else empty
   int M = 0;           ///< points
   int N = 0;           ///< free parameters
   double chi_square = 0;

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace vk {
+
+/// "name=value" of a command line.
+struct Assignment {
+  std::string name;
+  std::string text;  ///< the number as it was typed
+  double value = 0;
+};
+
+/// Raises `UsageError` where the "=" or the name is missing or the value is no number.
+Assignment parseAssignment(const std::string& argument);
+std::vector<Assignment> parseAssignments(const std::vector<std::string>& arguments);
+
+}  // namespace vk

@@ -1,0 +1,71 @@
+#include "batch/CheckCommand.h"
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+
+#include "base/CodePage.h"
+#include "base/Text.h"
+#include "batch/DataInput.h"
+#include "expr/FunMod.h"
+#include "platform/GridOutput.h"
+#include "platform/system/SystemFiles.h"
+#include "session/DataFiles.h"
+
+namespace vk {
+namespace {
+
+/// The list of errors of one kind of file; the session's `ErrFlag` tells whether there are any.
+using Checker = std::string (*)(Session& session, Files& files, std::string fileName);
+
+std::string checkData(Session& session, Files& files, std::string fileName) {
+  std::string errors;
+  Int16 declared, valid;
+  Flag hasXErrors;
+  CheckDataFile(session, files, fileName, errors, declared, valid, hasXErrors);
+  return errors;
+}
+
+std::string checkFunctions(Session& session, Files& files, std::string fileName) {
+  GridOutput noWindow;
+  session.TraceEnabled = kTrue;
+  session.CheckFunctions = kTrue;
+  ReadFunctionFile(session, files, noWindow, fileName, kTrue);
+  return session.TraceText;
+}
+
+struct Kind {
+  const char* extension;
+  Checker check;
+};
+
+constexpr std::array kKinds{Kind{"DAT", checkData}, Kind{"FCN", checkFunctions}};
+
+Checker checkerFor(const std::string& fileName) {
+  const auto* kind = std::find_if(kKinds.begin(), kKinds.end(), [&](const Kind& k) {
+    return equalIgnoringCase(GetExtensionName(fileName), k.extension);
+  });
+  if (kind == kKinds.end()) throw UsageError(fileName + ": si attende un file .DAT o .FCN");
+  return kind->check;
+}
+
+}  // namespace
+
+int runCheck(const std::string& fileName) {
+  Session session;
+  SystemFiles files;
+  const Checker check = checkerFor(fileName);
+  std::string errors;
+  reading(fileName, [&] { errors = check(session, files, fileName); });
+  if (session.ErrFlag == 0) {
+    std::cout << fileName << ": nessun errore\n";
+    return 0;
+  }
+  std::string lines = toUtf8(errors, CodePage::kCp437);
+  std::erase(lines, '\r');
+  std::cout << lines;
+  std::cerr << fileName << ": il file contiene errori\n";
+  return 2;
+}
+
+}  // namespace vk

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "base/CodePage.h"
+#include "base/RuntimeError.h"
+#include "batch/TerminalPorts.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "session/Session.h"
+
+namespace vk {
+
+/// Checks and loads a data file. Its errors raise `UsageError` with the program's own list; a declared count
+/// that differs from the points found is a warning through `dialogs`, as in the program.
+void readData(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName);
+
+/// Runs a statement that reads a file; a file that cannot be read is bad input and raises `UsageError`.
+template <class Statement>
+void reading(const std::string& fileName, Statement&& statement) {
+  try {
+    std::forward<Statement>(statement)();
+  } catch (const RuntimeError& error) {
+    throw UsageError(fileName + ": " + toUtf8(error.message(), CodePage::kWindows1252));
+  }
+}
+
+}  // namespace vk

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace vk {
+
+/// `eval`: the value of one formula.
+struct EvalArguments {
+  std::string expression;
+  std::vector<std::string> assignments;  ///< "name=value", in the order of the variables
+  bool list = false;                     ///< print the compiled code instead of the value
+};
+
+/// Prints the value with 17 significant digits; gives 0, or 1 when the evaluation failed. A formula that does
+/// not compile raises `UsageError` with the compiler's report.
+int runEval(const EvalArguments& arguments);
+
+}  // namespace vk

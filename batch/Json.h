@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace vk {
+
+/// A JSON value that is built once and written out. Texts are UTF-8. Numbers are written with the digits that
+/// bring them back exactly; one that is not finite is written as null.
+class Json {
+ public:
+  using List = std::vector<Json>;
+  using Object =
+      std::vector<std::pair<std::string, Json>>;  ///< members in the order in which they are written
+
+  Json() = default;  ///< null
+  Json(bool value) : value_(value) {}
+  Json(int value) : value_(value) {}
+  Json(double value) : value_(value) {}
+  Json(const char* text) : value_(std::string(text)) {}
+  Json(std::string text) : value_(std::move(text)) {}
+  Json(List items) : value_(std::move(items)) {}
+  Json(Object members) : value_(std::move(members)) {}
+
+  /// The value on several lines, two blanks deeper for each level; ends without a line end.
+  std::string text(int depth = 0) const;
+
+ private:
+  std::variant<std::monostate, bool, int, double, std::string, List, Object> value_;
+};
+
+}  // namespace vk

@@ -1,0 +1,81 @@
+#include "batch/ModelChoice.h"
+
+#include "base/CodePage.h"
+#include "base/NumberText.h"
+#include "base/Text.h"
+#include "batch/TerminalPorts.h"
+#include "expr/CmpMod.h"
+#include "expr/FunMod.h"
+#include "platform/GridOutput.h"
+
+namespace vk {
+namespace {
+
+/// Report of a compiler or file reader for a terminal.
+std::string reportText(const std::string& report) {
+  std::string lines = toUtf8(report, CodePage::kCp437);
+  std::erase(lines, '\r');
+  return lines;
+}
+
+void take(Session& session, int inner, int outer) {
+  session.fun.InnerIndex = inner;
+  session.fun.OuterIndex = outer;
+  TakeFunction(session, 0, 0);
+}
+
+void takeLoaded(Session& session, int entry) {
+  loadFunction(session, entry);
+  take(session, static_cast<int>(session.catalogue.inner.size()), 1);
+}
+
+void requireCompilable(Session& session, const std::string& formula, const std::string& names) {
+  session.TraceEnabled = kTrue;
+  CompiledExpression compiled;
+  Int16 flag = kTrue;
+  CompileExpression(session, "y@x@" + names + "@ @" + formula, compiled, flag);
+  if (flag != 0) throw UsageError(reportText(session.TraceText));
+  session.TraceEnabled = kFalse;
+  session.TraceText.clear();
+}
+
+int catalogueIndex(const std::string& text, const std::vector<CatalogueEntry>& list, const char* what) {
+  const double index = isNumeric(text) ? scanNumber(text) : 0;
+  if (!(index >= 1 && index <= static_cast<double>(list.size())) || index != static_cast<int>(index)) {
+    throw UsageError("--catalogue: la funzione " + std::string(what) + " va da 1 a " +
+                     std::to_string(list.size()));
+  }
+  return static_cast<int>(index);
+}
+
+}  // namespace
+
+void useFormula(Session& session, const std::string& formula, const std::string& names) {
+  requireCompilable(session, formula, names);
+  session.catalogue.file.entries = {{names, formula, formula}};
+  takeLoaded(session, 1);
+}
+
+void useCatalogue(Session& session, const std::string& pair) {
+  const int comma = position(pair, ",");
+  const int outer = catalogueIndex(trim(left(pair, comma - 1)), session.catalogue.outer, "f");
+  take(session, catalogueIndex(trim(mid(pair, comma + 1)), session.catalogue.inner, "g"), outer);
+}
+
+void useFunctionFile(Session& session, Files& files, const std::string& fileName, int entry) {
+  GridOutput report;
+  session.TraceEnabled = kTrue;
+  session.CheckFunctions = kTrue;
+  std::string name = fileName;
+  ReadFunctionFile(session, files, report, name, kFalse);
+  session.TraceEnabled = kFalse;
+  if (session.ErrFlag != 0) throw UsageError(fileName + ":\n" + reportText(report.request().text));
+  const auto count = static_cast<int>(session.catalogue.file.entries.size());
+  if (entry < 1 || entry > count) {
+    throw UsageError("--entry: il file " + fileName + " contiene le funzioni da 1 a " +
+                     std::to_string(count));
+  }
+  takeLoaded(session, entry);
+}
+
+}  // namespace vk

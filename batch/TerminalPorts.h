@@ -1,0 +1,39 @@
+#pragma once
+
+#include <stdexcept>
+
+#include "platform/Dialogs.h"
+#include "platform/MainWindow.h"
+
+namespace vk {
+
+/// Bad words on the command line, or a bad file: told on the error stream, exit code 2. The text is UTF-8.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Nobody sits at a terminal run: messages go to the error stream and the first button is taken.
+class TerminalDialogs : public Dialogs {
+ public:
+  int Get_Msg(const MessageRequest& request) override;
+  void plainBox(const std::string& title, const std::string& text) override;
+  std::optional<std::string> fileDialog(const FileRequest& request) override;
+};
+
+/// There is no main window at a terminal; what commands tell it is lost on purpose.
+class NoMainWindow : public MainWindow {
+ public:
+  void setMenuEnabled(const std::string&, bool) override {}
+  void setMenuVisible(const std::string&, bool) override {}
+  void setMenuChecked(const std::string&, bool) override {}
+  void setMenuCaption(const std::string&, const std::string&) override {}
+  void setPanel(int, const std::string&) override {}
+  void setCaption(const std::string&) override {}
+  void setEnabled(bool) override {}
+  void refresh() override {}
+  void toFront() override {}
+  void setBackground(Int16) override {}
+};
+
+}  // namespace vk

@@ -1,0 +1,34 @@
+#include "batch/TerminalProgress.h"
+
+#include <iostream>
+
+#include "platform/system/Terminal.h"
+
+namespace vk {
+
+TerminalProgress::TerminalProgress(FitObserver& screen)
+    : screen_(screen), visible_(errorStreamIsTerminal()) {}
+
+void TerminalProgress::progress(const FitProgress& progress) {
+  screen_.progress(progress);
+  if (!visible_) return;
+  std::cerr << "\rIter. " << progress.iteration << std::flush;
+  written_ = true;
+}
+
+void TerminalProgress::finished(const FitFinal& final) {
+  clearLine();
+  screen_.finished(final);
+}
+
+void TerminalProgress::failed() {
+  clearLine();
+  screen_.failed();
+}
+
+void TerminalProgress::clearLine() {
+  if (written_) std::cerr << "\r\x1B[K" << std::flush;
+  written_ = false;
+}
+
+}  // namespace vk

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "analysis/FitMod.h"
+
+namespace vk {
+
+/// Passes a fit on to its screen and, where a person looks on, shows the iterations on the error stream.
+class TerminalProgress : public FitObserver {
+ public:
+  explicit TerminalProgress(FitObserver& screen);
+
+  void started(const FitStart& start) override { screen_.started(start); }
+  void progress(const FitProgress& progress) override;
+  void finished(const FitFinal& final) override;
+  void failed() override;
+
+ private:
+  void clearLine();
+
+  FitObserver& screen_;
+  bool visible_;
+  bool written_ = false;
+};
+
+}  // namespace vk

@@ -1,0 +1,45 @@
+#include "batch/BatchRun.h"
+
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace vk {
+namespace {
+
+std::filesystem::path testFolder() {
+  const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
+  const auto folder = std::filesystem::path(::testing::TempDir()) /
+                      (std::string("vor_kel_") + test->test_suite_name() + "_" + test->name());
+  std::filesystem::create_directories(folder);
+  return folder;
+}
+
+}  // namespace
+
+std::string fileContent(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream bytes;
+  bytes << file.rdbuf();
+  return bytes.str();
+}
+
+std::string temporaryFile(const std::string& name, const std::string& content) {
+  const std::string path = (testFolder() / name).string();
+  std::ofstream(path, std::ios::binary) << content;
+  return path;
+}
+
+BatchRun batch(const std::string& words) {
+  const std::string out = temporaryFile("stdout", "");
+  const std::string err = temporaryFile("stderr", "");
+  const std::string command = "cd '" VOR_SOURCE_DIR "' && '" VOR_BINARY_DIR "/batch/vor_kel_batch' " + words +
+                              " > '" + out + "' 2> '" + err + "'";
+  const int status = std::system(command.c_str());
+  return {WEXITSTATUS(status), fileContent(out), fileContent(err)};
+}
+
+}  // namespace vk

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+namespace vk {
+
+/// What a run of the terminal program left.
+struct BatchRun {
+  int exitCode = 0;
+  std::string output;
+  std::string errors;
+};
+
+/// Runs vor_kel_batch with these shell words, from the root of the sources.
+BatchRun batch(const std::string& words);
+
+/// A file of the test's own with this content; gives its path.
+std::string temporaryFile(const std::string& name, const std::string& content);
+
+/// The bytes of a file.
+std::string fileContent(const std::string& path);
+
+}  // namespace vk

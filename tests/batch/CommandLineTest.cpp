@@ -1,0 +1,158 @@
+#include "batch/BatchRun.h"
+
+namespace vk {
+namespace {
+
+using ::testing::HasSubstr;
+
+constexpr const char* kLine =
+    "tempo (s)\r\nspazio (m)\r\n 5\r\n1 3.1 .1\r\n2 5.0 .1\r\n3 6.9 .1\r\n4 9.1 .1\r\n5 11.0 .1\r\n";
+
+TEST(BatchEval, PrintsTheValueWithSeventeenDigits) {
+  const BatchRun run = batch("eval 'C_X2(x,n)' x=3 n=4");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_NEAR(std::stod(run.output), 0.44217459, 5e-9);
+  EXPECT_EQ(batch("eval 0.1").output, "0.10000000000000001\n");
+}
+
+TEST(BatchEval, TakesAFormulaThatBeginsWithASign) {
+  EXPECT_EQ(batch("eval '-x^2' x=3").output, "-9\n");
+  EXPECT_EQ(batch("eval '-h*2' h=3").output, "-6\n");
+  EXPECT_EQ(batch("eval 'x+y' x=-3 y=1E2").output, "97\n");
+}
+
+TEST(BatchEval, AFailedEvaluationHasExitCodeOne) {
+  const BatchRun run = batch("eval 'LOG(-1)'");
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_EQ(run.output, "-1\n");
+  EXPECT_FALSE(run.errors.empty());
+}
+
+TEST(BatchEval, AFormulaThatDoesNotCompileIsBadInput) {
+  const BatchRun run = batch("eval 'a*2' x=1");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.output, "");
+  EXPECT_THAT(run.errors, HasSubstr("* ERR. Variabile a NON definita"));
+}
+
+TEST(BatchEval, AssignmentsNeedANameAndANumber) {
+  for (const char* words : {"eval x x", "eval x =3", "eval x x=tre", "eval x x="}) {
+    EXPECT_EQ(batch(words).exitCode, 2) << words;
+  }
+}
+
+TEST(BatchEval, ListsTheCompiledCode) {
+  const BatchRun run = batch("eval --list 'A*SIN(B*x)' x=1 A=2 B=3");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_THAT(run.output, HasSubstr("SIN"));
+}
+
+TEST(BatchCheck, AGoodDataFileHasNoErrors) {
+  const BatchRun run = batch("check '" + temporaryFile("GOOD.DAT", kLine) + "'");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.errors, "");
+}
+
+TEST(BatchCheck, PrintsTheListOfErrors) {
+  const BatchRun run = batch("check '" + temporaryFile("bad.dat", "x\r\ny\r\n2\r\n1 2\r\n") + "'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.output,
+            "***ERR. Linea 4: 1 2\n"
+            "   le linee Dati DEVONO contenere  3 dati.\n"
+            "***ERR. un File Dati DEVE Contenere almeno 5 Linee\n"
+            "***ERR. un File Dati DEVE Contenere almeno 2 Linee di Dati\n");
+}
+
+TEST(BatchCheck, PrintsTheReportOfAFunctionFile) {
+  const BatchRun run = batch("check '" + temporaryFile("none.fcn", "% only a comment\r\n") + "'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_THAT(run.output, HasSubstr("*** ERR. Il File NON Contiene Funzioni!\n"));
+}
+
+TEST(BatchCheck, MissingFilesAndUnknownKindsAreBadInput) {
+  const BatchRun missing = batch("check /nowhere/at/all.dat");
+  EXPECT_EQ(missing.exitCode, 2);
+  EXPECT_THAT(missing.errors, HasSubstr("/nowhere/at/all.dat: Errore di run-time '"));
+  EXPECT_EQ(batch("check '" + temporaryFile("A.TXT", "") + "'").exitCode, 2);
+}
+
+TEST(BatchFit, PrintsTheScreenOfTheProgram) {
+  const BatchRun run =
+      batch("fit '" + temporaryFile("L.DAT", kLine) + "' --catalogue 1,2 --par b=1 --par c=0");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.errors, "");
+  for (const char* text : {"y = bx+c", "Minimizzazione", "Completata", "Liv. Conf.", "Mat. Cor.%"}) {
+    EXPECT_THAT(run.output, HasSubstr(text));
+  }
+}
+
+TEST(BatchFit, TheThreeWaysToNameAFunctionAgree) {
+  const std::string data = "fit '" + temporaryFile("L.DAT", kLine) + "' --json --par b=1 --par c=0 ";
+  const std::string library = temporaryFile("L.FCN", "b,c\r\nb*x+c\r\nRetta\r\n");
+  const auto numbers = [](const BatchRun& run) { return run.output.substr(run.output.find("\"points\"")); };
+  const BatchRun formula = batch(data + "--function 'b*x+c'");
+  EXPECT_EQ(formula.exitCode, 0) << formula.errors;
+  EXPECT_EQ(numbers(formula), numbers(batch(data + "--catalogue 1,2")));
+  EXPECT_EQ(numbers(formula), numbers(batch(data + "--file '" + library + "' --entry 1")));
+}
+
+TEST(BatchFit, ParametersOfAFormulaStandInTheOrderOfTheCommandLine) {
+  const BatchRun run = batch("fit '" + temporaryFile("L.DAT", kLine) +
+                             "' --json --function 'a*x+d+k' --fixed k=0 --par a=1 --fixed d=1.05");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  const auto k = run.output.find("\"name\": \"k\"");
+  const auto a = run.output.find("\"name\": \"a\"");
+  const auto d = run.output.find("\"name\": \"d\"");
+  EXPECT_LT(k, a);
+  EXPECT_LT(a, d);
+  EXPECT_NE(d, std::string::npos);
+}
+
+TEST(BatchFit, WarnsWhenTheDeclaredCountIsWrong) {
+  std::string text = kLine;
+  text.replace(text.find(" 5\r\n"), 2, " 7");
+  const BatchRun run =
+      batch("fit '" + temporaryFile("L.DAT", text) + "' --catalogue 1,2 --par b=1 --par c=0");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_THAT(run.errors, HasSubstr("Numero Dati Dichiarati Diverso da Numero Dati Trovati!"));
+}
+
+TEST(BatchFit, AParameterWithoutEffectIsAFailedComputation) {
+  const BatchRun run =
+      batch("fit '" + temporaryFile("L.DAT", kLine) + "' --function 'a*x+0*b' --par a=1 --par b=1 --json");
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_THAT(run.errors, HasSubstr("E( 2) ECCESSIVAMENTE PICCOLO!   <*> per Continuare"));
+  EXPECT_THAT(run.output, HasSubstr("\"status\": \"failed\""));
+}
+
+TEST(BatchFit, BadArgumentsAreBadInput) {
+  const std::string data = "fit '" + temporaryFile("L.DAT", kLine) + "' ";
+  for (const char* words :
+       {"", "--catalogue 1,2", "--catalogue 1,2 --par b=1", "--catalogue 1,2 --par b=1 --par c=0 --par d=0",
+        "--catalogue 10,2 --par b=1 --par c=0", "--catalogue 1,9 --par b=1 --par c=0", "--catalogue uno",
+        "--function 'b*x+q' --par b=1", "--catalogue 1,2 --fixed b=1 --fixed c=0",
+        "--catalogue 1,2 --par b --par c=0", "--file /nowhere/x.fcn --entry 1 --par b=1",
+        "--catalogue 1,2 --function x --par b=1"}) {
+    const BatchRun run = batch(data + words);
+    EXPECT_EQ(run.exitCode, 2) << words;
+    EXPECT_FALSE(run.errors.empty()) << words;
+    EXPECT_EQ(run.output, "") << words;
+  }
+}
+
+TEST(BatchFit, ABadDataFileIsToldWithItsOwnList) {
+  const BatchRun run =
+      batch("fit '" + temporaryFile("B.DAT", "x\r\ny\r\n2\r\n1 2 tre\r\n1 2 3\r\n1 2 3\r\n") +
+            "' --catalogue 1,1 --par c=0");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_THAT(run.errors, HasSubstr("***ERR. Linea 4; Dato 3: tre"));
+}
+
+TEST(BatchUsage, WithoutACommandOrWithAnUnknownOneHelps) {
+  EXPECT_EQ(batch("").exitCode, 2);
+  EXPECT_EQ(batch("nonsense").exitCode, 2);
+  EXPECT_EQ(batch("--help").exitCode, 0);
+}
+
+}  // namespace
+}  // namespace vk

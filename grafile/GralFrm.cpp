@@ -1,0 +1,67 @@
+#include "grafile/GralFrm.h"
+
+#include <cmath>
+
+#include "base/Guard.h"
+#include "base/Text.h"
+#include "platform/Printer.h"
+
+namespace vk {
+namespace {
+
+enum PlotAction : int { kContinue = 1, kExit = 2, kCopy = 3, kPrint = 4 };
+
+/// A caption without the part in parentheses at its end.
+std::string shortCaption(const std::string& caption) {
+  constexpr int kFirstCut = 4;
+  const int open = position(caption, "(", kFirstCut);
+  return open == 0 ? caption : left(caption, open - 1);
+}
+
+}  // namespace
+
+PlotWindow& newPlotWindow(FigurePorts& ports) {
+  PlotWindow& plot = ports.plots.create();
+  plot.setClickRoutine([&ports, &plot] { plotWindowClicked(ports, plot); });
+  return plot;
+}
+
+void plotWindowClicked(FigurePorts& ports, PlotWindow& plot) {
+  const int action = ports.dialogs.Get_Msg({.owner = Form::kActivePlot,
+                                            .caption = shortCaption(plot.device().Caption()),
+                                            .captions = {"&Continua", "&Esci", "Co&pia", "&Stampa"}});
+  switch (action) {
+    case kExit:
+      guard([&] { plot.device().Hide(); });
+      guard([&] { ports.window.toFront(); });
+      break;
+    case kCopy:
+      guard([&] { plot.copyPicture(); });
+      break;
+    case kPrint:
+      printPicture(ports.printer, plot.device());
+      break;
+    default:
+      break;
+  }
+}
+
+void printPicture(Device& printer, Device& figure) {
+  Int16 before;
+  double left = 0, top = 0;
+  guard([&] { before = printer.Orientation(); });
+  guard([&] {
+    if (figure.Width() > figure.Height()) printer.setOrientation(kLandscape);
+  });
+  guard([&] { left = std::abs(printer.Width() - figure.Width()) / 2; });
+  guard([&] { top = std::abs(printer.Height() - figure.Height()) / 2; });
+  guard([&] { printer.PaintPicture(figure.Image(), left, top); });
+  guard([&] { printer.EndDoc(); });
+  guard([&] { printer.setOrientation(before); });
+}
+
+std::string paperOrientation(const Session& session) {
+  return session.Landscape != kFalse ? "LANDSCAPE" : "PORTRAIT";
+}
+
+}  // namespace vk

@@ -1,0 +1,45 @@
+#include "grafile/GraphicCommand.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vk {
+namespace {
+
+using enum TextField;
+
+constexpr std::array kCommands{
+    GraphicCommand{"PARAMETRI", 0, 0, kPlain, &GraphicRun::defineParameters},
+    GraphicCommand{"XLOG", 0, 0, kPlain, &GraphicRun::setXLog},
+    GraphicCommand{"YLOG", 0, 0, kPlain, &GraphicRun::setYLog},
+    GraphicCommand{"XSCALA", 4, 0, kNone, &GraphicRun::scaleX},
+    GraphicCommand{"YSCALA", 4, 0, kNone, &GraphicRun::scaleY},
+    GraphicCommand{"AREA", 4, 0, kNone, &GraphicRun::limitArea},
+    GraphicCommand{"LINEA", 4, 0, kNone, &GraphicRun::drawLine},
+    GraphicCommand{"XASSE", 5, 1, kFigureText, &GraphicRun::drawXAxis},
+    GraphicCommand{"YASSE", 5, 1, kFigureText, &GraphicRun::drawYAxis},
+    GraphicCommand{"XLEGENDA", 0, 0, kFigureText, &GraphicRun::setXLegend},
+    GraphicCommand{"YLEGENDA", 0, 0, kFigureText, &GraphicRun::setYLegend},
+    GraphicCommand{"SCRIVI", 2, 3, kFigureText, &GraphicRun::write},
+    GraphicCommand{"TIPO_SIMBOLO", 1, 1, kNone, &GraphicRun::chooseMark},
+    GraphicCommand{"TIPO_LINEA", 1, 1, kNone, &GraphicRun::chooseLine},
+    GraphicCommand{"SIMBOLO", 2, 0, kNone, &GraphicRun::drawMark},
+    GraphicCommand{"DATI", 0, 0, kPlain, &GraphicRun::plotFile},
+    GraphicCommand{"SPEZZATA", 0, 0, kPlain, &GraphicRun::joinFile},
+    GraphicCommand{"CURVA", 0, 0, kPlain, &GraphicRun::curveFile},
+    GraphicCommand{"FUNZIONE", 0, 0, kPlain, &GraphicRun::plotFunction},
+};
+
+}  // namespace
+
+std::span<const GraphicCommand> graphicCommands() {
+  return kCommands;
+}
+
+const GraphicCommand* findGraphicCommand(std::string_view name) {
+  const auto found = std::find_if(kCommands.begin(), kCommands.end(),
+                                  [&](const GraphicCommand& command) { return command.name == name; });
+  return found == kCommands.end() ? nullptr : &*found;
+}
+
+}  // namespace vk

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "grafile/GraphicRun.h"
+
+namespace vk {
+
+/// What stands behind the counted fields of a command.
+enum class TextField {
+  kNone,
+  kPlain,       ///< taken as it stands
+  kFigureText,  ///< shown in the figure: signs of the old 8-bit code become markup
+};
+
+/// One command of the language of graphic files.
+struct GraphicCommand {
+  std::string_view name;
+  int numericFields;
+  int integerFields;
+  TextField text;
+  void (GraphicRun::*handler)(const CommandFields& fields);
+};
+
+/// All commands.
+std::span<const GraphicCommand> graphicCommands();
+
+/// The command of a name in capitals; nothing for an unknown one.
+const GraphicCommand* findGraphicCommand(std::string_view name);
+
+}  // namespace vk

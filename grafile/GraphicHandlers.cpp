@@ -1,0 +1,156 @@
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "base/CheckedMath.h"
+#include "base/NumberText.h"
+#include "base/Rounding.h"
+#include "base/Text.h"
+#include "expr/CmpMod.h"
+#include "grafile/GraphicRun.h"
+#include "session/DataFiles.h"
+
+namespace vk {
+namespace {
+
+constexpr int kCurvePoints = 200;
+
+/// The values 1..count as an axis takes them: on a logarithmic one the decimal logarithms of the absolute
+/// values. That of 0 is run-time error 5.
+Array<double> onAxis(const Array<double>& values, int count, Int16 logarithmic) {
+  Array<double> result(count);
+  for (int i = 1; i <= count; ++i) {
+    result[i] = logarithmic != 0 ? checked::log10(std::abs(values[i])) : values[i];
+  }
+  return result;
+}
+
+}  // namespace
+
+void GraphicRun::defineParameters(const CommandFields& fields) {
+  DefineParameters(parameters_, fields.text);
+}
+
+void GraphicRun::setXLog(const CommandFields& fields) {
+  xLog_ = toInt16(scanNumber(fields.text));
+}
+
+void GraphicRun::setYLog(const CommandFields& fields) {
+  yLog_ = toInt16(scanNumber(fields.text));
+}
+
+void GraphicRun::scaleX(const CommandFields& fields) {
+  const auto& n = fields.numbers;
+  drawing_.GralXMap(n[1], n[2], n[3], n[4]);
+}
+
+void GraphicRun::scaleY(const CommandFields& fields) {
+  const auto& n = fields.numbers;
+  drawing_.GralYMap(n[1], n[2], n[3], n[4]);
+}
+
+void GraphicRun::limitArea(const CommandFields& fields) {
+  const auto& n = fields.numbers;
+  drawing_.GralClip(n[1], n[2], n[3], n[4]);
+}
+
+void GraphicRun::drawLine(const CommandFields& fields) {
+  const auto& n = fields.numbers;
+  if (drawing_.GralUseTra && drawing_.kGralPen > 0) {
+    std::string pattern = drawing_.GralPenTra;
+    drawing_.GralTraLine(n[1], n[2], n[3], n[4], pattern);
+  } else {
+    drawing_.GralLine(n[1], n[2], n[3], n[4]);
+  }
+}
+
+void GraphicRun::drawXAxis(const CommandFields& fields) {
+  const auto& n = fields.numbers;
+  // QUIRK: an empty legend field empties the legend as well, so that the one of XLEGENDA is never seen.
+  xLegend_ = fields.text;
+  FunXMin_ = std::min(n[1], n[2]);
+  FunXMax_ = std::max(n[1], n[2]);
+  drawing_.GralOaxis(n[1], n[2], n[3], toInt16(n[4]), n[5], xLog_ != 0, fields.integers[1] != 0, xLegend_);
+}
+
+void GraphicRun::drawYAxis(const CommandFields& fields) {
+  const auto& n = fields.numbers;
+  yLegend_ = fields.text;
+  drawing_.GralVaxis(n[1], n[2], n[3], toInt16(n[4]), n[5], yLog_ != 0, fields.integers[1] != 0, yLegend_);
+}
+
+void GraphicRun::setXLegend(const CommandFields& fields) {
+  xLegend_ = fields.text;
+}
+
+void GraphicRun::setYLegend(const CommandFields& fields) {
+  yLegend_ = fields.text;
+}
+
+void GraphicRun::write(const CommandFields& fields) {
+  const auto& i = fields.integers;
+  drawing_.GralWPrint(fields.numbers[1], fields.numbers[2], i[1], i[2], i[3], fields.text);
+}
+
+void GraphicRun::chooseMark(const CommandFields& fields) {
+  drawing_.GralMakeMark(fields.numbers[1], fields.integers[1]);
+}
+
+void GraphicRun::chooseLine(const CommandFields& fields) {
+  drawing_.GralPen(fields.numbers[1], fields.integers[1]);
+}
+
+void GraphicRun::drawMark(const CommandFields& fields) {
+  drawing_.GralMark(fields.numbers[1], fields.numbers[2]);
+}
+
+/// Takes a data file into the session, which gets its own data back at the end of the run.
+bool GraphicRun::readData(std::string name) {
+  ReadDataPlain(session_, files_, dialogs_, name, kFalse);
+  if (session_.ErrFlag == 0) return true;
+  fail("*** File Dati " + name + " Errato");
+  return false;
+}
+
+void GraphicRun::plotFile(const CommandFields& fields) {
+  if (!readData(fields.text)) return;
+  const DataSet& data = session_.data;
+  drawing_.PlotData(data.Xpnt, data.ErrXpnt, data.Ypnt, data.ErrYpnt, data.NumPnt, data.kXpntErr != kFalse,
+                    xLog_ != 0, yLog_ != 0);
+}
+
+void GraphicRun::joinFile(const CommandFields& fields) {
+  if (!readData(fields.text)) return;
+  const DataSet& data = session_.data;
+  drawing_.GralDraw(onAxis(data.Xpnt, data.NumPnt, xLog_), onAxis(data.Ypnt, data.NumPnt, yLog_),
+                    data.NumPnt);
+}
+
+void GraphicRun::curveFile(const CommandFields& fields) {
+  if (!readData(fields.text)) return;
+  const DataSet& data = session_.data;
+  drawing_.GralCurve(onAxis(data.Xpnt, data.NumPnt, xLog_), onAxis(data.Ypnt, data.NumPnt, yLog_),
+                     data.NumPnt);
+}
+
+void GraphicRun::plotFunction(const CommandFields& fields) {
+  const std::string described = "*** Funzione " + fields.text;
+  if (FunXMax_ - FunXMin_ == 0) return fail(described + " NON Calcolabile (Intervallo x NON Definito)");
+
+  std::string expression = fields.text;
+  Int16 flag;
+  SubstituteExpression(parameters_, expression, flag);
+  // An area of its own: the model function of the session stays as it is.
+  CompiledExpression compiled;
+  if (flag == 0) CompileExpression(session_, "y@x@ @ @" + expression, compiled, flag);
+  if (flag != 0) return fail(described + " Errata");
+
+  Array<double> x(kCurvePoints), y(kCurvePoints);
+  const double step = checked::finite((FunXMax_ - FunXMin_) / (kCurvePoints - 1));
+  for (int i = 1; i <= kCurvePoints; ++i) x[i] = FunXMin_ + (i - 1) * step;
+  const std::array<std::span<const double>, 1> columns{x.span(1, kCurvePoints)};
+  evaluateCodeAt(session_, dialogs_, compiled, columns, y.span(1, kCurvePoints));
+  drawing_.GralDraw(onAxis(x, kCurvePoints, xLog_), onAxis(y, kCurvePoints, yLog_), kCurvePoints);
+}
+
+}  // namespace vk

@@ -1,0 +1,52 @@
+#include "grafile/GraphicRun.h"
+
+#include "base/Guard.h"
+#include "base/Text.h"
+#include "grafile/GraphicCommand.h"
+#include "session/DataFiles.h"
+#include "session/TextLines.h"
+
+namespace vk {
+
+void GraphicRun::runText(std::string_view text) {
+  auto [lines, rest] = splitLines(text);
+  if (!rest.empty()) lines.push_back(rest);
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    std::string line = trim(lines[i]);
+    while (line.ends_with('&')) {
+      if (++i == lines.size()) throw RuntimeError(kInputPastEnd);
+      line.pop_back();
+      line += trim(lines[i]);
+    }
+    runLine(line);
+  }
+}
+
+void GraphicRun::runLine(const std::string& line) {
+  session_.ErrFlag = 0;
+  if (!line.starts_with('\\')) return;
+  failure_.clear();
+  obey(line);
+  if (failure_.empty()) return;
+  errors_ += failure_;
+  errors_ += kCrLf;
+}
+
+void GraphicRun::obey(const std::string& line) {
+  const int open = position(line, "(");
+  const bool closed = open > 0 && line.ends_with(')');
+  const GraphicCommand* command = closed ? findGraphicCommand(upper(trim(mid(line, 2, open - 2)))) : nullptr;
+  if (command == nullptr) return fail("***" + line + " Comando Errato");
+
+  Int16 flag = errorFlag_;
+  const bool done = guard([&] {
+    CommandFields fields;
+    ParseFields(parameters_, mid(line, open + 1, length(line) - open - 1), fields.numbers, fields.integers,
+                fields.text, command->numericFields, command->integerFields, flag);
+    if (command->text == TextField::kFigureText) fields.text = TranslateDosText(fields.text);
+    if (flag == 0) (this->*command->handler)(fields);
+  });
+  if (!done || flag != 0) fail("*** Parametri di " + std::string(command->name) + " Errati");
+}
+
+}  // namespace vk

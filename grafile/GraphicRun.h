@@ -1,0 +1,74 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "grafile/GralPlt.h"
+#include "gral/GralCls.h"
+
+namespace vk {
+
+/// The fields of one command, as many as its row of the table tells.
+struct CommandFields {
+  static constexpr int kMost = 5;
+
+  Array<double> numbers{kMost};  ///< 1..
+  Array<Int16> integers{kMost};  ///< 1..
+  std::string text;
+};
+
+/// One run through the lines of a graphic file: draws what they say and lists what is wrong with them.
+class GraphicRun {
+ public:
+  /// With an error flag other than 0 every command fails.
+  GraphicRun(Session& session, Files& files, Dialogs& dialogs, GralCls& drawing, Int16 errorFlag)
+      : session_(session), files_(files), dialogs_(dialogs), drawing_(drawing), errorFlag_(errorFlag) {}
+
+  /// Runs all lines of a text. A last line that asks for a continuation is run-time error 62.
+  void runText(std::string_view text);
+
+  /// The messages of the lines that failed, CR LF ended.
+  const std::string& errors() const { return errors_; }
+
+  // ---- What the commands do; the table of commands tells which is which ------------------------------------
+
+  void defineParameters(const CommandFields& fields);
+  void setXLog(const CommandFields& fields);
+  void setYLog(const CommandFields& fields);
+  void scaleX(const CommandFields& fields);
+  void scaleY(const CommandFields& fields);
+  void limitArea(const CommandFields& fields);
+  void drawLine(const CommandFields& fields);
+  void drawXAxis(const CommandFields& fields);
+  void drawYAxis(const CommandFields& fields);
+  void setXLegend(const CommandFields& fields);
+  void setYLegend(const CommandFields& fields);
+  void write(const CommandFields& fields);
+  void chooseMark(const CommandFields& fields);
+  void chooseLine(const CommandFields& fields);
+  void drawMark(const CommandFields& fields);
+  void plotFile(const CommandFields& fields);
+  void joinFile(const CommandFields& fields);
+  void curveFile(const CommandFields& fields);
+  void plotFunction(const CommandFields& fields);
+
+ private:
+  void runLine(const std::string& line);
+  void obey(const std::string& line);
+  void fail(const std::string& message) { failure_ = message; }
+  bool readData(std::string name);
+
+  Session& session_;
+  Files& files_;
+  Dialogs& dialogs_;
+  GralCls& drawing_;
+  Int16 errorFlag_;
+  NamedParameters parameters_;
+  Int16 xLog_, yLog_;
+  std::string xLegend_, yLegend_;
+  double FunXMin_ = 0, FunXMax_ = 0;
+  std::string failure_;  // of the present line; empty while it is good
+  std::string errors_;
+};
+
+}  // namespace vk

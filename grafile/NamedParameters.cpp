@@ -1,0 +1,111 @@
+#include "base/NumberText.h"
+#include "base/Rounding.h"
+#include "base/Text.h"
+#include "expr/CmpMod.h"
+#include "grafile/GralPlt.h"
+
+namespace vk {
+namespace {
+
+constexpr int kLongestName = 5;
+constexpr int kKeyLength = kLongestName + 1;
+constexpr std::string_view kNameEnds = "()^*/-+,";
+constexpr const char* kVariable = "x";
+
+std::string keyOf(const std::string& name) {
+  return "*" + repeat(kLongestName - length(name), ' ') + name;
+}
+
+/// Index of a parameter, 0 for an unknown name.
+int indexOf(const NamedParameters& parameters, const std::string& name) {
+  const int at = position(parameters.ParamNames, keyOf(name));
+  return at == 0 ? 0 : (at - 1) / kKeyLength + 1;
+}
+
+/// End of the number that begins at `at` in the text: digits and points, and an exponent behind them.
+std::size_t endOfNumber(const std::string& text, std::size_t at) {
+  while (isDigit(text[at]) || text[at] == '.') ++at;
+  if (upper(text[at]) != 'E') return at;
+  std::size_t digits = at + 1;
+  if (text[digits] == '+' || text[digits] == '-') ++digits;
+  if (!isDigit(text[digits])) return at;
+  while (isDigit(text[digits])) ++digits;
+  return digits;
+}
+
+/// The value of a parameter as it can stand behind an operator.
+std::string operand(const NamedParameters& parameters, std::string name, Int16& flag) {
+  SubstituteName(parameters, name, flag);
+  name = trim(name);
+  return name.starts_with('-') ? "(" + name + ")" : name;
+}
+
+}  // namespace
+
+void DefineParameters(NamedParameters& parameters, const std::string& text) {
+  for (const std::string& piece : splitItems(text)) DefineParameter(parameters, piece);
+}
+
+void DefineParameter(NamedParameters& parameters, const std::string& text) {
+  std::string name = text, value;
+  SplitAtMark(name, value, '=');
+  if (name.empty() || !isLetter(name[0]) || length(name) > kLongestName || !isNumeric(value)) return;
+  const float number = toSingle(scanNumber(value));
+  int index = indexOf(parameters, name);
+  if (index == 0) {
+    index = ++parameters.ParamCount;
+    parameters.ParamValues.redim(index);
+    parameters.ParamNames += keyOf(name);
+  }
+  parameters.ParamValues[index] = number;
+}
+
+void SubstituteName(const NamedParameters& parameters, std::string& field, Int16& flag) {
+  field = trim(field);
+  if (field.empty() || field == kVariable || isNumeric(field)) return;
+  const bool negative = field.starts_with('-');
+  const int index = indexOf(parameters, negative ? field.substr(1) : field);
+  if (index == 0) {
+    flag = kTrue;
+    return;
+  }
+  const float value = parameters.ParamValues[index];
+  field = generalText(negative ? -value : value);
+}
+
+void SubstituteExpression(const NamedParameters& parameters, std::string& expression, Int16& flag) {
+  // The parentheses are an end for each name and number; they go away again.
+  const std::string text = "(" + StripBlanks(expression) + ")";
+  std::string out;
+  for (std::size_t at = 0; at < text.size();) {
+    std::size_t end = at + 1;
+    if (isLetter(text[at])) {
+      end = text.find_first_of(kNameEnds, at);
+      const std::string name = text.substr(at, end - at);
+      out += text[end] == '(' ? name : operand(parameters, name, flag);
+    } else {
+      end = std::max(end, endOfNumber(text, at));
+      out += text.substr(at, end - at);
+    }
+    at = end;
+  }
+  expression = out.substr(1, out.size() - 2);
+}
+
+void ParseFields(const NamedParameters& parameters, const std::string& text, Array<double>& numbers,
+                 Array<Int16>& integers, std::string& rest, int numericCount, int integerCount, Int16& flag) {
+  std::string left = text + ",";
+  const auto nextField = [&] {
+    const auto comma = std::min(left.find(','), left.size());
+    std::string field = left.substr(0, comma);
+    left.erase(0, comma + 1);
+    SubstituteName(parameters, field, flag);
+    return scanNumber(field);
+  };
+  for (int i = 1; i <= numericCount; ++i) numbers[i] = nextField();
+  for (int i = 1; i <= integerCount; ++i) integers[i] = toInt16(nextField());
+  if (!left.empty()) left.pop_back();
+  rest = left;
+}
+
+}  // namespace vk

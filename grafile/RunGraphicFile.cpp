@@ -1,0 +1,67 @@
+#include "grafile/GralFrm.h"
+#include "grafile/GralPlt.h"
+#include "grafile/GraphicRun.h"
+#include "gral/GralCls.h"
+#include "session/DataFiles.h"
+#include "session/Msg.h"
+
+namespace vk {
+namespace {
+
+constexpr const char* kCaption = "VOR_KEL: Visualizza File Grafico";
+constexpr const char* kErrorCaption = "VOR_KEL: File Grafico - Controllo File";
+constexpr const char* kPrinterDevice = "Printer";
+constexpr std::size_t kFileScale = 3;
+
+/// The user's data as they were before a figure loaded its own data files.
+class UserData {
+ public:
+  explicit UserData(const Session& session)
+      : data_(session.data), defined_(session.DataDefined), file_(session.DataFile) {}
+
+  void putBack(Session& session, Files& files, Dialogs& dialogs) {
+    session.DataFile = file_;
+    const Int16 flag = session.ErrFlag;
+    // What was simulated, transformed or fitted is in no file: of this reading only the folded name stays.
+    if (defined_ != kFalse) ReadDataPlain(session, files, dialogs, session.DataFile, kFalse);
+    session.ErrFlag = flag;
+    session.data = std::move(data_);
+    session.DataDefined = defined_;
+  }
+
+ private:
+  DataSet data_;
+  Flag defined_;
+  std::string file_;
+};
+
+void showErrors(OutputWindow& output, const std::string& errors, bool onPrinter) {
+  OutputRequest request = reportRequest(kErrorCaption, errors);
+  request.owner = onPrinter ? Form::kMain : Form::kActivePlot;
+  output.OutShow(request);
+}
+
+}  // namespace
+
+void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fileName,
+                    const std::string& device, Int16 errorFlag) {
+  const bool onPrinter = device == kPrinterDevice;
+  const std::string text = ports.files.readAll(fileName);
+  UserData before(session);
+  GralCls drawing(ports.printer, ports.screen);
+  drawing.GralCaption = kCaption;
+  drawing.GralGrStr(onPrinter ? ports.printer : newPlotWindow(ports).device(), paperOrientation(session),
+                    static_cast<double>(session.GraphScale[kFileScale]));
+
+  GraphicRun run(session, ports.files, ports.dialogs, drawing, errorFlag);
+  run.runText(text);
+  // QUIRK: a function that cannot be computed at its last point, drawn by the last line, opens an empty list.
+  const bool wrong = !run.errors().empty() || session.ErrFlag != 0;
+  if (wrong && session.ShowErrors != kFalse) showErrors(ports.output, run.errors(), onPrinter);
+
+  drawing.GralGrEnd();
+  before.putBack(session, ports.files, ports.dialogs);
+  Msg(session, ports.window);
+}
+
+}  // namespace vk

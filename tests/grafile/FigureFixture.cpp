@@ -1,0 +1,76 @@
+#include "grafile/FigureFixture.h"
+
+#include "doubles/Choices.h"
+#include "expr/FunMod.h"
+
+namespace vk {
+
+std::string lines(std::initializer_list<std::string> content) {
+  std::string text;
+  for (const std::string& line : content) {
+    text += line;
+    text += kCrLf;
+  }
+  return text;
+}
+
+FigureFixture::FigureFixture() {
+  BuildCatalogue(session);
+  session.ShowErrors = kTrue;
+}
+
+std::vector<std::string> FigureFixture::run(const std::string& text, const std::string& device) {
+  files.content["/FIGURE.GRA"] = text;
+  RunGraphicFile(session, ports, "/FIGURE.GRA", device, 0);
+  return device == "Printer" ? printer.lines() : lastWindow().form.lines();
+}
+
+std::vector<std::string> FigureFixture::drawing(const Calls& calls) {
+  RecorderDevice form;
+  GralCls drawing(printer, screen);
+  drawing.GralCaption = "VOR_KEL: Visualizza File Grafico";
+  drawing.GralGrStr(form, "LANDSCAPE", static_cast<double>(session.GraphScale[3]));
+  calls(drawing);
+  drawing.GralGrEnd();
+  return form.lines();
+}
+
+void FigureFixture::expectDraws(const std::string& text, const Calls& calls) {
+  EXPECT_EQ(run(text), drawing(calls)) << text;
+  EXPECT_EQ(output.requests.size(), 0U) << text << output.request().text;
+}
+
+std::string FigureFixture::errorsOf(const std::string& text) {
+  output.requests.clear();
+  run(text);
+  return output.requests.empty() ? "" : output.requests.back().text;
+}
+
+void FigureFixture::loadData(const std::string& name, const std::vector<std::array<double, 4>>& points,
+                             bool xErrors) {
+  session.DataFile = name;
+  session.DataDefined = kTrue;
+  DataSet& data = session.data;
+  data.allocate(static_cast<int>(points.size()), toFlag(xErrors));
+  data.TitleX = "Tempo (s)";
+  data.TitleY = "Corsa (m)";
+  int i = 0;
+  for (const auto& [x, y, dx, dy] : points) {
+    ++i;
+    data.Xpnt[i] = x;
+    data.Ypnt[i] = y;
+    data.ErrXpnt[i] = dx;
+    data.ErrYpnt[i] = dy;
+  }
+}
+
+void FigureFixture::takeFunction(int inner, int outer, const std::vector<double>& parameters) {
+  choose(session, inner, outer);
+  ASSERT_EQ(static_cast<std::size_t>(session.par.ParCount), parameters.size());
+  int i = 0;
+  for (const double value : parameters) session.par.ParValues[++i] = value;
+  session.ParametersSet = kTrue;
+  session.ParVar = kTrue;
+}
+
+}  // namespace vk

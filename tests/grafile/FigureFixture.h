@@ -1,0 +1,101 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/Text.h"
+#include "doubles/Doubles.h"
+#include "doubles/ErrorOf.h"
+#include "doubles/MemoryFiles.h"
+#include "doubles/ScriptedDialogs.h"
+#include "doubles/ScriptedForms.h"
+#include "grafile/FigureCommands.h"
+#include "grafile/GralFrm.h"
+#include "grafile/GralPlt.h"
+#include "gral/GralCls.h"
+#include "gral/NominalScreen.h"
+#include "gral/RecorderDevice.h"
+#include "platform/Printer.h"
+#include "session/Refusals.h"
+
+namespace vk {
+
+/// A recording form that shows a picture of two by one pixels.
+class PictureForm : public RecorderDevice {
+ public:
+  using RecorderDevice::RecorderDevice;
+  Picture Image() override { return {2, 1, kNominalTwipsPerPixel, {0xFFFFFFFF, 0xFF000000}}; }
+};
+
+class RecordingPlotWindow : public PlotWindow {
+ public:
+  PictureForm form;
+  std::function<void()> click;
+  int copies = 0;
+  int copyError = 0;  ///< run-time error that a copy raises
+
+  Device& device() override { return form; }
+  void setClickRoutine(std::function<void()> routine) override { click = std::move(routine); }
+  void copyPicture() override {
+    if (copyError != 0) throw RuntimeError(copyError);
+    ++copies;
+  }
+};
+
+/// Keeps all plot windows that were made.
+class RecordingPlotWindows : public PlotWindows {
+ public:
+  std::vector<std::unique_ptr<RecordingPlotWindow>> windows;
+
+  PlotWindow& create() override {
+    windows.push_back(std::make_unique<RecordingPlotWindow>());
+    return *windows.back();
+  }
+  PlotWindow* active() override { return windows.empty() ? nullptr : windows.back().get(); }
+  void closeAll() override { windows.clear(); }
+};
+
+/// Lines of a file, each ended by CR LF.
+std::string lines(std::initializer_list<std::string> content);
+
+/// Calls on a drawing that is open.
+using Calls = std::function<void(GralCls& drawing)>;
+
+/// A session with recorders in place of windows and printer; the page has 20 x 15 cm.
+class FigureFixture : public ::testing::Test {
+ protected:
+  FigureFixture();
+
+  /// Runs a text as a graphic file and gives what was drawn on its new window.
+  std::vector<std::string> run(const std::string& text, const std::string& device = "Form");
+  /// What these calls draw on a window of a graphic file.
+  std::vector<std::string> drawing(const Calls& calls);
+  /// The text draws what the calls draw, and has no errors.
+  void expectDraws(const std::string& text, const Calls& calls);
+  /// The list of errors that the text gives.
+  std::string errorsOf(const std::string& text);
+
+  /// Loads points as a data set of the session that was read from a file.
+  void loadData(const std::string& name, const std::vector<std::array<double, 4>>& points,
+                bool xErrors = false);
+  /// Makes a pair of the catalogue current, with these parameters.
+  void takeFunction(int inner, int outer, const std::vector<double>& parameters);
+
+  RecordingPlotWindow& lastWindow() { return *plots.windows.back(); }
+
+  Session session;
+  MemoryFiles files;
+  ScriptedDialogs dialogs;
+  RecordingMainWindow window;
+  RecordingOutput output;
+  RecordingSound sound;
+  RecordingPlotWindows plots;
+  RecorderDevice printer{
+      PrinterMetrics{15 * kTwipsPerInch / kCmPerInch, 20 * kTwipsPerInch / kCmPerInch, 600}};
+  NominalScreen screen;
+  FigurePorts ports{files, dialogs, window, output, sound, plots, printer, screen};
+};
+
+}  // namespace vk

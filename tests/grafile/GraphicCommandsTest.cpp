@@ -1,0 +1,340 @@
+#include <cmath>
+
+#include "grafile/FigureFixture.h"
+#include "grafile/GraphicCommand.h"
+
+namespace vk {
+namespace {
+
+class GraphicCommandsTest : public FigureFixture {
+ protected:
+  /// Points (1,2), (2,3), (4,1) with errors 0.5 in y, in a file named THREE.DAT.
+  void addThreePoints() {
+    files.content["THREE.DAT"] = lines({"t", "u", " 3", "1 2 .5", "2 3 .5", "4 1 .5"});
+  }
+  static Array<double> column(std::initializer_list<double> values) {
+    Array<double> result(static_cast<int>(values.size()));
+    int i = 0;
+    for (const double value : values) result[++i] = value;
+    return result;
+  }
+};
+
+TEST_F(GraphicCommandsTest, TheTableHasEveryCommandOfTheLanguage) {
+  struct Row {
+    const char* name;
+    int numeric, integer;
+  };
+  const Row rows[] = {{"PARAMETRI", 0, 0},    {"XLOG", 0, 0},       {"YLOG", 0, 0},     {"XSCALA", 4, 0},
+                      {"YSCALA", 4, 0},       {"AREA", 4, 0},       {"LINEA", 4, 0},    {"XASSE", 5, 1},
+                      {"YASSE", 5, 1},        {"XLEGENDA", 0, 0},   {"YLEGENDA", 0, 0}, {"SCRIVI", 2, 3},
+                      {"TIPO_SIMBOLO", 1, 1}, {"TIPO_LINEA", 1, 1}, {"SIMBOLO", 2, 0},  {"DATI", 0, 0},
+                      {"SPEZZATA", 0, 0},     {"CURVA", 0, 0},      {"FUNZIONE", 0, 0}};
+  ASSERT_EQ(graphicCommands().size(), std::size(rows));
+  std::size_t i = 0;
+  for (const Row& row : rows) {
+    const GraphicCommand& command = graphicCommands()[i++];
+    EXPECT_EQ(command.name, row.name);
+    EXPECT_EQ(command.numericFields, row.numeric) << row.name;
+    EXPECT_EQ(command.integerFields, row.integer) << row.name;
+    EXPECT_EQ(findGraphicCommand(row.name), &command);
+  }
+  EXPECT_EQ(findGraphicCommand("Dati"), nullptr);
+}
+
+TEST_F(GraphicCommandsTest, AnUnknownNameFailsEveryCommandThatHasFields) {
+  for (const GraphicCommand& command : graphicCommands()) {
+    const int fields = command.numericFields + command.integerFields;
+    for (int bad = 0; bad < fields; ++bad) {
+      std::string arguments;
+      for (int i = 0; i < fields; ++i) arguments += (i == 0 ? "" : ",") + std::string(i == bad ? "q" : "1");
+      const std::string name(command.name);
+      EXPECT_EQ(errorsOf("\\" + name + "(" + arguments + ")\r\n"),
+                "*** Parametri di " + name + " Errati\r\n");
+    }
+  }
+}
+
+TEST_F(GraphicCommandsTest, ScalesMapLogicalToUserCoordinates) {
+  expectDraws(lines({"\\XSCALA(2,18,100,0)", "\\YSCALA(3,13,-1,1)", "\\SIMBOLO(25,.5)"}), [](GralCls& d) {
+    d.GralXMap(2, 18, 100, 0);
+    d.GralYMap(3, 13, -1, 1);
+    d.GralMark(25, .5);
+  });
+}
+
+TEST_F(GraphicCommandsTest, AreaLimitsTheDrawing) {
+  expectDraws("\\AREA(2,3,15,12)\r\n", [](GralCls& d) { d.GralClip(2, 3, 15, 12); });
+}
+
+TEST_F(GraphicCommandsTest, MarksAreChosenAndDrawn) {
+  expectDraws(lines({"\\TIPO_SIMBOLO(2.5,7.5)", "\\SIMBOLO(3,4)"}), [](GralCls& d) {
+    d.GralMakeMark(2.5, 8);
+    d.GralMark(3, 4);
+  });
+}
+
+TEST_F(GraphicCommandsTest, ASolidLineIsOneLine) {
+  expectDraws(lines({"\\TIPO_LINEA(6,1)", "\\LINEA(1,2,10,7)"}), [](GralCls& d) {
+    d.GralPen(6, 1);
+    d.GralLine(1, 2, 10, 7);
+  });
+}
+
+TEST_F(GraphicCommandsTest, ADashedLineStartsThePatternAnewEachTime) {
+  expectDraws(lines({"\\TIPO_LINEA(3,4)", "\\LINEA(1,2,10,7)", "\\LINEA(10,7,1,3)"}), [](GralCls& d) {
+    d.GralPen(3, 4);
+    std::string pattern = d.GralPenTra;
+    d.GralTraLine(1, 2, 10, 7, pattern);
+    pattern = d.GralPenTra;
+    d.GralTraLine(10, 7, 1, 3, pattern);
+  });
+}
+
+TEST_F(GraphicCommandsTest, ADashedLineWithoutLengthIsAWrongParameter) {
+  EXPECT_EQ(errorsOf(lines({"\\TIPO_LINEA(3,2)", "\\LINEA(1,2,1,2)"})), "*** Parametri di LINEA Errati\r\n");
+}
+
+TEST_F(GraphicCommandsTest, AxesGetTheirFieldsAndLegends) {
+  expectDraws(lines({"\\XASSE(1,16,2,4.5,3,1,Tempo, (s), e altro)", "\\YASSE(2,13,1,5.5,-3,0)"}),
+              [](GralCls& d) {
+                d.GralOaxis(1, 16, 2, 4, 3, false, true, "Tempo, (s), e altro");
+                d.GralVaxis(2, 13, 1, 6, -3, false, false, "");
+              });
+  expectDraws("\\YASSE(2,13,1,6,3,1,Corsa (m))\r\n",
+              [](GralCls& d) { d.GralVaxis(2, 13, 1, 6, 3, false, true, "Corsa (m)"); });
+}
+
+// QUIRK: the legend field of an axis, even an empty one, replaces the legend set before.
+TEST_F(GraphicCommandsTest, LegendsSetBeforeAreReplacedByTheFieldOfTheAxis) {
+  expectDraws(
+      lines({"\\XLEGENDA(Tempo)", "\\YLEGENDA(Corsa)", "\\XASSE(1,16,2,5,3,1)", "\\YASSE(2,13,1,6,3,1)"}),
+      [](GralCls& d) {
+        d.GralOaxis(1, 16, 2, 5, 3, false, true, "");
+        d.GralVaxis(2, 13, 1, 6, 3, false, true, "");
+      });
+}
+
+TEST_F(GraphicCommandsTest, TheLogFlagsReachTheAxes) {
+  expectDraws(lines({"\\XLOG( 1 )", "\\YLOG(0.6)", "\\XASSE(1,4,2,3,3,1,x)", "\\YASSE(2,5,1,3,3,1,y)"}),
+              [](GralCls& d) {
+                d.GralOaxis(1, 4, 2, 3, 3, true, true, "x");
+                d.GralVaxis(2, 5, 1, 3, 3, true, true, "y");
+              });
+  expectDraws(
+      lines({"\\XLOG(1)", "\\XLOG(0)", "\\YLOG(0.5)", "\\XASSE(1,4,2,3,3,1,x)", "\\YASSE(2,5,1,3,3,1,y)"}),
+      [](GralCls& d) {
+        d.GralOaxis(1, 4, 2, 3, 3, false, true, "x");
+        d.GralVaxis(2, 5, 1, 3, 3, false, true, "y");
+      });
+}
+
+TEST_F(GraphicCommandsTest, ALogFlagIsANumberAndNoParameter) {
+  expectDraws(lines({"\\PARAMETRI(uno=1)", "\\XLOG(uno)", "\\YLOG(1 e altro)", "\\XASSE(1,4,2,3,3,1)",
+                     "\\YASSE(2,5,1,3,3,1)"}),
+              [](GralCls& d) {
+                d.GralOaxis(1, 4, 2, 3, 3, false, true, "");
+                d.GralVaxis(2, 5, 1, 3, 3, true, true, "");
+              });
+}
+
+TEST_F(GraphicCommandsTest, WritingPassesThreeIntegersAndTheUntrimmedText) {
+  expectDraws("\\SCRIVI(5,6,1,90,12.5,  a, b (c)  )\r\n",
+              [](GralCls& d) { d.GralWPrint(5, 6, 1, 90, 12, "  a, b (c)  "); });
+}
+
+TEST_F(GraphicCommandsTest, OldSignsInTextsBecomeMarkup) {
+  expectDraws(lines({"\\SCRIVI(5,6,0,0,12,\xE0x\xFD\xB0)", "\\XASSE(1,16,2,5,3,1,\xE6m)",
+                     "\\YASSE(2,13,1,6,3,1,T (\xF8\x43))"}),
+              [](GralCls& d) {
+                d.GralWPrint(5, 6, 0, 0, 12, "\\\\ax^2?\?");
+                d.GralOaxis(1, 16, 2, 5, 3, false, true, "\\\\mm");
+                d.GralVaxis(2, 13, 1, 6, 3, false, true, "T (^oC)");
+              });
+}
+
+TEST_F(GraphicCommandsTest, ParametersStandForNumbers) {
+  expectDraws(lines({"\\PARAMETRI(a1=2.5, k=1.6)", "\\XSCALA(0,20,-10,10)", "\\TIPO_SIMBOLO(a1,k)",
+                     "\\SIMBOLO(-a1, 1)"}),
+              [](GralCls& d) {
+                d.GralXMap(0, 20, -10, 10);
+                d.GralMakeMark(2.5, 2);
+                d.GralMark(-2.5, 1);
+              });
+  EXPECT_EQ(errorsOf(lines({"\\PARAMETRI(a1=2.5)", "\\SIMBOLO(A1,1)"})),
+            "*** Parametri di SIMBOLO Errati\r\n");
+}
+
+TEST_F(GraphicCommandsTest, ParametersOfOneRunAreUnknownInTheNext) {
+  EXPECT_EQ(errorsOf(lines({"\\PARAMETRI(a1=2.5)", "\\SIMBOLO(a1,1)"})), "");
+  EXPECT_EQ(errorsOf("\\SIMBOLO(a1,1)\r\n"), "*** Parametri di SIMBOLO Errati\r\n");
+}
+
+TEST_F(GraphicCommandsTest, MissingFieldsAreZeroWithoutAnError) {
+  expectDraws(lines({"\\SIMBOLO(3)", "\\SIMBOLO(x,2)", "\\SIMBOLO()"}), [](GralCls& d) {
+    d.GralMark(3, 0);
+    d.GralMark(0, 2);
+    d.GralMark(0, 0);
+  });
+}
+
+TEST_F(GraphicCommandsTest, ValuesOfParametersHaveSinglePrecision) {
+  expectDraws(lines({"\\PARAMETRI(a=0.1234567891)", "\\SIMBOLO(a,1)"}),
+              [](GralCls& d) { d.GralMark(.1234568, 1); });
+}
+
+TEST_F(GraphicCommandsTest, AParameterTooLargeForItsPrecisionIsAWrongParameter) {
+  EXPECT_EQ(errorsOf("\\PARAMETRI(a=1E300)\r\n"), "*** Parametri di PARAMETRI Errati\r\n");
+}
+
+TEST_F(GraphicCommandsTest, DataArePlottedWithTheirErrors) {
+  addThreePoints();
+  expectDraws("\\Dati(THREE.DAT)\r\n", [](GralCls& d) {
+    d.PlotData(column({1, 2, 4}), column({0, 0, 0}), column({2, 3, 1}), column({.5, .5, .5}), 3, false, false,
+               false);
+  });
+  files.content["BARS.DAT"] = lines({"t", "u", "2 1", "1 2 .25 .5", "3 4 .75 1"});
+  expectDraws("\\DATI(BARS.DAT)\r\n", [](GralCls& d) {
+    d.PlotData(column({1, 3}), column({.25, .75}), column({2, 4}), column({.5, 1}), 2, true, false, false);
+  });
+}
+
+TEST_F(GraphicCommandsTest, DataOnLogarithmicAxesAreGivenLinear) {
+  addThreePoints();
+  expectDraws(lines({"\\XLOG(1)", "\\YLOG(1)", "\\DATI(THREE.DAT)"}), [](GralCls& d) {
+    d.PlotData(column({1, 2, 4}), column({0, 0, 0}), column({2, 3, 1}), column({.5, .5, .5}), 3, false, true,
+               true);
+  });
+}
+
+TEST_F(GraphicCommandsTest, PointsAreJoinedByLinesOrByACurve) {
+  addThreePoints();
+  expectDraws("\\SPEZZATA(THREE.DAT)\r\n", [](GralCls& d) {
+    d.GralDraw(column({1, 2, 4}), column({2, 3, 1}), 3);
+  });
+  expectDraws("\\CURVA(THREE.DAT)\r\n", [](GralCls& d) {
+    d.GralCurve(column({1, 2, 4}), column({2, 3, 1}), 3);
+  });
+}
+
+TEST_F(GraphicCommandsTest, JoinedPointsAreDecimalLogarithmsOnLogarithmicAxes) {
+  files.content["DECADES.DAT"] = lines({"t", "u", "3", "1 -100 1", "10 1000 1", "100 10 1"});
+  expectDraws(lines({"\\XLOG(1)", "\\SPEZZATA(DECADES.DAT)"}), [](GralCls& d) {
+    d.GralDraw(column({0, 1, 2}), column({-100, 1000, 10}), 3);
+  });
+  expectDraws(lines({"\\XLOG(1)", "\\YLOG(1)", "\\CURVA(DECADES.DAT)"}), [](GralCls& d) {
+    d.GralCurve(column({0, 1, 2}), column({2, 3, 1}), 3);
+  });
+}
+
+TEST_F(GraphicCommandsTest, ALogarithmOfZeroOrARepeatedColumnIsAWrongParameter) {
+  files.content["ZERO.DAT"] = lines({"t", "u", "2", "0 1 1", "10 1 1"});
+  files.content["TWICE.DAT"] = lines({"t", "u", "3", "1 1 1", "3 1 1", "3 2 1"});
+  EXPECT_EQ(errorsOf(lines({"\\CURVA(TWICE.DAT)", "\\XLOG(1)", "\\DATI(ZERO.DAT)", "\\SPEZZATA(ZERO.DAT)",
+                            "\\CURVA(ZERO.DAT)"})),
+            lines({"*** Parametri di CURVA Errati", "*** Parametri di DATI Errati",
+                   "*** Parametri di SPEZZATA Errati", "*** Parametri di CURVA Errati"}));
+}
+
+TEST_F(GraphicCommandsTest, AMissingDataFileIsToldWithItsFoldedName) {
+  EXPECT_EQ(errorsOf(lines({"\\DATI(/no/where.dat)", "\\SPEZZATA(none.dat)", "\\CURVA()"})),
+            lines({"*** File Dati /NO/WHERE.DAT Errato", "*** File Dati NONE.DAT Errato",
+                   "*** File Dati  Errato"}));
+}
+
+TEST_F(GraphicCommandsTest, ADataFileWithUnreadableNumbersIsWrong) {
+  files.content["BAD.DAT"] = lines({"t", "u", "2", "1 2 tre", "2 3 1"});
+  EXPECT_EQ(errorsOf("\\DATI(BAD.DAT)\r\n"), "*** File Dati BAD.DAT Errato\r\n");
+}
+
+class GraphicFunctionTest : public GraphicCommandsTest {
+ protected:
+  static constexpr int kPoints = 200;
+
+  /// The polyline of a function over an interval.
+  template <class Function>
+  static Calls curve(double from, double to, Function function) {
+    return [=](GralCls& d) {
+      d.GralOaxis(from, to, 1, 4, 3, false, false, "");
+      Array<double> x(kPoints), y(kPoints);
+      for (int i = 1; i <= kPoints; ++i) {
+        x[i] = from + (i - 1) * ((to - from) / (kPoints - 1));
+        y[i] = function(x[i]);
+      }
+      d.GralDraw(x, y, kPoints);
+    };
+  }
+};
+
+TEST_F(GraphicFunctionTest, IsSampledAt200PointsOfTheIntervalOfTheXAxis) {
+  expectDraws(lines({"\\PARAMETRI(a1=-2.5,b=4)", "\\XASSE(2,10,1,4,3,0)", "\\FUNZIONE(a1*SIN(x)+b)"}),
+              curve(2, 10, [](double x) { return -2.5 * std::sin(x) + 4; }));
+}
+
+TEST_F(GraphicFunctionTest, TheIntervalIsSortedAndThatOfTheLastXAxis) {
+  const Calls line = curve(2, 10, [](double x) { return x / 2; });
+  EXPECT_EQ(run(lines({"\\XASSE(0,1,1,0,3,0)", "\\XASSE(10,2,1,4,3,0)", "\\FUNZIONE(x/2)"})).back(),
+            drawing(line).back());
+  const auto drawn = run(lines({"\\XASSE(10,2,1,4,3,0)", "\\YASSE(0,9,1,3,3,0)", "\\FUNZIONE(x/2)"}));
+  const auto wanted = drawing(line);
+  EXPECT_EQ(drawn[drawn.size() - 2], wanted[wanted.size() - 2]);
+}
+
+TEST_F(GraphicFunctionTest, IsDashedByThePen) {
+  expectDraws(lines({"\\XASSE(2,10,1,4,3,0)", "\\TIPO_LINEA(2,3)", "\\FUNZIONE(x)"}), [](GralCls& d) {
+    d.GralOaxis(2, 10, 1, 4, 3, false, false, "");
+    d.GralPen(2, 3);
+    Array<double> x(kPoints);
+    for (int i = 1; i <= kPoints; ++i) x[i] = 2 + (i - 1) * (8.0 / (kPoints - 1));
+    d.GralDraw(x, x, kPoints);
+  });
+}
+
+TEST_F(GraphicFunctionTest, UnderLogFlagsBothCoordinatesBecomeLogarithms) {
+  expectDraws(lines({"\\XLOG(1)", "\\YLOG(1)", "\\XASSE(1,3,1,2,3,0)", "\\FUNZIONE(-x^2)"}), [](GralCls& d) {
+    d.GralOaxis(1, 3, 1, 2, 3, true, false, "");
+    Array<double> x(kPoints), y(kPoints);
+    for (int i = 1; i <= kPoints; ++i) {
+      const double at = 1 + (i - 1) * (2.0 / (kPoints - 1));
+      x[i] = std::log10(at);
+      y[i] = std::log10(at * at);
+    }
+    d.GralDraw(x, y, kPoints);
+  });
+  EXPECT_EQ(errorsOf(lines({"\\XLOG(1)", "\\XASSE(0,3,1,3,3,0)", "\\FUNZIONE(x)"})),
+            "*** Parametri di FUNZIONE Errati\r\n");
+}
+
+TEST_F(GraphicFunctionTest, BeforeAnXAxisItCannotBeComputed) {
+  EXPECT_EQ(errorsOf(lines({"\\FUNZIONE(a + x)", "\\YASSE(0,9,1,3,3,0)", "\\FUNZIONE(x)",
+                            "\\XASSE(3,3,1,2,3,0)", "\\FUNZIONE(x*2)"})),
+            lines({"*** Funzione a + x NON Calcolabile (Intervallo x NON Definito)",
+                   "*** Funzione x NON Calcolabile (Intervallo x NON Definito)",
+                   "*** Funzione x*2 NON Calcolabile (Intervallo x NON Definito)"}));
+}
+
+TEST_F(GraphicFunctionTest, AnUnknownNameOrABadFormulaIsTold) {
+  EXPECT_EQ(errorsOf(lines({"\\XASSE(0,9,1,3,3,0)", "\\FUNZIONE(q * x)", "\\FUNZIONE(x**2)", "\\FUNZIONE()",
+                            "\\FUNZIONE(SIN(x)", "\\FUNZIONE(X)"})),
+            lines({"*** Funzione q * x Errata", "*** Funzione x**2 Errata", "*** Funzione  Errata",
+                   "*** Funzione SIN(x Errata", "*** Funzione X Errata"}));
+}
+
+TEST_F(GraphicFunctionTest, ExponentsOfNumbersAreNotTakenForNames) {
+  expectDraws(lines({"\\PARAMETRI(E=5)", "\\XASSE(2,10,1,4,3,0)", "\\FUNZIONE(1E-3*x+2.5E0)"}),
+              curve(2, 10, [](double x) { return 1e-3 * x + 2.5; }));
+}
+
+TEST_F(GraphicFunctionTest, APointThatCannotBeComputedDoesNotMakeTheFunctionWrong) {
+  EXPECT_EQ(errorsOf(lines({"\\XASSE(-2,10,1,4,3,0)", "\\FUNZIONE(SQR(x))", "% end"})), "");
+}
+
+// QUIRK: a function that fails at its last point leaves the error register set at the end of the file.
+TEST_F(GraphicFunctionTest, AFunctionOfTheLastLineThatFailsAtItsLastPointOpensAnEmptyList) {
+  run(lines({"\\XASSE(-2,10,1,4,3,0)", "\\FUNZIONE(SQR(-x))"}));
+  ASSERT_EQ(output.requests.size(), 1U);
+  EXPECT_EQ(output.request().text, "");
+}
+
+}  // namespace
+}  // namespace vk

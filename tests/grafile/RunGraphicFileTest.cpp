@@ -1,0 +1,165 @@
+#include "expr/CmpMod.h"
+#include "expr/FunMod.h"
+#include "grafile/FigureFixture.h"
+
+namespace vk {
+namespace {
+
+class RunGraphicFileTest : public FigureFixture {
+ protected:
+  RunGraphicFileTest() { files.content["OTHER.DAT"] = lines({"a", "b", "2 1", "5 6 .1 .2", "7 8 .3 .4"}); }
+  /// A session with three points that no file holds, effective errors and curves.
+  void loadOwnData(const std::string& name) {
+    loadData(name, {{1, 2, .1, .5}, {2, 3, .1, .5}, {4, 1, .1, .5}}, true);
+    for (int i = 1; i <= 3; ++i) session.data.ErrEff[i] = i / 8.0;
+    session.data.FunY[0] = 17;
+    session.data.OldFunX[3] = 18;
+    session.data.NumOldFun = 50;
+  }
+  void expectOwnData(const DataSet& before) {
+    const DataSet& data = session.data;
+    EXPECT_EQ(data.NumPnt, before.NumPnt);
+    EXPECT_EQ(data.kXpntErr, before.kXpntErr);
+    EXPECT_EQ(data.Xpnt, before.Xpnt);
+    EXPECT_EQ(data.Ypnt, before.Ypnt);
+    EXPECT_EQ(data.ErrXpnt, before.ErrXpnt);
+    EXPECT_EQ(data.ErrYpnt, before.ErrYpnt);
+    EXPECT_EQ(data.ErrEff, before.ErrEff);
+    EXPECT_EQ(data.TitleX, before.TitleX);
+    EXPECT_EQ(data.TitleY, before.TitleY);
+    EXPECT_EQ(data.NumFunPnt, before.NumFunPnt);
+    EXPECT_EQ(data.FunX, before.FunX);
+    EXPECT_EQ(data.FunY, before.FunY);
+    EXPECT_EQ(data.OldFunX, before.OldFunX);
+    EXPECT_EQ(data.OldFunY, before.OldFunY);
+    EXPECT_EQ(data.NumOldFun, before.NumOldFun);
+  }
+
+  const std::string otherData = lines({"\\DATI(OTHER.DAT)", "\\SPEZZATA(OTHER.DAT)", "\\CURVA(OTHER.DAT)"});
+};
+
+TEST_F(RunGraphicFileTest, DataThatNoFileHoldsSurviveARun) {
+  loadOwnData("SIMULA.DAT");
+  const DataSet before = session.data;
+  run(otherData);
+  expectOwnData(before);
+  EXPECT_EQ(session.DataFile, "SIMULA.DAT");
+  EXPECT_EQ(session.DataDefined, kTrue);
+}
+
+TEST_F(RunGraphicFileTest, DataOfAFileAreAsBeforeAndItsNameIsInCapitals) {
+  files.content["/data/own.dat"] = lines({"% a comment", "Tempo (s)", "Corsa (m)", "2", "9 9 9", "8 8 8"});
+  loadOwnData("/data/own.dat");
+  const DataSet before = session.data;
+  run(otherData);
+  expectOwnData(before);
+  EXPECT_EQ(session.DataFile, "/DATA/OWN.DAT");
+  EXPECT_EQ(window.panels[1], "Dati: OWN.DAT");
+}
+
+TEST_F(RunGraphicFileTest, WithoutDataThereAreNoneAfterwards) {
+  const DataSet before = session.data;
+  run(otherData);
+  expectOwnData(before);
+  EXPECT_EQ(session.DataFile, "Nessuno");
+  EXPECT_EQ(session.DataDefined, kFalse);
+  EXPECT_FALSE(window.menuEnabled["MenGraDat"]);
+}
+
+TEST_F(RunGraphicFileTest, ADataFileThatHasGoneLeavesNoErrorBehind) {
+  loadOwnData("GONE.DAT");
+  run(otherData);
+  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_TRUE(output.requests.empty());
+}
+
+TEST_F(RunGraphicFileTest, ALoadedFunctionAndItsParametersAreAsBefore) {
+  session.catalogue.file.entries = {{"k,ab", "k*x^2+ab+0.5", "prova"}};
+  loadFunction(session, 1);
+  takeFunction(6, 7, {2, 3, 4});
+  const ParameterSet before = session.par;
+  const double value = EvaluateFunction(session, dialogs, 0.25);
+  run(lines({"\\XASSE(0,9,1,3,3,0)", "\\FUNZIONE(SIN(x)*2+x^3)", "\\FUNZIONE(1+)"}));
+  EXPECT_EQ(session.par.ParNames, before.ParNames);
+  EXPECT_EQ(session.par.ParNameWidth, before.ParNameWidth);
+  EXPECT_EQ(session.par.ParCount, before.ParCount);
+  EXPECT_EQ(session.par.ParValues, before.ParValues);
+  EXPECT_EQ(EvaluateFunction(session, dialogs, 0.25), value);
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(RunGraphicFileTest, ErrorsAreShownOnTheFigureWhenTheUserWantsThem) {
+  run(lines({"\\NO()", "\\SIMBOLO(q)"}));
+  ASSERT_EQ(output.requests.size(), 1U);
+  const OutputRequest& shown = output.request();
+  EXPECT_EQ(shown.owner, Form::kActivePlot);
+  EXPECT_EQ(shown.rows, 25);
+  EXPECT_EQ(shown.cols, 80);
+  EXPECT_EQ(shown.captions, (std::vector<std::string>{"&Continua", "&Stampa", "Co&pia"}));
+  EXPECT_EQ(shown.caption, "VOR_KEL: File Grafico - Controllo File");
+  EXPECT_EQ(shown.text, "***\\NO() Comando Errato\r\n*** Parametri di SIMBOLO Errati\r\n");
+}
+
+TEST_F(RunGraphicFileTest, ErrorsAreNotShownOtherwise) {
+  session.ShowErrors = kFalse;
+  run(lines({"\\NO()", "\\SIMBOLO(q)"}));
+  EXPECT_TRUE(output.requests.empty());
+}
+
+TEST_F(RunGraphicFileTest, AFileWithoutErrorsShowsNothing) {
+  run(lines({"\\SIMBOLO(3,4)"}));
+  EXPECT_TRUE(output.requests.empty());
+}
+
+TEST_F(RunGraphicFileTest, TheListOfAPrintedFigureBelongsToTheMainWindow) {
+  run(lines({"\\NO()"}), "Printer");
+  ASSERT_EQ(output.requests.size(), 1U);
+  EXPECT_EQ(output.request().owner, Form::kMain);
+}
+
+TEST_F(RunGraphicFileTest, EachRunHasAWindowOfItsOwnWithCaptionScaleAndOrientation) {
+  session.GraphScale[3] = 1.5F;
+  run("");
+  session.Landscape = kFalse;
+  run("");
+  ASSERT_EQ(plots.windows.size(), 2U);
+  PictureForm& first = plots.windows[0]->form;
+  PictureForm& second = plots.windows[1]->form;
+  EXPECT_EQ(first.Caption(), "VOR_KEL: Visualizza File Grafico");
+  EXPECT_TRUE(first.Visible());
+  EXPECT_TRUE(second.Visible());
+  EXPECT_NEAR(first.ScaleWidth(), 0.75 * 20 * 1440 / 2.54, 8);
+  EXPECT_NEAR(first.ScaleHeight(), 0.75 * 15 * 1440 / 2.54, 8);
+  EXPECT_NEAR(second.ScaleWidth(), 0.75 * 15 * 1440 / 2.54, 8);
+}
+
+TEST_F(RunGraphicFileTest, ThePrinterGetsTheOrientationAndOnePage) {
+  std::vector<double> widths;
+  session.GraphScale[3] = 0.5F;
+  const auto landscape = run("\\SCRIVI(1,2,0,0,10,a)\r\n", "Printer");
+  EXPECT_EQ(plots.windows.size(), 0U);
+  EXPECT_EQ(printer.documents(), 1);
+  EXPECT_EQ(printer.Orientation(), kPortrait);
+
+  RecorderDevice other{PrinterMetrics{15 * kTwipsPerInch / kCmPerInch, 20 * kTwipsPerInch / kCmPerInch, 600}};
+  GralCls drawing(other, screen);
+  drawing.GralGrStr(other, "LANDSCAPE", 0.5);
+  drawing.GralWPrint(1, 2, 0, 0, 10, "a");
+  EXPECT_EQ(landscape, other.lines());
+}
+
+TEST_F(RunGraphicFileTest, TheEndOfTheRunReleasesTheClipRegion) {
+  EXPECT_EQ(run("\\AREA(2,3,15,12)\r\n").back(), "clip off");
+}
+
+TEST_F(RunGraphicFileTest, AMissingFileIsARunTimeError) {
+  EXPECT_EQ(errorOf([&] { RunGraphicFile(session, ports, "NONE.GRA", "Form", 0); }), kFileNotFound);
+}
+
+TEST_F(RunGraphicFileTest, TheMenusAreRenewedAtTheEnd) {
+  run("");
+  EXPECT_FALSE(window.panels.empty());
+}
+
+}  // namespace
+}  // namespace vk

@@ -1,0 +1,57 @@
+#include "grafile/FigureCommands.h"
+
+#include "grafile/GralPlt.h"
+#include "session/Refusals.h"
+
+namespace vk {
+namespace {
+
+constexpr int kDifferencesFile = 0;
+
+void drawFigure(Session& session, FigurePorts& ports, FigureKind kind) {
+  if (canDrawFigure(session, ports.dialogs, kind)) MakeGraph(session, ports, static_cast<int>(kind));
+}
+
+void save(Session& session, FigurePorts& ports, int kind) {
+  SaveGraphText(session, ports.files, ports.dialogs, kind);
+}
+
+}  // namespace
+
+void MenGraDatVis(Session& session, FigurePorts& ports) {
+  drawFigure(session, ports, kDataFigure);
+}
+
+void MenGraFunVis(Session& session, FigurePorts& ports) {
+  drawFigure(session, ports, kFunctionFigure);
+}
+
+void MenGraDifVis(Session& session, FigurePorts& ports) {
+  drawFigure(session, ports, kDifferencesFigure);
+}
+
+void MenGraDatGra(Session& session, FigurePorts& ports) {
+  save(session, ports, kDataFigure);
+}
+
+void MenGraFunGra(Session& session, FigurePorts& ports) {
+  save(session, ports, kFunctionFigure);
+}
+
+void MenGraDifGra(Session& session, FigurePorts& ports) {
+  save(session, ports, kDifferencesFigure);
+}
+
+void MenGraDifSav(Session& session, FigurePorts& ports) {
+  save(session, ports, kDifferencesFile);
+}
+
+void MenGraVisFil(Session& session, FigurePorts& ports) {
+  RunGraphicFile(session, ports, session.GraFile, "Form", 0);
+}
+
+void MenGraPriFil(Session& session, FigurePorts& ports) {
+  RunGraphicFile(session, ports, session.GraFile, "Printer", 0);
+}
+
+}  // namespace vk

@@ -1,0 +1,43 @@
+#include <array>
+
+#include "base/Text.h"
+#include "grafile/GralPlt.h"
+#include "session/FileSelection.h"
+
+namespace vk {
+namespace {
+
+/// What the files of a figure are called.
+struct SavedText {
+  const char* suffix;  ///< of the proposed name, behind that of the data file
+  const char* caption;
+  int fileKind;
+};
+
+/// By kind: the differences file, then the graphic texts of the figures.
+constexpr std::array<SavedText, 4> kSavedTexts{{
+    {"_DIF", "VOR_KEL: Salva File Dati (Differenze Dati-Funzione)", kDataKind},
+    {"_DAT", "VOR_KEL: Salva File Grafico (Dati)", kGraphicKind},
+    {"_FUN", "VOR_KEL: Salva File Grafico (Dati e Funzione)", kGraphicKind},
+    {"_DIF", "VOR_KEL: Salva File Grafico (Differenze Dati-Funzione)", kGraphicKind},
+}};
+
+/// The name of a file without folder and extension.
+std::string baseName(const std::string& path) {
+  const std::string name = GetFileName(path);
+  const auto point = name.rfind('.');
+  return name.substr(0, point);
+}
+
+}  // namespace
+
+void SaveGraphText(Session& session, Files& files, Dialogs& dialogs, Int16 kind) {
+  const auto index = static_cast<std::size_t>(kind);
+  const SavedText& saved = kSavedTexts.at(index);
+  std::string name = baseName(session.DataFile) + saved.suffix;
+  if (!pickFileToSave(session, files, dialogs, saved.caption, saved.fileKind, name)) return;
+  const std::string& text = kind == 0 ? session.DiffText : session.GraphText.at(index);
+  files.writeAll(name, text + std::string(kCrLf));
+}
+
+}  // namespace vk

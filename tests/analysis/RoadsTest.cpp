@@ -1,0 +1,116 @@
+#include "analysis/FitCommands.h"
+#include "analysis/InitialParameters.h"
+#include "analysis/Simulation.h"
+#include "analysis/Transformation.h"
+#include "expr/FunctionCommands.h"
+#include "platform/system/SystemRandom.h"
+#include "session/DataCommands.h"
+#include "tests/analysis/PropagationHelp.h"
+
+namespace vk {
+namespace {
+
+/// Whole roads over several commands, as a user goes them.
+class RoadTest : public PropagationTest {
+ protected:
+  void read(const std::string& name) {
+    dialogs.pick(name);
+    MenDatLet(session, files, dialogs, output, window);
+  }
+  void selectFunction(int inner, int outer) {
+    functions.select(inner, outer);
+    MenFunSel(session, window, functions);
+  }
+  /// Reads a function file of one function and makes it current.
+  void takeFromFile(const std::string& text) {
+    files.content["/data/LIB.FCN"] = text;
+    dialogs.pick("/data/LIB.FCN");
+    MenFunLet(session, files, dialogs, output, window, functions);
+    functions.load(1);
+    MenFunCar(session, window, functions);
+    selectFunction(6, 1);
+  }
+  void enterForFit(const std::vector<std::string>& fields) {
+    form.execute(fields);
+    MenAdaPar(session, form);
+  }
+  void fit() {
+    MenAdaAda(session, dialogs, window, output, clock);
+    fitted = session.par.ParValues;
+  }
+  void runAction(int action) {
+    if (action == kStoreParameters) StoreParameters(session, window);
+    if (action == kTransformData) TransformData(session, dialogs, window);
+    if (action == kSimulateData) SimulateData(session, dialogs, window, random, [this] { fit(); });
+  }
+
+  ScriptedFunctionForms functions{session};
+  ScriptedInputForm form{session, [this](int action) { runAction(action); }};
+  SystemRandom random;
+  Array<double> fitted;  ///< the values that the last fit left
+};
+
+TEST_F(RoadTest, ABellCurveIsFittedToTheSavedHistogramOfAPropagation) {
+  selectFunction(1, 1);
+  form.execute({"0", "20", "0", ".5"});
+  MenSerPro(session, form, [this] { propagate(random); });
+  output.saveRoutine()();
+  output.FrmOut_Exit();
+
+  read("/data/Mon_Sim.DAT");
+  takeFromFile("A,m,s\r\nA*EXP(-((x-m)/s)^2/2)\r\nGauss\r\n");
+  enterForFit({"1", "19", "1", "1", "1", "1"});
+  fit();
+  EXPECT_THAT(screen(), testing::HasSubstr("Completata"));
+  EXPECT_NEAR(session.par.ParValues[1], 0.7979, 0.03);
+  EXPECT_NEAR(session.par.ParValues[2], 20, 0.02);
+  EXPECT_NEAR(session.par.ParValues[3], 0.5, 0.02);
+}
+
+TEST_F(RoadTest, SimulatedDataAreSavedReadAndFittedAgain) {
+  selectFunction(2, 1);
+  enterForFit({"2", "1", "1", "1"});
+  form.execute({"0", "10", "21", ".25", "1", "0", "0"});
+  MenDatSim(session, form);
+  EXPECT_EQ(session.par.ParValues[1], 2);
+  const Array<double> atOnce = fitted;
+  dialogs.pick("/data/SIMULA.DAT");
+  MenDatSav(session, files, dialogs);
+
+  read("/data/SIMULA.DAT");
+  EXPECT_EQ(session.data.NumPnt, 21);
+  EXPECT_EQ(session.data.TitleX, "x");
+  enterForFit({"1", "0", "1", "1"});
+  fit();
+  // The file has six digits of each number.
+  EXPECT_NEAR(fitted[1], atOnce[1], 1E-3);
+  EXPECT_NEAR(fitted[2], atOnce[2], 1E-3);
+  EXPECT_NEAR(fitted[1], 2, 0.1);
+}
+
+TEST_F(RoadTest, TransformedDataAreFittedWithTheModelThatWasThere) {
+  takeFromFile("p,q\r\np*x+q\r\nretta\r\n");
+  enterForFit({"1", "0", "1", "1"});
+  files.content["/data/EXP.DAT"] =
+      "t\r\nN\r\n4\r\n1 2.7182818 .01\r\n2 7.3890561 .01\r\n3 20.085537 .01\r\n4 54.598150 .01\r\n";
+  read("/data/EXP.DAT");
+  form.execute({"t", "ln N", "x", "LOG(y)", "dy/y"});
+  MenDatTra(session, form);
+  fit();
+  EXPECT_NEAR(session.par.ParValues[1], 1, 1E-4);
+  EXPECT_NEAR(session.par.ParValues[2], 0, 1E-3);
+  EXPECT_THAT(screen(), testing::HasSubstr("y = retta"));
+}
+
+TEST_F(RoadTest, ASimulationWithErrorsOfXIsFittedTwice) {
+  selectFunction(2, 1);
+  enterForFit({"2", "1", "1", "1"});
+  form.execute({"0", "10", "21", ".1", "1", ".2", "1"});
+  MenDatSim(session, form);
+  EXPECT_EQ(session.data.kXpntErr, kTrue);
+  EXPECT_NEAR(session.data.ErrEff[1], std::hypot(0.1, 2 * 0.2), 0.1);
+  EXPECT_THAT(screen(), testing::HasSubstr("Completata"));
+}
+
+}  // namespace
+}  // namespace vk

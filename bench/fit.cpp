@@ -8,38 +8,13 @@
 
 #include "analysis/FitMod.h"
 #include "analysis/InitialParameters.h"
+#include "bench/NoPorts.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
+#include "tests/doubles/CountingDialogs.h"
 
 namespace vk {
 namespace {
-
-/// The box of the confidence level, which comes with many points, goes away by itself.
-class QuietDialogs : public Dialogs {
- public:
-  int Get_Msg(const MessageRequest&) override { return 1; }
-  void plainBox(const std::string&, const std::string&) override {}
-  std::optional<std::string> fileDialog(const FileRequest&) override { return std::nullopt; }
-};
-
-class NoWindow : public MainWindow {
- public:
-  void setMenuEnabled(const std::string&, bool) override {}
-  void setMenuVisible(const std::string&, bool) override {}
-  void setMenuChecked(const std::string&, bool) override {}
-  void setMenuCaption(const std::string&, const std::string&) override {}
-  void setPanel(int, const std::string&) override {}
-  void setCaption(const std::string&) override {}
-  void setEnabled(bool) override {}
-  void refresh() override {}
-  void toFront() override {}
-  void setBackground(Int16) override {}
-};
-
-class NoClock : public Clock {
- public:
-  float timer() override { return 0; }
-};
 
 class NoObserver : public FitObserver {
  public:
@@ -73,7 +48,7 @@ Session sessionOf(const Problem& problem) {
   for (int i = 1; i <= session.par.ParCount; ++i) {
     session.par.ParValues[i] = problem.solution[static_cast<std::size_t>(i) - 1];
   }
-  QuietDialogs dialogs;
+  CountingDialogs dialogs;
   for (int j = 1; j <= problem.points; ++j) {
     data.Xpnt[j] = 10.0 * j / problem.points;
     data.Ypnt[j] = EvaluateFunction(session, dialogs, data.Xpnt[j]) + 0.05 * std::sin(1E4 * j);
@@ -92,7 +67,7 @@ void start(Session& session, const Problem& problem) {
 
 void wholeFit(benchmark::State& state, const Problem& problem) {
   Session session = sessionOf(problem);
-  QuietDialogs dialogs;
+  CountingDialogs dialogs;
   NoWindow window;
   NoClock clock;
   NoObserver observer;

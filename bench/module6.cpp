@@ -1,0 +1,92 @@
+// The propagation of errors by simulation, and the transformation of a large data set.
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <stdexcept>
+
+#include "analysis/MonteCarlo.h"
+#include "analysis/Transformation.h"
+#include "bench/NoPorts.h"
+#include "expr/FunMod.h"
+#include "platform/system/SystemRandom.h"
+#include "tests/doubles/CountingDialogs.h"
+
+namespace vk {
+namespace {
+
+/// a*exp(-b)*sin(c) with normal errors of a and b and a maximum error of c.
+Session decayingWave() {
+  Session session;
+  BuildCatalogue(session);
+  session.catalogue.file.entries.push_back({"a,b,c", "a*EXP(-b)*SIN(c)", "wave"});
+  loadFunction(session, 1);
+  session.fun.InnerIndex = kBuiltInInner + 1;
+  session.fun.OuterIndex = 1;
+  TakeFunction(session, 0, 0);
+  const double values[] = {0, 5, 0.7, 1.2};
+  const double errors[] = {0, 0.1, 0.02, -0.05};
+  for (int i = 0; i <= 3; ++i) {
+    session.par.ParValues[i] = values[i];
+    session.par.ParDeltas[i] = errors[i];
+  }
+  return session;
+}
+
+void TenThousandSamples(benchmark::State& state) {
+  Session session = decayingWave();
+  const Array<double> base = session.par.ParValues;
+  CountingDialogs dialogs;
+  SystemRandom random;
+  const AnalyticErrors analytic = analyticErrors(session, dialogs);
+  SampleStatistics last;
+  for (auto _ : state) {
+    session.par.ParValues = base;
+    MonteCarlo simulation(session, dialogs, random);
+    simulation.setUpBins(analytic);
+    simulation.run([&](const SampleStatistics& samples) { last = samples; });
+  }
+  if (last.count != MonteCarlo::kSamples || std::abs(last.mean - analytic.F0) > 0.01 ||
+      std::abs(last.spread / analytic.ErrorSigma - 1) > 0.05) {
+    throw std::runtime_error("the samples are not those of the function");
+  }
+}
+BENCHMARK(TenThousandSamples)->Unit(benchmark::kMillisecond);
+
+constexpr int kPoints = 32767;
+
+Session largeData() {
+  Session session;
+  session.data.allocate(kPoints, kFalse);
+  for (int i = 1; i <= kPoints; ++i) {
+    session.data.Xpnt[i] = 10.0 * i / kPoints;
+    session.data.Ypnt[i] = 1 + std::cos(session.data.Xpnt[i]);
+    session.data.ErrYpnt[i] = 0.1;
+  }
+  session.input.InpValues.dim(5);
+  const char* fields[] = {"", "log x", "y", "LOG(x)", "y^2+SQR(x)*EXP(-y)", "dy"};
+  for (int i = 1; i <= 5; ++i) session.input.InpValues[i] = fields[i];
+  return session;
+}
+
+void TransformTwoColumns(benchmark::State& state) {
+  const DataSet data = largeData().data;
+  Session session = largeData();
+  CountingDialogs dialogs;
+  NoWindow window;
+  for (auto _ : state) {
+    state.PauseTiming();
+    session.data = data;
+    state.ResumeTiming();
+    TransformData(session, dialogs, window);
+  }
+  const double x = data.Xpnt[kPoints];
+  const double y = data.Ypnt[kPoints];
+  if (session.data.Xpnt[kPoints] != std::log(x) ||
+      std::abs(session.data.Ypnt[kPoints] - (y * y + std::sqrt(x) * std::exp(-y))) > 1E-12) {
+    throw std::runtime_error("the columns are not those of the formulas");
+  }
+}
+BENCHMARK(TransformTwoColumns)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace vk

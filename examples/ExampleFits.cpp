@@ -1,0 +1,54 @@
+#include "examples/ExampleFits.h"
+
+#include "analysis/InitialParameters.h"
+#include "expr/FunMod.h"
+#include "platform/GridOutput.h"
+#include "session/DataFiles.h"
+
+namespace vk {
+namespace {
+
+void loadData(Session& session, Files& files, const std::string& fileName) {
+  std::string errors;
+  Int16 declared, valid;
+  Flag hasXErrors;
+  CheckDataFile(session, files, fileName, errors, declared, valid, hasXErrors);
+  LoadDataFile(session, files, fileName, valid, hasXErrors);
+}
+
+/// The first function of a file, as the last inner function of the catalogue; gives its index.
+int loadFirstFunction(Session& session, Files& files, std::string fileName) {
+  GridOutput report;
+  ReadFunctionFile(session, files, report, fileName, kFalse);
+  loadFunction(session, 1);
+  return static_cast<int>(session.catalogue.inner.size());
+}
+
+}  // namespace
+
+const std::vector<ExampleFit>& exampleFits() {
+  static const std::vector<ExampleFit> fits{
+      {"ohm", 1, 2, "", {40, 0}},
+      {"decay", 1, 0, "lab.fcn", {400, .2, 5}},
+      {"resonance", 4, 5, "", {8, 5, .4}},
+      {"pendulum", 9, 2, "", {2.5, .4, 30, .1}},
+      {"thermocouple", 1, 3, "", {.00001, .04, 0}},
+  };
+  return fits;
+}
+
+void prepareExample(Session& session, Files& files, const ExampleFit& example) {
+  loadData(session, files, example.name + ".dat");
+  BuildCatalogue(session);
+  session.fun.InnerIndex =
+      example.inner == 0 ? loadFirstFunction(session, files, example.library) : example.inner;
+  session.fun.OuterIndex = example.outer;
+  TakeFunction(session, 0, 0);
+  for (int i = 1; i <= session.par.ParCount; ++i) {
+    session.par.ParValues[i] = example.start.at(static_cast<std::size_t>(i - 1));
+    session.par.ParDeltas[i] = 1;
+  }
+  classifyParameters(session);
+}
+
+}  // namespace vk

@@ -1,0 +1,85 @@
+// Makes the graphic files of the samples: for each its data, its data with the fitted function, and the
+// differences with their data file. Run it in the folder of the samples.
+// Usage: make_figures FOLDER
+
+#include <iostream>
+
+#include "analysis/FitMod.h"
+#include "analysis/FitScreen.h"
+#include "base/Text.h"
+#include "batch/TerminalPorts.h"
+#include "examples/ExampleFits.h"
+#include "expr/CmpMod.h"
+#include "grafile/GralPlt.h"
+#include "gral/NoPrinter.h"
+#include "gral/NominalScreen.h"
+#include "gral/ObserverDevice.h"
+#include "platform/GridOutput.h"
+#include "platform/OffscreenWindows.h"
+#include "platform/system/SystemClock.h"
+#include "platform/system/SystemFiles.h"
+#include "session/Refusals.h"
+
+namespace {
+
+using namespace vk;
+
+class Silence : public Sound {
+ public:
+  void tone(int, int) override {}
+  void beep() override {}
+};
+
+/// The world of a figure that is only described.
+struct FigureDesk {
+  SystemFiles files;
+  TerminalDialogs dialogs;
+  NoMainWindow window;
+  GridOutput output;
+  Silence sound;
+  OffscreenWindows plots{[] { return std::make_unique<ObserverDevice>(); }};
+  NoPrinter printer;
+  NominalScreen screen;
+  FigurePorts ports{files, dialogs, window, output, sound, plots, printer, screen};
+};
+
+void fit(Session& session, FigureDesk& desk) {
+  SystemClock clock;
+  FitScreen screen(session, desk.output);
+  FitData(session, desk.dialogs, desk.window, clock, screen);
+}
+
+/// What the comments of the file tell its user to do.
+std::string withDifferences(std::string text, const std::string& fileName) {
+  ReplaceAll(text, "%\\DATI(inserire il nome del File Differenze)", "\\DATI(" + fileName + ")");
+  return text;
+}
+
+void makeFigures(const ExampleFit& example, const std::string& folder) {
+  FigureDesk desk;
+  Session session;
+  prepareExample(session, desk.files, example);
+  fit(session, desk);
+  for (const int kind : {kDataFigure, kFunctionFigure, kDifferencesFigure}) {
+    MakeGraph(session, desk.ports, kind);
+  }
+  const std::string differences = example.name + "_dif.dat";
+  const auto write = [&](const std::string& name, const std::string& text) {
+    desk.files.writeAll(folder + "/" + name, text);
+  };
+  write(example.name + "_dat.gra", session.GraphText[kDataFigure]);
+  write(example.name + "_fun.gra", session.GraphText[kFunctionFigure]);
+  write(example.name + "_dif.gra", withDifferences(session.GraphText[kDifferencesFigure], differences));
+  write(differences, session.DiffText);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "make_figures FOLDER\n";
+    return 2;
+  }
+  for (const ExampleFit& example : exampleFits()) makeFigures(example, argv[1]);
+  return 0;
+}

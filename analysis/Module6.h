@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "analysis/AnalyticErrors.h"
 #include "analysis/MonteCarlo.h"
 #include "platform/Clock.h"
@@ -47,8 +49,12 @@ struct PropagationPorts {
 /// the session; the open window's "Salva &File" writes it by `SaveMonteCarlo`.
 PropagationResult PropagateErrors(Session& session, const PropagationPorts& ports);
 
-/// Merges the thin bins at the tails of the session's histogram and writes it as a probability density with
-/// errors into "Mon_Sim.DAT" in the folder of data files. A file that cannot be written is a run-time error.
+/// Merges the thin bins at the tails of the session's histogram and gives it as a data file of a probability
+/// density with errors, CR LF line ends.
+std::string monteCarloFileText(Session& session);
+
+/// Writes that text into "Mon_Sim.DAT" in the folder of data files. A file that cannot be written is a run-time
+/// error.
 void SaveMonteCarlo(Session& session, Files& files);
 
 }  // namespace vk

@@ -84,15 +84,15 @@ std::string Histogram::lines() const {
 
 }  // namespace
 
-void SaveMonteCarlo(Session& session, Files& files) {
+std::string monteCarloFileText(Session& session) {
   Histogram histogram(session.monteCarlo);
   histogram.mergeThinTails();
-  std::string text = kTitleX + trim(session.fun.FunctionText);
-  text += kCrLf;
-  text += kTitleY;
-  text += kCrLf;
-  text += histogram.lines();
-  files.writeAll(joinPath(session.DataDir, kFileName), text);
+  const std::string lineEnd(kCrLf);
+  return kTitleX + trim(session.fun.FunctionText) + lineEnd + kTitleY + lineEnd + histogram.lines();
+}
+
+void SaveMonteCarlo(Session& session, Files& files) {
+  files.writeAll(joinPath(session.DataDir, kFileName), monteCarloFileText(session));
 }
 
 }  // namespace vk

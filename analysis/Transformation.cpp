@@ -143,18 +143,19 @@ void Transformation::store() {
   }
 }
 
-void transform(Session& session, Dialogs& dialogs) {
+bool transform(Session& session, Dialogs& dialogs) {
   const InputTables& fields = session.input;
   Transformation transformation(session, dialogs);
   for (int k = 1; k <= transformation.columns(); ++k) {
     if (transformation.compute(trim(fields.InpValues[k + kFirstFormula - 1]))) continue;
     dialogs.plainBox(kProgramTitle,
                      "Errore nella Definizione di " + transformation.columnName(k) + "  <*> per Continuare");
-    return;
+    return false;
   }
   session.data.TitleX = fields.InpValues[1];
   session.data.TitleY = fields.InpValues[2];
   transformation.store();
+  return true;
 }
 
 }  // namespace
@@ -169,12 +170,13 @@ void MenDatTra(Session& session, InputForm& form) {
   form.InpShow(tables, Form::kMain);
 }
 
-void TransformData(Session& session, Dialogs& dialogs, MainWindow& window) {
-  transform(session, dialogs);
+bool TransformData(Session& session, Dialogs& dialogs, MainWindow& window) {
+  const bool replaced = transform(session, dialogs);
   restoreModel(session);
   window.setEnabled(true);
   window.refresh();
   Msg(session, window);
+  return replaced;
 }
 
 }  // namespace vk

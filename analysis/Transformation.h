@@ -14,7 +14,8 @@ void MenDatTra(Session& session, InputForm& form);
 
 /// The action of the form's "&Esegui": replaces titles and columns by what its fields say. All formulas see the
 /// old columns; when one of them is bad a box tells, and nothing is changed. A value that cannot be computed is
-/// what the evaluation left. The compiled model is that of the model function again afterwards.
-void TransformData(Session& session, Dialogs& dialogs, MainWindow& window);
+/// what the evaluation left. The compiled model is that of the model function again afterwards. Gives whether
+/// the columns were replaced.
+bool TransformData(Session& session, Dialogs& dialogs, MainWindow& window);
 
 }  // namespace vk

@@ -3,26 +3,34 @@
 #include <string>
 #include <vector>
 
-#include "batch/Assignment.h"
+#include "batch/ArgumentForm.h"
+#include "batch/Json.h"
+#include "batch/ModelChoice.h"
+#include "platform/Dialogs.h"
+#include "session/Session.h"
 
 namespace vk {
-
-/// A parameter of the command line with its starting value.
-struct StartValue {
-  Assignment assignment;
-  bool fixed = false;
-};
 
 /// `fit`: one fit of a data file.
 struct FitArguments {
   std::string dataFile;
-  std::string function;      ///< formula in x; its parameters are those of `parameters`, in their order
-  std::string catalogue;     ///< "f,g": numbers of the outer and the inner function, from 1
-  std::string functionFile;  ///< a function file ...
-  int entry = 0;             ///< ... and its entry, from 1
-  std::vector<StartValue> parameters;
+  ModelArguments model;
+  std::vector<EnteredValue> parameters;  ///< with a formula also its parameters, in their order
   bool json = false;
 };
+
+/// What a fit has to say at a terminal.
+struct FitOutcome {
+  bool failed = false;
+  std::string screen;  ///< UTF-8; empty after a failure
+  Json report;         ///< null unless it was asked for
+};
+
+/// Fits the session's model to its data, with the progress and the reason of a failure on the error stream.
+FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, bool withReport);
+
+/// Prints the screen, or the report where it was asked for.
+void printOutcome(const FitOutcome& outcome, bool asReport);
 
 /// Runs the fit and prints the report, as text or as JSON. Gives 0, or 1 when the fit failed. Bad arguments
 /// and bad files raise `UsageError`.

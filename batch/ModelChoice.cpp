@@ -3,6 +3,7 @@
 #include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "batch/DataInput.h"
 #include "batch/TerminalPorts.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
@@ -76,6 +77,19 @@ void useFunctionFile(Session& session, Files& files, const std::string& fileName
                      std::to_string(count));
   }
   takeLoaded(session, entry);
+}
+
+void chooseModel(Session& session, Files& files, const ModelArguments& model, const std::string& names) {
+  BuildCatalogue(session);
+  if (!model.function.empty()) {
+    useFormula(session, model.function, names);
+  } else if (!model.catalogue.empty()) {
+    useCatalogue(session, model.catalogue);
+  } else if (!model.functionFile.empty()) {
+    reading(model.functionFile, [&] { useFunctionFile(session, files, model.functionFile, model.entry); });
+  } else {
+    throw UsageError("Si attende --function, --catalogue o --file");
+  }
 }
 
 }  // namespace vk

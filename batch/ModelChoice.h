@@ -7,8 +7,19 @@
 
 namespace vk {
 
-/// The three ways by which a command line names the model function. They leave it as the session's current
-/// one; what cannot be found or compiled raises `UsageError`.
+/// How a command line names the model function: in one of three ways.
+struct ModelArguments {
+  std::string function;      ///< formula in x
+  std::string catalogue;     ///< "f,g": numbers of the outer and the inner function, from 1
+  std::string functionFile;  ///< a function file ...
+  int entry = 0;             ///< ... and its entry, from 1
+};
+
+/// Builds the catalogue and makes the model the session's current one. `names` is the comma list of the
+/// parameters of a formula. What cannot be found or compiled raises `UsageError`.
+void chooseModel(Session& session, Files& files, const ModelArguments& model, const std::string& names);
+
+// The three ways, each with the same promise.
 
 /// A formula in x, with its parameter names as a comma list.
 void useFormula(Session& session, const std::string& formula, const std::string& names);

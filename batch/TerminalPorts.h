@@ -7,6 +7,9 @@
 
 namespace vk {
 
+/// What a run tells the shell.
+enum ExitCode : int { kExitDone = 0, kExitFailed = 1, kExitBadInput = 2 };
+
 /// Bad words on the command line, or a bad file: told on the error stream, exit code 2. The text is UTF-8.
 class UsageError : public std::runtime_error {
  public:

@@ -11,56 +11,121 @@
 #include "batch/CheckCommand.h"
 #include "batch/EvalCommand.h"
 #include "batch/FitCommand.h"
+#include "batch/PropagateCommand.h"
+#include "batch/SimulateCommand.h"
 #include "batch/TerminalPorts.h"
+#include "batch/TransformCommand.h"
 
 namespace {
 
 using namespace vk;
 
-constexpr int kFailed = 1;
-constexpr int kBadInput = 2;
-
 /// A subcommand and what it runs once the command line is read.
 using Commands = std::map<CLI::App*, std::function<int()>>;
 
-/// The values of `--par` and `--fixed` in the order in which they were typed, since with a formula of the
-/// command line this order is the order of the parameters.
-std::vector<StartValue> startValues(const CLI::App& command, const CLI::Option* par,
-                                    const CLI::Option* fixed) {
-  std::map<const CLI::Option*, std::size_t> taken;
-  std::vector<StartValue> values;
-  for (const CLI::Option* option : command.parse_order()) {
-    if (option != par && option != fixed) continue;
-    values.push_back({parseAssignment(option->results().at(taken[option]++)), option == fixed});
-  }
-  return values;
+/// The options that name the model function.
+void addModel(CLI::App& command, ModelArguments& model) {
+  CLI::Option* function =
+      command.add_option("--function", model.function, "Formula in x, per esempio 'A*EXP(-B*x)+C'");
+  CLI::Option* catalogue =
+      command.add_option("--catalogue", model.catalogue, "Numeri f,g delle funzioni f[g(x)] del catalogo");
+  CLI::Option* file = command.add_option("--file", model.functionFile, "File funzioni (.FCN)");
+  CLI::Option* entry = command.add_option("--entry", model.entry, "Numero della funzione nel file funzioni");
+  function->excludes(catalogue)->excludes(file);
+  catalogue->excludes(file);
+  file->needs(entry);
+  entry->needs(file);
+}
+
+/// An option that may be repeated and is read back by its results.
+CLI::Option* addRepeated(CLI::App& command, const char* name, const std::string& help) {
+  return command.add_option(name, help)->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
+/// Adds `--par` and `--fixed`. The values come in the order in which they were typed, since with a formula of
+/// the command line this order is the order of the parameters.
+std::function<std::vector<EnteredValue>()> addStart(CLI::App& command) {
+  CLI::Option* par = addRepeated(command, "--par", "NOME=VALORE: parametro variabile");
+  CLI::Option* fixed = addRepeated(command, "--fixed", "NOME=VALORE: parametro costante");
+  return [&command, par, fixed] {
+    std::map<const CLI::Option*, std::size_t> taken;
+    std::vector<EnteredValue> values;
+    for (const CLI::Option* option : command.parse_order()) {
+      if (option != par && option != fixed) continue;
+      values.push_back({parseAssignment(option->results().at(taken[option]++)), option == fixed ? "0" : "1"});
+    }
+    return values;
+  };
+}
+
+void addJson(CLI::App& command, bool& json) {
+  command.add_flag("--json", json, "Stampa il risultato come oggetto JSON");
 }
 
 void addFit(CLI::App& app, Commands& commands) {
   CLI::App* fit = app.add_subcommand("fit", "Adatta una funzione ai dati di un file e stampa il risultato");
   auto args = std::make_shared<FitArguments>();
   fit->add_option("DATI", args->dataFile, "File dati (.DAT)")->required();
-  CLI::Option* function =
-      fit->add_option("--function", args->function, "Formula in x, per esempio 'A*EXP(-B*x)+C'");
-  CLI::Option* catalogue =
-      fit->add_option("--catalogue", args->catalogue, "Numeri f,g delle funzioni f[g(x)] del catalogo");
-  CLI::Option* file = fit->add_option("--file", args->functionFile, "File funzioni (.FCN)");
-  CLI::Option* entry = fit->add_option("--entry", args->entry, "Numero della funzione nel file funzioni");
-  function->excludes(catalogue)->excludes(file);
-  catalogue->excludes(file);
-  file->needs(entry);
-  entry->needs(file);
-  // Bound to nothing: `startValues` reads both back in their common order.
-  const auto repeated = [&](const char* name, const std::string& help) {
-    return fit->add_option(name, help)->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  };
-  CLI::Option* par = repeated("--par", "NOME=VALORE: parametro variabile");
-  CLI::Option* fixed = repeated("--fixed", "NOME=VALORE: parametro costante");
-  fit->add_flag("--json", args->json, "Stampa il risultato come oggetto JSON");
+  addModel(*fit, args->model);
+  const auto start = addStart(*fit);
+  addJson(*fit, args->json);
   commands[fit] = [=] {
-    args->parameters = startValues(*fit, par, fixed);
+    args->parameters = start();
     return runFit(*args);
   };
+}
+
+void addPropagate(CLI::App& app, Commands& commands) {
+  CLI::App* propagate =
+      app.add_subcommand("propagate", "Propaga gli errori attraverso una funzione, anche per simulazione");
+  auto args = std::make_shared<PropagateArguments>();
+  addModel(*propagate, args->model);
+  CLI::Option* par = addRepeated(*propagate, "--par",
+                                 "NOME=VALORE[,ERRORE] di x o di un parametro: deviazione standard se "
+                                 "positivo, errore massimo se negativo");
+  propagate->add_option("--seed", args->seed, "Seme del generatore di numeri casuali");
+  propagate->add_option("--histogram", args->histogramFile, "Scrive l'istogramma come file dati");
+  addJson(*propagate, args->json);
+  commands[propagate] = [=] {
+    for (const std::string& word : par->results()) args->variables.push_back(parseValueWithError(word));
+    return runPropagate(*args);
+  };
+}
+
+void addSimulate(CLI::App& app, Commands& commands) {
+  CLI::App* simulate = app.add_subcommand("simulate", "Simula dati da una funzione e li adatta");
+  auto args = std::make_shared<SimulateArguments>();
+  addModel(*simulate, args->model);
+  const auto start = addStart(*simulate);
+  simulate->add_option("--xmin", args->xmin, "x minimo (0)");
+  simulate->add_option("--xmax", args->xmax, "x massimo (10)");
+  simulate->add_option("--points", args->points, "Numero dei punti (11)");
+  simulate->add_option("--dy", args->dy, "Incertezza di y, in percentuale (1)");
+  simulate->add_flag("--dy-absolute", args->dyAbsolute, "L'incertezza di y e` assoluta");
+  simulate->add_option("--dx", args->dx, "Incertezza di x, in percentuale (0: nessuna)");
+  simulate->add_flag("--dx-absolute", args->dxAbsolute, "L'incertezza di x e` assoluta");
+  simulate->add_option("--seed", args->seed, "Seme del generatore di numeri casuali");
+  simulate->add_option("-o,--output", args->outputFile, "Scrive i dati in questo file");
+  addJson(*simulate, args->json);
+  commands[simulate] = [=] {
+    args->parameters = start();
+    return runSimulate(*args);
+  };
+}
+
+void addTransform(CLI::App& app, Commands& commands) {
+  CLI::App* transform = app.add_subcommand("transform", "Trasforma le colonne di un file dati con formule");
+  auto args = std::make_shared<TransformArguments>();
+  transform->add_option("DATI", args->dataFile, "File dati (.DAT)")->required();
+  transform->add_option("--x", args->x, "Formula in x, y, dx, dy per la colonna x");
+  transform->add_option("--y", args->y, "Formula per la colonna y");
+  transform->add_option("--dx", args->dx, "Formula per gli errori di x");
+  transform->add_option("--dy", args->dy, "Formula per gli errori di y");
+  transform->add_option("--title-x", args->titleX, "Legenda di x");
+  transform->add_option("--title-y", args->titleY, "Legenda di y");
+  transform->add_option("-o,--output", args->outputFile, "Scrive i dati in questo file");
+  addJson(*transform, args->json);
+  commands[transform] = [=] { return runTransform(*args); };
 }
 
 void addCheck(CLI::App& app, Commands& commands) {
@@ -94,10 +159,13 @@ int run(int argc, char** argv) {
   addFit(app, commands);
   addCheck(app, commands);
   addEval(app, commands);
+  addPropagate(app, commands);
+  addSimulate(app, commands);
+  addTransform(app, commands);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : kBadInput;
+    return app.exit(error) == 0 ? kExitDone : kExitBadInput;
   }
   return commands.at(app.get_subcommands().front())();
 }
@@ -109,9 +177,9 @@ int main(int argc, char** argv) {
     return run(argc, argv);
   } catch (const UsageError& error) {
     std::cerr << error.what() << '\n';
-    return kBadInput;
+    return kExitBadInput;
   } catch (const RuntimeError& error) {
     std::cerr << toUtf8(error.message(), CodePage::kWindows1252) << '\n';
-    return kFailed;
+    return kExitFailed;
   }
 }

@@ -1,0 +1,103 @@
+#include "batch/PropagateCommand.h"
+
+#include <array>
+#include <cmath>
+#include <iostream>
+
+#include "analysis/InitialParameters.h"
+#include "analysis/Module6.h"
+#include "base/CodePage.h"
+#include "base/NumberText.h"
+#include "base/Text.h"
+#include "batch/Json.h"
+#include "batch/Seed.h"
+#include "batch/TerminalPorts.h"
+#include "platform/GridOutput.h"
+#include "platform/system/SystemFiles.h"
+#include "platform/system/SystemRandom.h"
+
+namespace vk {
+namespace {
+
+const char* statusName(PropagationEnd end) {
+  constexpr std::array kNames{"completed", "derivatives_failed", "simulation_failed", "no_dependence"};
+  return kNames.at(static_cast<std::size_t>(end));
+}
+
+Json variables(const Session& session, const PropagationResult& result) {
+  const ParameterSet& par = session.par;
+  const bool hasDerivatives = result.end != PropagationEnd::kDerivativesFailed;
+  Json::List list;
+  for (int i = 0; i <= par.ParCount; ++i) {
+    list.push_back(Json::Object{
+        {"name", toUtf8(par.name(i), CodePage::kCp437)},
+        {"value", par.ParValues[i]},
+        {"error", std::abs(par.ParDeltas[i])},
+        {"error_kind", par.ParDeltas[i] < 0 ? "maximum" : "sigma"},
+        {"derivative", hasDerivatives ? Json(result.analytic.Derivatives[i]) : Json()},
+    });
+  }
+  return list;
+}
+
+Json samples(const PropagationResult& result) {
+  if (result.end != PropagationEnd::kCompleted) return {};
+  return Json::Object{
+      {"count", result.samples.count},
+      {"mean", result.samples.mean},
+      {"spread", result.samples.spread},
+      {"mean_error", result.samples.meanError},
+  };
+}
+
+Json report(const Session& session, const PropagationResult& result, float seed) {
+  const bool hasDerivatives = result.end != PropagationEnd::kDerivativesFailed;
+  const auto known = [&](double number) { return hasDerivatives ? Json(number) : Json(); };
+  return Json::Object{
+      {"function", toUtf8(trim(session.fun.FunctionText), CodePage::kCp437)},
+      {"variables", variables(session, result)},
+      {"value", known(result.analytic.F0)},
+      {"error_maximum", known(result.analytic.ErrorMax)},
+      {"error_sigma", known(result.analytic.ErrorSigma)},
+      {"samples", samples(result)},
+      {"seed", double{seed}},
+      {"status", statusName(result.end)},
+  };
+}
+
+}  // namespace
+
+EnteredValue parseValueWithError(const std::string& argument) {
+  const int comma = position(argument, ",");
+  if (comma == 0) return {parseAssignment(argument), "0"};
+  const std::string error = trim(mid(argument, comma + 1));
+  if (!isNumeric(error)) throw UsageError("\"" + argument + "\": si attende NOME=NUMERO,ERRORE");
+  return {parseAssignment(left(argument, comma - 1)), error};
+}
+
+int runPropagate(const PropagateArguments& arguments) {
+  Session session;
+  SystemFiles files;
+  SystemRandom random;
+  TerminalDialogs dialogs;
+  NoMainWindow window;
+  GridOutput output;
+  Seed seed(arguments.seed);
+  chooseModel(session, files, arguments.model, parameterNames(arguments.variables));
+  ArgumentForm form(session, arguments.variables);
+  PropagationResult result;
+  MenSerPro(session, form, [&] {
+    result = PropagateErrors(session, {dialogs, window, output, files, seed, random});
+  });
+  const bool completed = result.end == PropagationEnd::kCompleted;
+  if (arguments.json) {
+    std::cout << report(session, result, seed.timer()).text() << '\n';
+  } else if (completed) {
+    std::cout << output.grid().toUtf8();
+  }
+  if (!completed) return kExitFailed;
+  if (!arguments.histogramFile.empty()) files.writeAll(arguments.histogramFile, monteCarloFileText(session));
+  return kExitDone;
+}
+
+}  // namespace vk

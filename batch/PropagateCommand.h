@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "batch/ArgumentForm.h"
+#include "batch/ModelChoice.h"
+
+namespace vk {
+
+/// `propagate`: the error of a function by derivatives and by simulation.
+struct PropagateArguments {
+  ModelArguments model;
+  std::vector<EnteredValue> variables;  ///< with a formula also its parameters, in their order
+  std::string seed;                     ///< empty for the time of day
+  std::string histogramFile;            ///< where the histogram goes as a data file; empty for nowhere
+  bool json = false;
+};
+
+/// "name=value" or "name=value,error"; anything else raises `UsageError`.
+EnteredValue parseValueWithError(const std::string& argument);
+
+/// Propagates the errors and prints the screen, or the result as JSON. Gives 0, or 1 when the propagation
+/// failed. Bad arguments and bad files raise `UsageError`.
+int runPropagate(const PropagateArguments& arguments);
+
+}  // namespace vk

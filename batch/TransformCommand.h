@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+namespace vk {
+
+/// `transform`: formulas over the columns of a data file. What is left out, or empty, stays as it is.
+struct TransformArguments {
+  std::string dataFile;
+  std::string titleX, titleY;
+  std::string x, y, dx, dy;
+  std::string outputFile;  ///< where the data go; empty for standard output
+  bool json = false;
+};
+
+/// Transforms the data and writes them as a data file, or as JSON. Gives 0. A bad formula, which is told, gives
+/// 2; other bad arguments and bad files raise `UsageError`.
+int runTransform(const TransformArguments& arguments);
+
+}  // namespace vk

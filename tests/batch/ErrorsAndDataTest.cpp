@@ -1,0 +1,187 @@
+#include "batch/BatchRun.h"
+
+namespace vk {
+namespace {
+
+using ::testing::HasSubstr;
+
+const std::string kFlat = "propagate --catalogue 1,1 --par c=3,-.3 --par x=2 ";
+const std::string kLine = "--catalogue 1,2 --par b=2 --par c=-1 ";
+
+constexpr const char* kThreeColumns = "t\r\ns\r\n 2\r\n1 2 .1\r\n3 4 .2\r\n";
+constexpr const char* kFourColumns = "t\r\ns\r\n 2 1\r\n1 2 .01 .1\r\n3 4 .02 .2\r\n";
+
+std::string dataFile(const std::string& text = kThreeColumns) {
+  return "'" + temporaryFile("IN.DAT", text) + "' ";
+}
+
+// ---- propagate ---------------------------------------------------------------------------------------------
+
+TEST(BatchPropagate, PrintsTheScreenOfTheProgram) {
+  const BatchRun run = batch(kFlat + "--seed 1");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.errors, "");
+  EXPECT_EQ(run.output.substr(0, run.output.find("│<y>=")),
+            R"(┌────────────────────────────────────────────┐
+│                   y = c                    │
+├────────────────────────────────────────────┤
+│ x = 0.200000E+01   δx = 0.000E+00 σ        │
+│ c = 0.300000E+01   δc = 0.300E+00 Err. Max.│
+├─Espressioni Analitiche─────────────────────┤
+│ y = 0.300000E+01   δy = 0.300E+00 Err. Max.│
+│                    δy'= 0.173E+00 σ(y)     │
+├─Simulazione di Monte Carlo─────────────────┤
+)");
+}
+
+TEST(BatchPropagate, TheSeedTellsTheSamples) {
+  const std::string first = batch(kFlat + "--json --seed 1").output;
+  EXPECT_EQ(batch(kFlat + "--json --seed 1").output, first);
+  EXPECT_NE(batch(kFlat + "--json --seed 2").output, first);
+  EXPECT_EQ(batch(kFlat + "--seed uno").exitCode, 2);
+  EXPECT_EQ(batch(kFlat + "--seed 1E300").exitCode, 2);
+}
+
+TEST(BatchPropagate, GivesTheResultAsOneObject) {
+  const BatchRun run = batch("propagate --function 'a*x' --par a=2,.5 --par x=3,-.25 --seed 7 --json");
+  EXPECT_EQ(run.exitCode, 0);
+  for (const char* text : {"\"function\": \"y = a*x\"", "\"value\": 6", "\"error_kind\": \"maximum\"",
+                           "\"count\": 10000", "\"seed\": 7", "\"status\": \"completed\""}) {
+    EXPECT_THAT(run.output, HasSubstr(text));
+  }
+}
+
+TEST(BatchPropagate, WritesTheHistogramAsADataFile) {
+  const std::string file = temporaryFile("H.DAT", "");
+  EXPECT_EQ(batch(kFlat + "--seed 1 --histogram '" + file + "'").exitCode, 0);
+  EXPECT_THAT(fileContent(file), HasSubstr("Sim. M.C. per y = c\r\nDensita` di Probabilita`\r\n "));
+  EXPECT_EQ(batch("check '" + file + "'").exitCode, 0);
+  const BatchRun fit = batch("fit '" + file + "' --catalogue 1,1 --par c=1");
+  EXPECT_EQ(fit.exitCode, 0) << fit.errors;
+}
+
+TEST(BatchPropagate, AFailedPropagationHasExitCodeOne) {
+  const BatchRun flat = batch("propagate --catalogue 1,1 --par c=3 --json");
+  EXPECT_EQ(flat.exitCode, 1);
+  EXPECT_EQ(flat.errors,
+            "VOR_KEL: Errori nella Simulazione di Monte Carlo\nla funzione NON dipende dalle variabili\n");
+  EXPECT_THAT(flat.output, HasSubstr("\"status\": \"no_dependence\""));
+  const BatchRun root = batch("propagate --function 'SQR(a)' --par a=0,1 --json");
+  EXPECT_EQ(root.exitCode, 1);
+  EXPECT_EQ(root.errors, "VOR_KEL: Errori nel Calcolo delle Derivate Parziali\n");
+  EXPECT_THAT(root.output, HasSubstr("\"value\": null"));
+  EXPECT_THAT(root.output, HasSubstr("\"samples\": null"));
+}
+
+TEST(BatchPropagate, BadArgumentsAreBadInput) {
+  for (const char* words :
+       {"propagate", "propagate --catalogue 1,1", "propagate --catalogue 1,1 --par c=1,due",
+        "propagate --catalogue 1,1 --par c=uno,2", "propagate --catalogue 1,1 --par c=1 --par d=1",
+        "propagate --catalogue 1,1 --par c=1 --par x=1 --par x=2", "propagate --function 'q*x' --par a=1"}) {
+    const BatchRun run = batch(words);
+    EXPECT_EQ(run.exitCode, 2) << words;
+    EXPECT_FALSE(run.errors.empty()) << words;
+    EXPECT_EQ(run.output, "") << words;
+  }
+}
+
+// ---- simulate ----------------------------------------------------------------------------------------------
+
+TEST(BatchSimulate, WritesTheDataAndPrintsTheScreenOfTheFit) {
+  const std::string file = temporaryFile("OUT.DAT", "");
+  const BatchRun run =
+      batch("simulate " + kLine + "--xmin -5 --xmax 5 --points 21 --dy .5 --dy-absolute --seed 1 -o '" +
+            file + "'");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  for (const char* text : {"y = bx+c", "Completata", "Mat. Cor.%"}) EXPECT_THAT(run.output, HasSubstr(text));
+  EXPECT_THAT(fileContent(file), HasSubstr("x\r\ny\r\n 21\r\n -5.00000E+00 "));
+  const BatchRun fit = batch("fit '" + file + "' --catalogue 1,2 --par b=1 --par c=0");
+  EXPECT_EQ(fit.exitCode, 0) << fit.errors;
+}
+
+TEST(BatchSimulate, ErrorsOfXMakeAFourthColumn) {
+  const std::string file = temporaryFile("OUT.DAT", "");
+  EXPECT_EQ(batch("simulate " + kLine + "--dx 2 --seed 1 -o '" + file + "'").exitCode, 0);
+  EXPECT_THAT(fileContent(file), HasSubstr("x\r\ny\r\n 11 1\r\n"));
+}
+
+TEST(BatchSimulate, GivesSettingsTruthAndFitAsOneObject) {
+  const BatchRun run = batch("simulate " + kLine + "--points 4 --dx .5 --dx-absolute --seed 3 --json");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  for (const char* text :
+       {"\"points\": 4", "\"error_y_absolute\": false", "\"error_x\": 0.5", "\"error_x_absolute\": true",
+        "\"seed\": 3", "\"truth\"", "\"value\": -1", "\"error_linearised\"", "\"status\": \"completed\""}) {
+    EXPECT_THAT(run.output, HasSubstr(text));
+  }
+  EXPECT_EQ(batch("simulate " + kLine + "--points 4 --dx .5 --dx-absolute --seed 3 --json").output,
+            run.output);
+  EXPECT_NE(batch("simulate " + kLine + "--points 4 --dx .5 --dx-absolute --seed 4 --json").output,
+            run.output);
+}
+
+TEST(BatchSimulate, SettingsThatAreNotReasonableAreToldAndNothingIsDone) {
+  const std::string file = temporaryFile("OUT.DAT", "before");
+  const BatchRun run = batch("simulate " + kLine + "--xmin 20 -o '" + file + "'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_THAT(run.errors, HasSubstr("*** Xmin > Xmax: Scambiati Xmin e Xmax\n"));
+  EXPECT_EQ(run.output, "");
+  EXPECT_EQ(fileContent(file), "before");
+}
+
+TEST(BatchSimulate, BadArgumentsAreBadInput) {
+  for (const char* words : {"", "--catalogue 1,2", "--catalogue 1,2 --fixed b=1 --fixed c=1",
+                            "--catalogue 1,2 --par b=1 --par c=1 --points molti",
+                            "--catalogue 1,2 --par b=1 --par c=1 --points 1E9"}) {
+    const BatchRun run = batch(std::string("simulate ") + words);
+    EXPECT_EQ(run.exitCode, 2) << words;
+    EXPECT_FALSE(run.errors.empty()) << words;
+    EXPECT_EQ(run.output, "") << words;
+  }
+}
+
+TEST(BatchSimulate, AFileThatCannotBeWrittenIsAFailure) {
+  EXPECT_EQ(batch("simulate " + kLine + "--seed 1 -o /nowhere/at/all/OUT.DAT").exitCode, 1);
+}
+
+// ---- transform ---------------------------------------------------------------------------------------------
+
+TEST(BatchTransform, PrintsTheNewDataFile) {
+  const BatchRun run = batch("transform " + dataFile() + "--x '-x' --y 'x*y' --title-y lavoro");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_EQ(run.output,
+            "t\nlavoro\n 2\n"
+            " -1.00000E+00   2.00000E+00   1.00000E-01 \n"
+            " -3.00000E+00   1.20000E+01   2.00000E-01 \n");
+}
+
+TEST(BatchTransform, WritesAFile) {
+  const std::string out = temporaryFile("OUT.DAT", "");
+  const BatchRun run =
+      batch("transform " + dataFile(kFourColumns) + "--dx '2*dx' --dy 'dy+dx' -o '" + out + "'");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_EQ(run.output, "");
+  EXPECT_EQ(fileContent(out),
+            "t\r\ns\r\n 2 1\r\n"
+            "  1.00000E+00   2.00000E+00   2.00000E-02   1.10000E-01 \r\n"
+            "  3.00000E+00   4.00000E+00   4.00000E-02   2.20000E-01 \r\n");
+}
+
+TEST(BatchTransform, GivesTheColumnsAsOneObject) {
+  const BatchRun run = batch("transform " + dataFile() + "--title-x tempo --json");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.output,
+            "{\n  \"title_x\": \"tempo\",\n  \"title_y\": \"s\",\n  \"x\": [\n    1,\n    3\n  ],\n"
+            "  \"y\": [\n    2,\n    4\n  ],\n  \"dx\": null,\n  \"dy\": [\n    0.1,\n    0.2\n  ]\n}\n");
+}
+
+TEST(BatchTransform, ABadFormulaIsBadInput) {
+  const BatchRun run = batch("transform " + dataFile() + "--y 'x+dx'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.errors, "VOR_KEL: Errore nella Definizione di  y  <*> per Continuare\n");
+  EXPECT_EQ(run.output, "");
+  EXPECT_EQ(batch("transform " + dataFile() + "--dx 'x'").exitCode, 2);
+  EXPECT_EQ(batch("transform /nowhere/at/all.dat").exitCode, 2);
+}
+
+}  // namespace
+}  // namespace vk

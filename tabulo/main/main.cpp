@@ -1,0 +1,13 @@
+#include <QApplication>
+
+#include "tabulo/Tabulo.h"
+#include "ui/qt/Toolkit.h"
+
+int main(int argc, char** argv) {
+  QApplication toolkit(argc, argv);
+  vk::setUpToolkit(toolkit);
+  toolkit.setQuitOnLastWindowClosed(true);
+  vk::Tabulo window;
+  window.show();
+  return QCoreApplication::exec();
+}

@@ -1,16 +1,26 @@
 #include "batch/Assignment.h"
 
+#include <algorithm>
+
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "batch/TerminalPorts.h"
 
 namespace vk {
+namespace {
+
+/// The compiler gets the names in one list: each must count as one there.
+bool isOneName(const std::string& name) {
+  return !name.empty() && name.find_first_of(" ,@") == std::string::npos;
+}
+
+}  // namespace
 
 Assignment parseAssignment(const std::string& argument) {
   const int equals = position(argument, "=");
   const std::string name = trim(left(argument, equals - 1));
   const std::string text = trim(mid(argument, equals + 1));
-  if (equals == 0 || name.empty() || !isNumeric(text)) {
+  if (equals == 0 || !isOneName(name) || !isNumeric(text)) {
     throw UsageError("\"" + argument + "\": si attende NOME=NUMERO");
   }
   return {name, text, scanNumber(text)};
@@ -18,7 +28,12 @@ Assignment parseAssignment(const std::string& argument) {
 
 std::vector<Assignment> parseAssignments(const std::vector<std::string>& arguments) {
   std::vector<Assignment> result;
-  for (const std::string& argument : arguments) result.push_back(parseAssignment(argument));
+  for (const std::string& argument : arguments) {
+    const Assignment next = parseAssignment(argument);
+    const auto same = [&](const Assignment& before) { return before.name == next.name; };
+    if (std::ranges::any_of(result, same)) throw UsageError(next.name + ": valore dato piu` di una volta");
+    result.push_back(next);
+  }
   return result;
 }
 

@@ -41,6 +41,23 @@ TEST(BatchEval, AssignmentsNeedANameAndANumber) {
   }
 }
 
+// Each of these would give the compiler another number of names than there are values.
+TEST(BatchEval, ANameThatIsMoreThanOneNameIsBadInput) {
+  for (const char* words : {"eval a+b a,b=3", "eval a 'a@b=3'", "eval ab 'a b=3'"}) {
+    const BatchRun run = batch(words);
+    EXPECT_EQ(run.exitCode, 2) << words;
+    EXPECT_EQ(run.output, "") << words;
+    EXPECT_THAT(run.errors, HasSubstr("si attende NOME=NUMERO")) << words;
+  }
+}
+
+TEST(BatchEval, AValueThatIsGivenTwiceIsBadInput) {
+  const BatchRun run = batch("eval x x=3 x=4");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.output, "");
+  EXPECT_THAT(run.errors, HasSubstr("x: valore dato piu` di una volta"));
+}
+
 TEST(BatchEval, ListsTheCompiledCode) {
   const BatchRun run = batch("eval --list 'A*SIN(B*x)' x=1 A=2 B=3");
   EXPECT_EQ(run.exitCode, 0);

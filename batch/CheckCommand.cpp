@@ -4,7 +4,6 @@
 #include <array>
 #include <iostream>
 
-#include "base/CodePage.h"
 #include "base/Text.h"
 #include "batch/DataInput.h"
 #include "expr/FunMod.h"
@@ -61,9 +60,7 @@ int runCheck(const std::string& fileName) {
     std::cout << fileName << ": nessun errore\n";
     return 0;
   }
-  std::string lines = toUtf8(errors, CodePage::kCp437);
-  std::erase(lines, '\r');
-  std::cout << lines;
+  std::cout << terminalText(errors);
   std::cerr << fileName << ": il file contiene errori\n";
   return 2;
 }

@@ -11,8 +11,7 @@ void checkAndLoad(Session& session, Files& files, Dialogs& dialogs, const std::s
   Flag hasXErrors;
   CheckDataFile(session, files, fileName, errors, declared, valid, hasXErrors);
   if (session.ErrFlag != 0) {
-    std::erase(errors, '\r');
-    throw UsageError(fileName + ":\n" + toUtf8(errors, CodePage::kCp437));
+    throw UsageError(fileName + ":\n" + terminalText(errors));
   }
   if (declared != valid) {
     dialogs.Get_Msg({.caption = "VOR_KEL: Lettura File Dati",

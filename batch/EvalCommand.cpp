@@ -4,7 +4,6 @@
 #include <charconv>
 #include <iostream>
 
-#include "base/CodePage.h"
 #include "base/Text.h"
 #include "batch/Assignment.h"
 #include "batch/TerminalPorts.h"
@@ -30,7 +29,7 @@ CompiledExpression compile(Session& session, const std::string& expression,
   CompiledExpression compiled;
   Int16 flag = kTrue;
   CompileExpression(session, "y@" + names + "@ @ @" + expression, compiled, flag);
-  if (flag != 0) throw UsageError(toUtf8(session.TraceText, CodePage::kCp437));
+  if (flag != 0) throw UsageError(terminalText(session.TraceText));
   for (int i = 1; i <= compiled.nVar; ++i) {
     compiled.Values[i] = variables[static_cast<std::size_t>(i - 1)].value;
   }
@@ -45,7 +44,7 @@ int runEval(const EvalArguments& arguments) {
   CompiledExpression compiled =
       compile(session, arguments.expression, parseAssignments(arguments.assignments));
   if (arguments.list) {
-    std::cout << toUtf8(listCode(compiled), CodePage::kCp437);
+    std::cout << terminalText(listCode(compiled));
     return 0;
   }
   loadSlots(compiled);

@@ -1,6 +1,5 @@
 #include "batch/ModelChoice.h"
 
-#include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "batch/DataInput.h"
@@ -11,13 +10,6 @@
 
 namespace vk {
 namespace {
-
-/// Report of a compiler or file reader for a terminal.
-std::string reportText(const std::string& report) {
-  std::string lines = toUtf8(report, CodePage::kCp437);
-  std::erase(lines, '\r');
-  return lines;
-}
 
 void take(Session& session, int inner, int outer) {
   session.fun.InnerIndex = inner;
@@ -35,7 +27,7 @@ void requireCompilable(Session& session, const std::string& formula, const std::
   CompiledExpression compiled;
   Int16 flag = kTrue;
   CompileExpression(session, "y@x@" + names + "@ @" + formula, compiled, flag);
-  if (flag != 0) throw UsageError(reportText(session.TraceText));
+  if (flag != 0) throw UsageError(terminalText(session.TraceText));
   session.TraceEnabled = kFalse;
   session.TraceText.clear();
 }
@@ -70,7 +62,7 @@ void useFunctionFile(Session& session, Files& files, const std::string& fileName
   std::string name = fileName;
   ReadFunctionFile(session, files, report, name, kFalse);
   session.TraceEnabled = kFalse;
-  if (session.ErrFlag != 0) throw UsageError(fileName + ":\n" + reportText(report.request().text));
+  if (session.ErrFlag != 0) throw UsageError(fileName + ":\n" + terminalText(report.request().text));
   const auto count = static_cast<int>(session.catalogue.file.entries.size());
   if (entry < 1 || entry > count) {
     throw UsageError("--entry: il file " + fileName + " contiene le funzioni da 1 a " +

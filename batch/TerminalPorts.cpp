@@ -16,6 +16,12 @@ void tell(const std::string& title, const std::string& text) {
 
 }  // namespace
 
+std::string terminalText(const std::string& text) {
+  std::string lines = toUtf8(text, CodePage::kCp437);
+  std::erase(lines, '\r');
+  return lines;
+}
+
 int TerminalDialogs::Get_Msg(const MessageRequest& request) {
   tell(request.caption, request.text);
   return 1;

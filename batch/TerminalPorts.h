@@ -16,6 +16,9 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// A report or a file of the program as a terminal shows it: UTF-8 with bare line feeds.
+std::string terminalText(const std::string& text);
+
 /// Nobody sits at a terminal run: messages go to the error stream and the first button is taken.
 class TerminalDialogs : public Dialogs {
  public:

@@ -62,11 +62,6 @@ Json report(const DataSet& data) {
   };
 }
 
-void printLines(std::string text) {
-  std::erase(text, '\r');
-  std::cout << toUtf8(text, CodePage::kCp437);
-}
-
 }  // namespace
 
 int runTransform(const TransformArguments& arguments) {
@@ -82,7 +77,7 @@ int runTransform(const TransformArguments& arguments) {
   if (arguments.json) {
     std::cout << report(session.data).text() << '\n';
   } else if (arguments.outputFile.empty()) {
-    printLines(text);
+    std::cout << terminalText(text);
   }
   return kExitDone;
 }

@@ -58,6 +58,10 @@ TEST(BatchEval, AValueThatIsGivenTwiceIsBadInput) {
   EXPECT_THAT(run.errors, HasSubstr("x: valore dato piu` di una volta"));
 }
 
+TEST(BatchEval, TheReportOfTheCompilerHasTheLineEndsOfATerminal) {
+  EXPECT_EQ(batch("eval 'a*2'").errors.find('\r'), std::string::npos);
+}
+
 TEST(BatchEval, ListsTheCompiledCode) {
   const BatchRun run = batch("eval --list 'A*SIN(B*x)' x=1 A=2 B=3");
   EXPECT_EQ(run.exitCode, 0);

@@ -2,9 +2,12 @@
 // Exit codes: 0 done, 1 the computation failed, 2 bad input or usage.
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <functional>
 #include <iostream>
 #include <map>
+#include <string>
+#include <vector>
 
 #include "base/CodePage.h"
 #include "base/RuntimeError.h"
@@ -151,7 +154,22 @@ void addEval(CLI::App& app, Commands& commands) {
   };
 }
 
-int run(int argc, char** argv) {
+/// The words of the command line. "eval" takes all of its words as they are, so a "--" in front of them says
+/// nothing new; the option reader would give what follows it to nobody.
+std::vector<std::string> commandLine(int argc, char** argv) {
+  std::vector<std::string> words(argv + 1, argv + argc);
+  if (!words.empty() && words.front() == "eval") std::erase(words, "--");
+  return words;
+}
+
+/// The exit code of a run, which has failed as well when its output could not be written.
+int withOutputWritten(int code) {
+  if (std::cout.flush()) return code;
+  std::cerr << "Errore di scrittura\n";
+  return code == kExitDone ? kExitFailed : code;
+}
+
+int run(std::vector<std::string> words) {
   CLI::App app("Vor_Kel da terminale: analisi di dati misurati", "vor_kel_batch");
   app.set_help_flag("--help", "Mostra questo aiuto");
   app.require_subcommand(1);
@@ -163,7 +181,8 @@ int run(int argc, char** argv) {
   addSimulate(app, commands);
   addTransform(app, commands);
   try {
-    app.parse(argc, argv);
+    std::ranges::reverse(words);  // the reader takes them from the end
+    app.parse(words);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kExitDone : kExitBadInput;
   }
@@ -174,7 +193,7 @@ int run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
-    return run(argc, argv);
+    return withOutputWritten(run(commandLine(argc, argv)));
   } catch (const UsageError& error) {
     std::cerr << error.what() << '\n';
     return kExitBadInput;

@@ -41,6 +41,11 @@ TEST(BatchEval, AssignmentsNeedANameAndANumber) {
   }
 }
 
+TEST(BatchEval, TheWordsBehindADoubleDashAreTheFormulaAndItsValues) {
+  EXPECT_EQ(batch("eval -- '-x^2' x=3").output, "-9\n");
+  EXPECT_EQ(batch("eval --list -- '-x' x=3").output, batch("eval --list '-x' x=3").output);
+}
+
 // Each of these would give the compiler another number of names than there are values.
 TEST(BatchEval, ANameThatIsMoreThanOneNameIsBadInput) {
   for (const char* words : {"eval a+b a,b=3", "eval a 'a@b=3'", "eval ab 'a b=3'"}) {
@@ -167,6 +172,12 @@ TEST(BatchFit, ABadDataFileIsToldWithItsOwnList) {
             "' --catalogue 1,1 --par c=0");
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_THAT(run.errors, HasSubstr("***ERR. Linea 4; Dato 3: tre"));
+}
+
+TEST(BatchUsage, AResultThatCannotBeWrittenIsAFailure) {
+  // The shell ends with the code of the first command; what the helper adds behind it is not reached.
+  EXPECT_EQ(batch("eval 1 > /dev/full; exit $?;").exitCode, 1);
+  EXPECT_EQ(batch("--help > /dev/full; exit $?;").exitCode, 1);
 }
 
 TEST(BatchUsage, WithoutACommandOrWithAnUnknownOneHelps) {

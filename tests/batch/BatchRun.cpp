@@ -7,13 +7,17 @@
 #include <fstream>
 #include <sstream>
 
+#include "doubles/TemporaryFolder.h"
+
 namespace vk {
 namespace {
 
+/// A folder for each test, within one that no other run has and that goes with the program.
 std::filesystem::path testFolder() {
+  static const TemporaryFolder ofTheRun;
   const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
-  const auto folder = std::filesystem::path(::testing::TempDir()) /
-                      (std::string("vor_kel_") + test->test_suite_name() + "_" + test->name());
+  const auto folder =
+      std::filesystem::path(ofTheRun.path()) / (std::string(test->test_suite_name()) + "_" + test->name());
   std::filesystem::create_directories(folder);
   return folder;
 }

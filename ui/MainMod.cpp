@@ -3,9 +3,11 @@
 #include <array>
 #include <exception>
 
-#include "analysis/FitMod.h"
-#include "analysis/FitScreen.h"
+#include "analysis/FitCommands.h"
 #include "analysis/InitialParameters.h"
+#include "analysis/Module6.h"
+#include "analysis/Simulation.h"
+#include "analysis/Transformation.h"
 #include "expr/FunMod.h"
 #include "expr/FunctionCommands.h"
 #include "session/DataCommands.h"
@@ -56,8 +58,8 @@ const MainMod::Handler* MainMod::findHandler(std::string_view control) {
       Handler{"MenDatLet", &MainMod::menDatLet},
       Handler{"MenDatMod", &MainMod::menDatMod},
       Handler{"MenDatSav", &MainMod::menDatSav},
-      Handler{"MenDatTra", &MainMod::notThereYet},
-      Handler{"MenDatSim", &MainMod::notThereYet},
+      Handler{"MenDatTra", &MainMod::menDatTra},
+      Handler{"MenDatSim", &MainMod::menDatSim},
       Handler{"MenDatOld", nullptr, &MainMod::recent<kDataKind>},
       Handler{"MenFunSel", &MainMod::menFunSel},
       Handler{"MenFunLet", &MainMod::menFunLet},
@@ -144,7 +146,17 @@ void MainMod::end(const RuntimeError& error) {
 }
 
 void MainMod::runInputAction(int action) {
-  if (action == kStoreParameters) StoreParameters(session_, ports_.window);
+  switch (action) {
+    case kStoreParameters:
+      StoreParameters(session_, ports_.window);
+      break;
+    case kTransformData:
+      TransformData(session_, ports_.dialogs, ports_.window);
+      break;
+    case kSimulateData:
+      SimulateData(session_, ports_.dialogs, ports_.window, ports_.random, [this] { menAdaAda(); });
+      break;
+  }
 }
 
 void MainMod::notThereYet() {
@@ -183,6 +195,12 @@ void MainMod::menDatMod() {
 void MainMod::menDatSav() {
   MenDatSav(session_, ports_.files, ports_.dialogs);
 }
+void MainMod::menDatTra() {
+  MenDatTra(session_, ports_.input);
+}
+void MainMod::menDatSim() {
+  MenDatSim(session_, ports_.input);
+}
 void MainMod::menFunSel() {
   MenFunSel(session_, ports_.window, ports_.functions);
 }
@@ -214,16 +232,16 @@ void MainMod::menAdaPar() {
   MenAdaPar(session_, ports_.input);
 }
 void MainMod::menAdaAda() {
-  if (!canFit(session_, ports_.dialogs)) return;
-  const FlagOn running(session_.FitRunning);
-  FitScreen screen(session_, ports_.output);
-  FitData(session_, ports_.dialogs, ports_.window, ports_.clock, screen);
+  MenAdaAda(session_, ports_.dialogs, ports_.window, ports_.output, ports_.clock);
 }
 void MainMod::menSerCal() {
   MenSerCal(ports_.files, ports_.process, ports_.dialogs);
 }
 void MainMod::menSerPro() {
-  MenSerPro(session_, ports_.input, [this] { notThereYet(); });
+  MenSerPro(session_, ports_.input, [this] {
+    PropagateErrors(
+        session_, {ports_.dialogs, ports_.window, ports_.output, ports_.files, ports_.clock, ports_.random});
+  });
 }
 void MainMod::menSerErr() {
   MenSerErr(session_, ports_.window);

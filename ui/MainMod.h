@@ -13,6 +13,7 @@
 #include "platform/MainWindow.h"
 #include "platform/OutputWindow.h"
 #include "platform/Process.h"
+#include "platform/Random.h"
 #include "platform/Sound.h"
 #include "session/Session.h"
 #include "ui/MainPanels.h"
@@ -31,6 +32,7 @@ struct Ports {
   Clock& clock;
   Sound& sound;
   Process& process;
+  Random& random;
 };
 
 class MainMod {
@@ -68,6 +70,8 @@ class MainMod {
   void menDatLet();
   void menDatMod();
   void menDatSav();
+  void menDatTra();
+  void menDatSim();
   void menFunSel();
   void menFunLet();
   void menFunMod();

@@ -78,12 +78,13 @@ class MainModTest : public testing::Test {
   StillClock clock;
   RecordingSound sound;
   RecordingProcess process;
+  CyclingRandom random{{0.5F, 0.75F, 0.25F, 0.875F, 0.375F}};
   RecordingPanelView view;
   MainPanels panels{session, files, window};
   std::vector<int> exitCodes;
   std::function<void()> atShowing = [] {};
   MainMod mainMod{session,
-                  {files, dialogs, window, input, output, functions, clock, sound, process},
+                  {files, dialogs, window, input, output, functions, clock, sound, process, random},
                   panels,
                   [this](int code) { exitCodes.push_back(code); }};
 
@@ -341,11 +342,47 @@ TEST_F(MainModTest, PropagationAsksForErrorsAndLeavesNoFlag) {
   EXPECT_EQ(input.shown.at(0).caption, "VOR_KEL: Propagazione Errori");
   EXPECT_EQ(session.PropagationMode, kTrue);
   EXPECT_EQ(session.ErrFlag, 0);
-  input.execute({"1", "1", "1", "0", "0", "0"});
-  dialogs.expectBox();
+  input.execute({"1", "1", "1", "0", "-.5", "0"});
   mainMod.run("MenSerPro");
-  expectBox("VOR_KEL", kNotYet);
   EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_EQ(output.request().caption, "VOR_KEL: Propagazione Errori");
+  EXPECT_TRUE(output.isOpen());
+  EXPECT_TRUE(window.enabled);
+  EXPECT_THAT(random.seeds, ElementsAre(clock.now));
+  EXPECT_EQ(window.panels[5], "Par.Var.: NO");
+}
+
+TEST_F(MainModTest, AHistogramIsSavedInTheFolderOfDataFiles) {
+  start();
+  chooseLine();
+  input.execute({"1", "1", "1", "0", "-.5", "0"});
+  mainMod.run("MenSerPro");
+  output.saveRoutine()();
+  EXPECT_THAT(files.written, ElementsAre("/program/Mon_Sim.DAT"));
+}
+
+TEST_F(MainModTest, DataAreTransformed) {
+  start();
+  readData();
+  input.execute({"x", "y", "x*2", "y", "dy"});
+  mainMod.run("MenDatTra");
+  EXPECT_EQ(input.shown.at(0).caption, "VOR_KEL: Trasformazione Dati");
+  EXPECT_EQ(session.data.Xpnt[3], 4);
+}
+
+TEST_F(MainModTest, DataAreSimulatedAndFittedUnderTheFlagOfTheFit) {
+  start();
+  chooseLine();
+  input.execute({"2", "1", "1", "1"});
+  mainMod.run("MenAdaPar");
+  input.execute({"0", "10", "11", "1", "1", "0", "0"});
+  mainMod.run("MenDatSim");
+  EXPECT_EQ(input.shown.at(1).caption, "VOR_KEL: Simulazione Dati");
+  EXPECT_EQ(window.panels[1], "Dati: SIMULA.DAT");
+  EXPECT_THAT(output.fitRunning, ElementsAre(kTrue));
+  EXPECT_EQ(session.FitRunning, kFalse);
+  EXPECT_EQ(session.par.ParValues[1], 2);
+  EXPECT_THAT(random.seeds, IsEmpty());
 }
 
 TEST_F(MainModTest, TheCalculatorIsStartedAtEachClick) {

@@ -18,9 +18,10 @@ Application::Application(Files& files, std::function<void(int)> quit)
     : files_(files),
       quit_(std::move(quit)),
       forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &message_},
-      mainMod_(session_,
-               {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_},
-               panels_, quit_) {
+      mainMod_(
+          session_,
+          {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_, random_},
+          panels_, quit_) {
   windows_.add(Form::kMain, &window_);
   windows_.add(Form::kInput, &inputForm_);
   windows_.add(Form::kOutput, &output_.form());

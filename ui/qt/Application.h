@@ -6,6 +6,7 @@
 
 #include "platform/system/SystemClock.h"
 #include "platform/system/SystemFiles.h"
+#include "platform/system/SystemRandom.h"
 #include "session/Session.h"
 #include "ui/InpMod.h"
 #include "ui/MainMod.h"
@@ -70,6 +71,7 @@ class Application {
   SystemClock clock_;
   QtSound sound_;
   QtProcess process_;
+  SystemRandom random_;
   QtClipboard clipboard_{session_};
   QtDialogs dialogs_{windows_, message_};
   QtPrinter printer_{files_, dialogs_};

@@ -158,6 +158,8 @@ std::u32string toUnicode(std::string_view text, CodePage page) {
 
 std::optional<char> fromUnicode(char32_t c, CodePage page) {
   const auto& table = tableOf(page);
+  // Most characters stand at their own code; a long text need not search for them.
+  if (c < table.size() && table[c] == c) return static_cast<char>(c);
   for (std::size_t i = 0; i < table.size(); ++i) {
     if (table[i] == c) return static_cast<char>(i);
   }

@@ -6,7 +6,14 @@
 
 namespace vk {
 
-/// The clipboard, as far as texts go; windows put their pictures there themselves.
+/// A text from the clipboard, code page 437.
+struct ClipboardText {
+  std::string text{};
+  bool complete = true;  ///< false when characters without a place in the code page were left out
+};
+
+/// The clipboard, as far as texts go; windows put their pictures there themselves. Lines of texts end in CR LF,
+/// whatever other programs use.
 class Clipboard {
  public:
   virtual ~Clipboard() = default;
@@ -15,8 +22,8 @@ class Clipboard {
   virtual void setText(const std::string& text) = 0;
   /// A grid of characters and frames as a bitmap, with its text beside it for programs that take no pictures.
   virtual void setGrid(const CharGrid& grid) = 0;
-  /// The text on the clipboard; empty when it holds none. Signs outside the code page become "?".
-  virtual std::string text() = 0;
+  /// The text on the clipboard; empty when it holds none.
+  virtual ClipboardText text() = 0;
 };
 
 }  // namespace vk

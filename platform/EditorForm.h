@@ -2,27 +2,37 @@
 
 #include <string>
 
-#include "base/Int16.h"
-
 namespace vk {
 
-/// The text editor `FrmEdi`.
+/// The controls of the editor, of which one holds the text: the plain box, and the one for large files.
+enum class EditControl { kTxtEdiOld, kTxtEdi };
+
+/// The text editor `FrmEdi`. Texts are 8-bit, code page 437. Each pair of CR and LF ends a line; a CR or LF of its
+/// own is a character of its line and comes back as such.
 class EditorForm {
  public:
   virtual ~EditorForm() = default;
 
-  /// Shows a text for editing, modeless, with the main window disabled. `rich` selects the control for large
-  /// files. The text is code page 437 with CR LF line ends.
-  virtual void showEditor(const std::string& caption, const std::string& text, bool rich) = 0;
-
-  /// The text as it stands in the control, CR LF line ends.
-  virtual std::string editorText() = 0;
-
-  /// Gives the focus back to the control; the editor stays open.
+  /// Empties the control, gives it the text, and shows the editor, modeless, with the caret at the start and the
+  /// palette closed. What was done to an earlier text cannot be undone.
+  virtual void showEditor(const std::string& caption, const std::string& text, EditControl control) = 0;
+  /// The editor vanishes; its text stays until the next showing.
+  virtual void hideEditor() = 0;
+  /// The focus goes back to the control; the editor stays open.
   virtual void focusEditor() = 0;
 
-  /// Hides the editor, enables and refreshes the main window.
-  virtual void closeEditor() = 0;
+  /// The text as it stands in the control.
+  virtual std::string editorText() = 0;
+  /// The selected part of it; empty when nothing is selected.
+  virtual std::string SelText() = 0;
+  /// Puts a text in at `SelStart`, the start of the selection or the caret. What is selected stays, without its
+  /// selection; the caret stands at `SelStart`, before the new text.
+  virtual void insertText(const std::string& text) = 0;
+
+  /// Shows the palette and disables the control.
+  virtual void showPalette() = 0;
+  /// Closes the palette and enables the control again.
+  virtual void hidePalette() = 0;
 };
 
 }  // namespace vk

@@ -166,7 +166,7 @@ void MainMod::notThereYet() {
 void MainMod::edit(const std::string& caption, Int16 kind) {
   std::string name;
   PickFile(session_, ports_.files, ports_.dialogs, caption, name, kind, kPickForEditor);
-  if (session_.ErrFlag == 0) notThereYet();
+  if (session_.ErrFlag == 0) editor_.OpenEditor(name, kind);
 }
 
 void MainMod::drawFigure(int figure) {

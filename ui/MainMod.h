@@ -16,6 +16,7 @@
 #include "platform/Random.h"
 #include "platform/Sound.h"
 #include "session/Session.h"
+#include "ui/Editor.h"
 #include "ui/MainPanels.h"
 
 /// Start-up and main dispatch: which command each menu entry runs.
@@ -38,8 +39,9 @@ struct Ports {
 class MainMod {
  public:
   /// `quit` ends the program with an exit code.
-  MainMod(Session& session, const Ports& ports, MainPanels& panels, std::function<void(int)> quit)
-      : session_(session), ports_(ports), panels_(panels), quit_(std::move(quit)) {}
+  MainMod(Session& session, const Ports& ports, MainPanels& panels, Editor& editor,
+          std::function<void(int)> quit)
+      : session_(session), ports_(ports), panels_(panels), editor_(editor), quit_(std::move(quit)) {}
 
   /// Runs once, when all forms are there: folders, first menu states, the main window by `showMainWindow`,
   /// the welcome, the catalogue, the sound of the start.
@@ -97,6 +99,7 @@ class MainMod {
   Session& session_;
   Ports ports_;
   MainPanels& panels_;
+  Editor& editor_;
   std::function<void(int)> quit_;
   bool ended_ = false;
 };

@@ -100,13 +100,14 @@ class RecordingPrinter : public Printer {
 class RecordingClipboard : public Clipboard {
  public:
   std::string held;
+  bool complete = true;  ///< whether all characters of what is held have a place in the code page
   CharGrid grid;
   std::vector<std::string> calls;  ///< "clear", "text", "grid" in order
 
   void clear() override { calls.emplace_back("clear"), held.clear(), grid = CharGrid(); }
   void setText(const std::string& text) override { calls.emplace_back("text"), held = text; }
   void setGrid(const CharGrid& shown) override { calls.emplace_back("grid"), grid = shown; }
-  std::string text() override { return held; }
+  ClipboardText text() override { return {held, complete}; }
 };
 
 /// A main window that remembers its state instead of showing it.

@@ -4,6 +4,7 @@
 
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
+#include "doubles/RecordingEditorForm.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
 #include "session/Commands.h"
@@ -45,7 +46,10 @@ class FlagOutput : public RecordingOutput {
 
 class MainModTest : public testing::Test {
  protected:
-  MainModTest() { panels.setView(view); }
+  MainModTest() {
+    panels.setView(view);
+    editor.setForm(editorForm);
+  }
   void start() {
     dialogs.press(1);
     mainMod.StartUp([this] { atShowing(); });
@@ -81,11 +85,16 @@ class MainModTest : public testing::Test {
   CyclingRandom random{{0.5F, 0.75F, 0.25F, 0.875F, 0.375F}};
   RecordingPanelView view;
   MainPanels panels{session, files, window};
+  RecordingClipboard clipboard;
+  RecordingPrinter printer;
+  RecordingEditorForm editorForm;
+  Editor editor{session, {files, dialogs, window, output, clipboard, printer, sound}};
   std::vector<int> exitCodes;
   std::function<void()> atShowing = [] {};
   MainMod mainMod{session,
                   {files, dialogs, window, input, output, functions, clock, sound, process, random},
                   panels,
+                  editor,
                   [this](int code) { exitCodes.push_back(code); }};
 
   static constexpr const char* kNotYet = "Questo Comando non e` ancora Disponibile!     <*> per Continuare";
@@ -232,21 +241,25 @@ TEST_F(MainModTest, ModifyCommandsPickForTheEditor) {
   } cases[] = {{"MenDatMod", "VOR_KEL: Modifica File Dati", "File Dati (*.DAT)", kDataKind},
                {"MenFunMod", "VOR_KEL: Modifica File Funzioni", "File Funzioni (*.FCN)", kFunctionKind},
                {"MenGraModFil", "VOR_KEL: Modifica File Grafico", "File Grafici (*.GRA)", kGraphicKind}};
+  files.content["/nota.txt"] = "testo\r\n";
   for (const auto& c : cases) {
     dialogs.fileRequests.clear();
-    dialogs.pick("/manca.txt");
-    dialogs.expectBox();
+    dialogs.pick("/nota.txt");
     mainMod.run(c.control);
     const FileRequest& asked = dialogs.fileRequests.at(0);
     EXPECT_EQ(asked.caption, c.caption);
     EXPECT_FALSE(asked.save);
     EXPECT_NE(asked.filter.find(c.filter), std::string::npos) << asked.filter;
     EXPECT_EQ(session.FileKind, c.kind);
-    expectBox("VOR_KEL", kNotYet);
+    EXPECT_EQ(editorForm.caption, std::string(c.caption) + " /nota.txt");
+    EXPECT_TRUE(editorForm.visible);
+    EXPECT_FALSE(window.enabled);
+    editor.MnuFilRin();
 
     dialogs.pick(std::nullopt);
     mainMod.run(c.control);
-    EXPECT_EQ(session.ErrFlag, kCancelled) << "a cancel opens nothing";
+    EXPECT_EQ(session.ErrFlag, kCancelled);
+    EXPECT_FALSE(editorForm.visible) << "a cancel opens nothing";
   }
 }
 

@@ -17,18 +17,20 @@ constexpr int kShowingTime = 500;  // ms
 Application::Application(Files& files, std::function<void(int)> quit)
     : files_(files),
       quit_(std::move(quit)),
-      forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &message_},
+      forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &editForm_, &message_},
       mainMod_(
           session_,
           {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_, random_},
-          panels_, quit_) {
+          panels_, editor_, quit_) {
   windows_.add(Form::kMain, &window_);
   windows_.add(Form::kInput, &inputForm_);
   windows_.add(Form::kOutput, &output_.form());
+  windows_.add(Form::kEditor, &editForm_);
   windows_.add(Form::kSelect, &selectForm_);
   windows_.add(Form::kLoad, &loadForm_);
   window_.buildPanels(session_, panels_, runner());
   panels_.setView(window_);
+  editor_.setForm(editForm_);
   window_.command = [this](const std::string& control) { mainMod_.run(control); };
   window_.unload = [this] { unload(); };
   inputForm_.setAction([this](int action) { mainMod_.runInputAction(action); });

@@ -8,10 +8,12 @@
 #include "platform/system/SystemFiles.h"
 #include "platform/system/SystemRandom.h"
 #include "session/Session.h"
+#include "ui/Editor.h"
 #include "ui/InpMod.h"
 #include "ui/MainMod.h"
 #include "ui/MainPanels.h"
 #include "ui/qt/Breath.h"
+#include "ui/qt/FrmEdi.h"
 #include "ui/qt/FrmMsg.h"
 #include "ui/qt/InpFrm.h"
 #include "ui/qt/Loa_Fun.h"
@@ -85,6 +87,8 @@ class Application {
   Loa_Fun loadForm_{load_, windows_};
   QtOutput output_{{session_, windows_, printer_, clipboard_, runner()}, breath_};
   InpFrm inputForm_{input_, windows_};
+  Editor editor_{session_, {files_, dialogs_, window_, output_, clipboard_, printer_, sound_}};
+  FrmEdi editForm_{editor_, {session_, windows_, sound_, runner()}};
   FrmMsg message_{windows_, session_.FontLabel};
   std::vector<QWidget*> forms_;
 

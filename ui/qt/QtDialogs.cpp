@@ -18,6 +18,7 @@ void activate(QWidget* owner) {
 
 QWidget* QtDialogs::inFront() const {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (QWidget* editor = windows_.shown(Form::kEditor)) return editor;
   return windows_.shown(Form::kMain);
 }
 

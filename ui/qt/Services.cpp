@@ -35,7 +35,7 @@ void QtClipboard::clear() {
 }
 
 void QtClipboard::setText(const std::string& text) {
-  QGuiApplication::clipboard()->setText(fromCp437(text));
+  QGuiApplication::clipboard()->setText(fromLines437(text));
 }
 
 void QtClipboard::setGrid(const CharGrid& grid) {
@@ -45,8 +45,9 @@ void QtClipboard::setGrid(const CharGrid& grid) {
   QGuiApplication::clipboard()->setMimeData(content);
 }
 
-std::string QtClipboard::text() {
-  return toCp437(QGuiApplication::clipboard()->text());
+ClipboardText QtClipboard::text() {
+  const TakenText taken = takeForCp437(QGuiApplication::clipboard()->text());
+  return {toLines437(taken.text), taken.complete};
 }
 
 void QtSound::beep() {

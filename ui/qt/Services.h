@@ -17,7 +17,7 @@ class QtClipboard : public Clipboard {
   void clear() override;
   void setText(const std::string& text) override;
   void setGrid(const CharGrid& grid) override;
-  std::string text() override;
+  ClipboardText text() override;
 
  private:
   const Session& session_;

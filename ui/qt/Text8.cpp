@@ -4,9 +4,61 @@
 #include <QStringDecoder>
 
 #include "base/CodePage.h"
+#include "base/Text.h"
 
 namespace vk {
 namespace {
+
+/// Signs of the two codes that a text of lines keeps for its line ends.
+constexpr char32_t kSignOfCr = 0x266A;
+constexpr char32_t kSignOfLf = 0x25D9;
+
+constexpr char32_t kLineSeparator = 0x2028;
+constexpr char32_t kParagraphSeparator = 0x2029;
+
+bool isLineBreak(char32_t c) {
+  return c == '\n' || c == kLineSeparator || c == kParagraphSeparator;
+}
+
+char32_t fromLineCharacter(char c) {
+  switch (c) {
+    case '\r':
+      return kSignOfCr;
+    case '\n':
+      return kSignOfLf;
+    default:
+      return toUnicode(c, CodePage::kCp437);
+  }
+}
+
+char toLineCharacter(char32_t c) {
+  switch (c) {
+    case kSignOfCr:
+      return '\r';
+    case kSignOfLf:
+      return '\n';
+    default:
+      return fromUnicode(c, CodePage::kCp437).value_or('?');
+  }
+}
+
+/// Micro sign, sharp s and the capital sigma serve as Greek mu, Greek beta and the sign of a sum as well.
+char32_t lookalike(char32_t c) {
+  switch (c) {
+    case U'\u03BC':
+      return U'\u00B5';
+    case U'\u03B2':
+      return U'\u00DF';
+    case U'\u2211':
+      return U'\u03A3';
+    default:
+      return c;
+  }
+}
+
+bool hasPlace(char32_t c) {
+  return c == kSignOfCr || c == kSignOfLf || fromUnicode(c, CodePage::kCp437).has_value();
+}
 
 QString fromPage(std::string_view text, CodePage page) {
   return QString::fromStdU32String(toUnicode(text, page));
@@ -22,6 +74,47 @@ std::string toCp437(const QString& text) {
   std::string result;
   for (const char32_t c : text.toStdU32String()) result += fromUnicode(c, CodePage::kCp437).value_or('?');
   return result;
+}
+
+QString fromLines437(std::string_view text) {
+  std::u32string shown;
+  shown.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text.substr(i, 2) == kCrLf) {
+      shown += U'\n';
+      ++i;
+    } else {
+      shown += fromLineCharacter(text[i]);
+    }
+  }
+  return QString::fromStdU32String(shown);
+}
+
+std::string toLines437(const QString& text) {
+  std::string result;
+  for (const char32_t c : text.toStdU32String()) {
+    if (isLineBreak(c)) {
+      result += kCrLf;
+    } else {
+      result += toLineCharacter(c);
+    }
+  }
+  return result;
+}
+
+TakenText takeForCp437(const QString& text) {
+  TakenText taken;
+  QString unified = text.normalized(QString::NormalizationForm_C);
+  unified.replace("\r\n", "\n").replace('\r', '\n');
+  for (const char32_t c : unified.toStdU32String()) {
+    const char32_t known = isLineBreak(c) ? U'\n' : lookalike(c);
+    if (hasPlace(known)) {
+      taken.text += QString::fromUcs4(&known, 1);
+    } else {
+      taken.complete = false;
+    }
+  }
+  return taken;
 }
 
 bool fitsCp437(const QString& text) {

@@ -11,6 +11,20 @@ namespace vk {
 QString fromCp437(std::string_view text);
 /// Back again; a character without a place in the code page becomes "?".
 std::string toCp437(const QString& text);
+/// A text of several lines, code page 437: each pair of CR and LF becomes "\n", and a CR or LF of its own the sign
+/// that its code has on character screens.
+QString fromLines437(std::string_view text);
+/// Back again; every line break of the toolkit becomes the pair.
+std::string toLines437(const QString& text);
+
+/// What code page 437 takes of a text from outside.
+struct TakenText {
+  QString text;
+  bool complete = true;  ///< false when characters without a place were left out
+};
+/// Letters that the code page keeps under a lookalike become that one; line breaks of any kind become "\n".
+TakenText takeForCp437(const QString& text);
+
 /// True when every character of the text has a place in code page 437.
 bool fitsCp437(const QString& text);
 

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/EditorForm.h"
+
+namespace vk {
+
+/// An editor form that holds its text instead of showing it; the test types by changing the fields.
+class RecordingEditorForm : public EditorForm {
+ public:
+  std::string caption, text;
+  EditControl control = EditControl::kTxtEdiOld;
+  std::size_t SelStart = 0, SelLength = 0;
+  bool visible = false;
+  bool palette = false;
+  std::vector<std::string> calls;  ///< "show", "hide", "focus", "palette", "close palette" in order
+
+  void showEditor(const std::string& title, const std::string& shown, EditControl which) override {
+    calls.emplace_back("show");
+    visible = true;
+    caption = title;
+    text = shown;
+    control = which;
+    SelStart = SelLength = 0;
+  }
+  void hideEditor() override { calls.emplace_back("hide"), visible = false; }
+  void focusEditor() override { calls.emplace_back("focus"); }
+  std::string editorText() override { return text; }
+  std::string SelText() override { return text.substr(SelStart, SelLength); }
+  void insertText(const std::string& inserted) override {
+    text.insert(SelStart, inserted);
+    SelLength = 0;
+  }
+  void showPalette() override { calls.emplace_back("palette"), palette = true; }
+  void hidePalette() override { calls.emplace_back("close palette"), palette = false; }
+};
+
+}  // namespace vk

@@ -1,0 +1,265 @@
+#include "ui/Editor.h"
+
+#include <array>
+#include <utility>
+
+#include "base/Text.h"
+#include "expr/FunMod.h"
+#include "session/DataFiles.h"
+#include "session/TextLines.h"
+#include "ui/EditorLayout.h"
+
+namespace vk {
+namespace {
+
+constexpr const char* kCaption = "VOR_KEL: Modifica File";
+constexpr std::array<const char*, 3> kKindWords{"Dati", "Funzioni", "Grafico"};
+/// The most bytes that the plain box takes.
+constexpr std::size_t kPlainBoxLimit = 40000;
+constexpr int kTabColumns = 8;
+
+/// Answers about a file with errors.
+enum ErrorAnswer : int { kGoOnEditing = 1, kIgnore = 2, kShowErrors = 3 };
+
+/// The text of a file with its lines ended by CR LF; the last one too where the control takes whole lines.
+std::string textOfFile(const std::string& bytes, bool wholeLines) {
+  const TextLines file = splitLines(bytes);
+  std::string text;
+  for (const std::string_view line : file.lines) text.append(line).append(kCrLf);
+  text += file.rest;
+  if (wholeLines && !file.rest.empty()) text += kCrLf;
+  return text;
+}
+
+/// What the plain box leaves in the file: whole lines. Blanks behind the last line end are no line.
+std::string fileOfLines(const std::string& text) {
+  const std::size_t lastEnd = text.rfind(kCrLf);
+  const std::size_t whole = lastEnd == std::string::npos ? 0 : lastEnd + kCrLf.size();
+  if (trim(std::string_view(text).substr(whole)).empty()) return text.substr(0, whole);
+  return text + std::string(kCrLf);
+}
+
+/// Paper has no tab stops.
+std::string withoutTabs(const std::string& text) {
+  std::string expanded;
+  int column = 0;
+  for (const char c : text) {
+    if (c == '\t') {
+      const int blanks = kTabColumns - column % kTabColumns;
+      expanded += repeat(blanks, ' ');
+      column += blanks;
+    } else {
+      expanded += c;
+      column = c == '\n' ? 0 : column + 1;
+    }
+  }
+  return expanded;
+}
+
+/// Makes the function file reader check and report everything, for as long as it lives.
+class CheckSwitches {
+ public:
+  explicit CheckSwitches(Session& session)
+      : session_(session), trace_(session.TraceEnabled), check_(session.CheckFunctions) {
+    session_.TraceEnabled = kTrue;
+    session_.CheckFunctions = kTrue;
+  }
+  ~CheckSwitches() {
+    session_.TraceEnabled = trace_;
+    session_.CheckFunctions = check_;
+  }
+  CheckSwitches(const CheckSwitches&) = delete;
+  CheckSwitches& operator=(const CheckSwitches&) = delete;
+
+ private:
+  Session& session_;
+  Flag trace_, check_;
+};
+
+}  // namespace
+
+std::string Editor::caption() const {
+  return std::string(kCaption) + " " + kKindWords.at(static_cast<std::size_t>(session_.FileKind - kDataKind));
+}
+
+/// "Dati: path", as the messages name the file.
+std::string Editor::nameOfKind() const {
+  return std::string(kKindWords.at(static_cast<std::size_t>(session_.FileKind - kDataKind))) + ": " +
+         editFile_;
+}
+
+void Editor::tell(const std::string& what, const RuntimeError& error) {
+  ports_.dialogs.plainBox(caption(),
+                          what + "\n" + runtimeErrorText(error.number()) + "     <*> per Continuare");
+}
+
+void Editor::OpenEditor(const std::string& path, Int16 kind) {
+  editFile_ = path;
+  session_.FileKind = kind;
+  control_ = EditControl::kTxtEdiOld;
+  std::string bytes;
+  if (!readText(bytes)) return;
+  if (bytes.size() > kPlainBoxLimit) {
+    if (!wantsLargeFile()) return;
+    control_ = EditControl::kTxtEdi;
+  }
+  ports_.window.setEnabled(false);
+  form_->showEditor(caption() + " " + editFile_, textOfFile(bytes, control_ == EditControl::kTxtEdiOld),
+                    control_);
+}
+
+/// False when the command is to stop.
+bool Editor::readText(std::string& bytes) {
+  try {
+    bytes = ports_.files.readAll(editFile_);
+    return true;
+  } catch (const RuntimeError& error) {
+    if (error.number() == kFileNotFound) return wantsToCreate();
+    tell("Il File " + nameOfKind() + " NON puo` essere Letto!", error);
+    return false;
+  }
+}
+
+bool Editor::wantsToCreate() {
+  return ports_.dialogs.Get_Msg({.caption = kCaption,
+                                 .text = "FILE " + editFile_ + " NON Esistente: lo Creo?",
+                                 .icon = kQuestion,
+                                 .captions = {"  &Si  ", "  &No  "}}) == 1;
+}
+
+bool Editor::wantsLargeFile() {
+  return ports_.dialogs.Get_Msg(
+             {.caption = caption(),
+              .text = "Il File " + nameOfKind() +
+                      " contiene piu` di 40000 caratteri!\rContinuando la Modifica File sara` utilizzato un "
+                      "insieme di caratteri diverso da quello selezionato.",
+              .icon = kQuestion,
+              .captions = {"&Rinuncia", "&Continua"}}) == 2;
+}
+
+void Editor::MnuFilSav() {
+  if (!write()) return;
+  std::string report;
+  if (!check(report)) return;
+  if (session_.ErrFlag != 0) {
+    tellErrors(report);
+  } else {
+    close();
+  }
+}
+
+bool Editor::write() {
+  const std::string text = form_->editorText();
+  try {
+    ports_.files.writeAll(editFile_, control_ == EditControl::kTxtEdiOld ? fileOfLines(text) : text);
+    return true;
+  } catch (const RuntimeError& error) {
+    tell("Il File " + nameOfKind() + " NON e` stato Salvato!", error);
+    form_->focusEditor();
+    return false;
+  }
+}
+
+/// Runs the reader of the kind over the file; `ErrFlag` tells whether the report lists errors. False when the
+/// reader could not come to its end, which has been told.
+bool Editor::check(std::string& report) {
+  session_.ErrFlag = 0;
+  try {
+    if (session_.FileKind == kDataKind) report = checkData();
+    if (session_.FileKind == kFunctionKind) report = checkFunctions();
+    return true;
+  } catch (const RuntimeError& error) {
+    restoreModel(session_);  // a check that broke off has left a part of the file in its place
+    tell("Il File " + nameOfKind() + " e` stato Salvato, ma NON puo` essere Controllato!", error);
+    form_->focusEditor();
+    return false;
+  }
+}
+
+std::string Editor::checkData() {
+  std::string report;
+  Int16 declaredCount, validCount;
+  Flag hasXErrors;
+  CheckDataFile(session_, ports_.files, editFile_, report, declaredCount, validCount, hasXErrors);
+  return report;
+}
+
+std::string Editor::checkFunctions() {
+  const CheckSwitches switches(session_);
+  std::string name = editFile_;  // the reader folds it, and the next save is to find the same file
+  ReadFunctionFile(session_, ports_.files, ports_.output, name, kTrue);
+  return std::exchange(session_.TraceText, {});
+}
+
+void Editor::tellErrors(const std::string& report) {
+  switch (
+      ports_.dialogs.Get_Msg({.owner = Form::kEditor,
+                              .caption = caption(),
+                              .text = "Errori nel File " + nameOfKind() + " !",
+                              .icon = kExclamation,
+                              .captions = {"&Continua Modifica", "&Ignora e Esci", "&Visualizza Errori"}})) {
+    case kGoOnEditing:
+      return form_->focusEditor();
+    case kIgnore:
+      return close();
+    case kShowErrors: {
+      // QUIRK: reports of function files bear the caption of data files as well.
+      OutputRequest request = reportRequest("VOR_KEL: Lettura File Dati - ERRORI", report);
+      request.owner = Form::kEditor;
+      return ports_.output.OutShow(request);
+    }
+  }
+}
+
+void Editor::MnuFilRin() {
+  close();
+}
+
+void Editor::close() {
+  form_->hideEditor();
+  ports_.window.setEnabled(true);
+  ports_.window.refresh();
+  ports_.window.toFront();
+}
+
+void Editor::MnuModCop() {
+  ports_.clipboard.clear();
+  ports_.clipboard.setText(form_->SelText());
+}
+
+bool Editor::canInsert() {
+  return !trim(ports_.clipboard.text().text).empty();
+}
+
+void Editor::MnuModInc() {
+  const ClipboardText clipboard = ports_.clipboard.text();
+  if (!clipboard.complete) ports_.sound.beep();
+  // QUIRK: a selection is not replaced and the caret stays before the new text, so that the same text can be put
+  // in at once more.
+  form_->insertText(clipboard.text);
+}
+
+void Editor::MnuChrIns() {
+  form_->showPalette();
+}
+
+void Editor::LblChr(int cell) {
+  // QUIRK: the last cell is the hard blank, which nobody could tell from a blank in a file: it inserts nothing.
+  if (cell != kPaletteCells - 1) {
+    form_->insertText(std::string(1, static_cast<char>(cell + kFirstPaletteCode)));
+  }
+  form_->hidePalette();
+}
+
+void Editor::MnuPri() {
+  const FontSpec& font = session_.FontEdit;
+  try {
+    ports_.printer.printText(withoutTabs(form_->editorText()), font.face, font.size);
+    ports_.printer.EndDoc();
+  } catch (const RuntimeError& error) {
+    tell("Il File " + nameOfKind() + " NON e` stato Stampato!", error);
+  }
+  form_->focusEditor();
+}
+
+}  // namespace vk

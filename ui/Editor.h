@@ -1,0 +1,88 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Clipboard.h"
+#include "platform/Dialogs.h"
+#include "platform/EditorForm.h"
+#include "platform/Files.h"
+#include "platform/MainWindow.h"
+#include "platform/OutputWindow.h"
+#include "platform/Printer.h"
+#include "platform/Sound.h"
+#include "session/Session.h"
+
+namespace vk {
+
+/// What the editor works with, beside its form.
+struct EditorPorts {
+  Files& files;
+  Dialogs& dialogs;
+  MainWindow& window;
+  OutputWindow& output;
+  Clipboard& clipboard;
+  Printer& printer;
+  Sound& sound;
+};
+
+/// The small text editor for data, function and graphic files. It changes the file, never what the session has
+/// loaded: a file that was changed is to be read again. Data and function files are checked by their own readers
+/// when they are saved. Handlers bear the names of the menu entries and controls that run them.
+class Editor {
+ public:
+  Editor(Session& session, const EditorPorts& ports) : session_(session), ports_(ports) {}
+  /// The form, once it is there; it outlives the editor's work.
+  void setForm(EditorForm& form) { form_ = &form; }
+
+  /// Opens a file of a kind (`FileKindCode`): asks before a missing file is made and before a large one is opened.
+  /// The main window is disabled while the editor is open. A file that cannot be read is told and not opened.
+  void OpenEditor(const std::string& path, Int16 kind);
+
+  /// Writes the file and, when its check finds nothing, closes the editor. A file that cannot be written is told,
+  /// and stays as it was on the disk; the editor stays open with the text.
+  void MnuFilSav();
+  /// Closes the editor; nothing is saved.
+  void MnuFilRin();
+
+  /// The selection replaces what is on the clipboard.
+  void MnuModCop();
+  /// True when there is something to insert: the clipboard holds text that is not blank.
+  bool canInsert();
+  /// Inserts the text of the clipboard at `SelStart`. Characters without a place in the code page are left out
+  /// with a beep.
+  void MnuModInc();
+
+  void MnuChrIns();
+  /// A click on cell 0..127 of the palette: its character is inserted at `SelStart` and the palette closes. The
+  /// last cell only closes it.
+  void LblChr(int cell);
+
+  /// Prints the text in `FontEdit`. A printer that fails is told.
+  void MnuPri();
+
+  const std::string& EditFile() const { return editFile_; }
+  EditControl control() const { return control_; }
+
+ private:
+  bool readText(std::string& bytes);
+  bool wantsToCreate();
+  bool wantsLargeFile();
+  bool write();
+  bool check(std::string& report);
+  std::string checkData();
+  std::string checkFunctions();
+  void tellErrors(const std::string& report);
+  void close();
+
+  std::string caption() const;
+  std::string nameOfKind() const;
+  void tell(const std::string& what, const RuntimeError& error);
+
+  Session& session_;
+  EditorPorts ports_;
+  EditorForm* form_ = nullptr;
+  std::string editFile_;
+  EditControl control_ = EditControl::kTxtEdiOld;
+};
+
+}  // namespace vk

@@ -6,6 +6,7 @@ namespace vk {
 namespace {
 
 constexpr double kLineHeight = 1.15;
+constexpr double kAscent = 0.9;
 
 }  // namespace
 
@@ -19,6 +20,10 @@ double FixedLetterMetrics::advance(bool symbol, unsigned char code) {
 
 double FixedLetterMetrics::lineHeight(bool) {
   return kLineHeight;
+}
+
+double FixedLetterMetrics::ascent(bool) {
+  return kAscent;
 }
 
 bool isSymbolFont(std::string_view name) {

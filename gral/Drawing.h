@@ -51,9 +51,10 @@ class DrawingSink {
 class LetterMetrics {
  public:
   virtual ~LetterMetrics() = default;
-  /// Width of a letter, and height of a line, for a size of 1.
+  /// Width of a letter, height of a line, and depth of the base line below its top, for a size of 1.
   virtual double advance(bool symbol, unsigned char code) = 0;
   virtual double lineHeight(bool symbol) = 0;
+  virtual double ascent(bool symbol) = 0;
 };
 
 /// Letter widths that depend on nothing outside the program: those of a common sans-serif face, in steps of
@@ -62,6 +63,7 @@ class FixedLetterMetrics : public LetterMetrics {
  public:
   double advance(bool symbol, unsigned char code) override;
   double lineHeight(bool symbol) override;
+  double ascent(bool symbol) override;
 };
 
 /// True for the font with the Greek layout.

@@ -251,6 +251,7 @@ void Device::setOrientation(Int16 orientation) {
   if (orientation != kPortrait && orientation != kLandscape) throw RuntimeError(kInvalidCall);
   orientation_ = orientation;
   turnPage();
+  orientationChanged();
 }
 
 void Device::turnPage() {

@@ -192,6 +192,7 @@ class Device {
   /// Caption, place or visibility of a form has changed.
   virtual void formChanged() {}
   virtual void refreshed() {}
+  virtual void orientationChanged() {}
 
   /// The font record that texts are written with, or none.
   const FontRecord* selectedFont() const;

@@ -42,10 +42,10 @@ inline constexpr double kCmPerInch = 2.54;
 /// A nominal pixel has 15 twips on every screen, however fine its own pixels are.
 inline constexpr double kNominalTwipsPerPixel = 15;
 
-/// The printable area of an A4 sheet with margins of 1/6 inch, in twips: the page of all drawings where no
-/// printer is.
-inline constexpr double kA4ShortSide = 11426;  ///< 20.15 cm
-inline constexpr double kA4LongSide = 16358;   ///< 28.85 cm
+/// The printable area of an A4 sheet of 595 x 842 points with margins of 1/6 inch, in twips: the page of all
+/// drawings where no printer is.
+inline constexpr double kA4ShortSide = 11420;  ///< 20.14 cm
+inline constexpr double kA4LongSide = 16360;   ///< 28.86 cm
 
 struct PixelPoint {
   std::int32_t x = 0, y = 0;

@@ -119,10 +119,10 @@ TEST_F(Opening, WithoutAPrinterTakesTheDocumentedPage) {
   NoPrinter none;
   GralCls onNone(none, screen);
   onNone.GralGrStr(form, "LANDSCAPE", 2);
-  EXPECT_EQ(onNone.XrLog, static_cast<float>(16358 / 1440.0 * 2.54));
-  EXPECT_EQ(onNone.YtLog, static_cast<float>(11426 / 1440.0 * 2.54));
-  EXPECT_NEAR(onNone.XrLog, 28.85, 0.005);
-  EXPECT_NEAR(onNone.YtLog, 20.15, 0.005);
+  EXPECT_EQ(onNone.XrLog, static_cast<float>(16360 / 1440.0 * 2.54));
+  EXPECT_EQ(onNone.YtLog, static_cast<float>(11420 / 1440.0 * 2.54));
+  EXPECT_NEAR(onNone.XrLog, 28.86, 0.005);
+  EXPECT_NEAR(onNone.YtLog, 20.14, 0.005);
 }
 
 TEST_F(Opening, WithoutAPrinterADrawingOnItFailsToTheCaller) {

@@ -1,0 +1,250 @@
+#include "gral/Raster.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace vk {
+namespace {
+
+constexpr PixelRect kNothing{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
+
+/// The whole number at or above x, within the limits.
+int ceilWithin(double x, int low, int high) {
+  return static_cast<int>(std::clamp(std::ceil(x), static_cast<double>(low), static_cast<double>(high)));
+}
+
+bool hatched(const Brush& brush, int x, int y) {
+  const int cell = brush.cell;
+  const bool row = y % cell < cell / 8 + 1, column = x % cell < cell / 8 + 1;
+  const bool up = (x + y) % cell < cell / 8 + 1, down = (x - y % cell + cell) % cell < cell / 8 + 1;
+  switch (brush.style) {
+    case kFillHorizontal:
+      return row;
+    case kFillVertical:
+      return column;
+    case kFillUpward:
+      return up;
+    case kFillDownward:
+      return down;
+    case kFillCross:
+      return row || column;
+    case kFillDiagonalCross:
+      return up || down;
+    default:
+      return brush.style == kFillSolid;
+  }
+}
+
+}  // namespace
+
+Nib::Nib(int width) {
+  const double centre = (width - 1) / 2.0;
+  const double radius = width / 2.0;
+  for (int i = 0; i < width; ++i) {
+    const double reach = std::sqrt(radius * radius - (i - centre) * (i - centre));
+    const int first = static_cast<int>(std::ceil(centre - reach));
+    const int last = static_cast<int>(std::floor(centre + reach));
+    rows_.push_back({i - width / 2, std::max(first, 0) - width / 2, std::min(last, width - 1) - width / 2});
+  }
+}
+
+void Raster::reset(int width, int height, std::uint32_t color) {
+  width_ = width;
+  height_ = height;
+  pixels_.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), color);
+  clip(nullptr);
+  changed_ = {0, 0, width, height};
+}
+
+void Raster::clip(const PixelRect* region) {
+  clip_ = {0, 0, width_, height_};
+  if (region == nullptr) return;
+  const auto within = [](int value, int size) { return std::clamp(value, 0, size); };
+  clip_ = {within(region->x1, width_), within(region->y1, height_), within(region->x2, width_),
+           within(region->y2, height_)};
+  clip_.x2 = std::max(clip_.x1, clip_.x2);
+  clip_.y2 = std::max(clip_.y1, clip_.y2);
+}
+
+void Raster::touch(int y, int x1, int x2) {
+  changed_ = {std::min(changed_.x1, x1), std::min(changed_.y1, y), std::max(changed_.x2, x2),
+              std::max(changed_.y2, y + 1)};
+}
+
+PixelRect Raster::takeChanged() {
+  const PixelRect changed = changed_;
+  changed_ = kNothing;
+  return changed == kNothing ? PixelRect{} : changed;
+}
+
+void Raster::set(int x, int y, std::uint32_t color) {
+  span(y, x, x + 1, color);
+}
+
+void Raster::span(int y, int x1, int x2, std::uint32_t color) {
+  if (y < clip_.y1 || y >= clip_.y2) return;
+  x1 = std::max(x1, clip_.x1);
+  x2 = std::min(x2, clip_.x2);
+  if (x1 >= x2) return;
+  touch(y, x1, x2);
+  std::fill_n(pixels_.begin() + static_cast<std::ptrdiff_t>(index(x1, y)), x2 - x1, color);
+}
+
+void Raster::paint(int y, int x1, int x2, const Brush& brush) {
+  if (brush.style == kFillSolid) return span(y, x1, x2, brush.color);
+  if (brush.style == kFillTransparent || y < clip_.y1 || y >= clip_.y2) return;
+  for (int x = std::max(x1, clip_.x1); x < std::min(x2, clip_.x2); ++x) {
+    if (hatched(brush, x, y)) set(x, y, brush.color);
+  }
+}
+
+// ---- Lines
+
+void Raster::line(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32_t color) {
+  if (a.y == b.y) return horizontalLine(a.y, std::min(a.x, b.x), std::max(a.x, b.x), nib, color);
+  if (a.x == b.x) return verticalLine(a.x, std::min(a.y, b.y), std::max(a.y, b.y), nib, color);
+  slantedLine(a, b, nib, color);
+}
+
+void Raster::horizontalLine(int y, double x1, double x2, const Nib& nib, std::uint32_t color) {
+  for (const Nib::Row& row : nib.rows()) {
+    const int first = ceilWithin(x1 + row.x1, clip_.x1, clip_.x2);
+    const int last = ceilWithin(x2 + row.x2 + 1, clip_.x1, clip_.x2);
+    if (static_cast<double>(y) + row.y < clip_.y1 || static_cast<double>(y) + row.y >= clip_.y2) continue;
+    span(y + row.y, first, last, color);
+  }
+}
+
+void Raster::verticalLine(int x, double y1, double y2, const Nib& nib, std::uint32_t color) {
+  const std::vector<Nib::Row>& rows = nib.rows();
+  const int first = ceilWithin(y1 + rows.front().y, clip_.y1, clip_.y2);
+  const int last = ceilWithin(y2 + rows.back().y + 1, clip_.y1, clip_.y2);
+  if (static_cast<double>(x) + nib.width() < clip_.x1 || static_cast<double>(x) - nib.width() > clip_.x2)
+    return;
+  for (int y = first; y < last; ++y) {
+    // the rows beyond the ends are as wide as the widest part of the tip that reaches them
+    const double beyond = y < y1 ? y - y1 : y > y2 ? y - y2 : 0;
+    const Nib::Row& row = nib.row(static_cast<int>(beyond));
+    span(y, x + row.x1, x + row.x2 + 1, color);
+  }
+}
+
+/// Steps along the longer side, a nib at each step; only the steps that can be seen.
+void Raster::slantedLine(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32_t color) {
+  const double dx = static_cast<double>(b.x) - a.x, dy = static_cast<double>(b.y) - a.y;
+  const bool flat = std::abs(dx) >= std::abs(dy);
+  // u runs along the longer side, v across it
+  const double u1 = flat ? a.x : a.y, v1 = flat ? a.y : a.x;
+  const double slope = flat ? dy / dx : dx / dy;
+  const int margin = nib.width() + 1;
+  const double uLow = (flat ? clip_.x1 : clip_.y1) - margin, uHigh = (flat ? clip_.x2 : clip_.y2) + margin;
+  const double vLow = (flat ? clip_.y1 : clip_.x1) - margin, vHigh = (flat ? clip_.y2 : clip_.x2) + margin;
+  const double atLow = u1 + (vLow - v1) / slope, atHigh = u1 + (vHigh - v1) / slope;
+  const double u2 = flat ? b.x : b.y;
+  const double first = std::max({std::min(u1, u2), uLow, std::ceil(std::min(atLow, atHigh))});
+  const double last = std::min({std::max(u1, u2), uHigh, std::floor(std::max(atLow, atHigh))});
+  for (double u = first; u <= last; ++u) {
+    const int step = static_cast<int>(u);
+    const int across = static_cast<int>(std::floor(v1 + (u - u1) * slope + 0.5));
+    stamp(flat ? step : across, flat ? across : step, nib, color);
+  }
+}
+
+void Raster::stamp(int x, int y, const Nib& nib, std::uint32_t color) {
+  for (const Nib::Row& row : nib.rows()) span(y + row.y, x + row.x1, x + row.x2 + 1, color);
+}
+
+// ---- Areas
+
+void Raster::polygon(std::span<const PixelPoint> points, const Brush& brush) {
+  if (points.size() < 3) return;
+  const auto [lowest, highest] = std::minmax_element(
+      points.begin(), points.end(), [](const PixelPoint& a, const PixelPoint& b) { return a.y < b.y; });
+  const int first = std::max(lowest->y, clip_.y1), last = std::min(highest->y, clip_.y2);
+  std::vector<double> crossings;
+  for (int y = first; y < last; ++y) {
+    crossings.clear();
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      PixelPoint upper = points[i], lower = points[(i + 1) % points.size()];
+      if (upper.y > lower.y) std::swap(upper, lower);
+      if (y < upper.y || y >= lower.y) continue;
+      const double slope =
+          (static_cast<double>(lower.x) - upper.x) / (static_cast<double>(lower.y) - upper.y);
+      crossings.push_back(upper.x + (static_cast<double>(y) - upper.y) * slope);
+    }
+    std::sort(crossings.begin(), crossings.end());
+    for (std::size_t i = 0; i + 1 < crossings.size(); i += 2) {
+      paint(y, ceilWithin(crossings[i], clip_.x1, clip_.x2), ceilWithin(crossings[i + 1], clip_.x1, clip_.x2),
+            brush);
+    }
+  }
+}
+
+void Raster::ring(PixelPoint centre, double innerRadius, double outerRadius, const Brush& brush) {
+  const auto reach = [](double radius, double dy) {
+    return radius < 0 || radius * radius < dy * dy ? -1 : std::floor(std::sqrt(radius * radius - dy * dy));
+  };
+  const int first = ceilWithin(centre.y - outerRadius, clip_.y1, clip_.y2);
+  const int last = ceilWithin(centre.y + std::floor(outerRadius) + 1, clip_.y1, clip_.y2);
+  const auto part = [&](int y, double from, double to) {
+    paint(y, ceilWithin(centre.x + from, clip_.x1, clip_.x2), ceilWithin(centre.x + to, clip_.x1, clip_.x2),
+          brush);
+  };
+  for (int y = first; y < last; ++y) {
+    const double dy = static_cast<double>(y) - centre.y;
+    const double outer = reach(outerRadius, dy), inner = reach(innerRadius, dy);
+    if (outer < 0) continue;
+    if (inner < 0) {
+      part(y, -outer, outer + 1);
+    } else {
+      part(y, -outer, -inner);
+      part(y, inner + 1, outer + 1);
+    }
+  }
+}
+
+void Raster::mask(PixelPoint corner, const GlyphMask& mask, std::uint32_t color) {
+  const std::uint8_t* pixel = mask.pixels.data();
+  for (int row = 0; row < mask.height; ++row) {
+    const int y = corner.y + mask.top + row;
+    for (int column = 0; column < mask.width; ++column, ++pixel) {
+      if (*pixel != 0) set(corner.x + mask.left + column, y, color);
+    }
+  }
+}
+
+// ---- The smooth reduction
+
+Picture Raster::reduced(int factor) const {
+  return reduced(factor, {0, 0, width_, height_});
+}
+
+Picture Raster::reduced(int factor, const PixelRect& part) const {
+  const int x1 = part.x1 / factor, y1 = part.y1 / factor;
+  const int x2 = std::min((part.x2 + factor - 1) / factor, width_ / factor);
+  const int y2 = std::min((part.y2 + factor - 1) / factor, height_ / factor);
+  Picture result;
+  result.width = std::max(0, x2 - x1);
+  result.height = std::max(0, y2 - y1);
+  result.pixels.reserve(static_cast<std::size_t>(result.width) * static_cast<std::size_t>(result.height));
+  const auto area = static_cast<std::uint32_t>(factor * factor);
+  for (int y = y1; y < y2; ++y) {
+    for (int x = x1; x < x2; ++x) {
+      std::uint32_t red = 0, green = 0, blue = 0;
+      for (int j = 0; j < factor; ++j) {
+        const std::uint32_t* pixel = &pixels_[index(x * factor, y * factor + j)];
+        for (int i = 0; i < factor; ++i, ++pixel) {
+          red += *pixel >> 16 & 0xFF;
+          green += *pixel >> 8 & 0xFF;
+          blue += *pixel & 0xFF;
+        }
+      }
+      const auto mean = [area](std::uint32_t sum) { return (sum + area / 2) / area; };
+      result.pixels.push_back(0xFF000000U | mean(red) << 16 | mean(green) << 8 | mean(blue));
+    }
+  }
+  return result;
+}
+
+}  // namespace vk

@@ -1,0 +1,102 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "platform/DeviceTypes.h"
+
+namespace vk {
+
+/// The shape of a letter in pixels: 1 where it is black.
+struct GlyphMask {
+  int left = 0, top = 0;  ///< of the mask, from the top left corner of the letter's cell
+  int width = 0, height = 0;
+  std::vector<std::uint8_t> pixels;  ///< row by row
+};
+
+/// The tip of a pen: a round spot of whole pixels.
+class Nib {
+ public:
+  explicit Nib(int width = 1);
+
+  /// The pixels x1..x2 of a row, from the pixel at the tip's centre.
+  struct Row {
+    int y, x1, x2;
+  };
+  int width() const { return static_cast<int>(rows_.size()); }
+  const std::vector<Row>& rows() const { return rows_; }
+  /// The row y; the one at 0 is the widest.
+  const Row& row(int y) const { return rows_[static_cast<std::size_t>(y - rows_.front().y)]; }
+
+ private:
+  std::vector<Row> rows_;
+};
+
+/// What the inside of a figure is painted with. Hatches repeat every `cell` pixels.
+struct Brush {
+  std::uint32_t color = 0;
+  int style = kFillSolid;
+  int cell = 8;
+};
+
+/// A picture of 32-bit pixels and the primitives on it, without smoothing: a pixel belongs to a figure or it
+/// does not, so that areas which touch neither overlap nor leave gaps. Coordinates are pixels, of any size;
+/// a point stands for the centre of its pixel. What lies outside the clip region is left as it is.
+class Raster {
+ public:
+  static constexpr std::uint32_t pixelOf(Color color) {
+    const auto c = static_cast<std::uint32_t>(color);
+    return 0xFF000000U | (c & 0xFF) << 16 | (c & 0xFF00) | (c >> 16 & 0xFF);
+  }
+
+  /// A new picture, all of one colour and without limits.
+  void reset(int width, int height, std::uint32_t color);
+  int width() const { return width_; }
+  int height() const { return height_; }
+  std::uint32_t at(int x, int y) const { return pixels_[index(x, y)]; }
+  const std::vector<std::uint32_t>& pixels() const { return pixels_; }
+
+  /// Limits all drawing; none for the whole picture.
+  void clip(const PixelRect* region);
+  const PixelRect& clipped() const { return clip_; }
+
+  /// The pixels x1 <= x < x2 of a row.
+  void span(int y, int x1, int x2, std::uint32_t color);
+  /// A line with both ends.
+  void line(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32_t color);
+  /// The inside of a polygon by the even-odd rule: the pixels whose centres lie inside, on a left or upper
+  /// edge, but not those on a right or lower edge.
+  void polygon(std::span<const PixelPoint> points, const Brush& brush);
+  /// The pixels with innerRadius < distance <= outerRadius from a pixel.
+  void ring(PixelPoint centre, double innerRadius, double outerRadius, const Brush& brush);
+  void mask(PixelPoint corner, const GlyphMask& mask, std::uint32_t color);
+  void set(int x, int y, std::uint32_t color);
+
+  /// The part that has changed since this was last asked; empty when nothing has.
+  PixelRect takeChanged();
+
+  /// The picture with each square of factor x factor pixels as one pixel of their mean colour.
+  Picture reduced(int factor) const;
+  /// The same of a part, its corners rounded outward to whole squares.
+  Picture reduced(int factor, const PixelRect& part) const;
+
+ private:
+  std::size_t index(int x, int y) const {
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x);
+  }
+  void touch(int y, int x1, int x2);
+  void paint(int y, int x1, int x2, const Brush& brush);
+  void horizontalLine(int y, double x1, double x2, const Nib& nib, std::uint32_t color);
+  void verticalLine(int x, double y1, double y2, const Nib& nib, std::uint32_t color);
+  void slantedLine(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32_t color);
+  void stamp(int x, int y, const Nib& nib, std::uint32_t color);
+
+  int width_ = 0;
+  int height_ = 0;
+  std::vector<std::uint32_t> pixels_;
+  PixelRect clip_;
+  PixelRect changed_;
+};
+
+}  // namespace vk

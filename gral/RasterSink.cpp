@@ -1,0 +1,214 @@
+#include "gral/RasterSink.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "base/Rounding.h"
+#include "base/Text.h"
+
+namespace vk {
+namespace {
+
+/// Hatches repeat every so many nominal pixels.
+constexpr int kHatchCell = 8;
+constexpr double kFarthestPixel = 1E9;
+
+/// Lengths of the device's own line styles, pen down and up in turn, in widths of the pen.
+constexpr int kDash[] = {5, 3};
+constexpr int kDot[] = {1, 3};
+constexpr int kDashDot[] = {5, 3, 1, 3};
+constexpr int kDashDotDot[] = {5, 3, 1, 3, 1, 3};
+
+std::span<const int> patternOf(int style) {
+  switch (style) {
+    case kDrawDash:
+      return kDash;
+    case kDrawDot:
+      return kDot;
+    case kDrawDashDot:
+      return kDashDot;
+    case kDrawDashDotDot:
+      return kDashDotDot;
+    default:
+      return {};
+  }
+}
+
+int wholePixel(double value) {
+  return static_cast<int>(roundHalfEven(std::clamp(value, -kFarthestPixel, kFarthestPixel)));
+}
+
+}  // namespace
+
+RasterSink::RasterSink(int ratio, GlyphSource& glyphs, int sourceRatio)
+    : ratio_(ratio), sourceRatio_(sourceRatio == 0 ? ratio : sourceRatio), glyphs_(glyphs), nib_(ratio) {
+  brush_.style = kFillTransparent;
+  brush_.cell = kHatchCell * ratio;
+}
+
+PixelPoint RasterSink::pixelAt(double x, double y) const {
+  const double perTwip = ratio_ / kNominalTwipsPerPixel;
+  return {wholePixel(x * perTwip), wholePixel(y * perTwip)};
+}
+
+PixelPoint RasterSink::ownPixel(const PixelPoint& source) const {
+  if (sourceRatio_ == ratio_) return source;
+  const double factor = static_cast<double>(ratio_) / sourceRatio_;
+  return {wholePixel(source.x * factor), wholePixel(source.y * factor)};
+}
+
+std::vector<PixelPoint> RasterSink::ownPixels(std::span<const PixelPoint> points) const {
+  std::vector<PixelPoint> result;
+  result.reserve(points.size());
+  for (const PixelPoint& point : points) result.push_back(ownPixel(point));
+  return result;
+}
+
+void RasterSink::clear(double width, double height, Color background) {
+  const PixelPoint size = pixelAt(width, height);
+  raster_.reset(size.x, size.y, Raster::pixelOf(background));
+}
+
+void RasterSink::pen(const Pen& pen) {
+  if (pen.width * ratio_ != nib_.width()) nib_ = Nib(pen.width * ratio_);
+  penColor_ = Raster::pixelOf(pen.color);
+  penStyle_ = pen.style;
+}
+
+void RasterSink::filling(const Filling& filling) {
+  brush_.color = Raster::pixelOf(filling.color);
+  brush_.style = filling.style;
+}
+
+void RasterSink::line(double x1, double y1, double x2, double y2) {
+  const PixelPoint ends[] = {pixelAt(x1, y1), pixelAt(x2, y2)};
+  stroke(ends);
+}
+
+void RasterSink::box(double x1, double y1, double x2, double y2) {
+  const PixelPoint a = pixelAt(x1, y1), b = pixelAt(x2, y2);
+  const PixelPoint corners[] = {a, {b.x, a.y}, b, {a.x, b.y}, a};
+  stroke(corners);
+}
+
+void RasterSink::filledBox(double x1, double y1, double x2, double y2, Color color) {
+  const PixelPoint a = pixelAt(std::min(x1, x2), std::min(y1, y2));
+  const PixelPoint b = pixelAt(std::max(x1, x2), std::max(y1, y2));
+  const PixelRect& clip = raster_.clipped();
+  for (int y = std::max(a.y, clip.y1); y <= std::min(b.y, clip.y2 - 1); ++y) {
+    raster_.span(y, a.x, b.x + 1, Raster::pixelOf(color));
+  }
+}
+
+void RasterSink::circle(double x, double y, double radius) {
+  const PixelPoint centre = pixelAt(x, y);
+  const double r = std::abs(radius) * ratio_ / kNominalTwipsPerPixel;
+  const bool outlined = penStyle_ != kDrawTransparent;
+  const double half = outlined ? nib_.width() / 2.0 : 0;
+  raster_.ring(centre, -1, r - half, brush_);
+  if (outlined) raster_.ring(centre, r - half, r + half, {penColor_, kFillSolid, 0});
+}
+
+void RasterSink::polyline(std::span<const PixelPoint> points) {
+  stroke(ownPixels(points));
+}
+
+void RasterSink::bezier(std::span<const PixelPoint> points) {
+  constexpr double kPixelsPerStep = 3;
+  std::vector<PixelPoint> line{ownPixel(points[0])};
+  for (std::size_t k = 0; k + 3 < points.size(); k += 3) {
+    const std::vector<PixelPoint> p = ownPixels(points.subspan(k, 4));
+    double length = 0;
+    for (std::size_t i = 0; i < 3; ++i) {
+      length +=
+          std::hypot(static_cast<double>(p[i + 1].x) - p[i].x, static_cast<double>(p[i + 1].y) - p[i].y);
+    }
+    const int steps = static_cast<int>(std::clamp(length / kPixelsPerStep, 1.0, 1000.0));
+    for (int i = 1; i <= steps; ++i) {
+      const double s = static_cast<double>(i) / steps, a = 1 - s;
+      const double w[] = {a * a * a, 3 * a * a * s, 3 * a * s * s, s * s * s};
+      line.push_back({wholePixel(w[0] * p[0].x + w[1] * p[1].x + w[2] * p[2].x + w[3] * p[3].x),
+                      wholePixel(w[0] * p[0].y + w[1] * p[1].y + w[2] * p[2].y + w[3] * p[3].y)});
+    }
+  }
+  stroke(line);
+}
+
+void RasterSink::figure(std::span<const PixelPoint> points, bool fill, bool strokeToo) {
+  std::vector<PixelPoint> outline = ownPixels(points);
+  if (fill) raster_.polygon(outline, brush_);
+  if (!strokeToo) return;
+  if (fill) outline.push_back(outline.front());
+  stroke(outline);
+}
+
+void RasterSink::stroke(std::span<const PixelPoint> points) {
+  if (penStyle_ == kDrawTransparent) return;
+  const std::span<const int> pattern = patternOf(penStyle_);
+  if (!pattern.empty()) return strokeDashed(points, pattern);
+  for (std::size_t i = 1; i < points.size(); ++i) raster_.line(points[i - 1], points[i], nib_, penColor_);
+}
+
+void RasterSink::strokeDashed(std::span<const PixelPoint> points, std::span<const int> pattern) {
+  std::size_t element = 0;
+  double left = pattern[0] * nib_.width();
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    const double x = points[i - 1].x, y = points[i - 1].y;
+    const double dx = points[i].x - x, dy = points[i].y - y;
+    const double length = std::min(std::hypot(dx, dy), kFarthestPixel);
+    for (double done = 0; done < length;) {
+      const double next = std::min(length, done + left);
+      const auto at = [&](double where) {
+        return PixelPoint{wholePixel(x + dx * where / length), wholePixel(y + dy * where / length)};
+      };
+      if (element % 2 == 0) raster_.line(at(done), at(next), nib_, penColor_);
+      left -= next - done;
+      done = next;
+      if (left > 0) continue;
+      element = (element + 1) % pattern.size();
+      left = pattern[element] * nib_.width();
+    }
+  }
+}
+
+void RasterSink::text(const TextRun& run) {
+  const bool symbol = isSymbolFont(run.fontName);
+  const double twips = run.points * kTwipsPerPoint;
+  const double pixels = twips * ratio_ / kNominalTwipsPerPixel;
+  const double radians = run.angle * std::numbers::pi / 180;
+  double x = run.x, y = run.y;
+  for (const char c : run.text) {
+    const auto code = static_cast<unsigned char>(c);
+    raster_.mask(pixelAt(x, y), glyphs_.glyph(symbol, code, pixels, run.angle), penColor_);
+    const double advance = glyphs_.advance(symbol, code) * twips;
+    x += advance * std::cos(radians);
+    y -= advance * std::sin(radians);
+  }
+}
+
+void RasterSink::clip(const PixelRect* region) {
+  if (region == nullptr) return raster_.clip(nullptr);
+  const PixelPoint a = ownPixel({region->x1, region->y1}), b = ownPixel({region->x2, region->y2});
+  const PixelRect own{a.x, a.y, b.x, b.y};
+  raster_.clip(&own);
+}
+
+void RasterSink::picture(const Picture& picture, double x, double y) {
+  const PixelPoint corner = pixelAt(x, y);
+  const double step = kNominalTwipsPerPixel / ratio_ / picture.twipsPerPixel;
+  const int width = static_cast<int>(picture.width / step), height = static_cast<int>(picture.height / step);
+  for (int row = 0; row < height; ++row) {
+    for (int column = 0; column < width; ++column) {
+      const auto from = static_cast<std::size_t>(row * step) * static_cast<std::size_t>(picture.width) +
+                        static_cast<std::size_t>(column * step);
+      raster_.set(corner.x + column, corner.y + row, picture.pixels[from]);
+    }
+  }
+}
+
+void RasterSink::refresh() {
+  if (onRefresh) onRefresh();
+}
+
+}  // namespace vk

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <array>
+#include <functional>
+
+#include "gral/Drawing.h"
+#include "gral/Raster.h"
+
+namespace vk {
+
+/// Where the shapes of letters come from, with their widths.
+class GlyphSource : public LetterMetrics {
+ public:
+  /// A letter at a size in pixels, turned counter-clockwise by degrees about the corner of its cell. The mask
+  /// is good until the next call.
+  virtual const GlyphMask& glyph(bool symbol, unsigned char code, double pixels, double angle) = 0;
+};
+
+/// Draws on a raster whose nominal pixels consist of `ratio` x `ratio` pixels.
+class RasterSink : public DrawingSink {
+ public:
+  /// Polylines and the like come in pixels of which `sourceRatio` make a nominal one, the raster's own
+  /// unless told.
+  RasterSink(int ratio, GlyphSource& glyphs, int sourceRatio = 0);
+
+  Raster& raster() { return raster_; }
+  const Raster& raster() const { return raster_; }
+  /// What a refresh calls.
+  std::function<void()> onRefresh;
+
+  void clear(double width, double height, Color background) override;
+  void pen(const Pen& pen) override;
+  void filling(const Filling& filling) override;
+  void line(double x1, double y1, double x2, double y2) override;
+  void box(double x1, double y1, double x2, double y2) override;
+  void filledBox(double x1, double y1, double x2, double y2, Color color) override;
+  void circle(double x, double y, double radius) override;
+  void polyline(std::span<const PixelPoint> points) override;
+  void bezier(std::span<const PixelPoint> points) override;
+  void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
+  void text(const TextRun& run) override;
+  void clip(const PixelRect* region) override;
+  void picture(const Picture& picture, double x, double y) override;
+  void refresh() override;
+
+ private:
+  PixelPoint pixelAt(double x, double y) const;
+  PixelPoint ownPixel(const PixelPoint& source) const;
+  std::vector<PixelPoint> ownPixels(std::span<const PixelPoint> points) const;
+  void stroke(std::span<const PixelPoint> points);
+  void strokeDashed(std::span<const PixelPoint> points, std::span<const int> pattern);
+
+  int ratio_;
+  int sourceRatio_;
+  GlyphSource& glyphs_;
+  Raster raster_;
+  Nib nib_;
+  int penStyle_ = kDrawSolid;
+  std::uint32_t penColor_ = Raster::pixelOf(kBlack);
+  Brush brush_;
+};
+
+}  // namespace vk

@@ -1,0 +1,305 @@
+#include "gral/SvgWriter.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/CodePage.h"
+#include "base/NumberText.h"
+#include "base/Rounding.h"
+
+namespace vk {
+namespace {
+
+constexpr const char* kFontFamily = "Arial, 'Liberation Sans', Helvetica, sans-serif";
+/// A path of very many lines is slow to show; it is cut at about this length.
+constexpr std::size_t kLongPath = 20000;
+constexpr int kHatchCell = 8;
+
+std::string number(double value) {
+  constexpr double kHundredths = 100;
+  const double rounded = roundHalfEven(value * kHundredths) / kHundredths;
+  std::string text = generalText(rounded == 0 ? 0.0 : rounded);
+  if (text.front() == '.') text.insert(0, 1, '0');
+  if (text.substr(0, 2) == "-.") text.insert(1, 1, '0');
+  return text;
+}
+
+std::string attribute(const std::string& name, const std::string& value) {
+  return " " + name + "=\"" + value + "\"";
+}
+
+std::string colorText(std::uint32_t rgb) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  std::string text = "#";
+  for (int shift = 20; shift >= 0; shift -= 4) text += kDigits[rgb >> shift & 15];
+  return text;
+}
+
+std::string colorText(Color color) {
+  const auto c = static_cast<std::uint32_t>(color);
+  return colorText((c & 0xFF) << 16 | (c & 0xFF00) | (c >> 16 & 0xFF));
+}
+
+/// Lengths of the device's own line styles, in widths of the pen.
+const char* dashesOf(int style) {
+  switch (style) {
+    case kDrawDash:
+      return "5 3";
+    case kDrawDot:
+      return "1 3";
+    case kDrawDashDot:
+      return "5 3 1 3";
+    case kDrawDashDotDot:
+      return "5 3 1 3 1 3";
+    default:
+      return "";
+  }
+}
+
+std::string dashLengths(int style, double width) {
+  std::string result;
+  for (const char* c = dashesOf(style); *c != '\0'; ++c) {
+    result += *c == ' ' ? " " : number((*c - '0') * width);
+  }
+  return result;
+}
+
+/// The lines of a hatch in one cell.
+std::string hatchLines(int style, double cell) {
+  const std::string c = number(cell);
+  const std::string row = "M0 0H" + c, column = "M0 0V" + c;
+  const std::string up = "M0 " + c + "L" + c + " 0", down = "M0 0L" + c + " " + c;
+  switch (style) {
+    case kFillHorizontal:
+      return row;
+    case kFillVertical:
+      return column;
+    case kFillUpward:
+      return up;
+    case kFillDownward:
+      return down;
+    case kFillCross:
+      return row + column;
+    default:
+      return up + down;
+  }
+}
+
+std::string escaped(const std::string& utf8) {
+  std::string result;
+  for (const char c : utf8) {
+    if (c == '&') {
+      result += "&amp;";
+    } else if (c == '<') {
+      result += "&lt;";
+    } else if (c == '>') {
+      result += "&gt;";
+    } else {
+      result += c;
+    }
+  }
+  return result;
+}
+
+bool isControl(char c) {
+  const auto code = static_cast<unsigned char>(c);
+  return code < 32 || code == 127;
+}
+
+}  // namespace
+
+SvgWriter::SvgWriter(int pixelRatio, LetterMetrics& letters)
+    : twipsPerPixel_(kNominalTwipsPerPixel / pixelRatio), letters_(letters) {}
+
+std::string SvgWriter::document() {
+  closeGroup();
+  const auto points = [](double twips) { return number(twips / kTwipsPerPoint) + "pt"; };
+  return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\"" +
+         attribute("width", points(width_)) + attribute("height", points(height_)) +
+         attribute("viewBox", "0 0 " + number(width_) + " " + number(height_)) +
+         attribute("font-family", kFontFamily) +
+         " stroke-linecap=\"round\" stroke-linejoin=\"round\">\n<defs>\n" + definitions_ + "</defs>\n" +
+         body_ + "</svg>\n";
+}
+
+// ---- State
+
+void SvgWriter::clear(double width, double height, Color background) {
+  width_ = width;
+  height_ = height;
+  body_.clear();
+  path_.clear();
+  groupOpen_ = false;
+  clip_.clear();
+  body_ = "<rect" + attribute("width", number(width)) + attribute("height", number(height)) +
+          attribute("fill", colorText(background)) + "/>\n";
+}
+
+void SvgWriter::pen(const Pen& pen) {
+  closeGroup();
+  pen_ = pen;
+}
+
+void SvgWriter::filling(const Filling& filling) {
+  closeGroup();
+  filling_ = filling;
+}
+
+void SvgWriter::clip(const PixelRect* region) {
+  closeGroup();
+  clip_.clear();
+  if (region == nullptr) return;
+  const auto twips = [this](int pixels) { return pixels * twipsPerPixel_; };
+  const std::string box = attribute("x", number(twips(region->x1))) +
+                          attribute("y", number(twips(region->y1))) +
+                          attribute("width", number(twips(std::max(0, region->x2 - region->x1)))) +
+                          attribute("height", number(twips(std::max(0, region->y2 - region->y1))));
+  clip_ = "clip" + generalText(static_cast<int>(defined_.size()));
+  defined_.insert(clip_);
+  definitions_ += "<clipPath" + attribute("id", clip_) + "><rect" + box + "/></clipPath>\n";
+}
+
+/// The filling as a colour, or as a pattern that is defined when it is first used.
+std::string SvgWriter::paint() {
+  if (filling_.style == kFillTransparent) return "none";
+  const std::string color = colorText(filling_.color);
+  if (filling_.style == kFillSolid) return color;
+  const double cell = kHatchCell * kNominalTwipsPerPixel;
+  const std::string name = "hatch" + generalText(filling_.style) + color.substr(1);
+  if (defined_.insert(name).second) {
+    definitions_ += "<pattern" + attribute("id", name) + attribute("width", number(cell)) +
+                    attribute("height", number(cell)) + " patternUnits=\"userSpaceOnUse\"><path" +
+                    attribute("stroke", color) + attribute("stroke-width", number(kNominalTwipsPerPixel)) +
+                    attribute("d", hatchLines(filling_.style, cell)) + "/></pattern>\n";
+  }
+  return "url(#" + name + ")";
+}
+
+void SvgWriter::openGroup() {
+  if (groupOpen_) return;
+  groupOpen_ = true;
+  const double width = pen_.width * kNominalTwipsPerPixel;
+  const std::string dashes = dashLengths(pen_.style, width);
+  body_ += "<g" + attribute("stroke", pen_.style == kDrawTransparent ? "none" : colorText(pen_.color)) +
+           attribute("stroke-width", number(width)) + attribute("fill", paint());
+  if (!dashes.empty()) body_ += attribute("stroke-dasharray", dashes);
+  if (!clip_.empty()) body_ += attribute("clip-path", "url(#" + clip_ + ")");
+  body_ += ">\n";
+}
+
+void SvgWriter::closeGroup() {
+  flushPath();
+  if (groupOpen_) body_ += "</g>\n";
+  groupOpen_ = false;
+}
+
+void SvgWriter::flushPath() {
+  if (path_.empty()) return;
+  openGroup();
+  body_ += "<path fill=\"none\"" + attribute("d", path_) + "/>\n";
+  path_.clear();
+  pathEnd_.clear();
+}
+
+void SvgWriter::element(const std::string& text) {
+  flushPath();
+  openGroup();
+  body_ += text + "\n";
+}
+
+// ---- Primitives
+
+std::string SvgWriter::place(double x, double y) const {
+  return number(x) + " " + number(y);
+}
+
+std::string SvgWriter::place(const PixelPoint& point) const {
+  return place(point.x * twipsPerPixel_, point.y * twipsPerPixel_);
+}
+
+std::string SvgWriter::path(std::span<const PixelPoint> points) const {
+  std::string result;
+  for (const PixelPoint& point : points) result += (result.empty() ? "M" : "L") + place(point);
+  return result;
+}
+
+void SvgWriter::line(double x1, double y1, double x2, double y2) {
+  const std::string from = place(x1, y1), to = place(x2, y2);
+  if (path_.empty() || from != pathEnd_) path_ += "M" + from;
+  path_ += "L" + to;
+  pathEnd_ = to;
+  if (path_.size() > kLongPath) flushPath();
+}
+
+void SvgWriter::box(double x1, double y1, double x2, double y2) {
+  element("<path fill=\"none\"" +
+          attribute("d", "M" + place(x1, y1) + "H" + number(x2) + "V" + number(y2) + "H" + number(x1) + "Z") +
+          "/>");
+}
+
+void SvgWriter::filledBox(double x1, double y1, double x2, double y2, Color color) {
+  element("<path stroke=\"none\"" + attribute("fill", colorText(color)) +
+          attribute("d", "M" + place(x1, y1) + "H" + number(x2) + "V" + number(y2) + "H" + number(x1) + "Z") +
+          "/>");
+}
+
+void SvgWriter::circle(double x, double y, double radius) {
+  element("<circle" + attribute("cx", number(x)) + attribute("cy", number(y)) +
+          attribute("r", number(std::abs(radius))) + "/>");
+}
+
+void SvgWriter::polyline(std::span<const PixelPoint> points) {
+  element("<path fill=\"none\"" + attribute("d", path(points)) + "/>");
+}
+
+void SvgWriter::bezier(std::span<const PixelPoint> points) {
+  if (points.empty()) return;
+  std::string curve = "M" + place(points[0]);
+  for (std::size_t k = 1; k + 2 < points.size(); k += 3) {
+    curve += "C" + place(points[k]) + " " + place(points[k + 1]) + " " + place(points[k + 2]);
+  }
+  element("<path fill=\"none\"" + attribute("d", curve) + "/>");
+}
+
+void SvgWriter::figure(std::span<const PixelPoint> points, bool fill, bool stroke) {
+  element(std::string("<path") + (fill ? "" : " fill=\"none\"") + (stroke ? "" : " stroke=\"none\"") +
+          attribute("d", path(points) + (fill ? "Z" : "")) + "/>");
+}
+
+void SvgWriter::text(const TextRun& run) {
+  const bool symbol = isSymbolFont(run.fontName);
+  const double size = run.points * kTwipsPerPoint;
+  std::string start =
+      "<text stroke=\"none\"" + attribute("fill", colorText(pen_.color)) +
+      attribute("font-size", number(size)) +
+      attribute("transform", "translate(" + place(run.x, run.y) + ")" +
+                                 (run.angle == 0 ? "" : "rotate(" + number(-run.angle) + ")"));
+  double x = 0;
+  for (const char c : run.text) {
+    const std::string letter = toUtf8(std::string(1, c), symbol ? CodePage::kSymbol : CodePage::kWindows1252);
+    if (!isControl(c) && c != ' ') {
+      element(start + attribute("x", number(x)) + attribute("y", number(letters_.ascent(symbol) * size)) +
+              ">" + escaped(letter) + "</text>");
+    }
+    x += letters_.advance(symbol, static_cast<unsigned char>(c)) * size;
+  }
+}
+
+/// Pixels of one colour in a row become one box.
+void SvgWriter::picture(const Picture& picture, double x, double y) {
+  const double step = picture.twipsPerPixel;
+  const auto width = static_cast<std::size_t>(picture.width);
+  for (int row = 0; row < picture.height; ++row) {
+    const std::uint32_t* pixels = picture.pixels.data() + static_cast<std::size_t>(row) * width;
+    for (std::size_t from = 0, to = 0; from < width; from = to) {
+      while (to < width && pixels[to] == pixels[from]) ++to;
+      element("<path stroke=\"none\"" + attribute("fill", colorText(pixels[from] & 0xFFFFFF)) +
+              attribute("d", "M" + place(x + static_cast<double>(from) * step, y + row * step) + "h" +
+                                 number(static_cast<double>(to - from) * step) + "v" + number(step) + "h-" +
+                                 number(static_cast<double>(to - from) * step) + "z") +
+              "/>");
+    }
+  }
+}
+
+}  // namespace vk

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <set>
+#include <string>
+
+#include "gral/Drawing.h"
+
+namespace vk {
+
+/// Writes a drawing as a scalable picture: an SVG document whose unit is the twip, at its natural size.
+///
+/// Lines that follow one another with the same pen become one path. Letters stay letters, in "Arial" or what
+/// the viewer has for it, each at its own place.
+class SvgWriter : public DrawingSink {
+ public:
+  /// `pixelRatio` pixels of the drawing make a nominal one. The letters tell where their base line is.
+  SvgWriter(int pixelRatio, LetterMetrics& letters);
+
+  /// The document of what was drawn since the last `clear`. Nothing more can be drawn afterwards.
+  std::string document();
+
+  void clear(double width, double height, Color background) override;
+  void pen(const Pen& pen) override;
+  void filling(const Filling& filling) override;
+  void line(double x1, double y1, double x2, double y2) override;
+  void box(double x1, double y1, double x2, double y2) override;
+  void filledBox(double x1, double y1, double x2, double y2, Color color) override;
+  void circle(double x, double y, double radius) override;
+  void polyline(std::span<const PixelPoint> points) override;
+  void bezier(std::span<const PixelPoint> points) override;
+  void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
+  void text(const TextRun& run) override;
+  void clip(const PixelRect* region) override;
+  void picture(const Picture& picture, double x, double y) override;
+  void refresh() override {}
+
+ private:
+  void flushPath();
+  void openGroup();
+  void closeGroup();
+  void element(const std::string& text);
+  std::string place(double x, double y) const;
+  std::string place(const PixelPoint& point) const;
+  std::string path(std::span<const PixelPoint> points) const;
+  std::string paint();
+
+  double twipsPerPixel_;
+  LetterMetrics& letters_;
+  double width_ = 0, height_ = 0;
+  std::string body_;
+  std::string definitions_;
+  std::set<std::string> defined_;
+  std::string path_;  ///< lines that wait for their end
+  std::string pathEnd_;
+  bool groupOpen_ = false;
+  Pen pen_;
+  Filling filling_;
+  std::string clip_;  ///< name of the clip region, empty for none
+};
+
+}  // namespace vk

@@ -1,0 +1,237 @@
+#include "gral/Raster.h"
+
+#include <cmath>
+#include <numbers>
+#include <random>
+
+namespace vk {
+namespace {
+
+constexpr std::uint32_t kInk = 0xFF000000, kPaper = 0xFFFFFFFF;
+
+/// The picture as rows of "#" for ink and "." for paper.
+std::vector<std::string> rowsOf(const Raster& raster) {
+  std::vector<std::string> rows;
+  for (int y = 0; y < raster.height(); ++y) {
+    std::string row;
+    for (int x = 0; x < raster.width(); ++x) row += raster.at(x, y) == kPaper ? '.' : '#';
+    rows.push_back(row);
+  }
+  return rows;
+}
+
+int inkOf(const Raster& raster) {
+  int count = 0;
+  for (const std::uint32_t pixel : raster.pixels()) count += pixel == kInk;
+  return count;
+}
+
+using Rows = std::vector<std::string>;
+
+class RasterPicture : public ::testing::Test {
+ protected:
+  void SetUp() override { clean(8, 6); }
+  void clean(int width, int height) { raster.reset(width, height, kPaper); }
+  void line(PixelPoint a, PixelPoint b, int width = 1) { raster.line(a, b, Nib(width), kInk); }
+  Raster raster;
+};
+
+TEST_F(RasterPicture, LineHasBothEnds) {
+  line({1, 1}, {5, 1});
+  line({7, 4}, {7, 2});
+  EXPECT_EQ(rowsOf(raster), (Rows{"........", ".#####..", ".......#", ".......#", ".......#", "........"}));
+}
+
+TEST_F(RasterPicture, LineOfNoLengthIsOneSpot) {
+  line({2, 2}, {2, 2});
+  EXPECT_EQ(inkOf(raster), 1);
+  EXPECT_EQ(raster.at(2, 2), kInk);
+}
+
+TEST_F(RasterPicture, SlantedLineIsTheSameFromBothEnds) {
+  line({0, 0}, {7, 5});
+  const Rows there = rowsOf(raster);
+  EXPECT_EQ(there, (Rows{"#.......", ".##.....", "...#....", "....#...", ".....##.", ".......#"}));
+  clean(8, 6);
+  line({7, 5}, {0, 0});
+  EXPECT_EQ(rowsOf(raster), there);
+}
+
+TEST_F(RasterPicture, WidePensAreRoundSpots) {
+  clean(12, 6);
+  line({2, 2}, {2, 2}, 2);
+  line({6, 2}, {6, 2}, 4);
+  line({10, 2}, {10, 2}, 3);
+  EXPECT_EQ(rowsOf(raster), (Rows{".....##.....", ".##.####.###", ".##.####.###", ".....##..###",
+                                  "............", "............"}));
+}
+
+TEST_F(RasterPicture, WideLineIsItsSpotMovedAlong) {
+  for (const auto& [a, b] : {std::pair<PixelPoint, PixelPoint>{{6, 7}, {20, 7}}, {{9, 5}, {9, 22}}}) {
+    for (int width = 1; width <= 6; ++width) {
+      clean(30, 30);
+      line(a, b, width);
+      const Rows found = rowsOf(raster);
+      clean(30, 30);
+      for (int x = a.x; x <= b.x; ++x) {
+        for (int y = a.y; y <= b.y; ++y) line({x, y}, {x, y}, width);
+      }
+      EXPECT_EQ(rowsOf(raster), found) << width;
+    }
+  }
+}
+
+TEST_F(RasterPicture, LinesOutOfAllBoundsAreCutToThePicture) {
+  line({-2000000000, 3}, {2000000000, 3});
+  EXPECT_EQ(rowsOf(raster)[3], "########");
+  line({4, -2147483647}, {4, 2147483647}, 3);
+  EXPECT_EQ(rowsOf(raster)[0], "...###..");
+  clean(8, 6);
+  line({-2147483647, -2147483647}, {2147483647, 2147483647});
+  EXPECT_EQ(rowsOf(raster), (Rows{"#.......", ".#......", "..#.....", "...#....", "....#...", ".....#.."}));
+  clean(8, 6);
+  line({-2147483647, 2147483647}, {2147483647, 2147483646}, 5);
+  line({100, 0}, {200, 50}, 9);
+  line({2147483647, 2}, {2147483647, 9}, 9);
+  EXPECT_EQ(inkOf(raster), 0);
+}
+
+TEST_F(RasterPicture, DrawingIsLimitedToTheClipRegion) {
+  const PixelRect region{2, 1, 5, 4};
+  raster.clip(&region);
+  const PixelPoint all[] = {{-5, -5}, {50, -5}, {50, 50}, {-5, 50}};
+  raster.polygon(all, {kInk, kFillSolid, 8});
+  const Rows block{"........", "..###...", "..###...", "..###...", "........", "........"};
+  EXPECT_EQ(rowsOf(raster), block);
+  line({0, 0}, {7, 5}, 3);
+  raster.ring({3, 3}, -1, 30, {kInk, kFillSolid, 8});
+  raster.span(0, 0, 8, kInk);
+  raster.set(7, 5, kInk);
+  EXPECT_EQ(rowsOf(raster), block);
+  raster.clip(nullptr);
+  raster.set(7, 5, kInk);
+  EXPECT_EQ(raster.at(7, 5), kInk);
+}
+
+TEST_F(RasterPicture, RegionThatIsEmptyLetsNothingThrough) {
+  for (const PixelRect& region :
+       {PixelRect{5, 1, 2, 4}, PixelRect{20, 20, 30, 30}, PixelRect{-9, -9, -1, -1}}) {
+    raster.clip(&region);
+    line({0, 0}, {7, 5}, 3);
+    raster.ring({3, 3}, -1, 30, {kInk, kFillSolid, 8});
+    const PixelPoint all[] = {{-5, -5}, {50, -5}, {50, 50}, {-5, 50}};
+    raster.polygon(all, {kInk, kFillSolid, 8});
+    EXPECT_EQ(inkOf(raster), 0);
+  }
+}
+
+TEST_F(RasterPicture, PolygonHoldsItsLeftAndUpperEdgeOnly) {
+  const PixelPoint box[] = {{1, 1}, {4, 1}, {4, 3}, {1, 3}};
+  raster.polygon(box, {kInk, kFillSolid, 8});
+  EXPECT_EQ(rowsOf(raster), (Rows{"........", ".###....", ".###....", "........", "........", "........"}));
+}
+
+TEST_F(RasterPicture, PolygonOfTwoPointsIsEmpty) {
+  const PixelPoint two[] = {{1, 1}, {4, 4}};
+  raster.polygon(two, {kInk, kFillSolid, 8});
+  EXPECT_EQ(inkOf(raster), 0);
+}
+
+TEST_F(RasterPicture, TrianglesThatShareEdgesNeitherOverlapNorLeaveGaps) {
+  std::mt19937 random(7);
+  std::uniform_int_distribution<int> place(-4, 44);
+  for (int round = 0; round < 200; ++round) {
+    // a fan of triangles about a point inside a square
+    const PixelPoint corners[] = {{2, 2}, {38, 2}, {38, 38}, {2, 38}};
+    const PixelPoint middle{3 + (place(random) + 4) * 34 / 48, 3 + (place(random) + 4) * 34 / 48};
+    std::vector<int> covered(40 * 40, 0);
+    for (std::size_t i = 0; i < 4; ++i) {
+      clean(40, 40);
+      const PixelPoint triangle[] = {corners[i], corners[(i + 1) % 4], middle};
+      raster.polygon(triangle, {kInk, kFillSolid, 8});
+      for (std::size_t p = 0; p < covered.size(); ++p) covered[p] += raster.pixels()[p] == kInk;
+    }
+    for (int y = 0; y < 40; ++y) {
+      for (int x = 0; x < 40; ++x) {
+        const int expected = x >= 2 && x < 38 && y >= 2 && y < 38;
+        ASSERT_EQ(covered[static_cast<std::size_t>(y * 40 + x)], expected) << x << "," << y;
+      }
+    }
+  }
+}
+
+TEST_F(RasterPicture, RingsFitIntoEachOther) {
+  clean(41, 41);
+  raster.ring({20, 20}, -1, 12.3, {kInk, kFillSolid, 8});
+  const double disc = inkOf(raster);
+  EXPECT_NEAR(disc, std::numbers::pi * 12.3 * 12.3, 12);
+  clean(41, 41);
+  raster.ring({20, 20}, 7.6, 12.3, {kInk, kFillSolid, 8});
+  const int outer = inkOf(raster);
+  EXPECT_EQ(raster.at(20, 20), kPaper);
+  EXPECT_EQ(raster.at(20 + 7, 20), kPaper);
+  EXPECT_EQ(raster.at(20 + 8, 20), kInk);
+  raster.ring({20, 20}, -1, 7.6, {kInk, kFillSolid, 8});
+  EXPECT_EQ(inkOf(raster), disc);
+  EXPECT_GT(disc, outer);
+}
+
+TEST_F(RasterPicture, SmallRingIsASpot) {
+  raster.ring({2, 2}, -1, 0, {kInk, kFillSolid, 8});
+  EXPECT_EQ(inkOf(raster), 1);
+  raster.ring({5, 2}, -1, -0.5, {kInk, kFillSolid, 8});
+  EXPECT_EQ(inkOf(raster), 1);
+}
+
+TEST_F(RasterPicture, HatchesAreLinesOnTheBackground) {
+  const PixelPoint all[] = {{0, 0}, {16, 0}, {16, 16}, {0, 16}};
+  const auto hatch = [&](int style) {
+    clean(16, 16);
+    raster.polygon(all, {kInk, style, 4});
+    return rowsOf(raster);
+  };
+  EXPECT_EQ(hatch(kFillTransparent)[0], "................");
+  EXPECT_EQ(hatch(kFillHorizontal)[0], "################");
+  EXPECT_EQ(hatch(kFillHorizontal)[1], "................");
+  EXPECT_EQ(hatch(kFillVertical)[1], "#...#...#...#...");
+  EXPECT_EQ(hatch(kFillUpward)[1], "...#...#...#...#");
+  EXPECT_EQ(hatch(kFillDownward)[1], ".#...#...#...#..");
+  EXPECT_EQ(hatch(kFillCross)[1], "#...#...#...#...");
+  EXPECT_EQ(hatch(kFillCross)[4], "################");
+  EXPECT_EQ(hatch(kFillDiagonalCross)[1], ".#.#.#.#.#.#.#.#");
+}
+
+TEST_F(RasterPicture, MaskPaintsItsBlackPixels) {
+  const GlyphMask mask{1, -1, 3, 2, {1, 0, 1, 0, 1, 0}};
+  raster.mask({2, 3}, mask, kInk);
+  EXPECT_EQ(rowsOf(raster), (Rows{"........", "........", "...#.#..", "....#...", "........", "........"}));
+}
+
+TEST_F(RasterPicture, TellsWhatHasChanged) {
+  EXPECT_EQ(raster.takeChanged(), (PixelRect{0, 0, 8, 6}));
+  EXPECT_EQ(raster.takeChanged(), PixelRect{});
+  line({1, 2}, {3, 2});
+  line({5, 4}, {5, 4});
+  EXPECT_EQ(raster.takeChanged(), (PixelRect{1, 2, 6, 5}));
+}
+
+TEST_F(RasterPicture, IsReducedToTheMeanOfItsSquares) {
+  clean(4, 4);
+  raster.span(0, 0, 2, 0xFFFF0000);
+  raster.set(2, 2, kInk);
+  const Picture small = raster.reduced(2);
+  ASSERT_EQ(small.width, 2);
+  ASSERT_EQ(small.height, 2);
+  EXPECT_EQ(small.pixels, (std::vector<std::uint32_t>{0xFFFF8080, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFBFBFBF}));
+  const Picture part = raster.reduced(2, {2, 3, 3, 4});
+  ASSERT_EQ(part.width, 1);
+  EXPECT_EQ(part.pixels, std::vector<std::uint32_t>{0xFFBFBFBF});
+}
+
+TEST_F(RasterPicture, ColoursHaveRedInTheLowestByte) {
+  EXPECT_EQ(Raster::pixelOf(0x0000FF), 0xFFFF0000U);
+  EXPECT_EQ(Raster::pixelOf(0x123456), 0xFF563412U);
+}
+
+}  // namespace
+}  // namespace vk

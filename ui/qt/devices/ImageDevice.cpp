@@ -1,0 +1,43 @@
+#include "ui/qt/devices/ImageDevice.h"
+
+#include <QBuffer>
+#include <QImage>
+
+#include "base/RuntimeError.h"
+#include "ui/qt/devices/QtPicture.h"
+
+namespace vk {
+
+ImageDevice::ImageDevice(QtLetters& letters, int pixelRatio, int shownRatio)
+    : ImageParts{RasterSink(pixelRatio, letters)},
+      SinkDevice(FormMetrics{0, 0, pixelRatio}, rasterSink_, letters),
+      pixelRatio_(pixelRatio),
+      shownRatio_(shownRatio) {
+  if (shownRatio < 1 || pixelRatio % shownRatio != 0) throw RuntimeError(kInvalidCall);
+  Cls();
+}
+
+Picture ImageDevice::Image() {
+  Picture picture = rasterSink_.raster().reduced(pixelRatio_ / shownRatio_);
+  picture.twipsPerPixel = kNominalTwipsPerPixel / shownRatio_;
+  return picture;
+}
+
+std::string ImageDevice::png() {
+  return pngOf(Image());
+}
+
+std::string pngOf(const Picture& picture) {
+  QImage image = imageOf(picture).copy();
+  constexpr double kInchesPerMeter = 100 / kCmPerInch;
+  const int dotsPerMeter = static_cast<int>(kTwipsPerInch / picture.twipsPerPixel * kInchesPerMeter + 0.5);
+  image.setDotsPerMeterX(dotsPerMeter);
+  image.setDotsPerMeterY(dotsPerMeter);
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  image.save(&buffer, "PNG");
+  return bytes.toStdString();
+}
+
+}  // namespace vk

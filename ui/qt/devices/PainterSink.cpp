@@ -1,0 +1,204 @@
+#include "ui/qt/devices/PainterSink.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/CodePage.h"
+#include "ui/qt/devices/QtPicture.h"
+
+namespace vk {
+namespace {
+
+/// So many line ends go into one path.
+constexpr int kLongPath = 2000;
+
+QColor colorOf(Color color) {
+  return QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+}
+
+QList<qreal> dashesOf(int style) {
+  switch (style) {
+    case kDrawDash:
+      return {5, 3};
+    case kDrawDot:
+      return {1, 3};
+    case kDrawDashDot:
+      return {5, 3, 1, 3};
+    case kDrawDashDotDot:
+      return {5, 3, 1, 3, 1, 3};
+    default:
+      return {};
+  }
+}
+
+/// Parallel lines through a box, a nominal pixel wide and eight apart, as on the screen.
+QPainterPath hatchLines(int style, const QRectF& box) {
+  constexpr double kStep = 8 * kNominalTwipsPerPixel;
+  QPainterPath path;
+  const auto add = [&path](double x1, double y1, double x2, double y2) {
+    path.moveTo(x1, y1);
+    path.lineTo(x2, y2);
+  };
+  const auto firstFrom = [](double from) { return std::floor(from / kStep) * kStep; };
+  const double height = box.height();
+  const bool cross = style == kFillCross, diagonal = style == kFillDiagonalCross;
+  for (double y = firstFrom(box.top()); y <= box.bottom() && (style == kFillHorizontal || cross);
+       y += kStep) {
+    add(box.left(), y, box.right(), y);
+  }
+  for (double x = firstFrom(box.left()); x <= box.right() && (style == kFillVertical || cross); x += kStep) {
+    add(x, box.top(), x, box.bottom());
+  }
+  const bool up = style == kFillUpward || diagonal, down = style == kFillDownward || diagonal;
+  for (double x = firstFrom(box.left() - height); x <= box.right(); x += kStep) {
+    if (up) add(x, box.bottom(), x + height, box.top());
+    if (down) add(x, box.top(), x + height, box.bottom());
+  }
+  return path;
+}
+
+}  // namespace
+
+PainterSink::PainterSink(QPainter& painter, QtLetters& letters, double twipsPerPixel, double twipsPerPenUnit)
+    : painter_(painter), letters_(letters), twipsPerPixel_(twipsPerPixel), twipsPerPenUnit_(twipsPerPenUnit) {
+  pen({});
+}
+
+PainterSink::~PainterSink() {
+  flushLines();
+}
+
+void PainterSink::clear(double width, double height, Color background) {
+  lines_ = QPainterPath();
+  painter_.setClipping(false);
+  painter_.fillRect(QRectF(0, 0, width, height), colorOf(background));
+}
+
+void PainterSink::pen(const Pen& pen) {
+  flushLines();
+  pen_ = QPen(colorOf(pen.color), pen.width * twipsPerPenUnit_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+  const QList<qreal> dashes = dashesOf(pen.style);
+  if (!dashes.isEmpty()) pen_.setDashPattern(dashes);
+  if (pen.style == kDrawTransparent) pen_.setStyle(Qt::NoPen);
+}
+
+void PainterSink::filling(const Filling& filling) {
+  flushLines();
+  filling_ = filling;
+}
+
+QPointF PainterSink::place(const PixelPoint& point) const {
+  return {point.x * twipsPerPixel_, point.y * twipsPerPixel_};
+}
+
+QPainterPath PainterSink::path(std::span<const PixelPoint> points) const {
+  QPainterPath path(place(points[0]));
+  for (const PixelPoint& point : points.subspan(1)) path.lineTo(place(point));
+  return path;
+}
+
+void PainterSink::flushLines() {
+  if (lines_.isEmpty()) return;
+  painter_.strokePath(lines_, pen_);
+  lines_ = QPainterPath();
+}
+
+void PainterSink::line(double x1, double y1, double x2, double y2) {
+  const QPointF from(x1, y1);
+  if (lines_.isEmpty() || lines_.currentPosition() != from) lines_.moveTo(from);
+  lines_.lineTo(x2, y2);
+  if (lines_.elementCount() > kLongPath) flushLines();
+}
+
+void PainterSink::stroke(const QPainterPath& path) {
+  flushLines();
+  painter_.strokePath(path, pen_);
+}
+
+void PainterSink::drawArea(const QPainterPath& path, const QPen& outline) {
+  flushLines();
+  if (filling_.style > kFillTransparent) {
+    painter_.save();
+    painter_.setClipPath(path, painter_.hasClipping() ? Qt::IntersectClip : Qt::ReplaceClip);
+    painter_.strokePath(hatchLines(filling_.style, path.boundingRect()),
+                        QPen(colorOf(filling_.color), kNominalTwipsPerPixel));
+    painter_.restore();
+  }
+  painter_.setPen(outline);
+  painter_.setBrush(filling_.style == kFillSolid ? QBrush(colorOf(filling_.color)) : QBrush(Qt::NoBrush));
+  painter_.drawPath(path);
+}
+
+void PainterSink::box(double x1, double y1, double x2, double y2) {
+  QPainterPath path;
+  path.addRect(QRectF(QPointF(x1, y1), QPointF(x2, y2)).normalized());
+  stroke(path);
+}
+
+void PainterSink::filledBox(double x1, double y1, double x2, double y2, Color color) {
+  flushLines();
+  painter_.fillRect(QRectF(QPointF(x1, y1), QPointF(x2, y2)).normalized(), colorOf(color));
+}
+
+void PainterSink::circle(double x, double y, double radius) {
+  QPainterPath path;
+  path.addEllipse(QPointF(x, y), std::abs(radius), std::abs(radius));
+  drawArea(path, pen_);
+}
+
+void PainterSink::polyline(std::span<const PixelPoint> points) {
+  stroke(path(points));
+}
+
+void PainterSink::bezier(std::span<const PixelPoint> points) {
+  if (points.empty()) return;
+  QPainterPath curve(place(points[0]));
+  for (std::size_t k = 1; k + 2 < points.size(); k += 3) {
+    curve.cubicTo(place(points[k]), place(points[k + 1]), place(points[k + 2]));
+  }
+  stroke(curve);
+}
+
+void PainterSink::figure(std::span<const PixelPoint> points, bool fill, bool strokeToo) {
+  if (points.empty()) return;
+  QPainterPath outline = path(points);
+  if (!fill) return stroke(outline);
+  outline.closeSubpath();
+  drawArea(outline, strokeToo ? pen_ : QPen(Qt::NoPen));
+}
+
+void PainterSink::text(const TextRun& run) {
+  flushLines();
+  const bool symbol = isSymbolFont(run.fontName);
+  const double size = run.points * kTwipsPerPoint;
+  painter_.save();
+  painter_.setPen(pen_.color());
+  painter_.translate(run.x, run.y);
+  painter_.rotate(-run.angle);
+  double x = 0;
+  for (const char c : run.text) {
+    const auto code = static_cast<unsigned char>(c);
+    const char32_t character = toUnicode(c, symbol ? CodePage::kSymbol : CodePage::kWindows1252);
+    QFont font(QString::fromStdString(letters_.face(symbol, code)));
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(size))));
+    painter_.setFont(font);
+    if (code >= ' ')
+      painter_.drawText(QPointF(x, letters_.ascent(symbol) * size), QString::fromUcs4(&character, 1));
+    x += letters_.advance(symbol, code) * size;
+  }
+  painter_.restore();
+}
+
+void PainterSink::clip(const PixelRect* region) {
+  flushLines();
+  if (region == nullptr) return painter_.setClipping(false);
+  painter_.setClipRect(QRectF(place({region->x1, region->y1}), place({region->x2, region->y2})));
+}
+
+void PainterSink::picture(const Picture& picture, double x, double y) {
+  flushLines();
+  const double scale = picture.twipsPerPixel;
+  painter_.drawImage(QRectF(x, y, picture.width * scale, picture.height * scale), imageOf(picture));
+}
+
+}  // namespace vk

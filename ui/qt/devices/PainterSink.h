@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include "gral/Drawing.h"
+#include "ui/qt/devices/QtLetters.h"
+
+namespace vk {
+
+/// Draws on a painter whose unit is the twip.
+class PainterSink : public DrawingSink {
+ public:
+  /// A pixel of the drawing and the unit of its pens, in twips. Painter and letters outlive the sink.
+  PainterSink(QPainter& painter, QtLetters& letters, double twipsPerPixel, double twipsPerPenUnit);
+  ~PainterSink() override;
+
+  void clear(double width, double height, Color background) override;
+  void pen(const Pen& pen) override;
+  void filling(const Filling& filling) override;
+  void line(double x1, double y1, double x2, double y2) override;
+  void box(double x1, double y1, double x2, double y2) override;
+  void filledBox(double x1, double y1, double x2, double y2, Color color) override;
+  void circle(double x, double y, double radius) override;
+  void polyline(std::span<const PixelPoint> points) override;
+  void bezier(std::span<const PixelPoint> points) override;
+  void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
+  void text(const TextRun& run) override;
+  void clip(const PixelRect* region) override;
+  void picture(const Picture& picture, double x, double y) override;
+  void refresh() override {}
+
+ private:
+  void flushLines();
+  QPointF place(const PixelPoint& point) const;
+  QPainterPath path(std::span<const PixelPoint> points) const;
+  void stroke(const QPainterPath& path);
+  void drawArea(const QPainterPath& path, const QPen& outline);
+
+  QPainter& painter_;
+  QtLetters& letters_;
+  double twipsPerPixel_;
+  double twipsPerPenUnit_;
+  QPen pen_;
+  Filling filling_;
+  QPainterPath lines_;  ///< that wait for others with the same pen
+};
+
+}  // namespace vk

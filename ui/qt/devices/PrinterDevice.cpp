@@ -1,0 +1,82 @@
+#include "ui/qt/devices/PrinterDevice.h"
+
+#include <QBuffer>
+#include <QPageSize>
+#include <QPdfWriter>
+
+#include "base/RuntimeError.h"
+#include "platform/Printer.h"
+#include "ui/qt/devices/PainterSink.h"
+
+namespace vk {
+namespace {
+
+constexpr double kMarginPoints = 12;
+constexpr int kPdfResolution = 1440;
+
+}  // namespace
+
+PrinterDevice::PrinterDevice(Paper& paper, QtLetters& letters)
+    : SinkDevice(paper.metrics(), list_, letters), paper_(paper), fonts_(letters) {}
+
+void PrinterDevice::orientationChanged() {
+  paper_.setOrientation(Orientation());
+}
+
+void PrinterDevice::PaintPicture(const Picture& picture, double x, double y) {
+  list_.picture(picture, x, y);
+}
+
+void PrinterDevice::EndDoc() {
+  if (list_.empty()) return;
+  const DisplayList drawing = std::move(list_);
+  list_.reset();
+  forgetAnnounced();
+  QPainter* painter = paper_.page();
+  if (painter != nullptr) {
+    PainterSink sink(*painter, fonts_, twipsPerContextPixel(), twipsPerContextPixel());
+    drawing.replay(sink);
+  }
+  paper_.EndDoc();
+}
+
+struct PdfPaper::Writer {
+  QBuffer buffer;
+  QPdfWriter pdf{&buffer};
+  QPainter painter;
+};
+
+PdfPaper::PdfPaper() = default;
+PdfPaper::~PdfPaper() = default;
+
+PrinterMetrics PdfPaper::metrics() {
+  return {kA4ShortSide, kA4LongSide, kPdfResolution};
+}
+
+void PdfPaper::setOrientation(Int16 orientation) {
+  orientation_ = orientation;
+}
+
+QPainter* PdfPaper::page() {
+  if (writer_) return &writer_->painter;
+  writer_ = std::make_unique<Writer>();
+  writer_->buffer.open(QIODevice::WriteOnly);
+  QPdfWriter& pdf = writer_->pdf;
+  pdf.setCreator(QStringLiteral("Vor_Kel"));
+  pdf.setResolution(kPdfResolution);
+  pdf.setPageSize(QPageSize(QPageSize::A4));
+  pdf.setPageOrientation(orientation_ == kLandscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+  pdf.setPageMargins(QMarginsF(kMarginPoints, kMarginPoints, kMarginPoints, kMarginPoints),
+                     QPageLayout::Point);
+  if (!writer_->painter.begin(&pdf)) throw RuntimeError(kPrinterError);
+  return &writer_->painter;
+}
+
+void PdfPaper::EndDoc() {
+  if (!writer_) return;
+  writer_->painter.end();
+  document_ = writer_->buffer.data().toStdString();
+  writer_.reset();
+}
+
+}  // namespace vk

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "gral/DisplayList.h"
+#include "gral/SinkDevice.h"
+#include "ui/qt/devices/QtLetters.h"
+
+class QPainter;
+
+namespace vk {
+
+/// The paper that a printer's figures end up on.
+class Paper {
+ public:
+  virtual ~Paper() = default;
+  /// Printable area and resolution.
+  virtual PrinterMetrics metrics() = 0;
+  /// 1 portrait, 2 landscape, for the document that has not begun.
+  virtual void setOrientation(Int16 orientation) = 0;
+  /// The painter of a page, in twips; a document begins. None when the user wants no document. A printer that
+  /// fails is run-time error 482.
+  virtual QPainter* page() = 0;
+  virtual void EndDoc() = 0;
+};
+
+/// Gives a device parts of its own that are made before it.
+struct PrinterParts {
+  DisplayList list_;
+};
+
+/// The printer as a device. A figure goes out as vectors when its document ends.
+class PrinterDevice : private PrinterParts, public SinkDevice {
+ public:
+  /// Paper and letters must outlive the device.
+  PrinterDevice(Paper& paper, QtLetters& letters);
+
+  void PaintPicture(const Picture& picture, double x, double y) override;
+  void EndDoc() override;
+
+ protected:
+  void orientationChanged() override;
+
+ private:
+  Paper& paper_;
+  QtLetters& fonts_;
+};
+
+/// Paper that becomes a PDF file of A4 pages.
+class PdfPaper : public Paper {
+ public:
+  PdfPaper();
+  ~PdfPaper() override;
+
+  PrinterMetrics metrics() override;
+  void setOrientation(Int16 orientation) override;
+  QPainter* page() override;
+  void EndDoc() override;
+
+  /// The last document that was ended; empty before.
+  const std::string& document() const { return document_; }
+
+ private:
+  struct Writer;
+  std::unique_ptr<Writer> writer_;
+  Int16 orientation_ = 1;
+  std::string document_;
+};
+
+}  // namespace vk

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+
+#include "ui/qt/devices/QtLetters.h"
+
+class QGuiApplication;
+
+namespace vk {
+
+/// What the devices need of the toolkit: an application object and the letters. Where the program has no
+/// application object yet, one without a screen is made.
+class QtGraphics {
+ public:
+  QtGraphics();
+  ~QtGraphics();
+  QtGraphics(const QtGraphics&) = delete;
+  QtGraphics& operator=(const QtGraphics&) = delete;
+
+  QtLetters& letters() { return *letters_; }
+
+ private:
+  std::unique_ptr<QGuiApplication> application_;
+  std::unique_ptr<QtLetters> letters_;
+};
+
+}  // namespace vk

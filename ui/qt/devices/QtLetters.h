@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+
+#include "gral/RasterSink.h"
+
+namespace vk {
+
+/// Widths and shapes of letters from the fonts of the system: a sans-serif face for "Arial", and for the
+/// Symbol layout whatever font has the sign. Needs the toolkit's application object.
+///
+/// Widths grow exactly with the size, so that a text is set alike on every device.
+class QtLetters : public GlyphSource {
+ public:
+  QtLetters();
+  ~QtLetters() override;
+
+  double advance(bool symbol, unsigned char code) override;
+  double lineHeight(bool symbol) override;
+  double ascent(bool symbol) override;
+  const GlyphMask& glyph(bool symbol, unsigned char code, double pixels, double angle) override;
+
+  /// The face of the system in which a letter is found.
+  std::string face(bool symbol, unsigned char code) const;
+
+ private:
+  struct Tables;
+  std::unique_ptr<Tables> tables_;
+};
+
+}  // namespace vk

@@ -1,0 +1,52 @@
+#include "ui/qt/devices/VectorDevice.h"
+
+#include <QBuffer>
+#include <QPageSize>
+#include <QPdfWriter>
+
+#include "base/RuntimeError.h"
+#include "gral/SvgWriter.h"
+#include "ui/qt/devices/PainterSink.h"
+
+namespace vk {
+
+VectorDevice::VectorDevice(QtLetters& letters)
+    : SinkDevice(FormMetrics{0, 0, kPixelRatio}, list_, letters), fonts_(letters) {
+  Cls();
+}
+
+std::string VectorDevice::svg() const {
+  return svgOf(list_, kPixelRatio, fonts_);
+}
+
+std::string VectorDevice::pdf() const {
+  return pdfOf(list_, areaWidth(), areaHeight(), kPixelRatio, fonts_);
+}
+
+std::string svgOf(const DisplayList& list, int pixelRatio, QtLetters& letters) {
+  SvgWriter writer(pixelRatio, letters);
+  list.replay(writer);
+  return writer.document();
+}
+
+std::string pdfOf(const DisplayList& list, double width, double height, int pixelRatio, QtLetters& letters) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&buffer);
+  writer.setCreator(QStringLiteral("Vor_Kel"));
+  writer.setResolution(static_cast<int>(kTwipsPerInch));
+  writer.setPageMargins(QMarginsF(0, 0, 0, 0));
+  const QSizeF points(width / kTwipsPerPoint, height / kTwipsPerPoint);
+  writer.setPageSize(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch));
+  QPainter painter;
+  if (!painter.begin(&writer)) throw RuntimeError(kDeviceIoError);
+  {
+    PainterSink sink(painter, letters, kNominalTwipsPerPixel / pixelRatio, kNominalTwipsPerPixel);
+    list.replay(sink);
+  }
+  painter.end();
+  return bytes.toStdString();
+}
+
+}  // namespace vk

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "gral/DisplayList.h"
+#include "gral/SinkDevice.h"
+#include "ui/qt/devices/QtLetters.h"
+
+namespace vk {
+
+/// Gives a device parts of its own that are made before it.
+struct VectorParts {
+  DisplayList list_;
+};
+
+/// A form that keeps its drawing as lines and letters and gives it as files of vectors. Its pixels are
+/// twips.
+class VectorDevice : private VectorParts, public SinkDevice {
+ public:
+  static constexpr int kPixelRatio = 15;
+
+  /// The letters must outlive the device.
+  explicit VectorDevice(QtLetters& letters);
+
+  /// The drawing so far as a file of the SVG format, and of the PDF format with one page of its size.
+  std::string svg() const;
+  std::string pdf() const;
+
+  const DisplayList& list() const { return list_; }
+
+ private:
+  QtLetters& fonts_;
+};
+
+/// The drawing of a form as such files: its size in twips, `pixelRatio` pixels to the nominal one.
+std::string svgOf(const DisplayList& list, int pixelRatio, QtLetters& letters);
+std::string pdfOf(const DisplayList& list, double width, double height, int pixelRatio, QtLetters& letters);
+
+}  // namespace vk

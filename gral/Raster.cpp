@@ -16,8 +16,9 @@ int ceilWithin(double x, int low, int high) {
 
 bool hatched(const Brush& brush, int x, int y) {
   const int cell = brush.cell;
-  const bool row = y % cell < cell / 8 + 1, column = x % cell < cell / 8 + 1;
-  const bool up = (x + y) % cell < cell / 8 + 1, down = (x - y % cell + cell) % cell < cell / 8 + 1;
+  const int line = std::max(1, cell / 8);
+  const bool row = y % cell < line, column = x % cell < line;
+  const bool up = (x + y) % cell < line, down = (x - y % cell + cell) % cell < line;
   switch (brush.style) {
     case kFillHorizontal:
       return row;

@@ -51,7 +51,7 @@ void Device::requirePrinter() const {
 
 void Device::setBackColor(Color color) {
   settings_.backColor = color;
-  if (isForm_) cleared();
+  if (isForm_) clearPicture();
 }
 
 void Device::setFillStyle(Int16 style) {
@@ -221,13 +221,18 @@ void Device::setHeight(double height) {
 
 void Device::resizeForm(double clientWidth, double clientHeight) {
   setArea(wholeNominalPixels(clientWidth), wholeNominalPixels(clientHeight));
-  cleared();
+  clearPicture();
   formChanged();
 }
 
 void Device::Cls() {
   requireForm();
+  clearPicture();
+}
+
+void Device::clearPicture() {
   cleared();
+  if (selectedRegion_ != 0) clipTo(&regions_.at(selectedRegion_));
 }
 
 void Device::Refresh() {

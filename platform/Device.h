@@ -154,7 +154,7 @@ class Device {
   double Height();
   void setWidth(double width);
   void setHeight(double height);
-  /// Clears the picture to `BackColor`, whatever the clip region.
+  /// Clears the picture to `BackColor`, whatever the clip region, which stays in force.
   void Cls();
   /// Shows what has been drawn so far.
   void Refresh();
@@ -187,7 +187,8 @@ class Device {
   virtual void drawText(const TextRun& run) = 0;
   /// The region that drawing is limited to from now on; none is the whole drawing area.
   virtual void clipTo(const PixelRect* region) = 0;
-  /// The picture is lost: the whole area, perhaps of a new size, shows `BackColor`.
+  /// The picture is lost: the whole area, perhaps of a new size, shows `BackColor`. The clip region that is
+  /// still in force is told afterwards.
   virtual void cleared() {}
   /// Caption, place or visibility of a form has changed.
   virtual void formChanged() {}
@@ -241,6 +242,7 @@ class Device {
 
   void setArea(double width, double height);
   void turnPage();
+  void clearPicture();
   void resizeForm(double clientWidth, double clientHeight);
   void drawPath(bool fill, bool stroke);
   void writeText(double x, double y, std::string_view text);

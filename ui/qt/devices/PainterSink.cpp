@@ -182,7 +182,7 @@ void PainterSink::text(const TextRun& run) {
     QFont font(QString::fromStdString(letters_.face(symbol, code)));
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(size))));
     painter_.setFont(font);
-    if (code >= ' ')
+    if (code > ' ')
       painter_.drawText(QPointF(x, letters_.ascent(symbol) * size), QString::fromUcs4(&character, 1));
     x += letters_.advance(symbol, code) * size;
   }

@@ -4,24 +4,22 @@
 #include <clocale>
 
 namespace vk {
-namespace {
-
-std::unique_ptr<QGuiApplication> screenlessApplication() {
-  static char name[] = "vor_kel";
-  static char platformOption[] = "-platform";
-  static char platformName[] = "offscreen";
-  static char* arguments[] = {name, platformOption, platformName, nullptr};
-  static int count = 3;
-  auto application = std::make_unique<QGuiApplication>(count, arguments);
-  // The toolkit takes over the user's decimal comma for the whole program.
-  std::setlocale(LC_NUMERIC, "C");
-  return application;
-}
-
-}  // namespace
+/// An application object without a screen. The toolkit changes its arguments, which must outlive it.
+struct QtGraphics::Application {
+  char name[8] = "vor_kel";
+  char option[10] = "-platform";
+  char platform[10] = "offscreen";
+  char* arguments[4] = {name, option, platform, nullptr};
+  int count = 3;
+  QGuiApplication application{count, arguments};
+};
 
 QtGraphics::QtGraphics() {
-  if (QCoreApplication::instance() == nullptr) application_ = screenlessApplication();
+  if (QCoreApplication::instance() == nullptr) {
+    application_ = std::make_unique<Application>();
+    // The toolkit takes over the user's decimal comma for the whole program.
+    std::setlocale(LC_NUMERIC, "C");
+  }
   letters_ = std::make_unique<QtLetters>();
 }
 

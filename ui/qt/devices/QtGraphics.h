@@ -4,8 +4,6 @@
 
 #include "ui/qt/devices/QtLetters.h"
 
-class QGuiApplication;
-
 namespace vk {
 
 /// What the devices need of the toolkit: an application object and the letters. Where the program has no
@@ -20,7 +18,8 @@ class QtGraphics {
   QtLetters& letters() { return *letters_; }
 
  private:
-  std::unique_ptr<QGuiApplication> application_;
+  struct Application;
+  std::unique_ptr<Application> application_;
   std::unique_ptr<QtLetters> letters_;
 };
 

@@ -1,0 +1,193 @@
+#include "gral/SvgWriter.h"
+
+#include "BlockLetters.h"
+
+namespace vk {
+namespace {
+
+class Svg : public ::testing::Test {
+ protected:
+  void SetUp() override { writer.clear(3000, 1500, kWhite); }
+  /// The document between the background and its end.
+  std::string body() {
+    const std::string document = writer.document();
+    const std::string background = "<rect width=\"3000\" height=\"1500\" fill=\"#ffffff\"/>\n";
+    const std::size_t start = document.find(background) + background.size();
+    return document.substr(start, document.rfind("</svg>") - start);
+  }
+  std::string definitions() {
+    const std::string document = writer.document();
+    const std::size_t start = document.find("<defs>\n") + 7;
+    return document.substr(start, document.find("</defs>") - start);
+  }
+
+  BlockLetters letters;
+  SvgWriter writer{15, letters};
+};
+
+constexpr const char* kBlackGroup = "<g stroke=\"#000000\" stroke-width=\"15\" fill=\"none\">\n";
+
+TEST_F(Svg, HasTheNaturalSizeInPoints) {
+  EXPECT_EQ(
+      writer.document(),
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+      "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"150pt\" height=\"75pt\" viewBox=\"0 0 3000 1500\""
+      " font-family=\"Arial, 'Liberation Sans', Helvetica, sans-serif\" stroke-linecap=\"round\""
+      " stroke-linejoin=\"round\">\n<defs>\n</defs>\n"
+      "<rect width=\"3000\" height=\"1500\" fill=\"#ffffff\"/>\n</svg>\n");
+}
+
+TEST_F(Svg, LinesOfOnePenAreOnePathAndJoinedWhereTheyMeet) {
+  writer.pen({});
+  writer.line(1, 2, 3.456, 4);
+  writer.line(3.456, 4, -0.5, 0.001);
+  writer.line(7, 8, 9, 10);
+  EXPECT_EQ(body(),
+            kBlackGroup + std::string("<path fill=\"none\" d=\"M1 2L3.46 4L-0.5 0M7 8L9 10\"/>\n</g>\n"));
+}
+
+TEST_F(Svg, NewPenBeginsANewGroup) {
+  writer.pen({});
+  writer.line(1, 2, 3, 4);
+  writer.pen({0x0000FF, 3, kDrawDot});
+  writer.line(3, 4, 5, 6);
+  EXPECT_EQ(body(),
+            kBlackGroup +
+                std::string("<path fill=\"none\" d=\"M1 2L3 4\"/>\n</g>\n"
+                            "<g stroke=\"#ff0000\" stroke-width=\"45\" fill=\"none\""
+                            " stroke-dasharray=\"45 135\">\n<path fill=\"none\" d=\"M3 4L5 6\"/>\n</g>\n"));
+}
+
+TEST_F(Svg, LongPathsAreCut) {
+  writer.pen({});
+  for (int i = 0; i < 5000; ++i) writer.line(i, 0, i + 0.5, 10);
+  const std::string text = body();
+  int paths = 0;
+  for (std::size_t at = text.find("<path"); at != std::string::npos; at = text.find("<path", at + 1)) ++paths;
+  EXPECT_GT(paths, 3);
+  EXPECT_LT(paths, 20);
+}
+
+TEST_F(Svg, ShapesAreElements) {
+  writer.pen({});
+  writer.filling({0xFFFFFF, kFillSolid});
+  writer.circle(10, 20, 5);
+  writer.box(1, 2, 3, 4);
+  writer.filledBox(1, 2, 3, 4, 0x00FF00);
+  const PixelPoint points[] = {{1, 2}, {3, 4}, {5, 6}, {7, 8}};
+  writer.polyline(points);
+  writer.bezier(points);
+  writer.figure(points, true, true);
+  writer.figure(points, true, false);
+  writer.figure(points, false, true);
+  EXPECT_EQ(body(),
+            "<g stroke=\"#000000\" stroke-width=\"15\" fill=\"#ffffff\">\n"
+            "<circle cx=\"10\" cy=\"20\" r=\"5\"/>\n"
+            "<path fill=\"none\" d=\"M1 2H3V4H1Z\"/>\n"
+            "<path stroke=\"none\" fill=\"#00ff00\" d=\"M1 2H3V4H1Z\"/>\n"
+            "<path fill=\"none\" d=\"M1 2L3 4L5 6L7 8\"/>\n"
+            "<path fill=\"none\" d=\"M1 2C3 4 5 6 7 8\"/>\n"
+            "<path d=\"M1 2L3 4L5 6L7 8Z\"/>\n"
+            "<path stroke=\"none\" d=\"M1 2L3 4L5 6L7 8Z\"/>\n"
+            "<path fill=\"none\" d=\"M1 2L3 4L5 6L7 8\"/>\n</g>\n");
+}
+
+TEST_F(Svg, PixelsAreTurnedIntoTwips) {
+  SvgWriter coarse(2, letters);
+  coarse.clear(3000, 1500, kWhite);
+  const PixelPoint points[] = {{1, 2}, {3, 4}};
+  coarse.polyline(points);
+  EXPECT_NE(coarse.document().find("d=\"M7.5 15L22.5 30\""), std::string::npos);
+}
+
+TEST_F(Svg, LettersStandAtTheirBaseLine) {
+  writer.pen({0x0000FF, 1, kDrawSolid});
+  writer.text({100, 200, 10, 0, "Arial", "a<"});
+  writer.text({100, 200, 10, 30, "Symbol", "a"});
+  EXPECT_EQ(body(),
+            "<g stroke=\"#ff0000\" stroke-width=\"15\" fill=\"none\">\n"
+            "<text stroke=\"none\" fill=\"#ff0000\" font-size=\"200\" transform=\"translate(100 200)\""
+            " x=\"0\" y=\"180\">a</text>\n"
+            "<text stroke=\"none\" fill=\"#ff0000\" font-size=\"200\" transform=\"translate(100 200)\""
+            " x=\"100\" y=\"180\">&lt;</text>\n"
+            "<text stroke=\"none\" fill=\"#ff0000\" font-size=\"200\""
+            " transform=\"translate(100 200)rotate(-30)\" x=\"0\" y=\"180\">\xCE\xB1</text>\n</g>\n");
+}
+
+TEST_F(Svg, EveryCodeGivesWellFormedText) {
+  for (int code = 0; code < 256; ++code) {
+    for (const char* font : {"Arial", "Symbol"}) {
+      writer.text({0, 0, 10, 0, font, std::string(1, static_cast<char>(code))});
+    }
+  }
+  const std::string text = body();
+  for (const char c : text) EXPECT_TRUE(c == '\n' || static_cast<unsigned char>(c) >= 32);
+  EXPECT_NE(text.find(">&amp;<"), std::string::npos);
+  EXPECT_NE(text.find(">\xE2\x82\xAC<"), std::string::npos);
+}
+
+TEST_F(Svg, ClipRegionsAreDefinedAndUsed) {
+  const PixelRect region{10, 20, 110, 50};
+  writer.clip(&region);
+  writer.line(1, 2, 3, 4);
+  writer.clip(nullptr);
+  writer.line(1, 2, 3, 4);
+  EXPECT_EQ(definitions(),
+            "<clipPath id=\"clip0\"><rect x=\"10\" y=\"20\" width=\"100\" height=\"30\"/></clipPath>\n");
+  EXPECT_EQ(body(),
+            "<g stroke=\"#000000\" stroke-width=\"15\" fill=\"none\" clip-path=\"url(#clip0)\">\n"
+            "<path fill=\"none\" d=\"M1 2L3 4\"/>\n</g>\n" +
+                std::string(kBlackGroup) + "<path fill=\"none\" d=\"M1 2L3 4\"/>\n</g>\n");
+}
+
+TEST_F(Svg, HatchesArePatterns) {
+  writer.filling({0x00FF00, kFillUpward});
+  writer.circle(10, 20, 5);
+  writer.filling({0x00FF00, kFillSolid});
+  writer.circle(10, 20, 5);
+  writer.filling({0x00FF00, kFillUpward});
+  writer.circle(10, 20, 5);
+  EXPECT_EQ(definitions(),
+            "<pattern id=\"hatch400ff00\" width=\"120\" height=\"120\" patternUnits=\"userSpaceOnUse\">"
+            "<path stroke=\"#00ff00\" stroke-width=\"15\" d=\"M0 120L120 0\"/></pattern>\n");
+  EXPECT_NE(body().find("fill=\"url(#hatch400ff00)\""), std::string::npos);
+}
+
+TEST_F(Svg, EveryHatchHasItsLines) {
+  const std::pair<int, const char*> hatches[] = {{kFillHorizontal, "M0 0H120\""},
+                                                 {kFillVertical, "M0 0V120\""},
+                                                 {kFillDownward, "M0 0L120 120\""},
+                                                 {kFillCross, "M0 0H120M0 0V120\""},
+                                                 {kFillDiagonalCross, "M0 120L120 0M0 0L120 120\""}};
+  for (const auto& [style, lines] : hatches) {
+    writer.filling({0, style});
+    writer.circle(1, 1, 1);
+    EXPECT_NE(definitions().find(lines), std::string::npos) << style;
+  }
+}
+
+TEST_F(Svg, TransparentPenDrawsNoOutline) {
+  writer.pen({0, 1, kDrawTransparent});
+  writer.circle(1, 1, 1);
+  EXPECT_NE(body().find("<g stroke=\"none\""), std::string::npos);
+}
+
+TEST_F(Svg, PicturesAreRunsOfOneColour) {
+  writer.picture({3, 1, 15, {0xFF0000FF, 0xFF0000FF, 0xFF102030}}, 100, 200);
+  EXPECT_NE(body().find("<path stroke=\"none\" fill=\"#0000ff\" d=\"M100 200h30v15h-30z\"/>\n"
+                        "<path stroke=\"none\" fill=\"#102030\" d=\"M130 200h15v15h-15z\"/>\n"),
+            std::string::npos);
+}
+
+TEST_F(Svg, ClearingBeginsAnew) {
+  writer.pen({});
+  writer.line(1, 2, 3, 4);
+  writer.clear(600, 300, 0x0000FF);
+  const std::string document = writer.document();
+  EXPECT_EQ(document.find("M1 2"), std::string::npos);
+  EXPECT_NE(document.find("viewBox=\"0 0 600 300\""), std::string::npos);
+  EXPECT_NE(document.find("<rect width=\"600\" height=\"300\" fill=\"#ff0000\"/>"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace vk

@@ -1,0 +1,312 @@
+#include <QGuiApplication>
+#include <QImage>
+#include <clocale>
+#include <cmath>
+
+#include "DevicesFixture.h"
+#include "VectorReader.h"
+#include "base/RuntimeError.h"
+#include "platform/Printer.h"
+#include "ui/qt/devices/PainterSink.h"
+#include "ui/qt/devices/PrinterDevice.h"
+
+namespace vk {
+namespace {
+
+class Letters : public DevicesFixture {};
+
+TEST_F(Letters, OfTheTextFontAreFoundForAllPrintableCodes) {
+  for (int code = 33; code < 256; ++code) {
+    const auto c = static_cast<unsigned char>(code);
+    const bool unused =
+        code == 127 || code == 129 || code == 141 || code == 143 || code == 144 || code == 157;
+    if (unused || code == 173) continue;  // no sign, and the soft hyphen
+    EXPECT_GT(letters().advance(false, c), 0.1) << code;
+    EXPECT_LT(letters().advance(false, c), 1.2) << code;
+  }
+}
+
+TEST_F(Letters, OfTheSymbolLayoutHaveGreekWidths) {
+  for (const char c : std::string("abgdezhqiklmnxoprstufcywABGDEZHQIKLMNXOPRSTUFCYW")) {
+    EXPECT_GT(letters().advance(true, static_cast<unsigned char>(c)), 0.15) << c;
+  }
+  EXPECT_NE(letters().advance(true, 'm'), letters().advance(false, 'm'));
+}
+
+TEST_F(Letters, ControlCodesHaveNoWidth) {
+  for (unsigned char code = 0; code < 32; ++code) EXPECT_EQ(letters().advance(false, code), 0);
+}
+
+TEST_F(Letters, BothLayoutsShareTheBaseLine) {
+  EXPECT_EQ(letters().ascent(true), letters().ascent(false));
+  EXPECT_EQ(letters().lineHeight(true), letters().lineHeight(false));
+  EXPECT_GT(letters().ascent(false), 0.7);
+  EXPECT_GT(letters().lineHeight(false), letters().ascent(false));
+}
+
+TEST_F(Letters, WidthsGrowExactlyWithTheSize) {
+  ImageDevice image(letters());
+  image.setFontSize(7);
+  const double width = image.TextWidth("Vor");
+  image.setFontSize(21);
+  EXPECT_NEAR(image.TextWidth("Vor"), 3 * width, 1E-9);
+  VectorDevice vectors(letters());
+  vectors.setFontSize(21);
+  EXPECT_EQ(vectors.TextWidth("Vor"), image.TextWidth("Vor"));
+  EXPECT_EQ(vectors.TextHeight(""), image.TextHeight("abc"));
+}
+
+TEST_F(Letters, MasksAreKeptAndTurned) {
+  const GlyphMask upright = letters().glyph(false, 'l', 40, 0);
+  const GlyphMask turned = letters().glyph(false, 'l', 40, 90);
+  EXPECT_GT(upright.height, 2 * upright.width);
+  EXPECT_GT(turned.width, 2 * turned.height);
+  EXPECT_EQ(upright.pixels, letters().glyph(false, 'l', 40, 0).pixels);
+}
+
+TEST_F(Letters, LeaveTheDecimalPointAlone) {
+  EXPECT_STREQ(std::localeconv()->decimal_point, ".");
+}
+
+class Images : public DevicesFixture {};
+
+TEST_F(Images, ShownRatioMustDivideThePixelRatio) {
+  EXPECT_THROW(ImageDevice(letters(), 4, 3), RuntimeError);
+  EXPECT_THROW(ImageDevice(letters(), 4, 0), RuntimeError);
+  EXPECT_NO_THROW(ImageDevice(letters(), 6, 3));
+}
+
+TEST_F(Images, PngHasTheShownPixelsAndTheNaturalSize) {
+  ImageDevice image(letters(), 4, 2);
+  drawOn(image, [](GralCls& g) { g.GralBox(2, 2, 20, 15, 0); });
+  QImage read;
+  ASSERT_TRUE(read.loadFromData(QByteArray::fromStdString(image.png()), "PNG"));
+  EXPECT_EQ(read.width(), image.ScaleWidth() / 15 * 2);
+  EXPECT_EQ(read.height(), image.ScaleHeight() / 15 * 2);
+  EXPECT_NEAR(read.dotsPerMeterX(), 192 / 0.0254, 1);
+  EXPECT_EQ(read.pixelColor(0, 0), QColor(Qt::white));
+}
+
+TEST_F(Images, PictureIsTheReducedRaster) {
+  ImageDevice image(letters(), 4, 1);
+  drawOn(image, [](GralCls& g) { g.GralDev->FilledBox(0, 0, 7.5, 15, kBlack); });
+  const Picture picture = image.Image();
+  EXPECT_EQ(picture.twipsPerPixel, 15);
+  EXPECT_EQ(picture.width, image.raster().width() / 4);
+  // columns 0, 1 and 2 of 4 are black
+  EXPECT_EQ(picture.pixels[0], 0xFF404040U);
+}
+
+TEST_F(Images, ClippedFillingEndsExactlyAtTheRegion) {
+  ImageDevice image(letters(), 4, 1);
+  drawOn(image, [](GralCls& g) {
+    g.GralClip(5, 5, 10, 10);
+    g.GralDev->FilledBox(0, 0, 100000, 100000, kBlack);
+    const int x1 = g.xUsr2Pixel(5), x2 = g.xUsr2Pixel(10);
+    const int y1 = g.yUsr2Pixel(10), y2 = g.yUsr2Pixel(5);
+    const Raster& raster = static_cast<ImageDevice*>(g.GralDev)->raster();
+    EXPECT_EQ(raster.at(x1, y1), 0xFF000000U);
+    EXPECT_EQ(raster.at(x2 - 1, y2 - 1), 0xFF000000U);
+    EXPECT_EQ(raster.at(x1 - 1, y1), 0xFFFFFFFFU);
+    EXPECT_EQ(raster.at(x2, y2 - 1), 0xFFFFFFFFU);
+    EXPECT_EQ(raster.at(x1, y2), 0xFFFFFFFFU);
+  });
+}
+
+class Vectors : public DevicesFixture {};
+
+TEST_F(Vectors, PixelsAreTwips) {
+  VectorDevice vectors(letters());
+  drawOn(vectors, [](GralCls& g) {
+    EXPECT_EQ(g.xScr2Pixel(100), 100);
+    EXPECT_EQ(g.GralDev->TwipsPerPixelX(), 15);
+  });
+}
+
+TEST_F(Vectors, SvgHasTheSizeOfTheForm) {
+  VectorDevice vectors(letters());
+  drawOn(
+      vectors, [](GralCls&) {}, 2);
+  EXPECT_NE(vectors.svg().find("viewBox=\"0 0 16365 11415\""), std::string::npos);
+}
+
+TEST_F(Vectors, PdfIsOnePage) {
+  VectorDevice vectors(letters());
+  drawOn(vectors, [](GralCls& g) { g.GralLine(1, 1, 5, 5); });
+  const std::string pdf = vectors.pdf();
+  EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
+  EXPECT_NE(pdf.find("/Count 1"), std::string::npos);
+}
+
+TEST_F(Vectors, AreTheSameEachTimeTheyAreAsked) {
+  VectorDevice vectors(letters());
+  drawOn(vectors, [](GralCls& g) { g.GralLine(1, 1, 5, 5); });
+  EXPECT_EQ(vectors.svg(), vectors.svg());
+  EXPECT_EQ(readPdf(vectors.pdf()).shapes.size(), readPdf(vectors.pdf()).shapes.size());
+}
+
+/// Pictures drawn by a painter, for what the files of vectors cannot tell.
+class Painted : public DevicesFixture {
+ protected:
+  QImage paint(const std::function<void(PainterSink&)>& draw) {
+    QImage image(200, 100, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(1 / 15.0, 1 / 15.0);
+    {
+      PainterSink sink(painter, letters(), 15, 15);
+      draw(sink);
+    }
+    return image;
+  }
+};
+
+TEST_F(Painted, PicturesHaveTheirNaturalSize) {
+  const QImage image = paint([](PainterSink& sink) {
+    sink.picture({2, 1, 150, {0xFF000000, 0xFFFF0000}}, 150, 300);
+  });
+  EXPECT_EQ(image.pixelColor(15, 25), QColor(Qt::black));
+  EXPECT_EQ(image.pixelColor(25, 25), QColor(Qt::red));
+  EXPECT_EQ(image.pixelColor(35, 25), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(25, 35), QColor(Qt::white));
+}
+
+TEST_F(Painted, HatchesStayInsideTheFigureAndTheRegion) {
+  for (int style = kFillHorizontal; style <= kFillDiagonalCross; ++style) {
+    const QImage image = paint([style](PainterSink& sink) {
+      const PixelRect region{0, 0, 60, 100};
+      sink.clip(&region);
+      sink.filling({0, style});
+      const PixelPoint box[] = {{20, 20}, {100, 20}, {100, 80}, {20, 80}};
+      sink.figure(box, true, false);
+    });
+    int ink = 0, outside = 0;
+    for (int y = 0; y < 100; ++y) {
+      for (int x = 0; x < 200; ++x) {
+        const bool black = image.pixelColor(x, y) == QColor(Qt::black);
+        const bool inside = x >= 20 && x < 60 && y >= 20 && y < 80;
+        ink += black && inside;
+        outside += black && !inside;
+      }
+    }
+    EXPECT_EQ(outside, 0) << style;
+    EXPECT_GT(ink, 40 * 60 / 10) << style;
+    EXPECT_LT(ink, 40 * 60 / 2) << style;
+  }
+}
+
+TEST_F(Painted, DeviceLineStylesHaveGaps) {
+  for (const int style : {kDrawDash, kDrawDot, kDrawDashDot, kDrawDashDotDot}) {
+    const QImage image = paint([style](PainterSink& sink) {
+      sink.pen({0, 2, style});
+      sink.line(0, 750, 3000, 750);
+    });
+    int ink = 0;
+    for (int x = 0; x < 200; ++x) ink += image.pixelColor(x, 50) == QColor(Qt::black);
+    EXPECT_GT(ink, 60) << style;
+    EXPECT_LT(ink, 190) << style;
+  }
+  const QImage nothing = paint([](PainterSink& sink) {
+    sink.pen({0, 2, kDrawTransparent});
+    sink.line(0, 750, 3000, 750);
+  });
+  EXPECT_EQ(nothing.pixelColor(100, 50), QColor(Qt::white));
+}
+
+class Printed : public DevicesFixture {};
+
+TEST_F(Printed, FigureBecomesVectorsOnTheTurnedPage) {
+  PdfPaper paper;
+  PrinterDevice printer(paper, letters());
+  NominalScreen screen;
+  GralCls drawing(printer, screen);
+  drawing.GralGrStr(printer, "LANDSCAPE", 1);
+  drawing.GralLine(0, 0, drawing.XrLog, drawing.YtLog);
+  drawing.GralWPrint(5, 5, 0, 0, 12, "abc");
+  EXPECT_TRUE(paper.document().empty());
+  drawing.GralGrEnd();
+  const std::string document = paper.document();
+  EXPECT_NE(document.find("/Count 1"), std::string::npos);
+  const VectorContent content = readPdf(document);
+  ASSERT_EQ(content.shapes.size(), 1U);
+  EXPECT_EQ(content.letters.size(), 3U);
+  const QRectF box = inkBox(content);
+  EXPECT_NEAR(box.width(), kA4LongSide, 20);
+  EXPECT_NEAR(box.height(), kA4ShortSide, 20);
+  EXPECT_EQ(printer.Orientation(), kPortrait);
+}
+
+TEST_F(Printed, MarginsAreASixthOfAnInch) {
+  PdfPaper paper;
+  PrinterDevice printer(paper, letters());
+  printer.Line(0, 0, printer.Width(), 0);
+  printer.EndDoc();
+  const VectorContent content = readPdf(paper.document());
+  ASSERT_EQ(content.shapes.size(), 1U);
+  EXPECT_NEAR(content.shapes[0].points[0].x(), 240, 1);
+  EXPECT_NEAR(content.shapes[0].points[0].y(), 240, 20);
+}
+
+TEST_F(Printed, DocumentWithNothingOnItIsNotMade) {
+  PdfPaper paper;
+  PrinterDevice printer(paper, letters());
+  printer.EndDoc();
+  EXPECT_TRUE(paper.document().empty());
+}
+
+TEST_F(Printed, NextDocumentBeginsAnew) {
+  PdfPaper paper;
+  PrinterDevice printer(paper, letters());
+  printer.Line(0, 0, 100, 100);
+  printer.Line(0, 100, 100, 0);
+  printer.EndDoc();
+  EXPECT_EQ(readPdf(paper.document()).shapes.size(), 2U);
+  printer.Line(0, 0, 100, 100);
+  printer.EndDoc();
+  EXPECT_EQ(readPdf(paper.document()).shapes.size(), 1U);
+}
+
+/// Paper that the user does not want, or that fails.
+class NoPaper : public PdfPaper {
+ public:
+  bool fails = false;
+  int ended = 0;
+  QPainter* page() override {
+    if (fails) throw RuntimeError(kPrinterError);
+    return nullptr;
+  }
+  void EndDoc() override { ++ended; }
+};
+
+TEST_F(Printed, DocumentThatTheUserDoesNotWantIsDropped) {
+  NoPaper paper;
+  PrinterDevice printer(paper, letters());
+  printer.Line(0, 0, 100, 100);
+  EXPECT_NO_THROW(printer.EndDoc());
+  EXPECT_EQ(paper.ended, 1);
+}
+
+TEST_F(Printed, FailureOfThePrinterReachesTheCaller) {
+  NoPaper paper;
+  paper.fails = true;
+  PrinterDevice printer(paper, letters());
+  printer.Line(0, 0, 100, 100);
+  try {
+    printer.EndDoc();
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), 482);
+  }
+}
+
+TEST_F(Printed, PicturesGoOntoThePage) {
+  PdfPaper paper;
+  PrinterDevice printer(paper, letters());
+  Picture picture{2, 1, 150, {0xFF000000, 0xFFFF0000}};
+  printer.PaintPicture(picture, 100, 100);
+  printer.EndDoc();
+  EXPECT_NE(paper.document().find("/Subtype /Image"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace vk

@@ -1,0 +1,320 @@
+#include "VectorReader.h"
+
+#include <QByteArray>
+#include <QTransform>
+#include <QXmlStreamReader>
+#include <cmath>
+#include <map>
+#include <numbers>
+
+#include "base/NumberText.h"
+
+namespace vk {
+namespace {
+
+constexpr int kSteps = 32;
+
+using Points = std::vector<QPointF>;
+
+void addCurve(Points& points, QPointF b, QPointF c, QPointF d) {
+  const QPointF a = points.back();
+  for (int i = 1; i <= kSteps; ++i) {
+    const double s = static_cast<double>(i) / kSteps, r = 1 - s;
+    points.push_back(a * r * r * r + b * 3 * r * r * s + c * 3 * r * s * s + d * s * s * s);
+  }
+}
+
+/// The words of a path description: letters and numbers.
+std::vector<std::string> pathWords(const std::string& text) {
+  std::vector<std::string> words;
+  for (const char c : text) {
+    const bool letter = std::isalpha(static_cast<unsigned char>(c)) != 0;
+    if (letter) words.emplace_back(1, c);
+    if (letter || c == ' ') {
+      words.emplace_back();
+    } else {
+      words.back() += c;
+    }
+  }
+  std::erase(words, "");
+  return words;
+}
+
+/// Reads the path descriptions that the writer uses: M, L, H, V, C, Z and h, v, z.
+class PathReader {
+ public:
+  PathReader(const std::string& text, double penWidth, std::vector<VectorContent::Shape>& shapes)
+      : words_(pathWords(text)), penWidth_(penWidth), shapes_(shapes) {}
+
+  void read() {
+    while (at_ < words_.size()) command(words_[at_++][0]);
+    finish();
+  }
+
+ private:
+  double number() { return scanNumber(words_.at(at_++)); }
+  QPointF point() {
+    const double x = number();
+    return {x, number()};
+  }
+  void command(char c) {
+    switch (c) {
+      case 'M':
+        finish();
+        points_.push_back(point());
+        break;
+      case 'L':
+        points_.push_back(point());
+        break;
+      case 'H':
+        points_.emplace_back(number(), points_.back().y());
+        break;
+      case 'V':
+        points_.emplace_back(points_.back().x(), number());
+        break;
+      case 'h':
+        points_.emplace_back(points_.back().x() + number(), points_.back().y());
+        break;
+      case 'v':
+        points_.emplace_back(points_.back().x(), points_.back().y() + number());
+        break;
+      case 'C': {
+        const QPointF b = point(), control = point();
+        addCurve(points_, b, control, point());
+        break;
+      }
+      default:
+        points_.push_back(points_.front());
+    }
+  }
+  void finish() {
+    if (!points_.empty()) shapes_.push_back({points_, penWidth_});
+    points_.clear();
+  }
+
+  std::vector<std::string> words_;
+  double penWidth_;
+  std::vector<VectorContent::Shape>& shapes_;
+  Points points_;
+  std::size_t at_ = 0;
+};
+
+double attribute(const QXmlStreamReader& xml, const char* name) {
+  return scanNumber(xml.attributes().value(QLatin1String(name)).toString().toStdString());
+}
+
+/// The numbers in "translate(1 2)rotate(-30)".
+std::vector<double> numbersIn(const std::string& text) {
+  std::vector<double> numbers;
+  std::string word;
+  for (const char c : text + " ") {
+    if (std::isdigit(static_cast<unsigned char>(c)) != 0 || c == '-' || c == '.') {
+      word += c;
+    } else {
+      if (isNumeric(word)) numbers.push_back(scanNumber(word));
+      word.clear();
+    }
+  }
+  return numbers;
+}
+
+VectorContent::Letter svgLetter(const QXmlStreamReader& xml) {
+  const auto place = numbersIn(xml.attributes().value(QLatin1String("transform")).toString().toStdString());
+  QTransform turn;
+  turn.translate(place[0], place[1]);
+  const double rotation = place.size() > 2 ? place[2] : 0;
+  turn.rotate(rotation);
+  return {turn.map(QPointF(attribute(xml, "x"), attribute(xml, "y"))), attribute(xml, "font-size"),
+          -rotation};
+}
+
+/// Runs the operators of a page that the toolkit writes.
+class PdfPage {
+ public:
+  /// `pageHeight` in points. The file counts from the bottom of the page.
+  PdfPage(VectorContent& content, double pageHeight) : content_(content) {
+    now_.toTwips = QTransform(20, 0, 0, -20, 0, 20 * pageHeight);
+  }
+
+  void run(const std::string& stream) {
+    std::string word;
+    for (const char c : stream + " ") {
+      if (c != ' ' && c != '\n' && c != '\r') {
+        word += c;
+      } else if (!word.empty()) {
+        take(word);
+        word.clear();
+      }
+    }
+  }
+
+ private:
+  struct State {
+    QTransform toTwips;
+    double penWidth = 1;
+  };
+
+  void take(const std::string& word) {
+    if (isNumeric(word)) {
+      numbers_.push_back(scanNumber(word));
+      return;
+    }
+    if (!state(word) && !path(word) && !paint(word)) text(word);
+    numbers_.clear();
+  }
+  double n(std::size_t i) const { return numbers_.at(i); }
+  QPointF mapped(std::size_t i) const { return now_.toTwips.map(QPointF(n(i), n(i + 1))); }
+
+  bool state(const std::string& op) {
+    if (op == "q") {
+      saved_.push_back(now_);
+    } else if (op == "Q") {
+      now_ = saved_.back();
+      saved_.pop_back();
+    } else if (op == "cm") {
+      now_.toTwips = QTransform(n(0), n(1), n(2), n(3), n(4), n(5)) * now_.toTwips;
+    } else if (op == "w") {
+      now_.penWidth = n(0);
+    } else {
+      return false;
+    }
+    return true;
+  }
+  bool path(const std::string& op) {
+    if (op == "m") {
+      shapes_.push_back({{mapped(0)}, 0});
+    } else if (op == "l") {
+      shapes_.back().points.push_back(mapped(0));
+    } else if (op == "c") {
+      addCurve(shapes_.back().points, mapped(0), mapped(2), mapped(4));
+    } else if (op == "h") {
+      shapes_.back().points.push_back(shapes_.back().points.front());
+    } else if (op == "re") {
+      box_ = now_.toTwips.mapRect(QRectF(n(0), n(1), n(2), n(3)));
+    } else {
+      return false;
+    }
+    return true;
+  }
+  bool paint(const std::string& op) {
+    const bool stroke = op == "S" || op[0] == 'B' || op[0] == 'b';
+    if (op == "BT") return false;
+    if (op == "W" || op == "W*") {
+      content_.clips.push_back(shapes_.empty() ? box_ : boxOf(shapes_.back().points));
+      shapes_.clear();
+      return true;
+    }
+    if (!stroke && op != "f" && op != "f*" && op != "n") return false;
+    const double scale = std::hypot(now_.toTwips.m11(), now_.toTwips.m12());
+    for (VectorContent::Shape& shape : shapes_) {
+      shape.penWidth = stroke ? now_.penWidth * scale : 0;
+      if (op != "n") content_.shapes.push_back(shape);
+    }
+    shapes_.clear();
+    return true;
+  }
+  static QRectF boxOf(const Points& points) {
+    QRectF box(points[0], QSizeF(0, 0));
+    for (const QPointF& point : points) {
+      box = QRectF(QPointF(std::min(box.left(), point.x()), std::min(box.top(), point.y())),
+                   QPointF(std::max(box.right(), point.x()), std::max(box.bottom(), point.y())));
+    }
+    return box;
+  }
+  void text(const std::string& op) {
+    if (op == "Tf") size_ = n(0);
+    if (op == "Tm") textMatrix_ = QTransform(n(0), n(1), n(2), n(3), n(4), n(5));
+    if (op == "Td") textMatrix_ = QTransform::fromTranslate(n(0), n(1)) * textMatrix_;
+    if (op != "Tj") return;
+    const QTransform all = textMatrix_ * now_.toTwips;
+    const QPointF along = all.map(QPointF(1, 0)) - all.map(QPointF(0, 0));
+    content_.letters.push_back({all.map(QPointF(0, 0)), size_ * std::hypot(along.x(), along.y()),
+                                std::atan2(-along.y(), along.x()) * 180 / std::numbers::pi});
+  }
+
+  VectorContent& content_;
+  std::vector<double> numbers_;
+  State now_;
+  std::vector<State> saved_;
+  std::vector<VectorContent::Shape> shapes_;
+  QRectF box_;
+  QTransform textMatrix_;
+  double size_ = 0;
+};
+
+/// The uncompressed streams of a PDF file that look like a page.
+std::string pageStream(const std::string& bytes) {
+  std::string best;
+  for (std::size_t at = bytes.find("stream\n"); at != std::string::npos;
+       at = bytes.find("stream\n", at + 1)) {
+    const std::size_t start = at + 7, end = bytes.find("endstream", start);
+    if (end == std::string::npos) break;
+    at = end;
+    if (bytes[start] != 'x') continue;  // not packed
+    QByteArray packed(4, '\x7F');       // the most that may come out
+    packed[0] = 0x01;
+    packed += QByteArray(bytes.data() + start, static_cast<qsizetype>(end - start));
+    const std::string stream = qUncompress(packed).toStdString();
+    if (stream.find(" cm\n") != std::string::npos && stream.size() > best.size()) best = stream;
+  }
+  return best;
+}
+
+}  // namespace
+
+VectorContent readSvg(const std::string& bytes) {
+  VectorContent content;
+  QXmlStreamReader xml(QByteArray::fromStdString(bytes));
+  double penWidth = 0;
+  bool inDefinitions = false;
+  while (!xml.atEnd()) {
+    xml.readNext();
+    if (xml.name() == QLatin1String("defs")) inDefinitions = xml.isStartElement();
+    if (!xml.isStartElement()) continue;
+    const auto name = xml.name().toString();
+    if (inDefinitions) {
+      if (name == "rect") {
+        content.clips.emplace_back(attribute(xml, "x"), attribute(xml, "y"), attribute(xml, "width"),
+                                   attribute(xml, "height"));
+      }
+    } else if (name == "g") {
+      penWidth = attribute(xml, "stroke-width");
+    } else if (name == "path") {
+      const bool stroked = xml.attributes().value(QLatin1String("stroke")) != QLatin1String("none");
+      PathReader(xml.attributes().value(QLatin1String("d")).toString().toStdString(), stroked ? penWidth : 0,
+                 content.shapes)
+          .read();
+    } else if (name == "circle") {
+      const double x = attribute(xml, "cx"), y = attribute(xml, "cy"), r = attribute(xml, "r");
+      content.shapes.push_back({{{x - r, y}, {x, y - r}, {x + r, y}, {x, y + r}}, penWidth});
+    } else if (name == "text") {
+      content.letters.push_back(svgLetter(xml));
+    }
+  }
+  if (xml.hasError()) throw std::runtime_error("the SVG file is not well formed");
+  return content;
+}
+
+VectorContent readPdf(const std::string& bytes) {
+  VectorContent content;
+  const std::size_t box = bytes.find("/MediaBox [");
+  const auto size = numbersIn(bytes.substr(box, bytes.find(']', box) - box));
+  PdfPage(content, size.at(3)).run(pageStream(bytes));
+  return content;
+}
+
+QRectF inkBox(const VectorContent& content) {
+  double left = 1E9, top = 1E9, right = -1E9, bottom = -1E9;
+  for (const VectorContent::Shape& shape : content.shapes) {
+    const double half = shape.penWidth / 2;
+    for (const QPointF& point : shape.points) {
+      left = std::min(left, point.x() - half);
+      right = std::max(right, point.x() + half);
+      top = std::min(top, point.y() - half);
+      bottom = std::max(bottom, point.y() + half);
+    }
+  }
+  return {QPointF(left, top), QPointF(right, bottom)};
+}
+
+}  // namespace vk

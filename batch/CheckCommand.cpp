@@ -6,6 +6,8 @@
 
 #include "base/Text.h"
 #include "batch/DataInput.h"
+#include "batch/DrawCommand.h"
+#include "batch/FigureDesk.h"
 #include "expr/FunMod.h"
 #include "platform/GridOutput.h"
 #include "platform/system/SystemFiles.h"
@@ -33,18 +35,26 @@ std::string checkFunctions(Session& session, Files& files, std::string fileName)
   return session.TraceText;
 }
 
+/// The figure is drawn on a form that nobody sees: what cannot be drawn is an error too.
+std::string checkFigure(Session& session, Files&, std::string fileName) {
+  FigureDesk desk;
+  const std::string errors = drawGraphicFile(session, desk, fileName);
+  session.ErrFlag = toFlag(!errors.empty());
+  return errors;
+}
+
 struct Kind {
   const char* extension;
   Checker check;
 };
 
-constexpr std::array kKinds{Kind{"DAT", checkData}, Kind{"FCN", checkFunctions}};
+constexpr std::array kKinds{Kind{"DAT", checkData}, Kind{"FCN", checkFunctions}, Kind{"GRA", checkFigure}};
 
 Checker checkerFor(const std::string& fileName) {
   const auto* kind = std::find_if(kKinds.begin(), kKinds.end(), [&](const Kind& k) {
     return equalIgnoringCase(GetExtensionName(fileName), k.extension);
   });
-  if (kind == kKinds.end()) throw UsageError(fileName + ": si attende un file .DAT o .FCN");
+  if (kind == kKinds.end()) throw UsageError(fileName + ": si attende un file .DAT, .FCN o .GRA");
   return kind->check;
 }
 
@@ -55,7 +65,7 @@ int runCheck(const std::string& fileName) {
   SystemFiles files;
   const Checker check = checkerFor(fileName);
   std::string errors;
-  reading(fileName, [&] { errors = check(session, files, fileName); });
+  usingFile(fileName, [&] { errors = check(session, files, fileName); });
   if (session.ErrFlag == 0) {
     std::cout << fileName << ": nessun errore\n";
     return 0;

@@ -24,7 +24,7 @@ void checkAndLoad(Session& session, Files& files, Dialogs& dialogs, const std::s
 }  // namespace
 
 void readData(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName) {
-  reading(fileName, [&] { checkAndLoad(session, files, dialogs, fileName); });
+  usingFile(fileName, [&] { checkAndLoad(session, files, dialogs, fileName); });
 }
 
 }  // namespace vk

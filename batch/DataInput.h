@@ -15,9 +15,10 @@ namespace vk {
 /// that differs from the points found is a warning through `dialogs`, as in the program.
 void readData(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName);
 
-/// Runs a statement that reads a file; a file that cannot be read is bad input and raises `UsageError`.
+/// Runs a statement that reads or writes a file; one that cannot be read or written is bad input and raises
+/// `UsageError`.
 template <class Statement>
-void reading(const std::string& fileName, Statement&& statement) {
+void usingFile(const std::string& fileName, Statement&& statement) {
   try {
     std::forward<Statement>(statement)();
   } catch (const RuntimeError& error) {

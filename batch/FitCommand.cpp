@@ -36,7 +36,8 @@ void printOutcome(const FitOutcome& outcome, bool asReport) {
   std::cout << (asReport ? outcome.report.text() + "\n" : outcome.screen);
 }
 
-int runFit(const FitArguments& arguments) {
+int runFit(const FitArguments& arguments, FigureMaker* maker) {
+  FitFigures figures(arguments.figures, maker);
   Session session;
   SystemFiles files;
   TerminalDialogs dialogs;
@@ -45,7 +46,7 @@ int runFit(const FitArguments& arguments) {
   enterStart(session, arguments.parameters);
   const FitOutcome outcome = fitAtTerminal(session, dialogs, arguments.json);
   printOutcome(outcome, arguments.json);
-  return outcome.failed ? kExitFailed : kExitDone;
+  return outcome.failed || !figures.write(session) ? kExitFailed : kExitDone;
 }
 
 }  // namespace vk

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "batch/ArgumentForm.h"
+#include "batch/FitFigures.h"
 #include "batch/Json.h"
 #include "batch/ModelChoice.h"
 #include "platform/Dialogs.h"
@@ -17,6 +18,7 @@ struct FitArguments {
   ModelArguments model;
   std::vector<EnteredValue> parameters;  ///< with a formula also its parameters, in their order
   bool json = false;
+  FigureFiles figures;
 };
 
 /// What a fit has to say at a terminal.
@@ -32,8 +34,9 @@ FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, bool withReport);
 /// Prints the screen, or the report where it was asked for.
 void printOutcome(const FitOutcome& outcome, bool asReport);
 
-/// Runs the fit and prints the report, as text or as JSON. Gives 0, or 1 when the fit failed. Bad arguments
-/// and bad files raise `UsageError`.
-int runFit(const FitArguments& arguments);
+/// Runs the fit, prints the report, as text or as JSON, and makes the figures asked for. Gives 0, or 1 when the
+/// fit or a figure failed. Bad arguments and bad files raise `UsageError`. `maker` is needed only for a figure
+/// that is drawn.
+int runFit(const FitArguments& arguments, FigureMaker* maker);
 
 }  // namespace vk

@@ -78,7 +78,7 @@ void chooseModel(Session& session, Files& files, const ModelArguments& model, co
   } else if (!model.catalogue.empty()) {
     useCatalogue(session, model.catalogue);
   } else if (!model.functionFile.empty()) {
-    reading(model.functionFile, [&] { useFunctionFile(session, files, model.functionFile, model.entry); });
+    usingFile(model.functionFile, [&] { useFunctionFile(session, files, model.functionFile, model.entry); });
   } else {
     throw UsageError("Si attende --function, --catalogue o --file");
   }

@@ -7,41 +7,16 @@
 #include "analysis/FitMod.h"
 #include "analysis/FitScreen.h"
 #include "base/Text.h"
-#include "batch/TerminalPorts.h"
+#include "batch/FigureDesk.h"
 #include "examples/ExampleFits.h"
 #include "expr/CmpMod.h"
 #include "grafile/GralPlt.h"
-#include "gral/NoPrinter.h"
-#include "gral/NominalScreen.h"
-#include "gral/ObserverDevice.h"
-#include "platform/GridOutput.h"
-#include "platform/OffscreenWindows.h"
 #include "platform/system/SystemClock.h"
-#include "platform/system/SystemFiles.h"
 #include "session/Refusals.h"
 
 namespace {
 
 using namespace vk;
-
-class Silence : public Sound {
- public:
-  void tone(int, int) override {}
-  void beep() override {}
-};
-
-/// The world of a figure that is only described.
-struct FigureDesk {
-  SystemFiles files;
-  TerminalDialogs dialogs;
-  NoMainWindow window;
-  GridOutput output;
-  Silence sound;
-  OffscreenWindows plots{[] { return std::make_unique<ObserverDevice>(); }};
-  NoPrinter printer;
-  NominalScreen screen;
-  FigurePorts ports{files, dialogs, window, output, sound, plots, printer, screen};
-};
 
 void fit(Session& session, FigureDesk& desk) {
   SystemClock clock;

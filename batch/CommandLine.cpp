@@ -1,0 +1,235 @@
+#include "batch/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "base/CodePage.h"
+#include "base/RuntimeError.h"
+#include "batch/CheckCommand.h"
+#include "batch/DrawCommand.h"
+#include "batch/EvalCommand.h"
+#include "batch/FitCommand.h"
+#include "batch/PropagateCommand.h"
+#include "batch/SimulateCommand.h"
+#include "batch/TerminalPorts.h"
+#include "batch/TransformCommand.h"
+#include "platform/system/HandOver.h"
+#include "platform/system/SystemFiles.h"
+
+namespace vk {
+namespace {
+
+/// A subcommand and what it runs once the command line is read.
+using Commands = std::map<CLI::App*, std::function<int()>>;
+
+/// What draws: the toolkit where this program has it, else the program beside it.
+struct Drawing {
+  FigureMaker* maker;
+  char** argv;
+};
+
+/// The maker of figures. A program without one goes on as the one that has it.
+FigureMaker& figureMaker(const Drawing& drawing) {
+  if (drawing.maker == nullptr) {
+    const std::string program = joinPath(SystemFiles().programFolder(), kFigureProgram);
+    handOver(program, drawing.argv);
+    throw UsageError("Per disegnare serve il programma " + program);
+  }
+  return *drawing.maker;
+}
+
+/// The options that name the model function.
+void addModel(CLI::App& command, ModelArguments& model) {
+  CLI::Option* function =
+      command.add_option("--function", model.function, "Formula in x, per esempio 'A*EXP(-B*x)+C'");
+  CLI::Option* catalogue =
+      command.add_option("--catalogue", model.catalogue, "Numeri f,g delle funzioni f[g(x)] del catalogo");
+  CLI::Option* file = command.add_option("--file", model.functionFile, "File funzioni (.FCN)");
+  CLI::Option* entry = command.add_option("--entry", model.entry, "Numero della funzione nel file funzioni");
+  function->excludes(catalogue)->excludes(file);
+  catalogue->excludes(file);
+  file->needs(entry);
+  entry->needs(file);
+}
+
+/// An option that may be repeated and is read back by its results.
+CLI::Option* addRepeated(CLI::App& command, const char* name, const std::string& help) {
+  return command.add_option(name, help)->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
+/// Adds `--par` and `--fixed`. The values come in the order in which they were typed, since with a formula of
+/// the command line this order is the order of the parameters.
+std::function<std::vector<EnteredValue>()> addStart(CLI::App& command) {
+  CLI::Option* par = addRepeated(command, "--par", "NOME=VALORE: parametro variabile");
+  CLI::Option* fixed = addRepeated(command, "--fixed", "NOME=VALORE: parametro costante");
+  return [&command, par, fixed] {
+    std::map<const CLI::Option*, std::size_t> taken;
+    std::vector<EnteredValue> values;
+    for (const CLI::Option* option : command.parse_order()) {
+      if (option != par && option != fixed) continue;
+      values.push_back({parseAssignment(option->results().at(taken[option]++)), option == fixed ? "0" : "1"});
+    }
+    return values;
+  };
+}
+
+void addJson(CLI::App& command, bool& json) {
+  command.add_flag("--json", json, "Stampa il risultato come oggetto JSON");
+}
+
+void addFit(CLI::App& app, Commands& commands, const Drawing& drawing) {
+  CLI::App* fit = app.add_subcommand("fit", "Adatta una funzione ai dati di un file e stampa il risultato");
+  auto args = std::make_shared<FitArguments>();
+  fit->add_option("DATI", args->dataFile, "File dati (.DAT)")->required();
+  addModel(*fit, args->model);
+  const auto start = addStart(*fit);
+  addJson(*fit, args->json);
+  fit->add_option("--figure", args->figures.figure, "Grafico di dati e funzione: file .PNG, .SVG o .PDF");
+  fit->add_option("--save-gra", args->figures.graphicFile, "Lo stesso come file grafico (.GRA)");
+  fit->add_option("--differences", args->figures.differences, "Differenze dati-funzione: file dati (.DAT)");
+  commands[fit] = [=] {
+    args->parameters = start();
+    return runFit(*args, args->figures.figure.empty() ? nullptr : &figureMaker(drawing));
+  };
+}
+
+void addPropagate(CLI::App& app, Commands& commands) {
+  CLI::App* propagate =
+      app.add_subcommand("propagate", "Propaga gli errori attraverso una funzione, anche per simulazione");
+  auto args = std::make_shared<PropagateArguments>();
+  addModel(*propagate, args->model);
+  CLI::Option* par = addRepeated(*propagate, "--par",
+                                 "NOME=VALORE[,ERRORE] di x o di un parametro: deviazione standard se "
+                                 "positivo, errore massimo se negativo");
+  propagate->add_option("--seed", args->seed, "Seme del generatore di numeri casuali");
+  propagate->add_option("--histogram", args->histogramFile, "Scrive l'istogramma come file dati");
+  addJson(*propagate, args->json);
+  commands[propagate] = [=] {
+    for (const std::string& word : par->results()) args->variables.push_back(parseValueWithError(word));
+    return runPropagate(*args);
+  };
+}
+
+void addSimulate(CLI::App& app, Commands& commands) {
+  CLI::App* simulate = app.add_subcommand("simulate", "Simula dati da una funzione e li adatta");
+  auto args = std::make_shared<SimulateArguments>();
+  addModel(*simulate, args->model);
+  const auto start = addStart(*simulate);
+  simulate->add_option("--xmin", args->xmin, "x minimo (0)");
+  simulate->add_option("--xmax", args->xmax, "x massimo (10)");
+  simulate->add_option("--points", args->points, "Numero dei punti (11)");
+  simulate->add_option("--dy", args->dy, "Incertezza di y, in percentuale (1)");
+  simulate->add_flag("--dy-absolute", args->dyAbsolute, "L'incertezza di y e` assoluta");
+  simulate->add_option("--dx", args->dx, "Incertezza di x, in percentuale (0: nessuna)");
+  simulate->add_flag("--dx-absolute", args->dxAbsolute, "L'incertezza di x e` assoluta");
+  simulate->add_option("--seed", args->seed, "Seme del generatore di numeri casuali");
+  simulate->add_option("-o,--output", args->outputFile, "Scrive i dati in questo file");
+  addJson(*simulate, args->json);
+  commands[simulate] = [=] {
+    args->parameters = start();
+    return runSimulate(*args);
+  };
+}
+
+void addTransform(CLI::App& app, Commands& commands) {
+  CLI::App* transform = app.add_subcommand("transform", "Trasforma le colonne di un file dati con formule");
+  auto args = std::make_shared<TransformArguments>();
+  transform->add_option("DATI", args->dataFile, "File dati (.DAT)")->required();
+  transform->add_option("--x", args->x, "Formula in x, y, dx, dy per la colonna x");
+  transform->add_option("--y", args->y, "Formula per la colonna y");
+  transform->add_option("--dx", args->dx, "Formula per gli errori di x");
+  transform->add_option("--dy", args->dy, "Formula per gli errori di y");
+  transform->add_option("--title-x", args->titleX, "Legenda di x");
+  transform->add_option("--title-y", args->titleY, "Legenda di y");
+  transform->add_option("-o,--output", args->outputFile, "Scrive i dati in questo file");
+  addJson(*transform, args->json);
+  commands[transform] = [=] { return runTransform(*args); };
+}
+
+void addCheck(CLI::App& app, Commands& commands) {
+  CLI::App* check = app.add_subcommand(
+      "check", "Controlla un file dati, funzioni o grafico e stampa l'elenco degli errori");
+  auto fileName = std::make_shared<std::string>();
+  check->add_option("FILE", *fileName, "File .DAT, .FCN o .GRA")->required();
+  commands[check] = [=] { return runCheck(*fileName); };
+}
+
+// A formula may begin with a sign, which the option reader would take for an option: the words are left to us.
+void addEval(CLI::App& app, Commands& commands) {
+  CLI::App* eval = app.add_subcommand("eval", "Calcola una formula: eval FORMULA [NOME=VALORE ...]");
+  auto args = std::make_shared<EvalArguments>();
+  eval->add_flag("--list", args->list, "Stampa il codice compilato");
+  eval->allow_extras();
+  commands[eval] = [=] {
+    std::vector<std::string> words = eval->remaining();
+    if (words.empty()) throw UsageError("eval: manca la formula");
+    args->expression = words.front();
+    args->assignments.assign(words.begin() + 1, words.end());
+    return runEval(*args);
+  };
+}
+
+void addDraw(CLI::App& app, Commands& commands, const Drawing& drawing) {
+  CLI::App* draw = app.add_subcommand("draw", "Disegna un file grafico");
+  auto args = std::make_shared<DrawArguments>();
+  draw->add_option("GRAFICO", args->graphicFile, "File grafico (.GRA)")->required();
+  draw->add_option("-o,--output", args->figure, "Grafico: file .PNG, .SVG o .PDF")->required();
+  commands[draw] = [=] { return runDraw(*args, figureMaker(drawing)); };
+}
+
+/// The words of the command line. "eval" takes all of its words as they are, so a "--" in front of them says
+/// nothing new; the option reader would give what follows it to nobody.
+std::vector<std::string> commandLine(int argc, char** argv) {
+  std::vector<std::string> words(argv + 1, argv + argc);
+  if (!words.empty() && words.front() == "eval") std::erase(words, "--");
+  return words;
+}
+
+/// The exit code of a run, which has failed as well when its output could not be written.
+int withOutputWritten(int code) {
+  if (std::cout.flush()) return code;
+  std::cerr << "Errore di scrittura\n";
+  return code == kExitDone ? kExitFailed : code;
+}
+
+int run(std::vector<std::string> words, const Drawing& drawing) {
+  CLI::App app("Vor_Kel da terminale: analisi di dati misurati", "vor_kel_batch");
+  app.set_help_flag("--help", "Mostra questo aiuto");
+  app.require_subcommand(1);
+  Commands commands;
+  addFit(app, commands, drawing);
+  addDraw(app, commands, drawing);
+  addCheck(app, commands);
+  addEval(app, commands);
+  addPropagate(app, commands);
+  addSimulate(app, commands);
+  addTransform(app, commands);
+  try {
+    std::ranges::reverse(words);  // the reader takes them from the end
+    app.parse(words);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kExitDone : kExitBadInput;
+  }
+  return commands.at(app.get_subcommands().front())();
+}
+
+}  // namespace
+
+int runCommandLine(int argc, char** argv, FigureMaker* figures) {
+  try {
+    return withOutputWritten(run(commandLine(argc, argv), {figures, argv}));
+  } catch (const UsageError& error) {
+    std::cerr << error.what() << '\n';
+    return kExitBadInput;
+  } catch (const RuntimeError& error) {
+    std::cerr << toUtf8(error.message(), CodePage::kWindows1252) << '\n';
+    return kExitFailed;
+  }
+}
+
+}  // namespace vk

@@ -1,0 +1,28 @@
+#include "batch/DrawCommand.h"
+
+#include <iostream>
+
+#include "batch/DataInput.h"
+#include "grafile/GralPlt.h"
+
+namespace vk {
+
+std::string drawGraphicFile(Session& session, FigureDesk& desk, const std::string& fileName) {
+  session.ShowErrors = kTrue;
+  RunGraphicFile(session, desk.ports, fileName, "Form", 0);
+  return desk.output.request().text;
+}
+
+int runDraw(const DrawArguments& arguments, FigureMaker& maker) {
+  FigureForm form = maker.formFor(arguments.figure);
+  FigureDesk desk([&] { return std::move(form.device); });
+  Session session;
+  std::string errors;
+  usingFile(arguments.graphicFile, [&] { errors = drawGraphicFile(session, desk, arguments.graphicFile); });
+  usingFile(arguments.figure, [&] { desk.files.writeAll(arguments.figure, form.bytes()); });
+  if (errors.empty()) return kExitDone;
+  std::cerr << arguments.graphicFile << ":\n" << terminalText(errors);
+  return kExitBadInput;
+}
+
+}  // namespace vk

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "batch/FigureDesk.h"
+#include "batch/FigureMaker.h"
+#include "session/Session.h"
+
+namespace vk {
+
+/// `draw`: one figure from a graphic file.
+struct DrawArguments {
+  std::string graphicFile;
+  std::string figure;  ///< the file to be made
+};
+
+/// Draws the figure as far as its lines are good and writes it. Gives 0, or 2 when a line was wrong; the list of
+/// errors goes to the error stream. Files that cannot be read or written raise `UsageError`.
+int runDraw(const DrawArguments& arguments, FigureMaker& maker);
+
+/// Runs a graphic file on a desk and gives the list of its errors, CR LF ended.
+std::string drawGraphicFile(Session& session, FigureDesk& desk, const std::string& fileName);
+
+}  // namespace vk

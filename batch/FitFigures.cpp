@@ -1,0 +1,65 @@
+#include "batch/FitFigures.h"
+
+#include <iostream>
+
+#include "base/Text.h"
+#include "batch/DataInput.h"
+#include "batch/FigureDesk.h"
+#include "grafile/GralPlt.h"
+#include "session/Refusals.h"
+
+namespace vk {
+namespace {
+
+void writeFile(Files& files, const std::string& fileName, const std::string& bytes) {
+  usingFile(fileName, [&] { files.writeAll(fileName, bytes); });
+}
+
+/// A figure whose function could not be computed has no text.
+bool isComplete(const std::string& text) {
+  if (text.empty()) std::cerr << "La funzione non si puo` calcolare: nessun grafico\n";
+  return !text.empty();
+}
+
+/// The program puts a line end behind the text.
+std::string asSaved(const std::string& text) {
+  return text + std::string(kCrLf);
+}
+
+}  // namespace
+
+FitFigures::FitFigures(const FigureFiles& wanted, FigureMaker* maker) : wanted_(wanted) {
+  if (wanted.figure.empty()) {
+    form_.device = quietForm();
+  } else {
+    form_ = maker->formFor(wanted.figure);
+  }
+}
+
+bool FitFigures::write(Session& session) {
+  const bool function = writeFunction(session);
+  return writeDifferences(session) && function;
+}
+
+bool FitFigures::writeFunction(Session& session) {
+  if (wanted_.figure.empty() && wanted_.graphicFile.empty()) return true;
+  FigureDesk desk([this] { return std::move(form_.device); });
+  MakeGraph(session, desk.ports, static_cast<int>(kFunctionFigure));
+  if (!isComplete(session.GraphText[kFunctionFigure])) return false;
+  if (!wanted_.figure.empty()) writeFile(desk.files, wanted_.figure, form_.bytes());
+  if (!wanted_.graphicFile.empty()) {
+    writeFile(desk.files, wanted_.graphicFile, asSaved(session.GraphText[kFunctionFigure]));
+  }
+  return true;
+}
+
+bool FitFigures::writeDifferences(Session& session) const {
+  if (wanted_.differences.empty()) return true;
+  FigureDesk desk;
+  MakeGraph(session, desk.ports, static_cast<int>(kDifferencesFigure));
+  if (!isComplete(session.DiffText)) return false;
+  writeFile(desk.files, wanted_.differences, asSaved(session.DiffText));
+  return true;
+}
+
+}  // namespace vk

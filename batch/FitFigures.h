@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+
+#include "batch/FigureMaker.h"
+#include "session/Session.h"
+
+namespace vk {
+
+/// The files that `fit` makes of its figures; what has no name is not made.
+struct FigureFiles {
+  std::string figure;       ///< data and function, drawn
+  std::string graphicFile;  ///< the same as a graphic file
+  std::string differences;  ///< differences of data and function, as a data file
+};
+
+/// The figures of a fit that is still to run.
+class FitFigures {
+ public:
+  /// A name with a wrong ending raises `UsageError` now, before the work begins.
+  FitFigures(const FigureFiles& wanted, FigureMaker* maker);
+
+  /// Makes the files from the session's data and function. False when the function cannot be computed, which
+  /// is told on the error stream. A file that cannot be written raises `UsageError`.
+  bool write(Session& session);
+
+ private:
+  bool writeFunction(Session& session);
+  bool writeDifferences(Session& session) const;
+
+  FigureFiles wanted_;
+  FigureForm form_;
+};
+
+}  // namespace vk

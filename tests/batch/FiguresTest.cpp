@@ -1,0 +1,158 @@
+#include <filesystem>
+
+#include "base/NumberText.h"
+#include "batch/BatchRun.h"
+
+namespace vk {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+constexpr const char* kOhm = "fit examples/ohm.dat --catalogue 1,2 --par b=40 --par c=0 ";
+constexpr const char* kPngStart = "\x89PNG\r\n";
+
+/// A path in the folder of the test, where nothing stands yet.
+std::string freshPath(const std::string& name) {
+  const std::string path = temporaryFile(name, "");
+  std::filesystem::remove(path);
+  return path;
+}
+
+/// A sample file, with the names of other samples as they are from the root of the sources.
+std::string sampleText(const std::string& name) {
+  std::string text = fileContent(VOR_SOURCE_DIR "/examples/" + name);
+  for (std::size_t at = 0; (at = text.find("ohm.dat", at)) != std::string::npos; at += 16) {
+    text.insert(at, "examples/");
+  }
+  return text;
+}
+
+TEST(BatchCheck, AGoodGraphicFileHasNoErrors) {
+  const BatchRun run = batch("check '" + temporaryFile("A.GRA", "\\SIMBOLO(3,4)\r\n") + "'");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.errors, "");
+}
+
+TEST(BatchCheck, PrintsTheListOfAGraphicFile) {
+  const BatchRun run = batch(
+      "check '" + temporaryFile("a.gra", "\\CERCHIO(3,4)\n\\SIMBOLO(q,1)\n\\XASSE(0,1,2,0,3,1)\n") + "'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.output,
+            "***\\CERCHIO(3,4) Comando Errato\n"
+            "*** Parametri di SIMBOLO Errati\n"
+            "*** Parametri di XASSE Errati\n");
+}
+
+TEST(BatchCheck, AGraphicFileThatEndsTooSoonIsBadInput) {
+  const BatchRun run = batch("check '" + temporaryFile("A.GRA", "\\SIMBOLO(3,&") + "'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_THAT(run.errors, HasSubstr("Errore di run-time '62'"));
+}
+
+TEST(BatchFit, SavesTheTextsOfItsFiguresAsTheProgramDoes) {
+  const std::string figure = freshPath("OUT.GRA"), differences = freshPath("OUT.DAT");
+  const BatchRun run = batch(kOhm + ("--save-gra '" + figure) + "' --differences '" + differences + "'");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_THAT(run.output, HasSubstr("y = bx+c"));
+  EXPECT_EQ(fileContent(figure), sampleText("ohm_fun.gra") + "\r\n");
+  EXPECT_EQ(fileContent(differences), sampleText("ohm_dif.dat") + "\r\n");
+  EXPECT_EQ(batch("check '" + figure + "'").exitCode, 0);
+  EXPECT_EQ(batch("check '" + differences + "'").exitCode, 0);
+}
+
+TEST(BatchFit, AFigureThatCannotBeWrittenIsBadInput) {
+  const BatchRun run = batch(std::string(kOhm) + "--save-gra /nowhere/at/all.gra");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_THAT(run.errors, HasSubstr("/nowhere/at/all.gra: Errore di run-time '"));
+}
+
+TEST(BatchFit, AFunctionThatCannotBeComputedHasNoFigure) {
+  // The curve begins at x = 0 and has 80 steps to 100: more than five points lie where LOG fails.
+  std::string data = "x\r\ny\r\n 40\r\n";
+  for (int i = 0; i < 40; ++i) data += generalText(9 + i * 2.3) + " " + generalText(i * .1) + " .1\r\n";
+  const std::string figure = freshPath("OUT.GRA");
+  const BatchRun run = batch("fit '" + temporaryFile("L.DAT", data) +
+                             "' --function 'a*LOG(x-t)' --par a=1 --fixed t=8.9 --save-gra '" + figure + "'");
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_THAT(run.errors, HasSubstr("Errori nel Calcolo della Funzione  <*> per Continuare"));
+  EXPECT_THAT(run.errors, HasSubstr("nessun grafico"));
+  EXPECT_THAT(run.output, HasSubstr("Completata"));
+  EXPECT_FALSE(std::filesystem::exists(figure));
+}
+
+TEST(BatchFit, AFailedFitMakesNoFigures) {
+  const std::string figure = freshPath("OUT.GRA");
+  const BatchRun run =
+      batch("fit examples/ohm.dat --function 'a*x+b-b' --par a=1 --par b=1 --save-gra '" + figure + "'");
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_FALSE(std::filesystem::exists(figure));
+}
+
+TEST(BatchProgram, StartsWithoutTheToolkit) {
+  const std::string libraries = temporaryFile("libraries", "");
+  ASSERT_EQ(std::system(("ldd '" VOR_BINARY_DIR "/batch/vor_kel_batch' > '" + libraries + "'").c_str()), 0);
+  EXPECT_THAT(fileContent(libraries), Not(HasSubstr("Qt")));
+}
+
+#ifdef VOR_HAS_FIGURES
+
+TEST(BatchDraw, MakesAnImage) {
+  const std::string image = freshPath("OUT.png");
+  const BatchRun run = batch("draw examples/sheet.gra -o '" + image + "'");
+  EXPECT_EQ(run.exitCode, 2) << "the sheet names its data from the folder of samples";
+  EXPECT_THAT(run.errors, StartsWith("examples/sheet.gra:\n*** File Dati OHM.DAT Errato\n"));
+  const std::string bytes = fileContent(image);
+  EXPECT_THAT(bytes, StartsWith(kPngStart));
+  EXPECT_GT(bytes.size(), 5000U);
+}
+
+TEST(BatchDraw, MakesVectorFiles) {
+  const std::string figure = temporaryFile("A.GRA", "\\LINEA(2,3,15,12)\r\n\\SCRIVI(5,5,0,0,20,abc)\r\n");
+  const std::string svg = freshPath("OUT.SVG"), pdf = freshPath("out.pdf");
+  EXPECT_EQ(batch("draw '" + figure + "' --output '" + svg + "'").exitCode, 0);
+  EXPECT_EQ(batch("draw '" + figure + "' -o '" + pdf + "'").exitCode, 0);
+  EXPECT_THAT(fileContent(svg), HasSubstr("<svg"));
+  EXPECT_THAT(fileContent(svg), HasSubstr("</svg>"));
+  EXPECT_THAT(fileContent(pdf), StartsWith("%PDF-"));
+}
+
+TEST(BatchDraw, BadNamesAreBadInput) {
+  const std::string figure = temporaryFile("A.GRA", "\\SIMBOLO(3,4)\r\n");
+  EXPECT_EQ(batch("draw '" + figure + "'").exitCode, 2);
+  EXPECT_EQ(batch("draw '" + figure + "' -o out.gif").exitCode, 2);
+  EXPECT_EQ(batch("draw '" + figure + "' -o /nowhere/at/all.png").exitCode, 2);
+  const BatchRun missing = batch("draw /nowhere/a.gra -o '" + freshPath("OUT.png") + "'");
+  EXPECT_EQ(missing.exitCode, 2);
+  EXPECT_THAT(missing.errors, HasSubstr("/nowhere/a.gra: Errore di run-time '"));
+}
+
+TEST(BatchFit, DrawsDataAndFunctionBesideItsReport) {
+  const std::string image = freshPath("OUT.png"), figure = freshPath("OUT.GRA");
+  const BatchRun run = batch(kOhm + ("--figure '" + image) + "' --save-gra '" + figure + "'");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_EQ(run.output, batch(kOhm).output);
+  EXPECT_THAT(fileContent(image), StartsWith(kPngStart));
+  EXPECT_EQ(fileContent(figure), sampleText("ohm_fun.gra") + "\r\n");
+}
+
+TEST(BatchFit, AWrongEndingOfAFigureIsToldBeforeTheFit) {
+  const BatchRun run = batch(std::string(kOhm) + "--figure out.gif");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.output, "");
+  EXPECT_THAT(run.errors, HasSubstr("out.gif: si attende un nome .PNG, .SVG o .PDF"));
+}
+
+#else
+
+TEST(BatchDraw, WithoutTheProgramThatDrawsItIsNamed) {
+  const BatchRun run = batch("draw examples/ohm_dat.gra -o out.png");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_THAT(run.errors, HasSubstr("vor_kel_figures"));
+}
+
+#endif
+
+}  // namespace
+}  // namespace vk

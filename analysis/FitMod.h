@@ -25,7 +25,7 @@ struct FitProgress {
   int iteration = 0;
   int degreesOfFreedom = 0;
   std::optional<double> reducedChiSquare;
-  std::optional<double> confidence;  ///< per cent
+  std::optional<double> confidence;  ///< per cent; 0, without meaning, where no degree of freedom is left
   const Array<double>& X;            ///< 1..N
 };
 

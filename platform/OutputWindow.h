@@ -46,7 +46,8 @@ class OutputWindow {
   virtual void CharLocate(int row, int col) = 0;
   /// Prints at the print position, opaque, and moves it behind the text.
   virtual void print(std::string_view text) = 0;
-  /// A frame through the centres of the corner cells; a title is printed centred on the top side.
+  /// A frame through the centres of the corner cells; a title is printed centred in the
+  /// row below the top side.
   virtual void CharFrame(int row1, int col1, int row2, int col2, int style, const std::string& title) = 0;
 
   /// Shows what has been drawn so far; a long computation calls it now and then.

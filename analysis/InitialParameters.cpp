@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "analysis/FormDescription.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
@@ -15,10 +16,6 @@ namespace {
 
 constexpr int kLeastHalfWidth = 22;
 constexpr int kFirstRow = 7;
-constexpr int kFrames = 3;
-constexpr int kTexts = 6;
-constexpr int kEngraved = 3;
-constexpr int kCentred = 1;
 constexpr double kStepOfZero = 0.01;
 
 /// Half the columns of the form, an even number: wide enough for the text of the function.
@@ -28,44 +25,20 @@ int halfWidth(const std::string& functionText) {
   return 2 * ((least + 1) / 2);
 }
 
-void describeFrames(InputTables& form, int half) {
-  form.InpFrameCount = kFrames;
-  form.InpFrames.dim(kFrames);
-  form.InpFrames[1] = {1, 1, form.InpRows, form.InpCols, kEngraved};
-  form.InpFrames[2] = {3, 1, 6, half, kEngraved};
-  form.InpFrames[3] = {3, half, 6, form.InpCols, kEngraved};
-}
-
-void describeTexts(InputTables& form, int half, const std::string& functionText, bool propagation) {
-  form.InpTextCount = kTexts;
-  form.InpTexts.dim(kTexts);
-  form.InpTextPos.dim(kTexts);
-  int text = 0;
-  const auto add = [&](int row, int column, const std::string& words) {
-    form.InpTexts[++text] = words;
-    form.InpTextPos[text] = {row, column, kCentred};
-  };
-  add(1, half, "Funzione");
-  add(2, half, functionText);
-  add(4, half / 2, propagation ? "Valore " : "Valore");
-  add(5, half / 2, propagation ? "Parametro" : " Iniziale ");
-  add(4, 3 * half / 2, propagation ? " Errore " : "  Variazione  ");
-  // \xE5 shows as a small sigma.
-  add(5, 3 * half / 2, propagation ? "\xE5>0, Err.Max.<0 " : "0 Cost. 1 Var.");
-}
-
 /// The two columns of fields: values on the left, second numbers on the right.
 void describeFields(InputTables& form, int half, const ParameterSet& par, int first) {
   const int rows = form.InpFieldCount / 2;
   const int width = par.ParNameWidth;
-  for (auto* texts : {&form.InpValues, &form.InpFieldKinds, &form.InpLabels}) texts->dim(form.InpFieldCount);
-  for (auto* places : {&form.InpFieldPos, &form.InpLabelPos}) places->dim(form.InpFieldCount);
   const auto add = [&](int field, int row, int column, const std::string& prompt, double value) {
-    form.InpLabels[field] = prompt;
-    form.InpLabelPos[field] = {row, column + 2, width + 2};
-    form.InpValues[field] = FormatCompact(value);
-    form.InpFieldKinds[field] = "#Number";
-    form.InpFieldPos[field] = {row, column + width + 4, 3 - (half - width)};
+    describeField(form, field,
+                  {.row = row,
+                   .promptColumn = column + 2,
+                   .prompt = prompt,
+                   .promptLength = width + 2,
+                   .column = column + width + 4,
+                   .width = 3 - (half - width),
+                   .kind = "#Number",
+                   .value = FormatCompact(value)});
   };
   for (int field = 1; field <= rows; ++field) {
     const int i = first + field - 1;
@@ -74,6 +47,17 @@ void describeFields(InputTables& form, int half, const ParameterSet& par, int fi
     // \xEB shows as a small delta.
     add(field + rows, row, half, "\xEB" + par.name(i), par.ParDeltas[i]);
   }
+}
+
+void describeHeads(InputTables& form, int half, const std::string& functionText, bool propagation) {
+  const int right = 3 * half / 2;
+  // \xE5 shows as a small sigma.
+  describeTexts(form, {{1, half, "Funzione"},
+                       {2, half, functionText},
+                       {4, half / 2, propagation ? "Valore " : "Valore"},
+                       {5, half / 2, propagation ? "Parametro" : " Iniziale "},
+                       {4, right, propagation ? " Errore " : "  Variazione  "},
+                       {5, right, propagation ? "\xE5>0, Err.Max.<0 " : "0 Cost. 1 Var."}});
 }
 
 double startingStep(double value) {
@@ -95,10 +79,11 @@ void EnterParameters(Session& session, InputForm& form, Flag mode) {
   tables.caption = mode ? "VOR_KEL: Propagazione Errori" : "VOR_KEL: Parametri Iniziali";
   tables.InpCols = 2 * half;
   tables.InpRows = par.ParCount + kFirstRow - mode;
-  tables.InpFieldCount = (par.ParCount - mode) * 2;
   tables.InpAction = kStoreParameters;
-  describeFrames(tables, half);
-  describeTexts(tables, half, functionText, mode);
+  describeFrames(tables,
+                 {{1, 1, tables.InpRows, tables.InpCols}, {3, 1, 6, half}, {3, half, 6, tables.InpCols}});
+  describeHeads(tables, half, functionText, mode);
+  describeFieldCount(tables, (par.ParCount - mode) * 2);
   describeFields(tables, half, par, mode + 1);
   form.InpShow(tables, Form::kMain);
 }

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/FormDescription.h"
 #include "base/CheckedMath.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
@@ -31,11 +32,7 @@ constexpr std::array<FieldOfForm, 7> kFields{{{"x Minimo                  ", "0"
 constexpr int kFieldCount = kFields.size();
 constexpr int kRows = 13;
 constexpr int kPromptWidth = 26;
-constexpr int kPromptColumn = 3;
-constexpr int kFieldWidth = -18;
 constexpr int kColumns = kPromptWidth + 24;
-constexpr int kEngraved = 3;
-constexpr int kCentred = 1;
 
 /// The fields of the points, of the error of y and of that of x stand apart.
 int rowOf(int field) {
@@ -49,35 +46,20 @@ std::array<std::string, kFieldCount> settingsTexts(const SimulationSettings& sim
 }
 
 void describeFields(const Session& session, InputTables& form) {
-  form.InpFieldCount = kFieldCount;
-  for (auto* texts : {&form.InpValues, &form.InpFieldKinds, &form.InpLabels}) texts->dim(kFieldCount);
-  for (auto* places : {&form.InpFieldPos, &form.InpLabelPos}) places->dim(kFieldCount);
   const auto settings = settingsTexts(session.sim);
+  describeFieldCount(form, kFieldCount);
   for (int i = 1; i <= kFieldCount; ++i) {
     const auto k = static_cast<std::size_t>(i - 1);
-    form.InpLabels[i] = kFields[k].prompt;
-    form.InpLabelPos[i] = {rowOf(i), kPromptColumn, kPromptWidth};
-    form.InpValues[i] = session.SimFirstTime ? kFields[k].first : settings[k];
-    form.InpFieldKinds[i] = "#Number";
-    form.InpFieldPos[i] = {rowOf(i), kPromptWidth + 6, kFieldWidth};
+    describeField(form, i,
+                  {.row = rowOf(i),
+                   .promptColumn = 3,
+                   .prompt = kFields[k].prompt,
+                   .promptLength = kPromptWidth,
+                   .column = kPromptWidth + 6,
+                   .width = -18,
+                   .kind = "#Number",
+                   .value = session.SimFirstTime ? kFields[k].first : settings[k]});
   }
-}
-
-void describeSurroundings(InputTables& form, const std::string& functionText) {
-  form.InpRows = kRows;
-  form.InpCols = kColumns;
-  form.InpFrameCount = 3;
-  form.InpFrames.dim(3);
-  form.InpFrames[1] = {3, 1, kRows, kColumns, kEngraved};
-  form.InpFrames[2] = {3, kPromptWidth + 4, kRows, kColumns, kEngraved};
-  form.InpFrames[3] = {1, 1, kRows, kColumns, kEngraved};
-  form.InpTextCount = 2;
-  form.InpTexts.dim(2);
-  form.InpTextPos.dim(2);
-  form.InpTexts[1] = "Funzione";
-  form.InpTextPos[1] = {1, kColumns / 2, kCentred};
-  form.InpTexts[2] = functionText;
-  form.InpTextPos[2] = {2, kColumns / 2, kCentred};
 }
 
 // ---- The settings ------------------------------------------------------------------------------------------
@@ -195,7 +177,11 @@ bool accepted(Dialogs& dialogs, const std::string& report) {
 void MenDatSim(Session& session, InputForm& form) {
   InputTables& tables = session.input;
   describeFields(session, tables);
-  describeSurroundings(tables, trim(session.fun.FunctionText));
+  tables.InpRows = kRows;
+  tables.InpCols = kColumns;
+  describeFrames(tables,
+                 {{3, 1, kRows, kColumns}, {3, kPromptWidth + 4, kRows, kColumns}, {1, 1, kRows, kColumns}});
+  describeTexts(tables, {{1, kColumns / 2, "Funzione"}, {2, kColumns / 2, trim(session.fun.FunctionText)}});
   tables.InpAction = kSimulateData;
   tables.caption = "VOR_KEL: Simulazione Dati";
   form.InpShow(tables, Form::kMain);

@@ -4,6 +4,7 @@
 #include <span>
 #include <vector>
 
+#include "analysis/FormDescription.h"
 #include "base/Text.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
@@ -16,50 +17,33 @@ namespace {
 
 constexpr int kColumns = 45;
 constexpr int kPromptWidth = 9;
-constexpr int kPromptColumn = 2;
 constexpr int kTextColumn = 22;
-constexpr int kEngraved = 3;
-constexpr int kCentred = 1;
 constexpr const char* kTextKind = "#String";
 // QUIRK: lists dx for data without errors of x too; such a formula passes the field and fails in the end.
 constexpr const char* kFormulaKind = "#Function@y@x,y,dx,dy@ @ @";
 
-void addField(InputTables& form, int field, const std::string& prompt, const std::string& value,
+void addField(InputTables& form, int i, const std::string& prompt, const std::string& value,
               const char* kind) {
-  form.InpLabels[field] = repeat(kPromptWidth - length(prompt), ' ') + prompt;
-  form.InpLabelPos[field] = {field + 3, kPromptColumn, kPromptWidth};
-  form.InpValues[field] = value;
-  form.InpFieldKinds[field] = kind;
-  form.InpFieldPos[field] = {field + 3, kPromptWidth + 3, kColumns - 3 - kPromptWidth};
+  describeField(form, i,
+                {.row = i + 3,
+                 .promptColumn = 2,
+                 .prompt = repeat(kPromptWidth - length(prompt), ' ') + prompt,
+                 .promptLength = kPromptWidth,
+                 .column = kPromptWidth + 3,
+                 .width = kColumns - 3 - kPromptWidth,
+                 .kind = kind,
+                 .value = value});
 }
 
 void describeFields(InputTables& form, const DataSet& data) {
-  const int count = form.InpFieldCount;
-  for (auto* texts : {&form.InpValues, &form.InpFieldKinds, &form.InpLabels}) texts->dim(count);
-  for (auto* places : {&form.InpFieldPos, &form.InpLabelPos}) places->dim(count);
+  const int count = 5 - data.kXpntErr;
+  describeFieldCount(form, count);
   addField(form, 1, "Legenda x", data.TitleX, kTextKind);
   addField(form, 2, "Legenda y", data.TitleY, kTextKind);
   addField(form, 3, "x", "x", kFormulaKind);
   addField(form, 4, "y", "y", kFormulaKind);
   if (data.kXpntErr) addField(form, 5, "dx", "dx", kFormulaKind);
   addField(form, count, "dy", "dy", kFormulaKind);
-}
-
-void describeSurroundings(InputTables& form, const std::string& dataFile) {
-  form.InpRows = form.InpFieldCount + 4;
-  form.InpCols = kColumns;
-  form.InpFrameCount = 3;
-  form.InpFrames.dim(3);
-  form.InpFrames[1] = {1, 1, form.InpRows, kColumns, kEngraved};
-  form.InpFrames[2] = {3, 1, form.InpRows, kColumns, kEngraved};
-  form.InpFrames[3] = {3, kPromptWidth + 2, form.InpRows, kColumns, kEngraved};
-  form.InpTextCount = 2;
-  form.InpTexts.dim(2);
-  form.InpTextPos.dim(2);
-  form.InpTexts[1] = "File Dati";
-  form.InpTextPos[1] = {1, kTextColumn, kCentred};
-  form.InpTexts[2] = dataFile;
-  form.InpTextPos[2] = {2, kTextColumn, kCentred};
 }
 
 // ---- The columns -------------------------------------------------------------------------------------------
@@ -162,9 +146,13 @@ bool transform(Session& session, Dialogs& dialogs) {
 
 void MenDatTra(Session& session, InputForm& form) {
   InputTables& tables = session.input;
-  tables.InpFieldCount = 5 - session.data.kXpntErr;
   describeFields(tables, session.data);
-  describeSurroundings(tables, FileBaseName(session.DataFile));
+  const int rows = tables.InpFieldCount + 4;
+  tables.InpRows = rows;
+  tables.InpCols = kColumns;
+  describeFrames(tables,
+                 {{1, 1, rows, kColumns}, {3, 1, rows, kColumns}, {3, kPromptWidth + 2, rows, kColumns}});
+  describeTexts(tables, {{1, kTextColumn, "File Dati"}, {2, kTextColumn, FileBaseName(session.DataFile)}});
   tables.InpAction = kTransformData;
   tables.caption = "VOR_KEL: Trasformazione Dati";
   form.InpShow(tables, Form::kMain);

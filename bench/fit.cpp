@@ -8,13 +8,18 @@
 
 #include "analysis/FitMod.h"
 #include "analysis/InitialParameters.h"
-#include "bench/NoPorts.h"
+#include "batch/TerminalPorts.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
 #include "tests/doubles/CountingDialogs.h"
 
 namespace vk {
 namespace {
+
+class NoClock : public Clock {
+ public:
+  float timer() override { return 0; }
+};
 
 class NoObserver : public FitObserver {
  public:
@@ -68,7 +73,7 @@ void start(Session& session, const Problem& problem) {
 void wholeFit(benchmark::State& state, const Problem& problem) {
   Session session = sessionOf(problem);
   CountingDialogs dialogs;
-  NoWindow window;
+  NoMainWindow window;
   NoClock clock;
   NoObserver observer;
   FitResult result;

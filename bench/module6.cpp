@@ -6,7 +6,7 @@
 
 #include "analysis/MonteCarlo.h"
 #include "analysis/Transformation.h"
-#include "bench/NoPorts.h"
+#include "batch/TerminalPorts.h"
 #include "expr/FunMod.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/doubles/CountingDialogs.h"
@@ -72,7 +72,7 @@ void TransformTwoColumns(benchmark::State& state) {
   const DataSet data = largeData().data;
   Session session = largeData();
   CountingDialogs dialogs;
-  NoWindow window;
+  NoMainWindow window;
   for (auto _ : state) {
     state.PauseTiming();
     session.data = data;

@@ -1,0 +1,43 @@
+#include "analysis/FormDescription.h"
+
+namespace vk {
+namespace {
+
+constexpr int kEngraved = 3;
+constexpr int kCentred = 1;
+
+}  // namespace
+
+void describeFieldCount(InputTables& form, int count) {
+  form.InpFieldCount = count;
+  for (auto* texts : {&form.InpValues, &form.InpFieldKinds, &form.InpLabels}) texts->dim(count);
+  for (auto* places : {&form.InpFieldPos, &form.InpLabelPos}) places->dim(count);
+}
+
+void describeField(InputTables& form, int i, const FormField& field) {
+  form.InpLabels[i] = field.prompt;
+  form.InpLabelPos[i] = {field.row, field.promptColumn, field.promptLength};
+  form.InpValues[i] = field.value;
+  form.InpFieldKinds[i] = field.kind;
+  form.InpFieldPos[i] = {field.row, field.column, field.width};
+}
+
+void describeFrames(InputTables& form, std::initializer_list<FormRectangle> frames) {
+  form.InpFrameCount = static_cast<int>(frames.size());
+  form.InpFrames.dim(form.InpFrameCount);
+  int i = 0;
+  for (const FormRectangle& f : frames) form.InpFrames[++i] = {f.top, f.left, f.bottom, f.right, kEngraved};
+}
+
+void describeTexts(InputTables& form, std::initializer_list<FormText> texts) {
+  form.InpTextCount = static_cast<int>(texts.size());
+  form.InpTexts.dim(form.InpTextCount);
+  form.InpTextPos.dim(form.InpTextCount);
+  int i = 0;
+  for (const FormText& t : texts) {
+    form.InpTexts[++i] = t.text;
+    form.InpTextPos[i] = {t.row, t.column, kCentred};
+  }
+}
+
+}  // namespace vk

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+
+#include "platform/InputForm.h"
+
+/// Fills the tables of the input form. Rows and columns are character cells, from 1.
+namespace vk {
+
+struct FormField {
+  int row = 0;
+  int promptColumn = 0;
+  std::string prompt;
+  int promptLength = 0;  ///< from which the caller has its columns
+  int column = 0;        ///< of the content
+  int width = 0;         ///< cells + 1; negative: flush right
+  std::string kind;
+  std::string value;
+};
+
+struct FormRectangle {
+  int top, left, bottom, right;
+};
+
+struct FormText {
+  int row, column;
+  std::string text;
+};
+
+/// Sizes the field tables for this many fields.
+void describeFieldCount(InputTables& form, int count);
+/// Field i, from 1.
+void describeField(InputTables& form, int i, const FormField& field);
+/// All frames, which are engraved.
+void describeFrames(InputTables& form, std::initializer_list<FormRectangle> frames);
+/// All fixed texts, which are centred on their columns.
+void describeTexts(InputTables& form, std::initializer_list<FormText> texts);
+
+}  // namespace vk

@@ -108,7 +108,8 @@ constexpr const char* kDataName = "SIMULA.DAT";
 constexpr double kErrorOfZero = 0.001;
 constexpr double kScatter = 0.4;  // from the lowest to the highest factor
 
-/// The error of a value: as entered, or that percentage of the value. A percentage keeps the value's sign.
+/// The error of a value: as entered, or that percentage of the value.
+// QUIRK: a percentage keeps the sign of the value, so that negative values have negative errors.
 double errorOf(double value, double entered, int absolute) {
   return absolute != 0 ? entered : checked::finite(value * entered) / 100;
 }

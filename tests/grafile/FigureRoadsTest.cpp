@@ -196,6 +196,25 @@ TEST_F(DataRoads, TransformedDataSurviveAGraphicFile) {
   expectTheSameFitAfterAGraphicFile();
 }
 
+TEST_F(DataRoads, TransformedDataAreDrawnAsTheyAreSaved) {
+  prepareExample(session, files, exampleFits().at(4));
+  MenGraDatVis(session, ports);
+  const auto before = lastFigure();
+  ScriptedInputForm form(session, [&](int) { TransformData(session, dialogs, window); });
+  form.execute({"2 T", "U/2", "2*x", "y/2", "dy/2"});
+  MenDatTra(session, form);
+  MenGraDatVis(session, ports);
+  const auto transformed = lastFigure();
+  EXPECT_NE(transformed, before);
+
+  dialogs.pick("NEW.DAT");
+  MenDatSav(session, files, dialogs);
+  dialogs.pick("NEW.DAT");
+  MenDatLet(session, files, dialogs, output, window);
+  MenGraDatVis(session, ports);
+  expectSameLines(lastFigure(), transformed, kTwips);
+}
+
 TEST_F(DataRoads, AFileWithCommentsSurvivesAGraphicFile) {
   files.content["NOTED.DAT"] =
       lines({"% a comment", "x", "", "y", "% another", "3", "1 2 .5", "% between", "2 3.5 .5", "4 4 .5"});

@@ -72,6 +72,10 @@ double QtPrinter::Height() {
   return printer().pageLayout().paintRect(QPageLayout::Point).height() * kTwipsOfPoint;
 }
 
+double QtPrinter::resolution() {
+  return printer().resolution();
+}
+
 bool QtPrinter::askForFile() {
   FileRequest request{.save = true, .caption = "VOR_KEL: Stampa su File PDF"};
   request.folder = files_.documentsFolder();

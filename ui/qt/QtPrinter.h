@@ -22,6 +22,8 @@ class QtPrinter : public Printer {
   void setOrientation(Int16 orientation) override;
   double Width() override;
   double Height() override;
+  /// Dots per inch.
+  double resolution();
   void printText(const std::string& text, const std::string& face, double points) override;
   void printGrid(const CharGrid& grid, const GridPlace& place) override;
   void EndDoc() override;

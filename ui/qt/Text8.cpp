@@ -125,7 +125,7 @@ bool fitsCp437(const QString& text) {
 }
 
 QString fromWindowText(std::string_view text) {
-  QStringDecoder utf8(QStringDecoder::Utf8);
+  QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
   QString decoded = utf8(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
   return utf8.hasError() ? fromPage(text, CodePage::kWindows1252) : decoded;
 }

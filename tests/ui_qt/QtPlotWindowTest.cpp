@@ -1,0 +1,153 @@
+#include "ui/qt/QtPlotWindow.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "gral/GralCls.h"
+#include "gral/NoPrinter.h"
+#include "gral/NominalScreen.h"
+
+namespace vk {
+namespace {
+
+class PlotWindowTest : public ::testing::Test {
+ protected:
+  ~PlotWindowTest() override { windows.closeAll(); }
+
+  /// A new window with a line across the page and a black box in its middle.
+  QtPlotWindow& draw(const std::string& caption = "VOR_KEL: Grafico Dati",
+                     const char* orientation = "LANDSCAPE") {
+    auto& window = dynamic_cast<QtPlotWindow&>(windows.create());
+    GralCls drawing(printer, screen);
+    drawing.GralCaption = caption;
+    drawing.GralGrStr(window.device(), orientation, 1);
+    drawing.GralLine(0, 0, drawing.XrLog, drawing.YtLog);
+    drawing.GralDev->FilledBox(3000, 2000, 4500, 3000, kBlack);
+    drawing.GralRefresh();
+    drawing.GralGrEnd();
+    return window;
+  }
+
+  QtGraphics graphics;
+  Breath breath;
+  NoPrinter printer;
+  NominalScreen screen;
+  QtPlotWindows windows{graphics, breath, [](const std::function<void()>& handler) { handler(); }};
+};
+
+TEST_F(PlotWindowTest, TakesCaptionAndSizeOfTheFigure) {
+  QtPlotWindow& window = draw("VOR_KEL: Citt\xE0");
+  EXPECT_EQ(window.windowTitle(), QString::fromUtf8("VOR_KEL: Città"));
+  EXPECT_EQ(window.accessibleName(), window.windowTitle());
+  EXPECT_EQ(window.objectName(), "GralFrm");
+  // half of 16360 x 11420 twips, in whole pixels
+  EXPECT_EQ(window.size(), QSize(545, 381));
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_EQ(draw("x", "PORTRAIT").size(), QSize(381, 545));
+}
+
+TEST_F(PlotWindowTest, StandsAt500Twips) {
+  EXPECT_EQ(draw().pos(), QPoint(33, 33));
+}
+
+TEST_F(PlotWindowTest, ShowsWhatWasDrawn) {
+  QtPlotWindow& window = draw();
+  const QImage image = window.grab().toImage();
+  EXPECT_EQ(image.pixelColor(250, 150), QColor(Qt::black));
+  EXPECT_EQ(image.pixelColor(10, 10), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(540, 375), QColor(Qt::white));
+}
+
+TEST_F(PlotWindowTest, ShowsChangesWhileACommandRuns) {
+  QtPlotWindow& window = draw();
+  QTest::qWait(50);
+  window.device().FilledBox(300, 300, 900, 900, 0x0000FF);
+  window.device().Refresh();
+  // no event loop of ours has run since
+  EXPECT_EQ(window.grab(QRect(40, 40, 1, 1)).toImage().pixelColor(0, 0), QColor(Qt::red));
+}
+
+TEST_F(PlotWindowTest, KeepsItsPictureWhenHiddenAndShownAgain) {
+  QtPlotWindow& window = draw();
+  const QImage before = window.grab().toImage();
+  window.device().Hide();
+  EXPECT_FALSE(window.isVisible());
+  window.device().Show();
+  EXPECT_EQ(window.grab().toImage(), before);
+}
+
+TEST_F(PlotWindowTest, ClickRunsTheRoutine) {
+  QtPlotWindow& window = draw();
+  int clicks = 0;
+  window.setClickRoutine([&] { ++clicks; });
+  QTest::mouseClick(&window, Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(PlotWindowTest, ClickedWindowIsTheActiveOne) {
+  QtPlotWindow& first = draw();
+  QtPlotWindow& second = draw();
+  EXPECT_EQ(windows.active(), &second);
+  PlotWindow* clicked = nullptr;
+  first.setClickRoutine([&] { clicked = windows.active(); });
+  QTest::mouseClick(&first, Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
+  EXPECT_EQ(clicked, &first);
+}
+
+TEST_F(PlotWindowTest, WindowControlHidesIt) {
+  QtPlotWindow& window = draw();
+  window.close();
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_FALSE(window.device().Visible());
+}
+
+TEST_F(PlotWindowTest, OlderFiguresStayBesideNewOnes) {
+  QtPlotWindow& first = draw();
+  draw();
+  EXPECT_TRUE(first.isVisible());
+  EXPECT_EQ(first.grab().toImage().pixelColor(250, 150), QColor(Qt::black));
+}
+
+TEST_F(PlotWindowTest, HiddenOneIsFreedWhenTheNextIsMade) {
+  QtPlotWindow& first = draw();
+  QSignalSpy freed(&first, &QObject::destroyed);
+  first.close();
+  EXPECT_EQ(freed.count(), 0);
+  draw();
+  EXPECT_EQ(freed.count(), 1);
+}
+
+TEST_F(PlotWindowTest, AllAreClosedWithTheProgram) {
+  QtPlotWindow& first = draw();
+  QSignalSpy freed(&first, &QObject::destroyed);
+  draw();
+  windows.closeAll();
+  EXPECT_EQ(freed.count(), 1);
+  EXPECT_EQ(windows.active(), nullptr);
+}
+
+TEST_F(PlotWindowTest, CopyIsABitmapWithVectorsBesideIt) {
+  QtPlotWindow& window = draw();
+  QGuiApplication::clipboard()->setText("before");
+  window.copyPicture();
+  const QMimeData* content = QGuiApplication::clipboard()->mimeData();
+  ASSERT_TRUE(content->hasImage());
+  EXPECT_FALSE(content->hasText());
+  const QImage image = QGuiApplication::clipboard()->image();
+  EXPECT_EQ(image.size(), QSize(545, 381));
+  EXPECT_EQ(image.pixelColor(250, 150), QColor(Qt::black));
+  EXPECT_TRUE(content->data("image/svg+xml").startsWith("<?xml"));
+}
+
+TEST_F(PlotWindowTest, SvgHoldsOnlyWhatIsSeen) {
+  QtPlotWindow& window = draw();
+  window.device().Cls();
+  window.copyPicture();
+  EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->data("image/svg+xml").contains("<path"));
+}
+
+}  // namespace
+}  // namespace vk

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/PlotWindows.h"
+#include "ui/qt/Breath.h"
+#include "ui/qt/Windows.h"
+#include "ui/qt/devices/QtGraphics.h"
+#include "ui/qt/devices/ScreenDevice.h"
+
+namespace vk {
+
+/// The window `GralFrm`: a bare form that shows one figure. The figure decides its size; a click anywhere is
+/// an event; its window control hides it.
+class QtPlotWindow : public QWidget, public PlotWindow {
+ public:
+  /// What all plot windows share; it outlives them.
+  struct World {
+    QtLetters& letters;
+    Breath& breath;
+    EventRunner run;  ///< carries the handler of a click
+    std::function<void(QtPlotWindow&)> activated;
+  };
+  explicit QtPlotWindow(const World& world);
+
+  Device& device() override { return device_; }
+  void setClickRoutine(std::function<void()> routine) override { click_ = std::move(routine); }
+  /// A bitmap, and beside it the same as SVG.
+  void copyPicture() override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void followForm();
+  void showDrawn();
+
+  const World& world_;
+  ScreenDevice device_;
+  std::function<void()> click_;
+};
+
+/// The plot windows of the desktop. A hidden one is freed when the next is made.
+class QtPlotWindows : public PlotWindows {
+ public:
+  QtPlotWindows(QtGraphics& graphics, Breath& breath, EventRunner run);
+
+  PlotWindow& create() override;
+  PlotWindow* active() override { return active_; }
+  void closeAll() override;
+
+  /// The window in front of all plot windows, or none.
+  QWidget* activeWindow() { return active_; }
+
+ private:
+  void freeHidden();
+
+  QtPlotWindow::World world_;
+  std::vector<std::unique_ptr<QtPlotWindow>> windows_;
+  QtPlotWindow* active_ = nullptr;
+};
+
+}  // namespace vk

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+
+#include "gral/DisplayList.h"
+#include "gral/RasterSink.h"
+#include "gral/SinkDevice.h"
+#include "gral/TeeSink.h"
+#include "ui/qt/devices/QtLetters.h"
+
+namespace vk {
+
+/// Gives a device parts of its own that are made before it.
+struct ScreenParts {
+  RasterSink rasterSink_;
+  DisplayList list_;
+  TeeSink tee_;
+  ScreenParts(int pixelRatio, QtLetters& letters)
+      : rasterSink_(pixelRatio, letters), tee_(rasterSink_, list_) {}
+};
+
+/// The surface of a window: an image of pixels finer than the screen's, and beside it the list of what was
+/// drawn, for copies that are not made of pixels.
+class ScreenDevice : private ScreenParts, public SinkDevice {
+ public:
+  /// The screen has `screenRatio` x `screenRatio` pixels to a nominal one. The letters outlive the device.
+  ScreenDevice(QtLetters& letters, int screenRatio);
+
+  /// What the window is told: caption, place, size or visibility have changed; show what was drawn.
+  std::function<void()> onFormChanged;
+  std::function<void()> onRefresh;
+
+  Raster& raster() { return rasterSink_.raster(); }
+  /// Pixels of the raster to a nominal one, and to one of the screen.
+  int pixelRatio() const { return pixelRatio_; }
+  int reduction() const { return pixelRatio_ / screenRatio_; }
+  int screenRatio() const { return screenRatio_; }
+
+  /// The picture in the screen's pixels.
+  Picture Image() override;
+  /// The same as a file of the SVG format.
+  std::string svg() const;
+
+ protected:
+  void cleared() override;
+  void formChanged() override;
+  void refreshed() override;
+
+ private:
+  int screenRatio_;
+  int pixelRatio_;
+  QtLetters& fonts_;
+};
+
+}  // namespace vk

@@ -9,7 +9,7 @@ namespace {
 constexpr double kUnit = 400;
 constexpr double kHalf = kUnit / 2;
 constexpr double kScrollWidth = 270;
-constexpr double kScrollHeight = 690;
+constexpr double kScrollHeight = 960;
 constexpr double kOptionMark = 360;
 constexpr double kButtonHeight = 405;
 constexpr double kPictureAspect = 2.0 / 3;  // of the main window's client area
@@ -25,7 +25,7 @@ void placeScales(GraphicPanelLayout& layout, const TextMeasure& font, double cap
   const double legend = widest(font, kScaleLegends), value = 2 * font.width("2.0");
   const double textHeight = font.height();
   for (std::size_t i = 0; i < kScaleLegends.size(); ++i) {
-    const double top = captionHeight + kHalf + static_cast<double>(i) * (kScrollHeight + kHalf);
+    const double top = captionHeight + kHalf + static_cast<double>(i) * (kScrollHeight + kHalf / 2);
     const double textTop = top + (kScrollHeight - textHeight) / 2;
     layout.LblFctLeg[i] = {kHalf, textTop, legend, textHeight};
     layout.VScFct[i] = {layout.LblFctLeg[i].right() + kUnit, top, kScrollWidth, kScrollHeight};

@@ -116,7 +116,9 @@ void MainMod::welcome() {
 }
 
 void MainMod::run(std::string_view control) {
+  if (running_) return;
   guarded([&] {
+    const FlagOn running(running_);
     const Handler* handler = findHandler(control);
     if (handler == nullptr || panels_.isOpen()) return;
     if (handler->recent != nullptr) {

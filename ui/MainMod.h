@@ -48,7 +48,7 @@ class MainMod {
   void StartUp(const std::function<void()>& showMainWindow);
 
   /// A menu entry was chosen: runs its command to the end, then renews menus and status bar, except where a
-  /// panel has been opened. Entries without a command do nothing.
+  /// panel has been opened. Entries without a command do nothing, and so does any entry while a command runs.
   void run(std::string_view control);
 
   /// True for the entries that run something.
@@ -101,6 +101,7 @@ class MainMod {
   MainPanels& panels_;
   Editor& editor_;
   std::function<void(int)> quit_;
+  Flag running_;  ///< a command runs
   bool ended_ = false;
 };
 

@@ -410,6 +410,16 @@ TEST_F(MainModTest, TheCalculatorIsStartedAtEachClick) {
   EXPECT_THAT(exitCodes, IsEmpty());
 }
 
+TEST_F(MainModTest, OneCommandRunsAtATime) {
+  start();
+  functions.whileOpen = [this] { mainMod.run("MenSerErr"); };
+  functions.giveUpSelection();
+  mainMod.run("MenFunSel");
+  EXPECT_EQ(session.ShowErrors, kFalse);
+  mainMod.run("MenSerErr");
+  EXPECT_EQ(session.ShowErrors, kTrue);
+}
+
 TEST_F(MainModTest, TheErrorOptionAndItsMarkChangeTogether) {
   start();
   for (int expected : {kTrue, kFalse, kTrue}) {

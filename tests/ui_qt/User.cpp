@@ -3,17 +3,30 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTimer>
 
 namespace vk {
 namespace {
 
-constexpr int kPause = 1;        // ms between two looks
-constexpr int kPatience = 3000;  // looks before the test is ended as hung
+constexpr int kMenuPatience = 300;  // ms until a menu that opens is there
+constexpr int kGrace = 5;           // looks in which a window may come by itself
+constexpr int kPause = 1;           // ms between two looks
+constexpr int kPatience = 3000;     // looks before the test is ended as hung
+
+/// The user turns to a window that does not come to the front by itself.
+void turnTo(QWidget* window) {
+  if (QApplication::activePopupWidget() != nullptr) return;
+  QWidget* modal = QApplication::activeModalWidget();
+  if (modal == nullptr || modal == window) window->activateWindow();
+}
 
 }  // namespace
 
 QWidget* windowNamed(const QString& name) {
+  QWidget* active = QApplication::activeWindow();
+  if (active != nullptr && active->objectName() == name && active->isVisible()) return active;
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window->objectName() == name && window->isVisible()) return window;
   }
@@ -29,7 +42,7 @@ void User::at(const QString& window, std::function<void(QWidget*)> action) {
   if (looking_) return;
   looking_ = true;
   idle_ = 0;
-  QTimer::singleShot(kPause, qApp, [this] { look(); });
+  QTimer::singleShot(kPause, &clock_, [this] { look(); });
 }
 
 void User::look() {
@@ -37,16 +50,18 @@ void User::look() {
   if (steps_.empty()) return;
   const Step step = steps_.front();
   QWidget* window = windowNamed(step.window);
-  const bool inFront =
-      window != nullptr && QApplication::activeWindow() == window &&
-      (QApplication::activeModalWidget() == nullptr || QApplication::activeModalWidget() == window);
+  QWidget* modal = QApplication::activeModalWidget();
+  // While a menu is open its step is still at work.
+  const bool inFront = window != nullptr && QApplication::activeWindow() == window &&
+                       (modal == nullptr || modal == window) && QApplication::activePopupWidget() == nullptr;
   if (!inFront && ++idle_ > kPatience)
     qFatal("no window %s, but %s; modal %s", qPrintable(step.window),
            QApplication::activeWindow() ? qPrintable(QApplication::activeWindow()->objectName()) : "none",
            QApplication::activeModalWidget() ? qPrintable(QApplication::activeModalWidget()->objectName())
                                              : "none");
   looking_ = true;
-  QTimer::singleShot(kPause, qApp, [this] { look(); });
+  QTimer::singleShot(kPause, &clock_, [this] { look(); });
+  if (!inFront && window != nullptr && idle_ > kGrace) turnTo(window);
   if (!inFront) return;
   idle_ = 0;
   steps_.pop_front();
@@ -62,8 +77,12 @@ void User::press(const QString& window, const QString& button) {
      [button](QWidget* shown) { QTest::mouseClick(control<QPushButton>(shown, button), Qt::LeftButton); });
 }
 
-void User::keys(const QString& window, const QString& name, const QString& text) {
-  at(window, [name, text](QWidget* shown) { QTest::keyClicks(control<QWidget>(shown, name), text); });
+void User::type(const QString& window, const QString& name, const QString& text) {
+  at(window, [name, text](QWidget* shown) { typeText(control<QWidget>(shown, name), text); });
+}
+
+void User::choose(const QString& control) {
+  at("Vor_Kel", [control](QWidget* window) { clickMenu(window, control); });
 }
 
 void User::key(const QString& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
@@ -81,7 +100,7 @@ void User::file(const QString& name) {
   at("FileDialog", [name](QWidget* shown) {
     auto* edit = control<QLineEdit>(shown, "fileNameEdit");
     edit->selectAll();
-    QTest::keyClicks(edit, name);
+    typeText(edit, name);
     QTest::keyClick(edit, Qt::Key_Return);
   });
 }
@@ -94,6 +113,30 @@ void bringToFront(QWidget* window) {
   window->show();
   window->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+}
+
+void clickMenu(QWidget* window, const QString& name) {
+  auto* entry = window->findChild<QAction*>(name);
+  QMenu* menu = entry != nullptr ? qobject_cast<QMenu*>(entry->parent()) : window->findChild<QMenu*>(name);
+  ASSERT_NE(menu, nullptr) << name.toStdString();
+  if (entry == nullptr) {
+    entry = menu->menuAction();
+    menu = qobject_cast<QMenu*>(menu->parentWidget());
+  }
+  // From the menu bar down.
+  std::vector<std::pair<QMenu*, QAction*>> way;
+  for (; menu != nullptr; entry = menu->menuAction(), menu = qobject_cast<QMenu*>(menu->parentWidget())) {
+    way.insert(way.begin(), {menu, entry});
+  }
+  auto* bar = control<QMenuBar>(window, QString());
+  QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(entry).center());
+  if (!entry->isEnabled()) return;
+  for (const auto& [shown, action] : way) {
+    if (!QTest::qWaitFor([&shown = shown] { return shown->isVisible(); }, kMenuPatience)) break;
+    QTest::mouseClick(shown, Qt::LeftButton, {}, shown->actionGeometry(action).center());
+    if (!action->isEnabled()) break;
+  }
+  while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
 }
 
 void typeText(QWidget* target, const QString& text) {

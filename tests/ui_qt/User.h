@@ -27,10 +27,13 @@ class User {
 
   // Usual steps.
   void press(const QString& window, const QString& button);
-  void keys(const QString& window, const QString& control, const QString& text);
+  void type(const QString& window, const QString& control, const QString& text);
   void key(const QString& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   /// Closes the window by its window control.
   void close(const QString& window);
+  /// Chooses an entry of the main window's menus by the mouse, by its control name; a disabled one is only
+  /// clicked at. The command runs to its end within the step.
+  void choose(const QString& control);
   /// Types a name into the file dialog and accepts, or cancels it.
   void file(const QString& name);
   void cancelFile();
@@ -42,17 +45,18 @@ class User {
   };
   void look();
 
+  QObject clock_;  ///< no look happens behind the end of its user
   std::deque<Step> steps_;
   bool looking_ = false;
   int idle_ = 0;
 };
 
-/// The visible window of this name; none when there is none.
+/// The visible window of this name, the one in front where there are several; none when there is none.
 QWidget* windowNamed(const QString& name);
 
 /// The control of this name in a window; a missing one fails the test.
 template <class Control>
-Control* control(QWidget* window, const QString& name) {
+Control* control(QObject* window, const QString& name) {
   auto* found = window->findChild<Control*>(name);
   EXPECT_NE(found, nullptr) << name.toStdString();
   return found;
@@ -60,6 +64,9 @@ Control* control(QWidget* window, const QString& name) {
 
 /// Shows a window and waits until it is in front.
 void bringToFront(QWidget* window);
+
+/// Clicks through the menus of a main window to an entry.
+void clickMenu(QWidget* window, const QString& control);
 
 /// Types a text of any characters.
 void typeText(QWidget* target, const QString& text);

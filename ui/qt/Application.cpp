@@ -14,9 +14,10 @@ constexpr int kShowingTime = 500;  // ms
 
 }  // namespace
 
-Application::Application(Files& files, std::function<void(int)> quit)
+Application::Application(Files& files, std::function<void(int)> quit, bool usePrinters)
     : files_(files),
       quit_(std::move(quit)),
+      printer_(files_, dialogs_, usePrinters),
       forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &editForm_, &message_},
       mainMod_(
           session_,

@@ -44,8 +44,9 @@ class QtFunctionForms : public FunctionForms {
 /// The desktop program: one session, its forms, and the wires between them.
 class Application {
  public:
-  /// `files` is the disk; `quit` ends the event loop with an exit code.
-  Application(Files& files, std::function<void(int)> quit);
+  /// `files` is the disk; `quit` ends the event loop with an exit code. Without `usePrinters` all that is printed
+  /// goes to PDF files.
+  Application(Files& files, std::function<void(int)> quit, bool usePrinters = true);
 
   /// Shows the main window and the welcome; the program is ready afterwards.
   void StartUp();
@@ -76,7 +77,7 @@ class Application {
   SystemRandom random_;
   QtClipboard clipboard_{session_};
   QtDialogs dialogs_{windows_, message_};
-  QtPrinter printer_{files_, dialogs_};
+  QtPrinter printer_;
   SelectFunction select_{session_};
   LoadFunction load_{session_};
   InpMod input_{session_, dialogs_, sound_, compiler()};

@@ -25,8 +25,20 @@ void ClickLabel::focusOutEvent(QFocusEvent* event) {
   update();
 }
 
+void ClickLabel::paintLines() {
+  QPainter painter(this);
+  painter.setPen(palette().color(foregroundRole()));
+  const QRect inside = contentsRect().adjusted(margin(), margin(), -margin(), -margin());
+  int baseline = inside.top() + fontMetrics().ascent();
+  for (const QString& line : text().split('\n')) {
+    painter.drawText(inside.left(), baseline,
+                     fontMetrics().elidedText(line, Qt::ElideMiddle, inside.width()));
+    baseline += fontMetrics().lineSpacing();
+  }
+}
+
 void ClickLabel::paintEvent(QPaintEvent* event) {
-  QLabel::paintEvent(event);
+  text().isEmpty() ? QLabel::paintEvent(event) : paintLines();
   if (!hasFocus()) return;
   QStylePainter painter(this);
   QStyleOptionFocusRect option;

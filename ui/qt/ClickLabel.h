@@ -5,7 +5,8 @@
 
 namespace vk {
 
-/// A label, or a picture, that can be clicked, by the mouse or by the blank key.
+/// A label, or a picture, that can be clicked, by the mouse or by the blank key. Lines too long for the label are
+/// shortened in the middle; the tool tip has them whole.
 class ClickLabel : public QLabel {
  public:
   explicit ClickLabel(QWidget* parent) : QLabel(parent) { setFocusPolicy(Qt::TabFocus); }
@@ -17,6 +18,9 @@ class ClickLabel : public QLabel {
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void paintLines();
 };
 
 }  // namespace vk

@@ -40,7 +40,7 @@ EntryBox::EntryBox(QWidget* form) : QLineEdit(form) {
   setFrame(false);
   // The toolkit's own margins, and the step of the box into its field, are taken back: a text stays in its place
   // when the box comes to its field.
-  setTextMargins(-3, -2, -4, -1);
+  setTextMargins(-3, -4, -4, -1);
   connect(this, &QLineEdit::textEdited, this, &EntryBox::keepToCodePage);
 }
 

@@ -35,9 +35,9 @@ void setFilters(QFileDialog& dialog, const std::vector<FileFilter>& filters, int
 /// The extension of the pattern that is selected in the dialog; none for all files.
 std::string selectedExtension(const QFileDialog& dialog, const std::vector<FileFilter>& filters) {
   for (const FileFilter& filter : filters) {
-    if (toolkitFilter(filter) == dialog.selectedNameFilter() && filter.pattern != "*.*") {
+    if (filter.pattern == "*.*") continue;
+    if (dialog.selectedNameFilter().startsWith(fromWindowText(filter.label)))
       return GetExtensionName(filter.pattern);
-    }
   }
   return {};
 }

@@ -1,6 +1,6 @@
 #include "ui/qt/FraDir.h"
 
-#include <QGridLayout>
+#include <QBoxLayout>
 #include <QKeyEvent>
 #include <QStyle>
 
@@ -90,8 +90,8 @@ void FraDir::buildRows(const QFont& font) {
     label->setFont(font);
     label->setTextFormat(Qt::PlainText);
     label->setAutoFillBackground(true);
-    label->setMargin(6);
-    label->setFixedWidth(kLabelWidth);
+    label->setMargin(8);
+    label->setFixedSize(kLabelWidth, 2 * label->fontMetrics().lineSpacing() + 16);
     label->clicked = [this, row] { handle([&] { panel_.clickRow(static_cast<int>(row)); }); };
     LblWrkDir_[row] = label;
   }
@@ -109,18 +109,24 @@ void FraDir::buildButtons(std::function<void(int)> button) {
 }
 
 void FraDir::arrange() {
-  auto* grid = new QGridLayout(this);
-  grid->setContentsMargins(2 * kSpace, 2 * kSpace, 2 * kSpace, 2 * kSpace);
-  grid->setSpacing(kSpace);
   Dir1_->setFixedSize(kListWidth, kListHeight);
-  grid->addWidget(Drive1_, 0, 0);
-  grid->addWidget(Dir1_, 1, 0, 4, 1);
-  for (int row = 0; row < 4; ++row) {
-    grid->addWidget(LblWrkDir_[static_cast<std::size_t>(row)], row, 1, 1, 2,
-                    row == 0 ? Qt::AlignTop : Qt::AlignVCenter);
-  }
-  grid->addWidget(CmdWrkDir_[0], 4, 1, Qt::AlignBottom);
-  grid->addWidget(CmdWrkDir_[1], 4, 2, Qt::AlignBottom);
+  auto* places = new QVBoxLayout;
+  places->setSpacing(kSpace);
+  places->addWidget(Drive1_);
+  places->addWidget(Dir1_);
+  auto* rows = new QVBoxLayout;
+  rows->setSpacing(kSpace);
+  for (ClickLabel* label : LblWrkDir_) rows->addWidget(label);
+  rows->addStretch();
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(kSpace);
+  for (QPushButton* button : CmdWrkDir_) buttons->addWidget(button);
+  rows->addLayout(buttons);
+  auto* columns = new QHBoxLayout(this);
+  columns->setContentsMargins(2 * kSpace, 2 * kSpace, 2 * kSpace, 2 * kSpace);
+  columns->setSpacing(2 * kSpace);
+  columns->addLayout(places);
+  columns->addLayout(rows);
 }
 
 void FraDir::handle(const std::function<void()>& change) {
@@ -147,6 +153,7 @@ void FraDir::sync() {
     const bool highlighted = static_cast<int>(row) == panel_.highlighted();
     ClickLabel* label = LblWrkDir_[row];
     label->setText(fromFileName(panel_.caption(static_cast<int>(row))));
+    label->setToolTip(label->text());
     label->setBackgroundRole(highlighted ? QPalette::Highlight : QPalette::Window);
     label->setForegroundRole(highlighted ? QPalette::HighlightedText : QPalette::WindowText);
   }

@@ -88,6 +88,7 @@ void FraGra::buildScales(const GraphicPanelLayout& layout) {
     VScFct_[i]->setAccessibleName(kScaleLegends[i]);
     VScFct_[i]->setGeometry(toPixels(layout.VScFct[i]));
     VScFct_[i]->setRange(GraphicPanel::kScrollMin, GraphicPanel::kScrollMax);
+    VScFct_[i]->setPageStep(5);
     VScFct_[i]->setFocusPolicy(Qt::StrongFocus);
     LblFctVal_[i] = new QLabel(frame);
     LblFctVal_[i]->setObjectName(indexed("LblFctVal", i));

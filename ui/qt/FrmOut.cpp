@@ -1,11 +1,9 @@
 #include "ui/qt/FrmOut.h"
 
 #include <QCloseEvent>
-#include <QPainter>
 
 #include "ui/qt/AccessButton.h"
 #include "ui/qt/Fonts.h"
-#include "ui/qt/GridPainter.h"
 #include "ui/qt/Text8.h"
 #include "ui/qt/Twips.h"
 
@@ -17,25 +15,6 @@ constexpr double kButtonHeight = 405;
 constexpr double kButtonPadding = 480;
 
 }  // namespace
-
-class OutputSurface : public QWidget {
- public:
-  OutputSurface(FrmOut* form, const OutputModel& model) : QWidget(form), form_(form), model_(model) {
-    setObjectName("Surface");
-    setAttribute(Qt::WA_OpaquePaintEvent);
-  }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.fillRect(rect(), Qt::white);
-    GridPainter(painter, form_->font(), form_->cell()).grid(model_.grid(), 0, 0, kPaperWhite);
-  }
-
- private:
-  FrmOut* form_;
-  const OutputModel& model_;
-};
 
 FrmOut::FrmOut(const OutputServices& services)
     : QWidget(nullptr,
@@ -80,6 +59,8 @@ void FrmOut::OutShow(const OutputRequest& request) {
 void FrmOut::showContent() {
   const QRect place(0, 0, toPixels(model_.OutPixelW), toPixels(model_.OutPixelH));
   surface_->setGeometry(place);
+  surface_->setCell(cell_);
+  surface_->setAccessibleName(windowTitle());
   surface_->setVisible(!model_.OutTextMode);
   text_->setGeometry(place);
   text_->setFont(font());
@@ -111,8 +92,6 @@ void FrmOut::showButtons(const OutputLayout& layout) {
 }
 
 void FrmOut::changed() {
-  surface_->setAccessibleName(windowTitle());
-  surface_->setAccessibleDescription(QString::fromStdString(model_.grid().toUtf8()));
   surface_->update();
 }
 

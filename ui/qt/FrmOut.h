@@ -10,6 +10,7 @@
 #include "platform/Printer.h"
 #include "session/Session.h"
 #include "ui/OutputModel.h"
+#include "ui/qt/OutputSurface.h"
 #include "ui/qt/Windows.h"
 
 namespace vk {
@@ -22,9 +23,6 @@ struct OutputServices {
   Clipboard& clipboard;
   EventRunner runEvent;
 };
-
-/// The surface that shows the grid of an output window.
-class OutputSurface;
 
 /// The output window: a grid that a command draws on, or a text in `TxtOut`, and the buttons `CmdOut`.
 class FrmOut : public QWidget {

@@ -43,7 +43,7 @@ QFont twipFont(const std::string& face, double points) {
 QtPrinter::~QtPrinter() = default;
 
 bool QtPrinter::present() {
-  return !QPrinterInfo::defaultPrinter().isNull();
+  return usePrinters_ && !QPrinterInfo::defaultPrinter().isNull();
 }
 
 QPrinter& QtPrinter::printer() {

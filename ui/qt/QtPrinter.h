@@ -14,7 +14,9 @@ namespace vk {
 /// document begins, and a user who gives none prints nothing.
 class QtPrinter : public Printer {
  public:
-  QtPrinter(Files& files, Dialogs& dialogs) : files_(files), dialogs_(dialogs) {}
+  /// Without `usePrinters` every document becomes a file, whatever printers there are.
+  QtPrinter(Files& files, Dialogs& dialogs, bool usePrinters = true)
+      : files_(files), dialogs_(dialogs), usePrinters_(usePrinters) {}
   ~QtPrinter() override;
 
   bool present() override;
@@ -42,6 +44,7 @@ class QtPrinter : public Printer {
 
   Files& files_;
   Dialogs& dialogs_;
+  bool usePrinters_;
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<QPainter> painter_;
   bool discarded_ = false;  ///< the user gave no name: the rest of the document goes nowhere

@@ -2,12 +2,14 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QSettings>
 #include <QStyle>
 #include <QStyleFactory>
 #include <clocale>
 
 #include "session/Session.h"
 #include "ui/qt/Fonts.h"
+#include "ui/qt/ItalianTexts.h"
 #include "ui/qt/Pictures.h"
 
 namespace vk {
@@ -32,6 +34,8 @@ QPalette colours() {
 
 void setUpToolkit(QApplication& toolkit) {
   std::setlocale(LC_NUMERIC, "C");
+  // Nothing is kept between two runs, the toolkit's file dialog included: its settings go nowhere.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
   toolkit.setApplicationName("vor_kel");
   toolkit.setApplicationDisplayName("");
   toolkit.setWindowIcon(applicationIcon());
@@ -39,6 +43,7 @@ void setUpToolkit(QApplication& toolkit) {
   toolkit.setStyle(QStyleFactory::create("Fusion"));
   toolkit.setPalette(colours());
   toolkit.setFont(toolkitFont({"Arial", 10, 0}));
+  toolkit.installTranslator(new ItalianTexts(&toolkit));
   toolkit.setQuitOnLastWindowClosed(false);
 }
 

@@ -1,0 +1,55 @@
+#include "ui/qt/Breath.h"
+
+#include <QApplication>
+#include <QLineEdit>
+
+#include "ui_qt/User.h"
+
+namespace vk {
+namespace {
+
+class BreathTest : public testing::Test {
+ protected:
+  void SetUp() override { bringToFront(&box); }
+  /// A key that waits in the queue.
+  void postKey() {
+    QCoreApplication::postEvent(&box, new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, "a"));
+  }
+
+  QLineEdit box;
+  Breath breath;
+};
+
+TEST_F(BreathTest, InputThatCameDuringALongComputationIsDropped) {
+  breath.take();
+  postKey();
+  breath.dropInput();
+  QApplication::processEvents();
+  EXPECT_EQ(box.text(), "");
+}
+
+TEST_F(BreathTest, InputBehindAShortCommandStays) {
+  postKey();
+  breath.dropInput();
+  QApplication::processEvents();
+  EXPECT_EQ(box.text(), "a");
+}
+
+TEST_F(BreathTest, PaintsWhatHasChanged) {
+  class Painted : public QWidget {
+   public:
+    int times = 0;
+
+   protected:
+    void paintEvent(QPaintEvent*) override { ++times; }
+  } window;
+  bringToFront(&window);
+  QApplication::processEvents();
+  const int before = window.times;
+  window.update();
+  breath.take();
+  EXPECT_EQ(window.times, before + 1);
+}
+
+}  // namespace
+}  // namespace vk

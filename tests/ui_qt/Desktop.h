@@ -1,0 +1,55 @@
+#pragma once
+
+#include <vector>
+
+#include "doubles/TemporaryFolder.h"
+#include "platform/system/SystemFiles.h"
+#include "ui/qt/Application.h"
+#include "ui_qt/User.h"
+
+namespace vk {
+
+/// The disk of the machine, with the program in a folder of the test.
+class DesktopFiles : public SystemFiles {
+ public:
+  explicit DesktopFiles(std::string folder) : folder_(std::move(folder)) {}
+  std::string programFolder() override { return folder_; }
+  std::string documentsFolder() override { return folder_; }
+
+ private:
+  std::string folder_;
+};
+
+/// The whole program with somebody in front of it. It prints to files.
+class Desktop : public testing::Test {
+ protected:
+  /// Starts the program and answers the welcome.
+  void start();
+  /// Runs the steps that the user has been given.
+  void act() { user.finish(); }
+  /// Enters the texts of the input form field by field and presses "&Esegui".
+  void fillForm(const std::vector<QString>& fields);
+  /// Chooses f and g by their places in the lists, from 0.
+  void chooseFunction(int outer, int inner);
+  /// Answers a plain box and keeps its text.
+  void answerBox();
+
+  Vor_Kel& window() { return application.window(); }
+  Session& session() { return application.session(); }
+  bool menuOn(const QString& name);
+  QString panel(int number) {
+    return control<QLabel>(&window(), QString("StatusBar1(%1)").arg(number))->text();
+  }
+
+  TemporaryFolder folder;
+  DesktopFiles files{folder.path()};
+  std::vector<int> exitCodes;
+  std::vector<QString> boxes;
+  Application application{files, [this](int code) { exitCodes.push_back(code); }, false};
+  User user;
+};
+
+/// Nine points on the line 2x + 1, with errors, as a data file.
+std::string lineData();
+
+}  // namespace vk

@@ -1,0 +1,146 @@
+#include <QAbstractItemView>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QSettings>
+
+#include "doubles/TemporaryFolder.h"
+#include "ui/qt/FileDialog.h"
+#include "ui/qt/QtDialogs.h"
+#include "ui_qt/User.h"
+
+namespace vk {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Optional;
+
+TEST(FileFilter, IsSplitIntoPairs) {
+  EXPECT_THAT(splitFilter("Tutti i File (*.*)|*.*|File Dati (*.DAT)|*.DAT|"),
+              ElementsAre(FileFilter{"Tutti i File (*.*)", "*.*"}, FileFilter{"File Dati (*.DAT)", "*.DAT"}));
+  EXPECT_THAT(splitFilter(""), IsEmpty());
+}
+
+class DialogsTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    owner.resize(600, 400);
+    bringToFront(&owner);
+    windows.add(Form::kMain, &owner);
+    request.caption = "VOR_KEL: Lettura File Dati";
+    request.folder = folder.path();
+    request.filter = "Tutti i File (*.*)|*.*|File Dati (*.DAT)|*.DAT|";
+    request.filterIndex = 2;
+    request.defaultExtension = "DAT";
+  }
+  std::optional<std::string> ask() { return dialogs.fileDialog(request); }
+  void look(std::function<void(QFileDialog*)> at) {
+    user.at("FileDialog", [at](QWidget* shown) { at(qobject_cast<QFileDialog*>(shown)); });
+    user.cancelFile();
+  }
+
+  TemporaryFolder folder;
+  QWidget owner;
+  Windows windows;
+  FrmMsg message{windows, Session().FontLabel};
+  QtDialogs dialogs{windows, message};
+  FileRequest request;
+  User user;
+};
+
+TEST_F(DialogsTest, ThePlainBoxShowsItsTextAsItIs) {
+  QString title, text;
+  user.at("PlainBox", [&](QWidget* shown) {
+    title = shown->windowTitle();
+    text = qobject_cast<QMessageBox*>(shown)->text();
+    EXPECT_EQ(qobject_cast<QMessageBox*>(shown)->textFormat(), Qt::PlainText);
+    QTest::keyClick(shown, Qt::Key_Escape);
+  });
+  dialogs.plainBox("ERRORE !", "Dati NON Definiti!  <*> per Continuare");
+  EXPECT_EQ(title, "ERRORE !");
+  EXPECT_EQ(text, "Dati NON Definiti!  <*> per Continuare");
+}
+
+TEST_F(DialogsTest, TheFileDialogOpensAsAsked) {
+  request.proposedName = "prova.DAT";
+  look([this](QFileDialog* shown) {
+    EXPECT_EQ(shown->windowTitle(), "VOR_KEL: Lettura File Dati");
+    EXPECT_EQ(shown->acceptMode(), QFileDialog::AcceptOpen);
+    EXPECT_EQ(shown->directory().absolutePath().toStdString(), folder.path());
+    EXPECT_TRUE(shown->selectedNameFilter().startsWith("File Dati (*.DAT)"));
+    EXPECT_EQ(control<QLineEdit>(shown, "fileNameEdit")->text(), "prova.DAT");
+  });
+  EXPECT_EQ(ask(), std::nullopt);
+}
+
+TEST_F(DialogsTest, ACancelGivesNothing) {
+  user.cancelFile();
+  EXPECT_EQ(ask(), std::nullopt);
+  user.close("FileDialog");
+  EXPECT_EQ(ask(), std::nullopt);
+}
+
+TEST_F(DialogsTest, AnyNameIsTakenWithoutQuestion) {
+  user.file("manca.dat");
+  EXPECT_THAT(ask(), Optional(folder / "manca.dat"));
+  const std::string there = folder.make("c'e.DAT");
+  request.save = true;
+  user.file("c'e.DAT");
+  EXPECT_THAT(ask(), Optional(there));
+}
+
+TEST_F(DialogsTest, ANameToBeSavedGetsTheExtensionOfTheSelectedFilter) {
+  request.save = true;
+  user.file("nuovo");
+  EXPECT_THAT(ask(), Optional(folder / "nuovo.DAT"));
+  user.file("nuovo.txt");
+  EXPECT_THAT(ask(), Optional(folder / "nuovo.txt"));
+  request.filterIndex = 1;
+  user.file("nuovo");
+  EXPECT_THAT(ask(), Optional(folder / "nuovo"));
+}
+
+TEST_F(DialogsTest, ANameToBeOpenedGetsNoExtension) {
+  user.file("senza");
+  EXPECT_THAT(ask(), Optional(folder / "senza"));
+}
+
+TEST_F(DialogsTest, PatternsMatchInAnyCaseAndAllFilesMeansAll) {
+  folder.make("a.dat");
+  folder.make("B.DAT");
+  folder.make("senza");
+  const auto shownNames = [&] {
+    QStringList names;
+    look([&](QFileDialog* shown) {
+      const auto* view = control<QAbstractItemView>(shown, "listView");
+      EXPECT_TRUE(QTest::qWaitFor([&] { return view->model()->rowCount(view->rootIndex()) >= 2; }));
+      for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row) {
+        names << view->model()->index(row, 0, view->rootIndex()).data().toString();
+      }
+      names.sort(Qt::CaseInsensitive);
+    });
+    ask();
+    return names;
+  };
+  EXPECT_EQ(shownNames(), (QStringList{"a.dat", "B.DAT"}));
+  request.filterIndex = 1;
+  EXPECT_EQ(shownNames(), (QStringList{"a.dat", "B.DAT", "senza"}));
+}
+
+TEST_F(DialogsTest, TheFileDialogKeepsNothingForTheNextRun) {
+  user.file("a.dat");
+  ask();
+  const QSettings settings(QSettings::UserScope, "QtProject");
+  EXPECT_TRUE(settings.allKeys().isEmpty());
+  EXPECT_FALSE(QFile::exists(settings.fileName()));
+}
+
+TEST_F(DialogsTest, NamesBeyondAsciiKeepTheirBytes) {
+  const std::string name = folder.make("perch\xC3\xA9.dat");
+  user.file(QString::fromUtf8("perch\xC3\xA9.dat"));
+  EXPECT_THAT(ask(), Optional(name));
+}
+
+}  // namespace
+}  // namespace vk

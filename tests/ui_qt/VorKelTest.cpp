@@ -1,0 +1,271 @@
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QRadioButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QStatusBar>
+
+#include "ui_qt/Desktop.h"
+
+namespace vk {
+namespace {
+
+using testing::ElementsAre;
+
+class VorKelTest : public Desktop {
+ protected:
+  void SetUp() override { start(); }
+  template <class Control>
+  Control* at(const QString& name) {
+    return control<Control>(&window(), name);
+  }
+  void click(const QString& name) { QTest::mouseClick(at<QWidget>(name), Qt::LeftButton); }
+  void choose(const QString& control) {
+    user.choose(control);
+    act();
+  }
+  int visiblePicture() {
+    for (int i = 0; i < 3; ++i) {
+      if (at<QLabel>(QString("Image1(%1)").arg(i))->isVisible()) return i;
+    }
+    return -1;
+  }
+  int windowPicture() { return dynamic_cast<Backdrop*>(window().centralWidget())->picture(); }
+};
+
+TEST_F(VorKelTest, TheFormsAreMadeInTheirOrder) {
+  std::vector<std::string> names;
+  for (const QWidget* form : application.forms()) names.push_back(form->objectName().toStdString());
+  EXPECT_THAT(names, ElementsAre("Sel_Fun", "Loa_Fun", "FrmOut", "InpFrm", "FrmEdi", "FrmMsg"));
+}
+
+TEST_F(VorKelTest, TheClientAreaHasItsSizeAndTheWindowStandsInTheMiddle) {
+  EXPECT_EQ(window().centralWidget()->size(), QSize(750, 500));
+  const QPoint off = window().geometry().center() - window().screen()->availableGeometry().center();
+  EXPECT_LE(std::abs(off.x()), 2);
+  EXPECT_LE(std::abs(off.y()), 2);
+}
+
+TEST_F(VorKelTest, TheMenusAreThoseOfTheTable) {
+  QStringList top;
+  for (const QAction* action : window().menuBar()->actions()) top << action->text();
+  EXPECT_EQ(top, (QStringList{"&Dati", "&Funzioni", "&Grafici", "&Adattamento", "&Servizi"}));
+  for (const Command& command : commandTable()) {
+    const QString name = QString::fromStdString(std::string(command.control));
+    const QString caption = QString::fromStdString(std::string(command.caption));
+    if (command.kind == CommandKind::kMenu) {
+      EXPECT_EQ(at<QMenu>(name)->title(), caption);
+    } else {
+      EXPECT_EQ(at<QAction>(name)->text(), caption);
+      EXPECT_EQ(at<QAction>(name)->isVisible(), command.visible) << name.toStdString();
+    }
+  }
+}
+
+TEST_F(VorKelTest, RightAfterTheStartOnlyWhatIsThereIsOn) {
+  for (const char* name :
+       {"MenDatSav", "MenDatTra", "MenDatSim", "MenGraDat", "MenGraFun", "MenGraDif", "MenAda", "MenAdaPar",
+        "MenAdaAda", "MenSerPro", "MenFunCar", "MenGraVisFil", "MenGraPriFil"}) {
+    EXPECT_FALSE(menuOn(name)) << name;
+  }
+  for (const char* name :
+       {"MenDat", "MenDatLet", "MenDatMod", "MenFun", "MenFunSel", "MenFunLet", "MenFunMod", "MenGra",
+        "MenGraLetFil", "MenGraModFil", "MenSer", "MenSerCal", "MenSerOpz", "MenSerErr"}) {
+    EXPECT_TRUE(menuOn(name)) << name;
+  }
+  EXPECT_FALSE(at<QAction>("MenSerErr")->isChecked());
+}
+
+TEST_F(VorKelTest, ThePanelsHaveTheSizeOfTheirTexts) {
+  EXPECT_EQ(panel(1), "Dati: Nessuno");
+  EXPECT_EQ(panel(3), "Gra.: Nessuno");
+  window().setPanel(1, "Dati: un-nome-di-file-molto-lungo.dat");
+  QApplication::processEvents();
+  const auto* label = at<QLabel>("StatusBar1(1)");
+  EXPECT_GE(label->width(), label->fontMetrics().horizontalAdvance(label->text()));
+}
+
+TEST_F(VorKelTest, TheMarkOfTheErrorOptionFollowsTheSession) {
+  choose("MenSerErr");
+  EXPECT_TRUE(at<QAction>("MenSerErr")->isChecked());
+  EXPECT_EQ(session().ShowErrors, kTrue);
+  choose("MenSerErr");
+  EXPECT_FALSE(at<QAction>("MenSerErr")->isChecked());
+  EXPECT_EQ(session().ShowErrors, kFalse);
+}
+
+TEST_F(VorKelTest, AnAmpersandOfAPathIsShown) {
+  window().setMenuCaption("MenDatOld(0)", "&1 /a&&b.dat");
+  window().setMenuVisible("MenDatOld(0)", true);
+  EXPECT_EQ(at<QAction>("MenDatOld(0)")->text(), "&1 /a&&b.dat");
+}
+
+TEST_F(VorKelTest, APanelStandsBelowTheMenuInTheMiddle) {
+  for (const char* name : {"FraDir", "FraGra"}) {
+    choose(name == std::string("FraDir") ? "MenSerImpDir" : "MenSerImpGra");
+    const auto* frame = at<QFrame>(name);
+    EXPECT_TRUE(frame->isVisible());
+    EXPECT_EQ(frame->y(), -7) << "100 twips";
+    EXPECT_LE(std::abs(frame->geometry().center().x() - frame->parentWidget()->rect().center().x()), 1);
+    EXPECT_TRUE(frame->hasFocus());
+    for (const char* menu : {"MenDat", "MenFun", "MenGra", "MenAda", "MenSer"}) EXPECT_FALSE(menuOn(menu));
+    click(name == std::string("FraDir") ? "CmdWrkDir(0)" : "CmdImpGra(0)");
+    EXPECT_FALSE(frame->isVisible());
+    EXPECT_EQ(window().windowTitle(), "VOR_KEL");
+    EXPECT_TRUE(menuOn("MenDat"));
+    EXPECT_FALSE(menuOn("MenAda"));
+  }
+}
+
+TEST_F(VorKelTest, TheDirectoryPanelWorksByItsControls) {
+  folder.make("dati/x.dat");
+  choose("MenSerImpDir");
+  EXPECT_EQ(window().windowTitle(), "VOR_KEL: Selezione Directory di Lavoro");
+  const QString here = QString::fromStdString(folder.path());
+  EXPECT_EQ(at<QLabel>("LblWrkDir(1)")->text(), " File Dati:\n " + here);
+
+  click("LblWrkDir(1)");
+  EXPECT_EQ(at<QLabel>("LblWrkDir(1)")->backgroundRole(), QPalette::Highlight);
+  EXPECT_EQ(at<QLabel>("LblWrkDir(0)")->backgroundRole(), QPalette::Window);
+  auto* list = at<QListWidget>("Dir1");
+  const QListWidgetItem* inside = list->item(list->count() - 1);
+  EXPECT_EQ(inside->text().trimmed(), "dati");
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(inside).center());
+  EXPECT_EQ(at<QLabel>("LblWrkDir(1)")->text(), " File Dati:\n " + here + "/dati");
+  EXPECT_EQ(at<QLabel>("LblWrkDir(0)")->text(), " Tutti i File:\n ");
+  EXPECT_EQ(session().DataDir, folder.path());
+  click("CmdWrkDir(1)");
+  EXPECT_EQ(session().DataDir, folder / "dati");
+  EXPECT_EQ(session().FunDir, folder.path());
+}
+
+TEST_F(VorKelTest, ADoubleClickEntersOneFolderOnly) {
+  folder.make("a/b/c/x.dat");
+  choose("MenSerImpDir");
+  auto* list = at<QListWidget>("Dir1");
+  const QPoint place = list->visualItemRect(list->item(list->count() - 1)).center();
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+  QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
+  EXPECT_EQ(session().WorkDir[0], folder / "a");
+  click("CmdWrkDir(0)");
+}
+
+TEST_F(VorKelTest, TheFolderListWorksByKeys) {
+  folder.make("a/x.dat");
+  choose("MenSerImpDir");
+  auto* list = at<QListWidget>("Dir1");
+  QTest::keyClick(list, Qt::Key_Down);
+  QTest::keyClick(list, Qt::Key_Return);
+  EXPECT_EQ(session().WorkDir[0], folder / "a");
+  QTest::keyClick(&window(), Qt::Key_E, Qt::AltModifier);
+  EXPECT_EQ(session().DataDir, folder / "a");
+}
+
+TEST_F(VorKelTest, OpeningTheDirectoryPanelFiresNoChange) {
+  session().WorkDir = {"", folder.path(), folder.path(), folder.path()};
+  choose("MenSerImpDir");
+  EXPECT_EQ(session().WorkDir[0], "");
+  click("CmdWrkDir(0)");
+}
+
+TEST_F(VorKelTest, TheOptionsPanelWorksByItsControls) {
+  choose("MenSerImpGra");
+  EXPECT_EQ(window().windowTitle(), "VOR_KEL: Impostazioni Grafiche");
+  EXPECT_EQ(at<QScrollBar>("VScFct(0)")->minimum(), 5);
+  EXPECT_EQ(at<QScrollBar>("VScFct(0)")->maximum(), 20);
+  EXPECT_EQ(at<QScrollBar>("VScFct(0)")->value(), 10);
+  EXPECT_EQ(at<QLabel>("LblFctVal(0)")->text(), "1.0");
+  QTest::keyClick(at<QScrollBar>("VScFct(0)"), Qt::Key_Home);
+  EXPECT_EQ(at<QLabel>("LblFctVal(0)")->text(), ".5");
+  EXPECT_EQ(session().GraphScale[0], 0.5F);
+  click("OptOri(1)");
+  click("Image1(0)");
+  EXPECT_EQ(visiblePicture(), 1);
+  EXPECT_EQ(windowPicture(), 0);
+  click("CmdImpGra(1)");
+  EXPECT_EQ(windowPicture(), 1);
+  EXPECT_EQ(session().Landscape, kFalse);
+  EXPECT_EQ(session().GraphScale[0], 0.5F);
+}
+
+TEST_F(VorKelTest, ThePictureStepsRound) {
+  choose("MenSerImpGra");
+  for (int expected : {1, 2, 0}) {
+    click(QString("Image1(%1)").arg(visiblePicture()));
+    EXPECT_EQ(visiblePicture(), expected);
+  }
+  QTest::keyClick(at<QLabel>("Image1(0)"), Qt::Key_Space);
+  EXPECT_EQ(visiblePicture(), 1);
+  click("CmdImpGra(0)");
+}
+
+TEST_F(VorKelTest, RinunciaOfTheOptionsPanelPutsAllBack) {
+  choose("MenSerImpGra");
+  for (int i = 0; i < 4; ++i) QTest::keyClick(at<QScrollBar>(QString("VScFct(%1)").arg(i)), Qt::Key_End);
+  click("OptOri(1)");
+  click("Image1(0)");
+  click("CmdImpGra(0)");
+  EXPECT_THAT(session().GraphScale, testing::Each(1.0F));
+  EXPECT_EQ(session().Landscape, kTrue);
+  EXPECT_EQ(windowPicture(), 0);
+  choose("MenSerImpGra");
+  EXPECT_EQ(at<QScrollBar>("VScFct(2)")->value(), 10);
+  EXPECT_TRUE(at<QRadioButton>("OptOri(0)")->isChecked());
+  EXPECT_EQ(visiblePicture(), 0);
+  click("CmdImpGra(0)");
+}
+
+TEST_F(VorKelTest, NoTextOfThePanelsIsCutOff) {
+  for (const char* command : {"MenSerImpGra", "MenSerImpDir"}) {
+    choose(command);
+    for (const auto* button : window().findChildren<QAbstractButton*>()) {
+      if (!button->isVisible()) continue;
+      EXPECT_GE(button->width(), button->fontMetrics().horizontalAdvance(button->text().remove('&')) + 4);
+      EXPECT_GE(button->height(), button->fontMetrics().height());
+    }
+    click(command == std::string("MenSerImpDir") ? "CmdWrkDir(0)" : "CmdImpGra(0)");
+  }
+}
+
+TEST_F(VorKelTest, ClosingUnloadsEveryFormAndAsksNothing) {
+  application.output().OutShow({Form::kMain, 5, 20, kReportButtons, "Titolo", ""});
+  window().close();
+  EXPECT_THAT(exitCodes, ElementsAre(0));
+  for (const QWidget* form : application.forms()) EXPECT_FALSE(form->isVisible());
+  EXPECT_EQ(folder.count(), 0) << "nothing is written";
+}
+
+TEST_F(VorKelTest, AShutWindowCannotBeClosed) {
+  window().setEnabled(false);
+  window().close();
+  EXPECT_TRUE(window().isVisible());
+  EXPECT_TRUE(exitCodes.empty());
+  window().setEnabled(true);
+}
+
+TEST_F(VorKelTest, AnUnguardedErrorIsToldAndEndsTheProgram) {
+  folder.make("a.dat", lineData());
+  std::filesystem::create_directory(folder / "cartella.dat");
+  session().RecentData.files[1] = folder / "manca/a.dat";
+  session().RecentData.pick = 1;
+  user.choose("MenDatLet");
+  answerBox();
+  act();
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_EQ(boxes[0], QString("Errore di run-time '76':\n\nImpossibile trovare il percorso"));
+  EXPECT_THAT(exitCodes, ElementsAre(1));
+}
+
+TEST_F(VorKelTest, EveryWindowHasANameForAssistiveTools) {
+  for (const QWidget* form : application.forms()) {
+    if (form->objectName() == "FrmMsg" || form->objectName().startsWith("Sel") ||
+        form->objectName().startsWith("Loa")) {
+      EXPECT_FALSE(form->accessibleName().isEmpty()) << form->objectName().toStdString();
+    }
+  }
+  EXPECT_EQ(window().accessibleName(), "VOR_KEL");
+}
+
+}  // namespace
+}  // namespace vk

@@ -1,26 +1,16 @@
 #include "tabulo/Tabulo.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
 
-#include "ui/qt/Toolkit.h"
-
 namespace vk {
 namespace {
 
 class TabuloTest : public ::testing::Test {
  protected:
-  static void SetUpTestSuite() {
-    static int argc = 1;
-    static char name[] = "test";
-    static char* argv[] = {name, nullptr};
-    static QApplication application(argc, argv);
-    setUpToolkit(application);
-  }
   void SetUp() override {
     window_.show();
     window_.activateWindow();

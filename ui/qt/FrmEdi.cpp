@@ -36,8 +36,9 @@ QAction* FrmEdi::addEntry(QWidget* menu, const char* name, const char* caption, 
   auto* entry = new QAction(caption, this);
   entry->setObjectName(name);
   entry->setMenuRole(QAction::NoRole);
-  connect(entry, &QAction::triggered, this,
-          [this, command] { services_.runEvent([&] { (engine_.*command)(); }); });
+  connect(entry, &QAction::triggered, this, [&services = services_, &engine = engine_, command] {
+    services.runEvent([&engine, command] { (engine.*command)(); });
+  });
   menu->addAction(entry);
   return entry;
 }

@@ -59,6 +59,12 @@ void DisplayList::figure(std::span<const PixelPoint> points, bool fill, bool str
   add(fill && stroke ? Kind::kFillAndStroke : fill ? Kind::kFill : Kind::kStroke, points);
 }
 
+void DisplayList::floodFill(const PixelPoint& start, Color limit) {
+  add(Kind::kFloodFill,
+      {static_cast<double>(start.x), static_cast<double>(start.y), static_cast<double>(limit)});
+  needsPixels_ = true;
+}
+
 void DisplayList::text(const TextRun& run) {
   entries_.push_back({Kind::kText, texts_.size(), 1});
   texts_.push_back(run);
@@ -128,6 +134,9 @@ void DisplayList::replay(const Entry& entry, DrawingSink& sink) const {
       return sink.filledBox(n[0], n[1], n[2], n[3], static_cast<Color>(n[4]));
     case Kind::kCircle:
       return sink.circle(n[0], n[1], n[2]);
+    case Kind::kFloodFill:
+      return sink.floodFill({static_cast<std::int32_t>(n[0]), static_cast<std::int32_t>(n[1])},
+                            static_cast<Color>(n[2]));
     case Kind::kText:
       return sink.text(texts_[entry.first]);
     case Kind::kPicture: {

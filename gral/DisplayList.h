@@ -21,12 +21,15 @@ class DisplayList : public DrawingSink {
   void polyline(std::span<const PixelPoint> points) override;
   void bezier(std::span<const PixelPoint> points) override;
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
+  void floodFill(const PixelPoint& start, Color limit) override;
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
   void picture(const Picture& picture, double x, double y) override;
   void refresh() override;
 
   std::size_t size() const { return entries_.size(); }
+  /// What is drawn depends on the pixels under it: an area is filled up to a colour.
+  bool needsPixels() const { return needsPixels_; }
   bool empty() const { return entries_.empty(); }
   /// Forgets everything.
   void reset();
@@ -52,6 +55,7 @@ class DisplayList : public DrawingSink {
     kFill,
     kStroke,
     kFillAndStroke,
+    kFloodFill,
     kText,
     kClip,
     kUnclip,
@@ -79,6 +83,7 @@ class DisplayList : public DrawingSink {
     Picture picture;
     double x, y;
   };
+  bool needsPixels_ = false;
   std::vector<Entry> entries_;
   std::vector<double> numbers_;
   std::vector<PixelPoint> points_;

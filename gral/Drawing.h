@@ -40,6 +40,8 @@ class DrawingSink {
   virtual void polyline(std::span<const PixelPoint> points) = 0;
   virtual void bezier(std::span<const PixelPoint> points) = 0;
   virtual void figure(std::span<const PixelPoint> points, bool fill, bool stroke) = 0;
+  /// The area around a pixel, up to a colour.
+  virtual void floodFill(const PixelPoint& start, Color limit) = 0;
   virtual void text(const TextRun& run) = 0;
   /// Pixels; none for no limit.
   virtual void clip(const PixelRect* region) = 0;

@@ -162,6 +162,15 @@ class GralCls {
   void PlotData(const Array<double>& Xpnt, const Array<double>& ErrXpnt, const Array<double>& Ypnt,
                 const Array<double>& ErrYpnt, int NumPnt, bool kXpntErr, bool iXLog, bool iYLog);
 
+  // ---- Filling, print of the screen ------------------------------------------------------------------------
+
+  /// Fills the area around a Usr point, up to the colour `LimitColor` on all sides or the clip region, with
+  /// the device's filling. A point of that colour has no area.
+  void GralFill(double x, double y, Color LimitColor);
+  /// Prints what the form shows in its natural size, in the middle of a sheet turned as the drawing is. A
+  /// form larger than the sheet begins at half the difference all the same.
+  void GralPrintScreen();
+
  private:
   struct SavedPrinterState {
     Int16 orientation, scaleMode;

@@ -147,6 +147,8 @@ constexpr NamedMethod kMethods[] = {
     {"GralDraw", call<&GralCls::GralDraw>},
     {"GralCurve", call<&GralCls::GralCurve>},
     {"PlotData", call<&GralCls::PlotData>},
+    {"GralFill", call<&GralCls::GralFill>},
+    {"GralPrintScreen", call<&GralCls::GralPrintScreen>},
 };
 
 template <auto Field>

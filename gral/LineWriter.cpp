@@ -87,6 +87,10 @@ void LineWriter::figure(std::span<const PixelPoint> points, bool fill, bool stro
   addPoints(fill && stroke ? "fill+stroke" : fill ? "fill" : "stroke", points);
 }
 
+void LineWriter::floodFill(const PixelPoint& start, Color limit) {
+  add("floodfill " + generalText(start.x) + "," + generalText(start.y) + " px to " + colorText(limit));
+}
+
 void LineWriter::text(const TextRun& run) {
   add("text " + place(run.x, run.y) + " tw " + run.fontName + " " + number(run.points) + " pt " +
       number(run.angle) + " deg " + quoted(run.text));

@@ -22,6 +22,7 @@ class LineWriter : public DrawingSink {
   void polyline(std::span<const PixelPoint> points) override;
   void bezier(std::span<const PixelPoint> points) override;
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
+  void floodFill(const PixelPoint& start, Color limit) override;
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
   void picture(const Picture& picture, double x, double y) override;

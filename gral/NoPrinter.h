@@ -18,6 +18,7 @@ class NoPrinter : public Device {
   double TextWidth(std::string_view) override { refuse(); }
   double TextHeight(std::string_view) override { refuse(); }
   void PolyBezier(std::span<const PixelPoint>) override { refuse(); }
+  void FloodFill(std::int32_t, std::int32_t, Color) override { refuse(); }
   void PaintPicture(const Picture&, double, double) override { refuse(); }
   void EndDoc() override { refuse(); }
 

@@ -10,6 +10,7 @@ struct DrawingCounts {
   long lines = 0, boxes = 0, circles = 0;
   long polylines = 0, beziers = 0, figures = 0;
   long points = 0;  ///< of polylines, curves and figures together
+  long floodFills = 0;
   long texts = 0, pictures = 0, clips = 0, refreshes = 0;
 };
 
@@ -28,6 +29,7 @@ class CountingSink : public DrawingSink {
   void polyline(std::span<const PixelPoint> points) override { count(counts.polylines, points); }
   void bezier(std::span<const PixelPoint> points) override { count(counts.beziers, points); }
   void figure(std::span<const PixelPoint> points, bool, bool) override { count(counts.figures, points); }
+  void floodFill(const PixelPoint&, Color) override { ++counts.floodFills; }
   void text(const TextRun&) override { ++counts.texts; }
   void clip(const PixelRect*) override { ++counts.clips; }
   void picture(const Picture&, double, double) override { ++counts.pictures; }

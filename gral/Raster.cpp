@@ -205,6 +205,58 @@ void Raster::ring(PixelPoint centre, double innerRadius, double outerRadius, con
   }
 }
 
+std::vector<RowSpan> Raster::areaAround(PixelPoint start, std::uint32_t limit) const {
+  std::vector<RowSpan> area;
+  if (start.x < clip_.x1 || start.x >= clip_.x2 || start.y < clip_.y1 || start.y >= clip_.y2) return area;
+  std::vector<bool> taken(pixels_.size());
+  const auto open = [&](int x, int y) { return pixels_[index(x, y)] != limit && !taken[index(x, y)]; };
+  std::vector<PixelPoint> waiting{start};
+  while (!waiting.empty()) {
+    const PixelPoint seed = waiting.back();
+    waiting.pop_back();
+    if (!open(seed.x, seed.y)) continue;
+    RowSpan run{seed.y, seed.x, seed.x + 1};
+    while (run.x1 > clip_.x1 && open(run.x1 - 1, run.y)) --run.x1;
+    while (run.x2 < clip_.x2 && open(run.x2, run.y)) ++run.x2;
+    for (int x = run.x1; x < run.x2; ++x) taken[index(x, run.y)] = true;
+    area.push_back(run);
+    for (const int y : {run.y - 1, run.y + 1}) {
+      if (y < clip_.y1 || y >= clip_.y2) continue;
+      // the first pixel of each open stretch stands for all of it
+      for (int x = run.x1; x < run.x2; ++x) {
+        if (open(x, y) && (x == run.x1 || !open(x - 1, y))) waiting.push_back({x, y});
+      }
+    }
+  }
+  return area;
+}
+
+void Raster::paint(std::span<const RowSpan> area, const Brush& brush) {
+  for (const RowSpan& run : area) paint(run.y, run.x1, run.x2, brush);
+}
+
+Picture Raster::stencil(std::span<const RowSpan> area, const Brush& brush, PixelPoint& corner) const {
+  Picture result;
+  if (area.empty() || brush.style == kFillTransparent) return result;
+  PixelRect box = kNothing;
+  for (const RowSpan& run : area) {
+    box = {std::min(box.x1, run.x1), std::min(box.y1, run.y), std::max(box.x2, run.x2),
+           std::max(box.y2, run.y + 1)};
+  }
+  corner = {box.x1, box.y1};
+  result.width = box.x2 - box.x1;
+  result.height = box.y2 - box.y1;
+  const auto width = static_cast<std::size_t>(result.width);
+  result.pixels.assign(width * static_cast<std::size_t>(result.height), 0);
+  for (const RowSpan& run : area) {
+    std::uint32_t* row = &result.pixels[static_cast<std::size_t>(run.y - box.y1) * width];
+    for (int x = run.x1; x < run.x2; ++x) {
+      if (hatched(brush, x, run.y)) row[x - box.x1] = brush.color;
+    }
+  }
+  return result;
+}
+
 void Raster::mask(PixelPoint corner, const GlyphMask& mask, std::uint32_t color) {
   const std::uint8_t* pixel = mask.pixels.data();
   for (int row = 0; row < mask.height; ++row) {

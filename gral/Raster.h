@@ -40,6 +40,12 @@ struct Brush {
   int cell = 8;
 };
 
+/// The pixels x1 <= x < x2 of a row.
+struct RowSpan {
+  int y, x1, x2;
+  bool operator==(const RowSpan&) const = default;
+};
+
 /// A picture of 32-bit pixels and the primitives on it, without smoothing: a pixel belongs to a figure or it
 /// does not, so that areas which touch neither overlap nor leave gaps. Coordinates are pixels, of any size;
 /// a point stands for the centre of its pixel. What lies outside the clip region is left as it is.
@@ -70,6 +76,13 @@ class Raster {
   void polygon(std::span<const PixelPoint> points, const Brush& brush);
   /// The pixels with innerRadius < distance <= outerRadius from a pixel.
   void ring(PixelPoint centre, double innerRadius, double outerRadius, const Brush& brush);
+  /// The area around a pixel up to the pixels of a colour, within the clip region; pixels touch along their
+  /// sides. Empty when the pixel has that colour or lies outside.
+  std::vector<RowSpan> areaAround(PixelPoint start, std::uint32_t limit) const;
+  void paint(std::span<const RowSpan> area, const Brush& brush);
+  /// What `paint` would paint, with its top left corner; its other pixels are 0.
+  Picture stencil(std::span<const RowSpan> area, const Brush& brush, PixelPoint& corner) const;
+
   void mask(PixelPoint corner, const GlyphMask& mask, std::uint32_t color);
   void set(int x, int y, std::uint32_t color);
 

@@ -41,8 +41,12 @@ int wholePixel(double value) {
 
 }  // namespace
 
-RasterSink::RasterSink(int ratio, GlyphSource& glyphs, int sourceRatio)
-    : ratio_(ratio), sourceRatio_(sourceRatio == 0 ? ratio : sourceRatio), glyphs_(glyphs), nib_(ratio) {
+RasterSink::RasterSink(int ratio, GlyphSource& glyphs, double sourceRatio, double penUnit)
+    : ratio_(ratio),
+      sourceRatio_(sourceRatio == 0 ? ratio : sourceRatio),
+      penUnit_(penUnit),
+      glyphs_(glyphs),
+      nib_(ratio) {
   brush_.style = kFillTransparent;
   brush_.cell = kHatchCell * ratio;
 }
@@ -54,7 +58,7 @@ PixelPoint RasterSink::pixelAt(double x, double y) const {
 
 PixelPoint RasterSink::ownPixel(const PixelPoint& source) const {
   if (sourceRatio_ == ratio_) return source;
-  const double factor = static_cast<double>(ratio_) / sourceRatio_;
+  const double factor = ratio_ / sourceRatio_;
   return {wholePixel(source.x * factor), wholePixel(source.y * factor)};
 }
 
@@ -71,7 +75,8 @@ void RasterSink::clear(double width, double height, Color background) {
 }
 
 void RasterSink::pen(const Pen& pen) {
-  if (pen.width * ratio_ != nib_.width()) nib_ = Nib(pen.width * ratio_);
+  const int width = std::max(1, wholePixel(pen.width * penUnit_ * ratio_));
+  if (width != nib_.width()) nib_ = Nib(width);
   penColor_ = Raster::pixelOf(pen.color);
   penStyle_ = pen.style;
 }
@@ -172,6 +177,21 @@ void RasterSink::strokeDashed(std::span<const PixelPoint> points, std::span<cons
   }
 }
 
+void RasterSink::floodFill(const PixelPoint& start, Color limit) {
+  raster_.paint(raster_.areaAround(ownPixel(start), Raster::pixelOf(limit)), brush_);
+}
+
+Picture RasterSink::floodPicture(const PixelPoint& start, Color limit, double& x, double& y) const {
+  PixelPoint corner;
+  Picture picture =
+      raster_.stencil(raster_.areaAround(ownPixel(start), Raster::pixelOf(limit)), brush_, corner);
+  picture.twipsPerPixel = kNominalTwipsPerPixel / ratio_;
+  // A point stands for the centre of its pixel.
+  x = (corner.x - 0.5) * picture.twipsPerPixel;
+  y = (corner.y - 0.5) * picture.twipsPerPixel;
+  return picture;
+}
+
 void RasterSink::text(const TextRun& run) {
   const bool symbol = isSymbolFont(run.fontName);
   const double twips = run.points * kTwipsPerPoint;
@@ -202,7 +222,7 @@ void RasterSink::picture(const Picture& picture, double x, double y) {
     for (int column = 0; column < width; ++column) {
       const auto from = static_cast<std::size_t>(row * step) * static_cast<std::size_t>(picture.width) +
                         static_cast<std::size_t>(column * step);
-      raster_.set(corner.x + column, corner.y + row, picture.pixels[from]);
+      if (picture.pixels[from] != 0) raster_.set(corner.x + column, corner.y + row, picture.pixels[from]);
     }
   }
 }

@@ -20,11 +20,14 @@ class GlyphSource : public LetterMetrics {
 class RasterSink : public DrawingSink {
  public:
   /// Polylines and the like come in pixels of which `sourceRatio` make a nominal one, the raster's own
-  /// unless told.
-  RasterSink(int ratio, GlyphSource& glyphs, int sourceRatio = 0);
+  /// unless told, and widths of pens in units of `penUnit` nominal pixels.
+  RasterSink(int ratio, GlyphSource& glyphs, double sourceRatio = 0, double penUnit = 1);
 
   Raster& raster() { return raster_; }
   const Raster& raster() const { return raster_; }
+  /// What `floodFill` would paint, as a picture, and its top left corner in twips. The picture is empty where
+  /// it would paint nothing.
+  Picture floodPicture(const PixelPoint& start, Color limit, double& x, double& y) const;
   /// What a refresh calls.
   std::function<void()> onRefresh;
 
@@ -38,6 +41,7 @@ class RasterSink : public DrawingSink {
   void polyline(std::span<const PixelPoint> points) override;
   void bezier(std::span<const PixelPoint> points) override;
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
+  void floodFill(const PixelPoint& start, Color limit) override;
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
   void picture(const Picture& picture, double x, double y) override;
@@ -51,7 +55,8 @@ class RasterSink : public DrawingSink {
   void strokeDashed(std::span<const PixelPoint> points, std::span<const int> pattern);
 
   int ratio_;
-  int sourceRatio_;
+  double sourceRatio_;
+  double penUnit_;
   GlyphSource& glyphs_;
   Raster raster_;
   Nib nib_;

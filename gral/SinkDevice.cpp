@@ -63,6 +63,11 @@ void SinkDevice::PolyBezier(std::span<const PixelPoint> points) {
   sink_.bezier(points);
 }
 
+void SinkDevice::FloodFill(std::int32_t x, std::int32_t y, Color limit) {
+  announceFilling();
+  sink_.floodFill({x, y}, limit);
+}
+
 void SinkDevice::drawPolyline(std::span<const PixelPoint> points) {
   announcePen();
   sink_.polyline(points);

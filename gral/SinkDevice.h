@@ -21,6 +21,7 @@ class SinkDevice : public Device {
   double TextWidth(std::string_view text) override;
   double TextHeight(std::string_view text) override;
   void PolyBezier(std::span<const PixelPoint> points) override;
+  void FloodFill(std::int32_t x, std::int32_t y, Color limit) override;
 
  protected:
   void drawPolyline(std::span<const PixelPoint> points) override;

@@ -285,21 +285,33 @@ void SvgWriter::text(const TextRun& run) {
   }
 }
 
-/// Pixels of one colour in a row become one box.
+/// Pixels of one colour in a row become one box, and boxes of one colour that follow one another one path, so
+/// that no seams show between the rows of an area.
 void SvgWriter::picture(const Picture& picture, double x, double y) {
   const double step = picture.twipsPerPixel;
   const auto width = static_cast<std::size_t>(picture.width);
+  std::string boxes;
+  std::uint32_t color = 0;
+  const auto flush = [&] {
+    if (!boxes.empty()) {
+      element("<path stroke=\"none\"" + attribute("fill", colorText(color & 0xFFFFFF)) +
+              attribute("d", boxes) + "/>");
+    }
+    boxes.clear();
+  };
   for (int row = 0; row < picture.height; ++row) {
     const std::uint32_t* pixels = picture.pixels.data() + static_cast<std::size_t>(row) * width;
     for (std::size_t from = 0, to = 0; from < width; from = to) {
       while (to < width && pixels[to] == pixels[from]) ++to;
-      element("<path stroke=\"none\"" + attribute("fill", colorText(pixels[from] & 0xFFFFFF)) +
-              attribute("d", "M" + place(x + static_cast<double>(from) * step, y + row * step) + "h" +
-                                 number(static_cast<double>(to - from) * step) + "v" + number(step) + "h-" +
-                                 number(static_cast<double>(to - from) * step) + "z") +
-              "/>");
+      if (pixels[from] == 0) continue;
+      if (pixels[from] != color || boxes.size() > kLongPath) flush();
+      color = pixels[from];
+      boxes += "M" + place(x + static_cast<double>(from) * step, y + row * step) + "h" +
+               number(static_cast<double>(to - from) * step) + "v" + number(step) + "h-" +
+               number(static_cast<double>(to - from) * step) + "z";
     }
   }
+  flush();
 }
 
 }  // namespace vk

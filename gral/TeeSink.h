@@ -39,6 +39,9 @@ class TeeSink : public DrawingSink {
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override {
     each([&](DrawingSink& sink) { sink.figure(points, fill, stroke); });
   }
+  void floodFill(const PixelPoint& start, Color limit) override {
+    each([&](DrawingSink& sink) { sink.floodFill(start, limit); });
+  }
   void text(const TextRun& run) override {
     each([&](DrawingSink& sink) { sink.text(run); });
   }

@@ -121,6 +121,10 @@ class Device {
   void FillPath() { drawPath(true, false); }
   void StrokeAndFillPath() { drawPath(true, true); }
 
+  /// Fills the area around a pixel, up to the colour `limit` on all sides, with the current filling. Pixels
+  /// touch along their sides. A pixel of that colour, or one outside the clip region, has no area.
+  virtual void FloodFill(std::int32_t x, std::int32_t y, Color limit) = 0;
+
   /// A rectangle of pixels x1 <= x < x2, y1 <= y < y2 that drawing can be limited to. Gives its handle.
   std::int32_t CreateRectRgn(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2);
   /// Limits all drawing to the region until another is selected or this one is deleted.

@@ -97,7 +97,8 @@ struct Picture {
   int width = 0;
   int height = 0;
   double twipsPerPixel = kNominalTwipsPerPixel;  ///< natural size
-  std::vector<std::uint32_t> pixels;             ///< 0xFFRRGGBB, row by row from the top
+  /// 0xFFRRGGBB, row by row from the top; 0 leaves what is under it.
+  std::vector<std::uint32_t> pixels;
 };
 
 }  // namespace vk

@@ -34,7 +34,8 @@ TEST_F(Names, ReachEveryPublicMethod) {
       "xPixel2Usr", "yPixel2Usr",         "GralColor",   "GralFillColor", "GralFillStyle", "GralPen",
       "GralLine",   "GralLineScr",        "GralTraLine", "GralBox",       "GralClip",      "GralMakeMark",
       "GralMark",   "GralOaxis",          "GralVaxis",   "Makescale",     "basnum2str",    "Shift",
-      "GralWPrint", "GralWinPrintString", "MakLenLett",  "GralDraw",      "GralCurve",     "PlotData"};
+      "GralWPrint", "GralWinPrintString", "MakLenLett",  "GralDraw",      "GralCurve",     "PlotData",
+      "GralFill",   "GralPrintScreen"};
   const std::vector<std::string_view> names = methodNames();
   for (const std::string_view name : expected) {
     EXPECT_NE(std::find(names.begin(), names.end(), name), names.end()) << name;
@@ -145,6 +146,12 @@ TEST_F(Names, ReachCurvesAndData) {
   std::string kinds;
   for (const std::string& line : drawn()) kinds += line[0];
   EXPECT_EQ(kinds, "prbrcc");
+}
+
+TEST_F(Names, ReachTheFillingAndThePrintOfTheScreen) {
+  call("GralFill", {8.0, 4.0, 255.0});
+  EXPECT_EQ(drawn(), std::vector<std::string>{"floodfill 302,151 px to FF0000"});
+  EXPECT_EQ(failure("GralPrintScreen", {}), 5);  // this form has no image
 }
 
 TEST_F(Names, AreTakenInAnyCase) {

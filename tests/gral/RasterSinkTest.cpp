@@ -1,25 +1,9 @@
 #include "gral/RasterSink.h"
 
-#include "BlockLetters.h"
-#include "gral/SinkDevice.h"
+#include "RasterForm.h"
 
 namespace vk {
 namespace {
-
-/// A form on a raster of its own.
-class RasterForm : private BlockLetters, private RasterSink, public SinkDevice {
- public:
-  explicit RasterForm(int ratio)
-      : RasterSink(ratio, static_cast<BlockLetters&>(*this)),
-        SinkDevice(FormMetrics{0, 0, ratio}, static_cast<RasterSink&>(*this),
-                   static_cast<BlockLetters&>(*this)) {
-    setWidth(20 * 15);
-    setHeight(10 * 15);
-  }
-  using BlockLetters::asked;
-  using RasterSink::onRefresh;
-  using RasterSink::raster;
-};
 
 std::vector<std::string> rowsOf(const Raster& raster) {
   std::vector<std::string> rows;

@@ -19,6 +19,7 @@ class PlainDevice : public Device {
   double TextWidth(std::string_view) override { return 0; }
   double TextHeight(std::string_view) override { return 0; }
   void PolyBezier(std::span<const PixelPoint>) override {}
+  void FloodFill(std::int32_t, std::int32_t, Color) override {}
 
   int polylines = 0, figures = 0, clears = 0;
   bool filled = false, stroked = false;

@@ -6,6 +6,7 @@
 #include "DevicesFixture.h"
 #include "VectorReader.h"
 #include "base/RuntimeError.h"
+#include "gral/FloodPictures.h"
 #include "platform/Printer.h"
 #include "ui/qt/devices/PainterSink.h"
 #include "ui/qt/devices/PrinterDevice.h"
@@ -145,6 +146,59 @@ TEST_F(Vectors, AreTheSameEachTimeTheyAreAsked) {
   EXPECT_EQ(readPdf(vectors.pdf()).shapes.size(), readPdf(vectors.pdf()).shapes.size());
 }
 
+/// A form with a filled ring: a box inside a box, the space between them red.
+void drawFilledRing(GralCls& g) {
+  g.GralBox(3, 12, 15, 4, 0);
+  g.GralBox(6, 10, 12, 6, 0);
+  g.GralFillStyle(kFillSolid);
+  g.GralFillColor(0x0000FF);
+  g.GralFill(4, 5, kBlack);
+}
+
+/// The boxes of the paths of an SVG document that are filled red.
+std::vector<QRectF> redBoxes(const std::string& svg) {
+  const std::string redPath = "<path stroke=\"none\" fill=\"#ff0000\"";
+  std::vector<QRectF> boxes;
+  for (std::size_t at = svg.find(redPath); at != std::string::npos; at = svg.find(redPath, at + 1)) {
+    const std::string path = svg.substr(at, svg.find("/>", at) + 2 - at);
+    for (const VectorContent::Shape& shape : readSvg("<svg>" + path + "</svg>").shapes) {
+      boxes.emplace_back(shape.points[0], shape.points[2]);
+    }
+  }
+  return boxes;
+}
+
+TEST_F(Vectors, SvgHasAFilledAreaInItsPlace) {
+  VectorDevice vectors(letters());
+  drawOn(vectors, drawFilledRing, 2);
+  QRectF around;
+  double area = 0;
+  for (const QRectF& box : redBoxes(vectors.svg())) {
+    around |= box;
+    area += box.width() * box.height();
+  }
+  // Lines are 15 twips wide and the pixels of the area 3.75.
+  constexpr double kPerCm = kTwipsPerInch / kCmPerInch, kHeight = 11415, kSharp = 4.5;
+  EXPECT_NEAR(around.left(), 3 * kPerCm + 7.5, kSharp);
+  EXPECT_NEAR(around.right(), 15 * kPerCm - 7.5, kSharp);
+  EXPECT_NEAR(around.top(), kHeight - 12 * kPerCm + 7.5, kSharp);
+  EXPECT_NEAR(around.bottom(), kHeight - 4 * kPerCm - 7.5, kSharp);
+  const auto box = [](double width, double height, double margin) {
+    return (width * kPerCm + margin) * (height * kPerCm + margin);
+  };
+  EXPECT_NEAR(area / (box(12, 8, -15) - box(6, 4, 15)), 1, 0.005);
+}
+
+TEST_F(Vectors, PdfHasAFilledAreaAsAPicture) {
+  VectorDevice vectors(letters());
+  drawOn(vectors, drawFilledRing, 2);
+  EXPECT_NE(vectors.pdf().find("/Subtype /Image"), std::string::npos);
+  VectorDevice without(letters());
+  drawOn(
+      without, [](GralCls& g) { g.GralBox(3, 12, 15, 4, 0); }, 2);
+  EXPECT_EQ(without.pdf().find("/Subtype /Image"), std::string::npos);
+}
+
 /// Pictures drawn by a painter, for what the files of vectors cannot tell.
 class Painted : public DevicesFixture {
  protected:
@@ -169,6 +223,41 @@ TEST_F(Painted, PicturesHaveTheirNaturalSize) {
   EXPECT_EQ(image.pixelColor(25, 25), QColor(Qt::red));
   EXPECT_EQ(image.pixelColor(35, 25), QColor(Qt::white));
   EXPECT_EQ(image.pixelColor(25, 35), QColor(Qt::white));
+}
+
+TEST_F(Painted, PicturesMayHaveHoles) {
+  const QImage image = paint([](PainterSink& sink) {
+    sink.filledBox(0, 0, 3000, 1500, 0xFF0000);
+    sink.picture({2, 1, 150, {0, 0xFF00FF00}}, 150, 300);
+  });
+  EXPECT_EQ(image.pixelColor(15, 25), QColor(Qt::blue));
+  EXPECT_EQ(image.pixelColor(25, 25), QColor(Qt::green));
+}
+
+TEST_F(Painted, FilledAreaStandsWhereTheImageHasIt) {
+  VectorDevice vectors(letters());
+  drawOn(vectors, drawFilledRing, 2);
+  ImageDevice plain(letters(), 1, 1);
+  drawOn(plain, drawFilledRing, 2);
+  QImage image(plain.raster().width(), plain.raster().height(), QImage::Format_RGB32);
+  {
+    QPainter painter(&image);
+    painter.scale(1 / 15.0, 1 / 15.0);
+    PainterSink sink(painter, letters(), 1, 15);
+    replayAsVectors(vectors.list(), sink, letters(), {15, 1});
+  }
+  int red = 0, others = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const bool painted = image.pixelColor(x, y) == QColor(Qt::red);
+      const bool expected = plain.raster().at(x, y) == 0xFFFF0000U;
+      red += painted && expected;
+      others += painted != expected;
+    }
+  }
+  // They may differ in the pixels of the lines around.
+  EXPECT_GT(red, 100000);
+  EXPECT_LT(others, 2 * 2 * (454 + 302 + 227 + 151));
 }
 
 TEST_F(Painted, HatchesStayInsideTheFigureAndTheRegion) {
@@ -213,7 +302,16 @@ TEST_F(Painted, DeviceLineStylesHaveGaps) {
   EXPECT_EQ(nothing.pixelColor(100, 50), QColor(Qt::white));
 }
 
-class Printed : public DevicesFixture {};
+class Printed : public DevicesFixture {
+ protected:
+  static void drawOnPrinter(Device& printer, void (*draw)(GralCls&)) {
+    NominalScreen screen;
+    GralCls drawing(printer, screen);
+    drawing.GralGrStr(printer, "LANDSCAPE", 1);
+    draw(drawing);
+    drawing.GralGrEnd();
+  }
+};
 
 TEST_F(Printed, FigureBecomesVectorsOnTheTurnedPage) {
   PdfPaper paper;
@@ -297,6 +395,13 @@ TEST_F(Printed, FailureOfThePrinterReachesTheCaller) {
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.number(), 482);
   }
+}
+
+TEST_F(Printed, FilledAreasGoOntoThePage) {
+  PdfPaper paper;
+  PrinterDevice printer(paper, letters());
+  drawOnPrinter(printer, drawFilledRing);
+  EXPECT_NE(paper.document().find("/Subtype /Image"), std::string::npos);
 }
 
 TEST_F(Printed, PicturesGoOntoThePage) {

@@ -198,7 +198,7 @@ void PainterSink::clip(const PixelRect* region) {
 void PainterSink::picture(const Picture& picture, double x, double y) {
   flushLines();
   const double scale = picture.twipsPerPixel;
-  painter_.drawImage(QRectF(x, y, picture.width * scale, picture.height * scale), imageOf(picture));
+  painter_.drawImage(QRectF(x, y, picture.width * scale, picture.height * scale), imageWithHoles(picture));
 }
 
 }  // namespace vk

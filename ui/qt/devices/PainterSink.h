@@ -25,6 +25,8 @@ class PainterSink : public DrawingSink {
   void polyline(std::span<const PixelPoint> points) override;
   void bezier(std::span<const PixelPoint> points) override;
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
+  /// Vectors have no pixels that an area could end at: `replayAsVectors` sends it as a picture.
+  void floodFill(const PixelPoint&, Color) override {}
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
   void picture(const Picture& picture, double x, double y) override;

@@ -5,6 +5,7 @@
 #include <QPdfWriter>
 
 #include "base/RuntimeError.h"
+#include "gral/FloodPictures.h"
 #include "platform/Printer.h"
 #include "ui/qt/devices/PainterSink.h"
 
@@ -35,7 +36,8 @@ void PrinterDevice::EndDoc() {
   QPainter* painter = paper_.page();
   if (painter != nullptr) {
     PainterSink sink(*painter, fonts_, twipsPerContextPixel(), twipsPerContextPixel());
-    drawing.replay(sink);
+    const double unit = twipsPerContextPixel() / kNominalTwipsPerPixel;
+    replayAsVectors(drawing, sink, fonts_, {1 / unit, unit}, {areaWidth(), areaHeight()});
   }
   paper_.EndDoc();
 }

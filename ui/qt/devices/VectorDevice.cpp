@@ -5,6 +5,7 @@
 #include <QPdfWriter>
 
 #include "base/RuntimeError.h"
+#include "gral/FloodPictures.h"
 #include "gral/SvgWriter.h"
 #include "ui/qt/devices/PainterSink.h"
 
@@ -25,7 +26,7 @@ std::string VectorDevice::pdf() const {
 
 std::string svgOf(const DisplayList& list, int pixelRatio, QtLetters& letters) {
   SvgWriter writer(pixelRatio, letters);
-  list.replay(writer);
+  replayAsVectors(list, writer, letters, {static_cast<double>(pixelRatio), 1});
   return writer.document();
 }
 
@@ -43,7 +44,7 @@ std::string pdfOf(const DisplayList& list, double width, double height, int pixe
   if (!painter.begin(&writer)) throw RuntimeError(kDeviceIoError);
   {
     PainterSink sink(painter, letters, kNominalTwipsPerPixel / pixelRatio, kNominalTwipsPerPixel);
-    list.replay(sink);
+    replayAsVectors(list, sink, letters, {static_cast<double>(pixelRatio), 1});
   }
   painter.end();
   return bytes.toStdString();

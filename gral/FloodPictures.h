@@ -1,0 +1,25 @@
+#pragma once
+
+#include "gral/DisplayList.h"
+#include "gral/RasterSink.h"
+
+namespace vk {
+
+/// The units that a drawing was made in.
+struct DrawingUnits {
+  double pixelRatio;  ///< its pixels to a nominal one
+  double penUnit;     ///< nominal pixels of a pen of width 1
+};
+
+/// Size of a sheet in twips.
+struct SheetSize {
+  double width = 0, height = 0;
+};
+
+/// Draws a list on a sink of vectors. An area that is filled up to a colour has no outline of its own: it is
+/// found on an image beside, and goes to the sink as a picture of what the filling paints. `sheet` is the
+/// blank sheet that the list begins on; none for a list that begins with one of its own.
+void replayAsVectors(const DisplayList& list, DrawingSink& sink, GlyphSource& glyphs,
+                     const DrawingUnits& units, const SheetSize& sheet = {});
+
+}  // namespace vk

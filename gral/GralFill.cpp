@@ -1,0 +1,22 @@
+#include <cmath>
+
+#include "gral/GralCls.h"
+
+namespace vk {
+
+void GralCls::GralFill(double x, double y, Color LimitColor) {
+  GralDev->FloodFill(xUsr2Pixel(x), yUsr2Pixel(y), LimitColor);
+}
+
+void GralCls::GralPrintScreen() {
+  const Int16 orientation = printer_.Orientation();
+  printer_.setOrientation(Orientation);
+  // QUIRK: a form larger than the sheet is not moved out of it to the left and the top.
+  const double x = std::abs(printer_.Width() - GralDev->Width()) / 2;
+  const double y = std::abs(printer_.Height() - GralDev->Height()) / 2;
+  printer_.PaintPicture(GralDev->Image(), x, y);
+  printer_.EndDoc();
+  printer_.setOrientation(orientation);
+}
+
+}  // namespace vk

@@ -19,12 +19,14 @@ namespace {
 constexpr int kMargin = 12;
 constexpr int kGap = 8;
 constexpr QSize kFirstSize(740, 420);
+constexpr Qt::Alignment kResultAlignment = Qt::AlignRight | Qt::AlignVCenter;
 
 QTreeWidget* makeList(const char* name, const QString& title, const QStringList& columns, QWidget* parent) {
   auto* list = new QTreeWidget(parent);
   list->setObjectName(name);
   list->setAccessibleName(title);
   list->setHeaderLabels(columns);
+  list->headerItem()->setTextAlignment(1, kResultAlignment);
   list->setRootIsDecorated(false);
   list->setAlternatingRowColors(true);
   list->setFont(listFont());
@@ -34,7 +36,7 @@ QTreeWidget* makeList(const char* name, const QString& title, const QStringList&
 
 void addRow(QTreeWidget* list, const std::string& left, const std::string& right) {
   auto* row = new QTreeWidgetItem(list, {fromCp437(left), fromCp437(right)});
-  row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
+  row->setTextAlignment(1, kResultAlignment);
   row->setToolTip(0, fromCp437(left));
 }
 
@@ -70,7 +72,7 @@ void Tabulo::buildLine() {
   line_->setObjectName("TxtFor");
   line_->setAccessibleName("Formula");
   line_->setFont(listFont());
-  line_->setPlaceholderText("per esempio: A=2.5   oppure   A*SIN(0.3)^2");
+  line_->setPlaceholderText("per esempio: A=2.5, poi A*SIN(0.3)");
   line_->installEventFilter(this);
   connect(line_, &QLineEdit::returnPressed, this, &Tabulo::calculate);
 

@@ -9,7 +9,7 @@ namespace {
 constexpr double kUnit = 400;
 constexpr double kHalf = kUnit / 2;
 constexpr double kScrollWidth = 270;
-constexpr double kScrollHeight = 960;
+constexpr double kScrollHeight = 1080;
 constexpr double kOptionMark = 360;
 constexpr double kButtonHeight = 405;
 constexpr double kPictureAspect = 2.0 / 3;  // of the main window's client area

@@ -42,7 +42,7 @@ sleep 1
 picture main 'VOR_KEL'
 keys alt+a p
 window 'VOR_KEL: Parametri Iniziali' > /dev/null
-for value in 2.5 0.4 30 0.1 1 1 1 1; do field "$value"; done
+for value in 2.5 0.5 30 0.1 1 1 1 1; do field "$value"; done
 picture input 'VOR_KEL: Parametri Iniziali'
 keys alt+e
 sleep 1

@@ -50,7 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "fit examples/resonance.dat --catalogue 4,5 --par a=8 --par m=5 --par b=0.4",
                    {{"a", 9.2}, {"m", 5.03}, {"b", 0.34}}},
         ExampleFit{"pendulum",
-                   "fit examples/pendulum.dat --catalogue 9,2 --par b=2.5 --par c=0.4 --par A=30 --par B=0.1",
+                   "fit examples/pendulum.dat --catalogue 9,2 --par b=2.5 --par c=0.5 --par A=30 --par B=0.1",
                    {{"A", 31}, {"B", 0.16}, {"b", 2.4}, {"c", 0.5}}},
         ExampleFit{"thermocouple",
                    "fit examples/thermocouple.dat --catalogue 1,3 --par a=0.00001 --par b=0.04 --par c=0",

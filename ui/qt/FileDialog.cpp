@@ -2,12 +2,16 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QTreeView>
 
 #include "platform/Files.h"
 #include "ui/qt/Text8.h"
 
 namespace vk {
 namespace {
+
+constexpr QSize kFirstSize(700, 440);
 
 /// The toolkit's form of a filter: its label, and the pattern in a last pair of parentheses that is not shown.
 /// "*.*" means every file, also one without a point in its name; so does the pattern of an empty extension.
@@ -30,6 +34,20 @@ void setFilters(QFileDialog& dialog, const std::vector<FileFilter>& filters, int
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(names);
   if (selected >= 1 && selected <= names.size()) dialog.selectNameFilter(names[selected - 1]);
+}
+
+/// Names, sizes and dates of the files, each in full. The toolkit's column of kinds is hidden: it guesses
+/// another program's kind from extensions as common as ours.
+void setColumns(QFileDialog& dialog) {
+  auto* list = dialog.findChild<QTreeView*>("treeView");
+  if (!list) return;
+  constexpr int kSizes = 1, kKinds = 2, kDates = 3;
+  list->hideColumn(kKinds);
+  QHeaderView* header = list->header();
+  header->setStretchLastSection(false);
+  header->setSectionResizeMode(0, QHeaderView::Stretch);
+  header->setSectionResizeMode(kSizes, QHeaderView::ResizeToContents);
+  header->setSectionResizeMode(kDates, QHeaderView::ResizeToContents);
 }
 
 /// The extension of the pattern that is selected in the dialog; none for all files.
@@ -68,7 +86,9 @@ std::optional<std::string> askFileName(const FileRequest& request, QWidget* owne
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.resize(kFirstSize);
   setTexts(dialog, request.save);
+  setColumns(dialog);
   setFilters(dialog, filters, request.filterIndex);
   const QDir folder(fromFileName(request.folder));
   if (!request.folder.empty() && folder.exists()) dialog.setDirectory(folder);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/Array.h"
+#include "base/Array2.h"
 #include "base/Int16.h"
 #include "gral/DashPhase.h"
 #include "gral/Markup.h"
@@ -170,6 +171,14 @@ class GralCls {
   /// Prints what the form shows in its natural size, in the middle of a sheet turned as the drawing is. A
   /// form larger than the sheet begins at half the difference all the same.
   void GralPrintScreen();
+
+  // ---- Contours --------------------------------------------------------------------------------------------
+
+  /// The level lines of a function over a rectangle in Usr: z(i, j) is its value at grid point i = 1..nx
+  /// along x and j = 1..ny along y. Level k = 1..nl, in ascending order, is drawn in colour CLev(k), with the
+  /// present pen; the device's colour stays. One grid point along x or y is run-time error 11.
+  void GralContour(double xmin, double xmax, double ymin, double ymax, const Array2<float>& z, Int16 nx,
+                   Int16 ny, const Array<float>& VLev, const Array<Color>& CLev, int nl);
 
  private:
   struct SavedPrinterState {

@@ -149,6 +149,7 @@ constexpr NamedMethod kMethods[] = {
     {"PlotData", call<&GralCls::PlotData>},
     {"GralFill", call<&GralCls::GralFill>},
     {"GralPrintScreen", call<&GralCls::GralPrintScreen>},
+    {"GralContour", call<&GralCls::GralContour>},
 };
 
 template <auto Field>

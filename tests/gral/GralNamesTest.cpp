@@ -35,7 +35,7 @@ TEST_F(Names, ReachEveryPublicMethod) {
       "GralLine",   "GralLineScr",        "GralTraLine", "GralBox",       "GralClip",      "GralMakeMark",
       "GralMark",   "GralOaxis",          "GralVaxis",   "Makescale",     "basnum2str",    "Shift",
       "GralWPrint", "GralWinPrintString", "MakLenLett",  "GralDraw",      "GralCurve",     "PlotData",
-      "GralFill",   "GralPrintScreen"};
+      "GralFill",   "GralPrintScreen",    "GralContour"};
   const std::vector<std::string_view> names = methodNames();
   for (const std::string_view name : expected) {
     EXPECT_NE(std::find(names.begin(), names.end(), name), names.end()) << name;
@@ -152,6 +152,21 @@ TEST_F(Names, ReachTheFillingAndThePrintOfTheScreen) {
   call("GralFill", {8.0, 4.0, 255.0});
   EXPECT_EQ(drawn(), std::vector<std::string>{"floodfill 302,151 px to FF0000"});
   EXPECT_EQ(failure("GralPrintScreen", {}), 5);  // this form has no image
+}
+
+TEST_F(Names, ReachTheContours) {
+  Array2<float> z(2, 2);
+  z(2, 1) = z(2, 2) = 1;
+  Array<float> levels(1);
+  levels[1] = 0.5F;
+  Array<Color> colors(1);
+  const Array2<float>* values = &z;
+  const Array<float>* level = &levels;
+  const Array<Color>* color = &colors;
+  call("GralContour", {0.0, 16.0, 0.0, 8.0, values, 2.0, 2.0, level, color, 1.0});
+  EXPECT_EQ(drawn().size(), 2U);
+  EXPECT_EQ(failure("GralContour", {0.0, 16.0, 0.0, 8.0, values, 2.0, 2.0, color, level, 1.0}), 13);
+  EXPECT_EQ(failure("GralContour", {0.0, 16.0, 0.0, 8.0, values, 40000.0, 2.0, level, color, 1.0}), 6);
 }
 
 TEST_F(Names, AreTakenInAnyCase) {

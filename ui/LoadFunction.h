@@ -20,8 +20,6 @@ class LoadFunction {
   /// Takes the descriptions of the function file, code page 437, into the list and selects the first.
   void refill();
   const std::vector<std::string>& list() const { return list_; }
-  /// Characters that the list makes room for.
-  int listWidth() const { return session_.catalogue.file.DescriptionWidth; }
 
   /// Entry selected by click or key, from 1; 0 when the list is empty.
   void select(int entry) { selected_ = entry; }

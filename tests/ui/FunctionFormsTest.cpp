@@ -105,7 +105,6 @@ class LoadFunctionTest : public testing::Test {
  protected:
   LoadFunctionTest() {
     session.catalogue.file.entries = {{"A,B", "A*x+B", "retta"}, {"C", "C*x*x", "parabola"}};
-    session.catalogue.file.DescriptionWidth = 8;
     form.refill();
   }
 
@@ -116,7 +115,6 @@ class LoadFunctionTest : public testing::Test {
 TEST_F(LoadFunctionTest, TheListShowsTheDescriptionsWithTheFirstSelected) {
   EXPECT_THAT(form.list(), ElementsAre("retta", "parabola"));
   EXPECT_EQ(form.selected(), 1);
-  EXPECT_EQ(form.listWidth(), 8);
 }
 
 TEST_F(LoadFunctionTest, DefinitionAndParametersFollowTheSelection) {

@@ -1,20 +1,15 @@
 #include "ui/qt/Loa_Fun.h"
 
-#include <QCloseEvent>
+#include <QGroupBox>
 #include <QVBoxLayout>
 
-#include "ui/SelectFunction.h"
-#include "ui/qt/AccessButton.h"
 #include "ui/qt/Fonts.h"
-#include "ui/qt/Sel_Fun.h"
 #include "ui/qt/Text8.h"
 #include "ui/qt/Twips.h"
 
 namespace vk {
 namespace {
 
-constexpr int kSpace = 12;
-constexpr int kRows = 10;
 constexpr int kColumns = 60;
 constexpr int kDefinitionRows = 3;
 constexpr int kParameterRows = 1;
@@ -32,13 +27,6 @@ QPlainTextEdit* makeText(QWidget* form, const char* name, const char* meaning, i
   return text;
 }
 
-QPushButton* makeButton(QWidget* form, const char* name, const char* caption) {
-  auto* button = new AccessButton(fromCaption(caption), form);
-  button->setObjectName(name);
-  button->setAutoDefault(true);
-  return button;
-}
-
 QGroupBox* framed(const char* caption, QWidget* content) {
   auto* box = new QGroupBox(caption);
   auto* layout = new QVBoxLayout(box);
@@ -49,31 +37,15 @@ QGroupBox* framed(const char* caption, QWidget* content) {
 }  // namespace
 
 Loa_Fun::Loa_Fun(LoadFunction& engine, const Windows& windows)
-    : QWidget(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+    : FunctionForm("Loa_Fun", kLoadCaption, windows),
       engine_(engine),
-      windows_(windows),
-      LstFun_(new QListWidget(this)),
+      LstFun_(makeList("LstFun", kDescriptionFrame, kColumns)),
       TxtDef_(makeText(this, "TxtDef", kDefinitionFrame, kDefinitionRows)),
-      TxtPar_(makeText(this, "TxtPar", kParametersFrame, kParameterRows)),
-      CmdAcc_(makeButton(this, "CmdAcc", kAcceptCaption)),
-      CmdRin_(makeButton(this, "CmdRin", kGiveUpCaption)) {
-  setObjectName("Loa_Fun");
-  setWindowTitle(kLoadCaption);
-  setAccessibleName(kLoadCaption);
-  setWindowModality(Qt::ApplicationModal);
-  LstFun_->setObjectName("LstFun");
-  LstFun_->setAccessibleName(kDescriptionFrame);
-  LstFun_->setFont(listFont());
-  const CellSize cell = cellOf(listFont());
-  LstFun_->setFixedHeight(toPixels(kRows * cell.height) + 2 * LstFun_->frameWidth() + 8);
-  LstFun_->setMinimumWidth(toPixels(kColumns * cell.width));
+      TxtPar_(makeText(this, "TxtPar", kParametersFrame, kParameterRows)) {
+  makeButtons();
   arrange();
-  connect(LstFun_, &QListWidget::currentRowChanged, this, [this](int row) {
-    engine_.select(row + 1);
-    changed();
-  });
-  connect(CmdAcc_, &QPushButton::clicked, this, [this] { end(true); });
-  connect(CmdRin_, &QPushButton::clicked, this, [this] { end(false); });
+  connect(LstFun_, &QListWidget::currentRowChanged, this,
+          [this](int row) { handle([&] { engine_.select(row + 1), changed(); }); });
 }
 
 void Loa_Fun::arrange() {
@@ -105,28 +77,7 @@ void Loa_Fun::changed() {
 }
 
 int Loa_Fun::ask() {
-  adjustSize();
-  const Size frame = windows_.frame();
-  const Size outer{toTwips(width()) + frame.width, toTwips(height()) + frame.height};
-  windows_.settle(*this, Form::kMain, placeBeside(windows_.place(Form::kMain), outer));
-  accepted_ = false;
-  show();
-  raise();
-  activateWindow();
-  LstFun_->setFocus();
-  loop_.run();
-  hide();
-  return accepted_ ? engine_.selected() : 0;
-}
-
-void Loa_Fun::end(bool accepted) {
-  accepted_ = accepted;
-  loop_.finish();
-}
-
-void Loa_Fun::closeEvent(QCloseEvent* event) {
-  event->ignore();
-  end(false);
+  return runModal(*LstFun_) ? engine_.selected() : 0;
 }
 
 }  // namespace vk

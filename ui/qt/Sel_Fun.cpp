@@ -1,10 +1,8 @@
 #include "ui/qt/Sel_Fun.h"
 
-#include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
 
-#include "ui/qt/AccessButton.h"
 #include "ui/qt/Fonts.h"
 #include "ui/qt/Text8.h"
 #include "ui/qt/Twips.h"
@@ -12,28 +10,8 @@
 namespace vk {
 namespace {
 
-constexpr int kSpace = 12;
 constexpr int kColumns = 24;
-constexpr int kRows = 10;
 constexpr int kTextColumns = 62;
-
-QListWidget* makeList(QWidget* form, const char* name, const char* heading) {
-  auto* list = new QListWidget(form);
-  list->setObjectName(name);
-  list->setAccessibleName(heading);
-  list->setFont(listFont());
-  const CellSize cell = cellOf(listFont());
-  list->setFixedHeight(toPixels(kRows * cell.height) + 2 * list->frameWidth() + 8);
-  list->setMinimumWidth(toPixels(kColumns * cell.width));
-  return list;
-}
-
-QPushButton* makeButton(QWidget* form, const char* name, const char* caption) {
-  auto* button = new AccessButton(fromCaption(caption), form);
-  button->setObjectName(name);
-  button->setAutoDefault(true);
-  return button;
-}
 
 QLabel* heading(QWidget* form, const char* text, QListWidget* list = nullptr) {
   auto* label = new QLabel(text, form);
@@ -45,39 +23,26 @@ QLabel* heading(QWidget* form, const char* text, QListWidget* list = nullptr) {
 
 }  // namespace
 
-void fillList(QListWidget& list, const std::vector<std::string>& texts) {
-  list.clear();
-  for (const std::string& text : texts) list.addItem(fromCp437(text));
-}
-
 Sel_Fun::Sel_Fun(SelectFunction& engine, const Windows& windows)
-    : QWidget(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+    : FunctionForm("Sel_Fun", kSelectCaption, windows),
       engine_(engine),
-      windows_(windows),
-      LstOut_(makeList(this, "LstOut", kOuterHeading)),
-      LstInn_(makeList(this, "LstInn", kInnerHeading)),
-      TxtFun_(new QLineEdit(this)),
-      CmdAcc_(makeButton(this, "CmdAcc", kAcceptCaption)),
-      CmdRin_(makeButton(this, "CmdRin", kGiveUpCaption)) {
-  setObjectName("Sel_Fun");
-  setWindowTitle(kSelectCaption);
-  setAccessibleName(kSelectCaption);
-  setWindowModality(Qt::ApplicationModal);
+      LstOut_(makeList("LstOut", kOuterHeading, kColumns)),
+      LstInn_(makeList("LstInn", kInnerHeading, kColumns)),
+      TxtFun_(new QLineEdit(this)) {
   TxtFun_->setObjectName("TxtFun");
   TxtFun_->setAccessibleName(kSelectHeading);
   TxtFun_->setReadOnly(true);
   TxtFun_->setFocusPolicy(Qt::ClickFocus);
   TxtFun_->setFont(listFont());
   TxtFun_->setMinimumWidth(toPixels(kTextColumns * cellOf(listFont()).width));
+  makeButtons();
   arrange();
   connect(LstOut_, &QListWidget::currentRowChanged, this, [this](int row) {
-    if (!syncing_ && row >= 0) loop_.handle([&] { engine_.selectOuter(row + 1), changed(); });
+    if (!syncing_ && row >= 0) handle([&] { engine_.selectOuter(row + 1), changed(); });
   });
   connect(LstInn_, &QListWidget::currentRowChanged, this, [this](int row) {
-    if (!syncing_ && row >= 0) loop_.handle([&] { engine_.selectInner(row + 1), changed(); });
+    if (!syncing_ && row >= 0) handle([&] { engine_.selectInner(row + 1), changed(); });
   });
-  connect(CmdAcc_, &QPushButton::clicked, this, [this] { end(true); });
-  connect(CmdRin_, &QPushButton::clicked, this, [this] { end(false); });
 }
 
 void Sel_Fun::arrange() {
@@ -115,30 +80,10 @@ bool Sel_Fun::ask() {
   LstInn_->setCurrentRow(0);
   syncing_ = false;
   changed();
-  adjustSize();
-  const Size frame = windows_.frame();
-  const Size outer{toTwips(width()) + frame.width, toTwips(height()) + frame.height};
-  windows_.settle(*this, Form::kMain, placeBeside(windows_.place(Form::kMain), outer));
-  accepted_ = false;
-  show();
-  raise();
-  activateWindow();
-  LstOut_->setFocus();
-  loop_.run();
-  hide();
-  if (!accepted_) engine_.giveUp();
+  const bool accepted = runModal(*LstOut_);
+  if (!accepted) engine_.giveUp();
   changed();
-  return accepted_;
-}
-
-void Sel_Fun::end(bool accepted) {
-  accepted_ = accepted;
-  loop_.finish();
-}
-
-void Sel_Fun::closeEvent(QCloseEvent* event) {
-  event->ignore();
-  end(false);
+  return accepted;
 }
 
 }  // namespace vk

@@ -64,11 +64,18 @@ std::string dashLengths(int style, double width) {
   return result;
 }
 
-/// The lines of a hatch in one cell.
+/// The lines of a hatch in one cell, a nominal pixel wide and inside the cell, which cuts what leaves it: the
+/// slanted ones pass its corners, where a short piece of the neighbour's line is drawn along.
 std::string hatchLines(int style, double cell) {
-  const std::string c = number(cell);
-  const std::string row = "M0 0H" + c, column = "M0 0V" + c;
-  const std::string up = "M0 " + c + "L" + c + " 0", down = "M0 0L" + c + " " + c;
+  const std::string c = number(cell), m = number(kNominalTwipsPerPixel / 2);
+  const std::string row = "M0 " + m + "H" + c, column = "M" + m + " 0V" + c;
+  const std::string w = number(kNominalTwipsPerPixel), ww = number(2 * kNominalTwipsPerPixel);
+  const std::string up = "M0 " + c + "L" + c + " 0M-" + w + " " + w + "l" + ww + " -" + ww + "M" +
+                         number(cell - kNominalTwipsPerPixel) + " " + number(cell + kNominalTwipsPerPixel) +
+                         "l" + ww + " -" + ww;
+  const std::string down = "M0 0L" + c + " " + c + "M" + number(cell - kNominalTwipsPerPixel) + " -" + w +
+                           "l" + ww + " " + ww + "M-" + w + " " + number(cell - kNominalTwipsPerPixel) + "l" +
+                           ww + " " + ww;
   switch (style) {
     case kFillHorizontal:
       return row;

@@ -140,6 +140,7 @@ TEST_F(Svg, ClipRegionsAreDefinedAndUsed) {
                 std::string(kBlackGroup) + "<path fill=\"none\" d=\"M1 2L3 4\"/>\n</g>\n");
 }
 
+/// The slanted lines pass the corners of a cell, and short pieces fill what the neighbour cannot draw there.
 TEST_F(Svg, HatchesArePatterns) {
   writer.filling({0x00FF00, kFillUpward});
   writer.circle(10, 20, 5);
@@ -149,16 +150,19 @@ TEST_F(Svg, HatchesArePatterns) {
   writer.circle(10, 20, 5);
   EXPECT_EQ(definitions(),
             "<pattern id=\"hatch400ff00\" width=\"120\" height=\"120\" patternUnits=\"userSpaceOnUse\">"
-            "<path stroke=\"#00ff00\" stroke-width=\"15\" d=\"M0 120L120 0\"/></pattern>\n");
+            "<path stroke=\"#00ff00\" stroke-width=\"15\" "
+            "d=\"M0 120L120 0M-15 15l30 -30M105 135l30 -30\"/></pattern>\n");
   EXPECT_NE(body().find("fill=\"url(#hatch400ff00)\""), std::string::npos);
 }
 
 TEST_F(Svg, EveryHatchHasItsLines) {
-  const std::pair<int, const char*> hatches[] = {{kFillHorizontal, "M0 0H120\""},
-                                                 {kFillVertical, "M0 0V120\""},
-                                                 {kFillDownward, "M0 0L120 120\""},
-                                                 {kFillCross, "M0 0H120M0 0V120\""},
-                                                 {kFillDiagonalCross, "M0 120L120 0M0 0L120 120\""}};
+  const std::pair<int, const char*> hatches[] = {
+      {kFillHorizontal, "M0 7.5H120\""},
+      {kFillVertical, "M7.5 0V120\""},
+      {kFillDownward, "M0 0L120 120M105 -15l30 30M-15 105l30 30\""},
+      {kFillCross, "M0 7.5H120M7.5 0V120\""},
+      {kFillDiagonalCross,
+       "M0 120L120 0M-15 15l30 -30M105 135l30 -30M0 0L120 120M105 -15l30 30M-15 105l30 30\""}};
   for (const auto& [style, lines] : hatches) {
     writer.filling({0, style});
     writer.circle(1, 1, 1);

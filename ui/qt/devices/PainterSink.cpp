@@ -31,7 +31,8 @@ QList<qreal> dashesOf(int style) {
   }
 }
 
-/// Parallel lines through a box, a nominal pixel wide and eight apart, as on the screen.
+/// Parallel lines through a box, a nominal pixel wide and eight apart, as on the screen: their places depend
+/// on the page alone, so that the hatches of areas side by side meet.
 QPainterPath hatchLines(int style, const QRectF& box) {
   constexpr double kStep = 8 * kNominalTwipsPerPixel;
   QPainterPath path;
@@ -40,19 +41,23 @@ QPainterPath hatchLines(int style, const QRectF& box) {
     path.lineTo(x2, y2);
   };
   const auto firstFrom = [](double from) { return std::floor(from / kStep) * kStep; };
-  const double height = box.height();
+  constexpr double kMiddle = kNominalTwipsPerPixel / 2;
   const bool cross = style == kFillCross, diagonal = style == kFillDiagonalCross;
   for (double y = firstFrom(box.top()); y <= box.bottom() && (style == kFillHorizontal || cross);
        y += kStep) {
-    add(box.left(), y, box.right(), y);
+    add(box.left(), y + kMiddle, box.right(), y + kMiddle);
   }
   for (double x = firstFrom(box.left()); x <= box.right() && (style == kFillVertical || cross); x += kStep) {
-    add(x, box.top(), x, box.bottom());
+    add(x + kMiddle, box.top(), x + kMiddle, box.bottom());
   }
   const bool up = style == kFillUpward || diagonal, down = style == kFillDownward || diagonal;
-  for (double x = firstFrom(box.left() - height); x <= box.right(); x += kStep) {
-    if (up) add(x, box.bottom(), x + height, box.top());
-    if (down) add(x, box.top(), x + height, box.bottom());
+  for (double sum = firstFrom(box.left() + box.top()); sum <= box.right() + box.bottom() && up;
+       sum += kStep) {
+    add(sum - box.bottom(), box.bottom(), sum - box.top(), box.top());
+  }
+  for (double lead = firstFrom(box.left() - box.bottom()); lead <= box.right() - box.top() && down;
+       lead += kStep) {
+    add(lead + box.top(), box.top(), lead + box.bottom(), box.bottom());
   }
   return path;
 }

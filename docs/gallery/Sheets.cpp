@@ -149,7 +149,7 @@ void drawMarkup(GralCls& drawing) {
                            "\\\\a \\\\b \\\\g   \\\\{ABGDEZHQ}   \\\\{pqrstufcyw}",
                            "\\\\S x_i = \\\\m   a\\\\\xA3 b\\\\\xB3 c\\\\\xB9 d\\\\\xBB e   \\\\{W\xA5}",
                            "\\\\{D}x^2 = 4 \\\\{p} \\\\{ewt}_0   \\\\q = 45\xB0",
-                           "perch\xE9, cos\xEC, virt\xF9: accented letters",
+                           "accented letters: perch\xE9 cos\xEC virt\xF9",
                            "one \\ backslash stays"};
   double y = 9;
   for (const char* sample : samples) {
@@ -198,19 +198,22 @@ void drawData(GralCls& drawing) {
   const Array<double> x = valuesOf(19, [](int i) { return i / 2.0; });
   const Array<double> y = valuesOf(19, [&](int i) { return model(i / 2.0) + 0.15 * std::sin(7.0 * i); });
   const Array<double> ey = valuesOf(19, [](int i) { return 0.02 + 0.02 * i; });
-  const Array<double> ex = valuesOf(19, [](int i) { return 0.03 * i; });
   drawing.GralColor(kBlue);
   drawFunction(drawing, 0, 10, model);
   drawing.GralColor(kBlack);
-  drawing.PlotData(x, ex, y, ey, 19, false, false, false);
+  drawing.PlotData(x, {}, y, ey, 19, false, false, false);
   drawing.GralXMap(18.5, 27.5, -1, 1);
   drawing.GralYMap(4, 16.5, -1, 1);
   drawing.GralOaxis(-1, 1, -1, 2, 3, true, true, "x");
   drawing.GralVaxis(-1, 1, -1, 2, 3, true, true, "y");
   drawing.GralClip(-1, -1, 1, 1);
+  const auto along = [](int i) { return 0.12 * std::pow(1.7, i); };
+  const auto power = [&](int i) { return 1.5 * std::pow(along(i), -0.8); };
   drawing.GralMakeMark(1.5, 8);
   drawing.GralColor(kRed);
-  drawing.PlotData(x, ex, y, ey, 19, true, true, true);
+  drawing.PlotData(valuesOf(8, along), valuesOf(8, [&](int i) { return (0.05 + 0.04 * i) * along(i); }),
+                   valuesOf(8, power), valuesOf(8, [&](int i) { return (0.1 + 0.05 * i) * power(i); }), 8,
+                   true, true, true);
 }
 
 // ---- Boxes, fillings and clipping
@@ -221,7 +224,7 @@ void drawAreas(GralCls& drawing) {
     const double x = 2.5 + 3.3 * style;
     drawing.GralFillStyle(style);
     drawing.GralFillColor(style % 2 == 0 ? kGreen : kBlue);
-    drawing.GralDev->Circle(drawing.xUsr2Scr(x), drawing.yUsr2Scr(15.5), 750);
+    drawing.GralDev->Circle(drawing.xUsr2Scr(x), drawing.yUsr2Scr(15.5), 600);
     drawing.GralWPrint(x, 13.5, 1, 0, kTextPoints, generalText(style));
   }
   drawing.GralUseTra = false;

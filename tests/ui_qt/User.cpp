@@ -116,7 +116,12 @@ void bringToFront(QWidget* window) {
 }
 
 void clickMenu(QWidget* window, const QString& name) {
+  auto* bar = control<QMenuBar>(window, QString());
   auto* entry = window->findChild<QAction*>(name);
+  if (entry != nullptr && entry->parent() == bar) {
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(entry).center());
+    return;
+  }
   QMenu* menu = entry != nullptr ? qobject_cast<QMenu*>(entry->parent()) : window->findChild<QMenu*>(name);
   ASSERT_NE(menu, nullptr) << name.toStdString();
   if (entry == nullptr) {
@@ -128,7 +133,6 @@ void clickMenu(QWidget* window, const QString& name) {
   for (; menu != nullptr; entry = menu->menuAction(), menu = qobject_cast<QMenu*>(menu->parentWidget())) {
     way.insert(way.begin(), {menu, entry});
   }
-  auto* bar = control<QMenuBar>(window, QString());
   QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(entry).center());
   if (!entry->isEnabled()) return;
   for (const auto& [shown, action] : way) {

@@ -51,7 +51,9 @@ void EditorBox::insertBefore(std::string_view text) {
   QTextCursor caret = textCursor();
   const int start = caret.selectionStart();
   caret.setPosition(start);
+  caret.beginEditBlock();  // undone by itself, not with what was typed before it
   caret.insertText(fromLines437(text));
+  caret.endEditBlock();
   caret.setPosition(start);
   setTextCursor(caret);
 }

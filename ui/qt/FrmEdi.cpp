@@ -33,7 +33,7 @@ FrmEdi::FrmEdi(Editor& engine, const EditorServices& services)
 }
 
 QAction* FrmEdi::addEntry(QWidget* menu, const char* name, const char* caption, Command command) {
-  auto* entry = new QAction(caption, this);
+  auto* entry = new QAction(caption, menu);
   entry->setObjectName(name);
   entry->setMenuRole(QAction::NoRole);
   connect(entry, &QAction::triggered, this, [&services = services_, &engine = engine_, command] {

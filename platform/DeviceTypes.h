@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -92,6 +93,18 @@ struct TextRun {
   std::string text;
 };
 
+class DrawingSink;
+
+/// What a picture was drawn from: a device without pixels draws it again instead of copying pixels.
+class PictureSource {
+ public:
+  virtual ~PictureSource() = default;
+  /// Draws all primitives, as on the form: twips from its corner, pens in nominal pixels.
+  virtual void drawOn(DrawingSink& sink) const = 0;
+  /// Twips of the pixels of its graphics context.
+  virtual double twipsPerPixel() const = 0;
+};
+
 /// A picture of pixels of its own.
 struct Picture {
   int width = 0;
@@ -99,6 +112,7 @@ struct Picture {
   double twipsPerPixel = kNominalTwipsPerPixel;  ///< natural size
   /// 0xFFRRGGBB, row by row from the top; 0 leaves what is under it.
   std::vector<std::uint32_t> pixels;
+  std::shared_ptr<const PictureSource> source{};  ///< where it is known
 };
 
 }  // namespace vk

@@ -10,10 +10,10 @@
 #include "analysis/Transformation.h"
 #include "expr/FunMod.h"
 #include "expr/FunctionCommands.h"
+#include "grafile/FigureCommands.h"
 #include "session/DataCommands.h"
 #include "session/FileSelection.h"
 #include "session/Msg.h"
-#include "session/Refusals.h"
 #include "session/ServiceCommands.h"
 #include "session/StartUp.h"
 #include "session/SubMod.h"
@@ -51,7 +51,18 @@ struct MainMod::Handler {
   std::string_view control;
   void (MainMod::*command)() = nullptr;
   void (MainMod::*recent)(int index) = nullptr;
+  void (*figure)(Session& session, FigurePorts& ports) = nullptr;
 };
+
+MainMod::MainMod(Session& session, const Ports& ports, MainPanels& panels, Editor& editor,
+                 std::function<void(int)> quit)
+    : session_(session),
+      ports_(ports),
+      figures_{ports.files, ports.dialogs, ports.window,        ports.output,
+               ports.sound, ports.plots,   ports.figurePrinter, ports.screen},
+      panels_(panels),
+      editor_(editor),
+      quit_(std::move(quit)) {}
 
 const MainMod::Handler* MainMod::findHandler(std::string_view control) {
   static constexpr std::array kHandlers{
@@ -60,24 +71,24 @@ const MainMod::Handler* MainMod::findHandler(std::string_view control) {
       Handler{"MenDatSav", &MainMod::menDatSav},
       Handler{"MenDatTra", &MainMod::menDatTra},
       Handler{"MenDatSim", &MainMod::menDatSim},
-      Handler{"MenDatOld", nullptr, &MainMod::recent<kDataKind>},
+      Handler{.control = "MenDatOld", .recent = &MainMod::recent<kDataKind>},
       Handler{"MenFunSel", &MainMod::menFunSel},
       Handler{"MenFunLet", &MainMod::menFunLet},
       Handler{"MenFunMod", &MainMod::menFunMod},
       Handler{"MenFunCar", &MainMod::menFunCar},
-      Handler{"MenFunOld", nullptr, &MainMod::recent<kFunctionKind>},
-      Handler{"MenGraDatVis", &MainMod::menGraDatVis},
-      Handler{"MenGraDatGra", &MainMod::notThereYet},
-      Handler{"MenGraFunVis", &MainMod::menGraFunVis},
-      Handler{"MenGraFunGra", &MainMod::notThereYet},
-      Handler{"MenGraDifVis", &MainMod::menGraDifVis},
-      Handler{"MenGraDifGra", &MainMod::notThereYet},
-      Handler{"MenGraDifSav", &MainMod::notThereYet},
+      Handler{.control = "MenFunOld", .recent = &MainMod::recent<kFunctionKind>},
+      Handler{.control = "MenGraDatVis", .figure = MenGraDatVis},
+      Handler{.control = "MenGraDatGra", .figure = MenGraDatGra},
+      Handler{.control = "MenGraFunVis", .figure = MenGraFunVis},
+      Handler{.control = "MenGraFunGra", .figure = MenGraFunGra},
+      Handler{.control = "MenGraDifVis", .figure = MenGraDifVis},
+      Handler{.control = "MenGraDifGra", .figure = MenGraDifGra},
+      Handler{.control = "MenGraDifSav", .figure = MenGraDifSav},
       Handler{"MenGraLetFil", &MainMod::menGraLetFil},
       Handler{"MenGraModFil", &MainMod::menGraModFil},
-      Handler{"MenGraVisFil", &MainMod::notThereYet},
-      Handler{"MenGraPriFil", &MainMod::notThereYet},
-      Handler{"MenGraOld", nullptr, &MainMod::recent<kGraphicKind>},
+      Handler{.control = "MenGraVisFil", .figure = MenGraVisFil},
+      Handler{.control = "MenGraPriFil", .figure = MenGraPriFil},
+      Handler{.control = "MenGraOld", .recent = &MainMod::recent<kGraphicKind>},
       Handler{"MenAdaPar", &MainMod::menAdaPar},
       Handler{"MenAdaAda", &MainMod::menAdaAda},
       Handler{"MenSerCal", &MainMod::menSerCal},
@@ -123,6 +134,8 @@ void MainMod::run(std::string_view control) {
     if (handler == nullptr || panels_.isOpen()) return;
     if (handler->recent != nullptr) {
       (this->*handler->recent)(control.at(control.find('(') + 1) - '0');
+    } else if (handler->figure != nullptr) {
+      handler->figure(session_, figures_);
     } else {
       (this->*handler->command)();
     }
@@ -161,18 +174,10 @@ void MainMod::runInputAction(int action) {
   }
 }
 
-void MainMod::notThereYet() {
-  ports_.dialogs.plainBox(kProgramTitle, "Questo Comando non e` ancora Disponibile!     <*> per Continuare");
-}
-
 void MainMod::edit(const std::string& caption, Int16 kind) {
   std::string name;
   PickFile(session_, ports_.files, ports_.dialogs, caption, name, kind, kPickForEditor);
   if (session_.ErrFlag == 0) editor_.OpenEditor(name, kind);
-}
-
-void MainMod::drawFigure(int figure) {
-  if (canDrawFigure(session_, ports_.dialogs, figure)) notThereYet();
 }
 
 template <FileKindCode kind>
@@ -214,15 +219,6 @@ void MainMod::menFunMod() {
 }
 void MainMod::menFunCar() {
   MenFunCar(session_, ports_.window, ports_.functions);
-}
-void MainMod::menGraDatVis() {
-  drawFigure(kDataFigure);
-}
-void MainMod::menGraFunVis() {
-  drawFigure(kFunctionFigure);
-}
-void MainMod::menGraDifVis() {
-  drawFigure(kDifferencesFigure);
 }
 void MainMod::menGraLetFil() {
   MenGraLetFil(session_, ports_.files, ports_.dialogs, ports_.window);

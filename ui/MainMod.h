@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/RuntimeError.h"
+#include "grafile/FigurePorts.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -34,14 +35,16 @@ struct Ports {
   Sound& sound;
   Process& process;
   Random& random;
+  PlotWindows& plots;
+  Device& figurePrinter;  ///< the printer, as figures see it
+  Screen& screen;
 };
 
 class MainMod {
  public:
-  /// `quit` ends the program with an exit code.
+  /// `quit` ends the program with an exit code. The plot windows that commands open do not outlive it.
   MainMod(Session& session, const Ports& ports, MainPanels& panels, Editor& editor,
-          std::function<void(int)> quit)
-      : session_(session), ports_(ports), panels_(panels), editor_(editor), quit_(std::move(quit)) {}
+          std::function<void(int)> quit);
 
   /// Runs once, when all forms are there: folders, first menu states, the main window by `showMainWindow`,
   /// the welcome, the catalogue, the sound of the start.
@@ -78,9 +81,6 @@ class MainMod {
   void menFunLet();
   void menFunMod();
   void menFunCar();
-  void menGraDatVis();
-  void menGraFunVis();
-  void menGraDifVis();
   void menGraLetFil();
   void menGraModFil();
   void menAdaPar();
@@ -92,12 +92,11 @@ class MainMod {
   void menSerErr();
   template <FileKindCode kind>
   void recent(int index);
-  void notThereYet();
   void edit(const std::string& caption, Int16 kind);
-  void drawFigure(int figure);
 
   Session& session_;
   Ports ports_;
+  FigurePorts figures_;
   MainPanels& panels_;
   Editor& editor_;
   std::function<void(int)> quit_;

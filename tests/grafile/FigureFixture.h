@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -9,6 +8,7 @@
 #include "doubles/Doubles.h"
 #include "doubles/ErrorOf.h"
 #include "doubles/MemoryFiles.h"
+#include "doubles/RecordingPlots.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
 #include "grafile/FigureCommands.h"
@@ -16,46 +16,10 @@
 #include "grafile/GralPlt.h"
 #include "gral/GralCls.h"
 #include "gral/NominalScreen.h"
-#include "gral/RecorderDevice.h"
 #include "platform/Printer.h"
 #include "session/Refusals.h"
 
 namespace vk {
-
-/// A recording form that shows a picture of two by one pixels.
-class PictureForm : public RecorderDevice {
- public:
-  using RecorderDevice::RecorderDevice;
-  Picture Image() override { return {2, 1, kNominalTwipsPerPixel, {0xFFFFFFFF, 0xFF000000}}; }
-};
-
-class RecordingPlotWindow : public PlotWindow {
- public:
-  PictureForm form;
-  std::function<void()> click;
-  int copies = 0;
-  int copyError = 0;  ///< run-time error that a copy raises
-
-  Device& device() override { return form; }
-  void setClickRoutine(std::function<void()> routine) override { click = std::move(routine); }
-  void copyPicture() override {
-    if (copyError != 0) throw RuntimeError(copyError);
-    ++copies;
-  }
-};
-
-/// Keeps all plot windows that were made.
-class RecordingPlotWindows : public PlotWindows {
- public:
-  std::vector<std::unique_ptr<RecordingPlotWindow>> windows;
-
-  PlotWindow& create() override {
-    windows.push_back(std::make_unique<RecordingPlotWindow>());
-    return *windows.back();
-  }
-  PlotWindow* active() override { return windows.empty() ? nullptr : windows.back().get(); }
-  void closeAll() override { windows.clear(); }
-};
 
 /// Lines of a file, each ended by CR LF.
 std::string lines(std::initializer_list<std::string> content);

@@ -5,8 +5,10 @@
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/RecordingEditorForm.h"
+#include "doubles/RecordingPlots.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
+#include "gral/NominalScreen.h"
 #include "session/Commands.h"
 
 namespace vk {
@@ -89,15 +91,17 @@ class MainModTest : public testing::Test {
   RecordingPrinter printer;
   RecordingEditorForm editorForm;
   Editor editor{session, {files, dialogs, window, output, clipboard, printer, sound}};
+  RecordingPlotWindows plots;
+  RecorderDevice figurePrinter{PrinterMetrics{}};
+  NominalScreen screen;
   std::vector<int> exitCodes;
   std::function<void()> atShowing = [] {};
   MainMod mainMod{session,
-                  {files, dialogs, window, input, output, functions, clock, sound, process, random},
+                  {files, dialogs, window, input, output, functions, clock, sound, process, random, plots,
+                   figurePrinter, screen},
                   panels,
                   editor,
                   [this](int code) { exitCodes.push_back(code); }};
-
-  static constexpr const char* kNotYet = "Questo Comando non e` ancora Disponibile!     <*> per Continuare";
 };
 
 TEST_F(MainModTest, TheWindowFirstShowsTheTextsOfTheStart) {
@@ -279,15 +283,74 @@ TEST_F(MainModTest, FiguresWithoutTheirInputAreRefused) {
   expectBox("VOR_KEL", "Dati NON Definiti!     <*> per Continuare");
 }
 
-TEST_F(MainModTest, FiguresWithTheirInputAreNotThereYet) {
+TEST_F(MainModTest, FiguresAreDrawnAndTheirTextsSaved) {
   start();
   readData();
   chooseLine();
-  for (const char* control : {"MenGraDatVis", "MenGraFunVis", "MenGraDifVis"}) {
-    dialogs.expectBox();
-    mainMod.run(control);
-    expectBox("VOR_KEL", kNotYet);
+  input.execute({"1", "1", "1", "1"});
+  mainMod.run("MenAdaPar");
+  const struct {
+    const char *draw, *save, *caption, *figure;
+  } cases[] = {{"MenGraDatVis", "MenGraDatGra", "VOR_KEL: Grafico Dati", "%File Grafico Dati\r\n"},
+               {"MenGraFunVis", "MenGraFunGra", "VOR_KEL: Grafico Dati e Funzione",
+                "%File Grafico Dati e Funzione\r\n"},
+               {"MenGraDifVis", "MenGraDifGra", "VOR_KEL: Grafico Differenze Dati-Funzione",
+                "%File Grafico Differenze Dati-Funzione\r\n"}};
+  for (const auto& c : cases) {
+    EXPECT_TRUE(on(c.draw)) << c.draw;
+    EXPECT_FALSE(on(c.save)) << c.save;
+    mainMod.run(c.draw);
+    EXPECT_EQ(plots.windows.back()->form.Caption(), c.caption);
+    EXPECT_TRUE(plots.windows.back()->form.Visible());
+    EXPECT_TRUE(on(c.save)) << c.save;
+    dialogs.pick("/figura.gra");
+    mainMod.run(c.save);
+    EXPECT_EQ(files.content.at("/figura.gra").rfind(c.figure, 0), 0u) << c.figure;
+    files.content.erase("/figura.gra");
   }
+  EXPECT_EQ(plots.windows.size(), 3u);
+  EXPECT_TRUE(on("MenGraDifSav"));
+  dialogs.pick("/differenze.dat");
+  mainMod.run("MenGraDifSav");
+  EXPECT_EQ(files.content.at("/differenze.dat").rfind("%File Dati Differenze Dati-Funzione\r\n", 0), 0u);
+}
+
+TEST_F(MainModTest, TheChosenGraphicFileRunsOnTheScreenAndOnThePrinter) {
+  start();
+  files.content["/g.gra"] = "\\SIMBOLO(3,4)\r\n";
+  dialogs.pick("/g.gra");
+  mainMod.run("MenGraLetFil");
+  EXPECT_TRUE(on("MenGraVisFil"));
+  EXPECT_TRUE(on("MenGraPriFil"));
+  mainMod.run("MenGraVisFil");
+  ASSERT_EQ(plots.windows.size(), 1u);
+  EXPECT_EQ(plots.windows[0]->form.Caption(), "VOR_KEL: Visualizza File Grafico");
+  mainMod.run("MenGraPriFil");
+  EXPECT_EQ(plots.windows.size(), 1u);
+  EXPECT_EQ(figurePrinter.documents(), 1);
+}
+
+TEST_F(MainModTest, AGraphicFileThatHasGoneEndsTheProgram) {
+  start();
+  files.content["/g.gra"] = "%\r\n";
+  dialogs.pick("/g.gra");
+  mainMod.run("MenGraLetFil");
+  files.content.erase("/g.gra");
+  dialogs.expectBox();
+  mainMod.run("MenGraVisFil");
+  expectBox("VOR_KEL", RuntimeError(kFileNotFound).message());
+  EXPECT_THAT(exitCodes, ElementsAre(1));
+}
+
+TEST_F(MainModTest, AClickIntoAFigureCanPutItAway) {
+  start();
+  readData();
+  mainMod.run("MenGraDatVis");
+  window.calls.clear();
+  dialogs.press(2);
+  plots.windows[0]->click();
+  EXPECT_FALSE(plots.windows[0]->form.Visible());
+  EXPECT_THAT(window.calls, ElementsAre("front"));
 }
 
 TEST_F(MainModTest, TheFitIsRefusedWithItsFourTexts) {

@@ -19,16 +19,17 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
       quit_(std::move(quit)),
       printer_(files_, dialogs_, usePrinters),
       forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &editForm_, &message_},
-      mainMod_(
-          session_,
-          {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_, random_},
-          panels_, editor_, quit_) {
+      mainMod_(session_,
+               {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_, random_,
+                plots_, figurePrinter_, screen_},
+               panels_, editor_, quit_) {
   windows_.add(Form::kMain, &window_);
   windows_.add(Form::kInput, &inputForm_);
   windows_.add(Form::kOutput, &output_.form());
   windows_.add(Form::kEditor, &editForm_);
   windows_.add(Form::kSelect, &selectForm_);
   windows_.add(Form::kLoad, &loadForm_);
+  windows_.setActivePlot([this] { return plots_.activeWindow(); });
   window_.buildPanels(session_, panels_, runner());
   panels_.setView(window_);
   editor_.setForm(editForm_);
@@ -65,6 +66,7 @@ void Application::showMainWindow() {
 void Application::unload() {
   for (QWidget* form : forms_) form->hide();
   output_.hideAll();
+  plots_.closeAll();
   quit_(0);
 }
 

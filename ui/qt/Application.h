@@ -19,6 +19,8 @@
 #include "ui/qt/Loa_Fun.h"
 #include "ui/qt/QtDialogs.h"
 #include "ui/qt/QtOutput.h"
+#include "ui/qt/QtPaper.h"
+#include "ui/qt/QtPlotWindow.h"
 #include "ui/qt/QtPrinter.h"
 #include "ui/qt/Sel_Fun.h"
 #include "ui/qt/Services.h"
@@ -57,6 +59,7 @@ class Application {
   MainMod& mainMod() { return mainMod_; }
   Vor_Kel& window() { return window_; }
   FrmOut& output() { return output_.form(); }
+  QtPlotWindows& plots() { return plots_; }
   QtPrinter& printer() { return printer_; }
   /// The forms beside the main window, in the order of their making.
   const std::vector<QWidget*>& forms() const { return forms_; }
@@ -78,6 +81,10 @@ class Application {
   QtClipboard clipboard_{session_};
   QtDialogs dialogs_{windows_, message_};
   QtPrinter printer_;
+  QtGraphics graphics_;
+  QtPaper paper_{printer_};
+  PrinterDevice figurePrinter_{paper_, graphics_.letters()};
+  QtScreen screen_;
   SelectFunction select_{session_};
   LoadFunction load_{session_};
   InpMod input_{session_, dialogs_, sound_, compiler()};
@@ -92,6 +99,7 @@ class Application {
   FrmEdi editForm_{editor_, {session_, windows_, sound_, runner()}};
   FrmMsg message_{windows_, session_.FontLabel};
   std::vector<QWidget*> forms_;
+  QtPlotWindows plots_{graphics_, breath_, runner()};
 
   QtFunctionForms functions_{selectForm_, loadForm_};
   MainPanels panels_{session_, files_, window_};

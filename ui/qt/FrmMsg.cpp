@@ -15,6 +15,8 @@ namespace {
 
 constexpr int kIconPixels = 32;
 constexpr double kButtonHeight = 405;
+/// What a title bar needs beside its text: the icon and the buttons of the window system.
+constexpr int kTitleBarRest = 90;
 constexpr std::array<const char*, 4> kIconNames{"ImgDom", "ImgEsc", "ImgInf", "ImgStp"};
 constexpr std::size_t kLastingButtons = 2;
 
@@ -66,7 +68,9 @@ int FrmMsg::ask(const MessageRequest& request) {
 }
 
 MessageSurroundings FrmMsg::surroundings(const MessageRequest& request) const {
-  const double captionWidth = FontMeasure(font()).width(request.caption);
+  QFont title = font();
+  title.setBold(true);
+  const double captionWidth = FontMeasure(title).width(request.caption) + toTwips(kTitleBarRest);
   const double icon = toTwips(kIconPixels);
   return {windows_.place(request.owner),
           windows_.screenSize(request.owner),

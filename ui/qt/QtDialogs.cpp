@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QWindow>
 
 #include "ui/qt/FileDialog.h"
 #include "ui/qt/Text8.h"
@@ -16,8 +17,23 @@ void activate(QWidget* owner) {
 
 }  // namespace
 
+QtDialogs::QtDialogs(const Windows& windows, FrmMsg& message) : windows_(windows), message_(message) {
+  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &watch_,
+                   [this](const QWindow* activated) { noteActivated(activated); });
+}
+
+void QtDialogs::noteActivated(const QWindow* activated) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (activated != nullptr && window->windowHandle() == activated && window->windowType() != Qt::Popup &&
+        !window->isModal()) {
+      lastActive_ = window;
+    }
+  }
+}
+
 QWidget* QtDialogs::inFront() const {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (lastActive_ != nullptr && lastActive_->isVisible()) return lastActive_;
   if (QWidget* editor = windows_.shown(Form::kEditor)) return editor;
   return windows_.shown(Form::kMain);
 }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
 #include "platform/Dialogs.h"
 #include "ui/qt/FrmMsg.h"
 #include "ui/qt/Windows.h"
@@ -9,7 +13,7 @@ namespace vk {
 /// Questions to the user as windows.
 class QtDialogs : public Dialogs {
  public:
-  QtDialogs(const Windows& windows, FrmMsg& message) : windows_(windows), message_(message) {}
+  QtDialogs(const Windows& windows, FrmMsg& message);
 
   int Get_Msg(const MessageRequest& request) override { return message_.ask(request); }
   void plainBox(const std::string& title, const std::string& text) override;
@@ -17,9 +21,12 @@ class QtDialogs : public Dialogs {
 
  private:
   QWidget* inFront() const;
+  void noteActivated(const QWindow* activated);
 
   const Windows& windows_;
   FrmMsg& message_;
+  QObject watch_;
+  QPointer<QWidget> lastActive_;  ///< the window that the user worked with last; no dialog
 };
 
 }  // namespace vk

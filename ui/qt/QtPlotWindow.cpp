@@ -1,5 +1,6 @@
 #include "ui/qt/QtPlotWindow.h"
 
+#include <QAbstractEventDispatcher>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -27,7 +28,12 @@ QtPlotWindow::QtPlotWindow(const World& world) : world_(world), device_(world.le
   setObjectName(QStringLiteral("GralFrm"));
   setAttribute(Qt::WA_OpaquePaintEvent);
   device_.onFormChanged = [this] { followForm(); };
-  device_.onRefresh = [this] { showDrawn(); };
+  device_.onRefresh = [this] {
+    if (showChanged()) world_.breath.take();
+  };
+  // What nobody has asked to show appears as soon as the command has ended, or waits for the user.
+  connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+          [this] { showChanged(); });
 }
 
 void QtPlotWindow::followForm() {
@@ -43,15 +49,14 @@ void QtPlotWindow::followForm() {
   if (isVisible()) world_.activated(*this);
 }
 
-/// Repaints what has changed; how often, is the breath's.
-void QtPlotWindow::showDrawn() {
+bool QtPlotWindow::showChanged() {
   const PixelRect changed = device_.raster().takeChanged();
-  if (changed == PixelRect{}) return;
+  if (changed == PixelRect{}) return false;
   const int ratio = device_.pixelRatio();
   const QPoint first(changed.x1 / ratio, changed.y1 / ratio);
   const QPoint last((changed.x2 - 1) / ratio, (changed.y2 - 1) / ratio);
   update(QRect(first, last));
-  world_.breath.take();
+  return true;
 }
 
 void QtPlotWindow::paintEvent(QPaintEvent* event) {

@@ -39,7 +39,8 @@ class QtPlotWindow : public QWidget, public PlotWindow {
 
  private:
   void followForm();
-  void showDrawn();
+  /// Asks for a repaint of what has been drawn since the last call; false when nothing has.
+  bool showChanged();
 
   const World& world_;
   ScreenDevice device_;
@@ -55,8 +56,8 @@ class QtPlotWindows : public PlotWindows {
   PlotWindow* active() override { return active_; }
   void closeAll() override;
 
-  /// The window in front of all plot windows, or none.
-  QWidget* activeWindow() { return active_; }
+  /// The window in front of all plot windows; none when it has been hidden.
+  QWidget* activeWindow() { return active_ != nullptr && active_->isVisible() ? active_ : nullptr; }
 
  private:
   void freeHidden();

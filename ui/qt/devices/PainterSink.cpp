@@ -64,8 +64,14 @@ QPainterPath hatchLines(int style, const QRectF& box) {
 
 }  // namespace
 
-PainterSink::PainterSink(QPainter& painter, QtLetters& letters, double twipsPerPixel, double twipsPerPenUnit)
-    : painter_(painter), letters_(letters), twipsPerPixel_(twipsPerPixel), twipsPerPenUnit_(twipsPerPenUnit) {
+PainterSink::PainterSink(QPainter& painter, QtLetters& letters, double twipsPerPixel, double twipsPerPenUnit,
+                         const QRectF& area)
+    : painter_(painter),
+      letters_(letters),
+      twipsPerPixel_(twipsPerPixel),
+      twipsPerPenUnit_(twipsPerPenUnit),
+      area_(area) {
+  showWholeArea();
   pen({});
 }
 
@@ -75,7 +81,7 @@ PainterSink::~PainterSink() {
 
 void PainterSink::clear(double width, double height, Color background) {
   lines_ = QPainterPath();
-  painter_.setClipping(false);
+  showWholeArea();
   painter_.fillRect(QRectF(0, 0, width, height), colorOf(background));
 }
 
@@ -196,14 +202,28 @@ void PainterSink::text(const TextRun& run) {
 
 void PainterSink::clip(const PixelRect* region) {
   flushLines();
-  if (region == nullptr) return painter_.setClipping(false);
-  painter_.setClipRect(QRectF(place({region->x1, region->y1}), place({region->x2, region->y2})));
+  if (region == nullptr) return showWholeArea();
+  const QRectF limits(place({region->x1, region->y1}), place({region->x2, region->y2}));
+  painter_.setClipRect(area_.isNull() ? limits : limits & area_);
+}
+
+void PainterSink::showWholeArea() {
+  if (area_.isNull()) return painter_.setClipping(false);
+  painter_.setClipRect(area_);
 }
 
 void PainterSink::picture(const Picture& picture, double x, double y) {
   flushLines();
-  const double scale = picture.twipsPerPixel;
-  painter_.drawImage(QRectF(x, y, picture.width * scale, picture.height * scale), imageWithHoles(picture));
+  const QSizeF size = QSizeF(picture.width, picture.height) * picture.twipsPerPixel;
+  if (!picture.source) return painter_.drawImage(QRectF(QPointF(x, y), size), imageWithHoles(picture));
+  painter_.save();
+  painter_.translate(x, y);
+  {
+    PainterSink form(painter_, letters_, picture.source->twipsPerPixel(), kNominalTwipsPerPixel,
+                     QRectF(QPointF(), size));
+    picture.source->drawOn(form);
+  }
+  painter_.restore();
 }
 
 }  // namespace vk

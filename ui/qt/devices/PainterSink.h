@@ -11,8 +11,10 @@ namespace vk {
 /// Draws on a painter whose unit is the twip.
 class PainterSink : public DrawingSink {
  public:
-  /// A pixel of the drawing and the unit of its pens, in twips. Painter and letters outlive the sink.
-  PainterSink(QPainter& painter, QtLetters& letters, double twipsPerPixel, double twipsPerPenUnit);
+  /// A pixel of the drawing and the unit of its pens, in twips; nothing is seen outside `area` unless that is
+  /// empty. Painter and letters outlive the sink.
+  PainterSink(QPainter& painter, QtLetters& letters, double twipsPerPixel, double twipsPerPenUnit,
+              const QRectF& area = {});
   ~PainterSink() override;
 
   void clear(double width, double height, Color background) override;
@@ -29,10 +31,12 @@ class PainterSink : public DrawingSink {
   void floodFill(const PixelPoint&, Color) override {}
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
+  /// Draws the picture again where its source is known, else copies its pixels.
   void picture(const Picture& picture, double x, double y) override;
   void refresh() override {}
 
  private:
+  void showWholeArea();
   void flushLines();
   QPointF place(const PixelPoint& point) const;
   QPainterPath path(std::span<const PixelPoint> points) const;
@@ -43,6 +47,7 @@ class PainterSink : public DrawingSink {
   QtLetters& letters_;
   double twipsPerPixel_;
   double twipsPerPenUnit_;
+  QRectF area_;
   QPen pen_;
   Filling filling_;
   QPainterPath lines_;  ///< that wait for others with the same pen

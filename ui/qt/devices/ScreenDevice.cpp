@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "gral/FloodPictures.h"
 #include "ui/qt/devices/VectorDevice.h"
 
 namespace vk {
@@ -13,6 +14,22 @@ constexpr int kFinePixels = 4;
 int pixelRatioFor(int screenRatio) {
   return screenRatio * std::max(2, kFinePixels / screenRatio);
 }
+
+/// The primitives on a form as they were when its picture was taken.
+class FormDrawing : public PictureSource {
+ public:
+  FormDrawing(const DisplayList& list, int pixelRatio, QtLetters& letters)
+      : list_(list), pixelRatio_(pixelRatio), letters_(letters) {}
+  void drawOn(DrawingSink& sink) const override {
+    replayAsVectors(list_, sink, letters_, {static_cast<double>(pixelRatio_), 1});
+  }
+  double twipsPerPixel() const override { return kNominalTwipsPerPixel / pixelRatio_; }
+
+ private:
+  DisplayList list_;
+  int pixelRatio_;
+  QtLetters& letters_;
+};
 
 }  // namespace
 
@@ -28,6 +45,7 @@ ScreenDevice::ScreenDevice(QtLetters& letters, int screenRatio)
 Picture ScreenDevice::Image() {
   Picture picture = raster().reduced(reduction());
   picture.twipsPerPixel = kNominalTwipsPerPixel / screenRatio_;
+  picture.source = std::make_shared<FormDrawing>(list_, pixelRatio_, fonts_);
   return picture;
 }
 

@@ -36,7 +36,7 @@ class ScreenDevice : private ScreenParts, public SinkDevice {
   int reduction() const { return pixelRatio_ / screenRatio_; }
   int screenRatio() const { return screenRatio_; }
 
-  /// The picture in the screen's pixels.
+  /// The picture in the screen's pixels, with what it was drawn from.
   Picture Image() override;
   /// The same as a file of the SVG format.
   std::string svg() const;

@@ -1,8 +1,13 @@
 #include <QAbstractItemView>
+#include <QAbstractProxyModel>
+#include <QComboBox>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QSettings>
+#include <QToolButton>
+#include <QTreeView>
 
 #include "doubles/TemporaryFolder.h"
 #include "ui/qt/FileDialog.h"
@@ -35,6 +40,25 @@ class DialogsTest : public testing::Test {
     request.defaultExtension = "DAT";
   }
   std::optional<std::string> ask() { return dialogs.fileDialog(request); }
+  /// What the dialog lists, once it knows the whole folder.
+  QStringList namesIn(QWidget* shown) const {
+    const auto* view = control<QAbstractItemView>(shown, "listView");
+    const auto* list = qobject_cast<const QAbstractProxyModel*>(view->model());
+    const auto known = [&] { return list->sourceModel()->rowCount(list->mapToSource(view->rootIndex())); };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return known() == folder.count(); }));
+    QStringList names;
+    for (int row = 0; row < list->rowCount(view->rootIndex()); ++row) {
+      names << list->index(row, 0, view->rootIndex()).data().toString();
+    }
+    names.sort(Qt::CaseInsensitive);
+    return names;
+  }
+  QStringList shownNames() {
+    QStringList names;
+    look([&](QFileDialog* shown) { names = namesIn(shown); });
+    ask();
+    return names;
+  }
   void look(std::function<void(QFileDialog*)> at) {
     user.at("FileDialog", [at](QWidget* shown) { at(qobject_cast<QFileDialog*>(shown)); });
     user.cancelFile();
@@ -107,25 +131,67 @@ TEST_F(DialogsTest, ANameToBeOpenedGetsNoExtension) {
 }
 
 TEST_F(DialogsTest, PatternsMatchInAnyCaseAndAllFilesMeansAll) {
-  folder.make("a.dat");
-  folder.make("B.DAT");
-  folder.make("senza");
-  const auto shownNames = [&] {
-    QStringList names;
-    look([&](QFileDialog* shown) {
-      const auto* view = control<QAbstractItemView>(shown, "listView");
-      EXPECT_TRUE(QTest::qWaitFor([&] { return view->model()->rowCount(view->rootIndex()) >= 2; }));
-      for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row) {
-        names << view->model()->index(row, 0, view->rootIndex()).data().toString();
-      }
-      names.sort(Qt::CaseInsensitive);
-    });
-    ask();
-    return names;
-  };
-  EXPECT_EQ(shownNames(), (QStringList{"a.dat", "B.DAT"}));
+  for (const char* name : {"a.dat", "B.DAT", "senza", "altro/x.dat"}) folder.make(name);
+  EXPECT_EQ(shownNames(), (QStringList{"a.dat", "altro", "B.DAT"}));
   request.filterIndex = 1;
-  EXPECT_EQ(shownNames(), (QStringList{"a.dat", "B.DAT", "senza"}));
+  EXPECT_EQ(shownNames(), (QStringList{"a.dat", "altro", "B.DAT", "senza"}));
+}
+
+TEST_F(DialogsTest, TheFilterOfAnEmptyExtensionShowsTheFilesWithoutOne) {
+  for (const char* name : {"a.dat", "senza", "punto."}) folder.make(name);
+  request.filter = "Tutti i File (*.*)|*.*|File Dati (*.)|*.|";
+  EXPECT_EQ(shownNames(), (QStringList{"punto.", "senza"}));
+  request.save = true;
+  user.file("nuovo");
+  EXPECT_THAT(ask(), Optional(folder / "nuovo"));
+}
+
+TEST_F(DialogsTest, SignsOfAnExtensionAreNoPattern) {
+  for (const char* name : {"a.d[1]", "a.d1", "b.x y", "c.y"}) folder.make(name);
+  request.filter = "Tutti i File (*.*)|*.*|File Dati (*.d[1])|*.d[1]|";
+  EXPECT_EQ(shownNames(), QStringList{"a.d[1]"});
+  request.filter = "Tutti i File (*.*)|*.*|File Dati (*.x y)|*.x y|";
+  EXPECT_EQ(shownNames(), QStringList{"b.x y"});
+}
+
+TEST_F(DialogsTest, TheListFollowsTheFilterThatTheUserSelects) {
+  for (const char* name : {"a.dat", "b.txt"}) folder.make(name);
+  user.at("FileDialog", [this](QWidget* shown) {
+    EXPECT_EQ(namesIn(shown), QStringList{"a.dat"});
+    QTest::keyClick(control<QComboBox>(shown, "fileTypeCombo"), Qt::Key_Up);
+    EXPECT_EQ(namesIn(shown), (QStringList{"a.dat", "b.txt"}));
+  });
+  user.cancelFile();
+  ask();
+}
+
+TEST_F(DialogsTest, FoldersStandBeforeFilesAndSizesAreSortedByTheirValues) {
+  folder.make("a.dat", std::string(20'000, 'x'));
+  folder.make("b.dat", std::string(3'000, 'x'));
+  folder.make("z/x.dat");
+  user.at("FileDialog", [this](QWidget* shown) {
+    QTest::mouseClick(control<QToolButton>(shown, "detailModeButton"), Qt::LeftButton);
+    const auto* view = control<QTreeView>(shown, "treeView");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view->model()->rowCount(view->rootIndex()) == 3; }));
+    const auto click = [&](int column) {
+      const QPoint place(view->header()->sectionViewportPosition(column) + 10, view->header()->height() / 2);
+      QTest::mouseClick(view->header()->viewport(), Qt::LeftButton, {}, place);
+    };
+    const auto names = [&] {
+      QStringList result;
+      for (int row = 0; row < 3; ++row)
+        result << view->model()->index(row, 0, view->rootIndex()).data().toString();
+      return result;
+    };
+    EXPECT_EQ(names(), (QStringList{"z", "a.dat", "b.dat"}));
+    EXPECT_EQ(view->model()->index(2, 1, view->rootIndex()).data().toString(), "2,93 KiB");
+    const QString date = view->model()->index(2, 3, view->rootIndex()).data().toString();
+    EXPECT_THAT(date.toStdString(), testing::MatchesRegex("[0-9]+/[0-9]+/[0-9]+ [0-9]+:[0-9]+"));
+    click(1);
+    EXPECT_EQ(names(), (QStringList{"z", "b.dat", "a.dat"}));
+  });
+  user.cancelFile();
+  ask();
 }
 
 TEST_F(DialogsTest, TheFileDialogKeepsNothingForTheNextRun) {

@@ -2,7 +2,10 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QHeaderView>
+#include <QLocale>
+#include <QSortFilterProxyModel>
 #include <QTreeView>
 
 #include "platform/Files.h"
@@ -13,12 +16,54 @@ namespace {
 
 constexpr QSize kFirstSize(700, 440);
 
-/// The toolkit's form of a filter: its label, and the pattern in a last pair of parentheses that is not shown.
-/// "*.*" means every file, also one without a point in its name; so does the pattern of an empty extension.
-QString toolkitFilter(const FileFilter& filter) {
-  const bool all = filter.pattern == "*.*" || filter.pattern == "*.";
-  return fromWindowText(filter.label) + " (" + (all ? QString("*") : fromWindowText(filter.pattern)) + ")";
-}
+constexpr const char* kAllFiles = "*.*";
+
+/// Columns of the list of files.
+enum FileColumn : int { kNames, kSizes, kKinds, kDates };
+
+/// The folders, and of the files those that a filter of ours lets through: all of them, or those of one
+/// extension in any case. The toolkit's own patterns cannot say "without extension", and take some signs of a
+/// name for theirs.
+class FilesOfAKind : public QSortFilterProxyModel {
+ public:
+  using QSortFilterProxyModel::QSortFilterProxyModel;
+
+  void setPattern(const std::string& pattern) {
+    all_ = pattern == kAllFiles;
+    extension_ = fromWindowText(GetExtensionName(pattern));
+    invalidateFilter();
+  }
+  /// The order of the disk: folders first, sizes and dates by their values.
+  void sort(int column, Qt::SortOrder order) override { sourceModel()->sort(column, order); }
+
+  /// Sizes and dates are written the Italian way on every machine.
+  QVariant data(const QModelIndex& index, int role) const override {
+    const QModelIndex item = mapToSource(index);
+    const bool text = role == Qt::DisplayRole && item.isValid();
+    if (text && item.column() == kSizes && !disk()->isDir(item)) {
+      return italian_.formattedDataSize(disk()->size(item));
+    }
+    if (text && item.column() == kDates) {
+      return italian_.toString(disk()->lastModified(item), QLocale::ShortFormat);
+    }
+    return QSortFilterProxyModel::data(index, role);
+  }
+
+ protected:
+  bool filterAcceptsRow(int row, const QModelIndex& folder) const override {
+    const QModelIndex item = disk()->index(row, 0, folder);
+    if (all_ || disk()->isDir(item)) return true;
+    const QString extension = fromWindowText(GetExtensionName(toFileName(disk()->fileName(item))));
+    return extension.compare(extension_, Qt::CaseInsensitive) == 0;
+  }
+
+ private:
+  const QFileSystemModel* disk() const { return qobject_cast<const QFileSystemModel*>(sourceModel()); }
+
+  const QLocale italian_{QLocale::Italian, QLocale::Italy};
+  bool all_ = true;
+  QString extension_;
+};
 
 void setTexts(QFileDialog& dialog, bool save) {
   dialog.setLabelText(QFileDialog::LookIn, "Cerca in:");
@@ -28,12 +73,30 @@ void setTexts(QFileDialog& dialog, bool save) {
   dialog.setLabelText(QFileDialog::Reject, "A&nnulla");
 }
 
+/// The filter that is selected in the dialog; none when it offers none.
+const FileFilter* selectedFilter(const QFileDialog& dialog, const std::vector<FileFilter>& filters) {
+  for (const FileFilter& filter : filters) {
+    if (dialog.selectedNameFilter().startsWith(fromWindowText(filter.label))) return &filter;
+  }
+  return nullptr;
+}
+
+/// `filters` must live as long as the dialog.
 void setFilters(QFileDialog& dialog, const std::vector<FileFilter>& filters, int selected) {
   QStringList names;
-  for (const FileFilter& filter : filters) names << toolkitFilter(filter);
+  // The toolkit looks for a pattern in the last parentheses, which are not shown; it lets everything through.
+  for (const FileFilter& filter : filters) names << fromWindowText(filter.label) + " (*)";
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(names);
   if (selected >= 1 && selected <= names.size()) dialog.selectNameFilter(names[selected - 1]);
+
+  auto* files = new FilesOfAKind(&dialog);
+  dialog.setProxyModel(files);
+  const auto follow = [&dialog, &filters, files] {
+    if (const FileFilter* filter = selectedFilter(dialog, filters)) files->setPattern(filter->pattern);
+  };
+  QObject::connect(&dialog, &QFileDialog::filterSelected, files, follow);
+  follow();
 }
 
 /// Names, sizes and dates of the files, each in full. The toolkit's column of kinds is hidden: it guesses
@@ -41,23 +104,12 @@ void setFilters(QFileDialog& dialog, const std::vector<FileFilter>& filters, int
 void setColumns(QFileDialog& dialog) {
   auto* list = dialog.findChild<QTreeView*>("treeView");
   if (!list) return;
-  constexpr int kSizes = 1, kKinds = 2, kDates = 3;
   list->hideColumn(kKinds);
   QHeaderView* header = list->header();
   header->setStretchLastSection(false);
-  header->setSectionResizeMode(0, QHeaderView::Stretch);
+  header->setSectionResizeMode(kNames, QHeaderView::Stretch);
   header->setSectionResizeMode(kSizes, QHeaderView::ResizeToContents);
   header->setSectionResizeMode(kDates, QHeaderView::ResizeToContents);
-}
-
-/// The extension of the pattern that is selected in the dialog; none for all files.
-std::string selectedExtension(const QFileDialog& dialog, const std::vector<FileFilter>& filters) {
-  for (const FileFilter& filter : filters) {
-    if (filter.pattern == "*.*") continue;
-    if (dialog.selectedNameFilter().startsWith(fromWindowText(filter.label)))
-      return GetExtensionName(filter.pattern);
-  }
-  return {};
 }
 
 }  // namespace
@@ -88,17 +140,18 @@ std::optional<std::string> askFileName(const FileRequest& request, QWidget* owne
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.resize(kFirstSize);
   setTexts(dialog, request.save);
-  setColumns(dialog);
   setFilters(dialog, filters, request.filterIndex);
+  setColumns(dialog);
   const QDir folder(fromFileName(request.folder));
   if (!request.folder.empty() && folder.exists()) dialog.setDirectory(folder);
   if (!request.proposedName.empty()) dialog.selectFile(fromFileName(request.proposedName));
 
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  std::string name = toFileName(dialog.selectedFiles().first());
-  const std::string extension = selectedExtension(dialog, filters);
-  if (request.save && GetExtensionName(name).empty() && !extension.empty()) name += "." + extension;
-  return name;
+  const std::string name = toFileName(dialog.selectedFiles().first());
+  const FileFilter* filter = selectedFilter(dialog, filters);
+  if (!request.save || filter == nullptr || filter->pattern == kAllFiles) return name;
+  const std::string extension = GetExtensionName(filter->pattern);
+  return GetExtensionName(name).empty() && !extension.empty() ? name + "." + extension : name;
 }
 
 }  // namespace vk

@@ -145,6 +145,47 @@ TEST_F(FrmOutTest, FramesArePaintedThroughTheCentresOfTheirCells) {
   EXPECT_EQ(pixelAt(surface(), QPoint(2, 2)), QColor(Qt::white));
 }
 
+TEST_F(FrmOutTest, ACharacterFillsTheCellOfItsRowAndColumn) {
+  open(kReportButtons);
+  output.CharLocate(4, 7);
+  output.print("\xDB");  // a full block
+  output.refresh();
+  const CellSize cell = output.form().cell();
+  const QSize size(toPixels(cell.width), toPixels(cell.height));
+  const auto middle = [&](int row, int col) {
+    return QPoint((col - 1) * size.width() + size.width() / 2, (row - 1) * size.height() + size.height() / 2);
+  };
+  EXPECT_EQ(pixelAt(surface(), middle(4, 7)), QColor(Qt::black));
+  for (const auto& [row, col] : {std::pair{3, 7}, {5, 7}, {4, 6}, {4, 8}}) {
+    EXPECT_EQ(pixelAt(surface(), middle(row, col)), QColor(Qt::white)) << row << ", " << col;
+  }
+}
+
+TEST_F(FrmOutTest, TheWholeFormIsWhite) {
+  open(kReportButtons);
+  QWidget& form = output.form();
+  EXPECT_EQ(pixelAt(&form, QPoint(1, form.height() - 2)), QColor(Qt::white)) << "beside the buttons";
+  EXPECT_EQ(pixelAt(&form, QPoint(1, 1)), QColor(Qt::white));
+}
+
+TEST_F(FrmOutTest, ButtonsStandInTheMiddleOfTheirStrips) {
+  for (const char* text : {"", "testo"}) {
+    open({"&Continua", "&Stampa", "Co&pia", "Salva &File"}, text);
+    const int width = output.form().width();
+    for (int i = 0; i < 4; ++i) {
+      const QRect place = control<QPushButton>(&output.form(), QString("CmdOut(%1)").arg(i))->geometry();
+      EXPECT_NEAR(place.center().x(), (2 * i + 1) * width / 8.0, 1);
+      EXPECT_NEAR(place.top(), toPixels(output.form().model().OutPixelH + 405 / 2.0), 1);
+    }
+  }
+}
+
+TEST_F(FrmOutTest, StandsCentredBelowTheTopOfItsOwner) {
+  open(kReportButtons);
+  EXPECT_EQ(output.form().frameGeometry().top(), owner.frameGeometry().top() + 40);
+  EXPECT_LE(std::abs(output.form().frameGeometry().center().x() - owner.frameGeometry().center().x()), 1);
+}
+
 TEST_F(FrmOutTest, ATextReplacesTheFrameBehindIt) {
   open(kReportButtons);
   output.CharFrame(2, 3, 8, 20, 3, "");

@@ -23,6 +23,9 @@ FrmOut::FrmOut(const OutputServices& services)
       surface_(new OutputSurface(this, model_)),
       text_(new QPlainTextEdit(this)) {
   setObjectName("FrmOut");
+  QPalette colours = palette();
+  colours.setColor(QPalette::Window, Qt::white);
+  setPalette(colours);
   text_->setObjectName("TxtOut");
   text_->setReadOnly(true);
   text_->setTabChangesFocus(true);

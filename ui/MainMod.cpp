@@ -6,6 +6,7 @@
 #include "analysis/FitCommands.h"
 #include "analysis/InitialParameters.h"
 #include "analysis/Module6.h"
+#include "analysis/Scopes.h"
 #include "analysis/Simulation.h"
 #include "analysis/Transformation.h"
 #include "expr/FunMod.h"
@@ -32,18 +33,6 @@ constexpr const char* kWelcome =
 
 /// Error of the platform for whatever goes wrong inside without a number of its own.
 constexpr int kInternalError = 51;
-
-/// Sets a flag for as long as it lives.
-class FlagOn {
- public:
-  explicit FlagOn(Flag& flag) : flag_(flag) { flag_ = kTrue; }
-  ~FlagOn() { flag_ = kFalse; }
-  FlagOn(const FlagOn&) = delete;
-  FlagOn& operator=(const FlagOn&) = delete;
-
- private:
-  Flag& flag_;
-};
 
 }  // namespace
 
@@ -129,7 +118,7 @@ void MainMod::welcome() {
 void MainMod::run(std::string_view control) {
   if (running_) return;
   guarded([&] {
-    const FlagOn running(running_);
+    const FlagFor running(running_, kTrue);
     const Handler* handler = findHandler(control);
     if (handler == nullptr || panels_.isOpen()) return;
     if (handler->recent != nullptr) {

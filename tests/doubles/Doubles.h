@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -60,7 +61,11 @@ class RecordingSound : public Sound {
   };
   std::vector<Tone> tones;
   int beeps = 0;
-  void tone(int hertz, int milliseconds) override { tones.push_back({hertz, milliseconds}); }
+  std::function<void()> atTone = [] {};  ///< runs at each tone
+  void tone(int hertz, int milliseconds) override {
+    tones.push_back({hertz, milliseconds});
+    atTone();
+  }
   void beep() override { ++beeps; }
 };
 

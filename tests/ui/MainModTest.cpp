@@ -105,6 +105,7 @@ class MainModTest : public testing::Test {
 };
 
 TEST_F(MainModTest, TheWindowFirstShowsTheTextsOfTheStart) {
+  window.background = -1;
   atShowing = [this] {
     EXPECT_EQ(window.panels[1], "Dati: Nessuno ");
     EXPECT_EQ(window.panels[2], "Fun.: Nessuno ");
@@ -112,6 +113,7 @@ TEST_F(MainModTest, TheWindowFirstShowsTheTextsOfTheStart) {
     EXPECT_EQ(window.panels[4], "Fun.Att.: NO ");
     EXPECT_EQ(window.panels[5], "Par.Var.: NO ");
     EXPECT_EQ(window.caption, "VOR_KEL");
+    EXPECT_EQ(window.background, 0);
     EXPECT_TRUE(dialogs.messages.empty()) << "the welcome comes after the window";
   };
   start();
@@ -138,10 +140,16 @@ TEST_F(MainModTest, TheWelcomeIsToldWithOneButton) {
   EXPECT_EQ(std::count(welcome.text.begin(), welcome.text.end(), '\r'), 3);
 }
 
-TEST_F(MainModTest, TheStartSoundsOnceBehindTheWelcome) {
+TEST_F(MainModTest, TheStartSoundsOnceBehindTheWelcomeAndBeforeTheRefresh) {
   dialogs.press(1);
+  std::size_t messages = 0;
+  std::string panel;
+  sound.atTone = [&] { messages = dialogs.messages.size(), panel = window.panels[3]; };
   mainMod.StartUp([] {});
   EXPECT_THAT(sound.tones, ElementsAre(RecordingSound::Tone{1000, 1}));
+  EXPECT_EQ(messages, 1u);
+  EXPECT_EQ(panel, "Grafici: Nessuno ");
+  EXPECT_EQ(window.panels[3], "Gra.: Nessuno");
 }
 
 TEST_F(MainModTest, TheStartFillsFoldersAndCatalogue) {

@@ -57,10 +57,12 @@ void Application::StartUp() {
 void Application::showMainWindow() {
   window_.placeFirst();
   window_.show();
-  // The welcome is placed by the window's place and frame, which the window system decides.
+  // The welcome is placed by the window's place and frame, which the window system decides. What the user does
+  // meanwhile waits until the welcome has shut the window.
   const QDeadlineTimer deadline(kShowingTime);
-  while (!window_.windowHandle()->isExposed() && !deadline.hasExpired()) QCoreApplication::processEvents();
-  QCoreApplication::processEvents();
+  const auto wait = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
+  while (!window_.windowHandle()->isExposed() && !deadline.hasExpired()) wait();
+  wait();
 }
 
 void Application::unload() {

@@ -9,12 +9,15 @@
 
 namespace vk {
 
-/// The disk of the machine, with the program in a folder of the test.
+/// The disk of the machine, with the program in a folder of the test and the volumes that the test names.
 class DesktopFiles : public SystemFiles {
  public:
   explicit DesktopFiles(std::string folder) : folder_(std::move(folder)) {}
   std::string programFolder() override { return folder_; }
   std::string documentsFolder() override { return folder_; }
+  std::vector<std::string> drives() override { return volumes; }
+
+  std::vector<std::string> volumes{"/"};
 
  private:
   std::string folder_;

@@ -89,6 +89,28 @@ TEST_F(FrmMsgTest, StandsCentredOnItsOwner) {
   ask({"&Si", "&No"});
 }
 
+TEST_F(FrmMsgTest, LongTextsAreBrokenWithinFiftyLetters) {
+  const int letter = QFontMetrics(form.font()).horizontalAdvance('A') + 1;
+  int width = 0, height = 0;
+  const auto measure = [&](QWidget* shown) { width = shown->width(), height = shown->height(); };
+  look(measure);
+  ask({"&Si"}, "uno");
+  const int low = height;
+  for (const std::string& text : {std::string(400, 'M'), std::string("parola ") + std::string(393, 'm')}) {
+    look(measure);
+    ask({"&Si"}, text);
+    EXPECT_LE(width, 50 * letter + 40);
+    EXPECT_GT(height, low + 5 * 2 * (letter - 1)) << "at least six lines";
+  }
+}
+
+TEST_F(FrmMsgTest, TheOwnerIsInFrontAgainAfterwards) {
+  user.press("FrmMsg", "CmdMsg(0)");
+  ask({"&Si"});
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&owner));
+  EXPECT_TRUE(owner.isEnabled());
+}
+
 TEST_F(FrmMsgTest, AnEmptyTextIsAllowed) {
   user.press("FrmMsg", "CmdMsg(3)");
   EXPECT_EQ(ask({"&Continua", "&Esci", "Co&pia", "&Stampa"}, ""), 4);

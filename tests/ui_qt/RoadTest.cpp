@@ -1,9 +1,11 @@
 #include <QApplication>
 #include <QClipboard>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QProcess>
 
 #include "base/Text.h"
+#include "session/SubMod.h"
 #include "ui_qt/Desktop.h"
 
 namespace vk {
@@ -58,6 +60,10 @@ TEST_F(RoadTest, FromADataFileToThePrintedReportAndBack) {
   EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->hasImage());
   EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), report());
 
+  pressOutput(1);
+  user.cancelFile();
+  act();
+  EXPECT_TRUE(window().isEnabled()) << "nothing is printed";
   pressOutput(1);
   user.file(QString::fromStdString(folder / "rapporto.pdf"));
   pressOutput(0);
@@ -176,8 +182,137 @@ TEST_F(RoadTest, EveryCancelLeavesTheMainWindowUsable) {
   user.close("Sel_Fun");
   act();
   EXPECT_TRUE(window().isEnabled());
+  user.choose("MenFunLet");
+  user.file(QString::fromStdString(folder.make("f.fcn", "A\r\nA*x\r\nretta\r\n")));
+  user.choose("MenFunCar");
+  user.press("Loa_Fun", "CmdRin");
+  act();
+  EXPECT_TRUE(window().isEnabled());
+  user.choose("MenAdaPar");
+  fillForm({"1", "1", "1", "1"});
+  for (const char* command : {"MenDatTra", "MenDatSim"}) {
+    user.choose(command);
+    user.press("InpFrm", "cmdRin");
+    act();
+    EXPECT_TRUE(window().isEnabled()) << command;
+  }
+  for (const char* command : {"MenSerImpDir", "MenSerImpGra"}) {
+    chooseOnly(command);
+    const char* button = command == std::string("MenSerImpDir") ? "CmdWrkDir(0)" : "CmdImpGra(0)";
+    QTest::mouseClick(control<QPushButton>(&window(), button), Qt::LeftButton);
+    EXPECT_TRUE(menuOn("MenDat")) << command;
+  }
   EXPECT_EQ(panel(1), "Dati: retta.dat");
+  EXPECT_EQ(panel(4), "Fun.Att.: SI");
   EXPECT_TRUE(exitCodes.empty());
+}
+
+TEST_F(RoadTest, SavingOverAFileAsksFirst) {
+  readData(folder.make("retta.dat", lineData()));
+  const QString there = QString::fromStdString(folder.make("c.dat", "vecchio"));
+  std::vector<QString> asked;
+  const auto save = [&](const char* button) {
+    user.choose("MenDatSav");
+    user.file(there);
+    user.at("FrmMsg", [&asked, button](QWidget* shown) {
+      asked.push_back(shown->windowTitle() + ": " + shown->accessibleDescription());
+      QTest::mouseClick(control<QPushButton>(shown, button), Qt::LeftButton);
+    });
+  };
+  save("CmdMsg(2)");
+  act();
+  EXPECT_EQ(folder.bytesOf("c.dat"), "vecchio") << "continue stops";
+  save("CmdMsg(1)");
+  user.cancelFile();
+  act();
+  EXPECT_EQ(folder.bytesOf("c.dat"), "vecchio") << "no asks for another name";
+  save("CmdMsg(0)");
+  act();
+  EXPECT_EQ(folder.bytesOf("c.dat").substr(0, 9), "x\r\ny\r\n 9\r");
+  EXPECT_THAT(
+      asked, testing::Each(QString("VOR_KEL: Salva con Nome File Dati: FILE  gia` Esistente: Sovrascrivo?")));
+  EXPECT_TRUE(window().isEnabled());
+  EXPECT_EQ(panel(1), "Dati: retta.dat");
+}
+
+TEST_F(RoadTest, ADataFileWithErrorsIsToldInAMessageOrAList) {
+  readData(folder.make("retta.dat", lineData()));
+  const std::string bad = folder.make("errori.dat", "x\r\ny\r\n3\r\n0 uno .1\r\n1 3 .1\r\n2 5\r\n4 9 .1\r\n");
+  readData(bad);
+  user.at("FrmMsg", [&bad](QWidget* shown) {
+    EXPECT_EQ(shown->windowTitle(), "VOR_KEL: Lettura File Dati");
+    EXPECT_EQ(shown->accessibleDescription().toStdString(),
+              "Errori nella Lettura del File Dati: " + bad + "!");
+    EXPECT_EQ(control<QPushButton>(shown, "CmdMsg(0)")->text(), "&Continua");
+    QTest::keyClick(shown->focusWidget(), Qt::Key_Return);
+  });
+  chooseOnly("MenSerErr");
+  readData(bad);
+  act();
+  EXPECT_EQ(application.output().windowTitle(), "VOR_KEL: Lettura File Dati - ERRORI");
+  EXPECT_EQ(control<QPlainTextEdit>(&application.output(), "TxtOut")->toPlainText(),
+            "***ERR. Linea 4; Dato 2: uno\n   Dato NON numerico\n"
+            "***ERR. Linea 6: 2 5\n   le linee Dati DEVONO contenere  3 dati.\n");
+  pressOutput(0);
+  act();
+  EXPECT_EQ(panel(1), "Dati: retta.dat") << "the old data stay";
+  EXPECT_EQ(session().data.NumPnt, 9);
+
+  readData(folder.make("sette.dat", "x\r\ny\r\n7\r\n0 1 .1\r\n1 3 .1\r\n2 5 .1\r\n"));
+  user.at("FrmMsg", [](QWidget* shown) {
+    EXPECT_EQ(shown->accessibleDescription(), "Numero Dati Dichiarati Diverso da Numero Dati Trovati!");
+    QTest::keyClick(shown->focusWidget(), Qt::Key_Return);
+  });
+  act();
+  EXPECT_EQ(panel(1), "Dati: sette.dat");
+  EXPECT_EQ(session().data.NumPnt, 3);
+}
+
+TEST_F(RoadTest, AFitWithoutWhatItNeedsIsRefused) {
+  QStringList titles;
+  const auto refusedFit = [&] {
+    user.choose("MenAdaAda");
+    user.at("PlainBox", [&](QWidget* box) {
+      titles << box->windowTitle();
+      boxes.push_back(qobject_cast<QMessageBox*>(box)->text());
+      QTest::keyClick(box, Qt::Key_Return);
+    });
+  };
+  chooseFunction(0, 1);
+  user.choose("MenAdaPar");
+  fillForm({"1", "1", "1", "1"});
+  refusedFit();
+  readData(folder.make("retta.dat", lineData()));
+  user.choose("MenAdaPar");
+  fillForm({"1", "1", "0", "0"});
+  refusedFit();
+  act();
+  EXPECT_EQ(titles, (QStringList{"ERRORE !", "ERRORE !"}));
+  EXPECT_EQ(boxes, (std::vector<QString>{"Dati NON Definiti!  <*> per Continuare",
+                                         "Parametri NON Definiti!  <*> per Continuare"}));
+  EXPECT_TRUE(window().isEnabled());
+}
+
+TEST_F(RoadTest, AfterAFitTheFormShowsTheErrorsInTheRightColumn) {
+  readData(folder.make("retta.dat", lineData()));
+  chooseFunction(0, 1);
+  user.choose("MenAdaPar");
+  fillForm({"1", "0", "1", "0"});
+  user.choose("MenAdaAda");
+  pressOutput(0);
+  user.choose("MenAdaPar");
+  user.at("InpFrm", [this](QWidget* form) {
+    auto* box = control<QLineEdit>(form, "txtGet");
+    EXPECT_EQ(box->text().toStdString(), FormatCompact(session().par.ParValues[1]));
+    for (int i = 0; i < 2; ++i) QTest::keyClick(box, Qt::Key_Down);
+    EXPECT_EQ(box->text().toStdString(), FormatCompact(session().par.ParDeltas[1]));
+    QTest::keyClick(box, Qt::Key_Down);
+    EXPECT_EQ(box->text(), "0") << "a constant parameter";
+  });
+  user.press("InpFrm", "cmdEse");
+  act();
+  EXPECT_GT(session().par.ParDeltas[1], 0);
+  EXPECT_EQ(session().par.FreeCount, 1) << "free as before";
 }
 
 TEST_F(RoadTest, RecentFilesAreReadFromTheirMenu) {
@@ -188,6 +323,22 @@ TEST_F(RoadTest, RecentFilesAreReadFromTheirMenu) {
   EXPECT_FALSE(control<QAction>(&window(), "MenDatOld(2)")->isVisible());
   chooseOnly("MenDatOld(1)");
   EXPECT_EQ(panel(1), "Dati: a.dat");
+
+  for (const char* name : {"a.gra", "b.gra"}) {
+    user.choose("MenGraLetFil");
+    user.file(QString::fromStdString(folder.make(name, "%\r\n")));
+  }
+  chooseOnly("MenGraOld(1)");
+  EXPECT_EQ(panel(3), "Gra.: a.gra");
+  EXPECT_EQ(session().RecentGra.pick, 2);
+  EXPECT_TRUE(menuOn("MenGraVisFil"));
+
+  user.choose("MenFunLet");
+  user.file(QString::fromStdString(folder.make("a.fcn", "A\r\nA*x\r\nretta\r\n")));
+  chooseOnly("MenFunOld(0)");
+  EXPECT_EQ(panel(2), "Fun.: A.FCN");
+  EXPECT_EQ(session().RecentFun.pick, 0);
+  EXPECT_EQ(session().RecentFun.RecentCount, 2);
 }
 
 TEST_F(RoadTest, TheKeyboardAloneIsEnough) {

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QFileDialog>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRadioButton>
@@ -33,6 +34,26 @@ class VorKelTest : public Desktop {
   }
   int windowPicture() { return dynamic_cast<Backdrop*>(window().centralWidget())->picture(); }
 };
+
+class FirstMomentTest : public Desktop {};
+
+TEST_F(FirstMomentTest, TheWelcomeStandsBeforeAWindowWithTheTextsOfTheStart) {
+  user.at("FrmMsg", [this](QWidget* welcome) {
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_EQ(welcome->windowTitle(), "VOR_KEL Versione Windows 98");
+    EXPECT_EQ(control<QPushButton>(welcome, "CmdMsg(0)")->text(), "&Continua");
+    EXPECT_FALSE(control<QPushButton>(welcome, "CmdMsg(1)")->isVisible());
+    EXPECT_EQ(window().windowTitle(), "VOR_KEL");
+    const QStringList texts{"Dati: Nessuno ", "Fun.: Nessuno ", "Grafici: Nessuno ", "Fun.Att.: NO ",
+                            "Par.Var.: NO "};
+    for (int i = 1; i <= 5; ++i) EXPECT_EQ(panel(i), texts[i - 1]);
+    EXPECT_TRUE(session().catalogue.inner.empty());
+    QTest::keyClick(welcome->focusWidget(), Qt::Key_Return);
+  });
+  application.StartUp();
+  EXPECT_EQ(panel(3), "Gra.: Nessuno");
+  EXPECT_EQ(session().catalogue.inner.size(), 5u);
+}
 
 TEST_F(VorKelTest, TheFormsAreMadeInTheirOrder) {
   std::vector<std::string> names;
@@ -128,6 +149,9 @@ TEST_F(VorKelTest, TheDirectoryPanelWorksByItsControls) {
   click("LblWrkDir(1)");
   EXPECT_EQ(at<QLabel>("LblWrkDir(1)")->backgroundRole(), QPalette::Highlight);
   EXPECT_EQ(at<QLabel>("LblWrkDir(0)")->backgroundRole(), QPalette::Window);
+  EXPECT_EQ(at<QLabel>("LblWrkDir(1)")->foregroundRole(), QPalette::HighlightedText);
+  EXPECT_EQ(window().palette().color(QPalette::HighlightedText), QColor(Qt::white));
+  EXPECT_EQ(pixelAt(at<QLabel>("LblWrkDir(1)"), QPoint(3, 3)), window().palette().color(QPalette::Highlight));
   auto* list = at<QListWidget>("Dir1");
   const QListWidgetItem* inside = list->item(list->count() - 1);
   EXPECT_EQ(inside->text().trimmed(), "dati");
@@ -160,6 +184,69 @@ TEST_F(VorKelTest, TheFolderListWorksByKeys) {
   EXPECT_EQ(session().WorkDir[0], folder / "a");
   QTest::keyClick(&window(), Qt::Key_E, Qt::AltModifier);
   EXPECT_EQ(session().DataDir, folder / "a");
+}
+
+TEST_F(VorKelTest, ADriveIsSelectedByKeysAndOneThatCannotBeReadGivesWay) {
+  folder.make("chiave/a/x.dat");
+  files.volumes = {"/", folder / "chiave", folder / "rotto"};
+  choose("MenSerImpDir");
+  auto* drive = at<QComboBox>("Drive1");
+  EXPECT_EQ(drive->currentIndex(), 0) << "no drive is told for the row";
+  click("LblWrkDir(2)");
+  QTest::keyClick(drive, Qt::Key_Down);
+  EXPECT_EQ(session().WorkDir[2], folder / "chiave");
+  EXPECT_EQ(session().WorkDir[0], "");
+  EXPECT_EQ(at<QListWidget>("Dir1")->item(at<QListWidget>("Dir1")->count() - 1)->text().trimmed(), "a");
+  QTest::keyClick(drive, Qt::Key_Down);
+  EXPECT_EQ(drive->currentIndex(), 1);
+  EXPECT_EQ(session().WorkDir[2], folder / "chiave");
+  click("LblWrkDir(1)");
+  EXPECT_EQ(drive->currentIndex(), 0) << "the drive of the row, then its folder";
+  EXPECT_EQ(session().WorkDir[1], folder.path());
+  click("CmdWrkDir(0)");
+}
+
+TEST_F(VorKelTest, ThePickerOpensInTheFoldersThatWereAccepted) {
+  folder.make("dati/x.dat");
+  const auto pickerFolder = [this](const char* command) {
+    QString shown;
+    user.choose(command);
+    user.at("FileDialog",
+            [&](QWidget* dialog) { shown = qobject_cast<QFileDialog*>(dialog)->directory().absolutePath(); });
+    user.cancelFile();
+    act();
+    return shown.toStdString();
+  };
+  const auto enterData = [this] {
+    auto* list = at<QListWidget>("Dir1");
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(list->count() - 1)).center());
+  };
+  choose("MenSerImpDir");
+  click("LblWrkDir(3)");
+  enterData();
+  click("CmdWrkDir(0)");
+  EXPECT_EQ(pickerFolder("MenGraLetFil"), folder.path());
+  choose("MenSerImpDir");
+  EXPECT_EQ(at<QLabel>("LblWrkDir(3)")->text().toStdString(), " File Grafici:\n " + (folder / "dati"));
+  EXPECT_EQ(at<QLabel>("LblWrkDir(0)")->text(), " Tutti i File:\n ");
+  click("CmdWrkDir(1)");
+  EXPECT_EQ(pickerFolder("MenGraLetFil"), folder / "dati");
+  EXPECT_EQ(pickerFolder("MenDatLet"), folder.path());
+  EXPECT_EQ(pickerFolder("MenFunLet"), folder.path());
+}
+
+TEST_F(VorKelTest, TheCalculatorRunsBesideTheProgram) {
+  user.choose("MenSerCal");
+  answerBox();
+  act();
+  EXPECT_EQ(boxes.at(0), "Calcolatrice NON Trovata!     <*> per Continuare");
+  const std::string program = folder.make("tabulo", "#!/bin/sh\necho via >> \"$(dirname \"$0\")/avvii\"\n");
+  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+  for (int i = 0; i < 2; ++i) choose("MenSerCal");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return folder.bytesOf("avvii") == "via\nvia\n"; }));
+  EXPECT_EQ(boxes.size(), 1u);
+  EXPECT_TRUE(window().isEnabled());
 }
 
 TEST_F(VorKelTest, OpeningTheDirectoryPanelFiresNoChange) {

@@ -2,13 +2,10 @@
 
 #include "base/Array.h"
 #include "gral/GralCls.h"
+#include "gral/PlanePoint.h"
 
 /// Level lines of a triangle: the pieces that contours and surfaces share.
 namespace vk {
-
-struct PlanePoint {
-  double x = 0, y = 0;
-};
 
 /// A corner of a triangle: its place, the value there, and the value's level index.
 struct LevelCorner {

@@ -180,6 +180,41 @@ class GralCls {
   void GralContour(double xmin, double xmax, double ymin, double ymax, const Array2<float>& z, Int16 nx,
                    Int16 ny, const Array<float>& VLev, const Array<Color>& CLev, int nl);
 
+  // ---- Surfaces and frames in space --------------------------------------------------------------------------
+  //
+  // All of these see a box in parallel projection: the centre of its floor stands on the Usr point (Xoc, Yoc),
+  // `theta` turns it about the vertical and `phi` raises the viewer, in degrees; Vx, Vy, Vz are its edge
+  // lengths in Usr units. Heights z(i, j), i = 1..nx along x and j = 1..ny along y, are Usr units of the box.
+  // Parts are drawn in the order of the indices whatever the angles, so that what is in front must come last.
+  // Colours are triples of hue, saturation and brightness in elements 1..3.
+
+  /// A surface over the whole floor. `Gray3d` shades it by its tilt, in the colour HSBColSur when `Col3d`.
+  /// With levels ValLev(1..nValLev) in ascending order it has one colour HSBColLev(c, 1..3) more than levels
+  /// for the bands between them, or as many for level lines. With neither it is a wire mesh. One grid point
+  /// along x or y is run-time error 11.
+  void Surf3D(float Xoc, float Yoc, float theta, float phi, float Vx, float Vy, float Vz,
+              const Array2<float>& z, Int16 nx, Int16 ny, bool Gray3d, bool Col3d,
+              const Array<float>& HSBColSur, const Array<float>& ValLev, int nValLev,
+              const Array2<float>& HSBColLev, int nColLev);
+  /// A field of columns, nx by ny cells, with shades of gray when `Gray3d`. The last argument, `Col3d`, has no
+  /// effect.
+  void GralLego3d(float Xoc, float Yoc, float theta, float phi, float Vx, float Vy, float Vz,
+                  const Array2<float>& z, Int16 nx, Int16 ny, bool Gray3d, bool Col3d);
+  /// The box itself: lines on floor and walls at the ticks Tx(1..nTx) from 0 to Vx, and so on, with labels
+  /// Sx(1..): as many as ticks stand at them, else each between two. Sx(0) is the title of the axis, which
+  /// must be there. Arrays of labels get room for all ticks but the last; a label beyond the array is run-time
+  /// error 9. `Scr3d` has no effect. The font size of the device stays.
+  void GralFrame3d(float Xoc, float Yoc, float theta, float phi, float Vx, float Vy, float Vz,
+                   const Array<float>& Tx, const Array<float>& Ty, const Array<float>& Tz, Int16 nTx,
+                   Int16 nTy, Int16 nTz, Array<std::string>& Sx, Array<std::string>& Sy,
+                   Array<std::string>& Sz, Int16 nSx, Int16 nSy, Int16 nSz, bool Scr3d);
+  /// The same with its three walls filled: white, or shaded when `Gray3d`, or in hue and saturation of HSFrmCol
+  /// when `Col3d`.
+  void Frame3D(float Xoc, float Yoc, float theta, float phi, float Vx, float Vy, float Vz,
+               const Array<float>& Tx, const Array<float>& Ty, const Array<float>& Tz, Int16 nTx, Int16 nTy,
+               Int16 nTz, Array<std::string>& Sx, Array<std::string>& Sy, Array<std::string>& Sz, Int16 nSx,
+               Int16 nSy, Int16 nSz, bool Scr3d, bool Gray3d, bool Col3d, const Array<float>& HSFrmCol);
+
  private:
   struct SavedPrinterState {
     Int16 orientation, scaleMode;
@@ -224,6 +259,7 @@ class GralCls {
                    std::string_view text);
   void drawRotatedRun(Int16 iRot, Device& device, const std::string& font, double size, double x, double y,
                       std::string_view text);
+  double yPixelsPerUsr() const;
   std::vector<double> letterAdvances(const std::vector<MarkupLetter>& letters) const;
 
   struct PlotPoint;

@@ -3,36 +3,13 @@
 
 #include "base/Rounding.h"
 #include "gral/GralCls.h"
+#include "gral/SavedDrawing.h"
 
 namespace vk {
 namespace {
 
 constexpr int kShapes = 5;
 constexpr double kMmPerCm = 10;
-
-/// Puts back the settings that a mark changes.
-class SavedDrawing {
- public:
-  explicit SavedDrawing(Device& device)
-      : device_(device),
-        fillStyle_(device.FillStyle()),
-        drawStyle_(device.DrawStyle()),
-        fillColor_(device.FillColor()),
-        foreColor_(device.ForeColor()) {}
-  ~SavedDrawing() {
-    device_.setDrawStyle(drawStyle_);
-    device_.setFillStyle(fillStyle_);
-    device_.setFillColor(fillColor_);
-    device_.setForeColor(foreColor_);
-  }
-  SavedDrawing(const SavedDrawing&) = delete;
-  SavedDrawing& operator=(const SavedDrawing&) = delete;
-
- private:
-  Device& device_;
-  Int16 fillStyle_, drawStyle_;
-  Color fillColor_, foreColor_;
-};
 
 }  // namespace
 

@@ -150,6 +150,10 @@ constexpr NamedMethod kMethods[] = {
     {"GralFill", call<&GralCls::GralFill>},
     {"GralPrintScreen", call<&GralCls::GralPrintScreen>},
     {"GralContour", call<&GralCls::GralContour>},
+    {"Surf3D", call<&GralCls::Surf3D>},
+    {"GralLego3d", call<&GralCls::GralLego3d>},
+    {"GralFrame3d", call<&GralCls::GralFrame3d>},
+    {"Frame3D", call<&GralCls::Frame3D>},
 };
 
 template <auto Field>

@@ -35,7 +35,8 @@ TEST_F(Names, ReachEveryPublicMethod) {
       "GralLine",   "GralLineScr",        "GralTraLine", "GralBox",       "GralClip",      "GralMakeMark",
       "GralMark",   "GralOaxis",          "GralVaxis",   "Makescale",     "basnum2str",    "Shift",
       "GralWPrint", "GralWinPrintString", "MakLenLett",  "GralDraw",      "GralCurve",     "PlotData",
-      "GralFill",   "GralPrintScreen",    "GralContour"};
+      "GralFill",   "GralPrintScreen",    "GralContour", "Surf3D",        "GralLego3d",    "GralFrame3d",
+      "Frame3D"};
   const std::vector<std::string_view> names = methodNames();
   for (const std::string_view name : expected) {
     EXPECT_NE(std::find(names.begin(), names.end(), name), names.end()) << name;
@@ -167,6 +168,30 @@ TEST_F(Names, ReachTheContours) {
   EXPECT_EQ(drawn().size(), 2U);
   EXPECT_EQ(failure("GralContour", {0.0, 16.0, 0.0, 8.0, values, 2.0, 2.0, color, level, 1.0}), 13);
   EXPECT_EQ(failure("GralContour", {0.0, 16.0, 0.0, 8.0, values, 40000.0, 2.0, level, color, 1.0}), 6);
+}
+
+TEST_F(Names, ReachSurfacesAndFrames) {
+  Array2<float> z(2, 2), colors(2, 3);
+  Array<float> triple(3), levels(1), ticks(1);
+  Array<std::string> x(1), y(1), up(1);
+  const Array2<float>*values = &z, *hsb = &colors;
+  const Array<float>*surface = &triple, *level = &levels, *tick = &ticks;
+  const auto withBox = [](std::vector<GralValue> rest) {
+    std::vector<GralValue> arguments{8.0, 4.0, 30.0, 45.0, 4.0, 3.0, 2.0};
+    arguments.insert(arguments.end(), rest.begin(), rest.end());
+    return arguments;
+  };
+  call("Surf3D", withBox({values, 2.0, 2.0, 1.0, 1.0, surface, level, 1.0, hsb, 2.0}));
+  EXPECT_EQ(drawn().size(), 2U + 1 + 1);
+  call("GralLego3d", withBox({values, 1.0, 1.0, 1.0, 1.0}));
+  EXPECT_EQ(drawn().size(), 3U);
+  const std::vector<GralValue> axes{tick, tick, tick, 1.0, 1.0, 1.0, &x, &y, &up, 1.0, 1.0, 1.0, 0.0};
+  call("GralFrame3d", withBox(axes));
+  EXPECT_EQ(drawn().size(), 9U);
+  std::vector<GralValue> walled = axes;
+  walled.insert(walled.end(), {1.0, 1.0, surface});
+  call("Frame3D", withBox(walled));
+  EXPECT_EQ(drawn().size(), 3U + 9);
 }
 
 TEST_F(Names, AreTakenInAnyCase) {

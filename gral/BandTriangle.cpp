@@ -1,0 +1,39 @@
+#include "gral/BandTriangle.h"
+
+#include "base/Rounding.h"
+#include "gral/PixelPath.h"
+#include "gral/Shade.h"
+
+namespace vk {
+namespace {
+
+void fillBand(Device& device, const LevelBand& band) {
+  std::array<PixelPoint, std::tuple_size_v<decltype(band.corners)> + 1> points;
+  std::size_t count = 0;
+  for (const PlanePoint& point : band.points()) points[count++] = {toInt32(point.x), toInt32(point.y)};
+  points[count++] = points[0];
+  makePath(device, std::span(points).first(count));
+  device.FillPath();
+}
+
+}  // namespace
+
+Color LevelColors::operator()(int c) const {
+  return HsbToRgb(hsb(c, 1), hsb(c, 2), shaded ? brightnessOf(shade) : hsb(c, 3));
+}
+
+void BandFillTriangle(Device& device, const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3,
+                      const Array<float>& ValLev, const LevelColors& colors) {
+  device.setFillStyle(kFillSolid);
+  forEachBand(LevelTriangle::of(c1, c2, c3), ValLev, [&](const LevelBand& band) {
+    device.setFillColor(colors(band.index + 1));
+    fillBand(device, band);
+  });
+}
+
+void BandLinesTriangle(GralCls& drawing, const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3,
+                       const Array<float>& ValLev, const LevelColors& colors) {
+  drawLevelSegments(drawing, LevelTriangle::of(c1, c2, c3), ValLev, colors);
+}
+
+}  // namespace vk

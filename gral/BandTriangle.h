@@ -1,0 +1,65 @@
+#pragma once
+
+#include <array>
+#include <span>
+
+#include "gral/ContourTriangle.h"
+
+/// Triangles of a surface with coloured levels.
+namespace vk {
+
+/// Hue, saturation and brightness of colours: hsb(c, 1..3) for colour c from 1. Under a shade, 0..255, the
+/// brightness is shade/512, so that the brightest shade stays just under the full colour.
+struct LevelColors {
+  const Array2<float>& hsb;
+  bool shaded;
+  double shade;
+
+  Color operator()(int c) const;
+};
+
+/// A part of a triangle between two levels, as a polygon: the area of level index `index`.
+struct LevelBand {
+  int index = 0;
+  std::array<PlanePoint, 5> corners;
+  std::size_t count = 0;
+
+  std::span<const PlanePoint> points() const { return std::span(corners).first(count); }
+  void add(const PlanePoint& point) { corners[count++] = point; }
+};
+
+/// Calls `use` with the bands of a triangle from the bottom to the top.
+template <class Use>
+void forEachBand(const LevelTriangle& triangle, const Array<float>& ValLev, Use use) {
+  const auto place = [](const LevelCorner& corner) { return PlanePoint{corner.x, corner.y}; };
+  LevelBand band;
+  band.index = triangle.bottom.k;
+  band.add(place(triangle.bottom));
+  for (int k = triangle.bottom.k + 1; k <= triangle.top.k; ++k) {
+    const PlanePoint P = triangle.onLongEdge(ValLev[k]);
+    const PlanePoint Q = triangle.onShortEdge(k, ValLev[k]);
+    // Each band runs up the long edge and down the other side.
+    band.add(P);
+    band.add(Q);
+    if (triangle.middle.k == band.index) band.add(place(triangle.middle));
+    use(band);
+    band = LevelBand();
+    band.index = k;
+    band.add(Q);
+    band.add(P);
+  }
+  band.add(place(triangle.top));
+  if (triangle.middle.k == band.index) band.add(place(triangle.middle));
+  use(band);
+}
+
+/// Fills the bands of a triangle whose corners are in pixels: the band of level index i has colour i + 1. The
+/// device keeps a solid filling.
+void BandFillTriangle(Device& device, const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3,
+                      const Array<float>& ValLev, const LevelColors& colors);
+
+/// Draws the level segments of a triangle whose corners are in Usr, level k in colour k.
+void BandLinesTriangle(GralCls& drawing, const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3,
+                       const Array<float>& ValLev, const LevelColors& colors);
+
+}  // namespace vk

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Device.h"
+
+namespace vk {
+
+/// Puts back the colours and styles of a device that a figure changes, at the end of its life.
+class SavedDrawing {
+ public:
+  explicit SavedDrawing(Device& device)
+      : device_(device),
+        fillStyle_(device.FillStyle()),
+        drawStyle_(device.DrawStyle()),
+        fillColor_(device.FillColor()),
+        foreColor_(device.ForeColor()) {}
+  ~SavedDrawing() {
+    device_.setDrawStyle(drawStyle_);
+    device_.setFillStyle(fillStyle_);
+    device_.setFillColor(fillColor_);
+    device_.setForeColor(foreColor_);
+  }
+  SavedDrawing(const SavedDrawing&) = delete;
+  SavedDrawing& operator=(const SavedDrawing&) = delete;
+
+ private:
+  Device& device_;
+  Int16 fillStyle_, drawStyle_;
+  Color fillColor_, foreColor_;
+};
+
+}  // namespace vk

@@ -1,0 +1,206 @@
+#include "gral/BandTriangle.h"
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+#include "RasterForm.h"
+#include "SurfaceFixture.h"
+#include "gral/Shade.h"
+
+namespace vk {
+namespace {
+
+/// Twice the signed area.
+double turn(const PlanePoint& a, const PlanePoint& b, const PlanePoint& c) {
+  return (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
+}
+
+double areaOf(std::span<const PlanePoint> points) {
+  double twice = 0;
+  for (std::size_t i = 1; i + 1 < points.size(); ++i) twice += turn(points[0], points[i], points[i + 1]);
+  return twice / 2;
+}
+
+std::vector<LevelBand> bandsOf(const LevelTriangle& triangle, const Array<float>& levels) {
+  std::vector<LevelBand> bands;
+  forEachBand(triangle, levels, [&](const LevelBand& band) { bands.push_back(band); });
+  return bands;
+}
+
+/// The colours 1..n: hue c/10, saturation 1, brightness 0.4.
+Array2<float> colorsOf(int n) {
+  Array2<float> hsb(n, 3);
+  for (int c = 1; c <= n; ++c) {
+    hsb(c, 1) = static_cast<float>(c) / 10;
+    hsb(c, 2) = 1;
+    hsb(c, 3) = 0.4F;
+  }
+  return hsb;
+}
+
+std::string colorText(Color color) {
+  LineWriter writer;
+  writer.filledBox(0, 0, 0, 0, color);
+  return writer.lines[0].substr(writer.lines[0].size() - 6);
+}
+
+class Bands : public GralFixture {
+ protected:
+  LevelCorner at(double x, double y, double z) const {
+    return {x, y, z, LevelIndex(z, levels, levels.upper())};
+  }
+  Array<float> levels;
+};
+
+TEST_F(Bands, OfATriangleWithoutALevelAreTheTriangle) {
+  levels = levelsOf({1, 2});
+  form.setForeColor(0x123456);
+  BandFillTriangle(form, at(10, 10, 1.2), at(50, 10, 1.7), at(10, 40, 1), levels, {colorsOf(3), false, 0});
+  EXPECT_EQ(form.FillStyle(), kFillSolid);
+  EXPECT_EQ(allDrawn(), (std::vector<std::string>{"filling " + colorText(HsbToRgb(0.2F, 1, 0.4F)) + " solid",
+                                                  "fill 10,40 50,10 10,10 10,40 px"}));
+}
+
+TEST_F(Bands, HaveTheColourAboveTheirIndex) {
+  levels = levelsOf({1, 2, 3});
+  BandFillTriangle(form, at(0, 0, 0.5), at(100, 0, 2), at(0, 100, 3.5), levels, {colorsOf(4), false, 0});
+  const std::vector<std::string> lines = allDrawn();
+  ASSERT_EQ(lines.size(), 8U);
+  for (int c = 1; c <= 4; ++c) {
+    EXPECT_EQ(lines[static_cast<std::size_t>(2 * c - 2)],
+              "filling " + colorText(HsbToRgb(0.1F * static_cast<float>(c), 1, 0.4F)) + " solid");
+  }
+  // The segment of level 1 is (0, 16.7)-(33.3, 0), of level 2 (0, 50)-(100, 0), of level 3 (0, 83.3)-(33.3, 66.7).
+  EXPECT_EQ(lines[1], "fill 0,0 0,17 33,0 0,0 px");
+  EXPECT_EQ(lines[3], "fill 33,0 0,17 0,50 100,0 33,0 px");
+  EXPECT_EQ(lines[5], "fill 100,0 0,50 0,83 33,67 100,0 100,0 px");
+  EXPECT_EQ(lines[7], "fill 33,67 0,83 0,100 33,67 px");
+}
+
+TEST_F(Bands, ContainTheMiddleCornerWhereItLies) {
+  levels = levelsOf({1, 2});
+  BandFillTriangle(form, at(0, 0, 0), at(100, 0, 1.5), at(0, 100, 4), levels, {colorsOf(3), false, 0});
+  EXPECT_EQ(drawn(),
+            (std::vector<std::string>{"fill 0,0 0,25 67,0 0,0 px", "fill 67,0 0,25 0,50 80,20 100,0 67,0 px",
+                                      "fill 80,20 0,50 0,100 80,20 px"}));
+}
+
+TEST_F(Bands, UnderAShadeAreAsBrightAsTheShade) {
+  levels = levelsOf({1});
+  BandFillTriangle(form, at(0, 0, 0), at(100, 0, 0), at(0, 100, 0), levels, {colorsOf(2), true, 255});
+  EXPECT_EQ(allDrawn()[0], "filling " + colorText(HsbToRgb(0.1F, 1, 255.0 / 512)) + " solid");
+  BandFillTriangle(form, at(0, 0, 0), at(100, 0, 0), at(0, 100, 0), levels, {colorsOf(2), true, 0});
+  EXPECT_EQ(allDrawn()[0], "filling 000000 solid");
+}
+
+TEST_F(Bands, WithoutAColourFail) {
+  levels = levelsOf({1, 2});
+  EXPECT_EQ(failureOf([&] {
+              BandFillTriangle(form, at(0, 0, 0), at(9, 0, 0), at(0, 9, 3), levels, {colorsOf(2), false, 0});
+            }),
+            9);
+}
+
+TEST_F(Bands, OfAnyTriangleAreTheTriangleWithoutGapsOrOverlaps) {
+  std::mt19937 random(41);
+  std::uniform_real_distribution<double> place(-1000, 1000), height(-10, 10);
+  std::uniform_int_distribution<int> count(0, 12), choice(0, 9);
+  for (int trial = 0; trial < 10000; ++trial) {
+    const int nl = count(random);
+    std::vector<float> values;
+    for (int k = 0; k < nl; ++k) values.push_back(static_cast<float>(height(random)));
+    std::sort(values.begin(), values.end());
+    levels = Array<float>(nl);
+    for (int k = 1; k <= nl; ++k) levels[k] = values[static_cast<std::size_t>(k - 1)];
+    // now and then a corner stands on a level, or at the height of another
+    const auto z = [&](double other) {
+      const int kind = choice(random);
+      if (kind == 0 && nl > 0) return static_cast<double>(levels[1 + trial % nl]);
+      return kind == 1 ? other : height(random);
+    };
+    const LevelCorner a = at(place(random), place(random), z(0));
+    const LevelCorner b = at(place(random), place(random), z(a.z));
+    const LevelCorner c = at(place(random), place(random), z(b.z));
+    const LevelTriangle triangle = LevelTriangle::of(a, b, c);
+    const PlanePoint corners[] = {{triangle.bottom.x, triangle.bottom.y},
+                                  {triangle.top.x, triangle.top.y},
+                                  {triangle.middle.x, triangle.middle.y}};
+    const double area = areaOf(corners);
+    const double tolerance = 1E-9 * std::abs(area) + 1E-6;
+    const auto heightAt = [&](const PlanePoint& p) {
+      return (triangle.bottom.z * turn(corners[1], corners[2], p) +
+              triangle.top.z * turn(corners[2], corners[0], p) +
+              triangle.middle.z * turn(corners[0], corners[1], p)) /
+             (2 * area);
+    };
+
+    const std::vector<LevelBand> bands = bandsOf(triangle, levels);
+    ASSERT_EQ(static_cast<int>(bands.size()), triangle.top.k - triangle.bottom.k + 1);
+    double sum = 0;
+    int index = triangle.bottom.k;
+    const LevelBand* below = nullptr;
+    for (const LevelBand& band : bands) {
+      ASSERT_EQ(band.index, index++);
+      // Each runs round as the triangle does and is convex, lies in it, and between its two levels.
+      const auto points = band.points();
+      const double own = areaOf(points);
+      sum += own;
+      ASSERT_GE(own * (area > 0 ? 1 : -1), -tolerance);
+      for (std::size_t i = 0; i < points.size(); ++i) {
+        const PlanePoint& p = points[i];
+        const double bend = turn(p, points[(i + 1) % points.size()], points[(i + 2) % points.size()]);
+        ASSERT_GE(bend * (area > 0 ? 1 : -1), -tolerance);
+        for (int side = 0; side < 3; ++side) {
+          ASSERT_GE(turn(corners[side], corners[(side + 1) % 3], p) * (area > 0 ? 1 : -1), -tolerance);
+        }
+        if (std::abs(area) < 10) continue;
+        const double low = band.index > 0 ? levels[band.index] : -11,
+                     high = band.index < nl ? levels[band.index + 1] : 11;
+        ASSERT_GE(heightAt(p), low - 1E-6) << trial;
+        ASSERT_LE(heightAt(p), high + 1E-6) << trial;
+      }
+      // It begins with the segment that the one below it ended with.
+      if (below != nullptr) {
+        const auto lower = below->points();
+        const std::size_t p = below == &bands.front() ? 1 : 2;
+        ASSERT_EQ(points[1].x, lower[p].x);
+        ASSERT_EQ(points[1].y, lower[p].y);
+        ASSERT_EQ(points[0].x, lower[p + 1].x);
+        ASSERT_EQ(points[0].y, lower[p + 1].y);
+      }
+      below = &band;
+    }
+    // Inside the triangle, without overlap as their levels differ, and of its area: they are the triangle.
+    ASSERT_NEAR(sum, area, tolerance) << trial;
+  }
+}
+
+class BandLines : public Bands {};
+
+TEST_F(BandLines, AreLevelSegmentsInTheColoursOfTheirLevels) {
+  levels = levelsOf({1, 2});
+  drawing.GralColor(0x00FFFF);
+  BandLinesTriangle(drawing, at(0, 0, 0.5), at(4, 0, 1.5), at(0, 4, 2.5), levels, {colorsOf(2), false, 0});
+  LineCatcher catcher;
+  form.list().replay(catcher);
+  ASSERT_EQ(catcher.caught.size(), 2U);
+  EXPECT_EQ(catcher.caught[0].color, HsbToRgb(0.1F, 1, 0.4F));
+  EXPECT_EQ(catcher.caught[1].color, HsbToRgb(0.2F, 1, 0.4F));
+  // level 1: (0, 1)-(2, 0), level 2: (0, 3)-(2, 2), in cm from the bottom left corner
+  EXPECT_NEAR(catcher.caught[0].x2, 2 * kTwipsPerLogX, 0.01);
+  EXPECT_NEAR(catcher.caught[0].y1, 7 * kTwipsPerLogY, 0.01);
+  EXPECT_NEAR(catcher.caught[1].x2, 2 * kTwipsPerLogX, 0.01);
+  EXPECT_NEAR(catcher.caught[1].y1, 5 * kTwipsPerLogY, 0.01);
+  EXPECT_NEAR(catcher.caught[1].y2, 6 * kTwipsPerLogY, 0.01);
+  EXPECT_EQ(form.ForeColor(), 0x00FFFF);
+}
+
+TEST_F(BandLines, UnderAShadeAreAsBrightAsTheShade) {
+  levels = levelsOf({1});
+  BandLinesTriangle(drawing, at(0, 0, 0.5), at(4, 0, 1.5), at(0, 4, 2.5), levels, {colorsOf(1), true, 128});
+  EXPECT_EQ(allDrawn()[0], "pen " + colorText(HsbToRgb(0.1F, 1, 0.25)) + " width 1 solid");
+}
+
+}  // namespace
+}  // namespace vk

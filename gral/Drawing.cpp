@@ -8,7 +8,27 @@ namespace {
 constexpr double kLineHeight = 1.15;
 constexpr double kAscent = 0.9;
 
+constexpr int kDash[] = {5, 3};
+constexpr int kDot[] = {1, 3};
+constexpr int kDashDot[] = {5, 3, 1, 3};
+constexpr int kDashDotDot[] = {5, 3, 1, 3, 1, 3};
+
 }  // namespace
+
+std::span<const int> dashesOf(int style) {
+  switch (style) {
+    case kDrawDash:
+      return kDash;
+    case kDrawDot:
+      return kDot;
+    case kDrawDashDot:
+      return kDashDot;
+    case kDrawDashDotDot:
+      return kDashDotDot;
+    default:
+      return {};
+  }
+}
 
 double FixedLetterMetrics::advance(bool symbol, unsigned char code) {
   const char c = static_cast<char>(code);

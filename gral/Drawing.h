@@ -21,6 +21,13 @@ struct Filling {
   bool operator==(const Filling&) const = default;
 };
 
+/// The lines of a hatch repeat every so many nominal pixels.
+inline constexpr int kHatchCell = 8;
+
+/// Lengths of the device's own line styles, pen down and up in turn, in widths of the pen; none for the styles
+/// without dashes.
+std::span<const int> dashesOf(int style);
+
 /// What a drawing consists of, one call for one primitive: the end to which a device draws. Twips, except
 /// where pixels of the device's graphics context are told. Pen and filling are announced when a primitive
 /// uses others than the one before; texts take the colour of the pen.

@@ -10,30 +10,7 @@
 namespace vk {
 namespace {
 
-/// Hatches repeat every so many nominal pixels.
-constexpr int kHatchCell = 8;
 constexpr double kFarthestPixel = 1E9;
-
-/// Lengths of the device's own line styles, pen down and up in turn, in widths of the pen.
-constexpr int kDash[] = {5, 3};
-constexpr int kDot[] = {1, 3};
-constexpr int kDashDot[] = {5, 3, 1, 3};
-constexpr int kDashDotDot[] = {5, 3, 1, 3, 1, 3};
-
-std::span<const int> patternOf(int style) {
-  switch (style) {
-    case kDrawDash:
-      return kDash;
-    case kDrawDot:
-      return kDot;
-    case kDrawDashDot:
-      return kDashDot;
-    case kDrawDashDotDot:
-      return kDashDotDot;
-    default:
-      return {};
-  }
-}
 
 int wholePixel(double value) {
   return static_cast<int>(roundHalfEven(std::clamp(value, -kFarthestPixel, kFarthestPixel)));
@@ -150,7 +127,7 @@ void RasterSink::figure(std::span<const PixelPoint> points, bool fill, bool stro
 
 void RasterSink::stroke(std::span<const PixelPoint> points) {
   if (penStyle_ == kDrawTransparent) return;
-  const std::span<const int> pattern = patternOf(penStyle_);
+  const std::span<const int> pattern = dashesOf(penStyle_);
   if (!pattern.empty()) return strokeDashed(points, pattern);
   for (std::size_t i = 1; i < points.size(); ++i) raster_.line(points[i - 1], points[i], nib_, penColor_);
 }

@@ -13,7 +13,6 @@ namespace {
 constexpr const char* kFontFamily = "Arial, 'Liberation Sans', Helvetica, sans-serif";
 /// A path of very many lines is slow to show; it is cut at about this length.
 constexpr std::size_t kLongPath = 20000;
-constexpr int kHatchCell = 8;
 
 std::string number(double value) {
   constexpr double kHundredths = 100;
@@ -40,27 +39,10 @@ std::string colorText(Color color) {
   return colorText((c & 0xFF) << 16 | (c & 0xFF00) | (c >> 16 & 0xFF));
 }
 
-/// Lengths of the device's own line styles, in widths of the pen.
-const char* dashesOf(int style) {
-  switch (style) {
-    case kDrawDash:
-      return "5 3";
-    case kDrawDot:
-      return "1 3";
-    case kDrawDashDot:
-      return "5 3 1 3";
-    case kDrawDashDotDot:
-      return "5 3 1 3 1 3";
-    default:
-      return "";
-  }
-}
-
+/// The dashes of a pen of this width in twips.
 std::string dashLengths(int style, double width) {
   std::string result;
-  for (const char* c = dashesOf(style); *c != '\0'; ++c) {
-    result += *c == ' ' ? " " : number((*c - '0') * width);
-  }
+  for (const int length : dashesOf(style)) result += (result.empty() ? "" : " ") + number(length * width);
   return result;
 }
 
@@ -134,7 +116,8 @@ std::string SvgWriter::document() {
 void SvgWriter::clear(double width, double height, Color background) {
   width_ = width;
   height_ = height;
-  body_.clear();
+  definitions_.clear();
+  defined_.clear();
   path_.clear();
   groupOpen_ = false;
   clip_.clear();

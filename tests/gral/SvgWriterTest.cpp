@@ -186,9 +186,12 @@ TEST_F(Svg, PicturesAreRunsOfOneColour) {
 TEST_F(Svg, ClearingBeginsAnew) {
   writer.pen({});
   writer.line(1, 2, 3, 4);
+  writer.filling({0, kFillCross});
+  writer.circle(10, 20, 5);
   writer.clear(600, 300, 0x0000FF);
   const std::string document = writer.document();
   EXPECT_EQ(document.find("M1 2"), std::string::npos);
+  EXPECT_EQ(document.find("<pattern"), std::string::npos);
   EXPECT_NE(document.find("viewBox=\"0 0 600 300\""), std::string::npos);
   EXPECT_NE(document.find("<rect width=\"600\" height=\"300\" fill=\"#ff0000\"/>"), std::string::npos);
 }

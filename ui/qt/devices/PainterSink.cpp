@@ -16,25 +16,10 @@ QColor colorOf(Color color) {
   return QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
 }
 
-QList<qreal> dashesOf(int style) {
-  switch (style) {
-    case kDrawDash:
-      return {5, 3};
-    case kDrawDot:
-      return {1, 3};
-    case kDrawDashDot:
-      return {5, 3, 1, 3};
-    case kDrawDashDotDot:
-      return {5, 3, 1, 3, 1, 3};
-    default:
-      return {};
-  }
-}
-
 /// Parallel lines through a box, a nominal pixel wide and eight apart, as on the screen: their places depend
 /// on the page alone, so that the hatches of areas side by side meet.
 QPainterPath hatchLines(int style, const QRectF& box) {
-  constexpr double kStep = 8 * kNominalTwipsPerPixel;
+  constexpr double kStep = kHatchCell * kNominalTwipsPerPixel;
   QPainterPath path;
   const auto add = [&path](double x1, double y1, double x2, double y2) {
     path.moveTo(x1, y1);
@@ -88,8 +73,8 @@ void PainterSink::clear(double width, double height, Color background) {
 void PainterSink::pen(const Pen& pen) {
   flushLines();
   pen_ = QPen(colorOf(pen.color), pen.width * twipsPerPenUnit_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-  const QList<qreal> dashes = dashesOf(pen.style);
-  if (!dashes.isEmpty()) pen_.setDashPattern(dashes);
+  const std::span<const int> dashes = dashesOf(pen.style);
+  if (!dashes.empty()) pen_.setDashPattern(QList<qreal>(dashes.begin(), dashes.end()));
   if (pen.style == kDrawTransparent) pen_.setStyle(Qt::NoPen);
 }
 
@@ -141,8 +126,10 @@ void PainterSink::drawArea(const QPainterPath& path, const QPen& outline) {
 }
 
 void PainterSink::box(double x1, double y1, double x2, double y2) {
-  QPainterPath path;
-  path.addRect(QRectF(QPointF(x1, y1), QPointF(x2, y2)).normalized());
+  // Dashes begin at the first corner.
+  QPainterPath path(QPointF(x1, y1));
+  for (const QPointF& corner : {QPointF(x2, y1), QPointF(x2, y2), QPointF(x1, y2)}) path.lineTo(corner);
+  path.closeSubpath();
   stroke(path);
 }
 

@@ -89,6 +89,15 @@ TEST_F(Curves, SmoothCurveIsOneCallOfThreeTimesThePointsLessTwo) {
   EXPECT_EQ(n[7], drawing.yUsr2Pixel(5));
 }
 
+// The natural spline through 0, 100, 0 at steps of 100 has the second derivative -0.03 in the middle, so the
+// slopes 1.5, 0 and -1.5 at its points.
+TEST_F(Curves, SmoothCurveIsTheNaturalSplineOfItsPixels) {
+  drawing.GralXMap(0, 16, 0, 605);
+  drawing.GralYMap(0, 8, 302, 0);
+  drawing.GralCurve(arrayOf({0, 100, 200}), arrayOf({0, 100, 0}), 3);
+  EXPECT_EQ(drawn()[0], "bezier 0,0 33,50 67,100 100,100 133,100 167,50 200,0 px");
+}
+
 TEST_F(Curves, SmoothCurveThroughTwoPointsIsStraight) {
   drawing.GralCurve(arrayOf({0, 16}), arrayOf({8, 0}), 2);
   // a third and two thirds of (605, 302)
@@ -276,18 +285,20 @@ TEST_F(DataPlots, ZeroUnderALogarithmicAxisFailsToTheCaller) {
 TEST_F(DataPlots, AreRefreshedAfterEvery100PointsOfBothPasses) {
   Array<double> values(250), errors(250);
   for (int i = 1; i <= 250; ++i) values[i] = 4;
+  for (int i = 1; i <= 250; ++i) errors[i] = 1;
   drawing.PlotData(values, errors, values, errors, 250, false, false, false);
   const std::vector<std::string> lines = drawn();
   std::vector<int> refreshes;
-  int marks = 0;
+  int barLines = 0, marks = 0;
   for (const std::string& line : lines) {
-    if (line == "refresh") refreshes.push_back(marks);
+    if (line == "refresh") refreshes.push_back(barLines / 3 + marks);
     if (line[0] == 'c') ++marks;
+    if (line[0] == 'l') ++barLines;
   }
-  EXPECT_EQ(refreshes, (std::vector<int>{0, 0, 100, 200}));
+  EXPECT_EQ(refreshes, (std::vector<int>{100, 200, 250 + 100, 250 + 200}));
   openPrinter();
   drawing.PlotData(values, errors, values, errors, 250, false, false, false);
-  EXPECT_EQ(drawnOn(printer).size(), 250U);
+  EXPECT_EQ(drawnOn(printer).size(), 250U * (3 + 1));
 }
 
 TEST_F(DataPlots, OfNoPointsDrawNothing) {

@@ -89,6 +89,17 @@ TEST_F(Texts, SymbolCanBeRaised) {
   EXPECT_EQ(runs[2].points, 10);
 }
 
+TEST_F(Texts, EndOfAGroupEndsScriptAndSymbolTogether) {
+  const auto runs = print("x^{\\\\ab}c");
+  ASSERT_EQ(shown(runs), "xabc");
+  for (const std::size_t i : {1U, 2U}) {
+    EXPECT_EQ(runs[i].fontName, "Symbol");
+    EXPECT_EQ(runs[i].points, 7.5);
+  }
+  EXPECT_EQ(runs[3].fontName, "Arial");
+  EXPECT_EQ(runs[3].points, 10);
+}
+
 TEST_F(Texts, OneBackslashIsAnOrdinaryCharacter) {
   const auto runs = print("a\\b\\");
   EXPECT_EQ(shown(runs), "a\\b\\");

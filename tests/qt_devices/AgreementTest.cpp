@@ -1,5 +1,7 @@
 // The same drawing on the image and in the files of vectors.
 
+#include <QImage>
+#include <QPainter>
 #include <QPainterPath>
 #include <QRawFont>
 #include <cmath>
@@ -8,6 +10,8 @@
 #include "DevicesFixture.h"
 #include "VectorReader.h"
 #include "docs/gallery/Sheets.h"
+#include "gral/FloodPictures.h"
+#include "ui/qt/devices/PainterSink.h"
 
 namespace vk {
 namespace {
@@ -234,6 +238,83 @@ TEST_F(Agreement, PictureAtTwiceTheRatioIsTheSameOnlyFiner) {
     for (const int value : darkness(b)) fineInk += value;
     EXPECT_NEAR(static_cast<double>(coarseInk) / static_cast<double>(fineInk), 1, 0.06) << sheet.name;
   }
+}
+
+/// Two pixels to a nominal one, so that a pixel beside another is half a nominal one away.
+constexpr int kHalves = 2;
+
+QImage whiteSheet(int width, int height) {
+  QImage image(width, height, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  return image;
+}
+
+void preparePainter(QPainter& painter) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(kHalves / kNominalTwipsPerPixel, kHalves / kNominalTwipsPerPixel);
+}
+
+Picture pictureOf(const QImage& image) {
+  Picture picture;
+  picture.width = image.width();
+  picture.height = image.height();
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) picture.pixels.push_back(image.pixel(x, y));
+  }
+  return picture;
+}
+
+TEST_F(Agreement, WholeSheetsOfTheImageAreThoseOfThePainter) {
+  for (const Sheet& sheet : gallerySheets()) {
+    ImageDevice image(letters(), 2 * kHalves, kHalves);
+    drawOn(image, sheet.draw, kGalleryScale, sheet.orientation);
+    const Picture expected = image.Image();
+    VectorDevice vectors(letters());
+    drawOn(vectors, sheet.draw, kGalleryScale, sheet.orientation);
+    QImage painted = whiteSheet(expected.width, expected.height);
+    {
+      QPainter painter(&painted);
+      preparePainter(painter);
+      PainterSink sink(painter, letters(), kNominalTwipsPerPixel / VectorDevice::kPixelRatio,
+                       kNominalTwipsPerPixel);
+      replayAsVectors(vectors.list(), sink, letters(), {VectorDevice::kPixelRatio, 1});
+    }
+    const Picture found = pictureOf(painted);
+    expectNothingExtra(found, expected, std::string(sheet.name) + ": from the painter alone");
+    expectNothingExtra(expected, found, std::string(sheet.name) + ": in the image alone");
+  }
+}
+
+/// The outlines of a file of vectors, all in black.
+Picture outlines(const VectorContent& content, int width, int height) {
+  QImage image = whiteSheet(width, height);
+  QPainter painter(&image);
+  preparePainter(painter);
+  for (const VectorContent::Shape& shape : content.shapes) {
+    painter.setPen(QPen(Qt::black, shape.penWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(shape.points.data(), static_cast<int>(shape.points.size()));
+  }
+  painter.end();
+  return pictureOf(image);
+}
+
+TEST_F(Agreement, WholeSheetsInSvgHaveTheOutlinesOfPdf) {
+  int sheets = 0;
+  for (const Sheet& sheet : gallerySheets()) {
+    VectorDevice vectors(letters());
+    drawOn(vectors, sheet.draw, kGalleryScale, sheet.orientation);
+    // Hatches and filled areas are told in other ways by the two.
+    const std::string svg = vectors.svg();
+    if (svg.find("<pattern") != std::string::npos || vectors.list().needsPixels()) continue;
+    ++sheets;
+    const int width = static_cast<int>(vectors.ScaleWidth() / kNominalTwipsPerPixel) * kHalves;
+    const int height = static_cast<int>(vectors.ScaleHeight() / kNominalTwipsPerPixel) * kHalves;
+    const Picture a = outlines(readSvg(svg), width, height);
+    const Picture b = outlines(readPdf(vectors.pdf()), width, height);
+    expectNothingExtra(a, b, std::string(sheet.name) + ": in SVG alone");
+    expectNothingExtra(b, a, std::string(sheet.name) + ": in PDF alone");
+  }
+  EXPECT_GE(sheets, 6);
 }
 
 }  // namespace

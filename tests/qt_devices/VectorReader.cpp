@@ -286,7 +286,12 @@ VectorContent readSvg(const std::string& bytes) {
           .read();
     } else if (name == "circle") {
       const double x = attribute(xml, "cx"), y = attribute(xml, "cy"), r = attribute(xml, "r");
-      content.shapes.push_back({{{x - r, y}, {x, y - r}, {x + r, y}, {x, y + r}}, penWidth});
+      VectorContent::Shape circle{{}, penWidth};
+      for (int i = 0; i <= 4 * kSteps; ++i) {
+        const double a = std::numbers::pi * i / (2 * kSteps);
+        circle.points.emplace_back(x + r * std::cos(a), y + r * std::sin(a));
+      }
+      content.shapes.push_back(circle);
     } else if (name == "text") {
       content.letters.push_back(svgLetter(xml));
     }

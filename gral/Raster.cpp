@@ -7,6 +7,7 @@
 namespace vk {
 namespace {
 
+constexpr double kFarthestPixel = 1E9;
 constexpr PixelRect kNothing{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
 
 /// The whole number at or above x, within the limits.
@@ -68,9 +69,9 @@ void Raster::clip(const PixelRect* region) {
   clip_.y2 = std::max(clip_.y1, clip_.y2);
 }
 
-void Raster::touch(int y, int x1, int x2) {
-  changed_ = {std::min(changed_.x1, x1), std::min(changed_.y1, y), std::max(changed_.x2, x2),
-              std::max(changed_.y2, y + 1)};
+void Raster::touch(const PixelRect& part) {
+  changed_ = {std::min(changed_.x1, part.x1), std::min(changed_.y1, part.y1), std::max(changed_.x2, part.x2),
+              std::max(changed_.y2, part.y2)};
 }
 
 PixelRect Raster::takeChanged() {
@@ -88,8 +89,16 @@ void Raster::span(int y, int x1, int x2, std::uint32_t color) {
   x1 = std::max(x1, clip_.x1);
   x2 = std::min(x2, clip_.x2);
   if (x1 >= x2) return;
-  touch(y, x1, x2);
-  std::fill_n(pixels_.begin() + static_cast<std::ptrdiff_t>(index(x1, y)), x2 - x1, color);
+  touch({x1, y, x2, y + 1});
+  std::fill_n(&pixels_[index(x1, y)], x2 - x1, color);
+}
+
+void Raster::block(const PixelRect& rectangle, std::uint32_t color) {
+  const PixelRect seen{std::max(rectangle.x1, clip_.x1), std::max(rectangle.y1, clip_.y1),
+                       std::min(rectangle.x2, clip_.x2), std::min(rectangle.y2, clip_.y2)};
+  if (seen.x1 >= seen.x2 || seen.y1 >= seen.y2) return;
+  touch(seen);
+  for (int y = seen.y1; y < seen.y2; ++y) std::fill_n(&pixels_[index(seen.x1, y)], seen.x2 - seen.x1, color);
 }
 
 void Raster::paint(int y, int x1, int x2, const Brush& brush) {
@@ -123,12 +132,17 @@ void Raster::verticalLine(int x, double y1, double y2, const Nib& nib, std::uint
   const int last = ceilWithin(y2 + rows.back().y + 1, clip_.y1, clip_.y2);
   if (static_cast<double>(x) + nib.width() < clip_.x1 || static_cast<double>(x) - nib.width() > clip_.x2)
     return;
-  for (int y = first; y < last; ++y) {
-    // the rows beyond the ends are as wide as the widest part of the tip that reaches them
-    const double beyond = y < y1 ? y - y1 : y > y2 ? y - y2 : 0;
-    const Nib::Row& row = nib.row(static_cast<int>(beyond));
-    span(y, x + row.x1, x + row.x2 + 1, color);
-  }
+  const int bodyFirst = ceilWithin(y1, first, last), bodyLast = ceilWithin(y2 + 1, first, last);
+  block({x + nib.row(0).x1, bodyFirst, x + nib.row(0).x2 + 1, bodyLast}, color);
+  // the rows beyond the ends are as wide as the widest part of the tip that reaches them
+  const auto cap = [&](int from, int to, double end) {
+    for (int y = from; y < to; ++y) {
+      const Nib::Row& row = nib.row(static_cast<int>(y - end));
+      span(y, x + row.x1, x + row.x2 + 1, color);
+    }
+  };
+  cap(first, bodyFirst, y1);
+  cap(bodyLast, last, y2);
 }
 
 /// Steps along the longer side, a nib at each step; only the steps that can be seen.
@@ -184,23 +198,20 @@ void Raster::polygon(std::span<const PixelPoint> points, const Brush& brush) {
 
 void Raster::ring(PixelPoint centre, double innerRadius, double outerRadius, const Brush& brush) {
   const auto reach = [](double radius, double dy) {
-    return radius < 0 || radius * radius < dy * dy ? -1 : std::floor(std::sqrt(radius * radius - dy * dy));
+    const double square = radius * radius - dy * dy;
+    return radius < 0 || square < 0 ? -1 : static_cast<int>(std::min(std::sqrt(square), kFarthestPixel));
   };
   const int first = ceilWithin(centre.y - outerRadius, clip_.y1, clip_.y2);
   const int last = ceilWithin(centre.y + std::floor(outerRadius) + 1, clip_.y1, clip_.y2);
-  const auto part = [&](int y, double from, double to) {
-    paint(y, ceilWithin(centre.x + from, clip_.x1, clip_.x2), ceilWithin(centre.x + to, clip_.x1, clip_.x2),
-          brush);
-  };
   for (int y = first; y < last; ++y) {
     const double dy = static_cast<double>(y) - centre.y;
-    const double outer = reach(outerRadius, dy), inner = reach(innerRadius, dy);
+    const int outer = reach(outerRadius, dy), inner = reach(innerRadius, dy);
     if (outer < 0) continue;
     if (inner < 0) {
-      part(y, -outer, outer + 1);
+      paint(y, centre.x - outer, centre.x + outer + 1, brush);
     } else {
-      part(y, -outer, -inner);
-      part(y, inner + 1, outer + 1);
+      paint(y, centre.x - outer, centre.x - inner, brush);
+      paint(y, centre.x + inner + 1, centre.x + outer + 1, brush);
     }
   }
 }

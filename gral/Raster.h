@@ -65,10 +65,11 @@ class Raster {
 
   /// Limits all drawing; none for the whole picture.
   void clip(const PixelRect* region);
-  const PixelRect& clipped() const { return clip_; }
 
   /// The pixels x1 <= x < x2 of a row.
   void span(int y, int x1, int x2, std::uint32_t color);
+  /// The pixels of a rectangle, its right and lower side not included.
+  void block(const PixelRect& rectangle, std::uint32_t color);
   /// A line with both ends.
   void line(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32_t color);
   /// The inside of a polygon by the even-odd rule: the pixels whose centres lie inside, on a left or upper
@@ -98,7 +99,7 @@ class Raster {
   std::size_t index(int x, int y) const {
     return static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x);
   }
-  void touch(int y, int x1, int x2);
+  void touch(const PixelRect& part);
   void paint(int y, int x1, int x2, const Brush& brush);
   void horizontalLine(int y, double x1, double x2, const Nib& nib, std::uint32_t color);
   void verticalLine(int x, double y1, double y2, const Nib& nib, std::uint32_t color);

@@ -77,10 +77,7 @@ void RasterSink::box(double x1, double y1, double x2, double y2) {
 void RasterSink::filledBox(double x1, double y1, double x2, double y2, Color color) {
   const PixelPoint a = pixelAt(std::min(x1, x2), std::min(y1, y2));
   const PixelPoint b = pixelAt(std::max(x1, x2), std::max(y1, y2));
-  const PixelRect& clip = raster_.clipped();
-  for (int y = std::max(a.y, clip.y1); y <= std::min(b.y, clip.y2 - 1); ++y) {
-    raster_.span(y, a.x, b.x + 1, Raster::pixelOf(color));
-  }
+  raster_.block({a.x, a.y, b.x + 1, b.y + 1}, Raster::pixelOf(color));
 }
 
 void RasterSink::circle(double x, double y, double radius) {

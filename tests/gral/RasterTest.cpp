@@ -125,6 +125,19 @@ TEST_F(RasterPicture, RegionThatIsEmptyLetsNothingThrough) {
   }
 }
 
+TEST_F(RasterPicture, BlockIsCutToTheClipRegion) {
+  const PixelRect region{2, 1, 7, 4};
+  raster.clip(&region);
+  raster.takeChanged();
+  raster.block({-5, 2, 4, 100}, kInk);
+  EXPECT_EQ(rowsOf(raster), (Rows{"........", "........", "..##....", "..##....", "........", "........"}));
+  EXPECT_EQ(raster.takeChanged(), (PixelRect{2, 2, 4, 4}));
+  raster.block({7, 1, 9, 4}, kInk);
+  raster.block({4, 3, 3, 4}, kInk);
+  EXPECT_EQ(inkOf(raster), 4);
+  EXPECT_EQ(raster.takeChanged(), PixelRect{});
+}
+
 TEST_F(RasterPicture, PolygonHoldsItsLeftAndUpperEdgeOnly) {
   const PixelPoint box[] = {{1, 1}, {4, 1}, {4, 3}, {1, 3}};
   raster.polygon(box, {kInk, kFillSolid, 8});

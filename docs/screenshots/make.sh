@@ -48,4 +48,8 @@ keys alt+e
 sleep 1
 keys alt+a a
 picture fit 'VOR_KEL: Adattamento Funzione Dati'
+keys alt+c
+sleep 1
+keys alt+g f Return
+picture figure 'VOR_KEL: Grafico Dati e Funzione'
 echo "Made $(ls "$here"/*.png | wc -l) pictures in $here"

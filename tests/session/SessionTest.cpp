@@ -77,6 +77,8 @@ TEST(Session, TheSimulationStartsFromNothing) {
   EXPECT_EQ(session.sim.SimXMin, 0);
   EXPECT_EQ(session.sim.SimXMax, 0);
   EXPECT_EQ(session.sim.SimPoints, 0);
+  EXPECT_EQ(session.sim.SimErrXAbs, 0);
+  EXPECT_EQ(session.sim.SimErrYAbs, 0);
 }
 
 TEST(Session, HasTheFourFontsOfTheForms) {

@@ -7,6 +7,8 @@
 #include <QScrollBar>
 #include <QStatusBar>
 
+#include "base/CodePage.h"
+#include "ui/qt/Fonts.h"
 #include "ui_qt/Desktop.h"
 
 namespace vk {
@@ -344,14 +346,61 @@ TEST_F(VorKelTest, AnUnguardedErrorIsToldAndEndsTheProgram) {
   EXPECT_THAT(exitCodes, ElementsAre(1));
 }
 
+TEST_F(VorKelTest, APrinterThatFailsEndsTheProgramWithItsMessage) {
+  application.output().OutShow({Form::kMain, 5, 20, kReportButtons, "Titolo", ""});
+  user.press("FrmOut", "CmdOut(1)");
+  user.file(QString::fromStdString(folder / "manca/foglio.pdf"));
+  answerBox();
+  act();
+  EXPECT_EQ(boxes, std::vector<QString>{"Errore di run-time '482':\n\nErrore della stampante"});
+  EXPECT_THAT(exitCodes, ElementsAre(1));
+}
+
 TEST_F(VorKelTest, EveryWindowHasANameForAssistiveTools) {
-  for (const QWidget* form : application.forms()) {
-    if (form->objectName() == "FrmMsg" || form->objectName().startsWith("Sel") ||
-        form->objectName().startsWith("Loa")) {
-      EXPECT_FALSE(form->accessibleName().isEmpty()) << form->objectName().toStdString();
+  application.output().OutShow({Form::kMain, 5, 20, kReportButtons, "Titolo", ""});
+  chooseFunction(0, 1);
+  act();
+  EXPECT_EQ(window().accessibleName(), "VOR_KEL");
+  QStringList unnamed;
+  const auto look = [&unnamed](QWidget* shown) {
+    if (shown->accessibleName().isEmpty()) unnamed << shown->objectName();
+  };
+  for (const char* name : {"Vor_Kel", "FrmOut"}) user.at(name, look);
+  user.choose("MenFunLet");
+  user.file(QString::fromStdString(folder.make("f.fcn", "A\r\nA*x\r\nretta\r\n")));
+  user.choose("MenFunCar");
+  user.at("Loa_Fun", look);
+  user.press("Loa_Fun", "CmdRin");
+  user.choose("MenDatLet");
+  user.at("FileDialog", look);
+  user.file("manca.dat");
+  user.at("FrmMsg", look);
+  user.press("FrmMsg", "CmdMsg(1)");
+  user.choose("MenAdaPar");
+  user.at("InpFrm", look);
+  user.press("InpFrm", "cmdRin");
+  user.choose("MenFunSel");
+  user.at("Sel_Fun", look);
+  user.press("Sel_Fun", "CmdRin");
+  user.choose("MenSerCal");
+  user.at("PlainBox", look);
+  answerBox();
+  act();
+  EXPECT_EQ(unnamed, QStringList());
+}
+
+TEST_F(VorKelTest, TheFontsHaveEverySignOfCodePage437) {
+  for (const QFont& font : {listFont(), formFont(), formButtonFont(), toolkitFont(session().FontEdit)}) {
+    const QFontMetrics metrics(font);
+    EXPECT_TRUE(QFontInfo(font).fixedPitch()) << font.family().toStdString();
+    for (int code = 32; code < 256; ++code) {
+      if (code == 127) continue;
+      const char32_t sign = toUnicode(static_cast<char>(code), CodePage::kCp437);
+      EXPECT_TRUE(metrics.inFontUcs4(sign)) << code;
+      EXPECT_EQ(metrics.horizontalAdvance(QString::fromUcs4(&sign, 1)), metrics.horizontalAdvance('A'))
+          << code;
     }
   }
-  EXPECT_EQ(window().accessibleName(), "VOR_KEL");
 }
 
 }  // namespace

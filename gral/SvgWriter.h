@@ -12,7 +12,7 @@ namespace vk {
 /// Lines that follow one another with the same pen become one path. Letters stay letters, in "Arial" or what
 /// the viewer has for it, each at its own place.
 ///
-/// The toolkit's own writer of such files (of its version 6.4) leaves out clip regions, and hatches with them.
+/// It is a writer of our own because the toolkit's (QSvgGenerator of Qt 6.4) leaves out clip regions.
 class SvgWriter : public DrawingSink {
  public:
   /// `pixelRatio` pixels of the drawing make a nominal one. The letters tell where their base line is.

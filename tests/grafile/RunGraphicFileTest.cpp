@@ -133,19 +133,27 @@ TEST_F(RunGraphicFileTest, EachRunHasAWindowOfItsOwnWithCaptionScaleAndOrientati
   EXPECT_NEAR(second.ScaleWidth(), 0.75 * 15 * 1440 / 2.54, 8);
 }
 
-TEST_F(RunGraphicFileTest, ThePrinterGetsTheOrientationAndOnePage) {
-  std::vector<double> widths;
+TEST_F(RunGraphicFileTest, ThePrinterGetsOrientationAndScaleAndOnePage) {
   session.GraphScale[3] = 0.5F;
-  const auto landscape = run("\\SCRIVI(1,2,0,0,10,a)\r\n", "Printer");
-  EXPECT_EQ(plots.windows.size(), 0U);
-  EXPECT_EQ(printer.documents(), 1);
-  EXPECT_EQ(printer.Orientation(), kPortrait);
+  for (const bool landscape : {true, false}) {
+    session.Landscape = toFlag(landscape);
+    printer.forget();
+    const int before = printer.documents();
+    const auto printed = run("\\SCRIVI(1,2,0,0,10,a)\r\n\\AREA(1,1,5,5)\r\n", "Printer");
+    EXPECT_EQ(plots.windows.size(), 0U);
+    EXPECT_EQ(printer.documents(), before + 1);
+    EXPECT_EQ(printer.Orientation(), kPortrait) << "as it was";
 
-  RecorderDevice other{PrinterMetrics{15 * kTwipsPerInch / kCmPerInch, 20 * kTwipsPerInch / kCmPerInch, 600}};
-  GralCls drawing(other, screen);
-  drawing.GralGrStr(other, "LANDSCAPE", 0.5);
-  drawing.GralWPrint(1, 2, 0, 0, 10, "a");
-  EXPECT_EQ(landscape, other.lines());
+    RecorderDevice other{
+        PrinterMetrics{15 * kTwipsPerInch / kCmPerInch, 20 * kTwipsPerInch / kCmPerInch, 600}};
+    GralCls drawing(other, screen);
+    drawing.GralGrStr(other, landscape ? "LANDSCAPE" : "PORTRAIT", 0.5);
+    drawing.GralWPrint(1, 2, 0, 0, 10, "a");
+    drawing.GralClip(1, 1, 5, 5);
+    drawing.GralGrEnd();
+    EXPECT_EQ(printed, other.lines());
+    EXPECT_EQ(printed.back(), "clip off");
+  }
 }
 
 TEST_F(RunGraphicFileTest, TheEndOfTheRunReleasesTheClipRegion) {

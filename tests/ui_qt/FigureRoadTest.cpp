@@ -213,6 +213,8 @@ TEST_F(FigureRoadTest, TheErrorsOfAGraphicFileAreListedOverItsFigure) {
   QString caption;
   user.at("FrmOut", [&](QWidget* list) {
     caption = list->windowTitle();
+    // The figure stands in the corner of the screen and is narrower than the list.
+    EXPECT_GE(list->frameGeometry().left(), list->screen()->availableGeometry().left());
     EXPECT_EQ(control<QPlainTextEdit>(list, "TxtOut")->toPlainText().trimmed(),
               "***\\SEGNO(1,2) Comando Errato");
   });

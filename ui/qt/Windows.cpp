@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWindow>
+#include <algorithm>
 
 #include "ui/qt/Twips.h"
 
@@ -47,7 +48,12 @@ void Windows::settle(QWidget& window, Form owner, const Rect& place) const {
   window.winId();
   const QWidget* above = shown(owner);
   window.windowHandle()->setTransientParent(above != nullptr ? above->window()->windowHandle() : nullptr);
-  window.move(toPixels(place).topLeft() + screenCorner(owner));
+  const QRect wanted = toPixels(place);
+  const QSize room = screenArea(above).size() - wanted.size();
+  // A window that is wider than its owner is not to lose the beginning of its lines.
+  const QPoint corner(std::max(0, std::min(wanted.left(), room.width())),
+                      std::max(0, std::min(wanted.top(), room.height())));
+  window.move(corner + screenCorner(owner));
 }
 
 }  // namespace vk

@@ -30,7 +30,7 @@ class Windows {
   Size screenSize(Form form) const;
 
   /// Gives a window its owner, so that the window system keeps it above, and moves it to a place counted from
-  /// the owner's screen.
+  /// the owner's screen, where it is kept inside.
   void settle(QWidget& window, Form owner, const Rect& place) const;
 
  private:

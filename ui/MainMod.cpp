@@ -43,16 +43,6 @@ struct MainMod::Handler {
   void (*figure)(Session& session, FigurePorts& ports) = nullptr;
 };
 
-MainMod::MainMod(Session& session, const Ports& ports, MainPanels& panels, Editor& editor,
-                 std::function<void(int)> quit)
-    : session_(session),
-      ports_(ports),
-      figures_{ports.files, ports.dialogs, ports.window,        ports.output,
-               ports.sound, ports.plots,   ports.figurePrinter, ports.screen},
-      panels_(panels),
-      editor_(editor),
-      quit_(std::move(quit)) {}
-
 const MainMod::Handler* MainMod::findHandler(std::string_view control) {
   static constexpr std::array kHandlers{
       Handler{"MenDatLet", &MainMod::menDatLet},
@@ -124,7 +114,7 @@ void MainMod::run(std::string_view control) {
     if (handler->recent != nullptr) {
       (this->*handler->recent)(control.at(control.find('(') + 1) - '0');
     } else if (handler->figure != nullptr) {
-      handler->figure(session_, figures_);
+      handler->figure(session_, ports_.figures());
     } else {
       (this->*handler->command)();
     }

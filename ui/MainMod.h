@@ -35,16 +35,15 @@ struct Ports {
   Sound& sound;
   Process& process;
   Random& random;
-  PlotWindows& plots;
-  Device& figurePrinter;  ///< the printer, as figures see it
-  Screen& screen;
+  std::function<FigurePorts&()> figures;  ///< what figures need; asked for when one is drawn
 };
 
 class MainMod {
  public:
-  /// `quit` ends the program with an exit code. The plot windows that commands open do not outlive it.
+  /// `quit` ends the program with an exit code.
   MainMod(Session& session, const Ports& ports, MainPanels& panels, Editor& editor,
-          std::function<void(int)> quit);
+          std::function<void(int)> quit)
+      : session_(session), ports_(ports), panels_(panels), editor_(editor), quit_(std::move(quit)) {}
 
   /// Runs once, when all forms are there: folders, first menu states, the main window by `showMainWindow`,
   /// the welcome, the catalogue, the sound of the start.
@@ -96,7 +95,6 @@ class MainMod {
 
   Session& session_;
   Ports ports_;
-  FigurePorts figures_;
   MainPanels& panels_;
   Editor& editor_;
   std::function<void(int)> quit_;

@@ -94,11 +94,12 @@ class MainModTest : public testing::Test {
   RecordingPlotWindows plots;
   RecorderDevice figurePrinter{PrinterMetrics{}};
   NominalScreen screen;
+  FigurePorts figures{files, dialogs, window, output, sound, plots, figurePrinter, screen};
   std::vector<int> exitCodes;
   std::function<void()> atShowing = [] {};
   MainMod mainMod{session,
-                  {files, dialogs, window, input, output, functions, clock, sound, process, random, plots,
-                   figurePrinter, screen},
+                  {files, dialogs, window, input, output, functions, clock, sound, process, random,
+                   [this]() -> FigurePorts& { return figures; }},
                   panels,
                   editor,
                   [this](int code) { exitCodes.push_back(code); }};

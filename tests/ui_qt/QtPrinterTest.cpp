@@ -2,7 +2,6 @@
 
 #include <QProcess>
 
-#include "base/RuntimeError.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/TemporaryFolder.h"
 #include "platform/system/SystemFiles.h"
@@ -92,15 +91,24 @@ TEST_F(QtPrinterTest, AnExistingFileIsReplacedAfterAQuestion) {
   EXPECT_EQ(folder.bytesOf("c.pdf").substr(0, 4), "%PDF");
 }
 
-TEST_F(QtPrinterTest, AFileThatCannotBeWrittenIsAPrinterError) {
+TEST_F(QtPrinterTest, ANameThatCannotBeWrittenIsAskedForAgain) {
+  show(6, 40);
+  const std::string bad = folder / "manca/c.pdf";
+  dialogs.pick(bad);
+  dialogs.press(1);
+  dialogs.pick(folder / "c.pdf");
+  model.printOn(printer, kFont);
+  EXPECT_EQ(dialogs.messages[0].text, "Specificazione File: " + bad + " ERRATA!");
+  EXPECT_EQ(dialogs.messages[0].captions, (std::vector<std::string>{"&Riprova", "&Continua"}));
+  EXPECT_EQ(folder.bytesOf("c.pdf").substr(0, 4), "%PDF");
+}
+
+TEST_F(QtPrinterTest, AUserMayGiveUpAfterANameThatCannotBeWritten) {
   show(6, 40);
   dialogs.pick(folder / "manca/c.pdf");
-  try {
-    model.printOn(printer, kFont);
-    FAIL() << "no error";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.number(), 482);
-  }
+  dialogs.press(2);
+  model.printOn(printer, kFont);
+  EXPECT_EQ(folder.count(), 0);
 }
 
 }  // namespace

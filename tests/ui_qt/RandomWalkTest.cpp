@@ -29,6 +29,7 @@ class Walker {
     while (left_ > 0 || QApplication::activeModalWidget() != nullptr) QTest::qWait(1);
   }
   int commands = 0;  ///< chosen in the menus
+  int figures = 0;   ///< clicked at or closed
 
  private:
   int random(int below) { return std::uniform_int_distribution<int>(0, below - 1)(generator_); }
@@ -106,12 +107,22 @@ class Walker {
     QWidget* output = windowNamed("FrmOut");
     if (output != nullptr && chance(30)) return chance(80) ? pressAny(output) : keyTo(output);
     if (QWidget* editor = windowNamed("FrmEdi")) return edit(editor);
+    QWidget* figure = windowNamed("GralFrm");
+    if (figure != nullptr && chance(15)) return lookAt(figure);
     for (const char* panel : {"FraDir", "FraGra"}) {
       auto* frame = control<QFrame>(window_, panel);
       if (frame->isVisible()) return playWith(frame);
     }
     if (chance(10)) return keyTo(window_);
     chooseCommand();
+  }
+  void lookAt(QWidget* figure) {
+    ++figures;
+    if (chance(20)) {
+      figure->close();
+      return;
+    }
+    QTest::mouseClick(figure, Qt::LeftButton, {}, QPoint(random(figure->width()), random(figure->height())));
   }
   void edit(QWidget* editor) {
     if (!chance(25)) return keyTo(editor);
@@ -168,19 +179,22 @@ class RandomWalkTest : public Desktop {
 };
 
 TEST_F(RandomWalkTest, ClicksKeysAndAnswersAtRandomLeaveTheProgramUsable) {
-  Walker walker(&window(), {file("retta.dat", lineData()),
-                            file("x.dat", "x\r\ny\r\n3 1\r\n0 1 .1 .1\r\n1 3 .1 .1\r\n2 5 .1 .2\r\n"),
-                            file("errori.dat", "x\r\ny\r\n3\r\n0 uno .1\r\n1\r\n"),
-                            file("uno.dat", "x\r\ny\r\n1\r\n0 1 .1\r\n"),
-                            file("due.fcn", "A,B\r\nA*x+B\r\nretta\r\nC\r\nC*x^2\r\nparabola\r\n"),
-                            file("errori.fcn", "A\r\nA*(x\r\nerrata\r\n"), file("figura.gra", "%\r\n"),
-                            QString::fromStdString(folder / "salvata.dat"),
-                            QString::fromStdString(folder / "stampa.pdf"), "manca.dat"});
+  Walker walker(
+      &window(),
+      {file("retta.dat", lineData()),
+       file("x.dat", "x\r\ny\r\n3 1\r\n0 1 .1 .1\r\n1 3 .1 .1\r\n2 5 .1 .2\r\n"),
+       file("errori.dat", "x\r\ny\r\n3\r\n0 uno .1\r\n1\r\n"), file("uno.dat", "x\r\ny\r\n1\r\n0 1 .1\r\n"),
+       file("due.fcn", "A,B\r\nA*x+B\r\nretta\r\nC\r\nC*x^2\r\nparabola\r\n"),
+       file("errori.fcn", "A\r\nA*(x\r\nerrata\r\n"),
+       file("figura.gra", "\\XSCALA(5,25,0,8)\r\n\\XASSE(0,8,4,4,3,1,x)\r\n\\SEGNO()\r\n\\FUNZIONE(x/2)\r\n"),
+       QString::fromStdString(folder / "salvata.dat"), QString::fromStdString(folder / "stampa.pdf"),
+       "manca.dat"});
   walker.walk(kSteps);
   EXPECT_TRUE(exitCodes.empty()) << "ended by itself";
   EXPECT_TRUE(window().isEnabled());
   EXPECT_TRUE(window().isVisible());
   EXPECT_GT(walker.commands, kSteps / 20);
+  EXPECT_GT(walker.figures, kSteps / 100);
   user.choose("MenSerErr");
   act();
 }

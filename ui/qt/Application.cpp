@@ -21,7 +21,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
       forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &editForm_, &message_},
       mainMod_(session_,
                {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_, random_,
-                plots_, figurePrinter_, screen_},
+                [this]() -> FigurePorts& { return figures(); }},
                panels_, editor_, quit_) {
   windows_.add(Form::kMain, &window_);
   windows_.add(Form::kInput, &inputForm_);
@@ -29,7 +29,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
   windows_.add(Form::kEditor, &editForm_);
   windows_.add(Form::kSelect, &selectForm_);
   windows_.add(Form::kLoad, &loadForm_);
-  windows_.setActivePlot([this] { return plots_.activeWindow(); });
+  windows_.setActivePlot([this] { return figures_ ? figures_->plots.activeWindow() : nullptr; });
   window_.buildPanels(session_, panels_, runner());
   panels_.setView(window_);
   editor_.setForm(editForm_);
@@ -50,6 +50,14 @@ InpMod::Compiler Application::compiler() {
   };
 }
 
+FigurePorts& Application::figures() {
+  if (!figures_) {
+    figures_ =
+        std::make_unique<QtFigures>(files_, dialogs_, window_, output_, sound_, printer_, breath_, runner());
+  }
+  return figures_->ports;
+}
+
 void Application::StartUp() {
   mainMod_.guarded([this] { mainMod_.StartUp([this] { showMainWindow(); }); });
 }
@@ -68,7 +76,7 @@ void Application::showMainWindow() {
 void Application::unload() {
   for (QWidget* form : forms_) form->hide();
   output_.hideAll();
-  plots_.closeAll();
+  if (figures_) figures_->plots.closeAll();
   quit_(0);
 }
 

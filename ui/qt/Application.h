@@ -18,9 +18,8 @@
 #include "ui/qt/InpFrm.h"
 #include "ui/qt/Loa_Fun.h"
 #include "ui/qt/QtDialogs.h"
+#include "ui/qt/QtFigures.h"
 #include "ui/qt/QtOutput.h"
-#include "ui/qt/QtPaper.h"
-#include "ui/qt/QtPlotWindow.h"
 #include "ui/qt/QtPrinter.h"
 #include "ui/qt/Sel_Fun.h"
 #include "ui/qt/Services.h"
@@ -59,7 +58,6 @@ class Application {
   MainMod& mainMod() { return mainMod_; }
   Vor_Kel& window() { return window_; }
   FrmOut& output() { return output_.form(); }
-  QtPlotWindows& plots() { return plots_; }
   QtPrinter& printer() { return printer_; }
   /// The forms beside the main window, in the order of their making.
   const std::vector<QWidget*>& forms() const { return forms_; }
@@ -67,6 +65,7 @@ class Application {
  private:
   EventRunner runner();
   InpMod::Compiler compiler();
+  FigurePorts& figures();
   void showMainWindow();
 
   Session session_;
@@ -81,10 +80,6 @@ class Application {
   QtClipboard clipboard_{session_};
   QtDialogs dialogs_{windows_, message_};
   QtPrinter printer_;
-  QtGraphics graphics_;
-  QtPaper paper_{printer_};
-  PrinterDevice figurePrinter_{paper_, graphics_.letters()};
-  QtScreen screen_;
   SelectFunction select_{session_};
   LoadFunction load_{session_};
   InpMod input_{session_, dialogs_, sound_, compiler()};
@@ -99,7 +94,7 @@ class Application {
   FrmEdi editForm_{editor_, {session_, windows_, sound_, runner()}};
   FrmMsg message_{windows_, session_.FontLabel};
   std::vector<QWidget*> forms_;
-  QtPlotWindows plots_{graphics_, breath_, runner()};
+  std::unique_ptr<QtFigures> figures_;
 
   QtFunctionForms functions_{selectForm_, loadForm_};
   MainPanels panels_{session_, files_, window_};

@@ -76,6 +76,20 @@ double QtPrinter::resolution() {
   return printer().resolution();
 }
 
+bool QtPrinter::mayReplace(const std::string& caption, const std::string& name) {
+  return dialogs_.Get_Msg({.caption = caption,
+                           .text = "Il File: " + name + " Esiste: lo Sostituisco?",
+                           .icon = kQuestion,
+                           .captions = {"  &Si  ", "  &No  "}}) == 1;
+}
+
+bool QtPrinter::wantsOtherName(const std::string& caption, const std::string& name) {
+  return dialogs_.Get_Msg({.caption = caption,
+                           .text = "Specificazione File: " + name + " ERRATA!",
+                           .icon = kExclamation,
+                           .captions = {"&Riprova", "&Continua"}}) == 1;
+}
+
 bool QtPrinter::askForFile() {
   FileRequest request{.save = true, .caption = "VOR_KEL: Stampa su File PDF"};
   request.folder = files_.documentsFolder();
@@ -83,11 +97,9 @@ bool QtPrinter::askForFile() {
   request.filterIndex = 2;
   request.defaultExtension = "pdf";
   while (const std::optional<std::string> name = dialogs_.fileDialog(request)) {
-    if (!files_.FileExists(*name) ||
-        dialogs_.Get_Msg({.caption = request.caption,
-                          .text = "Il File: " + *name + " Esiste: lo Sostituisco?",
-                          .icon = kQuestion,
-                          .captions = {"  &Si  ", "  &No  "}}) == 1) {
+    if (!files_.canWrite(*name)) {
+      if (!wantsOtherName(request.caption, *name)) return false;
+    } else if (!files_.FileExists(*name) || mayReplace(request.caption, *name)) {
       printer().setOutputFileName(fromFileName(*name));
       return true;
     }

@@ -39,6 +39,8 @@ class QtPrinter : public Printer {
  private:
   QPrinter& printer();
   bool askForFile();
+  bool mayReplace(const std::string& caption, const std::string& name);
+  bool wantsOtherName(const std::string& caption, const std::string& name);
   void begin();
   void scaleToTwips();
 

@@ -144,6 +144,32 @@ void appendUtf8(std::string& out, char32_t c) {
   }
 }
 
+/// How many bytes the character has that begins with this one; 0 when none does.
+int sequenceLength(char first) {
+  const auto byte = static_cast<unsigned char>(first);
+  if (byte < 0x80) return 1;
+  if (byte < 0xC0) return 0;
+  if (byte < 0xE0) return 2;
+  if (byte < 0xF0) return 3;
+  return byte < 0xF8 ? 4 : 0;
+}
+
+/// The character of a whole sequence; nothing when it is spelled wrong or in more bytes than it needs.
+std::optional<char32_t> character(std::string_view sequence) {
+  constexpr std::array<char32_t, 5> kLeast{0, 0, 0x80, 0x800, 0x10000};
+  const std::size_t length = sequence.size();
+  auto c = static_cast<char32_t>(static_cast<unsigned char>(sequence.front()));
+  if (length > 1) c &= 0xFFU >> (length + 1);
+  for (const char next : sequence.substr(1)) {
+    const auto byte = static_cast<unsigned char>(next);
+    if ((byte & 0xC0) != 0x80) return std::nullopt;
+    c = c << 6 | (byte & 0x3FU);
+  }
+  const bool surrogate = c >= 0xD800 && c < 0xE000;
+  if (c < kLeast.at(length) || surrogate || c > 0x10FFFF) return std::nullopt;
+  return c;
+}
+
 }  // namespace
 
 char32_t toUnicode(char c, CodePage page) {
@@ -170,6 +196,32 @@ std::string toUtf8(std::string_view text, CodePage page) {
   std::string result;
   for (char c : text) appendUtf8(result, toUnicode(c, page));
   return result;
+}
+
+std::optional<std::u32string> decodeUtf8(std::string_view bytes) {
+  std::u32string result;
+  while (!bytes.empty()) {
+    const int length = sequenceLength(bytes.front());
+    if (length == 0 || bytes.size() < static_cast<std::size_t>(length)) return std::nullopt;
+    const auto c = character(bytes.substr(0, static_cast<std::size_t>(length)));
+    if (!c) return std::nullopt;
+    result += *c;
+    bytes.remove_prefix(static_cast<std::size_t>(length));
+  }
+  return result;
+}
+
+char32_t unifiedForCp437(char32_t c) {
+  switch (c) {
+    case U'\u03BC':
+      return U'\u00B5';
+    case U'\u03B2':
+      return U'\u00DF';
+    case U'\u2211':
+      return U'\u03A3';
+    default:
+      return c;
+  }
 }
 
 }  // namespace vk

@@ -24,4 +24,11 @@ std::optional<char> fromUnicode(char32_t c, CodePage page);
 /// The text in UTF-8, for terminals and files of other programs.
 std::string toUtf8(std::string_view text, CodePage page);
 
+/// The characters of a text in UTF-8; nothing when the bytes are no UTF-8.
+std::optional<std::u32string> decodeUtf8(std::string_view bytes);
+
+/// What code page 437 has for a character: its micro sign, sharp s and capital sigma serve as Greek mu, Greek beta
+/// and the sign of a sum as well. Other characters stay themselves, with a place or without.
+char32_t unifiedForCp437(char32_t c);
+
 }  // namespace vk

@@ -26,7 +26,7 @@ EnteredValue ArgumentForm::takeValue(int variable) {
   const auto found = std::find_if(values_.begin(), values_.end(),
                                   [&](const EnteredValue& value) { return value.assignment.name == name; });
   if (found == values_.end() && variable == 0) return {{name, "0", 0}, "0"};
-  if (found == values_.end()) throw UsageError("Manca il valore del parametro " + name);
+  if (found == values_.end()) throw UsageError("Manca il valore del parametro " + terminalText(name));
   const EnteredValue value = *found;
   values_.erase(found);
   return value;
@@ -41,7 +41,7 @@ void ArgumentForm::InpShow(InputTables& tables, Form) {
     tables.InpValues[count + i] = entered.second;
   }
   if (!values_.empty()) {
-    throw UsageError("La funzione non ha il parametro " + values_.front().assignment.name);
+    throw UsageError("La funzione non ha il parametro " + terminalText(values_.front().assignment.name));
   }
   session_.ErrFlag = 0;
   StoreParameters(session_);

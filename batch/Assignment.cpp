@@ -23,7 +23,7 @@ Assignment parseAssignment(const std::string& argument) {
   if (equals == 0 || !isOneName(name) || !isNumeric(text)) {
     throw UsageError("\"" + argument + "\": si attende NOME=NUMERO");
   }
-  return {name, text, scanNumber(text)};
+  return {textOfWord(name), text, scanNumber(text)};
 }
 
 std::vector<Assignment> parseAssignments(const std::vector<std::string>& arguments) {
@@ -31,7 +31,8 @@ std::vector<Assignment> parseAssignments(const std::vector<std::string>& argumen
   for (const std::string& argument : arguments) {
     const Assignment next = parseAssignment(argument);
     const auto same = [&](const Assignment& before) { return before.name == next.name; };
-    if (std::ranges::any_of(result, same)) throw UsageError(next.name + ": valore dato piu` di una volta");
+    if (std::ranges::any_of(result, same))
+      throw UsageError(terminalText(next.name) + ": valore dato piu` di una volta");
     result.push_back(next);
   }
   return result;

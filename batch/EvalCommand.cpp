@@ -42,7 +42,7 @@ int runEval(const EvalArguments& arguments) {
   Session session;
   TerminalDialogs dialogs;
   CompiledExpression compiled =
-      compile(session, arguments.expression, parseAssignments(arguments.assignments));
+      compile(session, textOfWord(arguments.expression), parseAssignments(arguments.assignments));
   if (arguments.list) {
     std::cout << terminalText(listCode(compiled));
     return 0;

@@ -74,7 +74,7 @@ void useFunctionFile(Session& session, Files& files, const std::string& fileName
 void chooseModel(Session& session, Files& files, const ModelArguments& model, const std::string& names) {
   BuildCatalogue(session);
   if (!model.function.empty()) {
-    useFormula(session, model.function, names);
+    useFormula(session, textOfWord(model.function), names);
   } else if (!model.catalogue.empty()) {
     useCatalogue(session, model.catalogue);
   } else if (!model.functionFile.empty()) {

@@ -22,6 +22,20 @@ std::string terminalText(const std::string& text) {
   return lines;
 }
 
+std::string textOfWord(const std::string& word) {
+  const auto characters = decodeUtf8(word);
+  if (!characters) return word;
+  std::string text;
+  for (const char32_t c : *characters) {
+    const auto code = fromUnicode(unifiedForCp437(c), CodePage::kCp437);
+    const bool lineEnd = c == '\r' || c == '\n';
+    if (!code || lineEnd)
+      throw UsageError("\"" + word + "\": un carattere non esiste nella tabella dei codici 437");
+    text += *code;
+  }
+  return text;
+}
+
 int TerminalDialogs::Get_Msg(const MessageRequest& request) {
   tell(request.caption, request.text);
   return 1;

@@ -18,6 +18,9 @@ class UsageError : public std::runtime_error {
 
 /// A report or a file of the program as a terminal shows it: UTF-8 with bare line feeds.
 std::string terminalText(const std::string& text);
+/// A word of the command line as texts are inside: UTF-8 becomes code page 437, anything else is taken as it is. A
+/// character without a place in the code page, or a line end, raises `UsageError`.
+std::string textOfWord(const std::string& word);
 
 /// Nobody sits at a terminal run: messages go to the error stream and the first button is taken.
 class TerminalDialogs : public Dialogs {

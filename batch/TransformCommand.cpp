@@ -23,7 +23,7 @@ class TransformationForm : public InputForm {
     const bool hasXErrors = session_.data.kXpntErr != kFalse;
     if (!arguments_.dx.empty() && !hasXErrors) throw UsageError("--dx: i dati non hanno errori di x");
     const auto enter = [&](int field, const std::string& text) {
-      if (!text.empty()) tables.InpValues[field] = text;
+      if (!text.empty()) tables.InpValues[field] = textOfWord(text);
     };
     enter(1, arguments_.titleX);
     enter(2, arguments_.titleY);

@@ -51,6 +51,14 @@ TEST(BatchPropagate, GivesTheResultAsOneObject) {
   }
 }
 
+TEST(BatchPropagate, RefusedNamesAreToldAsTheyWereTyped) {
+  EXPECT_THAT(batch("propagate --function 'µ*x' --par µ=2").errors,
+              HasSubstr("* ERR. µ         il Nome NON Inizia con una Lettera\n"));
+  EXPECT_EQ(batch("propagate --catalogue 1,1 --par c=1 --par ß=1").errors,
+            "La funzione non ha il parametro ß\n");
+  EXPECT_EQ(batch("eval x è=1 è=2").errors, "è: valore dato piu` di una volta\n");
+}
+
 TEST(BatchPropagate, WritesTheHistogramAsADataFile) {
   const std::string file = temporaryFile("H.DAT", "");
   EXPECT_EQ(batch(kFlat + "--seed 1 --histogram '" + file + "'").exitCode, 0);
@@ -172,6 +180,26 @@ TEST(BatchTransform, GivesTheColumnsAsOneObject) {
   EXPECT_EQ(run.output,
             "{\n  \"title_x\": \"tempo\",\n  \"title_y\": \"s\",\n  \"x\": [\n    1,\n    3\n  ],\n"
             "  \"y\": [\n    2,\n    4\n  ],\n  \"dx\": null,\n  \"dy\": [\n    0.1,\n    0.2\n  ]\n}\n");
+}
+
+TEST(BatchTransform, TitlesAreKeptInTheCodePageOfTheFiles) {
+  const std::string out = temporaryFile("OUT.DAT", "");
+  const BatchRun run =
+      batch("transform " + dataFile() + "--title-x 'Età (µm²)' --title-y 'β' --json -o '" + out + "'");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_EQ(fileContent(out).substr(0, 14), "Et\x85 (\xE6m\xFD)\r\n\xE1\r\n");
+  EXPECT_THAT(run.output, HasSubstr("\"title_x\": \"Età (µm²)\""));
+  // Bytes that are no UTF-8 are those of a file.
+  EXPECT_EQ(batch("transform " + dataFile() + "--title-x '\xE6m' -o '" + out + "'").exitCode, 0);
+  EXPECT_EQ(fileContent(out).substr(0, 4), "\xE6m\r\n");
+}
+
+TEST(BatchTransform, ATitleThatNoFileCanHoldIsBadInput) {
+  const BatchRun run = batch("transform " + dataFile() + "--title-y 'costo (€)'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.errors, "\"costo (€)\": un carattere non esiste nella tabella dei codici 437\n");
+  EXPECT_EQ(run.output, "");
+  EXPECT_EQ(batch("transform " + dataFile() + "--title-y 'due\nrighe'").exitCode, 2);
 }
 
 TEST(BatchTransform, ABadFormulaIsBadInput) {

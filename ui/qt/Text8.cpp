@@ -42,20 +42,6 @@ char toLineCharacter(char32_t c) {
   }
 }
 
-/// Micro sign, sharp s and the capital sigma serve as Greek mu, Greek beta and the sign of a sum as well.
-char32_t lookalike(char32_t c) {
-  switch (c) {
-    case U'\u03BC':
-      return U'\u00B5';
-    case U'\u03B2':
-      return U'\u00DF';
-    case U'\u2211':
-      return U'\u03A3';
-    default:
-      return c;
-  }
-}
-
 bool hasPlace(char32_t c) {
   return c == kSignOfCr || c == kSignOfLf || fromUnicode(c, CodePage::kCp437).has_value();
 }
@@ -107,7 +93,7 @@ TakenText takeForCp437(const QString& text) {
   QString unified = text.normalized(QString::NormalizationForm_C);
   unified.replace("\r\n", "\n").replace('\r', '\n');
   for (const char32_t c : unified.toStdU32String()) {
-    const char32_t known = isLineBreak(c) ? U'\n' : lookalike(c);
+    const char32_t known = isLineBreak(c) ? U'\n' : unifiedForCp437(c);
     if (hasPlace(known)) {
       taken.text += QString::fromUcs4(&known, 1);
     } else {

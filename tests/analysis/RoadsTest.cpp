@@ -67,6 +67,33 @@ TEST_F(RoadTest, ABellCurveIsFittedToTheSavedHistogramOfAPropagation) {
   EXPECT_NEAR(session.par.ParValues[3], 0.5, 0.02);
 }
 
+TEST_F(RoadTest, BehindAPropagationTheParametersOfAFitAreToBeEnteredAnew) {
+  files.content["/data/LINE.DAT"] = "x\r\ny\r\n4\r\n0 1.1 .1\r\n1 2.9 .1\r\n2 5.1 .1\r\n3 6.9 .1\r\n";
+  read("/data/LINE.DAT");
+  selectFunction(2, 1);
+  enterForFit({"2", "1", "1", "1"});
+  EXPECT_TRUE(window.menuEnabled["MenDatSim"]);
+  EXPECT_TRUE(window.menuEnabled["MenAdaAda"]);
+
+  form.execute({"3", "2", "1", "0", "-.5", ".1"});
+  MenSerPro(session, form, [this] { propagate(random); });
+  EXPECT_EQ(session.ParVar, kFalse);
+  EXPECT_FALSE(window.menuEnabled["MenDatSim"]);
+  EXPECT_TRUE(window.menuEnabled["MenAdaAda"]) << "it is never turned off here";
+  EXPECT_EQ(window.panels[5], "Par.Var.: NO");
+
+  dialogs.expectBox();
+  fit();
+  EXPECT_EQ(dialogs.boxes.back(),
+            (ScriptedDialogs::Box{"ERRORE !", "Parametri NON Definiti!  <*> per Continuare"}));
+
+  enterForFit({"1", "0", "1", "1"});
+  EXPECT_TRUE(window.menuEnabled["MenDatSim"]);
+  fit();
+  EXPECT_THAT(screen(), testing::HasSubstr("Completata"));
+  EXPECT_NEAR(fitted[1], 1.96, 0.01);
+}
+
 TEST_F(RoadTest, SimulatedDataAreSavedReadAndFittedAgain) {
   selectFunction(2, 1);
   enterForFit({"2", "1", "1", "1"});

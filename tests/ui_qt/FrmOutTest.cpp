@@ -82,6 +82,17 @@ TEST_F(FrmOutTest, StampaPrintsAndCopiaCopies) {
   EXPECT_TRUE(output.form().isVisible());
 }
 
+TEST_F(FrmOutTest, TheButtonsOfANarrowWindowStandApart) {
+  open({"&Continua", "&Stampa", "Co&pia", "Salva &File"}, "", 12, 46);
+  for (int i = 0; i < 4; ++i) {
+    const auto* button = control<QPushButton>(&output.form(), QString("CmdOut(%1)").arg(i));
+    EXPECT_GE(button->width(), button->fontMetrics().horizontalAdvance(button->text().remove('&')));
+    if (i == 3) break;
+    const auto* next = control<QPushButton>(&output.form(), QString("CmdOut(%1)").arg(i + 1));
+    EXPECT_GE(next->x() - (button->x() + button->width()), 6);
+  }
+}
+
 TEST_F(FrmOutTest, SalvaFileRunsTheRoutineAndCloses) {
   int saved = 0;
   open({"&Continua", "&Stampa", "Co&pia", "Salva &File"});

@@ -13,6 +13,8 @@ namespace {
 /// Height of the buttons, and what stands beside the widest caption.
 constexpr double kButtonHeight = 405;
 constexpr double kButtonPadding = 480;
+/// Buttons of a narrow window have less padding rather than touch each other.
+constexpr double kButtonGap = 120;
 
 }  // namespace
 
@@ -44,9 +46,14 @@ void FrmOut::OutShow(const OutputRequest& request) {
   for (const std::string& caption : request.captions) {
     widest = std::max(widest, FontMeasure(buttonFont).width(caption));
   }
-  const OutputLayout layout = model_.layout(cell_, {services_.windows.place(request.owner),
-                                                    services_.windows.frame(),
-                                                    {widest + kButtonPadding, kButtonHeight}});
+  double buttonWidth = widest + kButtonPadding;
+  if (!request.captions.empty()) {
+    const double strip = request.cols * cell_.width / static_cast<double>(request.captions.size());
+    buttonWidth = std::max<double>(widest, std::min(buttonWidth, strip - kButtonGap));
+  }
+  const OutputLayout layout = model_.layout(
+      cell_,
+      {services_.windows.place(request.owner), services_.windows.frame(), {buttonWidth, kButtonHeight}});
   const Size frame = services_.windows.frame();
   setFixedSize(toPixels(layout.form.width - frame.width), toPixels(layout.form.height - frame.height));
   showContent();

@@ -6,6 +6,7 @@
 #include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
+#include "gral/PictureBoxes.h"
 
 namespace vk {
 namespace {
@@ -13,6 +14,8 @@ namespace {
 constexpr const char* kFontFamily = "Arial, 'Liberation Sans', Helvetica, sans-serif";
 /// A path of very many lines is slow to show; it is cut at about this length.
 constexpr std::size_t kLongPath = 20000;
+/// Areas without an outline touch one another: smoothed edges would let the ground shine through.
+constexpr const char* kTouching = " stroke=\"none\" shape-rendering=\"crispEdges\"";
 
 std::string number(double value) {
   constexpr double kHundredths = 100;
@@ -131,7 +134,6 @@ void SvgWriter::pen(const Pen& pen) {
 }
 
 void SvgWriter::filling(const Filling& filling) {
-  closeGroup();
   filling_ = filling;
 }
 
@@ -168,6 +170,7 @@ std::string SvgWriter::paint() {
 void SvgWriter::openGroup() {
   if (groupOpen_) return;
   groupOpen_ = true;
+  groupFilling_ = filling_;
   const double width = pen_.width * kNominalTwipsPerPixel;
   const std::string dashes = dashLengths(pen_.style, width);
   body_ += "<g" + attribute("stroke", pen_.style == kDrawTransparent ? "none" : colorText(pen_.color)) +
@@ -175,6 +178,12 @@ void SvgWriter::openGroup() {
   if (!dashes.empty()) body_ += attribute("stroke-dasharray", dashes);
   if (!clip_.empty()) body_ += attribute("clip-path", "url(#" + clip_ + ")");
   body_ += ">\n";
+}
+
+/// A group with the present filling.
+void SvgWriter::openFilledGroup() {
+  if (groupFilling_ != filling_) closeGroup();
+  openGroup();
 }
 
 void SvgWriter::closeGroup() {
@@ -234,6 +243,7 @@ void SvgWriter::filledBox(double x1, double y1, double x2, double y2, Color colo
 }
 
 void SvgWriter::circle(double x, double y, double radius) {
+  openFilledGroup();
   element("<circle" + attribute("cx", number(x)) + attribute("cy", number(y)) +
           attribute("r", number(std::abs(radius))) + "/>");
 }
@@ -252,8 +262,16 @@ void SvgWriter::bezier(std::span<const PixelPoint> points) {
 }
 
 void SvgWriter::figure(std::span<const PixelPoint> points, bool fill, bool stroke) {
-  element(std::string("<path") + (fill ? "" : " fill=\"none\"") + (stroke ? "" : " stroke=\"none\"") +
-          attribute("d", path(points) + (fill ? "Z" : "")) + "/>");
+  const std::string outline = attribute("d", path(points) + (fill ? "Z" : ""));
+  if (!fill) return element("<path fill=\"none\"" + outline + "/>");
+  if (stroke) {
+    openFilledGroup();
+    return element("<path" + outline + "/>");
+  }
+  // Surfaces consist of many areas without outlines: a group for each would be longer than the area.
+  openGroup();
+  element("<path" + (groupFilling_ == filling_ ? "" : attribute("fill", paint())) + kTouching + outline +
+          "/>");
 }
 
 void SvgWriter::text(const TextRun& run) {
@@ -275,31 +293,23 @@ void SvgWriter::text(const TextRun& run) {
   }
 }
 
-/// Pixels of one colour in a row become one box, and boxes of one colour that follow one another one path, so
-/// that no seams show between the rows of an area.
+/// Boxes of one colour that follow one another are one path, so that no seams show between them.
 void SvgWriter::picture(const Picture& picture, double x, double y) {
   const double step = picture.twipsPerPixel;
-  const auto width = static_cast<std::size_t>(picture.width);
-  std::string boxes;
+  std::string path;
   std::uint32_t color = 0;
   const auto flush = [&] {
-    if (!boxes.empty()) {
+    if (!path.empty()) {
       element("<path stroke=\"none\"" + attribute("fill", colorText(color & 0xFFFFFF)) +
-              attribute("d", boxes) + "/>");
+              attribute("d", path) + "/>");
     }
-    boxes.clear();
+    path.clear();
   };
-  for (int row = 0; row < picture.height; ++row) {
-    const std::uint32_t* pixels = picture.pixels.data() + static_cast<std::size_t>(row) * width;
-    for (std::size_t from = 0, to = 0; from < width; from = to) {
-      while (to < width && pixels[to] == pixels[from]) ++to;
-      if (pixels[from] == 0) continue;
-      if (pixels[from] != color || boxes.size() > kLongPath) flush();
-      color = pixels[from];
-      boxes += "M" + place(x + static_cast<double>(from) * step, y + row * step) + "h" +
-               number(static_cast<double>(to - from) * step) + "v" + number(step) + "h-" +
-               number(static_cast<double>(to - from) * step) + "z";
-    }
+  for (const PictureBox& box : boxesOf(picture)) {
+    if (box.color != color || path.size() > kLongPath) flush();
+    color = box.color;
+    path += "M" + place(x + box.x * step, y + box.y * step) + "h" + number(box.width * step) + "v" +
+            number(box.height * step) + "h-" + number(box.width * step) + "z";
   }
   flush();
 }

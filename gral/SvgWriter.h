@@ -41,6 +41,7 @@ class SvgWriter : public DrawingSink {
  private:
   void flushPath();
   void openGroup();
+  void openFilledGroup();
   void closeGroup();
   void element(const std::string& text);
   std::string place(double x, double y) const;
@@ -58,7 +59,7 @@ class SvgWriter : public DrawingSink {
   std::string pathEnd_;
   bool groupOpen_ = false;
   Pen pen_;
-  Filling filling_;
+  Filling filling_, groupFilling_;
   std::string clip_;  ///< name of the clip region, empty for none
 };
 

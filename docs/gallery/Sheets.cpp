@@ -251,16 +251,20 @@ void drawAreas(GralCls& drawing) {
 }  // namespace
 
 const std::vector<Sheet>& gallerySheets() {
-  static const std::vector<Sheet> sheets{
-      {"pens", "LANDSCAPE", drawPens},
-      {"marks", "LANDSCAPE", drawMarks},
-      {"axes_linear", "LANDSCAPE", drawLinearAxes},
-      {"axes_logarithmic", "LANDSCAPE", drawLogarithmicAxes},
-      {"markup", "LANDSCAPE", drawMarkup},
-      {"curves", "LANDSCAPE", drawCurves},
-      {"data", "LANDSCAPE", drawData},
-      {"areas", "LANDSCAPE", drawAreas},
-  };
+  static const std::vector<Sheet> sheets = [] {
+    std::vector<Sheet> all{
+        {"pens", "LANDSCAPE", drawPens},
+        {"marks", "LANDSCAPE", drawMarks},
+        {"axes_linear", "LANDSCAPE", drawLinearAxes},
+        {"axes_logarithmic", "LANDSCAPE", drawLogarithmicAxes},
+        {"markup", "LANDSCAPE", drawMarkup},
+        {"curves", "LANDSCAPE", drawCurves},
+        {"data", "LANDSCAPE", drawData},
+        {"areas", "LANDSCAPE", drawAreas},
+    };
+    all.insert(all.end(), surfaceSheets().begin(), surfaceSheets().end());
+    return all;
+  }();
   return sheets;
 }
 

@@ -13,8 +13,10 @@ struct Sheet {
   void (*draw)(GralCls& drawing);
 };
 
-/// The pages in order.
+/// The pages in order: axes, curves and data, and after them contours and surfaces.
 const std::vector<Sheet>& gallerySheets();
+/// Those of contours and surfaces, which `gallerySheets` ends with.
+const std::vector<Sheet>& surfaceSheets();
 
 /// Scale at which the sheets are drawn on forms.
 inline constexpr double kGalleryScale = 1.6;

@@ -1,7 +1,10 @@
+#include <random>
+
 #include "GralFixture.h"
 #include "RasterForm.h"
 #include "base/RuntimeError.h"
 #include "gral/FloodPictures.h"
+#include "gral/PictureBoxes.h"
 #include "platform/Printer.h"
 
 namespace vk {
@@ -291,6 +294,39 @@ TEST(FloodPictures, NothingFilledIsNoPicture) {
   PictureCatcher sink;
   replayAsVectors(list, sink, letters, {1, 1});
   EXPECT_TRUE(sink.pictures.empty());
+}
+
+TEST(PictureBoxes, AreOneWhereRowsAreAlike) {
+  const std::uint32_t a = kInk, b = kRed;
+  const Picture picture{4,
+                        4,
+                        15,
+                        {a, a, 0, b,  //
+                         a, a, 0, b,  //
+                         0, a, a, b,  //
+                         0, 0, 0, 0}};
+  EXPECT_EQ(boxesOf(picture), (std::vector<PictureBox>{{0, 0, 2, 2, a}, {3, 0, 1, 3, b}, {1, 2, 2, 1, a}}));
+}
+
+TEST(PictureBoxes, CoverEachPixelOnce) {
+  std::mt19937 random(3);
+  std::uniform_int_distribution<int> choice(0, 3);
+  Picture picture{37, 29, 15, std::vector<std::uint32_t>(37 * 29)};
+  for (std::uint32_t& pixel : picture.pixels) {
+    const int kind = choice(random);
+    pixel = kind == 0 ? 0 : kind == 1 ? kRed : kInk;
+  }
+  std::vector<std::uint32_t> painted(picture.pixels.size());
+  for (const PictureBox& box : boxesOf(picture)) {
+    for (int y = box.y; y < box.y + box.height; ++y) {
+      for (int x = box.x; x < box.x + box.width; ++x) {
+        std::uint32_t& pixel = painted[static_cast<std::size_t>(y * 37 + x)];
+        EXPECT_EQ(pixel, 0U);
+        pixel = box.color;
+      }
+    }
+  }
+  EXPECT_EQ(painted, picture.pixels);
 }
 
 // ---- Print of the screen

@@ -88,7 +88,7 @@ TEST_F(Svg, ShapesAreElements) {
             "<path fill=\"none\" d=\"M1 2L3 4L5 6L7 8\"/>\n"
             "<path fill=\"none\" d=\"M1 2C3 4 5 6 7 8\"/>\n"
             "<path d=\"M1 2L3 4L5 6L7 8Z\"/>\n"
-            "<path stroke=\"none\" d=\"M1 2L3 4L5 6L7 8Z\"/>\n"
+            "<path stroke=\"none\" shape-rendering=\"crispEdges\" d=\"M1 2L3 4L5 6L7 8Z\"/>\n"
             "<path fill=\"none\" d=\"M1 2L3 4L5 6L7 8\"/>\n</g>\n");
 }
 
@@ -174,6 +174,32 @@ TEST_F(Svg, TransparentPenDrawsNoOutline) {
   writer.pen({0, 1, kDrawTransparent});
   writer.circle(1, 1, 1);
   EXPECT_NE(body().find("<g stroke=\"none\""), std::string::npos);
+}
+
+TEST_F(Svg, AreasOfOtherColoursStayInTheirGroup) {
+  const PixelPoint points[] = {{0, 0}, {3, 0}, {3, 4}};
+  writer.pen({});
+  writer.filling({0x0000FF, kFillSolid});
+  writer.figure(points, true, false);
+  writer.filling({0x00FF00, kFillSolid});
+  writer.figure(points, true, false);
+  writer.figure(points, false, true);
+  writer.figure(points, true, true);
+  const std::string area = "d=\"M0 0L3 0L3 4Z\"/>\n";
+  EXPECT_EQ(body(),
+            "<g stroke=\"#000000\" stroke-width=\"15\" fill=\"#ff0000\">\n"
+            "<path stroke=\"none\" shape-rendering=\"crispEdges\" " +
+                area + "<path fill=\"#00ff00\" stroke=\"none\" shape-rendering=\"crispEdges\" " + area +
+                "<path fill=\"none\" d=\"M0 0L3 0L3 4\"/>\n</g>\n"
+                "<g stroke=\"#000000\" stroke-width=\"15\" fill=\"#00ff00\">\n<path " +
+                area + "</g>\n");
+}
+
+TEST_F(Svg, PicturesLeaveMissingPixelsAndJoinRowsThatAreAlike) {
+  writer.picture({2, 3, 15, {0, 0xFF0000FF, 0, 0xFF0000FF, 0xFF0000FF, 0}}, 100, 200);
+  EXPECT_NE(
+      body().find("<path stroke=\"none\" fill=\"#0000ff\" d=\"M115 200h15v30h-15zM100 230h15v15h-15z\"/>"),
+      std::string::npos);
 }
 
 TEST_F(Svg, PicturesAreRunsOfOneColour) {

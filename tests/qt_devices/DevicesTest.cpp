@@ -155,6 +155,15 @@ void drawFilledRing(GralCls& g) {
   g.GralFill(4, 5, kBlack);
 }
 
+/// What its lines, 15 twips wide, leave of the ring, in square twips.
+double ringArea() {
+  const auto box = [](double width, double height, double margin) {
+    constexpr double kPerCm = kTwipsPerInch / kCmPerInch;
+    return (width * kPerCm + margin) * (height * kPerCm + margin);
+  };
+  return box(12, 8, -15) - box(6, 4, 15);
+}
+
 /// The boxes of the paths of an SVG document that are filled red.
 std::vector<QRectF> redBoxes(const std::string& svg) {
   const std::string redPath = "<path stroke=\"none\" fill=\"#ff0000\"";
@@ -183,20 +192,32 @@ TEST_F(Vectors, SvgHasAFilledAreaInItsPlace) {
   EXPECT_NEAR(around.right(), 15 * kPerCm - 7.5, kSharp);
   EXPECT_NEAR(around.top(), kHeight - 12 * kPerCm + 7.5, kSharp);
   EXPECT_NEAR(around.bottom(), kHeight - 4 * kPerCm - 7.5, kSharp);
-  const auto box = [](double width, double height, double margin) {
-    return (width * kPerCm + margin) * (height * kPerCm + margin);
-  };
-  EXPECT_NEAR(area / (box(12, 8, -15) - box(6, 4, 15)), 1, 0.005);
+  EXPECT_NEAR(area / ringArea(), 1, 0.005);
 }
 
-TEST_F(Vectors, PdfHasAFilledAreaAsAPicture) {
+TEST_F(Vectors, PdfHasAFilledAreaInItsPlace) {
   VectorDevice vectors(letters());
   drawOn(vectors, drawFilledRing, 2);
-  EXPECT_NE(vectors.pdf().find("/Subtype /Image"), std::string::npos);
-  VectorDevice without(letters());
-  drawOn(
-      without, [](GralCls& g) { g.GralBox(3, 12, 15, 4, 0); }, 2);
-  EXPECT_EQ(without.pdf().find("/Subtype /Image"), std::string::npos);
+  const std::size_t lines = [] {
+    VectorDevice without(letters());
+    drawOn(
+        without,
+        [](GralCls& g) {
+          g.GralBox(3, 12, 15, 4, 0);
+          g.GralBox(6, 10, 12, 6, 0);
+        },
+        2);
+    return readPdf(without.pdf()).shapes.size();
+  }();
+  const std::vector<VectorContent::Shape> shapes = readPdf(vectors.pdf()).shapes;
+  ASSERT_GT(shapes.size(), lines);
+  // what the filling adds comes last
+  double area = 0;
+  for (std::size_t n = lines; n < shapes.size(); ++n) {
+    const QRectF box = QRectF(shapes[n].points[0], shapes[n].points[2]).normalized();
+    area += box.width() * box.height();
+  }
+  EXPECT_NEAR(area / ringArea(), 1, 0.005);
 }
 
 /// Pictures drawn by a painter, for what the files of vectors cannot tell.
@@ -401,7 +422,14 @@ TEST_F(Printed, FilledAreasGoOntoThePage) {
   PdfPaper paper;
   PrinterDevice printer(paper, letters());
   drawOnPrinter(printer, drawFilledRing);
-  EXPECT_NE(paper.document().find("/Subtype /Image"), std::string::npos);
+  // the two boxes, and the area between them as boxes above, beside and below the inner one
+  const VectorContent content = readPdf(paper.document());
+  ASSERT_EQ(content.shapes.size(), 2U + 4);
+  const QRectF right = QRectF(content.shapes[4].points[0], content.shapes[4].points[2]).normalized();
+  constexpr double kPerCm = kTwipsPerInch / kCmPerInch, kMargin = 240;
+  EXPECT_NEAR(right.width(), 3 * kPerCm, 8);
+  EXPECT_NEAR(right.height(), 4 * kPerCm, 8);
+  EXPECT_NEAR(right.left(), kMargin + 12 * kPerCm, 8);
 }
 
 TEST_F(Printed, PicturesGoOntoThePage) {

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/CodePage.h"
+#include "gral/PictureBoxes.h"
 #include "ui/qt/devices/QtPicture.h"
 
 namespace vk {
@@ -45,6 +46,16 @@ QPainterPath hatchLines(int style, const QRectF& box) {
     add(lead + box.top(), box.top(), lead + box.bottom(), box.bottom());
   }
   return path;
+}
+
+/// A picture of one colour, with or without missing pixels.
+bool isStencil(const Picture& picture) {
+  std::uint32_t color = 0;
+  for (const std::uint32_t pixel : picture.pixels) {
+    if (color == 0) color = pixel;
+    if (pixel != 0 && pixel != color) return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -201,16 +212,21 @@ void PainterSink::showWholeArea() {
 
 void PainterSink::picture(const Picture& picture, double x, double y) {
   flushLines();
-  const QSizeF size = QSizeF(picture.width, picture.height) * picture.twipsPerPixel;
-  if (!picture.source) return painter_.drawImage(QRectF(QPointF(x, y), size), imageWithHoles(picture));
-  painter_.save();
-  painter_.translate(x, y);
-  {
-    PainterSink form(painter_, letters_, picture.source->twipsPerPixel(), kNominalTwipsPerPixel,
-                     QRectF(QPointF(), size));
-    picture.source->drawOn(form);
+  const double scale = picture.twipsPerPixel;
+  if (!isStencil(picture)) {
+    painter_.drawImage(QRectF(x, y, picture.width * scale, picture.height * scale), imageWithHoles(picture));
+    return;
   }
-  painter_.restore();
+  // Viewers draw images up to whole pixels of their own, over the lines around an area; paths end where they
+  // end.
+  QPainterPath path;
+  path.setFillRule(Qt::WindingFill);
+  std::uint32_t color = 0;
+  for (const PictureBox& box : boxesOf(picture)) {
+    path.addRect(x + box.x * scale, y + box.y * scale, box.width * scale, box.height * scale);
+    color = box.color;
+  }
+  painter_.fillPath(path, QColor(color));
 }
 
 }  // namespace vk

@@ -26,7 +26,7 @@ class Walker {
   void walk(int steps) {
     left_ = steps;
     next();
-    while (left_ > 0 || QApplication::activeModalWidget() != nullptr) QTest::qWait(1);
+    while (!done_) QTest::qWait(1);
   }
   int commands = 0;  ///< chosen in the menus
   int figures = 0;   ///< clicked at or closed
@@ -46,6 +46,7 @@ class Walker {
     QWidget* modal = QApplication::activeModalWidget();
     if (left_ <= 0 && modal == nullptr) {
       if (QWidget* editor = windowNamed("FrmEdi")) editor->close();
+      done_ = true;
       return;
     }
     next();
@@ -167,6 +168,7 @@ class Walker {
   std::mt19937 generator_{20};
   QObject clock_;
   int left_ = 0;
+  bool done_ = false;  ///< the last step has left nothing open that waits
   bool inMenus_ = false;
 };
 

@@ -1,17 +1,8 @@
 // What figures cost: to the finished picture, and to the files of vectors.
 
-#include <benchmark/benchmark.h>
-
 #include <cmath>
-#include <memory>
 
-#include "gral/GralCls.h"
-#include "gral/NoPrinter.h"
-#include "gral/NominalScreen.h"
-#include "gral/ObserverDevice.h"
-#include "ui/qt/devices/ImageDevice.h"
-#include "ui/qt/devices/QtGraphics.h"
-#include "ui/qt/devices/VectorDevice.h"
+#include "bench/FigureBench.h"
 
 namespace vk {
 namespace {
@@ -19,16 +10,6 @@ namespace {
 constexpr int kPoints = 32767;
 constexpr int kSegments = 100000;
 constexpr int kTexts = 1000;
-
-QtGraphics& graphics() {
-  static QtGraphics instance;
-  return instance;
-}
-
-/// A page whose form at scale 2 has 1000 x 750 nominal pixels.
-PrinterMetrics windowPage() {
-  return {750 * kNominalTwipsPerPixel, 1000 * kNominalTwipsPerPixel, 600};
-}
 
 struct Points {
   Array<double> x{kPoints}, y{kPoints}, ex{kPoints}, ey{kPoints};
@@ -66,60 +47,6 @@ void drawTexts(GralCls& drawing) {
                        "x_{max}^2 = 10^{-3} \\\\m");
   }
 }
-
-template <class Device>
-void draw(Device& device, void (*figure)(GralCls&)) {
-  NoPrinter printer(windowPage());
-  NominalScreen screen;
-  GralCls drawing(printer, screen);
-  drawing.GralGrStr(device, "LANDSCAPE", 2);
-  figure(drawing);
-  drawing.GralGrEnd();
-}
-
-void onObserver(benchmark::State& state, void (*figure)(GralCls&)) {
-  for (auto _ : state) {
-    ObserverDevice observer;
-    draw(observer, figure);
-    if (observer.counts().refreshes == 0) state.SkipWithError("nothing was drawn");
-  }
-}
-
-/// Window pixels of the image; the time includes the reduction to the picture that is shown.
-void onImage(benchmark::State& state, void (*figure)(GralCls&)) {
-  for (auto _ : state) {
-    ImageDevice image(graphics().letters(), static_cast<int>(state.range(0)), 1);
-    draw(image, figure);
-    const Picture picture = image.Image();
-    if (picture.width != 1000 || picture.height != 750) state.SkipWithError("the picture has another size");
-  }
-}
-
-void toSvg(benchmark::State& state, void (*figure)(GralCls&)) {
-  std::size_t size = 0;
-  for (auto _ : state) {
-    VectorDevice vectors(graphics().letters());
-    draw(vectors, figure);
-    size = vectors.svg().size();
-  }
-  state.counters["bytes"] = static_cast<double>(size);
-}
-
-void toPdf(benchmark::State& state, void (*figure)(GralCls&)) {
-  std::size_t size = 0;
-  for (auto _ : state) {
-    VectorDevice vectors(graphics().letters());
-    draw(vectors, figure);
-    size = vectors.pdf().size();
-  }
-  state.counters["bytes"] = static_cast<double>(size);
-}
-
-#define FIGURE(name, figure)                                                               \
-  BENCHMARK_CAPTURE(onObserver, name, figure)->Unit(benchmark::kMillisecond);              \
-  BENCHMARK_CAPTURE(onImage, name, figure)->Arg(2)->Arg(4)->Unit(benchmark::kMillisecond); \
-  BENCHMARK_CAPTURE(toSvg, name, figure)->Unit(benchmark::kMillisecond);                   \
-  BENCHMARK_CAPTURE(toPdf, name, figure)->Unit(benchmark::kMillisecond)
 
 FIGURE(points_with_bars, drawPoints);
 FIGURE(dashed_polyline, drawDashes);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
+#include <type_traits>
 
 namespace vk {
 namespace {
@@ -38,6 +40,44 @@ bool hatched(const Brush& brush, int x, int y) {
   }
 }
 
+/// Sums of the channels of pixels, two pixels at a time: the four 16-bit parts of a number hold a channel
+/// each, for up to 512 pixels.
+class ChannelSums {
+ public:
+  void addPair(const std::uint32_t* pixels) {
+    std::uint64_t pair = 0;
+    std::memcpy(&pair, pixels, sizeof pair);
+    redBlue_ += pair & kParts;
+    green_ += pair >> 8 & kParts;
+  }
+  void add(std::uint32_t pixel) {
+    redBlue_ += pixel & kParts;
+    green_ += pixel >> 8 & kParts;
+  }
+  std::uint32_t mean(std::uint32_t count) const {
+    const auto channel = [count](std::uint64_t sum) {
+      return (static_cast<std::uint32_t>((sum & 0xFFFF) + (sum >> 32 & 0xFFFF)) + count / 2) / count;
+    };
+    return 0xFF000000U | channel(redBlue_ >> 16) << 16 | channel(green_) << 8 | channel(redBlue_);
+  }
+
+ private:
+  static constexpr std::uint64_t kParts = 0x00FF00FF00FF00FF;
+  std::uint64_t redBlue_ = 0, green_ = 0;
+};
+
+/// The mean colour of factor x factor pixels, in rows of this length; a factor that the compiler knows is
+/// faster.
+template <class Factor>
+std::uint32_t meanOf(const std::uint32_t* corner, int rowLength, Factor factor) {
+  ChannelSums sums;
+  for (int j = 0; j < factor; ++j, corner += rowLength) {
+    for (int i = 0; i + 1 < factor; i += 2) sums.addPair(corner + i);
+    if (factor % 2 == 1) sums.add(corner[factor - 1]);
+  }
+  return sums.mean(static_cast<std::uint32_t>(factor * factor));
+}
+
 }  // namespace
 
 Nib::Nib(int width) {
@@ -52,11 +92,18 @@ Nib::Nib(int width) {
 }
 
 void Raster::reset(int width, int height, std::uint32_t color) {
+  // A form is cleared several times, in several sizes, while it is opened: the pixels are made when something
+  // is drawn or asked for.
   width_ = width;
   height_ = height;
-  pixels_.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), color);
+  ground_ = color;
+  pixels_.clear();
   clip(nullptr);
   changed_ = {0, 0, width, height};
+}
+
+void Raster::makePixels() const {
+  pixels_.assign(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_), ground_);
 }
 
 void Raster::clip(const PixelRect* region) {
@@ -70,6 +117,7 @@ void Raster::clip(const PixelRect* region) {
 }
 
 void Raster::touch(const PixelRect& part) {
+  if (pixels_.empty()) makePixels();
   changed_ = {std::min(changed_.x1, part.x1), std::min(changed_.y1, part.y1), std::max(changed_.x2, part.x2),
               std::max(changed_.y2, part.y2)};
 }
@@ -218,6 +266,7 @@ void Raster::ring(PixelPoint centre, double innerRadius, double outerRadius, con
 
 std::vector<RowSpan> Raster::areaAround(PixelPoint start, std::uint32_t limit) const {
   std::vector<RowSpan> area;
+  if (pixels_.empty()) makePixels();
   if (start.x < clip_.x1 || start.x >= clip_.x2 || start.y < clip_.y1 || start.y >= clip_.y2) return area;
   std::vector<bool> taken(pixels_.size());
   const auto open = [&](int x, int y) { return pixels_[index(x, y)] != limit && !taken[index(x, y)]; };
@@ -285,6 +334,7 @@ Picture Raster::reduced(int factor) const {
 }
 
 Picture Raster::reduced(int factor, const PixelRect& part) const {
+  if (pixels_.empty()) makePixels();
   const int x1 = part.x1 / factor, y1 = part.y1 / factor;
   const int x2 = std::min((part.x2 + factor - 1) / factor, width_ / factor);
   const int y2 = std::min((part.y2 + factor - 1) / factor, height_ / factor);
@@ -292,20 +342,12 @@ Picture Raster::reduced(int factor, const PixelRect& part) const {
   result.width = std::max(0, x2 - x1);
   result.height = std::max(0, y2 - y1);
   result.pixels.reserve(static_cast<std::size_t>(result.width) * static_cast<std::size_t>(result.height));
-  const auto area = static_cast<std::uint32_t>(factor * factor);
   for (int y = y1; y < y2; ++y) {
     for (int x = x1; x < x2; ++x) {
-      std::uint32_t red = 0, green = 0, blue = 0;
-      for (int j = 0; j < factor; ++j) {
-        const std::uint32_t* pixel = &pixels_[index(x * factor, y * factor + j)];
-        for (int i = 0; i < factor; ++i, ++pixel) {
-          red += *pixel >> 16 & 0xFF;
-          green += *pixel >> 8 & 0xFF;
-          blue += *pixel & 0xFF;
-        }
-      }
-      const auto mean = [area](std::uint32_t sum) { return (sum + area / 2) / area; };
-      result.pixels.push_back(0xFF000000U | mean(red) << 16 | mean(green) << 8 | mean(blue));
+      const std::uint32_t* corner = &pixels_[index(x * factor, y * factor)];
+      result.pixels.push_back(factor == 4   ? meanOf(corner, width_, std::integral_constant<int, 4>())
+                              : factor == 2 ? meanOf(corner, width_, std::integral_constant<int, 2>())
+                                            : meanOf(corner, width_, factor));
     }
   }
   return result;

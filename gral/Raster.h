@@ -60,8 +60,11 @@ class Raster {
   void reset(int width, int height, std::uint32_t color);
   int width() const { return width_; }
   int height() const { return height_; }
-  std::uint32_t at(int x, int y) const { return pixels_[index(x, y)]; }
-  const std::vector<std::uint32_t>& pixels() const { return pixels_; }
+  std::uint32_t at(int x, int y) const { return pixels()[index(x, y)]; }
+  const std::vector<std::uint32_t>& pixels() const {
+    if (pixels_.empty()) makePixels();
+    return pixels_;
+  }
 
   /// Limits all drawing; none for the whole picture.
   void clip(const PixelRect* region);
@@ -99,6 +102,7 @@ class Raster {
   std::size_t index(int x, int y) const {
     return static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x);
   }
+  void makePixels() const;
   void touch(const PixelRect& part);
   void paint(int y, int x1, int x2, const Brush& brush);
   void horizontalLine(int y, double x1, double x2, const Nib& nib, std::uint32_t color);
@@ -108,7 +112,8 @@ class Raster {
 
   int width_ = 0;
   int height_ = 0;
-  std::vector<std::uint32_t> pixels_;
+  std::uint32_t ground_ = 0;
+  mutable std::vector<std::uint32_t> pixels_;  ///< none as long as all have the colour of the ground
   PixelRect clip_;
   PixelRect changed_;
 };

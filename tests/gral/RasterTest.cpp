@@ -1,5 +1,6 @@
 #include "gral/Raster.h"
 
+#include <array>
 #include <cmath>
 #include <numbers>
 #include <random>
@@ -226,6 +227,47 @@ TEST_F(RasterPicture, TellsWhatHasChanged) {
   line({1, 2}, {3, 2});
   line({5, 4}, {5, 4});
   EXPECT_EQ(raster.takeChanged(), (PixelRect{1, 2, 6, 5}));
+}
+
+TEST_F(RasterPicture, IsBlankAfterAReset) {
+  line({0, 0}, {7, 5});
+  clean(8, 6);
+  EXPECT_EQ(inkOf(raster), 0);
+  raster.reset(3, 2, kInk);
+  EXPECT_EQ(raster.at(2, 1), kInk);
+  raster.reset(4, 3, kPaper);
+  EXPECT_EQ(raster.pixels(), std::vector<std::uint32_t>(12, kPaper));
+  raster.reset(4, 4, kInk);
+  EXPECT_EQ(raster.reduced(2).pixels, std::vector<std::uint32_t>(4, kInk));
+}
+
+TEST_F(RasterPicture, IsReducedToTheMeanByAnyFactor) {
+  std::mt19937 random(11);
+  for (const int factor : {1, 2, 3, 4, 5, 8}) {
+    clean(3 * factor, 2 * factor);
+    for (int y = 0; y < raster.height(); ++y) {
+      for (int x = 0; x < raster.width(); ++x) {
+        raster.set(x, y, 0xFF000000U | static_cast<std::uint32_t>(random() & 0xFFFFFF));
+      }
+    }
+    if (factor == 8)
+      raster.polygon(std::array<PixelPoint, 4>{{{0, 0}, {24, 0}, {24, 8}, {0, 8}}}, {kPaper, kFillSolid, 8});
+    const Picture small = raster.reduced(factor);
+    for (int y = 0; y < 2; ++y) {
+      for (int x = 0; x < 3; ++x) {
+        for (const int shift : {0, 8, 16}) {
+          double sum = 0;
+          for (int i = 0; i < factor * factor; ++i) {
+            sum += raster.at(x * factor + i % factor, y * factor + i / factor) >> shift & 0xFF;
+          }
+          const int mean = static_cast<int>(std::floor(sum / (factor * factor) + 0.5));
+          EXPECT_EQ(static_cast<int>(small.pixels[static_cast<std::size_t>(3 * y + x)] >> shift & 0xFF),
+                    mean);
+        }
+        EXPECT_EQ(small.pixels[static_cast<std::size_t>(3 * y + x)] >> 24, 0xFFU);
+      }
+    }
+  }
 }
 
 TEST_F(RasterPicture, IsReducedToTheMeanOfItsSquares) {

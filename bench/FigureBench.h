@@ -1,0 +1,80 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include "gral/GralCls.h"
+#include "gral/NoPrinter.h"
+#include "gral/NominalScreen.h"
+#include "gral/ObserverDevice.h"
+#include "ui/qt/devices/ImageDevice.h"
+#include "ui/qt/devices/QtGraphics.h"
+#include "ui/qt/devices/VectorDevice.h"
+
+/// One figure on each kind of device: `FIGURE(name, figure)` for a function that draws it.
+namespace vk {
+
+inline QtGraphics& graphics() {
+  static QtGraphics instance;
+  return instance;
+}
+
+/// A page whose form at scale 2 has 1000 x 750 nominal pixels.
+inline PrinterMetrics windowPage() {
+  return {750 * kNominalTwipsPerPixel, 1000 * kNominalTwipsPerPixel, 600};
+}
+
+template <class Device>
+void draw(Device& device, void (*figure)(GralCls&)) {
+  NoPrinter printer(windowPage());
+  NominalScreen screen;
+  GralCls drawing(printer, screen);
+  drawing.GralGrStr(device, "LANDSCAPE", 2);
+  figure(drawing);
+  drawing.GralGrEnd();
+}
+
+inline void onObserver(benchmark::State& state, void (*figure)(GralCls&)) {
+  for (auto _ : state) {
+    ObserverDevice observer;
+    draw(observer, figure);
+    if (observer.counts().refreshes == 0) state.SkipWithError("nothing was drawn");
+  }
+}
+
+/// Window pixels of the image; the time includes the reduction to the picture that is shown.
+inline void onImage(benchmark::State& state, void (*figure)(GralCls&)) {
+  for (auto _ : state) {
+    ImageDevice image(graphics().letters(), static_cast<int>(state.range(0)), 1);
+    draw(image, figure);
+    const Picture picture = image.Image();
+    if (picture.width != 1000 || picture.height != 750) state.SkipWithError("the picture has another size");
+  }
+}
+
+inline void toSvg(benchmark::State& state, void (*figure)(GralCls&)) {
+  std::size_t size = 0;
+  for (auto _ : state) {
+    VectorDevice vectors(graphics().letters());
+    draw(vectors, figure);
+    size = vectors.svg().size();
+  }
+  state.counters["bytes"] = static_cast<double>(size);
+}
+
+inline void toPdf(benchmark::State& state, void (*figure)(GralCls&)) {
+  std::size_t size = 0;
+  for (auto _ : state) {
+    VectorDevice vectors(graphics().letters());
+    draw(vectors, figure);
+    size = vectors.pdf().size();
+  }
+  state.counters["bytes"] = static_cast<double>(size);
+}
+
+#define FIGURE(name, figure)                                                               \
+  BENCHMARK_CAPTURE(onObserver, name, figure)->Unit(benchmark::kMillisecond);              \
+  BENCHMARK_CAPTURE(onImage, name, figure)->Arg(2)->Arg(4)->Unit(benchmark::kMillisecond); \
+  BENCHMARK_CAPTURE(toSvg, name, figure)->Unit(benchmark::kMillisecond);                   \
+  BENCHMARK_CAPTURE(toPdf, name, figure)->Unit(benchmark::kMillisecond)
+
+}  // namespace vk

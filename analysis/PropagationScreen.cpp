@@ -32,13 +32,6 @@ constexpr int kErrorNameColumn = 22;
 constexpr int kValueBehindName = 6, kErrorBehindName = 26;
 
 constexpr int kLongestFunction = 45;
-constexpr int kShownOfLongFunction = 21;
-
-std::string shownFunction(const std::string& functionText) {
-  const std::string text = trim(functionText);
-  if (length(text) <= kLongestFunction) return text;
-  return left(text, kShownOfLongFunction) + "..." + right(text, kShownOfLongFunction);
-}
 
 }  // namespace
 
@@ -63,7 +56,7 @@ void PropagationScreen::open() {
 }
 
 void PropagationScreen::drawFunction() {
-  const std::string text = shownFunction(session_.fun.FunctionText);
+  const std::string text = shortened(trim(session_.fun.FunctionText), kLongestFunction);
   printAt(kFunctionRow, toInt16(columns_ / 2.0) - toInt16(length(text) / 2.0), text);
 }
 

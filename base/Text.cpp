@@ -43,6 +43,13 @@ std::string right(std::string_view text, int count) {
   return mid(text, std::max(1, length(text) - count + 1));
 }
 
+std::string shortened(std::string_view text, int count) {
+  constexpr std::string_view kGap = "...";
+  if (length(text) <= count) return std::string(text);
+  const int end = (count - length(kGap)) / 2;
+  return left(text, end) + std::string(kGap) + right(text, end);
+}
+
 std::string mid(std::string_view text, int start, int count) {
   if (start < 1 || start > length(text) || count <= 0) return {};
   return std::string(text.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(count)));

@@ -25,6 +25,8 @@ bool isDigit(char c);
 /// The first or last `count` characters, the whole text when it is shorter, empty for count <= 0.
 std::string left(std::string_view text, int count);
 std::string right(std::string_view text, int count);
+/// The text itself as far as it has at most `count` characters, else its two ends with "..." between them.
+std::string shortened(std::string_view text, int count);
 /// `count` characters from 1-based `start`, as far as there are any; without a count all the rest.
 std::string mid(std::string_view text, int start, int count);
 std::string mid(std::string_view text, int start);

@@ -10,6 +10,8 @@ namespace {
 
 constexpr int kRowsOfButtons = 2;
 constexpr double kBelowCallersTop = 600;
+/// Columns that a text wider than the form leaves free for the frames.
+constexpr int kColumnsOfFrames = 4;
 
 double columnLeft(int col, CellSize cell) {
   return (col - 1) * cell.width;
@@ -50,7 +52,8 @@ std::vector<PlacedText> placeTexts(const InputTables& tables, CellSize cell, con
   std::vector<PlacedText> texts;
   for (int i = 1; i <= tables.InpTextCount; ++i) {
     const auto& [row, col, alignment] = tables.InpTextPos[i];
-    const std::string text = trim(tables.InpTexts[i]);
+    std::string text = trim(tables.InpTexts[i]);
+    if (length(text) > tables.InpCols) text = shortened(text, tables.InpCols - kColumnsOfFrames);
     const double left = columnLeft(col, cell) + alignmentOffset(alignment, font.width(text));
     texts.push_back({left, rowTop(row, cell), text});
   }

@@ -33,7 +33,7 @@ struct InputLayout {
   Rect cmdRin, cmdEse;
   std::vector<Rect> lblVal;  ///< 0 the template, on field 1; 1..N the fields. Empty without fields
   std::vector<PlacedText> prompts;
-  std::vector<PlacedText> texts;  ///< fixed texts, trimmed
+  std::vector<PlacedText> texts;  ///< fixed texts, trimmed; shortened where wider than the form
   std::vector<GridFrame> frames;
 };
 

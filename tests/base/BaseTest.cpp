@@ -82,6 +82,9 @@ TEST(Text, CutsLikeThePositionsSay) {
   EXPECT_EQ(position("banana", "an", 3), 4);
   EXPECT_EQ(position("banana", "x"), 0);
   EXPECT_EQ(upper("a\xE0z"), "A\xE0Z");
+  EXPECT_EQ(shortened("0123456789", 10), "0123456789");
+  EXPECT_EQ(shortened("0123456789A", 9), "012...89A");
+  EXPECT_EQ(shortened("0123456789A", 10), "012...89A");
 }
 
 TEST(CodePage, EveryByteComesBack) {

@@ -111,6 +111,19 @@ TEST_F(InpModTest, FixedTextsAreTrimmedAndAlignedOnTheirColumn) {
                           PlacedText{1200, 240, "abcd"}));
 }
 
+TEST_F(InpModTest, ATextWiderThanTheFormIsShortenedInItsMiddle) {
+  tables.InpTextCount = 2;
+  tables.InpTexts.dim(2);
+  tables.InpTextPos.dim(2);
+  tables.InpTexts[1] = std::string(20, 'a') + std::string(20, 'b');  // as wide as the form
+  tables.InpTexts[2] = std::string(20, 'a') + std::string(21, 'b');
+  for (int i = 1; i <= 2; ++i) tables.InpTextPos[i] = {2, 20, 1};
+  open();
+  EXPECT_EQ(engine.layout().texts[0].text, tables.InpTexts[1]);
+  const std::string shown = std::string(16, 'a') + "..." + std::string(16, 'b');
+  EXPECT_EQ(engine.layout().texts[1], (PlacedText{19 * 120 - 35 * 60, 240, shown}));
+}
+
 TEST_F(InpModTest, FramesAreThoseOfTheTables) {
   open();
   EXPECT_THAT(engine.layout().frames, ElementsAre(GridFrame{1, 1, 10, 40, 3}));

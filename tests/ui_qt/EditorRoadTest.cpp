@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QListWidget>
 #include <QProcess>
+#include <filesystem>
 
 #include "ui_qt/Desktop.h"
 
@@ -174,6 +175,30 @@ TEST_F(EditorRoadTest, ThePrintedTextCanBeRead) {
   chooseInEditor("MnuFilRin");
   act();
   EXPECT_THAT(printed("f.pdf"), HasSubstr("\\Pagina(1)\n   perchè"));
+  EXPECT_TRUE(window().isEnabled());
+}
+
+TEST_F(EditorRoadTest, WhatCannotBeWrittenStaysInTheEditor) {
+  const std::string path = folder.make("chiavetta/f.gra", "\\Pagina(1)\r\n");
+  edit("MenGraModFil", path);
+  write("% ");
+  act();
+  std::filesystem::remove_all(folder / "chiavetta");
+  chooseInEditor("MnuFilSav");
+  answerBox();
+  act();
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_TRUE(
+      boxes[0].startsWith(QString::fromStdString("Il File Grafico: " + path + " NON e` stato Salvato!")))
+      << boxes[0].toStdString();
+  ASSERT_NE(editor(), nullptr);
+  EXPECT_EQ(editor()->editorText(), "% \\Pagina(1)\r\n");
+  EXPECT_FALSE(window().isEnabled());
+
+  std::filesystem::create_directory(folder / "chiavetta");
+  chooseInEditor("MnuFilSav");
+  act();
+  EXPECT_EQ(folder.bytesOf("chiavetta/f.gra"), "% \\Pagina(1)\r\n");
   EXPECT_TRUE(window().isEnabled());
 }
 

@@ -441,6 +441,17 @@ TEST_F(FrmEdiTest, OfAPastedTextWhatHasAPlaceIsTaken) {
   EXPECT_EQ(sound.beeps, 1);
 }
 
+TEST_F(FrmEdiTest, WhatIsCopiedByKeysComesBackByteForByte) {
+  const std::string line = "a\xFF\x80\t\x01|\r\n";
+  open(line);
+  key(Qt::Key_A, Qt::ControlModifier);
+  key(Qt::Key_C, Qt::ControlModifier);
+  key(Qt::Key_Home, Qt::ControlModifier);
+  key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(text(), line + line);
+  EXPECT_EQ(sound.beeps, 0);
+}
+
 TEST_F(FrmEdiTest, InputMethodsEnterTheSameCharacters) {
   open("");
   for (const char* text : {"ò", "ő"}) {

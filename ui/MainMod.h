@@ -53,6 +53,8 @@ class MainMod {
   /// panel has been opened. Entries without a command do nothing, and so does any entry while a command runs.
   void run(std::string_view control);
 
+  bool isRunning() const { return running_ != kFalse; }
+
   /// True for the entries that run something.
   static bool hasCommand(std::string_view control) { return findHandler(control) != nullptr; }
 

@@ -33,6 +33,7 @@ TEST_P(SavedKinds, ProposeANameUnderTheirCaptionAndWriteTheirText) {
   EXPECT_EQ(asked.proposedName, wanted.name);
   EXPECT_EQ(asked.caption, wanted.caption);
   EXPECT_EQ(asked.defaultExtension, wanted.extension);
+  EXPECT_EQ(session.FileKind, wanted.kind == 0 ? 1 : 3);
   EXPECT_EQ(files.content["/out/FIG"], std::string(wanted.text) + "\r\n\r\n");
   EXPECT_EQ(session.ErrFlag, 0);
 }
@@ -48,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(
                                 "GRA", "three"}));
 
 TEST_F(SaveGraphTextTest, ADataFileWithoutExtensionLendsItsWholeName) {
-  session.DataFile = "SIMULA";
+  session.DataFile = "/data/sub.dir/SIMULA";
   dialogs.pick(std::nullopt);
   save(1);
   EXPECT_EQ(dialogs.fileRequests[0].proposedName, "SIMULA_DAT");

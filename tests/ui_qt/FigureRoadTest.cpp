@@ -233,5 +233,25 @@ TEST_F(FigureRoadTest, FiguresAreClosedWithTheProgram) {
   EXPECT_THAT(exitCodes, ElementsAre(0));
 }
 
+TEST_F(FigureRoadTest, TheProgramIsNotClosedUnderAFigureThatIsBeingDrawn) {
+  drawData();
+  bool tried = false;
+  user.at("Vor_Kel", [&](QWidget* main) {
+    QTimer somebody;
+    QObject::connect(&somebody, &QTimer::timeout, [&] {
+      if (!application.mainMod().isRunning()) return;
+      tried = true;
+      main->close();
+    });
+    somebody.start(0);
+    control<QAction>(main, "MenGraDatVis")->trigger();
+  });
+  act();
+  EXPECT_TRUE(tried);
+  EXPECT_THAT(exitCodes, IsEmpty());
+  EXPECT_TRUE(window().isVisible());
+  EXPECT_EQ(shownFigures().size(), 2U);
+}
+
 }  // namespace
 }  // namespace vk

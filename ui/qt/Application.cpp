@@ -34,7 +34,12 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
   panels_.setView(window_);
   editor_.setForm(editForm_);
   window_.command = [this](const std::string& control) { mainMod_.run(control); };
-  window_.unload = [this] { unload(); };
+  window_.unload = [this] {
+    // A figure that is being drawn needs its window to the end of its command.
+    if (mainMod_.isRunning()) return false;
+    unload();
+    return true;
+  };
   inputForm_.setAction([this](int action) { mainMod_.runInputAction(action); });
 }
 

@@ -3,11 +3,13 @@
 #include <QAbstractEventDispatcher>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 
@@ -17,6 +19,8 @@
 
 namespace vk {
 namespace {
+
+constexpr int kShowingTime = 500;  // ms
 
 int screenRatio() {
   return std::max(1, static_cast<int>(std::ceil(QGuiApplication::primaryScreen()->devicePixelRatio())));
@@ -46,7 +50,18 @@ void QtPlotWindow::followForm() {
   if (place != pos() && !isVisible()) move(place);
   if (device_.Visible() == isVisible()) return;
   setVisible(device_.Visible());
-  if (isVisible()) world_.activated(*this);
+  if (!isVisible()) return;
+  world_.activated(*this);
+  awaitShowing();
+}
+
+/// Until the window system shows the window there is nothing in it, not even white, and what is drawn next may
+/// take its time.
+void QtPlotWindow::awaitShowing() {
+  const QDeadlineTimer deadline(kShowingTime);
+  while (!windowHandle()->isExposed() && !deadline.hasExpired()) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  }
 }
 
 bool QtPlotWindow::showChanged() {

@@ -39,6 +39,7 @@ class QtPlotWindow : public QWidget, public PlotWindow {
 
  private:
   void followForm();
+  void awaitShowing();
   /// Asks for a repaint of what has been drawn since the last call; false when nothing has.
   bool showChanged();
 

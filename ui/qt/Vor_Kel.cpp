@@ -182,8 +182,7 @@ void Vor_Kel::resizeEvent(QResizeEvent* event) {
 
 void Vor_Kel::closeEvent(QCloseEvent* event) {
   // While a command has shut the window out, it cannot end the program either.
-  event->setAccepted(isEnabled());
-  if (isEnabled() && unload) unload();
+  event->setAccepted(isEnabled() && (!unload || unload()));
 }
 
 }  // namespace vk

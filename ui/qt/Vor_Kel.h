@@ -42,8 +42,8 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
 
   /// Runs a command by its control name.
   std::function<void(const std::string&)> command;
-  /// The window has been closed: the program ends.
-  std::function<void()> unload;
+  /// The window is being closed: ends the program, or gives false and it stays.
+  std::function<bool()> unload;
 
   void setMenuEnabled(const std::string& control, bool enabled) override;
   void setMenuVisible(const std::string& control, bool visible) override;

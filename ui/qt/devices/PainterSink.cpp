@@ -212,18 +212,33 @@ void PainterSink::showWholeArea() {
 
 void PainterSink::picture(const Picture& picture, double x, double y) {
   flushLines();
-  const double scale = picture.twipsPerPixel;
-  if (!isStencil(picture)) {
-    painter_.drawImage(QRectF(x, y, picture.width * scale, picture.height * scale), imageWithHoles(picture));
-    return;
+  const QRectF place(QPointF(x, y), QSizeF(picture.width, picture.height) * picture.twipsPerPixel);
+  if (picture.source) return drawAgain(*picture.source, place);
+  if (isStencil(picture)) return fillBoxes(picture, place.topLeft());
+  painter_.drawImage(place, imageWithHoles(picture));
+}
+
+void PainterSink::drawAgain(const PictureSource& source, const QRectF& place) {
+  painter_.save();
+  painter_.translate(place.topLeft());
+  {
+    PainterSink form(painter_, letters_, source.twipsPerPixel(), kNominalTwipsPerPixel,
+                     QRectF(QPointF(), place.size()));
+    source.drawOn(form);
   }
-  // Viewers draw images up to whole pixels of their own, over the lines around an area; paths end where they
-  // end.
+  painter_.restore();
+}
+
+/// Viewers draw images up to whole pixels of their own, over the lines around an area; paths end where they
+/// end.
+void PainterSink::fillBoxes(const Picture& stencil, const QPointF& corner) {
+  const double scale = stencil.twipsPerPixel;
   QPainterPath path;
   path.setFillRule(Qt::WindingFill);
   std::uint32_t color = 0;
-  for (const PictureBox& box : boxesOf(picture)) {
-    path.addRect(x + box.x * scale, y + box.y * scale, box.width * scale, box.height * scale);
+  for (const PictureBox& box : boxesOf(stencil)) {
+    path.addRect(corner.x() + box.x * scale, corner.y() + box.y * scale, box.width * scale,
+                 box.height * scale);
     color = box.color;
   }
   painter_.fillPath(path, QColor(color));

@@ -37,6 +37,8 @@ class PainterSink : public DrawingSink {
 
  private:
   void showWholeArea();
+  void drawAgain(const PictureSource& source, const QRectF& place);
+  void fillBoxes(const Picture& stencil, const QPointF& corner);
   void flushLines();
   QPointF place(const PixelPoint& point) const;
   QPainterPath path(std::span<const PixelPoint> points) const;

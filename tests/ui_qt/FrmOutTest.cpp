@@ -154,6 +154,16 @@ TEST_F(FrmOutTest, FramesArePaintedThroughTheCentresOfTheirCells) {
     EXPECT_EQ(pixelAt(surface(), middle), QColor::fromRgb(line.colour));
   }
   EXPECT_EQ(pixelAt(surface(), QPoint(2, 2)), QColor(Qt::white));
+  // No line goes on behind its corner.
+  const CellSize cell = output.form().cell();
+  const int left = toPixels(2.5 * cell.width), right = toPixels(19.5 * cell.width);
+  const int top = toPixels(1.5 * cell.height), bottom = toPixels(7.5 * cell.height);
+  for (const int x : {left, right}) {
+    for (const int y : {top - 3, bottom + 3}) EXPECT_EQ(pixelAt(surface(), QPoint(x, y)), QColor(Qt::white));
+  }
+  for (const int y : {top, bottom}) {
+    for (const int x : {left - 3, right + 3}) EXPECT_EQ(pixelAt(surface(), QPoint(x, y)), QColor(Qt::white));
+  }
 }
 
 TEST_F(FrmOutTest, ACharacterFillsTheCellOfItsRowAndColumn) {

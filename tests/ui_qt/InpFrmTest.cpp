@@ -99,6 +99,7 @@ TEST_F(InpFrmTest, ShowsTheFirstFieldInTheEditBox) {
     EXPECT_TRUE(box()->hasFocus());
     EXPECT_EQ(box()->palette().color(QPalette::Base), QColor(255, 255, 255));
     EXPECT_FALSE(owner.isEnabled());
+    EXPECT_EQ(QApplication::activeModalWidget(), &form);
     EXPECT_EQ(form.windowTitle(), "VOR_KEL: Parametri Iniziali");
     EXPECT_EQ(box()->accessibleName(), QString("δa"));
   });
@@ -109,8 +110,11 @@ TEST_F(InpFrmTest, ShowsTheFirstFieldInTheEditBox) {
 
 TEST_F(InpFrmTest, EnterAndArrowsWalkThroughTheFields) {
   then([this] {
+    replace("1e3");
     QTest::keyClick(box(), Qt::Key_Return);
     EXPECT_EQ(engine.InpCurrent, 2);
+    EXPECT_EQ(field(1)->accessibleDescription(), "1000") << "the cell shows what was left in it";
+    EXPECT_EQ(field(3)->accessibleDescription(), "x");
     EXPECT_EQ(box()->text(), "due");
     EXPECT_EQ(box()->palette().color(QPalette::Base), QColor(240, 240, 240));
     QTest::keyClick(box(), Qt::Key_Down);

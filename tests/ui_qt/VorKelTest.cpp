@@ -178,6 +178,30 @@ TEST_F(VorKelTest, ADoubleClickEntersOneFolderOnly) {
   click("CmdWrkDir(0)");
 }
 
+TEST_F(VorKelTest, TheFolderListLeadsFromTheRootToTheFolderAndInside) {
+  folder.make("a/x.dat");
+  folder.make("b/x.dat");
+  choose("MenSerImpDir");
+  auto* list = at<QListWidget>("Dir1");
+  const auto names = [list] {
+    QStringList result;
+    for (int row = 0; row < list->count(); ++row) result << list->item(row)->text().trimmed();
+    return result;
+  };
+  const QStringList above = QString::fromStdString(folder.path()).mid(1).split('/');
+  EXPECT_EQ(names(), QStringList("/") + above + QStringList({"a", "b"}));
+  EXPECT_EQ(list->currentRow(), above.size()) << "the present folder";
+  const auto clickRow = [list](int row) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+  };
+  clickRow(static_cast<int>(above.size()) - 1);
+  EXPECT_EQ(session().WorkDir[0], std::filesystem::path(folder.path()).parent_path().string());
+  clickRow(0);
+  EXPECT_EQ(session().WorkDir[0], "/");
+  EXPECT_EQ(names().first(), "/");
+  click("CmdWrkDir(0)");
+}
+
 TEST_F(VorKelTest, TheFolderListWorksByKeys) {
   folder.make("a/x.dat");
   choose("MenSerImpDir");
@@ -306,16 +330,33 @@ TEST_F(VorKelTest, RinunciaOfTheOptionsPanelPutsAllBack) {
   click("CmdImpGra(0)");
 }
 
-TEST_F(VorKelTest, NoTextOfThePanelsIsCutOff) {
-  for (const char* command : {"MenSerImpGra", "MenSerImpDir"}) {
-    choose(command);
+TEST_F(VorKelTest, NoTextOfThePanelsIsCutOffOrCovered) {
+  for (const std::string panel : {"FraGra", "FraDir"}) {
+    choose(panel == "FraGra" ? "MenSerImpGra" : "MenSerImpDir");
+    QList<QRect> taken;
     for (const auto* button : window().findChildren<QAbstractButton*>()) {
-      if (!button->isVisible()) continue;
+      if (!button->isVisible() || button->text().isEmpty()) continue;
       EXPECT_GE(button->width(), button->fontMetrics().horizontalAdvance(button->text().remove('&')) + 4);
       EXPECT_GE(button->height(), button->fontMetrics().height());
+      const QRect place(button->mapTo(&window(), QPoint(0, 0)), button->size());
+      for (const QRect& other : taken) EXPECT_FALSE(place.intersects(other)) << button->text().toStdString();
+      taken << place;
     }
-    click(command == std::string("MenSerImpDir") ? "CmdWrkDir(0)" : "CmdImpGra(0)");
+    auto* frame = at<QFrame>(QString::fromStdString(panel));
+    EXPECT_EQ(pixelAt(frame, QPoint(12, 60)), frame->palette().color(QPalette::Window));
+    click(panel == "FraGra" ? "CmdImpGra(0)" : "CmdWrkDir(0)");
   }
+}
+
+TEST_F(VorKelTest, ALargerWindowKeepsItsPanelInTheMiddle) {
+  choose("MenSerImpGra");
+  window().resize(window().size() + QSize(120, 80));
+  QApplication::processEvents();
+  EXPECT_EQ(window().centralWidget()->size(), QSize(870, 580));
+  const auto* frame = at<QFrame>("FraGra");
+  EXPECT_LE(std::abs(frame->geometry().center().x() - 435), 1);
+  EXPECT_EQ(frame->y(), -7);
+  click("CmdImpGra(0)");
 }
 
 TEST_F(VorKelTest, ClosingUnloadsEveryFormAndAsksNothing) {

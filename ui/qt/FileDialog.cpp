@@ -33,7 +33,7 @@ class FilesOfAKind : public QSortFilterProxyModel {
     extension_ = fromWindowText(GetExtensionName(pattern));
     invalidateFilter();
   }
-  /// The order of the disk: folders first, sizes and dates by their values.
+  /// The order of the disk: folders apart from files, sizes and dates by their values.
   void sort(int column, Qt::SortOrder order) override { sourceModel()->sort(column, order); }
 
   /// Sizes and dates are written the Italian way on every machine.

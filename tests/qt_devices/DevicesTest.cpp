@@ -10,6 +10,7 @@
 #include "platform/Printer.h"
 #include "ui/qt/devices/PainterSink.h"
 #include "ui/qt/devices/PrinterDevice.h"
+#include "ui/qt/devices/ScreenDevice.h"
 
 namespace vk {
 namespace {
@@ -430,6 +431,43 @@ TEST_F(Printed, FilledAreasGoOntoThePage) {
   EXPECT_NEAR(right.width(), 3 * kPerCm, 8);
   EXPECT_NEAR(right.height(), 4 * kPerCm, 8);
   EXPECT_NEAR(right.left(), kMargin + 12 * kPerCm, 8);
+}
+
+TEST_F(Printed, TheDrawingOfAWindowGoesOntoThePageAgainAndNotItsPixels) {
+  ScreenDevice form(letters(), 1);
+  form.setWidth(6000);
+  form.setHeight(4500);
+  form.Line(1500, 3000, 9000, 3000);
+  form.setCurrentX(600);
+  form.setCurrentY(600);
+  form.Print("abc");
+  const Picture picture = form.Image();
+  form.Line(0, 0, 6000, 4500);  // comes too late for the picture
+
+  PdfPaper paper;
+  PrinterDevice printer(paper, letters());
+  printer.PaintPicture(picture, 1000, 2000);
+  printer.Line(100, 100, 200, 100);
+  printer.EndDoc();
+  EXPECT_EQ(paper.document().find("/Subtype /Image"), std::string::npos);
+  const VectorContent content = readPdf(paper.document());
+  EXPECT_EQ(content.letters.size(), 3U);
+  constexpr double kMargin = 240;
+  int lines = 0;
+  for (const VectorContent::Shape& shape : content.shapes) {
+    if (shape.penWidth == 0) continue;
+    const bool ofTheForm = lines++ == 0;
+    EXPECT_NEAR(shape.points.front().x(), kMargin + (ofTheForm ? 1000 + 1500 : 100), 8);
+    EXPECT_NEAR(shape.points.front().y(), kMargin + (ofTheForm ? 2000 + 3000 : 100), 20);
+    if (ofTheForm) {
+      EXPECT_NEAR(shape.penWidth, 15, 1);
+    }
+  }
+  EXPECT_EQ(lines, 2);
+  // The line leaves the form, and is cut there.
+  ASSERT_FALSE(content.clips.empty());
+  EXPECT_NEAR(content.clips[0].left(), kMargin + 1000, 8);
+  EXPECT_NEAR(content.clips[0].right(), kMargin + 1000 + 6000, 8);
 }
 
 TEST_F(Printed, PicturesGoOntoThePage) {

@@ -211,17 +211,19 @@ void drawFrames(GralCls& drawing) {
     for (const char* text : texts) result[n++] = text;
     return result;
   };
-  const Array<float> T = stepsOf(5, 0, kSide / 4), Tz = stepsOf(3, 0, kTop / 2);
+  // Smaller than the other boxes, and turned so that the labels stand clear of the walls.
+  const double side = 8, top = 4;
+  const Array<float> T = stepsOf(5, 0, side / 4), Tz = stepsOf(3, 0, top / 2);
   Array<std::string> months = labels({"month", "Jan", "Feb", "Mar", "Apr"});
-  Array<std::string> years = labels({"year", "1995", "1996", "1997", "1998"});
-  Array<std::string> halves = labels({"", "low", "high"});
-  const View a{8, 8, 75, 130}, b{21.4, 8, 252, 50};
-  drawing.GralFrame3d(f(a.x), f(a.y), f(a.theta), f(a.phi), f(kSide), f(kSide), f(kTop), T, T, Tz, 5, 5, 3,
-                      months, years, halves, 4, 4, 2, false);
-  Array<std::string> x = labels({"x (cm)", "0", "2.5", "5", "7.5", "10"});
-  Array<std::string> y = labels({"y (cm)", "0", "2.5", "5", "7.5", "10"});
-  Array<std::string> height = labels({"z (cm)", "0", "2.5", "5"});
-  drawing.Frame3D(f(b.x), f(b.y), f(b.theta), f(b.phi), f(kSide), f(kSide), f(kTop), T, T, Tz, 5, 5, 3, x, y,
+  Array<std::string> sites = labels({"site", "A", "B", "C", "D"});
+  Array<std::string> halves = labels({"", "I", "II"});
+  const View a{7, 8, 117, 145}, b{22, 8, 295, 40};
+  drawing.GralFrame3d(f(a.x), f(a.y), f(a.theta), f(a.phi), f(side), f(side), f(top), T, T, Tz, 5, 5, 3,
+                      months, sites, halves, 4, 4, 2, false);
+  Array<std::string> x = labels({"x (cm)", "0", "2", "4", "6", "8"});
+  Array<std::string> y = labels({"y (cm)", "0", "2", "4", "6", "8"});
+  Array<std::string> height = labels({"z (cm)", "0", "2", "4"});
+  drawing.Frame3D(f(b.x), f(b.y), f(b.theta), f(b.phi), f(side), f(side), f(top), T, T, Tz, 5, 5, 3, x, y,
                   height, 5, 5, 3, false, true, true, tripleOf(0.15, 0.35, 0.5));
 }
 

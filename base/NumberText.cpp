@@ -41,13 +41,26 @@ std::size_t numberLength(std::string_view text) {
   return end > digits ? end : mantissa;
 }
 
+/// The exponent written behind a mantissa; one that is larger than any text is long stops at 1E15.
+long writtenExponent(std::string_view exponent) {
+  constexpr long kMost = 1'000'000'000'000'000;
+  if (exponent.empty()) return 0;
+  const bool negative = exponent[1] == '-';
+  long size = 0;
+  for (const char c : exponent) {
+    if (isDigit(c)) size = std::min(10 * size + (c - '0'), kMost);
+  }
+  return negative ? -size : size;
+}
+
 /// True when a number that a double cannot hold is too small rather than too large.
 bool isBelowRange(std::string_view number) {
-  const std::size_t mantissa = mantissaLength(number);
-  constexpr std::string_view kNonZero = "123456789";
-  if (number.substr(0, mantissa).find_first_of(kNonZero) == std::string_view::npos) return true;
-  if (mantissa < number.size()) return number[mantissa + 1] == '-';
-  return number.substr(0, number.find('.')).find_first_of(kNonZero) == std::string_view::npos;
+  const std::string_view mantissa = number.substr(0, mantissaLength(number));
+  const std::size_t first = mantissa.find_first_of("123456789");
+  if (first == std::string_view::npos) return true;
+  const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+  const long power = static_cast<long>(point) - static_cast<long>(first);
+  return power + writtenExponent(number.substr(mantissa.size())) < 0;
 }
 
 /// Value of a well-formed number; nothing when it is beyond the range of a double. Too small gives 0.
@@ -61,6 +74,24 @@ std::optional<double> valueOf(std::string_view number) {
     return plain[0] == '-' ? -0.0 : 0.0;
   }
   return value;
+}
+
+/// Value of the longest prefix of a number beyond the range that a double can hold.
+double valueOfFinitePrefix(std::string_view number) {
+  const auto value = [number](std::size_t end) {
+    const std::string_view prefix = number.substr(0, end);
+    const std::size_t good = numberLength(prefix);
+    return good == 0 ? std::optional(0.0) : valueOf(prefix.substr(0, good));
+  };
+  // The exponent gives its digits up where the mantissa alone is in range, else the mantissa does. Either only
+  // grows with its digits, so the end can be found by halving.
+  const std::size_t mantissa = mantissaLength(number);
+  std::size_t fits = value(mantissa) ? mantissa : 0;
+  for (std::size_t tooLong = fits > 0 ? number.size() : mantissa; tooLong - fits > 1;) {
+    const std::size_t middle = fits + (tooLong - fits) / 2;
+    (value(middle) ? fits : tooLong) = middle;
+  }
+  return *value(fits);
 }
 
 std::string generalText(double value, int significant) {
@@ -110,11 +141,10 @@ bool isNumeric(std::string_view text) {
 
 double scanNumber(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-  // A number beyond the range loses digits of its exponent, from the right, until what is left is finite.
-  for (std::size_t end = numberLength(text); end > 0; end = numberLength(text.substr(0, end - 1))) {
-    if (const auto value = valueOf(text.substr(0, end))) return *value;
-  }
-  return 0;
+  const std::string_view number = text.substr(0, numberLength(text));
+  if (number.empty()) return 0;
+  if (const auto value = valueOf(number)) return *value;
+  return valueOfFinitePrefix(number);
 }
 
 std::string generalText(double value) {

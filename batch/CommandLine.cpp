@@ -2,10 +2,12 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <iostream>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/CodePage.h"
@@ -190,6 +192,11 @@ std::vector<std::string> commandLine(int argc, char** argv) {
   return words;
 }
 
+/// A message without the line ends that a list of errors closes with.
+std::string trimmedEnd(const std::string& text) {
+  return text.substr(0, text.find_last_not_of('\n') + 1);
+}
+
 /// The exit code of a run, which has failed as well when its output could not be written.
 int withOutputWritten(int code) {
   if (std::cout.flush()) return code;
@@ -197,8 +204,61 @@ int withOutputWritten(int code) {
   return code == kExitDone ? kExitFailed : code;
 }
 
+/// A text of the option reader and the program's own for it.
+struct Phrase {
+  const char* theirs;
+  const char* ours;
+};
+
+constexpr std::array kLabels{
+    Phrase{"Usage", "Uso"},           Phrase{"OPTIONS", "OPZIONI"},
+    Phrase{"SUBCOMMAND", "COMANDO"},  Phrase{"Positionals", "Argomenti"},
+    Phrase{"REQUIRED", "NECESSARIO"}, Phrase{"TEXT", "TESTO"},
+    Phrase{"INT", "NUMERO"},          Phrase{"Needs", "Con"},
+    Phrase{"Excludes", "Senza"},
+};
+
+constexpr std::array kComplaints{
+    Phrase{"A subcommand is required", "Si attende un comando"},
+    Phrase{" is required", ": manca"},
+    Phrase{"The following argument was not expected", "Argomento sconosciuto"},
+    Phrase{"The following arguments were not expected", "Argomenti sconosciuti"},
+    Phrase{"Could not convert", "Valore errato"},
+    Phrase{" requires ", " richiede "},
+    Phrase{" excludes ", " esclude "},
+    Phrase{"1 required TEXT missing", "manca il valore"},
+    Phrase{"1 required INT missing", "manca il numero"},
+};
+
+std::string complaint(const CLI::App*, const CLI::Error& error) {
+  std::string text = error.what();
+  for (const Phrase& phrase : kComplaints) {
+    const auto at = text.find(phrase.theirs);
+    if (at != std::string::npos) text.replace(at, std::string_view(phrase.theirs).size(), phrase.ours);
+  }
+  return text + "\nL'opzione --help elenca comandi e argomenti.\n";
+}
+
+constexpr const char* kOptionGroup = "Opzioni";
+
+/// The words of the help and of the complaints; to be set before anything is added.
+void speakItalian(CLI::App& app) {
+  for (const Phrase& label : kLabels) app.get_formatter()->label(label.theirs, label.ours);
+  app.option_defaults()->group(kOptionGroup);
+  app.failure_message(complaint);
+}
+
+/// The headings of what the option reader has put into groups of its own.
+void nameGroups(const Commands& commands) {
+  for (const auto& [command, action] : commands) {
+    command->group("Comandi");
+    command->get_help_ptr()->group(kOptionGroup);
+  }
+}
+
 int run(std::vector<std::string> words, const Drawing& drawing) {
   CLI::App app("Vor_Kel da terminale: analisi di dati misurati", "vor_kel_batch");
+  speakItalian(app);
   app.set_help_flag("--help", "Mostra questo aiuto");
   app.require_subcommand(1);
   Commands commands;
@@ -209,6 +269,7 @@ int run(std::vector<std::string> words, const Drawing& drawing) {
   addPropagate(app, commands);
   addSimulate(app, commands);
   addTransform(app, commands);
+  nameGroups(commands);
   try {
     std::ranges::reverse(words);  // the reader takes them from the end
     app.parse(words);
@@ -224,7 +285,7 @@ int runCommandLine(int argc, char** argv, FigureMaker* figures) {
   try {
     return withOutputWritten(run(commandLine(argc, argv), {figures, argv}));
   } catch (const UsageError& error) {
-    std::cerr << error.what() << '\n';
+    std::cerr << trimmedEnd(error.what()) << '\n';
     return kExitBadInput;
   } catch (const RuntimeError& error) {
     std::cerr << toUtf8(error.message(), CodePage::kWindows1252) << '\n';

@@ -27,4 +27,8 @@ void readData(Session& session, Files& files, Dialogs& dialogs, const std::strin
   usingFile(fileName, [&] { checkAndLoad(session, files, dialogs, fileName); });
 }
 
+void writeFile(Files& files, const std::string& fileName, const std::string& bytes) {
+  usingFile(fileName, [&] { files.writeAll(fileName, bytes); });
+}
+
 }  // namespace vk

@@ -15,6 +15,9 @@ namespace vk {
 /// that differs from the points found is a warning through `dialogs`, as in the program.
 void readData(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName);
 
+/// Writes a file that the command line names; one that cannot be written raises `UsageError`.
+void writeFile(Files& files, const std::string& fileName, const std::string& bytes);
+
 /// Runs a statement that reads or writes a file; one that cannot be read or written is bad input and raises
 /// `UsageError`.
 template <class Statement>

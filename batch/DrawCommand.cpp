@@ -19,7 +19,7 @@ int runDraw(const DrawArguments& arguments, FigureMaker& maker) {
   Session session;
   std::string errors;
   usingFile(arguments.graphicFile, [&] { errors = drawGraphicFile(session, desk, arguments.graphicFile); });
-  usingFile(arguments.figure, [&] { desk.files.writeAll(arguments.figure, form.bytes()); });
+  writeFile(desk.files, arguments.figure, form.bytes());
   if (errors.empty()) return kExitDone;
   std::cerr << arguments.graphicFile << ":\n" << terminalText(errors);
   return kExitBadInput;

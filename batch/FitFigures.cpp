@@ -11,10 +11,6 @@
 namespace vk {
 namespace {
 
-void writeFile(Files& files, const std::string& fileName, const std::string& bytes) {
-  usingFile(fileName, [&] { files.writeAll(fileName, bytes); });
-}
-
 /// A figure whose function could not be computed has no text.
 bool isComplete(const std::string& text) {
   if (text.empty()) std::cerr << "La funzione non si puo` calcolare: nessun grafico\n";

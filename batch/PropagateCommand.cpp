@@ -9,6 +9,7 @@
 #include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "batch/DataInput.h"
 #include "batch/Json.h"
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
@@ -96,7 +97,9 @@ int runPropagate(const PropagateArguments& arguments) {
     std::cout << output.grid().toUtf8();
   }
   if (!completed) return kExitFailed;
-  if (!arguments.histogramFile.empty()) files.writeAll(arguments.histogramFile, monteCarloFileText(session));
+  if (!arguments.histogramFile.empty()) {
+    writeFile(files, arguments.histogramFile, monteCarloFileText(session));
+  }
   return kExitDone;
 }
 

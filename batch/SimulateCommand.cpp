@@ -6,6 +6,7 @@
 #include "analysis/Simulation.h"
 #include "base/CodePage.h"
 #include "base/NumberText.h"
+#include "batch/DataInput.h"
 #include "batch/FitCommand.h"
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
@@ -89,12 +90,12 @@ int runSimulate(const SimulateArguments& arguments) {
   });
   MenDatSim(session, form);
   if (!outcome) return kExitBadInput;
-  if (!arguments.outputFile.empty()) files.writeAll(arguments.outputFile, dataFileText(session.data));
   if (arguments.json) {
     outcome->report = Json::Object{
         {"settings", settings(session.sim, seed)}, {"truth", truth(session.par)}, {"fit", outcome->report}};
   }
   printOutcome(*outcome, arguments.json);
+  if (!arguments.outputFile.empty()) writeFile(files, arguments.outputFile, dataFileText(session.data));
   return outcome->failed ? kExitFailed : kExitDone;
 }
 

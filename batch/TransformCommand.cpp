@@ -73,7 +73,7 @@ int runTransform(const TransformArguments& arguments) {
   MenDatTra(session, form);
   if (!form.replaced()) return kExitBadInput;
   const std::string text = dataFileText(session.data);
-  if (!arguments.outputFile.empty()) files.writeAll(arguments.outputFile, text);
+  if (!arguments.outputFile.empty()) writeFile(files, arguments.outputFile, text);
   if (arguments.json) {
     std::cout << report(session.data).text() << '\n';
   } else if (arguments.outputFile.empty()) {

@@ -2,6 +2,7 @@
 
 #include <clocale>
 #include <limits>
+#include <string>
 
 namespace vk {
 namespace {
@@ -73,6 +74,30 @@ TEST(NumericScan, NeverLeavesTheRangeOfADouble) {
   EXPECT_EQ(scanNumber("1E400"), 1E40);
   EXPECT_EQ(scanNumber("1E-400"), 0);
   EXPECT_EQ(scanNumber("0.0000001E-320"), 0);
+  EXPECT_EQ(scanNumber("-1E308999"), -1E308);
+  EXPECT_EQ(scanNumber("12E+309"), 12E+30);
+}
+
+TEST(NumericScan, TakesTheDigitsThatFitOfAMantissaBeyondTheRange) {
+  const std::string nines(308, '9');
+  EXPECT_EQ(scanNumber(nines + "99"), std::stod(nines));
+  EXPECT_EQ(scanNumber("1" + std::string(309, '0')), 1E308);
+  EXPECT_EQ(scanNumber("-" + std::string(400, '1') + "E-5"), -std::stod(std::string(309, '1')));
+  EXPECT_EQ(scanNumber(std::string(400, '1') + "E-200"), std::stod(std::string(400, '1') + "E-200"));
+}
+
+TEST(NumericTest, SeesTheSizeOfANumberByMantissaAndExponentTogether) {
+  EXPECT_FALSE(isNumeric("1" + std::string(400, '0') + "E-50"));
+  EXPECT_FALSE(isNumeric("." + std::string(50, '0') + "1E+400"));
+  EXPECT_TRUE(isNumeric("." + std::string(400, '0') + "1E+50"));
+  EXPECT_EQ(scanNumber("-." + std::string(400, '0') + "1E+50"), 0);
+  EXPECT_TRUE(isNumeric("1" + std::string(50, '0') + "E-999999999999999999999"));
+  EXPECT_FALSE(isNumeric("." + std::string(50, '0') + "1E999999999999999999999"));
+}
+
+TEST(NumericScan, ReadsALongLineOfDigitsAtOnce) {
+  EXPECT_EQ(scanNumber(std::string(1000000, '1')), std::stod(std::string(309, '1')));
+  EXPECT_EQ(scanNumber("1E" + std::string(1000000, '9')), 1E99);
 }
 
 TEST(NumberText, DoesNotListenToTheLocale) {

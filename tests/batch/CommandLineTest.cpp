@@ -3,7 +3,9 @@
 namespace vk {
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 constexpr const char* kLine =
     "tempo (s)\r\nspazio (m)\r\n 5\r\n1 3.1 .1\r\n2 5.0 .1\r\n3 6.9 .1\r\n4 9.1 .1\r\n5 11.0 .1\r\n";
@@ -172,10 +174,11 @@ TEST(BatchFit, ABadDataFileIsToldWithItsOwnList) {
             "' --catalogue 1,1 --par c=0");
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_THAT(run.errors, HasSubstr("***ERR. Linea 4; Dato 3: tre"));
+  EXPECT_THAT(run.errors, EndsWith("   Dato NON numerico\n"));
 }
 
 TEST(BatchUsage, AResultThatCannotBeWrittenIsAFailure) {
-  // The shell ends with the code of the first command; what the helper adds behind it is not reached.
+  // The shell ends with the code of the first command; what the test adds behind it is not reached.
   EXPECT_EQ(batch("eval 1 > /dev/full; exit $?;").exitCode, 1);
   EXPECT_EQ(batch("--help > /dev/full; exit $?;").exitCode, 1);
 }
@@ -184,6 +187,28 @@ TEST(BatchUsage, WithoutACommandOrWithAnUnknownOneHelps) {
   EXPECT_EQ(batch("").exitCode, 2);
   EXPECT_EQ(batch("nonsense").exitCode, 2);
   EXPECT_EQ(batch("--help").exitCode, 0);
+}
+
+TEST(BatchUsage, HelpAndComplaintsAreItalian) {
+  const std::string end = "\nL'opzione --help elenca comandi e argomenti.\n";
+  EXPECT_EQ(batch("").errors, "Si attende un comando" + end);
+  EXPECT_EQ(batch("check").errors, "FILE: manca" + end);
+  EXPECT_EQ(batch("check A.DAT B.DAT").errors, "Argomento sconosciuto: B.DAT" + end);
+  EXPECT_THAT(batch("check A.DAT B.DAT C.DAT").errors, HasSubstr("Argomenti sconosciuti: "));
+  EXPECT_EQ(batch("fit A.DAT --file").errors, "--file: manca il valore" + end);
+  EXPECT_EQ(batch("fit A.DAT --file B.FCN --entry").errors, "--entry: manca il numero" + end);
+  EXPECT_EQ(batch("fit A.DAT --file B.FCN").errors, "--file richiede --entry" + end);
+  EXPECT_EQ(batch("fit A.DAT --file B.FCN --entry due").errors, "Valore errato: --entry = due" + end);
+  EXPECT_EQ(batch("fit A.DAT --function x --catalogue 1,1").errors, "--function esclude --catalogue" + end);
+  for (const char* words : {"--help", "fit --help", "check --help", "propagate --help"}) {
+    const std::string help = batch(words).output;
+    EXPECT_THAT(help, HasSubstr("Uso: vor_kel_batch")) << words;
+    EXPECT_THAT(help, HasSubstr("Opzioni:\n")) << words;
+    for (const char* english : {"ptions", "OPTIONS", "ommand", "REQUIRED", "TEXT", "INT", "Positionals",
+                                "Needs", "Excludes", "more"}) {
+      EXPECT_THAT(help, Not(HasSubstr(english))) << words;
+    }
+  }
 }
 
 }  // namespace

@@ -68,6 +68,13 @@ TEST(BatchPropagate, WritesTheHistogramAsADataFile) {
   EXPECT_EQ(fit.exitCode, 0) << fit.errors;
 }
 
+TEST(BatchPropagate, AHistogramThatCannotBeWrittenIsBadInputAndCostsNoResult) {
+  const BatchRun run = batch(kFlat + "--seed 1 --histogram /nowhere/at/all/H.DAT");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_THAT(run.errors, HasSubstr("/nowhere/at/all/H.DAT: Errore di run-time '76'"));
+  EXPECT_THAT(run.output, HasSubstr("Simulazione di Monte Carlo"));
+}
+
 TEST(BatchPropagate, AFailedPropagationHasExitCodeOne) {
   const BatchRun flat = batch("propagate --catalogue 1,1 --par c=3 --json");
   EXPECT_EQ(flat.exitCode, 1);
@@ -147,8 +154,12 @@ TEST(BatchSimulate, BadArgumentsAreBadInput) {
   }
 }
 
-TEST(BatchSimulate, AFileThatCannotBeWrittenIsAFailure) {
-  EXPECT_EQ(batch("simulate " + kLine + "--seed 1 -o /nowhere/at/all/OUT.DAT").exitCode, 1);
+TEST(BatchSimulate, AFileThatCannotBeWrittenIsBadInputAndCostsNoResult) {
+  const BatchRun run = batch("simulate " + kLine + "--seed 1 -o /nowhere/at/all/OUT.DAT");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.errors,
+            "/nowhere/at/all/OUT.DAT: Errore di run-time '76':\n\nImpossibile trovare il percorso\n");
+  EXPECT_THAT(run.output, HasSubstr("Completata"));
 }
 
 // ---- transform ---------------------------------------------------------------------------------------------
@@ -172,6 +183,12 @@ TEST(BatchTransform, WritesAFile) {
             "t\r\ns\r\n 2 1\r\n"
             "  1.00000E+00   2.00000E+00   2.00000E-02   1.10000E-01 \r\n"
             "  3.00000E+00   4.00000E+00   4.00000E-02   2.20000E-01 \r\n");
+}
+
+TEST(BatchTransform, AFileThatCannotBeWrittenIsBadInput) {
+  const BatchRun run = batch("transform " + dataFile() + "-o /nowhere/at/all/OUT.DAT");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_THAT(run.errors, HasSubstr("/nowhere/at/all/OUT.DAT: Errore di run-time '76'"));
 }
 
 TEST(BatchTransform, GivesTheColumnsAsOneObject) {

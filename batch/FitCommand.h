@@ -18,7 +18,7 @@ struct FitArguments {
   ModelArguments model;
   std::vector<EnteredValue> parameters;  ///< with a formula also its parameters, in their order
   bool json = false;
-  FigureFiles figures;
+  WantedFigures figures;
 };
 
 /// What a fit has to say at a terminal.

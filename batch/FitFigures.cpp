@@ -24,7 +24,7 @@ std::string asSaved(const std::string& text) {
 
 }  // namespace
 
-FitFigures::FitFigures(const FigureFiles& wanted, FigureMaker* maker) : wanted_(wanted) {
+FitFigures::FitFigures(const WantedFigures& wanted, FigureMaker* maker) : wanted_(wanted) {
   if (wanted.figure.empty()) {
     form_.device = quietForm();
   } else {

@@ -8,7 +8,7 @@
 namespace vk {
 
 /// The files that `fit` makes of its figures; what has no name is not made.
-struct FigureFiles {
+struct WantedFigures {
   std::string figure;       ///< data and function, drawn
   std::string graphicFile;  ///< the same as a graphic file
   std::string differences;  ///< differences of data and function, as a data file
@@ -18,7 +18,7 @@ struct FigureFiles {
 class FitFigures {
  public:
   /// A name with a wrong ending raises `UsageError` now, before the work begins.
-  FitFigures(const FigureFiles& wanted, FigureMaker* maker);
+  FitFigures(const WantedFigures& wanted, FigureMaker* maker);
 
   /// Makes the files from the session's data and function. False when the function cannot be computed, which
   /// is told on the error stream. A file that cannot be written raises `UsageError`.
@@ -28,7 +28,7 @@ class FitFigures {
   bool writeFunction(Session& session);
   bool writeDifferences(Session& session) const;
 
-  FigureFiles wanted_;
+  WantedFigures wanted_;
   FigureForm form_;
 };
 

@@ -4,4 +4,5 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 mode=(--dry-run --Werror)
 [ "${1:-}" = --fix ] && mode=(-i)
-git ls-files -co --exclude-standard '*.cpp' '*.h' | xargs clang-format "${mode[@]}"
+find . \( -path './build*' -o -path './.?*' \) -prune -o \( -name '*.cpp' -o -name '*.h' \) -print0 |
+  xargs -0 clang-format "${mode[@]}"

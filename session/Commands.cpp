@@ -1,6 +1,5 @@
 #include "session/Commands.h"
 
-#include <algorithm>
 #include <array>
 
 namespace vk {
@@ -74,12 +73,6 @@ constexpr std::array kTable{
 
 std::span<const Command> commandTable() {
   return kTable;
-}
-
-const Command* findCommand(std::string_view control) {
-  const auto found = std::find_if(kTable.begin(), kTable.end(),
-                                  [&](const Command& command) { return command.control == control; });
-  return found == kTable.end() ? nullptr : &*found;
 }
 
 }  // namespace vk

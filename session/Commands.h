@@ -27,7 +27,4 @@ struct Command {
 /// All entries in the order of the menus, each behind its parent.
 std::span<const Command> commandTable();
 
-/// The entry of a control name; nothing for a name that is none.
-const Command* findCommand(std::string_view control);
-
 }  // namespace vk

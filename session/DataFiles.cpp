@@ -193,10 +193,11 @@ std::string TranslateDosText(const std::string& text) {
 void CheckDataFile(Session& session, Files& files, const std::string& fileName, std::string& errorText,
                    Int16& declaredCount, Int16& validCount, Flag& hasXErrors) {
   session.ErrFlag = 0;
-  const std::string bytes = files.readAll(fileName);
+  Array<std::string> lines;
+  int count = 0;
+  ReadTextLines(files, fileName, lines, count);
   Checker checker;
-  int number = 0;
-  for (const std::string_view line : splitLines(bytes).lines) checker.take(++number, line);
+  for (int number = 1; number <= count; ++number) checker.take(number, lines[number]);
   checker.finish();
   if (!checker.errorText.empty()) session.ErrFlag = kTrue;
   errorText = checker.errorText;

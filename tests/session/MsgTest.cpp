@@ -1,5 +1,7 @@
 #include "session/Msg.h"
 
+#include <algorithm>
+
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 #include "session/Commands.h"
@@ -181,7 +183,9 @@ TEST_F(MsgTest, TwiceGivesTheSameStateForEveryCombinationOfFlags) {
 TEST_F(MsgTest, NamesOnlyEntriesOfTheTable) {
   session.DataDefined = session.FunDefined = session.ParVar = session.FunFileRead = session.GraDefined =
       kTrue;
-  for (const auto& [control, on] : sessionDisplay(session).enabled) EXPECT_NE(findCommand(control), nullptr);
+  for (const auto& [control, on] : sessionDisplay(session).enabled) {
+    EXPECT_EQ(std::ranges::count(commandTable(), control, &Command::control), 1) << control;
+  }
 }
 
 TEST(FileBaseName, IsWhatStandsBehindTheLastSeparator) {

@@ -1,6 +1,6 @@
 # Installs the drawing library and its devices, takes the program out of the README as it stands there, builds
 # it against the installed packages, runs it and looks at what it wrote.
-# Variables: SOURCE and BUILD folder, FLAGS for the compiler.
+# Variables: SOURCE and BUILD folder, GENERATOR of the build, FLAGS for the compiler.
 
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output
@@ -28,7 +28,8 @@ take(cmake CMakeLists.txt)
 foreach(component gral qt_devices)
   run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${work}/prefix --component ${component})
 endforeach()
-run(${CMAKE_COMMAND} -S ${work} -B ${work}/build -DCMAKE_PREFIX_PATH=${work}/prefix "-DCMAKE_CXX_FLAGS=${FLAGS}")
+run(${CMAKE_COMMAND} -S ${work} -B ${work}/build -G ${GENERATOR} -DCMAKE_PREFIX_PATH=${work}/prefix
+  "-DCMAKE_CXX_FLAGS=${FLAGS}")
 run(${CMAKE_COMMAND} --build ${work}/build)
 run(${work}/build/decay)
 foreach(expected "png;89504e47" "svg;3c3f786d" "pdf;25504446")

@@ -49,6 +49,7 @@ class FitObserver {
   virtual void failed() = 0;
 };
 
+/// How a fit ended.
 enum class FitStatus {
   kCompleted,
   kUnreliable,  ///< completed, but the accuracy asked for stayed coarse against the error

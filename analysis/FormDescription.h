@@ -8,6 +8,7 @@
 /// Fills the tables of the input form. Rows and columns are character cells, from 1.
 namespace vk {
 
+/// A field of the form with its prompt.
 struct FormField {
   int row = 0;
   int promptColumn = 0;
@@ -19,10 +20,12 @@ struct FormField {
   std::string value;
 };
 
+/// A frame, by the cells of its corners.
 struct FormRectangle {
   int top, left, bottom, right;
 };
 
+/// A fixed text.
 struct FormText {
   int row, column;
   std::string text;

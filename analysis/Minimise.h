@@ -55,6 +55,7 @@ enum class MinimiseEnd {
   kIndistinguishable,  ///< parameters whose effects cannot be told apart; error flag -1
 };
 
+/// What came of a minimisation; after a failure only the figures up to it.
 struct MinimiseResult {
   MinimiseEnd end = MinimiseEnd::kCompleted;
   int parameter = 0;    ///< the one without effect, from 1
@@ -67,6 +68,7 @@ struct MinimiseResult {
   CorrelationMatrix correlation;
 };
 
+/// How a minimisation goes on; the values here are those of the fit.
 struct MinimiseOptions {
   Int16 icon = 1;      ///< progress every icon * N iterations; 0 for none
   Int16 maxit = 1000;  ///< residual computations of a pass, above which the iterations end

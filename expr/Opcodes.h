@@ -90,6 +90,7 @@ static_assert(kOpBinomialDensity == 26 && kOpNormalDensity == 30 && kOpFisherCum
 static_assert(kOpLowerTail == 38 && kOpInt == 41 && kOpClosing == 108 && kOpNegate == 109);
 static_assert(kFunctionCount == 32);
 
+/// A row of the table.
 struct Operation {
   int opcode;
   std::string_view name;

@@ -14,6 +14,7 @@ using Color = std::int32_t;
 inline constexpr Color kBlack = 0x000000;
 inline constexpr Color kWhite = 0xFFFFFF;
 
+/// How the inside of a rectangle or ellipse is filled.
 enum FillStyles : int {
   kFillSolid = 0,
   kFillTransparent = 1,
@@ -25,6 +26,7 @@ enum FillStyles : int {
   kFillDiagonalCross = 7,
 };
 
+/// How a line of one nominal pixel is drawn.
 enum DrawStyles : int {
   kDrawSolid = 0,
   kDrawDash = 1,
@@ -35,6 +37,7 @@ enum DrawStyles : int {
   kDrawInside = 6,  ///< drawn as solid
 };
 
+/// Units of the size of a drawing area.
 enum ScaleModes : int { kScaleTwips = 1, kScalePixels = 3 };
 
 inline constexpr double kTwipsPerInch = 1440;
@@ -48,6 +51,7 @@ inline constexpr double kNominalTwipsPerPixel = 15;
 inline constexpr double kA4ShortSide = 11420;  ///< 20.14 cm
 inline constexpr double kA4LongSide = 16360;   ///< 28.86 cm
 
+/// A pixel of a device, from 0 at the left and the top.
 struct PixelPoint {
   std::int32_t x = 0, y = 0;
   bool operator==(const PixelPoint&) const = default;

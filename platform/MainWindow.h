@@ -12,6 +12,7 @@ class MainWindow {
  public:
   virtual ~MainWindow() = default;
 
+  /// State and look of a menu entry.
   virtual void setMenuEnabled(const std::string& control, bool enabled) = 0;
   virtual void setMenuVisible(const std::string& control, bool visible) = 0;
   virtual void setMenuChecked(const std::string& control, bool checked) = 0;
@@ -24,6 +25,7 @@ class MainWindow {
 
   /// Shuts all input out, or lets it in again. Input that came while it was shut out is dropped.
   virtual void setEnabled(bool enabled) = 0;
+  /// Paints at once what has changed.
   virtual void refresh() = 0;
   virtual void toFront() = 0;
 

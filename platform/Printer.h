@@ -27,6 +27,7 @@ class Printer {
   /// True when there is a printer; without one the pages go to a PDF file that the user names.
   virtual bool present() = 0;
 
+  /// A `PaperOrientation`.
   virtual Int16 Orientation() = 0;
   virtual void setOrientation(Int16 orientation) = 0;
 

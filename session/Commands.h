@@ -7,6 +7,7 @@
 /// finds its handlers.
 namespace vk {
 
+/// What an entry does when it is chosen.
 enum class CommandKind {
   kMenu,     ///< opens its sub-entries
   kCommand,  ///< runs a handler
@@ -15,8 +16,9 @@ enum class CommandKind {
   kNothing,  ///< has no command
 };
 
+/// One entry.
 struct Command {
-  std::string_view control;
+  std::string_view control;  ///< its name
   std::string_view parent;   ///< control of the menu that holds it; empty for the five top menus
   std::string_view caption;  ///< Windows-1252, "&" before the access key
   CommandKind kind;

@@ -10,6 +10,7 @@
 /// The one way to a file name, and the lists of the files read last.
 namespace vk {
 
+/// What a file is picked for.
 enum PickMode : int {
   kPickExisting = 0,  ///< a file to be read, which must exist
   kPickForEditor = 1,

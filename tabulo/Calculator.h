@@ -25,7 +25,9 @@ class Calculator {
   /// Calculates a line. True when it joins the history; else `error` tells why and nothing else changes.
   bool enter(const std::string& line);
 
+  /// Why the last line failed; empty after a good one.
   const std::string& error() const { return error_; }
+  /// The lines calculated so far, the oldest first.
   const std::vector<Entry>& history() const { return history_; }
   /// The named values in the order in which they got their names, `ris` not among them.
   const std::vector<NamedValue>& values() const { return values_; }

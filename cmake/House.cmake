@@ -31,10 +31,13 @@ function(vor_room name)
   endif()
 endfunction()
 
-# vor_test(name [ROOMS room ...] [LIBS target ...]): one test program from tests/<name>/*.cpp.
+# vor_test(name [ROOMS room ...] [LIBS target ...] [WITHOUT file ...]): one test program from tests/<name>/*.cpp.
 function(vor_test name)
-  cmake_parse_arguments(TEST "" "" "ROOMS;LIBS" ${ARGN})
+  cmake_parse_arguments(TEST "" "" "ROOMS;LIBS;WITHOUT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
+  foreach(file ${TEST_WITHOUT})
+    list(REMOVE_ITEM sources ${CMAKE_CURRENT_SOURCE_DIR}/${name}/${file})
+  endforeach()
   if(NOT sources)
     return()
   endif()
@@ -45,7 +48,6 @@ function(vor_test name)
   target_precompile_headers(${target} PRIVATE <gtest/gtest.h> <gmock/gmock.h>)
   # Tests spend their time in the rooms; to optimise their own code would take most of a build.
   target_compile_options(${target} PRIVATE -O0)
-  target_compile_definitions(${target} PRIVATE VOR_SOURCE_DIR="${CMAKE_SOURCE_DIR}" VOR_BINARY_DIR="${CMAKE_BINARY_DIR}")
   add_test(NAME ${target} COMMAND ${target})
 endfunction()
 

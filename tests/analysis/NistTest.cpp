@@ -6,6 +6,7 @@
 
 #include "analysis/FitFixture.h"
 #include "analysis/LinearisedErrors.h"
+#include "doubles/Places.h"
 #include "platform/system/SystemFiles.h"
 #include "session/DataFiles.h"
 
@@ -160,7 +161,7 @@ class Nist : public testing::TestWithParam<Problem> {
  protected:
   static void load(FitCase& fit) {
     SystemFiles files;
-    LoadDataFile(fit.session, files, VOR_SOURCE_DIR "/tests/analysis/nist/" + GetParam().name + ".DAT",
+    LoadDataFile(fit.session, files, sourcePath("tests/analysis/nist/" + GetParam().name + ".DAT"),
                  GetParam().points, kFalse);
   }
 

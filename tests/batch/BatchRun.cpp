@@ -7,6 +7,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "doubles/Places.h"
 #include "doubles/TemporaryFolder.h"
 
 namespace vk {
@@ -40,8 +41,8 @@ std::string temporaryFile(const std::string& name, const std::string& content) {
 BatchRun batch(const std::string& words) {
   const std::string out = temporaryFile("stdout", "");
   const std::string err = temporaryFile("stderr", "");
-  const std::string command = "cd '" VOR_SOURCE_DIR "' && '" VOR_BINARY_DIR "/batch/vor_kel_batch' " + words +
-                              " > '" + out + "' 2> '" + err + "'";
+  const std::string command = "cd '" + sourcePath("") + "' && '" + builtPath("batch/vor_kel_batch") + "' " +
+                              words + " > '" + out + "' 2> '" + err + "'";
   const int status = std::system(command.c_str());
   return {WEXITSTATUS(status), fileContent(out), fileContent(err)};
 }

@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "batch/BatchRun.h"
+#include "doubles/Places.h"
 
 namespace vk {
 namespace {
@@ -59,15 +60,15 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ExampleFiles, AreWhatTheirGeneratorMakes) {
   const std::string folder = std::filesystem::path(temporaryFile("x", "")).parent_path().string();
-  ASSERT_EQ(std::system(("'" VOR_BINARY_DIR "/examples/make_examples' '" + folder + "'").c_str()), 0);
+  ASSERT_EQ(std::system(("'" + builtPath("examples/make_examples") + "' '" + folder + "'").c_str()), 0);
   for (const char* name : {"ohm.dat", "decay.dat", "resonance.dat", "pendulum.dat", "thermocouple.dat"}) {
-    EXPECT_EQ(fileContent(folder + "/" + name), fileContent(VOR_SOURCE_DIR "/examples/" + std::string(name)))
+    EXPECT_EQ(fileContent(folder + "/" + name), fileContent(sourcePath("examples/" + std::string(name))))
         << name;
   }
 }
 
 TEST(ExampleFiles, AllPassTheirCheck) {
-  for (const auto& entry : std::filesystem::directory_iterator(VOR_SOURCE_DIR "/examples")) {
+  for (const auto& entry : std::filesystem::directory_iterator(sourcePath("examples"))) {
     const std::string extension = entry.path().extension();
     if (extension != ".dat" && extension != ".fcn") continue;
     const BatchRun run = batch("check '" + entry.path().string() + "'");

@@ -2,6 +2,7 @@
 
 #include "base/NumberText.h"
 #include "batch/BatchRun.h"
+#include "doubles/Places.h"
 
 namespace vk {
 namespace {
@@ -22,7 +23,7 @@ std::string freshPath(const std::string& name) {
 
 /// A sample file, with the names of other samples as they are from the root of the sources.
 std::string sampleText(const std::string& name) {
-  std::string text = fileContent(VOR_SOURCE_DIR "/examples/" + name);
+  std::string text = fileContent(sourcePath("examples/" + name));
   for (std::size_t at = 0; (at = text.find("ohm.dat", at)) != std::string::npos; at += 16) {
     text.insert(at, "examples/");
   }
@@ -92,11 +93,9 @@ TEST(BatchFit, AFailedFitMakesNoFigures) {
 
 TEST(BatchProgram, StartsWithoutTheToolkit) {
   const std::string libraries = temporaryFile("libraries", "");
-  ASSERT_EQ(std::system(("ldd '" VOR_BINARY_DIR "/batch/vor_kel_batch' > '" + libraries + "'").c_str()), 0);
+  ASSERT_EQ(std::system(("ldd '" + builtPath("batch/vor_kel_batch") + "' > '" + libraries + "'").c_str()), 0);
   EXPECT_THAT(fileContent(libraries), Not(HasSubstr("Qt")));
 }
-
-#ifdef VOR_HAS_FIGURES
 
 TEST(BatchDraw, MakesAnImage) {
   const std::string image = freshPath("OUT.png");
@@ -151,8 +150,6 @@ TEST(BatchDraw, WithoutTheProgramThatDrawsItIsNamed) {
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_THAT(run.errors, HasSubstr("vor_kel_figures"));
 }
-
-#endif
 
 }  // namespace
 }  // namespace vk

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "doubles/Places.h"
 #include "grafile/DrawingLines.h"
 #include "grafile/ExampleFolder.h"
 #include "grafile/FigureFixture.h"
@@ -44,9 +45,8 @@ TEST(ExampleFigureFiles, AreThreeForEachSampleAndTwoWrittenByHand) {
 
 TEST(ExampleFigureFiles, AreWhatTheirGeneratorMakes) {
   const TemporaryFolder folder;
-  const std::string command = "cd '" VOR_SOURCE_DIR "/examples' && '" VOR_BINARY_DIR
-                              "/examples/make_figures' '" +
-                              folder.path() + "'";
+  const std::string command = "cd '" + sourcePath("examples") + "' && '" +
+                              builtPath("examples/make_figures") + "' '" + folder.path() + "'";
   ASSERT_EQ(std::system(command.c_str()), 0);
   int made = 0;
   for (const auto& [name, content] : exampleFiles()) {

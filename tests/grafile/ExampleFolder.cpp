@@ -1,4 +1,5 @@
 #include "grafile/ExampleFolder.h"
+#include "doubles/Places.h"
 
 #include <filesystem>
 
@@ -9,7 +10,7 @@ namespace vk {
 std::map<std::string, std::string> exampleFiles() {
   SystemFiles disk;
   std::map<std::string, std::string> content;
-  for (const auto& entry : std::filesystem::directory_iterator(VOR_SOURCE_DIR "/examples")) {
+  for (const auto& entry : std::filesystem::directory_iterator(sourcePath("examples"))) {
     const std::string extension = entry.path().extension();
     if (extension != ".dat" && extension != ".fcn" && extension != ".gra") continue;
     content[entry.path().filename()] = disk.readAll(entry.path());

@@ -1,6 +1,7 @@
 #include <sstream>
 
 #include "base/Text.h"
+#include "doubles/Places.h"
 #include "expr/FunMod.h"
 #include "grafile/DrawingLines.h"
 #include "grafile/FigureFixture.h"
@@ -17,7 +18,7 @@ struct PageExample {
 
 std::vector<PageExample> pageExamples() {
   SystemFiles disk;
-  std::istringstream page(disk.readAll(VOR_SOURCE_DIR "/docs/formats.md"));
+  std::istringstream page(disk.readAll(sourcePath("docs/formats.md")));
   std::vector<PageExample> examples;
   bool inside = false;
   for (std::string line; std::getline(page, line);) {

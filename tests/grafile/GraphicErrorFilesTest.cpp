@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "doubles/Places.h"
 #include "grafile/FigureFixture.h"
 #include "platform/system/SystemFiles.h"
 #include "session/TextLines.h"
@@ -8,7 +9,7 @@
 namespace vk {
 namespace {
 
-const std::string kFolder = VOR_SOURCE_DIR "/tests/grafile/errors/";
+const std::string kFolder = sourcePath("tests/grafile/errors/");
 constexpr std::string_view kExpected = "%=";
 
 /// A graphic file that tells the list of its errors itself, in comments.

@@ -4,13 +4,14 @@
 
 #include "GralFixture.h"
 #include "docs/gallery/Sheets.h"
+#include "doubles/Places.h"
 #include "gral/NoPrinter.h"
 
 namespace vk {
 namespace {
 
 std::string referenceFile(const std::string& name) {
-  return std::string(VOR_SOURCE_DIR) + "/tests/gral/references/" + name + ".txt";
+  return sourcePath("tests/gral/references/" + name + ".txt");
 }
 
 /// Compares a drawing with its reference line by line. Under VOR_RENEW_REFERENCES the reference is written

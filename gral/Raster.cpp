@@ -80,7 +80,8 @@ std::uint32_t meanOf(const std::uint32_t* corner, int rowLength, Factor factor) 
 
 }  // namespace
 
-Nib::Nib(int width) {
+Nib::Nib(int width) : width_(width) {
+  if (!hasRows()) return;
   const double centre = (width - 1) / 2.0;
   const double radius = width / 2.0;
   for (int i = 0; i < width; ++i) {
@@ -160,6 +161,7 @@ void Raster::paint(int y, int x1, int x2, const Brush& brush) {
 // ---- Lines
 
 void Raster::line(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32_t color) {
+  if (!nib.hasRows()) return wideLine(a, b, nib.width(), color);
   if (a.y == b.y) return horizontalLine(a.y, std::min(a.x, b.x), std::max(a.x, b.x), nib, color);
   if (a.x == b.x) return verticalLine(a.x, std::min(a.y, b.y), std::max(a.y, b.y), nib, color);
   slantedLine(a, b, nib, color);
@@ -216,6 +218,41 @@ void Raster::slantedLine(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32
 
 void Raster::stamp(int x, int y, const Nib& nib, std::uint32_t color) {
   for (const Nib::Row& row : nib.rows()) span(y + row.y, x + row.x1, x + row.x2 + 1, color);
+}
+
+/// The pixels within half a width of the line, row by row; of an even width the tip's centre lies half a pixel
+/// left and above.
+void Raster::wideLine(PixelPoint a, PixelPoint b, int width, std::uint32_t color) {
+  const double centre = width % 2 == 0 ? -0.5 : 0, radius = width / 2.0;
+  const double ax = a.x + centre, ay = a.y + centre, bx = b.x + centre, by = b.y + centre;
+  const double dx = bx - ax, dy = by - ay, length = std::hypot(dx, dy);
+  const double left = std::min(ax, bx) - radius - 1, right = std::max(ax, bx) + radius + 1;
+  const int first = ceilWithin(std::min(ay, by) - radius, clip_.y1, clip_.y2);
+  const int last = ceilWithin(std::floor(std::max(ay, by) + radius) + 1, clip_.y1, clip_.y2);
+  for (int y = first; y < last; ++y) {
+    double from = right, to = left;
+    const auto reach = [&](double x1, double x2) {
+      from = std::min(from, x1);
+      to = std::max(to, x2);
+    };
+    const auto roundEnd = [&](double x, double yEnd) {
+      const double square = radius * radius - (y - yEnd) * (y - yEnd);
+      if (square >= 0) reach(x - std::sqrt(square), x + std::sqrt(square));
+    };
+    const auto side = [&](double shift) {
+      const double beyond = (y - ay - shift * dx / length) / dy;  // part of the line that lies above
+      if (beyond < 0 || beyond > 1) return;
+      const double x = ax - shift * dy / length + beyond * dx;
+      reach(x, x);
+    };
+    roundEnd(ax, ay);
+    roundEnd(bx, by);
+    if (dy != 0) {
+      side(radius);
+      side(-radius);
+    }
+    span(y, ceilWithin(from, clip_.x1, clip_.x2), ceilWithin(std::floor(to) + 1, clip_.x1, clip_.x2), color);
+  }
 }
 
 // ---- Areas

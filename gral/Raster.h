@@ -18,18 +18,24 @@ struct GlyphMask {
 /// The tip of a pen: a round spot of whole pixels.
 class Nib {
  public:
+  /// Tips wider than this have no rows: their lines are found row by row of the picture, so that they cost no
+  /// more than what is seen of them.
+  static constexpr int kWidestWithRows = 64;
+
   explicit Nib(int width = 1);
 
   /// The pixels x1..x2 of a row, from the pixel at the tip's centre.
   struct Row {
     int y, x1, x2;
   };
-  int width() const { return static_cast<int>(rows_.size()); }
+  int width() const { return width_; }
+  bool hasRows() const { return width_ <= kWidestWithRows; }
   const std::vector<Row>& rows() const { return rows_; }
   /// The row y; the one at 0 is the widest.
   const Row& row(int y) const { return rows_[static_cast<std::size_t>(y - rows_.front().y)]; }
 
  private:
+  int width_;
   std::vector<Row> rows_;
 };
 
@@ -68,6 +74,8 @@ class Raster {
 
   /// Limits all drawing; none for the whole picture.
   void clip(const PixelRect* region);
+  /// The pixels that can be drawn on.
+  const PixelRect& seen() const { return clip_; }
 
   /// The pixels x1 <= x < x2 of a row.
   void span(int y, int x1, int x2, std::uint32_t color);
@@ -109,6 +117,7 @@ class Raster {
   void verticalLine(int x, double y1, double y2, const Nib& nib, std::uint32_t color);
   void slantedLine(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32_t color);
   void stamp(int x, int y, const Nib& nib, std::uint32_t color);
+  void wideLine(PixelPoint a, PixelPoint b, int width, std::uint32_t color);
 
   int width_ = 0;
   int height_ = 0;

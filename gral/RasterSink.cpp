@@ -174,7 +174,10 @@ void RasterSink::text(const TextRun& run) {
   double x = run.x, y = run.y;
   for (const char c : run.text) {
     const auto code = static_cast<unsigned char>(c);
-    raster_.mask(pixelAt(x, y), glyphs_.glyph(symbol, code, pixels, run.angle), penColor_);
+    const PixelPoint corner = pixelAt(x, y);
+    const PixelRect& whole = raster_.seen();
+    const PixelRect seen{whole.x1 - corner.x, whole.y1 - corner.y, whole.x2 - corner.x, whole.y2 - corner.y};
+    raster_.mask(corner, glyphs_.glyph(symbol, code, pixels, run.angle, seen), penColor_);
     const double advance = glyphs_.advance(symbol, code) * twips;
     x += advance * std::cos(radians);
     y -= advance * std::sin(radians);

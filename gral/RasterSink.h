@@ -11,9 +11,10 @@ namespace vk {
 /// Where the shapes of letters come from, with their widths.
 class GlyphSource : public LetterMetrics {
  public:
-  /// A letter at a size in pixels, turned counter-clockwise by degrees about the corner of its cell. The mask
-  /// is good until the next call.
-  virtual const GlyphMask& glyph(bool symbol, unsigned char code, double pixels, double angle) = 0;
+  /// A letter at a size in pixels, turned counter-clockwise by degrees about the corner of its cell; of a large
+  /// letter at least what lies within `seen`, told from that corner too. The mask is good until the next call.
+  virtual const GlyphMask& glyph(bool symbol, unsigned char code, double pixels, double angle,
+                                 const PixelRect& seen) = 0;
 };
 
 /// Draws on a raster whose nominal pixels consist of `ratio` x `ratio` pixels.

@@ -11,7 +11,8 @@ class BlockLetters : public GlyphSource {
   double advance(bool, unsigned char code) override { return code == ' ' ? 0.25 : 0.5; }
   double lineHeight(bool) override { return 1; }
   double ascent(bool) override { return 0.9; }
-  const GlyphMask& glyph(bool symbol, unsigned char code, double pixels, double angle) override {
+  const GlyphMask& glyph(bool symbol, unsigned char code, double pixels, double angle,
+                         const PixelRect&) override {
     asked.push_back({symbol, code, pixels, angle});
     mask_ = {0, 0, static_cast<int>(pixels / 2), static_cast<int>(pixels * 0.9), {}};
     mask_.pixels.assign(static_cast<std::size_t>(mask_.width) * static_cast<std::size_t>(mask_.height), 1);

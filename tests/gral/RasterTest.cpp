@@ -1,5 +1,6 @@
 #include "gral/Raster.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -80,6 +81,52 @@ TEST_F(RasterPicture, WideLineIsItsSpotMovedAlong) {
       EXPECT_EQ(rowsOf(raster), found) << width;
     }
   }
+}
+
+/// The pixels whose distance from a segment is at most half the width, counted from where the tip's centre is.
+int pixelsNear(PixelPoint a, PixelPoint b, int width, int sizeX, int sizeY, Raster& expected) {
+  const double centre = width % 2 == 0 ? -0.5 : 0;
+  expected.reset(sizeX, sizeY, kPaper);
+  for (int y = 0; y < sizeY; ++y) {
+    for (int x = 0; x < sizeX; ++x) {
+      const double px = x - a.x - centre, py = y - a.y - centre;
+      const double dx = b.x - a.x, dy = b.y - a.y, square = dx * dx + dy * dy;
+      const double along = square == 0 ? 0 : std::clamp((px * dx + py * dy) / square, 0.0, 1.0);
+      if (std::hypot(px - along * dx, py - along * dy) <= width / 2.0) expected.set(x, y, kInk);
+    }
+  }
+  return inkOf(expected);
+}
+
+TEST_F(RasterPicture, LineOfAVeryWidePenIsAllThatIsNearIt) {
+  const PixelPoint middle{150, 120};
+  for (const int width : {Nib::kWidestWithRows + 1, Nib::kWidestWithRows + 2, 101}) {
+    for (const PixelPoint end : {PixelPoint{150, 120},
+                                 {230, 120},
+                                 {60, 120},
+                                 {150, 180},
+                                 {150, 70},
+                                 {210, 140},
+                                 {170, 190},
+                                 {70, 100},
+                                 {130, 60},
+                                 {90, 170},
+                                 {-2000, 900}}) {
+      clean(300, 240);
+      line(middle, end, width);
+      Raster expected;
+      ASSERT_GT(pixelsNear(middle, end, width, 300, 240, expected), 3000);
+      EXPECT_EQ(raster.pixels(), expected.pixels()) << width << " to " << end.x << ", " << end.y;
+    }
+  }
+}
+
+TEST_F(RasterPicture, PenOfAnyWidthHasATipOfFewRows) {
+  EXPECT_EQ(Nib(Nib::kWidestWithRows).rows().size(), static_cast<std::size_t>(Nib::kWidestWithRows));
+  EXPECT_TRUE(Nib(2000000000).rows().empty());
+  EXPECT_EQ(Nib(2000000000).width(), 2000000000);
+  line({-100, 3}, {100, 5}, 2000000000);
+  EXPECT_EQ(inkOf(raster), 8 * 6);
 }
 
 TEST_F(RasterPicture, LinesOutOfAllBoundsAreCutToThePicture) {

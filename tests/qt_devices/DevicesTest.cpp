@@ -1,5 +1,7 @@
 #include <QGuiApplication>
 #include <QImage>
+#include <QPainterPath>
+#include <QRawFont>
 #include <clocale>
 #include <cmath>
 
@@ -59,11 +61,76 @@ TEST_F(Letters, WidthsGrowExactlyWithTheSize) {
 }
 
 TEST_F(Letters, MasksAreKeptAndTurned) {
-  const GlyphMask upright = letters().glyph(false, 'l', 40, 0);
-  const GlyphMask turned = letters().glyph(false, 'l', 40, 90);
+  const GlyphMask upright = letters().glyph(false, 'l', 40, 0, {});
+  const GlyphMask turned = letters().glyph(false, 'l', 40, 90, {});
   EXPECT_GT(upright.height, 2 * upright.width);
   EXPECT_GT(turned.width, 2 * turned.height);
-  EXPECT_EQ(upright.pixels, letters().glyph(false, 'l', 40, 0).pixels);
+  EXPECT_EQ(upright.pixels, letters().glyph(false, 'l', 40, 0, {}).pixels);
+}
+
+TEST_F(Letters, KeepShapesOfAnySizesInBoundedMemory) {
+  constexpr std::size_t kMost = 16U << 20;
+  QtLetters own;
+  std::size_t most = 0;
+  for (int size = 100; size < 700; ++size) {
+    EXPECT_GT(own.glyph(false, 'W', size, 0, {0, 0, 1000, 1000}).pixels.size(), 1000U);
+    most = std::max(most, own.keptBytes());
+  }
+  EXPECT_LE(most, kMost);
+  EXPECT_GT(most, kMost / 2);
+}
+
+/// True where a letter of this size in pixels is black, seen from the corner of its cell.
+bool insideLetter(QtLetters& letters, char letter, double pixels, double angle, double x, double y) {
+  QFont font(QString::fromStdString(letters.face(false, static_cast<unsigned char>(letter))));
+  font.setPixelSize(1000);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  const QRawFont raw = QRawFont::fromFont(font);
+  const QPainterPath outline =
+      raw.pathForGlyph(raw.glyphIndexesForString(QString(QLatin1Char(letter))).front());
+  QTransform turn;
+  turn.rotate(-angle);
+  turn.scale(pixels / 1000, pixels / 1000);
+  turn.translate(0, letters.ascent(false) * 1000);
+  return outline.contains(turn.inverted().map(QPointF(x, y)));
+}
+
+TEST_F(Letters, LargeLetterIsDrawnAsFarAsItIsSeen) {
+  constexpr double kPixels = 32767 * 20.0 * 4 / 15;
+  for (const double angle : {0.0, 90.0, 30.0}) {
+    for (const PixelRect seen :
+         {PixelRect{0, 0, 3000, 2000}, PixelRect{60000, 90000, 63000, 92000},
+          PixelRect{98000, -100000, 101000, -98000}, PixelRect{40000, 44000, 80000, 44100},
+          PixelRect{20000, 120000, 20100, 160000}}) {
+      const GlyphMask mask = letters().glyph(false, 'A', kPixels, angle, seen);
+      ASSERT_LE(mask.width, seen.x2 - seen.x1);
+      ASSERT_LE(mask.height, seen.y2 - seen.y1);
+      int wrong = 0;
+      for (int y = seen.y1 + 7; y < seen.y2; y += 97) {
+        for (int x = seen.x1 + 7; x < seen.x2; x += 97) {
+          const int column = x - mask.left, row = y - mask.top;
+          const bool within = column >= 0 && column < mask.width && row >= 0 && row < mask.height;
+          const bool black =
+              within && mask.pixels[static_cast<std::size_t>(row) * static_cast<std::size_t>(mask.width) +
+                                    static_cast<std::size_t>(column)] != 0;
+          const bool expected = insideLetter(letters(), 'A', kPixels, angle, x + 0.5, y + 0.5);
+          // Outlines are told in steps of their own: beside the edge either is right.
+          if (black != expected && insideLetter(letters(), 'A', kPixels, angle, x - 40, y) == expected &&
+              insideLetter(letters(), 'A', kPixels, angle, x + 40, y) == expected) {
+            ++wrong;
+          }
+        }
+      }
+      EXPECT_EQ(wrong, 0) << angle << " degrees, from " << seen.x1 << ", " << seen.y1;
+    }
+  }
+}
+
+TEST_F(Letters, LetterOfAnySizeCostsNoMoreThanThePage) {
+  const std::size_t before = letters().keptBytes();
+  ImageDevice image(letters());
+  drawOn(image, [](GralCls& g) { g.GralWPrint(5, 5, 1, 0, 32767, "A"); });
+  EXPECT_EQ(letters().keptBytes(), before);
 }
 
 TEST_F(Letters, LeaveTheDecimalPointAlone) {

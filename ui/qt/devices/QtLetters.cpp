@@ -18,7 +18,10 @@ namespace {
 
 /// Letters are measured and drawn from their outlines at this size, where hinting plays no part.
 constexpr int kOutlineSize = 1000;
-constexpr std::size_t kKeptMasks = 5000;
+/// Shapes are kept as long as they take no more than this together.
+constexpr std::size_t kMostKeptBytes = 16U << 20;
+/// A larger letter, in pixels of its box, is drawn as far as it is seen, and not kept.
+constexpr double kLargeLetter = 512.0 * 512.0;
 
 constexpr const char* kFaces[] = {"Liberation Sans", "Arimo",          "Arial",     "Helvetica",
                                   "DejaVu Sans",     "Noto Sans Math", "FreeSerif", "Noto Sans Symbols2",
@@ -63,24 +66,20 @@ Letter letterOf(const std::vector<QRawFont>& fonts, char32_t character) {
   return letter;
 }
 
-GlyphMask maskOf(const QPainterPath& outline, double ascent, double pixels, double angle) {
-  QTransform turn;
-  turn.rotate(-angle);
-  turn.scale(pixels / kOutlineSize, pixels / kOutlineSize);
-  turn.translate(0, ascent * kOutlineSize);
-  const QPainterPath shape = turn.map(outline);
-  const QRect box = shape.boundingRect().toAlignedRect().adjusted(-1, -1, 1, 1);
-  QImage image(box.size(), QImage::Format_Grayscale8);
+/// The pixels of a part of a shape.
+GlyphMask maskOf(const QPainterPath& shape, const QRect& part) {
+  GlyphMask mask{part.left(), part.top(), part.width(), part.height(), {}};
+  if (part.isEmpty()) return {};
+  QImage image(part.size(), QImage::Format_Grayscale8);
   image.fill(0);
   QPainter painter(&image);
-  painter.translate(-box.topLeft());
+  painter.translate(-part.topLeft());
   painter.fillPath(shape, Qt::white);
   painter.end();
-  GlyphMask mask{box.left(), box.top(), box.width(), box.height(), {}};
-  mask.pixels.reserve(static_cast<std::size_t>(box.width()) * static_cast<std::size_t>(box.height()));
-  for (int y = 0; y < box.height(); ++y) {
+  mask.pixels.reserve(static_cast<std::size_t>(part.width()) * static_cast<std::size_t>(part.height()));
+  for (int y = 0; y < part.height(); ++y) {
     const uchar* row = image.constScanLine(y);
-    for (int x = 0; x < box.width(); ++x) mask.pixels.push_back(row[x] >= 128);
+    for (int x = 0; x < part.width(); ++x) mask.pixels.push_back(row[x] >= 128);
   }
   return mask;
 }
@@ -92,6 +91,18 @@ struct QtLetters::Tables {
   std::array<std::array<Letter, 256>, 2> letters;
   using Key = std::tuple<bool, unsigned char, long, long>;
   std::map<Key, GlyphMask> masks;
+  std::size_t maskBytes = 0;
+  GlyphMask unkept;
+
+  const GlyphMask& keep(const Key& key, GlyphMask mask) {
+    const std::size_t bytes = sizeof(decltype(masks)::value_type) + mask.pixels.capacity();
+    if (maskBytes + bytes > kMostKeptBytes) {
+      masks.clear();
+      maskBytes = 0;
+    }
+    maskBytes += bytes;
+    return masks[key] = std::move(mask);
+  }
 
   const Letter& letter(bool symbol, unsigned char code) const { return letters[symbol ? 1 : 0][code]; }
 };
@@ -122,14 +133,27 @@ double QtLetters::ascent(bool) {
   return tables_->fonts.front().ascent() / kOutlineSize;
 }
 
-const GlyphMask& QtLetters::glyph(bool symbol, unsigned char code, double pixels, double angle) {
+const GlyphMask& QtLetters::glyph(bool symbol, unsigned char code, double pixels, double angle,
+                                  const PixelRect& seen) {
   constexpr double kSizeSteps = 16, kAngleSteps = 10;
   const Tables::Key key{symbol, code, std::lround(pixels * kSizeSteps), std::lround(angle * kAngleSteps)};
   const auto found = tables_->masks.find(key);
   if (found != tables_->masks.end()) return found->second;
-  if (tables_->masks.size() >= kKeptMasks) tables_->masks.clear();
-  const QPainterPath& outline = tables_->letter(symbol, code).outline;
-  return tables_->masks[key] = maskOf(outline, ascent(symbol), pixels, angle);
+  QTransform turn;
+  turn.rotate(-angle);
+  turn.scale(pixels / kOutlineSize, pixels / kOutlineSize);
+  turn.translate(0, ascent(symbol) * kOutlineSize);
+  const QPainterPath shape = turn.map(tables_->letter(symbol, code).outline);
+  const QRectF box = shape.boundingRect();
+  if (box.width() * box.height() > kLargeLetter) {
+    const QRectF part(QPointF(seen.x1, seen.y1), QPointF(seen.x2, seen.y2));
+    return tables_->unkept = maskOf(shape, (box & part).toAlignedRect());
+  }
+  return tables_->keep(key, maskOf(shape, box.toAlignedRect().adjusted(-1, -1, 1, 1)));
+}
+
+std::size_t QtLetters::keptBytes() const {
+  return tables_->maskBytes;
 }
 
 std::string QtLetters::face(bool symbol, unsigned char code) const {

@@ -18,7 +18,10 @@ class QtLetters : public GlyphSource {
   double advance(bool symbol, unsigned char code) override;
   double lineHeight(bool symbol) override;
   double ascent(bool symbol) override;
-  const GlyphMask& glyph(bool symbol, unsigned char code, double pixels, double angle) override;
+  const GlyphMask& glyph(bool symbol, unsigned char code, double pixels, double angle,
+                         const PixelRect& seen) override;
+  /// What the shapes that are kept for the next time take.
+  std::size_t keptBytes() const;
 
   /// The face of the system in which a letter is found.
   std::string face(bool symbol, unsigned char code) const;

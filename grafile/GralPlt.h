@@ -56,9 +56,9 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
 /// Draws a standard figure (`FigureKind`) on a new plot window, leaves its graphic text in `GraphText`, and for
 /// the differences their data file in `DiffText`; refreshes the menus.
 ///
-/// A failing step sets `ErrFlag` to -1 and the next one goes on. A function that cannot be computed, at more
-/// than five points of its curve or at one point of the differences, ends the figure: both texts are empty
-/// then and no window is opened.
+/// A failing step sets `ErrFlag` to -1 and the next one goes on. Where the function cannot be computed, its
+/// curve has a gap. More than five such points of the curve, or one of the differences, end the figure: both
+/// texts are empty then and no window is opened.
 void MakeGraph(Session& session, FigurePorts& ports, Int16 kind);
 
 /// Rounds an interval with high above low outward to multiples of a round step, and tells how many steps it

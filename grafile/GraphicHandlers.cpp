@@ -25,6 +25,40 @@ Array<double> onAxis(const Array<double>& values, int count, Int16 logarithmic) 
   return result;
 }
 
+/// The same for one point of a curve, where it stands; false when the axis has no place for it.
+bool placeOnAxis(double& value, Int16 logarithmic) {
+  if (logarithmic != 0) value = std::log10(std::abs(value));
+  return std::isfinite(value);
+}
+
+/// A curve with gaps where its function cannot be computed.
+struct CurveWithGaps {
+  Array<double> x{kCurvePoints}, y{kCurvePoints};
+  Array<Int16> failed{kCurvePoints};
+
+  bool hasPoints() const {
+    return std::ranges::any_of(failed.span(1, kCurvePoints), [](Int16 flag) { return flag == 0; });
+  }
+  /// Each piece between two gaps is a line of its own, which begins its dashes anew. A point alone makes none.
+  void draw(GralCls& drawing) const;
+};
+
+void CurveWithGaps::draw(GralCls& drawing) const {
+  Array<double> pieceX(kCurvePoints), pieceY(kCurvePoints);
+  int count = 0;
+  for (int i = 1; i <= kCurvePoints; ++i) {
+    const bool good = failed[i] == 0;
+    if (good) {
+      ++count;
+      pieceX[count] = x[i];
+      pieceY[count] = y[i];
+    }
+    if (good && i < kCurvePoints) continue;
+    if (count > 1) drawing.GralDraw(pieceX, pieceY, count);
+    count = 0;
+  }
+}
+
 }  // namespace
 
 void GraphicRun::defineParameters(const CommandFields& fields) {
@@ -145,12 +179,18 @@ void GraphicRun::plotFunction(const CommandFields& fields) {
   if (flag == 0) CompileExpression(session_, "y@x@ @ @" + expression, compiled, flag);
   if (flag != 0) return fail(described + " Errata");
 
-  Array<double> x(kCurvePoints), y(kCurvePoints);
+  CurveWithGaps curve;
+  auto& [x, y, failed] = curve;
   const double step = checked::finite((FunXMax_ - FunXMin_) / (kCurvePoints - 1));
   for (int i = 1; i <= kCurvePoints; ++i) x[i] = FunXMin_ + (i - 1) * step;
   const std::array<std::span<const double>, 1> columns{x.span(1, kCurvePoints)};
-  evaluateCodeAt(session_, dialogs_, compiled, columns, y.span(1, kCurvePoints));
-  drawing_.GralDraw(onAxis(x, kCurvePoints, xLog_), onAxis(y, kCurvePoints, yLog_), kCurvePoints);
+  evaluateCodeAt(session_, dialogs_, compiled, columns, y.span(1, kCurvePoints),
+                 failed.span(1, kCurvePoints));
+  for (int i = 1; i <= kCurvePoints; ++i) {
+    if (!placeOnAxis(x[i], xLog_) || !placeOnAxis(y[i], yLog_)) failed[i] = kTrue;
+  }
+  if (!curve.hasPoints()) return fail(described + " NON Calcolabile");
+  curve.draw(drawing_);
 }
 
 }  // namespace vk

@@ -150,24 +150,25 @@ bool StandardFigure::findYLimits() {
   return true;
 }
 
-/// The curve of the function over the range of x. A point that cannot be computed lies at 0, with a beep.
+/// The curve of the function over the range of x. A point that cannot be computed gives a beep and no ordinate.
 bool StandardFigure::sampleFunction() {
   int failed = 0;
   double distance = 0;
   step([&] { distance = checked::finite((Xf - Xi) / data_.NumFunPnt); });
   for (int i = 0; i <= data_.NumFunPnt; ++i) {
     const double x = Xi + i * distance;
-    double y = EvaluateFunction(session_, ports_.dialogs, x);
+    const double y = EvaluateFunction(session_, ports_.dialogs, x);
+    data_.FunX[i] = x;
+    data_.FunFailed[i] = session_.ErrFlag;
     if (session_.ErrFlag != 0) {
-      y = 0;
       session_.ErrFlag = 0;
       SoundSignal(session_, ports_.sound, kErrorSound);
       if (++failed > kMostFailedPoints) {
         ports_.dialogs.plainBox(kProgramTitle, "Errori nel Calcolo della Funzione  <*> per Continuare");
         return false;
       }
+      continue;
     }
-    data_.FunX[i] = x;
     data_.FunY[i] = y;
     Yi = std::min(Yi, y);
     Yf = std::max(Yf, y);
@@ -236,8 +237,9 @@ void StandardFigure::drawAxes() {
 }
 
 void StandardFigure::drawFunction() {
-  const auto& [x, y] = std::tie(data_.FunX, data_.FunY);
+  const auto& [x, y, failed] = std::tie(data_.FunX, data_.FunY, data_.FunFailed);
   for (int i = 1; i <= data_.NumFunPnt; ++i) {
+    if (failed[i - 1] != kFalse || failed[i] != kFalse) continue;
     step([&] { drawing_.GralLine(x[i - 1], y[i - 1], x[i], y[i]); });
   }
   const ParameterSet& par = session_.par;
@@ -287,6 +289,7 @@ void keepCurve(DataSet& data) {
   for (int i = 1; i <= data.NumFunPnt; ++i) {
     data.OldFunX[i] = data.FunX[i];
     data.OldFunY[i] = data.FunY[i];
+    data.OldFunFailed[i] = data.FunFailed[i];
   }
   data.NumOldFun = data.NumFunPnt;
 }

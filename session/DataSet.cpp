@@ -30,6 +30,7 @@ void DataSet::allocateCurves(int segments) {
   NumFunPnt = segments;
   NumOldFun = 0;
   for (Array<double>* curve : {&FunX, &FunY, &OldFunX, &OldFunY}) curve->dim(segments);
+  for (Array<Flag>* failures : {&FunFailed, &OldFunFailed}) failures->dim(segments);
 }
 
 }  // namespace vk

@@ -27,7 +27,9 @@ struct DataSet {
 
   int NumFunPnt = 0;  ///< segments of a curve: twice NumPnt, at least 50
   Array<double> FunX, FunY;
+  Array<Flag> FunFailed;           ///< the function has no value here: FunY tells nothing
   Array<double> OldFunX, OldFunY;  ///< the curve of the figure before
+  Array<Flag> OldFunFailed;
   int NumOldFun = 0;
 
  private:

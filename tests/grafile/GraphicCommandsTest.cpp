@@ -1,4 +1,5 @@
 #include <cmath>
+#include <limits>
 
 #include "grafile/FigureFixture.h"
 #include "grafile/GraphicCommand.h"
@@ -250,6 +251,30 @@ TEST_F(GraphicCommandsTest, ADataFileWithUnreadableNumbersIsWrong) {
 class GraphicFunctionTest : public GraphicCommandsTest {
  protected:
   static constexpr int kPoints = 200;
+  static constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+
+  /// The pieces of a function over an interval under a pen of this type: each one goes on up to a point of
+  /// `kNone`, and a piece of one point is left out.
+  template <class Function>
+  static Calls pieces(double from, double to, int type, Function function) {
+    return [=](GralCls& d) {
+      d.GralPen(2, type);
+      d.GralOaxis(from, to, 1, 4, 3, false, false, "");
+      Array<double> x(kPoints), y(kPoints);
+      int count = 0;
+      for (int i = 0; i <= kPoints; ++i) {
+        const double at = from + i * ((to - from) / (kPoints - 1));
+        const double value = i == kPoints ? kNone : function(at);
+        if (!std::isnan(value)) {
+          x[++count] = at;
+          y[count] = value;
+          continue;
+        }
+        if (count > 1) d.GralDraw(x, y, count);
+        count = 0;
+      }
+    };
+  }
 
   /// The polyline of a function over an interval.
   template <class Function>
@@ -301,8 +326,6 @@ TEST_F(GraphicFunctionTest, UnderLogFlagsBothCoordinatesBecomeLogarithms) {
     }
     d.GralDraw(x, y, kPoints);
   });
-  EXPECT_EQ(errorsOf(lines({"\\XLOG(1)", "\\XASSE(0,3,1,3,3,0)", "\\FUNZIONE(x)"})),
-            "*** Parametri di FUNZIONE Errati\r\n");
 }
 
 TEST_F(GraphicFunctionTest, BeforeAnXAxisItCannotBeComputed) {
@@ -323,6 +346,56 @@ TEST_F(GraphicFunctionTest, AnUnknownNameOrABadFormulaIsTold) {
 TEST_F(GraphicFunctionTest, ExponentsOfNumbersAreNotTakenForNames) {
   expectDraws(lines({"\\PARAMETRI(E=5)", "\\XASSE(2,10,1,4,3,0)", "\\FUNZIONE(1E-3*x+2.5E0)"}),
               curve(2, 10, [](double x) { return 1e-3 * x + 2.5; }));
+}
+
+TEST_F(GraphicFunctionTest, PointsThatCannotBeComputedAreNotDrawn) {
+  expectDraws(lines({"\\XASSE(-2,10,1,4,3,0)", "\\FUNZIONE(LOG(x))", "% end"}),
+              pieces(-2, 10, 1, [](double x) { return x <= 0 ? kNone : std::log(x); }));
+}
+
+TEST_F(GraphicFunctionTest, TheLineAndItsDashesBeginAnewBehindPointsThatCannotBeComputed) {
+  const auto root = [](double x) {
+    const double square = (x - 3) * (x - 5);
+    return square < 0 ? kNone : std::sqrt(square);
+  };
+  for (const int type : {1, 2, 5}) {
+    const std::string pen = "\\TIPO_LINEA(2," + std::to_string(type) + ")";
+    expectDraws(lines({pen, "\\XASSE(2,10,1,4,3,0)", "\\FUNZIONE(SQR((x-3)*(x-5)))"}),
+                pieces(2, 10, type, root));
+  }
+}
+
+TEST_F(GraphicFunctionTest, AGoodPointBetweenTwoThatFailIsNotDrawn) {
+  // Over 0..199 the points are the integers.
+  const auto gaps = [](double x) {
+    const double product = (x - 6.5) * (x - 7.5) * (x - 8.5) * (x - 9.5) * (x - 197.5) * (x - 198.5);
+    return product < 0 ? kNone : .01 * std::sqrt(product);
+  };
+  expectDraws(lines({"\\XASSE(0,199,1,4,3,0)",
+                     "\\FUNZIONE(.01*SQR((x-6.5)*(x-7.5)*(x-8.5)*(x-9.5)*(x-197.5)*(x-198.5)))"}),
+              pieces(0, 199, 1, gaps));
+}
+
+TEST_F(GraphicFunctionTest, PointsWithoutALogarithmAreNotDrawn) {
+  const auto drawn = run(lines({"\\XASSE(0,3,1,3,3,0)", "\\XLOG(1)", "\\FUNZIONE(x)"}));
+  EXPECT_TRUE(output.requests.empty());
+  EXPECT_EQ(drawn, drawing([](GralCls& d) {
+              d.GralOaxis(0, 3, 1, 3, 3, false, false, "");
+              Array<double> x(kPoints), y(kPoints);
+              for (int i = 2; i <= kPoints; ++i) {
+                y[i - 1] = (i - 1) * (3.0 / (kPoints - 1));
+                x[i - 1] = std::log10(y[i - 1]);
+              }
+              d.GralDraw(x, y, kPoints - 1);
+            }));
+}
+
+TEST_F(GraphicFunctionTest, AFunctionWithoutAnyPointIsToldAndDrawsNothing) {
+  EXPECT_EQ(run(lines({"\\PARAMETRI(a=-1)", "\\XASSE(1,3,1,3,3,0)", "\\FUNZIONE(SQR( a*x ))", "\\YLOG(1)",
+                       "\\FUNZIONE(0*x)"})),
+            drawing([](GralCls& d) { d.GralOaxis(1, 3, 1, 3, 3, false, false, ""); }));
+  EXPECT_EQ(output.request().text,
+            lines({"*** Funzione SQR( a*x ) NON Calcolabile", "*** Funzione 0*x NON Calcolabile"}));
 }
 
 TEST_F(GraphicFunctionTest, APointThatCannotBeComputedDoesNotMakeTheFunctionWrong) {

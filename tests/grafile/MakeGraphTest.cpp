@@ -1,9 +1,26 @@
+#include <cmath>
+#include <set>
+
 #include "expr/FunMod.h"
 #include "grafile/FigureFixture.h"
 #include "session/DataFiles.h"
 
 namespace vk {
 namespace {
+
+void drawBox(GralCls& d, double Xi, double Xf, int nDivX, double Yi, double Yf, int nDivY,
+             const std::string& legend) {
+  d.GralXMap(5, 18, Xi, Xf);
+  d.GralYMap(4, 13, Yi, Yf);
+  d.GralOaxis(Xi, Xf, Yi, nDivX, 3, false, true, "Tempo (s)");
+  d.GralOaxis(Xi, Xf, Yf, nDivX, -3, false, false, "");
+  d.GralVaxis(Yi, Yf, Xi, nDivY, 3, false, true, legend);
+  d.GralVaxis(Yi, Yf, Xf, nDivY, -3, false, false, "");
+}
+
+void plot(GralCls& d, const DataSet& data) {
+  d.PlotData(data.Xpnt, data.ErrXpnt, data.Ypnt, data.ErrYpnt, data.NumPnt, data.kXpntErr != 0, false, false);
+}
 
 /// A figure of the page of 20 x 15 cm has its plot box from 5 to 18 and from 4 to 13 cm.
 class MakeGraphTest : public FigureFixture {
@@ -20,30 +37,35 @@ class MakeGraphTest : public FigureFixture {
   }
   void loadPoints() { loadData("/D/A.DAT", {{.3, 1, 0, .25}, {5, 2.5, 0, .5}, {9.7, 1.5, 0, .25}}); }
   /// The function LOG(x-t) of a function file, which fails up to x = t.
-  void takeLogarithm(double t) {
-    session.catalogue.file.entries = {{"t", "LOG(x-t)", "logaritmo"}};
+  void takeLogarithm(double t) { takeFormula("LOG(x-t)", t); }
+  /// A function of a function file with the parameter t.
+  void takeFormula(const std::string& formula, double t) {
+    session.catalogue.file.entries = {{"t", formula, "formula"}};
     loadFunction(session, 1);
     takeFunction(6, 1, {t});
+  }
+  /// The figure of the function over the points of `loadPoints`, with a line between neighbours that are
+  /// both good.
+  void expectCurveWithout(const std::set<int>& failed, double Yi, double Yf, int nDivY) {
+    const auto drawn = makeGraph(kFunctionFigure);
+    const DataSet& data = session.data;
+    for (int i = 0; i <= 50; ++i) EXPECT_EQ(data.FunFailed[i], toFlag(failed.contains(i))) << i;
+    EXPECT_EQ(drawn, openDrawing([&](GralCls& d) {
+                drawBox(d, 0, 10, 10, Yi, Yf, nDivY, "Corsa (m)");
+                for (int i = 1; i <= 50; ++i) {
+                  if (failed.contains(i - 1) || failed.contains(i)) continue;
+                  d.GralLine(data.FunX[i - 1], data.FunY[i - 1], data.FunX[i], data.FunY[i]);
+                }
+                d.GralClip(0, Yi, 10, Yf);
+                plot(d, data);
+              }));
+    EXPECT_EQ(lowTones(), static_cast<int>(failed.size()));
   }
   int lowTones() const {
     for (const auto& tone : sound.tones) EXPECT_EQ(tone, (RecordingSound::Tone{500, 1}));
     return static_cast<int>(sound.tones.size());
   }
 };
-
-void drawBox(GralCls& d, double Xi, double Xf, int nDivX, double Yi, double Yf, int nDivY,
-             const std::string& legend) {
-  d.GralXMap(5, 18, Xi, Xf);
-  d.GralYMap(4, 13, Yi, Yf);
-  d.GralOaxis(Xi, Xf, Yi, nDivX, 3, false, true, "Tempo (s)");
-  d.GralOaxis(Xi, Xf, Yf, nDivX, -3, false, false, "");
-  d.GralVaxis(Yi, Yf, Xi, nDivY, 3, false, true, legend);
-  d.GralVaxis(Yi, Yf, Xf, nDivY, -3, false, false, "");
-}
-
-void plot(GralCls& d, const DataSet& data) {
-  d.PlotData(data.Xpnt, data.ErrXpnt, data.Ypnt, data.ErrYpnt, data.NumPnt, data.kXpntErr != 0, false, false);
-}
 
 TEST_F(MakeGraphTest, TheTextOfTheData) {
   loadPoints();
@@ -291,16 +313,34 @@ TEST_F(MakeGraphTest, TheDifferencesAreAGoodDataFile) {
   EXPECT_EQ(hasXErrors, kFalse);
 }
 
-TEST_F(MakeGraphTest, FivePointsThatCannotBeComputedLieAtZeroWithABeepEach) {
-  loadPoints();
-  takeLogarithm(.9);
-  makeGraph(kFunctionFigure);
-  EXPECT_EQ(plots.windows.size(), 1U);
-  EXPECT_EQ(lowTones(), 5);
-  for (int i = 0; i < 5; ++i) EXPECT_EQ(session.data.FunY[i], 0);
-  EXPECT_NE(session.data.FunY[5], 0);
+TEST_F(MakeGraphTest, FivePointsThatCannotBeComputedAreNotDrawnAndBeepEach) {
+  loadData("/D/A.DAT", {{.3, 200, 0, .25}, {5, 201, 0, .5}, {9.7, 202, 0, .25}});
+  takeFormula("LOG(x-t)+200", .9);
+  for (int i = 0; i <= 50; ++i) session.data.FunY[i] = session.data.OldFunY[i] = 77;
+  expectCurveWithout({0, 1, 2, 3, 4}, 197, 203, 6);
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(session.data.FunY[i], 77);
+  EXPECT_DOUBLE_EQ(session.data.FunY[5], 200 + std::log(.1));
   EXPECT_NE(session.GraphText[2], "");
   EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(MakeGraphTest, TheLineBeginsAnewBehindAPointThatCannotBeComputed) {
+  loadPoints();
+  takeFormula("t*SQR((x-.3)*(x-.5))", .5);
+  expectCurveWithout({2}, 0, 5, 5);
+}
+
+TEST_F(MakeGraphTest, AGoodPointBetweenTwoThatFailIsNotDrawn) {
+  loadPoints();
+  takeFormula("t*SQR((x-.1)*(x-.3)*(x-.5)*(x-.7))", .01);
+  expectCurveWithout({1, 3}, 0, 2.5, 5);
+}
+
+TEST_F(MakeGraphTest, TheCurveBeforeKeepsItsPointsThatFailed) {
+  loadPoints();
+  takeFormula("t*SQR((x-.3)*(x-.5))", .5);
+  makeGraph(kFunctionFigure);
+  for (int i = 1; i <= 50; ++i) EXPECT_EQ(session.data.OldFunFailed[i], toFlag(i == 2));
 }
 
 TEST_F(MakeGraphTest, TheSixthPointThatCannotBeComputedEndsTheFigure) {

@@ -1,5 +1,6 @@
 #include "ui/qt/QtPlotWindow.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -54,6 +55,24 @@ TEST_F(PlotWindowTest, StandsAt500Twips) {
   EXPECT_EQ(draw().pos(), QPoint(33, 33));
 }
 
+/// Eight figures in steps of 450 twips.
+TEST_F(PlotWindowTest, FiguresStepAsideOfThoseThatStandThereAndTheNinthStartsAgain) {
+  std::vector<QPoint> places;
+  for (int i = 0; i < 10; ++i) places.push_back(draw().pos());
+  for (int i = 0; i < 8; ++i) EXPECT_EQ(places.at(i), QPoint(33 + 30 * i, 33 + 30 * i)) << i;
+  EXPECT_EQ(places.at(8), QPoint(33, 33));
+  EXPECT_EQ(places.at(9), QPoint(63, 63));
+}
+
+TEST_F(PlotWindowTest, APlaceThatWasLeftIsTakenAgain) {
+  draw();
+  QtPlotWindow& moved = draw();
+  draw().close();
+  moved.move(400, 300);
+  EXPECT_EQ(draw().pos(), QPoint(63, 63));
+  EXPECT_EQ(draw().pos(), QPoint(93, 93));
+}
+
 TEST_F(PlotWindowTest, ShowsWhatWasDrawn) {
   QtPlotWindow& window = draw();
   const QImage image = window.grab().toImage();
@@ -87,6 +106,39 @@ TEST_F(PlotWindowTest, ClickRunsTheRoutine) {
   window.setClickRoutine([&] { ++clicks; });
   QTest::mouseClick(&window, Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
   EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(PlotWindowTest, EnterSpaceAndTheMenuKeyAreClicks) {
+  QtPlotWindow& window = draw();
+  int clicks = 0;
+  window.setClickRoutine([&] { ++clicks; });
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Menu}) {
+    clicks = 0;
+    QTest::keyClick(window.windowHandle(), key);
+    EXPECT_EQ(clicks, 1) << key;
+  }
+  clicks = 0;
+  QTest::keyClick(window.windowHandle(), Qt::Key_A);
+  EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(PlotWindowTest, AKeyHeldDownIsOneClick) {
+  QtPlotWindow& window = draw();
+  int clicks = 0;
+  window.setClickRoutine([&] { ++clicks; });
+  QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ", true);
+  QApplication::sendEvent(&window, &repeated);
+  EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(PlotWindowTest, SaysWhatAClickDoes) {
+  const QtPlotWindow& window = draw();
+  for (const char* word : {"clic", "Invio", "Continua", "Esci", "Copia", "Stampa"}) {
+    EXPECT_TRUE(window.toolTip().contains(word)) << word;
+  }
+  EXPECT_EQ(window.accessibleDescription(), window.toolTip());
 }
 
 TEST_F(PlotWindowTest, ClickedWindowIsTheActiveOne) {

@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "ui/qt/Text8.h"
@@ -22,6 +23,13 @@ namespace {
 
 constexpr int kShowingTime = 500;  // ms
 
+constexpr const char* kClickMeaning =
+    "Un clic sulla figura, Invio, Spazio o il tasto Menu offrono: Continua, Esci, Copia, Stampa";
+
+/// A figure steps aside of those that stand where it is to appear, so that their titles can be seen.
+constexpr double kFigureStep = 450;  // twips, to the right and down
+constexpr int kFigurePlaces = 8;
+
 int screenRatio() {
   return std::max(1, static_cast<int>(std::ceil(QGuiApplication::primaryScreen()->devicePixelRatio())));
 }
@@ -31,6 +39,9 @@ int screenRatio() {
 QtPlotWindow::QtPlotWindow(const World& world) : world_(world), device_(world.letters, screenRatio()) {
   setObjectName(QStringLiteral("GralFrm"));
   setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+  setToolTip(kClickMeaning);
+  setAccessibleDescription(kClickMeaning);
   device_.onFormChanged = [this] { followForm(); };
   device_.onRefresh = [this] {
     if (showChanged()) world_.breath.take();
@@ -45,9 +56,10 @@ void QtPlotWindow::followForm() {
   setWindowTitle(caption);
   setAccessibleName(caption);
   setFixedSize(toPixels(device_.Width()), toPixels(device_.Height()));
-  const QPoint corner = screen()->availableGeometry().topLeft();
-  const QPoint place = corner + QPoint(toPixels(device_.Left()), toPixels(device_.Top()));
-  if (place != pos() && !isVisible()) move(place);
+  if (!isVisible()) {
+    const QPoint corner = screen()->availableGeometry().topLeft();
+    move(world_.freePlace(corner + QPoint(toPixels(device_.Left()), toPixels(device_.Top()))));
+  }
   if (device_.Visible() == isVisible()) return;
   setVisible(device_.Visible());
   if (!isVisible()) return;
@@ -87,6 +99,24 @@ void QtPlotWindow::paintEvent(QPaintEvent* event) {
 
 void QtPlotWindow::mousePressEvent(QMouseEvent* event) {
   event->accept();
+  click();
+}
+
+void QtPlotWindow::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+    case Qt::Key_Menu:
+      // A key that is held down is one click.
+      if (!event->isAutoRepeat()) click();
+      return;
+    default:
+      QWidget::keyPressEvent(event);
+  }
+}
+
+void QtPlotWindow::click() {
   world_.activated(*this);
   if (click_) world_.run(click_);
 }
@@ -111,8 +141,8 @@ void QtPlotWindow::copyPicture() {
 }
 
 QtPlotWindows::QtPlotWindows(QtGraphics& graphics, Breath& breath, EventRunner run)
-    : world_{graphics.letters(), breath, std::move(run),
-             [this](QtPlotWindow& window) { active_ = &window; }} {}
+    : world_{graphics.letters(), breath, std::move(run), [this](QtPlotWindow& window) { active_ = &window; },
+             [this](QPoint first) { return freePlace(first); }} {}
 
 PlotWindow& QtPlotWindows::create() {
   freeHidden();
@@ -123,6 +153,21 @@ PlotWindow& QtPlotWindows::create() {
 void QtPlotWindows::freeHidden() {
   if (active_ != nullptr && !active_->isVisible()) active_ = nullptr;
   std::erase_if(windows_, [](const auto& window) { return !window->isVisible(); });
+}
+
+/// The first place of a row in which the fewest figures stand; a figure that the user has moved stands nowhere.
+QPoint QtPlotWindows::freePlace(QPoint first) const {
+  const int step = toPixels(kFigureStep);
+  std::array<int, kFigurePlaces> standing{};
+  for (const auto& window : windows_) {
+    const QPoint away = window->pos() - first;
+    const int place = qRound(static_cast<double>(away.x()) / step);
+    const bool stands = window->isVisible() && place >= 0 && place < kFigurePlaces &&
+                        (away - place * QPoint(step, step)).manhattanLength() < step / 2;
+    if (stands) ++standing.at(static_cast<std::size_t>(place));
+  }
+  const auto freest = std::min_element(standing.begin(), standing.end()) - standing.begin();
+  return first + static_cast<int>(freest) * QPoint(step, step);
 }
 
 void QtPlotWindows::closeAll() {

@@ -14,7 +14,7 @@
 namespace vk {
 
 /// The window `GralFrm`: a bare form that shows one figure. The figure decides its size; a click anywhere is
-/// an event; its window control hides it.
+/// an event, and so are the keys that stand for one; its window control hides it.
 class QtPlotWindow : public QWidget, public PlotWindow {
  public:
   /// What all plot windows share; it outlives them.
@@ -23,6 +23,8 @@ class QtPlotWindow : public QWidget, public PlotWindow {
     Breath& breath;
     EventRunner run;  ///< carries the handler of a click
     std::function<void(QtPlotWindow&)> activated;
+    /// The place for a window that asks for this one, where another figure may stand.
+    std::function<QPoint(QPoint)> freePlace;
   };
   explicit QtPlotWindow(const World& world);
 
@@ -34,10 +36,12 @@ class QtPlotWindow : public QWidget, public PlotWindow {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void click();
   void followForm();
   void awaitShowing();
   /// Asks for a repaint of what has been drawn since the last call; false when nothing has.
@@ -62,6 +66,7 @@ class QtPlotWindows : public PlotWindows {
 
  private:
   void freeHidden();
+  QPoint freePlace(QPoint first) const;
 
   QtPlotWindow::World world_;
   std::vector<std::unique_ptr<QtPlotWindow>> windows_;

@@ -22,19 +22,12 @@ constexpr std::array<SavedText, 4> kSavedTexts{{
     {"_DIF", "VOR_KEL: Salva File Grafico (Differenze Dati-Funzione)", kGraphicKind},
 }};
 
-/// The name of a file without folder and extension.
-std::string baseName(const std::string& path) {
-  const std::string name = GetFileName(path);
-  const auto point = name.rfind('.');
-  return name.substr(0, point);
-}
-
 }  // namespace
 
 void SaveGraphText(Session& session, Files& files, Dialogs& dialogs, Int16 kind) {
   const auto index = static_cast<std::size_t>(kind);
   const SavedText& saved = kSavedTexts.at(index);
-  std::string name = baseName(session.DataFile) + saved.suffix;
+  std::string name = nameWithoutExtension(session.DataFile) + saved.suffix;
   if (!pickFileToSave(session, files, dialogs, saved.caption, saved.fileKind, name)) return;
   const std::string& text = kind == 0 ? session.DiffText : session.GraphText.at(index);
   files.writeAll(name, text + std::string(kCrLf));

@@ -149,6 +149,11 @@ bool pickFileToSave(Session& session, Files& files, Dialogs& dialogs, const std:
   }
 }
 
+std::string nameWithoutExtension(const std::string& path) {
+  const std::string name = GetFileName(path);
+  return name.substr(0, name.rfind('.'));
+}
+
 RecentList& recentList(Session& session, Int16 kind) {
   return session.*kindOf(kind).recent;
 }

@@ -35,6 +35,9 @@ bool pickFileToRead(Session& session, Files& files, Dialogs& dialogs, const std:
 bool pickFileToSave(Session& session, Files& files, Dialogs& dialogs, const std::string& caption, Int16 kind,
                     std::string& name);
 
+/// The name of a file without folder and extension, from which others are proposed.
+std::string nameWithoutExtension(const std::string& path);
+
 /// The list of recent files of a kind.
 RecentList& recentList(Session& session, Int16 kind);
 

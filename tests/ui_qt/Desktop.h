@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "doubles/TemporaryFolder.h"
 #include "platform/system/SystemFiles.h"
 #include "ui/qt/Application.h"
@@ -17,7 +18,13 @@ class DesktopFiles : public SystemFiles {
   std::string documentsFolder() override { return folder_; }
   std::vector<std::string> drives() override { return volumes; }
 
+  void writeAll(const std::string& path, std::string_view bytes) override {
+    if (fullFor-- > 0) throw RuntimeError(kDeviceIoError);
+    SystemFiles::writeAll(path, bytes);
+  }
+
   std::vector<std::string> volumes{"/"};
+  int fullFor = 0;  ///< so many writes find the disk full
 
  private:
   std::string folder_;

@@ -164,6 +164,25 @@ TEST_F(FigureRoadTest, AFigureHigherThanWideIsPrintedUpright) {
   EXPECT_THAT(told("pdfinfo", {path("alta.pdf")}), HasSubstr("595 x 842"));
 }
 
+TEST_F(FigureRoadTest, APrintedFigureIsProposedUnderTheNameOfItsData) {
+  drawData();
+  answerClick(kPrint);
+  user.at("FileDialog", [](QWidget* dialog) {
+    EXPECT_EQ(control<QLineEdit>(dialog, "fileNameEdit")->text(), "retta.pdf");
+    QTest::keyClick(control<QLineEdit>(dialog, "fileNameEdit"), Qt::Key_Return);
+  });
+  act();
+  expectVectorPage("retta.pdf");
+}
+
+TEST_F(FigureRoadTest, TheKeyboardReachesTheActionsOfAFigure) {
+  drawData();
+  user.key("GralFrm", Qt::Key_Return);
+  user.press("FrmMsg", QString("CmdMsg(%1)").arg(kExit));
+  act();
+  EXPECT_THAT(shownFigures(), IsEmpty());
+}
+
 TEST_F(FigureRoadTest, APrintThatIsCancelledLeavesTheFigureInFront) {
   drawData();
   answerClick(kPrint);

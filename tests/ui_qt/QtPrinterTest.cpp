@@ -2,6 +2,7 @@
 
 #include <QProcess>
 
+#include "base/RuntimeError.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/TemporaryFolder.h"
 #include "platform/system/SystemFiles.h"
@@ -13,6 +14,16 @@ namespace {
 using testing::HasSubstr;
 
 constexpr FontSpec kFont{"Courier New", 10, 255};
+
+/// A disk that is full for the next few files.
+class FullDisk : public SystemFiles {
+ public:
+  void writeAll(const std::string& path, std::string_view bytes) override {
+    if (failures-- > 0) throw RuntimeError(kDeviceIoError);
+    SystemFiles::writeAll(path, bytes);
+  }
+  int failures = 0;
+};
 
 class QtPrinterTest : public testing::Test {
  protected:
@@ -29,7 +40,7 @@ class QtPrinterTest : public testing::Test {
   }
 
   TemporaryFolder folder;
-  SystemFiles files;
+  FullDisk files;
   ScriptedDialogs dialogs;
   QtPrinter printer{files, dialogs, false};
   OutputModel model;
@@ -77,6 +88,57 @@ TEST_F(QtPrinterTest, AUserWhoGivesNoNamePrintsNothing) {
   dialogs.pick(folder / "poi.pdf");
   model.printOn(printer, kFont);
   EXPECT_EQ(folder.count(), 1) << "the next document asks again";
+}
+
+TEST_F(QtPrinterTest, TheQuestionProposesANameAndRemembersItsFolder) {
+  show(6, 40);
+  folder.make("altra/x.dat");
+  printer.setProposal([this] { return folder / "RETTA.pdf"; });
+  for (const char* name : {"altra/a.pdf", "altra/b.pdf"}) {
+    dialogs.pick(folder / name);
+    model.printOn(printer, kFont);
+  }
+  EXPECT_EQ(dialogs.fileRequests[0].folder, folder.path());
+  EXPECT_EQ(dialogs.fileRequests[0].proposedName, "RETTA.pdf");
+  EXPECT_EQ(dialogs.fileRequests[1].folder, folder / "altra");
+  EXPECT_EQ(dialogs.fileRequests[1].proposedName, "RETTA.pdf");
+}
+
+TEST_F(QtPrinterTest, ACancelledQuestionRemembersNothing) {
+  show(6, 40);
+  printer.setProposal([this] { return folder / "RETTA.pdf"; });
+  for (int i = 0; i < 2; ++i) {
+    dialogs.pick(std::nullopt);
+    model.printOn(printer, kFont);
+  }
+  EXPECT_EQ(dialogs.fileRequests[1].folder, folder.path());
+}
+
+TEST_F(QtPrinterTest, AFullDiskIsToldAndAnotherNameMayBeGiven) {
+  const std::string full = folder.make("piena.pdf", "vecchio");
+  files.failures = 1;
+  show(6, 40);
+  dialogs.pick(full);
+  dialogs.press(1);
+  dialogs.press(1);
+  dialogs.pick(folder / "c.pdf");
+  model.printOn(printer, kFont);
+  EXPECT_EQ(dialogs.messages[1].text, "Il File: " + full + " NON e` stato Scritto: Disco Pieno!");
+  EXPECT_EQ(dialogs.messages[1].captions, (std::vector<std::string>{"&Riprova", "&Continua"}));
+  EXPECT_EQ(folder.bytesOf("piena.pdf"), "vecchio");
+  EXPECT_EQ(folder.bytesOf("c.pdf").substr(0, 4), "%PDF");
+}
+
+TEST_F(QtPrinterTest, AUserMayGiveUpOnAFullDiskAndPrintAgain) {
+  files.failures = 1;
+  show(6, 40);
+  dialogs.pick(folder / "a.pdf");
+  dialogs.press(2);
+  model.printOn(printer, kFont);
+  EXPECT_EQ(folder.count(), 0);
+  dialogs.pick(folder / "b.pdf");
+  model.printOn(printer, kFont);
+  EXPECT_EQ(folder.bytesOf("b.pdf").substr(0, 4), "%PDF");
 }
 
 TEST_F(QtPrinterTest, AnExistingFileIsReplacedAfterAQuestion) {

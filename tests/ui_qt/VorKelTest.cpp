@@ -388,16 +388,19 @@ TEST_F(VorKelTest, AnUnguardedErrorIsToldAndEndsTheProgram) {
   EXPECT_THAT(exitCodes, ElementsAre(1));
 }
 
-TEST_F(VorKelTest, APrinterThatFailsEndsTheProgramWithItsMessage) {
+TEST_F(VorKelTest, AFullDiskIsToldWhileAReportIsPrinted) {
+  files.fullFor = 1;
   application.output().OutShow({Form::kMain, 5, 20, kReportButtons, "Titolo", ""});
   user.press("FrmOut", "CmdOut(1)");
-  // A file that can be named but not made: it is to be where no folder is.
-  std::filesystem::create_symlink(folder / "manca/foglio.pdf", folder / "foglio.pdf");
   user.file(QString::fromStdString(folder / "foglio.pdf"));
-  answerBox();
+  QString told;
+  user.at("FrmMsg", [&](QWidget* dialog) { told = dialog->accessibleDescription(); });
+  user.press("FrmMsg", "CmdMsg(1)");
   act();
-  EXPECT_EQ(boxes, std::vector<QString>{"Errore di run-time '482':\n\nErrore della stampante"});
-  EXPECT_THAT(exitCodes, ElementsAre(1));
+  EXPECT_TRUE(told.endsWith("foglio.pdf NON e` stato Scritto: Disco Pieno!")) << told.toStdString();
+  EXPECT_EQ(folder.count(), 0);
+  EXPECT_THAT(exitCodes, testing::IsEmpty());
+  EXPECT_TRUE(application.output().isVisible());
 }
 
 TEST_F(VorKelTest, EveryWindowHasANameForAssistiveTools) {

@@ -5,6 +5,7 @@
 #include <QWindow>
 
 #include "expr/CmpMod.h"
+#include "ui/PdfProposal.h"
 
 namespace vk {
 namespace {
@@ -30,6 +31,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
   windows_.add(Form::kSelect, &selectForm_);
   windows_.add(Form::kLoad, &loadForm_);
   windows_.setActivePlot([this] { return figures_ ? figures_->plots.activeWindow() : nullptr; });
+  printer_.setProposal([this] { return pdfProposal(session_); });
   window_.buildPanels(session_, panels_, runner());
   panels_.setView(window_);
   editor_.setForm(editForm_);

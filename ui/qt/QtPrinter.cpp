@@ -1,6 +1,8 @@
 #include "ui/qt/QtPrinter.h"
 
+#include <QBuffer>
 #include <QPageLayout>
+#include <QPdfWriter>
 #include <QPrinterInfo>
 
 #include "base/RuntimeError.h"
@@ -16,6 +18,8 @@ constexpr double kTwipsOfPoint = 20;
 constexpr double kTwipsOfInch = 1440;
 constexpr double kMarginPoints = 12;  // 1/6 inch
 constexpr double kLineSpacing = 1.2;
+constexpr int kPdfResolution = 1200;
+constexpr const char* kPdfCaption = "VOR_KEL: Stampa su File PDF";
 
 std::vector<std::string> textLines(const std::string& text) {
   std::vector<std::string> lines(1);
@@ -31,6 +35,12 @@ std::vector<std::string> textLines(const std::string& text) {
   return lines;
 }
 
+/// The folder of a full name, without the separator behind it.
+std::string folderOf(const std::string& name) {
+  const std::string folder = name.substr(0, name.size() - GetFileName(name).size());
+  return folder.size() > 1 ? folder.substr(0, folder.size() - 1) : folder;
+}
+
 /// A font in twips, for a painter whose units are twips.
 QFont twipFont(const std::string& face, double points) {
   QFont font = toolkitFont({face, 10, 255});
@@ -40,67 +50,93 @@ QFont twipFont(const std::string& face, double points) {
 
 }  // namespace
 
+/// A document on its way to a file.
+struct QtPrinter::Pdf {
+  QBuffer bytes;
+  QPdfWriter writer{&bytes};
+
+  Pdf() {
+    bytes.open(QIODevice::WriteOnly);
+    writer.setCreator("Vor_Kel");
+    writer.setResolution(kPdfResolution);
+    writer.setPageSize(QPageSize(QPageSize::A4));
+  }
+};
+
+QtPrinter::QtPrinter(Files& files, Dialogs& dialogs, bool usePrinters)
+    : files_(files), dialogs_(dialogs), usePrinters_(usePrinters) {}
+
 QtPrinter::~QtPrinter() = default;
 
 bool QtPrinter::present() {
   return usePrinters_ && !QPrinterInfo::defaultPrinter().isNull();
 }
 
-QPrinter& QtPrinter::printer() {
-  if (!printer_) {
+QPagedPaintDevice& QtPrinter::paper() {
+  if (printer_) return *printer_;
+  if (pdf_) return pdf_->writer;
+  if (present()) {
     printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    if (!present()) printer_->setOutputFormat(QPrinter::PdfFormat);
-    if (!present()) printer_->setPageSize(QPageSize(QPageSize::A4));
-    printer_->setPageMargins(QMarginsF(kMarginPoints, kMarginPoints, kMarginPoints, kMarginPoints),
-                             QPageLayout::Point);
-    setOrientation(orientation_);
+  } else {
+    pdf_ = std::make_unique<Pdf>();
   }
-  return *printer_;
+  paper().setPageMargins(QMarginsF(kMarginPoints, kMarginPoints, kMarginPoints, kMarginPoints),
+                         QPageLayout::Point);
+  setOrientation(orientation_);
+  return paper();
 }
 
 void QtPrinter::setOrientation(Int16 orientation) {
   orientation_ = orientation;
-  if (!printer_) return;
-  printer_->setPageOrientation(orientation == kLandscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+  if (!printer_ && !pdf_) return;
+  paper().setPageOrientation(orientation == kLandscape ? QPageLayout::Landscape : QPageLayout::Portrait);
 }
 
 double QtPrinter::Width() {
-  return printer().pageLayout().paintRect(QPageLayout::Point).width() * kTwipsOfPoint;
+  return paper().pageLayout().paintRect(QPageLayout::Point).width() * kTwipsOfPoint;
 }
 
 double QtPrinter::Height() {
-  return printer().pageLayout().paintRect(QPageLayout::Point).height() * kTwipsOfPoint;
+  return paper().pageLayout().paintRect(QPageLayout::Point).height() * kTwipsOfPoint;
 }
 
 double QtPrinter::resolution() {
-  return printer().resolution();
+  return paper().logicalDpiX();
 }
 
-bool QtPrinter::mayReplace(const std::string& caption, const std::string& name) {
-  return dialogs_.Get_Msg({.caption = caption,
+bool QtPrinter::mayReplace(const std::string& name) {
+  return dialogs_.Get_Msg({.caption = kPdfCaption,
                            .text = "Il File: " + name + " Esiste: lo Sostituisco?",
                            .icon = kQuestion,
                            .captions = {"  &Si  ", "  &No  "}}) == 1;
 }
 
-bool QtPrinter::wantsOtherName(const std::string& caption, const std::string& name) {
-  return dialogs_.Get_Msg({.caption = caption,
-                           .text = "Specificazione File: " + name + " ERRATA!",
+bool QtPrinter::wantsOtherName(const std::string& text) {
+  return dialogs_.Get_Msg({.caption = kPdfCaption,
+                           .text = text,
                            .icon = kExclamation,
                            .captions = {"&Riprova", "&Continua"}}) == 1;
 }
 
-bool QtPrinter::askForFile() {
-  FileRequest request{.save = true, .caption = "VOR_KEL: Stampa su File PDF"};
-  request.folder = files_.documentsFolder();
+FileRequest QtPrinter::fileRequest() {
+  const std::string proposal = proposal_ ? proposal_() : std::string();
+  const std::string name = GetFileName(proposal);
+  FileRequest request{.save = true, .caption = kPdfCaption};
+  request.folder = folder_.value_or(proposal.empty() ? files_.documentsFolder() : folderOf(proposal));
   request.filter = "Tutti i File (*.*)|*.*|File PDF (*.pdf)|*.pdf|";
   request.filterIndex = 2;
+  request.proposedName = name;
   request.defaultExtension = "pdf";
-  while (const std::optional<std::string> name = dialogs_.fileDialog(request)) {
+  return request;
+}
+
+bool QtPrinter::askForFile() {
+  while (const std::optional<std::string> name = dialogs_.fileDialog(fileRequest())) {
     if (!files_.canWrite(*name)) {
-      if (!wantsOtherName(request.caption, *name)) return false;
-    } else if (!files_.FileExists(*name) || mayReplace(request.caption, *name)) {
-      printer().setOutputFileName(fromFileName(*name));
+      if (!wantsOtherName("Specificazione File: " + *name + " ERRATA!")) return false;
+    } else if (!files_.FileExists(*name) || mayReplace(*name)) {
+      fileName_ = *name;
+      folder_ = folderOf(*name);
       return true;
     }
   }
@@ -108,12 +144,13 @@ bool QtPrinter::askForFile() {
 }
 
 void QtPrinter::begin() {
-  if (printer().outputFormat() == QPrinter::PdfFormat && !askForFile()) {
+  QPagedPaintDevice& sheets = paper();
+  if (pdf_ && !askForFile()) {
     discarded_ = true;
     return;
   }
   painter_ = std::make_unique<QPainter>();
-  if (!painter_->begin(&printer())) {
+  if (!painter_->begin(&sheets)) {
     painter_.reset();
     throw RuntimeError(kPrinterError);
   }
@@ -122,7 +159,7 @@ void QtPrinter::begin() {
 
 void QtPrinter::scaleToTwips() {
   painter_->resetTransform();
-  painter_->scale(printer().resolution() / kTwipsOfInch, printer().resolution() / kTwipsOfInch);
+  painter_->scale(resolution() / kTwipsOfInch, resolution() / kTwipsOfInch);
 }
 
 QPainter* QtPrinter::page() {
@@ -132,7 +169,7 @@ QPainter* QtPrinter::page() {
 
 void QtPrinter::newPage() {
   if (!painter_) return;
-  if (!printer().newPage()) throw RuntimeError(kPrinterError);
+  if (!paper().newPage()) throw RuntimeError(kPrinterError);
   scaleToTwips();
 }
 
@@ -161,10 +198,28 @@ void QtPrinter::printText(const std::string& text, const std::string& face, doub
 }
 
 void QtPrinter::EndDoc() {
-  const bool failed = painter_ && (!painter_->end() || printer().printerState() == QPrinter::Error);
-  painter_.reset();
   discarded_ = false;
+  if (!painter_) return;
+  const bool failed = !painter_->end() || (printer_ && printer_->printerState() == QPrinter::Error);
+  painter_.reset();
   if (failed) throw RuntimeError(kPrinterError);
+  if (!pdf_) return;
+  const std::string document = pdf_->bytes.data().toStdString();
+  pdf_.reset();
+  writeFile(document);
+}
+
+void QtPrinter::writeFile(const std::string& document) {
+  while (true) {
+    try {
+      return files_.writeAll(fileName_, document);
+    } catch (const RuntimeError& error) {
+      const std::string reason =
+          error.number() == kDeviceIoError ? "Disco Pieno" : runtimeErrorText(error.number());
+      if (!wantsOtherName("Il File: " + fileName_ + " NON e` stato Scritto: " + reason + "!")) return;
+    }
+    if (!askForFile()) return;
+  }
 }
 
 }  // namespace vk

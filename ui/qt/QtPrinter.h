@@ -2,7 +2,9 @@
 
 #include <QPainter>
 #include <QPrinter>
+#include <functional>
 #include <memory>
+#include <optional>
 
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -11,13 +13,16 @@
 namespace vk {
 
 /// The default printer of the system. Without one a document becomes a PDF file: its name is asked when the
-/// document begins, and a user who gives none prints nothing.
+/// document begins, and a user who gives none prints nothing. The file is written as a whole when the document
+/// ends; where that fails the user is told, and may give another name.
 class QtPrinter : public Printer {
  public:
   /// Without `usePrinters` every document becomes a file, whatever printers there are.
-  QtPrinter(Files& files, Dialogs& dialogs, bool usePrinters = true)
-      : files_(files), dialogs_(dialogs), usePrinters_(usePrinters) {}
+  QtPrinter(Files& files, Dialogs& dialogs, bool usePrinters = true);
   ~QtPrinter() override;
+
+  /// The full name that is proposed for the first file. Later ones are proposed in the folder of the last.
+  void setProposal(std::function<std::string()> proposal) { proposal_ = std::move(proposal); }
 
   bool present() override;
   Int16 Orientation() override { return orientation_; }
@@ -37,17 +42,25 @@ class QtPrinter : public Printer {
   void newPage();
 
  private:
-  QPrinter& printer();
+  struct Pdf;
+
+  QPagedPaintDevice& paper();
+  FileRequest fileRequest();
   bool askForFile();
-  bool mayReplace(const std::string& caption, const std::string& name);
-  bool wantsOtherName(const std::string& caption, const std::string& name);
+  bool mayReplace(const std::string& name);
+  bool wantsOtherName(const std::string& text);
   void begin();
   void scaleToTwips();
+  void writeFile(const std::string& document);
 
   Files& files_;
   Dialogs& dialogs_;
   bool usePrinters_;
+  std::function<std::string()> proposal_;
+  std::optional<std::string> folder_;  ///< of the last file that the user named
+  std::string fileName_;               ///< of the document, where it becomes a file
   std::unique_ptr<QPrinter> printer_;
+  std::unique_ptr<Pdf> pdf_;
   std::unique_ptr<QPainter> painter_;
   bool discarded_ = false;  ///< the user gave no name: the rest of the document goes nowhere
   Int16 orientation_ = kPortrait;

@@ -143,13 +143,5 @@ TEST(BatchFit, AWrongEndingOfAFigureIsToldBeforeTheFit) {
   EXPECT_THAT(run.errors, HasSubstr("out.gif: si attende un nome .PNG, .SVG o .PDF"));
 }
 
-#else
-
-TEST(BatchDraw, WithoutTheProgramThatDrawsItIsNamed) {
-  const BatchRun run = batch("draw examples/ohm_dat.gra -o out.png");
-  EXPECT_EQ(run.exitCode, 2);
-  EXPECT_THAT(run.errors, HasSubstr("vor_kel_figures"));
-}
-
 }  // namespace
 }  // namespace vk

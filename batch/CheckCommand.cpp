@@ -20,11 +20,7 @@ namespace {
 using Checker = std::string (*)(Session& session, Files& files, std::string fileName);
 
 std::string checkData(Session& session, Files& files, std::string fileName) {
-  std::string errors;
-  Int16 declared, valid;
-  Flag hasXErrors;
-  CheckDataFile(session, files, fileName, errors, declared, valid, hasXErrors);
-  return errors;
+  return CheckDataFile(session, files, fileName).errors;
 }
 
 std::string checkFunctions(Session& session, Files& files, std::string fileName) {

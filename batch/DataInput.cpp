@@ -1,24 +1,23 @@
 #include "batch/DataInput.h"
 
+#include <utility>
+
 #include "session/DataFiles.h"
 
 namespace vk {
 namespace {
 
 void checkAndLoad(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName) {
-  std::string errors;
-  Int16 declared, valid;
-  Flag hasXErrors;
-  CheckDataFile(session, files, fileName, errors, declared, valid, hasXErrors);
+  DataReading reading = CheckDataFile(session, files, fileName);
   if (session.ErrFlag != 0) {
-    throw UsageError(fileName + ":\n" + terminalText(errors));
+    throw UsageError(fileName + ":\n" + terminalText(reading.errors));
   }
-  if (declared != valid) {
+  if (reading.declaredCount != reading.data.NumPnt) {
     dialogs.Get_Msg({.caption = "VOR_KEL: Lettura File Dati",
                      .text = "Numero Dati Dichiarati Diverso da Numero Dati Trovati!",
                      .captions = {"&Continua"}});
   }
-  LoadDataFile(session, files, fileName, valid, hasXErrors);
+  LoadDataFile(session, fileName, std::move(reading));
 }
 
 }  // namespace

@@ -8,14 +8,6 @@
 namespace vk {
 namespace {
 
-void loadData(Session& session, Files& files, const std::string& fileName) {
-  std::string errors;
-  Int16 declared, valid;
-  Flag hasXErrors;
-  CheckDataFile(session, files, fileName, errors, declared, valid, hasXErrors);
-  LoadDataFile(session, files, fileName, valid, hasXErrors);
-}
-
 /// The first function of a file, as the last inner function of the catalogue; gives its index.
 int loadFirstFunction(Session& session, Files& files, std::string fileName) {
   GridOutput report;
@@ -38,7 +30,8 @@ const std::vector<ExampleFit>& exampleFits() {
 }
 
 void prepareExample(Session& session, Files& files, const ExampleFit& example) {
-  loadData(session, files, example.name + ".dat");
+  const std::string dataFile = example.name + ".dat";
+  LoadDataFile(session, dataFile, CheckDataFile(session, files, dataFile));
   BuildCatalogue(session);
   session.fun.InnerIndex =
       example.inner == 0 ? loadFirstFunction(session, files, example.library) : example.inner;

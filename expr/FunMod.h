@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "platform/Files.h"
 #include "platform/OutputWindow.h"
@@ -23,6 +24,9 @@ inline constexpr int kMostInner = 9;
 /// that is current is compiled anew after the checks.
 void ReadFunctionFile(Session& session, Files& files, OutputWindow& output, std::string& name,
                       Flag checkOnly);
+
+/// Checks the text of a function file as `ReadFunctionFile` does with `checkOnly`.
+void CheckFunctionText(Session& session, std::string_view text);
 
 /// Sets both lists of the catalogue to what is built in.
 void BuildCatalogue(Session& session);

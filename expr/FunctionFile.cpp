@@ -10,32 +10,33 @@
 namespace vk {
 namespace {
 
-constexpr int kRecordsPerFunction = 3;
-constexpr int kMostFunctions = 10;
+constexpr std::size_t kRecordsPerFunction = 3;
+constexpr std::size_t kMostFunctions = 10;
+/// A file of more records is no function file.
+constexpr std::size_t kMostRecords = 32767;
 constexpr int kWidestDescription = 56;
 constexpr char kJoin = '&';
 
 /// The records of a file one behind the other, each closed by `kJoin`.
 struct Records {
   std::string text;
-  Int16 count;
+  std::size_t count = 0;
 };
 
-void addRecordLine(Records& records, const std::string& line) {
+void addRecordLine(Records& records, std::string_view line) {
   if (line.empty() || line.front() == '%' || line.front() == '#') return;
-  if (line.back() == kJoin) {
-    records.text.append(line, 0, line.size() - 1);
-  } else {
-    records.text += line + kJoin;
-    ++records.count;
-  }
+  const bool ends = line.back() != kJoin;
+  records.text += line.substr(0, line.size() - (ends ? 0 : 1));
+  if (!ends) return;
+  records.text += kJoin;
+  ++records.count;
 }
 
-Records collectRecords(const std::string& bytes) {
-  const TextLines file = splitLines(bytes);
+Records collectRecords(std::string_view text) {
   Records records;
-  for (const std::string_view line : file.lines) addRecordLine(records, trim(line));
-  addRecordLine(records, trim(file.rest));
+  records.text.reserve(text.size() + 1);
+  TextLines lines(text);
+  while (const auto line = lines.next()) addRecordLine(records, trimmedLine(*line));
   return records;
 }
 
@@ -51,8 +52,9 @@ FunctionFile splitFunctions(const Records& records) {
 
   FunctionFile file;
   int widest = 0;
-  const int functions = std::min(records.count / kRecordsPerFunction, kMostFunctions);
-  for (int i = 0; i < functions; ++i) {
+  if (records.count > kMostRecords) return file;
+  const std::size_t functions = std::min(records.count / kRecordsPerFunction, kMostFunctions);
+  for (std::size_t i = 0; i < functions; ++i) {
     FunctionFile::Entry& entry = file.entries.emplace_back();
     entry.parameters = nextRecord();
     entry.definition = nextRecord();
@@ -69,8 +71,8 @@ void addLine(Session& session, const std::string& line) {
 }
 
 /// Gives whether the records make whole functions, at least one.
-bool checkStructure(Session& session, int records) {
-  const bool whole = records % kRecordsPerFunction == 0;
+bool checkStructure(Session& session, std::size_t records) {
+  const bool whole = records % kRecordsPerFunction == 0 && records <= kMostRecords;
   if (!whole) {
     for (const char* line :
          {"*** ERR. Struttura del File Funzioni NON Corretta!", "***      Successione: #",
@@ -116,21 +118,33 @@ bool checkFunctions(Session& session, const FunctionFile& file) {
   return good;
 }
 
-}  // namespace
-
-void ReadFunctionFile(Session& session, Files& files, OutputWindow& output, std::string& name,
-                      Flag checkOnly) {
+/// The functions of a text, checked; `ErrFlag` tells whether it is good.
+FunctionFile checkedFunctions(Session& session, std::string_view text) {
   session.TraceText.clear();
-  const Records records = collectRecords(files.readAll(name));
-  name = upper(name);
-
+  const Records records = collectRecords(text);
   const bool structured = checkStructure(session, records.count);
   FunctionFile file = splitFunctions(records);
   const bool good = checkFunctions(session, file) && structured;
   restoreModel(session);  // the checks have used its place
   session.ErrFlag = toFlag(!good);
+  return file;
+}
+
+}  // namespace
+
+void CheckFunctionText(Session& session, std::string_view text) {
+  checkedFunctions(session, text);
+}
+
+void ReadFunctionFile(Session& session, Files& files, OutputWindow& output, std::string& name,
+                      Flag checkOnly) {
+  session.TraceText.clear();
+  const std::string text = files.readAll(name);
+  name = upper(name);
+  FunctionFile file = checkedFunctions(session, text);
   if (checkOnly) return;
 
+  const bool good = session.ErrFlag == 0;
   if (!good && session.CheckFunctions && session.TraceEnabled) {
     output.OutShow(reportRequest("VOR_KEL: Lettura File Funzioni - Controllo File", session.TraceText));
   }

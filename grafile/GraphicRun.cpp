@@ -9,14 +9,14 @@
 namespace vk {
 
 void GraphicRun::runText(std::string_view text) {
-  auto [lines, rest] = splitLines(text);
-  if (!rest.empty()) lines.push_back(rest);
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    std::string line = trim(lines[i]);
+  TextLines lines(text);
+  while (const auto first = lines.next()) {
+    std::string line(trimmedLine(*first));
     while (line.ends_with('&')) {
-      if (++i == lines.size()) throw RuntimeError(kInputPastEnd);
+      const auto more = lines.next();
+      if (!more) throw RuntimeError(kInputPastEnd);
       line.pop_back();
-      line += trim(lines[i]);
+      line += trimmedLine(*more);
     }
     runLine(line);
   }
@@ -27,9 +27,7 @@ void GraphicRun::runLine(const std::string& line) {
   if (!line.starts_with('\\')) return;
   failure_.clear();
   obey(line);
-  if (failure_.empty()) return;
-  errors_ += failure_;
-  errors_ += kCrLf;
+  if (!failure_.empty()) errors_.add(failure_);
 }
 
 void GraphicRun::obey(const std::string& line) {

@@ -5,6 +5,7 @@
 
 #include "grafile/GralPlt.h"
 #include "gral/GralCls.h"
+#include "session/ErrorList.h"
 
 namespace vk {
 
@@ -28,7 +29,7 @@ class GraphicRun {
   void runText(std::string_view text);
 
   /// The messages of the lines that failed, CR LF ended.
-  const std::string& errors() const { return errors_; }
+  std::string errors() const { return errors_.text(); }
 
   // ---- What the commands do; the table of commands tells which is which ------------------------------------
 
@@ -68,7 +69,7 @@ class GraphicRun {
   std::string xLegend_, yLegend_;
   double FunXMin_ = 0, FunXMax_ = 0;
   std::string failure_;  // of the present line; empty while it is good
-  std::string errors_;
+  ErrorList errors_;
 };
 
 }  // namespace vk

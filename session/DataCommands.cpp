@@ -1,5 +1,7 @@
 #include "session/DataCommands.h"
 
+#include <utility>
+
 #include "session/DataFiles.h"
 #include "session/FileSelection.h"
 #include "session/Msg.h"
@@ -34,16 +36,13 @@ bool readDataFile(Session& session, Files& files, Dialogs& dialogs, OutputWindow
                   MainWindow& window) {
   std::string name;
   if (!pickFileToRead(session, files, dialogs, kReadCaption, kDataKind, name)) return true;
-  std::string errors;
-  Int16 declaredCount, validCount;
-  Flag hasXErrors;
-  CheckDataFile(session, files, name, errors, declaredCount, validCount, hasXErrors);
+  DataReading reading = CheckDataFile(session, files, name);
   if (session.ErrFlag != 0) {
-    tellErrors(session, dialogs, output, name, errors);
+    tellErrors(session, dialogs, output, name, reading.errors);
     return true;
   }
-  if (!acceptCounts(dialogs, declaredCount, validCount)) return false;
-  LoadDataFile(session, files, name, validCount, hasXErrors);
+  if (!acceptCounts(dialogs, reading.declaredCount, reading.data.NumPnt)) return false;
+  LoadDataFile(session, name, std::move(reading));
   forgetFigures(session);
   addRecentFile(session, window, kDataKind, name);
   window.setMenuEnabled("MenDatSav", true);

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
+#include "base/Guard.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "session/ErrorList.h"
 #include "session/SubMod.h"
 #include "session/TextLines.h"
 
@@ -15,7 +18,8 @@ namespace {
 constexpr int kTitleLines = 2;
 constexpr int kCountLine = 3;
 constexpr int kLeastLines = 5;
-constexpr int kLeastPoints = 2;
+constexpr std::size_t kLeastPoints = 2;
+constexpr std::size_t kMostPoints = 32767;
 constexpr const char* kPointMask = " ##.#####^^^^ ";
 
 struct Translation {
@@ -53,169 +57,140 @@ std::string translated(char c) {
   return "??";
 }
 
-/// The checking pass over the lines of one file.
-class Checker {
+/// One reading of the lines of a data file.
+class DataReader {
  public:
-  void take(int number, std::string_view raw) {
-    const std::string line = cleanLine(raw);
+  void take(std::string_view line) {
+    ++number_;
     if (isComment(line)) return;
     ++significant_;
-    if (significant_ == kCountLine) checkCountLine(number, raw, line);
-    if (significant_ > kCountLine) checkPoint(number, raw, line);
+    if (significant_ == 1) reading_.data.TitleX = TranslateDosText(cleanLine(line));
+    if (significant_ == kTitleLines) reading_.data.TitleY = TranslateDosText(cleanLine(line));
+    if (significant_ == kCountLine) takeCounts(line);
+    if (significant_ > kCountLine) takePoint(line);
   }
 
-  void finish() {
-    if (significant_ < kLeastLines) report("***ERR. un File Dati DEVE Contenere almeno 5 Linee");
-    if (validCount < kLeastPoints) report("***ERR. un File Dati DEVE Contenere almeno 2 Linee di Dati");
-  }
-
-  std::string errorText;
-  Int16 declaredCount;
-  Int16 validCount;
-  Flag hasXErrors;
-
- private:
-  void report(const std::string& line) {
-    errorText += line;
-    errorText += kCrLf;
-  }
-  void reportLine(int number, std::string_view raw, const std::string& reason) {
-    report("***ERR. Linea " + FormatPattern(number, "####") + ": " + std::string(raw));
-    report(reason);
-  }
-  void reportToken(int number, int index) {
-    report("***ERR. Linea " + FormatPattern(number, "####") + "; Dato " + FormatPattern(index, "###") + ": " +
-           tokens_[index]);
-    report("   Dato NON numerico");
-  }
-
-  void checkCountLine(int number, std::string_view raw, const std::string& line) {
-    SplitBlanks(line, tokens_, count_);
-    if (count_ == 0) {
-      reportLine(number, raw, "   La terza linea NON nulla o commentata DEVE contenere almeno un numero");
-      return;
-    }
-    hasXErrors = toFlag(count_ > 1);
-    if (!takeDeclaredCount()) reportToken(number, 1);
-    if (count_ > 1 && !isNumeric(tokens_[2])) reportToken(number, 2);
-  }
-
-  bool takeDeclaredCount() {
-    if (!isNumeric(tokens_[1])) return false;
-    try {
-      declaredCount = toInt16(scanNumber(tokens_[1]));
-      return true;
-    } catch (const RuntimeError&) {
-      // A count that no data set can have is as good as none.
-      return false;
-    }
-  }
-
-  void checkPoint(int number, std::string_view raw, const std::string& line) {
-    const int expected = 3 - hasXErrors;
-    SplitBlanks(line, tokens_, count_);
-    if (count_ != expected) {
-      reportLine(number, raw, "   le linee Dati DEVONO contenere " + signedText(expected) + " dati.");
-      return;
-    }
-    bool valid = true;
-    for (int i = 1; i <= count_; ++i) {
-      if (isNumeric(tokens_[i])) continue;
-      reportToken(number, i);
-      valid = false;
-    }
-    if (valid) ++validCount;
-  }
-
-  int significant_ = 0;
-  Array<std::string> tokens_;
-  Int16 count_;
-};
-
-/// The loading pass over the lines of one file.
-class Loader {
- public:
-  explicit Loader(DataSet& data) : data_(data) {}
-
-  void take(std::string_view raw) {
-    const std::string line = cleanLine(raw);
-    if (isComment(line)) return;
-    ++significant_;
-    if (significant_ == 1) data_.TitleX = TranslateDosText(line);
-    if (significant_ == 2) data_.TitleY = TranslateDosText(line);
-    if (significant_ > kCountLine) takePoint(significant_ - kCountLine, line);
+  DataReading finish() {
+    reading_.errors = errors_.text();
+    if (significant_ < kLeastLines) close("***ERR. un File Dati DEVE Contenere almeno 5 Linee");
+    if (points_.size() < kLeastPoints) close("***ERR. un File Dati DEVE Contenere almeno 2 Linee di Dati");
+    if (tooMany_) close("***ERR. un File Dati NON PUO` Contenere piu` di 32767 Linee di Dati");
+    storePoints();
+    return std::move(reading_);
   }
 
  private:
-  void takePoint(int point, const std::string& line) {
-    SplitBlanks(line, tokens_, count_);
-    data_.Xpnt[point] = scanNumber(tokens_[1]);
-    data_.Ypnt[point] = scanNumber(tokens_[2]);
-    if (data_.kXpntErr != kFalse) data_.ErrXpnt[point] = scanNumber(tokens_[3]);
-    data_.ErrYpnt[point] = scanNumber(tokens_[3 - data_.kXpntErr]);
+  using Tokens = std::vector<std::string_view>;
+  using Point = std::array<double, 4>;
+
+  void reportLine(std::string_view line, const std::string& reason) {
+    errors_.add("***ERR. Linea " + FormatPattern(number_, "####") + ": " + std::string(line) +
+                std::string(kCrLf) + reason);
+  }
+  void reportToken(std::size_t index, std::string_view token) {
+    errors_.add("***ERR. Linea " + FormatPattern(number_, "####") + "; Dato " + std::to_string(index) + ": " +
+                std::string(token) + std::string(kCrLf) + "   Dato NON numerico");
+  }
+  void close(const char* line) { reading_.errors.append(line).append(kCrLf); }
+
+  void takeCounts(std::string_view line) {
+    const Tokens tokens = SplitBlanks(line, 2);
+    if (tokens.empty()) {
+      return reportLine(line, "   La terza linea NON nulla o commentata DEVE contenere almeno un numero");
+    }
+    hasXErrors_ = tokens.size() > 1;
+    if (!takeDeclaredCount(tokens[0])) reportToken(1, tokens[0]);
+    if (hasXErrors_ && !isNumeric(tokens[1])) reportToken(2, tokens[1]);
   }
 
-  DataSet& data_;
-  int significant_ = 0;
-  Array<std::string> tokens_;
-  Int16 count_;
+  bool takeDeclaredCount(std::string_view token) {
+    // A count that no data set can have is as good as none.
+    return isNumeric(token) && guard([&] { reading_.declaredCount = toInt16(scanNumber(token)); });
+  }
+
+  void takePoint(std::string_view line) {
+    const std::size_t expected = hasXErrors_ ? 4 : 3;
+    const Tokens tokens = SplitBlanks(line, expected + 1);
+    if (tokens.size() != expected) {
+      return reportLine(line, "   le linee Dati DEVONO contenere  " + std::to_string(expected) + " dati.");
+    }
+    Point point{};
+    bool good = true;
+    for (std::size_t i = 0; i < expected; ++i) {
+      point[i] = scanNumber(tokens[i]);
+      if (isNumeric(tokens[i])) continue;
+      reportToken(i + 1, tokens[i]);
+      good = false;
+    }
+    if (good) keep(point);
+  }
+
+  void keep(const Point& point) {
+    tooMany_ = points_.size() == kMostPoints;
+    if (!tooMany_) points_.push_back(point);
+  }
+
+  void storePoints() {
+    DataSet& data = reading_.data;
+    data.allocate(static_cast<int>(points_.size()), toFlag(hasXErrors_));
+    int i = 0;
+    for (const Point& point : points_) {
+      ++i;
+      data.Xpnt[i] = point[0];
+      data.Ypnt[i] = point[1];
+      if (hasXErrors_) data.ErrXpnt[i] = point[2];
+      data.ErrYpnt[i] = point[hasXErrors_ ? 3 : 2];
+    }
+  }
+
+  int number_ = 0;       // of the line, comments included
+  int significant_ = 0;  // lines so far that are no comments
+  bool hasXErrors_ = false;
+  bool tooMany_ = false;
+  std::vector<Point> points_;
+  ErrorList errors_;
+  DataReading reading_;
 };
 
 }  // namespace
 
-void ReadTextLines(Files& files, const std::string& fileName, Array<std::string>& lines, int& count) {
-  const std::string bytes = files.readAll(fileName);
-  const TextLines text = splitLines(bytes);
-  count = static_cast<int>(text.lines.size());
-  lines.dim(count);
-  for (int i = 1; i <= count; ++i) lines[i] = text.lines[static_cast<std::size_t>(i - 1)];
+DataReading readDataText(std::string_view text) {
+  DataReader reader;
+  TextLines lines(text);
+  while (const auto line = lines.next()) reader.take(*line);
+  return reader.finish();
 }
 
-void SplitBlanks(const std::string& text, Array<std::string>& tokens, Int16& count) {
-  std::vector<std::string_view> found;
-  const std::string_view all = text;
-  for (auto start = all.find_first_not_of(' '); start != std::string_view::npos;) {
-    const auto end = std::min(all.find(' ', start), all.size());
-    found.push_back(all.substr(start, end - start));
-    start = all.find_first_not_of(' ', end);
-  }
-  count = static_cast<int>(found.size());
-  tokens.dim(count);
-  for (int i = 1; i <= count; ++i) tokens[i] = found[static_cast<std::size_t>(i - 1)];
-}
-
-std::string TranslateDosText(const std::string& text) {
-  std::string result;
-  for (const char c : text) result += translated(c);
-  return result;
-}
-
-void CheckDataFile(Session& session, Files& files, const std::string& fileName, std::string& errorText,
-                   Int16& declaredCount, Int16& validCount, Flag& hasXErrors) {
+DataReading CheckDataFile(Session& session, Files& files, const std::string& fileName) {
   session.ErrFlag = 0;
-  Array<std::string> lines;
-  int count = 0;
-  ReadTextLines(files, fileName, lines, count);
-  Checker checker;
-  for (int number = 1; number <= count; ++number) checker.take(number, lines[number]);
-  checker.finish();
-  if (!checker.errorText.empty()) session.ErrFlag = kTrue;
-  errorText = checker.errorText;
-  declaredCount = checker.declaredCount;
-  validCount = checker.validCount;
-  hasXErrors = checker.hasXErrors;
+  DataReading reading = readDataText(files.readAll(fileName));
+  session.ErrFlag = toFlag(!reading.errors.empty());
+  return reading;
 }
 
-void LoadDataFile(Session& session, Files& files, const std::string& fileName, int count, Flag hasXErrors) {
+void LoadDataFile(Session& session, const std::string& fileName, DataReading&& reading) {
   session.DataFile = fileName;
   session.DataDefined = kTrue;
-  session.data.allocate(count, hasXErrors);
-  const std::string bytes = files.readAll(fileName);
-  const TextLines text = splitLines(bytes);
-  Loader loader(session.data);
-  for (const std::string_view line : text.lines) loader.take(line);
-  // QUIRK: the check does not see a last line without a line end, this pass does: such a point has no room.
-  loader.take(text.rest);
+  session.data = std::move(reading.data);
+}
+
+std::vector<std::string_view> SplitBlanks(std::string_view line, std::size_t most) {
+  constexpr std::string_view kBetween = " \t";
+  std::vector<std::string_view> tokens;
+  for (auto start = line.find_first_not_of(kBetween);
+       start != std::string_view::npos && tokens.size() < most;) {
+    const auto end = std::min(line.find_first_of(kBetween, start), line.size());
+    tokens.push_back(line.substr(start, end - start));
+    start = line.find_first_not_of(kBetween, end);
+  }
+  return tokens;
+}
+
+std::string TranslateDosText(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  for (const char c : text) result += translated(c);
+  return result;
 }
 
 std::string dataFileText(const DataSet& data) {

@@ -11,7 +11,6 @@
 namespace vk {
 namespace {
 
-constexpr std::size_t kHeaderLines = 3;
 constexpr std::string_view kSeparators = " ,\r\n";
 
 /// Takes numbers out of a text where blanks, commas and line ends separate them.
@@ -70,31 +69,31 @@ bool readPoints(std::string_view text, DataSet& data) {
 
 PlainReading readPlain(std::string_view text, bool exact) {
   PlainReading reading;
-  auto [lines, rest] = splitLines(text);
-  lines.push_back(rest);
-  if (lines.size() < kHeaderLines) return reading;
-  const std::string_view countLine = lines[kHeaderLines - 1];
+  TextLines lines(text);
+  const auto titleX = lines.next();
+  const auto titleY = lines.next();
+  const auto countLine = lines.next();
+  if (!countLine) return reading;
   Flag hasXErrors;
-  reading.count = readCount(countLine, exact, hasXErrors);
+  reading.count = readCount(*countLine, exact, hasXErrors);
   if (reading.count == 0) return reading;
-  reading.data.TitleX = TranslateDosText(std::string(lines[0]));
-  reading.data.TitleY = TranslateDosText(std::string(lines[1]));
+  reading.data.TitleX = TranslateDosText(*titleX);
+  reading.data.TitleY = TranslateDosText(*titleY);
   reading.data.allocate(reading.count, hasXErrors);
-  const auto behindHeader = static_cast<std::size_t>(countLine.data() + countLine.size() - text.data());
+  const auto behindHeader = static_cast<std::size_t>(countLine->data() + countLine->size() - text.data());
   reading.complete = readPoints(text.substr(behindHeader), reading.data);
   return reading;
 }
 
 /// The text as the checking reader sees it: no comments, tabs as blanks.
 std::string withoutComments(std::string_view text) {
-  auto [lines, rest] = splitLines(text);
-  lines.push_back(rest);
   std::string result;
-  for (const std::string_view line : lines) {
-    const std::string cleaned = cleanLine(line);
-    if (isComment(cleaned)) continue;
-    result += cleaned;
-    result += kCrLf;
+  result.reserve(text.size() + kCrLf.size());
+  TextLines lines(text);
+  while (const auto line = lines.next()) {
+    if (isComment(*line)) continue;
+    result += cleanLine(*line);
+    result += lines.lineEnd();
   }
   return result;
 }

@@ -6,26 +6,31 @@
 
 namespace vk {
 
-TextLines splitLines(std::string_view text) {
-  const std::string_view lineEnd = text.find('\r') == std::string_view::npos ? kCrLf.substr(1) : kCrLf;
-  TextLines result;
-  std::size_t start = 0;
-  for (std::size_t end; (end = text.find(lineEnd, start)) != std::string_view::npos;) {
-    result.lines.push_back(text.substr(start, end - start));
-    start = end + lineEnd.size();
-  }
-  result.rest = text.substr(start);
-  return result;
+TextLines::TextLines(std::string_view text)
+    : rest_(text), lineEnd_(text.find('\r') == std::string_view::npos ? kCrLf.substr(1) : kCrLf) {}
+
+std::optional<std::string_view> TextLines::next() {
+  if (rest_.empty()) return std::nullopt;
+  const std::size_t end = rest_.find(lineEnd_);
+  const std::string_view line = rest_.substr(0, end);
+  rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + lineEnd_.size());
+  return line;
+}
+
+std::string_view trimmedLine(std::string_view line) {
+  line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+  return line.substr(0, line.find_last_not_of(' ') + 1);
 }
 
 std::string cleanLine(std::string_view line) {
-  std::string cleaned = trim(line);
+  std::string cleaned(trimmedLine(line));
   std::replace(cleaned.begin(), cleaned.end(), '\t', ' ');
   return cleaned;
 }
 
-bool isComment(std::string_view cleanedLine) {
-  return cleanedLine.empty() || cleanedLine.front() == '%';
+bool isComment(std::string_view line) {
+  const std::size_t first = line.find_first_not_of(' ');
+  return first == std::string_view::npos || line[first] == '%';
 }
 
 }  // namespace vk

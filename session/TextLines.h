@@ -1,26 +1,39 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace vk {
 
-/// A text cut at its line ends. The views point into the text, which must stay.
-struct TextLines {
-  std::vector<std::string_view> lines;  ///< what stands before each line end
-  std::string_view rest;                ///< what stands behind the last one; a line without an end
+/// Walks over the lines of a text without copying it: the views point into the text, which must stay.
+///
+/// A line ends at each pair of carriage return and line feed; any other CR or LF is an ordinary character. In a
+/// text without any carriage return each line feed ends a line. What stands behind the last line end is a line as
+/// well, unless it is empty.
+class TextLines {
+ public:
+  explicit TextLines(std::string_view text);
+
+  /// The next line without its end; nothing behind the last one.
+  std::optional<std::string_view> next();
+
+  /// What ends the lines of this text.
+  std::string_view lineEnd() const { return lineEnd_; }
+
+ private:
+  std::string_view rest_;
+  std::string_view lineEnd_;
 };
 
-/// Cuts a text at each pair of carriage return and line feed; any other CR or LF is an ordinary character. In a
-/// text without any carriage return each line feed ends a line.
-TextLines splitLines(std::string_view text);
+/// The line without the blanks at its ends. Only blanks count: tabs stay.
+std::string_view trimmedLine(std::string_view line);
 
-/// A line of a data file without the blanks at its ends, each tab in it as one blank.
+/// A line of a data file as its readers take it: without the blanks at its ends, each tab in it as one blank.
 std::string cleanLine(std::string_view line);
 
-/// True for a cleaned line that is empty or begins with "%". A line that holds a tab is never empty, and a tab
-/// before the "%" makes it text.
-bool isComment(std::string_view cleanedLine);
+/// True for a line of a data file that is blank or begins, behind blanks, with "%". A tab makes it text: a line
+/// that holds one is never blank, and a "%" behind it begins no comment.
+bool isComment(std::string_view line);
 
 }  // namespace vk

@@ -23,11 +23,11 @@ enum ErrorAnswer : int { kGoOnEditing = 1, kIgnore = 2, kShowErrors = 3 };
 
 /// The text of a file with its lines ended by CR LF; the last one too where the control takes whole lines.
 std::string textOfFile(const std::string& bytes, bool wholeLines) {
-  const TextLines file = splitLines(bytes);
   std::string text;
-  for (const std::string_view line : file.lines) text.append(line).append(kCrLf);
-  text += file.rest;
-  if (wholeLines && !file.rest.empty()) text += kCrLf;
+  TextLines lines(bytes);
+  while (const auto line = lines.next()) text.append(*line).append(kCrLf);
+  const bool whole = wholeLines || bytes.ends_with(lines.lineEnd());
+  if (!whole && !bytes.empty()) text.resize(text.size() - kCrLf.size());
   return text;
 }
 
@@ -138,9 +138,10 @@ bool Editor::wantsLargeFile() {
 }
 
 void Editor::MnuFilSav() {
-  if (!write()) return;
+  const std::string text = textOfForm();
+  if (!write(text)) return;
   std::string report;
-  if (!check(report)) return;
+  if (!check(text, report)) return;
   if (session_.ErrFlag != 0) {
     tellErrors(report);
   } else {
@@ -148,10 +149,15 @@ void Editor::MnuFilSav() {
   }
 }
 
-bool Editor::write() {
-  const std::string text = form_->editorText();
+/// The text as it goes into the file.
+std::string Editor::textOfForm() {
+  std::string text = form_->editorText();
+  return control_ == EditControl::kTxtEdiOld ? fileOfLines(text) : text;
+}
+
+bool Editor::write(const std::string& text) {
   try {
-    ports_.files.writeAll(editFile_, control_ == EditControl::kTxtEdiOld ? fileOfLines(text) : text);
+    ports_.files.writeAll(editFile_, text);
     return true;
   } catch (const RuntimeError& error) {
     tell("Il File " + nameOfKind() + " NON e` stato Salvato!", error);
@@ -160,13 +166,13 @@ bool Editor::write() {
   }
 }
 
-/// Runs the reader of the kind over the file; `ErrFlag` tells whether the report lists errors. False when the
+/// Runs the reader of the kind over the text just saved; `ErrFlag` tells whether the report lists errors. False when the
 /// reader could not come to its end, which has been told.
-bool Editor::check(std::string& report) {
+bool Editor::check(const std::string& text, std::string& report) {
   session_.ErrFlag = 0;
   try {
-    if (session_.FileKind == kDataKind) report = checkData();
-    if (session_.FileKind == kFunctionKind) report = checkFunctions();
+    if (session_.FileKind == kDataKind) report = checkData(text);
+    if (session_.FileKind == kFunctionKind) report = checkFunctions(text);
     return true;
   } catch (const RuntimeError& error) {
     restoreModel(session_);  // a check that broke off has left a part of the file in its place
@@ -176,18 +182,15 @@ bool Editor::check(std::string& report) {
   }
 }
 
-std::string Editor::checkData() {
-  std::string report;
-  Int16 declaredCount, validCount;
-  Flag hasXErrors;
-  CheckDataFile(session_, ports_.files, editFile_, report, declaredCount, validCount, hasXErrors);
+std::string Editor::checkData(const std::string& text) {
+  std::string report = readDataText(text).errors;
+  session_.ErrFlag = toFlag(!report.empty());
   return report;
 }
 
-std::string Editor::checkFunctions() {
+std::string Editor::checkFunctions(const std::string& text) {
   const CheckSwitches switches(session_);
-  std::string name = editFile_;  // the reader folds it, and the next save is to find the same file
-  ReadFunctionFile(session_, ports_.files, ports_.output, name, kTrue);
+  CheckFunctionText(session_, text);
   return std::exchange(session_.TraceText, {});
 }
 

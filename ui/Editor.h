@@ -67,10 +67,11 @@ class Editor {
   bool readText(std::string& bytes);
   bool wantsToCreate();
   bool wantsLargeFile();
-  bool write();
-  bool check(std::string& report);
-  std::string checkData();
-  std::string checkFunctions();
+  std::string textOfForm();
+  bool write(const std::string& text);
+  bool check(const std::string& text, std::string& report);
+  std::string checkData(const std::string& text);
+  std::string checkFunctions(const std::string& text);
   void tellErrors(const std::string& report);
   void close();
 

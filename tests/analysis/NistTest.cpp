@@ -161,8 +161,8 @@ class Nist : public testing::TestWithParam<Problem> {
  protected:
   static void load(FitCase& fit) {
     SystemFiles files;
-    LoadDataFile(fit.session, files, sourcePath("tests/analysis/nist/" + GetParam().name + ".DAT"),
-                 GetParam().points, kFalse);
+    const std::string name = sourcePath("tests/analysis/nist/" + GetParam().name + ".DAT");
+    LoadDataFile(fit.session, name, CheckDataFile(fit.session, files, name));
   }
 
   static bool reachesMinimum(const Values& start) {

@@ -5,6 +5,7 @@
 #include "doubles/ErrorOf.h"
 #include "platform/system/SystemRandom.h"
 #include "session/DataFiles.h"
+#include "session/TextLines.h"
 #include "tests/analysis/PropagationHelp.h"
 
 namespace vk {
@@ -36,11 +37,10 @@ class SaveMonteCarloTest : public PropagationTest {
     return linesOfFile();
   }
   std::vector<std::string> linesOfFile() {
-    Array<std::string> lines;
-    int count = 0;
-    ReadTextLines(files, kFile, lines, count);
-    const auto all = lines.span(1, count);
-    return {all.begin(), all.end()};
+    std::vector<std::string> all;
+    TextLines lines(files.content.at(kFile));
+    while (const auto line = lines.next()) all.emplace_back(*line);
+    return all;
   }
   /// Hits and centres of the bins as the save leaves them in the session.
   std::vector<std::pair<double, double>> bins() const {
@@ -154,15 +154,12 @@ class SavedPropagation : public SaveMonteCarloTest {
 
 TEST_F(SavedPropagation, PassesTheCheckAndLoads) {
   runAndSave();
-  std::string errors;
-  Int16 declared, valid;
-  Flag hasXErrors;
-  CheckDataFile(session, files, kFile, errors, declared, valid, hasXErrors);
-  EXPECT_EQ(errors, "");
+  DataReading reading = CheckDataFile(session, files, kFile);
+  EXPECT_EQ(reading.errors, "");
   EXPECT_EQ(session.ErrFlag, 0);
-  EXPECT_EQ(declared, valid);
-  EXPECT_EQ(hasXErrors, kFalse);
-  LoadDataFile(session, files, kFile, valid, hasXErrors);
+  EXPECT_EQ(reading.declaredCount, reading.data.NumPnt);
+  EXPECT_EQ(reading.data.kXpntErr, kFalse);
+  LoadDataFile(session, kFile, std::move(reading));
   EXPECT_EQ(session.data.TitleX, "Sim. M.C. per y = c");
   EXPECT_EQ(session.data.TitleY, "Densita` di Probabilita`");
   EXPECT_EQ(session.data.NumPnt, session.monteCarlo.McBinCount - 1);

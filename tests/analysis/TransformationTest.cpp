@@ -274,7 +274,7 @@ TEST_F(TransformationTest, TransformedDataAreSavedAndReadBack) {
   transform({"t2", "s2", "x*2", "x+y", "dy"});
   dialogs.pick("/data/NEW.DAT");
   MenDatSav(session, files, dialogs);
-  LoadDataFile(session, files, "/data/NEW.DAT", 3, kFalse);
+  LoadDataFile(session, "/data/NEW.DAT", CheckDataFile(session, files, "/data/NEW.DAT"));
   EXPECT_EQ(session.data.TitleX, "t2");
   EXPECT_EQ(session.data.TitleY, "s2");
   EXPECT_THAT(column(session.data.Xpnt), ElementsAre(2, 4, 6));

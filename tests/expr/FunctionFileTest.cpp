@@ -403,12 +403,6 @@ TEST_F(FunctionFileTest, EveryRandomFileIsEitherRefusedOrCanBeTaken) {
   EXPECT_GT(taken, 100);
 }
 
-TEST_F(FunctionFileTest, MoreRecordsThanA16BitCountIsARuntimeError) {
-  std::string bytes;
-  for (int i = 0; i < 32768; ++i) bytes += "a\n";
-  EXPECT_THROW(read(bytes), RuntimeError);
-}
-
 TEST_F(FunctionFileTest, TheCheckLeavesTheModelOfALoadedFunctionAsItWas) {
   read(lines({"p,q", "p*x+q", "retta"}));
   loadFunction(session, 1);
@@ -420,6 +414,25 @@ TEST_F(FunctionFileTest, TheCheckLeavesTheModelOfALoadedFunctionAsItWas) {
   report(lines({"A,B,C", "A*x*x+B*x+C", "buona"}));
   EXPECT_EQ(session.model.Code, code);
   EXPECT_EQ(session.model.nPar, 2);
+}
+
+TEST_F(FunctionFileTest, DepartureTooManyLinesAreAWrongStructureAndNothingIsCompiled) {
+  std::string text;
+  for (int i = 0; i < 10923; ++i) text += "A\r\nA*x\r\nretta\r\n";  // 32769 lines
+  EXPECT_EQ(report(text), kStructureReport);
+  EXPECT_EQ(session.ErrFlag, -1);
+  read(text);
+  EXPECT_TRUE(entries().empty());
+}
+
+TEST_F(FunctionFileTest, ATextIsCheckedAsItsFileIs) {
+  for (const char* bytes : {"A\r\nA*x\r\nretta\r\n", "A\r\nA*\r\nretta\r\n", "A\nA*x"}) {
+    const std::string expected = report(bytes);
+    const Int16 flag = session.ErrFlag;
+    CheckFunctionText(session, bytes);
+    EXPECT_EQ(session.TraceText, expected);
+    EXPECT_EQ(session.ErrFlag, flag);
+  }
 }
 
 }  // namespace

@@ -89,9 +89,10 @@ std::vector<std::string> withoutClip(const std::vector<std::string>& drawing) {
 std::vector<std::string> commandsOf(const std::string& text, const std::string& name) {
   std::vector<std::string> arguments;
   const std::string start = "\\" + name + "(";
-  for (const std::string_view line : splitLines(text).lines) {
-    if (line.starts_with(start))
-      arguments.emplace_back(line.substr(start.size(), line.size() - start.size() - 1));
+  TextLines lines(text);
+  while (const auto line = lines.next()) {
+    if (line->starts_with(start))
+      arguments.emplace_back(line->substr(start.size(), line->size() - start.size() - 1));
   }
   return arguments;
 }

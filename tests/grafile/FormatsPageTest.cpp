@@ -61,14 +61,11 @@ TEST_F(FormatsPage, HasExamplesOfEachKind) {
 
 TEST_F(FormatsPage, TheDataFileHasItsPoints) {
   const std::string name = of("dat")[0].name;
-  std::string errors;
-  Int16 declared, valid;
-  Flag hasXErrors;
-  CheckDataFile(session, files, name, errors, declared, valid, hasXErrors);
-  EXPECT_EQ(errors, "");
-  EXPECT_EQ(declared, 5);
-  EXPECT_EQ(valid, 5);
-  LoadDataFile(session, files, name, valid, hasXErrors);
+  DataReading reading = CheckDataFile(session, files, name);
+  EXPECT_EQ(reading.errors, "");
+  EXPECT_EQ(reading.declaredCount, 5);
+  EXPECT_EQ(reading.data.NumPnt, 5);
+  LoadDataFile(session, name, std::move(reading));
   EXPECT_EQ(session.data.TitleX, "Massa (g)");
   EXPECT_EQ(session.data.TitleY, "Elongazione (mm)");
   EXPECT_EQ(session.data.Ypnt[5], 101.5);

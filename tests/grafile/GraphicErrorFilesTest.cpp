@@ -26,8 +26,9 @@ class GraphicErrorFiles : public FigureFixture, public ::testing::WithParamInter
 TEST_P(GraphicErrorFiles, GiveTheListThatTheyTell) {
   const std::string text = files.content.at(GetParam());
   std::string expected;
-  for (const std::string_view line : splitLines(text).lines) {
-    if (line.starts_with(kExpected)) expected += std::string(line.substr(kExpected.size())) + "\r\n";
+  TextLines lines(text);
+  while (const auto line = lines.next()) {
+    if (line->starts_with(kExpected)) expected += std::string(line->substr(kExpected.size())) + "\r\n";
   }
   EXPECT_EQ(errorsOf(text), expected);
   EXPECT_EQ(expected.empty(), GetParam() == "none.gra");

@@ -79,5 +79,12 @@ TEST_F(GraphicLinesTest, AnErrorFlagAtTheStartFailsEveryCommand) {
                                           "*** Parametri di PARAMETRI Errati", "***\\NO() Comando Errato"}));
 }
 
+TEST_F(GraphicLinesTest, DepartureAListEndsAfterAThousandErrors) {
+  std::string text, expected;
+  for (int i = 0; i < 1003; ++i) text += "\\X\r\n";
+  for (int i = 0; i < 1000; ++i) expected += "***\\X Comando Errato\r\n";
+  EXPECT_EQ(errorsOf(text), expected + "***ERR. ... e altri 3 errori\r\n");
+}
+
 }  // namespace
 }  // namespace vk

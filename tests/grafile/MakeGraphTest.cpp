@@ -302,15 +302,11 @@ TEST_F(MakeGraphTest, TheDifferencesAreAGoodDataFile) {
   loadPoints();
   takeFunction(2, 1, {.25, .5});
   makeGraph(kDifferencesFigure);
-  files.content["DIF.DAT"] = session.DiffText;
-  std::string errors;
-  Int16 declared, valid;
-  Flag hasXErrors;
-  CheckDataFile(session, files, "DIF.DAT", errors, declared, valid, hasXErrors);
-  EXPECT_EQ(errors, "");
-  EXPECT_EQ(declared, 3);
-  EXPECT_EQ(valid, 3);
-  EXPECT_EQ(hasXErrors, kFalse);
+  const DataReading reading = readDataText(session.DiffText);
+  EXPECT_EQ(reading.errors, "");
+  EXPECT_EQ(reading.declaredCount, 3);
+  EXPECT_EQ(reading.data.NumPnt, 3);
+  EXPECT_EQ(reading.data.kXpntErr, kFalse);
 }
 
 TEST_F(MakeGraphTest, FivePointsThatCannotBeComputedAreNotDrawnAndBeepEach) {

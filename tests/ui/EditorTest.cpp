@@ -368,28 +368,26 @@ TEST_F(EditorTest, TheSwitchesOfTheCheckArePutBack) {
   }
 }
 
-/// Files that can be written, but fail when they are read again.
-class FailingReread : public MemoryFiles {
- public:
-  void writeAll(const std::string& path, std::string_view bytes) override {
-    MemoryFiles::writeAll(path, bytes);
-    readError[path] = kDeviceIoError;
-  }
-};
+TEST_F(EditorTest, WhatIsCheckedIsTheTextThatWasSavedNotTheFile) {
+  open(kGoodData, kDataKind);
+  files.readError[kPath] = kDeviceIoError;
+  editor.MnuFilSav();
+  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_TRUE(dialogs.boxes.empty());
+}
 
 TEST_F(EditorTest, ACheckThatBreaksOffIsToldAndPutsItsSwitchesBack) {
-  FailingReread failing;
-  Editor other(session, {failing, dialogs, window, output, clipboard, printer, sound});
-  other.setForm(form);
-  failing.content[kPath] = kGoodFunctions;
-  other.OpenEditor(kPath, kFunctionKind);
+  open(kGoodFunctions, kFunctionKind);
+  std::string names;
+  for (int i = 0; i < 40000; ++i) names += "a,";  // more than the compiler can count
+  form.text = names + "a\r\nx\r\ntroppi\r\n";
   dialogs.expectBox();
-  other.MnuFilSav();
+  editor.MnuFilSav();
   EXPECT_THAT(dialogs.boxes,
               ElementsAre(ScriptedDialogs::Box{
                   "VOR_KEL: Modifica File Funzioni",
                   "Il File Funzioni: /lavoro/prova.txt e` stato Salvato, ma NON puo` essere Controllato!\n" +
-                      runtimeErrorText(kDeviceIoError) + "     <*> per Continuare"}));
+                      runtimeErrorText(kOverflow) + "     <*> per Continuare"}));
   EXPECT_EQ(session.TraceEnabled, kFalse);
   EXPECT_EQ(session.CheckFunctions, kFalse);
   expectOpen();

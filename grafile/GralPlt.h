@@ -16,7 +16,8 @@ namespace vk {
 /// together; its place in `ParamNames` tells the index of the value.
 struct NamedParameters {
   std::string ParamNames;
-  Array<float> ParamValues;  ///< 1..ParamCount
+  Array<float> ParamValues;    ///< 1..ParamCount
+  Array<double> ParamDoubles;  ///< the same as they were told
   Int16 ParamCount;
 };
 
@@ -26,19 +27,25 @@ void DefineParameters(NamedParameters& parameters, const std::string& text);
 /// One such definition; a name that is known gets the new value.
 void DefineParameter(NamedParameters& parameters, const std::string& text);
 
+/// How the value of a parameter comes back: with the digits of a single, or with those of a double.
+enum class Precision { kSingle, kDouble };
+
 /// Replaces the name of a parameter, perhaps with "-" before it, by its value. Numbers, "x" and the empty
 /// field stay. An unknown name sets the flag to -1 and stays.
-void SubstituteName(const NamedParameters& parameters, std::string& field, Int16& flag);
+void SubstituteName(const NamedParameters& parameters, std::string& field, Int16& flag,
+                    Precision precision = Precision::kSingle);
 
 /// Replaces all names of parameters in an expression by their values, negative ones in brackets, and removes
 /// the blanks. Names before "(" are functions and stay, and so does "x"; an unknown name sets the flag to -1.
-void SubstituteExpression(const NamedParameters& parameters, std::string& expression, Int16& flag);
+void SubstituteExpression(const NamedParameters& parameters, std::string& expression, Int16& flag,
+                          Precision precision = Precision::kSingle);
 
 /// Takes the fields at the beginning of an argument list into numbers(1..) and integers(1..), which have room
 /// for them; `rest` gets what follows. Missing fields are 0. An unknown name sets the flag to -1; an integer
-/// that does not fit is run-time error 6.
+/// that does not fit is run-time error 6. `doubles` gets the numbers again, with the doubles of parameters.
 void ParseFields(const NamedParameters& parameters, const std::string& text, Array<double>& numbers,
-                 Array<Int16>& integers, std::string& rest, int numericCount, int integerCount, Int16& flag);
+                 Array<Int16>& integers, std::string& rest, int numericCount, int integerCount, Int16& flag,
+                 Array<double>* doubles = nullptr);
 
 // ---- Interpreter -------------------------------------------------------------------------------------------
 
@@ -56,6 +63,7 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
 /// Draws a standard figure (`FigureKind`) on a new plot window, leaves its graphic text in `GraphText`, and for
 /// the differences their data file in `DiffText`; refreshes the menus.
 ///
+/// Limits that are equal are opened, to half their value or, at 0, to 1 on both sides.
 /// A failing step sets `ErrFlag` to -1 and the next one goes on. Where the function cannot be computed, its
 /// curve has a gap. More than five such points of the curve, or one of the differences, end the figure: both
 /// texts are empty then and no window is opened.

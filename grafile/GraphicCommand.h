@@ -17,10 +17,13 @@ enum class TextField {
 /// One command of the language of graphic files.
 struct GraphicCommand {
   std::string_view name;
-  int numericFields;
+  /// A letter for each numeric field: "x" or "y" for a coordinate of the user on that axis, else ".".
+  std::string_view numericKinds;
   int integerFields;
   TextField text;
   void (GraphicRun::*handler)(const CommandFields& fields);
+
+  int numericFields() const { return static_cast<int>(numericKinds.size()); }
 };
 
 /// All commands.

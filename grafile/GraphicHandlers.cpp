@@ -74,13 +74,17 @@ void GraphicRun::setYLog(const CommandFields& fields) {
 }
 
 void GraphicRun::scaleX(const CommandFields& fields) {
-  const auto& n = fields.numbers;
-  drawing_.GralXMap(n[1], n[2], n[3], n[4]);
+  const bool narrow = needsDoubles(fields.doubles[3], fields.doubles[4]);
+  const auto& user = narrow ? fields.doubles : fields.numbers;
+  drawing_.GralXMap(fields.numbers[1], fields.numbers[2], user[3], user[4]);
+  xNarrow_ = narrow;
 }
 
 void GraphicRun::scaleY(const CommandFields& fields) {
-  const auto& n = fields.numbers;
-  drawing_.GralYMap(n[1], n[2], n[3], n[4]);
+  const bool narrow = needsDoubles(fields.doubles[3], fields.doubles[4]);
+  const auto& user = narrow ? fields.doubles : fields.numbers;
+  drawing_.GralYMap(fields.numbers[1], fields.numbers[2], user[3], user[4]);
+  yNarrow_ = narrow;
 }
 
 void GraphicRun::limitArea(const CommandFields& fields) {
@@ -173,7 +177,8 @@ void GraphicRun::plotFunction(const CommandFields& fields) {
 
   std::string expression = fields.text;
   Int16 flag;
-  SubstituteExpression(parameters_, expression, flag);
+  SubstituteExpression(parameters_, expression, flag,
+                       xNarrow_ || yNarrow_ ? Precision::kDouble : Precision::kSingle);
   // An area of its own: the model function of the session stays as it is.
   CompiledExpression compiled;
   if (flag == 0) CompileExpression(session_, "y@x@ @ @" + expression, compiled, flag);

@@ -40,11 +40,21 @@ void GraphicRun::obey(const std::string& line) {
   const bool done = guard([&] {
     CommandFields fields;
     ParseFields(parameters_, mid(line, open + 1, length(line) - open - 1), fields.numbers, fields.integers,
-                fields.text, command->numericFields, command->integerFields, flag);
+                fields.text, command->numericFields(), command->integerFields, flag, &fields.doubles);
+    keepDoubles(command->numericKinds, fields);
     if (command->text == TextField::kFigureText) fields.text = TranslateDosText(fields.text);
     if (flag == 0) (this->*command->handler)(fields);
   });
   if (!done || flag != 0) fail("*** Parametri di " + std::string(command->name) + " Errati");
+}
+
+/// On an axis that singles cannot resolve, coordinates are the doubles of their parameters.
+void GraphicRun::keepDoubles(std::string_view kinds, CommandFields& fields) const {
+  int i = 0;
+  for (const char axis : kinds) {
+    ++i;
+    if (isNarrow(axis)) fields.numbers[i] = fields.doubles[i];
+  }
 }
 
 }  // namespace vk

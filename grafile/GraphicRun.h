@@ -14,6 +14,7 @@ struct CommandFields {
   static constexpr int kMost = 5;
 
   Array<double> numbers{kMost};  ///< 1..
+  Array<double> doubles{kMost};  ///< the same, where parameters are not narrowed
   Array<Int16> integers{kMost};  ///< 1..
   std::string text;
 };
@@ -58,6 +59,8 @@ class GraphicRun {
   void obey(const std::string& line);
   void fail(const std::string& message) { failure_ = message; }
   bool readData(std::string name);
+  bool isNarrow(char axis) const { return axis == 'x' ? xNarrow_ : axis == 'y' && yNarrow_; }
+  void keepDoubles(std::string_view kinds, CommandFields& fields) const;
 
   Session& session_;
   Files& files_;
@@ -65,6 +68,7 @@ class GraphicRun {
   GralCls& drawing_;
   Int16 errorFlag_;
   NamedParameters parameters_;
+  bool xNarrow_ = false, yNarrow_ = false;  // parameters keep their doubles on this axis
   Int16 xLog_, yLog_;
   std::string xLegend_, yLegend_;
   double FunXMin_ = 0, FunXMax_ = 0;

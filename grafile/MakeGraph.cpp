@@ -34,6 +34,14 @@ std::string nameOfFigure(int kind) {
   }
 }
 
+/// A range of zero has no scale: it is opened around its value.
+void openRange(double& low, double& high) {
+  if (low != high) return;
+  const double d = low == 0 ? 1 : std::abs(low) / 2;
+  low -= d;
+  high += d;
+}
+
 /// A text of lines that end in CR LF.
 class LineText {
  public:
@@ -82,6 +90,7 @@ class StandardFigure {
   void openWindow();
   void placePlotBox();
   void drawAxes();
+  std::string parameterText(double value) const;
   void drawFunction();
   void drawData();
   void drawDifferences();
@@ -139,6 +148,7 @@ void StandardFigure::describeOrigin() {
 
 void StandardFigure::findXLimits() {
   step([&] { RangeOf(Xi, Xf, data_.Xpnt, data_.NumPnt); });
+  openRange(Xi, Xf);
   step([&] { NiceLimits(Xi, Xf, nDivX); });
 }
 
@@ -146,6 +156,7 @@ bool StandardFigure::findYLimits() {
   step([&] { RangeOf(Yi, Yf, data_.Ypnt, data_.NumPnt); });
   if (kind_ == kFunctionFigure && !sampleFunction()) return false;
   if (ofDifferences() && !computeDifferences()) return false;
+  openRange(Yi, Yf);
   step([&] { NiceLimits(Yi, Yf, nDivY); });
   return true;
 }
@@ -236,6 +247,12 @@ void StandardFigure::drawAxes() {
          << "\\AREA(Xi, Yi, Xf, Yf)";
 }
 
+/// Seven digits, or all of them where the limits need more.
+std::string StandardFigure::parameterText(double value) const {
+  const bool fine = needsDoubles(Xi, Xf) || needsDoubles(Yi, Yf);
+  return fine ? FormatPattern(value) : FormatMask(value, kParameterMask);
+}
+
 void StandardFigure::drawFunction() {
   const auto& [x, y, failed] = std::tie(data_.FunX, data_.FunY, data_.FunFailed);
   for (int i = 1; i <= data_.NumFunPnt; ++i) {
@@ -245,7 +262,7 @@ void StandardFigure::drawFunction() {
   const ParameterSet& par = session_.par;
   std::string definitions;
   for (int i = 1; i <= par.ParCount; ++i) {
-    definitions += (i == 1 ? "" : ", ") + par.name(i) + " = " + FormatMask(par.ParValues[i], kParameterMask);
+    definitions += (i == 1 ? "" : ", ") + par.name(i) + " = " + parameterText(par.ParValues[i]);
   }
   graph_ << "%Disegna la Funzione"
          << "\\PARAMETRI(" + definitions + ")"

@@ -34,8 +34,8 @@ std::size_t endOfNumber(const std::string& text, std::size_t at) {
 }
 
 /// The value of a parameter as it can stand behind an operator.
-std::string operand(const NamedParameters& parameters, std::string name, Int16& flag) {
-  SubstituteName(parameters, name, flag);
+std::string operand(const NamedParameters& parameters, std::string name, Int16& flag, Precision precision) {
+  SubstituteName(parameters, name, flag, precision);
   name = trim(name);
   return name.starts_with('-') ? "(" + name + ")" : name;
 }
@@ -50,17 +50,20 @@ void DefineParameter(NamedParameters& parameters, const std::string& text) {
   std::string name = text, value;
   SplitAtMark(name, value, '=');
   if (name.empty() || !isLetter(name[0]) || length(name) > kLongestName || !isNumeric(value)) return;
-  const float number = toSingle(scanNumber(value));
+  const double number = scanNumber(value);
+  const float narrowed = toSingle(number);
   int index = indexOf(parameters, name);
   if (index == 0) {
     index = ++parameters.ParamCount;
     parameters.ParamValues.redim(index);
+    parameters.ParamDoubles.redim(index);
     parameters.ParamNames += keyOf(name);
   }
-  parameters.ParamValues[index] = number;
+  parameters.ParamValues[index] = narrowed;
+  parameters.ParamDoubles[index] = number;
 }
 
-void SubstituteName(const NamedParameters& parameters, std::string& field, Int16& flag) {
+void SubstituteName(const NamedParameters& parameters, std::string& field, Int16& flag, Precision precision) {
   field = trim(field);
   if (field.empty() || field == kVariable || isNumeric(field)) return;
   const bool negative = field.starts_with('-');
@@ -69,11 +72,14 @@ void SubstituteName(const NamedParameters& parameters, std::string& field, Int16
     flag = kTrue;
     return;
   }
-  const float value = parameters.ParamValues[index];
-  field = generalText(negative ? -value : value);
+  const float single = parameters.ParamValues[index];
+  const double told = parameters.ParamDoubles[index];
+  field = precision == Precision::kSingle ? generalText(negative ? -single : single)
+                                          : generalText(negative ? -told : told);
 }
 
-void SubstituteExpression(const NamedParameters& parameters, std::string& expression, Int16& flag) {
+void SubstituteExpression(const NamedParameters& parameters, std::string& expression, Int16& flag,
+                          Precision precision) {
   // The parentheses are an end for each name and number; they go away again.
   const std::string text = "(" + StripBlanks(expression) + ")";
   std::string out;
@@ -82,7 +88,7 @@ void SubstituteExpression(const NamedParameters& parameters, std::string& expres
     if (isLetter(text[at])) {
       end = text.find_first_of(kNameEnds, at);
       const std::string name = text.substr(at, end - at);
-      out += text[end] == '(' ? name : operand(parameters, name, flag);
+      out += text[end] == '(' ? name : operand(parameters, name, flag, precision);
     } else {
       end = std::max(end, endOfNumber(text, at));
       out += text.substr(at, end - at);
@@ -93,17 +99,25 @@ void SubstituteExpression(const NamedParameters& parameters, std::string& expres
 }
 
 void ParseFields(const NamedParameters& parameters, const std::string& text, Array<double>& numbers,
-                 Array<Int16>& integers, std::string& rest, int numericCount, int integerCount, Int16& flag) {
+                 Array<Int16>& integers, std::string& rest, int numericCount, int integerCount, Int16& flag,
+                 Array<double>* doubles) {
   std::string left = text + ",";
   const auto nextField = [&] {
     const auto comma = std::min(left.find(','), left.size());
-    std::string field = left.substr(0, comma);
+    const std::string field = left.substr(0, comma);
     left.erase(0, comma + 1);
-    SubstituteName(parameters, field, flag);
+    return field;
+  };
+  const auto valueOf = [&](std::string field, Precision precision = Precision::kSingle) {
+    SubstituteName(parameters, field, flag, precision);
     return scanNumber(field);
   };
-  for (int i = 1; i <= numericCount; ++i) numbers[i] = nextField();
-  for (int i = 1; i <= integerCount; ++i) integers[i] = toInt16(nextField());
+  for (int i = 1; i <= numericCount; ++i) {
+    const std::string field = nextField();
+    numbers[i] = valueOf(field);
+    if (doubles) (*doubles)[i] = valueOf(field, Precision::kDouble);
+  }
+  for (int i = 1; i <= integerCount; ++i) integers[i] = toInt16(valueOf(nextField()));
   if (!left.empty()) left.pop_back();
   rest = left;
 }

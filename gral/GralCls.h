@@ -10,6 +10,7 @@
 #include "base/Int16.h"
 #include "gral/DashPhase.h"
 #include "gral/Markup.h"
+#include "gral/NarrowMapping.h"
 #include "platform/Device.h"
 #include "platform/Screen.h"
 
@@ -62,7 +63,8 @@ class GralCls {
 
   // ---- Mapping and conversions -----------------------------------------------------------------------------
 
-  /// Log XiL, XfL correspond to Usr XiU, XfU. Equal ends are run-time error 11 and leave the mapping.
+  /// Log XiL, XfL correspond to Usr XiU, XfU. Equal ends are run-time error 11 and leave the mapping. A range
+  /// that `needsDoubles` is mapped in double precision; its fields tell the nearest singles.
   void GralXMap(double XiL, double XfL, double XiU, double XfU);
   void GralYMap(double YiL, double YfL, double YiU, double YfU);
 
@@ -282,6 +284,7 @@ class GralCls {
   int PixHeight = 0, PixWidth = 0;
   SavedPrinterState SavedPrinter;
   DashCarry dashCarry_;
+  NarrowMapping xNarrow_, yNarrow_;
 };
 
 }  // namespace vk

@@ -8,12 +8,20 @@ namespace {
 /// A mapping of one coordinate: Log units per Usr unit and both edges of the page in Usr.
 struct Mapping {
   float scale, firstEdge, lastEdge;
+  NarrowMapping narrow;
 };
 
+/// QUIRK: the fields of a mapping are singles, and so is the mapping wherever they resolve it.
 Mapping mapThrough(double log1, double log2, double usr1, double usr2, double firstLog, double lastLog) {
-  const float scale = toSingle(checked::divide(log1 - log2, usr1 - usr2));
+  const double slope = checked::divide(log1 - log2, usr1 - usr2);
+  if (needsDoubles(usr1, usr2)) {
+    const auto edge = [&](double log) { return clampedSingle(usr1 + checked::divide(log - log1, slope)); };
+    const float scale = clampedSingle(slope), first = edge(firstLog);
+    return {scale, first, edge(lastLog), NarrowMapping(log1, usr1, slope, first, scale)};
+  }
+  const float scale = toSingle(slope);
   const auto edge = [&](double log) { return toSingle(usr1 + checked::divide(log - log1, scale)); };
-  return {scale, edge(firstLog), edge(lastLog)};
+  return {scale, edge(firstLog), edge(lastLog), {}};
 }
 
 }  // namespace
@@ -23,6 +31,7 @@ void GralCls::GralXMap(double XiL, double XfL, double XiU, double XfU) {
   xScaleU2L = mapping.scale;
   XlUsr = mapping.firstEdge;
   XrUsr = mapping.lastEdge;
+  xNarrow_ = mapping.narrow;
 }
 
 void GralCls::GralYMap(double YiL, double YfL, double YiU, double YfU) {
@@ -30,6 +39,7 @@ void GralCls::GralYMap(double YiL, double YfL, double YiU, double YfU) {
   yScaleU2L = mapping.scale;
   YtUsr = mapping.firstEdge;
   YbUsr = mapping.lastEdge;
+  yNarrow_ = mapping.narrow;
 }
 
 double GralCls::xLog2Scr(double x) const {
@@ -41,10 +51,12 @@ double GralCls::xScr2Log(double x) const {
 }
 
 double GralCls::xUsr2Log(double x) const {
+  if (xNarrow_.counts(XlUsr, xScaleU2L)) return xNarrow_.toLog(x);
   return XlLog + (x - XlUsr) * xScaleU2L;
 }
 
 double GralCls::xLog2Usr(double x) const {
+  if (xNarrow_.counts(XlUsr, xScaleU2L)) return xNarrow_.toUsr(x);
   return XlUsr + checked::divide(x - XlLog, xScaleU2L);
 }
 
@@ -65,10 +77,12 @@ double GralCls::yScr2Log(double y) const {
 }
 
 double GralCls::yUsr2Log(double y) const {
+  if (yNarrow_.counts(YtUsr, yScaleU2L)) return yNarrow_.toLog(y);
   return YtLog + (y - YtUsr) * yScaleU2L;
 }
 
 double GralCls::yLog2Usr(double y) const {
+  if (yNarrow_.counts(YtUsr, yScaleU2L)) return yNarrow_.toUsr(y);
   return YtUsr + checked::divide(y - YtLog, yScaleU2L);
 }
 

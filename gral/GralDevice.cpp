@@ -91,6 +91,7 @@ void GralCls::resetScales(const PageSize& page) {
   ScrLeft = ScrTop = 0;
   ScrRight = ScrWidth;
   ScrBottom = ScrHeight;
+  xNarrow_ = yNarrow_ = {};
   XlLog = XlUsr = YbLog = YbUsr = 0;
   XrLog = XrUsr = toSingle(page.width);
   YtLog = YtUsr = toSingle(page.height);

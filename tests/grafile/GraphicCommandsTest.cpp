@@ -36,7 +36,7 @@ TEST_F(GraphicCommandsTest, TheTableHasEveryCommandOfTheLanguage) {
   for (const Row& row : rows) {
     const GraphicCommand& command = graphicCommands()[i++];
     EXPECT_EQ(command.name, row.name);
-    EXPECT_EQ(command.numericFields, row.numeric) << row.name;
+    EXPECT_EQ(command.numericFields(), row.numeric) << row.name;
     EXPECT_EQ(command.integerFields, row.integer) << row.name;
     EXPECT_EQ(findGraphicCommand(row.name), &command);
   }
@@ -45,7 +45,7 @@ TEST_F(GraphicCommandsTest, TheTableHasEveryCommandOfTheLanguage) {
 
 TEST_F(GraphicCommandsTest, AnUnknownNameFailsEveryCommandThatHasFields) {
   for (const GraphicCommand& command : graphicCommands()) {
-    const int fields = command.numericFields + command.integerFields;
+    const int fields = command.numericFields() + command.integerFields;
     for (int bad = 0; bad < fields; ++bad) {
       std::string arguments;
       for (int i = 0; i < fields; ++i) arguments += (i == 0 ? "" : ",") + std::string(i == bad ? "q" : "1");
@@ -182,6 +182,58 @@ TEST_F(GraphicCommandsTest, MissingFieldsAreZeroWithoutAnError) {
 TEST_F(GraphicCommandsTest, ValuesOfParametersHaveSinglePrecision) {
   expectDraws(lines({"\\PARAMETRI(a=0.1234567891)", "\\SIMBOLO(a,1)"}),
               [](GralCls& d) { d.GralMark(.1234568, 1); });
+}
+
+/// Ten minutes of a clock in seconds, and a voltage that hardly changes.
+const std::string kNarrowScales = lines({"\\PARAMETRI(Xi=1700000000, Xf=1700000600, Yi=5, Yf=5.0004)",
+                                         "\\XSCALA(5,18,Xi,Xf)", "\\YSCALA(4,13,Yi,Yf)"});
+
+void mapNarrowly(GralCls& d) {
+  d.GralXMap(5, 18, 1.7E9, 1.7E9 + 600);
+  d.GralYMap(4, 13, 5, 5.0004);
+}
+
+TEST_F(GraphicCommandsTest, CoordinatesOfNarrowRangesKeepTheDoublesOfTheirParameters) {
+  expectDraws(kNarrowScales + lines({"\\PARAMETRI(x1=1700000123.5,y1=5.0001234, n=-1700000123.5)",
+                                     "\\AREA(Xi,Yi,Xf,Yf)", "\\LINEA(x1,Yi,Xf,y1)", "\\SIMBOLO(x1,y1)",
+                                     "\\SIMBOLO(-n,y1)", "\\SCRIVI(x1,y1,1,0,12,qui)",
+                                     "\\XASSE(Xi,x1,y1,6,3,0,ora)", "\\YASSE(y1,Yf,x1,4,3,0)"}),
+              [](GralCls& d) {
+                mapNarrowly(d);
+                d.GralClip(1.7E9, 5, 1.7E9 + 600, 5.0004);
+                d.GralLine(1700000123.5, 5, 1.7E9 + 600, 5.0001234);
+                d.GralMark(1700000123.5, 5.0001234);
+                d.GralMark(1700000123.5, 5.0001234);
+                d.GralWPrint(1700000123.5, 5.0001234, 1, 0, 12, "qui");
+                d.GralOaxis(1.7E9, 1700000123.5, 5.0001234, 6, 3, false, false, "ora");
+                d.GralVaxis(5.0001234, 5.0004, 1700000123.5, 4, 3, false, false, "");
+              });
+}
+
+TEST_F(GraphicCommandsTest, OnlyTheNarrowAxisKeepsDoubles) {
+  expectDraws(lines({"\\PARAMETRI(Xi=1700000000, Xf=1700000600, a=0.1234567891)", "\\XSCALA(5,18,Xi,Xf)",
+                     "\\SIMBOLO(Xf,a)", "\\XSCALA(a,18,0,a)", "\\SIMBOLO(a,a)"}),
+              [](GralCls& d) {
+                d.GralXMap(5, 18, 1.7E9, 1.7E9 + 600);
+                d.GralMark(1.7E9 + 600, .1234568);
+                d.GralXMap(.1234568, 18, 0, .1234568);
+                d.GralMark(.1234568, .1234568);
+              });
+}
+
+TEST_F(GraphicCommandsTest, AScaleThatFailsLeavesThePrecision) {
+  EXPECT_EQ(run(lines({"\\PARAMETRI(a=0.1234567891)", "\\XSCALA(5,18,a,a)", "\\SIMBOLO(a,1)"})),
+            drawing([](GralCls& d) { d.GralMark(.1234568, 1); }));
+}
+
+TEST_F(GraphicCommandsTest, ValuesBeyondTheExponentsOfSinglesAreMapped) {
+  expectDraws(lines({"\\PARAMETRI(Yf=1.2E-43)", "\\YSCALA(4,13,0,Yf)", "\\XSCALA(5,18,0,1E50)",
+                     "\\SIMBOLO(5E49,Yf)"}),
+              [](GralCls& d) {
+                d.GralYMap(4, 13, 0, 1.2E-43);
+                d.GralXMap(5, 18, 0, 1E50);
+                d.GralMark(5E49, 1.2E-43);
+              });
 }
 
 TEST_F(GraphicCommandsTest, AParameterTooLargeForItsPrecisionIsAWrongParameter) {
@@ -326,6 +378,21 @@ TEST_F(GraphicFunctionTest, UnderLogFlagsBothCoordinatesBecomeLogarithms) {
     }
     d.GralDraw(x, y, kPoints);
   });
+}
+
+TEST_F(GraphicFunctionTest, ItsParametersKeepTheirDoublesInANarrowFigure) {
+  expectDraws(kNarrowScales + lines({"\\PARAMETRI(t0=1700000123.5,b=1E-6,c=5.0001234)",
+                                     "\\XASSE(Xi,Xf,Yi,6,3,0)", "\\FUNZIONE(b*(x-t0)+c)"}),
+              [](GralCls& d) {
+                mapNarrowly(d);
+                d.GralOaxis(1.7E9, 1.7E9 + 600, 5, 6, 3, false, false, "");
+                Array<double> x(kPoints), y(kPoints);
+                for (int i = 1; i <= kPoints; ++i) {
+                  x[i] = 1.7E9 + (i - 1) * (600.0 / (kPoints - 1));
+                  y[i] = 1E-6 * (x[i] - 1700000123.5) + 5.0001234;
+                }
+                d.GralDraw(x, y, kPoints);
+              });
 }
 
 TEST_F(GraphicFunctionTest, BeforeAnXAxisItCannotBeComputed) {

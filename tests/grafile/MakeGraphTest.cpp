@@ -372,39 +372,78 @@ TEST_F(MakeGraphTest, OnePointThatCannotBeComputedEndsTheDifferences) {
   EXPECT_FALSE(window.menuEnabled["MenGraDifSav"]);
 }
 
-TEST_F(MakeGraphTest, EqualXLeavesTheLimitsAndSkipsTheHorizontalAxes) {
+TEST_F(MakeGraphTest, EqualXAreOpenedByHalfTheirValueOnBothSides) {
   loadData("A.DAT", {{3, 1, 0, .25}, {3, 2, 0, .5}});
   EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
-              d.GralYMap(4, 13, 1, 2);
-              d.GralVaxis(1, 2, 3, 5, 3, false, true, "Corsa (m)");
-              d.GralVaxis(1, 2, 3, 5, -3, false, false, "");
-              d.GralClip(3, 1, 3, 2);
+              drawBox(d, 1.5, 4.5, 6, 1, 2, 5, "Corsa (m)");
+              d.GralClip(1.5, 1, 4.5, 2);
               plot(d, session.data);
             }));
-  EXPECT_EQ(session.ErrFlag, -1);
-  EXPECT_NE(session.GraphText[1].find("\\PARAMETRI(Xi=3, Yi=1, Xf=3, Yf=2)\r\n"), std::string::npos);
-  EXPECT_NE(session.GraphText[1].find("\\PARAMETRI(nDivX=0, nDivY=5)\r\n"), std::string::npos);
+  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_NE(session.GraphText[1].find("\\PARAMETRI(Xi=1.5, Yi=1, Xf=4.5, Yf=2)\r\n"), std::string::npos);
+  EXPECT_NE(session.GraphText[1].find("\\PARAMETRI(nDivX=6, nDivY=5)\r\n"), std::string::npos);
 }
 
-TEST_F(MakeGraphTest, EqualXDoesNotStopTheOtherFigures) {
+TEST_F(MakeGraphTest, EqualXOfEveryFigureAreOpened) {
   loadData("A.DAT", {{3, 1, 0, .25}, {3, 2, 0, .5}});
   takeFunction(2, 1, {.25, .5});
   makeGraph(kFunctionFigure);
+  EXPECT_DOUBLE_EQ(session.data.FunX[0], 1.5);
+  EXPECT_DOUBLE_EQ(session.data.FunX[50], 4.5);
   makeGraph(kDifferencesFigure);
   EXPECT_EQ(plots.windows.size(), 2U);
-  EXPECT_EQ(session.ErrFlag, -1);
+  EXPECT_EQ(session.ErrFlag, 0);
 }
 
-TEST_F(MakeGraphTest, EqualYSkipsTheVerticalAxes) {
-  loadData("A.DAT", {{1, 2, 0, .25}, {2.5, 2, 0, .25}});
+TEST_F(MakeGraphTest, EqualYAreOpenedNegativeOnesAndZerosToo) {
+  struct Case {
+    double y, low, high;
+    int divisions;
+  };
+  for (const auto& [y, low, high, divisions] : {Case{2, 1, 3, 4}, Case{-2, -3, -1, 4}, Case{0, -1, 1, 4}}) {
+    loadData("A.DAT", {{1, y, 0, .25}, {2.5, y, 0, .25}});
+    EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
+                drawBox(d, 1, 2.6, 8, low, high, divisions, "Corsa (m)");
+                d.GralClip(1, low, 2.6, high);
+                plot(d, session.data);
+              }));
+    EXPECT_EQ(session.ErrFlag, 0);
+  }
+}
+
+TEST_F(MakeGraphTest, ASinglePointHasAFigure) {
+  loadData("A.DAT", {{4, -4, 0, .25}});
   EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
-              d.GralXMap(5, 18, 1, 2.6);
-              d.GralOaxis(1, 2.6, 2, 8, 3, false, true, "Tempo (s)");
-              d.GralOaxis(1, 2.6, 2, 8, -3, false, false, "");
-              d.GralClip(1, 2, 2.6, 2);
+              drawBox(d, 2, 6, 8, -6, -2, 8, "Corsa (m)");
+              d.GralClip(2, -6, 6, -2);
               plot(d, session.data);
             }));
-  EXPECT_EQ(session.ErrFlag, -1);
+}
+
+TEST_F(MakeGraphTest, DifferencesThatAreAllZeroAreOpened) {
+  loadData("A.DAT", {{1, 2, 0, 0}, {2.5, 5, 0, 0}});
+  takeFunction(2, 1, {2, 0});
+  makeGraph(kDifferencesFigure);
+  EXPECT_NE(session.GraphText[3].find("\\PARAMETRI(Xi=1, Yi=-1, Xf=2.6, Yf=1)\r\n"), std::string::npos);
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(MakeGraphTest, TheTextOfANarrowFigureDrawsTheSameFigure) {
+  loadData("/D/A.DAT",
+           {{1700000012, 5.0001, 0, .0001}, {1700000300, 5.0002, 0, .0001}, {1700000590, 5.0004, 0, .0001}});
+  files.content["/D/A.DAT"] = lines({"Tempo (s)", "Corsa (m)", "3", "1700000012 5.0001 .0001",
+                                     "1700000300 5.0002 .0001", "1700000590 5.0004 .0001"});
+  std::vector<std::string> drawn = makeGraph(kDataFigure);
+  drawn.emplace_back("clip off");
+  EXPECT_EQ(run(session.GraphText[1]), drawn);
+  EXPECT_TRUE(output.requests.empty());
+}
+
+TEST_F(MakeGraphTest, TheTextOfANarrowFigureHasTheParametersWithAllTheirDigits) {
+  loadData("A.DAT", {{1700000012, 5, 0, 1}, {1700000590, 7, 0, 1}});
+  takeFormula("SQR(x-t)", 1699999999.5);
+  makeGraph(kFunctionFigure);
+  EXPECT_NE(session.GraphText[2].find("\\PARAMETRI(t = 1699999999.5)\r\n"), std::string::npos);
 }
 
 TEST_F(MakeGraphTest, EachFigureHasAWindowOfItsOwnCaptionAndScale) {

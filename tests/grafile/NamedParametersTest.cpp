@@ -57,6 +57,20 @@ TEST_F(NamedParametersTest, ValuesAreSinglesAndComeBackWithSevenDigits) {
   EXPECT_EQ(substituted("c"), "1E-20");
 }
 
+TEST_F(NamedParametersTest, TheDoublesStandBesideTheSingles) {
+  DefineParameters(parameters, "a=0.1234567891,b=1700000123.5,b=1700000124.5");
+  EXPECT_EQ(parameters.ParamDoubles[1], .1234567891);
+  EXPECT_EQ(parameters.ParamDoubles[2], 1700000124.5);
+  EXPECT_EQ(parameters.ParamValues[2], 1700000124.5F);
+  Int16 flag;
+  std::string field = "-b", expression = "a*x-b";
+  SubstituteName(parameters, field, flag, Precision::kDouble);
+  SubstituteExpression(parameters, expression, flag, Precision::kDouble);
+  EXPECT_EQ(field, "-1700000124.5");
+  EXPECT_EQ(expression, ".1234567891*x-1700000124.5");
+  EXPECT_EQ(flag, 0);
+}
+
 TEST_F(NamedParametersTest, AValueBeyondSinglePrecisionIsAnOverflowAndDefinesNothing) {
   EXPECT_EQ(errorOf([&] { DefineParameters(parameters, "a=1,b=1E300"); }), kOverflow);
   EXPECT_EQ(parameters.ParamCount, 1);
@@ -129,6 +143,19 @@ TEST_F(ParseFieldsTest, TakesNumbersThenIntegersThenTheRest) {
   EXPECT_EQ(integers[1], 3);
   EXPECT_EQ(integers[2], 4);
   EXPECT_EQ(rest, " two, (and) more ");
+  EXPECT_EQ(flag, 0);
+}
+
+TEST_F(ParseFieldsTest, GivesTheDoublesOfParametersBesideTheirSingles) {
+  DefineParameters(parameters, "a=1700000123.5");
+  Array<double> doubles(5);
+  ParseFields(parameters, "a,-a,.1234567891,b", numbers, integers, rest, 3, 0, flag, &doubles);
+  EXPECT_EQ(numbers[1], 1700000000);
+  EXPECT_EQ(numbers[3], .1234567891);
+  EXPECT_EQ(doubles[1], 1700000123.5);
+  EXPECT_EQ(doubles[2], -1700000123.5);
+  EXPECT_EQ(doubles[3], .1234567891);
+  EXPECT_EQ(rest, "b");
   EXPECT_EQ(flag, 0);
 }
 

@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "GralFixture.h"
 #include "base/RuntimeError.h"
 
@@ -62,6 +64,55 @@ TEST_F(Coordinates, EqualEndsFailToTheCallerAndLeaveTheMapping) {
   EXPECT_EQ(drawing.yScaleU2L, 2);
   EXPECT_EQ(drawing.YtUsr, 3);
   EXPECT_EQ(drawing.YbUsr, -1);
+}
+
+TEST_F(Coordinates, NarrowRangesAreMappedInDoublePrecision) {
+  drawing.GralXMap(2, 14, 1.7E9, 1.7E9 + 600);
+  drawing.GralYMap(1, 7, 5.0004, 5);
+  EXPECT_NEAR(drawing.xUsr2Log(1.7E9 + 150), 5, 1E-6);
+  EXPECT_NEAR(drawing.xLog2Usr(5), 1.7E9 + 150, 1E-6);
+  EXPECT_NEAR(drawing.yUsr2Log(5.0001), 5.5, 1E-9);
+  EXPECT_NEAR(drawing.yLog2Usr(5.5), 5.0001, 1E-14);
+  EXPECT_EQ(drawing.XlUsr, static_cast<float>(1.7E9 - 100));
+  EXPECT_EQ(drawing.xScaleU2L, .02F);
+  EXPECT_EQ(drawing.YtUsr, static_cast<float>(5.0004 - 7 * .0004 / 6));
+}
+
+TEST_F(Coordinates, ARangeFromATenThousandthOfItsLargestValueStaysSingle) {
+  for (const double from : {9999.0, -10000.0}) {
+    drawing.GralXMap(2, 14, from, from + 1);
+    EXPECT_EQ(drawing.xUsr2Log(from), drawing.XlLog + (from - drawing.XlUsr) * drawing.xScaleU2L);
+    EXPECT_NE(drawing.xUsr2Log(from), 2);
+  }
+  drawing.GralXMap(2, 14, 9999.001, 10000);
+  EXPECT_EQ(drawing.xUsr2Log(9999.001), 2);
+}
+
+TEST_F(Coordinates, RangesBeyondTheExponentsOfSinglesAreMapped) {
+  drawing.GralXMap(2, 14, 0, 1.2E-43);
+  drawing.GralYMap(1, 7, 0, 1E50);
+  EXPECT_NEAR(drawing.xUsr2Log(6E-44), 8, 1E-9);
+  EXPECT_NEAR(drawing.yUsr2Log(5E49), 4, 1E-9);
+  EXPECT_EQ(drawing.xScaleU2L, std::numeric_limits<float>::max());
+  EXPECT_EQ(drawing.yScaleU2L, 0);
+}
+
+TEST_F(Coordinates, AFieldThatIsWrittenBehindANarrowMappingCounts) {
+  drawing.GralXMap(2, 14, 1.7E9, 1.7E9 + 600);
+  drawing.XlUsr = 0;
+  drawing.xScaleU2L = 2;
+  EXPECT_EQ(drawing.xUsr2Log(3), 6);
+  drawing.GralYMap(1, 7, 5, 5.0004);
+  drawing.YtUsr = 5;
+  EXPECT_EQ(drawing.yUsr2Log(5), drawing.YtLog);
+  drawing.GralXMap(2, 14, 0, 6);
+  EXPECT_EQ(drawing.xUsr2Log(3), 8);
+}
+
+TEST_F(Coordinates, ANewDrawingHasNoNarrowMapping) {
+  drawing.GralXMap(0, 16, 0, 1E-40);
+  drawing.GralGrStr(form, "LANDSCAPE", 2);
+  EXPECT_EQ(drawing.xUsr2Log(3), 3);
 }
 
 /// A pair of conversions there and back.

@@ -63,7 +63,8 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
 /// Draws a standard figure (`FigureKind`) on a new plot window, leaves its graphic text in `GraphText`, and for
 /// the differences their data file in `DiffText`; refreshes the menus.
 ///
-/// Limits that are equal are opened, to half their value or, at 0, to 1 on both sides.
+/// Limits that are equal, but for the rounding of their values, are opened on both sides: by half their value,
+/// or by 1 where that is 0.
 /// A failing step sets `ErrFlag` to -1 and the next one goes on. Where the function cannot be computed, its
 /// curve has a gap. More than five such points of the curve, or one of the differences, end the figure: both
 /// texts are empty then and no window is opened.

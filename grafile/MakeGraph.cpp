@@ -1,10 +1,11 @@
+#include <algorithm>
 #include <cmath>
 
 #include "base/CheckedMath.h"
 #include "base/Guard.h"
 #include "base/Text.h"
 #include "expr/CmpMod.h"
-#include "expr/FunMod.h"
+#include "grafile/FunctionLines.h"
 #include "grafile/GralFrm.h"
 #include "grafile/GralPlt.h"
 #include "gral/GralCls.h"
@@ -16,7 +17,6 @@ namespace vk {
 namespace {
 
 constexpr const char* kNumberMask = "#.####^^^^";
-constexpr const char* kParameterMask = "#.#######^^^^";
 constexpr int kMostFailedPoints = 5;
 constexpr double kTickLength = 3;  // mm
 constexpr double kMarkRadius = 1.5;
@@ -34,9 +34,11 @@ std::string nameOfFigure(int kind) {
   }
 }
 
-/// A range of zero has no scale: it is opened around its value.
+/// A range of zero has no scale, nor has one that holds nothing but the rounding of its values and could not
+/// be told with 15 digits: it is opened around its value.
 void openRange(double& low, double& high) {
-  if (low != high) return;
+  constexpr double kRounding = 1E-13;
+  if (high - low > kRounding * std::max(std::abs(low), std::abs(high))) return;
   const double d = low == 0 ? 1 : std::abs(low) / 2;
   low -= d;
   high += d;
@@ -90,7 +92,6 @@ class StandardFigure {
   void openWindow();
   void placePlotBox();
   void drawAxes();
-  std::string parameterText(double value) const;
   void drawFunction();
   void drawData();
   void drawDifferences();
@@ -247,26 +248,16 @@ void StandardFigure::drawAxes() {
          << "\\AREA(Xi, Yi, Xf, Yf)";
 }
 
-/// Seven digits, or all of them where the limits need more.
-std::string StandardFigure::parameterText(double value) const {
-  const bool fine = needsDoubles(Xi, Xf) || needsDoubles(Yi, Yf);
-  return fine ? FormatPattern(value) : FormatMask(value, kParameterMask);
-}
-
 void StandardFigure::drawFunction() {
   const auto& [x, y, failed] = std::tie(data_.FunX, data_.FunY, data_.FunFailed);
   for (int i = 1; i <= data_.NumFunPnt; ++i) {
     if (failed[i - 1] != kFalse || failed[i] != kFalse) continue;
     step([&] { drawing_.GralLine(x[i - 1], y[i - 1], x[i], y[i]); });
   }
-  const ParameterSet& par = session_.par;
-  std::string definitions;
-  for (int i = 1; i <= par.ParCount; ++i) {
-    definitions += (i == 1 ? "" : ", ") + par.name(i) + " = " + parameterText(par.ParValues[i]);
-  }
+  const FunctionLines lines = functionLines(session_, ports_.dialogs, Yf - Yi);
   graph_ << "%Disegna la Funzione"
-         << "\\PARAMETRI(" + definitions + ")"
-         << "\\FUNZIONE(" + ComposeFunctionText(session_) + ")";
+         << "\\PARAMETRI(" + lines.parameters + ")"
+         << "\\FUNZIONE(" + lines.expression + ")";
 }
 
 void StandardFigure::drawData() {

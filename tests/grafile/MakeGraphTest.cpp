@@ -2,6 +2,7 @@
 #include <set>
 
 #include "expr/FunMod.h"
+#include "grafile/DrawingLines.h"
 #include "grafile/FigureFixture.h"
 #include "session/DataFiles.h"
 
@@ -439,11 +440,49 @@ TEST_F(MakeGraphTest, TheTextOfANarrowFigureDrawsTheSameFigure) {
   EXPECT_TRUE(output.requests.empty());
 }
 
-TEST_F(MakeGraphTest, TheTextOfANarrowFigureHasTheParametersWithAllTheirDigits) {
-  loadData("A.DAT", {{1700000012, 5, 0, 1}, {1700000590, 7, 0, 1}});
+TEST_F(MakeGraphTest, ARangeThatIsNothingButRoundingIsOpened) {
+  takeFunction(2, 1, {0, 5});
+  loadData("A.DAT", {{1, 5, 0, .5}, {2.5, 5.0000000000000009, 0, .5}});
+  for (const int kind : {1, 2}) {
+    makeGraph(kind);
+    const std::string& text = session.GraphText.at(static_cast<std::size_t>(kind));
+    EXPECT_EQ(commandsOf(text, "PARAMETRI")[1], "Xi=1, Yi=2, Xf=2.6, Yf=8");
+  }
+  loadData("A.DAT", {{1, 5, 0, .5}, {2.5, 5.00000000001, 0, .5}});
+  makeGraph(1);
+  EXPECT_EQ(commandsOf(session.GraphText[1], "PARAMETRI")[1], "Xi=1, Yi=5, Xf=2.6, Yf=5.00000000001");
+}
+
+TEST_F(MakeGraphTest, TheTextHasTheValuesOfTheParametersWhereSevenDigitsDrawAnotherCurve) {
+  // A parabola about 2000, written so that large numbers cancel.
+  loadData("A.DAT", {{1990, 1, 0, .1}, {2020, 4, 0, .1}});
+  session.catalogue.file.entries = {{"a,b", "a*(x*x+4000000)-b*x", "parabola"}};
+  loadFunction(session, 1);
+  takeFunction(6, 1, {.01, 40});
+  makeGraph(kFunctionFigure);
+  EXPECT_EQ(commandsOf(session.GraphText[2], "FUNZIONE").back(), "a*(x*x+4000000)-b*x");
+
+  takeFunction(6, 1, {1234.567491, 4938269.964});
+  makeGraph(kFunctionFigure);
+  EXPECT_EQ(commandsOf(session.GraphText[2], "PARAMETRI").back(), "a = 0.1234567E+04, b = 0.4938270E+07");
+  EXPECT_EQ(commandsOf(session.GraphText[2], "FUNZIONE").back(), "1234.567491*(x*x+4000000)-4938269.964*x");
+  EXPECT_EQ(session.par.ParValues[1], 1234.567491);
+  EXPECT_EQ(session.par.ParValues[2], 4938269.964);
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(MakeGraphTest, TheTextHasAValueThatItsMaskCannotHold) {
+  loadData("A.DAT", {{1, 1E-110, 0, 1E-111}, {2, 2E-110, 0, 1E-111}});
+  takeFormula("t*x", 1E-110);
+  makeGraph(kFunctionFigure);
+  EXPECT_EQ(commandsOf(session.GraphText[2], "FUNZIONE").back(), "1E-110*x");
+}
+
+TEST_F(MakeGraphTest, TheCurveOfANarrowFigureIsThatOfItsText) {
+  loadData("A.DAT", {{1700000012, 5, 0, 1}, {1700000590, 20, 0, 1}});
   takeFormula("SQR(x-t)", 1699999999.5);
   makeGraph(kFunctionFigure);
-  EXPECT_NE(session.GraphText[2].find("\\PARAMETRI(t = 1699999999.5)\r\n"), std::string::npos);
+  EXPECT_EQ(commandsOf(session.GraphText[2], "FUNZIONE").back(), "SQR(x-1699999999.5)");
 }
 
 TEST_F(MakeGraphTest, EachFigureHasAWindowOfItsOwnCaptionAndScale) {

@@ -1,0 +1,75 @@
+#include "grafile/FunctionLines.h"
+
+#include <cmath>
+
+#include "base/NumberText.h"
+#include "base/Text.h"
+#include "expr/CmpMod.h"
+#include "expr/FunMod.h"
+#include "grafile/GralPlt.h"
+#include "session/SubMod.h"
+
+namespace vk {
+namespace {
+
+constexpr const char* kParameterMask = "#.#######^^^^";
+/// The part of the height of a figure that nobody sees.
+constexpr double kUnseen = 1E-3;
+
+std::string definition(const ParameterSet& par, int i) {
+  return par.name(i) + " = " + FormatMask(par.ParValues[i], kParameterMask);
+}
+
+/// The values that the definitions tell; false when one of them is no number.
+bool readBack(const ParameterSet& par, Array<double>& values) {
+  for (int i = 1; i <= par.ParCount; ++i) {
+    const std::string text = trim(FormatMask(par.ParValues[i], kParameterMask));
+    if (!isNumeric(text)) return false;
+    values[i] = scanNumber(text);
+  }
+  return true;
+}
+
+/// True when the curve of the session, with the parameters it has now, looks like the one that it keeps.
+bool looksLikeTheCurve(Session& session, Dialogs& dialogs, double height) {
+  const DataSet& data = session.data;
+  for (int i = 0; i <= data.NumFunPnt; ++i) {
+    if (data.FunFailed[i] != kFalse) continue;
+    const double y = EvaluateFunction(session, dialogs, data.FunX[i]);
+    if (session.ErrFlag != 0 || !(std::abs(y - data.FunY[i]) <= kUnseen * height)) return false;
+  }
+  return true;
+}
+
+bool sevenDigitsDo(Session& session, Dialogs& dialogs, double height) {
+  Array<double>& values = session.par.ParValues;
+  const Array<double> exact = values;
+  const Int16 flag = session.ErrFlag;
+  const bool good = readBack(session.par, values) && looksLikeTheCurve(session, dialogs, height);
+  values = exact;
+  session.ErrFlag = flag;
+  return good;
+}
+
+std::string withAllDigits(const ParameterSet& par, std::string expression) {
+  NamedParameters parameters;
+  for (int i = 1; i <= par.ParCount; ++i) {
+    DefineParameter(parameters, par.name(i) + "=" + generalText(par.ParValues[i]));
+  }
+  Int16 unknown;
+  SubstituteExpression(parameters, expression, unknown, Precision::kDouble);
+  return expression;
+}
+
+}  // namespace
+
+FunctionLines functionLines(Session& session, Dialogs& dialogs, double height) {
+  const ParameterSet& par = session.par;
+  FunctionLines result;
+  for (int i = 1; i <= par.ParCount; ++i) result.parameters += (i == 1 ? "" : ", ") + definition(par, i);
+  result.expression = ComposeFunctionText(session);
+  if (!sevenDigitsDo(session, dialogs, height)) result.expression = withAllDigits(par, result.expression);
+  return result;
+}
+
+}  // namespace vk

@@ -1,6 +1,5 @@
 #include "gral/BandTriangle.h"
 
-#include "base/Rounding.h"
 #include "gral/PixelPath.h"
 #include "gral/Shade.h"
 
@@ -8,9 +7,9 @@ namespace vk {
 namespace {
 
 void fillBand(Device& device, const LevelBand& band) {
-  std::array<PixelPoint, std::tuple_size_v<decltype(band.corners)> + 1> points;
+  std::array<PlanePoint, std::tuple_size_v<decltype(band.corners)> + 1> points;
   std::size_t count = 0;
-  for (const PlanePoint& point : band.points()) points[count++] = {toInt32(point.x), toInt32(point.y)};
+  for (const PlanePoint& point : band.points()) points[count++] = point;
   points[count++] = points[0];
   makePath(device, std::span(points).first(count));
   device.FillPath();

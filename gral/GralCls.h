@@ -11,6 +11,7 @@
 #include "gral/DashPhase.h"
 #include "gral/Markup.h"
 #include "gral/NarrowMapping.h"
+#include "gral/PlanePoint.h"
 #include "platform/Device.h"
 #include "platform/Screen.h"
 
@@ -85,6 +86,10 @@ class GralCls {
   std::int32_t yUsr2Pixel(double y) const;
   std::int32_t xScr2Pixel(double x) const;
   std::int32_t yScr2Pixel(double y) const;
+  /// The same for points that may lie anywhere: whole pixels, beyond 32 bits too. A place that is not finite is
+  /// run-time error 6.
+  PlanePoint pixelOfUsr(double x, double y) const;
+  PlanePoint pixelOfScr(double x, double y) const;
   float xPixel2Usr(double p) const;
   float yPixel2Usr(double p) const;
 
@@ -158,7 +163,7 @@ class GralCls {
   /// Joins the points 1..np, in Usr, with straight lines under the current pen.
   void GralDraw(const Array<double>& x, const Array<double>& y, int np);
   /// A smooth curve through the points 1..nPt, in Usr, from left to right: a natural cubic spline. Two points
-  /// in one pixel column are run-time error 11. Dash patterns do not apply.
+  /// of one abscissa are run-time error 11. Dash patterns do not apply.
   void GralCurve(const Array<double>& x, const Array<double>& y, int nPt);
   /// Points with error bars and marks, all marks above all bars. Errors in x only when `kXpntErr` is true.
   /// On a logarithmic axis the data are given linear; a zero is run-time error 5.
@@ -237,16 +242,13 @@ class GralCls {
   void openForm(Device& form, const PageSize& page);
   void readDeviceSize();
   void resetScales(const PageSize& page);
+  /// A Scr point in pixels, before they are rounded to whole ones.
+  PlanePoint inPixels(double x, double y) const;
   void releaseClip();
   void restorePrinter();
   void makePatterns(double tp);
 
-  /// A part of a line by the distances of its ends from the line's start, in twips.
-  struct Stretch {
-    double begin, end;
-  };
-  Stretch seenStretch(double x1, double y1, double cx, double cy, double d) const;
-  void drawDashes(double x1, double y1, double cx, double cy, const Stretch& stretch, DashPhase& phase);
+  void drawDashes(const PlanePoint& from, const PlanePoint& direction, double length, DashPhase& phase);
 
   void outlineMark(int shape, double px, double py, double radius);
   void polygonMark(std::initializer_list<std::array<double, 2>> vertices);

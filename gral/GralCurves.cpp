@@ -4,6 +4,7 @@
 #include "base/CheckedMath.h"
 #include "base/Rounding.h"
 #include "gral/GralCls.h"
+#include "gral/PixelPath.h"
 #include "gral/Spline.h"
 
 namespace vk {
@@ -18,6 +19,16 @@ double decimalLog(double v) {
   return checked::log(std::abs(v)) / std::log(10.0);
 }
 
+/// No point of a curve is in the column of the next but one before it, or near it.
+bool columnsApart(const Array<double>& px, int nPt) {
+  constexpr double kApart = 4;
+  for (int i = 2; i <= nPt; ++i) {
+    if (std::abs(px[i] - px[i - 1]) < kApart) return false;
+    if (i > 2 && std::abs(px[i] - px[i - 2]) < kApart) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 void GralCls::GralDraw(const Array<double>& x, const Array<double>& y, int np) {
@@ -26,31 +37,40 @@ void GralCls::GralDraw(const Array<double>& x, const Array<double>& y, int np) {
     dashCarry_.forget();
     for (int i = 1; i < np; ++i) GralTraLine(x[i], y[i], x[i + 1], y[i + 1], pattern);
   } else {
-    std::vector<PixelPoint> points;
-    for (int i = 1; i <= np; ++i) points.push_back({xUsr2Pixel(x[i]), yUsr2Pixel(y[i])});
-    GralDev->Polyline(points);
+    std::vector<PlanePoint> points;
+    for (int i = 1; i <= np; ++i) points.push_back(pixelOfUsr(x[i], y[i]));
+    joinPixels(*GralDev, points);
   }
   GralRefresh();
 }
 
 void GralCls::GralCurve(const Array<double>& x, const Array<double>& y, int nPt) {
-  Array<double> px(nPt), py(nPt), d2x, d2y, c1x, c2x, c1y, c2y;
+  Array<double> px(nPt), py(nPt), t(nPt), d2x, d2y, c1x, c2x, c1y, c2y;
   for (int i = 1; i <= nPt; ++i) {
-    px[i] = xUsr2Pixel(x[i]);
-    py[i] = yUsr2Pixel(y[i]);
+    const PlanePoint pixel = pixelOfUsr(x[i], y[i]);
+    px[i] = t[i] = pixel.x;
+    py[i] = pixel.y;
   }
-  const Array<double>& t = px;
+  // Whole pixels tell near points apart on one device and not on the next, and bend the curve through them.
+  if (!columnsApart(px, nPt)) {
+    for (int i = 1; i <= nPt; ++i) {
+      const PlanePoint exact = inPixels(xUsr2Scr(x[i]), yUsr2Scr(y[i]));
+      px[i] = exact.x;
+      py[i] = exact.y;
+      t[i] = xUsr2Log(x[i]);
+    }
+  }
   SplineDerivatives(t, py, nPt, kNaturalEnd, kNaturalEnd, d2y);
   SplineDerivatives(t, px, nPt, kNaturalEnd, kNaturalEnd, d2x);
   SplineControlPoints(t, px, d2x, c1x, c2x, nPt);
   SplineControlPoints(t, py, d2y, c1y, c2y, nPt);
-  std::vector<PixelPoint> points{{toInt32(px[1]), toInt32(py[1])}};
+  std::vector<PlanePoint> points{{px[1], py[1]}};
   for (int k = 1; k < nPt; ++k) {
-    points.push_back({toInt32(c1x[k]), toInt32(c1y[k])});
-    points.push_back({toInt32(c2x[k]), toInt32(c2y[k])});
-    points.push_back({toInt32(px[k + 1]), toInt32(py[k + 1])});
+    points.push_back({c1x[k], c1y[k]});
+    points.push_back({c2x[k], c2y[k]});
+    points.push_back({px[k + 1], py[k + 1]});
   }
-  GralDev->PolyBezier(points);
+  drawCurve(*GralDev, points);
   GralRefresh();
 }
 

@@ -1,11 +1,14 @@
 #include <cmath>
 
+#include "base/Rounding.h"
+#include "gral/DrawnBox.h"
 #include "gral/GralCls.h"
 
 namespace vk {
 
 void GralCls::GralFill(double x, double y, Color LimitColor) {
-  GralDev->FloodFill(xUsr2Pixel(x), yUsr2Pixel(y), LimitColor);
+  const PlanePoint start = drawnPixels(*GralDev).nearest(pixelOfUsr(x, y));
+  GralDev->FloodFill(toInt32(start.x), toInt32(start.y), LimitColor);
 }
 
 void GralCls::GralPrintScreen() {

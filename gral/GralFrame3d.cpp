@@ -155,10 +155,10 @@ class Walls {
             double area) const {
     Device& device = *drawing_.GralDev;
     device.setFillColor(colorOf(seen, area));
-    std::array<PixelPoint, 4> points;
+    std::array<PlanePoint, 4> points;
     std::size_t count = 0;
     for (const PlanePoint& point : {corner, corner + edge1, corner + edge1 + edge2, corner + edge2}) {
-      points[count++] = {drawing_.xUsr2Pixel(point.x), drawing_.yUsr2Pixel(point.y)};
+      points[count++] = drawing_.pixelOfUsr(point.x, point.y);
     }
     makePath(device, points);
     device.FillPath();

@@ -3,6 +3,7 @@
 
 #include "base/Rounding.h"
 #include "gral/GralCls.h"
+#include "gral/PixelPath.h"
 #include "gral/SavedDrawing.h"
 
 namespace vk {
@@ -62,12 +63,9 @@ void GralCls::outlineMark(int shape, double px, double py, double R) {
 }
 
 void GralCls::polygonMark(std::initializer_list<std::array<double, 2>> vertices) {
-  std::array<PixelPoint, 4> points;
-  std::size_t count = 0;
-  for (const auto& [x, y] : vertices) points[count++] = {xScr2Pixel(x), yScr2Pixel(y)};
-  GralDev->BeginPath();
-  GralDev->Polyline(std::span(points).first(count));
-  GralDev->EndPath();
+  std::vector<PlanePoint> points;
+  for (const auto& [x, y] : vertices) points.push_back(pixelOfScr(x, y));
+  makePath(*GralDev, points);
   GralDev->StrokeAndFillPath();
 }
 

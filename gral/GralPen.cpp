@@ -3,6 +3,7 @@
 
 #include "base/CheckedMath.h"
 #include "base/Rounding.h"
+#include "gral/DrawnBox.h"
 #include "gral/GralCls.h"
 
 namespace vk {
@@ -18,9 +19,10 @@ constexpr int kFillStyleBits = 7;
 /// line carry the rounding of several multiplications.
 constexpr double kSameEnd = 1E-6;
 
-/// Of a line longer than this, in twips, only the part that can be seen is cut into dashes: a curve with a
-/// pole leaves the page by millions of them.
-constexpr double kLongLine = 1E6;
+double lengthOf(const PlanePoint& way) {
+  const double squares = way.x * way.x + way.y * way.y;
+  return std::isfinite(squares) ? std::sqrt(squares) : std::hypot(way.x, way.y);
+}
 
 char lengthCode(double twips) {
   const double whole = std::clamp(roundHalfEven(twips), 1.0, 255.0);
@@ -43,9 +45,9 @@ void GralCls::GralFillStyle(Int16 iFillStyle) {
 
 void GralCls::GralPen(double fdim, double itra) {
   const int p = toInt32(itra - 1) % kPenKinds;
-  const double nominalWidth = Int(fdim / 2);
-  const double width =
-      IsPrinter ? fdim * printer_.Resolution() / kTenthsOfMmPerInch : (nominalWidth == 0 ? 1 : nominalWidth);
+  // The widest pen is the same on all devices: that of a form, whose width has 16 bits.
+  const int nominalWidth = toInt16(std::max(1.0, Int(fdim / 2)));
+  const double width = IsPrinter ? fdim * printer_.Resolution() / kTenthsOfMmPerInch : nominalWidth;
   const double tp = IsPrinter ? printer_.TwipsPerPixelX() : screen_.TwipsPerPixelX();
   GralDev->setDrawWidth(width);
   if (GralUseTra && p > 0) {
@@ -80,54 +82,43 @@ void GralCls::GralLineScr(double xi, double yi, double xf, double yf) {
 }
 
 void GralCls::GralTraLine(double xi, double yi, double xf, double yf, std::string& LinPat) {
-  const double x1 = xUsr2Scr(xi), y1 = yUsr2Scr(yi);
-  const double x2 = xUsr2Scr(xf), y2 = yUsr2Scr(yf);
-  const double d = std::sqrt((x1 - x2) * (x1 - x2) + (y1 - y2) * (y1 - y2));
-  const double cx = checked::divide(x2 - x1, d);
-  const double cy = checked::divide(y2 - y1, d);
+  const PlanePoint from{xUsr2Scr(xi), yUsr2Scr(yi)}, to{xUsr2Scr(xf), yUsr2Scr(yf)};
+  const double d = lengthOf(to - from);
+  const PlanePoint direction{checked::divide(to.x - from.x, d), checked::divide(to.y - from.y, d)};
   DashPhase phase(LinPat, dashCarry_.fractionOf(LinPat));
-  const Stretch seen = d > kLongLine ? seenStretch(x1, y1, cx, cy, d) : Stretch{0, d};
-  phase.skip(seen.begin);
-  drawDashes(x1, y1, cx, cy, seen, phase);
-  phase.skip(d - seen.end);
+  // Only what can be seen becomes dashes: a curve with a pole leaves the page by millions of them.
+  const DrawnBox box = drawnTwips(*GralDev);
+  PlanePoint begin = from, end = to;
+  if (box.holds(from, to)) {
+    drawDashes(from, direction, d, phase);
+  } else if (cutLine(box, begin, end)) {
+    phase.skip(lengthOf(begin - from));
+    drawDashes(begin, direction, lengthOf(end - begin), phase);
+    phase.skip(lengthOf(to - end));
+  } else {
+    phase.skip(d);
+  }
   double fraction = 0;
   LinPat = phase.text(fraction);
   dashCarry_.keep(LinPat, fraction);
 }
 
-/// The part of a line, by its distances from the start, that passes near the drawing area.
-GralCls::Stretch GralCls::seenStretch(double x1, double y1, double cx, double cy, double d) const {
-  Stretch seen{0, d};
-  const auto limit = [&seen](double start, double slope, double size) {
-    const double low = -kLongLine, high = size + kLongLine;
-    if (slope == 0) {
-      if (start < low || start > high) seen.end = seen.begin;
-      return;
-    }
-    const double a = (low - start) / slope, b = (high - start) / slope;
-    seen.begin = std::max(seen.begin, std::min(a, b));
-    seen.end = std::min(seen.end, std::max(a, b));
-  };
-  limit(x1, cx, ScrWidth);
-  limit(y1, cy, ScrHeight);
-  return seen.begin < seen.end ? seen : Stretch{d, d};
-}
-
-void GralCls::drawDashes(double x1, double y1, double cx, double cy, const Stretch& stretch,
+void GralCls::drawDashes(const PlanePoint& from, const PlanePoint& direction, double length,
                          DashPhase& phase) {
-  double done = stretch.begin;
-  while (done < stretch.end) {
-    const double left = stretch.end - done;
+  double done = 0;
+  while (done < length) {
+    const double left = length - done;
     const double begin = done;
     const bool down = phase.down();
     if (phase.remaining() <= left + kSameEnd) {
-      done = left - phase.remaining() < kSameEnd ? stretch.end : done + phase.remaining();
+      done = left - phase.remaining() < kSameEnd ? length : done + phase.remaining();
       phase.next();
     } else {
-      done = stretch.end;
+      done = length;
       phase.use(left);
     }
-    if (down) GralLineScr(cx * begin + x1, cy * begin + y1, cx * done + x1, cy * done + y1);
+    const PlanePoint a = begin * direction + from, b = done * direction + from;
+    if (down) GralLineScr(a.x, a.y, b.x, b.y);
   }
 }
 
@@ -140,16 +131,17 @@ void GralCls::GralBox(double xi, double yi, double xf, double yf, double) {
 
 void GralCls::GralClip(double xi, double yi, double xf, double yf) {
   releaseClip();
-  std::int32_t xa = xUsr2Pixel(xi), ya = yUsr2Pixel(yi);
-  std::int32_t xb = xUsr2Pixel(xf), yb = yUsr2Pixel(yf);
-  if (xa == xb || ya == yb) {
+  PlanePoint a = pixelOfUsr(xi, yi), b = pixelOfUsr(xf, yf);
+  if (a.x == b.x || a.y == b.y) {
     // QUIRK: the first corner stays, so that only what lies right of it and below it is free again.
-    xb = PixWidth;
-    yb = PixHeight;
+    b = {static_cast<double>(PixWidth), static_cast<double>(PixHeight)};
     if (!IsPrinter) GralDev->setVisible(true);
   }
-  if (xa > xb) std::swap(xa, xb);
-  if (ya > yb) std::swap(ya, yb);
+  const DrawnBox box = drawnPixels(*GralDev);
+  a = box.nearest(a);
+  b = box.nearest(b);
+  const auto [xa, xb] = std::minmax({toInt32(a.x), toInt32(b.x)});
+  const auto [ya, yb] = std::minmax({toInt32(a.y), toInt32(b.y)});
   hClipRgn = GralDev->CreateRectRgn(xa, ya, xb, yb);
   GralDev->SelectClipRgn(hClipRgn);
 }

@@ -20,17 +20,16 @@ constexpr int kShowEvery = 200;
 /// A grid point of a surface as it is seen.
 struct SurfacePoint {
   float x, y;  // Usr
-  PixelPoint pixel;
+  PlanePoint pixel;
   float z;
   int k;
 
   LevelCorner inUsr() const { return {x, y, z, k}; }
-  LevelCorner inPixels() const { return {static_cast<double>(pixel.x), static_cast<double>(pixel.y), z, k}; }
+  LevelCorner inPixels() const { return {pixel.x, pixel.y, z, k}; }
 };
 
-double twiceTheArea(const PixelPoint& a, const PixelPoint& b, const PixelPoint& c) {
-  const auto less = [](std::int32_t p, std::int32_t q) { return static_cast<double>(p) - q; };
-  return std::abs(less(b.x, a.x) * less(c.y, a.y) - less(c.x, a.x) * less(b.y, a.y));
+double twiceTheArea(const PlanePoint& a, const PlanePoint& b, const PlanePoint& c) {
+  return std::abs((b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y));
 }
 
 /// How bright the halves of a cell are, by their tilt.
@@ -64,7 +63,7 @@ class CellShades {
 void fillTriangle(Device& device, Color color, const SurfacePoint& a, const SurfacePoint& b,
                   const SurfacePoint& c) {
   device.setFillColor(color);
-  const PixelPoint outline[] = {a.pixel, b.pixel, c.pixel, a.pixel};
+  const PlanePoint outline[] = {a.pixel, b.pixel, c.pixel, a.pixel};
   makePath(device, outline);
   device.FillPath();
 }
@@ -96,7 +95,7 @@ void drawCell(GralCls& drawing, const SurfaceStyle& style, const SurfacePoint& A
     BandLinesTriangle(drawing, A.inUsr(), C.inUsr(), B.inUsr(), style.ValLev, colors);
     BandLinesTriangle(drawing, B.inUsr(), C.inUsr(), D.inUsr(), style.ValLev, colors);
   }
-  const PixelPoint outline[] = {A.pixel, C.pixel, D.pixel, B.pixel, A.pixel};
+  const PlanePoint outline[] = {A.pixel, C.pixel, D.pixel, B.pixel, A.pixel};
   makePath(device, outline);
   device.StrokePath();
 }
@@ -134,10 +133,9 @@ class Columns {
 
  private:
   void face(Color color, const std::array<PlanePoint, 4>& corners) const {
-    std::array<PixelPoint, 4> points;
-    for (std::size_t n = 0; n < points.size(); ++n) {
-      points[n] = {drawing_.xUsr2Pixel(corners[n].x), drawing_.yUsr2Pixel(corners[n].y)};
-    }
+    std::array<PlanePoint, 4> points;
+    for (std::size_t n = 0; n < points.size(); ++n)
+      points[n] = drawing_.pixelOfUsr(corners[n].x, corners[n].y);
     drawing_.GralDev->setFillColor(color);
     makePath(*drawing_.GralDev, points);
     drawing_.GralDev->StrokeAndFillPath();
@@ -168,7 +166,7 @@ void GralCls::Surf3D(float Xoc, float Yoc, float theta, float phi, float Vx, flo
           box.corner + (i - 1.0) / (nx - 1) * box.xEdge + (j - 1.0) / (ny - 1) * box.yEdge;
       const float x = toSingle(floor.x), y = toSingle(floor.y + z(i, j) * box.sp);
       const int k = levels ? LevelIndex(z(i, j), ValLev, nValLev) : 0;
-      points.push_back({x, y, {xUsr2Pixel(x), yUsr2Pixel(y)}, z(i, j), k});
+      points.push_back({x, y, pixelOfUsr(x, y), z(i, j), k});
     }
   }
   const auto at = [&points, nx](int i, int j) -> const SurfacePoint& {

@@ -1,13 +1,16 @@
 #pragma once
 
 #include <optional>
+#include <utility>
 
 #include "gral/Drawing.h"
+#include "gral/PlanePoint.h"
 #include "platform/Device.h"
 
 namespace vk {
 
-/// A device that passes each primitive on to a drawing sink, and measures texts by given letter widths.
+/// A device that passes each primitive on to a drawing sink, and measures texts by given letter widths. What
+/// lies far outside the drawing area is cut away first.
 class SinkDevice : public Device {
  public:
   /// Sink and widths must live as long as the device.
@@ -36,6 +39,7 @@ class SinkDevice : public Device {
   void forgetAnnounced();
 
  private:
+  std::pair<PlanePoint, PlanePoint> drawnCorners(const PlanePoint& a, const PlanePoint& b) const;
   void announcePen();
   void announceFilling();
 

@@ -63,7 +63,8 @@ void Device::setDrawStyle(Int16 style) {
 }
 
 void Device::setDrawWidth(double width) {
-  settings_.drawWidth = toInt16(std::max(1.0, width));
+  const double least = std::max(1.0, width);
+  settings_.drawWidth = isForm_ ? int{toInt16(least)} : toInt32(least);
 }
 
 void Device::setFontSize(double points) {

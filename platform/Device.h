@@ -46,8 +46,8 @@ class Device {
   Int16 DrawStyle() const { return settings_.drawStyle; }
   void setDrawStyle(Int16 style);
   /// Width of the pen: nominal pixels on a form, the printer's own on the printer. It is taken as a whole
-  /// number, a tie going to the even one, and at least 1.
-  Int16 DrawWidth() const { return settings_.drawWidth; }
+  /// number, a tie going to the even one, and at least 1; on a form it has 16 bits.
+  int DrawWidth() const { return settings_.drawWidth; }
   void setDrawWidth(double width);
 
   const std::string& FontName() const { return settings_.fontName; }
@@ -81,6 +81,14 @@ class Device {
   /// Size of the drawing area in centimetres, whatever the scale mode.
   double ScaleWidthCm() const { return areaWidth_ / kTwipsPerInch * kCmPerInch; }
   double ScaleHeightCm() const { return areaHeight_ / kTwipsPerInch * kCmPerInch; }
+
+  /// Size of the drawing area in twips, whatever the scale mode.
+  double areaWidth() const { return areaWidth_; }
+  double areaHeight() const { return areaHeight_; }
+  /// Twips of a pixel of the graphics context.
+  double twipsPerContextPixel() const {
+    return isForm_ ? twipsPerPixel_ / formMetrics_.pixelRatio : twipsPerPixel_;
+  }
 
   /// Twips of a nominal pixel on a form, of a device pixel on the printer.
   double TwipsPerPixelX() const { return twipsPerPixel_; }
@@ -206,15 +214,9 @@ class Device {
   void requirePrinter() const;
   /// A printer of another kind from now on.
   void setPrinter(const PrinterMetrics& printer);
-  /// Size of the drawing area in twips and in pixels.
-  double areaWidth() const { return areaWidth_; }
-  double areaHeight() const { return areaHeight_; }
+  /// Size of the drawing area in pixels.
   int pixelWidth() const;
   int pixelHeight() const;
-  /// Twips of a pixel of the graphics context.
-  double twipsPerContextPixel() const {
-    return isForm_ ? twipsPerPixel_ / formMetrics_.pixelRatio : twipsPerPixel_;
-  }
   /// Pixels of the graphics context that the pen is wide.
   int penPixels() const { return settings_.drawWidth * (isForm_ ? formMetrics_.pixelRatio : 1); }
 
@@ -225,7 +227,7 @@ class Device {
     Color fillColor = kBlack;
     Int16 fillStyle = kFillTransparent;
     Int16 drawStyle = kDrawSolid;
-    Int16 drawWidth = 1;
+    int drawWidth = 1;
     std::string fontName = "Arial";
     double fontSize = 8;
     bool fontTransparent = true;

@@ -476,5 +476,36 @@ TEST_F(GraphicFunctionTest, AFunctionOfTheLastLineThatFailsAtItsLastPointOpensAn
   EXPECT_EQ(output.request().text, "");
 }
 
+TEST_F(GraphicCommandsTest, PlacesFarOutsideAreNoErrorsOnAnyDevice) {
+  files.content["FAR.DAT"] = lines({"t", "u", " 4", "1 2 .5", "2 3E12 .5", "2.0001 -1E11 1E15", "4 1 .5"});
+  const std::string text =
+      lines({"\\LINEA(0,0,1E8,1E7)", "\\AREA(-1E12,0,10,1E12)", "\\TIPO_LINEA(40000,2)",
+             "\\LINEA(0,0,1E8,1E7)", "\\TIPO_LINEA(1,1)", "\\TIPO_SIMBOLO(1E9,1)", "\\SIMBOLO(1E12,1)",
+             "\\DATI(FAR.DAT)", "\\SPEZZATA(FAR.DAT)", "\\CURVA(FAR.DAT)", "\\XASSE(0,1E12,1,5,1,1)",
+             "\\FUNZIONE(EXP(x/1E11))", "\\SCRIVI(1E15,1,0,0,10,A)"});
+  for (const char* device : {"Form", "Printer"}) {
+    output.requests.clear();
+    run(text, device);
+    EXPECT_TRUE(output.requests.empty()) << device << ": " << output.requests.back().text;
+  }
+}
+
+TEST_F(GraphicCommandsTest, ListOfErrorsIsTheSameOnAllDevices) {
+  files.content["TWICE.DAT"] = lines({"t", "u", " 4", "1 2 .5", "2 3 .5", "2 1 .5", "4 1 .5"});
+  const std::string text = lines({"\\TIPO_LINEA(70000,1)", "\\CURVA(TWICE.DAT)", "\\LINEA(0,0,1.7E308,0)",
+                                  "\\TIPO_LINEA(1,2)", "\\LINEA(1,1,1,1)", "\\AREA(0,0,1,1.7E308)"});
+  std::vector<std::string> errors;
+  for (const char* device : {"Form", "Printer"}) {
+    output.requests.clear();
+    run(text, device);
+    ASSERT_EQ(output.requests.size(), 1U) << device;
+    errors.push_back(output.requests.back().text);
+  }
+  EXPECT_EQ(errors[0], lines({"*** Parametri di TIPO_LINEA Errati", "*** Parametri di CURVA Errati",
+                              "*** Parametri di LINEA Errati", "*** Parametri di LINEA Errati",
+                              "*** Parametri di AREA Errati"}));
+  EXPECT_EQ(errors[1], errors[0]);
+}
+
 }  // namespace
 }  // namespace vk

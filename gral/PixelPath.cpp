@@ -1,0 +1,42 @@
+#include "gral/PixelPath.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "base/Rounding.h"
+#include "gral/DrawnBox.h"
+
+namespace vk {
+namespace {
+
+std::vector<PixelPoint> wholePixels(std::span<const PlanePoint> points) {
+  std::vector<PixelPoint> result;
+  result.reserve(points.size());
+  for (const PlanePoint& p : points) result.push_back({toInt32(p.x), toInt32(p.y)});
+  return result;
+}
+
+}  // namespace
+
+void joinPixels(Device& device, std::span<const PlanePoint> points) {
+  for (const auto& part : cutPolyline(drawnPixels(device), points)) device.Polyline(wholePixels(part));
+}
+
+void drawCurve(Device& device, std::span<const PlanePoint> points) {
+  for (const auto& part : cutCurve(drawnPixels(device), points)) device.PolyBezier(wholePixels(part));
+}
+
+void makePath(Device& device, std::span<const PlanePoint> points) {
+  const DrawnBox box = drawnPixels(device);
+  const bool whole =
+      std::all_of(points.begin(), points.end(), [&](const PlanePoint& p) { return box.holds(p); });
+  std::vector<PixelPoint> outline =
+      wholePixels(whole ? std::vector(points.begin(), points.end()) : cutArea(box, points));
+  // What was cut off is no part of a line that is left open.
+  if (!whole && !outline.empty()) outline.push_back(outline.front());
+  device.BeginPath();
+  device.Polyline(outline);
+  device.EndPath();
+}
+
+}  // namespace vk

@@ -177,7 +177,7 @@ void Fit::findEffectiveErrors(Array<double>& effective) {
 
 FitResult FitData(Session& session, Dialogs& dialogs, MainWindow& window, Clock& clock,
                   FitObserver& observer) {
-  const ShutWindow shut(window);
+  const ShutWindow shut(window, Form::kOutput);
   return Fit(session, dialogs, clock, observer).run();
 }
 

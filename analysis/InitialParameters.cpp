@@ -104,7 +104,6 @@ void StoreParameters(Session& session) {
 
 void StoreParameters(Session& session, MainWindow& window) {
   StoreParameters(session);
-  window.setEnabled(true);
   window.refresh();
   Msg(session, window);
 }

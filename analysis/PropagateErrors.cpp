@@ -1,6 +1,5 @@
 #include "analysis/Module6.h"
 #include "analysis/PropagationScreen.h"
-#include "analysis/Scopes.h"
 
 namespace vk {
 namespace {
@@ -47,7 +46,7 @@ PropagationEnd propagate(Session& session, const PropagationPorts& ports, Propag
 }  // namespace
 
 PropagationResult PropagateErrors(Session& session, const PropagationPorts& ports) {
-  const ShutWindow shut(ports.window);
+  const ShutWindow shut(ports.window, Form::kOutput);
   ports.random.seed(ports.clock.timer());
   session.monteCarlo = {};
   const Array<double> BaseValues = session.par.ParValues;

@@ -1,22 +1,9 @@
 #pragma once
 
 #include "base/Int16.h"
-#include "platform/MainWindow.h"
 
 /// States that end with the block that began them, however it is left.
 namespace vk {
-
-/// Shuts the main window; what was typed and clicked meanwhile is dropped.
-class ShutWindow {
- public:
-  explicit ShutWindow(MainWindow& window) : window_(window) { window_.setEnabled(false); }
-  ~ShutWindow() { window_.setEnabled(true); }
-  ShutWindow(const ShutWindow&) = delete;
-  ShutWindow& operator=(const ShutWindow&) = delete;
-
- private:
-  MainWindow& window_;
-};
 
 /// Gives a flag another value.
 class FlagFor {

@@ -161,7 +161,6 @@ void MenDatTra(Session& session, InputForm& form) {
 bool TransformData(Session& session, Dialogs& dialogs, MainWindow& window) {
   const bool replaced = transform(session, dialogs);
   restoreModel(session);
-  window.setEnabled(true);
   window.refresh();
   Msg(session, window);
   return replaced;

@@ -39,7 +39,8 @@ class NoMainWindow : public MainWindow {
   void setMenuCaption(const std::string&, const std::string&) override {}
   void setPanel(int, const std::string&) override {}
   void setCaption(const std::string&) override {}
-  void setEnabled(bool) override {}
+  void shut(Form) override {}
+  void release(Form) override {}
   void refresh() override {}
   void toFront() override {}
   void setBackground(Int16) override {}

@@ -70,13 +70,14 @@ void MenFunSel(Session& session, MainWindow& window, FunctionForms& forms) {
 }
 
 void MenFunCar(Session& session, MainWindow& window, FunctionForms& forms) {
-  window.setEnabled(false);
-  const int entry = forms.chooseLoadedFunction();
+  const int entry = [&] {
+    const ShutWindow shut(window, Form::kLoad);
+    return forms.chooseLoadedFunction();
+  }();
   if (entry > 0) {
     if (loadFunction(session, entry)) window.setMenuEnabled("MenSerPro", false);
     forms.refillSelection();
   }
-  window.setEnabled(true);
   window.toFront();
   Msg(session, window);
 }

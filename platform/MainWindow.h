@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/Int16.h"
+#include "platform/Form.h"
 
 namespace vk {
 
@@ -23,14 +24,29 @@ class MainWindow {
   virtual void setPanel(int panel, const std::string& text) = 0;
   virtual void setCaption(const std::string& caption) = 0;
 
-  /// Shuts all input out, or lets it in again. Input that came while it was shut out is dropped.
-  virtual void setEnabled(bool enabled) = 0;
+  /// Shuts all input out on behalf of a form: one that wants its answer first, or one that shows a computation.
+  /// The window opens when the last holder has released it, shown or minimised. Input that came meanwhile is dropped.
+  virtual void shut(Form holder) = 0;
+  virtual void release(Form holder) = 0;
   /// Paints at once what has changed.
   virtual void refresh() = 0;
   virtual void toFront() = 0;
 
   /// Shows background picture 0..2.
   virtual void setBackground(Int16 picture) = 0;
+};
+
+/// Shuts the main window as long as it lives.
+class ShutWindow {
+ public:
+  ShutWindow(MainWindow& window, Form holder) : window_(window), holder_(holder) { window_.shut(holder_); }
+  ~ShutWindow() { window_.release(holder_); }
+  ShutWindow(const ShutWindow&) = delete;
+  ShutWindow& operator=(const ShutWindow&) = delete;
+
+ private:
+  MainWindow& window_;
+  Form holder_;
 };
 
 }  // namespace vk

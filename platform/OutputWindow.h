@@ -56,7 +56,7 @@ class OutputWindow {
   /// What "Salva &File" runs; set by the command that offers the button.
   virtual void setSaveRoutine(std::function<void()> routine) = 0;
 
-  /// Closes the window, enables and refreshes its owner. Does nothing when it is closed.
+  /// Closes the window and refreshes its owner. Does nothing when it is closed.
   virtual void FrmOut_Exit() = 0;
 };
 

@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "expr/FunMod.h"
 #include "session/DataFiles.h"
+#include "session/Msg.h"
 #include "session/TextLines.h"
 #include "ui/EditorLayout.h"
 
@@ -76,61 +77,67 @@ class CheckSwitches {
   Flag trace_, check_;
 };
 
-}  // namespace
+const char* kindWord(Int16 kind) {
+  return kKindWords.at(static_cast<std::size_t>(kind - kDataKind));
+}
 
-std::string Editor::caption() const {
-  return std::string(kCaption) + " " + kKindWords.at(static_cast<std::size_t>(session_.FileKind - kDataKind));
+std::string captionOf(const EditedFile& file) {
+  return std::string(kCaption) + " " + kindWord(file.kind);
 }
 
 /// "Dati: path", as the messages name the file.
-std::string Editor::nameOfKind() const {
-  return std::string(kKindWords.at(static_cast<std::size_t>(session_.FileKind - kDataKind))) + ": " +
-         editFile_;
+std::string nameOf(const EditedFile& file) {
+  return std::string(kindWord(file.kind)) + ": " + file.path;
 }
 
-void Editor::tell(const std::string& what, const RuntimeError& error) {
-  ports_.dialogs.plainBox(caption(),
+}  // namespace
+
+void Editor::tell(const EditedFile& file, const std::string& what, const RuntimeError& error) {
+  ports_.dialogs.plainBox(captionOf(file),
                           what + "\n" + runtimeErrorText(error.number()) + "     <*> per Continuare");
 }
 
 void Editor::OpenEditor(const std::string& path, Int16 kind) {
-  editFile_ = path;
-  session_.FileKind = kind;
-  control_ = EditControl::kTxtEdiOld;
+  // A text that is being worked on makes no room for another one.
+  if (shut_) return form_->focusEditor();
+  EditedFile wanted{path, kind};
   std::string bytes;
-  if (!readText(bytes)) return;
+  if (!readText(wanted, bytes)) return;
   if (bytes.size() > kPlainBoxLimit) {
-    if (!wantsLargeFile()) return;
-    control_ = EditControl::kTxtEdi;
+    if (!wantsLargeFile(wanted)) return;
+    wanted.control = EditControl::kTxtEdi;
   }
-  ports_.window.setEnabled(false);
-  form_->showEditor(caption() + " " + editFile_, textOfFile(bytes, control_ == EditControl::kTxtEdiOld),
-                    control_);
+  auto shut = std::make_unique<ShutWindow>(ports_.window, Form::kEditor);
+  form_->showEditor(captionOf(wanted) + " " + path,
+                    textOfFile(bytes, wanted.control == EditControl::kTxtEdiOld), wanted.control);
+  shut_ = std::move(shut);
+  file_ = wanted;
+  session_.FileKind = kind;
 }
 
 /// False when the command is to stop.
-bool Editor::readText(std::string& bytes) {
+bool Editor::readText(const EditedFile& wanted, std::string& bytes) {
   try {
-    bytes = ports_.files.readAll(editFile_);
+    bytes = ports_.files.readAll(wanted.path);
     return true;
   } catch (const RuntimeError& error) {
-    if (error.number() == kFileNotFound) return wantsToCreate();
-    tell("Il File " + nameOfKind() + " NON puo` essere Letto!", error);
+    if (error.number() == kFileNotFound) return wantsToCreate(wanted);
+    tell(wanted, "Il File " + nameOf(wanted) + " NON puo` essere Letto!", error);
     return false;
   }
 }
 
-bool Editor::wantsToCreate() {
+bool Editor::wantsToCreate(const EditedFile& wanted) {
   return ports_.dialogs.Get_Msg({.caption = kCaption,
-                                 .text = "FILE " + editFile_ + " NON Esistente: lo Creo?",
+                                 .text = "FILE " + wanted.path + " NON Esistente: lo Creo?",
                                  .icon = kQuestion,
                                  .captions = {"  &Si  ", "  &No  "}}) == 1;
 }
 
-bool Editor::wantsLargeFile() {
+bool Editor::wantsLargeFile(const EditedFile& wanted) {
   return ports_.dialogs.Get_Msg(
-             {.caption = caption(),
-              .text = "Il File " + nameOfKind() +
+             {.caption = captionOf(wanted),
+              .text = "Il File " + nameOf(wanted) +
                       " contiene piu` di 40000 caratteri!\rContinuando la Modifica File sara` utilizzato un "
                       "insieme di caratteri diverso da quello selezionato.",
               .icon = kQuestion,
@@ -152,15 +159,15 @@ void Editor::MnuFilSav() {
 /// The text as it goes into the file.
 std::string Editor::textOfForm() {
   std::string text = form_->editorText();
-  return control_ == EditControl::kTxtEdiOld ? fileOfLines(text) : text;
+  return file_.control == EditControl::kTxtEdiOld ? fileOfLines(text) : text;
 }
 
 bool Editor::write(const std::string& text) {
   try {
-    ports_.files.writeAll(editFile_, text);
+    ports_.files.writeAll(file_.path, text);
     return true;
   } catch (const RuntimeError& error) {
-    tell("Il File " + nameOfKind() + " NON e` stato Salvato!", error);
+    tell(file_, "Il File " + nameOf(file_) + " NON e` stato Salvato!", error);
     form_->focusEditor();
     return false;
   }
@@ -171,12 +178,12 @@ bool Editor::write(const std::string& text) {
 bool Editor::check(const std::string& text, std::string& report) {
   session_.ErrFlag = 0;
   try {
-    if (session_.FileKind == kDataKind) report = checkData(text);
-    if (session_.FileKind == kFunctionKind) report = checkFunctions(text);
+    if (file_.kind == kDataKind) report = checkData(text);
+    if (file_.kind == kFunctionKind) report = checkFunctions(text);
     return true;
   } catch (const RuntimeError& error) {
     restoreModel(session_);  // a check that broke off has left a part of the file in its place
-    tell("Il File " + nameOfKind() + " e` stato Salvato, ma NON puo` essere Controllato!", error);
+    tell(file_, "Il File " + nameOf(file_) + " e` stato Salvato, ma NON puo` essere Controllato!", error);
     form_->focusEditor();
     return false;
   }
@@ -197,8 +204,8 @@ std::string Editor::checkFunctions(const std::string& text) {
 void Editor::tellErrors(const std::string& report) {
   switch (
       ports_.dialogs.Get_Msg({.owner = Form::kEditor,
-                              .caption = caption(),
-                              .text = "Errori nel File " + nameOfKind() + " !",
+                              .caption = captionOf(file_),
+                              .text = "Errori nel File " + nameOf(file_) + " !",
                               .icon = kExclamation,
                               .captions = {"&Continua Modifica", "&Ignora e Esci", "&Visualizza Errori"}})) {
     case kGoOnEditing:
@@ -220,7 +227,8 @@ void Editor::MnuFilRin() {
 
 void Editor::close() {
   form_->hideEditor();
-  ports_.window.setEnabled(true);
+  shut_.reset();
+  Msg(session_, ports_.window);
   ports_.window.refresh();
   ports_.window.toFront();
 }
@@ -260,7 +268,7 @@ void Editor::MnuPri() {
     ports_.printer.printText(withoutTabs(form_->editorText()), font.face, font.size);
     ports_.printer.EndDoc();
   } catch (const RuntimeError& error) {
-    tell("Il File " + nameOfKind() + " NON e` stato Stampato!", error);
+    tell(file_, "Il File " + nameOf(file_) + " NON e` stato Stampato!", error);
   }
   form_->focusEditor();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "platform/Clipboard.h"
@@ -25,6 +26,13 @@ struct EditorPorts {
   Sound& sound;
 };
 
+/// A file with the control that takes its text.
+struct EditedFile {
+  std::string path;
+  Int16 kind = kGraphicKind;  ///< `FileKindCode`
+  EditControl control = EditControl::kTxtEdiOld;
+};
+
 /// The small text editor for data, function and graphic files. It changes the file, never what the session has
 /// loaded: a file that was changed is to be read again. Data and function files are checked by their own readers
 /// when they are saved. Handlers bear the names of the menu entries and controls that run them.
@@ -35,7 +43,8 @@ class Editor {
   void setForm(EditorForm& form) { form_ = &form; }
 
   /// Opens a file of a kind (`FileKindCode`): asks before a missing file is made and before a large one is opened.
-  /// The main window is disabled while the editor is open. A file that cannot be read is told and not opened.
+  /// The main window is shut while the editor is open. A file that cannot be read is told and not opened. An editor
+  /// that is open keeps its file and its text, and comes to the front.
   void OpenEditor(const std::string& path, Int16 kind);
 
   /// Writes the file and, when its check finds nothing, closes the editor. A file that cannot be written is told,
@@ -60,13 +69,13 @@ class Editor {
   /// Prints the text in `FontEdit`. A printer that fails is told.
   void MnuPri();
 
-  const std::string& EditFile() const { return editFile_; }
-  EditControl control() const { return control_; }
+  const std::string& EditFile() const { return file_.path; }
+  EditControl control() const { return file_.control; }
 
  private:
-  bool readText(std::string& bytes);
-  bool wantsToCreate();
-  bool wantsLargeFile();
+  bool readText(const EditedFile& wanted, std::string& bytes);
+  bool wantsToCreate(const EditedFile& wanted);
+  bool wantsLargeFile(const EditedFile& wanted);
   std::string textOfForm();
   bool write(const std::string& text);
   bool check(const std::string& text, std::string& report);
@@ -75,15 +84,13 @@ class Editor {
   void tellErrors(const std::string& report);
   void close();
 
-  std::string caption() const;
-  std::string nameOfKind() const;
-  void tell(const std::string& what, const RuntimeError& error);
+  void tell(const EditedFile& file, const std::string& what, const RuntimeError& error);
 
   Session& session_;
   EditorPorts ports_;
   EditorForm* form_ = nullptr;
-  std::string editFile_;
-  EditControl control_ = EditControl::kTxtEdiOld;
+  EditedFile file_;
+  std::unique_ptr<ShutWindow> shut_;  ///< there while the editor is open
 };
 
 }  // namespace vk

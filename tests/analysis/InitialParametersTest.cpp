@@ -222,15 +222,15 @@ TEST_F(InitialParametersTest, AFunctionWithoutParametersHasNoFields) {
   EXPECT_EQ(session.ParametersSet, kTrue);
 }
 
-TEST_F(InitialParametersTest, AfterTheEntryTheMainWindowComesBackWithItsMenus) {
+TEST_F(InitialParametersTest, AfterTheEntryTheMenusFollowAndWhoeverHoldsTheMainWindowKeepsIt) {
   take(2, 1);
-  window.setEnabled(false);
+  window.shut(Form::kEditor);
   window.calls.clear();
   session.input.InpFieldCount = 4;
   session.input.InpValues.dim(4);
   for (int i = 1; i <= 4; ++i) session.input.InpValues[i] = "1";
   StoreParameters(session, window);
-  EXPECT_THAT(window.calls, testing::ElementsAre("enable", "refresh"));
+  EXPECT_THAT(window.calls, testing::ElementsAre("refresh"));
   EXPECT_TRUE(window.menuEnabled["MenAdaAda"]);
   EXPECT_TRUE(window.menuEnabled["MenAdaPar"]);
   EXPECT_EQ(window.panels[5], "Par.Var.: SI");

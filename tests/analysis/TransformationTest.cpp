@@ -205,11 +205,11 @@ TEST_F(TransformationTest, ABadErrorOfXIsToldByItsName) {
 
 // ---- The end -----------------------------------------------------------------------------------------------
 
-TEST_F(TransformationTest, TheMainWindowComesBackWithItsMenus) {
-  window.setEnabled(false);
+TEST_F(TransformationTest, TheMenusFollowAndWhoeverHoldsTheMainWindowKeepsIt) {
+  window.shut(Form::kEditor);
   window.calls.clear();
   transform({"t", "s", "x", "y", "dy"});
-  EXPECT_THAT(window.calls, ElementsAre("enable", "refresh"));
+  EXPECT_THAT(window.calls, ElementsAre("refresh"));
   EXPECT_EQ(window.panels[1], "Dati: PROVA.DAT");
 }
 

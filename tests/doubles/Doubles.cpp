@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "base/RuntimeError.h"
 
 namespace vk {
@@ -18,6 +20,20 @@ float ScriptedRandom::next() {
   const float number = numbers_.front();
   numbers_.pop_front();
   return number;
+}
+
+void RecordingMainWindow::shut(Form holder) {
+  holders.push_back(holder);
+  enabled = false;
+  calls.emplace_back("shut");
+}
+
+void RecordingMainWindow::release(Form holder) {
+  const auto held = std::find(holders.begin(), holders.end(), holder);
+  ASSERT_NE(held, holders.end());
+  holders.erase(held);
+  enabled = holders.empty();
+  calls.emplace_back("release");
 }
 
 void RecordingPrinter::setOrientation(Int16 wanted) {

@@ -122,9 +122,10 @@ class RecordingMainWindow : public MainWindow {
   std::map<std::string, std::string> menuCaption;
   std::map<int, std::string> panels;
   std::string caption;
+  std::vector<Form> holders;  ///< who holds it shut
   bool enabled = true;
   int background = 0;
-  std::vector<std::string> calls;  ///< "disable", "enable", "refresh", "front" in order
+  std::vector<std::string> calls;  ///< "shut", "release", "refresh", "front" in order
 
   void setMenuEnabled(const std::string& control, bool on) override { menuEnabled[control] = on; }
   void setMenuVisible(const std::string& control, bool on) override { menuVisible[control] = on; }
@@ -134,10 +135,9 @@ class RecordingMainWindow : public MainWindow {
   }
   void setPanel(int panel, const std::string& text) override { panels[panel] = text; }
   void setCaption(const std::string& text) override { caption = text; }
-  void setEnabled(bool on) override {
-    enabled = on;
-    calls.emplace_back(on ? "enable" : "disable");
-  }
+  void shut(Form holder) override;
+  /// Fails the test when the holder has not shut the window.
+  void release(Form holder) override;
   void refresh() override { calls.emplace_back("refresh"); }
   void toFront() override { calls.emplace_back("front"); }
   void setBackground(Int16 picture) override { background = picture; }

@@ -301,7 +301,7 @@ TEST_F(FunctionCommandsTest, LoadingHoldsTheMainWindowAndRefillsTheSelectionList
   EXPECT_EQ(session.catalogue.inner.size(), 6U);
   EXPECT_EQ(session.catalogue.inner[5].display, "parabola");
   EXPECT_THAT(forms.calls, ElementsAre("refill selection"));
-  EXPECT_THAT(window.calls, ElementsAre("disable", "enable", "front"));
+  EXPECT_THAT(window.calls, ElementsAre("shut", "release", "front"));
 }
 
 TEST_F(FunctionCommandsTest, GivingUpTheLoadChangesNothing) {

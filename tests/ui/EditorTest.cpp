@@ -26,6 +26,7 @@ class EditorTest : public testing::Test {
     BuildCatalogue(session);
   }
   void open(const std::string& bytes, int kind = kGraphicKind) {
+    if (form.visible) editor.MnuFilRin();
     files.content[kPath] = bytes;
     editor.OpenEditor(kPath, kind);
     form.calls.clear();
@@ -142,8 +143,40 @@ TEST_F(EditorTest, TheCaptionTellsKindAndFile) {
 TEST_F(EditorTest, TheMainWindowIsDisabledBeforeTheEditorShows) {
   files.content[kPath] = "a\r\n";
   editor.OpenEditor(kPath, kDataKind);
-  EXPECT_THAT(window.calls, ElementsAre("disable"));
+  EXPECT_THAT(window.calls, ElementsAre("shut"));
   EXPECT_THAT(form.calls, ElementsAre("show"));
+}
+
+TEST_F(EditorTest, AnOpenEditorKeepsItsFileAndItsText) {
+  open("uno\r\n", kDataKind);
+  form.text = "altro\r\n";
+  files.content["/lavoro/secondo.fcn"] = kGoodFunctions;
+  editor.OpenEditor("/lavoro/secondo.fcn", kFunctionKind);
+  EXPECT_THAT(form.calls, ElementsAre("focus"));
+  EXPECT_EQ(form.text, "altro\r\n");
+  EXPECT_EQ(editor.EditFile(), kPath);
+  EXPECT_THAT(window.holders, ElementsAre(Form::kEditor));
+}
+
+TEST_F(EditorTest, ARefusedFileLeavesNoNameBehind) {
+  open("uno\r\n", kDataKind);
+  editor.MnuFilRin();
+  files.content["/lavoro/grande.fcn"] = std::string(40001, 'a');
+  dialogs.press(1);
+  editor.OpenEditor("/lavoro/grande.fcn", kFunctionKind);
+  dialogs.press(2);
+  editor.OpenEditor("/lavoro/manca.fcn", kFunctionKind);
+  EXPECT_EQ(editor.EditFile(), kPath);
+  EXPECT_EQ(session.FileKind, kDataKind);
+}
+
+TEST_F(EditorTest, AClosedEditorRenewsMenusAndPanels) {
+  open("uno\r\n", kDataKind);
+  session.DataDefined = kTrue;
+  session.DataFile = "/lavoro/PROVA.DAT";
+  editor.MnuFilRin();
+  EXPECT_TRUE(window.menuEnabled["MenDatSav"]);
+  EXPECT_EQ(window.panels[1], "Dati: PROVA.DAT");
 }
 
 TEST_F(EditorTest, AReadErrorShowsNoEditor) {
@@ -260,7 +293,7 @@ TEST_F(EditorTest, AGoodFileClosesTheEditorAndEnablesTheMainWindow) {
     open(bytes, kind);
     editor.MnuFilSav();
     EXPECT_THAT(form.calls, ElementsAre("hide"));
-    EXPECT_THAT(window.calls, ElementsAre("enable", "refresh", "front"));
+    EXPECT_THAT(window.calls, ElementsAre("release", "refresh", "front"));
     expectClosed();
     EXPECT_EQ(session.ErrFlag, 0);
   }
@@ -446,7 +479,7 @@ TEST_F(EditorTest, RinunciaSavesNothingAndEnablesTheMainWindow) {
   EXPECT_EQ(files.content.at(kPath), kGoodData);
   EXPECT_THAT(files.written, IsEmpty());
   EXPECT_THAT(form.calls, ElementsAre("hide"));
-  EXPECT_THAT(window.calls, ElementsAre("enable", "refresh", "front"));
+  EXPECT_THAT(window.calls, ElementsAre("release", "refresh", "front"));
 }
 
 TEST_F(EditorTest, CopiaReplacesTheClipboard) {

@@ -202,7 +202,7 @@ TEST_F(FrmEdiTest, SalvaWritesAndCloses) {
   choose("MnuFilSav");
   EXPECT_EQ(saved(), "due uno\r\n");
   EXPECT_FALSE(form.isVisible());
-  EXPECT_THAT(window.calls, ElementsAre("disable", "enable", "refresh", "front"));
+  EXPECT_THAT(window.calls, ElementsAre("shut", "release", "refresh", "front"));
 }
 
 TEST_F(FrmEdiTest, RinunciaWritesNothingAndCloses) {
@@ -212,7 +212,7 @@ TEST_F(FrmEdiTest, RinunciaWritesNothingAndCloses) {
   EXPECT_EQ(saved(), "uno\r\n");
   EXPECT_THAT(files.written, IsEmpty());
   EXPECT_FALSE(form.isVisible());
-  EXPECT_THAT(window.calls, ElementsAre("disable", "enable", "refresh", "front"));
+  EXPECT_THAT(window.calls, ElementsAre("shut", "release", "refresh", "front"));
 }
 
 TEST_F(FrmEdiTest, TheKeyboardReachesTheMenus) {

@@ -75,6 +75,7 @@ class InpFrmTest : public testing::Test {
   void execute() { user.press("InpFrm", "cmdEse"); }
 
   QWidget owner;
+  RecordingMainWindow window;
   Windows windows;
   Session session;
   FrmMsg message{windows, session.FontLabel};
@@ -89,7 +90,7 @@ class InpFrmTest : public testing::Test {
   InputTables tables;
   std::vector<int> actions;
   bool visibleInAction = false;
-  InpFrm form{engine, windows};
+  InpFrm form{engine, windows, window};
   User user;
 };
 
@@ -98,14 +99,14 @@ TEST_F(InpFrmTest, ShowsTheFirstFieldInTheEditBox) {
     EXPECT_EQ(box()->text(), "1");
     EXPECT_TRUE(box()->hasFocus());
     EXPECT_EQ(box()->palette().color(QPalette::Base), QColor(255, 255, 255));
-    EXPECT_FALSE(owner.isEnabled());
+    EXPECT_FALSE(window.enabled);
     EXPECT_EQ(QApplication::activeModalWidget(), &form);
     EXPECT_EQ(form.windowTitle(), "VOR_KEL: Parametri Iniziali");
     EXPECT_EQ(box()->accessibleName(), QString("δa"));
   });
   giveUp();
   show();
-  EXPECT_TRUE(owner.isEnabled());
+  EXPECT_TRUE(window.enabled);
 }
 
 TEST_F(InpFrmTest, EnterAndArrowsWalkThroughTheFields) {
@@ -183,7 +184,7 @@ TEST_F(InpFrmTest, TheWindowControlActsAsRinuncia) {
   user.close("InpFrm");
   show();
   EXPECT_EQ(session.ErrFlag, -1);
-  EXPECT_TRUE(owner.isEnabled());
+  EXPECT_TRUE(window.enabled);
 }
 
 TEST_F(InpFrmTest, AccessKeysPressTheButtons) {
@@ -255,7 +256,7 @@ TEST_F(InpFrmTest, WhatAHandlerThrowsReachesTheCommand) {
   then([this] { QTest::keyClick(box(), Qt::Key_Return); });
   EXPECT_THROW(show(), RuntimeError);
   EXPECT_FALSE(form.isVisible());
-  EXPECT_TRUE(owner.isEnabled());
+  EXPECT_TRUE(window.enabled);
 }
 
 TEST_F(InpFrmTest, ResizingHasNoEffect) {

@@ -368,11 +368,11 @@ TEST_F(VorKelTest, ClosingUnloadsEveryFormAndAsksNothing) {
 }
 
 TEST_F(VorKelTest, AShutWindowCannotBeClosed) {
-  window().setEnabled(false);
+  window().shut(Form::kEditor);
   window().close();
   EXPECT_TRUE(window().isVisible());
   EXPECT_TRUE(exitCodes.empty());
-  window().setEnabled(true);
+  window().release(Form::kEditor);
 }
 
 TEST_F(VorKelTest, AnUnguardedErrorIsToldAndEndsTheProgram) {

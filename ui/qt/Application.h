@@ -89,7 +89,7 @@ class Application {
   Sel_Fun selectForm_{select_, windows_};
   Loa_Fun loadForm_{load_, windows_};
   QtOutput output_{{session_, windows_, printer_, clipboard_, runner()}, breath_};
-  InpFrm inputForm_{input_, windows_};
+  InpFrm inputForm_{input_, windows_, window_};
   Editor editor_{session_, {files_, dialogs_, window_, output_, clipboard_, printer_, sound_}};
   FrmEdi editForm_{editor_, {session_, windows_, sound_, runner()}};
   FrmMsg message_{windows_, session_.FontLabel};

@@ -54,8 +54,7 @@ int FrmMsg::ask(const MessageRequest& request) {
   show();
   raise();
   activateWindow();
-  loop_.run();
-  hide();
+  loop_.run(*this);
   while (buttons_.size() > kLastingButtons) {
     delete buttons_.back();
     buttons_.pop_back();

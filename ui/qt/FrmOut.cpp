@@ -127,8 +127,7 @@ void FrmOut::FrmOut_Exit() {
   setEnabled(false);
   hide();
   for (QPushButton* button : buttons_) button->hide();
-  if (QWidget* owner = services_.windows.shown(model_.request().owner)) {
-    owner->setEnabled(true);
+  if (QWidget* owner = services_.windows.atWork(model_.request().owner)) {
     owner->update();
     owner->activateWindow();
   }

@@ -57,8 +57,7 @@ bool FunctionForm::runModal(QWidget& first) {
   raise();
   activateWindow();
   first.setFocus();
-  loop_.run();
-  hide();
+  loop_.run(*this);
   return accepted_;
 }
 

@@ -28,10 +28,11 @@ QPushButton* makeButton(QWidget* form, const char* name, const char* caption) {
 
 }  // namespace
 
-InpFrm::InpFrm(InpMod& engine, const Windows& windows)
+InpFrm::InpFrm(InpMod& engine, const Windows& windows, MainWindow& window)
     : QWidget(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
       engine_(engine),
       windows_(windows),
+      window_(window),
       txtGet_(new EntryBox(this)),
       cmdRin_(makeButton(this, "cmdRin", kInputCancel)),
       cmdEse_(makeButton(this, "cmdEse", kInputExecute)) {
@@ -56,23 +57,22 @@ InpFrm::InpFrm(InpMod& engine, const Windows& windows)
 }
 
 void InpFrm::InpShow(InputTables& tables, Form caller) {
-  build(tables, caller);
-  QWidget* owner = windows_.shown(caller);
-  if (owner != nullptr) owner->setEnabled(false);
   executed_ = false;
+  askShut(tables, caller);
+  if (QWidget* owner = windows_.shown(caller)) owner->activateWindow();
+  // The action is part of the command: it runs here, where its failures reach the command.
+  if (executed_ && action_) action_(tables.InpAction);
+}
+
+/// Waits for the user with the main window shut.
+void InpFrm::askShut(InputTables& tables, Form caller) {
+  const ShutWindow shut(window_, Form::kInput);
+  build(tables, caller);
   show();
   raise();
   activateWindow();
   txtGet_->setFocus();
-  try {
-    loop_.run();
-  } catch (...) {
-    close(caller);
-    throw;
-  }
-  close(caller);
-  // The action is part of the command: it runs here, where its failures reach the command.
-  if (executed_ && action_) action_(tables.InpAction);
+  loop_.run(*this);
 }
 
 void InpFrm::build(InputTables& tables, Form caller) {
@@ -93,6 +93,8 @@ void InpFrm::build(InputTables& tables, Form caller) {
 }
 
 void InpFrm::buildFields(const InputTables& tables) {
+  qDeleteAll(lblVal_);
+  lblVal_.clear();
   const InputLayout& layout = engine_.layout();
   for (std::size_t i = 0; i < layout.lblVal.size(); ++i) {
     const int field = static_cast<int>(i);
@@ -109,16 +111,6 @@ void InpFrm::buildFields(const InputTables& tables) {
   }
   setTabOrder(txtGet_, cmdRin_);
   setTabOrder(cmdRin_, cmdEse_);
-}
-
-void InpFrm::close(Form caller) {
-  hide();
-  qDeleteAll(lblVal_);
-  lblVal_.clear();
-  if (QWidget* owner = windows_.shown(caller)) {
-    owner->setEnabled(true);
-    owner->activateWindow();
-  }
 }
 
 void InpFrm::sync() {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/InputForm.h"
+#include "platform/MainWindow.h"
 #include "ui/InpMod.h"
 #include "ui/qt/EntryBox.h"
 #include "ui/qt/ModalLoop.h"
@@ -22,7 +23,7 @@ class InpFrm : public QWidget, public InputForm {
   /// What "&Esegui" runs once the form is gone, by the number in the tables.
   using Action = std::function<void(int)>;
 
-  InpFrm(InpMod& engine, const Windows& windows);
+  InpFrm(InpMod& engine, const Windows& windows, MainWindow& window);
 
   void setAction(Action action) { action_ = std::move(action); }
   void InpShow(InputTables& tables, Form caller) override;
@@ -35,7 +36,7 @@ class InpFrm : public QWidget, public InputForm {
  private:
   void build(InputTables& tables, Form caller);
   void buildFields(const InputTables& tables);
-  void close(Form caller);
+  void askShut(InputTables& tables, Form caller);
   void sync();
   void esegui();
   void rinuncia();
@@ -43,6 +44,7 @@ class InpFrm : public QWidget, public InputForm {
 
   InpMod& engine_;
   const Windows& windows_;
+  MainWindow& window_;
   Action action_;
   ModalLoop loop_;
   EntryBox* txtGet_;

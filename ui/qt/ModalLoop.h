@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QWidget>
 #include <exception>
 
 namespace vk {
@@ -9,10 +10,11 @@ namespace vk {
 /// again behind it, in the command: no exception crosses the toolkit's dispatch.
 class ModalLoop {
  public:
-  /// Runs until `finish`, then throws what a handler threw.
-  void run() {
+  /// Runs until `finish` and hides the form, then throws what a handler threw.
+  void run(QWidget& form) {
     error_ = nullptr;
     loop_.exec();
+    form.hide();
     if (error_) std::rethrow_exception(error_);
   }
   void finish() { loop_.quit(); }

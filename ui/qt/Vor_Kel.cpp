@@ -4,6 +4,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
+#include <algorithm>
 
 #include "ui/qt/Fonts.h"
 #include "ui/qt/Pictures.h"
@@ -111,6 +112,7 @@ void Vor_Kel::placeFirst() {
 
 void Vor_Kel::setMenuEnabled(const std::string& control, bool enabled) {
   actions_.at(control)->setEnabled(enabled);
+  menuEnabled_[control] = enabled;
 }
 
 void Vor_Kel::setMenuVisible(const std::string& control, bool visible) {
@@ -135,9 +137,22 @@ void Vor_Kel::setCaption(const std::string& caption) {
   setAccessibleName(windowTitle());
 }
 
-void Vor_Kel::setEnabled(bool enabled) {
-  if (enabled && !isEnabled()) breath_.dropInput();
-  QMainWindow::setEnabled(enabled);
+void Vor_Kel::shut(Form holder) {
+  holders_.push_back(holder);
+  followHolders();
+}
+
+void Vor_Kel::release(Form holder) {
+  const auto held = std::find(holders_.begin(), holders_.end(), holder);
+  if (held != holders_.end()) holders_.erase(held);
+  if (holders_.empty()) breath_.dropInput();
+  followHolders();
+}
+
+void Vor_Kel::followHolders() {
+  setEnabled(holders_.empty());
+  // The toolkit turns the entries of sub-menus off and on with the window, whatever they were.
+  for (const auto& [control, enabled] : menuEnabled_) actions_.at(control)->setEnabled(enabled);
 }
 
 void Vor_Kel::refresh() {

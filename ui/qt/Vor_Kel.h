@@ -6,6 +6,7 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <vector>
 
 #include "platform/MainWindow.h"
 #include "session/Commands.h"
@@ -51,7 +52,8 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
   void setMenuCaption(const std::string& control, const std::string& caption) override;
   void setPanel(int panel, const std::string& text) override;
   void setCaption(const std::string& caption) override;
-  void setEnabled(bool enabled) override;
+  void shut(Form holder) override;
+  void release(Form holder) override;
   void refresh() override;
   void toFront() override;
   void setBackground(Int16 picture) override { backdrop_->setPicture(picture); }
@@ -71,10 +73,13 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
   void buildStatusBar();
   QFrame* frame(Panel panel) const;
   void placePanel(QFrame* frame);
+  void followHolders();
 
   Breath& breath_;
   Backdrop* backdrop_;
   std::map<std::string, QAction*> actions_;  ///< by control name; of a menu, its own entry
+  std::map<std::string, bool> menuEnabled_;  ///< as commands want it
+  std::vector<Form> holders_;                ///< who holds the window shut
   std::array<QLabel*, 5> panels_{};
   FraDir* FraDir_ = nullptr;
   FraGra* FraGra_ = nullptr;

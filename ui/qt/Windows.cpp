@@ -25,6 +25,12 @@ QWidget* Windows::shown(Form form) const {
   return widget->isVisible() && !widget->isMinimized() ? widget : nullptr;
 }
 
+QWidget* Windows::atWork(Form form) const {
+  QWidget* window = shown(form);
+  QWidget* editor = shown(Form::kEditor);
+  return window != nullptr && !window->isEnabled() && editor != nullptr ? editor : window;
+}
+
 Rect Windows::place(Form form) const {
   const QWidget* window = shown(form);
   return window == nullptr ? Rect() : toTwips(window->frameGeometry().translated(-screenCorner(form)));

@@ -20,6 +20,8 @@ class Windows {
 
   /// The window, if it is there and visible; else none.
   QWidget* shown(Form form) const;
+  /// The same; while the editor shuts the main window, the editor in its stead.
+  QWidget* atWork(Form form) const;
   /// Its place with frame and title, in twips on its screen; of size 0 when it is not shown.
   Rect place(Form form) const;
   /// What the window system adds to the content of a window. Known from the main window.

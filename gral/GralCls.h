@@ -166,7 +166,8 @@ class GralCls {
   /// of one abscissa are run-time error 11. Dash patterns do not apply.
   void GralCurve(const Array<double>& x, const Array<double>& y, int nPt);
   /// Points with error bars and marks, all marks above all bars. Errors in x only when `kXpntErr` is true.
-  /// On a logarithmic axis the data are given linear; a zero is run-time error 5.
+  /// On a logarithmic axis the data are given linear; a zero is run-time error 5, and a bar that goes through
+  /// zero goes on to the edge of the page.
   void PlotData(const Array<double>& Xpnt, const Array<double>& ErrXpnt, const Array<double>& Ypnt,
                 const Array<double>& ErrYpnt, int NumPnt, bool kXpntErr, bool iXLog, bool iYLog);
 
@@ -267,7 +268,7 @@ class GralCls {
   std::vector<double> letterAdvances(const std::vector<MarkupLetter>& letters) const;
 
   struct PlotPoint;
-  static PlotPoint plotPoint(double value, double error, bool hasError, bool logarithmic);
+  static PlotPoint plotPoint(double value, double error, bool hasError, bool logarithmic, double lowest);
   void drawYBar(const PlotPoint& x, const PlotPoint& y);
   void drawXBar(const PlotPoint& x, const PlotPoint& y);
 

@@ -5,7 +5,7 @@
 #include "base/CheckedMath.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "session/SubMod.h"
+#include "session/DataFiles.h"
 
 namespace vk {
 namespace {
@@ -74,7 +74,7 @@ std::string Histogram::lines() const {
     if (h <= 0) continue;
     const double q = checked::divide(1, checked::finite(bins_.McSamples * BinWidths_[b]));
     for (const double number : {bins_.McBinCentre[b], h * q, std::sqrt(h) * q}) {
-      points += FormatMask(number, kMask);
+      points += dataField(number, kMask);
     }
     points += kCrLf;
     ++filled;

@@ -205,7 +205,7 @@ void SimulateData(Session& session, Dialogs& dialogs, MainWindow& window, Random
   }
   session.sim = sim;
   session.data = std::move(data);
-  session.DataFile = kDataName;
+  session.DataFile = session.DataPath = kDataName;
   session.DataDefined = kTrue;
   session.SimFirstTime = kFalse;
   const Array<double> truth = par.ParValues;

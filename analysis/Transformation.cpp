@@ -8,6 +8,7 @@
 #include "base/Text.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
+#include "session/DataFiles.h"
 #include "session/Msg.h"
 
 namespace vk {
@@ -136,8 +137,8 @@ bool transform(Session& session, Dialogs& dialogs) {
                      "Errore nella Definizione di " + transformation.columnName(k) + "  <*> per Continuare");
     return false;
   }
-  session.data.TitleX = fields.InpValues[1];
-  session.data.TitleY = fields.InpValues[2];
+  session.data.TitleX = dataTitle(fields.InpValues[1]);
+  session.data.TitleY = dataTitle(fields.InpValues[2]);
   transformation.store();
   return true;
 }

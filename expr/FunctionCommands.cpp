@@ -10,7 +10,8 @@ namespace {
 constexpr const char* kReadCaption = "VOR_KEL: Lettura File Funzioni";
 
 /// The file has been read without error: its functions replace all that came from the file before.
-void takeFile(Session& session, MainWindow& window, FunctionForms& forms, const std::string& name) {
+void takeFile(Session& session, MainWindow& window, FunctionForms& forms, const std::string& name,
+              const std::string& path) {
   session.FunFile = name;
   session.FunFileRead = kTrue;
   window.setMenuEnabled("MenFunCar", true);
@@ -22,7 +23,7 @@ void takeFile(Session& session, MainWindow& window, FunctionForms& forms, const 
       window.setMenuEnabled(control, false);
     }
   }
-  addRecentFile(session, window, kFunctionKind, name);
+  addRecentFile(session, window, kFunctionKind, name, path);
 }
 
 void tellErrors(const Session& session, Dialogs& dialogs, OutputWindow& output, const std::string& name) {
@@ -50,9 +51,10 @@ void MenFunLet(Session& session, Files& files, Dialogs& dialogs, OutputWindow& o
   session.TraceText.clear();
   session.CheckFunctions = kTrue;
   session.TraceEnabled = session.ShowErrors;
+  const std::string path = name;  // the reader folds the name
   ReadFunctionFile(session, files, output, name, kFalse);
   if (session.ErrFlag == 0) {
-    takeFile(session, window, forms, name);
+    takeFile(session, window, forms, name, path);
   } else {
     tellErrors(session, dialogs, output, name);
   }

@@ -9,6 +9,7 @@
 #include "grafile/GralFrm.h"
 #include "grafile/GralPlt.h"
 #include "gral/GralCls.h"
+#include "session/DataFiles.h"
 #include "session/Msg.h"
 #include "session/Refusals.h"
 #include "session/SubMod.h"
@@ -144,7 +145,7 @@ void StandardFigure::describeOrigin() {
   if (!ofDifferences()) return;
   differencesFile_ << "%File Dati Differenze Dati-Funzione";
   differencesFile_.append(header);
-  differencesFile_ << "" << data_.TitleX << data_.TitleY << signedText(data_.NumPnt);
+  differencesFile_ << "" << dataTitle(data_.TitleX) << dataTitle(data_.TitleY) << signedText(data_.NumPnt);
 }
 
 void StandardFigure::findXLimits() {
@@ -267,7 +268,7 @@ void StandardFigure::drawData() {
                       data_.kXpntErr != kFalse, false, false);
   });
   graph_ << "%Disegna i Dati"
-         << "\\Dati(" + session_.DataFile + ")";
+         << "\\Dati(" + session_.DataPath + ")";
 }
 
 void StandardFigure::drawDifferences() {
@@ -286,9 +287,8 @@ void StandardFigure::drawDifferences() {
     drawing_.PlotData(data_.Xpnt, data_.ErrXpnt, differences_, errors, data_.NumPnt, false, false, false);
   });
   for (int i = 1; i <= data_.NumPnt; ++i) {
-    differencesFile_ << FormatMask(data_.Xpnt[i], kNumberMask) + " " +
-                            FormatMask(differences_[i], kNumberMask) + " " +
-                            FormatMask(errors[i], kNumberMask);
+    differencesFile_ << dataField(data_.Xpnt[i], kNumberMask) + " " +
+                            dataField(differences_[i], kNumberMask) + " " + dataField(errors[i], kNumberMask);
   }
 }
 

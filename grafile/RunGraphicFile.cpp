@@ -1,8 +1,8 @@
+#include "base/Text.h"
 #include "grafile/GralFrm.h"
 #include "grafile/GralPlt.h"
 #include "grafile/GraphicRun.h"
 #include "gral/GralCls.h"
-#include "session/DataFiles.h"
 #include "session/Msg.h"
 
 namespace vk {
@@ -19,12 +19,10 @@ class UserData {
   explicit UserData(const Session& session)
       : data_(session.data), defined_(session.DataDefined), file_(session.DataFile) {}
 
-  void putBack(Session& session, Files& files, Dialogs& dialogs) {
-    session.DataFile = file_;
-    const Int16 flag = session.ErrFlag;
-    // What was simulated, transformed or fitted is in no file: of this reading only the folded name stays.
-    if (defined_ != kFalse) ReadDataPlain(session, files, dialogs, session.DataFile, kFalse);
-    session.ErrFlag = flag;
+  /// The file is not read again: what was simulated, transformed or fitted is in no file.
+  void putBack(Session& session) {
+    // QUIRK: behind a graphic file the name of the data is shown in capitals.
+    session.DataFile = defined_ != kFalse ? upper(file_) : file_;
     session.data = std::move(data_);
     session.DataDefined = defined_;
   }
@@ -60,7 +58,7 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
   if (wrong && session.ShowErrors != kFalse) showErrors(ports.output, run.errors(), onPrinter);
 
   drawing.GralGrEnd();
-  before.putBack(session, ports.files, ports.dialogs);
+  before.putBack(session);
   Msg(session, ports.window);
 }
 

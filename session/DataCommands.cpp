@@ -44,7 +44,7 @@ bool readDataFile(Session& session, Files& files, Dialogs& dialogs, OutputWindow
   if (!acceptCounts(dialogs, reading.declaredCount, reading.data.NumPnt)) return false;
   LoadDataFile(session, name, std::move(reading));
   forgetFigures(session);
-  addRecentFile(session, window, kDataKind, name);
+  addRecentFile(session, window, kDataKind, name, name);
   window.setMenuEnabled("MenDatSav", true);
   return true;
 }
@@ -73,7 +73,7 @@ void MenGraLetFil(Session& session, Files& files, Dialogs& dialogs, MainWindow& 
   if (!pickFileToRead(session, files, dialogs, "VOR_KEL: Lettura File Grafico", kGraphicKind, name)) return;
   session.GraFile = name;
   session.GraDefined = kTrue;
-  addRecentFile(session, window, kGraphicKind, name);
+  addRecentFile(session, window, kGraphicKind, name, name);
   Msg(session, window);
 }
 

@@ -20,7 +20,6 @@ constexpr int kCountLine = 3;
 constexpr int kLeastLines = 5;
 constexpr std::size_t kLeastPoints = 2;
 constexpr std::size_t kMostPoints = 32767;
-constexpr const char* kPointMask = " ##.#####^^^^ ";
 
 struct Translation {
   int code;
@@ -64,8 +63,8 @@ class DataReader {
     ++number_;
     if (isComment(line)) return;
     ++significant_;
-    if (significant_ == 1) reading_.data.TitleX = TranslateDosText(cleanLine(line));
-    if (significant_ == kTitleLines) reading_.data.TitleY = TranslateDosText(cleanLine(line));
+    if (significant_ == 1) reading_.data.TitleX = dataTitle(TranslateDosText(line));
+    if (significant_ == kTitleLines) reading_.data.TitleY = dataTitle(TranslateDosText(line));
     if (significant_ == kCountLine) takeCounts(line);
     if (significant_ > kCountLine) takePoint(line);
   }
@@ -169,7 +168,7 @@ DataReading CheckDataFile(Session& session, Files& files, const std::string& fil
 }
 
 void LoadDataFile(Session& session, const std::string& fileName, DataReading&& reading) {
-  session.DataFile = fileName;
+  session.DataFile = session.DataPath = fileName;
   session.DataDefined = kTrue;
   session.data = std::move(reading.data);
 }
@@ -191,19 +190,6 @@ std::string TranslateDosText(std::string_view text) {
   result.reserve(text.size());
   for (const char c : text) result += translated(c);
   return result;
-}
-
-std::string dataFileText(const DataSet& data) {
-  const std::string lineEnd(kCrLf);
-  const bool hasXErrors = data.kXpntErr != kFalse;
-  std::string text = data.TitleX + lineEnd + data.TitleY + lineEnd + signedText(data.NumPnt) +
-                     (hasXErrors ? " 1" : "") + lineEnd;
-  for (int i = 1; i <= data.NumPnt; ++i) {
-    text += FormatMask(data.Xpnt[i], kPointMask) + FormatMask(data.Ypnt[i], kPointMask);
-    if (hasXErrors) text += FormatMask(data.ErrXpnt[i], kPointMask);
-    text += FormatMask(data.ErrYpnt[i], kPointMask) + lineEnd;
-  }
-  return text;
 }
 
 }  // namespace vk

@@ -28,7 +28,7 @@ DataReading readDataText(std::string_view text);
 /// of the session changes. A file that cannot be read is a run-time error (`Files::readAll`).
 DataReading CheckDataFile(Session& session, Files& files, const std::string& fileName);
 
-/// Takes a reading without errors into the session, and sets `DataFile` and `DataDefined`.
+/// Takes a reading without errors into the session, and sets `DataFile`, `DataPath` and `DataDefined`.
 void LoadDataFile(Session& session, const std::string& fileName, DataReading&& reading);
 
 /// The first tokens of a line, at most `most`, which blanks and tabs separate.
@@ -37,12 +37,20 @@ std::vector<std::string_view> SplitBlanks(std::string_view line, std::size_t mos
 /// The text with the characters above 127 of the old 8-bit code as text markup; unknown ones become "??".
 std::string TranslateDosText(std::string_view text);
 
-/// The plain reader of figures and of the restored session: it counts values, not lines. Folds `fileName` to
-/// capitals. A text that it cannot read is read once more without comments and with tabs as blanks.
+/// A title that a data file can hold, so that what is shown is what will be read back: without blanks at its ends
+/// and with tabs as blanks. A blank one is "-", and "- " stands before one that begins with "%".
+std::string dataTitle(std::string_view text);
+
+/// The plain reader of figures: it counts values, not lines. Folds `fileName` to capitals, once the file is open. A
+/// text that it cannot read is read once more without comments and with tabs as blanks.
 ///
 /// Runs under a guard: after a failure `ErrFlag` is -1. Without a count above 0 the data stay as they were, and
 /// with `showMessage` a box says so; a value that cannot be read is 0.
 void ReadDataPlain(Session& session, Files& files, Dialogs& dialogs, std::string& fileName, Flag showMessage);
+
+/// A number of a data file: as `FormatMask` gives it, with one decimal less where a three-digit exponent needs its
+/// place, so that every finite number can be read back.
+std::string dataField(double value, const std::string& mask);
 
 /// The text of the session's data set as a data file, CR LF line ends.
 std::string dataFileText(const DataSet& data);

@@ -129,7 +129,7 @@ bool pickFileToRead(Session& session, Files& files, Dialogs& dialogs, const std:
     PickFile(session, files, dialogs, caption, name, kind, kPickExisting);
   } else {
     // QUIRK: the entry stays picked, so that the next reading takes that place of the list without asking.
-    name = list.files[list.pick];
+    name = list.paths[list.pick];
   }
   return session.ErrFlag == 0;
 }
@@ -162,7 +162,8 @@ std::string recentControl(Int16 kind, int index) {
   return std::string(kindOf(kind).recentMenu) + "(" + std::to_string(index) + ")";
 }
 
-void addRecentFile(Session& session, MainWindow& window, Int16 kind, const std::string& path) {
+void addRecentFile(Session& session, MainWindow& window, Int16 kind, const std::string& shown,
+                   const std::string& path) {
   RecentList& list = recentList(session, kind);
   const auto show = [&](int entry) {
     window.setMenuCaption(recentControl(kind, entry - 1),
@@ -174,9 +175,11 @@ void addRecentFile(Session& session, MainWindow& window, Int16 kind, const std::
   }
   for (int entry = list.RecentCount; entry >= 2; --entry) {
     list.files[entry] = list.files[entry - 1];
+    list.paths[entry] = list.paths[entry - 1];
     show(entry);
   }
-  list.files[1] = path;
+  list.files[1] = shown;
+  list.paths[1] = path;
   show(1);
 }
 

@@ -108,9 +108,10 @@ void install(Session& session, DataSet&& data) {
 void ReadDataPlain(Session& session, Files& files, Dialogs& dialogs, std::string& fileName,
                    Flag showMessage) {
   session.ErrFlag = 0;
-  fileName = upper(fileName);
   std::string bytes;
-  if (!guard(session.ErrFlag, [&] { bytes = files.readAll(fileName); })) return;
+  const bool opened = guard(session.ErrFlag, [&] { bytes = files.readAll(fileName); });
+  fileName = upper(fileName);
+  if (!opened) return;
   PlainReading plain = readPlain(bytes, true);
   if (plain.complete) return install(session, std::move(plain.data));
   // Commented data files, the saved differences among them, are to be plotted too.

@@ -32,7 +32,8 @@ struct FontSpec {
 struct RecentList {
   static constexpr int kCapacity = 4;
 
-  Array<std::string> files{kCapacity};  ///< 1..4
+  Array<std::string> files{kCapacity};  ///< 1..4, as they are shown
+  Array<std::string> paths{kCapacity};  ///< 1..4, as they were opened
   Int16 RecentMax = kCapacity;
   Int16 RecentCount;
   Int16 pick;  ///< entry that the next reading command takes, from 1; 0 to ask
@@ -72,7 +73,8 @@ struct Session {
   Int16 WorkRow;
 
   // What is loaded.
-  std::string DataFile = "Nessuno";
+  std::string DataFile = "Nessuno";  ///< as it is shown, folded to capitals behind a graphic file
+  std::string DataPath;              ///< as it was opened
   Flag DataDefined;
   std::string FunFile = "Nessuno";
   Flag FunFileRead;    ///< functions can be loaded from a file that was read

@@ -125,6 +125,14 @@ TEST_F(SaveMonteCarloTest, TheFunctionIsTrimmedAndNotShortened) {
   EXPECT_EQ(save({0, 20})[0], "Sim. M.C. per y = " + std::string(60, 'f'));
 }
 
+TEST_F(SaveMonteCarloTest, DepartureNumbersWithAThreeDigitExponentAreWritten) {
+  save({0, 20, 30});
+  session.monteCarlo.McBinCentre[2] = -1E-120;
+  session.monteCarlo.McBinWidth = 1E-150;
+  SaveMonteCarlo(session, files);
+  EXPECT_EQ(linesOfFile()[3], "  -1.000E-120  2.0000E+149  4.4721E+148");
+}
+
 TEST_F(SaveMonteCarloTest, AnOldFileIsReplaced) {
   files.content[kFile] = "an older one";
   EXPECT_EQ(save({0, 20}).size(), 4U);

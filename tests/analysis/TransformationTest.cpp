@@ -281,5 +281,11 @@ TEST_F(TransformationTest, TransformedDataAreSavedAndReadBack) {
   EXPECT_THAT(column(session.data.Ypnt), ElementsAre(5, 7, 9));
 }
 
+TEST_F(TransformationTest, DepartureTitlesThatNoFileCanHoldAreChangedInTheSessionToo) {
+  transform({"", "% di luce", "x", "y", "dy"});
+  EXPECT_EQ(session.data.TitleX, "-");
+  EXPECT_EQ(session.data.TitleY, "- % di luce");
+}
+
 }  // namespace
 }  // namespace vk

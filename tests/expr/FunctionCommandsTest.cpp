@@ -82,6 +82,7 @@ TEST_F(FunctionCommandsTest, AGoodFileIsTakenAndRemembered) {
   EXPECT_THAT(forms.calls, ElementsAre("refill load list", "refill selection"));
   EXPECT_EQ(session.RecentFun.RecentCount, 1);
   EXPECT_EQ(session.RecentFun.files[1], "/LAB/GOOD.FCN");
+  EXPECT_EQ(session.RecentFun.paths[1], "/lab/good.fcn");
   EXPECT_EQ(window.menuCaption["MenFunOld(0)"], "&1 /LAB/GOOD.FCN");
   EXPECT_TRUE(window.menuVisible["MenFunOld(0)"]);
   EXPECT_EQ(session.ErrFlag, 0);

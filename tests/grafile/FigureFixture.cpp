@@ -48,7 +48,7 @@ std::string FigureFixture::errorsOf(const std::string& text) {
 
 void FigureFixture::loadData(const std::string& name, const std::vector<std::array<double, 4>>& points,
                              bool xErrors) {
-  session.DataFile = name;
+  session.DataFile = session.DataPath = name;
   session.DataDefined = kTrue;
   DataSet& data = session.data;
   data.allocate(static_cast<int>(points.size()), toFlag(xErrors));

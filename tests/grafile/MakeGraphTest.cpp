@@ -310,6 +310,17 @@ TEST_F(MakeGraphTest, TheDifferencesAreAGoodDataFile) {
   EXPECT_EQ(reading.data.kXpntErr, kFalse);
 }
 
+TEST_F(MakeGraphTest, DepartureDifferencesOfAnySizeAndTitleAreAGoodDataFile) {
+  loadData("A.DAT", {{1, -1.5E-120, 0, 2.5E120}, {2, 1, 0, 1}});
+  session.data.TitleX = "";
+  session.data.TitleY = "% errori";
+  takeFunction(2, 1, {0, 0});
+  makeGraph(kDifferencesFigure);
+  EXPECT_THAT(session.DiffText, testing::HasSubstr("\r\n-\r\n- % errori\r\n 2\r\n"
+                                                   "0.1000E+01 -.150E-119 0.250E+121\r\n"));
+  EXPECT_EQ(readDataText(session.DiffText).errors, "");
+}
+
 TEST_F(MakeGraphTest, FivePointsThatCannotBeComputedAreNotDrawnAndBeepEach) {
   loadData("/D/A.DAT", {{.3, 200, 0, .25}, {5, 201, 0, .5}, {9.7, 202, 0, .25}});
   takeFormula("LOG(x-t)+200", .9);

@@ -54,7 +54,17 @@ TEST_F(RunGraphicFileTest, DataOfAFileAreAsBeforeAndItsNameIsInCapitals) {
   run(otherData);
   expectOwnData(before);
   EXPECT_EQ(session.DataFile, "/DATA/OWN.DAT");
+  EXPECT_EQ(session.DataPath, "/data/own.dat");
   EXPECT_EQ(window.panels[1], "Dati: OWN.DAT");
+}
+
+TEST_F(RunGraphicFileTest, DepartureAGeneratedFigureNamesTheDataFileAsItWasOpened) {
+  files.content["/data/own.dat"] = lines({"Tempo (s)", "Corsa (m)", "2", "1 9 9", "2 8 8"});
+  loadOwnData("/data/own.dat");
+  run(otherData);
+  MakeGraph(session, ports, kDataFigure);
+  EXPECT_THAT(session.GraphText[1], testing::HasSubstr("%File Dati: /DATA/OWN.DAT\r\n"));
+  EXPECT_THAT(session.GraphText[1], testing::HasSubstr("\\Dati(/data/own.dat)\r\n"));
 }
 
 TEST_F(RunGraphicFileTest, WithoutDataThereAreNoneAfterwards) {

@@ -296,7 +296,7 @@ TEST_F(DataCommandsTest, ACancelledGraphicFileLeavesTheOldOne) {
 
 // QUIRK: a picked recent entry stays picked.
 TEST_F(DataCommandsTest, APickedGraphicFileStaysPicked) {
-  addRecentFile(session, window, kGraphicKind, "/g/A.GRA");
+  addRecentFile(session, window, kGraphicKind, "/g/A.GRA", "/g/A.GRA");
   pickRecentFile(session, kGraphicKind, 0);
   MenGraLetFil(session, files, dialogs, window);
   MenGraLetFil(session, files, dialogs, window);

@@ -2,8 +2,6 @@
 
 #include "doubles/ErrorOf.h"
 #include "doubles/MemoryFiles.h"
-#include "session/SubMod.h"
-#include "session/TextLines.h"
 
 namespace vk {
 namespace {
@@ -408,6 +406,12 @@ TEST_F(LoadDataFileTest, OldPointsAndCurvesAreGone) {
   EXPECT_EQ(data.OldFunY[1], 0);
 }
 
+TEST_F(LoadDataFileTest, DepartureATitleOfTabsOrBehindOneIsOneThatCanBeWritten) {
+  load(crLf({" \t ", "\t% s", "2", "1 2 .1", "2 4 .2"}));
+  EXPECT_EQ(data.TitleX, "-");
+  EXPECT_EQ(data.TitleY, "- % s");
+}
+
 TEST_F(LoadDataFileTest, TitlesKeepWhatTheTabsLeft) {
   load(crLf({" \tx\ta ", "y", "2", "1 2 .1", "2 4 .2"}));
   EXPECT_EQ(data.TitleX, " x a");
@@ -417,67 +421,6 @@ TEST_F(LoadDataFileTest, ALastCommentOrBlankLineWithoutALineEndDoesNotMatter) {
   for (const char* rest : {"% end", "   "}) {
     load(crLf({"x", "y", "2", "1 2 .1", "2 4 .1"}) + rest);
     EXPECT_EQ(data.Xpnt[2], 2);
-  }
-}
-
-TEST(DataFileText, HasTwoTitlesTheCountAndALineForEachPoint) {
-  DataSet data;
-  data.allocate(2, 0);
-  data.TitleX = "t (s)";
-  data.TitleY = "s (m)";
-  data.Xpnt[1] = 1234.5;
-  data.Ypnt[1] = -0.00123;
-  data.ErrYpnt[1] = 0.1;
-  EXPECT_EQ(dataFileText(data),
-            "t (s)\r\ns (m)\r\n 2\r\n"
-            "  1.23450E+03  -1.23000E-03   1.00000E-01 \r\n"
-            "  0.00000E+00   0.00000E+00   0.00000E+00 \r\n");
-}
-
-TEST(DataFileText, WithXErrorsHasAMarkAndAColumnMore) {
-  DataSet data;
-  data.allocate(1, kTrue);
-  data.Xpnt[1] = 1;
-  data.Ypnt[1] = 2;
-  data.ErrXpnt[1] = 3;
-  data.ErrYpnt[1] = 4;
-  EXPECT_EQ(dataFileText(data),
-            "\r\n\r\n 1 1\r\n"
-            "  1.00000E+00   2.00000E+00   3.00000E+00   4.00000E+00 \r\n");
-}
-
-TEST(DataFileText, LinesAreFortyTwoOrFiftySixLong) {
-  for (const bool hasXErrors : {false, true}) {
-    DataSet data;
-    data.allocate(3, toFlag(hasXErrors));
-    data.Xpnt[2] = -1E100;
-    const std::string text = dataFileText(data);
-    TextLines lines(text);
-    for (int i = 1; i <= 3; ++i) lines.next();
-    for (int i = 1; i <= 3; ++i) EXPECT_EQ(lines.next()->size(), hasXErrors ? 56U : 42U);
-    EXPECT_FALSE(lines.next());
-  }
-}
-
-TEST_F(LoadDataFileTest, WhatIsWrittenReadsBackToSixDigits) {
-  data.allocate(3, kTrue);
-  data.TitleX = "t";
-  data.TitleY = "s";
-  for (int i = 1; i <= 3; ++i) {
-    data.Xpnt[i] = 1.0 / i;
-    data.Ypnt[i] = -1E-30 / i;
-    data.ErrXpnt[i] = 123456.789 * i;
-    data.ErrYpnt[i] = 1E20 / 7 * i;
-  }
-  const DataSet written = data;
-  const std::string text = dataFileText(data);
-  load(text);
-  EXPECT_EQ(dataFileText(data), text);
-  for (int i = 1; i <= 3; ++i) {
-    EXPECT_NEAR(data.Xpnt[i], written.Xpnt[i], 1E-5 * std::abs(written.Xpnt[i]));
-    EXPECT_NEAR(data.Ypnt[i], written.Ypnt[i], 1E-5 * std::abs(written.Ypnt[i]));
-    EXPECT_NEAR(data.ErrXpnt[i], written.ErrXpnt[i], 1E-5 * written.ErrXpnt[i]);
-    EXPECT_NEAR(data.ErrYpnt[i], written.ErrYpnt[i], 1E-5 * written.ErrYpnt[i]);
   }
 }
 

@@ -197,7 +197,7 @@ TEST_F(FileSelectionTest, ANameOfOtherCaseExists) {
 }
 
 TEST_F(FileSelectionTest, TheFirstFileShowsTheFirstEntry) {
-  addRecentFile(session, window, kDataKind, "/x/A.DAT");
+  addRecentFile(session, window, kDataKind, "/x/A.DAT", "/x/A.DAT");
   EXPECT_EQ(session.RecentData.RecentCount, 1);
   EXPECT_EQ(session.RecentData.files[1], "/x/A.DAT");
   EXPECT_EQ(window.menuCaption, (std::map<std::string, std::string>{{"MenDatOld(0)", "&1 /x/A.DAT"}}));
@@ -205,7 +205,8 @@ TEST_F(FileSelectionTest, TheFirstFileShowsTheFirstEntry) {
 }
 
 TEST_F(FileSelectionTest, FiveFilesLeaveTheFourNewest) {
-  for (const char* path : {"A", "B", "C", "D", "E"}) addRecentFile(session, window, kFunctionKind, path);
+  for (const char* path : {"A", "B", "C", "D", "E"})
+    addRecentFile(session, window, kFunctionKind, path, path);
   const RecentList& list = session.RecentFun;
   EXPECT_EQ(list.RecentCount, 4);
   EXPECT_EQ((std::vector{list.files[1], list.files[2], list.files[3], list.files[4]}),
@@ -219,7 +220,7 @@ TEST_F(FileSelectionTest, FiveFilesLeaveTheFourNewest) {
 }
 
 TEST_F(FileSelectionTest, AFileReadTwiceStandsThereTwice) {
-  for (int i = 0; i < 2; ++i) addRecentFile(session, window, kGraphicKind, "A");
+  for (int i = 0; i < 2; ++i) addRecentFile(session, window, kGraphicKind, "A", "A");
   EXPECT_EQ(session.RecentGra.RecentCount, 2);
   EXPECT_EQ(session.RecentGra.files[1], "A");
   EXPECT_EQ(session.RecentGra.files[2], "A");
@@ -227,14 +228,14 @@ TEST_F(FileSelectionTest, AFileReadTwiceStandsThereTwice) {
 }
 
 TEST_F(FileSelectionTest, AnAmpersandOfThePathIsNoAccessKey) {
-  addRecentFile(session, window, kDataKind, "/A&B.DAT");
+  addRecentFile(session, window, kDataKind, "/A&B.DAT", "/A&B.DAT");
   EXPECT_EQ(window.menuCaption["MenDatOld(0)"], "&1 /A&&B.DAT");
   EXPECT_EQ(session.RecentData.files[1], "/A&B.DAT");
 }
 
 TEST_F(FileSelectionTest, APickedRecentEntryIsTakenWithoutADialog) {
-  addRecentFile(session, window, kDataKind, "A");
-  addRecentFile(session, window, kDataKind, "B");
+  addRecentFile(session, window, kDataKind, "A", "A");
+  addRecentFile(session, window, kDataKind, "B", "B");
   pickRecentFile(session, kDataKind, 1);
   EXPECT_EQ(session.RecentData.pick, 2);
   EXPECT_TRUE(pickFileToRead(session, files, dialogs, "CAPTION", kDataKind, name));
@@ -242,7 +243,7 @@ TEST_F(FileSelectionTest, APickedRecentEntryIsTakenWithoutADialog) {
 }
 
 TEST_F(FileSelectionTest, AFlagLeftByAnEarlierCancelDoesNotBlockARecentEntry) {
-  addRecentFile(session, window, kDataKind, "A");
+  addRecentFile(session, window, kDataKind, "A", "A");
   pickRecentFile(session, kDataKind, 0);
   session.ErrFlag = kCancelled;
   EXPECT_TRUE(pickFileToRead(session, files, dialogs, "CAPTION", kDataKind, name));
@@ -257,6 +258,15 @@ TEST_F(FileSelectionTest, WithoutAPickedEntryTheUserIsAskedForAnExistingFile) {
   dialogs.pick(std::nullopt);
   EXPECT_FALSE(pickFileToRead(session, files, dialogs, "CAPTION", kFunctionKind, name));
   EXPECT_EQ(session.ErrFlag, 32755);
+}
+
+TEST_F(FileSelectionTest, DepartureARecentEntryIsReadByThePathThatWasOpenedNotByTheNameShown) {
+  addRecentFile(session, window, kFunctionKind, "/LAB/MOLLE.FCN", "/lab/molle.fcn");
+  addRecentFile(session, window, kFunctionKind, "B", "b");
+  EXPECT_EQ(window.menuCaption["MenFunOld(1)"], "&2 /LAB/MOLLE.FCN");
+  pickRecentFile(session, kFunctionKind, 1);
+  EXPECT_TRUE(pickFileToRead(session, files, dialogs, "VOR_KEL: Lettura File Funzioni", kFunctionKind, name));
+  EXPECT_EQ(name, "/lab/molle.fcn");
 }
 
 }  // namespace

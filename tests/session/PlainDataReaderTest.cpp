@@ -87,6 +87,15 @@ TEST_F(ReadDataPlainTest, FoldsTheNameToCapitalsInPlace) {
   EXPECT_EQ(data.Ypnt[1], 2);
 }
 
+TEST_F(ReadDataPlainTest, DepartureTheNameAsItStandsComesBeforeTheFoldedOne) {
+  files.content["D.DAT"] = "x\r\ny\r\n1\r\n1 2 .1\r\n";
+  files.content["d.dat"] = "x\r\ny\r\n1\r\n1 7 .1\r\n";
+  std::string name = "d.dat";
+  ReadDataPlain(session, files, dialogs, name, 0);
+  EXPECT_EQ(data.Ypnt[1], 7);
+  EXPECT_EQ(name, "D.DAT");
+}
+
 TEST_F(ReadDataPlainTest, TheCurvesStartAnew) {
   data.NumOldFun = 3;
   read("x\r\ny\r\n1\r\n1 2 .1\r\n");

@@ -378,7 +378,7 @@ TEST_F(VorKelTest, AShutWindowCannotBeClosed) {
 TEST_F(VorKelTest, AnUnguardedErrorIsToldAndEndsTheProgram) {
   folder.make("a.dat", lineData());
   std::filesystem::create_directory(folder / "cartella.dat");
-  session().RecentData.files[1] = folder / "manca/a.dat";
+  session().RecentData.paths[1] = folder / "manca/a.dat";
   session().RecentData.pick = 1;
   user.choose("MenDatLet");
   answerBox();

@@ -10,7 +10,6 @@
 #include "batch/FigureDesk.h"
 #include "expr/FunMod.h"
 #include "platform/GridOutput.h"
-#include "platform/system/SystemFiles.h"
 #include "session/DataFiles.h"
 
 namespace vk {
@@ -58,7 +57,7 @@ Checker checkerFor(const std::string& fileName) {
 
 int runCheck(const std::string& fileName) {
   Session session;
-  SystemFiles files;
+  TerminalFiles files;
   const Checker check = checkerFor(fileName);
   std::string errors;
   usingFile(fileName, [&] { errors = check(session, files, fileName); });

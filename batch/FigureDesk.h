@@ -7,7 +7,6 @@
 #include "gral/ObserverDevice.h"
 #include "platform/GridOutput.h"
 #include "platform/OffscreenWindows.h"
-#include "platform/system/SystemFiles.h"
 
 namespace vk {
 
@@ -28,7 +27,7 @@ struct FigureDesk {
   explicit FigureDesk(std::function<std::unique_ptr<Device>()> makeForm = quietForm)
       : plots(std::move(makeForm)) {}
 
-  SystemFiles files;
+  TerminalFiles files;
   TerminalDialogs dialogs;
   NoMainWindow window;
   GridOutput output;

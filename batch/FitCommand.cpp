@@ -10,7 +10,6 @@
 #include "batch/TerminalProgress.h"
 #include "platform/GridOutput.h"
 #include "platform/system/SystemClock.h"
-#include "platform/system/SystemFiles.h"
 
 namespace vk {
 
@@ -39,7 +38,7 @@ void printOutcome(const FitOutcome& outcome, bool asReport) {
 int runFit(const FitArguments& arguments, FigureMaker* maker) {
   FitFigures figures(arguments.figures, maker);
   Session session;
-  SystemFiles files;
+  TerminalFiles files;
   TerminalDialogs dialogs;
   readData(session, files, dialogs, arguments.dataFile);
   chooseModel(session, files, arguments.model, parameterNames(arguments.parameters));

@@ -14,7 +14,6 @@
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
 #include "platform/GridOutput.h"
-#include "platform/system/SystemFiles.h"
 #include "platform/system/SystemRandom.h"
 
 namespace vk {
@@ -78,7 +77,7 @@ EnteredValue parseValueWithError(const std::string& argument) {
 
 int runPropagate(const PropagateArguments& arguments) {
   Session session;
-  SystemFiles files;
+  TerminalFiles files;
   SystemRandom random;
   TerminalDialogs dialogs;
   NoMainWindow window;

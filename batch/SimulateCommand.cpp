@@ -10,7 +10,6 @@
 #include "batch/FitCommand.h"
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
-#include "platform/system/SystemFiles.h"
 #include "platform/system/SystemRandom.h"
 #include "session/DataFiles.h"
 
@@ -74,7 +73,7 @@ Json truth(const ParameterSet& par) {
 
 int runSimulate(const SimulateArguments& arguments) {
   Session session;
-  SystemFiles files;
+  TerminalFiles files;
   SystemRandom random;
   TerminalDialogs dialogs;
   NoMainWindow window;

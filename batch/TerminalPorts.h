@@ -4,6 +4,7 @@
 
 #include "platform/Dialogs.h"
 #include "platform/MainWindow.h"
+#include "platform/system/SystemFiles.h"
 
 namespace vk {
 
@@ -28,6 +29,12 @@ class TerminalDialogs : public Dialogs {
   int Get_Msg(const MessageRequest& request) override;
   void plainBox(const std::string& title, const std::string& text) override;
   std::optional<std::string> fileDialog(const FileRequest& request) override;
+};
+
+/// The disk as the command line names it: a pipe is as good as a file.
+class TerminalFiles : public SystemFiles {
+ public:
+  TerminalFiles() : SystemFiles(Streams::kTaken) {}
 };
 
 /// There is no main window at a terminal; what commands tell it is lost on purpose.

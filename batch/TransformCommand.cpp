@@ -7,7 +7,6 @@
 #include "batch/DataInput.h"
 #include "batch/Json.h"
 #include "batch/TerminalPorts.h"
-#include "platform/system/SystemFiles.h"
 #include "session/DataFiles.h"
 
 namespace vk {
@@ -66,7 +65,7 @@ Json report(const DataSet& data) {
 
 int runTransform(const TransformArguments& arguments) {
   Session session;
-  SystemFiles files;
+  TerminalFiles files;
   TerminalDialogs dialogs;
   readData(session, files, dialogs, arguments.dataFile);
   TransformationForm form(session, dialogs, arguments);

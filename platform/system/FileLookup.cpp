@@ -1,7 +1,12 @@
 #include "platform/system/FileLookup.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <filesystem>
+#include <set>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "base/Text.h"
@@ -15,6 +20,11 @@ namespace fs = std::filesystem;
 bool exists(const std::string& path) {
   std::error_code ignored;
   return fs::exists(path, ignored);
+}
+
+bool isLink(const std::string& path) {
+  std::error_code ignored;
+  return fs::is_symlink(path, ignored);
 }
 
 std::string withSlashes(std::string path) {
@@ -44,28 +54,47 @@ std::vector<std::string> lookalikes(const std::string& folder, const std::string
   return found;
 }
 
-std::string findBelow(const std::string& folder, const std::vector<std::string>& names, std::size_t index) {
-  if (index == names.size()) return folder;
-  const auto follow = [&](const std::string& name) {
-    const std::string path = joinPath(folder, name);
-    return exists(path) ? findBelow(path, names, index + 1) : std::string();
-  };
-  if (std::string found = follow(names[index]); !found.empty()) return found;
-  for (const std::string& name : lookalikes(folder, names[index])) {
-    if (std::string found = follow(name); !found.empty()) return found;
+/// The way down from a folder by names that are equal but for the case.
+///
+/// A folder that led nowhere is not gone through again, whatever road leads there: with links back into a folder the
+/// roads are more than anybody could try.
+class WayDown {
+ public:
+  explicit WayDown(std::vector<std::string> names) : names_(std::move(names)) {}
+
+  /// The entry that the names from `index` on lead to; empty when there is none.
+  std::string from(const std::string& folder, std::size_t index) {
+    if (index == names_.size()) return folder;
+    struct stat status {};
+    if (::stat(folder.c_str(), &status) != 0) return {};
+    if (!tried_.emplace(status.st_dev, status.st_ino, index).second) return {};
+    if (std::string found = follow(folder, names_[index], index); !found.empty()) return found;
+    for (const std::string& name : lookalikes(folder, names_[index])) {
+      if (std::string found = follow(folder, name, index); !found.empty()) return found;
+    }
+    return {};
   }
-  return {};
-}
+
+ private:
+  std::string follow(const std::string& folder, const std::string& name, std::size_t index) {
+    const std::string path = joinPath(folder, name);
+    return exists(path) ? from(path, index + 1) : std::string();
+  }
+
+  std::vector<std::string> names_;
+  std::set<std::tuple<dev_t, ino_t, std::size_t>> tried_;
+};
 
 }  // namespace
 
 std::string findEntry(const std::string& path) {
   if (path.empty() || exists(path)) return path;
   const std::string plain = withSlashes(path);
-  return findBelow(plain.front() == '/' ? "/" : ".", split(plain), 0);
+  return WayDown(split(plain)).from(plain.front() == '/' ? "/" : ".", 0);
 }
 
 std::string resolveForWriting(const std::string& path) {
+  if (isLink(path)) return path;  // also one that leads nowhere yet
   if (const std::string entry = findEntry(path); !entry.empty()) return entry;
   const std::string folder = folderOf(path);
   const std::string found = findEntry(folder);

@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <optional>
@@ -12,6 +11,8 @@
 #include "base/RuntimeError.h"
 #include "platform/Files.h"
 #include "platform/system/FileLookup.h"
+#include "platform/system/Leftovers.h"
+#include "platform/system/OpenFile.h"
 
 namespace vk {
 namespace {
@@ -19,7 +20,6 @@ namespace {
 using FileStatus = struct stat;
 
 constexpr mode_t kAnyWriteBit = 0222;
-constexpr mode_t kNewFileMode = 0666;  // the process's mask takes from it
 constexpr mode_t kPermissionBits = 07777;
 
 std::optional<FileStatus> statusOf(const std::string& path) {
@@ -48,49 +48,17 @@ bool isProtected(const std::string& path, const FileStatus& status) {
     case EISDIR:
     case ETXTBSY:
     case ENAMETOOLONG:
+    case ELOOP:
       throw RuntimeError(kPathAccessError);
     default:
       throw RuntimeError(kDeviceIoError);
   }
 }
 
-/// An open file of the system; closed at the end of the scope.
-class OpenFile {
- public:
-  OpenFile(const std::string& path, int flags)
-      : handle_(::open(path.c_str(), flags | O_CLOEXEC, kNewFileMode)) {}
-  ~OpenFile() {
-    if (handle_ >= 0) ::close(handle_);
-  }
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-
-  int handle() const { return handle_; }
-  bool isOpen() const { return handle_ >= 0; }
-
-  /// The number of the system's error, 0 when all bytes were taken.
-  int write(std::string_view bytes) const {
-    while (!bytes.empty()) {
-      const ssize_t count = ::write(handle_, bytes.data(), bytes.size());
-      if (count < 0 && errno != EINTR) return errno;
-      if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return 0;
-  }
-  /// Some devices report a full disk only here.
-  int close() {
-    const int result = ::close(handle_);
-    handle_ = -1;
-    return result == 0 ? 0 : errno;
-  }
-
- private:
-  int handle_;
-};
-
 /// A name beside the file that nothing has yet.
 std::string temporaryName(const std::string& path) {
-  const std::string stem = joinPath(folderOf(path), ".vor_kel-" + std::to_string(::getpid()) + "-");
+  const std::string stem =
+      joinPath(folderOf(path), std::string(kTemporaryStart) + std::to_string(::getpid()) + "-");
   int number = 1;
   while (statusOf(stem + std::to_string(number))) ++number;
   return stem + std::to_string(number);
@@ -114,9 +82,11 @@ int fillTemporary(OpenFile& file, std::string_view bytes, const std::optional<Fi
 /// Gives the system's error number when the folder refuses a new file or the change of names, 0 when the file
 /// has been replaced. Bytes that cannot be stored are an error at once.
 int replaceFile(const std::string& path, std::string_view bytes, const std::optional<FileStatus>& old) {
+  removeLeftovers(folderOf(path));
   const std::string temporary = temporaryName(path);
   OpenFile file(temporary, O_WRONLY | O_CREAT | O_EXCL);
   if (!file.isOpen()) return errno;
+  file.lock();  // so that nobody takes it for a leftover
   const int unwritten = fillTemporary(file, bytes, old);
   if (unwritten == 0 && ::rename(temporary.c_str(), path.c_str()) == 0) return 0;
   const int refused = errno;
@@ -125,10 +95,18 @@ int replaceFile(const std::string& path, std::string_view bytes, const std::opti
   return refused;
 }
 
+/// Puts a file back as it was, as far as it was read.
+void putBack(const std::string& path, std::string_view before, const FileStatus& old) {
+  const OpenFile file(path, O_WRONLY);
+  file.write(before);
+  const int ignored = ::ftruncate(file.handle(), old.st_size);
+  static_cast<void>(ignored);
+}
+
 /// Reserves the space of a longer content before the old one is touched.
 void reserve(const OpenFile& file, const FileStatus& old, std::string_view bytes) {
   const auto wanted = static_cast<off_t>(bytes.size());
-  if (!S_ISREG(old.st_mode) || wanted <= old.st_size) return;
+  if (wanted <= old.st_size) return;
   if (const int error = ::posix_fallocate(file.handle(), 0, wanted)) {
     const int ignored = ::ftruncate(file.handle(), old.st_size);
     static_cast<void>(ignored);
@@ -136,13 +114,42 @@ void reserve(const OpenFile& file, const FileStatus& old, std::string_view bytes
   }
 }
 
-void writeInPlace(const std::string& path, std::string_view bytes, const FileStatus& old) {
+/// The bytes of a file that is about to be written; none where it cannot be read.
+std::string bytesBefore(const std::string& path, const FileStatus& old) {
+  const OpenFile file(path, O_RDONLY | O_NONBLOCK);
+  return file.isOpen() ? file.readToEnd(static_cast<std::size_t>(old.st_size)) : std::string();
+}
+
+void writeOver(const std::string& path, std::string_view bytes, const FileStatus& old) {
+  const std::string before = bytesBefore(path, old);
   OpenFile file(path, O_WRONLY);
   if (!file.isOpen()) fail(errno);
   reserve(file, old, bytes);
+  int error = file.write(bytes);
+  if (error == 0 && ::ftruncate(file.handle(), static_cast<off_t>(bytes.size())) != 0) error = errno;
+  if (error == 0) error = file.close();
+  if (error == 0) return;
+  putBack(path, before, old);
+  fail(error);
+}
+
+void writeInto(const std::string& stream, std::string_view bytes) {
+  OpenFile file(stream, O_WRONLY);
+  if (!file.isOpen()) fail(errno);
   if (const int error = file.write(bytes)) fail(error);
-  if (S_ISREG(old.st_mode) && ::ftruncate(file.handle(), static_cast<off_t>(bytes.size())) != 0) fail(errno);
   if (const int error = file.close()) fail(error);
+}
+
+/// The name that a write to a missing file makes: the one at the end of all links, so that these stay.
+std::string endOfLinks(std::string path) {
+  constexpr int kMostLinks = 40;
+  for (int links = 0; links <= kMostLinks; ++links) {
+    std::error_code noLink;
+    const std::filesystem::path next = std::filesystem::read_symlink(path, noLink);
+    if (noLink) return path;
+    path = (std::filesystem::path(folderOf(path)) / next).string();
+  }
+  fail(ELOOP);
 }
 
 /// The file behind a link, so that the link itself stays.
@@ -156,9 +163,8 @@ std::string behindLinks(const std::string& path) {
 
 bool isWritableFile(const std::string& path) {
   const auto status = statusOf(path);
-  const bool missing = !status && errno == ENOENT;
-  if (missing) return !GetFileName(path).empty() && isWritableDirectory(folderOf(path));
-  return status && !S_ISDIR(status->st_mode) && !isProtected(path, *status);
+  if (status) return !S_ISDIR(status->st_mode) && !isProtected(path, *status);
+  return errno == ENOENT && !GetFileName(path).empty() && isWritableDirectory(folderOf(endOfLinks(path)));
 }
 
 bool isWritableDirectory(const std::string& folder) {
@@ -167,16 +173,15 @@ bool isWritableDirectory(const std::string& folder) {
 }
 
 void writeSafely(const std::string& path, std::string_view bytes) {
-  const std::string target = behindLinks(path);
-  const auto old = statusOf(target);
-  if (GetFileName(target).empty() || (old && (S_ISDIR(old->st_mode) || isProtected(target, *old)))) {
-    fail(EACCES);
-  }
-  if (old && !S_ISREG(old->st_mode)) return writeInPlace(target, bytes, *old);
+  const auto old = statusOf(path);
+  if (!old && errno == ELOOP) fail(ELOOP);
+  if (GetFileName(path).empty() || (old && (S_ISDIR(old->st_mode) || isProtected(path, *old)))) fail(EACCES);
+  if (old && !S_ISREG(old->st_mode)) return writeInto(path, bytes);
+  const std::string target = old ? behindLinks(path) : endOfLinks(path);
   const int error = replaceFile(target, bytes, old);
   if (error == 0) return;
   if (!old) fail(error);
-  writeInPlace(target, bytes, *old);
+  writeOver(target, bytes, *old);
 }
 
 }  // namespace vk

@@ -15,8 +15,11 @@ bool isWritableDirectory(const std::string& folder);
 /// Replaces the content of the file, keeping its permissions and owner, or makes the file.
 ///
 /// The bytes go to a temporary file beside it, which then takes its name, so that a failure leaves the old
-/// file whole. Where the folder takes no new file, the file itself is written, after its space is reserved.
-/// Errors: folder missing 76, no permission or a folder of that name 75, no space or a broken device 57.
+/// file whole. Where the folder takes no new file, the file itself is written, after its space is reserved; a
+/// failure puts the old bytes back. Links stay: what they lead to is written, or made where it is missing.
+/// Leftovers of older saves in the folder are removed.
+/// Errors: folder missing 76; no permission, a folder of that name or links in a circle 75; no space or a broken
+/// device 57.
 void writeSafely(const std::string& path, std::string_view bytes);
 
 }  // namespace vk

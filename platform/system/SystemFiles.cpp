@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -13,6 +12,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "platform/system/FileLookup.h"
+#include "platform/system/OpenFile.h"
 #include "platform/system/Places.h"
 #include "platform/system/SafeWrite.h"
 
@@ -36,35 +36,19 @@ std::string entryToRead(const std::string& path) {
   return entry;
 }
 
-std::string readToEnd(int handle, std::size_t limit) {
-  std::string bytes;
-  std::array<char, 1 << 16> buffer;
-  for (;;) {
-    const ssize_t count = ::read(handle, buffer.data(), buffer.size());
-    if (count == 0) return bytes;
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) throw RuntimeError(kDeviceIoError);
-    bytes.append(buffer.data(), static_cast<std::size_t>(count));
-    if (bytes.size() > limit) throw RuntimeError(kDeviceIoError);
-  }
+std::string readEntry(const std::string& entry, std::size_t limit, Streams streams) {
+  const bool anything = streams == Streams::kTaken;
+  // Nobody is to wait for the other end of a pipe that is refused anyway.
+  const OpenFile file(entry, O_RDONLY | (anything ? 0 : O_NONBLOCK));
+  if (!file.isOpen()) throw RuntimeError(errno == EACCES ? kPermissionDenied : kDeviceIoError);
+  if (!anything && !file.isRegular()) throw RuntimeError(kDeviceIoError);
+  return file.readToEnd(limit);
 }
 
-int openToRead(const std::string& entry) {
-  const int handle = ::open(entry.c_str(), O_RDONLY | O_CLOEXEC);
-  if (handle < 0) throw RuntimeError(errno == EACCES ? kPermissionDenied : kDeviceIoError);
-  return handle;
-}
-
-std::string readEntry(const std::string& entry, std::size_t limit) {
-  const int handle = openToRead(entry);
-  try {
-    std::string bytes = readToEnd(handle, limit);
-    ::close(handle);
-    return bytes;
-  } catch (...) {
-    ::close(handle);
-    throw;
-  }
+/// True for what is neither file nor folder.
+bool isStream(const std::string& path) {
+  std::error_code ignored;
+  return fs::is_other(path, ignored);
 }
 
 std::string homeFolder() {
@@ -81,7 +65,7 @@ std::string configFolder() {
 /// The content of a file of the system; empty when there is none.
 std::string textOfSystem(const std::string& path) {
   try {
-    return readEntry(path, SystemFiles::kLargestFile);
+    return readEntry(path, SystemFiles::kLargestFile, Streams::kRefused);
   } catch (const RuntimeError&) {
     return {};
   }
@@ -106,15 +90,22 @@ std::int64_t SystemFiles::size(const std::string& path) {
 }
 
 std::string SystemFiles::readAll(const std::string& path) {
-  return readEntry(entryToRead(path), largestFile_);
+  return readEntry(entryToRead(path), largestFile_, streams_);
 }
 
 void SystemFiles::writeAll(const std::string& path, std::string_view bytes) {
-  writeSafely(resolveForWriting(path), bytes);
+  const std::string entry = resolveForWriting(path);
+  if (refuses(entry)) throw RuntimeError(kDeviceIoError);
+  writeSafely(entry, bytes);
 }
 
 bool SystemFiles::canWrite(const std::string& path) {
-  return isWritableFile(resolveForWriting(path));
+  const std::string entry = resolveForWriting(path);
+  return !refuses(entry) && isWritableFile(entry);
+}
+
+bool SystemFiles::refuses(const std::string& entry) const {
+  return streams_ == Streams::kRefused && isStream(entry);
 }
 
 std::string SystemFiles::programFolder() {

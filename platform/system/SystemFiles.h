@@ -6,13 +6,19 @@
 
 namespace vk {
 
+/// What becomes of entries that are neither files nor folders: pipes, devices and the like. They may have no end,
+/// or none who writes: a program with a window refuses them, which is run-time error 57; at a terminal the user
+/// who named them can wait.
+enum class Streams { kRefused, kTaken };
+
 /// The disk of this machine. File names are the bytes that the system uses.
 class SystemFiles : public Files {
  public:
   static constexpr std::size_t kLargestFile = std::size_t{1} << 30;
 
   /// Reading stops at `largestFile` bytes, so that an endless device ends.
-  explicit SystemFiles(std::size_t largestFile = kLargestFile) : largestFile_(largestFile) {}
+  explicit SystemFiles(Streams streams = Streams::kRefused, std::size_t largestFile = kLargestFile)
+      : streams_(streams), largestFile_(largestFile) {}
 
   bool FileExists(const std::string& path) override;
   std::int64_t size(const std::string& path) override;
@@ -28,6 +34,9 @@ class SystemFiles : public Files {
   std::vector<std::string> subfolders(const std::string& folder) override;
 
  private:
+  bool refuses(const std::string& entry) const;
+
+  Streams streams_;
   std::size_t largestFile_;
 };
 

@@ -38,11 +38,12 @@ std::string temporaryFile(const std::string& name, const std::string& content) {
   return path;
 }
 
-BatchRun batch(const std::string& words) {
+BatchRun batch(const std::string& words, const std::string& piped) {
   const std::string out = temporaryFile("stdout", "");
   const std::string err = temporaryFile("stderr", "");
-  const std::string command = "cd '" + sourcePath("") + "' && '" + builtPath("batch/vor_kel_batch") + "' " +
-                              words + " > '" + out + "' 2> '" + err + "'";
+  const std::string command =
+      "cd '" + sourcePath("") + "' && " + (piped.empty() ? "" : "cat '" + piped + "' | ") + "'" +
+      builtPath("batch/vor_kel_batch") + "' " + words + " > '" + out + "' 2> '" + err + "'";
   const int status = std::system(command.c_str());
   return {WEXITSTATUS(status), fileContent(out), fileContent(err)};
 }

@@ -1,4 +1,5 @@
 #include "batch/BatchRun.h"
+#include "doubles/Places.h"
 
 namespace vk {
 namespace {
@@ -183,6 +184,30 @@ TEST(BatchTransform, WritesAFile) {
             "t\r\ns\r\n 2 1\r\n"
             "  1.00000E+00   2.00000E+00   2.00000E-02   1.10000E-01 \r\n"
             "  3.00000E+00   4.00000E+00   4.00000E-02   2.20000E-01 \r\n");
+}
+
+TEST(BatchTransform, DepartureDataMayComeThroughAPipe) {
+  const std::string words = "transform /dev/stdin --y '2*y'";
+  const BatchRun run = batch(words, temporaryFile("IN.DAT", kThreeColumns));
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_EQ(run.output,
+            "t\ns\n 2\n"
+            "  1.00000E+00   4.00000E+00   1.00000E-01 \n"
+            "  3.00000E+00   8.00000E+00   2.00000E-01 \n");
+  EXPECT_EQ(batch(words, temporaryFile("BAD.DAT", "t\ns\n")).exitCode, 2);
+}
+
+TEST(BatchFit, DepartureDataMayComeThroughAPipe) {
+  const std::string words = " --catalogue 1,2 --par b=1 --par c=1";
+  const BatchRun run = batch("fit /dev/stdin" + words, sourcePath("examples/ohm.dat"));
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_EQ(run.output, batch("fit examples/ohm.dat" + words).output);
+}
+
+TEST(BatchTransform, DepartureTitlesThatNoFileCanHoldAreChanged) {
+  const BatchRun run = batch("transform " + dataFile() + "--title-x '%' --title-y '% di luce'");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_EQ(run.output.substr(0, 17), "- %\n- % di luce\n ");
 }
 
 TEST(BatchTransform, AFileThatCannotBeWrittenIsBadInput) {

@@ -1,14 +1,19 @@
 #include "platform/system/SystemFiles.h"
 
+#include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
+#include <thread>
 
 #include "doubles/ErrorOf.h"
 #include "doubles/TemporaryFolder.h"
+#include "platform/system/OpenFile.h"
 
 namespace vk {
 namespace {
@@ -101,6 +106,16 @@ TEST_F(SystemFilesTest, TriesEveryFolderOfOtherCase) {
   EXPECT_EQ(files.readAll(folder / "Dati/X.DAT"), "found");
 }
 
+TEST_F(SystemFilesTest, LinksBackIntoTheirFolderDoNotMultiplyTheSearch) {
+  fs::create_directory_symlink(".", folder / "a");
+  fs::create_directory_symlink(".", folder / "A");
+  std::string path = folder.path();
+  for (int i = 0; i < 36; ++i) path += "/a";  // the system follows 40 links
+  EXPECT_FALSE(files.FileExists(path + "/none.dat"));
+  folder.make("X.DAT", "found");
+  EXPECT_EQ(files.readAll(path + "/x.dat"), "found");
+}
+
 TEST_F(SystemFilesTest, ABackslashInANameThatExistsIsNoSeparator) {
   folder.make("a\\b.dat", "odd");
   EXPECT_EQ(files.readAll(folder / "a\\b.dat"), "odd");
@@ -131,7 +146,27 @@ TEST_F(SystemFilesTest, AReadThatBreaksOffIsADeviceError) {
 }
 
 TEST_F(SystemFilesTest, AnEndlessDeviceEnds) {
-  EXPECT_EQ(errorOf([&] { SystemFiles(100000).readAll("/dev/zero"); }), kDeviceIoError);
+  EXPECT_EQ(errorOf([&] { SystemFiles(Streams::kTaken, 100000).readAll("/dev/zero"); }), kDeviceIoError);
+}
+
+TEST_F(SystemFilesTest, DepartureWhatIsNeitherFileNorFolderIsRefusedAtOnce) {
+  const std::string pipe = folder / "PIPE.DAT";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string& path : {pipe, std::string("/dev/zero"), std::string("/dev/null")}) {
+    EXPECT_EQ(errorOf([&] { files.readAll(path); }), kDeviceIoError) << path;
+    EXPECT_EQ(errorOf([&] { files.writeAll(path, "x"); }), kDeviceIoError) << path;
+    EXPECT_FALSE(files.canWrite(path)) << path;
+  }
+}
+
+TEST_F(SystemFilesTest, APipeIsReadToItsEndWhereStreamsAreTaken) {
+  const std::string pipe = folder / "PIPE.DAT", bytes(200000, 'x');
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  std::thread writer([&] { std::ofstream(pipe, std::ios::binary) << bytes; });
+  SystemFiles all(Streams::kTaken);
+  EXPECT_TRUE(all.canWrite(pipe));
+  EXPECT_EQ(all.readAll(pipe), bytes);
+  writer.join();
 }
 
 TEST_F(SystemFilesTest, AFileWithoutReadPermissionIsRefused) {
@@ -177,6 +212,56 @@ TEST_F(SystemFilesTest, ALinkStaysALink) {
   files.writeAll(folder / "link.dat", "new");
   EXPECT_TRUE(fs::is_symlink(folder / "link.dat"));
   EXPECT_EQ(folder.bytesOf("real/X.DAT"), "new");
+}
+
+TEST_F(SystemFilesTest, DepartureALinkToAMissingFileMakesThatFile) {
+  fs::create_directory(folder / "real");
+  fs::create_symlink("real/NEW.DAT", folder / "second.dat");
+  fs::create_symlink("second.dat", folder / "link.dat");
+  folder.make("LINK.DAT", "another");
+  EXPECT_TRUE(files.canWrite(folder / "link.dat"));
+  files.writeAll(folder / "link.dat", "new");
+  EXPECT_TRUE(fs::is_symlink(folder / "link.dat"));
+  EXPECT_TRUE(fs::is_symlink(folder / "second.dat"));
+  EXPECT_EQ(folder.bytesOf("real/NEW.DAT"), "new");
+  EXPECT_EQ(folder.bytesOf("LINK.DAT"), "another");
+}
+
+TEST_F(SystemFilesTest, ALinkIntoAMissingFolderMakesNothing) {
+  fs::create_symlink("none/NEW.DAT", folder / "link.dat");
+  EXPECT_FALSE(files.canWrite(folder / "link.dat"));
+  EXPECT_EQ(errorOf([&] { files.writeAll(folder / "link.dat", "new"); }), kPathNotFound);
+  EXPECT_EQ(folder.count(), 1);
+}
+
+TEST_F(SystemFilesTest, DepartureLinksInACircleAreRefusedAndStay) {
+  fs::create_symlink("b.dat", folder / "a.dat");
+  fs::create_symlink("a.dat", folder / "b.dat");
+  EXPECT_FALSE(files.canWrite(folder / "a.dat"));
+  EXPECT_EQ(errorOf([&] { files.writeAll(folder / "a.dat", "new"); }), kPathAccessError);
+  EXPECT_TRUE(fs::is_symlink(folder / "a.dat"));
+  EXPECT_TRUE(fs::is_symlink(folder / "b.dat"));
+  EXPECT_EQ(folder.count(), 2);
+}
+
+TEST_F(SystemFilesTest, DepartureASaveRemovesOldLeftoversThatNobodyHolds) {
+  const auto makeOld = [&](const std::string& name, int hours) {
+    const std::string path = folder.make(name, "left");
+    fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(hours));
+    return path;
+  };
+  makeOld(".vor_kel-17-1", 25);
+  makeOld(".vor_kel-17-2", 23);
+  makeOld(".other-17-1", 25);
+  const OpenFile held(makeOld(".vor_kel-17-3", 25), O_RDWR);
+  ASSERT_TRUE(held.lock());
+  fs::create_directory(folder / ".vor_kel-folder");
+  files.writeAll(folder / "X.DAT", "new");
+  EXPECT_FALSE(fs::exists(folder / ".vor_kel-17-1"));
+  EXPECT_TRUE(fs::exists(folder / ".vor_kel-17-2"));
+  EXPECT_TRUE(fs::exists(folder / ".vor_kel-17-3"));
+  EXPECT_TRUE(fs::exists(folder / ".other-17-1"));
+  EXPECT_EQ(folder.count(), 5);
 }
 
 TEST_F(SystemFilesTest, AProtectedFileIsRefusedFirst) {
@@ -236,9 +321,33 @@ TEST_F(SystemFilesTest, AFullDiskLeavesTheOldFileAlsoWhereItIsWrittenInPlace) {
   EXPECT_EQ(folder.bytesOf("X.DAT"), "old");
 }
 
+TEST_F(SystemFilesTest, AWriteInPlaceThatBreaksOffPutsTheOldBytesBack) {
+  const std::string path = folder.make("X.DAT", "old and long");
+  ::chmod(folder.path().c_str(), 0555);
+  const OrdinaryUser user(folder);
+  {
+    const FullDisk disk(5);
+    EXPECT_EQ(errorOf([&] { files.writeAll(path, "12345678"); }), kDeviceIoError);
+  }
+  EXPECT_EQ(folder.bytesOf("X.DAT"), "old and long");
+}
+
+TEST_F(SystemFilesTest, AWriteInPlaceThatFailsPutsTheOldLengthBack) {
+  // A file that grows, but takes no bytes.
+  const int sealed = ::memfd_create("sealed", MFD_ALLOW_SEALING);
+  ASSERT_GE(sealed, 0);
+  ASSERT_EQ(::write(sealed, "old", 3), 3);
+  ASSERT_EQ(::fcntl(sealed, F_ADD_SEALS, F_SEAL_WRITE), 0);
+  const std::string path = "/proc/self/fd/" + std::to_string(sealed);
+  EXPECT_EQ(errorOf([&] { files.writeAll(path, "12345678"); }), kPathAccessError);
+  EXPECT_EQ(files.readAll(path), "old");
+  ::close(sealed);
+}
+
 TEST_F(SystemFilesTest, AFullDeviceIsADeviceErrorAndStaysADevice) {
-  EXPECT_EQ(errorOf([&] { files.writeAll("/dev/full", "x"); }), kDeviceIoError);
-  files.writeAll("/dev/null", "x");
+  SystemFiles all(Streams::kTaken);
+  EXPECT_EQ(errorOf([&] { all.writeAll("/dev/full", "x"); }), kDeviceIoError);
+  all.writeAll("/dev/null", "x");
   EXPECT_TRUE(fs::is_character_file("/dev/full"));
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }

@@ -1,0 +1,73 @@
+#include "platform/system/OpenFile.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+#include "base/RuntimeError.h"
+
+namespace vk {
+namespace {
+
+constexpr mode_t kNewFileMode = 0666;  // the process's mask takes from it
+
+/// How many bytes a file says it has; pipes and the like say nothing.
+std::size_t announcedSize(int handle) {
+  struct stat status {};
+  const bool known = ::fstat(handle, &status) == 0 && S_ISREG(status.st_mode);
+  return known ? static_cast<std::size_t>(status.st_size) : 0;
+}
+
+}  // namespace
+
+OpenFile::OpenFile(const std::string& path, int flags)
+    : handle_(::open(path.c_str(), flags | O_CLOEXEC, kNewFileMode)) {}
+
+OpenFile::~OpenFile() {
+  if (handle_ >= 0) ::close(handle_);
+}
+
+bool OpenFile::isRegular() const {
+  struct stat status {};
+  return ::fstat(handle_, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool OpenFile::lock() const {
+  return ::flock(handle_, LOCK_EX | LOCK_NB) == 0;
+}
+
+std::string OpenFile::readToEnd(std::size_t limit) const {
+  std::string bytes;
+  bytes.reserve(std::min(announcedSize(handle_), limit));
+  std::array<char, 1 << 16> buffer;
+  for (;;) {
+    const ssize_t count = ::read(handle_, buffer.data(), buffer.size());
+    if (count == 0) return bytes;
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) throw RuntimeError(kDeviceIoError);
+    bytes.append(buffer.data(), static_cast<std::size_t>(count));
+    if (bytes.size() > limit) throw RuntimeError(kDeviceIoError);
+  }
+}
+
+int OpenFile::write(std::string_view bytes) const {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(handle_, bytes.data(), bytes.size());
+    if (count < 0 && errno != EINTR) return errno;
+    if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+  return 0;
+}
+
+int OpenFile::close() {
+  const int result = ::close(handle_);
+  handle_ = -1;
+  return result == 0 ? 0 : errno;
+}
+
+}  // namespace vk

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vk {
+
+/// An open file of the system; closed at the end of the scope.
+class OpenFile {
+ public:
+  /// Opens with these flags of the system; a file that is made gets the process's default permissions.
+  OpenFile(const std::string& path, int flags);
+  ~OpenFile();
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+
+  /// Otherwise the system's error number tells why, right after the opening.
+  bool isOpen() const { return handle_ >= 0; }
+  /// False for pipes, devices and the like.
+  bool isRegular() const;
+  int handle() const { return handle_; }
+
+  /// Locks the file until it is closed. False when somebody else holds the lock.
+  bool lock() const;
+
+  /// All bytes from here to the end. One that breaks off, or is longer than `limit`, is run-time error 57.
+  std::string readToEnd(std::size_t limit) const;
+
+  /// The number of the system's error, 0 when all bytes were taken.
+  int write(std::string_view bytes) const;
+  /// The same for the closing: some devices report a full disk only here.
+  int close();
+
+ private:
+  int handle_;
+};
+
+}  // namespace vk

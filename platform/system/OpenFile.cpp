@@ -5,7 +5,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 
@@ -42,8 +41,10 @@ bool OpenFile::lock() const {
 }
 
 std::string OpenFile::readToEnd(std::size_t limit) const {
+  const std::size_t announced = announcedSize(handle_);
+  if (announced > limit) throw RuntimeError(kDeviceIoError);
   std::string bytes;
-  bytes.reserve(std::min(announcedSize(handle_), limit));
+  bytes.reserve(announced);
   std::array<char, 1 << 16> buffer;
   for (;;) {
     const ssize_t count = ::read(handle_, buffer.data(), buffer.size());

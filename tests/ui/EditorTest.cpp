@@ -321,6 +321,25 @@ TEST_F(EditorTest, ErrorsAreToldWithTheFileAndThreeChoices) {
   }
 }
 
+TEST_F(EditorTest, DepartureTheCheckSeesALastLineWithoutALineEnd) {
+  const std::string large = "%" + std::string(40000, 'a');  // the box for such a file saves what it shows
+  for (const char* lineEnd : {"\r\n", "\n"}) {
+    std::string bytes;
+    for (const std::string& line :
+         {large, std::string("x"), std::string("y"), std::string("2"), std::string("1 2 .1")}) {
+      bytes += line + lineEnd;
+    }
+    for (const auto& [last, flag] : {std::pair("2 4 .1", kFalse), std::pair("2 4", kTrue)}) {
+      dialogs.press(2);
+      open(bytes + last, kDataKind);
+      if (flag != kFalse) dialogs.press(2);
+      editor.MnuFilSav();
+      EXPECT_EQ(session.ErrFlag, flag) << last;
+      expectClosed();
+    }
+  }
+}
+
 TEST_F(EditorTest, ContinuaModificaStaysInTheEditor) {
   open(kBadData, kDataKind);
   dialogs.press(1);

@@ -1,5 +1,6 @@
 #include "grafile/FunctionLines.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/NumberText.h"
@@ -32,8 +33,10 @@ bool readBack(const ParameterSet& par, Array<double>& values) {
 
 /// True when the curve of the session, with the parameters it has now, looks like the one that it keeps.
 bool looksLikeTheCurve(Session& session, Dialogs& dialogs, double height) {
+  constexpr int kEnoughPoints = 200;
   const DataSet& data = session.data;
-  for (int i = 0; i <= data.NumFunPnt; ++i) {
+  const int stride = std::max(1, data.NumFunPnt / kEnoughPoints);
+  for (int i = 0; i <= data.NumFunPnt; i += stride) {
     if (data.FunFailed[i] != kFalse) continue;
     const double y = EvaluateFunction(session, dialogs, data.FunX[i]);
     if (session.ErrFlag != 0 || !(std::abs(y - data.FunY[i]) <= kUnseen * height)) return false;

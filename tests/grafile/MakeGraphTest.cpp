@@ -299,6 +299,24 @@ TEST_F(MakeGraphTest, DifferencesOfDataWithXErrorsShowTheEffectiveErrorsAlone) {
       << session.DiffText;
 }
 
+TEST_F(MakeGraphTest, DifferencesOfDataWithXErrorsShowThoseInYBeforeAFit) {
+  loadData("A.DAT", {{.3, 1, 1, .25}, {9.7, 2.5, 2, .5}}, true);
+  takeFunction(1, 1, {1});
+  EXPECT_EQ(makeGraph(kDifferencesFigure), openDrawing([&](GralCls& d) {
+              drawBox(d, 0, 10, 10, -.5, 2, 5, "Corsa (m) (Mis.-Calc.)");
+              d.GralLine(0, 0, 10, 0);
+              d.GralClip(0, -.5, 10, 2);
+              DataSet differences = session.data;
+              differences.Ypnt[1] = 0;
+              differences.Ypnt[2] = 1.5;
+              differences.kXpntErr = kFalse;
+              plot(d, differences);
+            }));
+  EXPECT_TRUE(
+      session.DiffText.ends_with("0.3000E+00 0.0000E+00 0.2500E+00\r\n0.9700E+01 0.1500E+01 0.5000E+00\r\n"))
+      << session.DiffText;
+}
+
 TEST_F(MakeGraphTest, TheDifferencesAreAGoodDataFile) {
   loadPoints();
   takeFunction(2, 1, {.25, .5});

@@ -48,8 +48,8 @@ constexpr std::array<Translation, 18> kTranslations{{
     {253, "^2"},
 }};
 
-std::string translated(char c) {
-  if (code(c) <= 127) return {c};
+/// The markup of a sign above 127.
+const char* markupOf(char c) {
   for (const Translation& translation : kTranslations) {
     if (translation.code == code(c)) return translation.text;
   }
@@ -116,10 +116,12 @@ class DataReader {
     Point point{};
     bool good = true;
     for (std::size_t i = 0; i < expected; ++i) {
-      point[i] = scanNumber(tokens[i]);
-      if (isNumeric(tokens[i])) continue;
-      reportToken(i + 1, tokens[i]);
-      good = false;
+      if (isNumeric(tokens[i])) {
+        point[i] = scanNumber(tokens[i]);
+      } else {
+        reportToken(i + 1, tokens[i]);
+        good = false;
+      }
     }
     if (good) keep(point);
   }
@@ -188,7 +190,13 @@ std::vector<std::string_view> SplitBlanks(std::string_view line, std::size_t mos
 std::string TranslateDosText(std::string_view text) {
   std::string result;
   result.reserve(text.size());
-  for (const char c : text) result += translated(c);
+  for (const char c : text) {
+    if (code(c) <= 127) {
+      result += c;
+    } else {
+      result += markupOf(c);
+    }
+  }
   return result;
 }
 

@@ -1,5 +1,7 @@
 #include "session/DataCommands.h"
 
+#include <utility>
+
 #include "doubles/Doubles.h"
 #include "doubles/ErrorOf.h"
 #include "doubles/MemoryFiles.h"
@@ -165,6 +167,22 @@ TEST_F(DataCommandsTest, DepartureALastPointWithoutALineEndIsRead) {
   EXPECT_TRUE(dialogs.messages.empty());
   EXPECT_EQ(session.data.NumPnt, 3);
   EXPECT_EQ(session.data.Ypnt[3], 6);
+}
+
+/// Files that another program writes anew as soon as they have been read.
+class RestlessFiles : public MemoryFiles {
+ public:
+  std::string readAll(const std::string& path) override { return std::exchange(content.at(path), "?"); }
+};
+
+TEST_F(DataCommandsTest, DepartureAFileIsReadOnceWhateverBecomesOfItMeanwhile) {
+  RestlessFiles restless;
+  restless.content["/x/A.DAT"] = kGood;
+  dialogs.pick("/x/A.DAT");
+  MenDatLet(session, restless, dialogs, output, window);
+  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_EQ(session.data.NumPnt, 2);
+  EXPECT_EQ(session.data.Ypnt[2], 4);
 }
 
 TEST_F(DataCommandsTest, ARecentFileThatHasGoneIsARunTimeError) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -21,12 +22,13 @@ std::string definition(const ParameterSet& par, int i) {
   return par.name(i) + " = " + FormatMask(par.ParValues[i], kParameterMask);
 }
 
-/// The values that the definitions tell; false when one of them is no number.
+/// The values that the definitions leave in a graphic file, which are singles; false when one leaves none.
 bool readBack(const ParameterSet& par, Array<double>& values) {
   for (int i = 1; i <= par.ParCount; ++i) {
     const std::string text = trim(FormatMask(par.ParValues[i], kParameterMask));
-    if (!isNumeric(text)) return false;
-    values[i] = scanNumber(text);
+    const double told = scanNumber(text);
+    if (!isNumeric(text) || std::abs(told) > std::numeric_limits<float>::max()) return false;
+    values[i] = scanNumber(generalText(static_cast<float>(told)));
   }
   return true;
 }
@@ -57,7 +59,8 @@ bool sevenDigitsDo(Session& session, Dialogs& dialogs, double height) {
 std::string withAllDigits(const ParameterSet& par, std::string expression) {
   NamedParameters parameters;
   for (int i = 1; i <= par.ParCount; ++i) {
-    DefineParameter(parameters, par.name(i) + "=" + generalText(par.ParValues[i]));
+    DefineParameter(parameters, par.name(i) + "=0");
+    parameters.ParamDoubles[parameters.ParamCount] = par.ParValues[i];
   }
   Int16 unknown;
   SubstituteExpression(parameters, expression, unknown, Precision::kDouble);

@@ -5,6 +5,7 @@
 #include "grafile/DrawingLines.h"
 #include "grafile/FigureFixture.h"
 #include "session/DataFiles.h"
+#include "session/SubMod.h"
 
 namespace vk {
 namespace {
@@ -61,6 +62,25 @@ class MakeGraphTest : public FigureFixture {
                 plot(d, data);
               }));
     EXPECT_EQ(lowTones(), static_cast<int>(failed.size()));
+  }
+  /// Two points with errors in x and the constant 1.
+  void loadXErrors() {
+    loadData("A.DAT", {{.3, 1, 1, .25}, {9.7, 2.5, 2, .5}}, true);
+    takeFunction(1, 1, {1});
+  }
+  /// The differences of `loadXErrors`; their range holds the errors in y: from 0 - 0.25 to 1.5 + 0.5.
+  void expectDifferencesWithErrors(const Array<double>& errors) {
+    EXPECT_EQ(makeGraph(kDifferencesFigure), openDrawing([&](GralCls& d) {
+                drawBox(d, 0, 10, 10, -.5, 2, 5, "Corsa (m) (Mis.-Calc.)");
+                d.GralLine(0, 0, 10, 0);
+                d.GralClip(0, -.5, 10, 2);
+                DataSet differences = session.data;
+                differences.Ypnt[1] = 0;
+                differences.Ypnt[2] = 1.5;
+                differences.ErrYpnt = errors;
+                differences.kXpntErr = kFalse;
+                plot(d, differences);
+              }));
   }
   int lowTones() const {
     for (const auto& tone : sound.tones) EXPECT_EQ(tone, (RecordingSound::Tone{500, 1}));
@@ -277,22 +297,10 @@ TEST_F(MakeGraphTest, TheDrawingOfTheDifferences) {
 }
 
 TEST_F(MakeGraphTest, DifferencesOfDataWithXErrorsShowTheEffectiveErrorsAlone) {
-  loadData("A.DAT", {{.3, 1, 1, .25}, {9.7, 2.5, 2, .5}}, true);
+  loadXErrors();
   session.data.ErrEff[1] = .5;
   session.data.ErrEff[2] = 1;
-  takeFunction(1, 1, {1});
-  EXPECT_EQ(makeGraph(kDifferencesFigure), openDrawing([&](GralCls& d) {
-              // The range holds the errors in y: from 0 - 0.25 to 1.5 + 0.5.
-              drawBox(d, 0, 10, 10, -.5, 2, 5, "Corsa (m) (Mis.-Calc.)");
-              d.GralLine(0, 0, 10, 0);
-              d.GralClip(0, -.5, 10, 2);
-              DataSet differences = session.data;
-              differences.Ypnt[1] = 0;
-              differences.Ypnt[2] = 1.5;
-              differences.ErrYpnt = session.data.ErrEff;
-              differences.kXpntErr = kFalse;
-              plot(d, differences);
-            }));
+  expectDifferencesWithErrors(session.data.ErrEff);
   EXPECT_NE(
       session.DiffText.find(" 2\r\n0.3000E+00 0.0000E+00 0.5000E+00\r\n0.9700E+01 0.1500E+01 0.1000E+01\r\n"),
       std::string::npos)
@@ -300,18 +308,8 @@ TEST_F(MakeGraphTest, DifferencesOfDataWithXErrorsShowTheEffectiveErrorsAlone) {
 }
 
 TEST_F(MakeGraphTest, DifferencesOfDataWithXErrorsShowThoseInYBeforeAFit) {
-  loadData("A.DAT", {{.3, 1, 1, .25}, {9.7, 2.5, 2, .5}}, true);
-  takeFunction(1, 1, {1});
-  EXPECT_EQ(makeGraph(kDifferencesFigure), openDrawing([&](GralCls& d) {
-              drawBox(d, 0, 10, 10, -.5, 2, 5, "Corsa (m) (Mis.-Calc.)");
-              d.GralLine(0, 0, 10, 0);
-              d.GralClip(0, -.5, 10, 2);
-              DataSet differences = session.data;
-              differences.Ypnt[1] = 0;
-              differences.Ypnt[2] = 1.5;
-              differences.kXpntErr = kFalse;
-              plot(d, differences);
-            }));
+  loadXErrors();
+  expectDifferencesWithErrors(session.data.ErrYpnt);
   EXPECT_TRUE(
       session.DiffText.ends_with("0.3000E+00 0.0000E+00 0.2500E+00\r\n0.9700E+01 0.1500E+01 0.5000E+00\r\n"))
       << session.DiffText;
@@ -500,11 +498,14 @@ TEST_F(MakeGraphTest, TheTextHasTheValuesOfTheParametersWhereSevenDigitsDrawAnot
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
-TEST_F(MakeGraphTest, TheTextHasAValueThatItsMaskCannotHold) {
-  loadData("A.DAT", {{1, 1E-110, 0, 1E-111}, {2, 2E-110, 0, 1E-111}});
-  takeFormula("t*x", 1E-110);
-  makeGraph(kFunctionFigure);
-  EXPECT_EQ(commandsOf(session.GraphText[2], "FUNZIONE").back(), "1E-110*x");
+TEST_F(MakeGraphTest, TheTextHasAValueThatNoParameterCanHold) {
+  for (const double value : {1E-110, 1.1E-44, 1E44, 1E120}) {
+    loadData("A.DAT", {{1, value, 0, value / 10}, {2, 2 * value, 0, value / 10}});
+    takeFormula("t*x", value);
+    makeGraph(kFunctionFigure);
+    EXPECT_EQ(commandsOf(session.GraphText[2], "FUNZIONE").back(), FormatPattern(value) + "*x");
+    EXPECT_EQ(session.ErrFlag, 0);
+  }
 }
 
 TEST_F(MakeGraphTest, TheCurveOfANarrowFigureIsThatOfItsText) {

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing. Usage: packaging/install.sh build|run|test
+# Installs the Debian packages that are missing. Usage: packaging/install.sh build|run|test|tools
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 

@@ -4,6 +4,7 @@
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "$here/../.." && pwd)
+"$root/packaging/install.sh" tools
 program=$(cd "${1:-$root/build/run/bin}" && pwd)/vor_kel
 work=$(mktemp -d)
 trap 'kill $(jobs -p) 2> /dev/null; rm -rf "$work"' EXIT

@@ -9,6 +9,10 @@ target_compile_options(vor_flags INTERFACE
 # sanitizers look for those.
 target_compile_options(vor_flags INTERFACE
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict;-Wno-array-bounds;-Wno-stringop-overflow>)
+if(CMAKE_UNITY_BUILD)
+  # Several sources joined to one: their unnamed namespaces are no header's, although g++ takes them for one's.
+  target_compile_options(vor_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
 if(VOR_SANITIZE)
   # g++ 12 takes variables for uninitialised that the instrumented code only seems to pass by.
   target_compile_options(vor_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
@@ -31,9 +35,10 @@ function(vor_room name)
   endif()
 endfunction()
 
-# vor_test(name [ROOMS room ...] [LIBS target ...] [WITHOUT file ...]): one test program from tests/<name>/*.cpp.
+# vor_test(name [ROOMS room ...] [LIBS target ...] [WITHOUT file ...] [SHARES n]): one test program from
+# tests/<name>/*.cpp, run in n shares.
 function(vor_test name)
-  cmake_parse_arguments(TEST "" "" "ROOMS;LIBS;WITHOUT" ${ARGN})
+  cmake_parse_arguments(TEST "" "SHARES" "ROOMS;LIBS;WITHOUT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
   foreach(file ${TEST_WITHOUT})
     list(REMOVE_ITEM sources ${CMAKE_CURRENT_SOURCE_DIR}/${name}/${file})
@@ -45,10 +50,30 @@ function(vor_test name)
   list(TRANSFORM TEST_ROOMS PREPEND vor_)
   add_executable(${target} ${sources})
   target_link_libraries(${target} PRIVATE ${TEST_ROOMS} vor_doubles ${TEST_LIBS} GTest::gmock_main)
-  target_precompile_headers(${target} PRIVATE <gtest/gtest.h> <gmock/gmock.h>)
+  # One precompiled header, made with the first program, serves all; so all are compiled as those with the toolkit.
+  target_compile_options(${target} PRIVATE -fPIC)
+  if(TARGET test_base AND NOT target STREQUAL test_base)
+    target_precompile_headers(${target} REUSE_FROM test_base)
+  else()
+    target_precompile_headers(${target} PRIVATE <gtest/gtest.h> <gmock/gmock.h>)
+  endif()
   # Tests spend their time in the rooms; to optimise their own code would take most of a build.
   target_compile_options(${target} PRIVATE -O0)
-  add_test(NAME ${target} COMMAND ${target})
+  vor_run(${target} "${TEST_SHARES}")
+endfunction()
+
+# vor_run(target shares): the tests of the program as so many tests of the run ("" is one), which run side by side.
+# Forms are driven by real events, without a screen.
+function(vor_run target shares)
+  if(shares STREQUAL "")
+    set(shares 1)
+  endif()
+  foreach(share RANGE 1 ${shares})
+    math(EXPR index "${share} - 1")
+    add_test(NAME ${target}_${share} COMMAND ${target})
+    set_tests_properties(${target}_${share} PROPERTIES TIMEOUT 120 ENVIRONMENT
+      "QT_QPA_PLATFORM=offscreen;GTEST_TOTAL_SHARDS=${shares};GTEST_SHARD_INDEX=${index}")
+  endforeach()
 endfunction()
 
 # vor_package(name [ROOMS room ...] HEADERS folder ... [NEEDS package ...]): installs the room as the CMake

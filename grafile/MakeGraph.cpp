@@ -251,7 +251,8 @@ void StandardFigure::drawAxes() {
 }
 
 void StandardFigure::drawFunction() {
-  const auto& [x, y, failed] = std::tie(data_.FunX, data_.FunY, data_.FunFailed);
+  const Array<double>&x = data_.FunX, &y = data_.FunY;
+  const auto& failed = data_.FunFailed;
   for (int i = 1; i <= data_.NumFunPnt; ++i) {
     if (failed[i - 1] != kFalse || failed[i] != kFalse) continue;
     step([&] { drawing_.GralLine(x[i - 1], y[i - 1], x[i], y[i]); });

@@ -10,7 +10,7 @@ namespace vk {
 namespace {
 
 constexpr double kStepsOfValue = 1000;
-constexpr double kStepOfZero = 0.001;
+constexpr double kDerivativeStepOfZero = 0.001;
 // A maximum error is taken as so many standard deviations.
 constexpr double kMaximumInSigmas = 3;
 // The variance of a uniform distribution of half-width a is a*a over this.
@@ -28,7 +28,7 @@ double valueAt(Session& session, Dialogs& dialogs, int variable, double shifted)
 double derivative(Session& session, Dialogs& dialogs, int variable) {
   const double p = session.par.ParValues[variable];
   double h = p / kStepsOfValue;
-  if (h == 0) h = kStepOfZero;
+  if (h == 0) h = kDerivativeStepOfZero;
   const double f1 = valueAt(session, dialogs, variable, p + h);
   const double f2 = valueAt(session, dialogs, variable, p - h);
   double result = 0;

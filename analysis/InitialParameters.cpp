@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kLeastHalfWidth = 22;
 constexpr int kFirstRow = 7;
-constexpr double kStepOfZero = 0.01;
+constexpr double kStartStepOfZero = 0.01;
 
 /// Half the columns of the form, an even number: wide enough for the text of the function.
 int halfWidth(const std::string& functionText) {
@@ -61,7 +61,7 @@ void describeHeads(InputTables& form, int half, const std::string& functionText,
 }
 
 double startingStep(double value) {
-  return value == 0 ? kStepOfZero : std::abs(value) / 100;
+  return value == 0 ? kStartStepOfZero : std::abs(value) / 100;
 }
 
 void giveValuesToLoadedModel(Session& session) {

@@ -9,13 +9,13 @@
 namespace vk {
 namespace {
 
-const std::string kCaption = "VOR_KEL: Propagazione Errori";
+const std::string kPropagationCaption = "VOR_KEL: Propagazione Errori";
 const std::string kAnalyticTitle = "Espressioni Analitiche";
 const std::string kSimulationTitle = "Simulazione di Monte Carlo";
 
 const std::string kValueMask = "#.######^^^^";
 const std::string kErrorMask = "#.###^^^^";
-const std::string kCountMask = "########";
+const std::string kSamplesMask = "########";
 
 // \xE5 shows as a small sigma and \xEB as a small delta.
 const std::string kSigma = "\xE5";
@@ -23,11 +23,11 @@ const std::string kDelta = "\xEB";
 const std::string kStandardDeviation = " " + kSigma + "       ";
 const std::string kMaximumError = " Err. Max.";
 
-constexpr int kFrameStyle = 3;
-constexpr int kFunctionRow = 2, kHeaderRule = 3;
+constexpr int kRuledFrame = 3;
+constexpr int kFunctionRow = 2, kTitleRule = 3;
 constexpr int kRowsBesideVariables = 11;
 constexpr int kColumnsBesideNames = 44;
-constexpr int kNameColumn = 3, kTitleColumn = 3;
+constexpr int kVariableColumn = 3, kTitleColumn = 3;
 constexpr int kErrorNameColumn = 22;
 constexpr int kValueBehindName = 6, kErrorBehindName = 26;
 
@@ -47,10 +47,10 @@ void PropagationScreen::open() {
   request.rows = session_.par.ParCount + kRowsBesideVariables;
   request.cols = columns_;
   request.captions = {"&Continua", "&Stampa", "Co&pia", "Salva &File"};
-  request.caption = kCaption;
+  request.caption = kPropagationCaption;
   output_.OutShow(request);
-  output_.CharFrame(1, 1, request.rows, columns_, kFrameStyle, "");
-  output_.CharFrame(1, 1, kHeaderRule, columns_, kFrameStyle, "");
+  output_.CharFrame(1, 1, request.rows, columns_, kRuledFrame, "");
+  output_.CharFrame(1, 1, kTitleRule, columns_, kRuledFrame, "");
   drawFunction();
   for (int i = 0; i <= session_.par.ParCount; ++i) drawVariable(i);
 }
@@ -62,25 +62,25 @@ void PropagationScreen::drawFunction() {
 
 void PropagationScreen::drawVariable(int i) {
   const ParameterSet& par = session_.par;
-  const int row = kHeaderRule + i + 1;
+  const int row = kTitleRule + i + 1;
   const std::string name = par.name(i);
-  printAt(row, kNameColumn, right(repeat(width_, ' ') + name, width_) + " =");
+  printAt(row, kVariableColumn, right(repeat(width_, ' ') + name, width_) + " =");
   printAt(row, width_ + kValueBehindName, FormatMask(par.ParValues[i], kValueMask));
   const double error = par.ParDeltas[i];
   printError(row, errorLabel(name), std::abs(error), error < 0 ? kMaximumError : kStandardDeviation);
 }
 
 void PropagationScreen::showAnalytic(const AnalyticErrors& errors) {
-  const int row = kHeaderRule + session_.par.ParCount + 3;
+  const int row = kTitleRule + session_.par.ParCount + 3;
   openSection(row, kAnalyticTitle);
-  printAt(row, kNameColumn, name_ + " =");
+  printAt(row, kVariableColumn, name_ + " =");
   printAt(row, width_ + kValueBehindName, FormatMask(errors.F0, kValueMask));
   printError(row, errorLabel(name_), errors.ErrorMax, kMaximumError);
   printError(row + 1, errorLabel(name_, "'"), errors.ErrorSigma, " " + kSigma + "(" + name_ + ")");
 }
 
 int PropagationScreen::simulationRow() const {
-  return kHeaderRule + session_.par.ParCount + 6;
+  return kTitleRule + session_.par.ParCount + 6;
 }
 
 void PropagationScreen::openSimulation() {
@@ -93,14 +93,14 @@ void PropagationScreen::showSamples(const SampleStatistics& samples) {
   printAt(row, width_ + kValueBehindName, FormatMask(samples.mean, kValueMask));
   printError(row, errorLabel(name_), samples.spread, " " + kSigma + "(" + name_ + ")");
   printAt(row + 1, width_ + 1, " N =");
-  printAt(row + 1, width_ + kValueBehindName, FormatMask(samples.count, kCountMask));
+  printAt(row + 1, width_ + kValueBehindName, FormatMask(samples.count, kSamplesMask));
   printError(row + 1, errorLabel(name_, "'"), samples.meanError, " " + kSigma + "(<" + name_ + ">)");
   output_.refresh();
 }
 
 /// A frame down to the row above, with the title of what follows on its lower edge.
 void PropagationScreen::openSection(int row, const std::string& title) {
-  output_.CharFrame(1, 1, row - 1, columns_, kFrameStyle, "");
+  output_.CharFrame(1, 1, row - 1, columns_, kRuledFrame, "");
   printAt(row - 1, kTitleColumn, title);
 }
 

@@ -31,8 +31,8 @@ constexpr std::array<FieldOfForm, 7> kFields{{{"x Minimo                  ", "0"
                                               {"Inc. x (0=Perc., <>0=Ass.)", "0"}}};
 constexpr int kFieldCount = kFields.size();
 constexpr int kRows = 13;
-constexpr int kPromptWidth = 26;
-constexpr int kColumns = kPromptWidth + 24;
+constexpr int kSimulationPromptWidth = 26;
+constexpr int kSimulationColumns = kSimulationPromptWidth + 24;
 
 /// The fields of the points, of the error of y and of that of x stand apart.
 int rowOf(int field) {
@@ -54,8 +54,8 @@ void describeFields(const Session& session, InputTables& form) {
                   {.row = rowOf(i),
                    .promptColumn = 3,
                    .prompt = kFields[k].prompt,
-                   .promptLength = kPromptWidth,
-                   .column = kPromptWidth + 6,
+                   .promptLength = kSimulationPromptWidth,
+                   .column = kSimulationPromptWidth + 6,
                    .width = -18,
                    .kind = "#Number",
                    .value = session.SimFirstTime ? kFields[k].first : settings[k]});
@@ -179,10 +179,12 @@ void MenDatSim(Session& session, InputForm& form) {
   InputTables& tables = session.input;
   describeFields(session, tables);
   tables.InpRows = kRows;
-  tables.InpCols = kColumns;
-  describeFrames(tables,
-                 {{3, 1, kRows, kColumns}, {3, kPromptWidth + 4, kRows, kColumns}, {1, 1, kRows, kColumns}});
-  describeTexts(tables, {{1, kColumns / 2, "Funzione"}, {2, kColumns / 2, trim(session.fun.FunctionText)}});
+  tables.InpCols = kSimulationColumns;
+  describeFrames(tables, {{3, 1, kRows, kSimulationColumns},
+                          {3, kSimulationPromptWidth + 4, kRows, kSimulationColumns},
+                          {1, 1, kRows, kSimulationColumns}});
+  describeTexts(tables, {{1, kSimulationColumns / 2, "Funzione"},
+                         {2, kSimulationColumns / 2, trim(session.fun.FunctionText)}});
   tables.InpAction = kSimulateData;
   tables.caption = "VOR_KEL: Simulazione Dati";
   form.InpShow(tables, Form::kMain);

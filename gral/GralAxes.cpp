@@ -7,11 +7,11 @@
 #include "base/Text.h"
 #include "gral/GralCls.h"
 #include "gral/ScaleLabels.h"
+#include "gral/Units.h"
 
 namespace vk {
 namespace {
 
-constexpr double kMmPerCm = 10;
 constexpr double kMinorTick = 0.6;
 constexpr double kPointsPerInch = 72;
 constexpr double kMmPerInch = 25.4;

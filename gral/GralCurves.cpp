@@ -7,11 +7,11 @@
 #include "gral/GralCls.h"
 #include "gral/PixelPath.h"
 #include "gral/Spline.h"
+#include "gral/Units.h"
 
 namespace vk {
 namespace {
 
-constexpr double kMmPerCm = 10;
 /// A long plot shows itself after each so many points.
 constexpr int kPointsPerRefresh = 100;
 

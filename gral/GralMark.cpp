@@ -5,12 +5,12 @@
 #include "gral/GralCls.h"
 #include "gral/PixelPath.h"
 #include "gral/SavedDrawing.h"
+#include "gral/Units.h"
 
 namespace vk {
 namespace {
 
 constexpr int kShapes = 5;
-constexpr double kMmPerCm = 10;
 
 }  // namespace
 

@@ -12,21 +12,21 @@ constexpr const char* kFillStyles[] = {"solid",  "transparent", "horizontal", "v
                                        "upward", "downward",    "cross",      "diagonalcross"};
 constexpr char kHexDigits[] = "0123456789ABCDEF";
 
-std::string number(double value) {
+std::string recordedNumber(double value) {
   constexpr double kThousandths = 1000;
   const double rounded = roundHalfEven(value * kThousandths) / kThousandths;
   return generalText(rounded == 0 ? 0.0 : rounded);
 }
 
 std::string place(double x, double y) {
-  return number(x) + "," + number(y);
+  return recordedNumber(x) + "," + recordedNumber(y);
 }
 
 std::string hexByte(int value) {
   return {kHexDigits[(value >> 4) & 15], kHexDigits[value & 15]};
 }
 
-std::string colorText(Color color) {
+std::string recordedColor(Color color) {
   return hexByte(color) + hexByte(color >> 8) + hexByte(color >> 16);
 }
 
@@ -42,15 +42,15 @@ std::string quoted(const std::string& text) {
 }  // namespace
 
 void LineWriter::clear(double width, double height, Color background) {
-  add("clear " + place(width, height) + " tw " + colorText(background));
+  add("clear " + place(width, height) + " tw " + recordedColor(background));
 }
 
 void LineWriter::pen(const Pen& pen) {
-  add("pen " + colorText(pen.color) + " width " + generalText(pen.width) + " " + kPenStyles[pen.style]);
+  add("pen " + recordedColor(pen.color) + " width " + generalText(pen.width) + " " + kPenStyles[pen.style]);
 }
 
 void LineWriter::filling(const Filling& filling) {
-  add("filling " + colorText(filling.color) + " " + kFillStyles[filling.style]);
+  add("filling " + recordedColor(filling.color) + " " + kFillStyles[filling.style]);
 }
 
 void LineWriter::line(double x1, double y1, double x2, double y2) {
@@ -62,11 +62,11 @@ void LineWriter::box(double x1, double y1, double x2, double y2) {
 }
 
 void LineWriter::filledBox(double x1, double y1, double x2, double y2, Color color) {
-  add("filledbox " + place(x1, y1) + " " + place(x2, y2) + " tw " + colorText(color));
+  add("filledbox " + place(x1, y1) + " " + place(x2, y2) + " tw " + recordedColor(color));
 }
 
 void LineWriter::circle(double x, double y, double radius) {
-  add("circle " + place(x, y) + " radius " + number(radius) + " tw");
+  add("circle " + place(x, y) + " radius " + recordedNumber(radius) + " tw");
 }
 
 void LineWriter::addPoints(const std::string& name, std::span<const PixelPoint> points) {
@@ -88,12 +88,12 @@ void LineWriter::figure(std::span<const PixelPoint> points, bool fill, bool stro
 }
 
 void LineWriter::floodFill(const PixelPoint& start, Color limit) {
-  add("floodfill " + generalText(start.x) + "," + generalText(start.y) + " px to " + colorText(limit));
+  add("floodfill " + generalText(start.x) + "," + generalText(start.y) + " px to " + recordedColor(limit));
 }
 
 void LineWriter::text(const TextRun& run) {
-  add("text " + place(run.x, run.y) + " tw " + run.fontName + " " + number(run.points) + " pt " +
-      number(run.angle) + " deg " + quoted(run.text));
+  add("text " + place(run.x, run.y) + " tw " + run.fontName + " " + recordedNumber(run.points) + " pt " +
+      recordedNumber(run.angle) + " deg " + quoted(run.text));
 }
 
 void LineWriter::clip(const PixelRect* region) {
@@ -104,7 +104,7 @@ void LineWriter::clip(const PixelRect* region) {
 
 void LineWriter::picture(const Picture& picture, double x, double y) {
   add("picture " + place(x, y) + " tw " + generalText(picture.width) + "x" + generalText(picture.height) +
-      " of " + number(picture.twipsPerPixel) + " tw");
+      " of " + recordedNumber(picture.twipsPerPixel) + " tw");
 }
 
 void LineWriter::refresh() {

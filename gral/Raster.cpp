@@ -9,7 +9,7 @@
 namespace vk {
 namespace {
 
-constexpr double kFarthestPixel = 1E9;
+constexpr double kFarthestRadius = 1E9;
 constexpr PixelRect kNothing{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
 
 /// The whole number at or above x, within the limits.
@@ -284,7 +284,7 @@ void Raster::polygon(std::span<const PixelPoint> points, const Brush& brush) {
 void Raster::ring(PixelPoint centre, double innerRadius, double outerRadius, const Brush& brush) {
   const auto reach = [](double radius, double dy) {
     const double square = radius * radius - dy * dy;
-    return radius < 0 || square < 0 ? -1 : static_cast<int>(std::min(std::sqrt(square), kFarthestPixel));
+    return radius < 0 || square < 0 ? -1 : static_cast<int>(std::min(std::sqrt(square), kFarthestRadius));
   };
   const int first = ceilWithin(centre.y - outerRadius, clip_.y1, clip_.y2);
   const int last = ceilWithin(centre.y + std::floor(outerRadius) + 1, clip_.y1, clip_.y2);

@@ -10,7 +10,7 @@ namespace vk {
 namespace {
 
 constexpr const char* kReadCaption = "VOR_KEL: Lettura File Dati";
-constexpr int kLeastPoints = 2;
+constexpr int kFewestPoints = 2;
 
 void tell(Dialogs& dialogs, const std::string& text) {
   dialogs.Get_Msg({.caption = kReadCaption, .text = text, .icon = kExclamation, .captions = {"&Continua"}});
@@ -57,7 +57,7 @@ void MenDatLet(Session& session, Files& files, Dialogs& dialogs, OutputWindow& o
 
 bool acceptCounts(Dialogs& dialogs, Int16 declaredCount, Int16 validCount) {
   if (declaredCount != validCount) tell(dialogs, "Numero Dati Dichiarati Diverso da Numero Dati Trovati!");
-  if (validCount >= kLeastPoints) return true;
+  if (validCount >= kFewestPoints) return true;
   tell(dialogs, "Il File Contiene Meno di 2 Dati!");
   return false;
 }

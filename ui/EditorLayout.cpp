@@ -10,7 +10,7 @@ constexpr int kColumns = 80;
 constexpr int kRows = 25;
 /// The control needs room for its border and its scroll bars.
 constexpr double kControlMargin = 300;
-constexpr double kBelowOwnersTop = 600;
+constexpr double kEditorBelowOwnersTop = 600;
 
 constexpr int kPaletteRows = kPaletteCells / kPaletteColumns;
 constexpr double kCellWidths = 3;  // of the widest character
@@ -32,7 +32,8 @@ double widestCharacter(const TextMeasure& font) {
 EditorLayout layoutEditor(CellSize cell, const Rect& owner, const Size& around) {
   const Size control{kColumns * cell.width + kControlMargin, kRows * cell.height + kControlMargin};
   const Size form{control.width + around.width, control.height + around.height};
-  return {{owner.left + (owner.width - form.width) / 2, owner.top + kBelowOwnersTop, form.width, form.height},
+  return {{owner.left + (owner.width - form.width) / 2, owner.top + kEditorBelowOwnersTop, form.width,
+           form.height},
           control};
 }
 

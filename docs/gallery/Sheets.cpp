@@ -8,23 +8,21 @@
 #include "base/NumberText.h"
 
 namespace vk {
+
+void beginSheet(GralCls& drawing, const std::string& title) {
+  drawing.GralXMap(0, drawing.XrLog, 0, drawing.XrLog);
+  drawing.GralYMap(0, drawing.YtLog, 0, drawing.YtLog);
+  drawing.GralWPrint(drawing.XrLog / 2, drawing.YtLog - 1, 1, 0, kTitlePoints, title);
+}
+
 namespace {
 
-constexpr double kTitlePoints = 18;
-constexpr double kTextPoints = 11;
 constexpr Color kRed = 0x0000C0, kGreen = 0x008000, kBlue = 0xC00000, kGrey = 0x909090;
 
 Array<double> valuesOf(int count, const std::function<double(int)>& value) {
   Array<double> values(count);
   for (int i = 1; i <= count; ++i) values[i] = value(i);
   return values;
-}
-
-/// Usr is Log again, with a title in the middle of the top.
-void beginSheet(GralCls& drawing, const std::string& title) {
-  drawing.GralXMap(0, drawing.XrLog, 0, drawing.XrLog);
-  drawing.GralYMap(0, drawing.YtLog, 0, drawing.YtLog);
-  drawing.GralWPrint(drawing.XrLog / 2, drawing.YtLog - 1, 1, 0, kTitlePoints, title);
 }
 
 /// A function joined from x1 to x2.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "gral/GralCls.h"
@@ -20,5 +21,11 @@ const std::vector<Sheet>& surfaceSheets();
 
 /// Scale at which the sheets are drawn on forms.
 inline constexpr double kGalleryScale = 1.6;
+
+/// Heights of the titles of sheets and of the texts on them, in points.
+inline constexpr double kTitlePoints = 18, kTextPoints = 11;
+
+/// Usr is Log again, with a title in the middle of the top.
+void beginSheet(GralCls& drawing, const std::string& title);
 
 }  // namespace vk

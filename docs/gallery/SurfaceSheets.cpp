@@ -10,15 +10,6 @@
 namespace vk {
 namespace {
 
-constexpr double kTitlePoints = 18;
-constexpr double kTextPoints = 11;
-
-void beginSheet(GralCls& drawing, const std::string& title) {
-  drawing.GralXMap(0, drawing.XrLog, 0, drawing.XrLog);
-  drawing.GralYMap(0, drawing.YtLog, 0, drawing.YtLog);
-  drawing.GralWPrint(drawing.XrLog / 2, drawing.YtLog - 1, 1, 0, kTitlePoints, title);
-}
-
 using Height = std::function<double(double x, double y)>;
 
 /// A function on n x n points of the square from -1 to 1.
@@ -107,7 +98,7 @@ void drawFloods(GralCls& drawing) {
   drawing.GralPen(3, 1);
   const int styles[] = {kFillSolid, kFillVertical, kFillSolid};
   const char* names[] = {"solid", "hatched", "up to a clip region"};
-  const Color kOrange = 0x80C0FF, kGreen = 0x80FFC0, kLightBlue = 0xFFC080;
+  const Color kOrange = 0x80C0FF, kPaleGreen = 0x80FFC0, kLightBlue = 0xFFC080;
   const Color colors[] = {kOrange, 0xC00000, kLightBlue};
   for (int n = 0; n < 3; ++n) {
     const double x = 6 + 8.4 * n, y = 10;
@@ -126,7 +117,7 @@ void drawFloods(GralCls& drawing) {
     drawing.GralFillColor(colors[n]);
     drawing.GralFill(n < 2 ? x + 1 : x + 2.6, y, kBlack);
     if (n > 0) continue;
-    drawing.GralFillColor(kGreen);
+    drawing.GralFillColor(kPaleGreen);
     drawing.GralFill(x, y, kBlack);
   }
 }

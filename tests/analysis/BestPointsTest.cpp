@@ -4,49 +4,49 @@ namespace vk {
 namespace {
 
 // One parameter and one residual, both named by the position.
-struct Search {
+struct LineOfPoints {
   BestPoints points{1, 1};
 
-  explicit Search(double base) { points.begin(base, std::vector<double>{0}, std::vector<double>{0}); }
-  Search& tried(double position, double sum) {
+  explicit LineOfPoints(double base) { points.begin(base, std::vector<double>{0}, std::vector<double>{0}); }
+  LineOfPoints& tried(double position, double sum) {
     points.consider(position, sum, std::vector<double>{position}, std::vector<double>{-position});
     return *this;
   }
 };
 
 TEST(BestPoints, BeginWithTheBaseAndNoSecond) {
-  const Search search(5);
+  const LineOfPoints search(5);
   EXPECT_EQ(search.points.best().sum, 5);
   EXPECT_FALSE(search.points.hasSecond());
 }
 
 TEST(BestPoints, TakeALowerFirstPointAsBestBeforeTheBase) {
-  const Search search = Search(5).tried(1, 4);
+  const LineOfPoints search = LineOfPoints(5).tried(1, 4);
   EXPECT_EQ(search.points.best().position, 1);
   EXPECT_EQ(search.points.second().position, 0);
 }
 
 TEST(BestPoints, TakeAHigherFirstPointAsSecond) {
-  const Search search = Search(5).tried(1, 6);
+  const LineOfPoints search = LineOfPoints(5).tried(1, 6);
   EXPECT_EQ(search.points.best().position, 0);
   EXPECT_EQ(search.points.second().position, 1);
 }
 
 TEST(BestPoints, IgnoreAnEqualFirstPointAndTakeTheNextInItsRole) {
-  const Search search = Search(5).tried(1, 5).tried(2, 7);
+  const LineOfPoints search = LineOfPoints(5).tried(1, 5).tried(2, 7);
   EXPECT_EQ(search.points.best().position, 0);
   ASSERT_TRUE(search.points.hasSecond());
   EXPECT_EQ(search.points.second().position, 2);
 }
 
 TEST(BestPoints, KeepALaterPointBetweenTheTwo) {
-  const Search search = Search(5).tried(1, 9).tried(2, 7);
+  const LineOfPoints search = LineOfPoints(5).tried(1, 9).tried(2, 7);
   EXPECT_EQ(search.points.best().position, 0);
   EXPECT_EQ(search.points.second().position, 2);
 }
 
 TEST(BestPoints, PushTheBestToSecondWhenABetterOneComes) {
-  const Search search = Search(5).tried(1, 9).tried(2, 3).tried(3, 1);
+  const LineOfPoints search = LineOfPoints(5).tried(1, 9).tried(2, 3).tried(3, 1);
   EXPECT_EQ(search.points.best().position, 3);
   EXPECT_EQ(search.points.best().X[0], 3);
   EXPECT_EQ(search.points.best().F[0], -3);
@@ -55,12 +55,12 @@ TEST(BestPoints, PushTheBestToSecondWhenABetterOneComes) {
 }
 
 TEST(BestPoints, IgnoreAPointNotBelowTheSecond) {
-  const Search search = Search(5).tried(1, 7).tried(2, 8).tried(3, 7);
+  const LineOfPoints search = LineOfPoints(5).tried(1, 7).tried(2, 8).tried(3, 7);
   EXPECT_EQ(search.points.second().position, 1);
 }
 
 TEST(BestPoints, IgnoreALaterPointEqualToTheBest) {
-  const Search search = Search(5).tried(1, 7).tried(2, 5);
+  const LineOfPoints search = LineOfPoints(5).tried(1, 7).tried(2, 5);
   EXPECT_EQ(search.points.best().position, 0);
   EXPECT_EQ(search.points.second().position, 1);
 }

@@ -2,17 +2,13 @@
 
 #include "analysis/FitFixture.h"
 #include "analysis/FitScreen.h"
+#include "analysis/SampleValues.h"
 #include "platform/GridOutput.h"
 
 namespace vk {
 namespace {
 
-using Values = std::vector<double>;
 using testing::ElementsAre;
-
-const Values kFive{1, 2, 3, 4, 5};
-const Values kLineY{2.1, 3.9, 6.2, 7.8, 10.1};
-const Values kTenths(5, 0.1);
 
 FitCase lineCase() {
   return {"b*x+c", "b,c"};

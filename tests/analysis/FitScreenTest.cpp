@@ -1,16 +1,11 @@
 #include "analysis/FitScreen.h"
 
+#include "analysis/SampleValues.h"
 #include "base/Text.h"
 #include "platform/GridOutput.h"
 
 namespace vk {
 namespace {
-
-Array<double> fromOne(const std::vector<double>& values) {
-  Array<double> result(static_cast<int>(values.size()));
-  for (int i = 1; i <= result.upper(); ++i) result[i] = values[static_cast<std::size_t>(i) - 1];
-  return result;
-}
 
 // A fit of the parameters `names`, the first `N` of them free, that is driven by hand.
 struct Screen {

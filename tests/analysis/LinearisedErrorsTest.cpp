@@ -3,13 +3,10 @@
 #include <cmath>
 
 #include "analysis/FitFixture.h"
+#include "analysis/SampleValues.h"
 
 namespace vk {
 namespace {
-
-const std::vector<double> kFive{1, 2, 3, 4, 5};
-const std::vector<double> kLineY{2.1, 3.9, 6.2, 7.8, 10.1};
-const std::vector<double> kTenths(5, 0.1);
 
 TEST(LinearisedErrors, AreThoseOfTheNormalEquationsOfALine) {
   FitCase fit("b*x+c", "b,c");

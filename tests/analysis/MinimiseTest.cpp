@@ -3,18 +3,12 @@
 #include <cmath>
 
 #include "analysis/ModelResiduals.h"
+#include "analysis/SampleValues.h"
 
 namespace vk {
 namespace {
 
-using Values = std::vector<double>;
 using Model = ModelResiduals::Model;
-
-Array<double> fromOne(const Values& values) {
-  Array<double> result(static_cast<int>(values.size()));
-  for (int i = 1; i <= result.upper(); ++i) result[i] = values[static_cast<std::size_t>(i) - 1];
-  return result;
-}
 
 Values toVector(const Array<double>& array) {
   const auto values = array.span(1, array.upper());
@@ -67,10 +61,6 @@ double hyperbola(std::span<const double> p, double x) {
 double cubed(std::span<const double> p, double x) {
   return p[0] * p[0] * p[0] * x;
 }
-
-const Values kFive{1, 2, 3, 4, 5};
-const Values kLineY{2.1, 3.9, 6.2, 7.8, 10.1};
-const Values kTenths(5, 0.1);
 
 ModelResiduals lineProblem() {
   return {line, kFive, kLineY, kTenths};

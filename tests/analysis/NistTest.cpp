@@ -6,14 +6,13 @@
 
 #include "analysis/FitFixture.h"
 #include "analysis/LinearisedErrors.h"
+#include "analysis/SampleValues.h"
 #include "doubles/Places.h"
 #include "platform/system/SystemFiles.h"
 #include "session/DataFiles.h"
 
 namespace vk {
 namespace {
-
-using Values = std::vector<double>;
 
 struct Start {
   Values values;

@@ -7,7 +7,7 @@ namespace {
 using ::testing::HasSubstr;
 
 const std::string kFlat = "propagate --catalogue 1,1 --par c=3,-.3 --par x=2 ";
-const std::string kLine = "--catalogue 1,2 --par b=2 --par c=-1 ";
+const std::string kLineModel = "--catalogue 1,2 --par b=2 --par c=-1 ";
 
 constexpr const char* kThreeColumns = "t\r\ns\r\n 2\r\n1 2 .1\r\n3 4 .2\r\n";
 constexpr const char* kFourColumns = "t\r\ns\r\n 2 1\r\n1 2 .01 .1\r\n3 4 .02 .2\r\n";
@@ -106,7 +106,7 @@ TEST(BatchPropagate, BadArgumentsAreBadInput) {
 TEST(BatchSimulate, WritesTheDataAndPrintsTheScreenOfTheFit) {
   const std::string file = temporaryFile("OUT.DAT", "");
   const BatchRun run =
-      batch("simulate " + kLine + "--xmin -5 --xmax 5 --points 21 --dy .5 --dy-absolute --seed 1 -o '" +
+      batch("simulate " + kLineModel + "--xmin -5 --xmax 5 --points 21 --dy .5 --dy-absolute --seed 1 -o '" +
             file + "'");
   EXPECT_EQ(run.exitCode, 0) << run.errors;
   for (const char* text : {"y = bx+c", "Completata", "Mat. Cor.%"}) EXPECT_THAT(run.output, HasSubstr(text));
@@ -117,27 +117,27 @@ TEST(BatchSimulate, WritesTheDataAndPrintsTheScreenOfTheFit) {
 
 TEST(BatchSimulate, ErrorsOfXMakeAFourthColumn) {
   const std::string file = temporaryFile("OUT.DAT", "");
-  EXPECT_EQ(batch("simulate " + kLine + "--dx 2 --seed 1 -o '" + file + "'").exitCode, 0);
+  EXPECT_EQ(batch("simulate " + kLineModel + "--dx 2 --seed 1 -o '" + file + "'").exitCode, 0);
   EXPECT_THAT(fileContent(file), HasSubstr("x\r\ny\r\n 11 1\r\n"));
 }
 
 TEST(BatchSimulate, GivesSettingsTruthAndFitAsOneObject) {
-  const BatchRun run = batch("simulate " + kLine + "--points 4 --dx .5 --dx-absolute --seed 3 --json");
+  const BatchRun run = batch("simulate " + kLineModel + "--points 4 --dx .5 --dx-absolute --seed 3 --json");
   EXPECT_EQ(run.exitCode, 0) << run.errors;
   for (const char* text :
        {"\"points\": 4", "\"error_y_absolute\": false", "\"error_x\": 0.5", "\"error_x_absolute\": true",
         "\"seed\": 3", "\"truth\"", "\"value\": -1", "\"error_linearised\"", "\"status\": \"completed\""}) {
     EXPECT_THAT(run.output, HasSubstr(text));
   }
-  EXPECT_EQ(batch("simulate " + kLine + "--points 4 --dx .5 --dx-absolute --seed 3 --json").output,
+  EXPECT_EQ(batch("simulate " + kLineModel + "--points 4 --dx .5 --dx-absolute --seed 3 --json").output,
             run.output);
-  EXPECT_NE(batch("simulate " + kLine + "--points 4 --dx .5 --dx-absolute --seed 4 --json").output,
+  EXPECT_NE(batch("simulate " + kLineModel + "--points 4 --dx .5 --dx-absolute --seed 4 --json").output,
             run.output);
 }
 
 TEST(BatchSimulate, SettingsThatAreNotReasonableAreToldAndNothingIsDone) {
   const std::string file = temporaryFile("OUT.DAT", "before");
-  const BatchRun run = batch("simulate " + kLine + "--xmin 20 -o '" + file + "'");
+  const BatchRun run = batch("simulate " + kLineModel + "--xmin 20 -o '" + file + "'");
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_THAT(run.errors, HasSubstr("*** Xmin > Xmax: Scambiati Xmin e Xmax\n"));
   EXPECT_EQ(run.output, "");
@@ -156,7 +156,7 @@ TEST(BatchSimulate, BadArgumentsAreBadInput) {
 }
 
 TEST(BatchSimulate, AFileThatCannotBeWrittenIsBadInputAndCostsNoResult) {
-  const BatchRun run = batch("simulate " + kLine + "--seed 1 -o /nowhere/at/all/OUT.DAT");
+  const BatchRun run = batch("simulate " + kLineModel + "--seed 1 -o /nowhere/at/all/OUT.DAT");
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_EQ(run.errors,
             "/nowhere/at/all/OUT.DAT: Errore di run-time '76':\n\nImpossibile trovare il percorso\n");

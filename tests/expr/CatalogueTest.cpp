@@ -11,8 +11,8 @@
 namespace vk {
 namespace {
 
-constexpr int kInner = 5;
-constexpr int kOuter = 9;
+constexpr int kInnerCount = 5;
+constexpr int kOuterCount = 9;
 
 /// A session with its catalogue, and two ways to choose from it.
 class CatalogueTest : public testing::Test {
@@ -74,15 +74,15 @@ TEST_F(CatalogueTest, TheInnerListHasFiveFunctionsWithSquaresAsByte253) {
 }
 
 TEST_F(CatalogueTest, TheOuterListHasNineFunctionsWithTheRootAsByte251) {
-  const std::array<std::array<const char*, 2>, kOuter> expected{{{"u", ""},
-                                                                 {"u\xFD", ""},
-                                                                 {"1/u", ""},
-                                                                 {"\xFBu", ""},
-                                                                 {"(x+A)/u", "    A"},
-                                                                 {"A ln(u)", "    A"},
-                                                                 {"A exp(u)", "    A"},
-                                                                 {"A sin(u)", "    A"},
-                                                                 {"A exp[-Bx] sin(u)", "    A    B"}}};
+  const std::array<std::array<const char*, 2>, kOuterCount> expected{{{"u", ""},
+                                                                      {"u\xFD", ""},
+                                                                      {"1/u", ""},
+                                                                      {"\xFBu", ""},
+                                                                      {"(x+A)/u", "    A"},
+                                                                      {"A ln(u)", "    A"},
+                                                                      {"A exp(u)", "    A"},
+                                                                      {"A sin(u)", "    A"},
+                                                                      {"A exp[-Bx] sin(u)", "    A    B"}}};
   const auto& f = session.catalogue.outer;
   ASSERT_EQ(f.size(), expected.size());
   for (std::size_t i = 0; i < expected.size(); ++i) {
@@ -99,7 +99,7 @@ TEST_F(CatalogueTest, BuildingAnewThrowsTheLoadedFunctionsAway) {
 }
 
 TEST_F(CatalogueTest, DisplayTextsOfAll45Pairs) {
-  const std::array<std::array<const char*, kInner>, kOuter> expected{{
+  const std::array<std::array<const char*, kInnerCount>, kOuterCount> expected{{
       {"c", "bx+c", "ax²+bx+c", "[(x-m)²+a]/b", "a/[(x²-m²)²+b²x²]"},
       {"c²", "(bx+c)²", "(ax²+bx+c)²", "([(x-m)²+a]/b)²", "(a/[(x²-m²)²+b²x²])²"},
       {"1/c", "1/(bx+c)", "1/(ax²+bx+c)", "b/[(x-m)²+a]", "[(x²-m²)²+b²x²]/a"},
@@ -111,8 +111,8 @@ TEST_F(CatalogueTest, DisplayTextsOfAll45Pairs) {
       {"A exp[-Bx] sin(c)", "A exp[-Bx] sin(bx+c)", "A exp[-Bx] sin(ax²+bx+c)",
        "A exp[-Bx] sin([(x-m)²+a]/b)", "A exp[-Bx] sin(a/[(x²-m²)²+b²x²])"},
   }};
-  for (int f = 1; f <= kOuter; ++f) {
-    for (int g = 1; g <= kInner; ++g) {
+  for (int f = 1; f <= kOuterCount; ++f) {
+    for (int g = 1; g <= kInnerCount; ++g) {
       const std::string text = expected[static_cast<std::size_t>(f - 1)][static_cast<std::size_t>(g - 1)];
       EXPECT_EQ(composite(g, f), " y = " + text + " ") << "f " << f << ", g " << g;
     }
@@ -152,20 +152,21 @@ TEST_F(CatalogueTest, TheStoredTextOfALongFunctionIsWhole) {
 }
 
 TEST_F(CatalogueTest, MachineTextsOfAll45Pairs) {
-  const std::array<const char*, kInner> g{"c", "b*x+c", "a*x*x+b*x+c", "((x-m)^2+a)/b",
-                                          "a/((x*x-m*m)^2+(b*x)^2)"};
-  for (int i = 1; i <= kInner; ++i) {
+  const std::array<const char*, kInnerCount> g{"c", "b*x+c", "a*x*x+b*x+c", "((x-m)^2+a)/b",
+                                               "a/((x*x-m*m)^2+(b*x)^2)"};
+  for (int i = 1; i <= kInnerCount; ++i) {
     const std::string t = g[static_cast<std::size_t>(i - 1)];
-    const std::array<std::string, kOuter> expected{t,
-                                                   "(" + t + ")^2",
-                                                   "1/(" + t + ")",
-                                                   "SQR(" + t + ")",
-                                                   "(x+A)/(" + t + ")",
-                                                   "A*LOG(" + t + ")",
-                                                   "A*EXP(" + t + ")",
-                                                   "A*SIN(" + t + ")",
-                                                   "A*EXP(-B*x)*SIN(" + t + ")"};
-    for (int f = 1; f <= kOuter; ++f) EXPECT_EQ(machine(i, f), expected[static_cast<std::size_t>(f - 1)]);
+    const std::array<std::string, kOuterCount> expected{t,
+                                                        "(" + t + ")^2",
+                                                        "1/(" + t + ")",
+                                                        "SQR(" + t + ")",
+                                                        "(x+A)/(" + t + ")",
+                                                        "A*LOG(" + t + ")",
+                                                        "A*EXP(" + t + ")",
+                                                        "A*SIN(" + t + ")",
+                                                        "A*EXP(-B*x)*SIN(" + t + ")"};
+    for (int f = 1; f <= kOuterCount; ++f)
+      EXPECT_EQ(machine(i, f), expected[static_cast<std::size_t>(f - 1)]);
   }
 }
 
@@ -185,8 +186,8 @@ std::string parameterList(const ParameterSet& par) {
 }
 
 TEST_F(CatalogueTest, FastPathAndCompiledTextAgreeForAll45Pairs) {
-  for (int f = 1; f <= kOuter; ++f) {
-    for (int g = 1; g <= kInner; ++g) {
+  for (int f = 1; f <= kOuterCount; ++f) {
+    for (int g = 1; g <= kInnerCount; ++g) {
       take(g, f);
       for (int i = 1; i <= session.par.ParCount; ++i) session.par.ParValues[i] = 0.3 + 0.4 * i;
       CompiledExpression compiled;
@@ -208,12 +209,12 @@ TEST_F(CatalogueTest, FastPathAndCompiledTextAgreeForAll45Pairs) {
 }
 
 TEST_F(CatalogueTest, NamesAndCountOfAll45Pairs) {
-  const std::array<const char*, kInner> inner{"    c", "    b    c", "    a    b    c", "    m    a    b",
-                                              "    a    m    b"};
-  const std::array<const char*, kOuter> outer{"",      "",      "",      "",          "    A",
-                                              "    A", "    A", "    A", "    A    B"};
-  for (int f = 1; f <= kOuter; ++f) {
-    for (int g = 1; g <= kInner; ++g) {
+  const std::array<const char*, kInnerCount> inner{"    c", "    b    c", "    a    b    c",
+                                                   "    m    a    b", "    a    m    b"};
+  const std::array<const char*, kOuterCount> outer{"",      "",      "",      "",          "    A",
+                                                   "    A", "    A", "    A", "    A    B"};
+  for (int f = 1; f <= kOuterCount; ++f) {
+    for (int g = 1; g <= kInnerCount; ++g) {
       take(g, f);
       const std::string names =
           std::string(inner[static_cast<std::size_t>(g - 1)]) + outer[static_cast<std::size_t>(f - 1)];

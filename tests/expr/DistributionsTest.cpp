@@ -5,7 +5,6 @@
 namespace vk {
 namespace {
 
-constexpr double kKernelAccuracy = 3e-7;
 constexpr double kErrorFunctionAccuracy = 1.5e-7;
 
 TEST(Distributions, GammaIsRoundedForWholeNumbersOnly) {

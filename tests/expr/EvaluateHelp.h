@@ -8,6 +8,9 @@
 
 namespace vk {
 
+/// How near the distributions come to their true values.
+inline constexpr double kKernelAccuracy = 3e-7;
+
 /// Value and flag of an evaluation.
 struct Evaluation {
   double value;

@@ -8,8 +8,6 @@ namespace vk {
 namespace {
 
 // The kernels stop at a relative change of 3E-7; most values are better.
-constexpr double kKernelAccuracy = 3e-7;
-
 /// A session and a user who sees as many boxes as told.
 struct Kernels {
   explicit Kernels(int boxes = 0) {

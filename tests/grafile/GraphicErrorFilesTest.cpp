@@ -43,11 +43,11 @@ std::vector<std::string> graphicFiles() {
   return names;
 }
 
-std::string testName(const ::testing::TestParamInfo<std::string>& file) {
+std::string errorFileTestName(const ::testing::TestParamInfo<std::string>& file) {
   return file.param.substr(0, file.param.find('.'));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, GraphicErrorFiles, ::testing::ValuesIn(graphicFiles()), testName);
+INSTANTIATE_TEST_SUITE_P(All, GraphicErrorFiles, ::testing::ValuesIn(graphicFiles()), errorFileTestName);
 
 TEST(GraphicErrorFileSet, HasAFileForEachMessage) {
   EXPECT_GE(graphicFiles().size(), 16U);

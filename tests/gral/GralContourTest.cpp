@@ -261,12 +261,12 @@ TEST_F(Contours, OnTheGridPointsAreDrawnOnce) {
 }
 
 TEST_F(Contours, OfACircularBowlKeepToTheCircle) {
-  constexpr int kPoints = 61;
-  constexpr double kStep = 4, kHalf = kStep * (kPoints - 1) / 2;
+  constexpr int kSidePoints = 61;
+  constexpr double kStep = 4, kHalf = kStep * (kSidePoints - 1) / 2;
   const auto distance = [](double u) { return -kHalf + kStep * (u - 1); };
   const double radii[] = {10, 33.3, 57.1, 100};
   levels = levelsOf({10 * 10, 33.3 * 33.3, 57.1 * 57.1, 100 * 100});
-  contour(gridOf(kPoints, kPoints,
+  contour(gridOf(kSidePoints, kSidePoints,
                  [&](int i, int j) { return distance(i) * distance(i) + distance(j) * distance(j); }),
           0, 2 * kHalf, 0, 2 * kHalf);
   double angle[4] = {};

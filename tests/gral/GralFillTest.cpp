@@ -10,10 +10,10 @@
 namespace vk {
 namespace {
 
-constexpr std::uint32_t kPaper = 0xFFFFFFFF, kInk = 0xFF000000, kRed = 0xFFFF0000;
+constexpr std::uint32_t kRed = 0xFFFF0000;
 
 /// What is in the raster: "." paper, "#" black, "r" red.
-std::vector<std::string> rowsOf(const Raster& raster) {
+std::vector<std::string> colouredRows(const Raster& raster) {
   std::vector<std::string> rows;
   for (int y = 0; y < raster.height(); ++y) {
     std::string row;
@@ -44,7 +44,7 @@ class Areas : public ::testing::Test {
   }
   Rows fill(int x, int y, std::uint32_t limit = kInk, int style = kFillSolid) {
     raster.paint(raster.areaAround({x, y}, limit), {kRed, style, 8});
-    return rowsOf(raster);
+    return colouredRows(raster);
   }
   Raster raster;
 };

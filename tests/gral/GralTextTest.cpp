@@ -8,7 +8,7 @@ namespace {
 
 /// At 10 points a line is 230 twips high in the fixed letters, a digit or a small letter 120 wide, a capital
 /// 140, a narrow sign 60, a Greek letter 120.
-constexpr double kHalfLine = 115;
+constexpr double kHalfTextLine = 115;
 
 class Texts : public GralFixture {
  protected:
@@ -31,9 +31,9 @@ class Texts : public GralFixture {
 TEST_F(Texts, AreSetLetterByLetterFromTheTopOfTheLine) {
   const auto runs = print("aM1");
   ASSERT_EQ(runs.size(), 3U);
-  expectAt(runs[0], 1000, 2000 - kHalfLine);
-  expectAt(runs[1], 1120, 2000 - kHalfLine);
-  expectAt(runs[2], 1300, 2000 - kHalfLine);
+  expectAt(runs[0], 1000, 2000 - kHalfTextLine);
+  expectAt(runs[1], 1120, 2000 - kHalfTextLine);
+  expectAt(runs[2], 1300, 2000 - kHalfTextLine);
   for (const TextRun& run : runs) {
     EXPECT_EQ(run.fontName, "Arial");
     EXPECT_EQ(run.points, 10);
@@ -45,8 +45,8 @@ TEST_F(Texts, ExponentIsThreeQuartersInSizeAndRaisedByAQuarterLine) {
   const auto runs = print("10^{-2}");
   ASSERT_EQ(shown(runs), "10-2");
   expectAt(runs[1], 1120, 1885);
-  expectAt(runs[2], 1240, 1885 - kHalfLine / 2);
-  expectAt(runs[3], 1240 + 0.75 * 120, 1885 - kHalfLine / 2);
+  expectAt(runs[2], 1240, 1885 - kHalfTextLine / 2);
+  expectAt(runs[3], 1240 + 0.75 * 120, 1885 - kHalfTextLine / 2);
   EXPECT_EQ(runs[1].points, 10);
   EXPECT_EQ(runs[2].points, 7.5);
   EXPECT_EQ(runs[3].points, 7.5);
@@ -55,16 +55,16 @@ TEST_F(Texts, ExponentIsThreeQuartersInSizeAndRaisedByAQuarterLine) {
 TEST_F(Texts, ScriptTakesOneCharacterOrAGroup) {
   const auto up = print("a^bc");
   ASSERT_EQ(shown(up), "abc");
-  expectAt(up[1], 1120, 1885 - kHalfLine / 2);
+  expectAt(up[1], 1120, 1885 - kHalfTextLine / 2);
   expectAt(up[2], 1210, 1885);
   EXPECT_EQ(up[2].points, 10);
   const auto down = print("a_{bc}d");
   ASSERT_EQ(shown(down), "abcd");
-  expectAt(down[1], 1120, 1885 + kHalfLine / 2);
-  expectAt(down[2], 1210, 1885 + kHalfLine / 2);
+  expectAt(down[1], 1120, 1885 + kHalfTextLine / 2);
+  expectAt(down[2], 1210, 1885 + kHalfTextLine / 2);
   expectAt(down[3], 1300, 1885);
   const auto one = print("a_bc");
-  expectAt(one[1], 1120, 1885 + kHalfLine / 2);
+  expectAt(one[1], 1120, 1885 + kHalfTextLine / 2);
   expectAt(one[2], 1210, 1885);
 }
 
@@ -152,23 +152,23 @@ TEST_F(Texts, RotatedByARightAngleRunUpwardThroughThePoint) {
   const auto runs = print("abc", 1, 90);
   ASSERT_EQ(runs.size(), 3U);
   const double d = (360 - 1) / 2.0;
-  expectAt(runs[0], 1000 - kHalfLine, 2000 + d);
-  expectAt(runs[1], 1000 - kHalfLine, 2000 + d - 120);
-  expectAt(runs[2], 1000 - kHalfLine, 2000 + d - 240);
+  expectAt(runs[0], 1000 - kHalfTextLine, 2000 + d);
+  expectAt(runs[1], 1000 - kHalfTextLine, 2000 + d - 120);
+  expectAt(runs[2], 1000 - kHalfTextLine, 2000 + d - 240);
   for (const TextRun& run : runs) EXPECT_EQ(run.angle, 90);
 }
 
 TEST_F(Texts, ScriptsMoveAcrossARotatedLine) {
   const auto runs = print("a^b_c", 0, 90);
-  expectAt(runs[0], 1000 - kHalfLine, 2000);
-  expectAt(runs[1], 1000 - kHalfLine - kHalfLine / 2, 1880);
-  expectAt(runs[2], 1000 - kHalfLine + kHalfLine / 2, 1790);
+  expectAt(runs[0], 1000 - kHalfTextLine, 2000);
+  expectAt(runs[1], 1000 - kHalfTextLine - kHalfTextLine / 2, 1880);
+  expectAt(runs[2], 1000 - kHalfTextLine + kHalfTextLine / 2, 1790);
 }
 
 TEST_F(Texts, AtSmallAnglesGoAlongTheirLine) {
   const auto runs = print("ab", 0, 30);
   const double a = 30 * 3.1415926 / 180;
-  expectAt(runs[0], 1000 - kHalfLine * std::sin(a), 2000 - kHalfLine * std::cos(a));
+  expectAt(runs[0], 1000 - kHalfTextLine * std::sin(a), 2000 - kHalfTextLine * std::cos(a));
   expectAt(runs[1], runs[0].x + 120 * std::cos(a), runs[0].y - 120 * std::sin(a));
 }
 
@@ -314,7 +314,7 @@ TEST_F(Texts, FontNameIsRestored) {
 
 TEST_F(Texts, InUsrStandAtTheirPoint) {
   drawing.GralWPrint(8, 4, 0, 0, 10, "a");
-  expectAt(letters()[0], 4537.5, 2265 - kHalfLine);
+  expectAt(letters()[0], 4537.5, 2265 - kHalfTextLine);
 }
 
 /// A form on which every n-th text operation fails.

@@ -5,6 +5,19 @@
 
 namespace vk {
 
+inline constexpr std::uint32_t kInk = 0xFF000000, kPaper = 0xFFFFFFFF;
+
+/// The picture as rows of "#" for ink and "." for paper.
+inline std::vector<std::string> rowsOf(const Raster& raster) {
+  std::vector<std::string> rows;
+  for (int y = 0; y < raster.height(); ++y) {
+    std::string row;
+    for (int x = 0; x < raster.width(); ++x) row += raster.at(x, y) == kPaper ? '.' : '#';
+    rows.push_back(row);
+  }
+  return rows;
+}
+
 /// A form on a raster of its own.
 class RasterForm : private BlockLetters, private RasterSink, public SinkDevice {
  public:

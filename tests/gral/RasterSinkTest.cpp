@@ -5,16 +5,6 @@
 namespace vk {
 namespace {
 
-std::vector<std::string> rowsOf(const Raster& raster) {
-  std::vector<std::string> rows;
-  for (int y = 0; y < raster.height(); ++y) {
-    std::string row;
-    for (int x = 0; x < raster.width(); ++x) row += raster.at(x, y) == 0xFFFFFFFF ? '.' : '#';
-    rows.push_back(row);
-  }
-  return rows;
-}
-
 TEST(RasterForms, HavePixelsOfTheirRatio) {
   RasterForm one(1), three(3);
   EXPECT_EQ(one.raster().width(), 20);

@@ -7,14 +7,14 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr CellSize kCell{100, 200};
+constexpr CellSize kOutputCell{100, 200};
 constexpr FontSpec kFont{"Courier New", 10, 255};
 
 class OutputModelTest : public testing::Test {
  protected:
   OutputLayout show(int rows, int cols, std::vector<std::string> captions, const std::string& text = "") {
     model.OutShow({Form::kMain, rows, cols, std::move(captions), "Titolo", text});
-    return model.layout(kCell, around);
+    return model.layout(kOutputCell, around);
   }
 
   OutputModel model;

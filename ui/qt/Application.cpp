@@ -11,7 +11,7 @@ namespace vk {
 namespace {
 
 /// How long the start waits for the window system to show the main window.
-constexpr int kShowingTime = 500;  // ms
+constexpr int kMainShowingTime = 500;  // ms
 
 }  // namespace
 
@@ -74,7 +74,7 @@ void Application::showMainWindow() {
   window_.show();
   // The welcome is placed by the window's place and frame, which the window system decides. What the user does
   // meanwhile waits until the welcome has shut the window.
-  const QDeadlineTimer deadline(kShowingTime);
+  const QDeadlineTimer deadline(kMainShowingTime);
   const auto wait = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
   while (!window_.windowHandle()->isExposed() && !deadline.hasExpired()) wait();
   wait();

@@ -11,7 +11,7 @@ namespace vk {
 namespace {
 
 /// Height of the buttons, and what stands beside the widest caption.
-constexpr double kButtonHeight = 405;
+constexpr double kBandButtonHeight = 405;
 constexpr double kButtonPadding = 480;
 /// Buttons of a narrow window have less padding rather than touch each other.
 constexpr double kButtonGap = 120;
@@ -53,7 +53,7 @@ void FrmOut::OutShow(const OutputRequest& request) {
   }
   const OutputLayout layout = model_.layout(
       cell_,
-      {services_.windows.place(request.owner), services_.windows.frame(), {buttonWidth, kButtonHeight}});
+      {services_.windows.place(request.owner), services_.windows.frame(), {buttonWidth, kBandButtonHeight}});
   const Size frame = services_.windows.frame();
   setFixedSize(toPixels(layout.form.width - frame.width), toPixels(layout.form.height - frame.height));
   showContent();

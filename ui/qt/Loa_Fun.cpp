@@ -10,7 +10,7 @@
 namespace vk {
 namespace {
 
-constexpr int kColumns = 60;
+constexpr int kDescriptionColumns = 60;
 constexpr int kDefinitionRows = 3;
 constexpr int kParameterRows = 1;
 
@@ -39,7 +39,7 @@ QGroupBox* framed(const char* caption, QWidget* content) {
 Loa_Fun::Loa_Fun(LoadFunction& engine, const Windows& windows)
     : FunctionForm("Loa_Fun", kLoadCaption, windows),
       engine_(engine),
-      LstFun_(makeList("LstFun", kDescriptionFrame, kColumns)),
+      LstFun_(makeList("LstFun", kDescriptionFrame, kDescriptionColumns)),
       TxtDef_(makeText(this, "TxtDef", kDefinitionFrame, kDefinitionRows)),
       TxtPar_(makeText(this, "TxtPar", kParametersFrame, kParameterRows)) {
   makeButtons();

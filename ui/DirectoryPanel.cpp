@@ -23,10 +23,7 @@ void DirectoryPanel::clickRow(int row) {
   }
   if (row != lastRow_) highlighted_ = row;
   writeCaptions();
-  const auto index = static_cast<std::size_t>(row);
-  drive_ = driveOf(session_.WorkDrive[index]);
-  // A row that holds no folder leaves the folder list where it is.
-  if (!session_.WorkDir[index].empty()) guard([&] { showFolder(session_.WorkDir[index]); });
+  showRow(session_.WorkDir[static_cast<std::size_t>(row)]);
   session_.WorkRow = row;
   lastRow_ = row;
 }
@@ -37,10 +34,19 @@ void DirectoryPanel::writeCaptions() {
   }
 }
 
-void DirectoryPanel::showFolder(const std::string& folder) {
-  std::vector<std::string> inside = files_.subfolders(folder);
-  subfolders_ = std::move(inside);
+void DirectoryPanel::showRow(const std::string& folder) {
+  // A row that holds no folder leaves the folder list where it is.
+  if (folder.empty() || guard([&] { showFolder(folder); })) return;
+  // Of a folder that has gone there is the way to it; what the row before showed lies elsewhere.
   folder_ = folder;
+  drive_ = driveOf(folder);
+  subfolders_.clear();
+}
+
+void DirectoryPanel::showFolder(const std::string& folder) {
+  subfolders_ = files_.subfolders(folder);
+  folder_ = folder;
+  drive_ = driveOf(folder);
 }
 
 int DirectoryPanel::driveOf(const std::string& folder) const {
@@ -69,12 +75,7 @@ void DirectoryPanel::storeFolder() {
 
 void DirectoryPanel::selectDrive(int index) {
   const std::string drive = drives_.at(static_cast<std::size_t>(index));
-  drive_ = index;
-  if (guard([&] { showFolder(drive); })) {
-    storeFolder();
-  } else {
-    drive_ = driveOf(folder_);
-  }
+  if (guard([&] { showFolder(drive); })) storeFolder();
 }
 
 void DirectoryPanel::accept() {

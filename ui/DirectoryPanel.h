@@ -9,7 +9,7 @@
 namespace vk {
 
 /// The working directory panel `FraDir` without its widgets: four rows of folders, a drive list and a folder
-/// list that follow the selected row. Row 0 is the folder for all files, rows 1 to 3 those for the kinds.
+/// list that follow the selected row: the volume of its folder, the way to it and what is inside. Row 0 is the folder for all files, rows 1 to 3 those for the kinds.
 class DirectoryPanel {
  public:
   DirectoryPanel(Session& session, Files& files) : session_(session), files_(files) {}
@@ -42,6 +42,7 @@ class DirectoryPanel {
 
  private:
   void writeCaptions();
+  void showRow(const std::string& folder);
   void showFolder(const std::string& folder);
   int driveOf(const std::string& folder) const;
   void storeFolder();

@@ -8,6 +8,7 @@ namespace {
 
 using testing::Each;
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 /// A disk of folders only.
 class FolderFiles : public MemoryFiles {
@@ -49,8 +50,24 @@ TEST_F(DirectoryPanelTest, OpensWithRow0Selected) {
   EXPECT_THAT(panel.subfolders(), ElementsAre("dati", "funzioni"));
 }
 
-TEST_F(DirectoryPanelTest, AnEmptyDrivePrefixSelectsTheRoot) {
-  EXPECT_EQ(panel.drives()[static_cast<std::size_t>(panel.drive())], "/");
+TEST_F(DirectoryPanelTest, TheDriveListShowsTheVolumeOfTheRowsFolder) {
+  EXPECT_EQ(panel.drive(), 0) << "/";
+  session.WorkDir[1] = "/media/chiave/a";
+  panel.clickRow(1);
+  EXPECT_EQ(panel.drive(), 1) << "/media/chiave";
+  panel.clickRow(2);
+  EXPECT_EQ(panel.drive(), 0);
+  panel.enterFolder("/media/chiave");
+  EXPECT_EQ(panel.drive(), 1);
+}
+
+TEST_F(DirectoryPanelTest, AFolderThatHasGoneShowsNoneOfTheFormerRowsEntries) {
+  session.WorkDir[1] = "/media/chiave/perso";
+  panel.clickRow(1);
+  EXPECT_EQ(panel.folder(), "/media/chiave/perso");
+  EXPECT_THAT(panel.subfolders(), IsEmpty());
+  EXPECT_EQ(panel.drive(), 1);
+  EXPECT_EQ(session.WorkDir[1], "/media/chiave/perso");
 }
 
 TEST_F(DirectoryPanelTest, AFolderInRow0GoesToAllRows) {
@@ -79,7 +96,6 @@ TEST_F(DirectoryPanelTest, AFolderThatCannotBeListedIsNotEntered) {
 }
 
 TEST_F(DirectoryPanelTest, RowsSelectTheirDriveAndThenTheirFolder) {
-  session.WorkDrive[2] = "/media/chiave";
   session.WorkDir[2] = "/media/chiave/a";
   panel.clickRow(2);
   EXPECT_EQ(panel.drive(), 1);

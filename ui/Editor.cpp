@@ -85,9 +85,14 @@ std::string captionOf(const EditedFile& file) {
   return std::string(kCaption) + " " + kindWord(file.kind);
 }
 
-/// "Dati: path", as the messages name the file.
+/// "Dati: path", as most messages name the file.
 std::string nameOf(const EditedFile& file) {
   return std::string(kindWord(file.kind)) + ": " + file.path;
+}
+
+/// What tells the file of a text in front of the user: folders would leave no room for its name.
+std::string ownName(const EditedFile& file) {
+  return GetFileName(file.path);
 }
 
 }  // namespace
@@ -108,7 +113,7 @@ void Editor::OpenEditor(const std::string& path, Int16 kind) {
     wanted.control = EditControl::kTxtEdi;
   }
   auto shut = std::make_unique<ShutWindow>(ports_.window, Form::kEditor);
-  form_->showEditor(captionOf(wanted) + " " + path,
+  form_->showEditor(captionOf(wanted) + " " + ownName(wanted),
                     textOfFile(bytes, wanted.control == EditControl::kTxtEdiOld), wanted.control);
   shut_ = std::move(shut);
   file_ = wanted;
@@ -202,12 +207,12 @@ std::string Editor::checkFunctions(const std::string& text) {
 }
 
 void Editor::tellErrors(const std::string& report) {
-  switch (
-      ports_.dialogs.Get_Msg({.owner = Form::kEditor,
-                              .caption = captionOf(file_),
-                              .text = "Errori nel File " + nameOf(file_) + " !",
-                              .icon = kExclamation,
-                              .captions = {"&Continua Modifica", "&Ignora e Esci", "&Visualizza Errori"}})) {
+  switch (ports_.dialogs.Get_Msg(
+      {.owner = Form::kEditor,
+       .caption = captionOf(file_),
+       .text = std::string("Errori nel File ") + kindWord(file_.kind) + ": " + ownName(file_) + " !",
+       .icon = kExclamation,
+       .captions = {"&Continua Modifica", "&Ignora e Esci", "&Visualizza Errori"}})) {
     case kGoOnEditing:
       return form_->focusEditor();
     case kIgnore:

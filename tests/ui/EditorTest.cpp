@@ -131,11 +131,11 @@ TEST_F(EditorTest, ASmallFileBehindALargeOneHasThePlainBoxAgain) {
 
 TEST_F(EditorTest, TheCaptionTellsKindAndFile) {
   open("", kDataKind);
-  EXPECT_EQ(form.caption, "VOR_KEL: Modifica File Dati /lavoro/prova.txt");
+  EXPECT_EQ(form.caption, "VOR_KEL: Modifica File Dati prova.txt");
   open("", kFunctionKind);
-  EXPECT_EQ(form.caption, "VOR_KEL: Modifica File Funzioni /lavoro/prova.txt");
+  EXPECT_EQ(form.caption, "VOR_KEL: Modifica File Funzioni prova.txt");
   open("", kGraphicKind);
-  EXPECT_EQ(form.caption, "VOR_KEL: Modifica File Grafico /lavoro/prova.txt");
+  EXPECT_EQ(form.caption, "VOR_KEL: Modifica File Grafico prova.txt");
   EXPECT_EQ(editor.EditFile(), kPath);
   EXPECT_EQ(session.FileKind, kGraphicKind);
 }
@@ -312,7 +312,7 @@ TEST_F(EditorTest, ErrorsAreToldWithTheFileAndThreeChoices) {
     editor.MnuFilSav();
     ASSERT_EQ(dialogs.messages.size(), 1u);
     EXPECT_EQ(dialogs.messages[0].caption, "VOR_KEL: Modifica File " + c.word);
-    EXPECT_EQ(dialogs.messages[0].text, "Errori nel File " + c.word + ": /lavoro/prova.txt !");
+    EXPECT_EQ(dialogs.messages[0].text, "Errori nel File " + c.word + ": prova.txt !");
     EXPECT_EQ(dialogs.messages[0].icon, 2);
     EXPECT_EQ(dialogs.messages[0].owner, Form::kEditor);
     EXPECT_THAT(dialogs.messages[0].captions,

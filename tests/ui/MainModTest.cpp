@@ -264,7 +264,7 @@ TEST_F(MainModTest, ModifyCommandsPickForTheEditor) {
     EXPECT_FALSE(asked.save);
     EXPECT_NE(asked.filter.find(c.filter), std::string::npos) << asked.filter;
     EXPECT_EQ(session.FileKind, c.kind);
-    EXPECT_EQ(editorForm.caption, std::string(c.caption) + " /nota.txt");
+    EXPECT_EQ(editorForm.caption, std::string(c.caption) + " nota.txt");
     EXPECT_TRUE(editorForm.visible);
     EXPECT_FALSE(window.enabled);
     editor.MnuFilRin();

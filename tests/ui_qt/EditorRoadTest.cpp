@@ -41,14 +41,13 @@ TEST_F(EditorRoadTest, AFaultyDataFileIsCorrectedByItsReport) {
   edit("MenDatMod", "guasto.dat");
   act();
   user.at("FrmEdi", [this](QWidget* form) {
-    EXPECT_EQ(form->windowTitle().toStdString(), "VOR_KEL: Modifica File Dati " + (folder / "guasto.dat"));
+    EXPECT_EQ(form->windowTitle().toStdString(), "VOR_KEL: Modifica File Dati guasto.dat");
     EXPECT_FALSE(window().isEnabled());
   });
   chooseInEditor("MnuFilSav");
   user.at("FrmMsg", [this](QWidget* message) {
     EXPECT_EQ(message->windowTitle(), "VOR_KEL: Modifica File Dati");
-    EXPECT_EQ(message->accessibleDescription().toStdString(),
-              "Errori nel File Dati: " + (folder / "guasto.dat") + " !");
+    EXPECT_EQ(message->accessibleDescription().toStdString(), "Errori nel File Dati: guasto.dat !");
     QTest::mouseClick(control<QPushButton>(message, "CmdMsg(2)"), Qt::LeftButton);
   });
   user.at("FrmOut", [this](QWidget* report) {

@@ -98,7 +98,7 @@ class FrmEdiTest : public testing::Test {
 
 TEST_F(FrmEdiTest, IsModelessAndBearsItsCaption) {
   open("uno\r\n", kDataKind);
-  EXPECT_EQ(form.windowTitle(), "VOR_KEL: Modifica File Dati /lavoro/prova.txt");
+  EXPECT_EQ(form.windowTitle(), "VOR_KEL: Modifica File Dati prova.txt");
   EXPECT_EQ(form.windowModality(), Qt::NonModal);
   EXPECT_FALSE(window.enabled);
   EXPECT_EQ(QApplication::focusWidget(), plainBox());

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QTimer>
 
 #include "ui_qt/User.h"
 
@@ -33,6 +34,25 @@ TEST_F(BreathTest, InputBehindAShortCommandStays) {
   breath.dropInput();
   QApplication::processEvents();
   EXPECT_EQ(box.text(), "a");
+}
+
+TEST_F(BreathTest, TheWaitCursorTellsALongCommandUntilTheProgramWaitsForTheUser) {
+  Breath impatient(0);
+  impatient.take();
+  ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  impatient.take();
+  QEventLoop idle;
+  QTimer::singleShot(20, &idle, &QEventLoop::quit);
+  idle.exec();
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(BreathTest, AShortCommandKeepsTheCursor) {
+  constexpr qint64 kHour = 3'600'000;  // ms
+  Breath patient(kHour);
+  patient.take();
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(BreathTest, PaintsWhatHasChanged) {

@@ -1,8 +1,9 @@
 #include "ui/qt/Breath.h"
 
-#include <QCoreApplication>
+#include <QAbstractEventDispatcher>
+#include <QCursor>
 #include <QEvent>
-#include <QObject>
+#include <QGuiApplication>
 
 namespace vk {
 namespace {
@@ -31,7 +32,31 @@ class InputTrap : public QObject {
 
 }  // namespace
 
+Breath::Breath(qint64 patience) : patience_(patience) {
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &context_,
+                   [this] { tellReady(); });
+}
+
+Breath::~Breath() {
+  tellReady();
+}
+
+void Breath::tellWork() {
+  if (!work_.isValid()) work_.start();
+  if (told_ || work_.elapsed() < patience_) return;
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  told_ = true;
+}
+
+void Breath::tellReady() {
+  work_.invalidate();
+  if (!told_) return;
+  QGuiApplication::restoreOverrideCursor();
+  told_ = false;
+}
+
 void Breath::take() {
+  tellWork();
   if (last_.isValid() && last_.elapsed() < kShortestPause) return;
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   last_.start();

@@ -42,6 +42,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
     unload();
     return true;
   };
+  window_.turnedToWhileShut = [this](Form holder) { windows_.toFront(holder); };
   inputForm_.setAction([this](int action) { mainMod_.runInputAction(action); });
 }
 

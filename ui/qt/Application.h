@@ -86,8 +86,8 @@ class Application {
 
   // The forms, in the order of their making.
   Vor_Kel window_{breath_};
-  Sel_Fun selectForm_{select_, windows_};
-  Loa_Fun loadForm_{load_, windows_};
+  Sel_Fun selectForm_{select_, windows_, session_.FontLabel};
+  Loa_Fun loadForm_{load_, windows_, session_.FontLabel};
   QtOutput output_{{session_, windows_, printer_, clipboard_, runner()}, breath_};
   InpFrm inputForm_{input_, windows_, window_};
   Editor editor_{session_, {files_, dialogs_, window_, output_, clipboard_, printer_, sound_}};

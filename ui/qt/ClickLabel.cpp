@@ -12,33 +12,21 @@ void ClickLabel::mousePressEvent(QMouseEvent* event) {
 
 void ClickLabel::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Space && clicked) return clicked();
-  QLabel::keyPressEvent(event);
+  NameLabel::keyPressEvent(event);
 }
 
 void ClickLabel::focusInEvent(QFocusEvent* event) {
-  QLabel::focusInEvent(event);
+  NameLabel::focusInEvent(event);
   update();
 }
 
 void ClickLabel::focusOutEvent(QFocusEvent* event) {
-  QLabel::focusOutEvent(event);
+  NameLabel::focusOutEvent(event);
   update();
 }
 
-void ClickLabel::paintLines() {
-  QPainter painter(this);
-  painter.setPen(palette().color(foregroundRole()));
-  const QRect inside = contentsRect().adjusted(margin(), margin(), -margin(), -margin());
-  int baseline = inside.top() + fontMetrics().ascent();
-  for (const QString& line : text().split('\n')) {
-    painter.drawText(inside.left(), baseline,
-                     fontMetrics().elidedText(line, Qt::ElideMiddle, inside.width()));
-    baseline += fontMetrics().lineSpacing();
-  }
-}
-
 void ClickLabel::paintEvent(QPaintEvent* event) {
-  text().isEmpty() ? QLabel::paintEvent(event) : paintLines();
+  NameLabel::paintEvent(event);
   if (!hasFocus()) return;
   QStylePainter painter(this);
   QStyleOptionFocusRect option;

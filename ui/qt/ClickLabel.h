@@ -1,15 +1,15 @@
 #pragma once
 
-#include <QLabel>
 #include <functional>
+
+#include "ui/qt/NameLabel.h"
 
 namespace vk {
 
-/// A label, or a picture, that can be clicked, by the mouse or by the blank key. Lines too long for the label are
-/// shortened in the middle; the tool tip has them whole.
-class ClickLabel : public QLabel {
+/// A label, or a picture, that can be clicked, by the mouse or by the blank key.
+class ClickLabel : public NameLabel {
  public:
-  explicit ClickLabel(QWidget* parent) : QLabel(parent) { setFocusPolicy(Qt::TabFocus); }
+  explicit ClickLabel(QWidget* parent) : NameLabel(parent) { setFocusPolicy(Qt::TabFocus); }
   std::function<void()> clicked;
 
  protected:
@@ -18,9 +18,6 @@ class ClickLabel : public QLabel {
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
-
- private:
-  void paintLines();
 };
 
 }  // namespace vk

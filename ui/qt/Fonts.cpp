@@ -9,8 +9,7 @@ namespace {
 
 constexpr const char* kFixedFace = "Liberation Mono";
 constexpr const char* kTextFace = "Liberation Sans";
-constexpr int kListPoints = 11;
-constexpr int kFormPoints = 12;
+constexpr int kGridPoints = 10;
 
 bool isFixed(const std::string& face) {
   return face == "Courier New" || face == "Terminal" || face == "terminal" || face == "Fixedsys";
@@ -43,15 +42,15 @@ QFont toolkitFont(const FontSpec& font) {
 }
 
 QFont listFont() {
-  return makeFont(kFixedFace, kListPoints, true);
+  return makeFont(kFixedFace, kGridPoints, true);
 }
 
 QFont formFont() {
-  return makeFont(kFixedFace, kFormPoints, true);
+  return makeFont(kFixedFace, kGridPoints, true);
 }
 
 QFont formButtonFont() {
-  return makeFont(kFixedFace, kListPoints, true);
+  return makeFont(kFixedFace, kGridPoints, true);
 }
 
 int FontMeasure::width(std::string_view text) const {

@@ -1,5 +1,6 @@
 #include "ui/qt/FraDir.h"
 
+#include <QAbstractItemView>
 #include <QBoxLayout>
 #include <QKeyEvent>
 #include <QStyle>
@@ -15,18 +16,26 @@ constexpr int kSpace = 14;
 constexpr int kListWidth = 250;
 constexpr int kListHeight = 250;
 constexpr int kLabelWidth = 290;
+constexpr int kRowSpace = 4;
 
 }  // namespace
 
 FolderList::FolderList(QWidget* parent) : QListWidget(parent) {
   setObjectName("Dir1");
   setAccessibleName("Cartelle");
+  setTextElideMode(Qt::ElideMiddle);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  // The toolkit's own size is that of some of its pictures, and higher than a row.
+  const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
+  setIconSize(QSize(icon, icon));
   connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { enter(item); });
 }
 
 void FolderList::addFolder(const QString& name, const std::string& path, int depth) {
   const QIcon icon = style()->standardIcon(depth < 0 ? QStyle::SP_DirIcon : QStyle::SP_DirOpenIcon);
   auto* item = new QListWidgetItem(icon, name, this);
+  // Names in other scripts need taller letters; rows have one height, and the width of the list.
+  item->setSizeHint(QSize(1, fontMetrics().lineSpacing() + kRowSpace));
   item->setData(kPathRole, fromFileName(path));
   item->setToolTip(fromFileName(path));
 }
@@ -72,6 +81,8 @@ FraDir::FraDir(QWidget* parent, DirectoryPanel& panel, const QFont& font, EventR
   setFont(font);
   Drive1_->setObjectName("Drive1");
   Drive1_->setAccessibleName("Volume");
+  Drive1_->setFixedWidth(kListWidth);
+  Drive1_->view()->setTextElideMode(Qt::ElideMiddle);
   buildRows(font);
   buildButtons(std::move(button));
   arrange();
@@ -88,7 +99,6 @@ void FraDir::buildRows(const QFont& font) {
     auto* label = new ClickLabel(this);
     label->setObjectName(QString("LblWrkDir(%1)").arg(row));
     label->setFont(font);
-    label->setTextFormat(Qt::PlainText);
     label->setAutoFillBackground(true);
     label->setMargin(8);
     label->setFixedSize(kLabelWidth, 2 * label->fontMetrics().lineSpacing() + 16);
@@ -140,9 +150,12 @@ void FraDir::syncDrives() {
   for (std::size_t i = 0; i < panel_.drives().size(); ++i) {
     const int row = static_cast<int>(i);
     if (row == Drive1_->count()) Drive1_->addItem(QString());
-    Drive1_->setItemText(row, fromFileName(panel_.drives()[i]));
+    const QString volume = fromFileName(panel_.drives()[i]);
+    Drive1_->setItemText(row, volume);
+    Drive1_->setItemData(row, volume, Qt::ToolTipRole);
   }
   Drive1_->setCurrentIndex(panel_.drive());
+  Drive1_->setToolTip(Drive1_->currentText());
   syncing_ = false;
 }
 
@@ -152,8 +165,7 @@ void FraDir::sync() {
   for (std::size_t row = 0; row < LblWrkDir_.size(); ++row) {
     const bool highlighted = static_cast<int>(row) == panel_.highlighted();
     ClickLabel* label = LblWrkDir_[row];
-    label->setText(fromFileName(panel_.caption(static_cast<int>(row))));
-    label->setToolTip(label->text());
+    label->setName(fromFileName(panel_.caption(static_cast<int>(row))));
     label->setBackgroundRole(highlighted ? QPalette::Highlight : QPalette::Window);
     label->setForegroundRole(highlighted ? QPalette::HighlightedText : QPalette::WindowText);
   }

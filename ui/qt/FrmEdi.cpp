@@ -19,7 +19,8 @@ const FontSpec kLargeFileFont{"terminal", 12, 255};
 }  // namespace
 
 FrmEdi::FrmEdi(Editor& engine, const EditorServices& services)
-    : engine_(engine),
+    : QMainWindow(nullptr, kOwnedWindow | Qt::WindowMinMaxButtonsHint),
+      engine_(engine),
       services_(services),
       TxtEdiOld_(new EditorBox(this)),
       TxtEdi_(new EditorBox(this)),

@@ -19,8 +19,7 @@ constexpr double kButtonGap = 120;
 }  // namespace
 
 FrmOut::FrmOut(const OutputServices& services)
-    : QWidget(nullptr,
-              Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
+    : QWidget(nullptr, kOwnedWindow),
       services_(services),
       surface_(new OutputSurface(this, model_)),
       text_(new QPlainTextEdit(this)) {

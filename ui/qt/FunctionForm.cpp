@@ -15,9 +15,11 @@ constexpr int kRows = 10;
 
 }  // namespace
 
-FunctionForm::FunctionForm(const char* name, const char* caption, const Windows& windows)
+FunctionForm::FunctionForm(const char* name, const char* caption, const Windows& windows,
+                           const FontSpec& font)
     : QWidget(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint), windows_(windows) {
   setObjectName(name);
+  setFont(toolkitFont(font));
   setWindowTitle(caption);
   setAccessibleName(caption);
   setWindowModality(Qt::ApplicationModal);

@@ -3,6 +3,7 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include "session/Session.h"
 #include "ui/qt/ModalLoop.h"
 #include "ui/qt/Windows.h"
 
@@ -12,7 +13,8 @@ namespace vk {
 /// `CmdAcc` and `CmdRin`, and a modal showing beside the main window.
 class FunctionForm : public QWidget {
  protected:
-  FunctionForm(const char* name, const char* caption, const Windows& windows);
+  /// `font` is that of everything but the lists and texts of functions.
+  FunctionForm(const char* name, const char* caption, const Windows& windows, const FontSpec& font);
 
   /// A list with room for `columns` characters.
   QListWidget* makeList(const char* name, const char* meaning, int columns);

@@ -36,8 +36,8 @@ QGroupBox* framed(const char* caption, QWidget* content) {
 
 }  // namespace
 
-Loa_Fun::Loa_Fun(LoadFunction& engine, const Windows& windows)
-    : FunctionForm("Loa_Fun", kLoadCaption, windows),
+Loa_Fun::Loa_Fun(LoadFunction& engine, const Windows& windows, const FontSpec& font)
+    : FunctionForm("Loa_Fun", kLoadCaption, windows, font),
       engine_(engine),
       LstFun_(makeList("LstFun", kDescriptionFrame, kDescriptionColumns)),
       TxtDef_(makeText(this, "TxtDef", kDefinitionFrame, kDefinitionRows)),

@@ -10,7 +10,7 @@ namespace vk {
 /// The load form: the functions of the file read, with definition and parameters of the selected one.
 class Loa_Fun : public FunctionForm {
  public:
-  Loa_Fun(LoadFunction& engine, const Windows& windows);
+  Loa_Fun(LoadFunction& engine, const Windows& windows, const FontSpec& font);
 
   /// Fills the list from the engine and selects its first entry.
   void refill();

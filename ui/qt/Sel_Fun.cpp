@@ -16,15 +16,14 @@ constexpr int kTextColumns = 62;
 QLabel* heading(QWidget* form, const char* text, QListWidget* list = nullptr) {
   auto* label = new QLabel(text, form);
   label->setTextFormat(Qt::PlainText);
-  label->setFont(listFont());
   if (list != nullptr) label->setBuddy(list);
   return label;
 }
 
 }  // namespace
 
-Sel_Fun::Sel_Fun(SelectFunction& engine, const Windows& windows)
-    : FunctionForm("Sel_Fun", kSelectCaption, windows),
+Sel_Fun::Sel_Fun(SelectFunction& engine, const Windows& windows, const FontSpec& font)
+    : FunctionForm("Sel_Fun", kSelectCaption, windows, font),
       engine_(engine),
       LstOut_(makeList("LstOut", kOuterHeading, kColumns)),
       LstInn_(makeList("LstInn", kInnerHeading, kColumns)),

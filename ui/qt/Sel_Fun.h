@@ -10,7 +10,7 @@ namespace vk {
 /// The selection form: lists of f and g and the text of the composite.
 class Sel_Fun : public FunctionForm {
  public:
-  Sel_Fun(SelectFunction& engine, const Windows& windows);
+  Sel_Fun(SelectFunction& engine, const Windows& windows, const FontSpec& font);
 
   /// Fills both lists from the engine.
   void refill();

@@ -50,6 +50,9 @@ QString fromPage(std::string_view text, CodePage page) {
   return QString::fromStdU32String(toUnicode(text, page));
 }
 
+/// Stands for a doubled "&" while a caption is worked on; no text of ours holds it.
+const QString kDoubled(QChar(0xE000));
+
 }  // namespace
 
 QString fromCp437(std::string_view text) {
@@ -121,6 +124,18 @@ QString fromCaption(std::string_view caption) {
   const qsizetype access = text.indexOf('&');
   for (qsizetype i = text.lastIndexOf('&'); i > access; i = text.lastIndexOf('&', i - 1)) text.insert(i, '&');
   return text.replace('\t', ' ');
+}
+
+QString plainCaption(const QString& caption) {
+  return QString(caption).replace("&&", kDoubled).remove('&').replace(kDoubled, "&");
+}
+
+QString shortenedCaption(const QString& caption, int most) {
+  const QString single = QString(caption).replace("&&", kDoubled);
+  if (single.size() <= most) return caption;
+  const int head = (most - 1) / 2;
+  const QString shortened = single.left(head) + QChar(0x2026) + single.right(most - 1 - head);
+  return QString(shortened).replace(kDoubled, "&&");
 }
 
 QString fromFileName(const std::string& name) {

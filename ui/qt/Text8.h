@@ -35,6 +35,11 @@ QString fromWindowText(std::string_view text);
 /// A caption in which the first "&" marks the access key; every other "&", of a path say, is shown as it is.
 QString fromCaption(std::string_view caption);
 
+/// A caption of a menu in which "&&" is the sign itself, as plain text.
+QString plainCaption(const QString& caption);
+/// The same caption with at most so many characters: the middle of a longer one is left out.
+QString shortenedCaption(const QString& caption, int most);
+
 /// A file name: the bytes that the system uses.
 QString fromFileName(const std::string& name);
 std::string toFileName(const QString& name);

@@ -3,12 +3,12 @@
 #include <QApplication>
 #include <QPalette>
 #include <QSettings>
-#include <QStyle>
-#include <QStyleFactory>
 #include <clocale>
 
 #include "session/Session.h"
+#include "ui/qt/DialogRole.h"
 #include "ui/qt/Fonts.h"
+#include "ui/qt/HouseStyle.h"
 #include "ui/qt/ItalianTexts.h"
 #include "ui/qt/Pictures.h"
 
@@ -23,6 +23,8 @@ QPalette colours() {
   palette.setColor(QPalette::AlternateBase, QColor(244, 247, 250));
   palette.setColor(QPalette::Highlight, QColor(46, 92, 138));
   palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(196, 208, 220));
+  palette.setColor(QPalette::Inactive, QPalette::HighlightedText, QColor(24, 32, 40));
   for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
     palette.setColor(role, QColor(24, 32, 40));
     palette.setColor(QPalette::Disabled, role, QColor(140, 150, 160));
@@ -40,9 +42,10 @@ void setUpToolkit(QApplication& toolkit) {
   toolkit.setApplicationDisplayName("");
   toolkit.setWindowIcon(applicationIcon());
   // One look everywhere: fields and grids have fixed colours, which must suit what surrounds them.
-  toolkit.setStyle(QStyleFactory::create("Fusion"));
+  toolkit.setStyle(new HouseStyle);
   toolkit.setPalette(colours());
   toolkit.setFont(toolkitFont({"Arial", 10, 0}));
+  installDialogRole();
   toolkit.installTranslator(new ItalianTexts(&toolkit));
   toolkit.setQuitOnLastWindowClosed(false);
 }

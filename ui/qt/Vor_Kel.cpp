@@ -1,5 +1,6 @@
 #include "ui/qt/Vor_Kel.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
@@ -17,6 +18,9 @@ namespace {
 constexpr QSize kClientArea(750, 500);
 /// The upper border of a panel is hidden above the client area.
 constexpr double kPanelAbove = 100;
+/// What a status panel keeps of a long name, in pixels, and an entry of a menu, in characters.
+constexpr int kLeastPanel = 150;
+constexpr int kLongestEntry = 60;
 
 QString name(std::string_view control) {
   return QString::fromUtf8(control.data(), static_cast<qsizetype>(control.size()));
@@ -64,6 +68,7 @@ void Vor_Kel::addMenu(const Command& entry) {
   QMenu* menu = parent == nullptr ? menuBar()->addMenu(caption) : parent->addMenu(caption);
   menu->setObjectName(name(entry.control));
   menu->setAccessibleName(QString(caption).remove('&'));
+  explainShortened(menu);
   actions_[std::string(entry.control)] = menu->menuAction();
 }
 
@@ -84,9 +89,8 @@ void Vor_Kel::addEntry(const Command& entry) {
 void Vor_Kel::buildStatusBar() {
   statusBar()->setObjectName("StatusBar1");
   for (std::size_t i = 0; i < panels_.size(); ++i) {
-    panels_[i] = new QLabel(this);
+    panels_[i] = new NameLabel(this, kLeastPanel);
     panels_[i]->setObjectName(QString("StatusBar1(%1)").arg(i + 1));
-    panels_[i]->setTextFormat(Qt::PlainText);
     panels_[i]->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     panels_[i]->setMargin(4);
     panels_[i]->setIndent(0);
@@ -94,17 +98,34 @@ void Vor_Kel::buildStatusBar() {
   }
 }
 
+/// Of the entries of a menu only those have a tool tip whose caption does not say it all.
+void Vor_Kel::explainShortened(QMenu* menu) {
+  connect(menu, &QMenu::hovered, menu,
+          [menu](const QAction* entry) { menu->setToolTipsVisible(entry->data().toBool()); });
+}
+
 void Vor_Kel::buildPanels(const Session& session, MainPanels& panels, const EventRunner& run) {
   const QFont font = toolkitFont(session.FontLabel);
+  setFont(toolkitFont(session.FontEdit));
+  menuBar()->setFont(QApplication::font());
+  statusBar()->setFont(font);
   FraDir_ = new FraDir(backdrop_, panels.directory(), font, run, [&panels](int i) { panels.CmdWrkDir(i); });
   FraGra_ =
       new FraGra(backdrop_, session, panels.graphics(), font, run, [&panels](int i) { panels.CmdImpGra(i); });
 }
 
+/// The smallest client area shows all of either panel, which nothing but its buttons closes.
+void Vor_Kel::keepButtonsReachable() {
+  const QSize largest = FraDir_->sizeHint().expandedTo(FraGra_->size());
+  backdrop_->setMinimumSize(largest - QSize(0, toPixels(kPanelAbove)));
+}
+
 void Vor_Kel::placeFirst() {
   backdrop_->setFixedSize(kClientArea);
+  // The status bar learns of the size of its panels by an event.
+  QCoreApplication::sendPostedEvents(statusBar(), QEvent::LayoutRequest);
   adjustSize();
-  backdrop_->setMinimumSize(0, 0);
+  keepButtonsReachable();
   backdrop_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
   const QRect area = screen()->availableGeometry();
   move(area.center() - rect().center());
@@ -125,11 +146,15 @@ void Vor_Kel::setMenuChecked(const std::string& control, bool checked) {
 
 void Vor_Kel::setMenuCaption(const std::string& control, const std::string& caption) {
   // What follows a tab would be shown as a shortcut.
-  actions_.at(control)->setText(fromWindowText(caption).replace('\t', ' '));
+  const QString whole = fromWindowText(caption).replace('\t', ' ');
+  QAction* entry = actions_.at(control);
+  entry->setText(shortenedCaption(whole, kLongestEntry));
+  entry->setToolTip(plainCaption(whole));
+  entry->setData(entry->text() != whole);
 }
 
 void Vor_Kel::setPanel(int panel, const std::string& text) {
-  panels_.at(static_cast<std::size_t>(panel) - 1)->setText(fromWindowText(text));
+  panels_.at(static_cast<std::size_t>(panel) - 1)->setName(fromWindowText(text));
 }
 
 void Vor_Kel::setCaption(const std::string& caption) {
@@ -193,6 +218,12 @@ void Vor_Kel::resizeEvent(QResizeEvent* event) {
   for (QFrame* open : {static_cast<QFrame*>(FraDir_), static_cast<QFrame*>(FraGra_)}) {
     if (open != nullptr && open->isVisible()) placePanel(open);
   }
+}
+
+bool Vor_Kel::event(QEvent* event) {
+  const bool turnedTo = event->type() == QEvent::WindowActivate || event->type() == QEvent::MouseButtonPress;
+  if (turnedTo && !holders_.empty() && turnedToWhileShut) turnedToWhileShut(holders_.back());
+  return QMainWindow::event(event);
 }
 
 void Vor_Kel::closeEvent(QCloseEvent* event) {

@@ -14,6 +14,7 @@
 #include "ui/qt/Breath.h"
 #include "ui/qt/FraDir.h"
 #include "ui/qt/FraGra.h"
+#include "ui/qt/NameLabel.h"
 
 namespace vk {
 
@@ -45,6 +46,8 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
   std::function<void(const std::string&)> command;
   /// The window is being closed: ends the program, or gives false and it stays.
   std::function<bool()> unload;
+  /// The user turns to the window while this form holds it shut.
+  std::function<void(Form)> turnedToWhileShut;
 
   void setMenuEnabled(const std::string& control, bool enabled) override;
   void setMenuVisible(const std::string& control, bool visible) override;
@@ -63,6 +66,7 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
   void syncPanel(Panel panel) override;
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
@@ -71,6 +75,8 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
   void addMenu(const Command& entry);
   void addEntry(const Command& entry);
   void buildStatusBar();
+  void explainShortened(QMenu* menu);
+  void keepButtonsReachable();
   QFrame* frame(Panel panel) const;
   void placePanel(QFrame* frame);
   void followHolders();
@@ -80,7 +86,7 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
   std::map<std::string, QAction*> actions_;  ///< by control name; of a menu, its own entry
   std::map<std::string, bool> menuEnabled_;  ///< as commands want it
   std::vector<Form> holders_;                ///< who holds the window shut
-  std::array<QLabel*, 5> panels_{};
+  std::array<NameLabel*, 5> panels_{};
   FraDir* FraDir_ = nullptr;
   FraGra* FraGra_ = nullptr;
 };

@@ -17,18 +17,28 @@ QRect screenArea(const QWidget* window) {
 
 }  // namespace
 
-QWidget* Windows::shown(Form form) const {
+QWidget* Windows::open(Form form) const {
   if (form == Form::kActivePlot) return activePlot_ ? activePlot_() : nullptr;
   const auto found = widgets_.find(form);
-  if (found == widgets_.end()) return nullptr;
-  QWidget* widget = found->second;
-  return widget->isVisible() && !widget->isMinimized() ? widget : nullptr;
+  return found != widgets_.end() && found->second->isVisible() ? found->second : nullptr;
+}
+
+QWidget* Windows::shown(Form form) const {
+  QWidget* window = open(form);
+  return window != nullptr && !window->isMinimized() ? window : nullptr;
 }
 
 QWidget* Windows::atWork(Form form) const {
   QWidget* window = shown(form);
   QWidget* editor = shown(Form::kEditor);
   return window != nullptr && !window->isEnabled() && editor != nullptr ? editor : window;
+}
+
+void Windows::toFront(Form form) const {
+  QWidget* window = open(form);
+  if (window == nullptr) return;
+  window->raise();
+  window->activateWindow();
 }
 
 Rect Windows::place(Form form) const {
@@ -50,12 +60,19 @@ Size Windows::screenSize(Form form) const {
   return toTwips(screenArea(shown(form)).size());
 }
 
+QWidget* Windows::above(const QWidget& window, Form owner) const {
+  // The errors of a figure are to stand above the figure and above the main window: such a window belongs to the
+  // whole program.
+  if (owner == Form::kActivePlot && !window.isModal()) return nullptr;
+  return open(owner) != nullptr ? open(owner)->window() : open(Form::kMain);
+}
+
 void Windows::settle(QWidget& window, Form owner, const Rect& place) const {
   window.winId();
-  const QWidget* above = shown(owner);
-  window.windowHandle()->setTransientParent(above != nullptr ? above->window()->windowHandle() : nullptr);
+  const QWidget* parent = above(window, owner);
+  window.windowHandle()->setTransientParent(parent != nullptr ? parent->windowHandle() : nullptr);
   const QRect wanted = toPixels(place);
-  const QSize room = screenArea(above).size() - wanted.size();
+  const QSize room = screenArea(shown(owner)).size() - wanted.size();
   // A window that is wider than its owner is not to lose the beginning of its lines.
   const QPoint corner(std::max(0, std::min(wanted.left(), room.width())),
                       std::max(0, std::min(wanted.top(), room.height())));

@@ -24,6 +24,11 @@ struct Filling {
 /// The lines of a hatch repeat every so many nominal pixels.
 inline constexpr int kHatchCell = 8;
 
+/// Areas without an outline get one of their own colour, so wide in twips, where they are shown smoothed: they
+/// touch one another, and the ground would shine through between two smoothed edges. It stays under a line that
+/// is drawn along them.
+inline constexpr double kTouchingOutline = kNominalTwipsPerPixel * 2 / 3;
+
 /// Lengths of the device's own line styles, pen down and up in turn, in widths of the pen; none for the styles
 /// without dashes.
 std::span<const int> dashesOf(int style);

@@ -1,5 +1,6 @@
 #include "gral/FloodPictures.h"
 
+#include "gral/FloodRims.h"
 #include "gral/TeeSink.h"
 
 namespace vk {
@@ -11,19 +12,39 @@ constexpr int kFinePixels = 4;
 /// Draws on a sink of vectors and on an image, which tells what a filling paints.
 class FloodPictures : public TeeSink {
  public:
-  FloodPictures(DrawingSink& sink, RasterSink& image) : TeeSink(sink, image), sink_(sink), image_(image) {}
+  FloodPictures(DrawingSink& sink, RasterSink& image, const FloodRims& rims)
+      : TeeSink(sink, image), sink_(sink), image_(image), rims_(rims) {}
 
+  void filling(const Filling& filling) override {
+    filling_ = filling;
+    TeeSink::filling(filling);
+  }
   void floodFill(const PixelPoint& start, Color limit) override {
-    double x = 0, y = 0;
-    const Picture painted = image_.floodPicture(start, limit, x, y);
-    if (painted.pixels.empty()) return;
+    comes();
+    const std::vector<RowSpan> area = image_.floodArea(start, limit);
     image_.floodFill(start, limit);
-    sink_.picture(painted, x, y);
+    send({filling_, area});
+  }
+
+ protected:
+  void comes() override {
+    const auto rims = rims_.find(drawn_++);
+    if (rims == rims_.end()) return;
+    for (const FloodRim& rim : rims->second) send(rim);
   }
 
  private:
+  void send(const FloodRim& area) {
+    double x = 0, y = 0;
+    const Picture painted = image_.pictureOf(area.pixels, area.filling, x, y);
+    if (!painted.pixels.empty()) sink_.picture(painted, x, y);
+  }
+
   DrawingSink& sink_;
   RasterSink& image_;
+  const FloodRims& rims_;
+  Filling filling_;
+  long drawn_ = 0;
 };
 
 }  // namespace
@@ -31,9 +52,10 @@ class FloodPictures : public TeeSink {
 void replayAsVectors(const DisplayList& list, DrawingSink& sink, GlyphSource& glyphs,
                      const DrawingUnits& units, const SheetSize& sheet) {
   if (!list.needsPixels()) return list.replay(sink);
+  const FloodRims rims = floodRims(list, glyphs, units, sheet, kFinePixels);
   RasterSink image(kFinePixels, glyphs, units.pixelRatio, units.penUnit);
   image.clear(sheet.width, sheet.height, kWhite);
-  FloodPictures both(sink, image);
+  FloodPictures both(sink, image, rims);
   list.replay(both);
 }
 

@@ -25,7 +25,6 @@ RasterSink::RasterSink(int ratio, GlyphSource& glyphs, double sourceRatio, doubl
       glyphs_(glyphs),
       nib_(ratio) {
   brush_.style = kFillTransparent;
-  brush_.cell = kHatchCell * ratio;
 }
 
 PixelPoint RasterSink::pixelAt(double x, double y) const {
@@ -59,8 +58,11 @@ void RasterSink::pen(const Pen& pen) {
 }
 
 void RasterSink::filling(const Filling& filling) {
-  brush_.color = Raster::pixelOf(filling.color);
-  brush_.style = filling.style;
+  brush_ = brushOf(filling);
+}
+
+Brush RasterSink::brushOf(const Filling& filling) const {
+  return {Raster::pixelOf(filling.color), filling.style, kHatchCell * ratio_};
 }
 
 void RasterSink::line(double x1, double y1, double x2, double y2) {
@@ -152,13 +154,17 @@ void RasterSink::strokeDashed(std::span<const PixelPoint> points, std::span<cons
 }
 
 void RasterSink::floodFill(const PixelPoint& start, Color limit) {
-  raster_.paint(raster_.areaAround(ownPixel(start), Raster::pixelOf(limit)), brush_);
+  raster_.paint(floodArea(start, limit), brush_);
 }
 
-Picture RasterSink::floodPicture(const PixelPoint& start, Color limit, double& x, double& y) const {
+std::vector<RowSpan> RasterSink::floodArea(const PixelPoint& start, Color limit) const {
+  return raster_.areaAround(ownPixel(start), Raster::pixelOf(limit));
+}
+
+Picture RasterSink::pictureOf(std::span<const RowSpan> area, const Filling& filling, double& x,
+                              double& y) const {
   PixelPoint corner;
-  Picture picture =
-      raster_.stencil(raster_.areaAround(ownPixel(start), Raster::pixelOf(limit)), brush_, corner);
+  Picture picture = raster_.stencil(area, brushOf(filling), corner);
   picture.twipsPerPixel = kNominalTwipsPerPixel / ratio_;
   // A point stands for the centre of its pixel.
   x = (corner.x - 0.5) * picture.twipsPerPixel;

@@ -26,9 +26,10 @@ class RasterSink : public DrawingSink {
 
   Raster& raster() { return raster_; }
   const Raster& raster() const { return raster_; }
-  /// What `floodFill` would paint, as a picture, and its top left corner in twips. The picture is empty where
-  /// it would paint nothing.
-  Picture floodPicture(const PixelPoint& start, Color limit, double& x, double& y) const;
+  /// The pixels that `floodFill` would paint; none where it would paint nothing.
+  std::vector<RowSpan> floodArea(const PixelPoint& start, Color limit) const;
+  /// These pixels, painted with a filling, as a picture, and its top left corner in twips.
+  Picture pictureOf(std::span<const RowSpan> area, const Filling& filling, double& x, double& y) const;
   /// What a refresh calls.
   std::function<void()> onRefresh;
 
@@ -49,6 +50,7 @@ class RasterSink : public DrawingSink {
   void refresh() override;
 
  private:
+  Brush brushOf(const Filling& filling) const;
   PixelPoint pixelAt(double x, double y) const;
   PixelPoint ownPixel(const PixelPoint& source) const;
   std::vector<PixelPoint> ownPixels(std::span<const PixelPoint> points) const;

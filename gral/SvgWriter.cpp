@@ -14,8 +14,8 @@ namespace {
 constexpr const char* kFontFamily = "Arial, 'Liberation Sans', Helvetica, sans-serif";
 /// A path of very many lines is slow to show; it is cut at about this length.
 constexpr std::size_t kLongPath = 20000;
-/// Areas without an outline touch one another: smoothed edges would let the ground shine through.
-constexpr const char* kTouching = " stroke=\"none\" shape-rendering=\"crispEdges\"";
+/// Areas without an outline touch one another. Some viewers need not smooth them.
+constexpr const char* kTouching = " shape-rendering=\"crispEdges\"";
 
 std::string number(double value) {
   constexpr double kHundredths = 100;
@@ -270,8 +270,15 @@ void SvgWriter::figure(std::span<const PixelPoint> points, bool fill, bool strok
   }
   // Surfaces consist of many areas without outlines: a group for each would be longer than the area.
   openGroup();
-  element("<path" + (groupFilling_ == filling_ ? "" : attribute("fill", paint())) + kTouching + outline +
-          "/>");
+  element("<path" + (groupFilling_ == filling_ ? "" : attribute("fill", paint())) + touchingOutline() +
+          kTouching + outline + "/>");
+}
+
+std::string SvgWriter::touchingOutline() const {
+  if (filling_.style != kFillSolid) return attribute("stroke", "none");
+  return attribute("stroke", colorText(filling_.color)) +
+         attribute("stroke-width", number(kTouchingOutline)) +
+         (dashesOf(pen_.style).empty() ? "" : attribute("stroke-dasharray", "none"));
 }
 
 void SvgWriter::text(const TextRun& run) {
@@ -306,7 +313,7 @@ void SvgWriter::picture(const Picture& picture, double x, double y) {
     path.clear();
   };
   for (const PictureBox& box : boxesOf(picture)) {
-    if (box.color != color || path.size() > kLongPath) flush();
+    if (box.color != color) flush();
     color = box.color;
     path += "M" + place(x + box.x * step, y + box.y * step) + "h" + number(box.width * step) + "v" +
             number(box.height * step) + "h-" + number(box.width * step) + "z";

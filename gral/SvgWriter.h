@@ -48,6 +48,7 @@ class SvgWriter : public DrawingSink {
   std::string place(const PixelPoint& point) const;
   std::string path(std::span<const PixelPoint> points) const;
   std::string paint();
+  std::string touchingOutline() const;
 
   double twipsPerPixel_;
   LetterMetrics& letters_;

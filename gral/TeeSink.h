@@ -4,7 +4,7 @@
 
 namespace vk {
 
-/// Draws the same on two sinks, the first one first.
+/// Draws the same on two sinks, the first one first, and tells of each primitive before.
 class TeeSink : public DrawingSink {
  public:
   TeeSink(DrawingSink& first, DrawingSink& second) : sinks_{&first, &second} {}
@@ -55,9 +55,13 @@ class TeeSink : public DrawingSink {
     each([](DrawingSink& sink) { sink.refresh(); });
   }
 
+ protected:
+  virtual void comes() {}
+
  private:
   template <class Call>
   void each(Call&& call) {
+    comes();
     for (DrawingSink* sink : sinks_) call(*sink);
   }
 

@@ -88,7 +88,8 @@ TEST_F(Svg, ShapesAreElements) {
             "<path fill=\"none\" d=\"M1 2L3 4L5 6L7 8\"/>\n"
             "<path fill=\"none\" d=\"M1 2C3 4 5 6 7 8\"/>\n"
             "<path d=\"M1 2L3 4L5 6L7 8Z\"/>\n"
-            "<path stroke=\"none\" shape-rendering=\"crispEdges\" d=\"M1 2L3 4L5 6L7 8Z\"/>\n"
+            "<path stroke=\"#ffffff\" stroke-width=\"10\" shape-rendering=\"crispEdges\" d=\"M1 2L3 4L5 6L7 "
+            "8Z\"/>\n"
             "<path fill=\"none\" d=\"M1 2L3 4L5 6L7 8\"/>\n</g>\n");
 }
 
@@ -186,13 +187,42 @@ TEST_F(Svg, AreasOfOtherColoursStayInTheirGroup) {
   writer.figure(points, false, true);
   writer.figure(points, true, true);
   const std::string area = "d=\"M0 0L3 0L3 4Z\"/>\n";
-  EXPECT_EQ(body(),
-            "<g stroke=\"#000000\" stroke-width=\"15\" fill=\"#ff0000\">\n"
-            "<path stroke=\"none\" shape-rendering=\"crispEdges\" " +
-                area + "<path fill=\"#00ff00\" stroke=\"none\" shape-rendering=\"crispEdges\" " + area +
-                "<path fill=\"none\" d=\"M0 0L3 0L3 4\"/>\n</g>\n"
-                "<g stroke=\"#000000\" stroke-width=\"15\" fill=\"#00ff00\">\n<path " +
-                area + "</g>\n");
+  EXPECT_EQ(
+      body(),
+      "<g stroke=\"#000000\" stroke-width=\"15\" fill=\"#ff0000\">\n"
+      "<path stroke=\"#ff0000\" stroke-width=\"10\" shape-rendering=\"crispEdges\" " +
+          area +
+          "<path fill=\"#00ff00\" stroke=\"#00ff00\" stroke-width=\"10\" shape-rendering=\"crispEdges\" " +
+          area +
+          "<path fill=\"none\" d=\"M0 0L3 0L3 4\"/>\n</g>\n"
+          "<g stroke=\"#000000\" stroke-width=\"15\" fill=\"#00ff00\">\n<path " +
+          area + "</g>\n");
+}
+
+TEST_F(Svg, AreasWithoutAnOutlineCoverTheirEdgesWhateverThePen) {
+  const PixelPoint points[] = {{0, 0}, {3, 0}, {3, 4}};
+  writer.pen({kBlack, 4, kDrawDash});
+  writer.filling({0x0000FF, kFillSolid});
+  writer.figure(points, true, false);
+  EXPECT_NE(body().find("<path stroke=\"#ff0000\" stroke-width=\"10\" stroke-dasharray=\"none\" "),
+            std::string::npos);
+}
+
+TEST_F(Svg, HatchedAreasWithoutAnOutlineHaveNone) {
+  const PixelPoint points[] = {{0, 0}, {3, 0}, {3, 4}};
+  writer.pen({});
+  writer.filling({0x0000FF, kFillCross});
+  writer.figure(points, true, false);
+  EXPECT_NE(body().find("<path stroke=\"none\" shape-rendering"), std::string::npos);
+}
+
+TEST_F(Svg, PictureOfOneColourIsOnePathHoweverLong) {
+  Picture picture{200, 200, 15, {}};
+  for (int i = 0; i < 200 * 200; ++i) picture.pixels.push_back((i / 200 + i) % 2 == 0 ? 0xFF0000FF : 0);
+  writer.picture(picture, 0, 0);
+  const std::string text = body();
+  EXPECT_GT(text.size(), 200000U);
+  EXPECT_EQ(text.find("<path", text.find("<path") + 1), std::string::npos);
 }
 
 TEST_F(Svg, PicturesLeaveMissingPixelsAndJoinRowsThatAreAlike) {

@@ -173,7 +173,12 @@ void PainterSink::figure(std::span<const PixelPoint> points, bool fill, bool str
   QPainterPath outline = path(points);
   if (!fill) return stroke(outline);
   outline.closeSubpath();
-  drawArea(outline, strokeToo ? pen_ : QPen(Qt::NoPen));
+  drawArea(outline, strokeToo ? pen_ : touchingOutline());
+}
+
+QPen PainterSink::touchingOutline() const {
+  if (filling_.style != kFillSolid) return QPen(Qt::NoPen);
+  return QPen(colorOf(filling_.color), kTouchingOutline, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
 }
 
 void PainterSink::text(const TextRun& run) {

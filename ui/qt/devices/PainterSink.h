@@ -43,6 +43,7 @@ class PainterSink : public DrawingSink {
   QPointF place(const PixelPoint& point) const;
   QPainterPath path(std::span<const PixelPoint> points) const;
   void stroke(const QPainterPath& path);
+  QPen touchingOutline() const;
   void drawArea(const QPainterPath& path, const QPen& outline);
 
   QPainter& painter_;

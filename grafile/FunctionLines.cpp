@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -27,8 +26,9 @@ bool readBack(const ParameterSet& par, Array<double>& values) {
   for (int i = 1; i <= par.ParCount; ++i) {
     const std::string text = trim(FormatMask(par.ParValues[i], kParameterMask));
     const double told = scanNumber(text);
-    if (!isNumeric(text) || std::abs(told) > std::numeric_limits<float>::max()) return false;
-    values[i] = scanNumber(generalText(static_cast<float>(told)));
+    const float single = static_cast<float>(told);
+    if (!isNumeric(text) || !std::isfinite(single)) return false;
+    values[i] = scanNumber(generalText(single));
   }
   return true;
 }

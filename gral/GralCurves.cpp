@@ -117,7 +117,8 @@ void GralCls::drawXBar(const PlotPoint& x, const PlotPoint& y) {
 void GralCls::PlotData(const Array<double>& Xpnt, const Array<double>& ErrXpnt, const Array<double>& Ypnt,
                        const Array<double>& ErrYpnt, int NumPnt, bool kXpntErr, bool iXLog, bool iYLog) {
   // On a logarithmic axis a bar that goes through zero has no end.
-  const double lowestX = std::min(XlUsr, XrUsr), lowestY = std::min(YbUsr, YtUsr);
+  const auto lowestX = static_cast<double>(std::min(XlUsr, XrUsr));
+  const auto lowestY = static_cast<double>(std::min(YbUsr, YtUsr));
   for (int k = 1; k <= NumPnt; ++k) {
     const PlotPoint x = plotPoint(Xpnt[k], kXpntErr ? ErrXpnt[k] : 0, kXpntErr, iXLog, lowestX);
     const PlotPoint y = plotPoint(Ypnt[k], ErrYpnt[k], true, iYLog, lowestY);

@@ -19,7 +19,7 @@ inline bool needsDoubles(double from, double to) {
 
 /// The nearest single, at most the largest one.
 inline float clampedSingle(double value) {
-  constexpr double kMost = std::numeric_limits<float>::max();
+  constexpr auto kMost = static_cast<double>(std::numeric_limits<float>::max());
   return static_cast<float>(std::clamp(value, -kMost, kMost));
 }
 

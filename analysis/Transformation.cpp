@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "analysis/FormDescription.h"
+#include "base/Guard.h"
 #include "base/Text.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
@@ -46,6 +47,21 @@ void describeFields(InputTables& form, const DataSet& data) {
   if (data.kXpntErr) addField(form, 5, "dx", "dx", kFormulaKind);
   addField(form, count, "dy", "dy", kFormulaKind);
 }
+
+/// The formula fields compile into the session's one area for models; however the form is left, the model
+/// function has it back.
+class ModelComesBack {
+ public:
+  explicit ModelComesBack(Session& session) : session_(session) {}
+  ~ModelComesBack() {
+    guard([this] { restoreModel(session_); });
+  }
+  ModelComesBack(const ModelComesBack&) = delete;
+  ModelComesBack& operator=(const ModelComesBack&) = delete;
+
+ private:
+  Session& session_;
+};
 
 // ---- The columns -------------------------------------------------------------------------------------------
 
@@ -156,6 +172,7 @@ void MenDatTra(Session& session, InputForm& form) {
   describeTexts(tables, {{1, kTextColumn, "File Dati"}, {2, kTextColumn, FileBaseName(session.DataFile)}});
   tables.InpAction = kTransformData;
   tables.caption = "VOR_KEL: Trasformazione Dati";
+  const ModelComesBack back(session);
   form.InpShow(tables, Form::kMain);
 }
 

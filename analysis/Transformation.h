@@ -9,7 +9,8 @@
 namespace vk {
 
 /// Command: shows the form with a title for each axis and a formula for each column. Leaving a formula's field
-/// compiles it into the session's compiled model, which stays so when the user gives up.
+/// compiles it into the session's compiled model, which is that of the model function again afterwards, whether
+/// the user runs the transformation or gives up.
 void MenDatTra(Session& session, InputForm& form);
 
 /// The action of the form's "&Esegui": replaces titles and columns by what its fields say. All formulas see the

@@ -240,7 +240,7 @@ TEST_F(TransformationTest, AFunctionOfTheCatalogueEvaluatesAsBefore) {
   EXPECT_EQ(session.par.ParNames, names);
 }
 
-TEST_F(TransformationTest, GivingUpLeavesTheDataAndTheFormulaThatWasCompiledLast) {
+TEST_F(TransformationTest, GivingUpLeavesTheDataAndGivesTheModelItsPlaceBack) {
   load("p,q", "p*x^2+q");
   set(1, 3, 1);
   set(2, 0.5, 1);
@@ -250,7 +250,23 @@ TEST_F(TransformationTest, GivingUpLeavesTheDataAndTheFormulaThatWasCompiledLast
   EXPECT_EQ(session.ErrFlag, kTrue);
   EXPECT_THAT(column(session.data.Xpnt), ElementsAre(1, 2, 3));
   EXPECT_EQ(session.data.TitleX, "tempo");
-  EXPECT_EQ(EvaluateFunction(session, dialogs, 2), 20);
+  EXPECT_EQ(EvaluateFunction(session, dialogs, 2), 12.5);
+}
+
+TEST_F(TransformationTest, AFormThatFailsGivesTheModelItsPlaceBackToo) {
+  struct : InputForm {
+    std::function<void()> validate;
+    void InpShow(InputTables&, Form) override {
+      validate();
+      throw RuntimeError(kOverflow);
+    }
+  } failing;
+  load("p,q", "p*x^2+q");
+  set(1, 3, 1);
+  set(2, 0.5, 1);
+  failing.validate = [this] { validate("x*10"); };
+  EXPECT_THROW(MenDatTra(session, failing), RuntimeError);
+  EXPECT_EQ(EvaluateFunction(session, dialogs, 2), 12.5);
 }
 
 TEST_F(TransformationTest, ALoadedModelThatWasCompiledOverNeverBreaksWhatUsesIt) {

@@ -131,6 +131,25 @@ TEST_F(AnalysisRoadTest, SimulatedDataAreFittedAtOnce) {
   EXPECT_EQ(folder.count(), 0) << "nothing is written";
 }
 
+TEST_F(AnalysisRoadTest, AfterATransformationThatWasGivenUpTheLoadedFunctionIsFitted) {
+  readData(folder.make("retta.dat", lineData()));
+  user.choose("MenFunLet");
+  user.file(QString::fromStdString(folder.make("f.fcn", "p,q\r\np*x+q\r\nretta\r\n")));
+  user.choose("MenFunCar");
+  user.press("Loa_Fun", "CmdAcc");
+  chooseFunction(0, 5);
+  user.choose("MenAdaPar");
+  fillForm({"1", "0", "1", "1"});
+  user.choose("MenDatTra");
+  enterFields({"x", "y", "x*100", "y"});
+  user.press("InpFrm", "cmdRin");
+  user.choose("MenAdaAda");
+  act();
+  EXPECT_THAT(report(), HasSubstr("Completata"));
+  EXPECT_NEAR(session().par.ParValues[1], 2, 0.01);
+  EXPECT_NEAR(session().par.ParValues[2], 1, 0.05);
+}
+
 TEST_F(AnalysisRoadTest, ColumnsAreTransformedSavedAndReadBack) {
   readData(folder.make("tre.dat", "t\r\ns\r\n3\r\n1 4 .1\r\n2 5 .2\r\n3 6 .3\r\n"));
   user.choose("MenDatTra");

@@ -12,7 +12,7 @@ void Desktop::start() {
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
 }
 
-void Desktop::fillForm(const std::vector<QString>& fields) {
+void Desktop::enterFields(const std::vector<QString>& fields) {
   for (const QString& text : fields) {
     user.at("InpFrm", [text](QWidget* form) {
       auto* box = control<QLineEdit>(form, "txtGet");
@@ -21,6 +21,10 @@ void Desktop::fillForm(const std::vector<QString>& fields) {
       QTest::keyClick(box, Qt::Key_Return);
     });
   }
+}
+
+void Desktop::fillForm(const std::vector<QString>& fields) {
+  enterFields(fields);
   user.press("InpFrm", "cmdEse");
 }
 

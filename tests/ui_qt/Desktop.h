@@ -37,7 +37,9 @@ class Desktop : public testing::Test {
   void start();
   /// Runs the steps that the user has been given.
   void act() { user.finish(); }
-  /// Enters the texts of the input form field by field and presses "&Esegui".
+  /// Enters the texts of the input form field by field.
+  void enterFields(const std::vector<QString>& fields);
+  /// The same, and presses "&Esegui".
   void fillForm(const std::vector<QString>& fields);
   /// Chooses f and g by their places in the lists, from 0.
   void chooseFunction(int outer, int inner);

@@ -106,8 +106,10 @@ bool Fit::complete() {
   const FitProgress atEnd = figures(minimum_.iterations, minimum_.FS, par.FreeValues);
   const bool unreliable = minimum_.TooCoarse != 0;
   result_.status = unreliable ? FitStatus::kUnreliable : FitStatus::kCompleted;
-  result_.reduced_chi_square = atEnd.reducedChiSquare;
-  result_.confidence_percent = atEnd.confidence;
+  if (atEnd.degreesOfFreedom > 0) {
+    result_.reduced_chi_square = atEnd.reducedChiSquare;
+    result_.confidence_percent = atEnd.confidence;
+  }
   result_.correlation = minimum_.correlation;
   const bool last = session_.data.kXpntErr == 0;
   observer_.finished({atEnd, minimum_.errors, minimum_.correlation, last, unreliable});
@@ -141,8 +143,8 @@ FitProgress Fit::figures(int iteration, double sum, const Array<double>& X) {
                   .confidence = {},
                   .X = X};
   guard(session_.ErrFlag, [&] { now.reducedChiSquare = checked::divide(sum, freedom); });
-  guard(session_.ErrFlag,
-        [&] { now.confidence = 100 * UpperGamma(session_, dialogs_, freedom / 2.0, sum / 2); });
+  if (freedom < 1) now.confidence = 0;
+  guard(session_.ErrFlag, [&] { now.confidence = 100 * fullUpperGamma(freedom / 2.0, sum / 2); });
   return now;
 }
 

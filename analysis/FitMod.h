@@ -65,7 +65,7 @@ struct FitResult {
   int N = 0;           ///< free parameters
   double chi_square = 0;
   int degrees_of_freedom = 0;
-  std::optional<double> reduced_chi_square;
+  std::optional<double> reduced_chi_square;  ///< missing, as the next one, where no degree of freedom is left
   std::optional<double> confidence_percent;
   int iterations = 0;   ///< of the last pass
   int evaluations = 0;  ///< residual computations of all passes of both fits

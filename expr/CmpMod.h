@@ -80,13 +80,16 @@ double BetaFraction(Session& session, double a, double b, double x);
 /// Regularised incomplete beta function I_x(a,b); x outside 0..1 sets `ErrFlag` and gives 0.
 double IncompleteBeta(Session& session, double a, double b, double x);
 /// Lower regularised incomplete gamma by its series; `gln` gets ln(gamma(a)). When 100 terms do not suffice, a
-/// box comes, `ErrFlag` is set and 0 is given.
+/// box comes, the first time in a command, `ErrFlag` is set and 0 is given.
 double GammaSeries(Session& session, Dialogs& dialogs, double a, double x, double& gln);
 /// Upper regularised incomplete gamma by its continued fraction. When 100 terms do not suffice, the same box
 /// comes, `ErrFlag` is set and what was reached is given.
 double GammaFraction(Session& session, Dialogs& dialogs, double a, double x, double& gln);
 /// Regularised upper incomplete gamma Q(a,x); x < 0 or a <= 0 sets `ErrFlag` and gives 0.
 double UpperGamma(Session& session, Dialogs& dialogs, double a, double x);
+/// The same with as many terms as it takes, and the same bits where 100 suffice. x < 0 or a <= 0 is run-time
+/// error 5.
+double fullUpperGamma(double a, double x);
 /// Complementary error function, Abramowitz and Stegun 7.1.26; absolute accuracy 1.5E-7.
 double ComplementaryError(double x);
 /// A normal deviate of mean 0 and width 1, polar Box-Muller. The caller starts the flag at 0 and passes the

@@ -5,14 +5,6 @@
 #include "expr/Distributions.h"
 
 namespace vk {
-namespace {
-
-/// Functions whose kernels tell the user of their failure; each point must have its own box.
-bool mayShowBox(int opcode) {
-  return opcode == kOpPoissonCumulative || opcode == kOpChiSquareCumulative;
-}
-
-}  // namespace
 
 ColumnMachine::ColumnMachine(const CompiledExpression& compiled, int varying)
     : compiled_(compiled), varying_(varying) {
@@ -50,8 +42,7 @@ bool ColumnMachine::canRun(const Instruction& instruction) const {
     if (argumentSlot(compiled_.Code, instruction, i) > last) return false;
   }
   const Operation& operation = operationOf(instruction.opcode);
-  return operation.kind != OpKind::kStatistic ||
-         (instruction.count >= operation.arity && !mayShowBox(instruction.opcode));
+  return operation.kind != OpKind::kStatistic || instruction.count >= operation.arity;
 }
 
 bool ColumnMachine::run(Session& session, Dialogs& dialogs, std::span<const double* const> columns,

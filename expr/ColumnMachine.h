@@ -54,7 +54,7 @@ class ColumnMachine {
   ColumnMachine(const CompiledExpression& compiled, int varying);
 
   /// False for code that must be run point by point: it reaches for slots, values or arguments that it does
-  /// not have, uses the arguments of an earlier instruction, or may show a box at each point.
+  /// not have, or uses the arguments of an earlier instruction.
   bool usable() const { return usable_; }
 
   /// Runs at `count` points, at most `kBlockPoints`; false when a statement failed at any of them.

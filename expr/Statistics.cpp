@@ -1,4 +1,6 @@
 #include <array>
+#include <limits>
+#include <optional>
 
 #include "expr/CheckedNumber.h"
 #include "expr/CmpMod.h"
@@ -64,24 +66,19 @@ Number betaFraction(Session& session, Number a, Number b, Number x) {
   return h;
 }
 
-void tellExhausted(Session& session, Dialogs& dialogs) {
-  dialogs.plainBox("D_X2", "Errori nel Calcolo della Funzione");
-  session.ErrFlag = kTrue;
-}
-
-Number gammaSeries(Session& session, Dialogs& dialogs, Number a, Number x, Number gln) {
+/// The lower function by its series; nothing when `mostTerms` do not suffice.
+std::optional<Number> gammaSeries(Number a, Number x, Number gln, int mostTerms) {
   if (x <= 0) return 0;
   Number ap = a;
   Number sum = 1 / a;
   Number term = sum;
-  for (int n = 1; n <= kMostTerms; ++n) {
+  for (int n = 1; n <= mostTerms; ++n) {
     ap = ap + 1;
     term = term * x / ap;
     sum = sum + term;
     if (abs(term) < abs(sum) * kEps) return sum * exp(-x + a * log(x) - gln);
   }
-  tellExhausted(session, dialogs);
-  return 0;
+  return std::nullopt;
 }
 
 /// The convergents of the fraction, rescaled by `fac` so that they stay in range.
@@ -97,21 +94,41 @@ struct Convergents {
   }
 };
 
-/// The fraction without its factor in front.
-Number gammaConvergent(Session& session, Dialogs& dialogs, Number a, Number x) {
+/// The fraction without its factor in front, and whether `mostTerms` have not sufficed.
+struct GammaConvergent {
+  Number g;
+  bool exhausted;
+};
+
+GammaConvergent gammaConvergent(Number a, Number x, int mostTerms) {
   Convergents c{.a1 = x};
   Number g = 0;
   Number before = 0;
-  for (int n = 1; n <= kMostTerms; ++n) {
+  for (int n = 1; n <= mostTerms; ++n) {
     c.next(n, a, x);
     if (c.a1 == 0) continue;
     c.fac = 1 / c.a1;
     g = c.b1 * c.fac;
-    if (abs((g - before) / g) < kEps) return g;
+    if (abs((g - before) / g) < kEps) return {g, false};
     before = g;
   }
-  tellExhausted(session, dialogs);
-  return g;
+  return {g, true};
+}
+
+Number withGammaFactor(Number g, Number a, Number x, Number gln) {
+  return g * exp(-x + a * log(x) - gln);
+}
+
+/// Below this the series is the quicker way, from it on the fraction.
+bool takesSeries(Number a, Number x) {
+  return x < a + 1;
+}
+
+/// One command asks for the function at thousands of points: it is told of it once.
+void tellExhausted(Session& session, Dialogs& dialogs) {
+  if (session.GammaTold == kFalse) dialogs.plainBox("D_X2", "Errori nel Calcolo della Funzione");
+  session.GammaTold = kTrue;
+  session.ErrFlag = kTrue;
 }
 
 }  // namespace
@@ -140,13 +157,16 @@ double IncompleteBeta(Session& session, double a0, double b0, double x0) {
 
 double GammaSeries(Session& session, Dialogs& dialogs, double a, double x, double& gln) {
   gln = LnGamma(a);
-  return gammaSeries(session, dialogs, a, x, gln).value();
+  const std::optional<Number> sum = gammaSeries(a, x, gln, kMostTerms);
+  if (!sum) tellExhausted(session, dialogs);
+  return sum ? sum->value() : 0;
 }
 
 double GammaFraction(Session& session, Dialogs& dialogs, double a, double x, double& gln) {
   gln = LnGamma(a);
-  const Number g = gammaConvergent(session, dialogs, a, x);
-  return (g * exp(-Number(x) + a * log(Number(x)) - gln)).value();
+  const GammaConvergent reached = gammaConvergent(a, x, kMostTerms);
+  if (reached.exhausted) tellExhausted(session, dialogs);
+  return withGammaFactor(reached.g, a, x, gln).value();
 }
 
 double UpperGamma(Session& session, Dialogs& dialogs, double a, double x) {
@@ -155,8 +175,16 @@ double UpperGamma(Session& session, Dialogs& dialogs, double a, double x) {
     return 0;
   }
   double gln = 0;
-  if (x < (Number(a) + 1).value()) return (1 - Number(GammaSeries(session, dialogs, a, x, gln))).value();
+  if (takesSeries(a, x)) return (1 - Number(GammaSeries(session, dialogs, a, x, gln))).value();
   return GammaFraction(session, dialogs, a, x, gln);
+}
+
+double fullUpperGamma(double a, double x) {
+  if (x < 0 || a <= 0) throw RuntimeError(kInvalidCall);
+  constexpr int kNoLimit = std::numeric_limits<int>::max();
+  const Number gln = lnGamma(a);
+  if (takesSeries(a, x)) return (1 - gammaSeries(a, x, gln, kNoLimit).value()).value();
+  return withGammaFactor(gammaConvergent(a, x, kNoLimit).g, a, x, gln).value();
 }
 
 double ComplementaryError(double x) {

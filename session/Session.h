@@ -101,6 +101,7 @@ struct Session {
   std::string TraceText;  ///< the report, lines ended by CR LF
   Flag FitRunning;
   Flag PropagationMode;
+  Flag GammaTold;  ///< the running command has had the box on a gamma function that does not converge
   InputTables input;
   SimulationSettings sim;
   Flag SimFirstTime = kTrue;

@@ -111,6 +111,7 @@ void MainMod::run(std::string_view control) {
     const FlagFor running(running_, kTrue);
     const Handler* handler = findHandler(control);
     if (handler == nullptr || panels_.isOpen()) return;
+    session_.GammaTold = kFalse;
     if (handler->recent != nullptr) {
       (this->*handler->recent)(control.at(control.find('(') + 1) - '0');
     } else if (handler->figure != nullptr) {

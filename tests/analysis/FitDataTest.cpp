@@ -213,25 +213,42 @@ TEST(FitData, RunsWithoutDegreesOfFreedom) {
   EXPECT_NEAR(fit.value(2), 1, 1E-6);
   EXPECT_EQ(result.degrees_of_freedom, 0);
   EXPECT_FALSE(result.reduced_chi_square.has_value());
-  EXPECT_EQ(result.confidence_percent, 0);  // a figure without meaning
+  EXPECT_FALSE(result.confidence_percent.has_value());
+  EXPECT_EQ(fit.log.progresses.back().confidence, 0) << "shown, without meaning";
   EXPECT_EQ(fit.session.ErrFlag, -1);
 }
 
-TEST(FitData, ShowsTheBoxOfTheGammaFunctionForManyPoints) {
-  const int points = 900;
+TEST(FitData, HasTheConfidenceOfThousandsOfPointsWithoutABox) {
+  const int points = 2000;
   FitCase fit("c", "c");
   Values x, y;
   for (int j = 0; j < points; ++j) {
     x.push_back(j);
     y.push_back(j % 2 == 0 ? 1 : -1);
   }
-  fit.data(x, y, Values(points, 1));
+  // A chi-square of 0.988 for each of the 1999 degrees of freedom.
+  fit.data(x, y, Values(points, std::sqrt(2000 / (0.988 * 1999))));
   fit.start({0.25});
-  for (int k = 0; k < 2; ++k) fit.dialogs.expectBox();
   fit.session.par.FreeSteps[1] = 1E-3;
   const FitResult result = fit.fit();
-  EXPECT_EQ(fit.dialogs.boxes[0], (ScriptedDialogs::Box{"D_X2", "Errori nel Calcolo della Funzione"}));
   EXPECT_EQ(result.status, FitStatus::kCompleted);
+  EXPECT_NEAR(*result.reduced_chi_square, 0.988, 1E-9);
+  // The tail of the chi-square distribution, by Wilson and Hilferty.
+  const double z = (std::cbrt(0.988) - (1 - 2 / (9 * 1999.0))) / std::sqrt(2 / (9 * 1999.0));
+  EXPECT_NEAR(*result.confidence_percent, 50 * std::erfc(z / std::sqrt(2)), 0.01);
+  EXPECT_EQ(fit.session.ErrFlag, 0);
+  ASSERT_FALSE(fit.log.progresses.empty());
+  EXPECT_TRUE(fit.log.progresses[0].confidence.has_value()) << "the running figure too";
+}
+
+TEST(FitData, ShowsTheBoxOfTheGammaFunctionInTheModelOnce) {
+  FitCase fit("c*x+0*C_X2(800,800)", "c");
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1.5});
+  fit.dialogs.expectBox();
+  fit.fit();
+  EXPECT_EQ(fit.dialogs.boxes,
+            (std::vector<ScriptedDialogs::Box>{{"D_X2", "Errori nel Calcolo della Funzione"}}));
 }
 
 // ---- Failures ----------------------------------------------------------------------------------------------

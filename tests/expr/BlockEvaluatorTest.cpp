@@ -73,6 +73,7 @@ Outcome codeInBlocks(CompiledExpression compiled, const Columns& columns) {
 
 Outcome functionPointByPoint(Session& session, const std::vector<double>& x) {
   CountingDialogs dialogs;
+  session.GammaTold = kFalse;
   Outcome outcome;
   for (const double point : x) {
     outcome.values.push_back(EvaluateFunction(session, dialogs, point));
@@ -85,6 +86,7 @@ Outcome functionPointByPoint(Session& session, const std::vector<double>& x) {
 
 Outcome functionInBlocks(Session& session, const std::vector<double>& x) {
   CountingDialogs dialogs;
+  session.GammaTold = kFalse;
   session.ErrFlag = 7;
   Outcome outcome;
   outcome.values.resize(x.size());

@@ -115,6 +115,53 @@ TEST(GammaFraction, ShowsTheSameBoxAndGivesItsResultAllTheSame) {
   EXPECT_EQ(k.dialogs.boxes, std::vector{kExhausted});
 }
 
+TEST(GammaSeriesAndFraction, ShowTheirBoxOnceInACommand) {
+  double gln = 0;
+  Kernels k(1);
+  GammaSeries(k.session, k.dialogs, 400, 400, gln);
+  k.session.ErrFlag = 0;
+  GammaFraction(k.session, k.dialogs, 0.5, 0.01, gln);
+  EXPECT_EQ(k.session.ErrFlag, -1) << "told by the flag all the same";
+  k.session.GammaTold = kFalse;  // the next command
+  k.dialogs.expectBox();
+  GammaSeries(k.session, k.dialogs, 400, 400, gln);
+  EXPECT_EQ(k.dialogs.boxes, std::vector(2, kExhausted));
+}
+
+TEST(FullUpperGamma, HasTheSameBitsWhereAHundredTermsSuffice) {
+  for (const double a : {0.5, 1.0, 2.5, 40.0, 300.0, 2000.0}) {
+    for (const double part : {0.0, 0.3, 0.9, 0.99, 1.0, 1.001, 1.1, 2.0, 5.0}) {
+      struct : ScriptedDialogs {
+        void plainBox(const std::string&, const std::string&) override {}
+      } patient;
+      Session session;
+      const double limited = UpperGamma(session, patient, a, part * a);
+      if (session.ErrFlag != 0) continue;
+      EXPECT_EQ(fullUpperGamma(a, part * a), limited) << a << ' ' << part;
+    }
+  }
+}
+
+TEST(FullUpperGamma, TakesAsManyTermsAsItNeeds) {
+  // Half of the chi-square distribution with many degrees of freedom lies below its median, a - 1/3 nearly.
+  for (const double a : {400.0, 1000.0, 16383.5}) {
+    EXPECT_NEAR(fullUpperGamma(a, a - 1 / 3.0), 0.5, 3E-5) << a;
+    EXPECT_NEAR(fullUpperGamma(a, a + 1), 0.5 - 4 / 3.0 / std::sqrt(2 * 3.14159265 * a), 1E-4) << a;
+    EXPECT_NEAR(fullUpperGamma(a, a / 2), 1, 1E-6) << a;
+    EXPECT_NEAR(fullUpperGamma(a, 2 * a), 0, 1E-6) << a;
+  }
+  EXPECT_NEAR(fullUpperGamma(0.5, 1.5), std::erfc(std::sqrt(1.5)), kKernelAccuracy);
+}
+
+TEST(FullUpperGamma, EndsForAnyNumbers) {
+  EXPECT_EQ(fullUpperGamma(0.5, 1E100), 0);
+  EXPECT_EQ(fullUpperGamma(1E12, 1), 1);
+  EXPECT_EQ(errorOf([] { fullUpperGamma(0.5, 1E300); }), kOverflow);
+  EXPECT_EQ(errorOf([] { fullUpperGamma(1, -1); }), kInvalidCall);
+  EXPECT_EQ(errorOf([] { fullUpperGamma(0, 1); }), kInvalidCall);
+  EXPECT_EQ(errorOf([] { fullUpperGamma(-0.5, 1); }), kInvalidCall);
+}
+
 TEST(ComplementaryError, QUIRK_IsNotQuiteOneAtZero) {
   EXPECT_NEAR(ComplementaryError(0), 0.999999999, 1e-15);
 }

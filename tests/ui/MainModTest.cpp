@@ -455,6 +455,17 @@ TEST_F(MainModTest, DataAreTransformed) {
   EXPECT_EQ(session.data.Xpnt[3], 4);
 }
 
+TEST_F(MainModTest, EachCommandTellsOnceOfAGammaFunctionThatDoesNotConverge) {
+  start();
+  readData();
+  for (int command = 1; command <= 2; ++command) {
+    input.execute({"x", "y", "x+0*C_X2(800,800)", "y+0*C_P(400,401)", "dy"});
+    dialogs.expectBox();
+    mainMod.run("MenDatTra");
+    expectBox("D_X2", "Errori nel Calcolo della Funzione");
+  }
+}
+
 TEST_F(MainModTest, DataAreSimulatedAndFittedUnderTheFlagOfTheFit) {
   start();
   chooseLine();

@@ -24,6 +24,8 @@ const char* failureReason(MinimiseEnd end) {
       return "il residuo dell'ultimo punto NON e` calcolabile";
     case MinimiseEnd::kIndistinguishable:
       return "gli effetti dei parametri variabili NON sono distinguibili";
+    case MinimiseEnd::kErrorsNotFinite:
+      return "errori non finiti";
     case MinimiseEnd::kCompleted:
       break;
   }

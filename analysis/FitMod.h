@@ -78,7 +78,8 @@ struct FitResult {
 ///
 /// Data with errors in x are fitted twice, the second time with effective errors by the slope of the first
 /// solution, which stay in `ErrEff`. The main window is shut while it runs. After a failure `ErrFlag` is set;
-/// `ParValues` then holds the values tried last, or those from before the fit when a parameter had no effect.
+/// `ParValues` then holds the values tried last, or those from before the fit when a parameter had no effect, and
+/// `ParDeltas` what it held: errors that are not finite are such a failure.
 FitResult FitData(Session& session, Dialogs& dialogs, MainWindow& window, Clock& clock,
                   FitObserver& observer);
 

@@ -57,6 +57,7 @@ MinimiseResult Minimiser::run() {
     if (!findFirstDirections() || !iterate() || !findErrors()) break;
     if (!lowerCoarseAccuracies() || repeats == kMostRepeats) break;
   }
+  if (result_.end == MinimiseEnd::kCompleted && !errorsAreFinite()) fail(MinimiseEnd::kErrorsNotFinite);
   result_.FS = FS;
   return result_;
 }
@@ -75,7 +76,8 @@ MinimiseResult Minimise(Residuals& residuals, Int16 M, Int16 N, Array<double>& F
                         Array<double>& E, const MinimiseOptions& options, MinimiseWork& W, Int16& errFlag,
                         MinimiseObserver& observer) {
   const MinimiseResult result = Minimiser(residuals, M, N, F, X, E, options, W, observer).run();
-  if (result.end == MinimiseEnd::kNoEffect || result.end == MinimiseEnd::kIndistinguishable) errFlag = kTrue;
+  const bool hasItsOwnFlag = result.end == MinimiseEnd::kResidualsFailed;
+  if (result.end != MinimiseEnd::kCompleted && !hasItsOwnFlag) errFlag = kTrue;
   return result;
 }
 

@@ -53,6 +53,7 @@ enum class MinimiseEnd {
   kNoEffect,           ///< a parameter does not change the residuals; error flag -1
   kResidualsFailed,    ///< the residuals could not be computed; the error flag is as they left it
   kIndistinguishable,  ///< parameters whose effects cannot be told apart; error flag -1
+  kErrorsNotFinite,    ///< the errors of the last pass are no numbers to show; error flag -1
 };
 
 /// What came of a minimisation; after a failure only the figures up to it.

@@ -1,4 +1,5 @@
 // Stage 3 of a minimisation: errors and correlations from the directions.
+#include <algorithm>
 #include <cmath>
 
 #include "analysis/Minimiser.h"
@@ -18,6 +19,12 @@ bool Minimiser::findErrors() {
     }
   }
   return true;
+}
+
+// The displacements of a fit that runs away overflow in their squares.
+bool Minimiser::errorsAreFinite() const {
+  const auto errors = result_.errors.span(1, result_.errors.upper());
+  return std::ranges::all_of(errors, [](double error) { return std::isfinite(error); });
 }
 
 // Where the accuracy asked for is coarse against the error found, a tenth of the error is asked for instead.

@@ -35,6 +35,7 @@ class Minimiser {
   void addDirection(double FB);
 
   // Stage 3.
+  bool errorsAreFinite() const;
   bool lowerCoarseAccuracies();
 
   Residuals& residuals_;

@@ -367,6 +367,27 @@ TEST(FitData, ClearsTheErrorFlagAtItsStart) {
   EXPECT_EQ(fit.session.ErrFlag, 0);
 }
 
+TEST(FitData, EndsSilentlyWithErrorsThatAreNotFinite) {
+  // The parameter may be anything up to 1E160, whose square is beyond all numbers.
+  FitCase fit("c*1E-160*x", "c");
+  fit.data({1, 2}, {0, 0}, {1, 1}, {1, 1});
+  fit.start({1E10});
+  GridOutput output;
+  FitScreen screen(fit.session, output);
+  const FitResult result = FitData(fit.session, fit.dialogs, fit.window, fit.clock, screen);
+  EXPECT_EQ(result.status, FitStatus::kFailed);
+  EXPECT_EQ(result.end, MinimiseEnd::kErrorsNotFinite);
+  EXPECT_EQ(result.reason, "errori non finiti");
+  EXPECT_FALSE(result.reduced_chi_square.has_value());
+  EXPECT_EQ(fit.session.ErrFlag, -1);
+  EXPECT_EQ(fit.value(1), fit.session.par.FreeValues[1]);
+  EXPECT_NE(fit.value(1), 1E10) << "the value tried last";
+  EXPECT_EQ(fit.error(1), 1) << "what it held";
+  EXPECT_FALSE(output.isOpen()) << "no closing words";
+  EXPECT_TRUE(fit.window.enabled);
+  EXPECT_EQ(fit.session.data.kXpntErr, kTrue);
+}
+
 // ---- Window, clock, events ---------------------------------------------------------------------------------
 
 TEST(FitData, ShutsTheMainWindowWhileItRuns) {

@@ -153,6 +153,27 @@ TEST(BatchFit, AParameterWithoutEffectIsAFailedComputation) {
   EXPECT_THAT(run.output, HasSubstr("\"status\": \"failed\""));
 }
 
+TEST(BatchFit, ErrorsThatAreNotFiniteAreAFailedComputation) {
+  const std::string data = temporaryFile("AWAY.DAT", "t\r\ns\r\n 2 1\r\n.5 0 .1 .1\r\n1 0 .1 .1\r\n");
+  const std::string words = "fit '" + data + "' --catalogue 5,1 --par c=-23518 --fixed A=-7.5625";
+  const BatchRun run = batch(words);
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_EQ(run.output, "");
+  EXPECT_EQ(run.errors, "Adattamento non riuscito: errori non finiti\n");
+  const BatchRun object = batch(words + " --json");
+  EXPECT_EQ(object.exitCode, 1);
+  EXPECT_THAT(object.output, HasSubstr("\"status\": \"failed\""));
+  EXPECT_THAT(object.output, HasSubstr("\"reason\": \"errori non finiti\""));
+}
+
+TEST(BatchFit, WithoutDegreesOfFreedomThereIsNoConfidence) {
+  const std::string data = temporaryFile("TWO.DAT", "t\r\ns\r\n 2\r\n1 3 .1\r\n2 5 .1\r\n");
+  const BatchRun run = batch("fit '" + data + "' --catalogue 1,2 --par b=1 --par c=2 --json");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_THAT(run.output, HasSubstr("\"reduced_chi_square\": null"));
+  EXPECT_THAT(run.output, HasSubstr("\"confidence_percent\": null"));
+}
+
 TEST(BatchFit, BadArgumentsAreBadInput) {
   const std::string data = "fit '" + temporaryFile("L.DAT", kLine) + "' ";
   for (const char* words :

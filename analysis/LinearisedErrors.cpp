@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 #include "analysis/DirectionSet.h"
@@ -12,11 +13,24 @@ namespace {
 
 using Column = std::vector<double>;
 
-constexpr double kStepOfError = 0.01;
-constexpr double kLeastRelativeStep = 1E-7;  // below, the differences drown in rounding
-constexpr double kStepOfZero = 1E-4;
-constexpr int kMostRounds = 3;
+constexpr double kStepOfValue = 0.1;
+constexpr double kStepOfError = 0.001;
+constexpr double kStepOfZero = 0.01;
+constexpr int kMostQuarterings = 14;
+constexpr double kFullAgreement = 1E-9;
+constexpr double kLeastAgreement = 1E-3;
 constexpr double kRankTolerance = 1E-13;
+constexpr double kNoAgreement = std::numeric_limits<double>::infinity();
+
+double lengthOf(const Column& column) {
+  return std::sqrt(dot(column, column));
+}
+
+/// Derivatives by one parameter.
+struct Derivatives {
+  Column column;
+  double disagreement = kNoAgreement;  ///< with those of the step before, as a part of their length
+};
 
 class Jacobian {
  public:
@@ -25,16 +39,18 @@ class Jacobian {
   Jacobian(const Jacobian&) = delete;
   Jacobian& operator=(const Jacobian&) = delete;
 
-  /// Derivatives of the weighted residuals by free parameter i, with differences of `step`.
-  Column derivative(int i, double step);
+  /// Derivatives of the weighted residuals by free parameter i, with differences from `step` downward.
+  Derivatives derivatives(int i, double step);
 
  private:
-  Column model(double& parameter, double value);
+  Column model();
+  std::optional<Column> differences(double& parameter, double step);
 
   Session& session_;
   Dialogs& dialogs_;
   std::span<const double> x_, weights_;
   Int16 errFlagBefore_;
+  std::vector<bool> takesPart_;  // the model and its weight work at the solution
 };
 
 Jacobian::Jacobian(Session& session, Dialogs& dialogs)
@@ -42,54 +58,85 @@ Jacobian::Jacobian(Session& session, Dialogs& dialogs)
   const DataSet& data = session.data;
   x_ = data.Xpnt.span(1, data.NumPnt);
   weights_ = (data.kXpntErr != 0 ? data.ErrEff : data.ErrYpnt).span(1, data.NumPnt);
+  const Column solution = model();
+  for (std::size_t j = 0; j < x_.size(); ++j) takesPart_.push_back(std::isfinite(solution[j] / weights_[j]));
 }
 
-// The model with one parameter moved; where it fails, the result is no number.
-Column Jacobian::model(double& parameter, double value) {
-  const double before = parameter;
-  parameter = value;
+// Where the model fails, the result is no number.
+Column Jacobian::model() {
   Column result(x_.size());
   std::vector<Int16> flags(x_.size());
   evaluateFunctionAt(session_, dialogs_, x_, result, flags);
   for (std::size_t j = 0; j < result.size(); ++j) {
     if (flags[j] != 0) result[j] = NAN;
   }
-  parameter = before;
   return result;
 }
 
-// Central differences of fourth order.
-Column Jacobian::derivative(int i, double step) {
-  double& parameter = session_.par.ParValues[session_.par.FreeIndex[i]];
-  const Column right = model(parameter, parameter + step);
-  const Column left = model(parameter, parameter - step);
-  const Column farRight = model(parameter, parameter + 2 * step);
-  const Column farLeft = model(parameter, parameter - 2 * step);
+// Central differences of fourth order. Nothing when the step leads to where a point fails that takes part:
+// without it the column would be that of other data.
+std::optional<Column> Jacobian::differences(double& parameter, double step) {
+  const double value = parameter;
+  const auto moved = [&](double by) {
+    parameter = value + by;
+    Column result = model();
+    parameter = value;
+    return result;
+  };
+  const Column right = moved(step), left = moved(-step);
+  const Column farRight = moved(2 * step), farLeft = moved(-2 * step);
   Column result(x_.size());
   for (std::size_t j = 0; j < result.size(); ++j) {
+    if (!takesPart_[j]) continue;
     const double slope = (8 * (right[j] - left[j]) - (farRight[j] - farLeft[j])) / (12 * step);
-    const double weighted = slope / weights_[j];
-    result[j] = std::isfinite(weighted) ? weighted : 0;
+    result[j] = slope / weights_[j];
+    if (!std::isfinite(result[j])) return std::nullopt;
   }
   return result;
 }
 
-double stepFor(double value, double error) {
-  const double step = std::isfinite(error) ? kStepOfError * std::abs(error) : 0;
-  const double wanted = std::max(step, kLeastRelativeStep * std::abs(value));
-  return wanted > 0 ? wanted : kStepOfZero;
+// Columns without length have lost the parameter in rounding and agree on nothing.
+double disagreement(const Column& before, const Column& now) {
+  Column change(now);
+  for (std::size_t j = 0; j < now.size(); ++j) change[j] -= before[j];
+  const double part = lengthOf(change) / lengthOf(now);
+  return std::isfinite(part) ? part : kNoAgreement;
+}
+
+// Long steps see the curvature, short ones the rounding; between them two successive columns agree best.
+Derivatives Jacobian::derivatives(int i, double step) {
+  double& parameter = session_.par.ParValues[session_.par.FreeIndex[i]];
+  Derivatives best;
+  std::optional<Column> before = differences(parameter, step);
+  for (int k = 1; k <= kMostQuarterings && best.disagreement > kFullAgreement; ++k) {
+    step /= 4;
+    std::optional<Column> now = differences(parameter, step);
+    const double apart = before && now ? disagreement(*before, *now) : kNoAgreement;
+    if (apart < best.disagreement) best = {*now, apart};
+    before = std::move(now);
+  }
+  return best;
+}
+
+// The error only lengthens the step: one that the points' errors have made larger than their scatter shows is
+// cut down to that.
+double firstStep(double value, double error, double reducedChiSquare) {
+  const double byValue = kStepOfValue * std::abs(value);
+  const double byError = kStepOfError * error * std::min(1.0, std::sqrt(reducedChiSquare));
+  const double step = std::isfinite(byError) ? std::max(byValue, byError) : byValue;
+  return step > 0 ? step : kStepOfZero;
 }
 
 // The triangle R of the orthogonal decomposition of the columns, by rows; empty when a column depends on the
-// ones before it.
-std::vector<Column> triangleOf(std::vector<Column> columns) {
+// ones before it, as far as can be told of columns known to this part of their length.
+std::vector<Column> triangleOf(std::vector<Column> columns, double tolerance) {
   const std::size_t n = columns.size();
   std::vector<double> norms;
   for (const Column& column : columns) norms.push_back(std::sqrt(dot(column, column)));
   std::vector<Column> R(n, Column(n));
   for (std::size_t k = 0; k < n; ++k) {
     R[k][k] = std::sqrt(dot(columns[k], columns[k]));
-    if (!(R[k][k] > kRankTolerance * norms[k])) return {};
+    if (!(R[k][k] > tolerance * norms[k])) return {};
     for (double& value : columns[k]) value /= R[k][k];
     for (std::size_t l = k + 1; l < n; ++l) {
       R[k][l] = dot(columns[k], columns[l]);
@@ -116,36 +163,28 @@ Column inverseRowLengths(const std::vector<Column>& R) {
   return squares;
 }
 
-// Differences far below or above the error see rounding or curvature instead of the slope.
-bool sizesAgree(double a, double b) {
-  return a > b / 10 && a < b * 10;
-}
-
 }  // namespace
 
-std::optional<Array<double>> linearisedErrors(Session& session, Dialogs& dialogs) {
+std::optional<Array<double>> linearisedErrors(Session& session, Dialogs& dialogs, double chiSquare) {
   const ParameterSet& par = session.par;
-  const int N = par.FreeCount;
-  Array<double> errors(N);
-  for (int i = 1; i <= N; ++i) errors[i] = par.ParDeltas[par.FreeIndex[i]];
-
+  const int freedom = session.data.NumPnt - par.FreeCount;
+  // Without a degree of freedom it is no number, which keeps the errors out of the steps.
+  const double reduced = freedom < 1 ? std::numeric_limits<double>::quiet_NaN() : chiSquare / freedom;
   Jacobian jacobian(session, dialogs);
-  bool settled = false;
-  for (int round = 0; round < kMostRounds && !settled; ++round) {
-    std::vector<Column> columns;
-    for (int i = 1; i <= N; ++i) {
-      columns.push_back(jacobian.derivative(i, stepFor(par.ParValues[par.FreeIndex[i]], errors[i])));
-    }
-    const std::vector<Column> R = triangleOf(std::move(columns));
-    if (R.empty()) return std::nullopt;
-    const Column found = inverseRowLengths(R);
-    settled = true;
-    for (int i = 1; i <= N; ++i) {
-      const double error = found[static_cast<std::size_t>(i) - 1];
-      settled = settled && sizesAgree(errors[i], error);
-      errors[i] = error;
-    }
+  std::vector<Column> columns;
+  double tolerance = kRankTolerance;
+  for (int i = 1; i <= par.FreeCount; ++i) {
+    const int at = par.FreeIndex[i];
+    Derivatives found = jacobian.derivatives(i, firstStep(par.ParValues[at], par.ParDeltas[at], reduced));
+    if (!(found.disagreement <= kLeastAgreement)) return std::nullopt;
+    tolerance = std::max(tolerance, found.disagreement);
+    columns.push_back(std::move(found.column));
   }
+  const std::vector<Column> R = triangleOf(std::move(columns), tolerance);
+  if (R.empty()) return std::nullopt;
+  const Column lengths = inverseRowLengths(R);
+  Array<double> errors(par.FreeCount);
+  std::ranges::copy(lengths, errors.span(1, par.FreeCount).begin());
   return errors;
 }
 

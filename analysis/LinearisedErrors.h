@@ -13,9 +13,10 @@ namespace vk {
 /// parameters at their present values. 1..N, in the order of the free parameters; nothing when J'J has no
 /// inverse.
 ///
-/// For use after a fit: weights are the errors that the last fit used, and its errors of the parameters set
-/// the size of the differences. Points at which the model or its weight fails take no part. `ParValues` and
-/// `ErrFlag` are left as they were.
-std::optional<Array<double>> linearisedErrors(Session& session, Dialogs& dialogs);
+/// For use after a fit, with its chi-square: weights are the errors that it used. Its errors of the parameters
+/// only set the size of the first differences, which shrink until the derivatives settle; where those of a
+/// parameter do not, there is nothing to give. Points at which the model or its weight fails take no part.
+/// `ParValues` and `ErrFlag` are left as they were.
+std::optional<Array<double>> linearisedErrors(Session& session, Dialogs& dialogs, double chiSquare);
 
 }  // namespace vk

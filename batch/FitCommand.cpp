@@ -27,7 +27,8 @@ FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, bool withReport) {
   } else {
     outcome.screen = output.grid().toUtf8();
   }
-  if (withReport) outcome.report = fitReport(session, result, linearisedErrors(session, dialogs));
+  if (withReport)
+    outcome.report = fitReport(session, result, linearisedErrors(session, dialogs, result.chi_square));
   return outcome;
 }
 

@@ -164,6 +164,16 @@ class Nist : public testing::TestWithParam<Problem> {
     LoadDataFile(fit.session, name, CheckDataFile(fit.session, files, name));
   }
 
+  /// The linearised errors are `scale` times the certified deviations.
+  static void expectErrors(FitCase& fit, double chiSquare, double scale) {
+    const auto errors = linearisedErrors(fit.session, fit.dialogs, chiSquare);
+    ASSERT_TRUE(errors.has_value()) << scale;
+    for (int i = 1; i <= fit.session.par.ParCount; ++i) {
+      const double expected = scale * GetParam().deviations[static_cast<std::size_t>(i) - 1];
+      EXPECT_NEAR((*errors)[i] / expected, 1, 1E-5) << i << " of " << scale;
+    }
+  }
+
   static bool reachesMinimum(const Values& start) {
     const Problem& problem = GetParam();
     FitCase fit(problem.formula, problem.names);
@@ -200,10 +210,23 @@ TEST_P(Nist, HasTheCertifiedDeviationsAsLinearisedErrors) {
   for (int i = 1; i <= fit.session.par.ParCount; ++i) {
     fit.session.par.ParDeltas[i] = 2 * problem.deviations[static_cast<std::size_t>(i) - 1];
   }
-  const auto errors = linearisedErrors(fit.session, fit.dialogs);
-  ASSERT_TRUE(errors.has_value());
-  for (int i = 1; i <= fit.session.par.ParCount; ++i) {
-    EXPECT_NEAR((*errors)[i] / problem.deviations[static_cast<std::size_t>(i) - 1], 1, 1E-5) << i;
+  expectErrors(fit, problem.points - fit.session.par.ParCount, 1);
+}
+
+// Without errors of their own the points get 1 each, which may be far above their scatter or below it.
+TEST_P(Nist, HasTheCertifiedDeviationsWhateverTheErrorsOfThePointsAreSaidToBe) {
+  const Problem& problem = GetParam();
+  for (const double points : {1E-8, 1.0, 1E8}) {
+    FitCase fit(problem.formula, problem.names);
+    load(fit);
+    const double scatter = fit.session.data.ErrYpnt[1];
+    for (int j = 1; j <= problem.points; ++j) fit.session.data.ErrYpnt[j] = points;
+    fit.start(problem.certified);
+    const double scale = points / scatter;
+    for (int i = 1; i <= fit.session.par.ParCount; ++i) {
+      fit.session.par.ParDeltas[i] = 2 * scale * problem.deviations[static_cast<std::size_t>(i) - 1];
+    }
+    expectErrors(fit, (problem.points - fit.session.par.ParCount) / (scale * scale), scale);
   }
 }
 

@@ -76,7 +76,7 @@ Study study(FitCase model, const std::vector<double>& truth, const std::vector<s
     model.start(truth);
     SimulateData(session, model.dialogs, model.window, random, [&] {
       const FitResult fit = model.fit();
-      const auto errors = linearisedErrors(session, model.dialogs);
+      const auto errors = linearisedErrors(session, model.dialogs, fit.chi_square);
       ASSERT_NE(fit.status, FitStatus::kFailed);
       ASSERT_TRUE(errors && fit.confidence_percent);
       result.confidence.push_back(*fit.confidence_percent / 100);

@@ -87,6 +87,8 @@ class Transformation {
   }
 
   std::string columnName(int k) const { return mid(names(), (k - 1) * kColumnName + 1, kColumnName); }
+  /// The columns computed so far that have rows whose formula failed.
+  const std::vector<FailedRows>& failed() const { return failed_; }
   int columns() const { return static_cast<int>(old_.size()); }
   void store();
 
@@ -96,12 +98,14 @@ class Transformation {
   int columnHit(const std::string& formula) const;
   void copy(int hit);
   bool evaluate(const std::string& formula);
+  void noteFailures(const std::vector<Int16>& flags);
 
   Session& session_;
   Dialogs& dialogs_;
   std::size_t points_;
   std::vector<std::span<const double>> old_;
   std::vector<Column> TransformTable_;
+  std::vector<FailedRows> failed_;
   double copiedLast_ = 0;
 };
 
@@ -133,8 +137,18 @@ bool Transformation::evaluate(const std::string& formula) {
   Int16 flag;
   CompileExpression(session_, "y@" + variables + "@ @ @" + formula, compiled, flag);
   if (flag != 0) return false;
-  evaluateCodeAt(session_, dialogs_, compiled, old_, TransformTable_.emplace_back(points_));
+  std::vector<Int16> flags(points_);
+  evaluateCodeAt(session_, dialogs_, compiled, old_, TransformTable_.emplace_back(points_), flags);
+  noteFailures(flags);
   return true;
+}
+
+void Transformation::noteFailures(const std::vector<Int16>& flags) {
+  FailedRows failures{trim(columnName(static_cast<int>(TransformTable_.size()))), {}};
+  for (std::size_t i = 0; i < flags.size(); ++i) {
+    if (flags[i] != 0) failures.rows.push_back(static_cast<int>(i) + 1);
+  }
+  if (!failures.rows.empty()) failed_.push_back(std::move(failures));
 }
 
 void Transformation::store() {
@@ -144,19 +158,19 @@ void Transformation::store() {
   }
 }
 
-bool transform(Session& session, Dialogs& dialogs) {
+TransformResult transform(Session& session, Dialogs& dialogs) {
   const InputTables& fields = session.input;
   Transformation transformation(session, dialogs);
   for (int k = 1; k <= transformation.columns(); ++k) {
     if (transformation.compute(trim(fields.InpValues[k + kFirstFormula - 1]))) continue;
     dialogs.plainBox(kProgramTitle,
                      "Errore nella Definizione di " + transformation.columnName(k) + "  <*> per Continuare");
-    return false;
+    return {};
   }
   session.data.TitleX = dataTitle(fields.InpValues[1]);
   session.data.TitleY = dataTitle(fields.InpValues[2]);
   transformation.store();
-  return true;
+  return {true, transformation.failed()};
 }
 
 }  // namespace
@@ -176,12 +190,12 @@ void MenDatTra(Session& session, InputForm& form) {
   form.InpShow(tables, Form::kMain);
 }
 
-bool TransformData(Session& session, Dialogs& dialogs, MainWindow& window) {
-  const bool replaced = transform(session, dialogs);
+TransformResult TransformData(Session& session, Dialogs& dialogs, MainWindow& window) {
+  TransformResult result = transform(session, dialogs);
   restoreModel(session);
   window.refresh();
   Msg(session, window);
-  return replaced;
+  return result;
 }
 
 }  // namespace vk

@@ -149,6 +149,8 @@ void addTransform(CLI::App& app, Commands& commands) {
   transform->add_option("--title-x", args->titleX, "Legenda di x");
   transform->add_option("--title-y", args->titleY, "Legenda di y");
   transform->add_option("-o,--output", args->outputFile, "Scrive i dati in questo file");
+  transform->add_flag("--anyway", args->anyway,
+                      "Scrive i dati anche se una formula NON e` calcolabile ovunque");
   addJson(*transform, args->json);
   commands[transform] = [=] { return runTransform(*args); };
 }

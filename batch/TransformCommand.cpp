@@ -32,17 +32,40 @@ class TransformationForm : public InputForm {
     enter(tables.InpFieldCount, arguments_.dy);
     session_.ErrFlag = 0;
     NoMainWindow window;
-    replaced_ = TransformData(session_, dialogs_, window);
+    result_ = TransformData(session_, dialogs_, window);
   }
 
-  bool replaced() const { return replaced_; }
+  const TransformResult& result() const { return result_; }
 
  private:
   Session& session_;
   Dialogs& dialogs_;
   const TransformArguments& arguments_;
-  bool replaced_ = false;
+  TransformResult result_;
 };
+
+/// "3, 7-9, 12": row numbers, three or more that follow one another as a range.
+std::string rowList(const std::vector<int>& rows) {
+  std::string list;
+  for (std::size_t i = 0; i < rows.size();) {
+    std::size_t last = i;
+    while (last + 1 < rows.size() && rows[last + 1] == rows[last] + 1) ++last;
+    if (last < i + 2) last = i;
+    list += (list.empty() ? "" : ", ") + std::to_string(rows[i]);
+    if (last > i) list += "-" + std::to_string(rows[last]);
+    i = last + 1;
+  }
+  return list;
+}
+
+void tellFailedRows(const std::vector<FailedRows>& failed) {
+  std::string line;
+  for (const FailedRows& column : failed) {
+    line += (line.empty() ? "transform: " : "; ") + ("formula di " + column.column) +
+            " NON calcolabile nelle righe " + rowList(column.rows);
+  }
+  std::cerr << line << '\n';
+}
 
 Json column(const Array<double>& values, int count) {
   Json::List list;
@@ -70,7 +93,12 @@ int runTransform(const TransformArguments& arguments) {
   readData(session, files, dialogs, arguments.dataFile);
   TransformationForm form(session, dialogs, arguments);
   MenDatTra(session, form);
-  if (!form.replaced()) return kExitBadInput;
+  const TransformResult& result = form.result();
+  if (!result.replaced) return kExitBadInput;
+  if (!result.failed.empty()) {
+    tellFailedRows(result.failed);
+    if (!arguments.anyway) return kExitFailed;
+  }
   const std::string text = dataFileText(session.data);
   if (!arguments.outputFile.empty()) writeFile(files, arguments.outputFile, text);
   if (arguments.json) {
@@ -78,7 +106,7 @@ int runTransform(const TransformArguments& arguments) {
   } else if (arguments.outputFile.empty()) {
     std::cout << terminalText(text);
   }
-  return kExitDone;
+  return result.failed.empty() ? kExitDone : kExitFailed;
 }
 
 }  // namespace vk

@@ -11,10 +11,12 @@ struct TransformArguments {
   std::string x, y, dx, dy;
   std::string outputFile;  ///< where the data go; empty for standard output
   bool json = false;
+  bool anyway = false;  ///< write also when a formula failed in some rows
 };
 
-/// Transforms the data and writes them as a data file, or as JSON. Gives 0. A bad formula, which is told, gives
-/// 2; other bad arguments and bad files raise `UsageError`.
+/// Transforms the data and writes them as a data file, or as JSON. Gives 0. Rows whose formula cannot be computed
+/// are told with their numbers and give 1; nothing is written then, unless it is wanted anyway. A bad formula,
+/// which is told, gives 2; other bad arguments and bad files raise `UsageError`.
 int runTransform(const TransformArguments& arguments);
 
 }  // namespace vk

@@ -244,6 +244,44 @@ TEST(BatchTransform, ATitleThatNoFileCanHoldIsBadInput) {
   EXPECT_EQ(batch("transform " + dataFile() + "--title-y 'due\nrighe'").exitCode, 2);
 }
 
+// ln(y-300) in rows where y is at most 300.
+constexpr const char* kFiveRows =
+    "t\r\ns\r\n 5\r\n1 200 .1\r\n2 400 .1\r\n3 100 .1\r\n4 300 .1\r\n5 0 .1\r\n";
+
+TEST(BatchTransform, RowsWhoseFormulaFailsAreToldAndNothingIsWritten) {
+  const std::string out = temporaryFile("OUT.DAT", "vecchio");
+  const BatchRun run = batch("transform " + dataFile(kFiveRows) + "--y 'LOG(y-300)' -o '" + out + "'");
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_EQ(run.output, "");
+  EXPECT_EQ(run.errors, "transform: formula di y NON calcolabile nelle righe 1, 3-5\n");
+  EXPECT_EQ(fileContent(out), "vecchio");
+  for (const char* form : {"", " --json"}) {
+    EXPECT_EQ(batch("transform " + dataFile(kFiveRows) + "--y 'LOG(y-300)'" + form).output, "");
+  }
+}
+
+TEST(BatchTransform, ColumnsWithFailingRowsAreToldInOneLine) {
+  const BatchRun run =
+      batch("transform " + dataFile(kFiveRows) + "--x '1/(x-2)' --y 'y*2' --dy 'SQR(2.5-x)'");
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_EQ(run.errors,
+            "transform: formula di x NON calcolabile nelle righe 2; formula di dy NON calcolabile nelle "
+            "righe 3-5\n");
+}
+
+TEST(BatchTransform, RowsWhoseFormulaFailsAreWrittenAnyway) {
+  const std::string out = temporaryFile("OUT.DAT", "");
+  const BatchRun run =
+      batch("transform " + dataFile(kFiveRows) + "--y 'LOG(y-300)' --anyway --json -o '" + out + "'");
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_THAT(run.errors, HasSubstr("righe 1, 3-5\n"));
+  EXPECT_THAT(run.output, HasSubstr("4.605170185988"));
+  EXPECT_THAT(fileContent(out), HasSubstr("4.60517E+00"));
+  const BatchRun good = batch("transform " + dataFile(kFiveRows) + "--y 'y-300' --anyway");
+  EXPECT_EQ(good.exitCode, 0);
+  EXPECT_EQ(good.errors, "");
+}
+
 TEST(BatchTransform, ABadFormulaIsBadInput) {
   const BatchRun run = batch("transform " + dataFile() + "--y 'x+dx'");
   EXPECT_EQ(run.exitCode, 2);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "base/Text.h"
 #include "expr/CmpMod.h"
@@ -28,12 +29,17 @@ std::vector<std::string> splitItems(const std::string& text) {
 
 void ReplaceAll(std::string& text, const std::string& search, const std::string& replacement) {
   if (search.empty()) return;
-  std::size_t at = text.find(search);
-  while (at != std::string::npos) {
-    text.replace(at, search.size(), replacement);
-    // No occurrence ends before the replacement, so a scan from the start would find the same one.
-    at = text.find(search, at - std::min(at, search.size() - 1));
+  std::string done;
+  std::string coming(text.rbegin(), text.rend());
+  while (!coming.empty()) {
+    done += coming.back();
+    coming.pop_back();
+    if (!done.ends_with(search)) continue;
+    // What comes in its place is read as if it had always stood there, with what stands before it.
+    done.resize(done.size() - search.size());
+    coming.append(replacement.rbegin(), replacement.rend());
   }
+  text = std::move(done);
 }
 
 void SplitAtMark(std::string& text, std::string& right, char mark) {

@@ -1,5 +1,6 @@
 #include "expr/GenerateCode.h"
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
 #include <optional>
@@ -34,32 +35,39 @@ std::optional<int> digitsAt(std::string_view text, std::size_t at) {
 
 class Generator {
  public:
-  Generator(const std::string& tokens, std::string& code) : text_(tokens), code_(code) {}
+  Generator(const std::string& tokens, std::string& code) : tokens_(tokens), code_(code) {}
 
   /// False when something could not be reduced. QUIRK: nothing is said about what and where.
   /// QUIRK: text behind the group of the wrapper has no part in the code, so "x)+(2" has the value of x.
   bool run() {
-    for (std::size_t close = text_.find(')'); close != std::string::npos; close = text_.find(')')) {
-      const std::size_t open = text_.rfind('(', close);
-      if (open == std::string::npos || !reduceGroup(open, close)) return false;
+    for (const char c : tokens_) {
+      if (c == ')') {
+        if (opened_.empty() || !reduceGroup()) return false;
+        continue;
+      }
+      if (c == '(') opened_.push_back(read_.size());
+      read_ += c;
     }
     return true;
   }
 
  private:
-  bool reduceGroup(std::size_t open, std::size_t close) {
-    std::vector<std::string> arguments = splitItems(text_.substr(open + 1, close - open - 1));
+  /// Puts in the place of the innermost group what is left of it.
+  bool reduceGroup() {
+    std::size_t open = opened_.back();
+    opened_.pop_back();
+    std::vector<std::string> arguments = splitItems(read_.substr(open + 1));
     std::string rest;
     for (std::string& argument : arguments) {
       if (!reduceOperators(argument)) return false;
       rest += argument;
     }
-    if (open >= kTokenWidth && text_.compare(open - kTokenWidth, 2, "##") == 0) {
-      if (!emitFunction(digitsAt(text_, open - 2), arguments, rest)) return false;
-      text_.replace(open - kTokenWidth, close - open + 1 + kTokenWidth, rest.substr(0, kTokenWidth));
-    } else {
-      text_.replace(open, close - open + 1, rest);
+    if (open >= kTokenWidth && read_.compare(open - kTokenWidth, 2, "##") == 0) {
+      if (!emitFunction(digitsAt(read_, open - 2), arguments, rest)) return false;
+      open -= kTokenWidth;
+      rest.resize(std::min(rest.size(), kTokenWidth));
     }
+    read_.replace(open, std::string::npos, rest);
     return true;
   }
 
@@ -118,8 +126,10 @@ class Generator {
     for (const int byte : bytes) code_ += static_cast<char>(byte);
   }
 
-  std::string text_;
+  const std::string& tokens_;
   std::string& code_;
+  std::string read_;                 // the tokens so far, with what is left of the groups
+  std::vector<std::size_t> opened_;  // where in it groups are open
   std::string arities_ = arityDigits();
 };
 

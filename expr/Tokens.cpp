@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "base/Rounding.h"
 #include "base/Text.h"
@@ -21,18 +22,34 @@ bool isOneOf(char c, std::string_view set) {
   return set.find(c) != std::string_view::npos;
 }
 
+/// The text with `replacement` at these places, each for so many characters; the places rise.
+std::string replacedAt(const std::string& text, const std::vector<std::size_t>& places, std::size_t count,
+                       const std::string& replacement) {
+  std::string result;
+  std::size_t done = 0;
+  for (const std::size_t place : places) {
+    result.append(text, done, place - done);
+    result += replacement;
+    done = place + count;
+  }
+  result.append(text, done);
+  return result;
+}
+
 /// Every "NAME(" becomes "##NN(". QUIRK: what stands before the name does not matter, so a name that ends like
 /// a function is torn apart: XSIN(2) becomes X##07(2).
 void markFunctions(std::string& expression) {
   std::string capitals = upper(expression);
   for (int number = 0; number < kFunctionCount; ++number) {
     const std::string name(functionOf(number).name);
-    const std::string token = "##" + numberDigits(number);
-    std::size_t at = 0;
-    while ((at = capitals.find(name + "(", at)) != std::string::npos) {
-      expression.replace(at, name.size(), token);
-      capitals.replace(at, name.size(), token);
+    std::vector<std::size_t> places;
+    for (std::size_t at = 0; (at = capitals.find(name + "(", at)) != std::string::npos; at += name.size()) {
+      places.push_back(at);
     }
+    if (places.empty()) continue;
+    const std::string token = "##" + numberDigits(number);
+    expression = replacedAt(expression, places, name.size(), token);
+    capitals = replacedAt(capitals, places, name.size(), token);
   }
 }
 

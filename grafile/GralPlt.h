@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
 
 #include "base/Array.h"
 #include "grafile/FigurePorts.h"
@@ -19,6 +20,7 @@ struct NamedParameters {
   Array<float> ParamValues;    ///< 1..ParamCount
   Array<double> ParamDoubles;  ///< the same as they were told
   Int16 ParamCount;
+  std::unordered_map<std::string, int> places;  ///< each key in `ParamNames`: index of the first one there
 };
 
 /// Defines the parameters of a comma list of "name=number". What is no such definition is passed over: a name

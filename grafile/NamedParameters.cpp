@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
@@ -18,8 +20,19 @@ std::string keyOf(const std::string& name) {
 
 /// Index of a parameter, 0 for an unknown name.
 int indexOf(const NamedParameters& parameters, const std::string& name) {
-  const int at = position(parameters.ParamNames, keyOf(name));
-  return at == 0 ? 0 : (at - 1) / kKeyLength + 1;
+  const auto found = parameters.places.find(keyOf(name));
+  return found == parameters.places.end() ? 0 : found->second;
+}
+
+/// QUIRK: a name may hold an asterisk, where a key across two names begins; it stands for the first of them.
+void addKey(NamedParameters& parameters, const std::string& name) {
+  std::string& keys = parameters.ParamNames;
+  int at = std::max(0, length(keys) - kLongestName);
+  keys += keyOf(name);
+  for (; at + kKeyLength <= length(keys); ++at) {
+    std::string key = mid(keys, at + 1, kKeyLength);
+    if (key.front() == '*') parameters.places.emplace(std::move(key), at / kKeyLength + 1);
+  }
 }
 
 /// End of the number that begins at `at` in the text: digits and points, and an exponent behind them.
@@ -57,7 +70,7 @@ void DefineParameter(NamedParameters& parameters, const std::string& text) {
     index = ++parameters.ParamCount;
     parameters.ParamValues.redim(index);
     parameters.ParamDoubles.redim(index);
-    parameters.ParamNames += keyOf(name);
+    addKey(parameters, name);
   }
   parameters.ParamValues[index] = narrowed;
   parameters.ParamDoubles[index] = number;

@@ -298,5 +298,32 @@ TEST(Compiler, LeavesNothingOfAnEarlierCompilation) {
   EXPECT_EQ(e.Values.upper(), 1);
 }
 
+// ---- Any length --------------------------------------------------------------------------------------------
+// Work that grew with the square of these lengths would not come to its end.
+
+std::string times(int count, const std::string& text) {
+  std::string result;
+  for (int i = 0; i < count; ++i) result += text;
+  return result;
+}
+
+constexpr int kVeryMany = 1000000;
+
+TEST(Compiler, ReducesAnyNumberOfParentheses) {
+  EXPECT_EQ(codeOf("y@x@@@" + times(kVeryMany, "(") + "x" + times(kVeryMany, ")")),
+            "code 108 1 0; map 1; LastSlot 0");
+}
+
+TEST(Compiler, ReducesAnyNumberOfFunctionsInOneAnother) {
+  constexpr int kMany = kVeryMany / 2;
+  const Compiled result = compiled("y@x@@@" + times(kMany, "abs(") + "x" + times(kMany, ")"));
+  EXPECT_EQ(result.flag, 0);
+  EXPECT_EQ(result.expression.Code.size(), 3U * kMany + 3);
+}
+
+TEST(Compiler, DropsAnyNumberOfSignsBehindAParenthesis) {
+  EXPECT_EQ(codeOf("y@x@@@(" + times(kVeryMany, "+") + "x)"), "code 108 1 0; map 1; LastSlot 0");
+}
+
 }  // namespace
 }  // namespace vk

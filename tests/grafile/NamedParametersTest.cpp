@@ -197,5 +197,30 @@ TEST_F(ParseFieldsTest, AFlagThatIsSetStaysSet) {
   EXPECT_EQ(flag, 5);
 }
 
+TEST_F(NamedParametersTest, AKeyAcrossTwoNamesStandsForTheFirst) {
+  DefineParameters(parameters, "x*b=7,abcde=8");
+  EXPECT_EQ(substituted("b*abc"), "7");
+  EXPECT_EQ(substituted("abcde"), "8");
+  EXPECT_EQ(substituted("b"), "?b");
+}
+
+// Looking through all names for each one would not come to its end.
+TEST_F(NamedParametersTest, AnyNumberOfDefinitionsIsRead) {
+  constexpr int kNames = 32767, kDefinitions = 1000000;
+  const auto nameOf = [](int i) {
+    std::string name = "n";
+    for (int divisor = 17576; divisor > 0; divisor /= 26) name += static_cast<char>('a' + i / divisor % 26);
+    return name;
+  };
+  std::string line;
+  for (int i = 0; i < kNames; ++i) line += nameOf(i) + "=" + std::to_string(i) + ",";
+  const std::string last = nameOf(kNames - 1);
+  for (int i = kNames; i < kDefinitions; ++i) line += last + "=1,";
+  DefineParameters(parameters, line + last + "=2");
+  EXPECT_EQ(parameters.ParamCount, kNames);
+  EXPECT_EQ(substituted(nameOf(kNames - 2)), "32765");
+  EXPECT_EQ(substituted(last), "2");
+}
+
 }  // namespace
 }  // namespace vk

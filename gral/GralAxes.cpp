@@ -1,10 +1,12 @@
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "base/CheckedMath.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "gral/AxisLabels.h"
 #include "gral/GralCls.h"
 #include "gral/ScaleLabels.h"
 #include "gral/Units.h"
@@ -18,6 +20,13 @@ constexpr double kMmPerInch = 25.4;
 constexpr double kCmPerPoint = kCmPerInch / kPointsPerInch;
 constexpr double kLabelFactorOnPrinter = 1.5;
 constexpr double kLabelFactorOnForm = 2;
+constexpr double kCharacterWidth = 0.56;  // of the height of a label, on an average
+
+/// Width of a character of the labels, in centimetres. That of a form on every device, so that all of them
+/// choose the same labels.
+double characterWidth(double tickLength) {
+  return kCharacterWidth * kLabelFactorOnForm * std::abs(tickLength) / kMmPerCm;
+}
 
 }  // namespace
 
@@ -53,16 +62,19 @@ void GralCls::GralOaxis(double xi, double xf, double y, double nx, double dy, bo
   drawTicks(
       ticks, nx, ilog, [&](double x, double end) { GralLineScr(x, ticks.at, x, end); },
       [&](double from, double to) { GralLineScr(from, ticks.at, to, ticks.at); });
+  AxisText text{{}, std::string(xlab)};
   if (iscript) {
     const double yl = yLog2Scr(base - L - fs * (kCmPerPoint * sign(L)));
-    Array<std::string> labels = axisLabels(xi, xf, nx, ilog, false);
-    for (int k = 0; k <= nx; ++k) {
-      GralWinPrintString(ticks.first + k * ticks.step, yl, 1, 0, fs, 0, labels[k]);
+    const double room = std::abs(xUsr2Log(xf) - xUsr2Log(xi)) / nx / characterWidth(dy);
+    text = axisText({xi, xf, nx, room}, ilog, false, xlab);
+    for (int k = 0; k <= text.labels.upper(); ++k) {
+      if (text.labels[k].empty()) continue;
+      GralWinPrintString(ticks.first + k * ticks.step, yl, 1, 0, fs, 0, text.labels[k]);
     }
   }
-  if (!trim(xlab).empty()) {
+  if (!trim(text.title).empty()) {
     const double yt = yLog2Scr(base - 2 * L - fs * (kCmPerPoint * 2 * sign(L)));
-    GralWinPrintString((a + b) / 2, yt, 1, 0, fs, 0, xlab);
+    GralWinPrintString((a + b) / 2, yt, 1, 0, fs, 0, text.title);
   }
   GralRefresh();
 }
@@ -78,29 +90,37 @@ void GralCls::GralVaxis(double yi, double yf, double x, double ny, double dx, bo
   drawTicks(
       ticks, ny, ilog, [&](double y, double end) { GralLineScr(ticks.at, y, end, y); },
       [&](double from, double to) { GralLineScr(ticks.at, from, ticks.at, to); });
-  Array<std::string> labels;
+  AxisText text{{}, std::string(yLab)};
   if (iscript) {
     const double xl = xLog2Scr(base - L);
-    labels = axisLabels(yi, yf, ny, ilog, true);
-    for (int k = 0; k <= ny; ++k) {
-      GralWinPrintString(xl, ticks.first + k * ticks.step, L > 0 ? 2 : 0, 0, fs, 0, labels[k]);
+    constexpr double kEnough = std::numeric_limits<double>::infinity();  // they stand above one another
+    text = axisText({yi, yf, ny, kEnough}, ilog, true, yLab);
+    for (int k = 0; k <= text.labels.upper(); ++k) {
+      if (text.labels[k].empty()) continue;
+      GralWinPrintString(xl, ticks.first + k * ticks.step, L > 0 ? 2 : 0, 0, fs, 0, text.labels[k]);
     }
   }
   GralDev->setFontSize(fs * fScaleEff);
-  const double W = widestText(labels);
-  const double H = std::abs(GralDev->TextHeight(labels.upper() < 0 ? "" : labels[labels.upper()]));
-  if (!trim(yLab).empty()) {
+  const double W = widestText(text.labels);
+  const int last = text.labels.upper();
+  const double H = std::abs(GralDev->TextHeight(last < 0 ? "" : text.labels[last]));
+  if (!trim(text.title).empty()) {
     const double xt = xLog2Scr(base - 2 * L) - sign(L) * (W + H);
-    GralWinPrintString(xt, (a + b) / 2, 1, sign(L) * 90, fs, 0, yLab);
+    GralWinPrintString(xt, (a + b) / 2, 1, sign(L) * 90, fs, 0, text.title);
   }
   GralRefresh();
 }
 
-Array<std::string> GralCls::axisLabels(double from, double to, double n, bool ilog, bool vertical) {
-  Array<std::string> labels;
-  double maxlen = 0;
-  Makescale(from, to, labels, n, ilog, maxlen, vertical);
-  return labels;
+AxisText GralCls::axisText(const LabelledAxis& axis, bool ilog, bool vertical, std::string_view title) {
+  const auto plain = [&](double from, double to) {
+    Array<std::string> labels;
+    double maxlen = 0;
+    Makescale(from, to, labels, axis.intervals, ilog, maxlen, vertical);
+    labels.redim(static_cast<int>(axis.intervals));  // behind a broken number of intervals stands nothing
+    return labels;
+  };
+  if (ilog) return {plain(axis.from, axis.to), std::string(title)};
+  return chooseLabels(axis, title, plain);
 }
 
 double GralCls::widestText(const Array<std::string>& texts) const {

@@ -17,6 +17,9 @@
 
 namespace vk {
 
+struct AxisText;
+struct LabelledAxis;
+
 /// The plotting library: one instance for one drawing, the same calls for a form and for the printer.
 ///
 /// A point passes through four systems. Usr is the caller's own; Log is centimetres on the page, (0,0) at its
@@ -126,7 +129,8 @@ class GralCls {
   // ---- Axes ------------------------------------------------------------------------------------------------
 
   /// A horizontal axis at Usr height y with nx intervals. `dy` is the tick length in millimetres, positive
-  /// upward; labels stand on the other side. nx = 0 is run-time error 11.
+  /// upward; labels stand on the other side. Those of a linear axis are chosen so that they can be read, and the
+  /// title may tell a unit with them (`chooseLabels`). nx = 0 is run-time error 11.
   void GralOaxis(double xi, double xf, double y, double nx, double dy, bool ilog, bool iscript,
                  std::string_view xlab);
   /// A vertical axis at Usr abscissa x; `dx` positive turns the ticks to the right.
@@ -257,7 +261,7 @@ class GralCls {
   double labelSize(double tickLength) const;
   template <class DrawAcross, class DrawAlong>
   void drawTicks(const AxisTicks& ticks, double n, bool ilog, DrawAcross across, DrawAlong along);
-  Array<std::string> axisLabels(double from, double to, double n, bool ilog, bool vertical);
+  AxisText axisText(const LabelledAxis& axis, bool ilog, bool vertical, std::string_view title);
   double widestText(const Array<std::string>& texts) const;
 
   void DrawTextRun(Int16 iRot, Device& device, const std::string& font, double size, double x, double y,

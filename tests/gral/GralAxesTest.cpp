@@ -304,6 +304,34 @@ TEST_F(Axes, WithoutIntervalsFailBeforeAnythingIsDrawn) {
   EXPECT_TRUE(drawn().empty());
 }
 
+TEST_F(Axes, SmallNumbersAreLabelledInAUnitThatTheTitleTells) {
+  drawing.GralXMap(2, 14, 0, 12E-6);
+  drawing.GralOaxis(0, 12E-6, 2, 4, 3, false, true, " m ");
+  firstLetters(letters(), {"0", "3", "6", "9", "12", "m (10-6)"});
+  drawing.GralYMap(2, 6, 0, 12E-6);
+  drawing.GralVaxis(0, 12E-6, 6E-6, 4, 3, false, true, "");
+  firstLetters(letters(), {"0", " 3", " 6", " 9", "12", "(10-6)"});
+}
+
+TEST_F(Axes, CrowdedLabelsAreThinnedOutAlikeOnAFormAndOnAPrinter) {
+  // Ticks of 4 mm make characters of 4.48 mm, on the printer three quarters of that; a tick every 12 mm.
+  const std::vector<std::string> expected{"0", "200", "400", "600", "800", "1000", "x"};
+  drawing.GralXMap(2, 14, 0, 1000);
+  drawing.GralOaxis(0, 1000, 2, 10, 4, false, true, "x");
+  const auto firsts = firstLetters(letters(), expected);
+  EXPECT_NEAR(firsts[1].x, (2 + 2 * 1.2) * 567.1875 - (3 * 0.6 * firsts[1].points * 20 - 1) / 2, 1);
+  openPrinter();
+  drawing.GralXMap(2, 14, 0, 1000);
+  drawing.GralOaxis(0, 1000, 2, 10, 4, false, true, "x");
+  firstLetters(lettersOn(printer), expected);
+}
+
+TEST_F(Axes, WithoutLabelsKeepTheirTitle) {
+  drawing.GralXMap(2, 14, 0, 12E-6);
+  drawing.GralOaxis(0, 12E-6, 2, 4, 3, false, false, "m");
+  firstLetters(letters(), {"m"});
+}
+
 TEST_F(Axes, OnAPrinterAreNotRefreshed) {
   openPrinter();
   drawing.GralOaxis(0, 4, 4, 1, 3, false, false, "");

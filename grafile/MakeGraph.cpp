@@ -95,7 +95,6 @@ class StandardFigure {
   void drawAxes();
   void drawFunction();
   void drawData();
-  Array<double> errorsOfDifferences() const;
   void drawDifferences();
 
   Session& session_;
@@ -273,15 +272,6 @@ void StandardFigure::drawData() {
          << "\\Dati(" + session_.DataPath + ")";
 }
 
-/// The effective errors, which only a fit finds: until then there are those in y.
-Array<double> StandardFigure::errorsOfDifferences() const {
-  Array<double> errors = data_.ErrYpnt;
-  for (int i = 1; data_.kXpntErr != kFalse && i <= data_.NumPnt; ++i) {
-    if (data_.ErrEff[i] != 0) errors[i] = data_.ErrEff[i];
-  }
-  return errors;
-}
-
 void StandardFigure::drawDifferences() {
   // QUIRK: the differences file has no name yet, so that the saved figure shows the axes until it has got one.
   graph_ << "%Disegna la Linea dello Zero "
@@ -293,7 +283,7 @@ void StandardFigure::drawDifferences() {
          << "%3) e Rimuovere il %";
   step([&] { drawing_.GralLine(Xi, 0, Xf, 0); });
   step([&] { drawing_.GralClip(Xi, Yi, Xf, Yf); });
-  const Array<double> errors = errorsOfDifferences();
+  const Array<double>& errors = data_.kXpntErr != kFalse ? data_.ErrEff : data_.ErrYpnt;
   step([&] {
     drawing_.PlotData(data_.Xpnt, data_.ErrXpnt, differences_, errors, data_.NumPnt, false, false, false);
   });

@@ -170,8 +170,7 @@ class GralCls {
   /// of one abscissa are run-time error 11. Dash patterns do not apply.
   void GralCurve(const Array<double>& x, const Array<double>& y, int nPt);
   /// Points with error bars and marks, all marks above all bars. Errors in x only when `kXpntErr` is true.
-  /// On a logarithmic axis the data are given linear; a zero is run-time error 5, and a bar that goes through
-  /// zero goes on to the edge of the page.
+  /// On a logarithmic axis the data are given linear; a zero is run-time error 5.
   void PlotData(const Array<double>& Xpnt, const Array<double>& ErrXpnt, const Array<double>& Ypnt,
                 const Array<double>& ErrYpnt, int NumPnt, bool kXpntErr, bool iXLog, bool iYLog);
 
@@ -272,7 +271,7 @@ class GralCls {
   std::vector<double> letterAdvances(const std::vector<MarkupLetter>& letters) const;
 
   struct PlotPoint;
-  static PlotPoint plotPoint(double value, double error, bool hasError, bool logarithmic, double lowest);
+  static PlotPoint plotPoint(double value, double error, bool hasError, bool logarithmic);
   void drawYBar(const PlotPoint& x, const PlotPoint& y);
   void drawXBar(const PlotPoint& x, const PlotPoint& y);
 

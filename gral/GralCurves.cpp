@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -80,15 +79,12 @@ struct GralCls::PlotPoint {
   double value, low, high;
 };
 
-GralCls::PlotPoint GralCls::plotPoint(double value, double error, bool hasError, bool logarithmic,
-                                      double lowest) {
+GralCls::PlotPoint GralCls::plotPoint(double value, double error, bool hasError, bool logarithmic) {
   PlotPoint point{value, value, value};
   if (hasError) point = {value, value - error, value + error};
   if (!logarithmic) return point;
   const double log = decimalLog(value);
-  if (!hasError) return {log, log, log};
-  if (point.low < 0 && point.high > 0) return {log, lowest, decimalLog(std::max(-point.low, point.high))};
-  return {log, decimalLog(point.low), decimalLog(point.high)};
+  return hasError ? PlotPoint{log, decimalLog(point.low), decimalLog(point.high)} : PlotPoint{log, log, log};
 }
 
 void GralCls::drawYBar(const PlotPoint& x, const PlotPoint& y) {
@@ -116,12 +112,9 @@ void GralCls::drawXBar(const PlotPoint& x, const PlotPoint& y) {
 
 void GralCls::PlotData(const Array<double>& Xpnt, const Array<double>& ErrXpnt, const Array<double>& Ypnt,
                        const Array<double>& ErrYpnt, int NumPnt, bool kXpntErr, bool iXLog, bool iYLog) {
-  // On a logarithmic axis a bar that goes through zero has no end.
-  const auto lowestX = static_cast<double>(std::min(XlUsr, XrUsr));
-  const auto lowestY = static_cast<double>(std::min(YbUsr, YtUsr));
   for (int k = 1; k <= NumPnt; ++k) {
-    const PlotPoint x = plotPoint(Xpnt[k], kXpntErr ? ErrXpnt[k] : 0, kXpntErr, iXLog, lowestX);
-    const PlotPoint y = plotPoint(Ypnt[k], ErrYpnt[k], true, iYLog, lowestY);
+    const PlotPoint x = plotPoint(Xpnt[k], kXpntErr ? ErrXpnt[k] : 0, kXpntErr, iXLog);
+    const PlotPoint y = plotPoint(Ypnt[k], ErrYpnt[k], true, iYLog);
     drawYBar(x, y);
     if (kXpntErr) drawXBar(x, y);
     if (k % kPointsPerRefresh == 0) GralRefresh();

@@ -307,14 +307,6 @@ TEST_F(MakeGraphTest, DifferencesOfDataWithXErrorsShowTheEffectiveErrorsAlone) {
       << session.DiffText;
 }
 
-TEST_F(MakeGraphTest, DifferencesOfDataWithXErrorsShowThoseInYBeforeAFit) {
-  loadXErrors();
-  expectDifferencesWithErrors(session.data.ErrYpnt);
-  EXPECT_TRUE(
-      session.DiffText.ends_with("0.3000E+00 0.0000E+00 0.2500E+00\r\n0.9700E+01 0.1500E+01 0.5000E+00\r\n"))
-      << session.DiffText;
-}
-
 TEST_F(MakeGraphTest, TheDifferencesAreAGoodDataFile) {
   loadPoints();
   takeFunction(2, 1, {.25, .5});

@@ -266,25 +266,6 @@ TEST_F(DataPlots, LogarithmicAxesTakeTheLogarithmsOfValuesAndEnds) {
   EXPECT_NEAR(mark[1], 6 * 566.25, 0.01);
 }
 
-TEST_F(DataPlots, ABarThroughZeroHasNoLowerEndOnALogarithmicAxis) {
-  drawing.GralXMap(0, 16, -1, 7);
-  drawing.GralYMap(0, 8, 6, -2);
-  for (const int sign : {1, -1}) {
-    drawing.PlotData(arrayOf({sign * 100.0}), arrayOf({900}), arrayOf({sign * 10.0}), arrayOf({990}), 1, true,
-                     true, true);
-    const std::vector<std::string> lines = drawn();
-    ASSERT_EQ(lines.size(), 7U);
-    // y from -2, which is the upper edge of this page, to log 1000
-    const auto y = numbersOf(lines[0]);
-    EXPECT_NEAR(y[1], 0, 0.01);
-    EXPECT_NEAR(y[3], 5 * 566.25, 0.01);
-    // x from -1, the left edge, to log 1000
-    const auto x = numbersOf(lines[3]);
-    EXPECT_NEAR(x[0], 0, 0.01);
-    EXPECT_NEAR(x[2], 8 * 567.1875, 0.01);
-  }
-}
-
 TEST_F(DataPlots, ZeroUnderALogarithmicAxisFailsToTheCaller) {
   const auto fails = [&](double x, double ex, double y, double ey, bool hasErrX) {
     try {

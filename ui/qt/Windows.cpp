@@ -61,10 +61,9 @@ Size Windows::screenSize(Form form) const {
 }
 
 QWidget* Windows::above(const QWidget& window, Form owner) const {
-  // The errors of a figure are to stand above the figure and above the main window: such a window belongs to the
-  // whole program.
-  if (owner == Form::kActivePlot && !window.isModal()) return nullptr;
-  return open(owner) != nullptr ? open(owner)->window() : open(Form::kMain);
+  // A list beside a figure goes with the main window: with the figure it would be behind it at the next command.
+  const bool stays = owner == Form::kActivePlot && !window.isModal();
+  return stays || open(owner) == nullptr ? open(Form::kMain) : open(owner);
 }
 
 void Windows::settle(QWidget& window, Form owner, const Rect& place) const {

@@ -11,7 +11,7 @@
 namespace vk {
 namespace {
 
-using Texts = std::vector<std::string>;
+using Shown = std::vector<std::string>;
 
 constexpr double kEnoughRoom = std::numeric_limits<double>::infinity();
 
@@ -31,72 +31,72 @@ class AxisLabels : public GralFixture {
     title = text.title;
   }
 
-  Texts shown;
+  Shown shown;
   std::string title;
 };
 
 TEST_F(AxisLabels, ThatCanBeReadStay) {
   choose(0, 1, 4, 5, " tempo ");
-  EXPECT_EQ(shown, (Texts{"0.00", "0.25", "0.50", "0.75", "1.00"}));
+  EXPECT_EQ(shown, (Shown{"0.00", "0.25", "0.50", "0.75", "1.00"}));
   EXPECT_EQ(title, " tempo ");
   choose(0, 9999999, 1);
-  EXPECT_EQ(shown, (Texts{"0", "9999999"}));
+  EXPECT_EQ(shown, (Shown{"0", "9999999"}));
   choose(-0.0005, 0.0005, 2);
-  EXPECT_EQ(shown, (Texts{"-0.0005", "0.0000", "0.0005"}));
+  EXPECT_EQ(shown, (Shown{"-0.0005", "0.0000", "0.0005"}));
   EXPECT_EQ(title, "x");
 }
 
 TEST_F(AxisLabels, OfSmallNumbersAreDividedByAPowerOfAThousand) {
   choose(0, 12E-6, 6);
-  EXPECT_EQ(shown, (Texts{"0", "2", "4", "6", "8", "10", "12"}));
+  EXPECT_EQ(shown, (Shown{"0", "2", "4", "6", "8", "10", "12"}));
   EXPECT_EQ(title, "x (10^{-6})");
   choose(-2E-5, 4E-5, 3, kEnoughRoom, "  ");
-  EXPECT_EQ(shown, (Texts{"-20", "0", "20", "40"}));
+  EXPECT_EQ(shown, (Shown{"-20", "0", "20", "40"}));
   EXPECT_EQ(title, "(10^{-6})");
 }
 
 TEST_F(AxisLabels, WithMoreThanSevenDigitsAreDividedByAPowerOfAThousand) {
   choose(5E8, 1.4E9, 3);
-  EXPECT_EQ(shown, (Texts{"0.5", "0.8", "1.1", "1.4"}));
+  EXPECT_EQ(shown, (Shown{"0.5", "0.8", "1.1", "1.4"}));
   EXPECT_EQ(title, "x (10^{9})");
   choose(-1E7, 0, 2, kEnoughRoom, " ");
-  EXPECT_EQ(shown, (Texts{"-10", "-5", "0"}));
+  EXPECT_EQ(shown, (Shown{"-10", "-5", "0"}));
   EXPECT_EQ(title, "(10^{6})");
   choose(0, 1E300, 2);
-  EXPECT_EQ(shown, (Texts{"0.0", "0.5", "1.0"}));
+  EXPECT_EQ(shown, (Shown{"0.0", "0.5", "1.0"}));
   EXPECT_EQ(title, "x (10^{300})");
 }
 
 TEST_F(AxisLabels, OfALateClockAreDifferencesFromTheFirstValue) {
   choose(1700000000, 1700000600, 6, 8, " t ");
-  EXPECT_EQ(shown, (Texts{"0", "100", "200", "300", "400", "500", "600"}));
+  EXPECT_EQ(shown, (Shown{"0", "100", "200", "300", "400", "500", "600"}));
   EXPECT_EQ(title, "t - 1700000000");
   choose(1000000, 1000000.00012, 4, kEnoughRoom, "");
-  EXPECT_EQ(shown, (Texts{"0", "30", "60", "90", "120"}));
+  EXPECT_EQ(shown, (Shown{"0", "30", "60", "90", "120"}));
   EXPECT_EQ(title, "- 1000000 (10^{-6})");
 }
 
 TEST_F(AxisLabels, ThatStandTooCloseAreShortenedByAUnitWhereThatHelps) {
   choose(10000, 20000, 5, 5);
-  EXPECT_EQ(shown, (Texts{"10", "12", "14", "16", "18", "20"}));
+  EXPECT_EQ(shown, (Shown{"10", "12", "14", "16", "18", "20"}));
   EXPECT_EQ(title, "x (10^{3})");
 }
 
 TEST_F(AxisLabels, ThatStandTooCloseAreThinnedOutWhereAUnitDoesNotHelp) {
   choose(0, 1000, 10, 3);
-  EXPECT_EQ(shown, (Texts{"0", "", "200", "", "400", "", "600", "", "800", "", "1000"}));
+  EXPECT_EQ(shown, (Shown{"0", "", "200", "", "400", "", "600", "", "800", "", "1000"}));
   EXPECT_EQ(title, "x");
   choose(0, 1000, 10, 1.5);
-  EXPECT_EQ(shown, (Texts{"0", "", "", "300", "", "", "600", "", "", "900", ""}));
+  EXPECT_EQ(shown, (Shown{"0", "", "", "300", "", "", "600", "", "", "900", ""}));
   choose(0, 1000, 10, 0.1);
-  EXPECT_EQ(shown, (Texts{"0", "", "", "", "", "", "", "", "", "", ""})) << "the first always";
+  EXPECT_EQ(shown, (Shown{"0", "", "", "", "", "", "", "", "", "", ""})) << "the first always";
 }
 
 TEST_F(AxisLabels, AreCloseBelowHalfACharacter) {
   choose(10, 12, 2, 2.5);
-  EXPECT_EQ(shown, (Texts{"10", "11", "12"}));
+  EXPECT_EQ(shown, (Shown{"10", "11", "12"}));
   choose(10, 12, 2, 2.49);
-  EXPECT_EQ(shown, (Texts{"10", "", "12"}));
+  EXPECT_EQ(shown, (Shown{"10", "", "12"}));
 }
 
 TEST_F(AxisLabels, OfABrokenStepAreThinnedOutToThoseThatAreTrue) {
@@ -109,9 +109,9 @@ TEST_F(AxisLabels, OfABrokenStepAreThinnedOutToThoseThatAreTrue) {
 
 TEST_F(AxisLabels, OfAnAxisWithoutLengthAreOne) {
   choose(5, 5, 2);
-  EXPECT_EQ(shown, (Texts{"5", "", ""}));
+  EXPECT_EQ(shown, (Shown{"5", "", ""}));
   choose(0, 0, 2);
-  EXPECT_EQ(shown, (Texts{"0", "", ""}));
+  EXPECT_EQ(shown, (Shown{"0", "", ""}));
   choose(0, 1E-320, 2);
   EXPECT_EQ(shown.size(), 3U);
 }

@@ -378,5 +378,30 @@ TEST_F(Texts, FarOutsideSinglePrecisionAreSwallowed) {
   EXPECT_NO_THROW(drawing.GralWinPrintString(1E300, 2000, 0, 0, 10, 0, "abc"));
 }
 
+/// A form that counts how often letters are measured on it.
+class MeasuredForm : public RecorderDevice {
+ public:
+  MeasuredForm() : RecorderDevice(FormMetrics{120, 405, 1}) {}
+  double TextWidth(std::string_view text) override {
+    ++measured;
+    return RecorderDevice::TextWidth(text);
+  }
+  int measured = 0;
+};
+
+TEST_F(Texts, OfAnyLengthAreMeasuredOnce) {
+  MeasuredForm measuring;
+  drawing.GralGrStr(measuring, "LANDSCAPE", 2);
+  std::vector<int> counts;
+  for (const int length : {1, 10000}) {
+    measuring.forget();
+    measuring.measured = 0;
+    drawing.GralWPrint(2, 2, 1, 90, 12, std::string(static_cast<std::size_t>(length), 'a'));
+    counts.push_back(measuring.measured);
+    EXPECT_FALSE(lettersOn(measuring).empty());
+  }
+  EXPECT_EQ(counts[1], counts[0]);
+}
+
 }  // namespace
 }  // namespace vk

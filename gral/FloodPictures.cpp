@@ -15,15 +15,11 @@ class FloodPictures : public TeeSink {
   FloodPictures(DrawingSink& sink, RasterSink& image, const FloodRims& rims)
       : TeeSink(sink, image), sink_(sink), image_(image), rims_(rims) {}
 
-  void filling(const Filling& filling) override {
-    filling_ = filling;
-    TeeSink::filling(filling);
-  }
   void floodFill(const PixelPoint& start, Color limit) override {
     comes();
     const std::vector<RowSpan> area = image_.floodArea(start, limit);
     image_.floodFill(start, limit);
-    send({filling_, area});
+    send({image_.brush(), area});
   }
 
  protected:
@@ -36,14 +32,13 @@ class FloodPictures : public TeeSink {
  private:
   void send(const FloodRim& area) {
     double x = 0, y = 0;
-    const Picture painted = image_.pictureOf(area.pixels, area.filling, x, y);
+    const Picture painted = image_.pictureOf(area.pixels, area.brush, x, y);
     if (!painted.pixels.empty()) sink_.picture(painted, x, y);
   }
 
   DrawingSink& sink_;
   RasterSink& image_;
   const FloodRims& rims_;
-  Filling filling_;
   long drawn_ = 0;
 };
 

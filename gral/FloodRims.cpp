@@ -109,10 +109,6 @@ class RimFinder : public TeeSink {
   RimFinder(RasterSink& image, AreaTimes& times, Color limit, int steps, FloodRims& rims)
       : TeeSink(image, times), image_(image), times_(times), limit_(limit), steps_(steps), rims_(rims) {}
 
-  void filling(const Filling& filling) override {
-    filling_ = filling;
-    TeeSink::filling(filling);
-  }
   void floodFill(const PixelPoint& start, Color limit) override {
     comes();
     const std::vector<RowSpan> area = image_.floodArea(start, limit);
@@ -152,7 +148,7 @@ class RimFinder : public TeeSink {
       const std::vector<RowSpan> inner = pixelsAround(pixels, steps_, outside, width, isSeen);
       for (const RowSpan& pixel : inner) outside[at(pixel.x1, pixel.y)] = false;
       pixels.insert(pixels.end(), inner.begin(), inner.end());
-      rims_[time].push_back({filling_, std::move(pixels)});
+      rims_[time].push_back({image_.brush(), std::move(pixels)});
     }
   }
 
@@ -161,7 +157,6 @@ class RimFinder : public TeeSink {
   Color limit_;
   int steps_;
   FloodRims& rims_;
-  Filling filling_;
 };
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace vk {
 
 /// Pixels on both sides of the edge of a filled area, and what the area is filled with.
 struct FloodRim {
-  Filling filling;
+  Brush brush;
   std::vector<RowSpan> pixels;
 };
 

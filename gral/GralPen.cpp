@@ -131,8 +131,13 @@ void GralCls::GralBox(double xi, double yi, double xf, double yf, double) {
 
 void GralCls::GralClip(double xi, double yi, double xf, double yf) {
   releaseClip();
-  PlanePoint a = pixelOfUsr(xi, yi), b = pixelOfUsr(xf, yf);
-  if (a.x == b.x || a.y == b.y) {
+  PlanePoint a = inPixels(xUsr2Scr(xi), yUsr2Scr(yi)), b = inPixels(xUsr2Scr(xf), yUsr2Scr(yf));
+  // Nominal pixels tell on all devices alike whether there is an area.
+  const double nominal = GralDev->twipsPerContextPixel() / kNominalTwipsPerPixel;
+  const auto sameNominal = [nominal](double p, double q) {
+    return roundHalfEven(nominal * p) == roundHalfEven(nominal * q);
+  };
+  if (sameNominal(a.x, b.x) || sameNominal(a.y, b.y)) {
     // QUIRK: the first corner stays, so that only what lies right of it and below it is free again.
     b = {static_cast<double>(PixWidth), static_cast<double>(PixHeight)};
     if (!IsPrinter) GralDev->setVisible(true);

@@ -89,12 +89,17 @@ void GralCls::GralWinPrintString(double xxx, double yyy, double iCentr, Int16 iR
   float x = 0, y = 0;
   for (std::size_t i = 0; i < letters.size(); ++i) {
     const double off = -h / 2 * static_cast<int>(letters[i].level);
-    guard([&] { x = toSingle(x0 + pos * cs + off * sn); });
-    guard([&] { y = toSingle(y0 - pos * sn + off * cs); });
-    guard([&] {
-      DrawTextRun(iRot, *GralDev, letters[i].symbol ? kSymbolName : FontName,
-                  toSingle(size * scaleOf(letters[i])), x, y, {&letters[i].character, 1});
+    const bool placed = guard([&] {
+      x = toSingle(x0 + pos * cs + off * sn);
+      y = toSingle(y0 - pos * sn + off * cs);
     });
+    // A place beyond single precision is out of sight, and not that of the letter before.
+    if (placed) {
+      guard([&] {
+        DrawTextRun(iRot, *GralDev, letters[i].symbol ? kSymbolName : FontName,
+                    toSingle(size * scaleOf(letters[i])), x, y, {&letters[i].character, 1});
+      });
+    }
     pos += advances[i];
   }
   guard([&] { GralDev->setFontName(FontName); });

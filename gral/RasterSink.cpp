@@ -25,6 +25,7 @@ RasterSink::RasterSink(int ratio, GlyphSource& glyphs, double sourceRatio, doubl
       glyphs_(glyphs),
       nib_(ratio) {
   brush_.style = kFillTransparent;
+  brush_.cell = kHatchCell * ratio;
 }
 
 PixelPoint RasterSink::pixelAt(double x, double y) const {
@@ -58,11 +59,8 @@ void RasterSink::pen(const Pen& pen) {
 }
 
 void RasterSink::filling(const Filling& filling) {
-  brush_ = brushOf(filling);
-}
-
-Brush RasterSink::brushOf(const Filling& filling) const {
-  return {Raster::pixelOf(filling.color), filling.style, kHatchCell * ratio_};
+  brush_.color = Raster::pixelOf(filling.color);
+  brush_.style = filling.style;
 }
 
 void RasterSink::line(double x1, double y1, double x2, double y2) {
@@ -161,10 +159,9 @@ std::vector<RowSpan> RasterSink::floodArea(const PixelPoint& start, Color limit)
   return raster_.areaAround(ownPixel(start), Raster::pixelOf(limit));
 }
 
-Picture RasterSink::pictureOf(std::span<const RowSpan> area, const Filling& filling, double& x,
-                              double& y) const {
+Picture RasterSink::pictureOf(std::span<const RowSpan> area, const Brush& brush, double& x, double& y) const {
   PixelPoint corner;
-  Picture picture = raster_.stencil(area, brushOf(filling), corner);
+  Picture picture = raster_.stencil(area, brush, corner);
   picture.twipsPerPixel = kNominalTwipsPerPixel / ratio_;
   // A point stands for the centre of its pixel.
   x = (corner.x - 0.5) * picture.twipsPerPixel;

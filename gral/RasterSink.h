@@ -28,8 +28,10 @@ class RasterSink : public DrawingSink {
   const Raster& raster() const { return raster_; }
   /// The pixels that `floodFill` would paint; none where it would paint nothing.
   std::vector<RowSpan> floodArea(const PixelPoint& start, Color limit) const;
-  /// These pixels, painted with a filling, as a picture, and its top left corner in twips.
-  Picture pictureOf(std::span<const RowSpan> area, const Filling& filling, double& x, double& y) const;
+  /// These pixels, painted with a brush, as a picture, and its top left corner in twips.
+  Picture pictureOf(std::span<const RowSpan> area, const Brush& brush, double& x, double& y) const;
+  /// What the present filling paints with.
+  const Brush& brush() const { return brush_; }
   /// What a refresh calls.
   std::function<void()> onRefresh;
 
@@ -50,7 +52,6 @@ class RasterSink : public DrawingSink {
   void refresh() override;
 
  private:
-  Brush brushOf(const Filling& filling) const;
   PixelPoint pixelAt(double x, double y) const;
   PixelPoint ownPixel(const PixelPoint& source) const;
   std::vector<PixelPoint> ownPixels(std::span<const PixelPoint> points) const;

@@ -117,6 +117,30 @@ TEST(BatchDraw, MakesVectorFiles) {
   EXPECT_THAT(fileContent(pdf), StartsWith("%PDF-"));
 }
 
+TEST(BatchDraw, TellsOnAllDevicesWhatTheCheckTells) {
+  const std::string data =
+      temporaryFile("NEAR.DAT", "t\r\nu\r\n 4\r\n1 2 .5\r\n2 3E12 .5\r\n2.0001 -1E11 1E15\r\n4 1 .5\r\n");
+  const std::string good =
+      "\\XASSE(0,1E12,1,5,1,1)\r\n\\LINEA(0,0,1E8,1E7)\r\n\\SIMBOLO(1E12,-1E12)\r\n"
+      "\\FUNZIONE(EXP(x/1E11))\r\n\\SPEZZATA(" +
+      data + ")\r\n\\CURVA(" + data + ")\r\n\\DATI(" + data + ")\r\n";
+  const std::string bad = "\\TIPO_LINEA(70000,1)\r\n\\LINEA(0,0,1.7E308,1)\r\n";
+  for (const bool fails : {false, true}) {
+    const std::string figure = temporaryFile("FAR.GRA", fails ? good + bad : good);
+    const std::string list =
+        fails ? "*** Parametri di TIPO_LINEA Errati\n*** Parametri di LINEA Errati\n" : "";
+    const BatchRun check = batch("check '" + figure + "'");
+    EXPECT_EQ(check.exitCode, fails ? 2 : 0) << check.output;
+    EXPECT_EQ(check.output, fails ? list : figure + ": nessun errore\n");
+    for (const char* ending : {".png", ".svg", ".pdf"}) {
+      const BatchRun draw =
+          batch("draw '" + figure + "' -o '" + freshPath(std::string("FAR") + ending) + "'");
+      EXPECT_EQ(draw.exitCode == 0, !fails) << ending << draw.errors;
+      EXPECT_THAT(draw.output + draw.errors, HasSubstr(list)) << ending;
+    }
+  }
+}
+
 TEST(BatchDraw, BadNamesAreBadInput) {
   const std::string figure = temporaryFile("A.GRA", "\\SIMBOLO(3,4)\r\n");
   EXPECT_EQ(batch("draw '" + figure + "'").exitCode, 2);

@@ -276,5 +276,16 @@ TEST_F(FarFigures, AreaFarOutsideShowsNothingAndOneAroundThePageShowsAll) {
   EXPECT_GT(n[3], kHeight / 15);
 }
 
+TEST_F(FarFigures, AreaWithinOneNominalPixelIsNoneOnAllDevices) {
+  for (const auto& fine : forms) {
+    errorOn(*fine, [](GralCls& g) { g.GralClip(4, 3, 4.004, 5); });
+    PlaceCatcher catcher(fine->twipsPerContextPixel());
+    fine->list().replay(catcher);
+    ASSERT_EQ(catcher.places.size(), 2U);
+    EXPECT_NEAR(catcher.places[1].x, kWidth, 15);
+    EXPECT_NEAR(catcher.places[1].y, kHeight, 15);
+  }
+}
+
 }  // namespace
 }  // namespace vk

@@ -224,17 +224,29 @@ class PictureCatcher : public LineWriter {
   }
 };
 
-TEST(FloodPictures, FilledAreaIsAPictureInItsPlace) {
+/// A sheet of 100 x 50 nominal pixels with a box in thin lines, filled in red.
+DisplayList sheetWithAFilledBox() {
   DisplayList list;
   list.clear(1500, 750, kWhite);
   list.pen({});
   list.box(150, 150, 600, 450);
   list.filling({0x0000FF, kFillSolid});
   list.floodFill({20, 20}, kBlack);
-  list.line(0, 0, 15, 15);
+  return list;
+}
+
+/// What reaches a sink of vectors when this is drawn on it.
+PictureCatcher caught(const DisplayList& list) {
   BlockLetters letters;
   PictureCatcher sink;
   replayAsVectors(list, sink, letters, {1, 1});
+  return sink;
+}
+
+TEST(FloodPictures, FilledAreaIsAPictureInItsPlace) {
+  DisplayList list = sheetWithAFilledBox();
+  list.line(0, 0, 15, 15);
+  const PictureCatcher sink = caught(list);
   ASSERT_EQ(sink.pictures.size(), 2U);
   EXPECT_EQ(sink.lines.size(), 7U);
   EXPECT_EQ(sink.lines[5].substr(0, 8), "picture ");
@@ -250,15 +262,8 @@ TEST(FloodPictures, FilledAreaIsAPictureInItsPlace) {
 }
 
 TEST(FloodPictures, RimOfTheAreaIsUnderItsLines) {
-  DisplayList list;
-  list.clear(1500, 750, kWhite);
-  list.pen({});
-  list.box(150, 150, 600, 450);
-  list.filling({0x0000FF, kFillSolid});
-  list.floodFill({20, 20}, kBlack);
-  BlockLetters letters;
-  PictureCatcher sink;
-  replayAsVectors(list, sink, letters, {1, 1});
+  DisplayList list = sheetWithAFilledBox();
+  const PictureCatcher sink = caught(list);
   ASSERT_EQ(sink.pictures.size(), 2U);
   EXPECT_EQ(sink.lines[0].substr(0, 6), "clear ");
   EXPECT_EQ(sink.lines[1].substr(0, 8), "picture ");
@@ -284,9 +289,7 @@ TEST(FloodPictures, RimIsAboveTheAreaThatTheLinesAreDrawnOn) {
   list.box(150, 150, 600, 450);
   list.filling({0x0000FF, kFillSolid});
   list.floodFill({20, 20}, kBlack);
-  BlockLetters letters;
-  PictureCatcher sink;
-  replayAsVectors(list, sink, letters, {1, 1});
+  const PictureCatcher sink = caught(list);
   ASSERT_EQ(sink.lines.size(), 8U);
   EXPECT_EQ(sink.lines[1].substr(0, 8), "picture ");  // what lies outside the box that is filled
   EXPECT_EQ(sink.lines[3].substr(0, 10), "filledbox ");
@@ -296,18 +299,11 @@ TEST(FloodPictures, RimIsAboveTheAreaThatTheLinesAreDrawnOn) {
 }
 
 TEST(FloodPictures, EachSheetHasItsRims) {
-  DisplayList list;
-  list.clear(1500, 750, kWhite);
-  list.pen({});
-  list.box(150, 150, 600, 450);
-  list.filling({0x0000FF, kFillSolid});
-  list.floodFill({20, 20}, kBlack);
+  DisplayList list = sheetWithAFilledBox();
   list.clear(1500, 750, kWhite);
   list.box(150, 150, 300, 300);
   list.floodFill({15, 15}, kBlack);
-  BlockLetters letters;
-  PictureCatcher sink;
-  replayAsVectors(list, sink, letters, {1, 1});
+  const PictureCatcher sink = caught(list);
   ASSERT_EQ(sink.pictures.size(), 4U);
   EXPECT_EQ(sink.lines[6].substr(0, 6), "clear ");
   EXPECT_EQ(sink.lines[7].substr(0, 8), "picture ");
@@ -320,24 +316,15 @@ TEST(FloodPictures, AreaUpToTheGroundStaysOffTheGround) {
   list.filledBox(150, 150, 600, 450, 0x00FF00);
   list.filling({0x0000FF, kFillSolid});
   list.floodFill({20, 20}, kWhite);
-  BlockLetters letters;
-  PictureCatcher sink;
-  replayAsVectors(list, sink, letters, {1, 1});
+  const PictureCatcher sink = caught(list);
   EXPECT_EQ(sink.pictures.size(), 1U);
 }
 
 TEST(FloodPictures, SecondFillingSeesTheFirst) {
-  DisplayList list;
-  list.clear(1500, 750, kWhite);
-  list.pen({});
-  list.box(150, 150, 600, 450);
-  list.filling({0x0000FF, kFillSolid});
-  list.floodFill({20, 20}, kBlack);
+  DisplayList list = sheetWithAFilledBox();
   list.filling({0x00FF00, kFillSolid});
   list.floodFill({0, 0}, 0x0000FF);
-  BlockLetters letters;
-  PictureCatcher sink;
-  replayAsVectors(list, sink, letters, {1, 1});
+  const PictureCatcher sink = caught(list);
   ASSERT_EQ(sink.pictures.size(), 4U);
   const Picture& around = sink.pictures[3];
   EXPECT_EQ(around.width, 400);
@@ -367,9 +354,7 @@ TEST(FloodPictures, NothingFilledIsNoPicture) {
   list.clear(1500, 750, kWhite);
   list.filling({0x0000FF, kFillSolid});
   list.floodFill({20, 20}, kWhite);
-  BlockLetters letters;
-  PictureCatcher sink;
-  replayAsVectors(list, sink, letters, {1, 1});
+  const PictureCatcher sink = caught(list);
   EXPECT_TRUE(sink.pictures.empty());
 }
 

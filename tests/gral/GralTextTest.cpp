@@ -374,8 +374,10 @@ TEST_F(Texts, OfNegativeSizeAreSwallowed) {
   EXPECT_NO_THROW(drawing.GralWinPrintString(1000, 2000, 0, 30, 10, 0, "abc"));
 }
 
-TEST_F(Texts, FarOutsideSinglePrecisionAreSwallowed) {
+TEST_F(Texts, FarOutsideSinglePrecisionAreNotSeen) {
   EXPECT_NO_THROW(drawing.GralWinPrintString(1E300, 2000, 0, 0, 10, 0, "abc"));
+  EXPECT_NO_THROW(drawing.GralWinPrintString(1000, -1E39, 0, 30, 10, 0, "abc"));
+  EXPECT_TRUE(letters().empty());
 }
 
 /// A form that counts how often letters are measured on it.

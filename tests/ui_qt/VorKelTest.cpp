@@ -142,6 +142,35 @@ TEST_F(VorKelTest, APanelStandsBelowTheMenuInTheMiddle) {
   }
 }
 
+TEST_F(VorKelTest, TheAccessKeysOfAPanelWin) {
+  for (const bool function : {false, true}) {
+    if (function) chooseFunction(0, 1);
+    choose("MenSerImpGra");
+    click("OptOri(1)");
+    user.key("Vor_Kel", Qt::Key_A, Qt::AltModifier);
+    act();
+    EXPECT_FALSE(at<QFrame>("FraGra")->isVisible());
+    EXPECT_EQ(session().Landscape, kFalse);
+    EXPECT_EQ(menuOn("MenAda"), function);
+    EXPECT_FALSE(menuOn("MenGraDat")) << "as it was before the panel";
+  }
+}
+
+TEST_F(VorKelTest, AGreyTopMenuTakesNoKeyFocus) {
+  user.at("Vor_Kel", [this](QWidget* main) {
+    QTest::keyClick(main, Qt::Key_A, Qt::AltModifier);
+    EXPECT_FALSE(window().menuBar()->hasFocus());
+    EXPECT_EQ(window().menuBar()->activeAction(), nullptr);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(main, Qt::Key_G, Qt::AltModifier);
+    ASSERT_EQ(QApplication::activePopupWidget(), at<QMenu>("MenGra"));
+    QTest::keyClick(at<QMenu>("MenGra"), Qt::Key_Right);
+    EXPECT_EQ(QApplication::activePopupWidget(), at<QMenu>("MenSer")) << "the arrows pass over it";
+    while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+  });
+  act();
+}
+
 TEST_F(VorKelTest, TheDirectoryPanelWorksByItsControls) {
   folder.make("dati/x.dat");
   choose("MenSerImpDir");

@@ -10,6 +10,7 @@
 #include "ui/qt/Fonts.h"
 #include "ui/qt/Pictures.h"
 #include "ui/qt/Text8.h"
+#include "ui/qt/TopMenus.h"
 #include "ui/qt/Twips.h"
 
 namespace vk {
@@ -47,6 +48,7 @@ Vor_Kel::Vor_Kel(Breath& breath) : breath_(breath), backdrop_(new Backdrop(this)
   setObjectName("Vor_Kel");
   setCentralWidget(backdrop_);
   setContextMenuPolicy(Qt::NoContextMenu);
+  setMenuBar(new TopMenus(this));
   buildMenus();
   buildStatusBar();
   setCaption(kProgramTitle);
@@ -132,8 +134,19 @@ void Vor_Kel::placeFirst() {
 }
 
 void Vor_Kel::setMenuEnabled(const std::string& control, bool enabled) {
-  actions_.at(control)->setEnabled(enabled);
   menuEnabled_[control] = enabled;
+  applyMenuStates();
+}
+
+void Vor_Kel::applyMenuStates() {
+  const auto table = commandTable();
+  const bool anyMenu = std::any_of(table.begin(), table.end(), [this](const Command& entry) {
+    return entry.parent.empty() && menuEnabled_[std::string(entry.control)];
+  });
+  // A bar of grey menus would take the access keys from the buttons of an open panel.
+  menuBar()->setEnabled(anyMenu);
+  // The toolkit turns the entries of sub-menus off and on with the window and its bar, whatever they were.
+  for (const auto& [control, enabled] : menuEnabled_) actions_.at(control)->setEnabled(enabled);
 }
 
 void Vor_Kel::setMenuVisible(const std::string& control, bool visible) {
@@ -176,8 +189,7 @@ void Vor_Kel::release(Form holder) {
 
 void Vor_Kel::followHolders() {
   setEnabled(holders_.empty());
-  // The toolkit turns the entries of sub-menus off and on with the window, whatever they were.
-  for (const auto& [control, enabled] : menuEnabled_) actions_.at(control)->setEnabled(enabled);
+  applyMenuStates();
 }
 
 void Vor_Kel::refresh() {

@@ -80,6 +80,7 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
   QFrame* frame(Panel panel) const;
   void placePanel(QFrame* frame);
   void followHolders();
+  void applyMenuStates();
 
   Breath& breath_;
   Backdrop* backdrop_;

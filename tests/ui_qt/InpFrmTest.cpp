@@ -193,9 +193,33 @@ TEST_F(InpFrmTest, AccessKeysPressTheButtons) {
   EXPECT_THAT(actions, ElementsAre(kStoreParameters));
 }
 
+TEST_F(InpFrmTest, TabWalksThroughTheFieldsAndWhatWasTypedStays) {
+  then([this] {
+    replace("25");
+    QTest::keyClick(box(), Qt::Key_Tab);
+    EXPECT_EQ(engine.InpCurrent, 2);
+    EXPECT_TRUE(box()->hasFocus());
+    EXPECT_EQ(field(1)->accessibleDescription(), "25");
+    replace("tre");
+    QTest::keyClick(box(), Qt::Key_Tab);
+    QTest::keyClick(box(), Qt::Key_Tab);
+    EXPECT_EQ(engine.InpCurrent, 1) << "from the last field to the first";
+    EXPECT_EQ(box()->text(), "25");
+    QTest::keyClick(box(), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(engine.InpCurrent, 3);
+    QTest::keyClick(box(), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(box()->text(), "tre");
+    EXPECT_TRUE(box()->hasFocus());
+  });
+  execute();
+  show();
+  EXPECT_EQ(tables.InpValues[1], "25");
+  EXPECT_EQ(tables.InpValues[2], "tre");
+}
+
 TEST_F(InpFrmTest, TheFocusThatGoesToAControlOfTheFormLeavesTheField) {
   then([this] {
-    QTest::keyClick(box(), Qt::Key_Tab);
+    control<QPushButton>(&form, "cmdRin")->setFocus();
     EXPECT_EQ(engine.InpCurrent, 0);
     EXPECT_EQ(box()->text(), "");
     EXPECT_FALSE(box()->hasFocus());
@@ -339,6 +363,17 @@ TEST_F(InpFrmTest, TheTextTypedGoesToTheTableInCodePage437) {
   execute();
   show();
   EXPECT_EQ(tables.InpValues[2], "\xE6\xFD");
+}
+
+TEST_F(InpFrmTest, TheButtonsOfAFormWithoutFieldsAreReachedByTab) {
+  setFields({});
+  then([this] {
+    QTest::keyClick(QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : &form,
+                    Qt::Key_Tab);
+    EXPECT_TRUE(qobject_cast<QPushButton*>(QApplication::focusWidget()));
+  });
+  giveUp();
+  show();
 }
 
 TEST_F(InpFrmTest, AFormWithoutFieldsExecutes) {

@@ -67,6 +67,10 @@ void EntryBox::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+bool EntryBox::focusNextPrevChild(bool next) {
+  return keyDown && keyDown(next ? kKeyDown : kKeyUp);
+}
+
 void EntryBox::keepToCodePage(const QString& text) {
   if (!fitsCp437(text)) {
     const QString kept = withoutForeign(text);

@@ -21,6 +21,8 @@ class EntryBox : public QLineEdit {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  /// Tab walks through the fields like the arrows, and never on to the buttons.
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void keepToCodePage(const QString& text);

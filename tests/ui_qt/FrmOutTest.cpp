@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QMessageBox>
 #include <QMimeData>
 
 #include "doubles/Doubles.h"
@@ -70,6 +71,80 @@ TEST_F(FrmOutTest, EnterPressesTheFirstButton) {
   open(kReportButtons);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   EXPECT_FALSE(output.form().isVisible());
+}
+
+TEST_F(FrmOutTest, EnterPressesTheFirstButtonWhateverHasTheFocus) {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    open(kReportButtons);
+    press(2);
+    ASSERT_TRUE(control<QPushButton>(&output.form(), "CmdOut(2)")->hasFocus());
+    clipboard.calls.clear();
+    QTest::keyClick(QApplication::focusWidget(), key);
+    EXPECT_FALSE(output.form().isVisible());
+
+    open(kReportButtons, "testo");
+    auto* text = control<QPlainTextEdit>(&output.form(), "TxtOut");
+    QTest::mouseClick(text->viewport(), Qt::LeftButton);
+    ASSERT_TRUE(text->hasFocus());
+    QTest::keyClick(text, key);
+    EXPECT_FALSE(output.form().isVisible());
+  }
+  EXPECT_THAT(clipboard.calls, testing::IsEmpty());
+  EXPECT_THAT(printer.calls, testing::IsEmpty());
+}
+
+TEST_F(FrmOutTest, SpacePressesTheButtonThatHasTheFocus) {
+  open(kReportButtons);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+  EXPECT_THAT(clipboard.calls, ElementsAre("clear", "grid"));
+}
+
+/// Keeps what the surface showed when it was painted last.
+class PaintedGrid : public QObject {
+ public:
+  PaintedGrid(QWidget* surface, const OutputModel& model) : model_(model) {
+    surface->installEventFilter(this);
+  }
+  std::string text;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) text = model_.grid().toUtf8();
+    return false;
+  }
+
+ private:
+  const OutputModel& model_;
+};
+
+TEST_F(FrmOutTest, WhatACommandDrawsFirstIsPaintedAtOnce) {
+  const PaintedGrid painted(surface(), output.form().model());
+  for (const char* text : {"in Corso", "ancora"}) {
+    output.OutShow({Form::kMain, 10, 60, kReportButtons, "Titolo", ""});
+    output.print(text);
+    output.refresh();
+    EXPECT_THAT(painted.text, testing::StartsWith(text)) << "however soon after the showing";
+  }
+}
+
+TEST_F(FrmOutTest, WhatWasPrintedIsPaintedBehindABox) {
+  open(kReportButtons);
+  output.refresh();
+  const PaintedGrid painted(surface(), output.form().model());
+  output.print("ultima riga");
+  output.CharFrame(2, 1, 5, 9, 3, "Quadro");
+  QMessageBox box;
+  User user;
+  std::string behind;
+  box.setObjectName("Box");
+  user.at("Box", [&](QWidget* shown) {
+    behind = painted.text;
+    QTest::keyClick(shown, Qt::Key_Escape);
+  });
+  box.exec();
+  EXPECT_EQ(behind, output.form().model().grid().toUtf8());
 }
 
 TEST_F(FrmOutTest, StampaPrintsAndCopiaCopies) {

@@ -33,6 +33,12 @@ QWidget* windowNamed(const QString& name) {
   return nullptr;
 }
 
+bool commandComputes() {
+  const QWidget* main = windowNamed("Vor_Kel");
+  return main != nullptr && !main->isEnabled() && QApplication::activeModalWidget() == nullptr &&
+         windowNamed("FrmEdi") == nullptr;
+}
+
 User::~User() {
   for (const Step& step : steps_) ADD_FAILURE() << "step left over at " << step.window.toStdString();
 }
@@ -53,7 +59,8 @@ void User::look() {
   QWidget* modal = QApplication::activeModalWidget();
   // While a menu is open its step is still at work.
   const bool inFront = window != nullptr && QApplication::activeWindow() == window &&
-                       (modal == nullptr || modal == window) && QApplication::activePopupWidget() == nullptr;
+                       (modal == nullptr || modal == window) &&
+                       QApplication::activePopupWidget() == nullptr && !commandComputes();
   if (!inFront && ++idle_ > kPatience)
     qFatal("no window %s, but %s; modal %s", qPrintable(step.window),
            QApplication::activeWindow() ? qPrintable(QApplication::activeWindow()->objectName()) : "none",

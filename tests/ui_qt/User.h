@@ -54,6 +54,9 @@ class User {
 /// The visible window of this name, the one in front where there are several; none when there is none.
 QWidget* windowNamed(const QString& name);
 
+/// A command computes: it has shut the main window, and nothing asks the user. What he does then is dropped.
+bool commandComputes();
+
 /// The control of this name in a window; a missing one fails the test.
 template <class Control>
 Control* control(QObject* window, const QString& name) {

@@ -1,19 +1,9 @@
 #include "ui/qt/Application.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QWindow>
-
 #include "expr/CmpMod.h"
 #include "ui/PdfProposal.h"
 
 namespace vk {
-namespace {
-
-/// How long the start waits for the window system to show the main window.
-constexpr int kMainShowingTime = 500;  // ms
-
-}  // namespace
 
 Application::Application(Files& files, std::function<void(int)> quit, bool usePrinters)
     : files_(files),
@@ -75,10 +65,7 @@ void Application::showMainWindow() {
   window_.show();
   // The welcome is placed by the window's place and frame, which the window system decides. What the user does
   // meanwhile waits until the welcome has shut the window.
-  const QDeadlineTimer deadline(kMainShowingTime);
-  const auto wait = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
-  while (!window_.windowHandle()->isExposed() && !deadline.hasExpired()) wait();
-  wait();
+  breath_.awaitShowing(window_);
 }
 
 void Application::unload() {

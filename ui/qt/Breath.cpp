@@ -2,13 +2,16 @@
 
 #include <QAbstractEventDispatcher>
 #include <QCursor>
+#include <QDeadlineTimer>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QWindow>
 
 namespace vk {
 namespace {
 
 constexpr qint64 kShortestPause = 33;  // ms
+constexpr qint64 kShowingTime = 500;   // ms
 
 /// Eats what the user did.
 class InputTrap : public QObject {
@@ -61,6 +64,14 @@ void Breath::take() {
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   last_.start();
   taken_ = true;
+}
+
+void Breath::awaitShowing(const QWidget& window) {
+  const QDeadlineTimer deadline(kShowingTime);
+  const auto wait = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
+  while (!window.windowHandle()->isExposed() && !deadline.hasExpired()) wait();
+  wait();  // for what comes with the showing: the frame, the first painting
+  last_.invalidate();
 }
 
 void Breath::dropInput() {

@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QWidget>
 
 namespace vk {
 
@@ -17,6 +18,9 @@ class Breath {
 
   /// Paints what has changed, at most some 30 times a second.
   void take();
+  /// Waits until the window system shows a window; without one that answers, half a second. What is drawn into it
+  /// next is painted by the first `take`.
+  void awaitShowing(const QWidget& window);
   /// Drops the input that has queued up behind a long computation; nothing after a short command.
   void dropInput();
 

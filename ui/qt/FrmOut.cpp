@@ -1,6 +1,7 @@
 #include "ui/qt/FrmOut.h"
 
 #include <QCloseEvent>
+#include <QShortcut>
 
 #include "ui/qt/AccessButton.h"
 #include "ui/qt/Fonts.h"
@@ -31,6 +32,9 @@ FrmOut::FrmOut(const OutputServices& services)
   text_->setReadOnly(true);
   text_->setTabChangesFocus(true);
   text_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    connect(new QShortcut(key, this), &QShortcut::activated, this, [this] { pressFirst(); });
+  }
 }
 
 void FrmOut::OutShow(const OutputRequest& request) {
@@ -83,7 +87,6 @@ void FrmOut::addButton() {
   auto* button = new AccessButton(this);
   button->setObjectName(QString("CmdOut(%1)").arg(index));
   button->setFont(toolkitFont(services_.session.FontLabel));
-  button->setAutoDefault(true);
   connect(button, &QPushButton::clicked, this,
           [this, index] { services_.runEvent([&] { pressed(index); }); });
   buttons_.push_back(button);
@@ -118,6 +121,11 @@ void FrmOut::pressed(int index) {
     case OutputCommand::kNone:
       return;
   }
+}
+
+/// What Enter does, wherever the focus is.
+void FrmOut::pressFirst() {
+  if (model_.OutButtons > 0) buttons_.front()->click();
 }
 
 void FrmOut::FrmOut_Exit() {

@@ -46,6 +46,7 @@ class FrmOut : public QWidget {
   void showButtons(const OutputLayout& layout);
   void addButton();
   void pressed(int index);
+  void pressFirst();
 
   OutputServices services_;
   OutputModel model_;

@@ -19,10 +19,21 @@ void QtOutput::OutShow(const OutputRequest& request) {
   if (request.beside && model().isOpen()) takeFreeForm();
   form().OutShow(request);
   breath_.take();
+  breath_.awaitShowing(form());
+}
+
+void QtOutput::print(std::string_view text) {
+  model().print(text);
+  // Not only by `refresh`: a box that follows is not to stand before an old picture.
+  form().changed();
+}
+
+void QtOutput::CharFrame(int row1, int col1, int row2, int col2, int style, const std::string& title) {
+  model().CharFrame(row1, col1, row2, col2, style, title);
+  form().changed();
 }
 
 void QtOutput::refresh() {
-  form().changed();
   breath_.take();
 }
 

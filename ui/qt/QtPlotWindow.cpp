@@ -3,7 +3,6 @@
 #include <QAbstractEventDispatcher>
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -20,8 +19,6 @@
 
 namespace vk {
 namespace {
-
-constexpr int kShowingTime = 500;  // ms
 
 constexpr const char* kClickMeaning =
     "Un clic sulla figura, Invio, Spazio o il tasto Menu offrono: Continua, Esci, Copia, Stampa";
@@ -64,16 +61,8 @@ void QtPlotWindow::followForm() {
   setVisible(device_.Visible());
   if (!isVisible()) return;
   world_.activated(*this);
-  awaitShowing();
-}
-
-/// Until the window system shows the window there is nothing in it, not even white, and what is drawn next may
-/// take its time.
-void QtPlotWindow::awaitShowing() {
-  const QDeadlineTimer deadline(kShowingTime);
-  while (!windowHandle()->isExposed() && !deadline.hasExpired()) {
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  }
+  // What is drawn next may take its time.
+  world_.breath.awaitShowing(*this);
 }
 
 bool QtPlotWindow::showChanged() {

@@ -43,7 +43,6 @@ class QtPlotWindow : public QWidget, public PlotWindow {
  private:
   void click();
   void followForm();
-  void awaitShowing();
   /// Asks for a repaint of what has been drawn since the last call; false when nothing has.
   bool showChanged();
 

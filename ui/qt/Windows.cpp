@@ -67,15 +67,17 @@ QWidget* Windows::above(const QWidget& window, Form owner) const {
 }
 
 void Windows::settle(QWidget& window, Form owner, const Rect& place) const {
-  window.winId();
-  const QWidget* parent = above(window, owner);
-  window.windowHandle()->setTransientParent(parent != nullptr ? parent->windowHandle() : nullptr);
   const QRect wanted = toPixels(place);
   const QSize room = screenArea(shown(owner)).size() - wanted.size();
   // A window that is wider than its owner is not to lose the beginning of its lines.
   const QPoint corner(std::max(0, std::min(wanted.left(), room.width())),
                       std::max(0, std::min(wanted.top(), room.height())));
+  // The place counts with the frame, of which the toolkit knows nothing before the first showing: told before the
+  // window is made, it is passed on as such to the window system.
   window.move(corner + screenCorner(owner));
+  window.winId();
+  const QWidget* parent = above(window, owner);
+  window.windowHandle()->setTransientParent(parent != nullptr ? parent->windowHandle() : nullptr);
 }
 
 }  // namespace vk

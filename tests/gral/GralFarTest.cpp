@@ -100,7 +100,7 @@ const FarFigure kFarFigures[] = {
      }},
 };
 
-/// Forms with pixels of several sizes, and a printer.
+/// Forms with pixels of several sizes.
 std::vector<std::unique_ptr<RecorderDevice>> devicesOfAllKinds() {
   std::vector<std::unique_ptr<RecorderDevice>> devices;
   for (const int ratio : {1, 4, 15}) {

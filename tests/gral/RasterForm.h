@@ -5,7 +5,7 @@
 
 namespace vk {
 
-inline constexpr std::uint32_t kInk = 0xFF000000, kPaper = 0xFFFFFFFF;
+inline constexpr std::uint32_t kInk = 0xFF000000, kPaper = 0xFFFFFFFF, kRed = 0xFFFF0000;
 
 /// The picture as rows of "#" for ink and "." for paper.
 inline std::vector<std::string> rowsOf(const Raster& raster) {

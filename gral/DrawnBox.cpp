@@ -17,6 +17,9 @@ void requireFinite(const PlanePoint& p) {
   checked::finite(p.y);
 }
 
+/// Far more than a curve needs that crosses the box; where numbers no longer tell its points apart, an end.
+constexpr int kMostHalvings = 20000;
+
 using Coordinate = double PlanePoint::*;
 
 /// The point of a line at which a coordinate has a value. Wide arithmetic: the ends may be far apart.
@@ -106,8 +109,7 @@ class CurveCutter {
 
   const DrawnBox& box_;
   Parts& parts_;
-  /// Far more than a curve needs that crosses the box; where numbers no longer tell its points apart, an end.
-  int halvings_ = 20000;
+  int halvings_ = kMostHalvings;
 };
 
 /// Halves an arc until it is its chord, to the unit, or has nothing in common with the box.
@@ -125,8 +127,8 @@ class ArcCutter {
     const double rise = radius_ * (1 - std::cos((to - from) / 2));
     const PlanePoint low{std::min(a.x, b.x) - rise, std::min(a.y, b.y) - rise};
     const PlanePoint high{std::max(a.x, b.x) + rise, std::max(a.y, b.y) + rise};
+    if (rise <= 1 || box_.misses(low, high) || --halvings_ < 0) return outline.push_back(b);
     const double middle = (from + to) / 2;
-    if (rise <= 1 || box_.misses(low, high) || middle <= from || middle >= to) return outline.push_back(b);
     add(from, middle);
     add(middle, to);
   }
@@ -137,6 +139,7 @@ class ArcCutter {
   const DrawnBox& box_;
   PlanePoint centre_;
   double radius_;
+  int halvings_ = kMostHalvings;
 };
 
 }  // namespace

@@ -19,7 +19,7 @@ double decimalLog(double v) {
   return checked::log(std::abs(v)) / std::log(10.0);
 }
 
-/// No point of a curve is in the column of the next but one before it, or near it.
+/// No point of a curve is near the column of one of the two before it.
 bool columnsApart(const Array<double>& px, int nPt) {
   constexpr double kApart = 4;
   for (int i = 2; i <= nPt; ++i) {

@@ -76,6 +76,7 @@ TEST(DrawnBoxes, RefuseWhatIsNotFinite) {
     EXPECT_THROW(cutCircle(kBox, b, 1), RuntimeError);
     EXPECT_THROW(cutCircle(kBox, a, bad), RuntimeError);
   }
+  EXPECT_THROW(cutCircle(kBox, {1.5E308, 0}, 1.5E308), RuntimeError);
 }
 
 TEST(DrawnBoxes, CutALineOfManyPointsIntoTheParts) {

@@ -5,7 +5,9 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QThread>
 #include <QTimer>
+#include <utility>
 
 namespace vk {
 namespace {
@@ -14,6 +16,21 @@ constexpr int kMenuPatience = 300;  // ms until a menu that opens is there
 constexpr int kGrace = 5;           // looks in which a window may come by itself
 constexpr int kPause = 1;           // ms between two looks
 constexpr int kPatience = 3000;     // looks before the test is ended as hung
+
+/// The level of the event loop in which a step acts. The next step begins behind it, or in a loop that it opened:
+/// what merely lets the window system breathe is no time to act.
+int actingLevel = -1;
+
+class Acting {
+ public:
+  Acting() : before_(std::exchange(actingLevel, QThread::currentThread()->loopLevel())) {}
+  ~Acting() { actingLevel = before_; }
+  Acting(const Acting&) = delete;
+  Acting& operator=(const Acting&) = delete;
+
+ private:
+  int before_;
+};
 
 /// The user turns to a window that does not come to the front by itself.
 void turnTo(QWidget* window) {
@@ -54,6 +71,11 @@ void User::at(const QString& window, std::function<void(QWidget*)> action) {
 void User::look() {
   looking_ = false;
   if (steps_.empty()) return;
+  const auto lookAgain = [this] {
+    looking_ = true;
+    QTimer::singleShot(kPause, &clock_, [this] { look(); });
+  };
+  if (QThread::currentThread()->loopLevel() == actingLevel) return lookAgain();
   const Step step = steps_.front();
   QWidget* window = windowNamed(step.window);
   QWidget* modal = QApplication::activeModalWidget();
@@ -66,12 +88,12 @@ void User::look() {
            QApplication::activeWindow() ? qPrintable(QApplication::activeWindow()->objectName()) : "none",
            QApplication::activeModalWidget() ? qPrintable(QApplication::activeModalWidget()->objectName())
                                              : "none");
-  looking_ = true;
-  QTimer::singleShot(kPause, &clock_, [this] { look(); });
+  lookAgain();
   if (!inFront && window != nullptr && idle_ > kGrace) turnTo(window);
   if (!inFront) return;
   idle_ = 0;
   steps_.pop_front();
+  const Acting acting;
   step.action(window);
 }
 

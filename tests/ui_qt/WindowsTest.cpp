@@ -20,6 +20,19 @@ class OwnedWindowsTest : public Desktop {
     EXPECT_EQ(window->windowHandle()->transientParent(), owner->windowHandle())
         << window->objectName().toStdString();
   }
+  void openEditor() {
+    folder.make("a.gra", "%\r\n");
+    user.choose("MenGraModFil");
+    user.file(path("a.gra"));
+  }
+  /// Runs a graphic file with an error in it by a command.
+  void runWrongFile(const QString& command) {
+    folder.make("e.gra", "\\SEGNO(1,2)\r\n\\LINEA(1,1,5,5)\r\n");
+    user.choose("MenSerErr");
+    user.choose("MenGraLetFil");
+    user.file(path("e.gra"));
+    user.choose(command);
+  }
   void expectAboveMain(const QString& name) {
     user.at(name, [this](QWidget* shown) { expectAbove(shown, &window()); });
   }
@@ -32,9 +45,7 @@ TEST_F(OwnedWindowsTest, ReportsStandAboveTheMainWindow) {
 }
 
 TEST_F(OwnedWindowsTest, TheEditorStandsAboveTheMainWindowAndCanBeEnlarged) {
-  folder.make("a.gra", "%\r\n");
-  user.choose("MenGraModFil");
-  user.file(path("a.gra"));
+  openEditor();
   expectAboveMain("FrmEdi");
   user.at("FrmEdi", [](QWidget* editor) {
     EXPECT_TRUE(editor->windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
@@ -65,20 +76,14 @@ TEST_F(OwnedWindowsTest, WhatOpensOverAMinimisedMainWindowBelongsToItAllTheSame)
 }
 
 TEST_F(OwnedWindowsTest, TheErrorsOfAPrintedFileStandAboveTheMainWindow) {
-  folder.make("e.gra", "\\SEGNO(1,2)\r\n\\LINEA(1,1,5,5)\r\n");
-  user.choose("MenSerErr");
-  user.choose("MenGraLetFil");
-  user.file(path("e.gra"));
-  user.choose("MenGraPriFil");
+  runWrongFile("MenGraPriFil");
   user.cancelFile();
   expectAboveMain("FrmOut");
   act();
 }
 
 TEST_F(OwnedWindowsTest, AClickOnTheShutMainWindowBringsTheEditorForward) {
-  folder.make("a.gra", "%\r\n");
-  user.choose("MenGraModFil");
-  user.file(path("a.gra"));
+  openEditor();
   user.at("FrmEdi", [this](QWidget*) { window().activateWindow(); });
   user.at("FrmEdi", [](QWidget*) {});
   act();
@@ -93,11 +98,7 @@ TEST_F(OwnedWindowsTest, AClickOnTheShutMainWindowBringsTheEditorForward) {
 }
 
 TEST_F(OwnedWindowsTest, TheErrorsOfAFigureStandAboveTheMainWindow) {
-  folder.make("e.gra", "\\SEGNO(1,2)\r\n");
-  user.choose("MenSerErr");
-  user.choose("MenGraLetFil");
-  user.file(path("e.gra"));
-  user.choose("MenGraVisFil");
+  runWrongFile("MenGraVisFil");
   expectAboveMain("FrmOut");
   act();
 }

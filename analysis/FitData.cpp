@@ -32,6 +32,28 @@ const char* failureReason(MinimiseEnd end) {
   return "";
 }
 
+/// Residuals that the observer hears of every so many points, few enough not to look dead.
+class WatchedResiduals : public Residuals {
+ public:
+  WatchedResiduals(Residuals& residuals, FitObserver& observer)
+      : residuals_(residuals), observer_(observer) {}
+  bool ComputeResiduals(std::span<const double> X, std::span<double> F, double& sum) override {
+    points_ += F.size();
+    if (points_ >= kPointsAtOnce) {
+      points_ = 0;
+      observer_.working();
+    }
+    return residuals_.ComputeResiduals(X, F, sum);
+  }
+
+ private:
+  static constexpr std::size_t kPointsAtOnce = 50'000;
+
+  Residuals& residuals_;
+  FitObserver& observer_;
+  std::size_t points_ = 0;
+};
+
 class Fit : public MinimiseObserver {
  public:
   Fit(Session& session, Dialogs& dialogs, Clock& clock, FitObserver& observer)
@@ -88,7 +110,8 @@ bool Fit::minimise(const Array<double>& errors) {
   const Array<double> FreeValuesBefore = par.FreeValues;
   observer_.started({M(), N(), par.FreeValues});
   started_ = clock_.timer();
-  DataResiduals residuals(session_, dialogs_, errors.span(1, M()));
+  DataResiduals ofData(session_, dialogs_, errors.span(1, M()));
+  WatchedResiduals residuals(ofData, observer_);
   minimum_ = Minimise(residuals, M(), N(), F_, par.FreeValues, par.FreeSteps, MinimiseOptions(), W_,
                       session_.ErrFlag, *this);
   result_.end = minimum_.end;

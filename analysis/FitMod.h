@@ -43,6 +43,8 @@ class FitObserver {
  public:
   virtual ~FitObserver() = default;
   virtual void started(const FitStart& start) = 0;
+  /// Now and then within an iteration, of which a large set of data makes a long one.
+  virtual void working() {}
   virtual void progress(const FitProgress& progress) = 0;
   virtual void finished(const FitFinal& final) = 0;
   /// The fit ended without a result; no `finished` follows.

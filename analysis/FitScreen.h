@@ -38,6 +38,7 @@ class FitScreen : public FitObserver {
   FitScreen(const Session& session, OutputWindow& output);
 
   void started(const FitStart& start) override;
+  void working() override { output_.refresh(); }
   void progress(const FitProgress& progress) override;
   void finished(const FitFinal& final) override;
   void failed() override;

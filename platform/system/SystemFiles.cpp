@@ -90,7 +90,11 @@ std::int64_t SystemFiles::size(const std::string& path) {
 }
 
 std::string SystemFiles::readAll(const std::string& path) {
-  return readEntry(entryToRead(path), largestFile_, streams_);
+  const std::string entry = entryToRead(path);
+  std::error_code unknown;
+  const auto bytes = fs::file_size(entry, unknown);
+  if (onLongRead && !unknown && bytes >= kLongFile) onLongRead();
+  return readEntry(entry, largestFile_, streams_);
 }
 
 void SystemFiles::writeAll(const std::string& path, std::string_view bytes) {

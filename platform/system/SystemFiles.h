@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 
 #include "platform/Files.h"
 
@@ -15,10 +16,15 @@ enum class Streams { kRefused, kTaken };
 class SystemFiles : public Files {
  public:
   static constexpr std::size_t kLargestFile = std::size_t{1} << 30;
+  /// A file of this size keeps its user waiting.
+  static constexpr std::size_t kLongFile = std::size_t{1} << 20;
 
   /// Reading stops at `largestFile` bytes, so that an endless device ends.
   explicit SystemFiles(Streams streams = Streams::kRefused, std::size_t largestFile = kLargestFile)
       : streams_(streams), largestFile_(largestFile) {}
+
+  /// Called before a long file is read.
+  std::function<void()> onLongRead;
 
   bool FileExists(const std::string& path) override;
   std::int64_t size(const std::string& path) override;

@@ -41,6 +41,32 @@ TEST(FitData, LeavesValuesAndErrorsInTheParameterTables) {
   EXPECT_EQ(fit.session.ErrFlag, 0);
 }
 
+/// Hears of the work within iterations.
+struct WorkLog : FitLog {
+  int times = 0;
+  void working() override { ++times; }
+};
+
+int timesHeardOf(int points) {
+  FitCase fit = lineCase();
+  std::vector<double> x, y, dy;
+  for (int j = 0; j < points; ++j) {
+    x.push_back(j);
+    y.push_back(2.0 * j + 1);
+    dy.push_back(1);
+  }
+  fit.data(x, y, dy);
+  fit.start({1, 1});
+  WorkLog log;
+  FitData(fit.session, fit.dialogs, fit.window, fit.clock, log);
+  return log.times;
+}
+
+TEST(FitData, TellsOfTheWorkWithinTheIterationsOfALargeSet) {
+  EXPECT_EQ(timesHeardOf(5), 0);
+  EXPECT_GT(timesHeardOf(20'000), 3);
+}
+
 TEST(FitData, KeepsConstantParametersAndTheOrderOfTheFreeOnes) {
   FitCase fit("a*x*x+b*x+c", "a,b,c");
   fit.data(kFive, {3, 8, 15, 24, 35}, kTenths);

@@ -82,6 +82,17 @@ TEST_F(SystemFilesTest, ReadsAllBytesAsTheyAre) {
   EXPECT_TRUE(files.FileExists(path));
 }
 
+TEST_F(SystemFilesTest, TellsBeforeALongFileIsRead) {
+  const std::string shortFile = folder.make("corto.dat", std::string(1000, 'x'));
+  const std::string longFile = folder.make("lungo.dat", std::string(SystemFiles::kLongFile, 'x'));
+  int told = 0;
+  files.onLongRead = [&] { ++told; };
+  files.readAll(shortFile);
+  EXPECT_EQ(told, 0);
+  EXPECT_EQ(files.readAll(longFile).size(), SystemFiles::kLongFile);
+  EXPECT_EQ(told, 1);
+}
+
 TEST_F(SystemFilesTest, FindsNamesIgnoringCaseNameByName) {
   folder.make("Misure/Luglio/molla.Dat", "x");
   for (const char* name : {"Misure/Luglio/molla.Dat", "MISURE/LUGLIO/MOLLA.DAT", "misure\\Luglio\\molla.dat",

@@ -48,6 +48,12 @@ TEST_F(BreathTest, TheWaitCursorTellsALongCommandUntilTheProgramWaitsForTheUser)
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(BreathTest, WorkThatIsKnownToTakeLongIsToldAtOnce) {
+  breath.tellWork();
+  ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+}
+
 TEST_F(BreathTest, AShortCommandKeepsTheCursor) {
   constexpr qint64 kHour = 3'600'000;  // ms
   Breath patient(kHour);

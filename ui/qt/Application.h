@@ -51,6 +51,8 @@ class Application {
 
   /// Shows the main window and the welcome; the program is ready afterwards.
   void StartUp();
+  /// Tells the user to wait: work begins that is known to take long.
+  void tellWork() { breath_.tellWork(); }
   /// Unloads every form, in the order in which they were made, and ends the program.
   void unload();
 

@@ -44,9 +44,13 @@ Breath::~Breath() {
   tellReady();
 }
 
-void Breath::tellWork() {
+void Breath::watchWork() {
   if (!work_.isValid()) work_.start();
-  if (told_ || work_.elapsed() < patience_) return;
+  if (work_.elapsed() >= patience_) tellWork();
+}
+
+void Breath::tellWork() {
+  if (told_) return;
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   told_ = true;
 }
@@ -59,7 +63,7 @@ void Breath::tellReady() {
 }
 
 void Breath::take() {
-  tellWork();
+  watchWork();
   if (last_.isValid() && last_.elapsed() < kShortestPause) return;
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   last_.start();

@@ -16,6 +16,8 @@ class Breath {
   Breath(const Breath&) = delete;
   Breath& operator=(const Breath&) = delete;
 
+  /// Shows the wait cursor at once: work begins that is known to take long.
+  void tellWork();
   /// Paints what has changed, at most some 30 times a second.
   void take();
   /// Waits until the window system shows a window; without one that answers, half a second. What is drawn into it
@@ -27,7 +29,7 @@ class Breath {
  private:
   static constexpr qint64 kPatience = 200;
 
-  void tellWork();
+  void watchWork();
   void tellReady();
 
   QObject context_;  ///< no signal comes behind the end of its breath

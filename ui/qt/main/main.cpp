@@ -14,6 +14,7 @@ int main(int argc, char** argv) {
     exitCode = code;
     QCoreApplication::exit(code);
   });
+  files.onLongRead = [&] { application.tellWork(); };
   application.StartUp();
   return ended ? exitCode : QCoreApplication::exec();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <new>
 #include <utility>
 
 #include "base/Int16.h"
@@ -17,9 +18,11 @@ bool guard(Int16& errFlag, Statement&& statement) {
     std::forward<Statement>(statement)();
     return true;
   } catch (const RuntimeError&) {
-    errFlag = kTrue;
-    return false;
+  } catch (const std::bad_alloc&) {
+    // Memory that is exhausted is a run-time error like any other.
   }
+  errFlag = kTrue;
+  return false;
 }
 
 /// The same for routines that swallow their failures without a flag.

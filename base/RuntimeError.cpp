@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 
 namespace vk {
 namespace {
@@ -14,6 +15,7 @@ struct Text {
 constexpr std::array kTexts{
     Text{kInvalidCall, "Chiamata di routine o argomento non validi"},
     Text{kOverflow, "Overflow"},
+    Text{kOutOfMemory, "Memoria esaurita"},
     Text{kIndexOutOfRange, "Indice non incluso nell'intervallo"},
     Text{kDivisionByZero, "Divisione per zero"},
     Text{kTypeMismatch, "Tipo non corrispondente"},
@@ -36,6 +38,22 @@ std::string runtimeErrorText(int number) {
 
 std::string RuntimeError::message() const {
   return "Errore di run-time '" + std::to_string(number_) + "':\n\n" + runtimeErrorText(number_);
+}
+
+std::string RuntimeError::reason() const {
+  return reason_ != nullptr ? reason_ : runtimeErrorText(number_);
+}
+
+RuntimeError presentRuntimeError() {
+  try {
+    throw;
+  } catch (const RuntimeError& error) {
+    return error;
+  } catch (const std::bad_alloc&) {
+    return RuntimeError(kOutOfMemory);
+  } catch (...) {
+    return RuntimeError(kInternalError);
+  }
 }
 
 }  // namespace vk

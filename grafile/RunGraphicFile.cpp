@@ -51,13 +51,17 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
   drawing.GralGrStr(onPrinter ? ports.printer : newPlotWindow(ports).device(), paperOrientation(session),
                     static_cast<double>(session.GraphScale[kFileScale]));
 
-  GraphicRun run(session, ports.files, ports.dialogs, drawing, errorFlag);
-  run.runText(text);
-  // QUIRK: a function that cannot be computed at its last point, drawn by the last line, opens an empty list.
-  const bool wrong = !run.errors().empty() || session.ErrFlag != 0;
-  if (wrong && session.ShowErrors != kFalse) showErrors(ports.output, run.errors(), onPrinter);
-
-  drawing.GralGrEnd();
+  try {
+    GraphicRun run(session, ports.files, ports.dialogs, drawing, errorFlag);
+    run.runText(text);
+    // QUIRK: a function that cannot be computed at its last point, drawn by the last line, opens an empty list.
+    const bool wrong = !run.errors().empty() || session.ErrFlag != 0;
+    if (wrong && session.ShowErrors != kFalse) showErrors(ports.output, run.errors(), onPrinter);
+    drawing.GralGrEnd();
+  } catch (...) {
+    drawing.GralGrAbort();
+    throw;
+  }
   before.putBack(session);
   Msg(session, ports.window);
 }

@@ -59,6 +59,8 @@ class GralCls {
   void GralGrStr(Device& GralOut, std::string_view GralOri, double scale);
   /// Ends the drawing: clipping is over; the printer's document is sent and its settings are put back.
   void GralGrEnd();
+  /// Ends a drawing that broke off: the printer's document is dropped, its settings are put back. Never fails.
+  void GralGrAbort();
   /// Clears the form. Its name in the table of names is `GralCls`.
   void GralClear();
   void GralRefresh();

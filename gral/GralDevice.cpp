@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "base/CheckedMath.h"
+#include "base/Guard.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "gral/GralCls.h"
@@ -115,6 +116,13 @@ void GralCls::GralGrEnd() {
   if (!IsPrinter) return;
   printer_.EndDoc();
   restorePrinter();
+}
+
+void GralCls::GralGrAbort() {
+  guard([&] { releaseClip(); });
+  if (!IsPrinter) return;
+  printer_.KillDoc();
+  guard([&] { restorePrinter(); });
 }
 
 void GralCls::restorePrinter() {

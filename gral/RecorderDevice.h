@@ -25,6 +25,7 @@ class RecorderDevice : private RecorderParts, public SinkDevice {
 
   void PaintPicture(const Picture& picture, double x, double y) override;
   void EndDoc() override;
+  void KillDoc() override { forget(); }
   /// Number of documents ended.
   int documents() const { return documents_; }
 

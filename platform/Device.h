@@ -186,6 +186,8 @@ class Device {
   virtual void PaintPicture(const Picture& picture, double x, double y);
   /// Ends the document and sends it. A printer that fails is run-time error 482.
   virtual void EndDoc();
+  /// Drops the document that has not ended. Never fails.
+  virtual void KillDoc() {}
 
  protected:
   explicit Device(const FormMetrics& form);

@@ -12,6 +12,7 @@ void GridOutput::OutShow(const OutputRequest& request) {
   textMode_ = !trim(request.text).empty();
   grid_ = CharGrid(request.rows, request.cols);
   CharLocate(1, 1);
+  ++opened_;
   open_ = true;
 }
 

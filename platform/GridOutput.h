@@ -18,6 +18,10 @@ class GridOutput : public OutputWindow {
   void refresh() override {}
   void setSaveRoutine(std::function<void()> routine) override { saveRoutine_ = std::move(routine); }
   void FrmOut_Exit() override { open_ = false; }
+  int opened() const override { return opened_; }
+  void closeSince(int opened) override {
+    if (opened_ > opened) FrmOut_Exit();
+  }
 
   bool isOpen() const { return open_; }
   bool isTextMode() const { return textMode_; }
@@ -30,6 +34,7 @@ class GridOutput : public OutputWindow {
   CharGrid grid_;
   int row_ = 1;
   int col_ = 1;
+  int opened_ = 0;
   bool open_ = false;
   bool textMode_ = false;
   std::function<void()> saveRoutine_;

@@ -26,6 +26,7 @@ class MainWindow {
 
   /// Shuts all input out on behalf of a form: one that wants its answer first, or one that shows a computation.
   /// The window opens when the last holder has released it, shown or minimised. Input that came meanwhile is dropped.
+  /// Neither fails.
   virtual void shut(Form holder) = 0;
   virtual void release(Form holder) = 0;
   /// Paints at once what has changed.

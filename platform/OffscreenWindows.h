@@ -18,6 +18,10 @@ class OffscreenWindows : public PlotWindows {
     return *windows_.back();
   }
   PlotWindow* active() override { return windows_.empty() ? nullptr : windows_.back().get(); }
+  int made() const override { return static_cast<int>(windows_.size()); }
+  void closeSince(int made) override {
+    while (this->made() > made) windows_.pop_back();
+  }
   void closeAll() override { windows_.clear(); }
 
  private:

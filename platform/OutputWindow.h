@@ -58,6 +58,11 @@ class OutputWindow {
 
   /// Closes the window and refreshes its owner. Does nothing when it is closed.
   virtual void FrmOut_Exit() = 0;
+
+  /// How many times a window has been opened.
+  virtual int opened() const = 0;
+  /// Closes what has been opened since `opened` gave this number.
+  virtual void closeSince(int opened) = 0;
 };
 
 /// The three buttons of nearly every report.

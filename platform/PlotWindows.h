@@ -25,10 +25,14 @@ class PlotWindows {
  public:
   virtual ~PlotWindows() = default;
 
-  /// A new window, not yet visible. It lives until `closeAll`; a hidden one may be freed when the next is made.
+  /// A new window, not yet visible. It lives until it is closed; a hidden one may be freed when the next is made.
   virtual PlotWindow& create() = 0;
   /// The window in front, or none.
   virtual PlotWindow* active() = 0;
+  /// How many windows have been made.
+  virtual int made() const = 0;
+  /// Closes what has been made since `made` gave this number.
+  virtual void closeSince(int made) = 0;
   /// Closes them all, at the end of the program.
   virtual void closeAll() = 0;
 };

@@ -158,6 +158,10 @@ RecentList& recentList(Session& session, Int16 kind) {
   return session.*kindOf(kind).recent;
 }
 
+const RecentList& recentList(const Session& session, Int16 kind) {
+  return session.*kindOf(kind).recent;
+}
+
 std::string recentControl(Int16 kind, int index) {
   return std::string(kindOf(kind).recentMenu) + "(" + std::to_string(index) + ")";
 }
@@ -165,22 +169,23 @@ std::string recentControl(Int16 kind, int index) {
 void addRecentFile(Session& session, MainWindow& window, Int16 kind, const std::string& shown,
                    const std::string& path) {
   RecentList& list = recentList(session, kind);
-  const auto show = [&](int entry) {
-    window.setMenuCaption(recentControl(kind, entry - 1),
-                          "&" + std::to_string(entry) + " " + inMenu(list.files[entry]));
-  };
-  if (list.RecentCount < list.RecentMax) {
-    window.setMenuVisible(recentControl(kind, list.RecentCount), true);
-    ++list.RecentCount;
-  }
+  if (list.RecentCount < list.RecentMax) ++list.RecentCount;
   for (int entry = list.RecentCount; entry >= 2; --entry) {
     list.files[entry] = list.files[entry - 1];
     list.paths[entry] = list.paths[entry - 1];
-    show(entry);
   }
   list.files[1] = shown;
   list.paths[1] = path;
-  show(1);
+  showRecentFiles(session, window, kind);
+}
+
+void showRecentFiles(const Session& session, MainWindow& window, Int16 kind) {
+  const RecentList& list = recentList(session, kind);
+  for (int entry = 1; entry <= list.RecentCount; ++entry) {
+    const std::string control = recentControl(kind, entry - 1);
+    window.setMenuCaption(control, "&" + std::to_string(entry) + " " + inMenu(list.files[entry]));
+    window.setMenuVisible(control, true);
+  }
 }
 
 void pickRecentFile(Session& session, Int16 kind, int index) {

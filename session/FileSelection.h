@@ -40,6 +40,7 @@ std::string nameWithoutExtension(const std::string& path);
 
 /// The list of recent files of a kind.
 RecentList& recentList(Session& session, Int16 kind);
+const RecentList& recentList(const Session& session, Int16 kind);
 
 /// Control name of an entry of a recent list, index 0..3.
 std::string recentControl(Int16 kind, int index);
@@ -47,6 +48,9 @@ std::string recentControl(Int16 kind, int index);
 /// Puts a file in front of its recent list and shows the list in its menu, where the file bears the name `shown`.
 void addRecentFile(Session& session, MainWindow& window, Int16 kind, const std::string& shown,
                    const std::string& path);
+
+/// Shows the files of a recent list in its menu.
+void showRecentFiles(const Session& session, MainWindow& window, Int16 kind);
 
 /// Makes the next reading command of this kind take entry `index` (from 0) of its list.
 void pickRecentFile(Session& session, Int16 kind, int index);

@@ -5,6 +5,7 @@
 
 #include "base/Text.h"
 #include "platform/Files.h"
+#include "session/FileSelection.h"
 
 namespace vk {
 namespace {
@@ -81,6 +82,24 @@ void Msg(const Session& session, MainWindow& window) {
   for (const auto& [control, enabled] : display.enabled) window.setMenuEnabled(control, enabled);
   int panel = 0;
   for (const std::string& text : display.panels) window.setPanel(++panel, text);
+}
+
+void showSession(const Session& session, MainWindow& window) {
+  const auto set = [&](std::initializer_list<const char*> controls, Flag enabled) {
+    for (const char* control : controls) window.setMenuEnabled(control, enabled != kFalse);
+  };
+  set({"MenFunCar"}, session.FunFileRead);
+  set({"MenGraVisFil", "MenGraPriFil"}, session.GraDefined);
+  set({"MenSerPro"}, session.FunDefined);
+  window.setMenuChecked("MenSerErr", session.ShowErrors != kFalse);
+  for (const int kind : {kDataKind, kFunctionKind, kGraphicKind}) {
+    const RecentList& list = recentList(session, kind);
+    for (int entry = list.RecentCount; entry < list.RecentMax; ++entry) {
+      window.setMenuVisible(recentControl(kind, entry), false);
+    }
+    showRecentFiles(session, window, kind);
+  }
+  Msg(session, window);
 }
 
 std::string FileBaseName(const std::string& path) {

@@ -23,6 +23,10 @@ SessionDisplay sessionDisplay(const Session& session);
 /// The refresh of menus and status bar; every command that changes a flag ends with it.
 void Msg(const Session& session, MainWindow& window);
 
+/// Shows the session anew from the ground up, with the entries that commands turn on and off beside `Msg` and
+/// the recent files: after a command that broke off, nobody knows what it has shown.
+void showSession(const Session& session, MainWindow& window);
+
 /// What stands behind the last "\" or "/" of a path.
 std::string FileBaseName(const std::string& path);
 

@@ -112,12 +112,11 @@ void Editor::OpenEditor(const std::string& path, Int16 kind) {
     if (!wantsLargeFile(wanted)) return;
     wanted.control = EditControl::kTxtEdi;
   }
-  auto shut = std::make_unique<ShutWindow>(ports_.window, Form::kEditor);
-  form_->showEditor(captionOf(wanted) + " " + ownName(wanted),
-                    textOfFile(bytes, wanted.control == EditControl::kTxtEdiOld), wanted.control);
-  shut_ = std::move(shut);
+  shut_ = std::make_unique<ShutWindow>(ports_.window, Form::kEditor);
   file_ = wanted;
   session_.FileKind = kind;
+  form_->showEditor(captionOf(wanted) + " " + ownName(wanted),
+                    textOfFile(bytes, wanted.control == EditControl::kTxtEdiOld), wanted.control);
 }
 
 /// False when the command is to stop.

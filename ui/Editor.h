@@ -47,6 +47,9 @@ class Editor {
   /// that is open keeps its file and its text, and comes to the front.
   void OpenEditor(const std::string& path, Int16 kind);
 
+  /// True from the opening to the closing, be it that the form could not be shown.
+  bool isOpen() const { return shut_ != nullptr; }
+
   /// Writes the file and, when its check finds nothing, closes the editor. A file that cannot be written is told,
   /// and stays as it was on the disk; the editor stays open with the text.
   void MnuFilSav();

@@ -1,7 +1,7 @@
 #include "ui/MainMod.h"
 
 #include <array>
-#include <exception>
+#include <optional>
 
 #include "analysis/FitCommands.h"
 #include "analysis/InitialParameters.h"
@@ -9,6 +9,7 @@
 #include "analysis/Scopes.h"
 #include "analysis/Simulation.h"
 #include "analysis/Transformation.h"
+#include "base/Guard.h"
 #include "expr/FunMod.h"
 #include "expr/FunctionCommands.h"
 #include "grafile/FigureCommands.h"
@@ -18,6 +19,7 @@
 #include "session/ServiceCommands.h"
 #include "session/StartUp.h"
 #include "session/SubMod.h"
+#include "ui/Checkpoint.h"
 
 namespace vk {
 namespace {
@@ -30,9 +32,6 @@ constexpr const char* kWelcome =
     " funzionamento che dovessero essere riscontrati.\r"
     "La guida si trova nella cartella della documentazione (docs).\r"
     "VOR_KEL e` opera di chi lo usa e di chi lo sviluppa.";
-
-/// Error of the platform for whatever goes wrong inside without a number of its own.
-constexpr int kInternalError = 51;
 
 }  // namespace
 
@@ -83,19 +82,27 @@ const MainMod::Handler* MainMod::findHandler(std::string_view control) {
 }
 
 void MainMod::StartUp(const std::function<void()>& showMainWindow) {
+  guarded([this] { setFirstFolders(session_, ports_.files); });
+  guarded([this] { prepareWindow(); });
+  guarded(showMainWindow);
+  guarded([this] { welcome(); });
+  guarded([this] { fillCatalogue(); });
+  guarded([this] { SoundSignal(session_, ports_.sound, 0); });
+  guarded([this] { Msg(session_, ports_.window); });
+}
+
+void MainMod::prepareWindow() {
   for (int panel = 1; panel <= 5; ++panel) {
     ports_.window.setPanel(panel, kStartPanels[static_cast<std::size_t>(panel) - 1]);
   }
-  setFirstFolders(session_, ports_.files);
   setFirstMenus(ports_.window);
   ports_.window.setBackground(session_.BackImage);
   ports_.window.setCaption(kProgramTitle);
-  showMainWindow();
-  welcome();
+}
+
+void MainMod::fillCatalogue() {
   BuildCatalogue(session_);
   ports_.functions.refillSelection();
-  SoundSignal(session_, ports_.sound, 0);
-  Msg(session_, ports_.window);
 }
 
 void MainMod::welcome() {
@@ -115,7 +122,7 @@ void MainMod::run(std::string_view control) {
     if (handler->recent != nullptr) {
       (this->*handler->recent)(control.at(control.find('(') + 1) - '0');
     } else if (handler->figure != nullptr) {
-      handler->figure(session_, ports_.figures());
+      handler->figure(session_, figures());
     } else {
       (this->*handler->command)();
     }
@@ -124,20 +131,24 @@ void MainMod::run(std::string_view control) {
 }
 
 void MainMod::guarded(const std::function<void()>& handler) {
-  if (ended_) return;
+  std::optional<Checkpoint> before;
   try {
+    before.emplace(session_, ports_, panels_, editor_, plots());
     handler();
-  } catch (const RuntimeError& error) {
-    end(error);
-  } catch (const std::exception&) {
-    end(RuntimeError(kInternalError));
+  } catch (...) {
+    const RuntimeError error = presentRuntimeError();
+    guard([&] { tell(error); });
+    if (before) before->goBack(plots());
   }
 }
 
-void MainMod::end(const RuntimeError& error) {
-  ended_ = true;
+void MainMod::tell(const RuntimeError& error) {
   ports_.dialogs.plainBox(kProgramTitle, error.message());
-  quit_(1);
+}
+
+FigurePorts& MainMod::figures() {
+  if (figures_ == nullptr) figures_ = &ports_.figures();
+  return *figures_;
 }
 
 void MainMod::runInputAction(int action) {

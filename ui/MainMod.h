@@ -4,49 +4,21 @@
 #include <string>
 #include <string_view>
 
-#include "base/RuntimeError.h"
-#include "grafile/FigurePorts.h"
-#include "platform/Clock.h"
-#include "platform/Dialogs.h"
-#include "platform/Files.h"
-#include "platform/FunctionForms.h"
-#include "platform/InputForm.h"
-#include "platform/MainWindow.h"
-#include "platform/OutputWindow.h"
-#include "platform/Process.h"
-#include "platform/Random.h"
-#include "platform/Sound.h"
 #include "session/Session.h"
 #include "ui/Editor.h"
 #include "ui/MainPanels.h"
+#include "ui/Ports.h"
 
 /// Start-up and main dispatch: which command each menu entry runs.
 namespace vk {
 
-/// Everything outside the program that commands work with.
-struct Ports {
-  Files& files;
-  Dialogs& dialogs;
-  MainWindow& window;
-  InputForm& input;
-  OutputWindow& output;
-  FunctionForms& functions;
-  Clock& clock;
-  Sound& sound;
-  Process& process;
-  Random& random;
-  std::function<FigurePorts&()> figures;  ///< what figures need; asked for when one is drawn
-};
-
 class MainMod {
  public:
-  /// `quit` ends the program with an exit code.
-  MainMod(Session& session, const Ports& ports, MainPanels& panels, Editor& editor,
-          std::function<void(int)> quit)
-      : session_(session), ports_(ports), panels_(panels), editor_(editor), quit_(std::move(quit)) {}
+  MainMod(Session& session, const Ports& ports, MainPanels& panels, Editor& editor)
+      : session_(session), ports_(ports), panels_(panels), editor_(editor) {}
 
   /// Runs once, when all forms are there: folders, first menu states, the main window by `showMainWindow`,
-  /// the welcome, the catalogue, the sound of the start.
+  /// the welcome, the catalogue, the sound of the start. A step that fails is told, and the next one follows.
   void StartUp(const std::function<void()>& showMainWindow);
 
   /// A menu entry was chosen: runs its command to the end, then renews menus and status bar, except where a
@@ -58,8 +30,8 @@ class MainMod {
   /// True for the entries that run something.
   static bool hasCommand(std::string_view control) { return findHandler(control) != nullptr; }
 
-  /// Runs any handler of an event. A run-time error that nobody guarded is told, and the program ends; nothing
-  /// is thrown.
+  /// Runs any handler of an event. A run-time error that nobody guarded is told and ends the handler, with
+  /// everything as it was before (`Checkpoint`); nothing is thrown.
   void guarded(const std::function<void()>& handler);
 
   /// What "&Esegui" of the input form runs, by the number in its tables.
@@ -70,8 +42,12 @@ class MainMod {
   /// Entries of recent lists share one handler, whatever stands in their brackets.
   static const Handler* findHandler(std::string_view control);
 
-  void end(const RuntimeError& error);
+  void tell(const RuntimeError& error);
+  FigurePorts& figures();
+  PlotWindows* plots() { return figures_ == nullptr ? nullptr : &figures_->plots; }
+  void prepareWindow();
   void welcome();
+  void fillCatalogue();
 
   void menDatLet();
   void menDatMod();
@@ -99,9 +75,8 @@ class MainMod {
   Ports ports_;
   MainPanels& panels_;
   Editor& editor_;
-  std::function<void(int)> quit_;
-  Flag running_;  ///< a command runs
-  bool ended_ = false;
+  FigurePorts* figures_ = nullptr;  ///< none before the first figure
+  Flag running_;                    ///< a command runs
 };
 
 }  // namespace vk

@@ -4,6 +4,7 @@ namespace vk {
 
 void MainPanels::open(Panel panel, const char* caption) {
   PanelClosed = kFalse;
+  present_ = panel;
   window_.setCaption(caption);
   view_->showPanel(panel);
   for (const char* menu : {"MenAda", "MenDat", "MenFun", "MenGra", "MenSer"})
@@ -24,7 +25,7 @@ void MainPanels::MenSerImpGra() {
 
 void MainPanels::CmdWrkDir(int index) {
   if (index == 1) directory_.accept();
-  close(Panel::kDirectory);
+  close();
 }
 
 void MainPanels::CmdImpGra(int index) {
@@ -34,11 +35,15 @@ void MainPanels::CmdImpGra(int index) {
     graphics_.cancel();
   }
   window_.setBackground(session_.BackImage);
-  close(Panel::kGraphics);
+  close();
 }
 
-void MainPanels::close(Panel panel) {
-  view_->hidePanel(panel);
+void MainPanels::shut() {
+  if (isOpen()) close();
+}
+
+void MainPanels::close() {
+  view_->hidePanel(present_);
   PanelClosed = kTrue;
   window_.setMenuEnabled("MenAda", session_.FunDefined != kFalse);
   for (const char* menu : {"MenDat", "MenFun", "MenGra", "MenSer"}) window_.setMenuEnabled(menu, true);

@@ -37,6 +37,9 @@ class MainPanels {
   void CmdWrkDir(int index);
   void CmdImpGra(int index);
 
+  /// Closes the panel that is open, if one is; nothing of it is taken.
+  void shut();
+
   DirectoryPanel& directory() { return directory_; }
   GraphicPanel& graphics() { return graphics_; }
   bool isOpen() const { return !PanelClosed; }
@@ -45,13 +48,14 @@ class MainPanels {
 
  private:
   void open(Panel panel, const char* caption);
-  void close(Panel panel);
+  void close();
 
   DirectoryPanel directory_;
   GraphicPanel graphics_;
   Session& session_;
   MainWindow& window_;
   PanelView* view_ = nullptr;
+  Panel present_ = Panel::kDirectory;  ///< the one that is open, or was last
 };
 
 }  // namespace vk

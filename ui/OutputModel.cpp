@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/Guard.h"
 #include "base/Text.h"
 
 namespace vk {
@@ -20,6 +21,23 @@ constexpr std::array<CommandOfCaption, 4> kCommands{{{"&Continua", OutputCommand
                                                      {"&Stampa", OutputCommand::kPrint},
                                                      {"Co&pia", OutputCommand::kCopy},
                                                      {"Salva &File", OutputCommand::kSaveFile}}};
+
+/// Turns the paper for as long as it lives.
+class OrientationFor {
+ public:
+  OrientationFor(Printer& printer, Int16 wanted) : printer_(printer), before_(printer.Orientation()) {
+    printer_.setOrientation(wanted);
+  }
+  ~OrientationFor() {
+    guard([&] { printer_.setOrientation(before_); });
+  }
+  OrientationFor(const OrientationFor&) = delete;
+  OrientationFor& operator=(const OrientationFor&) = delete;
+
+ private:
+  Printer& printer_;
+  Int16 before_;
+};
 
 }  // namespace
 
@@ -62,14 +80,12 @@ void OutputModel::printOn(Printer& printer, const FontSpec& font) {
 }
 
 void OutputModel::printDrawing(Printer& printer, const FontSpec& font) {
-  const Int16 before = printer.Orientation();
-  printer.setOrientation(OutPixelW > OutPixelH ? kLandscape : kPortrait);
+  const OrientationFor turned(printer, OutPixelW > OutPixelH ? kLandscape : kPortrait);
   // QUIRK: the margin is an absolute difference, so a drawing wider than the page starts inside it and is cut.
   const double left = std::abs(printer.Width() - OutPixelW) / 2;
   const double top = std::abs(printer.Height() - OutPixelH) / 2;
   printer.printGrid(grid(), {left, top, cell_.width * 1.0, cell_.height * 1.0, font.face, font.size * 1.0});
   printer.EndDoc();
-  printer.setOrientation(before);
 }
 
 void OutputModel::copyTo(Clipboard& clipboard) const {

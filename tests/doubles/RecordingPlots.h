@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -41,6 +42,10 @@ class RecordingPlotWindows : public PlotWindows {
     return *windows.back();
   }
   PlotWindow* active() override { return windows.empty() ? nullptr : windows.back().get(); }
+  int made() const override { return static_cast<int>(windows.size()); }
+  void closeSince(int made) override {
+    windows.resize(std::min(windows.size(), static_cast<std::size_t>(made)));
+  }
   void closeAll() override { windows.clear(); }
 };
 

@@ -14,8 +14,10 @@
 namespace vk {
 namespace {
 
+using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 /// Panels of the main window without a window.
@@ -24,7 +26,11 @@ class RecordingPanelView : public PanelView {
   std::vector<std::string> calls;
   void showPanel(Panel panel) override { note("show", panel); }
   void hidePanel(Panel panel) override { note("hide", panel); }
-  void syncPanel(Panel panel) override { note("sync", panel); }
+  void syncPanel(Panel panel) override {
+    if (failure != 0) throw RuntimeError(failure);
+    note("sync", panel);
+  }
+  int failure = 0;  ///< run-time error that the showing of a panel's content raises
 
  private:
   void note(const char* what, Panel panel) {
@@ -95,14 +101,12 @@ class MainModTest : public testing::Test {
   RecorderDevice figurePrinter{PrinterMetrics{}};
   NominalScreen screen;
   FigurePorts figures{files, dialogs, window, output, sound, plots, figurePrinter, screen};
-  std::vector<int> exitCodes;
   std::function<void()> atShowing = [] {};
   MainMod mainMod{session,
                   {files, dialogs, window, input, output, functions, clock, sound, process, random,
                    [this]() -> FigurePorts& { return figures; }},
                   panels,
-                  editor,
-                  [this](int code) { exitCodes.push_back(code); }};
+                  editor};
 };
 
 TEST_F(MainModTest, TheWindowFirstShowsTheTextsOfTheStart) {
@@ -339,7 +343,7 @@ TEST_F(MainModTest, TheChosenGraphicFileRunsOnTheScreenAndOnThePrinter) {
   EXPECT_EQ(figurePrinter.documents(), 1);
 }
 
-TEST_F(MainModTest, AGraphicFileThatHasGoneEndsTheProgram) {
+TEST_F(MainModTest, AGraphicFileThatHasGoneEndsTheCommand) {
   start();
   files.content["/g.gra"] = "%\r\n";
   dialogs.pick("/g.gra");
@@ -348,7 +352,52 @@ TEST_F(MainModTest, AGraphicFileThatHasGoneEndsTheProgram) {
   dialogs.expectBox();
   mainMod.run("MenGraVisFil");
   expectBox("VOR_KEL", RuntimeError(kFileNotFound).message());
-  EXPECT_THAT(exitCodes, ElementsAre(1));
+  EXPECT_EQ(window.panels[3], "Gra.: g.gra");
+  EXPECT_TRUE(on("MenGraVisFil"));
+  files.content["/g.gra"] = "%\r\n";
+  mainMod.run("MenGraVisFil");
+  EXPECT_EQ(plots.windows.size(), 1u);
+}
+
+TEST_F(MainModTest, AGraphicFileThatEndsTooSoonLeavesNoWindowAndNoData) {
+  start();
+  readData();
+  files.content["/B.DAT"] = "x\r\ny\r\n2\r\n5 1 .1\r\n6 3 .1\r\n";
+  files.content["/g.gra"] = "\\DATI(/B.DAT)\r\n\\SIMBOLO(3,4)&";
+  dialogs.pick("/g.gra");
+  mainMod.run("MenGraLetFil");
+  for (const char* control : {"MenGraVisFil", "MenGraPriFil"}) {
+    dialogs.expectBox();
+    mainMod.run(control);
+    expectBox("VOR_KEL", "Errore di run-time '62':\n\nInput oltre la fine del file");
+    EXPECT_THAT(plots.windows, IsEmpty());
+    EXPECT_EQ(session.DataFile, "/dati/a.dat");
+    EXPECT_EQ(session.data.NumPnt, 3);
+  }
+  files.content["/g.gra"] = "\\SIMBOLO(1,1)\r\n";
+  mainMod.run("MenGraPriFil");
+  EXPECT_EQ(figurePrinter.documents(), 1);
+  const std::vector<std::string> printed = figurePrinter.lines();
+  EXPECT_THAT(printed, testing::Not(Contains(HasSubstr("3,4")))) << "nothing is left of what broke off";
+}
+
+TEST_F(MainModTest, ARecentFileThatHasGoneChangesNothingAndTheNextReadingAsks) {
+  start();
+  readData();
+  files.content["/dati/b.dat"] = "x\r\ny\r\n2\r\n0 1 .1\r\n1 3 .1\r\n";
+  dialogs.pick("/dati/b.dat");
+  mainMod.run("MenDatLet");
+  files.content.erase("/dati/a.dat");
+  const auto captions = window.menuCaption;
+  dialogs.expectBox();
+  mainMod.run("MenDatOld(1)");
+  expectBox("VOR_KEL", "Errore di run-time '53':\n\nImpossibile trovare il file");
+  EXPECT_EQ(window.panels[1], "Dati: b.dat");
+  EXPECT_EQ(window.menuCaption, captions);
+  EXPECT_EQ(session.RecentData.RecentCount, 2);
+  dialogs.pick("/dati/b.dat");
+  mainMod.run("MenDatLet");
+  EXPECT_EQ(session.RecentData.RecentCount, 3) << "read by the dialog";
 }
 
 TEST_F(MainModTest, AClickIntoAFigureCanPutItAway) {
@@ -490,7 +539,6 @@ TEST_F(MainModTest, TheCalculatorIsStartedAtEachClick) {
   dialogs.expectBox();
   mainMod.run("MenSerCal");
   expectBox("VOR_KEL", "Calcolatrice NON Trovata!     <*> per Continuare");
-  EXPECT_THAT(exitCodes, IsEmpty());
 }
 
 TEST_F(MainModTest, OneCommandRunsAtATime) {
@@ -512,23 +560,53 @@ TEST_F(MainModTest, TheErrorOptionAndItsMarkChangeTogether) {
   }
 }
 
-TEST_F(MainModTest, AnUnguardedErrorIsToldAndEndsTheProgram) {
+TEST_F(MainModTest, AnUnguardedErrorIsToldAndEndsTheCommand) {
   start();
   files.content["/a.dat"] = "x";
   files.readError["/a.dat"] = kPermissionDenied;
   dialogs.pick("/a.dat");
   dialogs.expectBox();
+  window.panels.clear();
   mainMod.run("MenDatLet");
   expectBox("VOR_KEL", "Errore di run-time '70':\n\nAutorizzazione negata");
-  EXPECT_THAT(exitCodes, ElementsAre(1));
+  EXPECT_EQ(window.panels[1], "Dati: Nessuno");
+  EXPECT_EQ(session.DataFile, "Nessuno");
   mainMod.run("MenSerErr");
-  EXPECT_EQ(session.ShowErrors, kFalse) << "nothing runs any more";
+  EXPECT_EQ(session.ShowErrors, kTrue) << "the program goes on";
 }
 
-TEST_F(MainModTest, OtherFailuresEndTheProgramTheSameWay) {
+TEST_F(MainModTest, AFunctionFileThatCannotBeReadLeavesSwitchesAndFunctions) {
+  start();
+  session.PropagationMode = kTrue;
+  session.ShowErrors = kTrue;
+  files.content["/f.fcn"] = "A\r\nA*x\r\nretta\r\n";
+  files.readError["/f.fcn"] = kDeviceIoError;
+  dialogs.pick("/f.fcn");
+  dialogs.expectBox();
+  mainMod.run("MenFunLet");
+  dialogs.boxes.clear();
+  EXPECT_EQ(session.TraceEnabled, kFalse);
+  EXPECT_EQ(session.CheckFunctions, kFalse);
+  EXPECT_EQ(session.PropagationMode, kTrue);
+  EXPECT_EQ(session.FunFileRead, kFalse);
+  EXPECT_FALSE(on("MenFunCar"));
+}
+
+TEST_F(MainModTest, ExhaustedMemoryIsRunTimeErrorSeven) {
   dialogs.expectBox();
   mainMod.guarded([] { throw std::bad_alloc(); });
-  EXPECT_THAT(exitCodes, ElementsAre(1));
+  expectBox("VOR_KEL", "Errore di run-time '7':\n\nMemoria esaurita");
+}
+
+TEST_F(MainModTest, APanelThatCannotBeOpenedLeavesTheMenus) {
+  start();
+  view.failure = kOutOfMemory;
+  dialogs.expectBox();
+  mainMod.run("MenSerImpDir");
+  dialogs.boxes.clear();
+  EXPECT_FALSE(panels.isOpen());
+  EXPECT_EQ(window.caption, "VOR_KEL");
+  EXPECT_TRUE(on("MenDat"));
 }
 
 TEST_F(MainModTest, FlagsAreExactlyTrueOrFalseAfterEveryCommand) {

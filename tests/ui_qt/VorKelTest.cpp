@@ -2,6 +2,7 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProcess>
 #include <QRadioButton>
 #include <QScreen>
 #include <QScrollBar>
@@ -404,7 +405,7 @@ TEST_F(VorKelTest, AShutWindowCannotBeClosed) {
   window().release(Form::kEditor);
 }
 
-TEST_F(VorKelTest, AnUnguardedErrorIsToldAndEndsTheProgram) {
+TEST_F(VorKelTest, AnUnguardedErrorIsToldAndEndsTheCommand) {
   folder.make("a.dat", lineData());
   std::filesystem::create_directory(folder / "cartella.dat");
   session().RecentData.paths[1] = folder / "manca/a.dat";
@@ -414,7 +415,33 @@ TEST_F(VorKelTest, AnUnguardedErrorIsToldAndEndsTheProgram) {
   act();
   ASSERT_EQ(boxes.size(), 1u);
   EXPECT_EQ(boxes[0], QString("Errore di run-time '76':\n\nImpossibile trovare il percorso"));
-  EXPECT_THAT(exitCodes, ElementsAre(1));
+  EXPECT_THAT(exitCodes, testing::IsEmpty());
+  EXPECT_TRUE(window().isEnabled());
+  user.choose("MenDatLet");
+  user.file("a.dat");
+  act();
+  EXPECT_EQ(panel(1), "Dati: a.dat") << "the entry that failed is not picked any more";
+}
+
+TEST_F(VorKelTest, AGraphicFileThatEndsTooSoonLeavesNoFigureAndNothingToPrint) {
+  user.choose("MenGraLetFil");
+  user.file(QString::fromStdString(folder.make("g.gra", "\\SCRIVI(5,5,0,0,20,prima)\r\n\\SIMBOLO(3,4)&")));
+  for (const char* command : {"MenGraVisFil", "MenGraPriFil"}) {
+    user.choose(command);
+    answerBox();
+    act();
+    EXPECT_EQ(windowNamed("GralFrm"), nullptr) << command;
+  }
+  EXPECT_THAT(boxes, testing::Each(QString("Errore di run-time '62':\n\nInput oltre la fine del file")));
+  folder.make("g.gra", "\\SCRIVI(5,5,0,0,20,dopo)\r\n");
+  user.choose("MenGraPriFil");
+  user.file(QString::fromStdString(folder / "figura.pdf"));
+  act();
+  QProcess reader;
+  reader.start("pdftotext", {QString::fromStdString(folder / "figura.pdf"), "-"});
+  ASSERT_TRUE(reader.waitForFinished());
+  EXPECT_EQ(reader.readAllStandardOutput().trimmed(), "dopo");
+  EXPECT_TRUE(window().isEnabled());
 }
 
 TEST_F(VorKelTest, AFullDiskIsToldWhileAReportIsPrinted) {

@@ -13,7 +13,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
       mainMod_(session_,
                {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_, random_,
                 [this]() -> FigurePorts& { return figures(); }},
-               panels_, editor_, quit_) {
+               panels_, editor_) {
   windows_.add(Form::kMain, &window_);
   windows_.add(Form::kInput, &inputForm_);
   windows_.add(Form::kOutput, &output_.form());
@@ -57,7 +57,7 @@ FigurePorts& Application::figures() {
 }
 
 void Application::StartUp() {
-  mainMod_.guarded([this] { mainMod_.StartUp([this] { showMainWindow(); }); });
+  mainMod_.StartUp([this] { showMainWindow(); });
 }
 
 void Application::showMainWindow() {

@@ -17,6 +17,7 @@ void QtOutput::takeFreeForm() {
 
 void QtOutput::OutShow(const OutputRequest& request) {
   if (request.beside && model().isOpen()) takeFreeForm();
+  openings_[present_] = ++opened_;
   form().OutShow(request);
   breath_.take();
   breath_.awaitShowing(form());
@@ -31,6 +32,12 @@ void QtOutput::print(std::string_view text) {
 void QtOutput::CharFrame(int row1, int col1, int row2, int col2, int style, const std::string& title) {
   model().CharFrame(row1, col1, row2, col2, style, title);
   form().changed();
+}
+
+void QtOutput::closeSince(int opened) {
+  for (const auto& form : forms_) {
+    if (openings_[form.get()] > opened) form->FrmOut_Exit();
+  }
 }
 
 void QtOutput::refresh() {

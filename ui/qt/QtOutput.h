@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -22,6 +23,8 @@ class QtOutput : public OutputWindow {
   void refresh() override;
   void setSaveRoutine(std::function<void()> routine) override { model().setSaveRoutine(std::move(routine)); }
   void FrmOut_Exit() override { present_->FrmOut_Exit(); }
+  int opened() const override { return opened_; }
+  void closeSince(int opened) override;
 
   /// The window that commands draw on.
   FrmOut& form() { return *present_; }
@@ -35,6 +38,8 @@ class QtOutput : public OutputWindow {
   OutputServices services_;
   Breath& breath_;
   std::vector<std::unique_ptr<FrmOut>> forms_;  ///< the first one lasts
+  std::map<const FrmOut*, int> openings_;       ///< the number that each had when it was opened last
+  int opened_ = 0;
   FrmOut* present_ = nullptr;
 };
 

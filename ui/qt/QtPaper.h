@@ -14,6 +14,7 @@ class QtPaper : public Paper {
   void setOrientation(Int16 orientation) override { printer_.setOrientation(orientation); }
   QPainter* page() override { return printer_.page(); }
   void EndDoc() override { printer_.EndDoc(); }
+  void KillDoc() override { printer_.KillDoc(); }
 
  private:
   QtPrinter& printer_;

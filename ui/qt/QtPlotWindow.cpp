@@ -33,7 +33,8 @@ int screenRatio() {
 
 }  // namespace
 
-QtPlotWindow::QtPlotWindow(const World& world) : world_(world), device_(world.letters, screenRatio()) {
+QtPlotWindow::QtPlotWindow(const World& world, int number)
+    : world_(world), number_(number), device_(world.letters, screenRatio()) {
   setObjectName(QStringLiteral("GralFrm"));
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
@@ -135,8 +136,13 @@ QtPlotWindows::QtPlotWindows(QtGraphics& graphics, Breath& breath, EventRunner r
 
 PlotWindow& QtPlotWindows::create() {
   freeHidden();
-  windows_.push_back(std::make_unique<QtPlotWindow>(world_));
+  windows_.push_back(std::make_unique<QtPlotWindow>(world_, ++made_));
   return *windows_.back();
+}
+
+void QtPlotWindows::closeSince(int made) {
+  if (active_ != nullptr && active_->number() > made) active_ = nullptr;
+  std::erase_if(windows_, [made](const auto& window) { return window->number() > made; });
 }
 
 void QtPlotWindows::freeHidden() {

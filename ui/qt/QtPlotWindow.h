@@ -26,7 +26,9 @@ class QtPlotWindow : public QWidget, public PlotWindow {
     /// The place for a window that asks for this one, where another figure may stand.
     std::function<QPoint(QPoint)> freePlace;
   };
-  explicit QtPlotWindow(const World& world);
+  /// `number` counts the windows of the program, from 1.
+  QtPlotWindow(const World& world, int number);
+  int number() const { return number_; }
 
   Device& device() override { return device_; }
   void setClickRoutine(std::function<void()> routine) override { click_ = std::move(routine); }
@@ -47,6 +49,7 @@ class QtPlotWindow : public QWidget, public PlotWindow {
   bool showChanged();
 
   const World& world_;
+  int number_;
   ScreenDevice device_;
   std::function<void()> click_;
 };
@@ -58,6 +61,8 @@ class QtPlotWindows : public PlotWindows {
 
   PlotWindow& create() override;
   PlotWindow* active() override { return active_; }
+  int made() const override { return made_; }
+  void closeSince(int made) override;
   void closeAll() override;
 
   /// The window in front of all plot windows; none when it has been hidden.
@@ -69,6 +74,7 @@ class QtPlotWindows : public PlotWindows {
 
   QtPlotWindow::World world_;
   std::vector<std::unique_ptr<QtPlotWindow>> windows_;
+  int made_ = 0;
   QtPlotWindow* active_ = nullptr;
 };
 

@@ -169,7 +169,10 @@ QPainter* QtPrinter::page() {
 
 void QtPrinter::newPage() {
   if (!painter_) return;
-  if (!paper().newPage()) throw RuntimeError(kPrinterError);
+  if (!paper().newPage()) {
+    KillDoc();
+    throw RuntimeError(kPrinterError);
+  }
   scaleToTwips();
 }
 
@@ -195,6 +198,15 @@ void QtPrinter::printText(const std::string& text, const std::string& face, doub
     painter->drawText(QPointF(0, y + points * kTwipsOfPoint), fromCp437(line));
     y += lineHeight;
   }
+}
+
+void QtPrinter::KillDoc() {
+  discarded_ = false;
+  if (!painter_) return;
+  if (!pdf_) printer_->abort();
+  painter_->end();
+  painter_.reset();
+  pdf_.reset();
 }
 
 void QtPrinter::EndDoc() {

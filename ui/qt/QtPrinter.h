@@ -34,6 +34,8 @@ class QtPrinter : public Printer {
   void printText(const std::string& text, const std::string& face, double points) override;
   void printGrid(const CharGrid& grid, const GridPlace& place) override;
   void EndDoc() override;
+  /// Drops the document that has not ended.
+  void KillDoc();
 
   /// The painter of the present page, in twips; begins a document where none has begun. None when the user
   /// gave no name. Run-time error 482 when the printer fails.

@@ -30,16 +30,32 @@ void PrinterDevice::PaintPicture(const Picture& picture, double x, double y) {
 
 void PrinterDevice::EndDoc() {
   if (list_.empty()) return;
-  const DisplayList drawing = std::move(list_);
+  try {
+    print();
+    paper_.EndDoc();
+  } catch (...) {
+    KillDoc();
+    throw;
+  }
+  forgetDrawing();
+}
+
+void PrinterDevice::print() {
+  QPainter* painter = paper_.page();
+  if (painter == nullptr) return;
+  PainterSink sink(*painter, fonts_, twipsPerContextPixel(), twipsPerContextPixel());
+  const double unit = twipsPerContextPixel() / kNominalTwipsPerPixel;
+  replayAsVectors(list_, sink, fonts_, {1 / unit, unit}, {areaWidth(), areaHeight()});
+}
+
+void PrinterDevice::KillDoc() {
+  paper_.KillDoc();
+  forgetDrawing();
+}
+
+void PrinterDevice::forgetDrawing() {
   list_.reset();
   forgetAnnounced();
-  QPainter* painter = paper_.page();
-  if (painter != nullptr) {
-    PainterSink sink(*painter, fonts_, twipsPerContextPixel(), twipsPerContextPixel());
-    const double unit = twipsPerContextPixel() / kNominalTwipsPerPixel;
-    replayAsVectors(drawing, sink, fonts_, {1 / unit, unit}, {areaWidth(), areaHeight()});
-  }
-  paper_.EndDoc();
 }
 
 struct PdfPaper::Writer {
@@ -78,6 +94,10 @@ void PdfPaper::EndDoc() {
   if (!writer_) return;
   writer_->painter.end();
   document_ = writer_->buffer.data().toStdString();
+  writer_.reset();
+}
+
+void PdfPaper::KillDoc() {
   writer_.reset();
 }
 

@@ -20,6 +20,8 @@ class Paper {
   /// fails is run-time error 482.
   virtual QPainter* page() = 0;
   virtual void EndDoc() = 0;
+  /// Drops the document that has not ended.
+  virtual void KillDoc() = 0;
 };
 
 /// Gives a device parts of its own that are made before it.
@@ -35,11 +37,15 @@ class PrinterDevice : private PrinterParts, public SinkDevice {
 
   void PaintPicture(const Picture& picture, double x, double y) override;
   void EndDoc() override;
+  void KillDoc() override;
 
  protected:
   void orientationChanged() override;
 
  private:
+  void print();
+  void forgetDrawing();
+
   Paper& paper_;
   QtLetters& fonts_;
 };
@@ -54,6 +60,7 @@ class PdfPaper : public Paper {
   void setOrientation(Int16 orientation) override;
   QPainter* page() override;
   void EndDoc() override;
+  void KillDoc() override;
 
   /// The last document that was ended; empty before.
   const std::string& document() const { return document_; }

@@ -1,0 +1,266 @@
+#include <sstream>
+
+#include "session/Commands.h"
+#include "session/Msg.h"
+#include "ui/FaultyPorts.h"
+#include "ui/MainMod.h"
+
+namespace vk {
+namespace {
+
+/// The whole program below the toolkit, with data, a function and a figure, on ports of which one fails.
+class BrokenProgram {
+ public:
+  BrokenProgram();
+
+  void run(const std::string& control) { mainMod.run(control); }
+  /// Opens the editor on the data file and types something good.
+  void edit();
+
+  Faults faults;
+  Session session;
+  FaultyFiles files{faults.files};
+  FaultyDialogs dialogs{faults.dialogs};
+  FaultyWindow window{faults.window};
+  FaultyInput input{faults.input, session, [this](int action) { mainMod.runInputAction(action); }};
+  FaultyOutput output{faults.output};
+  FaultyForms functions{faults.functions, session};
+  FaultyClock clock{faults.clock};
+  FaultySound sound{faults.sound};
+  FaultyProcess process{faults.process};
+  FaultyRandom random{faults.random};
+  FaultyPanelView view{faults.panels};
+  MainPanels panels{session, files, window};
+  RecordingClipboard clipboard;
+  RecordingPrinter textPrinter;
+  FaultyEditorForm editorForm{faults.editor};
+  Editor editor{session, {files, dialogs, window, output, clipboard, textPrinter, sound}};
+  FaultyPlots plots{faults.plots};
+  FaultyDevice printer{faults.printer, PrinterMetrics{}};
+  FaultyScreen screen{faults.screen};
+  FigurePorts figures{files, dialogs, window, output, sound, plots, printer, screen};
+  MainMod mainMod{session,
+                  {files, dialogs, window, input, output, functions, clock, sound, process, random,
+                   [this]() -> FigurePorts& { return figures; }},
+                  panels,
+                  editor};
+};
+
+BrokenProgram::BrokenProgram() {
+  panels.setView(view);
+  editor.setForm(editorForm);
+  files.content["/a.dat"] = "x\r\ny\r\n3\r\n0 1 .1\r\n1 3 .1\r\n2 5.1 .1\r\n";
+  files.content["/b.dat"] = "p\r\nq\r\n4\r\n0 1 .1\r\n1 2 .1\r\n2 3.1 .1\r\n3 4 .1\r\n";
+  files.content["/bad.dat"] = "p\r\nq\r\n4\r\n0 uno .1\r\n";
+  files.content["/f.fcn"] = "A,B\r\nA*x+B\r\nretta\r\n";
+  files.content["/g.fcn"] = "C\r\nC*x\r\nuna\r\nD\r\nD/x\r\ndue\r\n";
+  files.content["/bad.fcn"] = "C\r\nC*(x\r\nerrata\r\n";
+  files.content["/g.gra"] =
+      "\\XSCALA(5,25,0,8)\r\n\\DATI(/b.dat)\r\n\\SCRIVI(5,5,0,0,20,abc)\r\n\\FUNZIONE(x/2)\r\n";
+  files.content["/h.gra"] = "%\r\n";
+  mainMod.StartUp([] {});
+  const auto read = [&](const char* control, const char* file) {
+    dialogs.file = file;
+    run(control);
+  };
+  read("MenDatLet", "/a.dat");
+  read("MenFunLet", "/f.fcn");
+  read("MenGraLetFil", "/g.gra");
+  run("MenFunSel");
+  input.fields = {"1", "1", "1", "1"};
+  run("MenAdaPar");
+  for (const char* control : {"MenGraDatVis", "MenGraFunVis", "MenGraDifVis"}) run(control);
+  input.fields.clear();
+}
+
+void BrokenProgram::edit() {
+  dialogs.file = "/a.dat";
+  run("MenDatMod");
+  editorForm.text = "x\r\ny\r\n2\r\n0 1 .1\r\n1 3 .1\r\n";
+}
+
+/// A command, and what comes before it.
+struct BrokenCommand {
+  const char* name;
+  std::function<void(BrokenProgram&)> run;
+  std::function<void(BrokenProgram&)> prepare = [](BrokenProgram&) {};
+};
+
+BrokenCommand menuCommand(const char* control, const std::string& file = "/neu",
+                          std::vector<std::string> fields = {}, bool lists = false) {
+  return {control, [control](BrokenProgram& program) { program.run(control); },
+          [=](BrokenProgram& program) {
+            program.dialogs.file = file;
+            program.input.fields = fields;
+            if (lists) program.run("MenSerErr");
+          }};
+}
+
+/// Every command of the menus, and what the editor and a report do.
+std::vector<BrokenCommand> brokenCommands() {
+  std::vector<BrokenCommand> all{
+      menuCommand("MenDatLet", "/b.dat"),
+      menuCommand("MenDatLet", "/bad.dat"),
+      menuCommand("MenDatLet", "/bad.dat", {}, true),
+      menuCommand("MenDatOld(0)"),
+      menuCommand("MenDatMod", "/b.dat"),
+      menuCommand("MenDatMod", "/neu.dat"),
+      menuCommand("MenDatSav", "/b.dat"),
+      menuCommand("MenDatTra", "", {"t", "s", "x*2", "y"}),
+      menuCommand("MenDatSim", "", {"0", "10", "11", "1", "1", "1", "1"}),
+      menuCommand("MenFunLet", "/g.fcn"),
+      menuCommand("MenFunLet", "/bad.fcn"),
+      menuCommand("MenFunLet", "/bad.fcn", {}, true),
+      menuCommand("MenFunOld(0)"),
+      menuCommand("MenFunMod", "/f.fcn"),
+      menuCommand("MenFunCar"),
+      menuCommand("MenGraDatVis"),
+      menuCommand("MenGraFunVis"),
+      menuCommand("MenGraDifVis"),
+      menuCommand("MenGraFunGra", "/g.gra"),
+      menuCommand("MenGraDifSav"),
+      menuCommand("MenGraLetFil", "/h.gra"),
+      menuCommand("MenGraVisFil"),
+      menuCommand("MenGraPriFil"),
+      menuCommand("MenAdaPar"),
+      menuCommand("MenAdaAda"),
+      menuCommand("MenSerCal"),
+      menuCommand("MenSerPro", "", {"1", "1", "1", "0", "-.5", "0"}),
+      menuCommand("MenSerImpDir"),
+      menuCommand("MenSerImpGra"),
+      menuCommand("MenSerErr"),
+  };
+  all.push_back({"MenFunSel", [](BrokenProgram& program) { program.run("MenFunSel"); },
+                 [](BrokenProgram& program) { program.functions.outer = 2; }});
+  all.push_back({"MenGraFunVis with beeps", [](BrokenProgram& program) { program.run("MenGraFunVis"); },
+                 [](BrokenProgram& program) {
+                   constexpr int kLogarithm = 6;
+                   program.functions.outer = kLogarithm;
+                   program.run("MenFunSel");
+                   program.input.fields = {"-1", "1", "1", "1", "1", "1"};
+                   program.run("MenAdaPar");
+                 }});
+  all.push_back({"MnuFilSav",
+                 [](BrokenProgram& program) { program.mainMod.guarded([&] { program.editor.MnuFilSav(); }); },
+                 [](BrokenProgram& program) { program.edit(); }});
+  all.push_back(
+      {"Salva File",
+       [](BrokenProgram& program) { program.mainMod.guarded([&] { program.output.saveRoutine()(); }); },
+       [](BrokenProgram& program) {
+         program.input.fields = {"1", "1", "1", "0", "-.5", "0"};
+         program.run("MenSerPro");
+       }});
+  return all;
+}
+
+/// The session and its windows as a text, line by line.
+std::string brokenState(const BrokenProgram& program) {
+  const Session& s = program.session;
+  std::ostringstream text;
+  text << "data " << s.DataFile << ' ' << s.DataDefined << ' ' << s.data.TitleX << ' ' << s.data.TitleY << ' '
+       << s.data.kXpntErr << ':';
+  for (int i = 1; i <= s.data.NumPnt; ++i) text << ' ' << s.data.Xpnt[i] << ',' << s.data.Ypnt[i];
+  text << "\nfunctions " << s.FunFile << ' ' << s.FunFileRead << ' ' << s.catalogue.inner.size();
+  for (const auto& entry : s.catalogue.file.entries) text << ' ' << entry.description;
+  text << "\nmodel " << s.FunDefined << ' ' << s.fun.FunctionText << ' ' << s.fun.InnerIndex << ','
+       << s.fun.OuterIndex << ' ' << s.par.ParNames << ' ' << s.par.FreeCount << ' ' << s.ParVar << ' '
+       << s.ParametersSet << ':';
+  for (int i = 1; i <= s.par.ParCount; ++i) text << ' ' << s.par.ParValues[i] << ',' << s.par.ParDeltas[i];
+  text << "\ngraphics " << s.GraFile << ' ' << s.GraDefined;
+  for (const std::string& figure : s.GraphText) text << ' ' << figure.size();
+  text << ' ' << s.DiffText.size() << "\nrecent";
+  for (const RecentList* list : {&s.RecentData, &s.RecentFun, &s.RecentGra}) {
+    for (int i = 1; i <= list->RecentCount; ++i) text << ' ' << list->files[i];
+    text << ';';
+  }
+  text << "\nswitches " << s.TraceEnabled << s.CheckFunctions << s.PropagationMode << s.FitRunning
+       << s.ShowErrors << s.SimFirstTime << ' ' << s.DataDir << ' ' << s.GraDir << ' '
+       << s.monteCarlo.McBinCount;
+  text << "\nwindows " << program.output.isOpen() << ' ' << program.plots.made() << ' '
+       << program.editorForm.visible << ' ' << program.panels.isOpen() << ' ' << program.window.enabled << ' '
+       << program.window.caption;
+  for (const auto& [control, on] : program.window.menuEnabled) text << '\n' << control << ' ' << on;
+  for (const auto& [control, shown] : program.window.menuVisible) {
+    text << '\n' << control << ' ' << shown;
+    if (shown && program.window.menuCaption.contains(control))
+      text << ' ' << program.window.menuCaption.at(control);
+  }
+  for (const auto& [control, checked] : program.window.menuChecked) text << '\n' << control << ' ' << checked;
+  for (const auto& [number, panel] : program.window.panels) text << '\n' << number << ' ' << panel;
+  return text.str();
+}
+
+/// Whether the last box told the end of a command.
+bool toldRuntimeError(const FaultyDialogs& dialogs) {
+  return !dialogs.boxes.empty() && dialogs.boxes.back().starts_with("Errore di run-time '");
+}
+
+/// The program after a fault: it goes on, nothing is half done.
+void expectUsable(BrokenProgram& program) {
+  EXPECT_EQ(program.window.enabled, !program.editorForm.visible);
+  if (program.panels.isOpen()) program.panels.CmdWrkDir(0);
+  const SessionDisplay display = sessionDisplay(program.session);
+  for (int panel = 1; panel <= 5; ++panel) {
+    EXPECT_EQ(program.window.panels[panel], display.panels[static_cast<std::size_t>(panel - 1)]);
+  }
+  const int shown = program.session.ShowErrors;
+  program.run("MenSerErr");
+  EXPECT_NE(program.session.ShowErrors, shown);
+}
+
+/// Calls of a hot port are tried more and more sparsely.
+int nextCall(int call) {
+  constexpr int kEachOfTheFirst = 16;
+  return call + 1 + (call > kEachOfTheFirst ? call / 4 : 0);
+}
+
+/// Lets call after call of one port fail until the command comes to its end without meeting the fault; gives how
+/// often that ended the command.
+int breakCommand(const BrokenCommand& command, std::size_t port) {
+  // What each file may hold in the end: what it held before, or what an unbroken command writes.
+  BrokenProgram unbroken;
+  command.prepare(unbroken);
+  command.run(unbroken);
+  int ended = 0;
+  for (int call = 1;; call = nextCall(call)) {
+    BrokenProgram program;
+    command.prepare(program);
+    const std::string before = brokenState(program);
+    const auto filesBefore = program.files.content;
+    const bool editing = program.editorForm.visible;
+    program.dialogs.boxes.clear();
+    const auto [name, fault] = program.faults.all().at(port);
+    SCOPED_TRACE(std::string(command.name) + ", " + name + ", call " + std::to_string(call));
+    fault->arm(call, call % 2 == 0 ? int{kOutOfMemory} : int{kDeviceIoError});
+    command.run(program);
+    if (!fault->fired()) return ended;
+    if (toldRuntimeError(program.dialogs)) {
+      ++ended;
+      const bool editorHasClosed = editing && !program.editorForm.visible;
+      if (!editorHasClosed) {
+        EXPECT_EQ(brokenState(program), before);
+      }
+    }
+    for (const auto& [path, bytes] : program.files.content) {
+      const bool old = filesBefore.contains(path) && filesBefore.at(path) == bytes;
+      EXPECT_TRUE(old || bytes == unbroken.files.content[path]) << path;
+    }
+    fault->arm(0, 0);
+    expectUsable(program);
+    if (testing::Test::HasFailure()) return ended;
+  }
+}
+
+class BrokenPorts : public testing::TestWithParam<std::size_t> {};
+
+TEST_P(BrokenPorts, EndTheCommandAndNeverTheProgram) {
+  int ended = 0;
+  for (const BrokenCommand& command : brokenCommands()) ended += breakCommand(command, GetParam());
+  EXPECT_GT(ended, 0) << "the port has never failed outside a guard";
+}
+
+INSTANTIATE_TEST_SUITE_P(OneByOne, BrokenPorts, testing::Range(std::size_t{0}, Faults().all().size()),
+                         [](const auto& tested) { return Faults().all().at(tested.param).first; });
+
+}  // namespace
+}  // namespace vk

@@ -1,0 +1,310 @@
+#pragma once
+
+#include <new>
+
+#include "base/RuntimeError.h"
+#include "doubles/Doubles.h"
+#include "doubles/MemoryFiles.h"
+#include "doubles/RecordingEditorForm.h"
+#include "gral/NominalScreen.h"
+#include "gral/RecorderDevice.h"
+#include "platform/FunctionForms.h"
+#include "platform/GridOutput.h"
+#include "platform/InputForm.h"
+#include "platform/PlotWindows.h"
+#include "ui/MainPanels.h"
+
+/// Doubles of all ports that answer every question and of which one call can be made to fail.
+namespace vk {
+
+/// Counts the calls of one port; the one with the armed number fails, once.
+class Fault {
+ public:
+  /// `call` from 1; the error 7 comes as the exception of exhausted memory.
+  void arm(int call, int error) { left_ = call, error_ = error, fired_ = false; }
+  bool fired() const { return fired_; }
+  void pass() {
+    if (left_ == 0 || --left_ > 0) return;
+    fired_ = true;
+    if (error_ == kOutOfMemory) throw std::bad_alloc();
+    throw RuntimeError(error_);
+  }
+
+ private:
+  int left_ = 0, error_ = 0;
+  bool fired_ = false;
+};
+
+/// The faults, by port.
+struct Faults {
+  Fault files, dialogs, window, input, output, functions, clock, sound, process, random, plots, printer,
+      screen, editor, panels;
+
+  std::vector<std::pair<const char*, Fault*>> all() {
+    return {{"files", &files},     {"dialogs", &dialogs},     {"window", &window}, {"input", &input},
+            {"output", &output},   {"functions", &functions}, {"clock", &clock},   {"sound", &sound},
+            {"process", &process}, {"random", &random},       {"plots", &plots},   {"printer", &printer},
+            {"screen", &screen},   {"editor", &editor},       {"panels", &panels}};
+  }
+};
+
+class FaultyFiles : public MemoryFiles {
+ public:
+  explicit FaultyFiles(Fault& fault) : fault_(fault) {}
+  bool FileExists(const std::string& path) override { return fault_.pass(), MemoryFiles::FileExists(path); }
+  std::string readAll(const std::string& path) override { return fault_.pass(), MemoryFiles::readAll(path); }
+  void writeAll(const std::string& path, std::string_view bytes) override {
+    fault_.pass(), MemoryFiles::writeAll(path, bytes);
+  }
+  bool canWrite(const std::string& path) override { return fault_.pass(), MemoryFiles::canWrite(path); }
+  std::string programFolder() override { return fault_.pass(), MemoryFiles::programFolder(); }
+  std::string documentsFolder() override { return fault_.pass(), MemoryFiles::documentsFolder(); }
+  std::string currentFolder() override { return fault_.pass(), MemoryFiles::currentFolder(); }
+  bool isWritableFolder(const std::string& folder) override {
+    return fault_.pass(), MemoryFiles::isWritableFolder(folder);
+  }
+  std::vector<std::string> drives() override { return fault_.pass(), MemoryFiles::drives(); }
+  std::vector<std::string> subfolders(const std::string& folder) override {
+    return fault_.pass(), MemoryFiles::subfolders(folder);
+  }
+
+ private:
+  Fault& fault_;
+};
+
+/// A user who always names the same file and presses the same button.
+class FaultyDialogs : public Dialogs {
+ public:
+  explicit FaultyDialogs(Fault& fault) : fault_(fault) {}
+  std::string file;
+  int button = 1;
+  std::vector<std::string> boxes;
+
+  int Get_Msg(const MessageRequest&) override { return fault_.pass(), button; }
+  void plainBox(const std::string&, const std::string& text) override {
+    fault_.pass(), boxes.push_back(text);
+  }
+  std::optional<std::string> fileDialog(const FileRequest&) override { return fault_.pass(), file; }
+
+ private:
+  Fault& fault_;
+};
+
+class FaultyWindow : public RecordingMainWindow {
+ public:
+  explicit FaultyWindow(Fault& fault) : fault_(fault) {}
+  void setMenuEnabled(const std::string& control, bool on) override {
+    fault_.pass(), RecordingMainWindow::setMenuEnabled(control, on);
+  }
+  void setMenuVisible(const std::string& control, bool on) override {
+    fault_.pass(), RecordingMainWindow::setMenuVisible(control, on);
+  }
+  void setMenuChecked(const std::string& control, bool on) override {
+    fault_.pass(), RecordingMainWindow::setMenuChecked(control, on);
+  }
+  void setMenuCaption(const std::string& control, const std::string& text) override {
+    fault_.pass(), RecordingMainWindow::setMenuCaption(control, text);
+  }
+  void setPanel(int panel, const std::string& text) override {
+    fault_.pass(), RecordingMainWindow::setPanel(panel, text);
+  }
+  void setCaption(const std::string& text) override { fault_.pass(), RecordingMainWindow::setCaption(text); }
+  void refresh() override { fault_.pass(); }
+  void toFront() override { fault_.pass(); }
+  void setBackground(Int16 picture) override { fault_.pass(), RecordingMainWindow::setBackground(picture); }
+
+ private:
+  Fault& fault_;
+};
+
+/// A user who leaves the fields of every form as they are, except those told beforehand, and presses "&Esegui".
+class FaultyInput : public InputForm {
+ public:
+  FaultyInput(Fault& fault, Session& session, std::function<void(int)> action)
+      : fault_(fault), session_(session), action_(std::move(action)) {}
+  std::vector<std::string> fields;
+
+  void InpShow(InputTables& tables, Form) override {
+    fault_.pass();
+    for (std::size_t i = 0; i < fields.size(); ++i) tables.InpValues[static_cast<int>(i) + 1] = fields[i];
+    session_.ErrFlag = 0;
+    action_(tables.InpAction);
+  }
+
+ private:
+  Fault& fault_;
+  Session& session_;
+  std::function<void(int)> action_;
+};
+
+class FaultyOutput : public GridOutput {
+ public:
+  explicit FaultyOutput(Fault& fault) : fault_(fault) {}
+  void OutShow(const OutputRequest& request) override { GridOutput::OutShow(request), fault_.pass(); }
+  void CharLocate(int row, int col) override { fault_.pass(), GridOutput::CharLocate(row, col); }
+  void print(std::string_view text) override { fault_.pass(), GridOutput::print(text); }
+  void CharFrame(int row1, int col1, int row2, int col2, int style, const std::string& title) override {
+    fault_.pass(), GridOutput::CharFrame(row1, col1, row2, col2, style, title);
+  }
+  void refresh() override { fault_.pass(); }
+  void setSaveRoutine(std::function<void()> routine) override {
+    fault_.pass(), GridOutput::setSaveRoutine(std::move(routine));
+  }
+
+ private:
+  Fault& fault_;
+};
+
+/// A user who chooses the line b*x+c, and the first function of the file.
+class FaultyForms : public FunctionForms {
+ public:
+  FaultyForms(Fault& fault, Session& session) : fault_(fault), session_(session) {}
+  int outer = 1;
+
+  bool selectFunction() override {
+    fault_.pass();
+    session_.fun.InnerIndex = 2;
+    session_.fun.OuterIndex = outer;
+    return true;
+  }
+  int chooseLoadedFunction() override { return fault_.pass(), 1; }
+  void refillSelection() override { fault_.pass(); }
+  void refillLoadList() override { fault_.pass(); }
+
+ private:
+  Fault& fault_;
+  Session& session_;
+};
+
+class FaultyClock : public Clock {
+ public:
+  explicit FaultyClock(Fault& fault) : fault_(fault) {}
+  float timer() override { return fault_.pass(), 0.0F; }
+
+ private:
+  Fault& fault_;
+};
+
+class FaultySound : public Sound {
+ public:
+  explicit FaultySound(Fault& fault) : fault_(fault) {}
+  void tone(int, int) override { fault_.pass(); }
+  void beep() override { fault_.pass(); }
+
+ private:
+  Fault& fault_;
+};
+
+class FaultyProcess : public Process {
+ public:
+  explicit FaultyProcess(Fault& fault) : fault_(fault) {}
+  bool start(const std::string&) override { return fault_.pass(), true; }
+
+ private:
+  Fault& fault_;
+};
+
+class FaultyRandom : public CyclingRandom {
+ public:
+  explicit FaultyRandom(Fault& fault) : CyclingRandom({0.5F, 0.75F, 0.25F, 0.875F, 0.375F}), fault_(fault) {}
+  float next() override { return fault_.pass(), CyclingRandom::next(); }
+  void seed(float number) override { fault_.pass(), CyclingRandom::seed(number); }
+
+ private:
+  Fault& fault_;
+};
+
+/// A window or a printer of which any drawing operation can fail.
+class FaultyDevice : public RecorderDevice {
+ public:
+  template <class Metrics>
+  FaultyDevice(Fault& fault, const Metrics& metrics) : RecorderDevice(metrics), fault_(fault) {}
+  void Line(double x1, double y1, double x2, double y2) override {
+    fault_.pass(), RecorderDevice::Line(x1, y1, x2, y2);
+  }
+  double TextWidth(std::string_view text) override { return fault_.pass(), RecorderDevice::TextWidth(text); }
+  double TextHeight(std::string_view text) override {
+    return fault_.pass(), RecorderDevice::TextHeight(text);
+  }
+  void EndDoc() override { fault_.pass(), RecorderDevice::EndDoc(); }
+
+ protected:
+  void drawPolyline(std::span<const PixelPoint> points) override {
+    fault_.pass(), RecorderDevice::drawPolyline(points);
+  }
+  void drawText(const TextRun& run) override { fault_.pass(), RecorderDevice::drawText(run); }
+  void clipTo(const PixelRect* region) override { fault_.pass(), RecorderDevice::clipTo(region); }
+  void formChanged() override { fault_.pass(), RecorderDevice::formChanged(); }
+  void orientationChanged() override { fault_.pass(); }
+
+ private:
+  Fault& fault_;
+};
+
+class FaultyPlots : public PlotWindows {
+ public:
+  explicit FaultyPlots(Fault& fault) : fault_(fault) {}
+  PlotWindow& create() override {
+    fault_.pass();
+    windows_.push_back(std::make_unique<Window>(fault_));
+    return *windows_.back();
+  }
+  PlotWindow* active() override { return fault_.pass(), windows_.empty() ? nullptr : windows_.back().get(); }
+  int made() const override { return static_cast<int>(windows_.size()); }
+  void closeSince(int made) override { windows_.resize(static_cast<std::size_t>(made)); }
+  void closeAll() override { windows_.clear(); }
+
+ private:
+  class Window : public PlotWindow {
+   public:
+    explicit Window(Fault& fault) : fault_(fault), form_(fault, FormMetrics{}) {}
+    Device& device() override { return form_; }
+    void setClickRoutine(std::function<void()>) override { fault_.pass(); }
+    void copyPicture() override { fault_.pass(); }
+
+   private:
+    Fault& fault_;
+    FaultyDevice form_;
+  };
+
+  Fault& fault_;
+  std::vector<std::unique_ptr<Window>> windows_;
+};
+
+class FaultyScreen : public NominalScreen {
+ public:
+  explicit FaultyScreen(Fault& fault) : fault_(fault) {}
+  int width() override { return fault_.pass(), NominalScreen::width(); }
+  int height() override { return fault_.pass(), NominalScreen::height(); }
+  int TwipsPerPixelX() override { return fault_.pass(), NominalScreen::TwipsPerPixelX(); }
+  int TwipsPerPixelY() override { return fault_.pass(), NominalScreen::TwipsPerPixelY(); }
+
+ private:
+  Fault& fault_;
+};
+
+class FaultyEditorForm : public RecordingEditorForm {
+ public:
+  explicit FaultyEditorForm(Fault& fault) : fault_(fault) {}
+  void showEditor(const std::string& title, const std::string& shown, EditControl which) override {
+    RecordingEditorForm::showEditor(title, shown, which), fault_.pass();
+  }
+  void focusEditor() override { fault_.pass(); }
+  std::string editorText() override { return fault_.pass(), RecordingEditorForm::editorText(); }
+
+ private:
+  Fault& fault_;
+};
+
+class FaultyPanelView : public PanelView {
+ public:
+  explicit FaultyPanelView(Fault& fault) : fault_(fault) {}
+  void showPanel(Panel) override { fault_.pass(); }
+  void hidePanel(Panel) override { fault_.pass(); }
+  void syncPanel(Panel) override { fault_.pass(); }
+
+ private:
+  Fault& fault_;
+};
+
+}  // namespace vk

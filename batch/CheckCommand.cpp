@@ -49,7 +49,7 @@ Checker checkerFor(const std::string& fileName) {
   const auto* kind = std::find_if(kKinds.begin(), kKinds.end(), [&](const Kind& k) {
     return equalIgnoringCase(GetExtensionName(fileName), k.extension);
   });
-  if (kind == kKinds.end()) throw UsageError(fileName + ": si attende un file .DAT, .FCN o .GRA");
+  if (kind == kKinds.end()) throw UsageError(shownName(fileName) + ": si attende un file .DAT, .FCN o .GRA");
   return kind->check;
 }
 
@@ -62,11 +62,11 @@ int runCheck(const std::string& fileName) {
   std::string errors;
   usingFile(fileName, [&] { errors = check(session, files, fileName); });
   if (session.ErrFlag == 0) {
-    std::cout << fileName << ": nessun errore\n";
+    std::cout << shownName(fileName) << ": nessun errore\n";
     return 0;
   }
   std::cout << terminalText(errors);
-  std::cerr << fileName << ": il file contiene errori\n";
+  std::cerr << shownName(fileName) << ": il file contiene errori\n";
   return 2;
 }
 

@@ -4,17 +4,15 @@
 #include <algorithm>
 #include <array>
 #include <functional>
-#include <iostream>
 #include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "base/CodePage.h"
-#include "base/RuntimeError.h"
 #include "batch/CheckCommand.h"
 #include "batch/DrawCommand.h"
 #include "batch/EvalCommand.h"
+#include "batch/ExitCode.h"
 #include "batch/FitCommand.h"
 #include "batch/PropagateCommand.h"
 #include "batch/SimulateCommand.h"
@@ -183,6 +181,7 @@ void addDraw(CLI::App& app, Commands& commands, const Drawing& drawing) {
   auto args = std::make_shared<DrawArguments>();
   draw->add_option("GRAFICO", args->graphicFile, "File grafico (.GRA)")->required();
   draw->add_option("-o,--output", args->figure, "Grafico: file .PNG, .SVG o .PDF")->required();
+  draw->add_flag("--anyway", args->anyway, "Disegna quello che si puo` anche con righe errate");
   commands[draw] = [=] { return runDraw(*args, figureMaker(drawing)); };
 }
 
@@ -192,18 +191,6 @@ std::vector<std::string> commandLine(int argc, char** argv) {
   std::vector<std::string> words(argv + 1, argv + argc);
   if (!words.empty() && words.front() == "eval") std::erase(words, "--");
   return words;
-}
-
-/// A message without the line ends that a list of errors closes with.
-std::string trimmedEnd(const std::string& text) {
-  return text.substr(0, text.find_last_not_of('\n') + 1);
-}
-
-/// The exit code of a run, which has failed as well when its output could not be written.
-int withOutputWritten(int code) {
-  if (std::cout.flush()) return code;
-  std::cerr << "Errore di scrittura\n";
-  return code == kExitDone ? kExitFailed : code;
 }
 
 /// A text of the option reader and the program's own for it.
@@ -258,8 +245,9 @@ void nameGroups(const Commands& commands) {
   }
 }
 
-int run(std::vector<std::string> words, const Drawing& drawing) {
-  CLI::App app("Vor_Kel da terminale: analisi di dati misurati", "vor_kel_batch");
+/// Runs the command that the words name; `name` becomes its name.
+int run(std::vector<std::string> words, const Drawing& drawing, std::string& name) {
+  CLI::App app("Vor_Kel da terminale: analisi di dati misurati", name);
   speakItalian(app);
   app.set_help_flag("--help", "Mostra questo aiuto");
   app.require_subcommand(1);
@@ -278,21 +266,16 @@ int run(std::vector<std::string> words, const Drawing& drawing) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kExitDone : kExitBadInput;
   }
-  return commands.at(app.get_subcommands().front())();
+  CLI::App* command = app.get_subcommands().front();
+  name = command->get_name();
+  return commands.at(command)();
 }
 
 }  // namespace
 
 int runCommandLine(int argc, char** argv, FigureMaker* figures) {
-  try {
-    return withOutputWritten(run(commandLine(argc, argv), {figures, argv}));
-  } catch (const UsageError& error) {
-    std::cerr << trimmedEnd(error.what()) << '\n';
-    return kExitBadInput;
-  } catch (const RuntimeError& error) {
-    std::cerr << toUtf8(error.message(), CodePage::kWindows1252) << '\n';
-    return kExitFailed;
-  }
+  std::string name = "vor_kel_batch";
+  return exitCodeOf(name, [&] { return run(commandLine(argc, argv), {figures, argv}, name); });
 }
 
 }  // namespace vk

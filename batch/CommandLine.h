@@ -8,8 +8,8 @@ namespace vk {
 inline constexpr const char* kFigureProgram = "vor_kel_figures";
 
 /// Runs the command of a command line and gives the exit code: 0 done, 1 the computation failed, 2 bad input
-/// or usage. Without `figures`, a command that draws goes on in the other program: so a fit starts without the
-/// toolkit.
+/// or usage, or a result that could not be written. Nothing is thrown. Without `figures`, a command that draws goes
+/// on in the other program: so a fit starts without the toolkit.
 int runCommandLine(int argc, char** argv, FigureMaker* figures);
 
 }  // namespace vk

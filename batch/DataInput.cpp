@@ -10,7 +10,7 @@ namespace {
 void checkAndLoad(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName) {
   DataReading reading = CheckDataFile(session, files, fileName);
   if (session.ErrFlag != 0) {
-    throw UsageError(fileName + ":\n" + terminalText(reading.errors));
+    throw UsageError(shownName(fileName) + ":\n" + terminalText(reading.errors));
   }
   if (reading.declaredCount != reading.data.NumPnt) {
     dialogs.Get_Msg({.caption = "VOR_KEL: Lettura File Dati",

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "base/CodePage.h"
 #include "base/RuntimeError.h"
 #include "batch/TerminalPorts.h"
 #include "platform/Dialogs.h"
@@ -24,8 +23,10 @@ template <class Statement>
 void usingFile(const std::string& fileName, Statement&& statement) {
   try {
     std::forward<Statement>(statement)();
-  } catch (const RuntimeError& error) {
-    throw UsageError(fileName + ": " + toUtf8(error.message(), CodePage::kWindows1252));
+  } catch (const UsageError&) {
+    throw;
+  } catch (...) {
+    throw UsageError(shownName(fileName) + ": " + presentRuntimeError().reason());
   }
 }
 

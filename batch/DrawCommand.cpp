@@ -19,9 +19,9 @@ int runDraw(const DrawArguments& arguments, FigureMaker& maker) {
   Session session;
   std::string errors;
   usingFile(arguments.graphicFile, [&] { errors = drawGraphicFile(session, desk, arguments.graphicFile); });
-  writeFile(desk.files, arguments.figure, form.bytes());
+  if (errors.empty() || arguments.anyway) writeFile(desk.files, arguments.figure, form.bytes());
   if (errors.empty()) return kExitDone;
-  std::cerr << arguments.graphicFile << ":\n" << terminalText(errors);
+  std::cerr << shownName(arguments.graphicFile) << ":\n" << terminalText(errors);
   return kExitBadInput;
 }
 

@@ -11,11 +11,12 @@ namespace vk {
 /// `draw`: one figure from a graphic file.
 struct DrawArguments {
   std::string graphicFile;
-  std::string figure;  ///< the file to be made
+  std::string figure;   ///< the file to be made
+  bool anyway = false;  ///< also a figure with wrong lines is to be written, as far as they are good
 };
 
-/// Draws the figure as far as its lines are good and writes it. Gives 0, or 2 when a line was wrong; the list of
-/// errors goes to the error stream. Files that cannot be read or written raise `UsageError`.
+/// Draws the figure and writes it. Gives 0, or 2 when a line was wrong: the list of errors goes to the error stream,
+/// and an old file stays as it is. Files that cannot be read or written raise `UsageError`.
 int runDraw(const DrawArguments& arguments, FigureMaker& maker);
 
 /// Runs a graphic file on a desk and gives the list of its errors, CR LF ended.

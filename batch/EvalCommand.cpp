@@ -4,7 +4,7 @@
 #include <charconv>
 #include <iostream>
 
-#include "base/Text.h"
+#include "base/CodePage.h"
 #include "batch/Assignment.h"
 #include "batch/TerminalPorts.h"
 #include "expr/CmpMod.h"
@@ -44,7 +44,7 @@ int runEval(const EvalArguments& arguments) {
   CompiledExpression compiled =
       compile(session, textOfWord(arguments.expression), parseAssignments(arguments.assignments));
   if (arguments.list) {
-    std::cout << terminalText(listCode(compiled));
+    std::cout << toUtf8(listCode(compiled), CodePage::kCp437);
     return 0;
   }
   loadSlots(compiled);

@@ -62,10 +62,11 @@ void useFunctionFile(Session& session, Files& files, const std::string& fileName
   std::string name = fileName;
   ReadFunctionFile(session, files, report, name, kFalse);
   session.TraceEnabled = kFalse;
-  if (session.ErrFlag != 0) throw UsageError(fileName + ":\n" + terminalText(report.request().text));
+  if (session.ErrFlag != 0)
+    throw UsageError(shownName(fileName) + ":\n" + terminalText(report.request().text));
   const auto count = static_cast<int>(session.catalogue.file.entries.size());
   if (entry < 1 || entry > count) {
-    throw UsageError("--entry: il file " + fileName + " contiene le funzioni da 1 a " +
+    throw UsageError("--entry: il file " + shownName(fileName) + " contiene le funzioni da 1 a " +
                      std::to_string(count));
   }
   takeLoaded(session, entry);

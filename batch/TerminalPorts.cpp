@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "base/CodePage.h"
+#include "base/Text.h"
 
 namespace vk {
 namespace {
@@ -14,12 +15,61 @@ void tell(const std::string& title, const std::string& text) {
   std::cerr << lines << '\n';
 }
 
+constexpr int kFirstHighCode = 0x80;
+constexpr const char* kUnknown = "\uFFFD";
+
+bool isControl(char c) {
+  return code(c) < ' ' || code(c) == 0x7F;
+}
+
+/// True where UTF-8 spells one of the control characters that eight-bit terminals know beside the common ones.
+bool isHighControl(std::string_view bytes) {
+  return bytes.size() > 1 && code(bytes[0]) == 0xC2 && code(bytes[1]) < 0xA0;
+}
+
+/// The sign that a character-mode screen shows for a code of code page 437.
+std::string visibleSign(char c) {
+  switch (c) {
+    case '\t':
+      return "\u25CB";
+    case '\n':
+      return "\u25D9";
+    case '\r':
+      return "\u266A";
+    default:
+      return toUtf8({&c, 1}, CodePage::kCp437);
+  }
+}
+
 }  // namespace
 
 std::string terminalText(const std::string& text) {
-  std::string lines = toUtf8(text, CodePage::kCp437);
-  std::erase(lines, '\r');
+  std::string lines;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool pair = text.compare(i, kCrLf.size(), kCrLf) == 0;
+    if (pair) ++i;
+    lines += pair ? "\n" : text[i] == '\t' ? "\t" : visibleSign(text[i]);
+  }
   return lines;
+}
+
+std::string shownName(const std::string& fileName) {
+  const bool utf8 = decodeUtf8(fileName).has_value();
+  std::string name;
+  for (std::size_t i = 0; i < fileName.size(); ++i) {
+    const char c = fileName[i];
+    if (isControl(c)) {
+      name += visibleSign(c);
+    } else if (!utf8 && code(c) >= kFirstHighCode) {
+      name += kUnknown;
+    } else if (isHighControl(std::string_view(fileName).substr(i))) {
+      name += kUnknown;
+      ++i;
+    } else {
+      name += c;
+    }
+  }
+  return name;
 }
 
 std::string textOfWord(const std::string& word) {

@@ -17,8 +17,11 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// A report or a file of the program as a terminal shows it: UTF-8 with bare line feeds.
+/// A report or a file of the program as a terminal shows it: UTF-8 with bare line feeds. Control characters become
+/// the signs of the code page, so that no file can steer the terminal; tabs stay.
 std::string terminalText(const std::string& text);
+/// The name of a file as a terminal shows it, with signs for control characters as well: always one line.
+std::string shownName(const std::string& fileName);
 /// A word of the command line as texts are inside: UTF-8 becomes code page 437, anything else is taken as it is. A
 /// character without a place in the code page, or a line end, raises `UsageError`.
 std::string textOfWord(const std::string& word);

@@ -37,7 +37,7 @@ FigureForm ToolkitFigures::formFor(const std::string& fileName) {
     if (equalIgnoringCase(GetExtensionName(fileName), format.extension))
       return format.make(graphics_.letters());
   }
-  throw UsageError(fileName + ": si attende un nome .PNG, .SVG o .PDF");
+  throw UsageError(shownName(fileName) + ": si attende un nome .PNG, .SVG o .PDF");
 }
 
 }  // namespace vk

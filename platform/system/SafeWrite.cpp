@@ -13,6 +13,7 @@
 #include "platform/system/FileLookup.h"
 #include "platform/system/Leftovers.h"
 #include "platform/system/OpenFile.h"
+#include "platform/system/SystemError.h"
 
 namespace vk {
 namespace {
@@ -38,21 +39,7 @@ bool isProtected(const std::string& path, const FileStatus& status) {
 }
 
 [[noreturn]] void fail(int error) {
-  switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-      throw RuntimeError(kPathNotFound);
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-    case ETXTBSY:
-    case ENAMETOOLONG:
-    case ELOOP:
-      throw RuntimeError(kPathAccessError);
-    default:
-      throw RuntimeError(kDeviceIoError);
-  }
+  throw systemError(error);
 }
 
 /// A name beside the file that nothing has yet.

@@ -15,6 +15,7 @@
 #include "platform/system/OpenFile.h"
 #include "platform/system/Places.h"
 #include "platform/system/SafeWrite.h"
+#include "platform/system/SystemError.h"
 
 namespace vk {
 namespace {
@@ -40,7 +41,9 @@ std::string readEntry(const std::string& entry, std::size_t limit, Streams strea
   const bool anything = streams == Streams::kTaken;
   // Nobody is to wait for the other end of a pipe that is refused anyway.
   const OpenFile file(entry, O_RDONLY | (anything ? 0 : O_NONBLOCK));
-  if (!file.isOpen()) throw RuntimeError(errno == EACCES ? kPermissionDenied : kDeviceIoError);
+  if (!file.isOpen()) {
+    throw errno == EACCES ? RuntimeError(kPermissionDenied, kAccessDenied) : RuntimeError(kDeviceIoError);
+  }
   if (!anything && !file.isRegular()) throw RuntimeError(kDeviceIoError);
   return file.readToEnd(limit);
 }

@@ -11,9 +11,9 @@ struct BatchRun {
   std::string errors;
 };
 
-/// Runs vor_kel_batch with these shell words, from the root of the sources. A file that is named comes in through a
-/// pipe.
-BatchRun batch(const std::string& words, const std::string& piped = "");
+/// Runs vor_kel_batch with these shell words, from the root of the sources. A file `piped` comes in through a pipe; with
+/// `output`, what is printed goes to that file.
+BatchRun batch(const std::string& words, const std::string& piped = "", const std::string& output = "");
 
 /// A file of the test's own with this content; gives its path.
 std::string temporaryFile(const std::string& name, const std::string& content);

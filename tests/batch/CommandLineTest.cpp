@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "batch/BatchRun.h"
 
 namespace vk {
@@ -100,7 +102,8 @@ TEST(BatchCheck, PrintsTheReportOfAFunctionFile) {
 TEST(BatchCheck, MissingFilesAndUnknownKindsAreBadInput) {
   const BatchRun missing = batch("check /nowhere/at/all.dat");
   EXPECT_EQ(missing.exitCode, 2);
-  EXPECT_THAT(missing.errors, HasSubstr("/nowhere/at/all.dat: Errore di run-time '"));
+  EXPECT_EQ(missing.errors, "/nowhere/at/all.dat: Impossibile trovare il percorso\n");
+  EXPECT_EQ(batch("check examples/manca.dat").errors, "examples/manca.dat: Impossibile trovare il file\n");
   EXPECT_EQ(batch("check '" + temporaryFile("A.TXT", "") + "'").exitCode, 2);
 }
 
@@ -198,10 +201,43 @@ TEST(BatchFit, ABadDataFileIsToldWithItsOwnList) {
   EXPECT_THAT(run.errors, EndsWith("   Dato NON numerico\n"));
 }
 
-TEST(BatchUsage, AResultThatCannotBeWrittenIsAFailure) {
-  // The shell ends with the code of the first command; what the test adds behind it is not reached.
-  EXPECT_EQ(batch("eval 1 > /dev/full; exit $?;").exitCode, 1);
-  EXPECT_EQ(batch("--help > /dev/full; exit $?;").exitCode, 1);
+TEST(BatchUsage, AFullDiskBehindTheOutputIsToldInOneLine) {
+  std::string data = "x\r\ny\r\n 600\r\n";
+  for (int i = 0; i < 600; ++i) data += std::to_string(i) + " 1 .1\r\n";
+  const std::string large = "transform '" + temporaryFile("L.DAT", data) + "'";
+  for (const std::string& words : {std::string("eval 1"), large}) {
+    const BatchRun run = batch(words, "", "/dev/full");
+    EXPECT_EQ(run.exitCode, 2) << words;
+    EXPECT_EQ(run.errors, words.substr(0, words.find(' ')) + ": Disco pieno\n");
+  }
+  const BatchRun help = batch("--help", "", "/dev/full");
+  EXPECT_EQ(help.exitCode, 2);
+  EXPECT_EQ(help.errors, "vor_kel_batch: Disco pieno\n");
+}
+
+TEST(BatchUsage, AFullDiskBehindAFileIsToldInOneLine) {
+  const BatchRun run = batch("simulate --catalogue 1,2 --par b=2 --par c=1 --seed 1 -o /dev/full");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.errors, "/dev/full: Disco pieno\n");
+}
+
+TEST(BatchUsage, AFileThatIsProtectedIsToldInOneLine) {
+  const std::string file = temporaryFile("OUT.DAT", "before");
+  std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+  const BatchRun run = batch("simulate --catalogue 1,2 --par b=2 --par c=1 --seed 1 -o '" + file + "'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.errors, file + ": accesso negato\n");
+  EXPECT_EQ(fileContent(file), "before");
+}
+
+TEST(BatchUsage, NamesAndTextsOfFilesCannotSteerTheTerminal) {
+  const std::string file =
+      temporaryFile("a\x1B[2J\nb\xC2\x9B.dat", "x\r\ny\r\n2\r\n1 2 \x1B[31m\r\n1\n2\r3 2 1\r\n");
+  const BatchRun run = batch("check '" + file + "'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_THAT(run.output, HasSubstr("***ERR. Linea 4; Dato 3: \u2190[31m\n"));
+  EXPECT_THAT(run.output, HasSubstr("***ERR. Linea 5; Dato 1: 1\u25D92\u266A3\n"));
+  EXPECT_THAT(run.errors, EndsWith("/a\u2190[2J\u25D9b\uFFFD.dat: il file contiene errori\n"));
 }
 
 TEST(BatchUsage, WithoutACommandOrWithAnUnknownOneHelps) {

@@ -4,6 +4,7 @@
 namespace vk {
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 
 const std::string kFlat = "propagate --catalogue 1,1 --par c=3,-.3 --par x=2 ";
@@ -72,7 +73,7 @@ TEST(BatchPropagate, WritesTheHistogramAsADataFile) {
 TEST(BatchPropagate, AHistogramThatCannotBeWrittenIsBadInputAndCostsNoResult) {
   const BatchRun run = batch(kFlat + "--seed 1 --histogram /nowhere/at/all/H.DAT");
   EXPECT_EQ(run.exitCode, 2);
-  EXPECT_THAT(run.errors, HasSubstr("/nowhere/at/all/H.DAT: Errore di run-time '76'"));
+  EXPECT_THAT(run.errors, EndsWith("/nowhere/at/all/H.DAT: Impossibile trovare il percorso\n"));
   EXPECT_THAT(run.output, HasSubstr("Simulazione di Monte Carlo"));
 }
 
@@ -158,8 +159,7 @@ TEST(BatchSimulate, BadArgumentsAreBadInput) {
 TEST(BatchSimulate, AFileThatCannotBeWrittenIsBadInputAndCostsNoResult) {
   const BatchRun run = batch("simulate " + kLineModel + "--seed 1 -o /nowhere/at/all/OUT.DAT");
   EXPECT_EQ(run.exitCode, 2);
-  EXPECT_EQ(run.errors,
-            "/nowhere/at/all/OUT.DAT: Errore di run-time '76':\n\nImpossibile trovare il percorso\n");
+  EXPECT_EQ(run.errors, "/nowhere/at/all/OUT.DAT: Impossibile trovare il percorso\n");
   EXPECT_THAT(run.output, HasSubstr("Completata"));
 }
 
@@ -213,7 +213,7 @@ TEST(BatchTransform, DepartureTitlesThatNoFileCanHoldAreChanged) {
 TEST(BatchTransform, AFileThatCannotBeWrittenIsBadInput) {
   const BatchRun run = batch("transform " + dataFile() + "-o /nowhere/at/all/OUT.DAT");
   EXPECT_EQ(run.exitCode, 2);
-  EXPECT_THAT(run.errors, HasSubstr("/nowhere/at/all/OUT.DAT: Errore di run-time '76'"));
+  EXPECT_EQ(run.errors, "/nowhere/at/all/OUT.DAT: Impossibile trovare il percorso\n");
 }
 
 TEST(BatchTransform, GivesTheColumnsAsOneObject) {

@@ -18,15 +18,25 @@ class DesktopFiles : public SystemFiles {
   std::string documentsFolder() override { return folder_; }
   std::vector<std::string> drives() override { return volumes; }
 
+  std::int64_t size(const std::string& path) override { return access(), SystemFiles::size(path); }
+  std::string readAll(const std::string& path) override { return access(), SystemFiles::readAll(path); }
   void writeAll(const std::string& path, std::string_view bytes) override {
     if (fullFor-- > 0) throw RuntimeError(kDeviceIoError);
-    SystemFiles::writeAll(path, bytes);
+    access(), SystemFiles::writeAll(path, bytes);
+  }
+  std::vector<std::string> subfolders(const std::string& folder) override {
+    return access(), SystemFiles::subfolders(folder);
   }
 
   std::vector<std::string> volumes{"/"};
-  int fullFor = 0;  ///< so many writes find the disk full
+  int fullFor = 0;                 ///< so many writes find the disk full
+  std::function<void()> onAccess;  ///< what it throws is the error of the disk
 
  private:
+  void access() {
+    if (onAccess) onAccess();
+  }
+
   std::string folder_;
 };
 

@@ -46,7 +46,7 @@ TEST_F(ShutWindowTest, AReportThatIsClosedBesideTheEditorLeavesTheMainWindowShut
   act();
   EXPECT_EQ(windowNamed("FrmOut"), nullptr);
   EXPECT_FALSE(window().isEnabled());
-  EXPECT_EQ(QApplication::activeWindow(), editor()) << "it is what waits for the user";
+  EXPECT_TRUE(QTest::qWaitForWindowActive(editor())) << "it is what waits for the user";
 
   window().close();
   EXPECT_TRUE(exitCodes.empty()) << "no text is lost with the program";

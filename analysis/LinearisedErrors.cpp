@@ -120,9 +120,9 @@ Derivatives Jacobian::derivatives(int i, double step) {
 
 // The error only lengthens the step: one that the points' errors have made larger than their scatter shows is
 // cut down to that.
-double firstStep(double value, double error, double reducedChiSquare) {
+double firstStep(double value, double error, double scatter) {
   const double byValue = kStepOfValue * std::abs(value);
-  const double byError = kStepOfError * error * std::min(1.0, std::sqrt(reducedChiSquare));
+  const double byError = kStepOfError * error * scatter;
   const double step = std::isfinite(byError) ? std::max(byValue, byError) : byValue;
   return step > 0 ? step : kStepOfZero;
 }
@@ -168,14 +168,14 @@ Column inverseRowLengths(const std::vector<Column>& R) {
 std::optional<Array<double>> linearisedErrors(Session& session, Dialogs& dialogs, double chiSquare) {
   const ParameterSet& par = session.par;
   const int freedom = session.data.NumPnt - par.FreeCount;
-  // Without a degree of freedom it is no number, which keeps the errors out of the steps.
-  const double reduced = freedom < 1 ? std::numeric_limits<double>::quiet_NaN() : chiSquare / freedom;
+  // Without a degree of freedom nothing tells the scatter, so that the errors take no part in the steps.
+  const double scatter = freedom < 1 ? 0 : std::min(1.0, std::sqrt(chiSquare / freedom));
   Jacobian jacobian(session, dialogs);
   std::vector<Column> columns;
   double tolerance = kRankTolerance;
   for (int i = 1; i <= par.FreeCount; ++i) {
     const int at = par.FreeIndex[i];
-    Derivatives found = jacobian.derivatives(i, firstStep(par.ParValues[at], par.ParDeltas[at], reduced));
+    Derivatives found = jacobian.derivatives(i, firstStep(par.ParValues[at], par.ParDeltas[at], scatter));
     if (!(found.disagreement <= kLeastAgreement)) return std::nullopt;
     tolerance = std::max(tolerance, found.disagreement);
     columns.push_back(std::move(found.column));

@@ -50,6 +50,19 @@ TEST(LinearisedErrors, DoNotDependOnTheSizeOfTheFitsErrors) {
   }
 }
 
+TEST(LinearisedErrors, WithoutADegreeOfFreedomTheFitsErrorsTakeNoPart) {
+  // Two points, two parameters, and errors that nobody knew: the solution is exact, and A is as uncertain as y(0).
+  FitCase fit("A*EXP(-B*x)", "A,B");
+  fit.data({0, 1}, {1E-5, 5E-6}, {1E8, 1E8});
+  fit.start({1E-5, std::log(2.0)});
+  for (int i = 1; i <= 2; ++i) fit.session.par.ParDeltas[i] = 1E8;
+  const auto errors = linearisedErrors(fit.session, fit.dialogs, 0);
+  ASSERT_TRUE(errors.has_value());
+  EXPECT_NEAR((*errors)[1] / 1E8, 1, 1E-8);
+  // B = LOG(y(0)/y(1)): its error is that of both logarithms.
+  EXPECT_NEAR((*errors)[2] / (1E8 * std::hypot(1 / 1E-5, 1 / 5E-6)), 1, 1E-8);
+}
+
 TEST(LinearisedErrors, AreMissingWhenParametersCannotBeToldApart) {
   FitCase fit("a+b", "a,b");
   fit.data(kFive, kLineY, kTenths);
@@ -110,9 +123,8 @@ TEST(LinearisedErrors, StepFromZeroByTheErrorOrByAHundredth) {
   // A sine of which only the right size of step sees the slope: a period of 1E-5 against one of 6.
   for (const auto& [frequency, error] : {std::pair{1.0, 0.0}, {1.0, 3.0}, {1E5, 1E-4}}) {
     FitCase fit("SIN(a*x)", "a");
-    fit.data({frequency}, {0}, {1});
-    fit.start({0});
     fit.data({frequency, 2 * frequency}, {0, 0}, {1, 1});
+    fit.start({0});
     fit.session.par.ParDeltas[1] = error;
     const auto errors = linearisedErrors(fit.session, fit.dialogs, 1);
     ASSERT_TRUE(errors.has_value()) << frequency;

@@ -104,40 +104,48 @@ class Choice {
   AxisText textFor(std::string_view title) const {
     const Labelling told = labelling(axis_.from, axis_.to);
     if (told.isUseful()) return {told.labels(), std::string(title)};
-    if (const auto text = divided(axis_.from, axis_.to, title)) return *text;
-    if (!told.isOnlyCrowded()) {
-      if (const auto text = differences(title)) return *text;
-    }
+    if (const auto text = divided(axis_.from, axis_.to, title, Crowded::kRefused)) return *text;
+    if (told.isOnlyCrowded()) return {told.thinned(), std::string(title)};
+    if (const auto text = differences(title, Crowded::kRefused)) return *text;
+    if (const auto text = divided(axis_.from, axis_.to, title, Crowded::kThinned)) return *text;
+    if (const auto text = differences(title, Crowded::kThinned)) return *text;
     return {told.thinned(), std::string(title)};
   }
 
  private:
+  /// What happens to labels that are true, but stand too close.
+  enum class Crowded { kRefused, kThinned };
+
   Labelling labelling(double from, double to) const {
     return {plain_(from, to), from, (to - from) / axis_.intervals, axis_.room};
   }
 
   /// Useful labels between two values; nothing when they are not, or cannot be made.
-  std::optional<AxisText> useful(double from, double to, const std::string& title) const {
+  std::optional<AxisText> useful(double from, double to, const std::string& title, Crowded crowded) const {
     std::optional<AxisText> text;
     guard([&] {
       const Labelling made = labelling(from, to);
-      if (made.isUseful()) text = AxisText{made.labels(), title};
+      if (made.isUseful()) {
+        text = AxisText{made.labels(), title};
+      } else if (crowded == Crowded::kThinned && made.isOnlyCrowded()) {
+        text = AxisText{made.thinned(), title};
+      }
     });
     return text;
   }
 
-  std::optional<AxisText> divided(double from, double to, std::string_view title) const {
+  std::optional<AxisText> divided(double from, double to, std::string_view title, Crowded crowded) const {
     const double largest = std::max(std::abs(from), std::abs(to));
     const int n = largest == 0 ? 0 : thousandsOf(largest);
     if (n == 0) return std::nullopt;
-    return useful(dividedBy(from, n), dividedBy(to, n), withUnit(title, n));
+    return useful(dividedBy(from, n), dividedBy(to, n), withUnit(title, n), crowded);
   }
 
-  std::optional<AxisText> differences(std::string_view title) const {
+  std::optional<AxisText> differences(std::string_view title, Crowded crowded) const {
     const double range = axis_.to - axis_.from;
     const std::string less = behind(title, "- " + generalText(axis_.from));
-    if (auto text = useful(0, range, less)) return text;
-    return divided(0, range, less);
+    if (auto text = useful(0, range, less, crowded)) return text;
+    return divided(0, range, less, crowded);
   }
 
   const LabelledAxis& axis_;

@@ -27,8 +27,9 @@ using PlainLabels = std::function<Array<std::string>(double from, double to)>;
 
 /// The plain labels where they say what the ticks are and stand clear of one another. Else those of the values
 /// divided by a power of 1000, which goes into the title; else those of the differences from the first value,
-/// which goes into the title too. Plain labels that are only too close, and those that nothing else can
-/// replace, are thinned out to every second, third, ... one.
+/// which goes into the title too. Labels that are only too close are thinned out to every second, third, ...
+/// one: the plain ones where they say what the ticks are, else the others; and so are plain ones that nothing
+/// can replace.
 AxisText chooseLabels(const LabelledAxis& axis, std::string_view title, const PlainLabels& plain);
 
 }  // namespace vk

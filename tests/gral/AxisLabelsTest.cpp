@@ -1,5 +1,6 @@
 #include "gral/AxisLabels.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -92,6 +93,20 @@ TEST_F(AxisLabels, ThatStandTooCloseAreThinnedOutWhereAUnitDoesNotHelp) {
   EXPECT_EQ(shown, (Shown{"0", "", "", "", "", "", "", "", "", "", ""})) << "the first always";
 }
 
+TEST_F(AxisLabels, ThatStandTooCloseAndWouldMisleadAreThinnedOutInTheirUnit) {
+  choose(0, 12E-6, 24, 1.2);
+  for (std::size_t k = 0; k <= 24; ++k) EXPECT_EQ(shown[k].empty(), k % 4 != 0) << k;
+  EXPECT_EQ((Shown{shown[0], shown[4], shown[20], shown[24]}), (Shown{"0.0", "2.0", "10.0", "12.0"}));
+  EXPECT_EQ(title, "x (10^{-6})");
+}
+
+TEST_F(AxisLabels, ThatStandTooCloseAndWouldMisleadAreThinnedOutAsDifferences) {
+  choose(1699999400, 1700000600, 24, 2);
+  for (std::size_t k = 0; k <= 24; ++k) EXPECT_EQ(shown[k].empty(), k % 3 != 0) << k;
+  EXPECT_EQ((Shown{shown[0], shown[3], shown[24]}), (Shown{"0", "150", "1200"}));
+  EXPECT_EQ(title, "x - 1699999400");
+}
+
 TEST_F(AxisLabels, AreCloseBelowHalfACharacter) {
   choose(10, 12, 2, 2.5);
   EXPECT_EQ(shown, (Shown{"10", "11", "12"}));
@@ -104,6 +119,7 @@ TEST_F(AxisLabels, OfABrokenStepAreThinnedOutToThoseThatAreTrue) {
   choose(0, 1, 30);
   EXPECT_EQ(shown[0], "0.0000");
   EXPECT_EQ(shown[1], "");
+  EXPECT_GE(std::ranges::count_if(shown, [](const std::string& label) { return !label.empty(); }), 3);
   EXPECT_EQ(title, "x");
 }
 
@@ -139,6 +155,9 @@ TEST_F(AxisLabels, NeverMislead) {
     for (int k = 0; k <= n; ++k) {
       const std::string& label = shown[static_cast<std::size_t>(k)];
       if (label.empty()) continue;
+      if (before < 0) {
+        EXPECT_NEAR(scanNumber(label) * unit + less, from, 0.0101 * step * n) << from << ' ' << step;
+      }
       if (before >= 0) {
         const double gap = step * (k - before);
         EXPECT_NEAR(scanNumber(label) * unit + less, from + k * step, 0.0101 * gap) << from << ' ' << step;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -46,14 +47,27 @@ bool looksLikeTheCurve(Session& session, Dialogs& dialogs, double height) {
   return true;
 }
 
+/// Gives the parameters and the error register their values back at the end of the scope.
+class ParametersComeBack {
+ public:
+  explicit ParametersComeBack(Session& session)
+      : session_(session), values_(session.par.ParValues), flag_(session.ErrFlag) {}
+  ~ParametersComeBack() {
+    std::swap(session_.par.ParValues, values_);
+    session_.ErrFlag = flag_;
+  }
+  ParametersComeBack(const ParametersComeBack&) = delete;
+  ParametersComeBack& operator=(const ParametersComeBack&) = delete;
+
+ private:
+  Session& session_;
+  Array<double> values_;
+  Int16 flag_;
+};
+
 bool sevenDigitsDo(Session& session, Dialogs& dialogs, double height) {
-  Array<double>& values = session.par.ParValues;
-  const Array<double> exact = values;
-  const Int16 flag = session.ErrFlag;
-  const bool good = readBack(session.par, values) && looksLikeTheCurve(session, dialogs, height);
-  values = exact;
-  session.ErrFlag = flag;
-  return good;
+  const ParametersComeBack afterwards(session);
+  return readBack(session.par, session.par.ParValues) && looksLikeTheCurve(session, dialogs, height);
 }
 
 std::string withAllDigits(const ParameterSet& par, std::string expression) {

@@ -9,7 +9,7 @@
 namespace vk {
 namespace {
 
-/// Some ten pages of the usual size: what a figure has near its page is drawn as it is told.
+/// Some seven widths of a page: what a figure has near its page is drawn as it is told.
 constexpr double kMargin = 1E5;
 
 void requireFinite(const PlanePoint& p) {

@@ -116,7 +116,7 @@ TEST_F(Letters, LargeLetterIsDrawnAsFarAsItIsSeen) {
   }
 }
 
-TEST_F(Letters, LetterOfAnySizeCostsNoMoreThanThePage) {
+TEST_F(Letters, ALetterLargerThanThePageIsNotKept) {
   const std::size_t before = letters().keptBytes();
   ImageDevice image(letters());
   drawOn(image, [](GralCls& g) { g.GralWPrint(5, 5, 1, 0, 32767, "A"); });

@@ -41,9 +41,10 @@ std::string temporaryFile(const std::string& name, const std::string& content) {
 BatchRun batch(const std::string& words, const std::string& piped, const std::string& output) {
   const std::string out = output.empty() ? temporaryFile("stdout", "") : output;
   const std::string err = temporaryFile("stderr", "");
-  const std::string command =
-      "cd '" + sourcePath("") + "' && " + (piped.empty() ? "" : "cat '" + piped + "' | ") + "'" +
-      builtPath("batch/vor_kel_batch") + "' " + words + " > '" + out + "' 2> '" + err + "'";
+  const std::string command = "cd '" + sourcePath("") + "' && " +
+                              (piped.empty() ? "" : "cat '" + piped + "' | ") + "env -u XDG_RUNTIME_DIR '" +
+                              builtPath("batch/vor_kel_batch") + "' " + words + " > '" + out + "' 2> '" +
+                              err + "'";
   const int status = std::system(command.c_str());
   return {WEXITSTATUS(status), output.empty() ? fileContent(out) : "", fileContent(err)};
 }

@@ -11,7 +11,8 @@ struct BatchRun {
   std::string errors;
 };
 
-/// Runs vor_kel_batch with these shell words, from the root of the sources. A file `piped` comes in through a pipe; with
+/// Runs vor_kel_batch with these shell words, from the root of the sources, without the
+/// folder of a session, as timed jobs and containers have none. A file `piped` comes in through a pipe; with
 /// `output`, what is printed goes to that file.
 BatchRun batch(const std::string& words, const std::string& piped = "", const std::string& output = "");
 

@@ -7,7 +7,6 @@
 namespace vk {
 namespace {
 
-using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
@@ -48,9 +47,10 @@ TEST(BatchCheck, PrintsTheListOfAGraphicFile) {
 }
 
 TEST(BatchCheck, AGraphicFileThatEndsTooSoonIsBadInput) {
-  const BatchRun run = batch("check '" + temporaryFile("A.GRA", "\\SIMBOLO(3,&") + "'");
+  const std::string figure = temporaryFile("A.GRA", "\\SIMBOLO(3,&");
+  const BatchRun run = batch("check '" + figure + "'");
   EXPECT_EQ(run.exitCode, 2);
-  EXPECT_THAT(run.errors, EndsWith("A.GRA: Input oltre la fine del file\n"));
+  EXPECT_EQ(run.errors, figure + ": Input oltre la fine del file\n");
 }
 
 TEST(BatchFit, SavesTheTextsOfItsFiguresAsTheProgramDoes) {
@@ -67,7 +67,7 @@ TEST(BatchFit, SavesTheTextsOfItsFiguresAsTheProgramDoes) {
 TEST(BatchFit, AFigureThatCannotBeWrittenIsBadInput) {
   const BatchRun run = batch(std::string(kOhm) + "--save-gra /nowhere/at/all.gra");
   EXPECT_EQ(run.exitCode, 2);
-  EXPECT_THAT(run.errors, EndsWith("/nowhere/at/all.gra: Impossibile trovare il percorso\n"));
+  EXPECT_EQ(run.errors, "/nowhere/at/all.gra: Impossibile trovare il percorso\n");
 }
 
 TEST(BatchFit, AFunctionThatCannotBeComputedHasNoFigure) {
@@ -102,7 +102,9 @@ TEST(BatchDraw, MakesAnImage) {
   const std::string image = freshPath("OUT.png");
   const BatchRun run = batch("draw examples/sheet.gra --anyway -o '" + image + "'");
   EXPECT_EQ(run.exitCode, 2) << "the sheet names its data from the folder of samples";
-  EXPECT_THAT(run.errors, HasSubstr("examples/sheet.gra:\n*** File Dati OHM.DAT Errato\n"));
+  EXPECT_EQ(run.errors,
+            "examples/sheet.gra:\n*** File Dati OHM.DAT Errato\n*** File Dati ALUMINIUM.DAT Errato\n"
+            "*** File Dati LEAD.DAT Errato\n");
   const std::string bytes = fileContent(image);
   EXPECT_THAT(bytes, StartsWith(kPngStart));
   EXPECT_GT(bytes.size(), 5000U);
@@ -114,7 +116,7 @@ TEST(BatchDraw, AFigureWithErrorsLeavesAnOldFileAlone) {
   const std::string draw = "draw '" + figure + "' -o '" + image + "'";
   const BatchRun run = batch(draw);
   EXPECT_EQ(run.exitCode, 2);
-  EXPECT_THAT(run.errors, EndsWith("A.GRA:\n***\\CERCHIO(3,4) Comando Errato\n"));
+  EXPECT_EQ(run.errors, figure + ":\n***\\CERCHIO(3,4) Comando Errato\n");
   EXPECT_EQ(fileContent(image), "old");
   const BatchRun anyway = batch(draw + " --anyway");
   EXPECT_EQ(anyway.exitCode, 2);
@@ -125,7 +127,9 @@ TEST(BatchDraw, AFigureWithErrorsLeavesAnOldFileAlone) {
 TEST(BatchDraw, MakesVectorFiles) {
   const std::string figure = temporaryFile("A.GRA", "\\LINEA(2,3,15,12)\r\n\\SCRIVI(5,5,0,0,20,abc)\r\n");
   const std::string svg = freshPath("OUT.SVG"), pdf = freshPath("out.pdf");
-  EXPECT_EQ(batch("draw '" + figure + "' --output '" + svg + "'").exitCode, 0);
+  const BatchRun run = batch("draw '" + figure + "' --output '" + svg + "'");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.errors, "");
   EXPECT_EQ(batch("draw '" + figure + "' -o '" + pdf + "'").exitCode, 0);
   EXPECT_THAT(fileContent(svg), HasSubstr("<svg"));
   EXPECT_THAT(fileContent(svg), HasSubstr("</svg>"));
@@ -163,7 +167,7 @@ TEST(BatchDraw, BadNamesAreBadInput) {
   EXPECT_EQ(batch("draw '" + figure + "' -o /nowhere/at/all.png").exitCode, 2);
   const BatchRun missing = batch("draw /nowhere/a.gra -o '" + freshPath("OUT.png") + "'");
   EXPECT_EQ(missing.exitCode, 2);
-  EXPECT_THAT(missing.errors, EndsWith("/nowhere/a.gra: Impossibile trovare il percorso\n"));
+  EXPECT_EQ(missing.errors, "/nowhere/a.gra: Impossibile trovare il percorso\n");
 }
 
 TEST(BatchFit, DrawsDataAndFunctionBesideItsReport) {
@@ -179,7 +183,7 @@ TEST(BatchFit, AWrongEndingOfAFigureIsToldBeforeTheFit) {
   const BatchRun run = batch(std::string(kOhm) + "--figure out.gif");
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_EQ(run.output, "");
-  EXPECT_THAT(run.errors, HasSubstr("out.gif: si attende un nome .PNG, .SVG o .PDF"));
+  EXPECT_EQ(run.errors, "out.gif: si attende un nome .PNG, .SVG o .PDF\n");
 }
 
 }  // namespace

@@ -2,8 +2,19 @@
 
 #include <QGuiApplication>
 #include <clocale>
+#include <iostream>
 
 namespace vk {
+namespace {
+
+/// What the toolkit says of its surroundings says nothing about the user's files and is not for the error stream of a
+/// program without a screen; only why it ends the program is told.
+void hearToolkit(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtFatalMsg) std::cerr << text.toStdString() << '\n';
+}
+
+}  // namespace
+
 /// An application object without a screen. The toolkit changes its arguments, which must outlive it.
 struct QtGraphics::Application {
   char name[8] = "vor_kel";
@@ -16,6 +27,7 @@ struct QtGraphics::Application {
 
 QtGraphics::QtGraphics() {
   if (QCoreApplication::instance() == nullptr) {
+    qInstallMessageHandler(hearToolkit);
     application_ = std::make_unique<Application>();
     // The toolkit takes over the user's decimal comma for the whole program.
     std::setlocale(LC_NUMERIC, "C");

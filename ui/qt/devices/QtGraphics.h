@@ -7,7 +7,7 @@
 namespace vk {
 
 /// What the devices need of the toolkit: an application object and the letters. Where the program has no
-/// application object yet, one without a screen is made.
+/// application object yet, one without a screen is made, and the toolkit's remarks are kept silent.
 class QtGraphics {
  public:
   QtGraphics();

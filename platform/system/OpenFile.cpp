@@ -27,6 +27,8 @@ std::size_t announcedSize(int handle) {
 OpenFile::OpenFile(const std::string& path, int flags)
     : handle_(::open(path.c_str(), flags | O_CLOEXEC, kNewFileMode)) {}
 
+OpenFile::OpenFile(int descriptor) : handle_(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0)) {}
+
 OpenFile::~OpenFile() {
   if (handle_ >= 0) ::close(handle_);
 }

@@ -10,6 +10,8 @@ class OpenFile {
  public:
   /// Opens with these flags of the system; a file that is made gets the process's default permissions.
   OpenFile(const std::string& path, int flags);
+  /// Opens what the process has open under this number once more: position and rights are shared.
+  explicit OpenFile(int descriptor);
   ~OpenFile();
   OpenFile(const OpenFile&) = delete;
   OpenFile& operator=(const OpenFile&) = delete;

@@ -2,15 +2,18 @@
 
 #include <fcntl.h>
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "platform/system/Descriptors.h"
 #include "platform/system/FileLookup.h"
 #include "platform/system/OpenFile.h"
 #include "platform/system/Places.h"
@@ -27,10 +30,27 @@ bool isFolder(const std::string& path) {
   return fs::is_directory(path, ignored);
 }
 
+/// True where the system tells nothing of a name because a folder on the way is closed to this user, or links lead in a
+/// circle.
+bool isRefused(const std::string& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) != 0 && (errno == EACCES || errno == ELOOP);
+}
+
+/// True where the search for an entry that was not found ended at one that is refused.
+bool endsRefused(const std::string& path) {
+  if (isRefused(path)) return true;
+  const std::string written = folderOf(path);
+  if (written == path) return false;
+  const std::string folder = findEntry(written);
+  return folder.empty() ? endsRefused(written) : isRefused(joinPath(folder, GetFileName(path)));
+}
+
 /// The entry to be read; a missing one is told apart by its folder.
 std::string entryToRead(const std::string& path) {
   const std::string entry = findEntry(path);
   if (entry.empty()) {
+    if (endsRefused(path)) throw RuntimeError(kPermissionDenied, kAccessDenied);
     throw RuntimeError(isFolder(findEntry(folderOf(path))) ? kFileNotFound : kPathNotFound);
   }
   if (isFolder(entry)) throw RuntimeError(kPathAccessError);
@@ -103,6 +123,8 @@ std::string SystemFiles::readAll(const std::string& path) {
 void SystemFiles::writeAll(const std::string& path, std::string_view bytes) {
   const std::string entry = resolveForWriting(path);
   if (refuses(entry)) throw RuntimeError(kDeviceIoError);
+  const auto descriptor = streams_ == Streams::kTaken ? descriptorOf(entry) : std::nullopt;
+  if (descriptor) return writeToDescriptor(*descriptor, bytes);
   writeSafely(entry, bytes);
 }
 

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vk {
+
+/// The number of the open file that the path names, as "/dev/stdout" and "/dev/fd/1" do, also through links; nothing
+/// for any other path.
+std::optional<int> descriptorOf(const std::string& path);
+
+/// Writes to what the process has open under this number, where it stands: what was written before and what others
+/// write after stays. Errors as those of `writeSafely`.
+void writeToDescriptor(int descriptor, std::string_view bytes);
+
+}  // namespace vk

@@ -1,5 +1,6 @@
 #include "batch/SimulateCommand.h"
 
+#include <cmath>
 #include <functional>
 #include <optional>
 
@@ -16,6 +17,8 @@
 namespace vk {
 namespace {
 
+constexpr int kMostPoints = 32767;
+
 /// The form of the simulation, filled in from the command line.
 class SimulationForm : public InputForm {
  public:
@@ -26,6 +29,7 @@ class SimulationForm : public InputForm {
     enter(tables, 1, "--xmin", arguments_.xmin);
     enter(tables, 2, "--xmax", arguments_.xmax);
     enter(tables, 3, "--points", arguments_.points);
+    checkPoints();
     enter(tables, 4, "--dy", arguments_.dy);
     tables.InpValues[5] = arguments_.dyAbsolute ? "1" : "0";
     enter(tables, 6, "--dx", arguments_.dx);
@@ -39,6 +43,13 @@ class SimulationForm : public InputForm {
     if (text.empty()) return;
     if (!isNumeric(text)) throw UsageError(std::string(option) + " \"" + text + "\": si attende un numero");
     tables.InpValues[field] = text;
+  }
+
+  /// The form would only speak of an overflow.
+  void checkPoints() const {
+    if (std::abs(scanNumber(arguments_.points)) < kMostPoints + 0.5) return;
+    throw UsageError("simulate: --points \"" + arguments_.points + "\": si attende un numero fino a " +
+                     std::to_string(kMostPoints));
   }
 
   Session& session_;

@@ -86,6 +86,11 @@ std::string textOfWord(const std::string& word) {
   return text;
 }
 
+void TerminalFiles::writeAll(const std::string& path, std::string_view bytes) {
+  std::cout.flush();
+  SystemFiles::writeAll(path, bytes);
+}
+
 int TerminalDialogs::Get_Msg(const MessageRequest& request) {
   tell(request.caption, request.text);
   return 1;

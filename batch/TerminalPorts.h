@@ -38,6 +38,8 @@ class TerminalDialogs : public Dialogs {
 class TerminalFiles : public SystemFiles {
  public:
   TerminalFiles() : SystemFiles(Streams::kTaken) {}
+  /// What was printed before comes first, also where the file is the output itself.
+  void writeAll(const std::string& path, std::string_view bytes) override;
 };
 
 /// There is no main window at a terminal; what commands tell it is lost on purpose.

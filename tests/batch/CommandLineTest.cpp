@@ -1,6 +1,8 @@
+#include <cstdlib>
 #include <filesystem>
 
 #include "batch/BatchRun.h"
+#include "doubles/Places.h"
 
 namespace vk {
 namespace {
@@ -8,6 +10,7 @@ namespace {
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
+using ::testing::StartsWith;
 
 constexpr const char* kLine =
     "tempo (s)\r\nspazio (m)\r\n 5\r\n1 3.1 .1\r\n2 5.0 .1\r\n3 6.9 .1\r\n4 9.1 .1\r\n5 11.0 .1\r\n";
@@ -219,6 +222,38 @@ TEST(BatchUsage, AFullDiskBehindAFileIsToldInOneLine) {
   const BatchRun run = batch("simulate --catalogue 1,2 --par b=2 --par c=1 --seed 1 -o /dev/full");
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_EQ(run.errors, "/dev/full: Disco pieno\n");
+}
+
+TEST(BatchUsage, DepartureAFileNamedAsTheOutputIsWrittenWhereTheOutputStands) {
+  const std::string data = temporaryFile("A.DAT", "x\r\ny\r\n 2\r\n1 2 .5\r\n2 3 .5\r\n");
+  const std::string link = temporaryFile("link.dat", "");
+  std::filesystem::remove(link);
+  std::filesystem::create_symlink("/dev/stdout", link);
+  const std::string file = temporaryFile("alone.dat", ""), out = temporaryFile("out", "");
+  ASSERT_EQ(batch("transform '" + data + "' -o '" + file + "'").exitCode, 0);
+  const std::string bytes = fileContent(file);
+  ASSERT_THAT(bytes, StartsWith("x\r\ny\r\n"));
+  for (const std::string& name :
+       {std::string("/dev/stdout"), std::string("/dev/fd/1"), std::string("/proc/self/fd/1"), link}) {
+    const std::string command = "(echo first; '" + builtPath("batch/vor_kel_batch") + "' transform '" + data +
+                                "' -o '" + name + "'; echo last) > '" + out + "'";
+    EXPECT_EQ(std::system(command.c_str()), 0) << name;
+    EXPECT_EQ(fileContent(out), "first\n" + bytes + "last\n") << name;
+  }
+}
+
+TEST(BatchUsage, DepartureWhatIsPrintedBeforeAFileNamedAsTheOutputComesFirst) {
+  const std::string words = "simulate --catalogue 1,2 --par b=2 --par c=1 --seed 1";
+  const std::string file = temporaryFile("alone.dat", "");
+  const std::string report = batch(words + " -o '" + file + "'").output;
+  EXPECT_EQ(batch(words + " -o /dev/stdout").output, report + fileContent(file));
+}
+
+TEST(BatchUsage, AFullDiskBehindAFileNamedAsTheOutputIsToldInOneLine) {
+  const std::string data = temporaryFile("A.DAT", "x\r\ny\r\n 2\r\n1 2 .5\r\n2 3 .5\r\n");
+  const BatchRun run = batch("transform '" + data + "' -o /dev/stdout", "", "/dev/full");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.errors, "/dev/stdout: Disco pieno\n");
 }
 
 TEST(BatchUsage, AFileThatIsProtectedIsToldInOneLine) {

@@ -156,6 +156,19 @@ TEST(BatchSimulate, BadArgumentsAreBadInput) {
   }
 }
 
+TEST(BatchSimulate, DepartureMorePointsThanDataCanHaveAreToldInOneLine) {
+  for (const std::string points : {"32767.5", "40000", "-40000", "1E9"}) {
+    const BatchRun run = batch("simulate " + kLineModel + "--seed 1 --points " + points);
+    EXPECT_EQ(run.exitCode, 2) << points;
+    EXPECT_EQ(run.errors, "simulate: --points \"" + points + "\": si attende un numero fino a 32767\n");
+    EXPECT_EQ(run.output, "") << points;
+  }
+  for (const char* points : {"32767.4", "-32767"}) {
+    const BatchRun run = batch("simulate " + kLineModel + "--seed 1 --points " + points);
+    EXPECT_EQ(run.exitCode, 0) << points << run.errors;
+  }
+}
+
 TEST(BatchSimulate, AFileThatCannotBeWrittenIsBadInputAndCostsNoResult) {
   const BatchRun run = batch("simulate " + kLineModel + "--seed 1 -o /nowhere/at/all/OUT.DAT");
   EXPECT_EQ(run.exitCode, 2);

@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "doubles/ErrorOf.h"
+#include "doubles/OrdinaryUser.h"
 #include "doubles/TemporaryFolder.h"
 #include "platform/system/OpenFile.h"
 
@@ -19,27 +20,6 @@ namespace vk {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// For its lifetime the process has the rights of an ordinary user, so that permissions bind.
-class OrdinaryUser {
- public:
-  explicit OrdinaryUser(const TemporaryFolder& folder) : wasRoot_(::geteuid() == 0) {
-    if (!wasRoot_) return;
-    for (const auto& entry : fs::recursive_directory_iterator(folder.path())) give(entry.path().string());
-    give(folder.path());
-    EXPECT_EQ(::seteuid(kNobody), 0);
-  }
-  ~OrdinaryUser() {
-    if (wasRoot_ && ::seteuid(0) != 0) ADD_FAILURE() << "the rights did not come back";
-  }
-  OrdinaryUser(const OrdinaryUser&) = delete;
-  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
- private:
-  static constexpr uid_t kNobody = 65534;
-  static void give(const std::string& path) { EXPECT_EQ(::chown(path.c_str(), kNobody, kNobody), 0); }
-  bool wasRoot_;
-};
 
 /// For its lifetime no file can grow beyond `bytes`: what a full disk does.
 class FullDisk {
@@ -178,49 +158,6 @@ TEST_F(SystemFilesTest, APipeIsReadToItsEndWhereStreamsAreTaken) {
   EXPECT_TRUE(all.canWrite(pipe));
   EXPECT_EQ(all.readAll(pipe), bytes);
   writer.join();
-}
-
-TEST_F(SystemFilesTest, AFileWithoutReadPermissionIsRefused) {
-  const std::string path = folder.make("secret.dat", "x");
-  fs::permissions(path, fs::perms::none);
-  const OrdinaryUser user(folder);
-  EXPECT_EQ(errorOf([&] { files.readAll(path); }), kPermissionDenied);
-}
-
-TEST_F(SystemFilesTest, DepartureAFileBehindAClosedFolderIsRefusedAndNotMissing) {
-  folder.make("Misure/secret/deep/x.dat", "x");
-  fs::permissions(folder / "Misure/secret", fs::perms::owner_read | fs::perms::owner_write);
-  const OrdinaryUser user(folder);
-  for (const char* name : {"Misure/secret/x.dat", "MISURE\\SECRET\\X.DAT", "Misure/secret/deep/x.dat"}) {
-    EXPECT_EQ(errorOf([&] { files.readAll(folder / name); }), kPermissionDenied) << name;
-    EXPECT_EQ(errorOf([&] { files.size(folder / name); }), kPermissionDenied) << name;
-  }
-  EXPECT_EQ(errorOf([&] { files.readAll(folder / "Misure/none.dat"); }), kFileNotFound);
-  EXPECT_EQ(errorOf([&] { files.readAll(folder / "Misure/none/x.dat"); }), kPathNotFound);
-  fs::permissions(folder / "Misure/secret", fs::perms::owner_all);
-}
-
-TEST_F(SystemFilesTest, AFileOfACurrentFolderThatIsClosedIsRefused) {
-  const fs::path before = fs::current_path();
-  fs::create_directory(folder / "secret");
-  fs::current_path(folder / "secret");
-  fs::permissions(folder / "secret", fs::perms::none);
-  {
-    const OrdinaryUser user(folder);
-    EXPECT_EQ(errorOf([&] { files.readAll("x.dat"); }), kPermissionDenied);
-    EXPECT_EQ(errorOf([&] { files.readAll("none/x.dat"); }), kPermissionDenied);
-  }
-  fs::permissions(folder / "secret", fs::perms::owner_all);
-  fs::current_path(before);
-}
-
-TEST_F(SystemFilesTest, DepartureLinksInACircleAreRefusedAndNotMissing) {
-  fs::create_symlink("b.dat", folder / "a.dat");
-  fs::create_symlink("a.dat", folder / "b.dat");
-  for (const char* name : {"a.dat", "b.dat", "a.dat/x.dat"}) {
-    EXPECT_EQ(errorOf([&] { files.readAll(folder / name); }), kPermissionDenied) << name;
-    EXPECT_EQ(errorOf([&] { files.size(folder / name); }), kPermissionDenied) << name;
-  }
 }
 
 TEST_F(SystemFilesTest, WritesNewFilesAndReplacesOldOnes) {

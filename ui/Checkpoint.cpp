@@ -20,7 +20,6 @@ Checkpoint::Checkpoint(Session& session, const Ports& ports, MainPanels& panels,
 // Each step stands on its own: one that fails as well does not keep the others from their work.
 void Checkpoint::goBack(PlotWindows* plots) {
   session_ = std::move(before_);
-  for (RecentList* list : {&session_.RecentData, &session_.RecentFun, &session_.RecentGra}) list->pick = 0;
   guard([&] { ports_.output.closeSince(outputWindows_); });
   guard([&] {
     if (plots != nullptr) plots->closeSince(plotWindows_);

@@ -14,8 +14,8 @@ class Checkpoint {
   Checkpoint(Session& session, const Ports& ports, MainPanels& panels, Editor& editor,
              const PlotWindows* plots);
 
-  /// Puts the session back, data and switches alike, closes what has been opened since, and shows all anew. The
-  /// next reading asks for its file, since the recent entry that is picked may be what failed. Throws nothing.
+  /// Puts the session back, data and switches alike, closes what has been opened since, and shows all anew.
+  /// Throws nothing.
   void goBack(PlotWindows* plots);
 
  private:

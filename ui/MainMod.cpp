@@ -40,21 +40,22 @@ struct MainMod::Handler {
   void (MainMod::*command)() = nullptr;
   void (MainMod::*recent)(int index) = nullptr;
   void (*figure)(Session& session, FigurePorts& ports) = nullptr;
+  int reads = 0;  ///< `FileKindCode` of what a reading command reads; 0 for any other
 };
 
 const MainMod::Handler* MainMod::findHandler(std::string_view control) {
   static constexpr std::array kHandlers{
-      Handler{"MenDatLet", &MainMod::menDatLet},
+      Handler{.control = "MenDatLet", .command = &MainMod::menDatLet, .reads = kDataKind},
       Handler{"MenDatMod", &MainMod::menDatMod},
       Handler{"MenDatSav", &MainMod::menDatSav},
       Handler{"MenDatTra", &MainMod::menDatTra},
       Handler{"MenDatSim", &MainMod::menDatSim},
-      Handler{.control = "MenDatOld", .recent = &MainMod::recent<kDataKind>},
+      Handler{.control = "MenDatOld", .recent = &MainMod::recent<kDataKind>, .reads = kDataKind},
       Handler{"MenFunSel", &MainMod::menFunSel},
-      Handler{"MenFunLet", &MainMod::menFunLet},
+      Handler{.control = "MenFunLet", .command = &MainMod::menFunLet, .reads = kFunctionKind},
       Handler{"MenFunMod", &MainMod::menFunMod},
       Handler{"MenFunCar", &MainMod::menFunCar},
-      Handler{.control = "MenFunOld", .recent = &MainMod::recent<kFunctionKind>},
+      Handler{.control = "MenFunOld", .recent = &MainMod::recent<kFunctionKind>, .reads = kFunctionKind},
       Handler{.control = "MenGraDatVis", .figure = MenGraDatVis},
       Handler{.control = "MenGraDatGra", .figure = MenGraDatGra},
       Handler{.control = "MenGraFunVis", .figure = MenGraFunVis},
@@ -62,11 +63,11 @@ const MainMod::Handler* MainMod::findHandler(std::string_view control) {
       Handler{.control = "MenGraDifVis", .figure = MenGraDifVis},
       Handler{.control = "MenGraDifGra", .figure = MenGraDifGra},
       Handler{.control = "MenGraDifSav", .figure = MenGraDifSav},
-      Handler{"MenGraLetFil", &MainMod::menGraLetFil},
+      Handler{.control = "MenGraLetFil", .command = &MainMod::menGraLetFil, .reads = kGraphicKind},
       Handler{"MenGraModFil", &MainMod::menGraModFil},
       Handler{.control = "MenGraVisFil", .figure = MenGraVisFil},
       Handler{.control = "MenGraPriFil", .figure = MenGraPriFil},
-      Handler{.control = "MenGraOld", .recent = &MainMod::recent<kGraphicKind>},
+      Handler{.control = "MenGraOld", .recent = &MainMod::recent<kGraphicKind>, .reads = kGraphicKind},
       Handler{"MenAdaPar", &MainMod::menAdaPar},
       Handler{"MenAdaAda", &MainMod::menAdaAda},
       Handler{"MenSerCal", &MainMod::menSerCal},
@@ -114,9 +115,9 @@ void MainMod::welcome() {
 
 void MainMod::run(std::string_view control) {
   if (running_) return;
-  guarded([&] {
+  const Handler* handler = findHandler(control);
+  const bool ended = guarded([&] {
     const FlagFor running(running_, kTrue);
-    const Handler* handler = findHandler(control);
     if (handler == nullptr || panels_.isOpen()) return;
     session_.GammaTold = kFalse;
     if (handler->recent != nullptr) {
@@ -128,17 +129,21 @@ void MainMod::run(std::string_view control) {
     }
     if (!panels_.isOpen()) Msg(session_, ports_.window);
   });
+  // The entry that is picked may be what failed; it would fail at every reading, and nobody would be asked.
+  if (!ended && handler != nullptr && handler->reads != 0) recentList(session_, handler->reads).pick = 0;
 }
 
-void MainMod::guarded(const std::function<void()>& handler) {
+bool MainMod::guarded(const std::function<void()>& handler) {
   std::optional<Checkpoint> before;
   try {
     before.emplace(session_, ports_, panels_, editor_, plots());
     handler();
+    return true;
   } catch (...) {
     const RuntimeError error = presentRuntimeError();
     guard([&] { tell(error); });
     if (before) before->goBack(plots());
+    return false;
   }
 }
 

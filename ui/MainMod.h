@@ -23,6 +23,7 @@ class MainMod {
 
   /// A menu entry was chosen: runs its command to the end, then renews menus and status bar, except where a
   /// panel has been opened. Entries without a command do nothing, and so does any entry while a command runs.
+  /// After a reading command that broke off, the next one of its kind asks for the file.
   void run(std::string_view control);
 
   bool isRunning() const { return running_ != kFalse; }
@@ -31,8 +32,8 @@ class MainMod {
   static bool hasCommand(std::string_view control) { return findHandler(control) != nullptr; }
 
   /// Runs any handler of an event. A run-time error that nobody guarded is told and ends the handler, with
-  /// everything as it was before (`Checkpoint`); nothing is thrown.
-  void guarded(const std::function<void()>& handler);
+  /// everything as it was before (`Checkpoint`), and gives false; nothing is thrown.
+  bool guarded(const std::function<void()>& handler);
 
   /// What "&Esegui" of the input form runs, by the number in its tables.
   void runInputAction(int action);

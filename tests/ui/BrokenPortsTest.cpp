@@ -31,8 +31,8 @@ class BrokenProgram {
   FaultyRandom random{faults.random};
   FaultyPanelView view{faults.panels};
   MainPanels panels{session, files, window};
-  RecordingClipboard clipboard;
-  RecordingPrinter textPrinter;
+  FaultyClipboard clipboard{faults.clipboard};
+  FaultyTextPrinter textPrinter{faults.textPrinter};
   FaultyEditorForm editorForm{faults.editor};
   Editor editor{session, {files, dialogs, window, output, clipboard, textPrinter, sound}};
   FaultyPlots plots{faults.plots};
@@ -50,7 +50,7 @@ BrokenProgram::BrokenProgram() {
   panels.setView(view);
   editor.setForm(editorForm);
   files.content["/a.dat"] = "x\r\ny\r\n3\r\n0 1 .1\r\n1 3 .1\r\n2 5.1 .1\r\n";
-  files.content["/b.dat"] = "p\r\nq\r\n4\r\n0 1 .1\r\n1 2 .1\r\n2 3.1 .1\r\n3 4 .1\r\n";
+  files.content["/b.dat"] = "p\r\nq\r\n4 1\r\n0 1 .3 .2\r\n1 2 .3 .2\r\n2 3.1 .3 .2\r\n3 4 .3 .2\r\n";
   files.content["/bad.dat"] = "p\r\nq\r\n4\r\n0 uno .1\r\n";
   files.content["/f.fcn"] = "A,B\r\nA*x+B\r\nretta\r\n";
   files.content["/g.fcn"] = "C\r\nC*x\r\nuna\r\nD\r\nD/x\r\ndue\r\n";
@@ -71,6 +71,7 @@ BrokenProgram::BrokenProgram() {
   run("MenAdaPar");
   for (const char* control : {"MenGraDatVis", "MenGraFunVis", "MenGraDifVis"}) run(control);
   input.fields.clear();
+  for (const char* control : {"MenDatOld(0)", "MenGraOld(0)"}) run(control);
 }
 
 void BrokenProgram::edit() {
@@ -96,13 +97,50 @@ BrokenCommand menuCommand(const char* control, const std::string& file = "/neu",
           }};
 }
 
-/// Every command of the menus, and what the editor and a report do.
-std::vector<BrokenCommand> brokenCommands() {
+/// A command that reads: it asks for its file, while the entry of the other list stays picked.
+BrokenCommand readingCommand(const char* control, RecentList Session::*list, const std::string& file = "/neu",
+                             bool lists = false) {
+  BrokenCommand command = menuCommand(control, file, {}, lists);
+  command.prepare = [list, prepare = command.prepare](BrokenProgram& program) {
+    prepare(program);
+    (program.session.*list).pick = 0;
+  };
+  return command;
+}
+
+/// What no menu of the main window runs: the editor, at work on a file.
+BrokenCommand editorCommand(const char* name, void (Editor::*handler)()) {
+  return {
+      name,
+      [handler](BrokenProgram& program) { program.mainMod.guarded([&] { (program.editor.*handler)(); }); },
+      [](BrokenProgram& program) {
+        program.clipboard.held = "5 6 .1";
+        program.edit();
+      }};
+}
+
+/// A button of the output window, under a drawing or under a list of errors.
+BrokenCommand outputCommandOn(const char* name, bool drawing, std::function<void(BrokenProgram&)> press) {
+  return {name,
+          [press = std::move(press)](BrokenProgram& program) {
+            program.mainMod.guarded([&] { press(program); });
+          },
+          [drawing](BrokenProgram& program) {
+            if (!drawing) program.run("MenSerErr");
+            program.dialogs.file = "/bad.dat";
+            program.session.RecentData.pick = 0;
+            program.input.fields = {"1", "1", "1", "0", "-.5", "0"};
+            program.run(drawing ? "MenSerPro" : "MenDatLet");
+          }};
+}
+
+/// Every command of the menus.
+std::vector<BrokenCommand> brokenMenus() {
   std::vector<BrokenCommand> all{
-      menuCommand("MenDatLet", "/b.dat"),
-      menuCommand("MenDatLet", "/bad.dat"),
-      menuCommand("MenDatLet", "/bad.dat", {}, true),
-      menuCommand("MenDatOld(0)"),
+      readingCommand("MenDatLet", &Session::RecentData, "/b.dat"),
+      readingCommand("MenDatLet", &Session::RecentData, "/bad.dat"),
+      readingCommand("MenDatLet", &Session::RecentData, "/bad.dat", true),
+      readingCommand("MenDatOld(0)", &Session::RecentData),
       menuCommand("MenDatMod", "/b.dat"),
       menuCommand("MenDatMod", "/neu.dat"),
       menuCommand("MenDatSav", "/b.dat"),
@@ -119,7 +157,8 @@ std::vector<BrokenCommand> brokenCommands() {
       menuCommand("MenGraDifVis"),
       menuCommand("MenGraFunGra", "/g.gra"),
       menuCommand("MenGraDifSav"),
-      menuCommand("MenGraLetFil", "/h.gra"),
+      readingCommand("MenGraLetFil", &Session::RecentGra, "/h.gra"),
+      readingCommand("MenGraOld(0)", &Session::RecentGra),
       menuCommand("MenGraVisFil"),
       menuCommand("MenGraPriFil"),
       menuCommand("MenAdaPar"),
@@ -140,45 +179,79 @@ std::vector<BrokenCommand> brokenCommands() {
                    program.input.fields = {"-1", "1", "1", "1", "1", "1"};
                    program.run("MenAdaPar");
                  }});
-  all.push_back({"MnuFilSav",
-                 [](BrokenProgram& program) { program.mainMod.guarded([&] { program.editor.MnuFilSav(); }); },
-                 [](BrokenProgram& program) { program.edit(); }});
-  all.push_back(
-      {"Salva File",
-       [](BrokenProgram& program) { program.mainMod.guarded([&] { program.output.saveRoutine()(); }); },
-       [](BrokenProgram& program) {
-         program.input.fields = {"1", "1", "1", "0", "-.5", "0"};
-         program.run("MenSerPro");
-       }});
   return all;
+}
+
+/// Every command of the menus, and what the editor and the output window do.
+std::vector<BrokenCommand> brokenCommands() {
+  const auto print = [](BrokenProgram& program) {
+    program.output.printOn(program.textPrinter, program.session.FontEdit);
+  };
+  const auto copy = [](BrokenProgram& program) { program.output.copyTo(program.clipboard); };
+  const auto save = [](BrokenProgram& program) { program.output.saveRoutine()(); };
+  std::vector<BrokenCommand> all = brokenMenus();
+  all.push_back(editorCommand("MnuFilSav", &Editor::MnuFilSav));
+  all.push_back(editorCommand("MnuModCop", &Editor::MnuModCop));
+  all.push_back(editorCommand("MnuModInc", &Editor::MnuModInc));
+  all.push_back(editorCommand("MnuPri", &Editor::MnuPri));
+  all.push_back(outputCommandOn("Salva File", true, save));
+  all.push_back(outputCommandOn("Stampa of a drawing", true, print));
+  all.push_back(outputCommandOn("Stampa of a list", false, print));
+  all.push_back(outputCommandOn("Copia of a drawing", true, copy));
+  all.push_back(outputCommandOn("Copia of a list", false, copy));
+  return all;
+}
+
+template <class T>
+std::ostream& operator<<(std::ostream& text, const Array<T>& items) {
+  for (int i = 0; i <= items.upper(); ++i) text << ' ' << items[i];
+  return text;
+}
+
+std::string dataState(const Session& s) {
+  std::ostringstream text;
+  text << "data " << s.DataFile << ' ' << s.DataPath << ' ' << s.DataDefined << ' ' << s.data.TitleX << ' '
+       << s.data.TitleY << ' ' << s.data.NumPnt << ' ' << s.data.kXpntErr << "\nx" << s.data.Xpnt << "\ny"
+       << s.data.Ypnt << "\ndx" << s.data.ErrXpnt << "\ndy" << s.data.ErrYpnt << "\neffective"
+       << s.data.ErrEff;
+  return text.str();
+}
+
+std::string modelState(const Session& s) {
+  std::ostringstream text;
+  text << "\nfunctions " << s.FunFile << ' ' << s.FunFileRead << ' ' << s.catalogue.inner.size();
+  for (const auto& entry : s.catalogue.file.entries) text << ' ' << entry.description;
+  text << "\nmodel " << s.FunDefined << ' ' << s.fun.FunctionText << ' ' << s.fun.InnerIndex << ','
+       << s.fun.OuterIndex << ' ' << s.par.ParNames << ' ' << s.par.FreeCount << ' ' << s.ParVar << ' '
+       << s.ParametersSet << ':' << s.par.ParValues << ',' << s.par.ParDeltas << "\ncompiled " << s.model.nVar
+       << ',' << s.model.nPar << ' ' << s.model.LastSlot << ' ' << s.model.Code << ' ' << s.model.OperandMap
+       << s.model.Values << ',' << s.model.Slots;
+  return text.str();
+}
+
+std::string recentState(const Session& s) {
+  std::ostringstream text;
+  text << "\nrecent";
+  for (const RecentList* list : {&s.RecentData, &s.RecentFun, &s.RecentGra}) {
+    text << ' ' << list->RecentCount << list->files << ',' << list->paths << " picked " << list->pick << ';';
+  }
+  return text.str();
 }
 
 /// The session and its windows as a text, line by line.
 std::string brokenState(const BrokenProgram& program) {
   const Session& s = program.session;
   std::ostringstream text;
-  text << "data " << s.DataFile << ' ' << s.DataDefined << ' ' << s.data.TitleX << ' ' << s.data.TitleY << ' '
-       << s.data.kXpntErr << ':';
-  for (int i = 1; i <= s.data.NumPnt; ++i) text << ' ' << s.data.Xpnt[i] << ',' << s.data.Ypnt[i];
-  text << "\nfunctions " << s.FunFile << ' ' << s.FunFileRead << ' ' << s.catalogue.inner.size();
-  for (const auto& entry : s.catalogue.file.entries) text << ' ' << entry.description;
-  text << "\nmodel " << s.FunDefined << ' ' << s.fun.FunctionText << ' ' << s.fun.InnerIndex << ','
-       << s.fun.OuterIndex << ' ' << s.par.ParNames << ' ' << s.par.FreeCount << ' ' << s.ParVar << ' '
-       << s.ParametersSet << ':';
-  for (int i = 1; i <= s.par.ParCount; ++i) text << ' ' << s.par.ParValues[i] << ',' << s.par.ParDeltas[i];
+  text << dataState(s) << modelState(s) << recentState(s);
   text << "\ngraphics " << s.GraFile << ' ' << s.GraDefined;
   for (const std::string& figure : s.GraphText) text << ' ' << figure.size();
-  text << ' ' << s.DiffText.size() << "\nrecent";
-  for (const RecentList* list : {&s.RecentData, &s.RecentFun, &s.RecentGra}) {
-    for (int i = 1; i <= list->RecentCount; ++i) text << ' ' << list->files[i];
-    text << ';';
-  }
+  text << ' ' << s.DiffText.size();
   text << "\nswitches " << s.TraceEnabled << s.CheckFunctions << s.PropagationMode << s.FitRunning
        << s.ShowErrors << s.SimFirstTime << ' ' << s.DataDir << ' ' << s.GraDir << ' '
        << s.monteCarlo.McBinCount;
   text << "\nwindows " << program.output.isOpen() << ' ' << program.plots.made() << ' '
-       << program.editorForm.visible << ' ' << program.panels.isOpen() << ' ' << program.window.enabled << ' '
-       << program.window.caption;
+       << program.editorForm.visible << ' ' << (program.editorForm.visible ? program.editorForm.text : "")
+       << ' ' << program.panels.isOpen() << ' ' << program.window.enabled << ' ' << program.window.caption;
   for (const auto& [control, on] : program.window.menuEnabled) text << '\n' << control << ' ' << on;
   for (const auto& [control, shown] : program.window.menuVisible) {
     text << '\n' << control << ' ' << shown;

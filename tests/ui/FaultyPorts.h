@@ -9,10 +9,10 @@
 #include "gral/NominalScreen.h"
 #include "gral/RecorderDevice.h"
 #include "platform/FunctionForms.h"
-#include "platform/GridOutput.h"
 #include "platform/InputForm.h"
 #include "platform/PlotWindows.h"
 #include "ui/MainPanels.h"
+#include "ui/OutputModel.h"
 
 /// Doubles of all ports that answer every question and of which one call can be made to fail.
 namespace vk {
@@ -38,13 +38,26 @@ class Fault {
 /// The faults, by port.
 struct Faults {
   Fault files, dialogs, window, input, output, functions, clock, sound, process, random, plots, printer,
-      screen, editor, panels;
+      screen, editor, panels, clipboard, textPrinter;
 
   std::vector<std::pair<const char*, Fault*>> all() {
-    return {{"files", &files},     {"dialogs", &dialogs},     {"window", &window}, {"input", &input},
-            {"output", &output},   {"functions", &functions}, {"clock", &clock},   {"sound", &sound},
-            {"process", &process}, {"random", &random},       {"plots", &plots},   {"printer", &printer},
-            {"screen", &screen},   {"editor", &editor},       {"panels", &panels}};
+    return {{"files", &files},
+            {"dialogs", &dialogs},
+            {"window", &window},
+            {"input", &input},
+            {"output", &output},
+            {"functions", &functions},
+            {"clock", &clock},
+            {"sound", &sound},
+            {"process", &process},
+            {"random", &random},
+            {"plots", &plots},
+            {"printer", &printer},
+            {"screen", &screen},
+            {"editor", &editor},
+            {"panels", &panels},
+            {"clipboard", &clipboard},
+            {"textPrinter", &textPrinter}};
   }
 };
 
@@ -52,6 +65,7 @@ class FaultyFiles : public MemoryFiles {
  public:
   explicit FaultyFiles(Fault& fault) : fault_(fault) {}
   bool FileExists(const std::string& path) override { return fault_.pass(), MemoryFiles::FileExists(path); }
+  std::int64_t size(const std::string& path) override { return fault_.pass(), MemoryFiles::size(path); }
   std::string readAll(const std::string& path) override { return fault_.pass(), MemoryFiles::readAll(path); }
   void writeAll(const std::string& path, std::string_view bytes) override {
     fault_.pass(), MemoryFiles::writeAll(path, bytes);
@@ -137,18 +151,18 @@ class FaultyInput : public InputForm {
   std::function<void(int)> action_;
 };
 
-class FaultyOutput : public GridOutput {
+class FaultyOutput : public OutputModel {
  public:
   explicit FaultyOutput(Fault& fault) : fault_(fault) {}
-  void OutShow(const OutputRequest& request) override { GridOutput::OutShow(request), fault_.pass(); }
-  void CharLocate(int row, int col) override { fault_.pass(), GridOutput::CharLocate(row, col); }
-  void print(std::string_view text) override { fault_.pass(), GridOutput::print(text); }
+  void OutShow(const OutputRequest& request) override { OutputModel::OutShow(request), fault_.pass(); }
+  void CharLocate(int row, int col) override { fault_.pass(), OutputModel::CharLocate(row, col); }
+  void print(std::string_view text) override { fault_.pass(), OutputModel::print(text); }
   void CharFrame(int row1, int col1, int row2, int col2, int style, const std::string& title) override {
-    fault_.pass(), GridOutput::CharFrame(row1, col1, row2, col2, style, title);
+    fault_.pass(), OutputModel::CharFrame(row1, col1, row2, col2, style, title);
   }
   void refresh() override { fault_.pass(); }
   void setSaveRoutine(std::function<void()> routine) override {
-    fault_.pass(), GridOutput::setSaveRoutine(std::move(routine));
+    fault_.pass(), OutputModel::setSaveRoutine(std::move(routine));
   }
 
  private:
@@ -302,6 +316,39 @@ class FaultyPanelView : public PanelView {
   void showPanel(Panel) override { fault_.pass(); }
   void hidePanel(Panel) override { fault_.pass(); }
   void syncPanel(Panel) override { fault_.pass(); }
+
+ private:
+  Fault& fault_;
+};
+
+class FaultyClipboard : public RecordingClipboard {
+ public:
+  explicit FaultyClipboard(Fault& fault) : fault_(fault) {}
+  void clear() override { fault_.pass(), RecordingClipboard::clear(); }
+  void setText(const std::string& text) override { fault_.pass(), RecordingClipboard::setText(text); }
+  void setGrid(const CharGrid& shown) override { fault_.pass(), RecordingClipboard::setGrid(shown); }
+  ClipboardText text() override { return fault_.pass(), RecordingClipboard::text(); }
+
+ private:
+  Fault& fault_;
+};
+
+/// The printer of texts and character screens.
+class FaultyTextPrinter : public RecordingPrinter {
+ public:
+  explicit FaultyTextPrinter(Fault& fault) : fault_(fault) {}
+  bool present() override { return fault_.pass(), RecordingPrinter::present(); }
+  Int16 Orientation() override { return fault_.pass(), RecordingPrinter::Orientation(); }
+  void setOrientation(Int16 wanted) override { fault_.pass(), RecordingPrinter::setOrientation(wanted); }
+  double Width() override { return fault_.pass(), RecordingPrinter::Width(); }
+  double Height() override { return fault_.pass(), RecordingPrinter::Height(); }
+  void printText(const std::string& printed, const std::string& fontFace, double size) override {
+    fault_.pass(), RecordingPrinter::printText(printed, fontFace, size);
+  }
+  void printGrid(const CharGrid& printed, const GridPlace& where) override {
+    fault_.pass(), RecordingPrinter::printGrid(printed, where);
+  }
+  void EndDoc() override { fault_.pass(), RecordingPrinter::EndDoc(); }
 
  private:
   Fault& fault_;

@@ -400,6 +400,44 @@ TEST_F(MainModTest, ARecentFileThatHasGoneChangesNothingAndTheNextReadingAsks) {
   EXPECT_EQ(session.RecentData.RecentCount, 3) << "read by the dialog";
 }
 
+TEST_F(MainModTest, ACommandThatBreaksOffDropsThePickedEntryOfTheListThatItReadsAndOfNoOther) {
+  start();
+  struct Reading {
+    const char* control;
+    RecentList Session::*list;
+  };
+  for (const Reading& failing : {Reading{"MenDatLet", &Session::RecentData},
+                                 {"MenFunLet", &Session::RecentFun},
+                                 {"MenGraVisFil", nullptr}}) {
+    for (RecentList* list : {&session.RecentData, &session.RecentFun, &session.RecentGra}) {
+      list->paths[1] = "/manca";
+      list->pick = 1;
+    }
+    session.GraFile = "/manca";
+    dialogs.expectBox();
+    mainMod.run(failing.control);
+    ASSERT_EQ(dialogs.boxes.size(), 1U) << failing.control;
+    dialogs.boxes.clear();
+    for (RecentList Session::*list : {&Session::RecentData, &Session::RecentFun, &Session::RecentGra}) {
+      EXPECT_EQ((session.*list).pick, list == failing.list ? 0 : 1) << failing.control;
+    }
+  }
+}
+
+TEST_F(MainModTest, APickedEntryOutlivesTheFailureOfAnotherCommand) {
+  start();
+  readData();
+  mainMod.run("MenDatOld(0)");
+  session.GraFile = "/manca.gra";
+  dialogs.expectBox();
+  mainMod.run("MenGraVisFil");
+  dialogs.boxes.clear();
+  const auto asked = dialogs.fileRequests.size();
+  mainMod.run("MenDatLet");
+  EXPECT_EQ(dialogs.fileRequests.size(), asked) << "the entry is read without asking";
+  EXPECT_EQ(session.RecentData.RecentCount, 3);
+}
+
 TEST_F(MainModTest, AClickIntoAFigureCanPutItAway) {
   start();
   readData();

@@ -15,8 +15,9 @@ namespace vk {
 /// Somebody who clicks and types whatever comes to mind, always the same way.
 class Walker {
  public:
-  /// `names` are what is entered into file dialogs.
-  Walker(QWidget* window, std::vector<QString> names) : window_(window), names_(std::move(names)) {}
+  /// `names` are what is entered into file dialogs; another `mood` takes another way.
+  Walker(QWidget* window, std::vector<QString> names, unsigned mood = 20)
+      : window_(window), names_(std::move(names)), generator_(mood) {}
 
   /// Takes as many steps, and some more until nothing is left open that waits.
   void walk(int steps);
@@ -57,7 +58,7 @@ class Walker {
 
   QWidget* window_;
   std::vector<QString> names_;
-  std::mt19937 generator_{20};
+  std::mt19937 generator_;
   QObject clock_;
   int left_ = 0;
   bool done_ = false;  ///< the last step has left nothing open that waits

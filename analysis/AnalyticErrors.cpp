@@ -17,23 +17,23 @@ constexpr double kMaximumInSigmas = 3;
 constexpr double kUniformDivisor = 3;
 
 double value(Session& session, Dialogs& dialogs) {
-  return EvaluateFunction(session, dialogs, session.par.ParValues[0]);
+  return EvaluateFunction(session, dialogs, session.analysis.par.ParValues[0]);
 }
 
 double valueAt(Session& session, Dialogs& dialogs, int variable, double shifted) {
-  guard(session.ErrFlag, [&] { session.par.ParValues[variable] = checked::finite(shifted); });
+  guard(session.ErrFlag, [&] { session.analysis.par.ParValues[variable] = checked::finite(shifted); });
   return value(session, dialogs);
 }
 
 double derivative(Session& session, Dialogs& dialogs, int variable) {
-  const double p = session.par.ParValues[variable];
+  const double p = session.analysis.par.ParValues[variable];
   double h = p / kStepsOfValue;
   if (h == 0) h = kDerivativeStepOfZero;
   const double f1 = valueAt(session, dialogs, variable, p + h);
   const double f2 = valueAt(session, dialogs, variable, p - h);
   double result = 0;
   guard(session.ErrFlag, [&] { result = checked::divide(checked::finite(f1 - f2), h) / 2; });
-  session.par.ParValues[variable] = p;
+  session.analysis.par.ParValues[variable] = p;
   return result;
 }
 
@@ -50,7 +50,7 @@ void addContribution(Session& session, double error, double derivative, double& 
 
 // QUIRK: each evaluation clears the flag, so that the failure of any but the last one is not noticed.
 AnalyticErrors analyticErrors(Session& session, Dialogs& dialogs) {
-  const ParameterSet& par = session.par;
+  const ParameterSet& par = session.analysis.par;
   AnalyticErrors result;
   result.F0 = value(session, dialogs);
   result.Derivatives.dim(par.ParCount);

@@ -61,15 +61,15 @@ class Fit : public MinimiseObserver {
         dialogs_(dialogs),
         clock_(clock),
         observer_(observer),
-        F_(session.data.NumPnt),
-        W_(session.data.NumPnt, session.par.FreeCount) {}
+        F_(session.loaded.data.NumPnt),
+        W_(session.loaded.data.NumPnt, session.analysis.par.FreeCount) {}
 
   FitResult run();
   void progress(int iteration, double sum, const Array<double>& X) override;
 
  private:
-  int M() const { return session_.data.NumPnt; }
-  int N() const { return session_.par.FreeCount; }
+  int M() const { return session_.loaded.data.NumPnt; }
+  int N() const { return session_.analysis.par.FreeCount; }
   bool minimise(const Array<double>& errors);
   bool complete();
   bool giveUp(const Array<double>& ParValuesBefore, const Array<double>& FreeValuesBefore);
@@ -88,13 +88,13 @@ class Fit : public MinimiseObserver {
 };
 
 FitResult Fit::run() {
-  DataSet& data = session_.data;
+  DataSet& data = session_.loaded.data;
   session_.ErrFlag = 0;
   result_.M = M();
   result_.N = N();
   result_.degrees_of_freedom = M() - N();
   result_.freeIndex.dim(N());
-  for (int i = 1; i <= N(); ++i) result_.freeIndex[i] = session_.par.FreeIndex[i];
+  for (int i = 1; i <= N(); ++i) result_.freeIndex[i] = session_.analysis.par.FreeIndex[i];
 
   if (minimise(data.ErrYpnt) && data.kXpntErr != 0) {
     findEffectiveErrors(data.ErrEff);
@@ -105,7 +105,7 @@ FitResult Fit::run() {
 }
 
 bool Fit::minimise(const Array<double>& errors) {
-  ParameterSet& par = session_.par;
+  ParameterSet& par = session_.analysis.par;
   const Array<double> ParValuesBefore = par.ParValues;
   const Array<double> FreeValuesBefore = par.FreeValues;
   observer_.started({M(), N(), par.FreeValues});
@@ -124,7 +124,7 @@ bool Fit::minimise(const Array<double>& errors) {
 }
 
 bool Fit::complete() {
-  ParameterSet& par = session_.par;
+  ParameterSet& par = session_.analysis.par;
   storeFreeValues(session_, par.FreeValues.span(1, N()));
   for (int i = 1; i <= N(); ++i) par.ParDeltas[par.FreeIndex[i]] = minimum_.errors[i];
 
@@ -136,13 +136,13 @@ bool Fit::complete() {
     result_.confidence_percent = atEnd.confidence;
   }
   result_.correlation = minimum_.correlation;
-  const bool last = session_.data.kXpntErr == 0;
+  const bool last = session_.loaded.data.kXpntErr == 0;
   observer_.finished({atEnd, minimum_.errors, minimum_.correlation, last, unreliable});
   return true;
 }
 
 bool Fit::giveUp(const Array<double>& ParValuesBefore, const Array<double>& FreeValuesBefore) {
-  ParameterSet& par = session_.par;
+  ParameterSet& par = session_.analysis.par;
   result_.status = FitStatus::kFailed;
   result_.reduced_chi_square.reset();
   result_.confidence_percent.reset();
@@ -179,7 +179,7 @@ void Fit::progress(int iteration, double sum, const Array<double>& X) {
 
 // A statement that fails leaves its target: the slope that of the point before, the effective error that of y.
 void Fit::findEffectiveErrors(Array<double>& effective) {
-  const DataSet& data = session_.data;
+  const DataSet& data = session_.loaded.data;
   const auto x = data.Xpnt.span(1, M());
   if (x.empty()) return;
   const auto range = std::ranges::minmax(x);

@@ -49,12 +49,12 @@ const std::string kMatrixMask = " #####";
 const std::string kNoMatrix = " _____";
 
 std::string titleOf(const Session& session) {
-  const std::string title = " " + trim(session.fun.FunctionText) + " ";
+  const std::string title = " " + trim(session.analysis.fun.FunctionText) + " ";
   return length(title) % 2 == 0 ? title + " " : title;
 }
 
 int nameWidthOf(const Session& session) {
-  const int width = std::max<int>(kLeastNameWidth, session.par.ParNameWidth);
+  const int width = std::max<int>(kLeastNameWidth, session.analysis.par.ParNameWidth);
   return width % 2 == 0 ? width + 1 : width;
 }
 
@@ -74,7 +74,7 @@ std::string nameText(const ParameterSet& par, int parameter, int width) {
 FitScreenLayout::FitScreenLayout(const Session& session, int free)
     : title(titleOf(session)),
       nameWidth(nameWidthOf(session)),
-      allCount(session.par.ParCount),
+      allCount(session.analysis.par.ParCount),
       freeCount(free),
       width(std::max({kLeastWidth, length(title), tableWidth(nameWidth, free)})),
       half((width - 1) / 2),
@@ -95,7 +95,7 @@ void FitScreen::started(const FitStart& start) {
   drawStatusBlock();
   drawTable();
 
-  const ParameterSet& par = session_.par;
+  const ParameterSet& par = session_.analysis.par;
   int row = kHeaderRule;
   for (int i = 1; i <= start.N; ++i) drawRow(++row, par.FreeIndex[i], start.X[i]);
   for (int i = layout_->allCount; i > start.N; --i) {
@@ -140,7 +140,7 @@ void FitScreen::drawTable() {
 }
 
 void FitScreen::drawRow(int row, int parameter, double value) {
-  printAt(row, kNameColumn, nameText(session_.par, parameter, layout_->nameWidth));
+  printAt(row, kNameColumn, nameText(session_.analysis.par, parameter, layout_->nameWidth));
   printAt(row, layout_->valueColumn(), FormatSigned(value, kStartPattern));
   printAt(row, layout_->errorColumn(), kNoError);
   if (layout_->freeCount < 2) return;

@@ -65,15 +65,16 @@ double startingStep(double value) {
 }
 
 void giveValuesToLoadedModel(Session& session) {
-  if (session.fun.InnerIndex <= kBuiltInInner) return;
-  for (int i = 1; i <= session.model.nPar; ++i) session.model.Values[i + 1] = session.par.ParValues[i];
+  if (session.analysis.fun.InnerIndex <= kBuiltInInner) return;
+  for (int i = 1; i <= session.analysis.model.nPar; ++i)
+    session.analysis.model.Values[i + 1] = session.analysis.par.ParValues[i];
 }
 
 }  // namespace
 
 void EnterParameters(Session& session, InputForm& form, Flag mode) {
-  const ParameterSet& par = session.par;
-  const std::string& functionText = session.fun.FunctionText;
+  const ParameterSet& par = session.analysis.par;
+  const std::string& functionText = session.analysis.fun.FunctionText;
   const int half = halfWidth(functionText);
   InputTables& tables = session.input;
   tables.caption = mode ? "VOR_KEL: Propagazione Errori" : "VOR_KEL: Parametri Iniziali";
@@ -91,8 +92,8 @@ void EnterParameters(Session& session, InputForm& form, Flag mode) {
 void StoreParameters(Session& session) {
   const InputTables& fields = session.input;
   const int half = fields.InpFieldCount / 2;
-  const int mode = session.PropagationMode;
-  ParameterSet& par = session.par;
+  const int mode = session.analysis.PropagationMode;
+  ParameterSet& par = session.analysis.par;
   par.ParValues.dim(half + mode);
   par.ParDeltas.dim(half + mode);
   for (int j = 1; j <= half; ++j) {
@@ -109,7 +110,7 @@ void StoreParameters(Session& session, MainWindow& window) {
 }
 
 void classifyParameters(Session& session) {
-  ParameterSet& par = session.par;
+  ParameterSet& par = session.analysis.par;
   const int last = par.ParCount;
   par.FreeSteps.dim(last + 1);
   par.FreeValues.dim(last + 1);
@@ -127,19 +128,19 @@ void classifyParameters(Session& session) {
     par.FreeValues[par.FreeCount] = par.ParValues[i];
     par.FreeIndex[par.FreeCount] = i;
   }
-  session.ParametersSet = kTrue;
-  session.ParVar = toFlag(par.FreeCount >= 1) & ~session.PropagationMode;
+  session.analysis.ParametersSet = kTrue;
+  session.analysis.ParVar = toFlag(par.FreeCount >= 1) & ~session.analysis.PropagationMode;
 }
 
 void MenAdaPar(Session& session, InputForm& form) {
-  session.PropagationMode = kFalse;
-  EnterParameters(session, form, session.PropagationMode);
+  session.analysis.PropagationMode = kFalse;
+  EnterParameters(session, form, session.analysis.PropagationMode);
 }
 
 void MenSerPro(Session& session, InputForm& form, const std::function<void()>& propagate) {
-  if (session.FunDefined) {
-    session.PropagationMode = kTrue;
-    EnterParameters(session, form, session.PropagationMode);
+  if (session.analysis.FunDefined) {
+    session.analysis.PropagationMode = kTrue;
+    EnterParameters(session, form, session.analysis.PropagationMode);
     if (session.ErrFlag == 0) propagate();
   }
   session.ErrFlag = 0;

@@ -55,7 +55,7 @@ class Jacobian {
 
 Jacobian::Jacobian(Session& session, Dialogs& dialogs)
     : session_(session), dialogs_(dialogs), errFlagBefore_(session.ErrFlag) {
-  const DataSet& data = session.data;
+  const DataSet& data = session.loaded.data;
   x_ = data.Xpnt.span(1, data.NumPnt);
   weights_ = (data.kXpntErr != 0 ? data.ErrEff : data.ErrYpnt).span(1, data.NumPnt);
   const Column solution = model();
@@ -105,7 +105,7 @@ double disagreement(const Column& before, const Column& now) {
 
 // Long steps see the curvature, short ones the rounding; between them two successive columns agree best.
 Derivatives Jacobian::derivatives(int i, double step) {
-  double& parameter = session_.par.ParValues[session_.par.FreeIndex[i]];
+  double& parameter = session_.analysis.par.ParValues[session_.analysis.par.FreeIndex[i]];
   Derivatives best;
   std::optional<Column> before = differences(parameter, step);
   for (int k = 1; k <= kMostQuarterings && best.disagreement > kFullAgreement; ++k) {
@@ -166,8 +166,8 @@ Column inverseRowLengths(const std::vector<Column>& R) {
 }  // namespace
 
 std::optional<Array<double>> linearisedErrors(Session& session, Dialogs& dialogs, double chiSquare) {
-  const ParameterSet& par = session.par;
-  const int freedom = session.data.NumPnt - par.FreeCount;
+  const ParameterSet& par = session.analysis.par;
+  const int freedom = session.loaded.data.NumPnt - par.FreeCount;
   // Without a degree of freedom nothing tells the scatter, so that the errors take no part in the steps.
   const double scatter = freedom < 1 ? 0 : std::min(1.0, std::sqrt(chiSquare / freedom));
   Jacobian jacobian(session, dialogs);

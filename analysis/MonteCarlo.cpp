@@ -18,7 +18,7 @@ constexpr int kSamplesForRange = 200;
 }  // namespace
 
 MonteCarlo::MonteCarlo(Session& session, Dialogs& dialogs, Random& random)
-    : session_(session), dialogs_(dialogs), random_(random), BaseValues_(session.par.ParValues) {}
+    : session_(session), dialogs_(dialogs), random_(random), BaseValues_(session.analysis.par.ParValues) {}
 
 template <class Statement>
 void MonteCarlo::trapped(Statement statement) {
@@ -26,7 +26,7 @@ void MonteCarlo::trapped(Statement statement) {
 }
 
 double MonteCarlo::sample() {
-  ParameterSet& par = session_.par;
+  ParameterSet& par = session_.analysis.par;
   double d = 0;
   for (int i = 0; i <= par.ParCount; ++i) {
     const double e = par.ParDeltas[i];
@@ -50,7 +50,7 @@ void MonteCarlo::findRange(double F0) {
 }
 
 void MonteCarlo::setUpBins(const AnalyticErrors& analytic) {
-  MonteCarloResult& histogram = session_.monteCarlo;
+  MonteCarloResult& histogram = session_.analysis.monteCarlo;
   histogram.McBinCount = kBins;
   histogram.McBinCentre.dim(kBins);
   histogram.McBinHits.dim(kBins);
@@ -68,12 +68,12 @@ void MonteCarlo::setUpBins(const AnalyticErrors& analytic) {
 void MonteCarlo::countHit(double v) {
   const Int16 k = toInt16(Int(checked::divide(checked::finite(v - lo_), w_)) + 1);
   // QUIRK: bin 1 never receives a hit.
-  if (1 < k && k <= kBins) session_.monteCarlo.McBinHits[k] += 1;
+  if (1 < k && k <= kBins) session_.analysis.monteCarlo.McBinHits[k] += 1;
 }
 
 SampleStatistics MonteCarlo::statistics() {
   SampleStatistics result;
-  result.count = session_.monteCarlo.McSamples;
+  result.count = session_.analysis.monteCarlo.McSamples;
   result.mean = S1_ / result.count;
   const double m2 = S2_ / result.count;
   trapped([&] { result.spread = std::sqrt(std::abs(checked::finite(result.mean * result.mean - m2))); });
@@ -82,7 +82,7 @@ SampleStatistics MonteCarlo::statistics() {
 }
 
 bool MonteCarlo::run(const Told& told) {
-  Int16& n = session_.monteCarlo.McSamples;
+  Int16& n = session_.analysis.monteCarlo.McSamples;
   session_.ErrFlag = 0;
   while (n < kSamples) {
     const double v = sample();

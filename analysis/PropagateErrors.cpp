@@ -23,7 +23,7 @@ PropagationEnd simulate(Session& session, const PropagationPorts& ports, Propaga
     result.samples = samples;
     screen.showSamples(samples);
   });
-  session.monteCarlo.McBinWidth = simulation.McBinWidth();
+  session.analysis.monteCarlo.McBinWidth = simulation.McBinWidth();
   if (completed) return PropagationEnd::kCompleted;
   const bool flat = session.ErrFlag == MonteCarlo::kNoWidth;
   giveUp(session, ports, std::string(kSimulationFailed) + (flat ? kNoDependence : ""));
@@ -48,12 +48,12 @@ PropagationEnd propagate(Session& session, const PropagationPorts& ports, Propag
 PropagationResult PropagateErrors(Session& session, const PropagationPorts& ports) {
   const ShutWindow shut(ports.window, Form::kOutput);
   ports.random.seed(ports.clock.timer());
-  session.monteCarlo = {};
-  const Array<double> BaseValues = session.par.ParValues;
+  session.analysis.monteCarlo = {};
+  const Array<double> BaseValues = session.analysis.par.ParValues;
   PropagationScreen screen(session, ports.output);
   PropagationResult result;
   result.end = propagate(session, ports, screen, result);
-  session.par.ParValues = BaseValues;
+  session.analysis.par.ParValues = BaseValues;
   return result;
 }
 

@@ -38,13 +38,13 @@ constexpr int kLongestFunction = 45;
 PropagationScreen::PropagationScreen(const Session& session, OutputWindow& output)
     : session_(session),
       output_(output),
-      width_(session.par.ParNameWidth),
+      width_(session.analysis.par.ParNameWidth),
       columns_(2 * width_ + kColumnsBesideNames),
-      name_(session.par.name(-1)) {}
+      name_(session.analysis.par.name(-1)) {}
 
 void PropagationScreen::open() {
   OutputRequest request;
-  request.rows = session_.par.ParCount + kRowsBesideVariables;
+  request.rows = session_.analysis.par.ParCount + kRowsBesideVariables;
   request.cols = columns_;
   request.captions = {"&Continua", "&Stampa", "Co&pia", "Salva &File"};
   request.caption = kPropagationCaption;
@@ -52,16 +52,16 @@ void PropagationScreen::open() {
   output_.CharFrame(1, 1, request.rows, columns_, kRuledFrame, "");
   output_.CharFrame(1, 1, kTitleRule, columns_, kRuledFrame, "");
   drawFunction();
-  for (int i = 0; i <= session_.par.ParCount; ++i) drawVariable(i);
+  for (int i = 0; i <= session_.analysis.par.ParCount; ++i) drawVariable(i);
 }
 
 void PropagationScreen::drawFunction() {
-  const std::string text = shortened(trim(session_.fun.FunctionText), kLongestFunction);
+  const std::string text = shortened(trim(session_.analysis.fun.FunctionText), kLongestFunction);
   printAt(kFunctionRow, toInt16(columns_ / 2.0) - toInt16(length(text) / 2.0), text);
 }
 
 void PropagationScreen::drawVariable(int i) {
-  const ParameterSet& par = session_.par;
+  const ParameterSet& par = session_.analysis.par;
   const int row = kTitleRule + i + 1;
   const std::string name = par.name(i);
   printAt(row, kVariableColumn, right(repeat(width_, ' ') + name, width_) + " =");
@@ -71,7 +71,7 @@ void PropagationScreen::drawVariable(int i) {
 }
 
 void PropagationScreen::showAnalytic(const AnalyticErrors& errors) {
-  const int row = kTitleRule + session_.par.ParCount + 3;
+  const int row = kTitleRule + session_.analysis.par.ParCount + 3;
   openSection(row, kAnalyticTitle);
   printAt(row, kVariableColumn, name_ + " =");
   printAt(row, width_ + kValueBehindName, FormatMask(errors.F0, kValueMask));
@@ -80,7 +80,7 @@ void PropagationScreen::showAnalytic(const AnalyticErrors& errors) {
 }
 
 int PropagationScreen::simulationRow() const {
-  return kTitleRule + session_.par.ParCount + 6;
+  return kTitleRule + session_.analysis.par.ParCount + 6;
 }
 
 void PropagationScreen::openSimulation() {

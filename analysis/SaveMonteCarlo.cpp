@@ -85,14 +85,14 @@ std::string Histogram::lines() const {
 }  // namespace
 
 std::string monteCarloFileText(Session& session) {
-  Histogram histogram(session.monteCarlo);
+  Histogram histogram(session.analysis.monteCarlo);
   histogram.mergeThinTails();
   const std::string lineEnd(kCrLf);
-  return kTitleX + trim(session.fun.FunctionText) + lineEnd + kTitleY + lineEnd + histogram.lines();
+  return kTitleX + trim(session.analysis.fun.FunctionText) + lineEnd + kTitleY + lineEnd + histogram.lines();
 }
 
 void SaveMonteCarlo(Session& session, Files& files) {
-  files.writeAll(joinPath(session.DataDir, kFileName), monteCarloFileText(session));
+  files.writeAll(joinPath(session.files.DataDir, kFileName), monteCarloFileText(session));
 }
 
 }  // namespace vk

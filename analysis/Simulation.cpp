@@ -46,7 +46,7 @@ std::array<std::string, kFieldCount> settingsTexts(const SimulationSettings& sim
 }
 
 void describeFields(const Session& session, InputTables& form) {
-  const auto settings = settingsTexts(session.sim);
+  const auto settings = settingsTexts(session.analysis.sim);
   describeFieldCount(form, kFieldCount);
   for (int i = 1; i <= kFieldCount; ++i) {
     const auto k = static_cast<std::size_t>(i - 1);
@@ -58,7 +58,7 @@ void describeFields(const Session& session, InputTables& form) {
                    .column = kSimulationPromptWidth + 6,
                    .width = -18,
                    .kind = "#Number",
-                   .value = session.SimFirstTime ? kFields[k].first : settings[k]});
+                   .value = session.analysis.SimFirstTime ? kFields[k].first : settings[k]});
   }
 }
 
@@ -184,7 +184,7 @@ void MenDatSim(Session& session, InputForm& form) {
                           {3, kSimulationPromptWidth + 4, kRows, kSimulationColumns},
                           {1, 1, kRows, kSimulationColumns}});
   describeTexts(tables, {{1, kSimulationColumns / 2, "Funzione"},
-                         {2, kSimulationColumns / 2, trim(session.fun.FunctionText)}});
+                         {2, kSimulationColumns / 2, trim(session.analysis.fun.FunctionText)}});
   tables.InpAction = kSimulateData;
   tables.caption = "VOR_KEL: Simulazione Dati";
   form.InpShow(tables, Form::kMain);
@@ -192,7 +192,7 @@ void MenDatSim(Session& session, InputForm& form) {
 
 void SimulateData(Session& session, Dialogs& dialogs, MainWindow& window, Random& random,
                   const std::function<void()>& fit) {
-  ParameterSet& par = session.par;
+  ParameterSet& par = session.analysis.par;
   SimulationSettings sim;
   std::string report;
   DataSet data;
@@ -205,11 +205,11 @@ void SimulateData(Session& session, Dialogs& dialogs, MainWindow& window, Random
     dialogs.plainBox(kProgramTitle, "Overflow");
     return;
   }
-  session.sim = sim;
-  session.data = std::move(data);
-  session.DataFile = session.DataPath = kDataName;
-  session.DataDefined = kTrue;
-  session.SimFirstTime = kFalse;
+  session.analysis.sim = sim;
+  session.loaded.data = std::move(data);
+  session.loaded.DataFile = session.loaded.DataPath = kDataName;
+  session.loaded.DataDefined = kTrue;
+  session.analysis.SimFirstTime = kFalse;
   const Array<double> truth = par.ParValues;
   scatterStart(par, random);
   const bool goesOn = report.empty() || accepted(dialogs, report);

@@ -74,8 +74,8 @@ using Column = std::vector<double>;
 class Transformation {
  public:
   Transformation(Session& session, Dialogs& dialogs)
-      : session_(session), dialogs_(dialogs), points_(static_cast<std::size_t>(session.data.NumPnt)) {
-    for (Array<double>* column : dataColumns()) old_.push_back(column->span(1, session.data.NumPnt));
+      : session_(session), dialogs_(dialogs), points_(static_cast<std::size_t>(session.loaded.data.NumPnt)) {
+    for (Array<double>* column : dataColumns()) old_.push_back(column->span(1, session.loaded.data.NumPnt));
   }
 
   /// Computes the next new column. False when the formula is bad.
@@ -94,7 +94,7 @@ class Transformation {
 
  private:
   std::vector<Array<double>*> dataColumns() const;
-  const char* names() const { return session_.data.kXpntErr ? " x ydxdy" : " x ydy"; }
+  const char* names() const { return session_.loaded.data.kXpntErr ? " x ydxdy" : " x ydy"; }
   int columnHit(const std::string& formula) const;
   void copy(int hit);
   bool evaluate(const std::string& formula);
@@ -110,7 +110,7 @@ class Transformation {
 };
 
 std::vector<Array<double>*> Transformation::dataColumns() const {
-  DataSet& data = session_.data;
+  DataSet& data = session_.loaded.data;
   if (data.kXpntErr) return {&data.Xpnt, &data.Ypnt, &data.ErrXpnt, &data.ErrYpnt};
   return {&data.Xpnt, &data.Ypnt, &data.ErrYpnt};
 }
@@ -132,7 +132,7 @@ void Transformation::copy(int hit) {
 }
 
 bool Transformation::evaluate(const std::string& formula) {
-  const std::string variables = session_.data.kXpntErr ? "x,y,dx,dy" : "x,y,dy";
+  const std::string variables = session_.loaded.data.kXpntErr ? "x,y,dx,dy" : "x,y,dy";
   CompiledExpression compiled;
   Int16 flag;
   CompileExpression(session_, "y@" + variables + "@ @ @" + formula, compiled, flag);
@@ -154,7 +154,7 @@ void Transformation::noteFailures(const std::vector<Int16>& flags) {
 void Transformation::store() {
   const std::vector<Array<double>*> columns = dataColumns();
   for (std::size_t k = 0; k < columns.size(); ++k) {
-    std::ranges::copy(TransformTable_[k], columns[k]->span(1, session_.data.NumPnt).begin());
+    std::ranges::copy(TransformTable_[k], columns[k]->span(1, session_.loaded.data.NumPnt).begin());
   }
 }
 
@@ -167,8 +167,8 @@ TransformResult transform(Session& session, Dialogs& dialogs) {
                      "Errore nella Definizione di " + transformation.columnName(k) + "  <*> per Continuare");
     return {};
   }
-  session.data.TitleX = dataTitle(fields.InpValues[1]);
-  session.data.TitleY = dataTitle(fields.InpValues[2]);
+  session.loaded.data.TitleX = dataTitle(fields.InpValues[1]);
+  session.loaded.data.TitleY = dataTitle(fields.InpValues[2]);
   transformation.store();
   return {true, transformation.failed()};
 }
@@ -177,13 +177,14 @@ TransformResult transform(Session& session, Dialogs& dialogs) {
 
 void MenDatTra(Session& session, InputForm& form) {
   InputTables& tables = session.input;
-  describeFields(tables, session.data);
+  describeFields(tables, session.loaded.data);
   const int rows = tables.InpFieldCount + 4;
   tables.InpRows = rows;
   tables.InpCols = kColumns;
   describeFrames(tables,
                  {{1, 1, rows, kColumns}, {3, 1, rows, kColumns}, {3, kPromptWidth + 2, rows, kColumns}});
-  describeTexts(tables, {{1, kTextColumn, "File Dati"}, {2, kTextColumn, FileBaseName(session.DataFile)}});
+  describeTexts(tables,
+                {{1, kTextColumn, "File Dati"}, {2, kTextColumn, FileBaseName(session.loaded.DataFile)}});
   tables.InpAction = kTransformData;
   tables.caption = "VOR_KEL: Trasformazione Dati";
   const ModelComesBack back(session);

@@ -22,7 +22,7 @@ std::string parameterNames(const std::vector<EnteredValue>& values) {
 }
 
 EnteredValue ArgumentForm::takeValue(int variable) {
-  const std::string name = session_.par.name(variable);
+  const std::string name = session_.analysis.par.name(variable);
   const auto found = std::find_if(values_.begin(), values_.end(),
                                   [&](const EnteredValue& value) { return value.assignment.name == name; });
   if (found == values_.end() && variable == 0) return {{name, "0", 0}, "0"};
@@ -34,7 +34,7 @@ EnteredValue ArgumentForm::takeValue(int variable) {
 
 void ArgumentForm::InpShow(InputTables& tables, Form) {
   const int count = tables.InpFieldCount / 2;
-  const int first = session_.PropagationMode + 1;
+  const int first = session_.analysis.PropagationMode + 1;
   for (int i = 1; i <= count; ++i) {
     const EnteredValue entered = takeValue(first + i - 1);
     tables.InpValues[i] = entered.assignment.text;
@@ -50,7 +50,7 @@ void ArgumentForm::InpShow(InputTables& tables, Form) {
 void enterStart(Session& session, const std::vector<EnteredValue>& values) {
   ArgumentForm form(session, values);
   MenAdaPar(session, form);
-  if (session.ParVar == kFalse) throw UsageError("Nessun parametro variabile (--par)");
+  if (session.analysis.ParVar == kFalse) throw UsageError("Nessun parametro variabile (--par)");
 }
 
 }  // namespace vk

@@ -8,7 +8,7 @@
 namespace vk {
 
 std::string drawGraphicFile(Session& session, FigureDesk& desk, const std::string& fileName) {
-  session.ShowErrors = kTrue;
+  session.settings.ShowErrors = kTrue;
   RunGraphicFile(session, desk.ports, fileName, "Form", 0);
   return desk.output.request().text;
 }

@@ -41,10 +41,10 @@ bool FitFigures::writeFunction(Session& session) {
   if (wanted_.figure.empty() && wanted_.graphicFile.empty()) return true;
   FigureDesk desk([this] { return std::move(form_.device); });
   MakeGraph(session, desk.ports, static_cast<int>(kFunctionFigure));
-  if (!isComplete(session.GraphText[kFunctionFigure])) return false;
+  if (!isComplete(session.figures.GraphText[kFunctionFigure])) return false;
   if (!wanted_.figure.empty()) writeFile(desk.files, wanted_.figure, form_.bytes());
   if (!wanted_.graphicFile.empty()) {
-    writeFile(desk.files, wanted_.graphicFile, asSaved(session.GraphText[kFunctionFigure]));
+    writeFile(desk.files, wanted_.graphicFile, asSaved(session.figures.GraphText[kFunctionFigure]));
   }
   return true;
 }
@@ -53,8 +53,8 @@ bool FitFigures::writeDifferences(Session& session) const {
   if (wanted_.differences.empty()) return true;
   FigureDesk desk;
   MakeGraph(session, desk.ports, static_cast<int>(kDifferencesFigure));
-  if (!isComplete(session.DiffText)) return false;
-  writeFile(desk.files, wanted_.differences, asSaved(session.DiffText));
+  if (!isComplete(session.figures.DiffText)) return false;
+  writeFile(desk.files, wanted_.differences, asSaved(session.figures.DiffText));
   return true;
 }
 

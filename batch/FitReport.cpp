@@ -33,9 +33,9 @@ Json parameter(const Session& session, const FitResult& result, const Errors& li
   const int k = freeNumber(result, i);
   const bool hasErrors = k > 0 && result.status != FitStatus::kFailed;
   return Json::Object{
-      {"name", toUtf8(session.par.name(i), CodePage::kCp437)},
-      {"value", session.par.ParValues[i]},
-      {"error", hasErrors ? Json(session.par.ParDeltas[i]) : Json()},
+      {"name", toUtf8(session.analysis.par.name(i), CodePage::kCp437)},
+      {"value", session.analysis.par.ParValues[i]},
+      {"error", hasErrors ? Json(session.analysis.par.ParDeltas[i]) : Json()},
       {"error_linearised", hasErrors && linearised ? Json((*linearised)[k]) : Json()},
       {"free", k > 0},
   };
@@ -43,7 +43,8 @@ Json parameter(const Session& session, const FitResult& result, const Errors& li
 
 Json parameters(const Session& session, const FitResult& result, const Errors& linearised) {
   Json::List list;
-  for (int i = 1; i <= session.par.ParCount; ++i) list.push_back(parameter(session, result, linearised, i));
+  for (int i = 1; i <= session.analysis.par.ParCount; ++i)
+    list.push_back(parameter(session, result, linearised, i));
   return list;
 }
 
@@ -61,7 +62,7 @@ Json correlation(const CorrelationMatrix& matrix) {
 
 Json fitReport(const Session& session, const FitResult& result, const Errors& linearised) {
   return Json::Object{
-      {"function", toUtf8(trim(session.fun.FunctionText), CodePage::kCp437)},
+      {"function", toUtf8(trim(session.analysis.fun.FunctionText), CodePage::kCp437)},
       {"points", result.M},
       {"parameters", parameters(session, result, linearised)},
       {"correlation", correlation(result.correlation)},

@@ -12,14 +12,14 @@ namespace vk {
 namespace {
 
 void take(Session& session, int inner, int outer) {
-  session.fun.InnerIndex = inner;
-  session.fun.OuterIndex = outer;
+  session.analysis.fun.InnerIndex = inner;
+  session.analysis.fun.OuterIndex = outer;
   TakeFunction(session, 0, 0);
 }
 
 void takeLoaded(Session& session, int entry) {
   loadFunction(session, entry);
-  take(session, static_cast<int>(session.catalogue.inner.size()), 1);
+  take(session, static_cast<int>(session.loaded.catalogue.inner.size()), 1);
 }
 
 void requireCompilable(Session& session, const std::string& formula, const std::string& names) {
@@ -45,14 +45,14 @@ int catalogueIndex(const std::string& text, const std::vector<CatalogueEntry>& l
 
 void useFormula(Session& session, const std::string& formula, const std::string& names) {
   requireCompilable(session, formula, names);
-  session.catalogue.file.entries = {{names, formula, formula}};
+  session.loaded.catalogue.file.entries = {{names, formula, formula}};
   takeLoaded(session, 1);
 }
 
 void useCatalogue(Session& session, const std::string& pair) {
   const int comma = position(pair, ",");
-  const int outer = catalogueIndex(trim(left(pair, comma - 1)), session.catalogue.outer, "f");
-  take(session, catalogueIndex(trim(mid(pair, comma + 1)), session.catalogue.inner, "g"), outer);
+  const int outer = catalogueIndex(trim(left(pair, comma - 1)), session.loaded.catalogue.outer, "f");
+  take(session, catalogueIndex(trim(mid(pair, comma + 1)), session.loaded.catalogue.inner, "g"), outer);
 }
 
 void useFunctionFile(Session& session, Files& files, const std::string& fileName, int entry) {
@@ -64,7 +64,7 @@ void useFunctionFile(Session& session, Files& files, const std::string& fileName
   session.TraceEnabled = kFalse;
   if (session.ErrFlag != 0)
     throw UsageError(shownName(fileName) + ":\n" + terminalText(report.request().text));
-  const auto count = static_cast<int>(session.catalogue.file.entries.size());
+  const auto count = static_cast<int>(session.loaded.catalogue.file.entries.size());
   if (entry < 1 || entry > count) {
     throw UsageError("--entry: il file " + shownName(fileName) + " contiene le funzioni da 1 a " +
                      std::to_string(count));

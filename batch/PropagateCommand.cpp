@@ -25,7 +25,7 @@ const char* statusName(PropagationEnd end) {
 }
 
 Json variables(const Session& session, const PropagationResult& result) {
-  const ParameterSet& par = session.par;
+  const ParameterSet& par = session.analysis.par;
   const bool hasDerivatives = result.end != PropagationEnd::kDerivativesFailed;
   Json::List list;
   for (int i = 0; i <= par.ParCount; ++i) {
@@ -54,7 +54,7 @@ Json report(const Session& session, const PropagationResult& result, float seed)
   const bool hasDerivatives = result.end != PropagationEnd::kDerivativesFailed;
   const auto known = [&](double number) { return hasDerivatives ? Json(number) : Json(); };
   return Json::Object{
-      {"function", toUtf8(trim(session.fun.FunctionText), CodePage::kCp437)},
+      {"function", toUtf8(trim(session.analysis.fun.FunctionText), CodePage::kCp437)},
       {"variables", variables(session, result)},
       {"value", known(result.analytic.F0)},
       {"error_maximum", known(result.analytic.ErrorMax)},

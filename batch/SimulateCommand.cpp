@@ -101,11 +101,13 @@ int runSimulate(const SimulateArguments& arguments) {
   MenDatSim(session, form);
   if (!outcome) return kExitBadInput;
   if (arguments.json) {
-    outcome->report = Json::Object{
-        {"settings", settings(session.sim, seed)}, {"truth", truth(session.par)}, {"fit", outcome->report}};
+    outcome->report = Json::Object{{"settings", settings(session.analysis.sim, seed)},
+                                   {"truth", truth(session.analysis.par)},
+                                   {"fit", outcome->report}};
   }
   printOutcome(*outcome, arguments.json);
-  if (!arguments.outputFile.empty()) writeFile(files, arguments.outputFile, dataFileText(session.data));
+  if (!arguments.outputFile.empty())
+    writeFile(files, arguments.outputFile, dataFileText(session.loaded.data));
   return outcome->failed ? kExitFailed : kExitDone;
 }
 

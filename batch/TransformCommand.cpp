@@ -19,7 +19,7 @@ class TransformationForm : public InputForm {
       : session_(session), dialogs_(dialogs), arguments_(arguments) {}
 
   void InpShow(InputTables& tables, Form) override {
-    const bool hasXErrors = session_.data.kXpntErr != kFalse;
+    const bool hasXErrors = session_.loaded.data.kXpntErr != kFalse;
     if (!arguments_.dx.empty() && !hasXErrors) throw UsageError("--dx: i dati non hanno errori di x");
     const auto enter = [&](int field, const std::string& text) {
       if (!text.empty()) tables.InpValues[field] = textOfWord(text);
@@ -99,10 +99,10 @@ int runTransform(const TransformArguments& arguments) {
     tellFailedRows(result.failed);
     if (!arguments.anyway) return kExitFailed;
   }
-  const std::string text = dataFileText(session.data);
+  const std::string text = dataFileText(session.loaded.data);
   if (!arguments.outputFile.empty()) writeFile(files, arguments.outputFile, text);
   if (arguments.json) {
-    std::cout << report(session.data).text() << '\n';
+    std::cout << report(session.loaded.data).text() << '\n';
   } else if (arguments.outputFile.empty()) {
     std::cout << terminalText(text);
   }

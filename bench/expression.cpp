@@ -62,16 +62,16 @@ double bestTime(Run run) {
 /// A session whose current model is the formula, as a loaded inner function or a pair of the catalogue.
 Session sessionOf(const Formula& formula, int inner) {
   Session session;
-  session.fun.InnerIndex = inner;
-  session.fun.OuterIndex = 1;
-  session.par.ParCount = static_cast<int>(formula.values.size());
-  session.par.ParValues.dim(session.par.ParCount);
-  for (int i = 1; i <= session.par.ParCount; ++i) {
-    session.par.ParValues[i] = formula.values[static_cast<std::size_t>(i - 1)];
+  session.analysis.fun.InnerIndex = inner;
+  session.analysis.fun.OuterIndex = 1;
+  session.analysis.par.ParCount = static_cast<int>(formula.values.size());
+  session.analysis.par.ParValues.dim(session.analysis.par.ParCount);
+  for (int i = 1; i <= session.analysis.par.ParCount; ++i) {
+    session.analysis.par.ParValues[i] = formula.values[static_cast<std::size_t>(i - 1)];
   }
   Int16 flag;
-  CompileExpression(session, std::string("y@x@") + formula.parameters + "@ @" + formula.text, session.model,
-                    flag);
+  CompileExpression(session, std::string("y@x@") + formula.parameters + "@ @" + formula.text,
+                    session.analysis.model, flag);
   if (flag != 0) throw std::logic_error("the formula does not compile");
   return session;
 }

@@ -42,16 +42,16 @@ const Problem kLarge{"A*EXP(-B*x)*SIN(C*x+D)", "A,B,C,D", {5, 0.3, 4, 0.7}, 3276
 Session sessionOf(const Problem& problem) {
   Session session;
   BuildCatalogue(session);
-  session.catalogue.file.entries.push_back({problem.names, problem.formula, problem.formula});
+  session.loaded.catalogue.file.entries.push_back({problem.names, problem.formula, problem.formula});
   loadFunction(session, 1);
-  session.fun.InnerIndex = kBuiltInInner + 1;
-  session.fun.OuterIndex = 1;
+  session.analysis.fun.InnerIndex = kBuiltInInner + 1;
+  session.analysis.fun.OuterIndex = 1;
   TakeFunction(session, 0, 0);
 
-  DataSet& data = session.data;
+  DataSet& data = session.loaded.data;
   data.allocate(problem.points, kFalse);
-  for (int i = 1; i <= session.par.ParCount; ++i) {
-    session.par.ParValues[i] = problem.solution[static_cast<std::size_t>(i) - 1];
+  for (int i = 1; i <= session.analysis.par.ParCount; ++i) {
+    session.analysis.par.ParValues[i] = problem.solution[static_cast<std::size_t>(i) - 1];
   }
   CountingDialogs dialogs;
   for (int j = 1; j <= problem.points; ++j) {
@@ -63,9 +63,10 @@ Session sessionOf(const Problem& problem) {
 }
 
 void start(Session& session, const Problem& problem) {
-  for (int i = 1; i <= session.par.ParCount; ++i) {
-    session.par.ParValues[i] = problem.solution[static_cast<std::size_t>(i) - 1] * (1 + 0.04 * (i % 3 - 1));
-    session.par.ParDeltas[i] = 1;
+  for (int i = 1; i <= session.analysis.par.ParCount; ++i) {
+    session.analysis.par.ParValues[i] =
+        problem.solution[static_cast<std::size_t>(i) - 1] * (1 + 0.04 * (i % 3 - 1));
+    session.analysis.par.ParDeltas[i] = 1;
   }
   classifyParameters(session);
 }
@@ -81,9 +82,9 @@ void wholeFit(benchmark::State& state, const Problem& problem) {
     start(session, problem);
     result = FitData(session, dialogs, window, clock, observer);
   }
-  for (int i = 1; i <= session.par.ParCount; ++i) {
+  for (int i = 1; i <= session.analysis.par.ParCount; ++i) {
     const double solution = problem.solution[static_cast<std::size_t>(i) - 1];
-    if (std::abs(session.par.ParValues[i] - solution) > 0.05)
+    if (std::abs(session.analysis.par.ParValues[i] - solution) > 0.05)
       throw std::runtime_error("the minimum was missed");
   }
   state.counters["evaluations"] = result.evaluations;

@@ -18,29 +18,29 @@ namespace {
 Session decayingWave() {
   Session session;
   BuildCatalogue(session);
-  session.catalogue.file.entries.push_back({"a,b,c", "a*EXP(-b)*SIN(c)", "wave"});
+  session.loaded.catalogue.file.entries.push_back({"a,b,c", "a*EXP(-b)*SIN(c)", "wave"});
   loadFunction(session, 1);
-  session.fun.InnerIndex = kBuiltInInner + 1;
-  session.fun.OuterIndex = 1;
+  session.analysis.fun.InnerIndex = kBuiltInInner + 1;
+  session.analysis.fun.OuterIndex = 1;
   TakeFunction(session, 0, 0);
   const double values[] = {0, 5, 0.7, 1.2};
   const double errors[] = {0, 0.1, 0.02, -0.05};
   for (int i = 0; i <= 3; ++i) {
-    session.par.ParValues[i] = values[i];
-    session.par.ParDeltas[i] = errors[i];
+    session.analysis.par.ParValues[i] = values[i];
+    session.analysis.par.ParDeltas[i] = errors[i];
   }
   return session;
 }
 
 void TenThousandSamples(benchmark::State& state) {
   Session session = decayingWave();
-  const Array<double> base = session.par.ParValues;
+  const Array<double> base = session.analysis.par.ParValues;
   CountingDialogs dialogs;
   SystemRandom random;
   const AnalyticErrors analytic = analyticErrors(session, dialogs);
   SampleStatistics last;
   for (auto _ : state) {
-    session.par.ParValues = base;
+    session.analysis.par.ParValues = base;
     MonteCarlo simulation(session, dialogs, random);
     simulation.setUpBins(analytic);
     simulation.run([&](const SampleStatistics& samples) { last = samples; });
@@ -56,11 +56,11 @@ constexpr int kPoints = 32767;
 
 Session largeData() {
   Session session;
-  session.data.allocate(kPoints, kFalse);
+  session.loaded.data.allocate(kPoints, kFalse);
   for (int i = 1; i <= kPoints; ++i) {
-    session.data.Xpnt[i] = 10.0 * i / kPoints;
-    session.data.Ypnt[i] = 1 + std::cos(session.data.Xpnt[i]);
-    session.data.ErrYpnt[i] = 0.1;
+    session.loaded.data.Xpnt[i] = 10.0 * i / kPoints;
+    session.loaded.data.Ypnt[i] = 1 + std::cos(session.loaded.data.Xpnt[i]);
+    session.loaded.data.ErrYpnt[i] = 0.1;
   }
   session.input.InpValues.dim(5);
   const char* fields[] = {"", "log x", "y", "LOG(x)", "y^2+SQR(x)*EXP(-y)", "dy"};
@@ -75,14 +75,14 @@ void TransformTwoColumns(benchmark::State& state) {
   NoMainWindow window;
   for (auto _ : state) {
     state.PauseTiming();
-    session.data = data;
+    session.loaded.data = data;
     state.ResumeTiming();
     TransformData(session, dialogs, window);
   }
   const double x = data.Xpnt[kPoints];
   const double y = data.Ypnt[kPoints];
-  if (session.data.Xpnt[kPoints] != std::log(x) ||
-      std::abs(session.data.Ypnt[kPoints] - (y * y + std::sqrt(x) * std::exp(-y))) > 1E-12) {
+  if (session.loaded.data.Xpnt[kPoints] != std::log(x) ||
+      std::abs(session.loaded.data.Ypnt[kPoints] - (y * y + std::sqrt(x) * std::exp(-y))) > 1E-12) {
     throw std::runtime_error("the columns are not those of the formulas");
   }
 }

@@ -13,7 +13,7 @@ int loadFirstFunction(Session& session, Files& files, std::string fileName) {
   GridOutput report;
   ReadFunctionFile(session, files, report, fileName, kFalse);
   loadFunction(session, 1);
-  return static_cast<int>(session.catalogue.inner.size());
+  return static_cast<int>(session.loaded.catalogue.inner.size());
 }
 
 }  // namespace
@@ -33,13 +33,13 @@ void prepareExample(Session& session, Files& files, const ExampleFit& example) {
   const std::string dataFile = example.name + ".dat";
   LoadDataFile(session, dataFile, CheckDataFile(session, files, dataFile));
   BuildCatalogue(session);
-  session.fun.InnerIndex =
+  session.analysis.fun.InnerIndex =
       example.inner == 0 ? loadFirstFunction(session, files, example.library) : example.inner;
-  session.fun.OuterIndex = example.outer;
+  session.analysis.fun.OuterIndex = example.outer;
   TakeFunction(session, 0, 0);
-  for (int i = 1; i <= session.par.ParCount; ++i) {
-    session.par.ParValues[i] = example.start.at(static_cast<std::size_t>(i - 1));
-    session.par.ParDeltas[i] = 1;
+  for (int i = 1; i <= session.analysis.par.ParCount; ++i) {
+    session.analysis.par.ParValues[i] = example.start.at(static_cast<std::size_t>(i - 1));
+    session.analysis.par.ParDeltas[i] = 1;
   }
   classifyParameters(session);
 }

@@ -42,10 +42,11 @@ void makeFigures(const ExampleFit& example, const std::string& folder) {
   const auto write = [&](const std::string& name, const std::string& text) {
     desk.files.writeAll(folder + "/" + name, text);
   };
-  write(example.name + "_dat.gra", session.GraphText[kDataFigure]);
-  write(example.name + "_fun.gra", session.GraphText[kFunctionFigure]);
-  write(example.name + "_dif.gra", withDifferences(session.GraphText[kDifferencesFigure], differences));
-  write(differences, session.DiffText);
+  write(example.name + "_dat.gra", session.figures.GraphText[kDataFigure]);
+  write(example.name + "_fun.gra", session.figures.GraphText[kFunctionFigure]);
+  write(example.name + "_dif.gra",
+        withDifferences(session.figures.GraphText[kDifferencesFigure], differences));
+  write(differences, session.figures.DiffText);
 }
 
 }  // namespace

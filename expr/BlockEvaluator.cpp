@@ -38,7 +38,8 @@ void checkLength(std::size_t length, std::size_t needed) {
 class FunctionColumns {
  public:
   FunctionColumns(Session& session, Dialogs& dialogs) : session_(session), dialogs_(dialogs) {
-    if (!isPlainInner(session.fun.InnerIndex)) machine_ = std::make_unique<ColumnMachine>(session.model, 1);
+    if (!isPlainInner(session.analysis.fun.InnerIndex))
+      machine_ = std::make_unique<ColumnMachine>(session.analysis.model, 1);
   }
 
   bool together(const double* x, std::size_t count, double* result) {
@@ -80,7 +81,7 @@ void evaluateFunctionAt(Session& session, Dialogs& dialogs, std::span<const doub
                         std::span<double> result, std::span<Int16> flags) {
   if (result.empty()) return;
   checkLength(x.size(), result.size());
-  if (!isPlainInner(session.fun.InnerIndex)) setModelValues(session, x[0]);
+  if (!isPlainInner(session.analysis.fun.InnerIndex)) setModelValues(session, x[0]);
   FunctionColumns columns(session, dialogs);
   inBlocks(
       session, result, flags,

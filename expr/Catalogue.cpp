@@ -51,19 +51,19 @@ std::string nameField(Session& session, const std::string& list) {
 
 /// The function in use is none of the catalogue any more.
 void forgetFunction(Session& session) {
-  session.FunDefined = kFalse;
-  session.ParVar = kFalse;
+  session.analysis.FunDefined = kFalse;
+  session.analysis.ParVar = kFalse;
 }
 
 /// Makes room in the full list by dropping the oldest loaded function; true when it was the current one.
 bool dropOldest(Session& session) {
-  session.catalogue.inner.erase(session.catalogue.inner.begin() + kBuiltInInner);
-  if (session.fun.InnerIndex <= kBuiltInInner) return false;
-  session.fun.InnerIndex -= 1;
-  if (session.fun.InnerIndex != kBuiltInInner) return false;
+  session.loaded.catalogue.inner.erase(session.loaded.catalogue.inner.begin() + kBuiltInInner);
+  if (session.analysis.fun.InnerIndex <= kBuiltInInner) return false;
+  session.analysis.fun.InnerIndex -= 1;
+  if (session.analysis.fun.InnerIndex != kBuiltInInner) return false;
   forgetFunction(session);
-  session.fun.InnerIndex = 0;
-  session.fun.OuterIndex = 0;
+  session.analysis.fun.InnerIndex = 0;
+  session.analysis.fun.OuterIndex = 0;
   return true;
 }
 
@@ -71,14 +71,14 @@ bool dropOldest(Session& session) {
 
 void BuildCatalogue(Session& session) {
   // \xFD is the square and \xFB the root in code page 437.
-  session.catalogue.inner = {
+  session.loaded.catalogue.inner = {
       {"c", "c", "    c"},
       {"bx+c", "b*x+c", "    b    c"},
       {"ax\xFD+bx+c", "a*x*x+b*x+c", "    a    b    c"},
       {"[(x-m)\xFD+a]/b", "((x-m)^2+a)/b", "    m    a    b"},
       {"a/[(x\xFD-m\xFD)\xFD+b\xFDx\xFD]", "a/((x*x-m*m)^2+(b*x)^2)", "    a    m    b"},
   };
-  session.catalogue.outer = {
+  session.loaded.catalogue.outer = {
       {"u", "T", ""},
       {"u\xFD", "(T)^2", ""},
       {"1/u", "1/(T)", ""},
@@ -92,10 +92,10 @@ void BuildCatalogue(Session& session) {
 }
 
 std::string compositeText(const Session& session) {
-  const int inner = session.fun.InnerIndex;
-  const int outer = session.fun.OuterIndex;
-  const std::string& f = entryAt(session.catalogue.outer, outer).display;
-  const std::string& g = entryAt(session.catalogue.inner, inner).display;
+  const int inner = session.analysis.fun.InnerIndex;
+  const int outer = session.analysis.fun.OuterIndex;
+  const std::string& f = entryAt(session.loaded.catalogue.outer, outer).display;
+  const std::string& g = entryAt(session.loaded.catalogue.inner, inner).display;
   const int slashF = position(f, "/");
   const int slashG = position(g, "/");
   const bool twoDivisions = slashF > 0 && slashG > 0;
@@ -108,30 +108,30 @@ std::string shownCompositeText(const std::string& text) {
 }
 
 std::string ComposeFunctionText(const Session& session) {
-  const std::string& g = entryAt(session.catalogue.inner, session.fun.InnerIndex).machine;
-  std::string text = entryAt(session.catalogue.outer, session.fun.OuterIndex).machine;
+  const std::string& g = entryAt(session.loaded.catalogue.inner, session.analysis.fun.InnerIndex).machine;
+  std::string text = entryAt(session.loaded.catalogue.outer, session.analysis.fun.OuterIndex).machine;
   const auto mark = text.find(kInnerMark);
   if (mark == std::string::npos) return StripBlanks(g);
   return StripBlanks(text.replace(mark, 1, g));
 }
 
 bool loadFunction(Session& session, int index) {
-  const std::vector<FunctionFile::Entry>& read = session.catalogue.file.entries;
+  const std::vector<FunctionFile::Entry>& read = session.loaded.catalogue.file.entries;
   if (index < 1 || index > static_cast<int>(read.size())) throw RuntimeError(kIndexOutOfRange);
   const FunctionFile::Entry& entry = read[static_cast<std::size_t>(index - 1)];
-  std::vector<CatalogueEntry>& inner = session.catalogue.inner;
+  std::vector<CatalogueEntry>& inner = session.loaded.catalogue.inner;
   const bool lost = static_cast<int>(inner.size()) >= kMostInner && dropOldest(session);
   inner.push_back({entry.description, entry.definition, nameField(session, entry.parameters)});
   return lost;
 }
 
 bool dropLoadedFunctions(Session& session) {
-  if (static_cast<int>(session.catalogue.inner.size()) > kBuiltInInner) {
-    session.catalogue.inner.resize(kBuiltInInner);
+  if (static_cast<int>(session.loaded.catalogue.inner.size()) > kBuiltInInner) {
+    session.loaded.catalogue.inner.resize(kBuiltInInner);
   }
-  if (session.fun.InnerIndex <= kBuiltInInner) return false;
+  if (session.analysis.fun.InnerIndex <= kBuiltInInner) return false;
   forgetFunction(session);
-  session.fun.InnerIndex = 1;
+  session.analysis.fun.InnerIndex = 1;
   return true;
 }
 

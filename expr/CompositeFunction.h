@@ -28,10 +28,10 @@ inline double entryOf(const Array<double>& table, int index) {
 /// Calls `use` with inner function 1..5: double (double x).
 template <class Use>
 auto withInner(const Session& session, Use&& use) {
-  const double p1 = entryOf(session.par.ParValues, 1);
-  const double p2 = entryOf(session.par.ParValues, 2);
-  const double p3 = entryOf(session.par.ParValues, 3);
-  switch (session.fun.InnerIndex) {
+  const double p1 = entryOf(session.analysis.par.ParValues, 1);
+  const double p2 = entryOf(session.analysis.par.ParValues, 2);
+  const double p3 = entryOf(session.analysis.par.ParValues, 3);
+  switch (session.analysis.fun.InnerIndex) {
     case 1:
       return use([=](double) { return p1; });
     case 2:
@@ -52,10 +52,10 @@ auto withInner(const Session& session, Use&& use) {
 /// Calls `use` with the outer function: double (double x, double u).
 template <class Use>
 auto withOuter(const Session& session, Use&& use) {
-  const int k = session.par.ParCount;
-  const double last = entryOf(session.par.ParValues, k);
-  const double lastButOne = entryOf(session.par.ParValues, k - 1);
-  switch (session.fun.OuterIndex) {
+  const int k = session.analysis.par.ParCount;
+  const double last = entryOf(session.analysis.par.ParValues, k);
+  const double lastButOne = entryOf(session.analysis.par.ParValues, k - 1);
+  switch (session.analysis.fun.OuterIndex) {
     case 2:
       return use([](double, double u) { return u * u; });
     case 3:

@@ -44,30 +44,31 @@ void sizeTables(ParameterSet& par) {
 }  // namespace
 
 void TakeFunction(Session& session, Int16 innerBefore, Int16 outerBefore) {
-  const FunctionDef& fun = session.fun;
-  const bool same = session.FunDefined && fun.InnerIndex == innerBefore && fun.OuterIndex == outerBefore;
-  session.FunDefined = kTrue;
-  session.SimFirstTime = toFlag(!same);
+  const FunctionDef& fun = session.analysis.fun;
+  const bool same =
+      session.analysis.FunDefined && fun.InnerIndex == innerBefore && fun.OuterIndex == outerBefore;
+  session.analysis.FunDefined = kTrue;
+  session.analysis.SimFirstTime = toFlag(!same);
   if (same) return;
 
-  session.ParVar = kFalse;
-  session.ParametersSet = kFalse;
+  session.analysis.ParVar = kFalse;
+  session.analysis.ParametersSet = kFalse;
   restoreModel(session);
-  ParameterSet& par = session.par;
-  const std::string names = chosen(session.catalogue.inner, fun.InnerIndex).names +
-                            chosen(session.catalogue.outer, fun.OuterIndex).names;
+  ParameterSet& par = session.analysis.par;
+  const std::string names = chosen(session.loaded.catalogue.inner, fun.InnerIndex).names +
+                            chosen(session.loaded.catalogue.outer, fun.OuterIndex).names;
   par.ParNames = kVariableNames + names;
   par.ParCount = length(names) / kNameSlot;
   par.ParNameWidth = longestName(names);
-  session.fun.FunctionText = compositeText(session);
+  session.analysis.fun.FunctionText = compositeText(session);
   sizeTables(par);
 }
 
 void restoreModel(Session& session) {
-  if (!session.FunDefined || session.fun.InnerIndex <= kBuiltInInner) return;
-  const CatalogueEntry& g = chosen(session.catalogue.inner, session.fun.InnerIndex);
+  if (!session.analysis.FunDefined || session.analysis.fun.InnerIndex <= kBuiltInInner) return;
+  const CatalogueEntry& g = chosen(session.loaded.catalogue.inner, session.analysis.fun.InnerIndex);
   Int16 flag;
-  CompileExpression(session, "y@x@" + commaList(g.names) + "@ @" + g.machine, session.model, flag);
+  CompileExpression(session, "y@x@" + commaList(g.names) + "@ @" + g.machine, session.analysis.model, flag);
 }
 
 }  // namespace vk

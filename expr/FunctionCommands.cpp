@@ -12,8 +12,8 @@ constexpr const char* kReadCaption = "VOR_KEL: Lettura File Funzioni";
 /// The file has been read without error: its functions replace all that came from the file before.
 void takeFile(Session& session, MainWindow& window, FunctionForms& forms, const std::string& name,
               const std::string& path) {
-  session.FunFile = name;
-  session.FunFileRead = kTrue;
+  session.loaded.FunFile = name;
+  session.loaded.FunFileRead = kTrue;
   window.setMenuEnabled("MenFunCar", true);
   forms.refillLoadList();
   const bool lost = dropLoadedFunctions(session);
@@ -27,7 +27,7 @@ void takeFile(Session& session, MainWindow& window, FunctionForms& forms, const 
 }
 
 void tellErrors(const Session& session, Dialogs& dialogs, OutputWindow& output, const std::string& name) {
-  if (session.ShowErrors) {
+  if (session.settings.ShowErrors) {
     // QUIRK: this window comes up empty, because the reader has shown its report, which stays open, and cleared it.
     OutputRequest request = reportRequest(std::string(kReadCaption) + " - ERRORI", session.TraceText);
     request.beside = true;
@@ -46,11 +46,11 @@ void MenFunLet(Session& session, Files& files, Dialogs& dialogs, OutputWindow& o
                FunctionForms& forms) {
   std::string name;
   const bool chosen = pickFileToRead(session, files, dialogs, kReadCaption, kFunctionKind, name);
-  session.RecentFun.pick = 0;
+  session.files.RecentFun.pick = 0;
   if (!chosen) return;
   session.TraceText.clear();
   session.CheckFunctions = kTrue;
-  session.TraceEnabled = session.ShowErrors;
+  session.TraceEnabled = session.settings.ShowErrors;
   const std::string path = name;  // the reader folds the name
   ReadFunctionFile(session, files, output, name, kFalse);
   if (session.ErrFlag == 0) {
@@ -63,7 +63,7 @@ void MenFunLet(Session& session, Files& files, Dialogs& dialogs, OutputWindow& o
 }
 
 void MenFunSel(Session& session, MainWindow& window, FunctionForms& forms) {
-  const FunctionDef before = session.fun;
+  const FunctionDef before = session.analysis.fun;
   if (forms.selectFunction()) {
     TakeFunction(session, before.InnerIndex, before.OuterIndex);
     window.setMenuEnabled("MenSerPro", true);

@@ -14,19 +14,19 @@ double stored(Session& session, double value) {
 }
 
 double innerValue(Session& session, Dialogs& dialogs, double x) {
-  if (isPlainInner(session.fun.InnerIndex)) {
+  if (isPlainInner(session.analysis.fun.InnerIndex)) {
     return stored(session, withInner(session, [x](auto g) { return g(x); }));
   }
   setModelValues(session, x);
-  loadSlots(session.model);
-  return EvaluateCode(session, dialogs, session.model.Code, session.model.Slots);
+  loadSlots(session.analysis.model);
+  return EvaluateCode(session, dialogs, session.analysis.model.Code, session.analysis.model.Slots);
 }
 
 }  // namespace
 
 void setModelValues(Session& session, double x) {
-  CompiledExpression& model = session.model;
-  const Array<double>& parameters = session.par.ParValues;
+  CompiledExpression& model = session.analysis.model;
+  const Array<double>& parameters = session.analysis.par.ParValues;
   if (model.Values.upper() >= 1) model.Values[1] = x;
   const int count = std::min({static_cast<int>(model.nPar), parameters.upper(), model.Values.upper() - 1});
   for (int i = 1; i <= count; ++i) model.Values[i + 1] = parameters[i];

@@ -98,7 +98,8 @@ void reportFunction(Session& session, int number, const FunctionFile::Entry& ent
 bool checkFunction(Session& session, int number, const FunctionFile::Entry& entry) {
   addLine(session, "Controllo Funzione:");
   Int16 flag = kTrue;
-  CompileExpression(session, "y@x@" + entry.parameters + "@ @" + entry.definition, session.model, flag);
+  CompileExpression(session, "y@x@" + entry.parameters + "@ @" + entry.definition, session.analysis.model,
+                    flag);
   const bool good = flag == 0;
   addLine(session, good ? "O.K." : "* ERR. Errori nella Compilazione");
   addLine(session, "*********** Fine Funzione: " + generalText(number));
@@ -148,7 +149,7 @@ void ReadFunctionFile(Session& session, Files& files, OutputWindow& output, std:
   if (!good && session.CheckFunctions && session.TraceEnabled) {
     output.OutShow(reportRequest("VOR_KEL: Lettura File Funzioni - Controllo File", session.TraceText));
   }
-  if (good) session.catalogue.file = std::move(file);
+  if (good) session.loaded.catalogue.file = std::move(file);
   session.TraceText.clear();
 }
 

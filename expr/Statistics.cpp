@@ -198,7 +198,7 @@ double ComplementaryError(double x) {
 }
 
 double GaussianDeviate(Session& session, Random& random, Int16& flag) {
-  GaussianState& state = session.gaussian;
+  GaussianState& state = session.analysis.gaussian;
   if (flag != 0) {
     flag = 0;
     return state.stored;

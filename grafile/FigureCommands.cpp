@@ -47,11 +47,11 @@ void MenGraDifSav(Session& session, FigurePorts& ports) {
 }
 
 void MenGraVisFil(Session& session, FigurePorts& ports) {
-  RunGraphicFile(session, ports, session.GraFile, "Form", 0);
+  RunGraphicFile(session, ports, session.loaded.GraFile, "Form", 0);
 }
 
 void MenGraPriFil(Session& session, FigurePorts& ports) {
-  RunGraphicFile(session, ports, session.GraFile, "Printer", 0);
+  RunGraphicFile(session, ports, session.loaded.GraFile, "Printer", 0);
 }
 
 }  // namespace vk

@@ -37,7 +37,7 @@ bool readBack(const ParameterSet& par, Array<double>& values) {
 /// True when the curve of the session, with the parameters it has now, looks like the one that it keeps.
 bool looksLikeTheCurve(Session& session, Dialogs& dialogs, double height) {
   constexpr int kEnoughPoints = 200;
-  const DataSet& data = session.data;
+  const DataSet& data = session.loaded.data;
   const int stride = std::max(1, data.NumFunPnt / kEnoughPoints);
   for (int i = 0; i <= data.NumFunPnt; i += stride) {
     if (data.FunFailed[i] != kFalse) continue;
@@ -51,9 +51,9 @@ bool looksLikeTheCurve(Session& session, Dialogs& dialogs, double height) {
 class ParametersComeBack {
  public:
   explicit ParametersComeBack(Session& session)
-      : session_(session), values_(session.par.ParValues), flag_(session.ErrFlag) {}
+      : session_(session), values_(session.analysis.par.ParValues), flag_(session.ErrFlag) {}
   ~ParametersComeBack() {
-    std::swap(session_.par.ParValues, values_);
+    std::swap(session_.analysis.par.ParValues, values_);
     session_.ErrFlag = flag_;
   }
   ParametersComeBack(const ParametersComeBack&) = delete;
@@ -67,7 +67,8 @@ class ParametersComeBack {
 
 bool sevenDigitsDo(Session& session, Dialogs& dialogs, double height) {
   const ParametersComeBack afterwards(session);
-  return readBack(session.par, session.par.ParValues) && looksLikeTheCurve(session, dialogs, height);
+  return readBack(session.analysis.par, session.analysis.par.ParValues) &&
+         looksLikeTheCurve(session, dialogs, height);
 }
 
 std::string withAllDigits(const ParameterSet& par, std::string expression) {
@@ -84,7 +85,7 @@ std::string withAllDigits(const ParameterSet& par, std::string expression) {
 }  // namespace
 
 FunctionLines functionLines(Session& session, Dialogs& dialogs, double height) {
-  const ParameterSet& par = session.par;
+  const ParameterSet& par = session.analysis.par;
   FunctionLines result;
   for (int i = 1; i <= par.ParCount; ++i) result.parameters += (i == 1 ? "" : ", ") + definition(par, i);
   result.expression = ComposeFunctionText(session);

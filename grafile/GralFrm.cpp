@@ -61,7 +61,7 @@ void printPicture(Device& printer, Device& figure) {
 }
 
 std::string paperOrientation(const Session& session) {
-  return session.Landscape != kFalse ? "LANDSCAPE" : "PORTRAIT";
+  return session.figures.Landscape != kFalse ? "LANDSCAPE" : "PORTRAIT";
 }
 
 }  // namespace vk

@@ -152,21 +152,21 @@ bool GraphicRun::readData(std::string name) {
 
 void GraphicRun::plotFile(const CommandFields& fields) {
   if (!readData(fields.text)) return;
-  const DataSet& data = session_.data;
+  const DataSet& data = session_.loaded.data;
   drawing_.PlotData(data.Xpnt, data.ErrXpnt, data.Ypnt, data.ErrYpnt, data.NumPnt, data.kXpntErr != kFalse,
                     xLog_ != 0, yLog_ != 0);
 }
 
 void GraphicRun::joinFile(const CommandFields& fields) {
   if (!readData(fields.text)) return;
-  const DataSet& data = session_.data;
+  const DataSet& data = session_.loaded.data;
   drawing_.GralDraw(onAxis(data.Xpnt, data.NumPnt, xLog_), onAxis(data.Ypnt, data.NumPnt, yLog_),
                     data.NumPnt);
 }
 
 void GraphicRun::curveFile(const CommandFields& fields) {
   if (!readData(fields.text)) return;
-  const DataSet& data = session_.data;
+  const DataSet& data = session_.loaded.data;
   drawing_.GralCurve(onAxis(data.Xpnt, data.NumPnt, xLog_), onAxis(data.Ypnt, data.NumPnt, yLog_),
                      data.NumPnt);
 }

@@ -66,7 +66,7 @@ class StandardFigure {
   StandardFigure(Session& session, FigurePorts& ports, int kind)
       : session_(session),
         ports_(ports),
-        data_(session.data),
+        data_(session.loaded.data),
         kind_(kind),
         drawing_(ports.printer, ports.screen) {}
 
@@ -129,11 +129,11 @@ bool StandardFigure::draw() {
 }
 
 void StandardFigure::describeOrigin() {
-  const ParameterSet& par = session_.par;
+  const ParameterSet& par = session_.analysis.par;
   LineText header;
-  header << "%File Dati: " + session_.DataFile;
+  header << "%File Dati: " + session_.loaded.DataFile;
   if (hasFunction()) {
-    header << "%Funzione : " + session_.fun.FunctionText << "%Parametri: ";
+    header << "%Funzione : " + session_.analysis.fun.FunctionText << "%Parametri: ";
     for (int i = 1; i <= par.ParCount; ++i) {
       const std::string name = par.name(i);
       const std::string margin = repeat(par.ParNameWidth - length(name), ' ');
@@ -210,7 +210,7 @@ bool StandardFigure::computeDifferences() {
 void StandardFigure::openWindow() {
   PlotWindow& window = newPlotWindow(ports_);
   drawing_.GralCaption = "VOR_KEL: Grafico " + nameOfFigure(kind_);
-  const auto scale = static_cast<double>(session_.GraphScale.at(static_cast<std::size_t>(kind_ - 1)));
+  const auto scale = static_cast<double>(session_.figures.GraphScale.at(static_cast<std::size_t>(kind_ - 1)));
   step([&] { drawing_.GralGrStr(window.device(), paperOrientation(session_), scale); });
 }
 
@@ -269,7 +269,7 @@ void StandardFigure::drawData() {
                       data_.kXpntErr != kFalse, false, false);
   });
   graph_ << "%Disegna i Dati"
-         << "\\Dati(" + session_.DataPath + ")";
+         << "\\Dati(" + session_.loaded.DataPath + ")";
 }
 
 void StandardFigure::drawDifferences() {
@@ -308,10 +308,10 @@ void keepCurve(DataSet& data) {
 void MakeGraph(Session& session, FigurePorts& ports, Int16 kind) {
   StandardFigure figure(session, ports, kind);
   const bool drawn = figure.draw();
-  session.GraphText.at(static_cast<std::size_t>(kind)) = drawn ? figure.graphText() : "";
-  if (!drawn || kind == kDifferencesFigure) session.DiffText = drawn ? figure.differencesText() : "";
+  session.figures.GraphText.at(static_cast<std::size_t>(kind)) = drawn ? figure.graphText() : "";
+  if (!drawn || kind == kDifferencesFigure) session.figures.DiffText = drawn ? figure.differencesText() : "";
   Msg(session, ports.window);
-  if (drawn && kind == kFunctionFigure) keepCurve(session.data);
+  if (drawn && kind == kFunctionFigure) keepCurve(session.loaded.data);
 }
 
 }  // namespace vk

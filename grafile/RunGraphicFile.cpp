@@ -17,14 +17,14 @@ constexpr std::size_t kFileScale = 3;
 class UserData {
  public:
   explicit UserData(const Session& session)
-      : data_(session.data), defined_(session.DataDefined), file_(session.DataFile) {}
+      : data_(session.loaded.data), defined_(session.loaded.DataDefined), file_(session.loaded.DataFile) {}
 
   /// The file is not read again: what was simulated, transformed or fitted is in no file.
   void putBack(Session& session) {
     // QUIRK: behind a graphic file the name of the data is shown in capitals.
-    session.DataFile = defined_ != kFalse ? upper(file_) : file_;
-    session.data = std::move(data_);
-    session.DataDefined = defined_;
+    session.loaded.DataFile = defined_ != kFalse ? upper(file_) : file_;
+    session.loaded.data = std::move(data_);
+    session.loaded.DataDefined = defined_;
   }
 
  private:
@@ -49,14 +49,14 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
   GralCls drawing(ports.printer, ports.screen);
   drawing.GralCaption = kCaption;
   drawing.GralGrStr(onPrinter ? ports.printer : newPlotWindow(ports).device(), paperOrientation(session),
-                    static_cast<double>(session.GraphScale[kFileScale]));
+                    static_cast<double>(session.figures.GraphScale[kFileScale]));
 
   try {
     GraphicRun run(session, ports.files, ports.dialogs, drawing, errorFlag);
     run.runText(text);
     // QUIRK: a function that cannot be computed at its last point, drawn by the last line, opens an empty list.
     const bool wrong = !run.errors().empty() || session.ErrFlag != 0;
-    if (wrong && session.ShowErrors != kFalse) showErrors(ports.output, run.errors(), onPrinter);
+    if (wrong && session.settings.ShowErrors != kFalse) showErrors(ports.output, run.errors(), onPrinter);
     drawing.GralGrEnd();
   } catch (...) {
     drawing.GralGrAbort();

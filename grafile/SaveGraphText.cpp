@@ -27,9 +27,9 @@ constexpr std::array<SavedText, 4> kSavedTexts{{
 void SaveGraphText(Session& session, Files& files, Dialogs& dialogs, Int16 kind) {
   const auto index = static_cast<std::size_t>(kind);
   const SavedText& saved = kSavedTexts.at(index);
-  std::string name = nameWithoutExtension(session.DataFile) + saved.suffix;
+  std::string name = nameWithoutExtension(session.loaded.DataFile) + saved.suffix;
   if (!pickFileToSave(session, files, dialogs, saved.caption, saved.fileKind, name)) return;
-  const std::string& text = kind == 0 ? session.DiffText : session.GraphText.at(index);
+  const std::string& text = kind == 0 ? session.figures.DiffText : session.figures.GraphText.at(index);
   files.writeAll(name, text + std::string(kCrLf));
 }
 

@@ -18,7 +18,7 @@ void tell(Dialogs& dialogs, const std::string& text) {
 
 void tellErrors(const Session& session, Dialogs& dialogs, OutputWindow& output, const std::string& name,
                 const std::string& errors) {
-  if (session.ShowErrors != kFalse) {
+  if (session.settings.ShowErrors != kFalse) {
     output.OutShow(reportRequest(std::string(kReadCaption) + " - ERRORI", errors));
   } else {
     tell(dialogs, "Errori nella Lettura del File Dati: " + name + "!");
@@ -27,8 +27,8 @@ void tellErrors(const Session& session, Dialogs& dialogs, OutputWindow& output, 
 
 /// The figures and differences drawn so far describe the data before.
 void forgetFigures(Session& session) {
-  session.GraphText.fill("");
-  session.DiffText.clear();
+  session.figures.GraphText.fill("");
+  session.figures.DiffText.clear();
 }
 
 /// False when the command ends without the refresh of the display.
@@ -65,14 +65,14 @@ bool acceptCounts(Dialogs& dialogs, Int16 declaredCount, Int16 validCount) {
 void MenDatSav(Session& session, Files& files, Dialogs& dialogs) {
   std::string name;
   if (!pickFileToSave(session, files, dialogs, "VOR_KEL: Salva con Nome File Dati", kDataKind, name)) return;
-  files.writeAll(name, dataFileText(session.data));
+  files.writeAll(name, dataFileText(session.loaded.data));
 }
 
 void MenGraLetFil(Session& session, Files& files, Dialogs& dialogs, MainWindow& window) {
   std::string name;
   if (!pickFileToRead(session, files, dialogs, "VOR_KEL: Lettura File Grafico", kGraphicKind, name)) return;
-  session.GraFile = name;
-  session.GraDefined = kTrue;
+  session.loaded.GraFile = name;
+  session.loaded.GraDefined = kTrue;
   addRecentFile(session, window, kGraphicKind, name, name);
   Msg(session, window);
 }

@@ -170,9 +170,9 @@ DataReading CheckDataFile(Session& session, Files& files, const std::string& fil
 }
 
 void LoadDataFile(Session& session, const std::string& fileName, DataReading&& reading) {
-  session.DataFile = session.DataPath = fileName;
-  session.DataDefined = kTrue;
-  session.data = std::move(reading.data);
+  session.loaded.DataFile = session.loaded.DataPath = fileName;
+  session.loaded.DataDefined = kTrue;
+  session.loaded.data = std::move(reading.data);
 }
 
 std::vector<std::string_view> SplitBlanks(std::string_view line, std::size_t most) {

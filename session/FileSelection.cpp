@@ -11,9 +11,9 @@ namespace {
 /// What the kinds of file differ in.
 struct KindOfFile {
   const char* label;
-  std::string Session::*folder;
-  std::string Session::*extension;
-  RecentList Session::*recent;
+  std::string FileSettings::*folder;
+  std::string FileSettings::*extension;
+  RecentList FileSettings::*recent;
   const char* recentMenu;
   bool remembersFolder;
 };
@@ -21,9 +21,9 @@ struct KindOfFile {
 // QUIRK: function files are always offered in the folder set at start or in the directory panel, never in that
 // of the last one, so that a library folder stays at hand.
 constexpr std::array<KindOfFile, 3> kKinds{{
-    {"Dati", &Session::DataDir, &Session::DataExt, &Session::RecentData, "MenDatOld", true},
-    {"Funzioni", &Session::FunDir, &Session::FunExt, &Session::RecentFun, "MenFunOld", false},
-    {"Grafici", &Session::GraDir, &Session::GraExt, &Session::RecentGra, "MenGraOld", true},
+    {"Dati", &FileSettings::DataDir, &FileSettings::DataExt, &FileSettings::RecentData, "MenDatOld", true},
+    {"Funzioni", &FileSettings::FunDir, &FileSettings::FunExt, &FileSettings::RecentFun, "MenFunOld", false},
+    {"Grafici", &FileSettings::GraDir, &FileSettings::GraExt, &FileSettings::RecentGra, "MenGraOld", true},
 }};
 
 const KindOfFile& kindOf(Int16 kind) {
@@ -33,11 +33,11 @@ const KindOfFile& kindOf(Int16 kind) {
 
 FileRequest requestFor(const Session& session, const std::string& caption, const std::string& name,
                        const KindOfFile& kind, Int16 mode) {
-  const std::string& extension = session.*kind.extension;
+  const std::string& extension = session.files.*kind.extension;
   const std::string pattern = "*." + extension;
   return {.save = mode == kPickToSave,
           .caption = caption,
-          .folder = session.*kind.folder,
+          .folder = session.files.*kind.folder,
           .filter = "Tutti i File (*.*)|*.*|File " + std::string(kind.label) + " (" + pattern + ")|" +
                     pattern + "|",
           .filterIndex = 2,
@@ -57,8 +57,8 @@ std::string folderBefore(const std::string& path, const std::string& fileName) {
 
 void rememberPlace(Session& session, const KindOfFile& kind, const std::string& path) {
   if (!kind.remembersFolder) return;
-  session.*kind.folder = folderBefore(path, GetFileName(path));
-  session.*kind.extension = GetExtensionName(path);
+  session.files.*kind.folder = folderBefore(path, GetFileName(path));
+  session.files.*kind.extension = GetExtensionName(path);
 }
 
 /// Tells that a file is missing; true when the user wants to choose another one.
@@ -99,7 +99,7 @@ std::string inMenu(const std::string& path) {
 void PickFile(Session& session, Files& files, Dialogs& dialogs, const std::string& caption, std::string& name,
               Int16 kind, Int16 mode) {
   session.ErrFlag = 0;
-  session.FileKind = kind;
+  session.files.FileKind = kind;
   const KindOfFile& which = kindOf(kind);
   std::string proposed = name;
   for (;;) {
@@ -155,11 +155,11 @@ std::string nameWithoutExtension(const std::string& path) {
 }
 
 RecentList& recentList(Session& session, Int16 kind) {
-  return session.*kindOf(kind).recent;
+  return session.files.*kindOf(kind).recent;
 }
 
 const RecentList& recentList(const Session& session, Int16 kind) {
-  return session.*kindOf(kind).recent;
+  return session.files.*kindOf(kind).recent;
 }
 
 std::string recentControl(Int16 kind, int index) {

@@ -29,40 +29,40 @@ class Display {
   void set(std::initializer_list<const char*> controls, bool enabled) {
     for (const char* control : controls) shown_.enabled[control] = enabled;
   }
-  bool hasText(std::size_t figure) const { return !trim(session_.GraphText[figure]).empty(); }
+  bool hasText(std::size_t figure) const { return !trim(session_.figures.GraphText[figure]).empty(); }
   std::string fileText(Flag known, const std::string& path) const {
     return known != kFalse ? trim(FileBaseName(path)) : kNone;
   }
 
   void followData() {
-    const bool data = session_.DataDefined != kFalse;
+    const bool data = session_.loaded.DataDefined != kFalse;
     set({"MenDatTra", "MenDatSav", "MenGraDat", "MenGraDatVis"}, data);
     set({"MenGraDatGra"}, hasText(1) && data);
-    set({"MenDatSim"}, (session_.ParVar & session_.FunDefined) != kFalse);
+    set({"MenDatSim"}, (session_.analysis.ParVar & session_.analysis.FunDefined) != kFalse);
   }
 
   void followFigures() {
-    const bool drawable = (session_.ParametersSet & session_.DataDefined) != kFalse;
+    const bool drawable = (session_.analysis.ParametersSet & session_.loaded.DataDefined) != kFalse;
     set({"MenGraFun", "MenGraFunVis", "MenGraDif", "MenGraDifVis"}, drawable);
     set({"MenGraFunGra"}, hasText(2) && drawable);
     set({"MenGraDifGra"}, hasText(3) && drawable);
-    set({"MenGraDifSav"}, !trim(session_.DiffText).empty() && drawable);
+    set({"MenGraDifSav"}, !trim(session_.figures.DiffText).empty() && drawable);
   }
 
   void showFiles() {
-    shown_.panels[0] = "Dati: " + fileText(session_.DataDefined, session_.DataFile);
-    shown_.panels[1] = "Fun.: " + fileText(session_.FunFileRead, session_.FunFile);
-    if (session_.FunFileRead != kFalse) turnOn({"MenFunCar"});
-    shown_.panels[2] = "Gra.: " + fileText(session_.GraDefined, session_.GraFile);
-    if (session_.GraDefined != kFalse) turnOn({"MenGraVisFil", "MenGraPriFil"});
+    shown_.panels[0] = "Dati: " + fileText(session_.loaded.DataDefined, session_.loaded.DataFile);
+    shown_.panels[1] = "Fun.: " + fileText(session_.loaded.FunFileRead, session_.loaded.FunFile);
+    if (session_.loaded.FunFileRead != kFalse) turnOn({"MenFunCar"});
+    shown_.panels[2] = "Gra.: " + fileText(session_.loaded.GraDefined, session_.loaded.GraFile);
+    if (session_.loaded.GraDefined != kFalse) turnOn({"MenGraVisFil", "MenGraPriFil"});
   }
 
   /// Comes last: a free parameter turns on what the data turned off.
   void showFunction() {
-    const bool function = session_.FunDefined != kFalse;
+    const bool function = session_.analysis.FunDefined != kFalse;
     shown_.panels[3] = std::string("Fun.Att.: ") + (function ? "SI" : "NO");
     if (function) turnOn({"MenAda", "MenAdaPar"});
-    const bool variable = session_.ParVar != kFalse;
+    const bool variable = session_.analysis.ParVar != kFalse;
     shown_.panels[4] = std::string("Par.Var.: ") + (variable ? "SI" : "NO");
     if (variable) turnOn({"MenGraFun", "MenGraDif", "MenAdaAda", "MenDatSim"});
   }
@@ -88,10 +88,10 @@ void showSession(const Session& session, MainWindow& window) {
   const auto set = [&](std::initializer_list<const char*> controls, Flag enabled) {
     for (const char* control : controls) window.setMenuEnabled(control, enabled != kFalse);
   };
-  set({"MenFunCar"}, session.FunFileRead);
-  set({"MenGraVisFil", "MenGraPriFil"}, session.GraDefined);
-  set({"MenSerPro"}, session.FunDefined);
-  window.setMenuChecked("MenSerErr", session.ShowErrors != kFalse);
+  set({"MenFunCar"}, session.loaded.FunFileRead);
+  set({"MenGraVisFil", "MenGraPriFil"}, session.loaded.GraDefined);
+  set({"MenSerPro"}, session.analysis.FunDefined);
+  window.setMenuChecked("MenSerErr", session.settings.ShowErrors != kFalse);
   for (const int kind : {kDataKind, kFunctionKind, kGraphicKind}) {
     const RecentList& list = recentList(session, kind);
     for (int entry = list.RecentCount; entry < list.RecentMax; ++entry) {

@@ -99,8 +99,8 @@ std::string withoutComments(std::string_view text) {
 }
 
 void install(Session& session, DataSet&& data) {
-  session.data = std::move(data);
-  session.DataDefined = kTrue;
+  session.loaded.data = std::move(data);
+  session.loaded.DataDefined = kTrue;
 }
 
 }  // namespace

@@ -13,16 +13,18 @@ std::string missingInput(bool function, bool data) {
 }  // namespace
 
 bool canDrawFigure(const Session& session, Dialogs& dialogs, int figure) {
-  const bool function = figure == kDataFigure || session.FunDefined != kFalse;
-  const std::string missing = missingInput(function, session.DataDefined != kFalse);
+  const bool function = figure == kDataFigure || session.analysis.FunDefined != kFalse;
+  const std::string missing = missingInput(function, session.loaded.DataDefined != kFalse);
   if (missing.empty()) return true;
   dialogs.plainBox(kProgramTitle, missing + "     <*> per Continuare");
   return false;
 }
 
 bool canFit(const Session& session, Dialogs& dialogs) {
-  if ((session.ParVar & session.FunDefined & session.DataDefined) != kFalse) return true;
-  std::string missing = missingInput(session.FunDefined != kFalse, session.DataDefined != kFalse);
+  if ((session.analysis.ParVar & session.analysis.FunDefined & session.loaded.DataDefined) != kFalse)
+    return true;
+  std::string missing =
+      missingInput(session.analysis.FunDefined != kFalse, session.loaded.DataDefined != kFalse);
   if (missing.empty()) missing = "Parametri NON Definiti!";
   dialogs.plainBox("ERRORE !", missing + "  <*> per Continuare");
   return false;

@@ -3,8 +3,8 @@
 namespace vk {
 
 void MenSerErr(Session& session, MainWindow& window) {
-  session.ShowErrors = ~session.ShowErrors;
-  window.setMenuChecked("MenSerErr", session.ShowErrors != kFalse);
+  session.settings.ShowErrors = ~session.settings.ShowErrors;
+  window.setMenuChecked("MenSerErr", session.settings.ShowErrors != kFalse);
 }
 
 void MenSerCal(Files& files, Process& process, Dialogs& dialogs) {

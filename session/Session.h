@@ -64,61 +64,60 @@ struct GaussianState {
   double stored = 0;
 };
 
-/// All that a running program knows. Passed to whoever needs it; two sessions can live side by side.
-struct Session {
-  // Where files are looked for.
+/// Where files are looked for, and the files read last.
+struct FileSettings {
   std::string DataDir, FunDir, GraDir;
   std::string DataExt = "DAT", FunExt = "FCN", GraExt = "GRA";
-  std::array<std::string, 4> WorkDrive, WorkDir;  ///< rows 0 all, 1 data, 2 functions, 3 graphics
+  std::array<std::string, 4> WorkDir;  ///< rows 0 all, 1 data, 2 functions, 3 graphics
   Int16 WorkRow;
+  RecentList RecentData, RecentFun, RecentGra;
+  Int16 FileKind;
+};
 
-  // What is loaded.
+/// What has been read from files, or put in their place.
+struct LoadedFiles {
   std::string DataFile = "Nessuno";  ///< as it is shown, folded to capitals behind a graphic file
   std::string DataPath;              ///< as it was opened
   Flag DataDefined;
+  DataSet data;
   std::string FunFile = "Nessuno";
-  Flag FunFileRead;    ///< functions can be loaded from a file that was read
-  Flag FunDefined;     ///< a model function is defined
-  Flag ParametersSet;  ///< the parameters were entered at least once for this function
-  Flag ParVar;         ///< at least one parameter is free
+  Flag FunFileRead;  ///< functions can be loaded from a file that was read
+  Catalogue catalogue;
   std::string GraFile;
   Flag GraDefined;
-  DataSet data;
-  ParameterSet par;
+};
+
+/// The model function and its parameters, and what the commands of the analysis have left.
+struct AnalysisState {
+  Flag FunDefined;  ///< a model function is defined
   FunctionDef fun;
-  Catalogue catalogue;
   CompiledExpression model;  ///< the one area that all formulas are compiled into
-
-  // Recent files.
-  RecentList RecentData, RecentFun, RecentGra;
-  Int16 FileKind;
-
-  // Registers and switches of the commands.
-  Int16 ErrFlag;  ///< 0 clear, -1 failed, 32755 cancelled, else a run-time error number
-  Flag ShowErrors;
-  Flag TraceEnabled;      ///< compiler and function file reader write their report
-  Flag CheckFunctions;    ///< the function file reader compiles each function
-  std::string TraceText;  ///< the report, lines ended by CR LF
-  Flag FitRunning;
+  ParameterSet par;
+  Flag ParametersSet;  ///< the parameters were entered at least once for this function
+  Flag ParVar;         ///< at least one parameter is free
   Flag PropagationMode;
-  Flag GammaTold;  ///< the running command has had the box on a gamma function that does not converge
-  InputTables input;
   SimulationSettings sim;
   Flag SimFirstTime = kTrue;
   MonteCarloResult monteCarlo;
   GaussianState gaussian;
+};
 
-  // Figures.
+/// The figures drawn last, as texts, and how figures are drawn.
+struct FigureSettings {
   std::array<std::string, 4> GraphText;  ///< 1 data, 2 data and function, 3 differences
   std::string DiffText;
   std::array<float, 4> GraphScale{1, 1, 1, 1};
   std::array<float, 4> GraphScaleSaved{1, 1, 1, 1};
   Flag Landscape = kTrue;
   Flag LandscapeSaved;
+};
+
+/// Settings of the desktop.
+struct DesktopSettings {
+  Flag ShowErrors;  ///< full lists of errors instead of short messages
   Int16 BackImage, BackImageSaved;
   Int16 BackImageMax = 2;
 
-  // Sound.
   Flag BeepOn = kTrue;
   Int16 BeepFreqLow = 500, BeepFreqHigh = 1000;  ///< Hz
   Int16 BeepLenLow = 1, BeepLenHigh = 1;         ///< ms
@@ -127,6 +126,25 @@ struct Session {
   FontSpec FontFixed{"Courier New", 10, 255};
   FontSpec FontEdit{"Courier New", 10, 255};
   FontSpec FontSmall{"Courier New", 8, 255};
+};
+
+/// All that a running program knows. Whoever needs a part of it is given that part; two sessions can live side by
+/// side.
+struct Session {
+  FileSettings files;
+  LoadedFiles loaded;
+  AnalysisState analysis;
+  FigureSettings figures;
+  DesktopSettings settings;
+  InputTables input;  ///< of the input form in use
+
+  // Registers and switches of the commands.
+  Int16 ErrFlag;          ///< 0 clear, -1 failed, 32755 cancelled, else a run-time error number
+  Flag TraceEnabled;      ///< compiler and function file reader write their report
+  Flag CheckFunctions;    ///< the function file reader compiles each function
+  std::string TraceText;  ///< the report, lines ended by CR LF
+  Flag FitRunning;
+  Flag GammaTold;  ///< the running command has had the box on a gamma function that does not converge
 };
 
 }  // namespace vk

@@ -13,8 +13,8 @@ std::string workingFolder(Files& files) {
 
 void setFirstFolders(Session& session, Files& files) {
   const std::string folder = workingFolder(files);
-  session.DataDir = session.FunDir = session.GraDir = folder;
-  session.WorkDir.fill(folder);
+  session.files.DataDir = session.files.FunDir = session.files.GraDir = folder;
+  session.files.WorkDir.fill(folder);
 }
 
 void setFirstMenus(MainWindow& window) {

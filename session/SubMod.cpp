@@ -116,9 +116,9 @@ std::string FormatPattern(double value, const std::string& pattern) {
 }
 
 void SoundSignal(const Session& session, Sound& sound, Int16 code) {
-  if (session.BeepOn == kFalse) return;
-  if (code == 0) sound.tone(session.BeepFreqHigh, session.BeepLenHigh);
-  if (code == 1) sound.tone(session.BeepFreqLow, session.BeepLenLow);
+  if (session.settings.BeepOn == kFalse) return;
+  if (code == 0) sound.tone(session.settings.BeepFreqHigh, session.settings.BeepLenHigh);
+  if (code == 1) sound.tone(session.settings.BeepFreqLow, session.settings.BeepLenLow);
 }
 
 }  // namespace vk

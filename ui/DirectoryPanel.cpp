@@ -23,14 +23,14 @@ void DirectoryPanel::clickRow(int row) {
   }
   if (row != lastRow_) highlighted_ = row;
   writeCaptions();
-  showRow(session_.WorkDir[static_cast<std::size_t>(row)]);
-  session_.WorkRow = row;
+  showRow(session_.files.WorkDir[static_cast<std::size_t>(row)]);
+  session_.files.WorkRow = row;
   lastRow_ = row;
 }
 
 void DirectoryPanel::writeCaptions() {
   for (std::size_t row = 0; row < kTitles.size(); ++row) {
-    captions_[row] = kTitles[row] + std::string("\n ") + session_.WorkDir[row];
+    captions_[row] = kTitles[row] + std::string("\n ") + session_.files.WorkDir[row];
   }
 }
 
@@ -62,13 +62,13 @@ void DirectoryPanel::enterFolder(const std::string& folder) {
 }
 
 void DirectoryPanel::storeFolder() {
-  const auto row = static_cast<std::size_t>(session_.WorkRow);
-  if (folder_ == session_.WorkDir[row]) return;
-  session_.WorkDir[row] = folder_;
+  const auto row = static_cast<std::size_t>(session_.files.WorkRow);
+  if (folder_ == session_.files.WorkDir[row]) return;
+  session_.files.WorkDir[row] = folder_;
   if (row == 0) {
-    session_.WorkDir.fill(folder_);
+    session_.files.WorkDir.fill(folder_);
   } else {
-    session_.WorkDir[0].clear();
+    session_.files.WorkDir[0].clear();
   }
   writeCaptions();
 }
@@ -79,9 +79,9 @@ void DirectoryPanel::selectDrive(int index) {
 }
 
 void DirectoryPanel::accept() {
-  session_.DataDir = session_.WorkDir[1];
-  session_.FunDir = session_.WorkDir[2];
-  session_.GraDir = session_.WorkDir[3];
+  session_.files.DataDir = session_.files.WorkDir[1];
+  session_.files.FunDir = session_.files.WorkDir[2];
+  session_.files.GraDir = session_.files.WorkDir[3];
 }
 
 }  // namespace vk

@@ -114,7 +114,7 @@ void Editor::OpenEditor(const std::string& path, Int16 kind) {
   }
   shut_ = std::make_unique<ShutWindow>(ports_.window, Form::kEditor);
   file_ = wanted;
-  session_.FileKind = kind;
+  session_.files.FileKind = kind;
   form_->showEditor(captionOf(wanted) + " " + ownName(wanted),
                     textOfFile(bytes, wanted.control == EditControl::kTxtEdiOld), wanted.control);
 }
@@ -267,7 +267,7 @@ void Editor::LblChr(int cell) {
 }
 
 void Editor::MnuPri() {
-  const FontSpec& font = session_.FontEdit;
+  const FontSpec& font = session_.settings.FontEdit;
   try {
     ports_.printer.printText(withoutTabs(form_->editorText()), font.face, font.size);
     ports_.printer.EndDoc();

@@ -97,7 +97,7 @@ void MainMod::prepareWindow() {
     ports_.window.setPanel(panel, kStartPanels[static_cast<std::size_t>(panel) - 1]);
   }
   setFirstMenus(ports_.window);
-  ports_.window.setBackground(session_.BackImage);
+  ports_.window.setBackground(session_.settings.BackImage);
   ports_.window.setCaption(kProgramTitle);
 }
 

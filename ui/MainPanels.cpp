@@ -34,7 +34,7 @@ void MainPanels::CmdImpGra(int index) {
   } else {
     graphics_.cancel();
   }
-  window_.setBackground(session_.BackImage);
+  window_.setBackground(session_.settings.BackImage);
   close();
 }
 
@@ -45,7 +45,7 @@ void MainPanels::shut() {
 void MainPanels::close() {
   view_->hidePanel(present_);
   PanelClosed = kTrue;
-  window_.setMenuEnabled("MenAda", session_.FunDefined != kFalse);
+  window_.setMenuEnabled("MenAda", session_.analysis.FunDefined != kFalse);
   for (const char* menu : {"MenDat", "MenFun", "MenGra", "MenSer"}) window_.setMenuEnabled(menu, true);
   window_.setCaption(kProgramTitle);
 }

@@ -7,15 +7,15 @@ namespace vk {
 namespace {
 
 std::string printedName(const Session& session) {
-  if (session.DataDefined) return nameWithoutExtension(session.DataFile);
-  if (session.GraDefined) return nameWithoutExtension(session.GraFile);
+  if (session.loaded.DataDefined) return nameWithoutExtension(session.loaded.DataFile);
+  if (session.loaded.GraDefined) return nameWithoutExtension(session.loaded.GraFile);
   return "Stampa";
 }
 
 }  // namespace
 
 std::string pdfProposal(const Session& session) {
-  return joinPath(session.DataDir, printedName(session) + ".pdf");
+  return joinPath(session.files.DataDir, printedName(session) + ".pdf");
 }
 
 }  // namespace vk

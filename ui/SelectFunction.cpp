@@ -20,32 +20,32 @@ Rect placeBeside(const Rect& owner, Size form) {
 }
 
 void SelectFunction::refill() {
-  inner_ = displayTexts(session_.catalogue.inner);
-  outer_ = displayTexts(session_.catalogue.outer);
+  inner_ = displayTexts(session_.loaded.catalogue.inner);
+  outer_ = displayTexts(session_.loaded.catalogue.outer);
 }
 
 void SelectFunction::open() {
-  innerBefore_ = session_.fun.InnerIndex;
-  outerBefore_ = session_.fun.OuterIndex;
+  innerBefore_ = session_.analysis.fun.InnerIndex;
+  outerBefore_ = session_.analysis.fun.OuterIndex;
   textBefore_ = text_;
-  session_.fun.InnerIndex = 1;
-  session_.fun.OuterIndex = 1;
+  session_.analysis.fun.InnerIndex = 1;
+  session_.analysis.fun.OuterIndex = 1;
   ShowCompositeText();
 }
 
 void SelectFunction::selectInner(int entry) {
-  session_.fun.InnerIndex = entry;
+  session_.analysis.fun.InnerIndex = entry;
   ShowCompositeText();
 }
 
 void SelectFunction::selectOuter(int entry) {
-  session_.fun.OuterIndex = entry;
+  session_.analysis.fun.OuterIndex = entry;
   ShowCompositeText();
 }
 
 void SelectFunction::giveUp() {
-  session_.fun.InnerIndex = innerBefore_;
-  session_.fun.OuterIndex = outerBefore_;
+  session_.analysis.fun.InnerIndex = innerBefore_;
+  session_.analysis.fun.OuterIndex = outerBefore_;
   text_ = textBefore_;
 }
 

@@ -46,7 +46,7 @@ TEST_F(AnalyticErrorsTest, AMaximumErrorIsUniform) {
   set(0, 1, 0);
   set(1, 3, -0.25);
   set(2, 1, 0);
-  session.par.ParValues[0] = -7;
+  session.analysis.par.ParValues[0] = -7;
   EXPECT_NEAR(errors().ErrorMax, 7 * 0.25, 1E-10);
   EXPECT_NEAR(errors().ErrorSigma, 7 * 0.25 / std::sqrt(3), 1E-10);
 }
@@ -56,7 +56,7 @@ TEST_F(AnalyticErrorsTest, AStandardDeviationCountsThreefoldAsMaximum) {
   set(0, 1, 0);
   set(1, 3, 0.25);
   set(2, 1, 0);
-  session.par.ParValues[0] = -7;
+  session.analysis.par.ParValues[0] = -7;
   EXPECT_NEAR(errors().ErrorSigma, 7 * 0.25, 1E-10);
   EXPECT_NEAR(errors().ErrorMax, 3 * 7 * 0.25, 1E-10);
 }
@@ -76,9 +76,9 @@ TEST_F(AnalyticErrorsTest, LeavesTheValuesAsTheyWere) {
   set(0, 2, 0.1);
   set(1, 1.0 / 3, -0.3);
   set(2, 0, 0.5);
-  const Array<double> before = session.par.ParValues;
+  const Array<double> before = session.analysis.par.ParValues;
   errors();
-  EXPECT_EQ(session.par.ParValues, before);
+  EXPECT_EQ(session.analysis.par.ParValues, before);
 }
 
 TEST_F(AnalyticErrorsTest, QUIRK_OnlyTheLastEvaluationLeavesItsFailure) {

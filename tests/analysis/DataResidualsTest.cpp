@@ -14,8 +14,9 @@ struct Residual : FitCase {
 
   using FitCase::FitCase;
   void compute(const std::vector<double>& X) {
-    F.resize(static_cast<std::size_t>(session.data.NumPnt), 0);
-    DataResiduals residuals(session, dialogs, session.data.ErrYpnt.span(1, session.data.NumPnt));
+    F.resize(static_cast<std::size_t>(session.loaded.data.NumPnt), 0);
+    DataResiduals residuals(session, dialogs,
+                            session.loaded.data.ErrYpnt.span(1, session.loaded.data.NumPnt));
     worked = residuals.ComputeResiduals(X, F, sum);
   }
 };

@@ -25,7 +25,7 @@ class FitCommandTest : public PropagationTest {
  protected:
   FitCommandTest() {
     choose(session, 2, 1);
-    DataSet& data = session.data;
+    DataSet& data = session.loaded.data;
     data.allocate(4, kFalse);
     const double y[] = {3.1, 4.9, 7.2, 8.8};
     for (int i = 1; i <= 4; ++i) {
@@ -33,7 +33,7 @@ class FitCommandTest : public PropagationTest {
       data.Ypnt[i] = y[i - 1];
       data.ErrYpnt[i] = 0.2;
     }
-    session.DataDefined = kTrue;
+    session.loaded.DataDefined = kTrue;
     set(1, 1, 1);
     set(2, 0, 1);
     classifyParameters(session);
@@ -51,7 +51,7 @@ class FitCommandTest : public PropagationTest {
 
 TEST_F(FitCommandTest, FitsAndShowsTheScreen) {
   fit();
-  EXPECT_NEAR(session.par.ParValues[1], 1.94, 1E-3);
+  EXPECT_NEAR(session.analysis.par.ParValues[1], 1.94, 1E-3);
   EXPECT_TRUE(output.isOpen());
   EXPECT_EQ(output.request().caption, "VOR_KEL: Adattamento Funzione Dati");
   EXPECT_THAT(screen(), testing::HasSubstr("Completata"));
@@ -78,11 +78,11 @@ TEST_F(FitCommandTest, AFitThatFailsRunsNoMoreEither) {
 }
 
 TEST_F(FitCommandTest, WithoutDataOrFunctionItSaysWhatIsMissing) {
-  session.DataDefined = kFalse;
+  session.loaded.DataDefined = kFalse;
   expectRefusal("Dati NON Definiti!  <*> per Continuare");
-  session.FunDefined = kFalse;
+  session.analysis.FunDefined = kFalse;
   expectRefusal("Dati e Funzione NON definiti!  <*> per Continuare");
-  session.DataDefined = kTrue;
+  session.loaded.DataDefined = kTrue;
   expectRefusal("Funzione NON Definita!  <*> per Continuare");
 }
 
@@ -93,7 +93,7 @@ TEST_F(FitCommandTest, AfterAPropagationTheParametersAreMissingUntilTheyAreEnter
   CyclingRandom random({0.25F, 0.75F});
   form.execute({"1", "2", "3", "0", "-1", "0"});
   MenSerPro(session, form, [&] { propagate(random); });
-  EXPECT_EQ(session.ParVar, kFalse);
+  EXPECT_EQ(session.analysis.ParVar, kFalse);
   EXPECT_FALSE(window.menuEnabled["MenDatSim"]);
   EXPECT_TRUE(window.menuEnabled["MenAdaAda"]);
   output.requests.clear();
@@ -103,7 +103,7 @@ TEST_F(FitCommandTest, AfterAPropagationTheParametersAreMissingUntilTheyAreEnter
   MenAdaPar(session, form);
   EXPECT_TRUE(window.menuEnabled["MenDatSim"]);
   fit();
-  EXPECT_NEAR(session.par.ParValues[1], 1.94, 1E-3);
+  EXPECT_NEAR(session.analysis.par.ParValues[1], 1.94, 1E-3);
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ TEST(FitData, LeavesValuesAndErrorsInTheParameterTables) {
   // By the formula of the directions; the exact errors are 0.0316 and 0.1049.
   EXPECT_NEAR(fit.error(1), 0.0316, 0.0316);
   EXPECT_NEAR(fit.error(2), 0.1049, 0.1049);
-  EXPECT_EQ(fit.session.par.FreeValues[1], fit.value(1));
+  EXPECT_EQ(fit.session.analysis.par.FreeValues[1], fit.value(1));
   EXPECT_EQ(result.M, 5);
   EXPECT_EQ(result.N, 2);
   EXPECT_EQ(result.degrees_of_freedom, 3);
@@ -85,36 +85,36 @@ TEST(FitData, FitsACompositeOfTheCatalogue) {
   Session session;
   BuildCatalogue(session);
   choose(session, 2, 7);  // A exp(bx+c)
-  session.data.allocate(6, kFalse);
+  session.loaded.data.allocate(6, kFalse);
   for (int j = 1; j <= 6; ++j) {
-    session.data.Xpnt[j] = j;
-    session.data.Ypnt[j] = 5 * std::exp(-0.3 * j + 0.5);
-    session.data.ErrYpnt[j] = 0.1;
+    session.loaded.data.Xpnt[j] = j;
+    session.loaded.data.Ypnt[j] = 5 * std::exp(-0.3 * j + 0.5);
+    session.loaded.data.ErrYpnt[j] = 0.1;
   }
-  session.par.ParValues[1] = -0.2;
-  session.par.ParValues[2] = 0.5;
-  session.par.ParValues[3] = 4;
-  session.par.ParDeltas[1] = 1;
-  session.par.ParDeltas[3] = 1;  // c is a constant: it cannot be told apart from A
+  session.analysis.par.ParValues[1] = -0.2;
+  session.analysis.par.ParValues[2] = 0.5;
+  session.analysis.par.ParValues[3] = 4;
+  session.analysis.par.ParDeltas[1] = 1;
+  session.analysis.par.ParDeltas[3] = 1;  // c is a constant: it cannot be told apart from A
   classifyParameters(session);
   ScriptedDialogs dialogs;
   RecordingMainWindow window;
   StillClock clock;
   FitLog log;
   FitData(session, dialogs, window, clock, log);
-  EXPECT_NEAR(session.par.ParValues[1], -0.3, 1E-3);
-  EXPECT_EQ(session.par.ParValues[2], 0.5);
-  EXPECT_NEAR(session.par.ParValues[3], 5, 1E-2);
+  EXPECT_NEAR(session.analysis.par.ParValues[1], -0.3, 1E-3);
+  EXPECT_EQ(session.analysis.par.ParValues[2], 0.5);
+  EXPECT_NEAR(session.analysis.par.ParValues[3], 5, 1E-2);
 }
 
 TEST(FitData, WritesTheLoweredAccuraciesBack) {
   FitCase fit = lineCase();
   fit.data(kFive, kLineY, kTenths);
   fit.start({1, 1});
-  fit.session.par.FreeSteps[1] = 0.5;
+  fit.session.analysis.par.FreeSteps[1] = 0.5;
   fit.fit();
-  EXPECT_LT(fit.session.par.FreeSteps[1], 0.5);
-  EXPECT_NEAR(fit.session.par.FreeSteps[1], fit.error(1) / 10, fit.error(1) / 20);
+  EXPECT_LT(fit.session.analysis.par.FreeSteps[1], 0.5);
+  EXPECT_NEAR(fit.session.analysis.par.FreeSteps[1], fit.error(1) / 10, fit.error(1) / 20);
 }
 
 TEST(FitData, StartsFromTheResultOfTheFitBefore) {
@@ -133,7 +133,7 @@ TEST(FitData, RunsOnceWithoutErrorsOfX) {
   fit.start({1, 1});
   fit.fit();
   EXPECT_THAT(fit.log.turns(), ElementsAre("start", "finish last"));
-  EXPECT_EQ(fit.session.data.kXpntErr, kFalse);
+  EXPECT_EQ(fit.session.loaded.data.kXpntErr, kFalse);
 }
 
 // ---- Errors of x -------------------------------------------------------------------------------------------
@@ -145,7 +145,7 @@ TEST(FitData, FitsTwiceWithEffectiveErrors) {
   fit.start({1, 1});
   const FitResult result = fit.fit();
   EXPECT_THAT(fit.log.turns(), ElementsAre("start", "finish", "start", "finish last"));
-  const DataSet& data = fit.session.data;
+  const DataSet& data = fit.session.loaded.data;
   for (int j = 1; j <= 5; ++j) {
     // The slope of the first fit is 1.99.
     EXPECT_NEAR(data.ErrEff[j], std::sqrt(0.01 + std::pow(dx[static_cast<std::size_t>(j) - 1] * 1.99, 2)),
@@ -172,9 +172,9 @@ TEST(FitData, TakesTheSlopeOverAHundredthOfTheRangeOnEachSide) {
   fit.data({0, 5, 10}, {0, 125, 1000}, {1, 1, 1}, {1, 1, 1});
   fit.start({1});
   fit.fit();
-  EXPECT_NEAR(fit.session.data.ErrEff[1], std::sqrt(1 + 0.01 * 0.01), 1E-9);
-  EXPECT_NEAR(fit.session.data.ErrEff[2], std::sqrt(1 + 75.01 * 75.01), 1E-6);
-  EXPECT_NEAR(fit.session.data.ErrEff[3], std::sqrt(1 + 300.01 * 300.01), 1E-6);
+  EXPECT_NEAR(fit.session.loaded.data.ErrEff[1], std::sqrt(1 + 0.01 * 0.01), 1E-9);
+  EXPECT_NEAR(fit.session.loaded.data.ErrEff[2], std::sqrt(1 + 75.01 * 75.01), 1E-6);
+  EXPECT_NEAR(fit.session.loaded.data.ErrEff[3], std::sqrt(1 + 300.01 * 300.01), 1E-6);
 }
 
 TEST(FitData, CountsTheComputationsOfBothFits) {
@@ -193,19 +193,20 @@ TEST(FitData, TakesTheErrorsOfYAsEffectiveWhenAllXAreEqual) {
   fit.start({1});
   const FitResult result = fit.fit();
   EXPECT_EQ(result.status, FitStatus::kCompleted);
-  for (int j = 1; j <= 3; ++j) EXPECT_EQ(fit.session.data.ErrEff[j], fit.session.data.ErrYpnt[j]);
-  EXPECT_EQ(fit.session.data.kXpntErr, kTrue);
+  for (int j = 1; j <= 3; ++j)
+    EXPECT_EQ(fit.session.loaded.data.ErrEff[j], fit.session.loaded.data.ErrYpnt[j]);
+  EXPECT_EQ(fit.session.loaded.data.kXpntErr, kTrue);
 }
 
 TEST(FitData, DoesNotFitTwiceWhenTheFirstFitFails) {
   FitCase fit("b*LOG(x)", "b");
   fit.data({1, 2, -1}, {1, 2, 3}, {1, 1, 1}, {1, 1, 1});
   fit.start({1});
-  fit.session.data.ErrEff[1] = 7;
+  fit.session.loaded.data.ErrEff[1] = 7;
   EXPECT_EQ(fit.fit().status, FitStatus::kFailed);
   EXPECT_THAT(fit.log.turns(), ElementsAre("start", "fail"));
-  EXPECT_EQ(fit.session.data.ErrEff[1], 7);
-  EXPECT_EQ(fit.session.data.kXpntErr, kTrue);
+  EXPECT_EQ(fit.session.loaded.data.ErrEff[1], 7);
+  EXPECT_EQ(fit.session.loaded.data.kXpntErr, kTrue);
 }
 
 TEST(FitData, PutsTheFlagOfXErrorsBackWhenTheSecondFitFails) {
@@ -215,7 +216,7 @@ TEST(FitData, PutsTheFlagOfXErrorsBackWhenTheSecondFitFails) {
   fit.start({1});
   const FitResult result = fit.fit();
   EXPECT_THAT(fit.log.turns(), ElementsAre("start", "finish", "start", "fail"));
-  EXPECT_EQ(fit.session.data.kXpntErr, kTrue);
+  EXPECT_EQ(fit.session.loaded.data.kXpntErr, kTrue);
   EXPECT_EQ(result.status, FitStatus::kFailed);
 }
 
@@ -255,7 +256,7 @@ TEST(FitData, HasTheConfidenceOfThousandsOfPointsWithoutABox) {
   // A chi-square of 0.988 for each of the 1999 degrees of freedom.
   fit.data(x, y, Values(points, std::sqrt(2000 / (0.988 * 1999))));
   fit.start({0.25});
-  fit.session.par.FreeSteps[1] = 1E-3;
+  fit.session.analysis.par.FreeSteps[1] = 1E-3;
   const FitResult result = fit.fit();
   EXPECT_EQ(result.status, FitStatus::kCompleted);
   EXPECT_NEAR(*result.reduced_chi_square, 0.988, 1E-9);
@@ -306,14 +307,14 @@ TEST(FitData, GivesTheOldValuesBackWhenAParameterHasNoEffect) {
   EXPECT_EQ(fit.value(1), 1);
   EXPECT_EQ(fit.value(2), 7);
   EXPECT_EQ(fit.error(2), 1);
-  EXPECT_EQ(fit.session.par.FreeValues[2], 7);
+  EXPECT_EQ(fit.session.analysis.par.FreeValues[2], 7);
 }
 
 TEST(FitData, ShowsTheSameBoxForAParameterThatIsZeroWithAccuracyZero) {
   FitCase fit = lineCase();
   fit.data(kFive, kLineY, kTenths);
   fit.start({1, 0});
-  fit.session.par.FreeSteps[2] = 0;
+  fit.session.analysis.par.FreeSteps[2] = 0;
   fit.dialogs.expectBox();
   fit.fit();
   EXPECT_EQ(fit.dialogs.boxes[0].text, "E( 2) ECCESSIVAMENTE PICCOLO!   <*> per Continuare");
@@ -375,8 +376,8 @@ TEST(FitData, EndsSilentlyWhenParametersCannotBeToldApart) {
   FitCase fit("a+b", "a,b");
   fit.data({1, 2, 3, 4}, {1, 2, 3, 4}, {1, 1, 1, 1});
   fit.start({1, 2});
-  fit.session.par.FreeSteps[1] = 0.5;
-  fit.session.par.FreeSteps[2] = 0.5;
+  fit.session.analysis.par.FreeSteps[1] = 0.5;
+  fit.session.analysis.par.FreeSteps[2] = 0.5;
   const FitResult result = fit.fit();
   EXPECT_EQ(result.end, MinimiseEnd::kIndistinguishable);
   EXPECT_EQ(fit.session.ErrFlag, -1);
@@ -406,12 +407,12 @@ TEST(FitData, EndsSilentlyWithErrorsThatAreNotFinite) {
   EXPECT_EQ(result.reason, "errori non finiti");
   EXPECT_FALSE(result.reduced_chi_square.has_value());
   EXPECT_EQ(fit.session.ErrFlag, -1);
-  EXPECT_EQ(fit.value(1), fit.session.par.FreeValues[1]);
+  EXPECT_EQ(fit.value(1), fit.session.analysis.par.FreeValues[1]);
   EXPECT_NE(fit.value(1), 1E10) << "the value tried last";
   EXPECT_EQ(fit.error(1), 1) << "what it held";
   EXPECT_FALSE(output.isOpen()) << "no closing words";
   EXPECT_TRUE(fit.window.enabled);
-  EXPECT_EQ(fit.session.data.kXpntErr, kTrue);
+  EXPECT_EQ(fit.session.loaded.data.kXpntErr, kTrue);
 }
 
 // ---- Window, clock, events ---------------------------------------------------------------------------------
@@ -444,7 +445,7 @@ TEST(FitData, OpensTheMainWindowAndPutsTheFlagBackOnAnUnguardedError) {
   fit.start({1, 1});
   EXPECT_THROW(FitData(fit.session, fit.dialogs, fit.window, fit.clock, breaking), RuntimeError);
   EXPECT_TRUE(fit.window.enabled);
-  EXPECT_EQ(fit.session.data.kXpntErr, kTrue);
+  EXPECT_EQ(fit.session.loaded.data.kXpntErr, kTrue);
 }
 
 TEST(FitData, TellsProgressBeforeTheFirstIteration) {
@@ -531,14 +532,14 @@ TEST(FitData, EndsWithFiniteNumbersWhateverTheProblem) {
     }
     fit.data(x, y, dy, dx);
     Values start;
-    for (int i = 0; i < fit.session.par.ParCount; ++i) start.push_back(numbers.next());
+    for (int i = 0; i < fit.session.analysis.par.ParCount; ++i) start.push_back(numbers.next());
     fit.start(start);
     struct : ScriptedDialogs {
       void plainBox(const std::string&, const std::string&) override {}
     } patient;
     const FitResult result = FitData(fit.session, patient, fit.window, fit.clock, fit.log);
     EXPECT_TRUE(fit.window.enabled);
-    EXPECT_EQ(fit.session.data.kXpntErr, toFlag(k % 3 == 0));
+    EXPECT_EQ(fit.session.loaded.data.kXpntErr, toFlag(k % 3 == 0));
     EXPECT_LE(result.evaluations, 2 * 4 * 1003);
     EXPECT_TRUE(std::isfinite(result.chi_square)) << k;
     if (result.status == FitStatus::kFailed) {
@@ -548,7 +549,7 @@ TEST(FitData, EndsWithFiniteNumbersWhateverTheProblem) {
       continue;
     }
     ++completions;
-    for (int i = 1; i <= fit.session.par.ParCount; ++i) {
+    for (int i = 1; i <= fit.session.analysis.par.ParCount; ++i) {
       EXPECT_TRUE(std::isfinite(fit.value(i)) && std::isfinite(fit.error(i))) << k << ' ' << formula;
     }
   }

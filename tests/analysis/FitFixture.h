@@ -56,14 +56,14 @@ struct FitCase {
   /// `names` is the comma list of the parameters.
   FitCase(const std::string& formula, const std::string& names) {
     BuildCatalogue(session);
-    session.catalogue.file.entries.push_back({names, formula, formula});
+    session.loaded.catalogue.file.entries.push_back({names, formula, formula});
     loadFunction(session, 1);
     choose(session, kBuiltInInner + 1, 1);
   }
 
   void data(const std::vector<double>& x, const std::vector<double>& y, const std::vector<double>& dy,
             const std::vector<double>& dx = {}) {
-    DataSet& set = session.data;
+    DataSet& set = session.loaded.data;
     set.allocate(static_cast<int>(x.size()), toFlag(!dx.empty()));
     for (int j = 1; j <= set.NumPnt; ++j) {
       const auto from = static_cast<std::size_t>(j) - 1;
@@ -72,12 +72,12 @@ struct FitCase {
       set.ErrYpnt[j] = dy[from];
       if (!dx.empty()) set.ErrXpnt[j] = dx[from];
     }
-    session.DataDefined = kTrue;
+    session.loaded.DataDefined = kTrue;
   }
 
   /// Starting values of all parameters; `constant` names those that stay, separated by commas.
   void start(const std::vector<double>& values, const std::string& constant = "") {
-    ParameterSet& par = session.par;
+    ParameterSet& par = session.analysis.par;
     for (int i = 1; i <= par.ParCount; ++i) {
       par.ParValues[i] = values[static_cast<std::size_t>(i) - 1];
       par.ParDeltas[i] = position("," + constant + ",", "," + par.name(i) + ",") > 0 ? 0 : 1;
@@ -86,8 +86,8 @@ struct FitCase {
   }
 
   FitResult fit() { return FitData(session, dialogs, window, clock, log); }
-  double value(int i) const { return session.par.ParValues[i]; }
-  double error(int i) const { return session.par.ParDeltas[i]; }
+  double value(int i) const { return session.analysis.par.ParValues[i]; }
+  double error(int i) const { return session.analysis.par.ParDeltas[i]; }
 };
 
 }  // namespace vk

@@ -17,19 +17,19 @@ struct Screen {
 
   Screen(const std::string& title, const std::vector<std::string>& names, int free) : N(free) {
     const int count = static_cast<int>(names.size());
-    session.fun.FunctionText = title;
-    session.par.ParNames = "    y    x";
-    session.par.ParCount = count;
-    session.par.ParNameWidth = 1;
-    session.par.ParValues.dim(count);
-    session.par.FreeIndex.dim(count + 1);
+    session.analysis.fun.FunctionText = title;
+    session.analysis.par.ParNames = "    y    x";
+    session.analysis.par.ParCount = count;
+    session.analysis.par.ParNameWidth = 1;
+    session.analysis.par.ParValues.dim(count);
+    session.analysis.par.FreeIndex.dim(count + 1);
     X.dim(free);
     for (int i = 1; i <= count; ++i) {
       const std::string& name = names[static_cast<std::size_t>(i) - 1];
-      session.par.ParNames += repeat(kNameSlot - length(name), ' ') + name;
-      session.par.ParNameWidth = std::max<int>(session.par.ParNameWidth, length(name));
-      session.par.ParValues[i] = i;
-      session.par.FreeIndex[i <= free ? i : count + free + 1 - i] = i;
+      session.analysis.par.ParNames += repeat(kNameSlot - length(name), ' ') + name;
+      session.analysis.par.ParNameWidth = std::max<int>(session.analysis.par.ParNameWidth, length(name));
+      session.analysis.par.ParValues[i] = i;
+      session.analysis.par.FreeIndex[i <= free ? i : count + free + 1 - i] = i;
       if (i <= free) X[i] = i;
     }
   }
@@ -78,9 +78,9 @@ TEST(FitScreen, IsAsWideAsItsTableNeeds) {
 
 TEST(FitScreen, MakesTheTitleOddWithABlankOnEachSide) {
   Session session;
-  session.fun.FunctionText = "  y = c ";
+  session.analysis.fun.FunctionText = "  y = c ";
   EXPECT_EQ(FitScreenLayout(session, 1).title, " y = c ");
-  session.fun.FunctionText = "y = cx";
+  session.analysis.fun.FunctionText = "y = cx";
   EXPECT_EQ(FitScreenLayout(session, 1).title, " y = cx  ");
 }
 
@@ -88,7 +88,7 @@ TEST(FitScreen, MakesTheNameColumnOddAndAtLeastThreeWide) {
   Session session;
   const int widths[][2] = {{1, 3}, {2, 3}, {3, 3}, {4, 5}, {5, 5}};
   for (const auto& [name, column] : widths) {
-    session.par.ParNameWidth = name;
+    session.analysis.par.ParNameWidth = name;
     EXPECT_EQ(FitScreenLayout(session, 1).nameWidth, column) << name;
   }
 }
@@ -157,10 +157,10 @@ TEST(FitScreen, PutsTheHeadersOverTheirColumns) {
 TEST(FitScreen, ListsTheFreeParametersAndThenTheConstantsAsTheyWereFound) {
   Screen fit("y", {"a", "b", "c", "d"}, 2);
   // b and d are free; a was found constant before c.
-  fit.session.par.FreeIndex[1] = 2;
-  fit.session.par.FreeIndex[2] = 4;
-  fit.session.par.FreeIndex[4] = 1;
-  fit.session.par.FreeIndex[3] = 3;
+  fit.session.analysis.par.FreeIndex[1] = 2;
+  fit.session.analysis.par.FreeIndex[2] = 4;
+  fit.session.analysis.par.FreeIndex[4] = 1;
+  fit.session.analysis.par.FreeIndex[3] = 3;
   fit.X[1] = 20;
   fit.X[2] = 40;
   fit.start();

@@ -19,7 +19,7 @@ class InitialParametersTest : public testing::Test {
   /// The number of columns of the form for a function text of this length.
   int columns(int textLength) {
     take(2, 1);
-    session.fun.FunctionText = " " + std::string(static_cast<std::size_t>(textLength), 't') + " ";
+    session.analysis.fun.FunctionText = " " + std::string(static_cast<std::size_t>(textLength), 't') + " ";
     form.giveUp();
     MenAdaPar(session, form);
     return form.shown.back().InpCols;
@@ -31,7 +31,7 @@ class InitialParametersTest : public testing::Test {
   }
   template <class T>
   std::vector<T> used(const Array<T>& table) const {
-    const auto part = table.span(1, session.par.ParCount);
+    const auto part = table.span(1, session.analysis.par.ParCount);
     return {part.begin(), part.end()};
   }
 
@@ -45,9 +45,9 @@ class InitialParametersTest : public testing::Test {
 
 TEST_F(InitialParametersTest, TheFormOfAStraightLine) {
   take(2, 1);
-  session.par.ParValues[1] = 0.5;
-  session.par.ParValues[2] = -1234.5;
-  session.par.ParDeltas[1] = 1;
+  session.analysis.par.ParValues[1] = 0.5;
+  session.analysis.par.ParValues[2] = -1234.5;
+  session.analysis.par.ParDeltas[1] = 1;
   form.giveUp();
   MenAdaPar(session, form);
   ASSERT_EQ(form.shown.size(), 1U);
@@ -74,8 +74,8 @@ TEST_F(InitialParametersTest, TheFormOfAStraightLine) {
 
 TEST_F(InitialParametersTest, TheFormOfAPropagationListsTheIndependentVariableFirst) {
   take(1, 8);
-  session.par.ParValues[0] = 2;
-  session.par.ParDeltas[0] = -0.25;
+  session.analysis.par.ParValues[0] = 2;
+  session.analysis.par.ParDeltas[0] = -0.25;
   form.giveUp();
   MenSerPro(session, form, [] { FAIL() << "propagated after a refusal"; });
   ASSERT_EQ(form.shown.size(), 1U);
@@ -110,7 +110,7 @@ TEST_F(InitialParametersTest, TheSigmaIsCode229AndTheDeltaCode235) {
 }
 
 TEST_F(InitialParametersTest, LongNamesMoveTheFieldsToTheRight) {
-  session.catalogue.file.entries.push_back(
+  session.loaded.catalogue.file.entries.push_back(
       {"a,tau0", "a*x+tau0", "una funzione del file, con un testo lungo, 50!"});
   loadFunction(session, 1);
   take(6, 1);
@@ -145,9 +145,9 @@ TEST_F(InitialParametersTest, TheTextOfTheFunctionWidensTheForm) {
 
 TEST_F(InitialParametersTest, ValuesAreShownInTheirShortForm) {
   take(3, 1);
-  session.par.ParValues[1] = 1.0 / 3.0;
-  session.par.ParValues[2] = 3;
-  session.par.ParDeltas[3] = 1E-20;
+  session.analysis.par.ParValues[1] = 1.0 / 3.0;
+  session.analysis.par.ParValues[2] = 3;
+  session.analysis.par.ParDeltas[3] = 1E-20;
   form.giveUp();
   MenAdaPar(session, form);
   EXPECT_EQ(form.shown[0].InpValues[1], "0.333333E+00");
@@ -158,7 +158,7 @@ TEST_F(InitialParametersTest, ValuesAreShownInTheirShortForm) {
 TEST_F(InitialParametersTest, EnteredValuesSortTheParameters) {
   take(3, 1);
   enter({"0", "7", "-250", "1", "0", ".5"});
-  const ParameterSet& par = session.par;
+  const ParameterSet& par = session.analysis.par;
   EXPECT_EQ(par.ParValues.upper(), 3);
   EXPECT_EQ(par.ParDeltas.upper(), 3);
   EXPECT_THAT(used(par.ParValues), testing::ElementsAre(0, 7, -250));
@@ -172,54 +172,54 @@ TEST_F(InitialParametersTest, EnteredValuesSortTheParameters) {
   EXPECT_EQ(par.FreeIndex.upper(), 4);
   EXPECT_EQ(par.FreeValues.upper(), 4);
   EXPECT_EQ(par.FreeSteps.upper(), 4);
-  EXPECT_EQ(session.ParametersSet, kTrue);
-  EXPECT_EQ(session.ParVar, kTrue);
+  EXPECT_EQ(session.analysis.ParametersSet, kTrue);
+  EXPECT_EQ(session.analysis.ParVar, kTrue);
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
 TEST_F(InitialParametersTest, ConstantParametersFillTheTableFromItsEnd) {
   take(3, 1);
   enter({"1", "2", "3", "0", "0", "0"});
-  EXPECT_EQ(session.par.FreeCount, 0);
-  EXPECT_THAT(used(session.par.FreeIndex), testing::ElementsAre(3, 2, 1));
-  EXPECT_EQ(session.ParVar, kFalse);
-  EXPECT_EQ(session.ParametersSet, kTrue);
+  EXPECT_EQ(session.analysis.par.FreeCount, 0);
+  EXPECT_THAT(used(session.analysis.par.FreeIndex), testing::ElementsAre(3, 2, 1));
+  EXPECT_EQ(session.analysis.ParVar, kFalse);
+  EXPECT_EQ(session.analysis.ParametersSet, kTrue);
 }
 
 TEST_F(InitialParametersTest, AnyNumberOtherThanZeroMakesAParameterFree) {
   take(2, 1);
   enter({"1", "2", "-3", "1E-300"});
-  EXPECT_EQ(session.par.FreeCount, 2);
-  EXPECT_EQ(session.ParVar, kTrue);
+  EXPECT_EQ(session.analysis.par.FreeCount, 2);
+  EXPECT_EQ(session.analysis.ParVar, kTrue);
 }
 
 TEST_F(InitialParametersTest, ASecondEntryStartsTheTablesAnew) {
   take(2, 1);
   enter({"1", "2", "1", "1"});
   enter({"1", "2", "0", "1"});
-  EXPECT_EQ(session.par.FreeCount, 1);
-  EXPECT_THAT(used(session.par.FreeIndex), testing::ElementsAre(2, 1));
-  EXPECT_EQ(session.par.FreeValues[1], 2);
-  EXPECT_EQ(session.par.FreeValues[2], 0);
+  EXPECT_EQ(session.analysis.par.FreeCount, 1);
+  EXPECT_THAT(used(session.analysis.par.FreeIndex), testing::ElementsAre(2, 1));
+  EXPECT_EQ(session.analysis.par.FreeValues[1], 2);
+  EXPECT_EQ(session.analysis.par.FreeValues[2], 0);
 }
 
 TEST_F(InitialParametersTest, ExponentsAreReadFromTheFields) {
   take(2, 1);
   enter({"0.333333E+00", "-1D3", "1", "1"});
-  EXPECT_EQ(session.par.ParValues[1], 0.333333);
-  EXPECT_EQ(session.par.ParValues[2], -1000);
+  EXPECT_EQ(session.analysis.par.ParValues[1], 0.333333);
+  EXPECT_EQ(session.analysis.par.ParValues[2], -1000);
 }
 
 TEST_F(InitialParametersTest, AFunctionWithoutParametersHasNoFields) {
-  session.catalogue.file.entries.push_back({"", "2*x", "doppio"});
+  session.loaded.catalogue.file.entries.push_back({"", "2*x", "doppio"});
   loadFunction(session, 1);
   take(6, 1);
   enter({});
   EXPECT_EQ(form.shown[0].InpFieldCount, 0);
   EXPECT_EQ(form.shown[0].InpRows, 7);
-  EXPECT_EQ(session.par.FreeCount, 0);
-  EXPECT_EQ(session.ParVar, kFalse);
-  EXPECT_EQ(session.ParametersSet, kTrue);
+  EXPECT_EQ(session.analysis.par.FreeCount, 0);
+  EXPECT_EQ(session.analysis.ParVar, kFalse);
+  EXPECT_EQ(session.analysis.ParametersSet, kTrue);
 }
 
 TEST_F(InitialParametersTest, AfterTheEntryTheMenusFollowAndWhoeverHoldsTheMainWindowKeepsIt) {
@@ -234,21 +234,21 @@ TEST_F(InitialParametersTest, AfterTheEntryTheMenusFollowAndWhoeverHoldsTheMainW
   EXPECT_TRUE(window.menuEnabled["MenAdaAda"]);
   EXPECT_TRUE(window.menuEnabled["MenAdaPar"]);
   EXPECT_EQ(window.panels[5], "Par.Var.: SI");
-  EXPECT_EQ(session.par.FreeCount, 2);
+  EXPECT_EQ(session.analysis.par.FreeCount, 2);
 }
 
 TEST_F(InitialParametersTest, GivingUpLeavesEverythingAsItWas) {
   take(2, 1);
   enter({"1", "2", "1", "0"});
-  const ParameterSet before = session.par;
+  const ParameterSet before = session.analysis.par;
   form.giveUp();
   MenAdaPar(session, form);
   EXPECT_EQ(session.ErrFlag, kTrue);
-  EXPECT_EQ(session.par.ParValues, before.ParValues);
-  EXPECT_EQ(session.par.ParDeltas, before.ParDeltas);
-  EXPECT_EQ(session.par.FreeIndex, before.FreeIndex);
-  EXPECT_EQ(session.par.FreeCount, 1);
-  EXPECT_EQ(session.ParVar, kTrue);
+  EXPECT_EQ(session.analysis.par.ParValues, before.ParValues);
+  EXPECT_EQ(session.analysis.par.ParDeltas, before.ParDeltas);
+  EXPECT_EQ(session.analysis.par.FreeIndex, before.FreeIndex);
+  EXPECT_EQ(session.analysis.par.FreeCount, 1);
+  EXPECT_EQ(session.analysis.ParVar, kTrue);
 }
 
 TEST_F(InitialParametersTest, TheNextShowingStartsFromTheStoredValues) {
@@ -266,29 +266,29 @@ TEST_F(InitialParametersTest, TheNextShowingStartsFromTheStoredValues) {
 TEST_F(InitialParametersTest, AfterAFitTheRightColumnShowsTheErrors) {
   take(2, 1);
   enter({"1", "2", "1", "0"});
-  session.par.ParDeltas[1] = 0.125;  // as the fit leaves it
+  session.analysis.par.ParDeltas[1] = 0.125;  // as the fit leaves it
   form.execute({"1", "2", ".125", "0"});
   MenAdaPar(session, form);
   EXPECT_EQ(form.shown[1].InpValues[3], ".125");
-  EXPECT_EQ(session.par.FreeCount, 1);
+  EXPECT_EQ(session.analysis.par.FreeCount, 1);
 }
 
 TEST_F(InitialParametersTest, ALoadedModelGetsTheValues) {
-  session.catalogue.file.entries.push_back({"p,q", "p*x+q", "retta"});
+  session.loaded.catalogue.file.entries.push_back({"p,q", "p*x+q", "retta"});
   loadFunction(session, 1);
   take(6, 7);
   enter({"3", "4", "5", "1", "1", "1"});
-  EXPECT_EQ(session.model.nPar, 2);
-  EXPECT_EQ(session.model.Values[2], 3);
-  EXPECT_EQ(session.model.Values[3], 4);
+  EXPECT_EQ(session.analysis.model.nPar, 2);
+  EXPECT_EQ(session.analysis.model.Values[2], 3);
+  EXPECT_EQ(session.analysis.model.Values[3], 4);
 }
 
 TEST_F(InitialParametersTest, ABuiltInModelLeavesTheCompiledAreaAlone) {
   take(2, 1);
-  session.model.nPar = 2;
-  session.model.Values.dim(3);
+  session.analysis.model.nPar = 2;
+  session.analysis.model.Values.dim(3);
   enter({"3", "4", "1", "1"});
-  EXPECT_EQ(session.model.Values, Array<double>(3));
+  EXPECT_EQ(session.analysis.model.Values, Array<double>(3));
 }
 
 TEST_F(InitialParametersTest, APropagationKeepsTheIndependentVariableAtIndexZeroAndNothingFree) {
@@ -300,16 +300,16 @@ TEST_F(InitialParametersTest, APropagationKeepsTheIndependentVariableAtIndexZero
     session.ErrFlag = kTrue;
   });
   EXPECT_TRUE(propagated);
-  EXPECT_EQ(session.PropagationMode, kTrue);
-  EXPECT_EQ(session.par.ParValues.upper(), 2);
-  EXPECT_EQ(session.par.ParValues[0], 10);
-  EXPECT_EQ(session.par.ParDeltas[0], 0.5);
-  EXPECT_THAT(used(session.par.ParValues), testing::ElementsAre(1, 2));
-  EXPECT_THAT(used(session.par.ParDeltas), testing::ElementsAre(0, -0.25));
-  EXPECT_EQ(session.par.FreeCount, 1);
-  EXPECT_THAT(used(session.par.FreeIndex), testing::ElementsAre(2, 1));
-  EXPECT_EQ(session.ParVar, kFalse);
-  EXPECT_EQ(session.ParametersSet, kTrue);
+  EXPECT_EQ(session.analysis.PropagationMode, kTrue);
+  EXPECT_EQ(session.analysis.par.ParValues.upper(), 2);
+  EXPECT_EQ(session.analysis.par.ParValues[0], 10);
+  EXPECT_EQ(session.analysis.par.ParDeltas[0], 0.5);
+  EXPECT_THAT(used(session.analysis.par.ParValues), testing::ElementsAre(1, 2));
+  EXPECT_THAT(used(session.analysis.par.ParDeltas), testing::ElementsAre(0, -0.25));
+  EXPECT_EQ(session.analysis.par.FreeCount, 1);
+  EXPECT_THAT(used(session.analysis.par.FreeIndex), testing::ElementsAre(2, 1));
+  EXPECT_EQ(session.analysis.ParVar, kFalse);
+  EXPECT_EQ(session.analysis.ParametersSet, kTrue);
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
@@ -319,15 +319,15 @@ TEST_F(InitialParametersTest, AnEntryForAFitEndsThePropagationMode) {
   MenSerPro(session, form, [] {});
   EXPECT_EQ(session.ErrFlag, 0);
   enter({"1", "2", "1", "1"});
-  EXPECT_EQ(session.PropagationMode, kFalse);
-  EXPECT_EQ(session.ParVar, kTrue);
+  EXPECT_EQ(session.analysis.PropagationMode, kFalse);
+  EXPECT_EQ(session.analysis.ParVar, kTrue);
 }
 
 TEST_F(InitialParametersTest, WithoutAFunctionThePropagationAsksNothing) {
   session.ErrFlag = kTrue;
   MenSerPro(session, form, [] { FAIL() << "propagated without a function"; });
   EXPECT_TRUE(form.shown.empty());
-  EXPECT_EQ(session.PropagationMode, kFalse);
+  EXPECT_EQ(session.analysis.PropagationMode, kFalse);
   EXPECT_EQ(session.ErrFlag, 0);
 }
 

@@ -81,11 +81,11 @@ TEST_F(PropagationTest, AlignsLongNamesAndShortensALongFunction) {
 TEST_F(FlatFunction, AFunctionOf45CharactersIsPrintedWholeAndOneOf46Shortened) {
   const std::string text = "y = 5678901234567890123456789012345678901234A";
   ASSERT_EQ(text.size(), 45U);
-  session.par.ParNameWidth = 3;
-  session.fun.FunctionText = " " + text + " ";
+  session.analysis.par.ParNameWidth = 3;
+  session.analysis.fun.FunctionText = " " + text + " ";
   propagate(random);
   EXPECT_EQ(mid(output.grid().rowText(2), 3, 45), text);
-  session.fun.FunctionText = " " + text + "B ";
+  session.analysis.fun.FunctionText = " " + text + "B ";
   propagate(random);
   EXPECT_EQ(mid(output.grid().rowText(2), 3, 45), "y = 56789012345678901...6789012345678901234AB");
 }
@@ -121,7 +121,7 @@ TEST_F(FlatFunction, ShowsTheSamplesAHundredTimesWhileTheyAreDrawn) {
 
 TEST_F(FlatFunction, LeavesTheHistogramInTheSession) {
   propagate(random);
-  const MonteCarloResult& histogram = session.monteCarlo;
+  const MonteCarloResult& histogram = session.analysis.monteCarlo;
   EXPECT_EQ(histogram.McBinCount, 60);
   EXPECT_EQ(histogram.McSamples, 10000);
   EXPECT_NEAR(histogram.McBinWidth, 0.3 / std::sqrt(3) / 10, 1E-12);
@@ -133,12 +133,12 @@ TEST_F(FlatFunction, LeavesTheHistogramInTheSession) {
 
 TEST_F(FlatFunction, ASecondRunCountsAnew) {
   propagate(random);
-  session.monteCarlo.McBinCount = 7;  // as a save leaves it
+  session.analysis.monteCarlo.McBinCount = 7;  // as a save leaves it
   propagate(random);
-  EXPECT_EQ(session.monteCarlo.McBinCount, 60);
-  EXPECT_EQ(session.monteCarlo.McSamples, 10000);
+  EXPECT_EQ(session.analysis.monteCarlo.McBinCount, 60);
+  EXPECT_EQ(session.analysis.monteCarlo.McSamples, 10000);
   double hits = 0;
-  for (const double bin : session.monteCarlo.McBinHits.span(1, 60)) hits += bin;
+  for (const double bin : session.analysis.monteCarlo.McBinHits.span(1, 60)) hits += bin;
   EXPECT_EQ(hits, 10000);
 }
 
@@ -175,9 +175,9 @@ TEST_F(FlatFunction, TheMainWindowIsShutMeanwhileAndUsableAfterwards) {
 }
 
 TEST_F(FlatFunction, PutsTheValuesBack) {
-  const Array<double> before = session.par.ParValues;
+  const Array<double> before = session.analysis.par.ParValues;
   propagate(random);
-  EXPECT_EQ(session.par.ParValues, before);
+  EXPECT_EQ(session.analysis.par.ParValues, before);
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
@@ -190,14 +190,14 @@ class FailingPropagation : public PropagationTest {
  protected:
   /// Runs a propagation that ends with this box.
   void expectFailure(const std::string& text, PropagationEnd end) {
-    const Array<double> before = session.par.ParValues;
+    const Array<double> before = session.analysis.par.ParValues;
     dialogs.expectBox();
     const PropagationResult result = propagate(random);
     ASSERT_EQ(dialogs.boxes.size(), 1U);
     EXPECT_EQ(dialogs.boxes[0], (ScriptedDialogs::Box{"VOR_KEL", text}));
     EXPECT_EQ(result.end, end);
     EXPECT_FALSE(output.isOpen());
-    EXPECT_EQ(session.par.ParValues, before);
+    EXPECT_EQ(session.analysis.par.ParValues, before);
     EXPECT_EQ(session.ErrFlag, 0);
     EXPECT_TRUE(window.enabled);
   }
@@ -210,7 +210,7 @@ TEST_F(FailingPropagation, AFailureOfTheLastEvaluationIsTold) {
   set(1, 0, -1);
   expectFailure(kDerivatives, PropagationEnd::kDerivativesFailed);
   EXPECT_EQ(random.drawn, 0);
-  EXPECT_EQ(session.monteCarlo.McBinCount, 0);
+  EXPECT_EQ(session.analysis.monteCarlo.McBinCount, 0);
 }
 
 TEST_F(FailingPropagation, QUIRK_AFailureOfAnEarlierEvaluationIsNotNoticed) {
@@ -233,7 +233,7 @@ TEST_F(FailingPropagation, WithoutErrorsTheFunctionDoesNotDependOnTheVariables) 
   set(2, 4, 0);
   expectFailure(std::string(kSimulation) + "\nla funzione NON dipende dalle variabili",
                 PropagationEnd::kNoDependence);
-  EXPECT_EQ(session.monteCarlo.McBinWidth, 0);
+  EXPECT_EQ(session.analysis.monteCarlo.McBinWidth, 0);
   // One number for each variable of each sample, even where there is no error: 200 for the range, then one.
   EXPECT_EQ(random.drawn, 3 * 201);
 }
@@ -249,13 +249,13 @@ TEST_F(FailingPropagation, ASampleFarOutsideOverflowsTheNumberOfItsBin) {
   load("a", "a^3");
   set(1, 0, -1);
   expectFailure(kSimulation, PropagationEnd::kSimulationFailed);
-  EXPECT_GT(session.monteCarlo.McBinWidth, 0);
+  EXPECT_GT(session.analysis.monteCarlo.McBinWidth, 0);
 }
 
 TEST_F(FailingPropagation, ASumOfSamplesThatOverflowsEndsTheSimulation) {
   choose(session, 1, 1);
   set(1, 1E160, -1E150);
-  session.par.ParDeltas[1] = -1E150;
+  session.analysis.par.ParDeltas[1] = -1E150;
   expectFailure(kSimulation, PropagationEnd::kSimulationFailed);
 }
 
@@ -265,8 +265,8 @@ TEST_F(FailingPropagation, AFunctionFlatAtTheBaseGetsItsRangeFromSamples) {
   CyclingRandom wide({0.5F, 0.25F, 0.5F, 1.0F - 1.0F / 64});
   EXPECT_EQ(propagate(wide).end, PropagationEnd::kCompleted);
   const double highest = std::pow(2 * (1 - 1.0 / 64) - 1, 2);
-  EXPECT_DOUBLE_EQ(session.monteCarlo.McBinWidth, highest / 60);
-  EXPECT_EQ(session.monteCarlo.McBinCentre[1], 0);
+  EXPECT_DOUBLE_EQ(session.analysis.monteCarlo.McBinWidth, highest / 60);
+  EXPECT_EQ(session.analysis.monteCarlo.McBinCentre[1], 0);
   EXPECT_EQ(wide.drawn, 2 * 10200);
 }
 

@@ -30,10 +30,10 @@ class MonteCarloTest : public PropagationTest {
     simulation.setUpBins({.F0 = 0, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 10});
     return simulation.run([this](const SampleStatistics& samples) { told.push_back(samples); });
   }
-  double hits(int b) const { return session.monteCarlo.McBinHits[b]; }
+  double hits(int b) const { return session.analysis.monteCarlo.McBinHits[b]; }
   double allHits() const {
     double sum = 0;
-    for (const double bin : session.monteCarlo.McBinHits.span(1, 60)) sum += bin;
+    for (const double bin : session.analysis.monteCarlo.McBinHits.span(1, 60)) sum += bin;
     return sum;
   }
 
@@ -43,7 +43,7 @@ class MonteCarloTest : public PropagationTest {
 
 TEST_F(MonteCarloTest, LaysSixtyBinsOfATenthOfSigma) {
   sampleAll({0});
-  const MonteCarloResult& histogram = session.monteCarlo;
+  const MonteCarloResult& histogram = session.analysis.monteCarlo;
   EXPECT_EQ(histogram.McBinCount, 60);
   for (int b = 1; b <= 60; ++b) EXPECT_EQ(histogram.McBinCentre[b], -30 + (b - 1));
 }
@@ -67,7 +67,7 @@ TEST_F(MonteCarloTest, ASampleCountsInTheBinWhoseLowerEdgeItReaches) {
 TEST_F(MonteCarloTest, SamplesOutsideAllBinsCountInMeanAndSpread) {
   EXPECT_TRUE(sampleAll({-31, 31}));
   EXPECT_EQ(allHits(), 0);
-  EXPECT_EQ(session.monteCarlo.McSamples, 10000);
+  EXPECT_EQ(session.analysis.monteCarlo.McSamples, 10000);
   EXPECT_EQ(told.back().count, 10000);
   EXPECT_EQ(told.back().mean, 0);
   EXPECT_EQ(told.back().spread, 31);
@@ -109,7 +109,7 @@ TEST_F(MonteCarloTest, TheNumberOfABinHasSixteenBits) {
   EXPECT_FALSE(fails(32736.25));
   EXPECT_TRUE(fails(32736.5));
   EXPECT_EQ(session.ErrFlag, kTrue);
-  EXPECT_EQ(session.monteCarlo.McSamples, 1);
+  EXPECT_EQ(session.analysis.monteCarlo.McSamples, 1);
   EXPECT_FALSE(fails(-32799.5));
   EXPECT_TRUE(fails(-32799.75));
 }
@@ -146,7 +146,7 @@ TEST_F(MonteCarloTest, AnErrorThatLeadsOutOfAllNumbersLeavesTheValueOfTheSampleB
   load("a", "a/1E300");
   set(1, 1.7E308, -1.7E308);
   EXPECT_FALSE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F, 0.0F})));
-  EXPECT_EQ(session.par.ParValues[1], 1.7E308);
+  EXPECT_EQ(session.analysis.par.ParValues[1], 1.7E308);
 }
 
 }  // namespace

@@ -168,7 +168,7 @@ class Nist : public testing::TestWithParam<Problem> {
   static void expectErrors(FitCase& fit, double chiSquare, double scale) {
     const auto errors = linearisedErrors(fit.session, fit.dialogs, chiSquare);
     ASSERT_TRUE(errors.has_value()) << scale;
-    for (int i = 1; i <= fit.session.par.ParCount; ++i) {
+    for (int i = 1; i <= fit.session.analysis.par.ParCount; ++i) {
       const double expected = scale * GetParam().deviations[static_cast<std::size_t>(i) - 1];
       EXPECT_NEAR((*errors)[i] / expected, 1, 1E-5) << i << " of " << scale;
     }
@@ -181,9 +181,9 @@ class Nist : public testing::TestWithParam<Problem> {
     fit.start(start);
     const FitResult result = fit.fit();
     if (result.status == FitStatus::kFailed) return false;
-    const int freedom = problem.points - fit.session.par.ParCount;
+    const int freedom = problem.points - fit.session.analysis.par.ParCount;
     bool reached = std::abs(result.chi_square / freedom - 1) < 1E-4;
-    for (int i = 1; i <= fit.session.par.ParCount; ++i) {
+    for (int i = 1; i <= fit.session.analysis.par.ParCount; ++i) {
       const auto at = static_cast<std::size_t>(i) - 1;
       reached = reached && std::abs(fit.value(i) - problem.certified[at]) < 0.05 * problem.deviations[at];
     }
@@ -207,10 +207,10 @@ TEST_P(Nist, HasTheCertifiedDeviationsAsLinearisedErrors) {
   FitCase fit(problem.formula, problem.names);
   load(fit);
   fit.start(problem.certified);
-  for (int i = 1; i <= fit.session.par.ParCount; ++i) {
-    fit.session.par.ParDeltas[i] = 2 * problem.deviations[static_cast<std::size_t>(i) - 1];
+  for (int i = 1; i <= fit.session.analysis.par.ParCount; ++i) {
+    fit.session.analysis.par.ParDeltas[i] = 2 * problem.deviations[static_cast<std::size_t>(i) - 1];
   }
-  expectErrors(fit, problem.points - fit.session.par.ParCount, 1);
+  expectErrors(fit, problem.points - fit.session.analysis.par.ParCount, 1);
 }
 
 // Without errors of their own the points get 1 each, which may be far above their scatter or below it.
@@ -219,14 +219,14 @@ TEST_P(Nist, HasTheCertifiedDeviationsWhateverTheErrorsOfThePointsAreSaidToBe) {
   for (const double points : {1E-8, 1.0, 1E8}) {
     FitCase fit(problem.formula, problem.names);
     load(fit);
-    const double scatter = fit.session.data.ErrYpnt[1];
-    for (int j = 1; j <= problem.points; ++j) fit.session.data.ErrYpnt[j] = points;
+    const double scatter = fit.session.loaded.data.ErrYpnt[1];
+    for (int j = 1; j <= problem.points; ++j) fit.session.loaded.data.ErrYpnt[j] = points;
     fit.start(problem.certified);
     const double scale = points / scatter;
-    for (int i = 1; i <= fit.session.par.ParCount; ++i) {
-      fit.session.par.ParDeltas[i] = 2 * scale * problem.deviations[static_cast<std::size_t>(i) - 1];
+    for (int i = 1; i <= fit.session.analysis.par.ParCount; ++i) {
+      fit.session.analysis.par.ParDeltas[i] = 2 * scale * problem.deviations[static_cast<std::size_t>(i) - 1];
     }
-    expectErrors(fit, (problem.points - fit.session.par.ParCount) / (scale * scale), scale);
+    expectErrors(fit, (problem.points - fit.session.analysis.par.ParCount) / (scale * scale), scale);
   }
 }
 

@@ -15,21 +15,21 @@ class PropagationTest : public testing::Test {
  protected:
   PropagationTest() {
     BuildCatalogue(session);
-    session.DataDir = "/data";
+    session.files.DataDir = "/data";
     clock.now = 4711.5F;
   }
 
   /// Makes a formula current as if it came from a function file.
   void load(const std::string& parameters, const std::string& formula,
             const std::string& description = "formula") {
-    session.catalogue.file.entries = {{parameters, formula, description}};
+    session.loaded.catalogue.file.entries = {{parameters, formula, description}};
     loadFunction(session, 1);
-    choose(session, static_cast<int>(session.catalogue.inner.size()), 1);
+    choose(session, static_cast<int>(session.loaded.catalogue.inner.size()), 1);
   }
   /// Value and error of a variable; 0 is the independent one.
   void set(int i, double value, double error) {
-    session.par.ParValues[i] = value;
-    session.par.ParDeltas[i] = error;
+    session.analysis.par.ParValues[i] = value;
+    session.analysis.par.ParDeltas[i] = error;
   }
   PropagationResult propagate(Random& random) {
     return PropagateErrors(session, {dialogs, window, output, files, clock, random});

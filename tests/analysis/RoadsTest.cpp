@@ -36,7 +36,7 @@ class RoadTest : public PropagationTest {
   }
   void fit() {
     MenAdaAda(session, dialogs, window, output, clock);
-    fitted = session.par.ParValues;
+    fitted = session.analysis.par.ParValues;
   }
   void runAction(int action) {
     if (action == kStoreParameters) StoreParameters(session, window);
@@ -62,9 +62,9 @@ TEST_F(RoadTest, ABellCurveIsFittedToTheSavedHistogramOfAPropagation) {
   enterForFit({"1", "19", "1", "1", "1", "1"});
   fit();
   EXPECT_THAT(screen(), testing::HasSubstr("Completata"));
-  EXPECT_NEAR(session.par.ParValues[1], 0.7979, 0.03);
-  EXPECT_NEAR(session.par.ParValues[2], 20, 0.02);
-  EXPECT_NEAR(session.par.ParValues[3], 0.5, 0.02);
+  EXPECT_NEAR(session.analysis.par.ParValues[1], 0.7979, 0.03);
+  EXPECT_NEAR(session.analysis.par.ParValues[2], 20, 0.02);
+  EXPECT_NEAR(session.analysis.par.ParValues[3], 0.5, 0.02);
 }
 
 TEST_F(RoadTest, BehindAPropagationTheParametersOfAFitAreToBeEnteredAnew) {
@@ -77,7 +77,7 @@ TEST_F(RoadTest, BehindAPropagationTheParametersOfAFitAreToBeEnteredAnew) {
 
   form.execute({"3", "2", "1", "0", "-.5", ".1"});
   MenSerPro(session, form, [this] { propagate(random); });
-  EXPECT_EQ(session.ParVar, kFalse);
+  EXPECT_EQ(session.analysis.ParVar, kFalse);
   EXPECT_FALSE(window.menuEnabled["MenDatSim"]);
   EXPECT_TRUE(window.menuEnabled["MenAdaAda"]) << "it is never turned off here";
   EXPECT_EQ(window.panels[5], "Par.Var.: NO");
@@ -99,14 +99,14 @@ TEST_F(RoadTest, SimulatedDataAreSavedReadAndFittedAgain) {
   enterForFit({"2", "1", "1", "1"});
   form.execute({"0", "10", "21", ".25", "1", "0", "0"});
   MenDatSim(session, form);
-  EXPECT_EQ(session.par.ParValues[1], 2);
+  EXPECT_EQ(session.analysis.par.ParValues[1], 2);
   const Array<double> atOnce = fitted;
   dialogs.pick("/data/SIMULA.DAT");
   MenDatSav(session, files, dialogs);
 
   read("/data/SIMULA.DAT");
-  EXPECT_EQ(session.data.NumPnt, 21);
-  EXPECT_EQ(session.data.TitleX, "x");
+  EXPECT_EQ(session.loaded.data.NumPnt, 21);
+  EXPECT_EQ(session.loaded.data.TitleX, "x");
   enterForFit({"1", "0", "1", "1"});
   fit();
   // The file has six digits of each number.
@@ -124,8 +124,8 @@ TEST_F(RoadTest, TransformedDataAreFittedWithTheModelThatWasThere) {
   form.execute({"t", "ln N", "x", "LOG(y)", "dy/y"});
   MenDatTra(session, form);
   fit();
-  EXPECT_NEAR(session.par.ParValues[1], 1, 1E-4);
-  EXPECT_NEAR(session.par.ParValues[2], 0, 1E-3);
+  EXPECT_NEAR(session.analysis.par.ParValues[1], 1, 1E-4);
+  EXPECT_NEAR(session.analysis.par.ParValues[2], 0, 1E-3);
   EXPECT_THAT(screen(), testing::HasSubstr("y = retta"));
 }
 
@@ -134,8 +134,8 @@ TEST_F(RoadTest, ASimulationWithErrorsOfXIsFittedTwice) {
   enterForFit({"2", "1", "1", "1"});
   form.execute({"0", "10", "21", ".1", "1", ".2", "1"});
   MenDatSim(session, form);
-  EXPECT_EQ(session.data.kXpntErr, kTrue);
-  EXPECT_NEAR(session.data.ErrEff[1], std::hypot(0.1, 2 * 0.2), 0.1);
+  EXPECT_EQ(session.loaded.data.kXpntErr, kTrue);
+  EXPECT_NEAR(session.loaded.data.ErrEff[1], std::hypot(0.1, 2 * 0.2), 0.1);
   EXPECT_THAT(screen(), testing::HasSubstr("Completata"));
 }
 

@@ -18,11 +18,11 @@ constexpr const char* kFile = "/data/Mon_Sim.DAT";
 /// A histogram of 100 samples with these hits in bins of width 1 around 1, 2, 3, ...
 class SaveMonteCarloTest : public PropagationTest {
  protected:
-  SaveMonteCarloTest() { session.fun.FunctionText = " y = bx+c "; }
+  SaveMonteCarloTest() { session.analysis.fun.FunctionText = " y = bx+c "; }
 
   /// Saves the histogram and gives the lines of the file.
   std::vector<std::string> save(const std::vector<double>& hits) {
-    MonteCarloResult& bins = session.monteCarlo;
+    MonteCarloResult& bins = session.analysis.monteCarlo;
     const int count = static_cast<int>(hits.size());
     bins.McBinCount = count;
     bins.McBinCentre.dim(count);
@@ -45,8 +45,9 @@ class SaveMonteCarloTest : public PropagationTest {
   /// Hits and centres of the bins as the save leaves them in the session.
   std::vector<std::pair<double, double>> bins() const {
     std::vector<std::pair<double, double>> result;
-    for (int b = 1; b <= session.monteCarlo.McBinCount; ++b) {
-      result.emplace_back(session.monteCarlo.McBinHits[b], session.monteCarlo.McBinCentre[b]);
+    for (int b = 1; b <= session.analysis.monteCarlo.McBinCount; ++b) {
+      result.emplace_back(session.analysis.monteCarlo.McBinHits[b],
+                          session.analysis.monteCarlo.McBinCentre[b]);
     }
     return result;
   }
@@ -73,7 +74,7 @@ TEST_F(SaveMonteCarloTest, TheCountIsThatOfTheLinesWithoutTheEmptyBins) {
 
 TEST_F(SaveMonteCarloTest, WithAllBinsBelowElevenNothingMerges) {
   const std::vector<std::string> lines = save({0, 1, 10, 9, 0, 10, 4, 1});
-  EXPECT_EQ(session.monteCarlo.McBinCount, 8);
+  EXPECT_EQ(session.analysis.monteCarlo.McBinCount, 8);
   EXPECT_EQ(lines[2], " 6");
   EXPECT_EQ(lines.size(), 3U + 6U);
 }
@@ -121,14 +122,14 @@ TEST_F(SaveMonteCarloTest, ALastBinThatStaysThinGoesOnToTheLeftUntilOneBinIsLeft
 }
 
 TEST_F(SaveMonteCarloTest, TheFunctionIsTrimmedAndNotShortened) {
-  session.fun.FunctionText = " y = " + std::string(60, 'f') + " ";
+  session.analysis.fun.FunctionText = " y = " + std::string(60, 'f') + " ";
   EXPECT_EQ(save({0, 20})[0], "Sim. M.C. per y = " + std::string(60, 'f'));
 }
 
 TEST_F(SaveMonteCarloTest, DepartureNumbersWithAThreeDigitExponentAreWritten) {
   save({0, 20, 30});
-  session.monteCarlo.McBinCentre[2] = -1E-120;
-  session.monteCarlo.McBinWidth = 1E-150;
+  session.analysis.monteCarlo.McBinCentre[2] = -1E-120;
+  session.analysis.monteCarlo.McBinWidth = 1E-150;
   SaveMonteCarlo(session, files);
   EXPECT_EQ(linesOfFile()[3], "  -1.000E-120  2.0000E+149  4.4721E+148");
 }
@@ -153,7 +154,7 @@ class SavedPropagation : public SaveMonteCarloTest {
     set(1, 20, 0.5);
     SystemRandom random;
     propagate(random);
-    for (const double bin : session.monteCarlo.McBinHits.span(1, 60)) hits += bin;
+    for (const double bin : session.analysis.monteCarlo.McBinHits.span(1, 60)) hits += bin;
     output.saveRoutine()();
     output.FrmOut_Exit();
   }
@@ -168,14 +169,14 @@ TEST_F(SavedPropagation, PassesTheCheckAndLoads) {
   EXPECT_EQ(reading.declaredCount, reading.data.NumPnt);
   EXPECT_EQ(reading.data.kXpntErr, kFalse);
   LoadDataFile(session, kFile, std::move(reading));
-  EXPECT_EQ(session.data.TitleX, "Sim. M.C. per y = c");
-  EXPECT_EQ(session.data.TitleY, "Densita` di Probabilita`");
-  EXPECT_EQ(session.data.NumPnt, session.monteCarlo.McBinCount - 1);
+  EXPECT_EQ(session.loaded.data.TitleX, "Sim. M.C. per y = c");
+  EXPECT_EQ(session.loaded.data.TitleY, "Densita` di Probabilita`");
+  EXPECT_EQ(session.loaded.data.NumPnt, session.analysis.monteCarlo.McBinCount - 1);
 }
 
 TEST_F(SavedPropagation, TheDensityIntegratesToTheShareOfSamplesInTheBins) {
   runAndSave();
-  const double full = session.monteCarlo.McBinWidth;
+  const double full = session.analysis.monteCarlo.McBinWidth;
   std::vector<double> x, y;
   const std::vector<std::string> lines = linesOfFile();
   for (std::size_t i = 3; i < lines.size(); ++i) {

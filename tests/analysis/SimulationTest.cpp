@@ -44,7 +44,7 @@ class SimulationTest : public PropagationTest {
     return dialogs.messages.back().text;
   }
   std::vector<double> column(const Array<double>& values) const {
-    const auto part = values.span(1, session.data.NumPnt);
+    const auto part = values.span(1, session.loaded.data.NumPnt);
     return {part.begin(), part.end()};
   }
 
@@ -105,9 +105,9 @@ TEST_F(SimulationTest, GivingUpLeavesTheSettings) {
   form_.giveUp();
   MenDatSim(session, form_);
   EXPECT_EQ(session.ErrFlag, kTrue);
-  EXPECT_EQ(session.sim.SimXMin, 1);
-  EXPECT_EQ(session.sim.SimErrXAbs, 7);
-  EXPECT_EQ(session.data.NumPnt, 3);
+  EXPECT_EQ(session.analysis.sim.SimXMin, 1);
+  EXPECT_EQ(session.analysis.sim.SimErrXAbs, 7);
+  EXPECT_EQ(session.loaded.data.NumPnt, 3);
   EXPECT_EQ(fits, 1);
 }
 
@@ -116,7 +116,7 @@ TEST_F(SimulationTest, GivingUpLeavesTheSettings) {
 TEST_F(SimulationTest, TheCountIsRoundedWithoutItsSign) {
   const auto count = [&](const std::string& entered) {
     simulate({"0", "10", entered, "1", "1", "0", "0"});
-    return int{session.data.NumPnt};
+    return int{session.loaded.data.NumPnt};
   };
   EXPECT_EQ(count("-20"), 20);
   EXPECT_EQ(count("3.6"), 4);
@@ -128,15 +128,15 @@ TEST_F(SimulationTest, TheCountIsRoundedWithoutItsSign) {
 
 TEST_F(SimulationTest, ErrorsLoseTheirSignAndSwitchesAreRounded) {
   simulate({"0", "1", "5", "-.5", "1.5", "-.25", "-2.5"});
-  EXPECT_EQ(session.sim.SimErrY, 0.5);
-  EXPECT_EQ(session.sim.SimErrYAbs, 2);
-  EXPECT_EQ(session.sim.SimErrX, 0.25);
-  EXPECT_EQ(session.sim.SimErrXAbs, -2);
+  EXPECT_EQ(session.analysis.sim.SimErrY, 0.5);
+  EXPECT_EQ(session.analysis.sim.SimErrYAbs, 2);
+  EXPECT_EQ(session.analysis.sim.SimErrX, 0.25);
+  EXPECT_EQ(session.analysis.sim.SimErrXAbs, -2);
 }
 
 TEST_F(SimulationTest, ANumberBeyondItsTypeChangesNothing) {
-  const DataSet before = session.data;
-  const Array<double> starts = session.par.FreeValues;
+  const DataSet before = session.loaded.data;
+  const Array<double> starts = session.analysis.par.FreeValues;
   for (const Fields& fields :
        {Fields{"0", "10", "32767.5", "1", "1", "0", "0"}, Fields{"0", "10", "5", "1", "40000", "0", "0"},
         Fields{"0", "10", "5", "1", "1", "1", "-40000"}, Fields{"-1E308", "1E308", "5", "1", "1", "0", "0"},
@@ -145,20 +145,20 @@ TEST_F(SimulationTest, ANumberBeyondItsTypeChangesNothing) {
     simulate(fields);
     EXPECT_EQ(dialogs.boxes.back(), (ScriptedDialogs::Box{"VOR_KEL", "Overflow"}));
   }
-  EXPECT_EQ(session.data.Xpnt, before.Xpnt);
-  EXPECT_EQ(session.DataFile, "Nessuno");
-  EXPECT_EQ(session.DataDefined, kFalse);
-  EXPECT_EQ(session.SimFirstTime, kTrue);
-  EXPECT_EQ(session.sim.SimPoints, 0);
-  EXPECT_EQ(session.par.FreeValues, starts);
+  EXPECT_EQ(session.loaded.data.Xpnt, before.Xpnt);
+  EXPECT_EQ(session.loaded.DataFile, "Nessuno");
+  EXPECT_EQ(session.loaded.DataDefined, kFalse);
+  EXPECT_EQ(session.analysis.SimFirstTime, kTrue);
+  EXPECT_EQ(session.analysis.sim.SimPoints, 0);
+  EXPECT_EQ(session.analysis.par.FreeValues, starts);
   EXPECT_EQ(fits, 0);
 }
 
 TEST_F(SimulationTest, TheLargestNumberOfPointsIsMade) {
   simulate({"0", "32766", "32767", "1", "1", "0", "0"});
-  EXPECT_EQ(session.data.NumPnt, 32767);
-  EXPECT_EQ(session.data.Xpnt[32767], 32766);
-  EXPECT_EQ(session.data.NumFunPnt, 2 * 32767);
+  EXPECT_EQ(session.loaded.data.NumPnt, 32767);
+  EXPECT_EQ(session.loaded.data.Xpnt[32767], 32766);
+  EXPECT_EQ(session.loaded.data.NumFunPnt, 2 * 32767);
 }
 
 // ---- What is not reasonable --------------------------------------------------------------------------------
@@ -168,7 +168,7 @@ TEST_F(SimulationTest, QUIRK_TooFewPointsAreToldWithTheCorrectedCount) {
             std::string(kHeader) +
                 "*** Numero di Punti (3) Non Maggiore del Numero di Parametri (2)\r"
                 "___ Posto Numero di Punti = Numero di Parametri +1\r");
-  EXPECT_EQ(session.data.NumPnt, 3);
+  EXPECT_EQ(session.loaded.data.NumPnt, 3);
 }
 
 TEST_F(SimulationTest, AsManyPointsAsParametersAreTooFew) {
@@ -178,22 +178,22 @@ TEST_F(SimulationTest, AsManyPointsAsParametersAreTooFew) {
 TEST_F(SimulationTest, LimitsInTheWrongOrderAreExchanged) {
   EXPECT_EQ(reportOf({"10", "0", "11", "1", "1", "0", "0"}),
             std::string(kHeader) + "*** Xmin > Xmax: Scambiati Xmin e Xmax\r");
-  EXPECT_EQ(session.sim.SimXMin, 0);
-  EXPECT_EQ(session.sim.SimXMax, 10);
-  EXPECT_EQ(session.data.Xpnt[1], 0);
+  EXPECT_EQ(session.analysis.sim.SimXMin, 0);
+  EXPECT_EQ(session.analysis.sim.SimXMax, 10);
+  EXPECT_EQ(session.loaded.data.Xpnt[1], 0);
 }
 
 TEST_F(SimulationTest, EqualLimitsAreMovedApart) {
   EXPECT_EQ(reportOf({"4", "4", "11", "1", "1", "0", "0"}),
             std::string(kHeader) + "*** Xmin = Xmax: Posto Xmax = Xmin +1\r");
-  EXPECT_EQ(session.data.Xpnt[11], 5);
+  EXPECT_EQ(session.loaded.data.Xpnt[11], 5);
 }
 
 TEST_F(SimulationTest, AnErrorOfZeroBecomesOne) {
   EXPECT_EQ(reportOf({"0", "10", "11", "0", "1", "0", "0"}),
             std::string(kHeader) + "*** Incertezza di y = 0: Posto Incertezza di y = 1\r");
-  EXPECT_EQ(session.sim.SimErrY, 1);
-  EXPECT_EQ(session.data.ErrYpnt[1], 1);
+  EXPECT_EQ(session.analysis.sim.SimErrY, 1);
+  EXPECT_EQ(session.loaded.data.ErrYpnt[1], 1);
 }
 
 TEST_F(SimulationTest, AllCorrectionsComeInOneMessageInTheirOrder) {
@@ -218,9 +218,9 @@ TEST_F(SimulationTest, TheReportIsAQuestionWithTwoButtons) {
 TEST_F(SimulationTest, TheFirstButtonStopsBeforeTheFitWithTheDataReplaced) {
   reportOf({"10", "0", "11", "1", "1", "0", "0"}, 1);
   EXPECT_EQ(fits, 0);
-  EXPECT_EQ(session.data.NumPnt, 11);
-  EXPECT_EQ(session.DataFile, "SIMULA.DAT");
-  EXPECT_EQ(session.DataDefined, kTrue);
+  EXPECT_EQ(session.loaded.data.NumPnt, 11);
+  EXPECT_EQ(session.loaded.DataFile, "SIMULA.DAT");
+  EXPECT_EQ(session.loaded.DataDefined, kTrue);
   EXPECT_EQ(window.panels[1], "Dati: SIMULA.DAT");
 }
 
@@ -240,9 +240,9 @@ TEST_F(SimulationTest, WithoutFreeParametersASinglePointHasNoStep) {
 
 TEST_F(SimulationTest, PointsAreEquallySpacedAndScatteredByTheirErrors) {
   simulate({"1", "3", "5", ".1", "1", "0", "0"});
-  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(1, 1.5, 2, 2.5, 3));
-  EXPECT_THAT(column(session.data.ErrYpnt), testing::Each(0.1));
-  const auto y = column(session.data.Ypnt);
+  EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(1, 1.5, 2, 2.5, 3));
+  EXPECT_THAT(column(session.loaded.data.ErrYpnt), testing::Each(0.1));
+  const auto y = column(session.loaded.data.Ypnt);
   for (std::size_t i = 0; i < 5; ++i) {
     const double truth = 2 * (1 + 0.5 * static_cast<double>(i)) + 1;
     EXPECT_NEAR(y[i], truth + (i % 2 == 0 ? 0.1 * kDeviate : 0), 1E-12) << i;
@@ -251,75 +251,75 @@ TEST_F(SimulationTest, PointsAreEquallySpacedAndScatteredByTheirErrors) {
 
 TEST_F(SimulationTest, QUIRK_APercentageKeepsTheSignOfY) {
   simulate({"-3", "2", "6", "10", "0", "0", "0"});
-  const auto dy = column(session.data.ErrYpnt);
+  const auto dy = column(session.loaded.data.ErrYpnt);
   const double truth[] = {-5, -3, -1, 1, 3, 5};
   for (std::size_t i = 0; i < 6; ++i) EXPECT_NEAR(dy[i], truth[i] / 10, 1E-15) << i;
-  EXPECT_NEAR(session.data.Ypnt[1], -5 - 0.5 * kDeviate, 1E-12);
+  EXPECT_NEAR(session.loaded.data.Ypnt[1], -5 - 0.5 * kDeviate, 1E-12);
 }
 
 TEST_F(SimulationTest, APercentageOfZeroIsAThousandth) {
   set(2, 0, 1);
   simulate({"-1", "1", "3", "10", "0", "0", "0"});
-  EXPECT_THAT(column(session.data.ErrYpnt), ElementsAre(-0.2, 0.001, 0.2));
+  EXPECT_THAT(column(session.loaded.data.ErrYpnt), ElementsAre(-0.2, 0.001, 0.2));
 }
 
 TEST_F(SimulationTest, WithoutAnErrorOfXThereIsNoColumn) {
   simulate({"0", "10", "5", "1", "1", "0", "1"});
-  EXPECT_EQ(session.data.kXpntErr, kFalse);
-  EXPECT_THAT(column(session.data.ErrXpnt), testing::Each(0));
+  EXPECT_EQ(session.loaded.data.kXpntErr, kFalse);
+  EXPECT_THAT(column(session.loaded.data.ErrXpnt), testing::Each(0));
 }
 
 TEST_F(SimulationTest, ErrorsOfXScatterXAndNotTheValueOfY) {
   // The pair of each point: the deviate of y, then that of x, which is 0.
   simulate({"1", "3", "3", ".1", "1", ".5", "1"});
-  EXPECT_EQ(session.data.kXpntErr, kTrue);
-  EXPECT_THAT(column(session.data.ErrXpnt), testing::Each(0.5));
-  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(1, 2, 3));
+  EXPECT_EQ(session.loaded.data.kXpntErr, kTrue);
+  EXPECT_THAT(column(session.loaded.data.ErrXpnt), testing::Each(0.5));
+  EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(1, 2, 3));
   // Here x gets the deviate and y gets 0.
   CyclingRandom crossed({0.75F, 0.5F});
   simulate({"1", "3", "3", ".1", "1", ".5", "1"}, crossed);
-  const auto x = column(session.data.Xpnt);
+  const auto x = column(session.loaded.data.Xpnt);
   for (std::size_t i = 0; i < 3; ++i) EXPECT_NEAR(x[i], 1.0 + static_cast<double>(i) + 0.5 * kDeviate, 1E-12);
-  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(3, 5, 7));
+  EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(3, 5, 7));
 }
 
 TEST_F(SimulationTest, APercentageOfXIsTakenBeforeTheScatterAndMayBeZero) {
   CyclingRandom crossed({0.75F, 0.5F});
   simulate({"-1", "1", "3", ".1", "1", "50", "0"}, crossed);
-  EXPECT_THAT(column(session.data.ErrXpnt), ElementsAre(-0.5, 0, 0.5));
-  EXPECT_NEAR(session.data.Xpnt[1], -1 - 0.5 * kDeviate, 1E-12);
-  EXPECT_EQ(session.data.Xpnt[2], 0);
+  EXPECT_THAT(column(session.loaded.data.ErrXpnt), ElementsAre(-0.5, 0, 0.5));
+  EXPECT_NEAR(session.loaded.data.Xpnt[1], -1 - 0.5 * kDeviate, 1E-12);
+  EXPECT_EQ(session.loaded.data.Xpnt[2], 0);
 }
 
 TEST_F(SimulationTest, TheDataSetIsNewAsAfterARead) {
-  session.data.allocate(300, kTrue);
-  session.data.NumOldFun = 7;
-  session.data.TitleX = "old";
+  session.loaded.data.allocate(300, kTrue);
+  session.loaded.data.NumOldFun = 7;
+  session.loaded.data.TitleX = "old";
   simulate({"0", "10", "11", "1", "1", "0", "0"});
-  EXPECT_EQ(session.data.TitleX, "x");
-  EXPECT_EQ(session.data.TitleY, "y");
-  EXPECT_EQ(session.data.NumPnt, 11);
-  EXPECT_EQ(session.data.Xpnt.upper(), 11);
-  EXPECT_EQ(session.data.NumFunPnt, 50);
-  EXPECT_EQ(session.data.FunX.upper(), 50);
-  EXPECT_EQ(session.data.NumOldFun, 0);
-  EXPECT_EQ(session.data.kXpntErr, kFalse);
+  EXPECT_EQ(session.loaded.data.TitleX, "x");
+  EXPECT_EQ(session.loaded.data.TitleY, "y");
+  EXPECT_EQ(session.loaded.data.NumPnt, 11);
+  EXPECT_EQ(session.loaded.data.Xpnt.upper(), 11);
+  EXPECT_EQ(session.loaded.data.NumFunPnt, 50);
+  EXPECT_EQ(session.loaded.data.FunX.upper(), 50);
+  EXPECT_EQ(session.loaded.data.NumOldFun, 0);
+  EXPECT_EQ(session.loaded.data.kXpntErr, kFalse);
 }
 
 TEST_F(SimulationTest, TheSessionHasDataOfItsOwnName) {
   simulate({"0", "10", "11", "1", "1", "0", "0"});
-  EXPECT_EQ(session.DataFile, "SIMULA.DAT");
-  EXPECT_EQ(session.DataDefined, kTrue);
-  EXPECT_EQ(session.SimFirstTime, kFalse);
+  EXPECT_EQ(session.loaded.DataFile, "SIMULA.DAT");
+  EXPECT_EQ(session.loaded.DataDefined, kTrue);
+  EXPECT_EQ(session.analysis.SimFirstTime, kFalse);
   EXPECT_EQ(window.panels[1], "Dati: SIMULA.DAT");
   EXPECT_TRUE(window.menuEnabled["MenDatSav"]);
   EXPECT_TRUE(files.written.empty());
 }
 
 TEST_F(SimulationTest, FiguresDrawnBeforeAreKept) {
-  session.GraphText[1] = "a figure";
+  session.figures.GraphText[1] = "a figure";
   simulate({"0", "10", "11", "1", "1", "0", "0"});
-  EXPECT_EQ(session.GraphText[1], "a figure");
+  EXPECT_EQ(session.figures.GraphText[1], "a figure");
 }
 
 TEST_F(SimulationTest, ValuesThatCannotBeComputedGoIntoTheDataAsTheyCome) {
@@ -327,8 +327,8 @@ TEST_F(SimulationTest, ValuesThatCannotBeComputedGoIntoTheDataAsTheyCome) {
   set(1, 1, 1);
   classifyParameters(session);
   simulate({"-2", "2", "5", "1", "1", "0", "0"});
-  EXPECT_NEAR(session.data.Ypnt[1], -2 + kDeviate, 1E-12);  // the argument stays where LOG fails
-  EXPECT_EQ(session.data.Ypnt[2], -1);
+  EXPECT_NEAR(session.loaded.data.Ypnt[1], -2 + kDeviate, 1E-12);  // the argument stays where LOG fails
+  EXPECT_EQ(session.loaded.data.Ypnt[2], -1);
   EXPECT_EQ(fits, 1);
 }
 
@@ -336,9 +336,9 @@ TEST_F(SimulationTest, ValuesThatCannotBeComputedGoIntoTheDataAsTheyCome) {
 
 TEST_F(SimulationTest, TheFitStartsFromScatteredValues) {
   fit = [this] {
-    EXPECT_DOUBLE_EQ(session.par.FreeValues[1], 2 * (1 + 0.4 * 0.5 * 0.5));
-    EXPECT_DOUBLE_EQ(session.par.FreeValues[2], 1 * 0.8);
-    EXPECT_EQ(session.par.FreeSteps[1], 0.02);
+    EXPECT_DOUBLE_EQ(session.analysis.par.FreeValues[1], 2 * (1 + 0.4 * 0.5 * 0.5));
+    EXPECT_DOUBLE_EQ(session.analysis.par.FreeValues[2], 1 * 0.8);
+    EXPECT_EQ(session.analysis.par.FreeSteps[1], 0.02);
     ++fits;
   };
   // Two points have a pair each, then two numbers for the parameters.
@@ -349,11 +349,11 @@ TEST_F(SimulationTest, TheFitStartsFromScatteredValues) {
 }
 
 TEST_F(SimulationTest, AfterAnEarlierFitTheStartIsWhereThatFitEnded) {
-  session.par.FreeValues[1] = 20;
-  session.par.FreeSteps[1] = 0.5;
+  session.analysis.par.FreeValues[1] = 20;
+  session.analysis.par.FreeSteps[1] = 0.5;
   fit = [this] {
-    EXPECT_EQ(session.par.FreeValues[1], 20 * 0.8);
-    EXPECT_EQ(session.par.FreeSteps[1], 0.5);
+    EXPECT_EQ(session.analysis.par.FreeValues[1], 20 * 0.8);
+    EXPECT_EQ(session.analysis.par.FreeSteps[1], 0.5);
   };
   CyclingRandom random({0.5F, 0.75F, 0.5F, 0.75F, 0.0F, 0.0F});
   simulate({"0", "10", "3", "1", "1", "0", "0"}, random);
@@ -372,14 +372,14 @@ TEST_F(SimulationTest, AfterTheFitTheTrueValuesAreBack) {
   double fitted = 0;
   fit = [&] {
     MenAdaAda(session, dialogs, window, output, clock);
-    fitted = session.par.ParValues[2];
+    fitted = session.analysis.par.ParValues[2];
   };
   simulate({"0", "10", "11", ".5", "1", "0", "0"}, random);
   EXPECT_NE(fitted, 1);
   EXPECT_NEAR(fitted, 1, 1);
-  EXPECT_EQ(session.par.ParValues[1], 2);
-  EXPECT_EQ(session.par.ParValues[2], 1);
-  EXPECT_GT(session.par.ParDeltas[2], 0.1);  // the error that the fit has found
+  EXPECT_EQ(session.analysis.par.ParValues[1], 2);
+  EXPECT_EQ(session.analysis.par.ParValues[2], 1);
+  EXPECT_GT(session.analysis.par.ParDeltas[2], 0.1);  // the error that the fit has found
   EXPECT_TRUE(output.isOpen());
   EXPECT_THAT(screen(), testing::HasSubstr("Completata"));
 }

@@ -20,7 +20,7 @@ class TransformationTest : public PropagationTest {
  protected:
   TransformationTest() { setData(kFalse); }
   void setData(Flag hasXErrors) {
-    DataSet& data = session.data;
+    DataSet& data = session.loaded.data;
     data.allocate(3, hasXErrors);
     data.TitleX = "tempo";
     data.TitleY = "spazio";
@@ -30,8 +30,8 @@ class TransformationTest : public PropagationTest {
       data.ErrYpnt[i] = i / 10.0;
       data.ErrXpnt[i] = hasXErrors ? i / 100.0 : 0;
     }
-    session.DataDefined = kTrue;
-    session.DataFile = "/data/dir/PROVA.DAT";
+    session.loaded.DataDefined = kTrue;
+    session.loaded.DataFile = "/data/dir/PROVA.DAT";
   }
   void transform(const Fields& fields) {
     form.execute(fields);
@@ -39,16 +39,16 @@ class TransformationTest : public PropagationTest {
   }
   /// A transformation that ends with a box.
   void expectRefusal(const Fields& fields, const std::string& text) {
-    const DataSet before = session.data;
+    const DataSet before = session.loaded.data;
     dialogs.expectBox();
     transform(fields);
     EXPECT_EQ(dialogs.boxes.back(), (ScriptedDialogs::Box{"VOR_KEL", text}));
-    EXPECT_EQ(session.data.Xpnt, before.Xpnt);
-    EXPECT_EQ(session.data.Ypnt, before.Ypnt);
-    EXPECT_EQ(session.data.ErrXpnt, before.ErrXpnt);
-    EXPECT_EQ(session.data.ErrYpnt, before.ErrYpnt);
-    EXPECT_EQ(session.data.TitleX, before.TitleX);
-    EXPECT_EQ(session.data.TitleY, before.TitleY);
+    EXPECT_EQ(session.loaded.data.Xpnt, before.Xpnt);
+    EXPECT_EQ(session.loaded.data.Ypnt, before.Ypnt);
+    EXPECT_EQ(session.loaded.data.ErrXpnt, before.ErrXpnt);
+    EXPECT_EQ(session.loaded.data.ErrYpnt, before.ErrYpnt);
+    EXPECT_EQ(session.loaded.data.TitleX, before.TitleX);
+    EXPECT_EQ(session.loaded.data.TitleY, before.TitleY);
   }
   std::vector<double> column(const Array<double>& values) const {
     const auto part = values.span(1, 3);
@@ -57,7 +57,7 @@ class TransformationTest : public PropagationTest {
   /// What leaving a formula's field does.
   void validate(const std::string& formula) {
     Int16 flag;
-    CompileExpression(session, "y@x,y,dx,dy@ @ @" + formula, session.model, flag);
+    CompileExpression(session, "y@x,y,dx,dy@ @ @" + formula, session.analysis.model, flag);
   }
 
   ScriptedInputForm form{session, [this](int action) {
@@ -113,78 +113,78 @@ TEST_F(TransformationTest, TheFormWithErrorsOfX) {
 
 TEST_F(TransformationTest, UnchangedFieldsCopyTheColumnsWithoutCompiling) {
   session.TraceEnabled = kTrue;
-  session.model.Code = "untouched";
+  session.analysis.model.Code = "untouched";
   transform({"t", "s", "x", "y", "dy"});
-  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(1, 2, 3));
-  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(4, 5, 6));
-  EXPECT_THAT(column(session.data.ErrYpnt), ElementsAre(0.1, 0.2, 0.3));
-  EXPECT_EQ(session.data.TitleX, "t");
-  EXPECT_EQ(session.data.TitleY, "s");
-  EXPECT_EQ(session.model.Code, "untouched");
+  EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(1, 2, 3));
+  EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(4, 5, 6));
+  EXPECT_THAT(column(session.loaded.data.ErrYpnt), ElementsAre(0.1, 0.2, 0.3));
+  EXPECT_EQ(session.loaded.data.TitleX, "t");
+  EXPECT_EQ(session.loaded.data.TitleY, "s");
+  EXPECT_EQ(session.analysis.model.Code, "untouched");
 }
 
 TEST_F(TransformationTest, ColumnsCanBeExchanged) {
   transform({"s", "t", "y", "x", "dy"});
-  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(4, 5, 6));
-  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(1, 2, 3));
+  EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(4, 5, 6));
+  EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(1, 2, 3));
 }
 
 TEST_F(TransformationTest, AllFormulasSeeTheOldColumns) {
   transform({"t", "s", "x*2", "x+y", "dy*x"});
-  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(2, 4, 6));
-  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(5, 7, 9));
-  EXPECT_THAT(column(session.data.ErrYpnt), ElementsAre(0.1, 0.2 * 2, 0.3 * 3));
+  EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(2, 4, 6));
+  EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(5, 7, 9));
+  EXPECT_THAT(column(session.loaded.data.ErrYpnt), ElementsAre(0.1, 0.2 * 2, 0.3 * 3));
   EXPECT_TRUE(result.failed.empty());
 }
 
 TEST_F(TransformationTest, FormulasUseAndReplaceTheErrorsOfX) {
   setData(kTrue);
   transform({"t", "s", "x+dx", "y", "2*dx", "dy+dx"});
-  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(1.01, 2.02, 3.03));
-  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(4, 5, 6));
-  EXPECT_THAT(column(session.data.ErrXpnt), ElementsAre(0.02, 0.04, 0.06));
-  EXPECT_THAT(column(session.data.ErrYpnt), ElementsAre(0.1 + 0.01, 0.2 + 0.02, 0.3 + 0.03));
+  EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(1.01, 2.02, 3.03));
+  EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(4, 5, 6));
+  EXPECT_THAT(column(session.loaded.data.ErrXpnt), ElementsAre(0.02, 0.04, 0.06));
+  EXPECT_THAT(column(session.loaded.data.ErrYpnt), ElementsAre(0.1 + 0.01, 0.2 + 0.02, 0.3 + 0.03));
 }
 
 TEST_F(TransformationTest, ErrorColumnsAreFoundByTheirNames) {
   setData(kTrue);
   transform({"t", "s", "dy", "dx", "y", "x"});
-  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(0.1, 0.2, 0.3));
-  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(0.01, 0.02, 0.03));
-  EXPECT_THAT(column(session.data.ErrXpnt), ElementsAre(4, 5, 6));
-  EXPECT_THAT(column(session.data.ErrYpnt), ElementsAre(1, 2, 3));
+  EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(0.1, 0.2, 0.3));
+  EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(0.01, 0.02, 0.03));
+  EXPECT_THAT(column(session.loaded.data.ErrXpnt), ElementsAre(4, 5, 6));
+  EXPECT_THAT(column(session.loaded.data.ErrYpnt), ElementsAre(1, 2, 3));
 }
 
 TEST_F(TransformationTest, BlanksAroundAFormulaDoNotMatter) {
   transform({"t", "s", " y ", "  x * 2", "dy "});
-  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(4, 5, 6));
-  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(2, 4, 6));
+  EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(4, 5, 6));
+  EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(2, 4, 6));
 }
 
 TEST_F(TransformationTest, QUIRK_ATextAcrossTwoNamesTakesTheValueCopiedLast) {
   transform({"t", "s", "y", "yd", "dy"});
-  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(4, 5, 6));
-  EXPECT_THAT(column(session.data.Ypnt), Each(6));
-  EXPECT_THAT(column(session.data.ErrYpnt), ElementsAre(0.1, 0.2, 0.3));
+  EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(4, 5, 6));
+  EXPECT_THAT(column(session.loaded.data.Ypnt), Each(6));
+  EXPECT_THAT(column(session.loaded.data.ErrYpnt), ElementsAre(0.1, 0.2, 0.3));
 }
 
 TEST_F(TransformationTest, QUIRK_BeforeAnyCopyThatValueIsZero) {
   transform({"t", "s", "x*2", "yd", "x y"});
-  EXPECT_THAT(column(session.data.Ypnt), Each(0));
-  EXPECT_THAT(column(session.data.ErrYpnt), Each(0));
+  EXPECT_THAT(column(session.loaded.data.Ypnt), Each(0));
+  EXPECT_THAT(column(session.loaded.data.ErrYpnt), Each(0));
 }
 
 TEST_F(TransformationTest, AHitAcrossNamesCountsWithErrorsOfXToo) {
   setData(kTrue);
   // "dxdy" begins with the name dx; "xd" lies across dx and dy.
   transform({"t", "s", "dxdy", "xd", "dx", "dy"});
-  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(0.01, 0.02, 0.03));
-  EXPECT_THAT(column(session.data.Ypnt), Each(0.03));
+  EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(0.01, 0.02, 0.03));
+  EXPECT_THAT(column(session.loaded.data.Ypnt), Each(0.03));
 }
 
 TEST_F(TransformationTest, ValuesThatCannotBeComputedStandAsTheEvaluationLeftThem) {
   transform({"t", "s", "x", "LOG(x-2)", "dy"});
-  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(-1, 0, 0));
+  EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(-1, 0, 0));
   EXPECT_TRUE(result.replaced);
   ASSERT_EQ(result.failed.size(), 1U);
   EXPECT_EQ(result.failed[0].column, "y");
@@ -223,27 +223,27 @@ TEST_F(TransformationTest, ALoadedModelEvaluatesAsBefore) {
   load("p,q", "p*x^2+q");
   set(1, 3, 1);
   set(2, 0.5, 1);
-  const ParameterSet before = session.par;
+  const ParameterSet before = session.analysis.par;
   validate("x*y*dy");
   transform({"t", "s", "x*2", "x+y", "dy"});
   EXPECT_EQ(EvaluateFunction(session, dialogs, 2), 12.5);
   validate("x*y*dy");
   expectRefusal({"t", "s", "x*2", "q", "dy"}, "Errore nella Definizione di  y  <*> per Continuare");
   EXPECT_EQ(EvaluateFunction(session, dialogs, 2), 12.5);
-  EXPECT_EQ(session.par.ParNames, before.ParNames);
-  EXPECT_EQ(session.par.ParCount, before.ParCount);
-  EXPECT_EQ(session.par.ParNameWidth, before.ParNameWidth);
+  EXPECT_EQ(session.analysis.par.ParNames, before.ParNames);
+  EXPECT_EQ(session.analysis.par.ParCount, before.ParCount);
+  EXPECT_EQ(session.analysis.par.ParNameWidth, before.ParNameWidth);
 }
 
 TEST_F(TransformationTest, AFunctionOfTheCatalogueEvaluatesAsBefore) {
   choose(session, 2, 7);
   for (int i = 1; i <= 3; ++i) set(i, 0.5 * i, 1);
   const double before = EvaluateFunction(session, dialogs, 1.25);
-  const std::string names = session.par.ParNames;
+  const std::string names = session.analysis.par.ParNames;
   validate("x*y*dy");
   transform({"t", "s", "x*2", "x+y", "dy"});
   EXPECT_EQ(EvaluateFunction(session, dialogs, 1.25), before);
-  EXPECT_EQ(session.par.ParNames, names);
+  EXPECT_EQ(session.analysis.par.ParNames, names);
 }
 
 TEST_F(TransformationTest, GivingUpLeavesTheDataAndGivesTheModelItsPlaceBack) {
@@ -254,8 +254,8 @@ TEST_F(TransformationTest, GivingUpLeavesTheDataAndGivesTheModelItsPlaceBack) {
   form.giveUp();
   MenDatTra(session, form);
   EXPECT_EQ(session.ErrFlag, kTrue);
-  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(1, 2, 3));
-  EXPECT_EQ(session.data.TitleX, "tempo");
+  EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(1, 2, 3));
+  EXPECT_EQ(session.loaded.data.TitleX, "tempo");
   EXPECT_EQ(EvaluateFunction(session, dialogs, 2), 12.5);
 }
 
@@ -297,16 +297,16 @@ TEST_F(TransformationTest, TransformedDataAreSavedAndReadBack) {
   dialogs.pick("/data/NEW.DAT");
   MenDatSav(session, files, dialogs);
   LoadDataFile(session, "/data/NEW.DAT", CheckDataFile(session, files, "/data/NEW.DAT"));
-  EXPECT_EQ(session.data.TitleX, "t2");
-  EXPECT_EQ(session.data.TitleY, "s2");
-  EXPECT_THAT(column(session.data.Xpnt), ElementsAre(2, 4, 6));
-  EXPECT_THAT(column(session.data.Ypnt), ElementsAre(5, 7, 9));
+  EXPECT_EQ(session.loaded.data.TitleX, "t2");
+  EXPECT_EQ(session.loaded.data.TitleY, "s2");
+  EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(2, 4, 6));
+  EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(5, 7, 9));
 }
 
 TEST_F(TransformationTest, DepartureTitlesThatNoFileCanHoldAreChangedInTheSessionToo) {
   transform({"", "% di luce", "x", "y", "dy"});
-  EXPECT_EQ(session.data.TitleX, "-");
-  EXPECT_EQ(session.data.TitleY, "- % di luce");
+  EXPECT_EQ(session.loaded.data.TitleX, "-");
+  EXPECT_EQ(session.loaded.data.TitleY, "- % di luce");
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ bool windowTakes(const std::string& path) {
   RecordingOutput output;
   RecordingMainWindow window;
   const int error = errorOf([&] { MenDatLet(session, files, reader, output, window); });
-  return error == 0 && session.DataDefined != kFalse;
+  return error == 0 && session.loaded.DataDefined != kFalse;
 }
 
 bool checkTakes(const std::string& path) {

@@ -18,8 +18,8 @@ bool ScriptedFunctionForms::selectFunction() {
   const Answer answer = pairs_.front();
   pairs_.pop_front();
   if (answer.accepted) {
-    session_.fun.InnerIndex = answer.pair.first;
-    session_.fun.OuterIndex = answer.pair.second;
+    session_.analysis.fun.InnerIndex = answer.pair.first;
+    session_.analysis.fun.OuterIndex = answer.pair.second;
   }
   return answer.accepted;
 }

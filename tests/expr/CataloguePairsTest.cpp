@@ -35,9 +35,9 @@ class CataloguePairs : public testing::TestWithParam<std::tuple<int, int>> {};
 /// fast path goes on, and there only the two are not compared.
 void expectAgreement(Session& session, int outer, double x) {
   ScriptedDialogs dialogs;
-  CompiledExpression& model = session.model;
+  CompiledExpression& model = session.analysis.model;
   model.Values[1] = x;
-  for (int i = 1; i <= model.nPar; ++i) model.Values[i + 1] = session.par.ParValues[i];
+  for (int i = 1; i <= model.nPar; ++i) model.Values[i + 1] = session.analysis.par.ParValues[i];
   loadSlots(model);
   const double compiledValue = EvaluateCode(session, dialogs, model.Code, model.Slots);
   const bool compiledFailed = session.ErrFlag != 0;
@@ -55,12 +55,12 @@ TEST_P(CataloguePairs, GiveTheSameValuesAsTheirText) {
   Int16 flag;
   CompileExpression(session,
                     definitionOf(static_cast<std::size_t>(inner - 1), static_cast<std::size_t>(outer - 1)),
-                    session.model, flag);
+                    session.analysis.model, flag);
   ASSERT_EQ(flag, 0);
   const std::vector<std::vector<double>> sets{
       {1.25, 0.75, 2.5, 0.5, 0.125}, {-1.5, 2.25, 0.5, -3, 0.25}, {0, 0, 0, 0, 0}};
   for (std::vector<double> parameters : sets) {
-    parameters.resize(static_cast<std::size_t>(session.model.nPar));
+    parameters.resize(static_cast<std::size_t>(session.analysis.model.nPar));
     setFunction(session, inner, outer, parameters);
     for (const double x : {-2.5, -1.0, 0.0, 0.375, 1.0, 4.75}) expectAgreement(session, outer, x);
   }

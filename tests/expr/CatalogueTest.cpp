@@ -21,18 +21,18 @@ class CatalogueTest : public testing::Test {
 
   void take(int inner, int outer) { choose(session, inner, outer); }
   std::string composite(int inner, int outer) {
-    session.fun.InnerIndex = inner;
-    session.fun.OuterIndex = outer;
+    session.analysis.fun.InnerIndex = inner;
+    session.analysis.fun.OuterIndex = outer;
     return toUtf8(compositeText(session), CodePage::kCp437);
   }
   std::string machine(int inner, int outer) {
-    session.fun.InnerIndex = inner;
-    session.fun.OuterIndex = outer;
+    session.analysis.fun.InnerIndex = inner;
+    session.analysis.fun.OuterIndex = outer;
     return ComposeFunctionText(session);
   }
   void addToFile(const std::string& parameters, const std::string& definition,
                  const std::string& description) {
-    session.catalogue.file.entries.push_back({parameters, definition, description});
+    session.loaded.catalogue.file.entries.push_back({parameters, definition, description});
   }
   /// A file of five functions p*x, p*x*2, ...; `load` takes one of them into the catalogue.
   void readFiveFunctions() {
@@ -45,7 +45,7 @@ class CatalogueTest : public testing::Test {
   }
   std::vector<std::string> innerTexts() const {
     std::vector<std::string> texts;
-    for (const CatalogueEntry& entry : session.catalogue.inner) texts.push_back(entry.display);
+    for (const CatalogueEntry& entry : session.loaded.catalogue.inner) texts.push_back(entry.display);
     return texts;
   }
 
@@ -54,7 +54,7 @@ class CatalogueTest : public testing::Test {
 };
 
 TEST_F(CatalogueTest, TheInnerListHasFiveFunctionsWithSquaresAsByte253) {
-  const auto& g = session.catalogue.inner;
+  const auto& g = session.loaded.catalogue.inner;
   ASSERT_EQ(g.size(), 5U);
   EXPECT_EQ(g[0].display, "c");
   EXPECT_EQ(g[1].display, "bx+c");
@@ -83,7 +83,7 @@ TEST_F(CatalogueTest, TheOuterListHasNineFunctionsWithTheRootAsByte251) {
                                                                       {"A exp(u)", "    A"},
                                                                       {"A sin(u)", "    A"},
                                                                       {"A exp[-Bx] sin(u)", "    A    B"}}};
-  const auto& f = session.catalogue.outer;
+  const auto& f = session.loaded.catalogue.outer;
   ASSERT_EQ(f.size(), expected.size());
   for (std::size_t i = 0; i < expected.size(); ++i) {
     EXPECT_EQ(f[i].display, expected[i][0]);
@@ -95,7 +95,7 @@ TEST_F(CatalogueTest, BuildingAnewThrowsTheLoadedFunctionsAway) {
   readFiveFunctions();
   load(1, 2);
   BuildCatalogue(session);
-  EXPECT_EQ(session.catalogue.inner.size(), 5U);
+  EXPECT_EQ(session.loaded.catalogue.inner.size(), 5U);
 }
 
 TEST_F(CatalogueTest, DisplayTextsOfAll45Pairs) {
@@ -146,8 +146,8 @@ TEST_F(CatalogueTest, TheStoredTextOfALongFunctionIsWhole) {
   addToFile("q", "q*x", longText);
   load(1, 1);
   take(6, 1);
-  EXPECT_EQ(session.fun.FunctionText, " y = " + longText + " ");
-  EXPECT_EQ(shownCompositeText(session.fun.FunctionText),
+  EXPECT_EQ(session.analysis.fun.FunctionText, " y = " + longText + " ");
+  EXPECT_EQ(shownCompositeText(session.analysis.fun.FunctionText),
             " y = " + std::string(23, 'd') + "..." + std::string(27, 'd') + " ");
 }
 
@@ -189,17 +189,20 @@ TEST_F(CatalogueTest, FastPathAndCompiledTextAgreeForAll45Pairs) {
   for (int f = 1; f <= kOuterCount; ++f) {
     for (int g = 1; g <= kInnerCount; ++g) {
       take(g, f);
-      for (int i = 1; i <= session.par.ParCount; ++i) session.par.ParValues[i] = 0.3 + 0.4 * i;
+      for (int i = 1; i <= session.analysis.par.ParCount; ++i)
+        session.analysis.par.ParValues[i] = 0.3 + 0.4 * i;
       CompiledExpression compiled;
       Int16 flag;
-      CompileExpression(session, "y@x@" + parameterList(session.par) + "@ @" + ComposeFunctionText(session),
+      CompileExpression(session,
+                        "y@x@" + parameterList(session.analysis.par) + "@ @" + ComposeFunctionText(session),
                         compiled, flag);
       ASSERT_EQ(flag, 0);
       for (double x : {0.25, 1.0, 2.5}) {  // u stays above zero here
         const double fast = EvaluateFunction(session, dialogs, x);
         EXPECT_EQ(session.ErrFlag, 0);
         compiled.Values[1] = x;
-        for (int i = 1; i <= session.par.ParCount; ++i) compiled.Values[i + 1] = session.par.ParValues[i];
+        for (int i = 1; i <= session.analysis.par.ParCount; ++i)
+          compiled.Values[i + 1] = session.analysis.par.ParValues[i];
         loadSlots(compiled);
         const double slow = EvaluateCode(session, dialogs, compiled.Code, compiled.Slots);
         EXPECT_NEAR(fast, slow, 1E-13 * std::abs(slow)) << "f " << f << ", g " << g << ", x " << x;
@@ -218,50 +221,50 @@ TEST_F(CatalogueTest, NamesAndCountOfAll45Pairs) {
       take(g, f);
       const std::string names =
           std::string(inner[static_cast<std::size_t>(g - 1)]) + outer[static_cast<std::size_t>(f - 1)];
-      EXPECT_EQ(session.par.ParNames, "    y    x" + names);
-      EXPECT_EQ(session.par.ParCount, length(names) / 5);
-      EXPECT_EQ(session.par.ParNameWidth, 1);
+      EXPECT_EQ(session.analysis.par.ParNames, "    y    x" + names);
+      EXPECT_EQ(session.analysis.par.ParCount, length(names) / 5);
+      EXPECT_EQ(session.analysis.par.ParNameWidth, 1);
     }
   }
 }
 
 TEST_F(CatalogueTest, TakingANewPairStartsItsParameters) {
-  session.ParVar = kTrue;
-  session.ParametersSet = kTrue;
-  session.SimFirstTime = kFalse;
-  session.par.FreeCount = 2;
+  session.analysis.ParVar = kTrue;
+  session.analysis.ParametersSet = kTrue;
+  session.analysis.SimFirstTime = kFalse;
+  session.analysis.par.FreeCount = 2;
   take(3, 9);
-  EXPECT_EQ(session.FunDefined, kTrue);
-  EXPECT_EQ(session.SimFirstTime, kTrue);
-  EXPECT_EQ(session.ParVar, kFalse);
-  EXPECT_EQ(session.ParametersSet, kFalse);
-  EXPECT_EQ(session.fun.FunctionText, " y = A exp[-Bx] sin(ax\xFD+bx+c) ");
-  EXPECT_EQ(session.par.ParCount, 5);
-  EXPECT_EQ(session.par.FreeCount, 0);
-  EXPECT_EQ(session.par.ParValues, Array<double>(5));
-  EXPECT_EQ(session.par.ParDeltas, Array<double>(5));
-  EXPECT_EQ(session.par.FreeIndex, Array<Int16>(6));
+  EXPECT_EQ(session.analysis.FunDefined, kTrue);
+  EXPECT_EQ(session.analysis.SimFirstTime, kTrue);
+  EXPECT_EQ(session.analysis.ParVar, kFalse);
+  EXPECT_EQ(session.analysis.ParametersSet, kFalse);
+  EXPECT_EQ(session.analysis.fun.FunctionText, " y = A exp[-Bx] sin(ax\xFD+bx+c) ");
+  EXPECT_EQ(session.analysis.par.ParCount, 5);
+  EXPECT_EQ(session.analysis.par.FreeCount, 0);
+  EXPECT_EQ(session.analysis.par.ParValues, Array<double>(5));
+  EXPECT_EQ(session.analysis.par.ParDeltas, Array<double>(5));
+  EXPECT_EQ(session.analysis.par.FreeIndex, Array<Int16>(6));
 }
 
 TEST_F(CatalogueTest, TakingTheSamePairAgainKeepsTheParameters) {
   take(2, 1);
-  session.par.ParValues[1] = 7;
-  session.ParVar = kTrue;
-  session.ParametersSet = kTrue;
+  session.analysis.par.ParValues[1] = 7;
+  session.analysis.ParVar = kTrue;
+  session.analysis.ParametersSet = kTrue;
   take(2, 1);
-  EXPECT_EQ(session.SimFirstTime, kFalse);
-  EXPECT_EQ(session.par.ParValues[1], 7);
-  EXPECT_EQ(session.ParVar, kTrue);
-  EXPECT_EQ(session.ParametersSet, kTrue);
-  EXPECT_EQ(session.FunDefined, kTrue);
+  EXPECT_EQ(session.analysis.SimFirstTime, kFalse);
+  EXPECT_EQ(session.analysis.par.ParValues[1], 7);
+  EXPECT_EQ(session.analysis.ParVar, kTrue);
+  EXPECT_EQ(session.analysis.ParametersSet, kTrue);
+  EXPECT_EQ(session.analysis.FunDefined, kTrue);
 }
 
 TEST_F(CatalogueTest, OnlyOneIndexChangedIsANewPair) {
   take(2, 1);
-  session.par.ParValues[1] = 7;
+  session.analysis.par.ParValues[1] = 7;
   take(2, 2);
-  EXPECT_EQ(session.SimFirstTime, kTrue);
-  EXPECT_EQ(session.par.ParValues[1], 0);
+  EXPECT_EQ(session.analysis.SimFirstTime, kTrue);
+  EXPECT_EQ(session.analysis.par.ParValues[1], 0);
 }
 
 TEST_F(CatalogueTest, TheSameIndicesAfterTheFunctionWasDroppedAreANewPair) {
@@ -269,29 +272,29 @@ TEST_F(CatalogueTest, TheSameIndicesAfterTheFunctionWasDroppedAreANewPair) {
   load(1, 1);
   take(6, 1);
   EXPECT_TRUE(dropLoadedFunctions(session));
-  EXPECT_EQ(session.fun.InnerIndex, 1);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 1);
   take(1, 1);
-  EXPECT_EQ(session.FunDefined, kTrue);
-  EXPECT_EQ(session.par.ParNames, "    y    x    c");
-  EXPECT_EQ(session.par.ParCount, 1);
-  EXPECT_EQ(session.par.ParNameWidth, 1);
-  EXPECT_EQ(session.SimFirstTime, kTrue);
+  EXPECT_EQ(session.analysis.FunDefined, kTrue);
+  EXPECT_EQ(session.analysis.par.ParNames, "    y    x    c");
+  EXPECT_EQ(session.analysis.par.ParCount, 1);
+  EXPECT_EQ(session.analysis.par.ParNameWidth, 1);
+  EXPECT_EQ(session.analysis.SimFirstTime, kTrue);
 }
 
 TEST_F(CatalogueTest, TakingALoadedFunctionCompilesIt) {
   addToFile("A, omeg ,z", "A*SIN(omeg*x)+z", "onda");
   load(1, 1);
-  EXPECT_EQ(session.catalogue.inner[5].names, "    A omeg    z");
+  EXPECT_EQ(session.loaded.catalogue.inner[5].names, "    A omeg    z");
   take(6, 1);
-  EXPECT_EQ(session.par.ParNames, "    y    x    A omeg    z");
-  EXPECT_EQ(session.par.ParCount, 3);
-  EXPECT_EQ(session.par.ParNameWidth, 4);
-  EXPECT_EQ(session.model.nVar, 1);
-  EXPECT_EQ(session.model.nPar, 3);
-  EXPECT_EQ(session.model.Slots.upper(), session.model.LastSlot);
-  session.par.ParValues[1] = 2;
-  session.par.ParValues[2] = 0.5;
-  session.par.ParValues[3] = 1;
+  EXPECT_EQ(session.analysis.par.ParNames, "    y    x    A omeg    z");
+  EXPECT_EQ(session.analysis.par.ParCount, 3);
+  EXPECT_EQ(session.analysis.par.ParNameWidth, 4);
+  EXPECT_EQ(session.analysis.model.nVar, 1);
+  EXPECT_EQ(session.analysis.model.nPar, 3);
+  EXPECT_EQ(session.analysis.model.Slots.upper(), session.analysis.model.LastSlot);
+  session.analysis.par.ParValues[1] = 2;
+  session.analysis.par.ParValues[2] = 0.5;
+  session.analysis.par.ParValues[3] = 1;
   EXPECT_DOUBLE_EQ(EvaluateFunction(session, dialogs, 3), 2 * std::sin(1.5) + 1);
 }
 
@@ -299,10 +302,10 @@ TEST_F(CatalogueTest, TheSameNameInBothFunctionsStaysTwoParameters) {
   addToFile("A", "A*x", "retta");
   load(1, 1);
   take(6, 7);
-  EXPECT_EQ(session.par.ParNames, "    y    x    A    A");
-  EXPECT_EQ(session.par.ParCount, 2);
-  session.par.ParValues[1] = 2;
-  session.par.ParValues[2] = 3;
+  EXPECT_EQ(session.analysis.par.ParNames, "    y    x    A    A");
+  EXPECT_EQ(session.analysis.par.ParCount, 2);
+  session.analysis.par.ParValues[1] = 2;
+  session.analysis.par.ParValues[2] = 3;
   EXPECT_DOUBLE_EQ(EvaluateFunction(session, dialogs, 0.5), 3 * std::exp(1.0));
 }
 
@@ -310,10 +313,10 @@ TEST_F(CatalogueTest, ALoadedFunctionWithoutParametersCanBeTaken) {
   addToFile("", "2*x", "doppio");
   load(1, 1);
   take(6, 1);
-  EXPECT_EQ(session.par.ParNames, "    y    x");
-  EXPECT_EQ(session.par.ParCount, 0);
-  EXPECT_EQ(session.par.ParNameWidth, 1);
-  EXPECT_EQ(session.par.ParValues, Array<double>(0));
+  EXPECT_EQ(session.analysis.par.ParNames, "    y    x");
+  EXPECT_EQ(session.analysis.par.ParCount, 0);
+  EXPECT_EQ(session.analysis.par.ParNameWidth, 1);
+  EXPECT_EQ(session.analysis.par.ParValues, Array<double>(0));
   EXPECT_EQ(EvaluateFunction(session, dialogs, 4), 8);
 }
 
@@ -326,48 +329,48 @@ TEST_F(CatalogueTest, RestoringTheModelCompilesALoadedFunctionAnew) {
   addToFile("p,q", "p*x+q", "retta");
   load(1, 1);
   take(6, 1);
-  const std::string code = session.model.Code;
-  session.model = {};
+  const std::string code = session.analysis.model.Code;
+  session.analysis.model = {};
   session.TraceEnabled = kTrue;
   restoreModel(session);
-  EXPECT_EQ(session.model.Code, code);
-  EXPECT_EQ(session.model.nPar, 2);
+  EXPECT_EQ(session.analysis.model.Code, code);
+  EXPECT_EQ(session.analysis.model.nPar, 2);
   EXPECT_EQ(session.TraceText, "");
 }
 
 TEST_F(CatalogueTest, RestoringTheModelLeavesTheAreaAloneForABuiltInFunction) {
   take(2, 1);
-  session.model.Code = "foreign";
+  session.analysis.model.Code = "foreign";
   restoreModel(session);
-  EXPECT_EQ(session.model.Code, "foreign");
+  EXPECT_EQ(session.analysis.model.Code, "foreign");
 }
 
 TEST_F(CatalogueTest, RestoringTheModelWithoutAFunctionDoesNothing) {
-  session.model.Code = "foreign";
+  session.analysis.model.Code = "foreign";
   restoreModel(session);
-  EXPECT_EQ(session.model.Code, "foreign");
+  EXPECT_EQ(session.analysis.model.Code, "foreign");
 }
 
 TEST_F(CatalogueTest, LoadingAddsTheFunctionAsTheLastEntry) {
   addToFile("a,bb", "a*x+bb", "una retta");
   EXPECT_FALSE(loadFunction(session, 1));
-  ASSERT_EQ(session.catalogue.inner.size(), 6U);
-  EXPECT_EQ(session.catalogue.inner[5].display, "una retta");
-  EXPECT_EQ(session.catalogue.inner[5].machine, "a*x+bb");
-  EXPECT_EQ(session.catalogue.inner[5].names, "    a   bb");
+  ASSERT_EQ(session.loaded.catalogue.inner.size(), 6U);
+  EXPECT_EQ(session.loaded.catalogue.inner[5].display, "una retta");
+  EXPECT_EQ(session.loaded.catalogue.inner[5].machine, "a*x+bb");
+  EXPECT_EQ(session.loaded.catalogue.inner[5].names, "    a   bb");
 }
 
 TEST_F(CatalogueTest, LoadingAnEntryThatTheFileDoesNotHaveIsARuntimeError) {
   readFiveFunctions();
   EXPECT_THROW(loadFunction(session, 0), RuntimeError);
   EXPECT_THROW(loadFunction(session, 6), RuntimeError);
-  EXPECT_EQ(session.catalogue.inner.size(), 5U);
+  EXPECT_EQ(session.loaded.catalogue.inner.size(), 5U);
 }
 
 TEST_F(CatalogueTest, TheFifthLoadDropsTheFirstLoadedFunction) {
   readFiveFunctions();
   load(1, 4);
-  EXPECT_EQ(session.catalogue.inner.size(), 9U);
+  EXPECT_EQ(session.loaded.catalogue.inner.size(), 9U);
   EXPECT_FALSE(loadFunction(session, 5));
   EXPECT_THAT(innerTexts(), testing::ElementsAre("c", "bx+c", "ax\xFD+bx+c", "[(x-m)\xFD+a]/b",
                                                  "a/[(x\xFD-m\xFD)\xFD+b\xFDx\xFD]", "times 2", "times 3",
@@ -378,35 +381,35 @@ TEST_F(CatalogueTest, AFifthLoadLeavesABuiltInCurrentFunctionAlone) {
   readFiveFunctions();
   take(5, 2);
   load(1, 5);
-  EXPECT_EQ(session.fun.InnerIndex, 5);
-  EXPECT_EQ(session.fun.OuterIndex, 2);
-  EXPECT_EQ(session.FunDefined, kTrue);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 5);
+  EXPECT_EQ(session.analysis.fun.OuterIndex, 2);
+  EXPECT_EQ(session.analysis.FunDefined, kTrue);
 }
 
 TEST_F(CatalogueTest, AFifthLoadDropsTheCurrentFunctionWhenItIsTheOldest) {
   readFiveFunctions();
   load(1, 4);
   take(6, 2);
-  session.ParVar = kTrue;
+  session.analysis.ParVar = kTrue;
   EXPECT_TRUE(loadFunction(session, 5));
-  EXPECT_EQ(session.FunDefined, kFalse);
-  EXPECT_EQ(session.ParVar, kFalse);
-  EXPECT_EQ(session.fun.InnerIndex, 0);
-  EXPECT_EQ(session.fun.OuterIndex, 0);
+  EXPECT_EQ(session.analysis.FunDefined, kFalse);
+  EXPECT_EQ(session.analysis.ParVar, kFalse);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 0);
+  EXPECT_EQ(session.analysis.fun.OuterIndex, 0);
 }
 
 TEST_F(CatalogueTest, AFifthLoadMovesALaterCurrentFunctionDownByOne) {
   readFiveFunctions();
   load(1, 4);
   take(8, 2);
-  session.ParVar = kTrue;
+  session.analysis.ParVar = kTrue;
   EXPECT_FALSE(loadFunction(session, 5));
-  EXPECT_EQ(session.fun.InnerIndex, 7);
-  EXPECT_EQ(session.fun.OuterIndex, 2);
-  EXPECT_EQ(session.FunDefined, kTrue);
-  EXPECT_EQ(session.ParVar, kTrue);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 7);
+  EXPECT_EQ(session.analysis.fun.OuterIndex, 2);
+  EXPECT_EQ(session.analysis.FunDefined, kTrue);
+  EXPECT_EQ(session.analysis.ParVar, kTrue);
   EXPECT_EQ(compositeText(session), " y = (times 3)\xFD ");
-  session.par.ParValues[1] = 1;
+  session.analysis.par.ParValues[1] = 1;
   EXPECT_EQ(EvaluateFunction(session, dialogs, 1), 9);
 }
 
@@ -414,26 +417,26 @@ TEST_F(CatalogueTest, DroppingTheLoadedFunctionsKeepsABuiltInCurrentOne) {
   readFiveFunctions();
   load(1, 3);
   take(4, 3);
-  session.ParVar = kTrue;
+  session.analysis.ParVar = kTrue;
   EXPECT_FALSE(dropLoadedFunctions(session));
-  EXPECT_EQ(session.catalogue.inner.size(), 5U);
-  EXPECT_EQ(session.fun.InnerIndex, 4);
-  EXPECT_EQ(session.FunDefined, kTrue);
-  EXPECT_EQ(session.ParVar, kTrue);
+  EXPECT_EQ(session.loaded.catalogue.inner.size(), 5U);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 4);
+  EXPECT_EQ(session.analysis.FunDefined, kTrue);
+  EXPECT_EQ(session.analysis.ParVar, kTrue);
 }
 
 TEST_F(CatalogueTest, DroppingACurrentLoadedFunctionLeavesNone) {
   readFiveFunctions();
   load(1, 3);
   take(7, 3);
-  session.ParVar = kTrue;
-  session.ParametersSet = kTrue;
+  session.analysis.ParVar = kTrue;
+  session.analysis.ParametersSet = kTrue;
   EXPECT_TRUE(dropLoadedFunctions(session));
-  EXPECT_EQ(session.FunDefined, kFalse);
-  EXPECT_EQ(session.ParVar, kFalse);
-  EXPECT_EQ(session.ParametersSet, kTrue);
-  EXPECT_EQ(session.fun.InnerIndex, 1);
-  EXPECT_EQ(session.fun.OuterIndex, 3);
+  EXPECT_EQ(session.analysis.FunDefined, kFalse);
+  EXPECT_EQ(session.analysis.ParVar, kFalse);
+  EXPECT_EQ(session.analysis.ParametersSet, kTrue);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 1);
+  EXPECT_EQ(session.analysis.fun.OuterIndex, 3);
 }
 
 }  // namespace

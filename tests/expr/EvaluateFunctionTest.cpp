@@ -80,9 +80,9 @@ TEST(EvaluateFunction, RunsTheCompiledCodeOfALoadedFunction) {
   const double value = EvaluateFunction(session, dialogs, 1.25);
   EXPECT_EQ(value, 3 * std::exp(valueOf("2*SIN(0.5*1.25)")));
   EXPECT_EQ(session.ErrFlag, 0);
-  EXPECT_EQ(session.model.Values[1], 1.25);
-  EXPECT_EQ(session.model.Values[2], 2);
-  EXPECT_EQ(session.model.Values[3], 0.5);
+  EXPECT_EQ(session.analysis.model.Values[1], 1.25);
+  EXPECT_EQ(session.analysis.model.Values[2], 2);
+  EXPECT_EQ(session.analysis.model.Values[3], 0.5);
 }
 
 TEST(EvaluateFunction, KeepsTheValueOfALoadedFunctionThatFails) {
@@ -100,7 +100,7 @@ TEST(EvaluateFunction, CopiesOnlyTheParametersOfTheLoadedFunction) {
   setFunction(session, 6, 7, {2, 9});  // the 9 belongs to the outer function
   compileModel(session, "p", "p+100");
   EvaluateFunction(session, dialogs, 0);
-  EXPECT_EQ(session.model.Values[3], 100);
+  EXPECT_EQ(session.analysis.model.Values[3], 100);
 }
 
 TEST(EvaluateFunction, IsZeroWithoutAnyModel) {

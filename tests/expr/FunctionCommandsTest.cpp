@@ -22,7 +22,7 @@ class FunctionCommandsTest : public testing::Test {
  protected:
   FunctionCommandsTest() {
     BuildCatalogue(session);
-    session.FunDir = "/lab";
+    session.files.FunDir = "/lab";
     files.content["/lab/good.fcn"] = kGoodFile;
     files.content["/lab/other.fcn"] = kOtherFile;
     files.content["/lab/bad.fcn"] = kBadFile;
@@ -49,8 +49,8 @@ class FunctionCommandsTest : public testing::Test {
     read("/lab/good.fcn");
     load(1);
     select(6, 2);
-    session.ParVar = kTrue;
-    session.ParametersSet = kTrue;
+    session.analysis.ParVar = kTrue;
+    session.analysis.ParametersSet = kTrue;
     for (const std::string& control : kSixEntries) window.menuEnabled[control] = true;
   }
 
@@ -74,15 +74,15 @@ TEST_F(FunctionCommandsTest, ThePickerAsksForAFunctionFileThatExists) {
 
 TEST_F(FunctionCommandsTest, AGoodFileIsTakenAndRemembered) {
   read("/lab/good.fcn");
-  EXPECT_EQ(session.FunFile, "/LAB/GOOD.FCN");
-  EXPECT_EQ(session.FunFileRead, kTrue);
-  EXPECT_EQ(session.catalogue.file.entries.size(), 2U);
+  EXPECT_EQ(session.loaded.FunFile, "/LAB/GOOD.FCN");
+  EXPECT_EQ(session.loaded.FunFileRead, kTrue);
+  EXPECT_EQ(session.loaded.catalogue.file.entries.size(), 2U);
   EXPECT_TRUE(window.menuEnabled["MenFunCar"]);
   EXPECT_EQ(window.panels[2], "Fun.: GOOD.FCN");
   EXPECT_THAT(forms.calls, ElementsAre("refill load list", "refill selection"));
-  EXPECT_EQ(session.RecentFun.RecentCount, 1);
-  EXPECT_EQ(session.RecentFun.files[1], "/LAB/GOOD.FCN");
-  EXPECT_EQ(session.RecentFun.paths[1], "/lab/good.fcn");
+  EXPECT_EQ(session.files.RecentFun.RecentCount, 1);
+  EXPECT_EQ(session.files.RecentFun.files[1], "/LAB/GOOD.FCN");
+  EXPECT_EQ(session.files.RecentFun.paths[1], "/lab/good.fcn");
   EXPECT_EQ(window.menuCaption["MenFunOld(0)"], "&1 /LAB/GOOD.FCN");
   EXPECT_TRUE(window.menuVisible["MenFunOld(0)"]);
   EXPECT_EQ(session.ErrFlag, 0);
@@ -90,7 +90,7 @@ TEST_F(FunctionCommandsTest, AGoodFileIsTakenAndRemembered) {
 }
 
 TEST_F(FunctionCommandsTest, AGoodFileShowsNothingWithTheOptionOnEither) {
-  session.ShowErrors = kTrue;
+  session.settings.ShowErrors = kTrue;
   read("/lab/good.fcn");
   EXPECT_EQ(session.ErrFlag, 0);
   EXPECT_EQ(session.TraceEnabled, kTrue);
@@ -105,8 +105,8 @@ TEST_F(FunctionCommandsTest, ACancelChangesNothing) {
   dialogs.pick(std::nullopt);
   MenFunLet();
   EXPECT_EQ(session.ErrFlag, kCancelled);
-  EXPECT_EQ(session.FunFile, "/LAB/GOOD.FCN");
-  EXPECT_EQ(session.RecentFun.RecentCount, 1);
+  EXPECT_EQ(session.loaded.FunFile, "/LAB/GOOD.FCN");
+  EXPECT_EQ(session.files.RecentFun.RecentCount, 1);
   EXPECT_TRUE(forms.calls.empty());
 }
 
@@ -117,40 +117,40 @@ TEST_F(FunctionCommandsTest, AMissingFileIsToldByThePicker) {
   ASSERT_EQ(dialogs.messages.size(), 1U);
   EXPECT_EQ(dialogs.messages[0].text, "Il File Funzioni Specificato: /lab/missing.fcn NON Esiste!");
   EXPECT_EQ(session.ErrFlag, kTrue);
-  EXPECT_EQ(session.FunFileRead, kFalse);
+  EXPECT_EQ(session.loaded.FunFileRead, kFalse);
 }
 
 TEST_F(FunctionCommandsTest, ARecentFileIsReadWithoutThePickerInItsFoldedName) {
   read("/lab/good.fcn");
   read("/lab/other.fcn");
   session.ErrFlag = kCancelled;  // left by an earlier command
-  session.RecentFun.pick = 2;
+  session.files.RecentFun.pick = 2;
   MenFunLet();
-  EXPECT_EQ(session.FunFile, "/LAB/GOOD.FCN");
-  EXPECT_EQ(session.catalogue.file.entries.size(), 2U);
-  EXPECT_EQ(session.RecentFun.pick, 0);
-  EXPECT_EQ(session.RecentFun.RecentCount, 3);
-  EXPECT_EQ(session.RecentFun.files[1], "/LAB/GOOD.FCN");
-  EXPECT_EQ(session.RecentFun.files[2], "/LAB/OTHER.FCN");
-  EXPECT_EQ(session.RecentFun.files[3], "/LAB/GOOD.FCN");
+  EXPECT_EQ(session.loaded.FunFile, "/LAB/GOOD.FCN");
+  EXPECT_EQ(session.loaded.catalogue.file.entries.size(), 2U);
+  EXPECT_EQ(session.files.RecentFun.pick, 0);
+  EXPECT_EQ(session.files.RecentFun.RecentCount, 3);
+  EXPECT_EQ(session.files.RecentFun.files[1], "/LAB/GOOD.FCN");
+  EXPECT_EQ(session.files.RecentFun.files[2], "/LAB/OTHER.FCN");
+  EXPECT_EQ(session.files.RecentFun.files[3], "/LAB/GOOD.FCN");
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
 TEST_F(FunctionCommandsTest, APickedRecentFileThatIsBadIsNotPickedAgain) {
   read("/lab/good.fcn");
   files.content["/lab/good.fcn"] = kBadFile;
-  session.RecentFun.pick = 1;
+  session.files.RecentFun.pick = 1;
   dialogs.press(1);
   MenFunLet();
-  EXPECT_EQ(session.RecentFun.pick, 0);
+  EXPECT_EQ(session.files.RecentFun.pick, 0);
 }
 
 TEST_F(FunctionCommandsTest, AVanishedRecentFileIsARuntimeErrorAndNotPickedAgain) {
   read("/lab/good.fcn");
   files.content.erase("/lab/good.fcn");
-  session.RecentFun.pick = 1;
+  session.files.RecentFun.pick = 1;
   EXPECT_THROW(MenFunLet(), RuntimeError);
-  EXPECT_EQ(session.RecentFun.pick, 0);
+  EXPECT_EQ(session.files.RecentFun.pick, 0);
 }
 
 TEST_F(FunctionCommandsTest, ABadFileWithTheOptionOffIsToldInOneMessage) {
@@ -171,7 +171,7 @@ TEST_F(FunctionCommandsTest, ABadFileWithTheOptionOffIsToldInOneMessage) {
 
 // QUIRK: the second window comes up empty.
 TEST_F(FunctionCommandsTest, QuirkABadFileWithTheOptionOnShowsItsReportAndThenAnEmptyWindowBesideIt) {
-  session.ShowErrors = kTrue;
+  session.settings.ShowErrors = kTrue;
   read("/lab/bad.fcn");
   ASSERT_EQ(output.requests.size(), 2U);
   const OutputRequest& report = output.requests[0];
@@ -194,34 +194,34 @@ TEST_F(FunctionCommandsTest, ABadFileLeavesTheOneBeforeAndItsFunctions) {
   forms.calls.clear();
   dialogs.press(1);
   read("/lab/bad.fcn");
-  EXPECT_EQ(session.FunFile, "/LAB/GOOD.FCN");
-  EXPECT_EQ(session.catalogue.file.entries.size(), 2U);
-  EXPECT_EQ(session.catalogue.inner.size(), 6U);
-  EXPECT_EQ(session.RecentFun.RecentCount, 1);
+  EXPECT_EQ(session.loaded.FunFile, "/LAB/GOOD.FCN");
+  EXPECT_EQ(session.loaded.catalogue.file.entries.size(), 2U);
+  EXPECT_EQ(session.loaded.catalogue.inner.size(), 6U);
+  EXPECT_EQ(session.files.RecentFun.RecentCount, 1);
   EXPECT_TRUE(forms.calls.empty());
 }
 
 TEST_F(FunctionCommandsTest, ABadFileWhileALoadedFunctionIsCurrentLeavesItsModel) {
   workWithLoadedFunction();
-  const std::string code = session.model.Code;
+  const std::string code = session.analysis.model.Code;
   dialogs.press(1);
   read("/lab/bad.fcn");
-  EXPECT_EQ(session.model.Code, code);
-  EXPECT_EQ(session.model.nPar, 1);
-  EXPECT_EQ(session.FunDefined, kTrue);
-  EXPECT_EQ(session.fun.InnerIndex, 6);
-  EXPECT_EQ(session.ParVar, kTrue);
+  EXPECT_EQ(session.analysis.model.Code, code);
+  EXPECT_EQ(session.analysis.model.nPar, 1);
+  EXPECT_EQ(session.analysis.FunDefined, kTrue);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 6);
+  EXPECT_EQ(session.analysis.ParVar, kTrue);
   for (const std::string& control : kSixEntries) EXPECT_TRUE(window.menuEnabled[control]) << control;
 }
 
 TEST_F(FunctionCommandsTest, AnotherFileDropsTheLoadedFunctionsAndTheCurrentOneWithThem) {
   workWithLoadedFunction();
   read("/lab/other.fcn");
-  EXPECT_EQ(session.catalogue.inner.size(), 5U);
-  EXPECT_EQ(session.FunDefined, kFalse);
-  EXPECT_EQ(session.ParVar, kFalse);
-  EXPECT_EQ(session.fun.InnerIndex, 1);
-  EXPECT_EQ(session.fun.OuterIndex, 2);
+  EXPECT_EQ(session.loaded.catalogue.inner.size(), 5U);
+  EXPECT_EQ(session.analysis.FunDefined, kFalse);
+  EXPECT_EQ(session.analysis.ParVar, kFalse);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 1);
+  EXPECT_EQ(session.analysis.fun.OuterIndex, 2);
   for (const std::string& control : kSixEntries) EXPECT_FALSE(window.menuEnabled[control]) << control;
   EXPECT_EQ(window.panels[4], "Fun.Att.: NO");
   EXPECT_EQ(window.panels[5], "Par.Var.: NO");
@@ -229,7 +229,7 @@ TEST_F(FunctionCommandsTest, AnotherFileDropsTheLoadedFunctionsAndTheCurrentOneW
 
 TEST_F(FunctionCommandsTest, TheFigureMenusComeOnAgainWhereDataAndParametersAreThere) {
   workWithLoadedFunction();
-  session.DataDefined = kTrue;
+  session.loaded.DataDefined = kTrue;
   read("/lab/other.fcn");
   for (const char* control : {"MenSerPro", "MenAda", "MenAdaAda", "MenAdaPar"}) {
     EXPECT_FALSE(window.menuEnabled[control]) << control;
@@ -242,21 +242,21 @@ TEST_F(FunctionCommandsTest, AnotherFileLeavesABuiltInCurrentFunction) {
   read("/lab/good.fcn");
   load(1);
   select(3, 2);
-  session.ParVar = kTrue;
+  session.analysis.ParVar = kTrue;
   window.menuEnabled["MenAdaAda"] = true;
   read("/lab/other.fcn");
-  EXPECT_EQ(session.catalogue.inner.size(), 5U);
-  EXPECT_EQ(session.FunDefined, kTrue);
-  EXPECT_EQ(session.ParVar, kTrue);
-  EXPECT_EQ(session.fun.InnerIndex, 3);
+  EXPECT_EQ(session.loaded.catalogue.inner.size(), 5U);
+  EXPECT_EQ(session.analysis.FunDefined, kTrue);
+  EXPECT_EQ(session.analysis.ParVar, kTrue);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 3);
   EXPECT_TRUE(window.menuEnabled["MenSerPro"]);
   EXPECT_TRUE(window.menuEnabled["MenAdaAda"]);
 }
 
 TEST_F(FunctionCommandsTest, SelectingAFunctionMakesItCurrent) {
   select(2, 1);
-  EXPECT_EQ(session.FunDefined, kTrue);
-  EXPECT_EQ(session.fun.FunctionText, " y = bx+c ");
+  EXPECT_EQ(session.analysis.FunDefined, kTrue);
+  EXPECT_EQ(session.analysis.fun.FunctionText, " y = bx+c ");
   EXPECT_TRUE(window.menuEnabled["MenSerPro"]);
   EXPECT_TRUE(window.menuEnabled["MenAda"]);
   EXPECT_TRUE(window.menuEnabled["MenAdaPar"]);
@@ -266,29 +266,29 @@ TEST_F(FunctionCommandsTest, SelectingAFunctionMakesItCurrent) {
 
 TEST_F(FunctionCommandsTest, SelectingTheSamePairAgainKeepsTheParameters) {
   select(2, 1);
-  session.par.ParValues[1] = 7;
-  session.ParVar = kTrue;
+  session.analysis.par.ParValues[1] = 7;
+  session.analysis.ParVar = kTrue;
   select(2, 1);
-  EXPECT_EQ(session.par.ParValues[1], 7);
-  EXPECT_EQ(session.ParVar, kTrue);
-  EXPECT_EQ(session.SimFirstTime, kFalse);
+  EXPECT_EQ(session.analysis.par.ParValues[1], 7);
+  EXPECT_EQ(session.analysis.ParVar, kTrue);
+  EXPECT_EQ(session.analysis.SimFirstTime, kFalse);
 }
 
 TEST_F(FunctionCommandsTest, GivingUpTheSelectionChangesNothing) {
   select(2, 1);
-  session.par.ParValues[1] = 7;
-  session.SimFirstTime = kTrue;
+  session.analysis.par.ParValues[1] = 7;
+  session.analysis.SimFirstTime = kTrue;
   forms.giveUpSelection();
   MenFunSel();
-  EXPECT_EQ(session.fun.InnerIndex, 2);
-  EXPECT_EQ(session.par.ParValues[1], 7);
-  EXPECT_EQ(session.SimFirstTime, kTrue);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 2);
+  EXPECT_EQ(session.analysis.par.ParValues[1], 7);
+  EXPECT_EQ(session.analysis.SimFirstTime, kTrue);
 }
 
 TEST_F(FunctionCommandsTest, GivingUpTheFirstSelectionLeavesNoFunction) {
   forms.giveUpSelection();
   MenFunSel();
-  EXPECT_EQ(session.FunDefined, kFalse);
+  EXPECT_EQ(session.analysis.FunDefined, kFalse);
   EXPECT_FALSE(window.menuEnabled["MenSerPro"]);
   EXPECT_EQ(window.panels[4], "Fun.Att.: NO");
 }
@@ -299,8 +299,8 @@ TEST_F(FunctionCommandsTest, LoadingHoldsTheMainWindowAndRefillsTheSelectionList
   window.calls.clear();
   forms.whileOpen = [&] { EXPECT_FALSE(window.enabled); };
   load(2);
-  EXPECT_EQ(session.catalogue.inner.size(), 6U);
-  EXPECT_EQ(session.catalogue.inner[5].display, "parabola");
+  EXPECT_EQ(session.loaded.catalogue.inner.size(), 6U);
+  EXPECT_EQ(session.loaded.catalogue.inner[5].display, "parabola");
   EXPECT_THAT(forms.calls, ElementsAre("refill selection"));
   EXPECT_THAT(window.calls, ElementsAre("shut", "release", "front"));
 }
@@ -309,7 +309,7 @@ TEST_F(FunctionCommandsTest, GivingUpTheLoadChangesNothing) {
   read("/lab/good.fcn");
   forms.calls.clear();
   load(0);
-  EXPECT_EQ(session.catalogue.inner.size(), 5U);
+  EXPECT_EQ(session.loaded.catalogue.inner.size(), 5U);
   EXPECT_TRUE(forms.calls.empty());
   EXPECT_TRUE(window.enabled);
 }
@@ -317,11 +317,11 @@ TEST_F(FunctionCommandsTest, GivingUpTheLoadChangesNothing) {
 TEST_F(FunctionCommandsTest, AFifthLoadThatDropsTheCurrentFunctionLeavesNone) {
   workWithLoadedFunction();
   for (int i = 0; i < 4; ++i) load(2);
-  EXPECT_EQ(session.catalogue.inner.size(), 9U);
-  EXPECT_EQ(session.FunDefined, kFalse);
-  EXPECT_EQ(session.ParVar, kFalse);
-  EXPECT_EQ(session.fun.InnerIndex, 0);
-  EXPECT_EQ(session.fun.OuterIndex, 0);
+  EXPECT_EQ(session.loaded.catalogue.inner.size(), 9U);
+  EXPECT_EQ(session.analysis.FunDefined, kFalse);
+  EXPECT_EQ(session.analysis.ParVar, kFalse);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 0);
+  EXPECT_EQ(session.analysis.fun.OuterIndex, 0);
   EXPECT_FALSE(window.menuEnabled["MenSerPro"]);
   EXPECT_EQ(window.panels[4], "Fun.Att.: NO");
   EXPECT_EQ(window.panels[5], "Par.Var.: NO");
@@ -333,10 +333,10 @@ TEST_F(FunctionCommandsTest, AFifthLoadThatDropsAnotherFunctionKeepsTheCurrentOn
   load(2);
   select(7, 1);
   for (int i = 0; i < 3; ++i) load(1);
-  EXPECT_EQ(session.fun.InnerIndex, 6);
-  EXPECT_EQ(session.FunDefined, kTrue);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 6);
+  EXPECT_EQ(session.analysis.FunDefined, kTrue);
   EXPECT_TRUE(window.menuEnabled["MenSerPro"]);
-  EXPECT_EQ(session.fun.FunctionText, " y = parabola ");
+  EXPECT_EQ(session.analysis.fun.FunctionText, " y = parabola ");
 }
 
 }  // namespace

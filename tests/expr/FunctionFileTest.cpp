@@ -50,10 +50,10 @@ class FunctionFileTest : public testing::Test {
     Session other;
     other.TraceEnabled = kTrue;
     Int16 flag = kTrue;
-    CompileExpression(other, definition, other.model, flag);
+    CompileExpression(other, definition, other.analysis.model, flag);
     return other.TraceText;
   }
-  const std::vector<FunctionFile::Entry>& entries() const { return session.catalogue.file.entries; }
+  const std::vector<FunctionFile::Entry>& entries() const { return session.loaded.catalogue.file.entries; }
 
   Session session;
   MemoryFiles files;
@@ -67,7 +67,7 @@ TEST_F(FunctionFileTest, AFileWithAContinuedDefinition) {
   EXPECT_EQ(entries()[0].parameters, "A,B");
   EXPECT_EQ(entries()[0].definition, "A*SIN(x)+B");
   EXPECT_EQ(entries()[0].description, "a free text describing the function");
-  EXPECT_EQ(session.catalogue.file.DescriptionWidth, 35);
+  EXPECT_EQ(session.loaded.catalogue.file.DescriptionWidth, 35);
 }
 
 TEST_F(FunctionFileTest, CommentsAndEmptyLinesAreSkippedEverywhereAlsoInsideARecord) {
@@ -104,7 +104,7 @@ TEST_F(FunctionFileTest, AnIncompleteTripleChangesNoField) {
   EXPECT_EQ(session.ErrFlag, kTrue);
   ASSERT_EQ(entries().size(), 1U);
   EXPECT_EQ(entries()[0].description, "retta");
-  EXPECT_EQ(session.catalogue.file.DescriptionWidth, 5);
+  EXPECT_EQ(session.loaded.catalogue.file.DescriptionWidth, 5);
 }
 
 TEST_F(FunctionFileTest, AFileOfCommentsContainsNoFunctions) {
@@ -135,7 +135,7 @@ TEST_F(FunctionFileTest, AnEleventhFunctionThatIsWrongIsNotLookedAt) {
   for (int i = 1; i <= 10; ++i) text += lines({"A", "A*x", "una descrizione"});
   read(text + lines({"A", "B*", "la descrizione piu` lunga di tutte"}));
   EXPECT_EQ(session.ErrFlag, 0);
-  EXPECT_EQ(session.catalogue.file.DescriptionWidth, 15);
+  EXPECT_EQ(session.loaded.catalogue.file.DescriptionWidth, 15);
 }
 
 TEST_F(FunctionFileTest, ADescriptionOfSixtyCharactersIsKeptWholeAndTheWidthStopsAt56) {
@@ -143,7 +143,7 @@ TEST_F(FunctionFileTest, ADescriptionOfSixtyCharactersIsKeptWholeAndTheWidthStop
   read(lines({"A", "A*x", "corta", "A", "A*x", description}));
   ASSERT_EQ(entries().size(), 2U);
   EXPECT_EQ(entries()[1].description, description);
-  EXPECT_EQ(session.catalogue.file.DescriptionWidth, 56);
+  EXPECT_EQ(session.loaded.catalogue.file.DescriptionWidth, 56);
 }
 
 TEST_F(FunctionFileTest, ABlankDescriptionLineIsSkippedSoThatTheTriplesShift) {
@@ -393,11 +393,11 @@ TEST_F(FunctionFileTest, EveryRandomFileIsEitherRefusedOrCanBeTaken) {
     if (session.ErrFlag != 0) continue;
     BuildCatalogue(session);
     loadFunction(session, 1);
-    session.FunDefined = kFalse;
+    session.analysis.FunDefined = kFalse;
     choose(session, 6, 1);
-    ASSERT_EQ(session.model.nPar, session.par.ParCount) << bytes;
-    ASSERT_GT(session.model.Values.upper(), session.model.nPar) << bytes;
-    ASSERT_FALSE(session.model.Code.empty()) << bytes;
+    ASSERT_EQ(session.analysis.model.nPar, session.analysis.par.ParCount) << bytes;
+    ASSERT_GT(session.analysis.model.Values.upper(), session.analysis.model.nPar) << bytes;
+    ASSERT_FALSE(session.analysis.model.Code.empty()) << bytes;
     ++taken;
   }
   EXPECT_GT(taken, 100);
@@ -407,13 +407,13 @@ TEST_F(FunctionFileTest, TheCheckLeavesTheModelOfALoadedFunctionAsItWas) {
   read(lines({"p,q", "p*x+q", "retta"}));
   loadFunction(session, 1);
   choose(session, 6, 1);
-  const std::string code = session.model.Code;
+  const std::string code = session.analysis.model.Code;
   read(lines({"A", "A*", "cattiva"}));
-  EXPECT_EQ(session.model.Code, code);
-  EXPECT_EQ(session.model.nPar, 2);
+  EXPECT_EQ(session.analysis.model.Code, code);
+  EXPECT_EQ(session.analysis.model.nPar, 2);
   report(lines({"A,B,C", "A*x*x+B*x+C", "buona"}));
-  EXPECT_EQ(session.model.Code, code);
-  EXPECT_EQ(session.model.nPar, 2);
+  EXPECT_EQ(session.analysis.model.Code, code);
+  EXPECT_EQ(session.analysis.model.nPar, 2);
 }
 
 TEST_F(FunctionFileTest, DepartureTooManyLinesAreAWrongStructureAndNothingIsCompiled) {

@@ -26,7 +26,7 @@ TEST_F(FigureCommandsTest, FiguresTellWhatIsMissing) {
   loadPoints();
   EXPECT_EQ(refusalOf(MenGraFunVis), "Funzione NON Definita!     <*> per Continuare");
   EXPECT_EQ(refusalOf(MenGraDifVis), "Funzione NON Definita!     <*> per Continuare");
-  session.DataDefined = kFalse;
+  session.loaded.DataDefined = kFalse;
   takeFunction(2, 1, {1, 0});
   EXPECT_EQ(refusalOf(MenGraFunVis), "Dati NON Definiti!     <*> per Continuare");
   EXPECT_EQ(refusalOf(MenGraDifVis), "Dati NON Definiti!     <*> per Continuare");
@@ -39,14 +39,14 @@ TEST_F(FigureCommandsTest, EachDrawsItsFigure) {
   std::size_t kind = 0;
   for (const Command command : commands) {
     command(session, ports);
-    EXPECT_NE(session.GraphText[++kind], "");
+    EXPECT_NE(session.figures.GraphText[++kind], "");
   }
   EXPECT_EQ(plots.windows.size(), 3U);
 }
 
 TEST_F(FigureCommandsTest, EachSavesItsText) {
-  session.DiffText = "zero";
-  session.GraphText = {"", "one", "two", "three"};
+  session.figures.DiffText = "zero";
+  session.figures.GraphText = {"", "one", "two", "three"};
   const Command commands[] = {MenGraDifSav, MenGraDatGra, MenGraFunGra, MenGraDifGra};
   const char* texts[] = {"zero\r\n", "one\r\n", "two\r\n", "three\r\n"};
   for (std::size_t i = 0; i < 4; ++i) {
@@ -61,7 +61,7 @@ TEST_F(FigureCommandsTest, TheChosenGraphicFileRunsOnTheScreenAndOnThePrinter) {
   files.content["/G/FIG.GRA"] = lines({"\\SIMBOLO(3,4)", "\\NO()"});
   dialogs.pick("/G/FIG.GRA");
   MenGraLetFil(session, files, dialogs, window);
-  EXPECT_EQ(session.GraFile, "/G/FIG.GRA");
+  EXPECT_EQ(session.loaded.GraFile, "/G/FIG.GRA");
   EXPECT_TRUE(window.menuEnabled["MenGraVisFil"]);
   EXPECT_TRUE(window.menuEnabled["MenGraPriFil"]);
   MenGraVisFil(session, ports);
@@ -77,17 +77,17 @@ TEST_F(FigureCommandsTest, TheFilePickerOfGraphicFilesHasItsCaptionAndKind) {
   MenGraLetFil(session, files, dialogs, window);
   EXPECT_EQ(dialogs.fileRequests[0].caption, "VOR_KEL: Lettura File Grafico");
   EXPECT_EQ(dialogs.fileRequests[0].filter, "Tutti i File (*.*)|*.*|File Grafici (*.GRA)|*.GRA|");
-  EXPECT_EQ(session.GraDefined, kFalse);
+  EXPECT_EQ(session.loaded.GraDefined, kFalse);
 }
 
 TEST_F(FigureCommandsTest, TextsOfFiguresAreForgottenWithTheirData) {
   loadPoints();
   MenGraDatVis(session, ports);
-  EXPECT_NE(session.GraphText[1], "");
+  EXPECT_NE(session.figures.GraphText[1], "");
   files.content["B.DAT"] = lines({"x", "y", "2", "1 2 .5", "2 3 .5"});
   dialogs.pick("B.DAT");
   MenDatLet(session, files, dialogs, output, window);
-  EXPECT_EQ(session.GraphText[1], "");
+  EXPECT_EQ(session.figures.GraphText[1], "");
   EXPECT_FALSE(window.menuEnabled["MenGraDatGra"]);
 }
 

@@ -16,7 +16,7 @@ std::string lines(std::initializer_list<std::string> content) {
 
 FigureFixture::FigureFixture() {
   BuildCatalogue(session);
-  session.ShowErrors = kTrue;
+  session.settings.ShowErrors = kTrue;
 }
 
 std::vector<std::string> FigureFixture::run(const std::string& text, const std::string& device) {
@@ -29,7 +29,7 @@ std::vector<std::string> FigureFixture::drawing(const Calls& calls) {
   RecorderDevice form;
   GralCls drawing(printer, screen);
   drawing.GralCaption = "VOR_KEL: Visualizza File Grafico";
-  drawing.GralGrStr(form, "LANDSCAPE", static_cast<double>(session.GraphScale[3]));
+  drawing.GralGrStr(form, "LANDSCAPE", static_cast<double>(session.figures.GraphScale[3]));
   calls(drawing);
   drawing.GralGrEnd();
   return form.lines();
@@ -48,9 +48,9 @@ std::string FigureFixture::errorsOf(const std::string& text) {
 
 void FigureFixture::loadData(const std::string& name, const std::vector<std::array<double, 4>>& points,
                              bool xErrors) {
-  session.DataFile = session.DataPath = name;
-  session.DataDefined = kTrue;
-  DataSet& data = session.data;
+  session.loaded.DataFile = session.loaded.DataPath = name;
+  session.loaded.DataDefined = kTrue;
+  DataSet& data = session.loaded.data;
   data.allocate(static_cast<int>(points.size()), toFlag(xErrors));
   data.TitleX = "Tempo (s)";
   data.TitleY = "Corsa (m)";
@@ -66,11 +66,11 @@ void FigureFixture::loadData(const std::string& name, const std::vector<std::arr
 
 void FigureFixture::takeFunction(int inner, int outer, const std::vector<double>& parameters) {
   choose(session, inner, outer);
-  ASSERT_EQ(static_cast<std::size_t>(session.par.ParCount), parameters.size());
+  ASSERT_EQ(static_cast<std::size_t>(session.analysis.par.ParCount), parameters.size());
   int i = 0;
-  for (const double value : parameters) session.par.ParValues[++i] = value;
-  session.ParametersSet = kTrue;
-  session.ParVar = kTrue;
+  for (const double value : parameters) session.analysis.par.ParValues[++i] = value;
+  session.analysis.ParametersSet = kTrue;
+  session.analysis.ParVar = kTrue;
 }
 
 }  // namespace vk

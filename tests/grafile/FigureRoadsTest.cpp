@@ -79,9 +79,9 @@ TEST_P(FunctionRoads, AFittedFigureThatIsSavedReadAndRunIsTheSame) {
 
   RecorderDevice form;
   GralCls scales(printer, screen);
-  openLike(scales, form, session.GraphText[kFunctionFigure]);
+  openLike(scales, form, session.figures.GraphText[kFunctionFigure]);
 
-  ASSERT_EQ(generated.curve.size(), static_cast<std::size_t>(session.data.NumFunPnt));
+  ASSERT_EQ(generated.curve.size(), static_cast<std::size_t>(session.loaded.data.NumFunPnt));
   for (const std::string& segment : generated.curve) {
     const auto place = numbersOf(segment);
     ASSERT_EQ(place.size(), 4U) << segment;
@@ -122,25 +122,25 @@ TEST_P(FunctionRoads, DifferencesThatAreSavedAndPutInAsTheCommentsSayAppear) {
 
 TEST_P(FunctionRoads, AGraphicFileBetweenTwoFitsChangesNeither) {
   fitExample(GetParam());
-  const DataSet data = session.data;
-  const ParameterSet par = session.par;
+  const DataSet data = session.loaded.data;
+  const ParameterSet par = session.analysis.par;
   files.content["BETWEEN.GRA"] = lines({"\\XASSE(0,1,2,2,3,0)", "\\FUNZIONE(SIN(x)^2-x)", "\\DATI(ohm.dat)",
                                         "\\SPEZZATA(decay.dat)", "\\CURVA(pendulum.dat)"});
   runFile("BETWEEN.GRA");
-  EXPECT_EQ(session.par.ParValues, par.ParValues);
-  EXPECT_EQ(session.par.ParDeltas, par.ParDeltas);
-  EXPECT_EQ(session.par.ParNames, par.ParNames);
-  EXPECT_EQ(session.data.Xpnt, data.Xpnt);
-  EXPECT_EQ(session.data.ErrEff, data.ErrEff);
-  EXPECT_EQ(session.data.NumPnt, data.NumPnt);
-  EXPECT_EQ(session.DataFile, upper(GetParam().name) + ".DAT");
+  EXPECT_EQ(session.analysis.par.ParValues, par.ParValues);
+  EXPECT_EQ(session.analysis.par.ParDeltas, par.ParDeltas);
+  EXPECT_EQ(session.analysis.par.ParNames, par.ParNames);
+  EXPECT_EQ(session.loaded.data.Xpnt, data.Xpnt);
+  EXPECT_EQ(session.loaded.data.ErrEff, data.ErrEff);
+  EXPECT_EQ(session.loaded.data.NumPnt, data.NumPnt);
+  EXPECT_EQ(session.loaded.DataFile, upper(GetParam().name) + ".DAT");
 
   MenAdaAda(session, dialogs, window, output, clock);
-  const Array<double> withFileBetween = session.par.ParValues;
-  session.data = data;
-  session.par = par;
+  const Array<double> withFileBetween = session.analysis.par.ParValues;
+  session.loaded.data = data;
+  session.analysis.par = par;
   MenAdaAda(session, dialogs, window, output, clock);
-  EXPECT_EQ(withFileBetween, session.par.ParValues);
+  EXPECT_EQ(withFileBetween, session.analysis.par.ParValues);
 }
 
 std::string exampleName(const ::testing::TestParamInfo<ExampleFit>& example) {
@@ -156,34 +156,34 @@ class DataRoads : public FigureRoads {
     files.content["OTHER.GRA"] = lines({"\\DATI(ohm.dat)", "\\XASSE(0,1,2,2,3,0)", "\\FUNZIONE(x*x)"});
   }
   void expectTheSameFitAfterAGraphicFile() {
-    const DataSet data = session.data;
-    const std::string name = session.DataFile;
-    const ParameterSet start = session.par;
+    const DataSet data = session.loaded.data;
+    const std::string name = session.loaded.DataFile;
+    const ParameterSet start = session.analysis.par;
     MenAdaAda(session, dialogs, window, output, clock);
-    const Array<double> wanted = session.par.ParValues;
-    session.par = start;
+    const Array<double> wanted = session.analysis.par.ParValues;
+    session.analysis.par = start;
     runFile("OTHER.GRA");
-    EXPECT_EQ(session.data.Xpnt, data.Xpnt);
-    EXPECT_EQ(session.data.Ypnt, data.Ypnt);
-    EXPECT_EQ(session.data.ErrYpnt, data.ErrYpnt);
-    EXPECT_EQ(session.data.TitleX, data.TitleX);
-    EXPECT_EQ(session.DataFile, upper(name));
+    EXPECT_EQ(session.loaded.data.Xpnt, data.Xpnt);
+    EXPECT_EQ(session.loaded.data.Ypnt, data.Ypnt);
+    EXPECT_EQ(session.loaded.data.ErrYpnt, data.ErrYpnt);
+    EXPECT_EQ(session.loaded.data.TitleX, data.TitleX);
+    EXPECT_EQ(session.loaded.DataFile, upper(name));
     MenAdaAda(session, dialogs, window, output, clock);
-    EXPECT_EQ(session.par.ParValues, wanted);
+    EXPECT_EQ(session.analysis.par.ParValues, wanted);
   }
 };
 
 TEST_F(DataRoads, SimulatedDataSurviveAGraphicFile) {
   takeFunction(2, 1, {2, 1});
-  session.par.ParDeltas[1] = session.par.ParDeltas[2] = 1;
+  session.analysis.par.ParDeltas[1] = session.analysis.par.ParDeltas[2] = 1;
   classifyParameters(session);
   SystemRandom random;
   random.seed(1);
   ScriptedInputForm form(session, [&](int) { SimulateData(session, dialogs, window, random, [] {}); });
   form.execute({"0", "10", "20", "0.5", "1", "0", "1"});
   MenDatSim(session, form);
-  ASSERT_EQ(session.DataFile, "SIMULA.DAT");
-  ASSERT_EQ(session.data.NumPnt, 20);
+  ASSERT_EQ(session.loaded.DataFile, "SIMULA.DAT");
+  ASSERT_EQ(session.loaded.data.NumPnt, 20);
   expectTheSameFitAfterAGraphicFile();
 }
 
@@ -192,7 +192,7 @@ TEST_F(DataRoads, TransformedDataSurviveAGraphicFile) {
   ScriptedInputForm form(session, [&](int) { TransformData(session, dialogs, window); });
   form.execute({"2 T", "U/2", "2*x", "y/2", "dy/2"});
   MenDatTra(session, form);
-  ASSERT_EQ(session.data.TitleX, "2 T");
+  ASSERT_EQ(session.loaded.data.TitleX, "2 T");
   expectTheSameFitAfterAGraphicFile();
 }
 
@@ -221,7 +221,7 @@ TEST_F(DataRoads, AFileWithCommentsSurvivesAGraphicFile) {
   dialogs.pick("NOTED.DAT");
   MenDatLet(session, files, dialogs, output, window);
   takeFunction(2, 1, {1, 1});
-  session.par.ParDeltas[1] = session.par.ParDeltas[2] = 1;
+  session.analysis.par.ParDeltas[1] = session.analysis.par.ParDeltas[2] = 1;
   classifyParameters(session);
   expectTheSameFitAfterAGraphicFile();
 }

@@ -66,11 +66,11 @@ TEST_F(FormatsPage, TheDataFileHasItsPoints) {
   EXPECT_EQ(reading.declaredCount, 5);
   EXPECT_EQ(reading.data.NumPnt, 5);
   LoadDataFile(session, name, std::move(reading));
-  EXPECT_EQ(session.data.TitleX, "Massa (g)");
-  EXPECT_EQ(session.data.TitleY, "Elongazione (mm)");
-  EXPECT_EQ(session.data.Ypnt[5], 101.5);
-  EXPECT_EQ(session.data.ErrXpnt[5], .5);
-  EXPECT_EQ(session.data.ErrYpnt[5], 1);
+  EXPECT_EQ(session.loaded.data.TitleX, "Massa (g)");
+  EXPECT_EQ(session.loaded.data.TitleY, "Elongazione (mm)");
+  EXPECT_EQ(session.loaded.data.Ypnt[5], 101.5);
+  EXPECT_EQ(session.loaded.data.ErrXpnt[5], .5);
+  EXPECT_EQ(session.loaded.data.ErrYpnt[5], 1);
 }
 
 TEST_F(FormatsPage, TheFunctionFileHasItsFunctions) {
@@ -78,7 +78,7 @@ TEST_F(FormatsPage, TheFunctionFileHasItsFunctions) {
   session.CheckFunctions = kTrue;
   ReadFunctionFile(session, files, output, name, kFalse);
   EXPECT_EQ(session.ErrFlag, 0);
-  const auto& functions = session.catalogue.file.entries;
+  const auto& functions = session.loaded.catalogue.file.entries;
   ASSERT_EQ(functions.size(), 2U);
   EXPECT_EQ(functions[0].definition, "x/k+l0");
   EXPECT_EQ(functions[1].parameters, "k,l0,q");

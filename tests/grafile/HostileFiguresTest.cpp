@@ -42,7 +42,9 @@ class HostileFiguresTest : public FigureFixture, public ::testing::WithParamInte
     return lastWindow().form.lines();
   }
 
-  const std::string& textOf(int kind) const { return session.GraphText.at(static_cast<std::size_t>(kind)); }
+  const std::string& textOf(int kind) const {
+    return session.figures.GraphText.at(static_cast<std::size_t>(kind));
+  }
 
   /// The marks stand where the limits that the text tells put them.
   void expectMarks(int kind, const std::vector<std::string>& drawn) {

@@ -42,7 +42,7 @@ class MakeGraphTest : public FigureFixture {
   void takeLogarithm(double t) { takeFormula("LOG(x-t)", t); }
   /// A function of a function file with the parameter t.
   void takeFormula(const std::string& formula, double t) {
-    session.catalogue.file.entries = {{"t", formula, "formula"}};
+    session.loaded.catalogue.file.entries = {{"t", formula, "formula"}};
     loadFunction(session, 1);
     takeFunction(6, 1, {t});
   }
@@ -50,7 +50,7 @@ class MakeGraphTest : public FigureFixture {
   /// both good.
   void expectCurveWithout(const std::set<int>& failed, double Yi, double Yf, int nDivY) {
     const auto drawn = makeGraph(kFunctionFigure);
-    const DataSet& data = session.data;
+    const DataSet& data = session.loaded.data;
     for (int i = 0; i <= 50; ++i) EXPECT_EQ(data.FunFailed[i], toFlag(failed.contains(i))) << i;
     EXPECT_EQ(drawn, openDrawing([&](GralCls& d) {
                 drawBox(d, 0, 10, 10, Yi, Yf, nDivY, "Corsa (m)");
@@ -74,7 +74,7 @@ class MakeGraphTest : public FigureFixture {
                 drawBox(d, 0, 10, 10, -.5, 2, 5, "Corsa (m) (Mis.-Calc.)");
                 d.GralLine(0, 0, 10, 0);
                 d.GralClip(0, -.5, 10, 2);
-                DataSet differences = session.data;
+                DataSet differences = session.loaded.data;
                 differences.Ypnt[1] = 0;
                 differences.Ypnt[2] = 1.5;
                 differences.ErrYpnt = errors;
@@ -91,31 +91,31 @@ class MakeGraphTest : public FigureFixture {
 TEST_F(MakeGraphTest, TheTextOfTheData) {
   loadPoints();
   makeGraph(kDataFigure);
-  EXPECT_EQ(session.GraphText[1], lines({"%File Grafico Dati",
-                                         "%File Dati: /D/A.DAT",
-                                         "%Coordinate Fisiche",
-                                         "\\PARAMETRI(Xcmi=5, Ycmi=4, Xcmf=18, Ycmf=13)",
-                                         "%Coordinate Logiche",
-                                         "\\PARAMETRI(Xi=0, Yi=1, Xf=10, Yf=2.6)",
-                                         "%Scala le Coordinate Fisiche in Coordinate Logiche",
-                                         "\\XSCALA(Xcmi, Xcmf, Xi, Xf)",
-                                         "\\YSCALA(Ycmi, Ycmf, Yi, Yf)",
-                                         "%Divisioni degli Assi",
-                                         "\\PARAMETRI(nDivX=10, nDivY=8)",
-                                         "%Disegna gli Assi",
-                                         "\\XASSE(Xi, Xf, Yi, nDivX, 3, 1,Tempo (s))",
-                                         "\\XASSE(Xi, Xf, Yf, nDivX, -3, 0)",
-                                         "\\YASSE(Yi, Yf, Xi, nDivY, 3, 1,Corsa (m))",
-                                         "\\YASSE(Yi, Yf, Xf, nDivY, -3, 0)",
-                                         "%Limita l'Area del Disegno",
-                                         "\\AREA(Xi, Yi, Xf, Yf)",
-                                         "%Seleziona il Simbolo",
-                                         "\\TIPO_SIMBOLO(1.5,5)",
-                                         "%Disegna i Dati",
-                                         "\\Dati(/D/A.DAT)"}));
-  EXPECT_EQ(session.GraphText[2], "");
-  EXPECT_EQ(session.GraphText[3], "");
-  EXPECT_EQ(session.DiffText, "");
+  EXPECT_EQ(session.figures.GraphText[1], lines({"%File Grafico Dati",
+                                                 "%File Dati: /D/A.DAT",
+                                                 "%Coordinate Fisiche",
+                                                 "\\PARAMETRI(Xcmi=5, Ycmi=4, Xcmf=18, Ycmf=13)",
+                                                 "%Coordinate Logiche",
+                                                 "\\PARAMETRI(Xi=0, Yi=1, Xf=10, Yf=2.6)",
+                                                 "%Scala le Coordinate Fisiche in Coordinate Logiche",
+                                                 "\\XSCALA(Xcmi, Xcmf, Xi, Xf)",
+                                                 "\\YSCALA(Ycmi, Ycmf, Yi, Yf)",
+                                                 "%Divisioni degli Assi",
+                                                 "\\PARAMETRI(nDivX=10, nDivY=8)",
+                                                 "%Disegna gli Assi",
+                                                 "\\XASSE(Xi, Xf, Yi, nDivX, 3, 1,Tempo (s))",
+                                                 "\\XASSE(Xi, Xf, Yf, nDivX, -3, 0)",
+                                                 "\\YASSE(Yi, Yf, Xi, nDivY, 3, 1,Corsa (m))",
+                                                 "\\YASSE(Yi, Yf, Xf, nDivY, -3, 0)",
+                                                 "%Limita l'Area del Disegno",
+                                                 "\\AREA(Xi, Yi, Xf, Yf)",
+                                                 "%Seleziona il Simbolo",
+                                                 "\\TIPO_SIMBOLO(1.5,5)",
+                                                 "%Disegna i Dati",
+                                                 "\\Dati(/D/A.DAT)"}));
+  EXPECT_EQ(session.figures.GraphText[2], "");
+  EXPECT_EQ(session.figures.GraphText[3], "");
+  EXPECT_EQ(session.figures.DiffText, "");
 }
 
 TEST_F(MakeGraphTest, TheDrawingOfTheData) {
@@ -124,7 +124,7 @@ TEST_F(MakeGraphTest, TheDrawingOfTheData) {
               drawBox(d, 0, 10, 10, 1, 2.6, 8, "Corsa (m)");
               d.GralMakeMark(1.5, 5);
               d.GralClip(0, 1, 10, 2.6);
-              plot(d, session.data);
+              plot(d, session.loaded.data);
             }));
 }
 
@@ -134,7 +134,7 @@ TEST_F(MakeGraphTest, TheTextOfTheDataDrawsTheSameFigure) {
       lines({"Tempo (s)", "Corsa (m)", "3 1", "-3 1 .5 .25", "5 200.5 .5 50", "9.75 150 .75 .25"});
   std::vector<std::string> drawn = makeGraph(kDataFigure);
   drawn.emplace_back("clip off");
-  EXPECT_EQ(run(session.GraphText[1]), drawn);
+  EXPECT_EQ(run(session.figures.GraphText[1]), drawn);
   EXPECT_TRUE(output.requests.empty());
 }
 
@@ -143,7 +143,7 @@ TEST_F(MakeGraphTest, ErrorsInXArePlottedWithTheData) {
   EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
               drawBox(d, 0, 10, 10, 1, 2.6, 8, "Corsa (m)");
               d.GralClip(0, 1, 10, 2.6);
-              plot(d, session.data);
+              plot(d, session.loaded.data);
             }));
 }
 
@@ -151,7 +151,7 @@ TEST_F(MakeGraphTest, TheTextOfDataAndFunction) {
   loadPoints();
   takeFunction(2, 7, {.25, -1, 12.5});
   makeGraph(kFunctionFigure);
-  EXPECT_EQ(session.GraphText[2],
+  EXPECT_EQ(session.figures.GraphText[2],
             lines({"%File Grafico Dati e Funzione",
                    "%File Dati: /D/A.DAT",
                    "%Funzione :  y = A exp(bx+c) ",
@@ -182,18 +182,19 @@ TEST_F(MakeGraphTest, TheTextOfDataAndFunction) {
                    "\\TIPO_SIMBOLO(1.5,5)",
                    "%Disegna i Dati",
                    "\\Dati(/D/A.DAT)"}));
-  EXPECT_EQ(session.DiffText, "");
+  EXPECT_EQ(session.figures.DiffText, "");
 }
 
 TEST_F(MakeGraphTest, NamesOfTheHeaderStandInAColumnOfTheWidestName) {
   loadPoints();
-  session.catalogue.file.entries = {{"k,tau0", "k*x+tau0", "retta"}};
+  session.loaded.catalogue.file.entries = {{"k,tau0", "k*x+tau0", "retta"}};
   loadFunction(session, 1);
   takeFunction(6, 1, {1, 2});
   makeGraph(kFunctionFigure);
-  EXPECT_NE(session.GraphText[2].find("%             k = 0.1000E+01\r\n%          tau0 = 0.2000E+01\r\n"),
-            std::string::npos);
-  EXPECT_NE(session.GraphText[2].find("\\PARAMETRI(k = 0.1000000E+01, tau0 = 0.2000000E+01)"),
+  EXPECT_NE(
+      session.figures.GraphText[2].find("%             k = 0.1000E+01\r\n%          tau0 = 0.2000E+01\r\n"),
+      std::string::npos);
+  EXPECT_NE(session.figures.GraphText[2].find("\\PARAMETRI(k = 0.1000000E+01, tau0 = 0.2000000E+01)"),
             std::string::npos);
 }
 
@@ -201,7 +202,7 @@ TEST_F(MakeGraphTest, TheCurveHasASegmentForEachStepOverTheRoundedRange) {
   loadPoints();
   takeFunction(2, 1, {.5, -1});
   const auto drawn = makeGraph(kFunctionFigure);
-  const DataSet& data = session.data;
+  const DataSet& data = session.loaded.data;
   ASSERT_EQ(data.NumFunPnt, 50);
   for (int i = 0; i <= 50; ++i) {
     EXPECT_DOUBLE_EQ(data.FunX[i], i * .2);
@@ -221,9 +222,9 @@ TEST_F(MakeGraphTest, TheCurveHasASegmentForEachStepOverTheRoundedRange) {
 TEST_F(MakeGraphTest, TheCurveIsKeptFromItsSecondPointOn) {
   loadPoints();
   takeFunction(2, 1, {.5, -1});
-  session.data.OldFunX[0] = session.data.OldFunY[0] = 77;
+  session.loaded.data.OldFunX[0] = session.loaded.data.OldFunY[0] = 77;
   makeGraph(kFunctionFigure);
-  const DataSet& data = session.data;
+  const DataSet& data = session.loaded.data;
   EXPECT_EQ(data.NumOldFun, 50);
   EXPECT_EQ(data.OldFunX[0], 77);
   EXPECT_EQ(data.OldFunY[0], 77);
@@ -238,45 +239,45 @@ TEST_F(MakeGraphTest, OnlyTheFigureWithTheFunctionKeepsItsCurve) {
   takeFunction(2, 1, {.5, -1});
   makeGraph(kDataFigure);
   makeGraph(kDifferencesFigure);
-  EXPECT_EQ(session.data.NumOldFun, 0);
+  EXPECT_EQ(session.loaded.data.NumOldFun, 0);
 }
 
 TEST_F(MakeGraphTest, TheTextsOfTheDifferences) {
   loadPoints();
   takeFunction(2, 1, {.25, .5});
   makeGraph(kDifferencesFigure);
-  EXPECT_EQ(session.GraphText[3], lines({"%File Grafico Differenze Dati-Funzione",
-                                         "%File Dati: /D/A.DAT",
-                                         "%Funzione :  y = bx+c ",
-                                         "%Parametri: ",
-                                         "%          b = 0.2500E+00",
-                                         "%          c = 0.5000E+00",
-                                         "%Coordinate Fisiche",
-                                         "\\PARAMETRI(Xcmi=5, Ycmi=4, Xcmf=18, Ycmf=13)",
-                                         "%Coordinate Logiche",
-                                         "\\PARAMETRI(Xi=0, Yi=-2, Xf=10, Yf=1.5)",
-                                         "%Scala le Coordinate Fisiche in Coordinate Logiche",
-                                         "\\XSCALA(Xcmi, Xcmf, Xi, Xf)",
-                                         "\\YSCALA(Ycmi, Ycmf, Yi, Yf)",
-                                         "%Divisioni degli Assi",
-                                         "\\PARAMETRI(nDivX=10, nDivY=7)",
-                                         "%Disegna gli Assi",
-                                         "\\XASSE(Xi, Xf, Yi, nDivX, 3, 1,Tempo (s))",
-                                         "\\XASSE(Xi, Xf, Yf, nDivX, -3, 0)",
-                                         "\\YASSE(Yi, Yf, Xi, nDivY, 3, 1,Corsa (m) (Mis.-Calc.))",
-                                         "\\YASSE(Yi, Yf, Xf, nDivY, -3, 0)",
-                                         "%Limita l'Area del Disegno",
-                                         "\\AREA(Xi, Yi, Xf, Yf)",
-                                         "%Seleziona il Simbolo",
-                                         "\\TIPO_SIMBOLO(1.5,5)",
-                                         "%Disegna la Linea dello Zero ",
-                                         "\\LINEA(Xi, 0, Xf, 0)",
-                                         "%Attenzione: per Disegnare i Dati",
-                                         "%1) Salvare il File Dati delle Differenze",
-                                         "%2) Inserire nella Riga Successiva il Nome del File",
-                                         "%\\DATI(inserire il nome del File Differenze)",
-                                         "%3) e Rimuovere il %"}));
-  EXPECT_EQ(session.DiffText,
+  EXPECT_EQ(session.figures.GraphText[3], lines({"%File Grafico Differenze Dati-Funzione",
+                                                 "%File Dati: /D/A.DAT",
+                                                 "%Funzione :  y = bx+c ",
+                                                 "%Parametri: ",
+                                                 "%          b = 0.2500E+00",
+                                                 "%          c = 0.5000E+00",
+                                                 "%Coordinate Fisiche",
+                                                 "\\PARAMETRI(Xcmi=5, Ycmi=4, Xcmf=18, Ycmf=13)",
+                                                 "%Coordinate Logiche",
+                                                 "\\PARAMETRI(Xi=0, Yi=-2, Xf=10, Yf=1.5)",
+                                                 "%Scala le Coordinate Fisiche in Coordinate Logiche",
+                                                 "\\XSCALA(Xcmi, Xcmf, Xi, Xf)",
+                                                 "\\YSCALA(Ycmi, Ycmf, Yi, Yf)",
+                                                 "%Divisioni degli Assi",
+                                                 "\\PARAMETRI(nDivX=10, nDivY=7)",
+                                                 "%Disegna gli Assi",
+                                                 "\\XASSE(Xi, Xf, Yi, nDivX, 3, 1,Tempo (s))",
+                                                 "\\XASSE(Xi, Xf, Yf, nDivX, -3, 0)",
+                                                 "\\YASSE(Yi, Yf, Xi, nDivY, 3, 1,Corsa (m) (Mis.-Calc.))",
+                                                 "\\YASSE(Yi, Yf, Xf, nDivY, -3, 0)",
+                                                 "%Limita l'Area del Disegno",
+                                                 "\\AREA(Xi, Yi, Xf, Yf)",
+                                                 "%Seleziona il Simbolo",
+                                                 "\\TIPO_SIMBOLO(1.5,5)",
+                                                 "%Disegna la Linea dello Zero ",
+                                                 "\\LINEA(Xi, 0, Xf, 0)",
+                                                 "%Attenzione: per Disegnare i Dati",
+                                                 "%1) Salvare il File Dati delle Differenze",
+                                                 "%2) Inserire nella Riga Successiva il Nome del File",
+                                                 "%\\DATI(inserire il nome del File Differenze)",
+                                                 "%3) e Rimuovere il %"}));
+  EXPECT_EQ(session.figures.DiffText,
             lines({"%File Dati Differenze Dati-Funzione", "%File Dati: /D/A.DAT", "%Funzione :  y = bx+c ",
                    "%Parametri: ", "%          b = 0.2500E+00", "%          c = 0.5000E+00", "", "Tempo (s)",
                    "Corsa (m)", " 3", "0.3000E+00 0.4250E+00 0.2500E+00", "0.5000E+01 0.7500E+00 0.5000E+00",
@@ -290,7 +291,7 @@ TEST_F(MakeGraphTest, TheDrawingOfTheDifferences) {
               drawBox(d, 0, 10, 10, -2, 1.5, 7, "Corsa (m) (Mis.-Calc.)");
               d.GralLine(0, 0, 10, 0);
               d.GralClip(0, -2, 10, 1.5);
-              DataSet differences = session.data;
+              DataSet differences = session.loaded.data;
               for (int i = 1; i <= 3; ++i) differences.Ypnt[i] -= .25 * differences.Xpnt[i] + .5;
               plot(d, differences);
             }));
@@ -298,20 +299,20 @@ TEST_F(MakeGraphTest, TheDrawingOfTheDifferences) {
 
 TEST_F(MakeGraphTest, DifferencesOfDataWithXErrorsShowTheEffectiveErrorsAlone) {
   loadXErrors();
-  session.data.ErrEff[1] = .5;
-  session.data.ErrEff[2] = 1;
-  expectDifferencesWithErrors(session.data.ErrEff);
-  EXPECT_NE(
-      session.DiffText.find(" 2\r\n0.3000E+00 0.0000E+00 0.5000E+00\r\n0.9700E+01 0.1500E+01 0.1000E+01\r\n"),
-      std::string::npos)
-      << session.DiffText;
+  session.loaded.data.ErrEff[1] = .5;
+  session.loaded.data.ErrEff[2] = 1;
+  expectDifferencesWithErrors(session.loaded.data.ErrEff);
+  EXPECT_NE(session.figures.DiffText.find(
+                " 2\r\n0.3000E+00 0.0000E+00 0.5000E+00\r\n0.9700E+01 0.1500E+01 0.1000E+01\r\n"),
+            std::string::npos)
+      << session.figures.DiffText;
 }
 
 TEST_F(MakeGraphTest, TheDifferencesAreAGoodDataFile) {
   loadPoints();
   takeFunction(2, 1, {.25, .5});
   makeGraph(kDifferencesFigure);
-  const DataReading reading = readDataText(session.DiffText);
+  const DataReading reading = readDataText(session.figures.DiffText);
   EXPECT_EQ(reading.errors, "");
   EXPECT_EQ(reading.declaredCount, 3);
   EXPECT_EQ(reading.data.NumPnt, 3);
@@ -320,23 +321,23 @@ TEST_F(MakeGraphTest, TheDifferencesAreAGoodDataFile) {
 
 TEST_F(MakeGraphTest, DepartureDifferencesOfAnySizeAndTitleAreAGoodDataFile) {
   loadData("A.DAT", {{1, -1.5E-120, 0, 2.5E120}, {2, 1, 0, 1}});
-  session.data.TitleX = "";
-  session.data.TitleY = "% errori";
+  session.loaded.data.TitleX = "";
+  session.loaded.data.TitleY = "% errori";
   takeFunction(2, 1, {0, 0});
   makeGraph(kDifferencesFigure);
-  EXPECT_THAT(session.DiffText, testing::HasSubstr("\r\n-\r\n- % errori\r\n 2\r\n"
-                                                   "0.1000E+01 -.150E-119 0.250E+121\r\n"));
-  EXPECT_EQ(readDataText(session.DiffText).errors, "");
+  EXPECT_THAT(session.figures.DiffText, testing::HasSubstr("\r\n-\r\n- % errori\r\n 2\r\n"
+                                                           "0.1000E+01 -.150E-119 0.250E+121\r\n"));
+  EXPECT_EQ(readDataText(session.figures.DiffText).errors, "");
 }
 
 TEST_F(MakeGraphTest, FivePointsThatCannotBeComputedAreNotDrawnAndBeepEach) {
   loadData("/D/A.DAT", {{.3, 200, 0, .25}, {5, 201, 0, .5}, {9.7, 202, 0, .25}});
   takeFormula("LOG(x-t)+200", .9);
-  for (int i = 0; i <= 50; ++i) session.data.FunY[i] = session.data.OldFunY[i] = 77;
+  for (int i = 0; i <= 50; ++i) session.loaded.data.FunY[i] = session.loaded.data.OldFunY[i] = 77;
   expectCurveWithout({0, 1, 2, 3, 4}, 197, 203, 6);
-  for (int i = 0; i < 5; ++i) EXPECT_EQ(session.data.FunY[i], 77);
-  EXPECT_DOUBLE_EQ(session.data.FunY[5], 200 + std::log(.1));
-  EXPECT_NE(session.GraphText[2], "");
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(session.loaded.data.FunY[i], 77);
+  EXPECT_DOUBLE_EQ(session.loaded.data.FunY[5], 200 + std::log(.1));
+  EXPECT_NE(session.figures.GraphText[2], "");
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
@@ -356,22 +357,22 @@ TEST_F(MakeGraphTest, TheCurveBeforeKeepsItsPointsThatFailed) {
   loadPoints();
   takeFormula("t*SQR((x-.3)*(x-.5))", .5);
   makeGraph(kFunctionFigure);
-  for (int i = 1; i <= 50; ++i) EXPECT_EQ(session.data.OldFunFailed[i], toFlag(i == 2));
+  for (int i = 1; i <= 50; ++i) EXPECT_EQ(session.loaded.data.OldFunFailed[i], toFlag(i == 2));
 }
 
 TEST_F(MakeGraphTest, TheSixthPointThatCannotBeComputedEndsTheFigure) {
   loadPoints();
-  session.DiffText = "differences";
-  session.GraphText = {"", "one", "two", "three"};
+  session.figures.DiffText = "differences";
+  session.figures.GraphText = {"", "one", "two", "three"};
   takeLogarithm(1.1);
   dialogs.expectBox();
   MakeGraph(session, ports, kFunctionFigure);
   EXPECT_EQ(lowTones(), 6);
   EXPECT_EQ(dialogs.boxes[0].text, "Errori nel Calcolo della Funzione  <*> per Continuare");
-  EXPECT_EQ(session.GraphText[1], "one");
-  EXPECT_EQ(session.GraphText[2], "");
-  EXPECT_EQ(session.GraphText[3], "three");
-  EXPECT_EQ(session.DiffText, "");
+  EXPECT_EQ(session.figures.GraphText[1], "one");
+  EXPECT_EQ(session.figures.GraphText[2], "");
+  EXPECT_EQ(session.figures.GraphText[3], "three");
+  EXPECT_EQ(session.figures.DiffText, "");
   EXPECT_TRUE(plots.windows.empty());
   EXPECT_FALSE(window.menuEnabled["MenGraFunGra"]);
   EXPECT_TRUE(window.menuEnabled["MenGraDatGra"]);
@@ -379,15 +380,15 @@ TEST_F(MakeGraphTest, TheSixthPointThatCannotBeComputedEndsTheFigure) {
 
 TEST_F(MakeGraphTest, OnePointThatCannotBeComputedEndsTheDifferences) {
   loadPoints();
-  session.DiffText = "differences";
-  session.GraphText = {"", "one", "two", "three"};
+  session.figures.DiffText = "differences";
+  session.figures.GraphText = {"", "one", "two", "three"};
   takeLogarithm(.9);
   MakeGraph(session, ports, kDifferencesFigure);
   EXPECT_EQ(lowTones(), 1);
   EXPECT_TRUE(dialogs.boxes.empty());
-  EXPECT_EQ(session.GraphText[2], "two");
-  EXPECT_EQ(session.GraphText[3], "");
-  EXPECT_EQ(session.DiffText, "");
+  EXPECT_EQ(session.figures.GraphText[2], "two");
+  EXPECT_EQ(session.figures.GraphText[3], "");
+  EXPECT_EQ(session.figures.DiffText, "");
   EXPECT_TRUE(plots.windows.empty());
   EXPECT_FALSE(window.menuEnabled["MenGraDifSav"]);
 }
@@ -397,19 +398,20 @@ TEST_F(MakeGraphTest, EqualXAreOpenedByHalfTheirValueOnBothSides) {
   EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
               drawBox(d, 1.5, 4.5, 6, 1, 2, 5, "Corsa (m)");
               d.GralClip(1.5, 1, 4.5, 2);
-              plot(d, session.data);
+              plot(d, session.loaded.data);
             }));
   EXPECT_EQ(session.ErrFlag, 0);
-  EXPECT_NE(session.GraphText[1].find("\\PARAMETRI(Xi=1.5, Yi=1, Xf=4.5, Yf=2)\r\n"), std::string::npos);
-  EXPECT_NE(session.GraphText[1].find("\\PARAMETRI(nDivX=6, nDivY=5)\r\n"), std::string::npos);
+  EXPECT_NE(session.figures.GraphText[1].find("\\PARAMETRI(Xi=1.5, Yi=1, Xf=4.5, Yf=2)\r\n"),
+            std::string::npos);
+  EXPECT_NE(session.figures.GraphText[1].find("\\PARAMETRI(nDivX=6, nDivY=5)\r\n"), std::string::npos);
 }
 
 TEST_F(MakeGraphTest, EqualXOfEveryFigureAreOpened) {
   loadData("A.DAT", {{3, 1, 0, .25}, {3, 2, 0, .5}});
   takeFunction(2, 1, {.25, .5});
   makeGraph(kFunctionFigure);
-  EXPECT_DOUBLE_EQ(session.data.FunX[0], 1.5);
-  EXPECT_DOUBLE_EQ(session.data.FunX[50], 4.5);
+  EXPECT_DOUBLE_EQ(session.loaded.data.FunX[0], 1.5);
+  EXPECT_DOUBLE_EQ(session.loaded.data.FunX[50], 4.5);
   makeGraph(kDifferencesFigure);
   EXPECT_EQ(plots.windows.size(), 2U);
   EXPECT_EQ(session.ErrFlag, 0);
@@ -425,7 +427,7 @@ TEST_F(MakeGraphTest, EqualYAreOpenedNegativeOnesAndZerosToo) {
     EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
                 drawBox(d, 1, 2.6, 8, low, high, divisions, "Corsa (m)");
                 d.GralClip(1, low, 2.6, high);
-                plot(d, session.data);
+                plot(d, session.loaded.data);
               }));
     EXPECT_EQ(session.ErrFlag, 0);
   }
@@ -436,7 +438,7 @@ TEST_F(MakeGraphTest, ASinglePointHasAFigure) {
   EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
               drawBox(d, 2, 6, 8, -6, -2, 8, "Corsa (m)");
               d.GralClip(2, -6, 6, -2);
-              plot(d, session.data);
+              plot(d, session.loaded.data);
             }));
 }
 
@@ -444,7 +446,8 @@ TEST_F(MakeGraphTest, DifferencesThatAreAllZeroAreOpened) {
   loadData("A.DAT", {{1, 2, 0, 0}, {2.5, 5, 0, 0}});
   takeFunction(2, 1, {2, 0});
   makeGraph(kDifferencesFigure);
-  EXPECT_NE(session.GraphText[3].find("\\PARAMETRI(Xi=1, Yi=-1, Xf=2.6, Yf=1)\r\n"), std::string::npos);
+  EXPECT_NE(session.figures.GraphText[3].find("\\PARAMETRI(Xi=1, Yi=-1, Xf=2.6, Yf=1)\r\n"),
+            std::string::npos);
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
@@ -455,7 +458,7 @@ TEST_F(MakeGraphTest, TheTextOfANarrowFigureDrawsTheSameFigure) {
                                      "1700000300 5.0002 .0001", "1700000590 5.0004 .0001"});
   std::vector<std::string> drawn = makeGraph(kDataFigure);
   drawn.emplace_back("clip off");
-  EXPECT_EQ(run(session.GraphText[1]), drawn);
+  EXPECT_EQ(run(session.figures.GraphText[1]), drawn);
   EXPECT_TRUE(output.requests.empty());
 }
 
@@ -464,29 +467,31 @@ TEST_F(MakeGraphTest, ARangeThatIsNothingButRoundingIsOpened) {
   loadData("A.DAT", {{1, 5, 0, .5}, {2.5, 5.0000000000000009, 0, .5}});
   for (const int kind : {1, 2}) {
     makeGraph(kind);
-    const std::string& text = session.GraphText.at(static_cast<std::size_t>(kind));
+    const std::string& text = session.figures.GraphText.at(static_cast<std::size_t>(kind));
     EXPECT_EQ(commandsOf(text, "PARAMETRI")[1], "Xi=1, Yi=2, Xf=2.6, Yf=8");
   }
   loadData("A.DAT", {{1, 5, 0, .5}, {2.5, 5.00000000001, 0, .5}});
   makeGraph(1);
-  EXPECT_EQ(commandsOf(session.GraphText[1], "PARAMETRI")[1], "Xi=1, Yi=5, Xf=2.6, Yf=5.00000000001");
+  EXPECT_EQ(commandsOf(session.figures.GraphText[1], "PARAMETRI")[1], "Xi=1, Yi=5, Xf=2.6, Yf=5.00000000001");
 }
 
 TEST_F(MakeGraphTest, TheTextHasTheValuesOfTheParametersWhereSevenDigitsDrawAnotherCurve) {
   // A parabola about 2000, written so that large numbers cancel.
   loadData("A.DAT", {{1990, 1, 0, .1}, {2020, 4, 0, .1}});
-  session.catalogue.file.entries = {{"a,b", "a*(x*x+4000000)-b*x", "parabola"}};
+  session.loaded.catalogue.file.entries = {{"a,b", "a*(x*x+4000000)-b*x", "parabola"}};
   loadFunction(session, 1);
   takeFunction(6, 1, {.01, 40});
   makeGraph(kFunctionFigure);
-  EXPECT_EQ(commandsOf(session.GraphText[2], "FUNZIONE").back(), "a*(x*x+4000000)-b*x");
+  EXPECT_EQ(commandsOf(session.figures.GraphText[2], "FUNZIONE").back(), "a*(x*x+4000000)-b*x");
 
   takeFunction(6, 1, {1234.567491, 4938269.964});
   makeGraph(kFunctionFigure);
-  EXPECT_EQ(commandsOf(session.GraphText[2], "PARAMETRI").back(), "a = 0.1234567E+04, b = 0.4938270E+07");
-  EXPECT_EQ(commandsOf(session.GraphText[2], "FUNZIONE").back(), "1234.567491*(x*x+4000000)-4938269.964*x");
-  EXPECT_EQ(session.par.ParValues[1], 1234.567491);
-  EXPECT_EQ(session.par.ParValues[2], 4938269.964);
+  EXPECT_EQ(commandsOf(session.figures.GraphText[2], "PARAMETRI").back(),
+            "a = 0.1234567E+04, b = 0.4938270E+07");
+  EXPECT_EQ(commandsOf(session.figures.GraphText[2], "FUNZIONE").back(),
+            "1234.567491*(x*x+4000000)-4938269.964*x");
+  EXPECT_EQ(session.analysis.par.ParValues[1], 1234.567491);
+  EXPECT_EQ(session.analysis.par.ParValues[2], 4938269.964);
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
@@ -495,7 +500,7 @@ TEST_F(MakeGraphTest, TheTextHasAValueThatNoParameterCanHold) {
     loadData("A.DAT", {{1, value, 0, value / 10}, {2, 2 * value, 0, value / 10}});
     takeFormula("t*x", value);
     makeGraph(kFunctionFigure);
-    EXPECT_EQ(commandsOf(session.GraphText[2], "FUNZIONE").back(), FormatPattern(value) + "*x");
+    EXPECT_EQ(commandsOf(session.figures.GraphText[2], "FUNZIONE").back(), FormatPattern(value) + "*x");
     EXPECT_EQ(session.ErrFlag, 0);
   }
 }
@@ -504,13 +509,13 @@ TEST_F(MakeGraphTest, TheCurveOfANarrowFigureIsThatOfItsText) {
   loadData("A.DAT", {{1700000012, 5, 0, 1}, {1700000590, 20, 0, 1}});
   takeFormula("SQR(x-t)", 1699999999.5);
   makeGraph(kFunctionFigure);
-  EXPECT_EQ(commandsOf(session.GraphText[2], "FUNZIONE").back(), "SQR(x-1699999999.5)");
+  EXPECT_EQ(commandsOf(session.figures.GraphText[2], "FUNZIONE").back(), "SQR(x-1699999999.5)");
 }
 
 TEST_F(MakeGraphTest, EachFigureHasAWindowOfItsOwnCaptionAndScale) {
   loadPoints();
   takeFunction(2, 1, {.25, .5});
-  session.GraphScale = {.5F, 1, 2, .25F};
+  session.figures.GraphScale = {.5F, 1, 2, .25F};
   for (const int kind : {1, 2, 3}) makeGraph(kind);
   ASSERT_EQ(plots.windows.size(), 3U);
   const char* captions[] = {"VOR_KEL: Grafico Dati", "VOR_KEL: Grafico Dati e Funzione",
@@ -522,7 +527,7 @@ TEST_F(MakeGraphTest, EachFigureHasAWindowOfItsOwnCaptionAndScale) {
     EXPECT_NEAR(form.ScaleWidth(), scales[i] / 2 * 20 * 1440 / 2.54, 8);
     EXPECT_TRUE(form.Visible());
   }
-  session.Landscape = kFalse;
+  session.figures.Landscape = kFalse;
   makeGraph(1);
   EXPECT_NEAR(lastWindow().form.ScaleWidth(), .25 * 15 * 1440 / 2.54, 8);
 }
@@ -534,21 +539,21 @@ TEST_F(MakeGraphTest, ANewFigureReplacesItsTextAndTurnsItsEntriesOn) {
   EXPECT_TRUE(window.menuEnabled["MenGraDifGra"]);
   EXPECT_TRUE(window.menuEnabled["MenGraDifSav"]);
   EXPECT_FALSE(window.menuEnabled["MenGraDatGra"]);
-  const std::string first = session.GraphText[3];
-  session.par.ParValues[1] = 1;
+  const std::string first = session.figures.GraphText[3];
+  session.analysis.par.ParValues[1] = 1;
   makeGraph(kDifferencesFigure);
-  EXPECT_NE(session.GraphText[3], first);
+  EXPECT_NE(session.figures.GraphText[3], first);
 }
 
 TEST_F(MakeGraphTest, TheFunctionStaysAsItIs) {
   loadPoints();
   takeFunction(2, 7, {.25, -1, 12.5});
-  const ParameterSet before = session.par;
-  const DataSet data = session.data;
+  const ParameterSet before = session.analysis.par;
+  const DataSet data = session.loaded.data;
   makeGraph(kFunctionFigure);
-  EXPECT_EQ(session.par.ParValues, before.ParValues);
-  EXPECT_EQ(session.data.Ypnt, data.Ypnt);
-  EXPECT_EQ(session.DataFile, "/D/A.DAT");
+  EXPECT_EQ(session.analysis.par.ParValues, before.ParValues);
+  EXPECT_EQ(session.loaded.data.Ypnt, data.Ypnt);
+  EXPECT_EQ(session.loaded.DataFile, "/D/A.DAT");
 }
 
 }  // namespace

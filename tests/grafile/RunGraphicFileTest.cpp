@@ -11,13 +11,13 @@ class RunGraphicFileTest : public FigureFixture {
   /// A session with three points that no file holds, effective errors and curves.
   void loadOwnData(const std::string& name) {
     loadData(name, {{1, 2, .1, .5}, {2, 3, .1, .5}, {4, 1, .1, .5}}, true);
-    for (int i = 1; i <= 3; ++i) session.data.ErrEff[i] = i / 8.0;
-    session.data.FunY[0] = 17;
-    session.data.OldFunX[3] = 18;
-    session.data.NumOldFun = 50;
+    for (int i = 1; i <= 3; ++i) session.loaded.data.ErrEff[i] = i / 8.0;
+    session.loaded.data.FunY[0] = 17;
+    session.loaded.data.OldFunX[3] = 18;
+    session.loaded.data.NumOldFun = 50;
   }
   void expectOwnData(const DataSet& before) {
-    const DataSet& data = session.data;
+    const DataSet& data = session.loaded.data;
     EXPECT_EQ(data.NumPnt, before.NumPnt);
     EXPECT_EQ(data.kXpntErr, before.kXpntErr);
     EXPECT_EQ(data.Xpnt, before.Xpnt);
@@ -40,21 +40,21 @@ class RunGraphicFileTest : public FigureFixture {
 
 TEST_F(RunGraphicFileTest, DataThatNoFileHoldsSurviveARun) {
   loadOwnData("SIMULA.DAT");
-  const DataSet before = session.data;
+  const DataSet before = session.loaded.data;
   run(otherData);
   expectOwnData(before);
-  EXPECT_EQ(session.DataFile, "SIMULA.DAT");
-  EXPECT_EQ(session.DataDefined, kTrue);
+  EXPECT_EQ(session.loaded.DataFile, "SIMULA.DAT");
+  EXPECT_EQ(session.loaded.DataDefined, kTrue);
 }
 
 TEST_F(RunGraphicFileTest, DataOfAFileAreAsBeforeAndItsNameIsInCapitals) {
   files.content["/data/own.dat"] = lines({"% a comment", "Tempo (s)", "Corsa (m)", "2", "9 9 9", "8 8 8"});
   loadOwnData("/data/own.dat");
-  const DataSet before = session.data;
+  const DataSet before = session.loaded.data;
   run(otherData);
   expectOwnData(before);
-  EXPECT_EQ(session.DataFile, "/DATA/OWN.DAT");
-  EXPECT_EQ(session.DataPath, "/data/own.dat");
+  EXPECT_EQ(session.loaded.DataFile, "/DATA/OWN.DAT");
+  EXPECT_EQ(session.loaded.DataPath, "/data/own.dat");
   EXPECT_EQ(window.panels[1], "Dati: OWN.DAT");
 }
 
@@ -63,16 +63,16 @@ TEST_F(RunGraphicFileTest, DepartureAGeneratedFigureNamesTheDataFileAsItWasOpene
   loadOwnData("/data/own.dat");
   run(otherData);
   MakeGraph(session, ports, kDataFigure);
-  EXPECT_THAT(session.GraphText[1], testing::HasSubstr("%File Dati: /DATA/OWN.DAT\r\n"));
-  EXPECT_THAT(session.GraphText[1], testing::HasSubstr("\\Dati(/data/own.dat)\r\n"));
+  EXPECT_THAT(session.figures.GraphText[1], testing::HasSubstr("%File Dati: /DATA/OWN.DAT\r\n"));
+  EXPECT_THAT(session.figures.GraphText[1], testing::HasSubstr("\\Dati(/data/own.dat)\r\n"));
 }
 
 TEST_F(RunGraphicFileTest, WithoutDataThereAreNoneAfterwards) {
-  const DataSet before = session.data;
+  const DataSet before = session.loaded.data;
   run(otherData);
   expectOwnData(before);
-  EXPECT_EQ(session.DataFile, "Nessuno");
-  EXPECT_EQ(session.DataDefined, kFalse);
+  EXPECT_EQ(session.loaded.DataFile, "Nessuno");
+  EXPECT_EQ(session.loaded.DataDefined, kFalse);
   EXPECT_FALSE(window.menuEnabled["MenGraDat"]);
 }
 
@@ -84,16 +84,16 @@ TEST_F(RunGraphicFileTest, ADataFileThatHasGoneLeavesNoErrorBehind) {
 }
 
 TEST_F(RunGraphicFileTest, ALoadedFunctionAndItsParametersAreAsBefore) {
-  session.catalogue.file.entries = {{"k,ab", "k*x^2+ab+0.5", "prova"}};
+  session.loaded.catalogue.file.entries = {{"k,ab", "k*x^2+ab+0.5", "prova"}};
   loadFunction(session, 1);
   takeFunction(6, 7, {2, 3, 4});
-  const ParameterSet before = session.par;
+  const ParameterSet before = session.analysis.par;
   const double value = EvaluateFunction(session, dialogs, 0.25);
   run(lines({"\\XASSE(0,9,1,3,3,0)", "\\FUNZIONE(SIN(x)*2+x^3)", "\\FUNZIONE(1+)"}));
-  EXPECT_EQ(session.par.ParNames, before.ParNames);
-  EXPECT_EQ(session.par.ParNameWidth, before.ParNameWidth);
-  EXPECT_EQ(session.par.ParCount, before.ParCount);
-  EXPECT_EQ(session.par.ParValues, before.ParValues);
+  EXPECT_EQ(session.analysis.par.ParNames, before.ParNames);
+  EXPECT_EQ(session.analysis.par.ParNameWidth, before.ParNameWidth);
+  EXPECT_EQ(session.analysis.par.ParCount, before.ParCount);
+  EXPECT_EQ(session.analysis.par.ParValues, before.ParValues);
   EXPECT_EQ(EvaluateFunction(session, dialogs, 0.25), value);
   EXPECT_EQ(session.ErrFlag, 0);
 }
@@ -111,7 +111,7 @@ TEST_F(RunGraphicFileTest, ErrorsAreShownOnTheFigureWhenTheUserWantsThem) {
 }
 
 TEST_F(RunGraphicFileTest, ErrorsAreNotShownOtherwise) {
-  session.ShowErrors = kFalse;
+  session.settings.ShowErrors = kFalse;
   run(lines({"\\NO()", "\\SIMBOLO(q)"}));
   EXPECT_TRUE(output.requests.empty());
 }
@@ -128,9 +128,9 @@ TEST_F(RunGraphicFileTest, TheListOfAPrintedFigureBelongsToTheMainWindow) {
 }
 
 TEST_F(RunGraphicFileTest, EachRunHasAWindowOfItsOwnWithCaptionScaleAndOrientation) {
-  session.GraphScale[3] = 1.5F;
+  session.figures.GraphScale[3] = 1.5F;
   run("");
-  session.Landscape = kFalse;
+  session.figures.Landscape = kFalse;
   run("");
   ASSERT_EQ(plots.windows.size(), 2U);
   PictureForm& first = plots.windows[0]->form;
@@ -144,9 +144,9 @@ TEST_F(RunGraphicFileTest, EachRunHasAWindowOfItsOwnWithCaptionScaleAndOrientati
 }
 
 TEST_F(RunGraphicFileTest, ThePrinterGetsOrientationAndScaleAndOnePage) {
-  session.GraphScale[3] = 0.5F;
+  session.figures.GraphScale[3] = 0.5F;
   for (const bool landscape : {true, false}) {
-    session.Landscape = toFlag(landscape);
+    session.figures.Landscape = toFlag(landscape);
     printer.forget();
     const int before = printer.documents();
     const auto printed = run("\\SCRIVI(1,2,0,0,10,a)\r\n\\AREA(1,1,5,5)\r\n", "Printer");

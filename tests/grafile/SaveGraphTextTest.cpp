@@ -14,9 +14,9 @@ struct SavedKind {
 class SaveGraphTextTest : public FigureFixture {
  protected:
   SaveGraphTextTest() {
-    session.DataFile = "/data/sub.dir/OHM.V2.DAT";
-    session.DiffText = "differences\r\n";
-    session.GraphText = {"", "one\r\n", "two\r\n", "three\r\n"};
+    session.loaded.DataFile = "/data/sub.dir/OHM.V2.DAT";
+    session.figures.DiffText = "differences\r\n";
+    session.figures.GraphText = {"", "one\r\n", "two\r\n", "three\r\n"};
   }
   void save(int kind) { SaveGraphText(session, files, dialogs, kind); }
 };
@@ -33,7 +33,7 @@ TEST_P(SavedKinds, ProposeANameUnderTheirCaptionAndWriteTheirText) {
   EXPECT_EQ(asked.proposedName, wanted.name);
   EXPECT_EQ(asked.caption, wanted.caption);
   EXPECT_EQ(asked.defaultExtension, wanted.extension);
-  EXPECT_EQ(session.FileKind, wanted.kind == 0 ? 1 : 3);
+  EXPECT_EQ(session.files.FileKind, wanted.kind == 0 ? 1 : 3);
   EXPECT_EQ(files.content["/out/FIG"], std::string(wanted.text) + "\r\n\r\n");
   EXPECT_EQ(session.ErrFlag, 0);
 }
@@ -49,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(
                                 "GRA", "three"}));
 
 TEST_F(SaveGraphTextTest, ADataFileWithoutExtensionLendsItsWholeName) {
-  session.DataFile = "/data/sub.dir/SIMULA";
+  session.loaded.DataFile = "/data/sub.dir/SIMULA";
   dialogs.pick(std::nullopt);
   save(1);
   EXPECT_EQ(dialogs.fileRequests[0].proposedName, "SIMULA_DAT");

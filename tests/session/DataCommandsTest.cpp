@@ -49,26 +49,26 @@ TEST_F(DataCommandsTest, ACancelLeavesTheDataAndTheCode) {
   dialogs.pick(std::nullopt);
   read();
   EXPECT_EQ(session.ErrFlag, 32755);
-  EXPECT_EQ(session.DataFile, "Nessuno");
-  EXPECT_EQ(session.DataDefined, 0);
-  EXPECT_EQ(session.data.NumPnt, 100);
-  EXPECT_EQ(session.RecentData.RecentCount, 0);
+  EXPECT_EQ(session.loaded.DataFile, "Nessuno");
+  EXPECT_EQ(session.loaded.DataDefined, 0);
+  EXPECT_EQ(session.loaded.data.NumPnt, 100);
+  EXPECT_EQ(session.files.RecentData.RecentCount, 0);
   EXPECT_EQ(window.panels[1], "Dati: Nessuno");
 }
 
 TEST_F(DataCommandsTest, AGoodFileIsTakenOver) {
   files.content["/x/A.DAT"] = kGood;
-  session.GraphText = {"", "a", "b", "c"};
-  session.DiffText = "d";
+  session.figures.GraphText = {"", "a", "b", "c"};
+  session.figures.DiffText = "d";
   read("/x/A.DAT");
   EXPECT_EQ(session.ErrFlag, 0);
-  EXPECT_EQ(session.DataFile, "/x/A.DAT");
-  EXPECT_EQ(session.DataDefined, -1);
-  EXPECT_EQ(session.data.NumPnt, 2);
-  EXPECT_EQ(session.data.Ypnt[2], 4);
-  for (int i = 1; i <= 3; ++i) EXPECT_EQ(session.GraphText[static_cast<std::size_t>(i)], "");
-  EXPECT_EQ(session.DiffText, "");
-  EXPECT_EQ(session.RecentData.files[1], "/x/A.DAT");
+  EXPECT_EQ(session.loaded.DataFile, "/x/A.DAT");
+  EXPECT_EQ(session.loaded.DataDefined, -1);
+  EXPECT_EQ(session.loaded.data.NumPnt, 2);
+  EXPECT_EQ(session.loaded.data.Ypnt[2], 4);
+  for (int i = 1; i <= 3; ++i) EXPECT_EQ(session.figures.GraphText[static_cast<std::size_t>(i)], "");
+  EXPECT_EQ(session.figures.DiffText, "");
+  EXPECT_EQ(session.files.RecentData.files[1], "/x/A.DAT");
   EXPECT_TRUE(window.menuEnabled["MenDatSav"]);
   EXPECT_TRUE(window.menuEnabled["MenDatTra"]);
   EXPECT_EQ(window.panels[1], "Dati: A.DAT");
@@ -77,7 +77,7 @@ TEST_F(DataCommandsTest, AGoodFileIsTakenOver) {
 
 TEST_F(DataCommandsTest, WithErrorsAndLongMessagesTheListIsShown) {
   files.content["/x/A.DAT"] = kBad;
-  session.ShowErrors = kTrue;
+  session.settings.ShowErrors = kTrue;
   read("/x/A.DAT");
   ASSERT_EQ(output.requests.size(), 1U);
   const OutputRequest& request = output.requests[0];
@@ -102,15 +102,15 @@ TEST_F(DataCommandsTest, AFileWithErrorsLeavesTheOldData) {
   files.content["/x/A.DAT"] = kGood;
   files.content["/x/B.DAT"] = kBad;
   read("/x/A.DAT");
-  session.GraphText[1] = "drawn";
+  session.figures.GraphText[1] = "drawn";
   dialogs.press(1);
   read("/x/B.DAT");
-  EXPECT_EQ(session.DataFile, "/x/A.DAT");
-  EXPECT_EQ(session.DataDefined, -1);
-  EXPECT_EQ(session.data.NumPnt, 2);
-  EXPECT_EQ(session.data.Ypnt[2], 4);
-  EXPECT_EQ(session.GraphText[1], "drawn");
-  EXPECT_EQ(session.RecentData.RecentCount, 1);
+  EXPECT_EQ(session.loaded.DataFile, "/x/A.DAT");
+  EXPECT_EQ(session.loaded.DataDefined, -1);
+  EXPECT_EQ(session.loaded.data.NumPnt, 2);
+  EXPECT_EQ(session.loaded.data.Ypnt[2], 4);
+  EXPECT_EQ(session.figures.GraphText[1], "drawn");
+  EXPECT_EQ(session.files.RecentData.RecentCount, 1);
 }
 
 TEST_F(DataCommandsTest, AnotherNumberOfPointsThanDeclaredIsAWarningOnly) {
@@ -119,8 +119,8 @@ TEST_F(DataCommandsTest, AnotherNumberOfPointsThanDeclaredIsAWarningOnly) {
   read("/x/A.DAT");
   expectMessage("VOR_KEL: Lettura File Dati", "Numero Dati Dichiarati Diverso da Numero Dati Trovati!",
                 {"&Continua"});
-  EXPECT_EQ(session.data.NumPnt, 2);
-  EXPECT_EQ(session.DataDefined, -1);
+  EXPECT_EQ(session.loaded.data.NumPnt, 2);
+  EXPECT_EQ(session.loaded.DataDefined, -1);
 }
 
 TEST_F(DataCommandsTest, FewerThanTwoPointsAreToldBehindTheWarning) {
@@ -142,12 +142,12 @@ TEST_F(DataCommandsTest, ThePickedPlaceOfTheListIsReadAgainWithoutADialog) {
   read("/x/B.DAT");
   pickRecentFile(session, kDataKind, 1);
   read();
-  EXPECT_EQ(session.DataFile, "/x/A.DAT");
-  EXPECT_EQ(session.RecentData.pick, 2);
+  EXPECT_EQ(session.loaded.DataFile, "/x/A.DAT");
+  EXPECT_EQ(session.files.RecentData.pick, 2);
   read();
-  EXPECT_EQ(session.DataFile, "/x/B.DAT");
+  EXPECT_EQ(session.loaded.DataFile, "/x/B.DAT");
   EXPECT_EQ(dialogs.fileRequests.size(), 2U);
-  EXPECT_EQ(session.RecentData.RecentCount, 4);
+  EXPECT_EQ(session.files.RecentData.RecentCount, 4);
 }
 
 TEST_F(DataCommandsTest, ARecentEntryIsReadAfterAnEarlierCancel) {
@@ -158,15 +158,15 @@ TEST_F(DataCommandsTest, ARecentEntryIsReadAfterAnEarlierCancel) {
   pickRecentFile(session, kDataKind, 0);
   read();
   EXPECT_EQ(session.ErrFlag, 0);
-  EXPECT_EQ(session.RecentData.RecentCount, 2);
+  EXPECT_EQ(session.files.RecentData.RecentCount, 2);
 }
 
 TEST_F(DataCommandsTest, DepartureALastPointWithoutALineEndIsRead) {
   files.content["/x/A.DAT"] = "t\r\ns\r\n3\r\n1 2 .1\r\n2 4 .2\r\n3 6 .3";
   read("/x/A.DAT");
   EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(session.data.NumPnt, 3);
-  EXPECT_EQ(session.data.Ypnt[3], 6);
+  EXPECT_EQ(session.loaded.data.NumPnt, 3);
+  EXPECT_EQ(session.loaded.data.Ypnt[3], 6);
 }
 
 /// Files that another program writes anew as soon as they have been read.
@@ -181,8 +181,8 @@ TEST_F(DataCommandsTest, DepartureAFileIsReadOnceWhateverBecomesOfItMeanwhile) {
   dialogs.pick("/x/A.DAT");
   MenDatLet(session, restless, dialogs, output, window);
   EXPECT_EQ(session.ErrFlag, 0);
-  EXPECT_EQ(session.data.NumPnt, 2);
-  EXPECT_EQ(session.data.Ypnt[2], 4);
+  EXPECT_EQ(session.loaded.data.NumPnt, 2);
+  EXPECT_EQ(session.loaded.data.Ypnt[2], 4);
 }
 
 TEST_F(DataCommandsTest, ARecentFileThatHasGoneIsARunTimeError) {
@@ -213,9 +213,9 @@ TEST_F(DataCommandsTest, SavingWritesTheDataAndGoesOnWithTheFileRead) {
             "t\r\ns\r\n 2\r\n"
             "  1.00000E+00   2.00000E+00   1.00000E-01 \r\n"
             "  2.00000E+00   4.00000E+00   2.00000E-01 \r\n");
-  EXPECT_EQ(session.DataFile, "/x/A.DAT");
-  EXPECT_EQ(session.DataDir, "/x");
-  EXPECT_EQ(session.RecentData.RecentCount, 1);
+  EXPECT_EQ(session.loaded.DataFile, "/x/A.DAT");
+  EXPECT_EQ(session.files.DataDir, "/x");
+  EXPECT_EQ(session.files.RecentData.RecentCount, 1);
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
@@ -225,10 +225,10 @@ TEST_F(DataCommandsTest, WhatWasSavedReadsBack) {
   dialogs.pick("/x/B.DAT");
   save();
   read("/x/B.DAT");
-  EXPECT_EQ(session.data.kXpntErr, -1);
-  EXPECT_EQ(session.data.Xpnt[1], 1.23457);
-  EXPECT_EQ(session.data.Xpnt[2], -2E-7);
-  EXPECT_EQ(session.data.ErrXpnt[2], 0.2);
+  EXPECT_EQ(session.loaded.data.kXpntErr, -1);
+  EXPECT_EQ(session.loaded.data.Xpnt[1], 1.23457);
+  EXPECT_EQ(session.loaded.data.Xpnt[2], -2E-7);
+  EXPECT_EQ(session.loaded.data.ErrXpnt[2], 0.2);
 }
 
 // QUIRK: the question has two blanks and no name.
@@ -295,20 +295,20 @@ TEST_F(DataCommandsTest, AGraphicFileIsOnlyNoted) {
   MenGraLetFil(session, files, dialogs, window);
   EXPECT_EQ(dialogs.fileRequests[0].caption, "VOR_KEL: Lettura File Grafico");
   EXPECT_EQ(dialogs.fileRequests[0].filter, "Tutti i File (*.*)|*.*|File Grafici (*.GRA)|*.GRA|");
-  EXPECT_EQ(session.GraFile, "/g/A.GRA");
-  EXPECT_EQ(session.GraDefined, -1);
-  EXPECT_EQ(session.RecentGra.files[1], "/g/A.GRA");
+  EXPECT_EQ(session.loaded.GraFile, "/g/A.GRA");
+  EXPECT_EQ(session.loaded.GraDefined, -1);
+  EXPECT_EQ(session.files.RecentGra.files[1], "/g/A.GRA");
   EXPECT_TRUE(window.menuEnabled["MenGraVisFil"]);
   EXPECT_TRUE(window.menuEnabled["MenGraPriFil"]);
   EXPECT_EQ(window.panels[3], "Gra.: A.GRA");
 }
 
 TEST_F(DataCommandsTest, ACancelledGraphicFileLeavesTheOldOne) {
-  session.GraFile = "OLD.GRA";
+  session.loaded.GraFile = "OLD.GRA";
   dialogs.pick(std::nullopt);
   MenGraLetFil(session, files, dialogs, window);
-  EXPECT_EQ(session.GraFile, "OLD.GRA");
-  EXPECT_EQ(session.GraDefined, 0);
+  EXPECT_EQ(session.loaded.GraFile, "OLD.GRA");
+  EXPECT_EQ(session.loaded.GraDefined, 0);
   EXPECT_EQ(session.ErrFlag, 32755);
 }
 
@@ -318,8 +318,8 @@ TEST_F(DataCommandsTest, APickedGraphicFileStaysPicked) {
   pickRecentFile(session, kGraphicKind, 0);
   MenGraLetFil(session, files, dialogs, window);
   MenGraLetFil(session, files, dialogs, window);
-  EXPECT_EQ(session.RecentGra.pick, 1);
-  EXPECT_EQ(session.RecentGra.RecentCount, 3);
+  EXPECT_EQ(session.files.RecentGra.pick, 1);
+  EXPECT_EQ(session.files.RecentGra.RecentCount, 3);
 }
 
 }  // namespace

@@ -252,15 +252,15 @@ TEST_F(CheckDataFileTest, DepartureALastPointWithoutALineEndIsAPoint) {
 }
 
 TEST_F(CheckDataFileTest, ChangesNothingButTheErrorFlag) {
-  session.DataFile = "OLD.DAT";
-  session.data.kXpntErr = kTrue;
-  session.data.TitleX = "old";
+  session.loaded.DataFile = "OLD.DAT";
+  session.loaded.data.kXpntErr = kTrue;
+  session.loaded.data.TitleX = "old";
   check(crLf({"x", "y", "2", "1 2 .1", "2 4 .1"}));
-  EXPECT_EQ(session.DataFile, "OLD.DAT");
-  EXPECT_EQ(session.DataDefined, 0);
-  EXPECT_EQ(session.data.NumPnt, 100);
-  EXPECT_EQ(session.data.kXpntErr, -1);
-  EXPECT_EQ(session.data.TitleX, "old");
+  EXPECT_EQ(session.loaded.DataFile, "OLD.DAT");
+  EXPECT_EQ(session.loaded.DataDefined, 0);
+  EXPECT_EQ(session.loaded.data.NumPnt, 100);
+  EXPECT_EQ(session.loaded.data.kXpntErr, -1);
+  EXPECT_EQ(session.loaded.data.TitleX, "old");
 }
 
 TEST_F(CheckDataFileTest, AMissingFileIsARunTimeErrorWithTheFlagCleared) {
@@ -293,9 +293,9 @@ TEST_F(CheckDataFileTest, AFileOfTheLargestCountLoads) {
   EXPECT_EQ(errors, "");
   EXPECT_EQ(valid, 32767);
   LoadDataFile(session, "X.DAT", std::move(reading));
-  EXPECT_EQ(session.data.NumPnt, 32767);
-  EXPECT_EQ(session.data.Xpnt[32767], 32767);
-  EXPECT_EQ(session.data.NumFunPnt, 65534);
+  EXPECT_EQ(session.loaded.data.NumPnt, 32767);
+  EXPECT_EQ(session.loaded.data.Xpnt[32767], 32767);
+  EXPECT_EQ(session.loaded.data.NumFunPnt, 65534);
 }
 
 const std::string kTooMany = "***ERR. un File Dati NON PUO` Contenere piu` di 32767 Linee di Dati\r\n";
@@ -349,13 +349,13 @@ class LoadDataFileTest : public testing::Test {
 
   Session session;
   MemoryFiles files;
-  DataSet& data = session.data;
+  DataSet& data = session.loaded.data;
 };
 
 TEST_F(LoadDataFileTest, FillsTheDataSet) {
   load(crLf({"% c", "t (\xE6s)", "s (m\xFD)", "9", "", "1 2 .1", "% c", "2\t4e1 .2", "-3D-1  +6 .3"}));
-  EXPECT_EQ(session.DataFile, "X.DAT");
-  EXPECT_EQ(session.DataDefined, -1);
+  EXPECT_EQ(session.loaded.DataFile, "X.DAT");
+  EXPECT_EQ(session.loaded.DataDefined, -1);
   EXPECT_EQ(data.NumPnt, 3);
   EXPECT_EQ(data.TitleX, "t (\\\\ms)");
   EXPECT_EQ(data.TitleY, "s (m^2)");

@@ -10,9 +10,9 @@ namespace {
 class FileSelectionTest : public testing::Test {
  protected:
   FileSelectionTest() {
-    session.DataDir = "/dati";
-    session.FunDir = "/funzioni";
-    session.GraDir = "/grafici";
+    session.files.DataDir = "/dati";
+    session.files.FunDir = "/funzioni";
+    session.files.GraDir = "/grafici";
   }
   void pick(Int16 kind, Int16 mode) { PickFile(session, files, dialogs, "CAPTION", name, kind, mode); }
 
@@ -36,7 +36,7 @@ TEST_F(FileSelectionTest, TheFilterOffersAllFilesAndSelectsTheKind) {
     EXPECT_EQ(request.filterIndex, 2);
     EXPECT_EQ(request.folder, folders[static_cast<std::size_t>(kind - 1)]);
     EXPECT_EQ(request.caption, "CAPTION");
-    EXPECT_EQ(session.FileKind, kind);
+    EXPECT_EQ(session.files.FileKind, kind);
   }
 }
 
@@ -64,8 +64,8 @@ TEST_F(FileSelectionTest, ACancelLeavesEverythingButTheErrorFlag) {
   pick(kDataKind, kPickExisting);
   EXPECT_EQ(session.ErrFlag, 32755);
   EXPECT_EQ(name, "OLD.DAT");
-  EXPECT_EQ(session.DataDir, "/dati");
-  EXPECT_EQ(session.DataExt, "DAT");
+  EXPECT_EQ(session.files.DataDir, "/dati");
+  EXPECT_EQ(session.files.DataExt, "DAT");
 }
 
 TEST_F(FileSelectionTest, AMissingFileIsToldAndAskedForAgainWithAnEmptyName) {
@@ -104,7 +104,7 @@ TEST_F(FileSelectionTest, GivingUpAtTheMessageIsAFailure) {
   pick(kDataKind, kPickExisting);
   EXPECT_EQ(session.ErrFlag, -1);
   EXPECT_EQ(name, "OLD.DAT");
-  EXPECT_EQ(session.DataDir, "/dati");
+  EXPECT_EQ(session.files.DataDir, "/dati");
 }
 
 TEST_F(FileSelectionTest, ACancelAfterTheMessageIsACancel) {
@@ -119,12 +119,12 @@ TEST_F(FileSelectionTest, RemembersFolderAndExtensionOfDataAndGraphicFiles) {
   files.content["/home/u/X.TXT"] = files.content["C:\\F\\Y.g"] = "";
   dialogs.pick("/home/u/X.TXT");
   pick(kDataKind, kPickExisting);
-  EXPECT_EQ(session.DataDir, "/home/u");
-  EXPECT_EQ(session.DataExt, "TXT");
+  EXPECT_EQ(session.files.DataDir, "/home/u");
+  EXPECT_EQ(session.files.DataExt, "TXT");
   dialogs.pick("C:\\F\\Y.g");
   pick(kGraphicKind, kPickExisting);
-  EXPECT_EQ(session.GraDir, "C:\\F");
-  EXPECT_EQ(session.GraExt, "g");
+  EXPECT_EQ(session.files.GraDir, "C:\\F");
+  EXPECT_EQ(session.files.GraExt, "g");
 }
 
 TEST_F(FileSelectionTest, TheNextFilterOffersTheRememberedExtension) {
@@ -143,8 +143,8 @@ TEST_F(FileSelectionTest, DoesNotRememberThePlaceOfFunctionFiles) {
   dialogs.pick("/home/u/X.TXT");
   pick(kFunctionKind, kPickExisting);
   EXPECT_EQ(session.ErrFlag, 0);
-  EXPECT_EQ(session.FunDir, "/funzioni");
-  EXPECT_EQ(session.FunExt, "FCN");
+  EXPECT_EQ(session.files.FunDir, "/funzioni");
+  EXPECT_EQ(session.files.FunExt, "FCN");
 }
 
 TEST_F(FileSelectionTest, TheOtherModesLeaveThePlaceAlone) {
@@ -153,8 +153,8 @@ TEST_F(FileSelectionTest, TheOtherModesLeaveThePlaceAlone) {
     dialogs.pick("/home/u/X.TXT");
     pick(kDataKind, mode);
     EXPECT_EQ(name, "/home/u/X.TXT");
-    EXPECT_EQ(session.DataDir, "/dati");
-    EXPECT_EQ(session.DataExt, "DAT");
+    EXPECT_EQ(session.files.DataDir, "/dati");
+    EXPECT_EQ(session.files.DataExt, "DAT");
   }
 }
 
@@ -172,20 +172,20 @@ TEST_F(FileSelectionTest, AFolderThatBearsTheFilesNameEndsThePath) {
   files.content["C:\\A.DAT\\A.DAT"] = files.content["/home/A.DAT/A.DAT"] = "";
   dialogs.pick("C:\\A.DAT\\A.DAT");
   pick(kDataKind, kPickExisting);
-  EXPECT_EQ(session.DataDir, "C:");
+  EXPECT_EQ(session.files.DataDir, "C:");
   dialogs.pick("/home/A.DAT/A.DAT");
   pick(kDataKind, kPickExisting);
-  EXPECT_EQ(session.DataDir, "/home");
+  EXPECT_EQ(session.files.DataDir, "/home");
 }
 
 TEST_F(FileSelectionTest, TheFolderOfAFileInTheRootIsTheRoot) {
   files.content["/X.DAT"] = files.content["X.DAT"] = "";
   dialogs.pick("/X.DAT");
   pick(kDataKind, kPickExisting);
-  EXPECT_EQ(session.DataDir, "/");
+  EXPECT_EQ(session.files.DataDir, "/");
   dialogs.pick("X.DAT");
   pick(kDataKind, kPickExisting);
-  EXPECT_EQ(session.DataDir, "");
+  EXPECT_EQ(session.files.DataDir, "");
 }
 
 TEST_F(FileSelectionTest, ANameOfOtherCaseExists) {
@@ -198,8 +198,8 @@ TEST_F(FileSelectionTest, ANameOfOtherCaseExists) {
 
 TEST_F(FileSelectionTest, TheFirstFileShowsTheFirstEntry) {
   addRecentFile(session, window, kDataKind, "/x/A.DAT", "/x/A.DAT");
-  EXPECT_EQ(session.RecentData.RecentCount, 1);
-  EXPECT_EQ(session.RecentData.files[1], "/x/A.DAT");
+  EXPECT_EQ(session.files.RecentData.RecentCount, 1);
+  EXPECT_EQ(session.files.RecentData.files[1], "/x/A.DAT");
   EXPECT_EQ(window.menuCaption, (std::map<std::string, std::string>{{"MenDatOld(0)", "&1 /x/A.DAT"}}));
   EXPECT_EQ(window.menuVisible, (std::map<std::string, bool>{{"MenDatOld(0)", true}}));
 }
@@ -207,7 +207,7 @@ TEST_F(FileSelectionTest, TheFirstFileShowsTheFirstEntry) {
 TEST_F(FileSelectionTest, FiveFilesLeaveTheFourNewest) {
   for (const char* path : {"A", "B", "C", "D", "E"})
     addRecentFile(session, window, kFunctionKind, path, path);
-  const RecentList& list = session.RecentFun;
+  const RecentList& list = session.files.RecentFun;
   EXPECT_EQ(list.RecentCount, 4);
   EXPECT_EQ((std::vector{list.files[1], list.files[2], list.files[3], list.files[4]}),
             (std::vector<std::string>{"E", "D", "C", "B"}));
@@ -216,28 +216,28 @@ TEST_F(FileSelectionTest, FiveFilesLeaveTheFourNewest) {
                                                                     {"MenFunOld(2)", "&3 C"},
                                                                     {"MenFunOld(3)", "&4 B"}}));
   EXPECT_EQ(window.menuVisible.size(), 4U);
-  EXPECT_EQ(session.RecentData.RecentCount, 0);
+  EXPECT_EQ(session.files.RecentData.RecentCount, 0);
 }
 
 TEST_F(FileSelectionTest, AFileReadTwiceStandsThereTwice) {
   for (int i = 0; i < 2; ++i) addRecentFile(session, window, kGraphicKind, "A", "A");
-  EXPECT_EQ(session.RecentGra.RecentCount, 2);
-  EXPECT_EQ(session.RecentGra.files[1], "A");
-  EXPECT_EQ(session.RecentGra.files[2], "A");
+  EXPECT_EQ(session.files.RecentGra.RecentCount, 2);
+  EXPECT_EQ(session.files.RecentGra.files[1], "A");
+  EXPECT_EQ(session.files.RecentGra.files[2], "A");
   EXPECT_EQ(window.menuCaption["MenGraOld(1)"], "&2 A");
 }
 
 TEST_F(FileSelectionTest, AnAmpersandOfThePathIsNoAccessKey) {
   addRecentFile(session, window, kDataKind, "/A&B.DAT", "/A&B.DAT");
   EXPECT_EQ(window.menuCaption["MenDatOld(0)"], "&1 /A&&B.DAT");
-  EXPECT_EQ(session.RecentData.files[1], "/A&B.DAT");
+  EXPECT_EQ(session.files.RecentData.files[1], "/A&B.DAT");
 }
 
 TEST_F(FileSelectionTest, APickedRecentEntryIsTakenWithoutADialog) {
   addRecentFile(session, window, kDataKind, "A", "A");
   addRecentFile(session, window, kDataKind, "B", "B");
   pickRecentFile(session, kDataKind, 1);
-  EXPECT_EQ(session.RecentData.pick, 2);
+  EXPECT_EQ(session.files.RecentData.pick, 2);
   EXPECT_TRUE(pickFileToRead(session, files, dialogs, "CAPTION", kDataKind, name));
   EXPECT_EQ(name, "A");
 }

@@ -51,7 +51,7 @@ TEST_F(MsgTest, RightAfterTheStartThePanelsSayNo) {
 }
 
 TEST_F(MsgTest, DataAloneTurnOnTheirOwnEntries) {
-  session.DataDefined = kTrue;
+  session.loaded.DataDefined = kTrue;
   refresh();
   expectOn({"MenDatTra", "MenDatSav", "MenGraDat", "MenGraDatVis"});
   expectOff(
@@ -59,66 +59,66 @@ TEST_F(MsgTest, DataAloneTurnOnTheirOwnEntries) {
 }
 
 TEST_F(MsgTest, SavingTheDataFigureNeedsATextAndData) {
-  session.GraphText[1] = "\\FINE";
+  session.figures.GraphText[1] = "\\FINE";
   refresh();
   expectOff({"MenGraDatGra"});
-  session.DataDefined = kTrue;
+  session.loaded.DataDefined = kTrue;
   refresh();
   expectOn({"MenGraDatGra"});
-  session.GraphText[1] = "   ";
+  session.figures.GraphText[1] = "   ";
   refresh();
   expectOff({"MenGraDatGra"});
 }
 
 TEST_F(MsgTest, TheSimulationIsOnWheneverAParameterIsFree) {
-  session.ParVar = kTrue;
+  session.analysis.ParVar = kTrue;
   refresh();
   expectOn({"MenDatSim"});
-  session.FunDefined = kTrue;
+  session.analysis.FunDefined = kTrue;
   refresh();
   expectOn({"MenDatSim"});
-  session.ParVar = kFalse;
+  session.analysis.ParVar = kFalse;
   refresh();
   expectOff({"MenDatSim"});
 }
 
 TEST_F(MsgTest, FiguresWithAFunctionNeedParametersAndData) {
-  session.ParametersSet = kTrue;
+  session.analysis.ParametersSet = kTrue;
   refresh();
   expectOff({"MenGraFun", "MenGraFunVis", "MenGraDif", "MenGraDifVis"});
-  session.DataDefined = kTrue;
+  session.loaded.DataDefined = kTrue;
   refresh();
   expectOn({"MenGraFun", "MenGraFunVis", "MenGraDif", "MenGraDifVis"});
   expectOff({"MenGraFunGra", "MenGraDifGra", "MenGraDifSav"});
-  session.ParametersSet = kFalse;
+  session.analysis.ParametersSet = kFalse;
   refresh();
   expectOff({"MenGraFun", "MenGraFunVis", "MenGraDif", "MenGraDifVis"});
 }
 
 TEST_F(MsgTest, AFreeParameterOpensTheTwoSubMenusAndTheFit) {
-  session.ParVar = kTrue;
+  session.analysis.ParVar = kTrue;
   refresh();
   expectOn({"MenGraFun", "MenGraDif", "MenAdaAda", "MenDatSim"});
   expectOff({"MenGraFunVis", "MenGraDifVis"});
 }
 
 TEST_F(MsgTest, SavingAFigureNeedsItsTextAndItsDrawingEntry) {
-  session.GraphText[2] = "a";
-  session.GraphText[3] = "b";
-  session.DiffText = "c";
-  session.ParVar = kTrue;
+  session.figures.GraphText[2] = "a";
+  session.figures.GraphText[3] = "b";
+  session.figures.DiffText = "c";
+  session.analysis.ParVar = kTrue;
   refresh();
   expectOff({"MenGraFunGra", "MenGraDifGra", "MenGraDifSav"});
-  session.ParametersSet = session.DataDefined = kTrue;
+  session.analysis.ParametersSet = session.loaded.DataDefined = kTrue;
   refresh();
   expectOn({"MenGraFunGra", "MenGraDifGra", "MenGraDifSav"});
-  session.GraphText[2] = session.GraphText[3] = session.DiffText = " ";
+  session.figures.GraphText[2] = session.figures.GraphText[3] = session.figures.DiffText = " ";
   refresh();
   expectOff({"MenGraFunGra", "MenGraDifGra", "MenGraDifSav"});
 }
 
 TEST_F(MsgTest, AFunctionWithoutDataOpensTheParametersOnly) {
-  session.FunDefined = kTrue;
+  session.analysis.FunDefined = kTrue;
   refresh();
   EXPECT_EQ(window.panels[4], "Fun.Att.: SI");
   expectOn({"MenAda", "MenAdaPar"});
@@ -126,9 +126,11 @@ TEST_F(MsgTest, AFunctionWithoutDataOpensTheParametersOnly) {
 }
 
 TEST_F(MsgTest, WhatIsOnlyTurnedOnStaysOn) {
-  session.FunDefined = session.ParVar = session.FunFileRead = session.GraDefined = kTrue;
+  session.analysis.FunDefined = session.analysis.ParVar = session.loaded.FunFileRead =
+      session.loaded.GraDefined = kTrue;
   refresh();
-  session.FunDefined = session.ParVar = session.FunFileRead = session.GraDefined = kFalse;
+  session.analysis.FunDefined = session.analysis.ParVar = session.loaded.FunFileRead =
+      session.loaded.GraDefined = kFalse;
   refresh();
   expectOn({"MenFunCar", "MenGraVisFil", "MenGraPriFil", "MenAda", "MenAdaPar", "MenAdaAda"});
   EXPECT_EQ(window.panels[4], "Fun.Att.: NO");
@@ -137,15 +139,15 @@ TEST_F(MsgTest, WhatIsOnlyTurnedOnStaysOn) {
 }
 
 TEST_F(MsgTest, LeavesThePropagationAsTheFunctionCommandsSetIt) {
-  session.FunDefined = kTrue;
+  session.analysis.FunDefined = kTrue;
   EXPECT_FALSE(sessionDisplay(session).enabled.contains("MenSerPro"));
 }
 
 TEST_F(MsgTest, PanelsShowTheNameWithoutItsFolder) {
-  session.DataDefined = session.FunFileRead = session.GraDefined = kTrue;
-  session.DataFile = "C:\\DATI\\LUGLIO\\ MOLLA.DAT ";
-  session.FunFile = "/home/u/" + std::string(300, 'x') + "/LIB.FCN";
-  session.GraFile = "F.GRA";
+  session.loaded.DataDefined = session.loaded.FunFileRead = session.loaded.GraDefined = kTrue;
+  session.loaded.DataFile = "C:\\DATI\\LUGLIO\\ MOLLA.DAT ";
+  session.loaded.FunFile = "/home/u/" + std::string(300, 'x') + "/LIB.FCN";
+  session.loaded.GraFile = "F.GRA";
   refresh();
   EXPECT_EQ(window.panels[1], "Dati: MOLLA.DAT");
   EXPECT_EQ(window.panels[2], "Fun.: LIB.FCN");
@@ -153,7 +155,7 @@ TEST_F(MsgTest, PanelsShowTheNameWithoutItsFolder) {
 }
 
 TEST_F(MsgTest, TheFunctionFileIsShownOnlyOnceItWasRead) {
-  session.FunFile = "/home/u/LIB.FCN";
+  session.loaded.FunFile = "/home/u/LIB.FCN";
   refresh();
   EXPECT_EQ(window.panels[2], "Fun.: Nessuno");
   expectOff({"MenFunCar"});
@@ -162,15 +164,15 @@ TEST_F(MsgTest, TheFunctionFileIsShownOnlyOnceItWasRead) {
 TEST_F(MsgTest, TwiceGivesTheSameStateForEveryCombinationOfFlags) {
   for (int bits = 0; bits < 1 << 9; ++bits) {
     const auto flag = [&](int bit) { return toFlag((bits >> bit & 1) != 0); };
-    session.DataDefined = flag(0);
-    session.FunDefined = flag(1);
-    session.ParVar = flag(2);
-    session.ParametersSet = flag(3);
-    session.FunFileRead = flag(4);
-    session.GraDefined = flag(5);
-    session.GraphText[1] = session.GraphText[2] = flag(6) != 0 ? "x" : "";
-    session.GraphText[3] = flag(7) != 0 ? "x" : "";
-    session.DiffText = flag(8) != 0 ? "x" : "";
+    session.loaded.DataDefined = flag(0);
+    session.analysis.FunDefined = flag(1);
+    session.analysis.ParVar = flag(2);
+    session.analysis.ParametersSet = flag(3);
+    session.loaded.FunFileRead = flag(4);
+    session.loaded.GraDefined = flag(5);
+    session.figures.GraphText[1] = session.figures.GraphText[2] = flag(6) != 0 ? "x" : "";
+    session.figures.GraphText[3] = flag(7) != 0 ? "x" : "";
+    session.figures.DiffText = flag(8) != 0 ? "x" : "";
     refresh();
     const auto once = window.menuEnabled;
     const auto panels = window.panels;
@@ -181,8 +183,8 @@ TEST_F(MsgTest, TwiceGivesTheSameStateForEveryCombinationOfFlags) {
 }
 
 TEST_F(MsgTest, NamesOnlyEntriesOfTheTable) {
-  session.DataDefined = session.FunDefined = session.ParVar = session.FunFileRead = session.GraDefined =
-      kTrue;
+  session.loaded.DataDefined = session.analysis.FunDefined = session.analysis.ParVar =
+      session.loaded.FunFileRead = session.loaded.GraDefined = kTrue;
   for (const auto& [control, on] : sessionDisplay(session).enabled) {
     EXPECT_EQ(std::ranges::count(commandTable(), control, &Command::control), 1) << control;
   }

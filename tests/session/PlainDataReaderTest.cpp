@@ -27,7 +27,7 @@ class ReadDataPlainTest : public testing::Test {
   }
 
   Session session;
-  DataSet& data = session.data;
+  DataSet& data = session.loaded.data;
   MemoryFiles files;
   ScriptedDialogs dialogs;
 };
@@ -36,7 +36,7 @@ TEST_F(ReadDataPlainTest, ReadsTitlesCountAndThreeValuesAPoint) {
   session.ErrFlag = 5;
   read("t (\xE6s)\r\n s \r\n 2 \r\n1 2 .1\r\n3 4 .2\r\n");
   EXPECT_EQ(session.ErrFlag, 0);
-  EXPECT_EQ(session.DataDefined, -1);
+  EXPECT_EQ(session.loaded.DataDefined, -1);
   EXPECT_EQ(data.TitleX, "t (\\\\ms)");
   EXPECT_EQ(data.TitleY, " s ");
   EXPECT_EQ(data.NumPnt, 2);
@@ -79,9 +79,9 @@ TEST_F(ReadDataPlainTest, AFileWithLineFeedsOnlyReadsLikeItsTwin) {
 
 TEST_F(ReadDataPlainTest, FoldsTheNameToCapitalsInPlace) {
   files.content["/home/u/molla.dat"] = "x\r\ny\r\n1\r\n1 2 .1\r\n";
-  session.DataFile = "/home/u/molla.dat";
-  ReadDataPlain(session, files, dialogs, session.DataFile, 0);
-  EXPECT_EQ(session.DataFile, "/HOME/U/MOLLA.DAT");
+  session.loaded.DataFile = "/home/u/molla.dat";
+  ReadDataPlain(session, files, dialogs, session.loaded.DataFile, 0);
+  EXPECT_EQ(session.loaded.DataFile, "/HOME/U/MOLLA.DAT");
   EXPECT_EQ(sessionDisplay(session).panels[0], "Dati: MOLLA.DAT");
   EXPECT_EQ(session.ErrFlag, 0);
   EXPECT_EQ(data.Ypnt[1], 2);
@@ -173,7 +173,7 @@ TEST_F(ReadDataPlainTest, ATitleThatBeginsWithADigitIsNoCount) {
 TEST_F(ReadDataPlainTest, AValueThatCannotBeReadIsZeroAndTheNextOnesAreRead) {
   read("x\r\ny\r\n2\r\n1 junk .1\r\n3 4 .2\r\n");
   EXPECT_EQ(session.ErrFlag, -1);
-  EXPECT_EQ(session.DataDefined, -1);
+  EXPECT_EQ(session.loaded.DataDefined, -1);
   EXPECT_EQ(data.NumPnt, 2);
   EXPECT_EQ(data.Xpnt[1], 1);
   EXPECT_EQ(data.Ypnt[1], 0);

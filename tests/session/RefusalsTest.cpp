@@ -8,9 +8,9 @@ namespace {
 class RefusalsTest : public testing::Test {
  protected:
   void set(bool function, bool data, bool parameters = false) {
-    session.FunDefined = toFlag(function);
-    session.DataDefined = toFlag(data);
-    session.ParVar = toFlag(parameters);
+    session.analysis.FunDefined = toFlag(function);
+    session.loaded.DataDefined = toFlag(data);
+    session.analysis.ParVar = toFlag(parameters);
   }
   void expectRefusedFigure(int figure, const char* text) {
     dialogs.expectBox();

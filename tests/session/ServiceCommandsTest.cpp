@@ -12,7 +12,7 @@ TEST(MenSerErr, TogglesItsMarkAndTheSwitchTogether) {
   RecordingMainWindow window;
   for (const int expected : {-1, 0, -1}) {
     MenSerErr(session, window);
-    EXPECT_EQ(session.ShowErrors, expected);
+    EXPECT_EQ(session.settings.ShowErrors, expected);
     EXPECT_EQ(window.menuChecked["MenSerErr"], expected != 0);
   }
 }

@@ -44,17 +44,17 @@ TEST(TwoSessions, LiveSideBySide) {
   second.read(files, "/b/B.TXT");
   MenSerErr(second.session, second.window);
 
-  EXPECT_EQ(first.session.data.NumPnt, 2);
-  EXPECT_EQ(second.session.data.NumPnt, 3);
-  EXPECT_EQ(first.session.data.kXpntErr, 0);
-  EXPECT_EQ(second.session.data.kXpntErr, -1);
-  EXPECT_EQ(first.session.DataDir, "/a");
-  EXPECT_EQ(second.session.DataExt, "TXT");
-  EXPECT_EQ(first.session.ShowErrors, 0);
+  EXPECT_EQ(first.session.loaded.data.NumPnt, 2);
+  EXPECT_EQ(second.session.loaded.data.NumPnt, 3);
+  EXPECT_EQ(first.session.loaded.data.kXpntErr, 0);
+  EXPECT_EQ(second.session.loaded.data.kXpntErr, -1);
+  EXPECT_EQ(first.session.files.DataDir, "/a");
+  EXPECT_EQ(second.session.files.DataExt, "TXT");
+  EXPECT_EQ(first.session.settings.ShowErrors, 0);
   EXPECT_EQ(first.window.panels[1], "Dati: A.DAT");
   EXPECT_EQ(second.window.panels[1], "Dati: B.TXT");
-  EXPECT_EQ(first.session.RecentData.files[1], "/a/A.DAT");
-  EXPECT_EQ(second.session.RecentData.files[1], "/b/B.TXT");
+  EXPECT_EQ(first.session.files.RecentData.files[1], "/a/A.DAT");
+  EXPECT_EQ(second.session.files.RecentData.files[1], "/b/B.TXT");
 }
 
 /// A user who answers by chance.
@@ -79,10 +79,11 @@ class RandomDialogs : public Dialogs {
 };
 
 void expectFlags(const Session& session) {
-  for (const Flag flag : {session.DataDefined, session.FunFileRead, session.FunDefined, session.ParametersSet,
-                          session.ParVar, session.GraDefined, session.ShowErrors, session.FitRunning,
-                          session.PropagationMode, session.TraceEnabled, session.Landscape, session.BeepOn,
-                          session.data.kXpntErr, session.SimFirstTime}) {
+  for (const Flag flag : {session.loaded.DataDefined, session.loaded.FunFileRead, session.analysis.FunDefined,
+                          session.analysis.ParametersSet, session.analysis.ParVar, session.loaded.GraDefined,
+                          session.settings.ShowErrors, session.FitRunning, session.analysis.PropagationMode,
+                          session.TraceEnabled, session.figures.Landscape, session.settings.BeepOn,
+                          session.loaded.data.kXpntErr, session.analysis.SimFirstTime}) {
     ASSERT_TRUE(flag == -1 || flag == 0) << flag;
   }
 }
@@ -108,7 +109,7 @@ TEST(Flags, AreExactlyMinusOneOrZeroAfterEveryCommand) {
       [&] { MenSerCal(files, process, dialogs); },
       [&] { canDrawFigure(session, dialogs, 1 + dialogs.below(3)); },
       [&] { canFit(session, dialogs); },
-      [&] { ReadDataPlain(session, files, dialogs, session.DataFile, toFlag(dialogs.below(2) == 0)); },
+      [&] { ReadDataPlain(session, files, dialogs, session.loaded.DataFile, toFlag(dialogs.below(2) == 0)); },
       [&] {
         // A user can click only the entries that are shown.
         const int kind = 1 + 2 * dialogs.below(2);
@@ -119,10 +120,10 @@ TEST(Flags, AreExactlyMinusOneOrZeroAfterEveryCommand) {
   for (int step = 0; step < 3000; ++step) {
     commands[static_cast<std::size_t>(dialogs.below(static_cast<int>(commands.size())))]();
     expectFlags(session);
-    ASSERT_EQ(session.data.Xpnt.upper(), session.data.NumPnt);
-    ASSERT_LE(session.RecentData.RecentCount, 4);
+    ASSERT_EQ(session.loaded.data.Xpnt.upper(), session.loaded.data.NumPnt);
+    ASSERT_LE(session.files.RecentData.RecentCount, 4);
   }
-  EXPECT_EQ(session.DataDefined, -1);
+  EXPECT_EQ(session.loaded.DataDefined, -1);
 }
 
 /// Lines of numbers, junk and separators, as a careless or hostile file may hold them.
@@ -162,8 +163,9 @@ TEST(DataFiles, AnyTextIsLoadedWholeOrRefused) {
     std::string name = "X";
     ReadDataPlain(session, files, dialogs, name, kTrue);
     ASSERT_TRUE(session.ErrFlag == 0 || session.ErrFlag == -1);
-    ASSERT_EQ(session.data.Xpnt.upper(), session.data.NumPnt);
-    for (int i = 1; i <= session.data.NumPnt; ++i) ASSERT_TRUE(std::isfinite(session.data.Ypnt[i]));
+    ASSERT_EQ(session.loaded.data.Xpnt.upper(), session.loaded.data.NumPnt);
+    for (int i = 1; i <= session.loaded.data.NumPnt; ++i)
+      ASSERT_TRUE(std::isfinite(session.loaded.data.Ypnt[i]));
   }
   EXPECT_GT(loaded, 1000);
 }

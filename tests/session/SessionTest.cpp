@@ -10,37 +10,39 @@ namespace {
 
 TEST(Session, EveryFieldHasItsFirstValue) {
   const Session session;
-  EXPECT_EQ(session.DataExt, "DAT");
-  EXPECT_EQ(session.FunExt, "FCN");
-  EXPECT_EQ(session.GraExt, "GRA");
-  EXPECT_EQ(session.WorkRow, 0);
-  EXPECT_EQ(session.DataFile, "Nessuno");
-  EXPECT_EQ(session.FunFile, "Nessuno");
-  EXPECT_EQ(session.GraFile, "");
-  for (const Flag flag : {session.DataDefined, session.FunFileRead, session.FunDefined, session.ParametersSet,
-                          session.ParVar, session.GraDefined, session.ShowErrors, session.FitRunning,
-                          session.PropagationMode, session.TraceEnabled}) {
+  EXPECT_EQ(session.files.DataExt, "DAT");
+  EXPECT_EQ(session.files.FunExt, "FCN");
+  EXPECT_EQ(session.files.GraExt, "GRA");
+  EXPECT_EQ(session.files.WorkRow, 0);
+  EXPECT_EQ(session.loaded.DataFile, "Nessuno");
+  EXPECT_EQ(session.loaded.FunFile, "Nessuno");
+  EXPECT_EQ(session.loaded.GraFile, "");
+  for (const Flag flag : {session.loaded.DataDefined, session.loaded.FunFileRead, session.analysis.FunDefined,
+                          session.analysis.ParametersSet, session.analysis.ParVar, session.loaded.GraDefined,
+                          session.settings.ShowErrors, session.FitRunning, session.analysis.PropagationMode,
+                          session.TraceEnabled}) {
     EXPECT_EQ(flag, 0);
   }
   EXPECT_EQ(session.ErrFlag, 0);
   EXPECT_EQ(session.TraceText, "");
-  EXPECT_EQ(session.DiffText, "");
-  for (const std::string& text : session.GraphText) EXPECT_EQ(text, "");
-  for (const float scale : session.GraphScale) EXPECT_EQ(scale, 1.0F);
-  for (const float scale : session.GraphScaleSaved) EXPECT_EQ(scale, 1.0F);
-  EXPECT_EQ(session.Landscape, -1);
-  EXPECT_EQ(session.BackImage, 0);
-  EXPECT_EQ(session.BackImageMax, 2);
-  EXPECT_EQ(session.BeepOn, -1);
-  EXPECT_EQ(session.BeepFreqLow, 500);
-  EXPECT_EQ(session.BeepFreqHigh, 1000);
-  EXPECT_EQ(session.BeepLenLow, 1);
-  EXPECT_EQ(session.BeepLenHigh, 1);
+  EXPECT_EQ(session.figures.DiffText, "");
+  for (const std::string& text : session.figures.GraphText) EXPECT_EQ(text, "");
+  for (const float scale : session.figures.GraphScale) EXPECT_EQ(scale, 1.0F);
+  for (const float scale : session.figures.GraphScaleSaved) EXPECT_EQ(scale, 1.0F);
+  EXPECT_EQ(session.figures.Landscape, -1);
+  EXPECT_EQ(session.settings.BackImage, 0);
+  EXPECT_EQ(session.settings.BackImageMax, 2);
+  EXPECT_EQ(session.settings.BeepOn, -1);
+  EXPECT_EQ(session.settings.BeepFreqLow, 500);
+  EXPECT_EQ(session.settings.BeepFreqHigh, 1000);
+  EXPECT_EQ(session.settings.BeepLenLow, 1);
+  EXPECT_EQ(session.settings.BeepLenHigh, 1);
 }
 
 TEST(Session, TheRecentListsAreEmptyAndHoldFour) {
   const Session session;
-  for (const RecentList* list : {&session.RecentData, &session.RecentFun, &session.RecentGra}) {
+  for (const RecentList* list :
+       {&session.files.RecentData, &session.files.RecentFun, &session.files.RecentGra}) {
     EXPECT_EQ(list->RecentMax, 4);
     EXPECT_EQ(list->RecentCount, 0);
     EXPECT_EQ(list->pick, 0);
@@ -51,34 +53,35 @@ TEST(Session, TheRecentListsAreEmptyAndHoldFour) {
 
 TEST(Session, TheFirstDataSetHasRoomForAHundredPoints) {
   const Session session;
-  EXPECT_EQ(session.data.NumPnt, 100);
-  for (const Array<double>* column : {&session.data.Xpnt, &session.data.Ypnt, &session.data.ErrXpnt,
-                                      &session.data.ErrYpnt, &session.data.ErrEff}) {
+  EXPECT_EQ(session.loaded.data.NumPnt, 100);
+  for (const Array<double>* column :
+       {&session.loaded.data.Xpnt, &session.loaded.data.Ypnt, &session.loaded.data.ErrXpnt,
+        &session.loaded.data.ErrYpnt, &session.loaded.data.ErrEff}) {
     EXPECT_EQ(column->upper(), 100);
   }
-  EXPECT_EQ(session.data.FunX.upper(), 50);
-  EXPECT_EQ(session.data.FunY.upper(), 50);
-  EXPECT_EQ(session.data.kXpntErr, 0);
+  EXPECT_EQ(session.loaded.data.FunX.upper(), 50);
+  EXPECT_EQ(session.loaded.data.FunY.upper(), 50);
+  EXPECT_EQ(session.loaded.data.kXpntErr, 0);
 }
 
 TEST(Session, TheFirstParameterSetHasRoomForFive) {
   const Session session;
-  EXPECT_EQ(session.par.ParValues.upper(), 5);
-  EXPECT_EQ(session.par.ParDeltas.upper(), 5);
-  EXPECT_EQ(session.par.FreeIndex.upper(), 6);
-  EXPECT_EQ(session.fun.InnerIndex, 0);
+  EXPECT_EQ(session.analysis.par.ParValues.upper(), 5);
+  EXPECT_EQ(session.analysis.par.ParDeltas.upper(), 5);
+  EXPECT_EQ(session.analysis.par.FreeIndex.upper(), 6);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 0);
 }
 
 TEST(Session, TheSimulationStartsFromNothing) {
   const Session session;
-  EXPECT_EQ(session.SimFirstTime, -1);
-  EXPECT_EQ(session.sim.SimErrX, 0);
-  EXPECT_EQ(session.sim.SimErrY, 0);
-  EXPECT_EQ(session.sim.SimXMin, 0);
-  EXPECT_EQ(session.sim.SimXMax, 0);
-  EXPECT_EQ(session.sim.SimPoints, 0);
-  EXPECT_EQ(session.sim.SimErrXAbs, 0);
-  EXPECT_EQ(session.sim.SimErrYAbs, 0);
+  EXPECT_EQ(session.analysis.SimFirstTime, -1);
+  EXPECT_EQ(session.analysis.sim.SimErrX, 0);
+  EXPECT_EQ(session.analysis.sim.SimErrY, 0);
+  EXPECT_EQ(session.analysis.sim.SimXMin, 0);
+  EXPECT_EQ(session.analysis.sim.SimXMax, 0);
+  EXPECT_EQ(session.analysis.sim.SimPoints, 0);
+  EXPECT_EQ(session.analysis.sim.SimErrXAbs, 0);
+  EXPECT_EQ(session.analysis.sim.SimErrYAbs, 0);
 }
 
 TEST(Session, HasTheFourFontsOfTheForms) {
@@ -89,21 +92,20 @@ TEST(Session, HasTheFourFontsOfTheForms) {
     EXPECT_EQ(font.charset, charset);
     EXPECT_FALSE(font.bold);
   };
-  expectFont(session.FontLabel, "Arial", 9, 0);
-  expectFont(session.FontFixed, "Courier New", 10, 255);
-  expectFont(session.FontEdit, "Courier New", 10, 255);
-  expectFont(session.FontSmall, "Courier New", 8, 255);
+  expectFont(session.settings.FontLabel, "Arial", 9, 0);
+  expectFont(session.settings.FontFixed, "Courier New", 10, 255);
+  expectFont(session.settings.FontEdit, "Courier New", 10, 255);
+  expectFont(session.settings.FontSmall, "Courier New", 8, 255);
 }
 
 TEST(StartUp, TheFoldersAreTheProgramsWhereItCanBeWritten) {
   Session session;
   MemoryFiles files;
   setFirstFolders(session, files);
-  EXPECT_EQ(session.DataDir, "/program");
-  EXPECT_EQ(session.FunDir, "/program");
-  EXPECT_EQ(session.GraDir, "/program");
-  for (const std::string& folder : session.WorkDir) EXPECT_EQ(folder, "/program");
-  for (const std::string& drive : session.WorkDrive) EXPECT_EQ(drive, "");
+  EXPECT_EQ(session.files.DataDir, "/program");
+  EXPECT_EQ(session.files.FunDir, "/program");
+  EXPECT_EQ(session.files.GraDir, "/program");
+  for (const std::string& folder : session.files.WorkDir) EXPECT_EQ(folder, "/program");
 }
 
 TEST(StartUp, OtherwiseTheFoldersAreTheDocumentsOrTheCurrentOne) {

@@ -221,7 +221,7 @@ TEST(SoundSignal, CodeZeroIsHighAndCodeOneIsLow) {
 
 TEST(SoundSignal, IsSilentWithTheBeepSwitchOff) {
   Session session;
-  session.BeepOn = kFalse;
+  session.settings.BeepOn = kFalse;
   RecordingSound sound;
   SoundSignal(session, sound, 0);
   SoundSignal(session, sound, 1);

@@ -98,12 +98,12 @@ BrokenCommand menuCommand(const char* control, const std::string& file = "/neu",
 }
 
 /// A command that reads: it asks for its file, while the entry of the other list stays picked.
-BrokenCommand readingCommand(const char* control, RecentList Session::*list, const std::string& file = "/neu",
-                             bool lists = false) {
+BrokenCommand readingCommand(const char* control, RecentList FileSettings::*list,
+                             const std::string& file = "/neu", bool lists = false) {
   BrokenCommand command = menuCommand(control, file, {}, lists);
   command.prepare = [list, prepare = command.prepare](BrokenProgram& program) {
     prepare(program);
-    (program.session.*list).pick = 0;
+    (program.session.files.*list).pick = 0;
   };
   return command;
 }
@@ -128,7 +128,7 @@ BrokenCommand outputCommandOn(const char* name, bool drawing, std::function<void
           [drawing](BrokenProgram& program) {
             if (!drawing) program.run("MenSerErr");
             program.dialogs.file = "/bad.dat";
-            program.session.RecentData.pick = 0;
+            program.session.files.RecentData.pick = 0;
             program.input.fields = {"1", "1", "1", "0", "-.5", "0"};
             program.run(drawing ? "MenSerPro" : "MenDatLet");
           }};
@@ -137,10 +137,10 @@ BrokenCommand outputCommandOn(const char* name, bool drawing, std::function<void
 /// Every command of the menus.
 std::vector<BrokenCommand> brokenMenus() {
   std::vector<BrokenCommand> all{
-      readingCommand("MenDatLet", &Session::RecentData, "/b.dat"),
-      readingCommand("MenDatLet", &Session::RecentData, "/bad.dat"),
-      readingCommand("MenDatLet", &Session::RecentData, "/bad.dat", true),
-      readingCommand("MenDatOld(0)", &Session::RecentData),
+      readingCommand("MenDatLet", &FileSettings::RecentData, "/b.dat"),
+      readingCommand("MenDatLet", &FileSettings::RecentData, "/bad.dat"),
+      readingCommand("MenDatLet", &FileSettings::RecentData, "/bad.dat", true),
+      readingCommand("MenDatOld(0)", &FileSettings::RecentData),
       menuCommand("MenDatMod", "/b.dat"),
       menuCommand("MenDatMod", "/neu.dat"),
       menuCommand("MenDatSav", "/b.dat"),
@@ -157,8 +157,8 @@ std::vector<BrokenCommand> brokenMenus() {
       menuCommand("MenGraDifVis"),
       menuCommand("MenGraFunGra", "/g.gra"),
       menuCommand("MenGraDifSav"),
-      readingCommand("MenGraLetFil", &Session::RecentGra, "/h.gra"),
-      readingCommand("MenGraOld(0)", &Session::RecentGra),
+      readingCommand("MenGraLetFil", &FileSettings::RecentGra, "/h.gra"),
+      readingCommand("MenGraOld(0)", &FileSettings::RecentGra),
       menuCommand("MenGraVisFil"),
       menuCommand("MenGraPriFil"),
       menuCommand("MenAdaPar"),
@@ -185,7 +185,7 @@ std::vector<BrokenCommand> brokenMenus() {
 /// Every command of the menus, and what the editor and the output window do.
 std::vector<BrokenCommand> brokenCommands() {
   const auto print = [](BrokenProgram& program) {
-    program.output.printOn(program.textPrinter, program.session.FontEdit);
+    program.output.printOn(program.textPrinter, program.session.settings.FontEdit);
   };
   const auto copy = [](BrokenProgram& program) { program.output.copyTo(program.clipboard); };
   const auto save = [](BrokenProgram& program) { program.output.saveRoutine()(); };
@@ -210,29 +210,32 @@ std::ostream& operator<<(std::ostream& text, const Array<T>& items) {
 
 std::string dataState(const Session& s) {
   std::ostringstream text;
-  text << "data " << s.DataFile << ' ' << s.DataPath << ' ' << s.DataDefined << ' ' << s.data.TitleX << ' '
-       << s.data.TitleY << ' ' << s.data.NumPnt << ' ' << s.data.kXpntErr << "\nx" << s.data.Xpnt << "\ny"
-       << s.data.Ypnt << "\ndx" << s.data.ErrXpnt << "\ndy" << s.data.ErrYpnt << "\neffective"
-       << s.data.ErrEff;
+  text << "data " << s.loaded.DataFile << ' ' << s.loaded.DataPath << ' ' << s.loaded.DataDefined << ' '
+       << s.loaded.data.TitleX << ' ' << s.loaded.data.TitleY << ' ' << s.loaded.data.NumPnt << ' '
+       << s.loaded.data.kXpntErr << "\nx" << s.loaded.data.Xpnt << "\ny" << s.loaded.data.Ypnt << "\ndx"
+       << s.loaded.data.ErrXpnt << "\ndy" << s.loaded.data.ErrYpnt << "\neffective" << s.loaded.data.ErrEff;
   return text.str();
 }
 
 std::string modelState(const Session& s) {
   std::ostringstream text;
-  text << "\nfunctions " << s.FunFile << ' ' << s.FunFileRead << ' ' << s.catalogue.inner.size();
-  for (const auto& entry : s.catalogue.file.entries) text << ' ' << entry.description;
-  text << "\nmodel " << s.FunDefined << ' ' << s.fun.FunctionText << ' ' << s.fun.InnerIndex << ','
-       << s.fun.OuterIndex << ' ' << s.par.ParNames << ' ' << s.par.FreeCount << ' ' << s.ParVar << ' '
-       << s.ParametersSet << ':' << s.par.ParValues << ',' << s.par.ParDeltas << "\ncompiled " << s.model.nVar
-       << ',' << s.model.nPar << ' ' << s.model.LastSlot << ' ' << s.model.Code << ' ' << s.model.OperandMap
-       << s.model.Values << ',' << s.model.Slots;
+  text << "\nfunctions " << s.loaded.FunFile << ' ' << s.loaded.FunFileRead << ' '
+       << s.loaded.catalogue.inner.size();
+  for (const auto& entry : s.loaded.catalogue.file.entries) text << ' ' << entry.description;
+  text << "\nmodel " << s.analysis.FunDefined << ' ' << s.analysis.fun.FunctionText << ' '
+       << s.analysis.fun.InnerIndex << ',' << s.analysis.fun.OuterIndex << ' ' << s.analysis.par.ParNames
+       << ' ' << s.analysis.par.FreeCount << ' ' << s.analysis.ParVar << ' ' << s.analysis.ParametersSet
+       << ':' << s.analysis.par.ParValues << ',' << s.analysis.par.ParDeltas << "\ncompiled "
+       << s.analysis.model.nVar << ',' << s.analysis.model.nPar << ' ' << s.analysis.model.LastSlot << ' '
+       << s.analysis.model.Code << ' ' << s.analysis.model.OperandMap << s.analysis.model.Values << ','
+       << s.analysis.model.Slots;
   return text.str();
 }
 
 std::string recentState(const Session& s) {
   std::ostringstream text;
   text << "\nrecent";
-  for (const RecentList* list : {&s.RecentData, &s.RecentFun, &s.RecentGra}) {
+  for (const RecentList* list : {&s.files.RecentData, &s.files.RecentFun, &s.files.RecentGra}) {
     text << ' ' << list->RecentCount << list->files << ',' << list->paths << " picked " << list->pick << ';';
   }
   return text.str();
@@ -243,12 +246,12 @@ std::string brokenState(const BrokenProgram& program) {
   const Session& s = program.session;
   std::ostringstream text;
   text << dataState(s) << modelState(s) << recentState(s);
-  text << "\ngraphics " << s.GraFile << ' ' << s.GraDefined;
-  for (const std::string& figure : s.GraphText) text << ' ' << figure.size();
-  text << ' ' << s.DiffText.size();
-  text << "\nswitches " << s.TraceEnabled << s.CheckFunctions << s.PropagationMode << s.FitRunning
-       << s.ShowErrors << s.SimFirstTime << ' ' << s.DataDir << ' ' << s.GraDir << ' '
-       << s.monteCarlo.McBinCount;
+  text << "\ngraphics " << s.loaded.GraFile << ' ' << s.loaded.GraDefined;
+  for (const std::string& figure : s.figures.GraphText) text << ' ' << figure.size();
+  text << ' ' << s.figures.DiffText.size();
+  text << "\nswitches " << s.TraceEnabled << s.CheckFunctions << s.analysis.PropagationMode << s.FitRunning
+       << s.settings.ShowErrors << s.analysis.SimFirstTime << ' ' << s.files.DataDir << ' ' << s.files.GraDir
+       << ' ' << s.analysis.monteCarlo.McBinCount;
   text << "\nwindows " << program.output.isOpen() << ' ' << program.plots.made() << ' '
        << program.editorForm.visible << ' ' << (program.editorForm.visible ? program.editorForm.text : "")
        << ' ' << program.panels.isOpen() << ' ' << program.window.enabled << ' ' << program.window.caption;
@@ -276,9 +279,9 @@ void expectUsable(BrokenProgram& program) {
   for (int panel = 1; panel <= 5; ++panel) {
     EXPECT_EQ(program.window.panels[panel], display.panels[static_cast<std::size_t>(panel - 1)]);
   }
-  const int shown = program.session.ShowErrors;
+  const int shown = program.session.settings.ShowErrors;
   program.run("MenSerErr");
-  EXPECT_NE(program.session.ShowErrors, shown);
+  EXPECT_NE(program.session.settings.ShowErrors, shown);
 }
 
 /// Calls of a hot port are tried more and more sparsely.

@@ -137,7 +137,7 @@ TEST_F(EditorTest, TheCaptionTellsKindAndFile) {
   open("", kGraphicKind);
   EXPECT_EQ(form.caption, "VOR_KEL: Modifica File Grafico prova.txt");
   EXPECT_EQ(editor.EditFile(), kPath);
-  EXPECT_EQ(session.FileKind, kGraphicKind);
+  EXPECT_EQ(session.files.FileKind, kGraphicKind);
 }
 
 TEST_F(EditorTest, TheMainWindowIsDisabledBeforeTheEditorShows) {
@@ -167,13 +167,13 @@ TEST_F(EditorTest, ARefusedFileLeavesNoNameBehind) {
   dialogs.press(2);
   editor.OpenEditor("/lavoro/manca.fcn", kFunctionKind);
   EXPECT_EQ(editor.EditFile(), kPath);
-  EXPECT_EQ(session.FileKind, kDataKind);
+  EXPECT_EQ(session.files.FileKind, kDataKind);
 }
 
 TEST_F(EditorTest, AClosedEditorRenewsMenusAndPanels) {
   open("uno\r\n", kDataKind);
-  session.DataDefined = kTrue;
-  session.DataFile = "/lavoro/PROVA.DAT";
+  session.loaded.DataDefined = kTrue;
+  session.loaded.DataFile = "/lavoro/PROVA.DAT";
   editor.MnuFilRin();
   EXPECT_TRUE(window.menuEnabled["MenDatSav"]);
   EXPECT_EQ(window.panels[1], "Dati: PROVA.DAT");
@@ -448,13 +448,13 @@ TEST_F(EditorTest, ACheckThatBreaksOffIsToldAndPutsItsSwitchesBack) {
 TEST_F(EditorTest, TheCheckTakesNothingOver) {
   open(kGoodData, kDataKind);
   editor.MnuFilSav();
-  EXPECT_EQ(session.DataDefined, kFalse);
-  EXPECT_EQ(session.DataFile, "Nessuno");
+  EXPECT_EQ(session.loaded.DataDefined, kFalse);
+  EXPECT_EQ(session.loaded.DataFile, "Nessuno");
   open(kGoodFunctions, kFunctionKind);
   editor.MnuFilSav();
-  EXPECT_EQ(session.FunFileRead, kFalse);
-  EXPECT_EQ(session.FunFile, "Nessuno");
-  EXPECT_TRUE(session.catalogue.file.entries.empty());
+  EXPECT_EQ(session.loaded.FunFileRead, kFalse);
+  EXPECT_EQ(session.loaded.FunFile, "Nessuno");
+  EXPECT_TRUE(session.loaded.catalogue.file.entries.empty());
 }
 
 TEST_F(EditorTest, TheNextSaveOfAFunctionFileFindsTheSameFile) {
@@ -474,11 +474,11 @@ TEST_F(EditorTest, ALoadedModelIsStillThereBehindTheCheck) {
   ReadFunctionFile(session, files, output, name, kFalse);
   ASSERT_EQ(session.ErrFlag, 0);
   ASSERT_FALSE(loadFunction(session, 1));
-  const FunctionDef before = session.fun;
-  session.fun.InnerIndex = kBuiltInInner + 1;
-  session.fun.OuterIndex = 1;
+  const FunctionDef before = session.analysis.fun;
+  session.analysis.fun.InnerIndex = kBuiltInInner + 1;
+  session.analysis.fun.OuterIndex = 1;
   TakeFunction(session, before.InnerIndex, before.OuterIndex);
-  session.par.ParValues[1] = 3;
+  session.analysis.par.ParValues[1] = 3;
   const double value = EvaluateFunction(session, dialogs, 7);
   EXPECT_EQ(value, 21);
   for (const char* bytes : {kGoodFunctions, kBadFunctions}) {
@@ -563,7 +563,7 @@ TEST_F(EditorTest, TheLastCellOnlyClosesThePalette) {
 }
 
 TEST_F(EditorTest, StampaPrintsTheTextInFontEdit) {
-  session.FontEdit = {"Courier New", 10, 255};
+  session.settings.FontEdit = {"Courier New", 10, 255};
   printer.orientation = kLandscape;
   open("uno\r\ndue\r\n");
   editor.MnuPri();

@@ -177,8 +177,8 @@ class FaultyForms : public FunctionForms {
 
   bool selectFunction() override {
     fault_.pass();
-    session_.fun.InnerIndex = 2;
-    session_.fun.OuterIndex = outer;
+    session_.analysis.fun.InnerIndex = 2;
+    session_.analysis.fun.OuterIndex = outer;
     return true;
   }
   int chooseLoadedFunction() override { return fault_.pass(), 1; }

@@ -27,7 +27,7 @@ TEST_F(SelectFunctionTest, TheListsShowTheCatalogue) {
 }
 
 TEST_F(SelectFunctionTest, ARefillShowsALoadedFunction) {
-  session.catalogue.file.entries.push_back({"A", "A*x", "retta"});
+  session.loaded.catalogue.file.entries.push_back({"A", "A*x", "retta"});
   loadFunction(session, 1);
   form.refill();
   ASSERT_EQ(form.innerList().size(), 6U);
@@ -35,11 +35,11 @@ TEST_F(SelectFunctionTest, ARefillShowsALoadedFunction) {
 }
 
 TEST_F(SelectFunctionTest, ItOpensOnTheFirstEntries) {
-  session.fun.InnerIndex = 4;
-  session.fun.OuterIndex = 9;
+  session.analysis.fun.InnerIndex = 4;
+  session.analysis.fun.OuterIndex = 9;
   form.open();
-  EXPECT_EQ(session.fun.InnerIndex, 1);
-  EXPECT_EQ(session.fun.OuterIndex, 1);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 1);
+  EXPECT_EQ(session.analysis.fun.OuterIndex, 1);
   EXPECT_EQ(form.text(), " y = c ");
 }
 
@@ -51,12 +51,12 @@ TEST_F(SelectFunctionTest, TheTextFollowsEachSelection) {
   EXPECT_EQ(form.text(), " y = (bx+c)\xFD ");
   form.selectInner(1);
   EXPECT_EQ(form.text(), " y = c\xFD ");
-  EXPECT_EQ(session.fun.InnerIndex, 1);
-  EXPECT_EQ(session.fun.OuterIndex, 2);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 1);
+  EXPECT_EQ(session.analysis.fun.OuterIndex, 2);
 }
 
 TEST_F(SelectFunctionTest, ALongTextIsShortenedInTheFieldOnly) {
-  session.catalogue.file.entries.push_back({"A", "A*x", std::string(56, 'd')});
+  session.loaded.catalogue.file.entries.push_back({"A", "A*x", std::string(56, 'd')});
   loadFunction(session, 1);
   form.refill();
   form.open();
@@ -73,8 +73,8 @@ TEST_F(SelectFunctionTest, GivingUpRestoresIndicesAndText) {
   form.selectInner(5);
   form.selectOuter(5);
   form.giveUp();
-  EXPECT_EQ(session.fun.InnerIndex, 3);
-  EXPECT_EQ(session.fun.OuterIndex, 4);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 3);
+  EXPECT_EQ(session.analysis.fun.OuterIndex, 4);
   EXPECT_EQ(form.text(), " y = \xFB(ax\xFD+bx+c) ");
 }
 
@@ -82,8 +82,8 @@ TEST_F(SelectFunctionTest, GivingUpWithoutAFunctionGoesBackToNone) {
   form.open();
   form.selectInner(2);
   form.giveUp();
-  EXPECT_EQ(session.fun.InnerIndex, 0);
-  EXPECT_EQ(session.fun.OuterIndex, 0);
+  EXPECT_EQ(session.analysis.fun.InnerIndex, 0);
+  EXPECT_EQ(session.analysis.fun.OuterIndex, 0);
   EXPECT_EQ(form.text(), "");
 }
 
@@ -104,7 +104,7 @@ TEST(SelectFunctionPlace, RightOfTheLeftEdgeAndCentredInHeight) {
 class LoadFunctionTest : public testing::Test {
  protected:
   LoadFunctionTest() {
-    session.catalogue.file.entries = {{"A,B", "A*x+B", "retta"}, {"C", "C*x*x", "parabola"}};
+    session.loaded.catalogue.file.entries = {{"A,B", "A*x+B", "retta"}, {"C", "C*x*x", "parabola"}};
     form.refill();
   }
 
@@ -127,14 +127,14 @@ TEST_F(LoadFunctionTest, DefinitionAndParametersFollowTheSelection) {
 
 TEST_F(LoadFunctionTest, AnotherFileSelectsItsFirstFunction) {
   form.select(2);
-  session.catalogue.file.entries = {{"D", "D", "costante"}};
+  session.loaded.catalogue.file.entries = {{"D", "D", "costante"}};
   form.refill();
   EXPECT_EQ(form.selected(), 1);
   EXPECT_EQ(form.definition(), "D");
 }
 
 TEST_F(LoadFunctionTest, WithoutAFileNothingIsSelected) {
-  session.catalogue.file = {};
+  session.loaded.catalogue.file = {};
   form.refill();
   EXPECT_EQ(form.selected(), 0);
   EXPECT_EQ(form.definition(), "");

@@ -159,11 +159,10 @@ TEST_F(MainModTest, TheStartSoundsOnceBehindTheWelcomeAndBeforeTheRefresh) {
 
 TEST_F(MainModTest, TheStartFillsFoldersAndCatalogue) {
   start();
-  EXPECT_EQ(session.DataDir, "/program");
-  EXPECT_THAT(session.WorkDir, Each(std::string("/program")));
-  EXPECT_THAT(session.WorkDrive, Each(std::string()));
-  EXPECT_EQ(session.catalogue.inner.size(), 5u);
-  EXPECT_EQ(session.catalogue.outer.size(), 9u);
+  EXPECT_EQ(session.files.DataDir, "/program");
+  EXPECT_THAT(session.files.WorkDir, Each(std::string("/program")));
+  EXPECT_EQ(session.loaded.catalogue.inner.size(), 5u);
+  EXPECT_EQ(session.loaded.catalogue.outer.size(), 9u);
   EXPECT_THAT(functions.calls, ElementsAre("refill selection"));
 }
 
@@ -218,7 +217,7 @@ TEST_F(MainModTest, TheTwoCommandsThatOpenAPanelLeaveTheDisplay) {
     EXPECT_TRUE(window.panels.empty()) << control;
     EXPECT_TRUE(panels.isOpen());
     mainMod.run("MenSerErr");
-    EXPECT_EQ(session.ShowErrors, kFalse) << "no command runs under a panel";
+    EXPECT_EQ(session.settings.ShowErrors, kFalse) << "no command runs under a panel";
     panels.CmdWrkDir(0);
   }
 }
@@ -226,10 +225,10 @@ TEST_F(MainModTest, TheTwoCommandsThatOpenAPanelLeaveTheDisplay) {
 TEST_F(MainModTest, ARecentEntryIsReadWithoutAsking) {
   start();
   readData();
-  session.DataFile.clear();
+  session.loaded.DataFile.clear();
   mainMod.run("MenDatOld(0)");
-  EXPECT_EQ(session.RecentData.pick, 1);
-  EXPECT_EQ(session.DataFile, "/dati/a.dat");
+  EXPECT_EQ(session.files.RecentData.pick, 1);
+  EXPECT_EQ(session.loaded.DataFile, "/dati/a.dat");
   EXPECT_EQ(dialogs.fileRequests.size(), 1u);
 }
 
@@ -242,11 +241,11 @@ TEST_F(MainModTest, RecentEntriesOfFunctionsAndFiguresTakeTheirOwnLists) {
   dialogs.pick("/g.gra");
   mainMod.run("MenGraLetFil");
   mainMod.run("MenFunOld(0)");
-  EXPECT_EQ(session.RecentFun.pick, 0) << "asks again the next time";
-  EXPECT_EQ(session.RecentFun.RecentCount, 2);
+  EXPECT_EQ(session.files.RecentFun.pick, 0) << "asks again the next time";
+  EXPECT_EQ(session.files.RecentFun.RecentCount, 2);
   mainMod.run("MenGraOld(0)");
-  EXPECT_EQ(session.RecentGra.pick, 1);
-  EXPECT_EQ(session.GraFile, "/g.gra");
+  EXPECT_EQ(session.files.RecentGra.pick, 1);
+  EXPECT_EQ(session.loaded.GraFile, "/g.gra");
   EXPECT_EQ(window.panels[3], "Gra.: g.gra");
 }
 
@@ -267,7 +266,7 @@ TEST_F(MainModTest, ModifyCommandsPickForTheEditor) {
     EXPECT_EQ(asked.caption, c.caption);
     EXPECT_FALSE(asked.save);
     EXPECT_NE(asked.filter.find(c.filter), std::string::npos) << asked.filter;
-    EXPECT_EQ(session.FileKind, c.kind);
+    EXPECT_EQ(session.files.FileKind, c.kind);
     EXPECT_EQ(editorForm.caption, std::string(c.caption) + " nota.txt");
     EXPECT_TRUE(editorForm.visible);
     EXPECT_FALSE(window.enabled);
@@ -371,8 +370,8 @@ TEST_F(MainModTest, AGraphicFileThatEndsTooSoonLeavesNoWindowAndNoData) {
     mainMod.run(control);
     expectBox("VOR_KEL", "Errore di run-time '62':\n\nInput oltre la fine del file");
     EXPECT_THAT(plots.windows, IsEmpty());
-    EXPECT_EQ(session.DataFile, "/dati/a.dat");
-    EXPECT_EQ(session.data.NumPnt, 3);
+    EXPECT_EQ(session.loaded.DataFile, "/dati/a.dat");
+    EXPECT_EQ(session.loaded.data.NumPnt, 3);
   }
   files.content["/g.gra"] = "\\SIMBOLO(1,1)\r\n";
   mainMod.run("MenGraPriFil");
@@ -394,32 +393,33 @@ TEST_F(MainModTest, ARecentFileThatHasGoneChangesNothingAndTheNextReadingAsks) {
   expectBox("VOR_KEL", "Errore di run-time '53':\n\nImpossibile trovare il file");
   EXPECT_EQ(window.panels[1], "Dati: b.dat");
   EXPECT_EQ(window.menuCaption, captions);
-  EXPECT_EQ(session.RecentData.RecentCount, 2);
+  EXPECT_EQ(session.files.RecentData.RecentCount, 2);
   dialogs.pick("/dati/b.dat");
   mainMod.run("MenDatLet");
-  EXPECT_EQ(session.RecentData.RecentCount, 3) << "read by the dialog";
+  EXPECT_EQ(session.files.RecentData.RecentCount, 3) << "read by the dialog";
 }
 
 TEST_F(MainModTest, ACommandThatBreaksOffDropsThePickedEntryOfTheListThatItReadsAndOfNoOther) {
   start();
   struct Reading {
     const char* control;
-    RecentList Session::*list;
+    RecentList FileSettings::*list;
   };
-  for (const Reading& failing : {Reading{"MenDatLet", &Session::RecentData},
-                                 {"MenFunLet", &Session::RecentFun},
+  for (const Reading& failing : {Reading{"MenDatLet", &FileSettings::RecentData},
+                                 {"MenFunLet", &FileSettings::RecentFun},
                                  {"MenGraVisFil", nullptr}}) {
-    for (RecentList* list : {&session.RecentData, &session.RecentFun, &session.RecentGra}) {
+    for (RecentList* list : {&session.files.RecentData, &session.files.RecentFun, &session.files.RecentGra}) {
       list->paths[1] = "/manca";
       list->pick = 1;
     }
-    session.GraFile = "/manca";
+    session.loaded.GraFile = "/manca";
     dialogs.expectBox();
     mainMod.run(failing.control);
     ASSERT_EQ(dialogs.boxes.size(), 1U) << failing.control;
     dialogs.boxes.clear();
-    for (RecentList Session::*list : {&Session::RecentData, &Session::RecentFun, &Session::RecentGra}) {
-      EXPECT_EQ((session.*list).pick, list == failing.list ? 0 : 1) << failing.control;
+    for (RecentList FileSettings::*list :
+         {&FileSettings::RecentData, &FileSettings::RecentFun, &FileSettings::RecentGra}) {
+      EXPECT_EQ((session.files.*list).pick, list == failing.list ? 0 : 1) << failing.control;
     }
   }
 }
@@ -428,14 +428,14 @@ TEST_F(MainModTest, APickedEntryOutlivesTheFailureOfAnotherCommand) {
   start();
   readData();
   mainMod.run("MenDatOld(0)");
-  session.GraFile = "/manca.gra";
+  session.loaded.GraFile = "/manca.gra";
   dialogs.expectBox();
   mainMod.run("MenGraVisFil");
   dialogs.boxes.clear();
   const auto asked = dialogs.fileRequests.size();
   mainMod.run("MenDatLet");
   EXPECT_EQ(dialogs.fileRequests.size(), asked) << "the entry is read without asking";
-  EXPECT_EQ(session.RecentData.RecentCount, 3);
+  EXPECT_EQ(session.files.RecentData.RecentCount, 3);
 }
 
 TEST_F(MainModTest, AClickIntoAFigureCanPutItAway) {
@@ -461,7 +461,7 @@ TEST_F(MainModTest, TheFitIsRefusedWithItsFourTexts) {
   refused("Dati NON Definiti!");
   readData();
   refused("Parametri NON Definiti!");
-  session.FunDefined = kFalse;
+  session.analysis.FunDefined = kFalse;
   refused("Funzione NON Definita!");
 }
 
@@ -471,7 +471,7 @@ TEST_F(MainModTest, TheFitRunsUnderItsFlag) {
   chooseLine();
   input.execute({"1", "1", "1", "1"});
   mainMod.run("MenAdaPar");
-  EXPECT_EQ(session.ParVar, kTrue);
+  EXPECT_EQ(session.analysis.ParVar, kTrue);
   mainMod.run("MenAdaAda");
   EXPECT_THAT(output.fitRunning, ElementsAre(kTrue));
   EXPECT_EQ(session.FitRunning, kFalse);
@@ -486,7 +486,7 @@ TEST_F(MainModTest, TheFlagOfTheFitFallsAlsoAfterAFailure) {
   chooseLine();
   input.execute({"0", "0", "1", "1"});
   mainMod.run("MenAdaPar");
-  session.data.ErrYpnt.span(1, 3)[0] = 0;
+  session.loaded.data.ErrYpnt.span(1, 3)[0] = 0;
   mainMod.run("MenAdaAda");
   EXPECT_EQ(session.FitRunning, kFalse);
 }
@@ -494,10 +494,10 @@ TEST_F(MainModTest, TheFlagOfTheFitFallsAlsoAfterAFailure) {
 TEST_F(MainModTest, ParametersAreEnteredForAFit) {
   start();
   chooseLine();
-  session.PropagationMode = kTrue;
+  session.analysis.PropagationMode = kTrue;
   input.giveUp();
   mainMod.run("MenAdaPar");
-  EXPECT_EQ(session.PropagationMode, kFalse);
+  EXPECT_EQ(session.analysis.PropagationMode, kFalse);
   EXPECT_EQ(input.shown.at(0).caption, "VOR_KEL: Parametri Iniziali");
   EXPECT_EQ(session.ErrFlag, kTrue);
 }
@@ -506,13 +506,13 @@ TEST_F(MainModTest, PropagationAsksForErrorsAndLeavesNoFlag) {
   start();
   mainMod.run("MenSerPro");
   EXPECT_TRUE(input.shown.empty()) << "without a function nothing happens";
-  EXPECT_EQ(session.PropagationMode, kFalse);
+  EXPECT_EQ(session.analysis.PropagationMode, kFalse);
   chooseLine();
   EXPECT_TRUE(on("MenSerPro"));
   input.giveUp();
   mainMod.run("MenSerPro");
   EXPECT_EQ(input.shown.at(0).caption, "VOR_KEL: Propagazione Errori");
-  EXPECT_EQ(session.PropagationMode, kTrue);
+  EXPECT_EQ(session.analysis.PropagationMode, kTrue);
   EXPECT_EQ(session.ErrFlag, 0);
   input.execute({"1", "1", "1", "0", "-.5", "0"});
   mainMod.run("MenSerPro");
@@ -539,7 +539,7 @@ TEST_F(MainModTest, DataAreTransformed) {
   input.execute({"x", "y", "x*2", "y", "dy"});
   mainMod.run("MenDatTra");
   EXPECT_EQ(input.shown.at(0).caption, "VOR_KEL: Trasformazione Dati");
-  EXPECT_EQ(session.data.Xpnt[3], 4);
+  EXPECT_EQ(session.loaded.data.Xpnt[3], 4);
 }
 
 TEST_F(MainModTest, EachCommandTellsOnceOfAGammaFunctionThatDoesNotConverge) {
@@ -564,7 +564,7 @@ TEST_F(MainModTest, DataAreSimulatedAndFittedUnderTheFlagOfTheFit) {
   EXPECT_EQ(window.panels[1], "Dati: SIMULA.DAT");
   EXPECT_THAT(output.fitRunning, ElementsAre(kTrue));
   EXPECT_EQ(session.FitRunning, kFalse);
-  EXPECT_EQ(session.par.ParValues[1], 2);
+  EXPECT_EQ(session.analysis.par.ParValues[1], 2);
   EXPECT_THAT(random.seeds, IsEmpty());
 }
 
@@ -584,16 +584,16 @@ TEST_F(MainModTest, OneCommandRunsAtATime) {
   functions.whileOpen = [this] { mainMod.run("MenSerErr"); };
   functions.giveUpSelection();
   mainMod.run("MenFunSel");
-  EXPECT_EQ(session.ShowErrors, kFalse);
+  EXPECT_EQ(session.settings.ShowErrors, kFalse);
   mainMod.run("MenSerErr");
-  EXPECT_EQ(session.ShowErrors, kTrue);
+  EXPECT_EQ(session.settings.ShowErrors, kTrue);
 }
 
 TEST_F(MainModTest, TheErrorOptionAndItsMarkChangeTogether) {
   start();
   for (int expected : {kTrue, kFalse, kTrue}) {
     mainMod.run("MenSerErr");
-    EXPECT_EQ(session.ShowErrors, expected);
+    EXPECT_EQ(session.settings.ShowErrors, expected);
     EXPECT_EQ(window.menuChecked.at("MenSerErr"), expected == kTrue);
   }
 }
@@ -608,15 +608,15 @@ TEST_F(MainModTest, AnUnguardedErrorIsToldAndEndsTheCommand) {
   mainMod.run("MenDatLet");
   expectBox("VOR_KEL", "Errore di run-time '70':\n\nAutorizzazione negata");
   EXPECT_EQ(window.panels[1], "Dati: Nessuno");
-  EXPECT_EQ(session.DataFile, "Nessuno");
+  EXPECT_EQ(session.loaded.DataFile, "Nessuno");
   mainMod.run("MenSerErr");
-  EXPECT_EQ(session.ShowErrors, kTrue) << "the program goes on";
+  EXPECT_EQ(session.settings.ShowErrors, kTrue) << "the program goes on";
 }
 
 TEST_F(MainModTest, AFunctionFileThatCannotBeReadLeavesSwitchesAndFunctions) {
   start();
-  session.PropagationMode = kTrue;
-  session.ShowErrors = kTrue;
+  session.analysis.PropagationMode = kTrue;
+  session.settings.ShowErrors = kTrue;
   files.content["/f.fcn"] = "A\r\nA*x\r\nretta\r\n";
   files.readError["/f.fcn"] = kDeviceIoError;
   dialogs.pick("/f.fcn");
@@ -625,8 +625,8 @@ TEST_F(MainModTest, AFunctionFileThatCannotBeReadLeavesSwitchesAndFunctions) {
   dialogs.boxes.clear();
   EXPECT_EQ(session.TraceEnabled, kFalse);
   EXPECT_EQ(session.CheckFunctions, kFalse);
-  EXPECT_EQ(session.PropagationMode, kTrue);
-  EXPECT_EQ(session.FunFileRead, kFalse);
+  EXPECT_EQ(session.analysis.PropagationMode, kTrue);
+  EXPECT_EQ(session.loaded.FunFileRead, kFalse);
   EXPECT_FALSE(on("MenFunCar"));
 }
 
@@ -651,10 +651,11 @@ TEST_F(MainModTest, FlagsAreExactlyTrueOrFalseAfterEveryCommand) {
   start();
   const auto check = [&](const char* control) {
     for (const Flag flag :
-         {session.DataDefined, session.FunFileRead, session.FunDefined, session.ParametersSet, session.ParVar,
-          session.GraDefined, session.ShowErrors, session.TraceEnabled, session.CheckFunctions,
-          session.FitRunning, session.PropagationMode, session.SimFirstTime, session.Landscape,
-          session.BeepOn, session.data.kXpntErr, panels.PanelClosed}) {
+         {session.loaded.DataDefined, session.loaded.FunFileRead, session.analysis.FunDefined,
+          session.analysis.ParametersSet, session.analysis.ParVar, session.loaded.GraDefined,
+          session.settings.ShowErrors, session.TraceEnabled, session.CheckFunctions, session.FitRunning,
+          session.analysis.PropagationMode, session.analysis.SimFirstTime, session.figures.Landscape,
+          session.settings.BeepOn, session.loaded.data.kXpntErr, panels.PanelClosed}) {
       EXPECT_TRUE(flag == kTrue || flag == kFalse) << control << ": " << flag;
     }
   };
@@ -697,7 +698,7 @@ TEST_F(MainPanelsTest, TheDirectoryPanelIsABusyState) {
   EXPECT_EQ(window.caption, "VOR_KEL: Selezione Directory di Lavoro");
   EXPECT_THAT(topMenus(), Each(false));
   EXPECT_THAT(view.calls, ElementsAre("show FraDir", "sync FraDir"));
-  EXPECT_EQ(session.WorkRow, 0);
+  EXPECT_EQ(session.files.WorkRow, 0);
 }
 
 TEST_F(MainPanelsTest, BothButtonsEndTheDirectoryPanel) {
@@ -721,15 +722,15 @@ TEST_F(MainPanelsTest, TheMenuOfFitsComesBackWithAFunctionOnly) {
 
 TEST_F(MainPanelsTest, EseguiReachesTheFilePickerAndRinunciaDoesNot) {
   mainMod.run("MenSerImpDir");
-  session.WorkDir = {"", "/d", "/f", "/g"};
+  session.files.WorkDir = {"", "/d", "/f", "/g"};
   panels.CmdWrkDir(0);
-  EXPECT_EQ(session.DataDir, "/program");
+  EXPECT_EQ(session.files.DataDir, "/program");
   mainMod.run("MenSerImpDir");
   EXPECT_EQ(panels.directory().caption(1), " File Dati:\n /d");
   panels.CmdWrkDir(1);
-  EXPECT_EQ(session.DataDir, "/d");
-  EXPECT_EQ(session.FunDir, "/f");
-  EXPECT_EQ(session.GraDir, "/g");
+  EXPECT_EQ(session.files.DataDir, "/d");
+  EXPECT_EQ(session.files.FunDir, "/f");
+  EXPECT_EQ(session.files.GraDir, "/g");
 }
 
 TEST_F(MainPanelsTest, TheOptionsPanelShowsItsCaption) {
@@ -757,9 +758,9 @@ TEST_F(MainPanelsTest, RinunciaKeepsThePictureAndTheScales) {
   panels.graphics().choosePaper(1);
   panels.CmdImpGra(0);
   EXPECT_EQ(window.background, 0);
-  EXPECT_EQ(session.BackImage, 0);
-  EXPECT_THAT(session.GraphScale, Each(1.0F));
-  EXPECT_EQ(session.Landscape, kTrue);
+  EXPECT_EQ(session.settings.BackImage, 0);
+  EXPECT_THAT(session.figures.GraphScale, Each(1.0F));
+  EXPECT_EQ(session.figures.Landscape, kTrue);
 }
 
 }  // namespace

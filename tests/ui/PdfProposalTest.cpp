@@ -7,25 +7,25 @@ namespace {
 
 TEST(PdfProposal, IsCalledAsTheDataInTheirFolder) {
   Session session;
-  session.DataDir = "/home/u/misure";
-  session.DataFile = "/home/u/misure/RETTA.DAT";
-  session.DataDefined = kTrue;
-  session.GraFile = "/home/u/x.gra";
-  session.GraDefined = kTrue;
+  session.files.DataDir = "/home/u/misure";
+  session.loaded.DataFile = "/home/u/misure/RETTA.DAT";
+  session.loaded.DataDefined = kTrue;
+  session.loaded.GraFile = "/home/u/x.gra";
+  session.loaded.GraDefined = kTrue;
   EXPECT_EQ(pdfProposal(session), "/home/u/misure/RETTA.pdf");
 }
 
 TEST(PdfProposal, IsCalledAsTheGraphicFileWithoutData) {
   Session session;
-  session.DataDir = "/home/u/misure";
-  session.GraFile = "/home/u/x.gra";
-  session.GraDefined = kTrue;
+  session.files.DataDir = "/home/u/misure";
+  session.loaded.GraFile = "/home/u/x.gra";
+  session.loaded.GraDefined = kTrue;
   EXPECT_EQ(pdfProposal(session), "/home/u/misure/x.pdf");
 }
 
 TEST(PdfProposal, HasANameWhenNothingIsLoaded) {
   Session session;
-  session.DataDir = "/";
+  session.files.DataDir = "/";
   EXPECT_EQ(pdfProposal(session), "/Stampa.pdf");
 }
 

@@ -20,7 +20,7 @@ class AnalysisRoadTest : public Desktop {
   std::string report() { return application.output().model().grid().toUtf8(); }
   void pressOutput(int index) { user.press("FrmOut", QString("CmdOut(%1)").arg(index)); }
   std::vector<double> column(const Array<double>& values) {
-    const auto part = values.span(1, session().data.NumPnt);
+    const auto part = values.span(1, session().loaded.data.NumPnt);
     return {part.begin(), part.end()};
   }
 };
@@ -37,7 +37,7 @@ TEST_F(AnalysisRoadTest, TheHistogramOfAPropagationIsSavedReadAndFitted) {
   EXPECT_THAT(report(), HasSubstr("c = 0.200000E+02   δc = 0.500E+00 σ"));
   EXPECT_THAT(report(), HasSubstr("N =    10000"));
   EXPECT_TRUE(window().isEnabled());
-  EXPECT_EQ(session().par.ParValues[1], 20);
+  EXPECT_EQ(session().analysis.par.ParValues[1], 20);
   pressOutput(3);
   act();
   EXPECT_EQ(windowNamed("FrmOut"), nullptr) << "it closes behind the save";
@@ -53,12 +53,12 @@ TEST_F(AnalysisRoadTest, TheHistogramOfAPropagationIsSavedReadAndFitted) {
   fillForm({"1", "19", "1", "1", "1", "1"});
   user.choose("MenAdaAda");
   act();
-  EXPECT_EQ(session().data.TitleX, "Sim. M.C. per y = c");
+  EXPECT_EQ(session().loaded.data.TitleX, "Sim. M.C. per y = c");
   // The clock seeds the samples: the fit is only held to what every run gives.
   EXPECT_THAT(report(), HasSubstr("Liv. Conf."));
-  EXPECT_NEAR(session().par.ParValues[1], 0.7979, 0.08);
-  EXPECT_NEAR(session().par.ParValues[2], 20, 0.05);
-  EXPECT_NEAR(session().par.ParValues[3], 0.5, 0.05);
+  EXPECT_NEAR(session().analysis.par.ParValues[1], 0.7979, 0.08);
+  EXPECT_NEAR(session().analysis.par.ParValues[2], 20, 0.05);
+  EXPECT_NEAR(session().analysis.par.ParValues[3], 0.5, 0.05);
 }
 
 TEST_F(AnalysisRoadTest, BehindAPropagationTheFitAsksForItsParameters) {
@@ -98,7 +98,7 @@ TEST_F(AnalysisRoadTest, APropagationThatFailsClosesItsWindow) {
                   "Errori nella Simulazione di Monte Carlo\nla funzione NON dipende dalle variabili")));
   EXPECT_EQ(windowNamed("FrmOut"), nullptr);
   EXPECT_TRUE(window().isEnabled());
-  EXPECT_EQ(session().par.ParValues[1], 20);
+  EXPECT_EQ(session().analysis.par.ParValues[1], 20);
 }
 
 TEST_F(AnalysisRoadTest, SimulatedDataAreFittedAtOnce) {
@@ -110,9 +110,9 @@ TEST_F(AnalysisRoadTest, SimulatedDataAreFittedAtOnce) {
   fillForm({"0", "10", "21", ".25", "1", "0", "0"});
   act();
   EXPECT_EQ(panel(1), "Dati: SIMULA.DAT");
-  EXPECT_EQ(session().data.NumPnt, 21);
+  EXPECT_EQ(session().loaded.data.NumPnt, 21);
   EXPECT_THAT(report(), HasSubstr("Completata"));
-  EXPECT_EQ(session().par.ParValues[1], 2) << "the truth, not the fit";
+  EXPECT_EQ(session().analysis.par.ParValues[1], 2) << "the truth, not the fit";
   pressOutput(0);
 
   // What is not reasonable is corrected and told; giving up there leaves the new data without a fit.
@@ -125,7 +125,7 @@ TEST_F(AnalysisRoadTest, SimulatedDataAreFittedAtOnce) {
     QTest::mouseClick(control<QPushButton>(message, "CmdMsg(0)"), Qt::LeftButton);
   });
   act();
-  EXPECT_EQ(session().data.NumPnt, 11);
+  EXPECT_EQ(session().loaded.data.NumPnt, 11);
   EXPECT_EQ(windowNamed("FrmOut"), nullptr);
   EXPECT_TRUE(window().isEnabled());
   EXPECT_EQ(folder.count(), 0) << "nothing is written";
@@ -146,8 +146,8 @@ TEST_F(AnalysisRoadTest, AfterATransformationThatWasGivenUpTheLoadedFunctionIsFi
   user.choose("MenAdaAda");
   act();
   EXPECT_THAT(report(), HasSubstr("Completata"));
-  EXPECT_NEAR(session().par.ParValues[1], 2, 0.01);
-  EXPECT_NEAR(session().par.ParValues[2], 1, 0.05);
+  EXPECT_NEAR(session().analysis.par.ParValues[1], 2, 0.01);
+  EXPECT_NEAR(session().analysis.par.ParValues[2], 1, 0.05);
 }
 
 TEST_F(AnalysisRoadTest, ColumnsAreTransformedSavedAndReadBack) {
@@ -159,8 +159,8 @@ TEST_F(AnalysisRoadTest, ColumnsAreTransformedSavedAndReadBack) {
   answerBox();
   act();
   EXPECT_THAT(boxes, ElementsAre(QString("Errore nella Definizione di  y  <*> per Continuare")));
-  EXPECT_THAT(column(session().data.Xpnt), ElementsAre(1, 2, 3));
-  EXPECT_EQ(session().data.TitleX, "t");
+  EXPECT_THAT(column(session().loaded.data.Xpnt), ElementsAre(1, 2, 3));
+  EXPECT_EQ(session().loaded.data.TitleX, "t");
   EXPECT_TRUE(window().isEnabled());
 
   user.choose("MenDatTra");
@@ -169,10 +169,10 @@ TEST_F(AnalysisRoadTest, ColumnsAreTransformedSavedAndReadBack) {
   user.file("nuovo");
   readData("nuovo.DAT");
   act();
-  EXPECT_EQ(session().data.TitleX, "a");
-  EXPECT_EQ(session().data.TitleY, "b");
-  EXPECT_THAT(column(session().data.Xpnt), ElementsAre(2, 4, 6));
-  EXPECT_THAT(column(session().data.Ypnt), ElementsAre(5, 7, 9));
+  EXPECT_EQ(session().loaded.data.TitleX, "a");
+  EXPECT_EQ(session().loaded.data.TitleY, "b");
+  EXPECT_THAT(column(session().loaded.data.Xpnt), ElementsAre(2, 4, 6));
+  EXPECT_THAT(column(session().loaded.data.Ypnt), ElementsAre(5, 7, 9));
 }
 
 }  // namespace

@@ -66,7 +66,7 @@ class DialogsTest : public testing::Test {
   TemporaryFolder folder;
   QWidget owner;
   Windows windows;
-  FrmMsg message{windows, Session().FontLabel};
+  FrmMsg message{windows, Session().settings.FontLabel};
   QtDialogs dialogs{windows, message};
   FileRequest request;
   User user;

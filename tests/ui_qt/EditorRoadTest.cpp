@@ -68,7 +68,7 @@ TEST_F(EditorRoadTest, AFaultyDataFileIsCorrectedByItsReport) {
   act();
   EXPECT_EQ(editor(), nullptr);
   EXPECT_TRUE(window().isEnabled());
-  EXPECT_EQ(session().DataDefined, kFalse) << "saving does not read";
+  EXPECT_EQ(session().loaded.DataDefined, kFalse) << "saving does not read";
   EXPECT_EQ(folder.bytesOf("guasto.dat"),
             "x\r\ny\r\n4\r\n0 1.02 .1\r\n1 2.95 .1\r\n2 5.05 .1\r\n3 7.01 .1\r\n");
 
@@ -76,8 +76,8 @@ TEST_F(EditorRoadTest, AFaultyDataFileIsCorrectedByItsReport) {
   user.file("guasto.dat");
   act();
   EXPECT_EQ(panel(1), "Dati: guasto.dat");
-  EXPECT_EQ(session().data.NumPnt, 4);
-  EXPECT_EQ(session().data.Ypnt[2], 2.95);
+  EXPECT_EQ(session().loaded.data.NumPnt, 4);
+  EXPECT_EQ(session().loaded.data.Ypnt[2], 2.95);
 }
 
 TEST_F(EditorRoadTest, InALargeFileOfAllBytesOnlyTheChangedLineDiffers) {
@@ -141,7 +141,7 @@ TEST_F(EditorRoadTest, ANewFunctionFileIsWrittenReadLoadedAndFitted) {
   act();
   EXPECT_EQ(editor(), nullptr) << "the check has found no error";
   EXPECT_EQ(folder.bytesOf("nuovo.fcn"), "A,k\r\nA*EXP&\r\n(-k*x)\r\ndecadimento \xE6s\r\n");
-  EXPECT_EQ(session().FunFileRead, kFalse) << "saving does not read";
+  EXPECT_EQ(session().loaded.FunFileRead, kFalse) << "saving does not read";
 
   user.choose("MenFunLet");
   user.file("nuovo.fcn");
@@ -162,8 +162,8 @@ TEST_F(EditorRoadTest, ANewFunctionFileIsWrittenReadLoadedAndFitted) {
   user.choose("MenAdaAda");
   act();
   EXPECT_THAT(application.output().model().grid().toUtf8(), HasSubstr("Completata"));
-  EXPECT_NEAR(session().par.ParValues[1], 100, 5);
-  EXPECT_NEAR(session().par.ParValues[2], 0.5, 0.05);
+  EXPECT_NEAR(session().analysis.par.ParValues[1], 100, 5);
+  EXPECT_NEAR(session().analysis.par.ParValues[2], 0.5, 0.05);
 }
 
 TEST_F(EditorRoadTest, ThePrintedTextCanBeRead) {

@@ -155,7 +155,7 @@ TEST_F(FigureRoadTest, APrintedFigureIsVectorsAndItsCopyStaysAsItWas) {
 }
 
 TEST_F(FigureRoadTest, AFigureHigherThanWideIsPrintedUpright) {
-  session().Landscape = kFalse;
+  session().figures.Landscape = kFalse;
   drawData();
   answerClick(kPrint);
   user.file(path("alta.pdf"));

@@ -121,7 +121,7 @@ TEST_F(FrmEdiTest, OneOfTheTwoControlsIsVisible) {
 }
 
 TEST_F(FrmEdiTest, TheControlsHaveTheirFonts) {
-  session.FontEdit = {"Courier New", 10, 255};
+  session.settings.FontEdit = {"Courier New", 10, 255};
   open("uno\r\n");
   EXPECT_EQ(plainBox()->font().pointSize(), 10);
   EXPECT_TRUE(QFontInfo(plainBox()->font()).fixedPitch());
@@ -292,7 +292,7 @@ TEST_F(FrmEdiTest, IncollaInsertsBeforeTheSelection) {
 }
 
 TEST_F(FrmEdiTest, StampaPrintsInFontEdit) {
-  session.FontEdit = {"Courier New", 9, 255};
+  session.settings.FontEdit = {"Courier New", 9, 255};
   open("uno\r\ndue\r\n");
   choose("MnuPri");
   EXPECT_THAT(printer.calls, ElementsAre("text", "end"));

@@ -23,7 +23,7 @@ class FrmMsgTest : public testing::Test {
 
   QWidget owner;
   Windows windows;
-  FrmMsg form{windows, Session().FontLabel};
+  FrmMsg form{windows, Session().settings.FontLabel};
   User user;
 };
 

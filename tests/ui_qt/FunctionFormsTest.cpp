@@ -39,8 +39,8 @@ TEST_F(FunctionFormsTest, TheSelectionOpensOnTheFirstEntriesBesideTheMainWindow)
   });
   user.press("Sel_Fun", "CmdRin");
   act();
-  EXPECT_EQ(session().FunDefined, kFalse);
-  EXPECT_EQ(session().fun.InnerIndex, 0);
+  EXPECT_EQ(session().analysis.FunDefined, kFalse);
+  EXPECT_EQ(session().analysis.fun.InnerIndex, 0);
 }
 
 TEST_F(FunctionFormsTest, ClicksAndKeysShowTheComposite) {
@@ -55,9 +55,9 @@ TEST_F(FunctionFormsTest, ClicksAndKeysShowTheComposite) {
   });
   user.key("Sel_Fun", Qt::Key_A, Qt::AltModifier);
   act();
-  EXPECT_EQ(session().FunDefined, kTrue);
-  EXPECT_EQ(session().fun.InnerIndex, 4);
-  EXPECT_EQ(session().fun.OuterIndex, 3);
+  EXPECT_EQ(session().analysis.FunDefined, kTrue);
+  EXPECT_EQ(session().analysis.fun.InnerIndex, 4);
+  EXPECT_EQ(session().analysis.fun.OuterIndex, 3);
   EXPECT_EQ(panel(4), "Fun.Att.: SI");
   EXPECT_TRUE(menuOn("MenSerPro"));
   EXPECT_TRUE(menuOn("MenAda"));
@@ -69,8 +69,8 @@ TEST_F(FunctionFormsTest, ThePairIsTheSameForTheUserWhoGivesUp) {
   select([](QWidget* form) { QTest::keyClick(inner(form), Qt::Key_End); });
   user.close("Sel_Fun");
   act();
-  EXPECT_EQ(session().fun.InnerIndex, 2);
-  EXPECT_EQ(session().fun.OuterIndex, 1);
+  EXPECT_EQ(session().analysis.fun.InnerIndex, 2);
+  EXPECT_EQ(session().analysis.fun.OuterIndex, 1);
 }
 
 TEST_F(FunctionFormsTest, AccessKeysOfListsAreTheirFirstLetters) {
@@ -116,7 +116,7 @@ TEST_F(FunctionFormsTest, GivingUpLoadsNothing) {
   user.choose("MenFunCar");
   user.close("Loa_Fun");
   act();
-  EXPECT_EQ(session().catalogue.inner.size(), 5u);
+  EXPECT_EQ(session().loaded.catalogue.inner.size(), 5u);
   EXPECT_TRUE(window().isEnabled());
 }
 

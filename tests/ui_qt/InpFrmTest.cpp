@@ -78,7 +78,7 @@ class InpFrmTest : public testing::Test {
   RecordingMainWindow window;
   Windows windows;
   Session session;
-  FrmMsg message{windows, session.FontLabel};
+  FrmMsg message{windows, session.settings.FontLabel};
   QtDialogs dialogs{windows, message};
   RecordingSound sound;
   bool compiles = true;

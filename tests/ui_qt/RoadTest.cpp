@@ -32,7 +32,7 @@ TEST_F(RoadTest, FromADataFileToThePrintedReportAndBack) {
   readData(folder.make("retta.dat", lineData()));
   act();
   EXPECT_EQ(panel(1), "Dati: retta.dat");
-  EXPECT_EQ(session().data.NumPnt, 9);
+  EXPECT_EQ(session().loaded.data.NumPnt, 9);
   EXPECT_TRUE(menuOn("MenDatSav"));
   EXPECT_TRUE(menuOn("MenGraDatVis"));
   EXPECT_FALSE(menuOn("MenGraDatGra"));
@@ -51,8 +51,8 @@ TEST_F(RoadTest, FromADataFileToThePrintedReportAndBack) {
   user.choose("MenAdaAda");
   act();
   EXPECT_THAT(report(), HasSubstr("Completata"));
-  EXPECT_NEAR(session().par.ParValues[1], 2, 0.02);
-  EXPECT_NEAR(session().par.ParValues[2], 1, 0.05);
+  EXPECT_NEAR(session().analysis.par.ParValues[1], 2, 0.02);
+  EXPECT_NEAR(session().analysis.par.ParValues[2], 1, 0.05);
   EXPECT_EQ(session().FitRunning, kFalse);
 
   pressOutput(2);
@@ -80,12 +80,12 @@ TEST_F(RoadTest, FromADataFileToThePrintedReportAndBack) {
   user.choose("MenDatSav");
   user.file("copia");
   act();
-  const Array<double> before = session().data.Ypnt;
+  const Array<double> before = session().loaded.data.Ypnt;
   readData(folder / "copia.DAT");
   act();
   EXPECT_EQ(panel(1), "Dati: copia.DAT");
-  EXPECT_EQ(session().data.Ypnt, before);
-  EXPECT_EQ(session().RecentData.RecentCount, 2);
+  EXPECT_EQ(session().loaded.data.Ypnt, before);
+  EXPECT_EQ(session().files.RecentData.RecentCount, 2);
   EXPECT_TRUE(boxes.empty());
   EXPECT_TRUE(exitCodes.empty());
 }
@@ -116,7 +116,7 @@ TEST_F(RoadTest, AFunctionFileWithAnErrorAndThenAGoodOne) {
   pressOutput(0);
   act();
   EXPECT_EQ(windowNamed("FrmOut"), nullptr);
-  EXPECT_EQ(session().catalogue.file.entries.size(), 1u) << "the old functions stay";
+  EXPECT_EQ(session().loaded.catalogue.file.entries.size(), 1u) << "the old functions stay";
   EXPECT_EQ(panel(2), QString::fromStdString("Fun.: " + upper("buono.fcn")));
 
   user.choose("MenFunCar");
@@ -128,8 +128,8 @@ TEST_F(RoadTest, AFunctionFileWithAnErrorAndThenAGoodOne) {
   user.choose("MenAdaAda");
   act();
   EXPECT_THAT(report(), HasSubstr("Completata"));
-  EXPECT_NEAR(session().par.ParValues[1], 100, 5);
-  EXPECT_NEAR(session().par.ParValues[2], 0.5, 0.05);
+  EXPECT_NEAR(session().analysis.par.ParValues[1], 100, 5);
+  EXPECT_NEAR(session().analysis.par.ParValues[2], 0.5, 0.05);
 }
 
 TEST_F(RoadTest, AFitOfDataWithErrorsInXShowsOneScreen) {
@@ -139,7 +139,7 @@ TEST_F(RoadTest, AFitOfDataWithErrorsInXShowsOneScreen) {
   fillForm({"1", "1", "1", "1"});
   user.choose("MenAdaAda");
   act();
-  EXPECT_EQ(session().data.kXpntErr, kTrue);
+  EXPECT_EQ(session().loaded.data.kXpntErr, kTrue);
   EXPECT_THAT(report(), HasSubstr("Completata"));
   pressOutput(0);
   act();
@@ -256,7 +256,7 @@ TEST_F(RoadTest, ADataFileWithErrorsIsToldInAMessageOrAList) {
   pressOutput(0);
   act();
   EXPECT_EQ(panel(1), "Dati: retta.dat") << "the old data stay";
-  EXPECT_EQ(session().data.NumPnt, 9);
+  EXPECT_EQ(session().loaded.data.NumPnt, 9);
 
   readData(folder.make("sette.dat", "x\r\ny\r\n7\r\n0 1 .1\r\n1 3 .1\r\n2 5 .1\r\n"));
   user.at("FrmMsg", [](QWidget* shown) {
@@ -265,7 +265,7 @@ TEST_F(RoadTest, ADataFileWithErrorsIsToldInAMessageOrAList) {
   });
   act();
   EXPECT_EQ(panel(1), "Dati: sette.dat");
-  EXPECT_EQ(session().data.NumPnt, 3);
+  EXPECT_EQ(session().loaded.data.NumPnt, 3);
 }
 
 TEST_F(RoadTest, AFitWithoutWhatItNeedsIsRefused) {
@@ -303,16 +303,16 @@ TEST_F(RoadTest, AfterAFitTheFormShowsTheErrorsInTheRightColumn) {
   user.choose("MenAdaPar");
   user.at("InpFrm", [this](QWidget* form) {
     auto* box = control<QLineEdit>(form, "txtGet");
-    EXPECT_EQ(box->text().toStdString(), FormatCompact(session().par.ParValues[1]));
+    EXPECT_EQ(box->text().toStdString(), FormatCompact(session().analysis.par.ParValues[1]));
     for (int i = 0; i < 2; ++i) QTest::keyClick(box, Qt::Key_Down);
-    EXPECT_EQ(box->text().toStdString(), FormatCompact(session().par.ParDeltas[1]));
+    EXPECT_EQ(box->text().toStdString(), FormatCompact(session().analysis.par.ParDeltas[1]));
     QTest::keyClick(box, Qt::Key_Down);
     EXPECT_EQ(box->text(), "0") << "a constant parameter";
   });
   user.press("InpFrm", "cmdEse");
   act();
-  EXPECT_GT(session().par.ParDeltas[1], 0);
-  EXPECT_EQ(session().par.FreeCount, 1) << "free as before";
+  EXPECT_GT(session().analysis.par.ParDeltas[1], 0);
+  EXPECT_EQ(session().analysis.par.FreeCount, 1) << "free as before";
 }
 
 TEST_F(RoadTest, RecentFilesAreReadFromTheirMenu) {
@@ -330,15 +330,15 @@ TEST_F(RoadTest, RecentFilesAreReadFromTheirMenu) {
   }
   chooseOnly("MenGraOld(1)");
   EXPECT_EQ(panel(3), "Gra.: a.gra");
-  EXPECT_EQ(session().RecentGra.pick, 2);
+  EXPECT_EQ(session().files.RecentGra.pick, 2);
   EXPECT_TRUE(menuOn("MenGraVisFil"));
 
   user.choose("MenFunLet");
   user.file(QString::fromStdString(folder.make("a.fcn", "A\r\nA*x\r\nretta\r\n")));
   chooseOnly("MenFunOld(0)");
   EXPECT_EQ(panel(2), "Fun.: A.FCN");
-  EXPECT_EQ(session().RecentFun.pick, 0);
-  EXPECT_EQ(session().RecentFun.RecentCount, 2);
+  EXPECT_EQ(session().files.RecentFun.pick, 0);
+  EXPECT_EQ(session().files.RecentFun.RecentCount, 2);
 }
 
 TEST_F(RoadTest, TheKeyboardAloneIsEnough) {
@@ -371,7 +371,7 @@ TEST_F(RoadTest, TheKeyboardAloneIsEnough) {
   user.key("FrmOut", Qt::Key_C, Qt::AltModifier);
   act();
   EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
-  EXPECT_NEAR(session().par.ParValues[1], 2, 0.02);
+  EXPECT_NEAR(session().analysis.par.ParValues[1], 2, 0.02);
 }
 
 }  // namespace

@@ -51,12 +51,12 @@ TEST_F(FirstMomentTest, TheWelcomeStandsBeforeAWindowWithTheTextsOfTheStart) {
     const QStringList texts{"Dati: Nessuno ", "Fun.: Nessuno ", "Grafici: Nessuno ", "Fun.Att.: NO ",
                             "Par.Var.: NO "};
     for (int i = 1; i <= 5; ++i) EXPECT_EQ(panel(i), texts[i - 1]);
-    EXPECT_TRUE(session().catalogue.inner.empty());
+    EXPECT_TRUE(session().loaded.catalogue.inner.empty());
     QTest::keyClick(welcome->focusWidget(), Qt::Key_Return);
   });
   application.StartUp();
   EXPECT_EQ(panel(3), "Gra.: Nessuno");
-  EXPECT_EQ(session().catalogue.inner.size(), 5u);
+  EXPECT_EQ(session().loaded.catalogue.inner.size(), 5u);
 }
 
 TEST_F(VorKelTest, TheFormsAreMadeInTheirOrder) {
@@ -114,10 +114,10 @@ TEST_F(VorKelTest, ThePanelsHaveTheSizeOfTheirTexts) {
 TEST_F(VorKelTest, TheMarkOfTheErrorOptionFollowsTheSession) {
   choose("MenSerErr");
   EXPECT_TRUE(at<QAction>("MenSerErr")->isChecked());
-  EXPECT_EQ(session().ShowErrors, kTrue);
+  EXPECT_EQ(session().settings.ShowErrors, kTrue);
   choose("MenSerErr");
   EXPECT_FALSE(at<QAction>("MenSerErr")->isChecked());
-  EXPECT_EQ(session().ShowErrors, kFalse);
+  EXPECT_EQ(session().settings.ShowErrors, kFalse);
 }
 
 TEST_F(VorKelTest, AnAmpersandOfAPathIsShown) {
@@ -151,7 +151,7 @@ TEST_F(VorKelTest, TheAccessKeysOfAPanelWin) {
     user.key("Vor_Kel", Qt::Key_A, Qt::AltModifier);
     act();
     EXPECT_FALSE(at<QFrame>("FraGra")->isVisible());
-    EXPECT_EQ(session().Landscape, kFalse);
+    EXPECT_EQ(session().figures.Landscape, kFalse);
     EXPECT_EQ(menuOn("MenAda"), function);
     EXPECT_FALSE(menuOn("MenGraDat")) << "as it was before the panel";
   }
@@ -191,10 +191,10 @@ TEST_F(VorKelTest, TheDirectoryPanelWorksByItsControls) {
   QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(inside).center());
   EXPECT_EQ(at<QLabel>("LblWrkDir(1)")->text(), " File Dati:\n " + here + "/dati");
   EXPECT_EQ(at<QLabel>("LblWrkDir(0)")->text(), " Tutti i File:\n ");
-  EXPECT_EQ(session().DataDir, folder.path());
+  EXPECT_EQ(session().files.DataDir, folder.path());
   click("CmdWrkDir(1)");
-  EXPECT_EQ(session().DataDir, folder / "dati");
-  EXPECT_EQ(session().FunDir, folder.path());
+  EXPECT_EQ(session().files.DataDir, folder / "dati");
+  EXPECT_EQ(session().files.FunDir, folder.path());
 }
 
 TEST_F(VorKelTest, ADoubleClickEntersOneFolderOnly) {
@@ -204,7 +204,7 @@ TEST_F(VorKelTest, ADoubleClickEntersOneFolderOnly) {
   const QPoint place = list->visualItemRect(list->item(list->count() - 1)).center();
   QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
-  EXPECT_EQ(session().WorkDir[0], folder / "a");
+  EXPECT_EQ(session().files.WorkDir[0], folder / "a");
   click("CmdWrkDir(0)");
 }
 
@@ -225,9 +225,9 @@ TEST_F(VorKelTest, TheFolderListLeadsFromTheRootToTheFolderAndInside) {
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
   };
   clickRow(static_cast<int>(above.size()) - 1);
-  EXPECT_EQ(session().WorkDir[0], std::filesystem::path(folder.path()).parent_path().string());
+  EXPECT_EQ(session().files.WorkDir[0], std::filesystem::path(folder.path()).parent_path().string());
   clickRow(0);
-  EXPECT_EQ(session().WorkDir[0], "/");
+  EXPECT_EQ(session().files.WorkDir[0], "/");
   EXPECT_EQ(names().first(), "/");
   click("CmdWrkDir(0)");
 }
@@ -238,9 +238,9 @@ TEST_F(VorKelTest, TheFolderListWorksByKeys) {
   auto* list = at<QListWidget>("Dir1");
   QTest::keyClick(list, Qt::Key_Down);
   QTest::keyClick(list, Qt::Key_Return);
-  EXPECT_EQ(session().WorkDir[0], folder / "a");
+  EXPECT_EQ(session().files.WorkDir[0], folder / "a");
   QTest::keyClick(&window(), Qt::Key_E, Qt::AltModifier);
-  EXPECT_EQ(session().DataDir, folder / "a");
+  EXPECT_EQ(session().files.DataDir, folder / "a");
 }
 
 TEST_F(VorKelTest, ADriveIsSelectedByKeysAndOneThatCannotBeReadGivesWay) {
@@ -251,15 +251,15 @@ TEST_F(VorKelTest, ADriveIsSelectedByKeysAndOneThatCannotBeReadGivesWay) {
   EXPECT_EQ(drive->currentIndex(), 0) << "no drive is told for the row";
   click("LblWrkDir(2)");
   QTest::keyClick(drive, Qt::Key_Down);
-  EXPECT_EQ(session().WorkDir[2], folder / "chiave");
-  EXPECT_EQ(session().WorkDir[0], "");
+  EXPECT_EQ(session().files.WorkDir[2], folder / "chiave");
+  EXPECT_EQ(session().files.WorkDir[0], "");
   EXPECT_EQ(at<QListWidget>("Dir1")->item(at<QListWidget>("Dir1")->count() - 1)->text().trimmed(), "a");
   QTest::keyClick(drive, Qt::Key_Down);
   EXPECT_EQ(drive->currentIndex(), 1);
-  EXPECT_EQ(session().WorkDir[2], folder / "chiave");
+  EXPECT_EQ(session().files.WorkDir[2], folder / "chiave");
   click("LblWrkDir(1)");
   EXPECT_EQ(drive->currentIndex(), 0) << "the drive of the row, then its folder";
-  EXPECT_EQ(session().WorkDir[1], folder.path());
+  EXPECT_EQ(session().files.WorkDir[1], folder.path());
   click("CmdWrkDir(0)");
 }
 
@@ -307,9 +307,9 @@ TEST_F(VorKelTest, TheCalculatorRunsBesideTheProgram) {
 }
 
 TEST_F(VorKelTest, OpeningTheDirectoryPanelFiresNoChange) {
-  session().WorkDir = {"", folder.path(), folder.path(), folder.path()};
+  session().files.WorkDir = {"", folder.path(), folder.path(), folder.path()};
   choose("MenSerImpDir");
-  EXPECT_EQ(session().WorkDir[0], "");
+  EXPECT_EQ(session().files.WorkDir[0], "");
   click("CmdWrkDir(0)");
 }
 
@@ -322,15 +322,15 @@ TEST_F(VorKelTest, TheOptionsPanelWorksByItsControls) {
   EXPECT_EQ(at<QLabel>("LblFctVal(0)")->text(), "1.0");
   QTest::keyClick(at<QScrollBar>("VScFct(0)"), Qt::Key_Home);
   EXPECT_EQ(at<QLabel>("LblFctVal(0)")->text(), ".5");
-  EXPECT_EQ(session().GraphScale[0], 0.5F);
+  EXPECT_EQ(session().figures.GraphScale[0], 0.5F);
   click("OptOri(1)");
   click("Image1(0)");
   EXPECT_EQ(visiblePicture(), 1);
   EXPECT_EQ(windowPicture(), 0);
   click("CmdImpGra(1)");
   EXPECT_EQ(windowPicture(), 1);
-  EXPECT_EQ(session().Landscape, kFalse);
-  EXPECT_EQ(session().GraphScale[0], 0.5F);
+  EXPECT_EQ(session().figures.Landscape, kFalse);
+  EXPECT_EQ(session().figures.GraphScale[0], 0.5F);
 }
 
 TEST_F(VorKelTest, ThePictureStepsRound) {
@@ -350,8 +350,8 @@ TEST_F(VorKelTest, RinunciaOfTheOptionsPanelPutsAllBack) {
   click("OptOri(1)");
   click("Image1(0)");
   click("CmdImpGra(0)");
-  EXPECT_THAT(session().GraphScale, testing::Each(1.0F));
-  EXPECT_EQ(session().Landscape, kTrue);
+  EXPECT_THAT(session().figures.GraphScale, testing::Each(1.0F));
+  EXPECT_EQ(session().figures.Landscape, kTrue);
   EXPECT_EQ(windowPicture(), 0);
   choose("MenSerImpGra");
   EXPECT_EQ(at<QScrollBar>("VScFct(2)")->value(), 10);
@@ -408,8 +408,8 @@ TEST_F(VorKelTest, AShutWindowCannotBeClosed) {
 TEST_F(VorKelTest, AnUnguardedErrorIsToldAndEndsTheCommand) {
   folder.make("a.dat", lineData());
   std::filesystem::create_directory(folder / "cartella.dat");
-  session().RecentData.paths[1] = folder / "manca/a.dat";
-  session().RecentData.pick = 1;
+  session().files.RecentData.paths[1] = folder / "manca/a.dat";
+  session().files.RecentData.pick = 1;
   user.choose("MenDatLet");
   answerBox();
   act();
@@ -493,7 +493,8 @@ TEST_F(VorKelTest, EveryWindowHasANameForAssistiveTools) {
 }
 
 TEST_F(VorKelTest, TheFontsHaveEverySignOfCodePage437) {
-  for (const QFont& font : {listFont(), formFont(), formButtonFont(), toolkitFont(session().FontEdit)}) {
+  for (const QFont& font :
+       {listFont(), formFont(), formButtonFont(), toolkitFont(session().settings.FontEdit)}) {
     const QFontMetrics metrics(font);
     EXPECT_TRUE(QFontInfo(font).fixedPitch()) << font.family().toStdString();
     for (int code = 32; code < 256; ++code) {

@@ -43,7 +43,7 @@ EventRunner Application::runner() {
 InpMod::Compiler Application::compiler() {
   return [this](const std::string& definition) {
     Int16 failed;
-    CompileExpression(session_, definition, session_.model, failed);
+    CompileExpression(session_, definition, session_.analysis.model, failed);
     return failed == 0;
   };
 }

@@ -88,13 +88,13 @@ class Application {
 
   // The forms, in the order of their making.
   Vor_Kel window_{breath_};
-  Sel_Fun selectForm_{select_, windows_, session_.FontLabel};
-  Loa_Fun loadForm_{load_, windows_, session_.FontLabel};
+  Sel_Fun selectForm_{select_, windows_, session_.settings.FontLabel};
+  Loa_Fun loadForm_{load_, windows_, session_.settings.FontLabel};
   QtOutput output_{{session_, windows_, printer_, clipboard_, runner()}, breath_};
   InpFrm inputForm_{input_, windows_, window_};
   Editor editor_{session_, {files_, dialogs_, window_, output_, clipboard_, printer_, sound_}};
   FrmEdi editForm_{editor_, {session_, windows_, sound_, runner()}};
-  FrmMsg message_{windows_, session_.FontLabel};
+  FrmMsg message_{windows_, session_.settings.FontLabel};
   std::vector<QWidget*> forms_;
   std::unique_ptr<QtFigures> figures_;
 

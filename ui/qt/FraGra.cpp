@@ -59,7 +59,7 @@ void FraGra::buildPictures(const GraphicPanelLayout& layout) {
     image->setPixmap(picturePixmap(picture, place.size(), devicePixelRatioF()));
     image->clicked = [this] {
       handle([this] { panel_.stepPicture(); });
-      Image1_.at(static_cast<std::size_t>(session_.BackImage))->setFocus();
+      Image1_.at(static_cast<std::size_t>(session_.settings.BackImage))->setFocus();
     };
     Image1_[i] = image;
   }
@@ -118,7 +118,7 @@ void FraGra::handle(const std::function<void()>& change) {
 void FraGra::sync() {
   syncing_ = true;
   for (std::size_t i = 0; i < Image1_.size(); ++i)
-    Image1_[i]->setVisible(session_.BackImage == static_cast<int>(i));
+    Image1_[i]->setVisible(session_.settings.BackImage == static_cast<int>(i));
   for (std::size_t i = 0; i < VScFct_.size(); ++i) {
     VScFct_[i]->setValue(panel_.scrollValue(static_cast<int>(i)));
     LblFctVal_[i]->setText(fromWindowText(panel_.valueText(static_cast<int>(i))));

@@ -80,8 +80,8 @@ void FrmEdi::buildBoxes() {
 }
 
 void FrmEdi::buildPalette() {
-  FraIns_ =
-      new FraIns(this, toolkitFont(services_.session.FontEdit), toolkitFont(services_.session.FontLabel));
+  FraIns_ = new FraIns(this, toolkitFont(services_.session.settings.FontEdit),
+                       toolkitFont(services_.session.settings.FontLabel));
   FraIns_->chosen = [this](int cell) { services_.runEvent([&] { engine_.LblChr(cell); }); };
 }
 
@@ -107,7 +107,7 @@ void FrmEdi::showEditor(const std::string& caption, const std::string& text, Edi
   find_->hide();
   hidePalette();
   box().setAccessibleName(windowTitle());
-  box().setTextFont(toolkitFont(plain ? services_.session.FontEdit : kLargeFileFont));
+  box().setTextFont(toolkitFont(plain ? services_.session.settings.FontEdit : kLargeFileFont));
   box().load(text);
   placeForm();
   show();

@@ -39,13 +39,13 @@ FrmOut::FrmOut(const OutputServices& services)
 
 void FrmOut::OutShow(const OutputRequest& request) {
   model_.OutShow(request);
-  setFont(toolkitFont(services_.session.FontEdit));
+  setFont(toolkitFont(services_.session.settings.FontEdit));
   cell_ = cellOf(font());
   setWindowTitle(fromWindowText(request.caption));
   setAccessibleName(windowTitle());
 
   int widest = 0;
-  const QFont buttonFont = toolkitFont(services_.session.FontLabel);
+  const QFont buttonFont = toolkitFont(services_.session.settings.FontLabel);
   for (const std::string& caption : request.captions) {
     widest = std::max(widest, FontMeasure(buttonFont).width(caption));
   }
@@ -86,7 +86,7 @@ void FrmOut::addButton() {
   const int index = static_cast<int>(buttons_.size());
   auto* button = new AccessButton(this);
   button->setObjectName(QString("CmdOut(%1)").arg(index));
-  button->setFont(toolkitFont(services_.session.FontLabel));
+  button->setFont(toolkitFont(services_.session.settings.FontLabel));
   connect(button, &QPushButton::clicked, this,
           [this, index] { services_.runEvent([&] { pressed(index); }); });
   buttons_.push_back(button);
@@ -112,7 +112,7 @@ void FrmOut::pressed(int index) {
     case OutputCommand::kContinue:
       return FrmOut_Exit();
     case OutputCommand::kPrint:
-      return model_.printOn(services_.printer, services_.session.FontEdit);
+      return model_.printOn(services_.printer, services_.session.settings.FontEdit);
     case OutputCommand::kCopy:
       return model_.copyTo(services_.clipboard);
     case OutputCommand::kSaveFile:

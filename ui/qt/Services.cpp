@@ -40,7 +40,7 @@ void QtClipboard::setText(const std::string& text) {
 
 void QtClipboard::setGrid(const CharGrid& grid) {
   auto* content = new QMimeData;
-  content->setImageData(gridImage(grid, toolkitFont(session_.FontEdit)));
+  content->setImageData(gridImage(grid, toolkitFont(session_.settings.FontEdit)));
   content->setText(QString::fromStdString(grid.toUtf8()));
   QGuiApplication::clipboard()->setMimeData(content);
 }

@@ -107,8 +107,8 @@ void Vor_Kel::explainShortened(QMenu* menu) {
 }
 
 void Vor_Kel::buildPanels(const Session& session, MainPanels& panels, const EventRunner& run) {
-  const QFont font = toolkitFont(session.FontLabel);
-  setFont(toolkitFont(session.FontEdit));
+  const QFont font = toolkitFont(session.settings.FontLabel);
+  setFont(toolkitFont(session.settings.FontEdit));
   menuBar()->setFont(QApplication::font());
   statusBar()->setFont(font);
   FraDir_ = new FraDir(backdrop_, panels.directory(), font, run, [&panels](int i) { panels.CmdWrkDir(i); });

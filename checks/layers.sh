@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
-# Fails when a source includes a header from a room that does not lie below its own (checks/layers.txt).
+# Fails when a source includes a header from a library that does not lie below its own (checks/layers.txt).
 # Usage: checks/layers.sh [folder of the checkout]
 set -euo pipefail
 cd "${1:-$(dirname "$0")/..}"
 
+folders=$(sed -n 's/^\([a-z]*\):.*/\1/p' checks/layers.txt)
+# shellcheck disable=SC2086
 includes=$(grep -rHE --include='*.cpp' --include='*.h' '^[[:space:]]*#[[:space:]]*include' \
-  base platform session expr analysis gral grafile ui batch tabulo 2> /dev/null || true)
+  $folders 2> /dev/null || true)
 awk '
-    # The longest room of the table that a path lies in.
-    function room_of(path,   r, best) {
+    # The longest library of the table that a path lies in.
+    function library_of(path,   r, best) {
       best = ""
       for (r in allowed) if (index(path, r "/") == 1 && length(r) > length(best)) best = r
       return best
@@ -27,8 +29,8 @@ awk '
     {
       file = $0; sub(/:.*/, "", file)
       header = $0; sub(/^[^<"]*[<"]/, "", header); sub(/[>"].*/, "", header)
-      own = room_of(file)
-      if ($0 ~ /include[[:space:]]*"/) target = room_of(header)
+      own = library_of(file)
+      if ($0 ~ /include[[:space:]]*"/) target = library_of(header)
       else if (header ~ /^Q[A-Zt]/) target = "Qt"
       else if (header ~ /^CLI\//) target = "CLI"
       else if (header ~ /\.h$/) target = "System"

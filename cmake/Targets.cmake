@@ -1,10 +1,13 @@
-# How every target of the house is built: one language level, one set of warnings, one arithmetic.
+# How every target is built: one language level, one set of warnings, one arithmetic.
 
 add_library(vor_flags INTERFACE)
 target_include_directories(vor_flags INTERFACE ${CMAKE_SOURCE_DIR})
 # Results must be the same at every optimisation level: no contraction of a*b+c, no rewriting of pow().
 target_compile_options(vor_flags INTERFACE
-  -Wall -Wextra -Wconversion -Wshadow -Werror -ffp-contract=off -fno-builtin-pow)
+  -Wall -Wextra -Wconversion -Wshadow -ffp-contract=off -fno-builtin-pow)
+if(VOR_WERROR)
+  target_compile_options(vor_flags INTERFACE -Werror)
+endif()
 # g++ 12 takes optimised joins of texts for copies that overlap or leave their bounds; the builds with
 # sanitizers look for those.
 target_compile_options(vor_flags INTERFACE
@@ -21,24 +24,24 @@ if(VOR_SANITIZE)
   target_link_options(vor_flags INTERFACE -fsanitize=${VOR_SANITIZE})
 endif()
 
-# vor_room(name [DEPENDS room ...]): the static library vor_<name> from the sources of the present folder.
-function(vor_room name)
-  cmake_parse_arguments(ROOM "" "" "DEPENDS" ${ARGN})
+# vor_library(name [DEPENDS library ...]): the static library vor_<name> from the sources of the present folder.
+function(vor_library name)
+  cmake_parse_arguments(LIBRARY "" "" "DEPENDS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
-  list(TRANSFORM ROOM_DEPENDS PREPEND vor_)
+  list(TRANSFORM LIBRARY_DEPENDS PREPEND vor_)
   if(sources)
     add_library(vor_${name} STATIC ${sources})
-    target_link_libraries(vor_${name} PUBLIC $<BUILD_INTERFACE:vor_flags> ${ROOM_DEPENDS})
+    target_link_libraries(vor_${name} PUBLIC $<BUILD_INTERFACE:vor_flags> ${LIBRARY_DEPENDS})
   else()
     add_library(vor_${name} INTERFACE)
-    target_link_libraries(vor_${name} INTERFACE $<BUILD_INTERFACE:vor_flags> ${ROOM_DEPENDS})
+    target_link_libraries(vor_${name} INTERFACE $<BUILD_INTERFACE:vor_flags> ${LIBRARY_DEPENDS})
   endif()
 endfunction()
 
-# vor_test(name [ROOMS room ...] [LIBS target ...] [WITHOUT file ...] [SHARES n]): one test program from
+# vor_test(name [LIBRARIES library ...] [LIBS target ...] [WITHOUT file ...] [SHARES n]): one test program from
 # tests/<name>/*.cpp, run in n shares.
 function(vor_test name)
-  cmake_parse_arguments(TEST "" "SHARES" "ROOMS;LIBS;WITHOUT" ${ARGN})
+  cmake_parse_arguments(TEST "" "SHARES" "LIBRARIES;LIBS;WITHOUT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
   foreach(file ${TEST_WITHOUT})
     list(REMOVE_ITEM sources ${CMAKE_CURRENT_SOURCE_DIR}/${name}/${file})
@@ -47,9 +50,9 @@ function(vor_test name)
     return()
   endif()
   string(REPLACE "/" "_" target test_${name})
-  list(TRANSFORM TEST_ROOMS PREPEND vor_)
+  list(TRANSFORM TEST_LIBRARIES PREPEND vor_)
   add_executable(${target} ${sources})
-  target_link_libraries(${target} PRIVATE ${TEST_ROOMS} vor_doubles ${TEST_LIBS} GTest::gmock_main)
+  target_link_libraries(${target} PRIVATE ${TEST_LIBRARIES} vor_doubles ${TEST_LIBS} GTest::gmock_main)
   # One precompiled header, made with the first program, serves all; so all are compiled as those with the toolkit.
   target_compile_options(${target} PRIVATE -fPIC)
   if(TARGET test_base AND NOT target STREQUAL test_base)
@@ -57,7 +60,7 @@ function(vor_test name)
   else()
     target_precompile_headers(${target} PRIVATE <gtest/gtest.h> <gmock/gmock.h>)
   endif()
-  # Tests spend their time in the rooms; to optimise their own code would take most of a build.
+  # Tests spend their time in the libraries; to optimise their own code would take most of a build.
   target_compile_options(${target} PRIVATE -O0)
   vor_run(${target} "${TEST_SHARES}")
 endfunction()
@@ -76,16 +79,16 @@ function(vor_run target shares)
   endforeach()
 endfunction()
 
-# vor_package(name [ROOMS room ...] HEADERS folder ... [NEEDS package ...]): installs the room as the CMake
-# package vor_<name> with the target vor::<name>, in an install component of that name. The rooms are installed
+# vor_package(name [LIBRARIES library ...] HEADERS folder ... [NEEDS package ...]): installs the library as the CMake
+# package vor_<name> with the target vor::<name>, in an install component of that name. The libraries are installed
 # with it; packages that it needs are found by its users.
 function(vor_package name)
-  cmake_parse_arguments(PACKAGE "" "" "ROOMS;HEADERS;NEEDS" ${ARGN})
-  foreach(room ${PACKAGE_ROOMS} ${name})
-    list(APPEND targets vor_${room})
-    target_include_directories(vor_${room} INTERFACE $<INSTALL_INTERFACE:include/vor_kel>)
-    target_compile_features(vor_${room} PUBLIC cxx_std_20)
-    set_target_properties(vor_${room} PROPERTIES EXPORT_NAME ${room})
+  cmake_parse_arguments(PACKAGE "" "" "LIBRARIES;HEADERS;NEEDS" ${ARGN})
+  foreach(library ${PACKAGE_LIBRARIES} ${name})
+    list(APPEND targets vor_${library})
+    target_include_directories(vor_${library} INTERFACE $<INSTALL_INTERFACE:include/vor_kel>)
+    target_compile_features(vor_${library} PUBLIC cxx_std_20)
+    set_target_properties(vor_${library} PROPERTIES EXPORT_NAME ${library})
   endforeach()
   list(REMOVE_DUPLICATES targets)
   install(TARGETS ${targets} EXPORT vor_${name} ARCHIVE DESTINATION lib COMPONENT ${name})

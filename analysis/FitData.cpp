@@ -3,8 +3,8 @@
 
 #include "analysis/DataResiduals.h"
 #include "analysis/FitMod.h"
-#include "analysis/Scopes.h"
 #include "base/CheckedMath.h"
+#include "base/FlagFor.h"
 #include "base/Guard.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"

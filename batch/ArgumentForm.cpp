@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "analysis/InitialParameters.h"
 #include "batch/TerminalPorts.h"
+#include "commands/ParameterCommands.h"
 
 namespace vk {
 namespace {

@@ -2,12 +2,12 @@
 
 #include <iostream>
 
-#include "analysis/FitScreen.h"
 #include "analysis/LinearisedErrors.h"
 #include "batch/DataInput.h"
 #include "batch/FitReport.h"
 #include "batch/TerminalPorts.h"
 #include "batch/TerminalProgress.h"
+#include "commands/FitScreen.h"
 #include "platform/GridOutput.h"
 #include "platform/system/SystemClock.h"
 

@@ -4,8 +4,6 @@
 #include <cmath>
 #include <iostream>
 
-#include "analysis/InitialParameters.h"
-#include "analysis/Module6.h"
 #include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -13,6 +11,8 @@
 #include "batch/Json.h"
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
+#include "commands/ParameterCommands.h"
+#include "commands/PropagationCommand.h"
 #include "platform/GridOutput.h"
 #include "platform/system/SystemRandom.h"
 

@@ -4,13 +4,13 @@
 #include <functional>
 #include <optional>
 
-#include "analysis/Simulation.h"
 #include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "batch/DataInput.h"
 #include "batch/FitCommand.h"
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
+#include "commands/SimulationCommand.h"
 #include "platform/system/SystemRandom.h"
 #include "session/DataFiles.h"
 

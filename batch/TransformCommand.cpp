@@ -2,11 +2,11 @@
 
 #include <iostream>
 
-#include "analysis/Transformation.h"
 #include "base/CodePage.h"
 #include "batch/DataInput.h"
 #include "batch/Json.h"
 #include "batch/TerminalPorts.h"
+#include "commands/TransformationCommand.h"
 #include "session/DataFiles.h"
 
 namespace vk {

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "analysis/FitMod.h"
-#include "analysis/InitialParameters.h"
 #include "batch/TerminalPorts.h"
+#include "commands/ParameterCommands.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
 #include "tests/doubles/CountingDialogs.h"

@@ -5,8 +5,8 @@
 #include <stdexcept>
 
 #include "analysis/MonteCarlo.h"
-#include "analysis/Transformation.h"
 #include "batch/TerminalPorts.h"
+#include "commands/TransformationCommand.h"
 #include "expr/FunMod.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/doubles/CountingDialogs.h"

@@ -1,6 +1,6 @@
 #include "examples/ExampleFits.h"
 
-#include "analysis/InitialParameters.h"
+#include "commands/ParameterCommands.h"
 #include "expr/FunMod.h"
 #include "platform/GridOutput.h"
 #include "session/DataFiles.h"

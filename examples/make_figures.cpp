@@ -5,9 +5,9 @@
 #include <iostream>
 
 #include "analysis/FitMod.h"
-#include "analysis/FitScreen.h"
 #include "base/Text.h"
 #include "batch/FigureDesk.h"
+#include "commands/FitScreen.h"
 #include "examples/ExampleFits.h"
 #include "expr/CmpMod.h"
 #include "grafile/GralPlt.h"

@@ -3,13 +3,13 @@
 #include <array>
 #include <optional>
 
-#include "analysis/FitCommands.h"
-#include "analysis/InitialParameters.h"
-#include "analysis/Module6.h"
-#include "analysis/Scopes.h"
-#include "analysis/Simulation.h"
-#include "analysis/Transformation.h"
+#include "base/FlagFor.h"
 #include "base/Guard.h"
+#include "commands/FitCommand.h"
+#include "commands/ParameterCommands.h"
+#include "commands/PropagationCommand.h"
+#include "commands/SimulationCommand.h"
+#include "commands/TransformationCommand.h"
 #include "expr/FunMod.h"
 #include "expr/FunctionCommands.h"
 #include "grafile/FigureCommands.h"

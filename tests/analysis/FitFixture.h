@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "analysis/FitMod.h"
-#include "analysis/InitialParameters.h"
 #include "base/Text.h"
+#include "commands/ParameterCommands.h"
 #include "doubles/Choices.h"
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedDialogs.h"

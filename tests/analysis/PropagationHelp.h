@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/Module6.h"
+#include "commands/PropagationCommand.h"
 #include "doubles/Choices.h"
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"

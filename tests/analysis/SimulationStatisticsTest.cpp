@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "analysis/LinearisedErrors.h"
-#include "analysis/Simulation.h"
+#include "commands/SimulationCommand.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/analysis/FitFixture.h"
 #include "tests/analysis/PropagationHelp.h"

@@ -1,10 +1,10 @@
 #include <cmath>
 
-#include "analysis/FitCommands.h"
-#include "analysis/InitialParameters.h"
-#include "analysis/Simulation.h"
-#include "analysis/Transformation.h"
 #include "base/NumberText.h"
+#include "commands/FitCommand.h"
+#include "commands/ParameterCommands.h"
+#include "commands/SimulationCommand.h"
+#include "commands/TransformationCommand.h"
 #include "examples/ExampleFits.h"
 #include "expr/CmpMod.h"
 #include "grafile/DrawingLines.h"

@@ -1,9 +1,9 @@
-#include "analysis/Module6.h"
+#include "commands/PropagationCommand.h"
 
 #include <cmath>
 
-#include "analysis/InitialParameters.h"
 #include "base/Text.h"
+#include "commands/ParameterCommands.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/analysis/PropagationHelp.h"
 

@@ -1,13 +1,13 @@
-#include "analysis/Simulation.h"
+#include "commands/SimulationCommand.h"
 
 #include <cmath>
 
-#include "analysis/FitCommands.h"
-#include "analysis/InitialParameters.h"
+#include "commands/FitCommand.h"
+#include "commands/ParameterCommands.h"
 #include "doubles/ErrorOf.h"
 #include "platform/system/SystemRandom.h"
-#include "tests/analysis/FormText.h"
 #include "tests/analysis/PropagationHelp.h"
+#include "tests/commands/FormText.h"
 
 namespace vk {
 namespace {

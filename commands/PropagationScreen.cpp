@@ -1,4 +1,4 @@
-#include "analysis/PropagationScreen.h"
+#include "commands/PropagationScreen.h"
 
 #include <cmath>
 

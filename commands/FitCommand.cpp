@@ -1,8 +1,8 @@
-#include "analysis/FitCommands.h"
+#include "commands/FitCommand.h"
 
 #include "analysis/FitMod.h"
-#include "analysis/FitScreen.h"
-#include "analysis/Scopes.h"
+#include "base/FlagFor.h"
+#include "commands/FitScreen.h"
 #include "session/Refusals.h"
 
 namespace vk {

@@ -2,10 +2,9 @@
 
 #include "base/Int16.h"
 
-/// States that end with the block that began them, however it is left.
 namespace vk {
 
-/// Gives a flag another value.
+/// Gives a flag another value until the end of the block, however that is left.
 class FlagFor {
  public:
   FlagFor(Flag& flag, int value) : flag_(flag), before_(flag) { flag_ = value; }

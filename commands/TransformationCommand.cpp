@@ -1,12 +1,12 @@
-#include "analysis/Transformation.h"
+#include "commands/TransformationCommand.h"
 
 #include <algorithm>
 #include <span>
 #include <vector>
 
-#include "analysis/FormDescription.h"
 #include "base/Guard.h"
 #include "base/Text.h"
+#include "commands/FormDescription.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
 #include "session/DataFiles.h"

@@ -1,4 +1,4 @@
-#include "analysis/FormDescription.h"
+#include "commands/FormDescription.h"
 
 namespace vk {
 namespace {

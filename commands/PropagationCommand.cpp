@@ -1,5 +1,5 @@
-#include "analysis/Module6.h"
-#include "analysis/PropagationScreen.h"
+#include "commands/PropagationCommand.h"
+#include "commands/PropagationScreen.h"
 
 namespace vk {
 namespace {

@@ -1,6 +1,6 @@
-#include "analysis/FitCommands.h"
+#include "commands/FitCommand.h"
 
-#include "analysis/InitialParameters.h"
+#include "commands/ParameterCommands.h"
 #include "session/Msg.h"
 #include "tests/analysis/PropagationHelp.h"
 

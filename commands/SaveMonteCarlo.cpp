@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "analysis/Module6.h"
 #include "base/CheckedMath.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "commands/PropagationCommand.h"
 #include "session/DataFiles.h"
 
 namespace vk {

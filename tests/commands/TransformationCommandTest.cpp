@@ -1,12 +1,12 @@
-#include "analysis/Transformation.h"
+#include "commands/TransformationCommand.h"
 
-#include "analysis/InitialParameters.h"
 #include "base/Text.h"
+#include "commands/ParameterCommands.h"
 #include "expr/CmpMod.h"
 #include "session/DataCommands.h"
 #include "session/DataFiles.h"
-#include "tests/analysis/FormText.h"
 #include "tests/analysis/PropagationHelp.h"
+#include "tests/commands/FormText.h"
 
 namespace vk {
 namespace {

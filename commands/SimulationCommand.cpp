@@ -1,15 +1,15 @@
-#include "analysis/Simulation.h"
+#include "commands/SimulationCommand.h"
 
 #include <array>
 #include <cmath>
 #include <utility>
 #include <vector>
 
-#include "analysis/FormDescription.h"
 #include "base/CheckedMath.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "commands/FormDescription.h"
 #include "expr/CmpMod.h"
 #include "session/Msg.h"
 

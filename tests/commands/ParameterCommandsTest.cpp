@@ -1,4 +1,4 @@
-#include "analysis/InitialParameters.h"
+#include "commands/ParameterCommands.h"
 
 #include "base/Text.h"
 #include "doubles/Choices.h"
@@ -6,7 +6,7 @@
 #include "doubles/ScriptedForms.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
-#include "tests/analysis/FormText.h"
+#include "tests/commands/FormText.h"
 
 namespace vk {
 namespace {

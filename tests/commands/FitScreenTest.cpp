@@ -1,8 +1,8 @@
-#include "analysis/FitScreen.h"
+#include "commands/FitScreen.h"
 
-#include "analysis/SampleValues.h"
 #include "base/Text.h"
 #include "platform/GridOutput.h"
+#include "tests/analysis/SampleValues.h"
 
 namespace vk {
 namespace {

@@ -1,12 +1,12 @@
-#include "analysis/InitialParameters.h"
+#include "commands/ParameterCommands.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "analysis/FormDescription.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "commands/FormDescription.h"
 #include "expr/FunMod.h"
 #include "session/Msg.h"
 #include "session/SubMod.h"

@@ -1,4 +1,4 @@
-#include "analysis/FitScreen.h"
+#include "commands/FitScreen.h"
 
 #include <algorithm>
 

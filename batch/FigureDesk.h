@@ -5,8 +5,8 @@
 #include "gral/NoPrinter.h"
 #include "gral/NominalScreen.h"
 #include "gral/ObserverDevice.h"
+#include "gral/OffscreenWindows.h"
 #include "platform/GridOutput.h"
-#include "platform/OffscreenWindows.h"
 
 namespace vk {
 

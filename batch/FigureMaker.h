@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/Device.h"
+#include "gral/Device.h"
 
 namespace vk {
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/Device.h"
+#include "gral/Device.h"
+#include "gral/PlotWindows.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/MainWindow.h"
 #include "platform/OutputWindow.h"
-#include "platform/PlotWindows.h"
 #include "platform/Screen.h"
 #include "platform/Sound.h"
 

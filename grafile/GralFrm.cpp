@@ -4,7 +4,6 @@
 
 #include "base/Guard.h"
 #include "base/Text.h"
-#include "platform/Printer.h"
 
 namespace vk {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "platform/DeviceTypes.h"
+#include "gral/DeviceTypes.h"
 
 namespace vk {
 

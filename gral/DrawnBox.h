@@ -4,8 +4,8 @@
 #include <span>
 #include <vector>
 
+#include "gral/Device.h"
 #include "gral/PlanePoint.h"
-#include "platform/Device.h"
 
 /// Cutting away what lies far outside a drawing: viewers of vectors, images and printers each have limits of
 /// their own to what they can place, and behind them each goes wrong in its own way.

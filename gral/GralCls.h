@@ -9,10 +9,10 @@
 #include "base/Array2.h"
 #include "base/Int16.h"
 #include "gral/DashPhase.h"
+#include "gral/Device.h"
 #include "gral/Markup.h"
 #include "gral/NarrowMapping.h"
 #include "gral/PlanePoint.h"
-#include "platform/Device.h"
 #include "platform/Screen.h"
 
 namespace vk {

@@ -5,7 +5,6 @@
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "gral/GralCls.h"
-#include "platform/Printer.h"
 
 namespace vk {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Device.h"
+#include "gral/Device.h"
 
 namespace vk {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/DeviceTypes.h"
+#include "gral/DeviceTypes.h"
 
 namespace vk {
 

@@ -2,8 +2,8 @@
 
 #include <span>
 
+#include "gral/Device.h"
 #include "gral/PlanePoint.h"
-#include "platform/Device.h"
 
 /// Figures in pixels of a device that may lie anywhere: what is far outside is cut away, the rest is rounded to
 /// whole pixels. A point that is not finite is run-time error 6.

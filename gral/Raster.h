@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/DeviceTypes.h"
+#include "gral/DeviceTypes.h"
 
 namespace vk {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Array.h"
-#include "platform/DeviceTypes.h"
+#include "gral/DeviceTypes.h"
 
 /// Colours told by hue, and shades by the tilt of a face.
 namespace vk {

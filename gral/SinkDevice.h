@@ -3,9 +3,9 @@
 #include <optional>
 #include <utility>
 
+#include "gral/Device.h"
 #include "gral/Drawing.h"
 #include "gral/PlanePoint.h"
-#include "platform/Device.h"
 
 namespace vk {
 

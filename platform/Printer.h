@@ -4,11 +4,9 @@
 
 #include "base/Int16.h"
 #include "platform/CharGrid.h"
+#include "platform/PaperOrientation.h"
 
 namespace vk {
-
-/// Orientation of the paper.
-enum PaperOrientation : int { kPortrait = 1, kLandscape = 2 };
 
 /// Where on the page a character grid goes; lengths in twips.
 struct GridPlace {
@@ -19,7 +17,7 @@ struct GridPlace {
   bool operator==(const GridPlace&) const = default;
 };
 
-/// The default printer, as far as whole pages of text go. Figures draw on it through `Device`.
+/// The default printer, as far as whole pages of text go. Figures have a device of their own for it.
 class Printer {
  public:
   virtual ~Printer() = default;

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
+#include "gral/PlotWindows.h"
 #include "gral/RecorderDevice.h"
-#include "platform/PlotWindows.h"
 
 namespace vk {
 

@@ -16,7 +16,6 @@
 #include "grafile/GralPlt.h"
 #include "gral/GralCls.h"
 #include "gral/NominalScreen.h"
-#include "platform/Printer.h"
 #include "session/Refusals.h"
 
 namespace vk {

@@ -1,7 +1,6 @@
 #include "GralFixture.h"
 #include "base/RuntimeError.h"
 #include "gral/NoPrinter.h"
-#include "platform/Printer.h"
 
 namespace vk {
 namespace {

@@ -2,7 +2,6 @@
 #include "PictureCatcher.h"
 #include "RasterForm.h"
 #include "base/RuntimeError.h"
-#include "platform/Printer.h"
 
 namespace vk {
 namespace {

@@ -7,7 +7,6 @@
 #include "VectorReader.h"
 #include "base/RuntimeError.h"
 #include "gral/FloodPictures.h"
-#include "platform/Printer.h"
 #include "ui/qt/devices/PainterSink.h"
 #include "ui/qt/devices/PrinterDevice.h"
 #include "ui/qt/devices/ScreenDevice.h"

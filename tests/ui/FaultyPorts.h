@@ -7,10 +7,10 @@
 #include "doubles/MemoryFiles.h"
 #include "doubles/RecordingEditorForm.h"
 #include "gral/NominalScreen.h"
+#include "gral/PlotWindows.h"
 #include "gral/RecorderDevice.h"
 #include "platform/FunctionForms.h"
 #include "platform/InputForm.h"
-#include "platform/PlotWindows.h"
 #include "ui/MainPanels.h"
 #include "ui/OutputModel.h"
 

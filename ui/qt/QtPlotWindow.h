@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/PlotWindows.h"
+#include "gral/PlotWindows.h"
 #include "ui/qt/Breath.h"
 #include "ui/qt/Windows.h"
 #include "ui/qt/devices/QtGraphics.h"

@@ -6,7 +6,6 @@
 
 #include "base/RuntimeError.h"
 #include "gral/FloodPictures.h"
-#include "platform/Printer.h"
 #include "ui/qt/devices/PainterSink.h"
 
 namespace vk {

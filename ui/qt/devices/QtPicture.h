@@ -2,7 +2,7 @@
 
 #include <QImage>
 
-#include "platform/DeviceTypes.h"
+#include "gral/DeviceTypes.h"
 
 namespace vk {
 

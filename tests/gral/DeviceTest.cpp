@@ -1,7 +1,6 @@
-#include "platform/Device.h"
+#include "gral/Device.h"
 
 #include "base/RuntimeError.h"
-#include "platform/Printer.h"
 
 namespace vk {
 namespace {

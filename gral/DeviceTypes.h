@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/PaperOrientation.h"
+
 /// The values that pass between the graphics library and its devices.
 namespace vk {
 

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "platform/Device.h"
+#include "gral/Device.h"
 
 namespace vk {
 

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/PlotWindows.h"
+#include "gral/PlotWindows.h"
 
 namespace vk {
 

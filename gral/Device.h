@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "base/Int16.h"
-#include "platform/DeviceTypes.h"
+#include "gral/DeviceTypes.h"
 
 namespace vk {
 
@@ -177,7 +177,7 @@ class Device {
 
   // ---- Printers --------------------------------------------------------------------------------------------
 
-  /// Orientation of the paper. Setting it turns the page and renews the scale in its mode.
+  /// A `PaperOrientation`. Setting it turns the page and renews the scale in its mode.
   Int16 Orientation();
   void setOrientation(Int16 orientation);
   /// Dots per inch.

@@ -1,11 +1,10 @@
-#include "platform/Device.h"
+#include "gral/Device.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "base/Rounding.h"
-#include "platform/Printer.h"
 
 namespace vk {
 namespace {

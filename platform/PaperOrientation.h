@@ -1,0 +1,8 @@
+#pragma once
+
+namespace vk {
+
+/// Orientation of the paper.
+enum PaperOrientation : int { kPortrait = 1, kLandscape = 2 };
+
+}  // namespace vk

@@ -3,7 +3,7 @@
 #include <span>
 #include <vector>
 
-#include "analysis/Minimise.h"
+#include "numeric/Minimise.h"
 #include "platform/Dialogs.h"
 #include "session/Session.h"
 

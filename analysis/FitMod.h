@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "analysis/Minimise.h"
+#include "numeric/Minimise.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/MainWindow.h"

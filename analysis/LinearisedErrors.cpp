@@ -5,8 +5,8 @@
 #include <limits>
 #include <vector>
 
-#include "analysis/DirectionSet.h"
 #include "expr/CmpMod.h"
+#include "numeric/DirectionSet.h"
 
 namespace vk {
 namespace {

@@ -1,5 +1,5 @@
 // A line search with its function evaluations, which cost next to nothing here.
-#include "analysis/LineSearch.h"
+#include "numeric/LineSearch.h"
 
 #include <benchmark/benchmark.h>
 

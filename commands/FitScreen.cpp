@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "base/Guard.h"
+#include "base/NumberMasks.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
-#include "session/SubMod.h"
 
 namespace vk {
 namespace {

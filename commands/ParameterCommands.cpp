@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "commands/FormDescription.h"
 #include "expr/FunMod.h"
 #include "session/Msg.h"
-#include "session/SubMod.h"
 
 namespace vk {
 namespace {

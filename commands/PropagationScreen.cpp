@@ -2,9 +2,9 @@
 
 #include <cmath>
 
+#include "base/NumberMasks.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
-#include "session/SubMod.h"
 
 namespace vk {
 namespace {

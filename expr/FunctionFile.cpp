@@ -3,9 +3,9 @@
 
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "base/TextLines.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
-#include "session/TextLines.h"
 
 namespace vk {
 namespace {

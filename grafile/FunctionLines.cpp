@@ -4,12 +4,12 @@
 #include <cmath>
 #include <utility>
 
+#include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
 #include "grafile/GralPlt.h"
-#include "session/SubMod.h"
 
 namespace vk {
 namespace {

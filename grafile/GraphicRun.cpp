@@ -2,9 +2,9 @@
 
 #include "base/Guard.h"
 #include "base/Text.h"
+#include "base/TextLines.h"
 #include "grafile/GraphicCommand.h"
 #include "session/DataFiles.h"
-#include "session/TextLines.h"
 
 namespace vk {
 

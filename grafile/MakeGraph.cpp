@@ -3,6 +3,7 @@
 
 #include "base/CheckedMath.h"
 #include "base/Guard.h"
+#include "base/NumberMasks.h"
 #include "base/Text.h"
 #include "expr/CmpMod.h"
 #include "grafile/FunctionLines.h"
@@ -12,7 +13,7 @@
 #include "session/DataFiles.h"
 #include "session/Msg.h"
 #include "session/Refusals.h"
-#include "session/SubMod.h"
+#include "session/SoundSignal.h"
 
 namespace vk {
 namespace {

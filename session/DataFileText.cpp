@@ -1,11 +1,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "base/TextLines.h"
 #include "session/DataFiles.h"
-#include "session/SubMod.h"
-#include "session/TextLines.h"
 
 namespace vk {
 namespace {

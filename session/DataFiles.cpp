@@ -5,12 +5,12 @@
 #include <utility>
 
 #include "base/Guard.h"
+#include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "base/TextLines.h"
 #include "session/ErrorList.h"
-#include "session/SubMod.h"
-#include "session/TextLines.h"
 
 namespace vk {
 namespace {

@@ -5,8 +5,8 @@
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "base/TextLines.h"
 #include "session/DataFiles.h"
-#include "session/TextLines.h"
 
 namespace vk {
 namespace {

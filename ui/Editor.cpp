@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "base/Text.h"
+#include "base/TextLines.h"
 #include "expr/FunMod.h"
 #include "session/DataFiles.h"
 #include "session/Msg.h"
-#include "session/TextLines.h"
 #include "ui/EditorLayout.h"
 
 namespace vk {

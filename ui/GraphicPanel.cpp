@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
-#include "session/SubMod.h"
 
 namespace vk {
 namespace {

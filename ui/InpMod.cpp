@@ -1,8 +1,8 @@
 #include "ui/InpMod.h"
 
+#include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "session/SubMod.h"
 
 namespace vk {
 namespace {

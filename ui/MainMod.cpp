@@ -5,6 +5,7 @@
 
 #include "base/FlagFor.h"
 #include "base/Guard.h"
+#include "base/NumberMasks.h"
 #include "commands/FitCommand.h"
 #include "commands/ParameterCommands.h"
 #include "commands/PropagationCommand.h"
@@ -17,8 +18,8 @@
 #include "session/FileSelection.h"
 #include "session/Msg.h"
 #include "session/ServiceCommands.h"
+#include "session/SoundSignal.h"
 #include "session/StartUp.h"
-#include "session/SubMod.h"
 #include "ui/Checkpoint.h"
 
 namespace vk {

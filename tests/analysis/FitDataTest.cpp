@@ -1,8 +1,8 @@
 #include <cmath>
 
 #include "analysis/FitFixture.h"
-#include "analysis/SampleValues.h"
 #include "commands/FitScreen.h"
+#include "numeric/SampleValues.h"
 #include "platform/GridOutput.h"
 
 namespace vk {

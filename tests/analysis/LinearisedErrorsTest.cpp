@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "analysis/FitFixture.h"
-#include "analysis/SampleValues.h"
+#include "numeric/SampleValues.h"
 
 namespace vk {
 namespace {

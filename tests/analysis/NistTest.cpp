@@ -6,8 +6,8 @@
 
 #include "analysis/FitFixture.h"
 #include "analysis/LinearisedErrors.h"
-#include "analysis/SampleValues.h"
 #include "doubles/Places.h"
+#include "numeric/SampleValues.h"
 #include "platform/system/SystemFiles.h"
 #include "session/DataFiles.h"
 

@@ -1,8 +1,9 @@
 #include "commands/FitScreen.h"
 
 #include "base/Text.h"
+#include "numeric/SampleValues.h"
 #include "platform/GridOutput.h"
-#include "tests/analysis/SampleValues.h"
+#include "tests/numeric/SampleValues.h"
 
 namespace vk {
 namespace {

@@ -2,10 +2,10 @@
 #include <sstream>
 
 #include "base/Text.h"
+#include "base/TextLines.h"
 #include "doubles/ErrorOf.h"
 #include "platform/system/SystemRandom.h"
 #include "session/DataFiles.h"
-#include "session/TextLines.h"
 #include "tests/analysis/PropagationHelp.h"
 
 namespace vk {

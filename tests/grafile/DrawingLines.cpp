@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "base/NumberText.h"
-#include "session/TextLines.h"
+#include "base/TextLines.h"
 
 namespace vk {
 namespace {

@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "base/TextLines.h"
 #include "doubles/Places.h"
 #include "grafile/FigureFixture.h"
 #include "platform/system/SystemFiles.h"
-#include "session/TextLines.h"
 
 namespace vk {
 namespace {

@@ -1,11 +1,11 @@
 #include <cmath>
 #include <set>
 
+#include "base/NumberMasks.h"
 #include "expr/FunMod.h"
 #include "grafile/DrawingLines.h"
 #include "grafile/FigureFixture.h"
 #include "session/DataFiles.h"
-#include "session/SubMod.h"
 
 namespace vk {
 namespace {

@@ -5,11 +5,11 @@
 #include <cmath>
 #include <random>
 
+#include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "base/TextLines.h"
 #include "session/DataFiles.h"
-#include "session/SubMod.h"
-#include "session/TextLines.h"
 
 namespace vk {
 namespace {

@@ -4,8 +4,8 @@
 #include <QMimeData>
 #include <QProcess>
 
+#include "base/NumberMasks.h"
 #include "base/Text.h"
-#include "session/SubMod.h"
 #include "ui_qt/Desktop.h"
 
 namespace vk {

@@ -1,4 +1,4 @@
-#include "analysis/PackedInverse.h"
+#include "numeric/PackedInverse.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "session/SubMod.h"
+#include "base/NumberMasks.h"
 
 #include <algorithm>
 #include <cmath>
@@ -113,12 +113,6 @@ std::string FormatPattern(double value, const std::string& pattern) {
   const DecimalDigits number = decimalDigits(value, kSignificantDigits);
   const std::string sign = value < 0 ? "-" : "";
   return sign + (picture.exponent ? exponentPicture(number, picture) : fixedPicture(number, picture));
-}
-
-void SoundSignal(const Session& session, Sound& sound, Int16 code) {
-  if (session.settings.BeepOn == kFalse) return;
-  if (code == 0) sound.tone(session.settings.BeepFreqHigh, session.settings.BeepLenHigh);
-  if (code == 1) sound.tone(session.settings.BeepFreqLow, session.settings.BeepLenLow);
 }
 
 }  // namespace vk

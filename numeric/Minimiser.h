@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/Minimise.h"
+#include "numeric/Minimise.h"
 
 namespace vk {
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "analysis/Minimiser.h"
+#include "numeric/Minimiser.h"
 
 namespace vk {
 

@@ -1,4 +1,4 @@
-#include "analysis/LineSearch.h"
+#include "numeric/LineSearch.h"
 
 #include <cmath>
 #include <utility>

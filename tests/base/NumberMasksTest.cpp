@@ -1,11 +1,9 @@
-#include "session/SubMod.h"
+#include "base/NumberMasks.h"
 
 #include <bit>
 #include <clocale>
 #include <cmath>
 #include <random>
-
-#include "doubles/Doubles.h"
 
 namespace vk {
 namespace {
@@ -207,25 +205,6 @@ TEST(FormatMask, TheDecimalPointDoesNotListenToTheLocale) {
   EXPECT_EQ(FormatMask(0.5, "###.####"), "  0.5000");
   EXPECT_EQ(FormatCompact(1234.5), "1234.5");
   if (italian != nullptr) std::setlocale(LC_ALL, "C");
-}
-
-TEST(SoundSignal, CodeZeroIsHighAndCodeOneIsLow) {
-  const Session session;
-  RecordingSound sound;
-  SoundSignal(session, sound, 0);
-  SoundSignal(session, sound, 1);
-  SoundSignal(session, sound, 2);
-  SoundSignal(session, sound, -1);
-  EXPECT_EQ(sound.tones, (std::vector<RecordingSound::Tone>{{1000, 1}, {500, 1}}));
-}
-
-TEST(SoundSignal, IsSilentWithTheBeepSwitchOff) {
-  Session session;
-  session.settings.BeepOn = kFalse;
-  RecordingSound sound;
-  SoundSignal(session, sound, 0);
-  SoundSignal(session, sound, 1);
-  EXPECT_TRUE(sound.tones.empty());
 }
 
 }  // namespace

@@ -3,11 +3,11 @@
 #include <span>
 #include <vector>
 
-#include "analysis/BestPoints.h"
-#include "analysis/DirectionSet.h"
-#include "analysis/LineSearch.h"
 #include "base/Array.h"
 #include "base/Int16.h"
+#include "numeric/BestPoints.h"
+#include "numeric/DirectionSet.h"
+#include "numeric/LineSearch.h"
 
 /// Least squares without derivatives: a set of search directions with the residual changes that they cause,
 /// a linearised step, a search along it, and one direction replaced by what the search has taught.

@@ -3,7 +3,7 @@
 #include <span>
 #include <vector>
 
-#include "analysis/PackedInverse.h"
+#include "numeric/PackedInverse.h"
 
 namespace vk {
 

@@ -1,4 +1,4 @@
-#include "analysis/BestPoints.h"
+#include "numeric/BestPoints.h"
 
 #include <utility>
 

@@ -1,13 +1,10 @@
+/// Unit SubMod: numbers through masks.
 #pragma once
 
 #include <string>
 
 #include "base/NumberText.h"
-#include "platform/Sound.h"
-#include "session/Session.h"
 
-/// Numbers through masks, and the one sound of the program.
-///
 /// A mask is a picture of a field: blanks as margins, "#" for digits, at most one ".", "^^^^" at the end for
 /// the exponent form. The first position of the field is kept for a sign.
 namespace vk {
@@ -28,8 +25,5 @@ std::string FormatSigned(double value, const std::string& pattern);
 /// Halves are rounded away from zero on the decimal digits of the 15-digit text; a negative value that rounds
 /// to zero keeps its sign. The empty pattern gives the general text.
 std::string FormatPattern(double value, const std::string& pattern = "");
-
-/// Sounds the tone of a code: 0 high, 1 low, others nothing; nothing at all when the beep switch is off.
-void SoundSignal(const Session& session, Sound& sound, Int16 code);
 
 }  // namespace vk

@@ -4,7 +4,7 @@
 #include <set>
 #include <vector>
 
-#include "analysis/Minimise.h"
+#include "numeric/Minimise.h"
 
 namespace vk {
 

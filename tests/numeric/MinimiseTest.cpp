@@ -1,9 +1,9 @@
-#include "analysis/Minimise.h"
+#include "numeric/Minimise.h"
 
 #include <cmath>
 
-#include "analysis/ModelResiduals.h"
-#include "analysis/SampleValues.h"
+#include "numeric/ModelResiduals.h"
+#include "numeric/SampleValues.h"
 
 namespace vk {
 namespace {

@@ -1,6 +1,6 @@
-#include "analysis/Minimise.h"
+#include "numeric/Minimise.h"
 
-#include "analysis/Minimiser.h"
+#include "numeric/Minimiser.h"
 
 namespace vk {
 namespace {

@@ -1,4 +1,4 @@
-#include "session/TextLines.h"
+#include "base/TextLines.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "analysis/DirectionSet.h"
+#include "numeric/DirectionSet.h"
 
 #include <cmath>
 

@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "batch/BatchRun.h"
+#include "commands/DataCommands.h"
 #include "doubles/Doubles.h"
 #include "doubles/ErrorOf.h"
 #include "doubles/ScriptedForms.h"
 #include "doubles/TemporaryFolder.h"
 #include "platform/system/SystemFiles.h"
-#include "session/DataCommands.h"
 #include "session/FileSelection.h"
 
 /// One file, one judgement: `check`, `fit` and the reading command of the window take and refuse the same files.

@@ -1,10 +1,10 @@
+#include "commands/DataCommands.h"
 #include "commands/FitCommand.h"
+#include "commands/FunctionCommands.h"
 #include "commands/ParameterCommands.h"
 #include "commands/SimulationCommand.h"
 #include "commands/TransformationCommand.h"
-#include "expr/FunctionCommands.h"
 #include "platform/system/SystemRandom.h"
-#include "session/DataCommands.h"
 #include "tests/analysis/PropagationHelp.h"
 
 namespace vk {

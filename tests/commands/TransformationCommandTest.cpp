@@ -1,9 +1,9 @@
 #include "commands/TransformationCommand.h"
 
 #include "base/Text.h"
+#include "commands/DataCommands.h"
 #include "commands/ParameterCommands.h"
 #include "expr/CmpMod.h"
-#include "session/DataCommands.h"
 #include "session/DataFiles.h"
 #include "tests/analysis/PropagationHelp.h"
 #include "tests/commands/FormText.h"

@@ -1,5 +1,5 @@
+#include "commands/DataCommands.h"
 #include "grafile/FigureFixture.h"
-#include "session/DataCommands.h"
 
 namespace vk {
 namespace {

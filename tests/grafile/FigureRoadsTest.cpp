@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "base/NumberText.h"
+#include "commands/DataCommands.h"
 #include "commands/FitCommand.h"
 #include "commands/ParameterCommands.h"
 #include "commands/SimulationCommand.h"
@@ -11,7 +12,6 @@
 #include "grafile/ExampleFolder.h"
 #include "grafile/FigureFixture.h"
 #include "platform/system/SystemRandom.h"
-#include "session/DataCommands.h"
 
 namespace vk {
 namespace {

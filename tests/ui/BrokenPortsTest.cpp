@@ -1,6 +1,6 @@
 #include <sstream>
 
-#include "session/Commands.h"
+#include "commands/CommandTable.h"
 #include "session/Msg.h"
 #include "ui/FaultyPorts.h"
 #include "ui/MainMod.h"

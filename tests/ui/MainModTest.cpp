@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "commands/CommandTable.h"
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/RecordingEditorForm.h"
@@ -9,7 +10,6 @@
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
 #include "gral/NominalScreen.h"
-#include "session/Commands.h"
 
 namespace vk {
 namespace {

@@ -6,7 +6,7 @@
 #include <random>
 #include <vector>
 
-#include "session/Commands.h"
+#include "commands/CommandTable.h"
 
 class QFrame;
 

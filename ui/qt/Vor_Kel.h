@@ -8,8 +8,8 @@
 #include <map>
 #include <vector>
 
+#include "commands/CommandTable.h"
 #include "platform/MainWindow.h"
-#include "session/Commands.h"
 #include "ui/MainPanels.h"
 #include "ui/qt/Breath.h"
 #include "ui/qt/FraDir.h"

@@ -1,4 +1,4 @@
-#include "session/ServiceCommands.h"
+#include "commands/ServiceCommands.h"
 
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"

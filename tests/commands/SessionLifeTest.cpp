@@ -1,17 +1,17 @@
 #include <cmath>
 #include <random>
 
+#include "commands/DataCommands.h"
+#include "commands/ServiceCommands.h"
+#include "commands/StartUp.h"
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
-#include "session/DataCommands.h"
 #include "session/DataFiles.h"
 #include "session/FileSelection.h"
 #include "session/Msg.h"
 #include "session/Refusals.h"
-#include "session/ServiceCommands.h"
-#include "session/StartUp.h"
 
 /// What holds over whole runs of commands.
 namespace vk {

@@ -1,4 +1,4 @@
-#include "session/Commands.h"
+#include "commands/CommandTable.h"
 
 #include <algorithm>
 #include <map>

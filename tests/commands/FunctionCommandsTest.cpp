@@ -1,4 +1,4 @@
-#include "expr/FunctionCommands.h"
+#include "commands/FunctionCommands.h"
 
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"

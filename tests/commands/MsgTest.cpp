@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "commands/CommandTable.h"
+#include "commands/StartUp.h"
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
-#include "session/Commands.h"
-#include "session/StartUp.h"
 
 namespace vk {
 namespace {

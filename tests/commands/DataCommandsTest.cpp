@@ -1,4 +1,4 @@
-#include "session/DataCommands.h"
+#include "commands/DataCommands.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "session/ServiceCommands.h"
+#include "commands/ServiceCommands.h"
 
 namespace vk {
 

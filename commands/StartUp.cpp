@@ -1,6 +1,6 @@
-#include "session/StartUp.h"
+#include "commands/StartUp.h"
 
-#include "session/Commands.h"
+#include "commands/CommandTable.h"
 
 namespace vk {
 

@@ -1,4 +1,4 @@
-#include "expr/FunctionCommands.h"
+#include "commands/FunctionCommands.h"
 
 #include "expr/FunMod.h"
 #include "session/FileSelection.h"
@@ -7,7 +7,7 @@
 namespace vk {
 namespace {
 
-constexpr const char* kReadCaption = "VOR_KEL: Lettura File Funzioni";
+constexpr const char* kReadFunctions = "VOR_KEL: Lettura File Funzioni";
 
 /// The file has been read without error: its functions replace all that came from the file before.
 void takeFile(Session& session, MainWindow& window, FunctionForms& forms, const std::string& name,
@@ -29,11 +29,11 @@ void takeFile(Session& session, MainWindow& window, FunctionForms& forms, const 
 void tellErrors(const Session& session, Dialogs& dialogs, OutputWindow& output, const std::string& name) {
   if (session.settings.ShowErrors) {
     // QUIRK: this window comes up empty, because the reader has shown its report, which stays open, and cleared it.
-    OutputRequest request = reportRequest(std::string(kReadCaption) + " - ERRORI", session.TraceText);
+    OutputRequest request = reportRequest(std::string(kReadFunctions) + " - ERRORI", session.TraceText);
     request.beside = true;
     output.OutShow(request);
   } else {
-    dialogs.Get_Msg({.caption = kReadCaption,
+    dialogs.Get_Msg({.caption = kReadFunctions,
                      .text = "Errori nella Lettura del File Funzioni: " + name + "!",
                      .icon = kExclamation,
                      .captions = {"&Continua"}});
@@ -45,7 +45,7 @@ void tellErrors(const Session& session, Dialogs& dialogs, OutputWindow& output, 
 void MenFunLet(Session& session, Files& files, Dialogs& dialogs, OutputWindow& output, MainWindow& window,
                FunctionForms& forms) {
   std::string name;
-  const bool chosen = pickFileToRead(session, files, dialogs, kReadCaption, kFunctionKind, name);
+  const bool chosen = pickFileToRead(session, files, dialogs, kReadFunctions, kFunctionKind, name);
   session.files.RecentFun.pick = 0;
   if (!chosen) return;
   session.TraceText.clear();

@@ -1,4 +1,4 @@
-#include "session/DataCommands.h"
+#include "commands/DataCommands.h"
 
 #include <utility>
 
@@ -9,17 +9,17 @@
 namespace vk {
 namespace {
 
-constexpr const char* kReadCaption = "VOR_KEL: Lettura File Dati";
+constexpr const char* kReadData = "VOR_KEL: Lettura File Dati";
 constexpr int kFewestPoints = 2;
 
 void tell(Dialogs& dialogs, const std::string& text) {
-  dialogs.Get_Msg({.caption = kReadCaption, .text = text, .icon = kExclamation, .captions = {"&Continua"}});
+  dialogs.Get_Msg({.caption = kReadData, .text = text, .icon = kExclamation, .captions = {"&Continua"}});
 }
 
 void tellErrors(const Session& session, Dialogs& dialogs, OutputWindow& output, const std::string& name,
                 const std::string& errors) {
   if (session.settings.ShowErrors != kFalse) {
-    output.OutShow(reportRequest(std::string(kReadCaption) + " - ERRORI", errors));
+    output.OutShow(reportRequest(std::string(kReadData) + " - ERRORI", errors));
   } else {
     tell(dialogs, "Errori nella Lettura del File Dati: " + name + "!");
   }
@@ -35,7 +35,7 @@ void forgetFigures(Session& session) {
 bool readDataFile(Session& session, Files& files, Dialogs& dialogs, OutputWindow& output,
                   MainWindow& window) {
   std::string name;
-  if (!pickFileToRead(session, files, dialogs, kReadCaption, kDataKind, name)) return true;
+  if (!pickFileToRead(session, files, dialogs, kReadData, kDataKind, name)) return true;
   DataReading reading = CheckDataFile(session, files, name);
   if (session.ErrFlag != 0) {
     tellErrors(session, dialogs, output, name, reading.errors);

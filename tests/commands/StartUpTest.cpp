@@ -1,0 +1,46 @@
+#include "commands/StartUp.h"
+
+#include "commands/CommandTable.h"
+#include "doubles/Doubles.h"
+#include "doubles/MemoryFiles.h"
+
+namespace vk {
+namespace {
+
+TEST(StartUp, TheFoldersAreTheProgramsWhereItCanBeWritten) {
+  Session session;
+  MemoryFiles files;
+  setFirstFolders(session, files);
+  EXPECT_EQ(session.files.DataDir, "/program");
+  EXPECT_EQ(session.files.FunDir, "/program");
+  EXPECT_EQ(session.files.GraDir, "/program");
+  for (const std::string& folder : session.files.WorkDir) EXPECT_EQ(folder, "/program");
+}
+
+TEST(StartUp, OtherwiseTheFoldersAreTheDocumentsOrTheCurrentOne) {
+  MemoryFiles files;
+  files.notWritable.insert("/program");
+  EXPECT_EQ(workingFolder(files), "/documents");
+  files.notWritable.insert("/documents");
+  EXPECT_EQ(workingFolder(files), "/current");
+}
+
+TEST(StartUp, ThePanelsBeginWithTheTextsOfTheLoadEvent) {
+  EXPECT_EQ(kStartPanels, (std::array<const char*, 5>{"Dati: Nessuno ", "Fun.: Nessuno ", "Grafici: Nessuno ",
+                                                      "Fun.Att.: NO ", "Par.Var.: NO "}));
+}
+
+TEST(StartUp, SetsTheStateOfEveryMenuEntry) {
+  RecordingMainWindow window;
+  setFirstMenus(window);
+  EXPECT_EQ(window.menuEnabled.size(), commandTable().size());
+  EXPECT_EQ(window.menuVisible.size(), commandTable().size());
+  for (const char* control : {"MenSerMod", "MenFunVar", "MenDatOld(0)", "MenFunOld(3)", "MenGraOld(1)"}) {
+    EXPECT_FALSE(window.menuVisible.at(control)) << control;
+  }
+  EXPECT_TRUE(window.menuVisible.at("MenDatLet"));
+  EXPECT_EQ(window.menuChecked, (std::map<std::string, bool>{{"MenSerErr", false}}));
+}
+
+}  // namespace
+}  // namespace vk

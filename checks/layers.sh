@@ -15,7 +15,7 @@ awk '
       for (r in allowed) if (index(path, r "/") == 1 && length(r) > length(best)) best = r
       return best
     }
-    # True when the target, or a folder around it, is named in the list.
+    # True when the target is named in the list.
     function permits(names, target,   n, list, i) {
       n = split(names, list, " ")
       for (i = 1; i <= n; i++) if (list[i] == target) return 1
@@ -36,7 +36,6 @@ awk '
       else if (header ~ /\.h$/) target = "System"
       else next
       if (own == "" || target == own || permits(allowed[own], target)) next
-      if (target == "ui/qt" && index(header, "ui/qt/devices/") == 1 && permits(allowed[own], "ui/qt/devices")) next
       print file ": " own " must not include " header; bad = 1
     }
     END { exit bad }

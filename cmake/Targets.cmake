@@ -24,10 +24,14 @@ if(VOR_SANITIZE)
   target_link_options(vor_flags INTERFACE -fsanitize=${VOR_SANITIZE})
 endif()
 
-# vor_library(name [DEPENDS library ...]): the static library vor_<name> from the sources of the present folder.
+# vor_library(name [DEPENDS library ...] [WITHOUT file ...]): the static library vor_<name> from the sources of the
+# present folder.
 function(vor_library name)
-  cmake_parse_arguments(LIBRARY "" "" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(LIBRARY "" "" "DEPENDS;WITHOUT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  foreach(file ${LIBRARY_WITHOUT})
+    list(REMOVE_ITEM sources ${CMAKE_CURRENT_SOURCE_DIR}/${file})
+  endforeach()
   list(TRANSFORM LIBRARY_DEPENDS PREPEND vor_)
   if(sources)
     add_library(vor_${name} STATIC ${sources})

@@ -5,6 +5,7 @@
 
 #include "base/Array.h"
 #include "base/Int16.h"
+#include "platform/FontSpec.h"
 #include "platform/InputForm.h"
 #include "session/Catalogue.h"
 #include "session/CompiledExpression.h"
@@ -19,14 +20,6 @@ enum FileKindCode : int { kDataKind = 1, kFunctionKind = 2, kGraphicKind = 3 };
 
 /// `ErrFlag` after a cancelled file dialog.
 inline constexpr int kCancelled = 32755;
-
-/// A font of the forms.
-struct FontSpec {
-  std::string face;
-  int size;     ///< points
-  int charset;  ///< 0 the text character set, 255 that of the character screens
-  bool bold = false;
-};
 
 /// A list of the files read last, newest first.
 struct RecentList {

@@ -9,9 +9,9 @@
 #include <algorithm>
 
 #include "base/NumberText.h"
-#include "ui/qt/AccessButton.h"
-#include "ui/qt/Fonts.h"
-#include "ui/qt/Text8.h"
+#include "ui/qt/widgets/AccessButton.h"
+#include "ui/qt/widgets/Fonts.h"
+#include "ui/qt/widgets/Text8.h"
 
 namespace vk {
 namespace {

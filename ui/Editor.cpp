@@ -8,7 +8,7 @@
 #include "expr/FunMod.h"
 #include "session/DataFiles.h"
 #include "session/Msg.h"
-#include "ui/EditorLayout.h"
+#include "ui/layout/EditorLayout.h"
 
 namespace vk {
 namespace {

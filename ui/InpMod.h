@@ -8,27 +8,14 @@
 #include "platform/InputForm.h"
 #include "platform/Sound.h"
 #include "session/Session.h"
-#include "ui/InputLayout.h"
+#include "ui/layout/InputLayout.h"
 
 /// The engine of the input form: one edit box hops over the fields, each is validated as it is left. The form
 /// `InpFrm` shows what stands here and passes its events on.
 namespace vk {
 
 inline constexpr Colour InpColorWhite = RGB(255, 255, 255);
-inline constexpr Colour InpColorEdit = RGB(240, 240, 240);
 inline constexpr Colour kInpColorField = RGB(230, 230, 230);
-
-/// Codes of the keys that move between the fields.
-enum InputKey : int { kKeyEnter = 13, kKeyUp = 38, kKeyDown = 40 };
-
-/// The edit box `txtGet`.
-struct EditBox {
-  bool visible = false;
-  Rect place;
-  std::string text;
-  Colour background = InpColorEdit;
-  bool flushRight = false;
-};
 
 class InpMod {
  public:

@@ -7,8 +7,8 @@
 #include "platform/GridOutput.h"
 #include "platform/Printer.h"
 #include "session/Session.h"
-#include "ui/CharFrame.h"
-#include "ui/Geometry.h"
+#include "ui/layout/CharFrame.h"
+#include "ui/layout/Geometry.h"
 
 /// The output window `FrmOut` without its widgets: what it holds, how large it is, how it prints and copies.
 namespace vk {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "session/Session.h"
-#include "ui/Geometry.h"
+#include "ui/layout/Geometry.h"
 
 /// The logic of the form `Sel_Fun`, by which the user composes the model function f[g(x)].
 namespace vk {

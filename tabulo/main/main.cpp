@@ -1,7 +1,7 @@
 #include <QApplication>
 
 #include "tabulo/Tabulo.h"
-#include "ui/qt/Toolkit.h"
+#include "ui/qt/widgets/Toolkit.h"
 
 int main(int argc, char** argv) {
   QApplication toolkit(argc, argv);

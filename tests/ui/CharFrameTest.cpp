@@ -1,4 +1,4 @@
-#include "ui/CharFrame.h"
+#include "ui/layout/CharFrame.h"
 
 namespace vk {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/EditorLayout.h"
+#include "ui/layout/EditorLayout.h"
 
 #include "ui/FixedMeasure.h"
 

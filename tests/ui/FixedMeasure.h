@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/TextMeasure.h"
+#include "ui/layout/TextMeasure.h"
 
 namespace vk {
 

@@ -1,4 +1,4 @@
-#include "ui/GraphicPanelLayout.h"
+#include "ui/layout/GraphicPanelLayout.h"
 
 #include "ui/FixedMeasure.h"
 

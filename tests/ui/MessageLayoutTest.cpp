@@ -1,4 +1,4 @@
-#include "ui/MessageLayout.h"
+#include "ui/layout/MessageLayout.h"
 
 #include "ui/FixedMeasure.h"
 

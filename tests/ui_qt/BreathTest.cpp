@@ -1,4 +1,4 @@
-#include "ui/qt/Breath.h"
+#include "ui/qt/widgets/Breath.h"
 
 #include <QApplication>
 #include <QLineEdit>

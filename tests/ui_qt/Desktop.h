@@ -5,7 +5,7 @@
 #include "base/RuntimeError.h"
 #include "doubles/TemporaryFolder.h"
 #include "platform/system/SystemFiles.h"
-#include "ui/qt/Application.h"
+#include "ui/qt/main/Application.h"
 #include "ui_qt/User.h"
 
 namespace vk {

@@ -9,8 +9,8 @@
 #include <QTreeView>
 
 #include "doubles/TemporaryFolder.h"
-#include "ui/qt/FileDialog.h"
-#include "ui/qt/QtDialogs.h"
+#include "ui/qt/ports/FileDialog.h"
+#include "ui/qt/ports/QtDialogs.h"
 #include "ui_qt/User.h"
 
 namespace vk {

@@ -1,4 +1,4 @@
-#include "ui/qt/FrmEdi.h"
+#include "ui/qt/forms/FrmEdi.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -13,8 +13,8 @@
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
 #include "expr/FunMod.h"
-#include "ui/qt/Services.h"
-#include "ui/qt/Text8.h"
+#include "ui/qt/ports/Services.h"
+#include "ui/qt/widgets/Text8.h"
 #include "ui_qt/User.h"
 
 namespace vk {

@@ -1,4 +1,4 @@
-#include "ui/qt/FrmMsg.h"
+#include "ui/qt/forms/FrmMsg.h"
 
 #include "ui_qt/User.h"
 

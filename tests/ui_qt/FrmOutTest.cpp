@@ -1,4 +1,4 @@
-#include "ui/qt/FrmOut.h"
+#include "ui/qt/forms/FrmOut.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -7,10 +7,10 @@
 #include <QMimeData>
 
 #include "doubles/Doubles.h"
-#include "ui/qt/Breath.h"
-#include "ui/qt/QtOutput.h"
-#include "ui/qt/Services.h"
-#include "ui/qt/Twips.h"
+#include "ui/qt/ports/QtOutput.h"
+#include "ui/qt/ports/Services.h"
+#include "ui/qt/widgets/Breath.h"
+#include "ui/qt/widgets/Twips.h"
 #include "ui_qt/User.h"
 
 namespace vk {

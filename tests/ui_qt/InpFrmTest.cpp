@@ -1,12 +1,12 @@
-#include "ui/qt/InpFrm.h"
+#include "ui/qt/forms/InpFrm.h"
 
 #include <QApplication>
 
 #include "base/RuntimeError.h"
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedDialogs.h"
-#include "ui/qt/QtDialogs.h"
-#include "ui/qt/Twips.h"
+#include "ui/qt/ports/QtDialogs.h"
+#include "ui/qt/widgets/Twips.h"
 #include "ui_qt/User.h"
 
 namespace vk {

@@ -7,7 +7,7 @@
 #include <QStyleOptionSlider>
 #include <QToolTip>
 
-#include "ui/qt/Fonts.h"
+#include "ui/qt/widgets/Fonts.h"
 #include "ui_qt/Desktop.h"
 
 namespace vk {

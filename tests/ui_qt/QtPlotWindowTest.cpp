@@ -1,4 +1,4 @@
-#include "ui/qt/QtPlotWindow.h"
+#include "ui/qt/ports/QtPlotWindow.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,4 +1,4 @@
-#include "ui/qt/QtPrinter.h"
+#include "ui/qt/ports/QtPrinter.h"
 
 #include <QProcess>
 

@@ -10,7 +10,7 @@
 #include <filesystem>
 
 #include "base/CodePage.h"
-#include "ui/qt/Fonts.h"
+#include "ui/qt/widgets/Fonts.h"
 #include "ui_qt/Desktop.h"
 
 namespace vk {

@@ -1,4 +1,4 @@
-#include "ui/qt/Windows.h"
+#include "ui/qt/forms/Windows.h"
 
 #include <QWindow>
 

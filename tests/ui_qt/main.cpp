@@ -1,6 +1,6 @@
 #include <QApplication>
 
-#include "ui/qt/Toolkit.h"
+#include "ui/qt/widgets/Toolkit.h"
 
 int main(int argc, char** argv) {
   QApplication toolkit(argc, argv);

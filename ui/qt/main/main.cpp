@@ -1,7 +1,7 @@
 #include <QApplication>
 
-#include "ui/qt/Application.h"
-#include "ui/qt/Toolkit.h"
+#include "ui/qt/main/Application.h"
+#include "ui/qt/widgets/Toolkit.h"
 
 int main(int argc, char** argv) {
   QApplication toolkit(argc, argv);

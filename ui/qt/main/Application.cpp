@@ -1,0 +1,78 @@
+#include "ui/qt/main/Application.h"
+
+#include "expr/CmpMod.h"
+#include "ui/PdfProposal.h"
+
+namespace vk {
+
+Application::Application(Files& files, std::function<void(int)> quit, bool usePrinters)
+    : files_(files),
+      quit_(std::move(quit)),
+      printer_(files_, dialogs_, usePrinters),
+      forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &editForm_, &message_},
+      mainMod_(session_,
+               {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_, random_,
+                [this]() -> FigurePorts& { return figures(); }},
+               panels_, editor_) {
+  windows_.add(Form::kMain, &window_);
+  windows_.add(Form::kInput, &inputForm_);
+  windows_.add(Form::kOutput, &output_.form());
+  windows_.add(Form::kEditor, &editForm_);
+  windows_.add(Form::kSelect, &selectForm_);
+  windows_.add(Form::kLoad, &loadForm_);
+  windows_.setActivePlot([this] { return figures_ ? figures_->plots.activeWindow() : nullptr; });
+  printer_.setProposal([this] { return pdfProposal(session_); });
+  window_.buildPanels(session_, panels_, runner());
+  panels_.setView(window_);
+  editor_.setForm(editForm_);
+  window_.command = [this](const std::string& control) { mainMod_.run(control); };
+  window_.unload = [this] {
+    // A figure that is being drawn needs its window to the end of its command.
+    if (mainMod_.isRunning()) return false;
+    unload();
+    return true;
+  };
+  window_.turnedToWhileShut = [this](Form holder) { windows_.toFront(holder); };
+  inputForm_.setAction([this](int action) { mainMod_.runInputAction(action); });
+}
+
+EventRunner Application::runner() {
+  return [this](const std::function<void()>& handler) { mainMod_.guarded(handler); };
+}
+
+InpMod::Compiler Application::compiler() {
+  return [this](const std::string& definition) {
+    Int16 failed;
+    CompileExpression(session_, definition, session_.analysis.model, failed);
+    return failed == 0;
+  };
+}
+
+FigurePorts& Application::figures() {
+  if (!figures_) {
+    figures_ =
+        std::make_unique<QtFigures>(files_, dialogs_, window_, output_, sound_, printer_, breath_, runner());
+  }
+  return figures_->ports;
+}
+
+void Application::StartUp() {
+  mainMod_.StartUp([this] { showMainWindow(); });
+}
+
+void Application::showMainWindow() {
+  window_.placeFirst();
+  window_.show();
+  // The welcome is placed by the window's place and frame, which the window system decides. What the user does
+  // meanwhile waits until the welcome has shut the window.
+  breath_.awaitShowing(window_);
+}
+
+void Application::unload() {
+  for (QWidget* form : forms_) form->hide();
+  output_.hideAll();
+  if (figures_) figures_->plots.closeAll();
+  quit_(0);
+}
+
+}  // namespace vk

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "platform/system/SystemClock.h"
+#include "platform/system/SystemFiles.h"
+#include "platform/system/SystemRandom.h"
+#include "session/Session.h"
+#include "ui/Editor.h"
+#include "ui/InpMod.h"
+#include "ui/MainMod.h"
+#include "ui/MainPanels.h"
+#include "ui/qt/forms/FrmEdi.h"
+#include "ui/qt/forms/FrmMsg.h"
+#include "ui/qt/forms/InpFrm.h"
+#include "ui/qt/forms/Loa_Fun.h"
+#include "ui/qt/forms/Sel_Fun.h"
+#include "ui/qt/forms/Vor_Kel.h"
+#include "ui/qt/forms/Windows.h"
+#include "ui/qt/ports/QtDialogs.h"
+#include "ui/qt/ports/QtFigures.h"
+#include "ui/qt/ports/QtOutput.h"
+#include "ui/qt/ports/QtPrinter.h"
+#include "ui/qt/ports/Services.h"
+#include "ui/qt/widgets/Breath.h"
+
+namespace vk {
+
+/// The two function forms of the desktop.
+class QtFunctionForms : public FunctionForms {
+ public:
+  QtFunctionForms(Sel_Fun& select, Loa_Fun& load) : select_(select), load_(load) {}
+  bool selectFunction() override { return select_.ask(); }
+  int chooseLoadedFunction() override { return load_.ask(); }
+  void refillSelection() override { select_.refill(); }
+  void refillLoadList() override { load_.refill(); }
+
+ private:
+  Sel_Fun& select_;
+  Loa_Fun& load_;
+};
+
+/// The desktop program: one session, its forms, and the wires between them.
+class Application {
+ public:
+  /// `files` is the disk; `quit` ends the event loop with an exit code. Without `usePrinters` all that is printed
+  /// goes to PDF files.
+  Application(Files& files, std::function<void(int)> quit, bool usePrinters = true);
+
+  /// Shows the main window and the welcome; the program is ready afterwards.
+  void StartUp();
+  /// Tells the user to wait: work begins that is known to take long.
+  void tellWork() { breath_.tellWork(); }
+  /// Unloads every form, in the order in which they were made, and ends the program.
+  void unload();
+
+  Session& session() { return session_; }
+  MainMod& mainMod() { return mainMod_; }
+  Vor_Kel& window() { return window_; }
+  FrmOut& output() { return output_.form(); }
+  QtPrinter& printer() { return printer_; }
+  /// The forms beside the main window, in the order of their making.
+  const std::vector<QWidget*>& forms() const { return forms_; }
+
+ private:
+  EventRunner runner();
+  InpMod::Compiler compiler();
+  FigurePorts& figures();
+  void showMainWindow();
+
+  Session session_;
+  Files& files_;
+  std::function<void(int)> quit_;
+  Breath breath_;
+  Windows windows_;
+  SystemClock clock_;
+  QtSound sound_;
+  QtProcess process_;
+  SystemRandom random_;
+  QtClipboard clipboard_{session_};
+  QtDialogs dialogs_{windows_, message_};
+  QtPrinter printer_;
+  SelectFunction select_{session_};
+  LoadFunction load_{session_};
+  InpMod input_{session_, dialogs_, sound_, compiler()};
+
+  // The forms, in the order of their making.
+  Vor_Kel window_{breath_};
+  Sel_Fun selectForm_{select_, windows_, session_.settings.FontLabel};
+  Loa_Fun loadForm_{load_, windows_, session_.settings.FontLabel};
+  QtOutput output_{{session_, windows_, printer_, clipboard_, runner()}, breath_};
+  InpFrm inputForm_{input_, windows_, window_};
+  Editor editor_{session_, {files_, dialogs_, window_, output_, clipboard_, printer_, sound_}};
+  FrmEdi editForm_{editor_, {session_, windows_, sound_, runner()}};
+  FrmMsg message_{windows_, session_.settings.FontLabel};
+  std::vector<QWidget*> forms_;
+  std::unique_ptr<QtFigures> figures_;
+
+  QtFunctionForms functions_{selectForm_, loadForm_};
+  MainPanels panels_{session_, files_, window_};
+  MainMod mainMod_;
+};
+
+}  // namespace vk

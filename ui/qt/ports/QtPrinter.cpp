@@ -1,0 +1,237 @@
+#include "ui/qt/ports/QtPrinter.h"
+
+#include <QBuffer>
+#include <QPageLayout>
+#include <QPdfWriter>
+#include <QPrinterInfo>
+
+#include "base/RuntimeError.h"
+#include "ui/qt/widgets/Fonts.h"
+#include "ui/qt/widgets/GridPainter.h"
+#include "ui/qt/widgets/Text8.h"
+#include "ui/qt/widgets/Twips.h"
+
+namespace vk {
+namespace {
+
+constexpr double kTwipsOfPoint = 20;
+constexpr double kTwipsOfInch = 1440;
+constexpr double kMarginPoints = 12;  // 1/6 inch
+constexpr double kLineSpacing = 1.2;
+constexpr int kPdfResolution = 1200;
+constexpr const char* kPdfCaption = "VOR_KEL: Stampa su File PDF";
+
+std::vector<std::string> textLines(const std::string& text) {
+  std::vector<std::string> lines(1);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\n' || text[i] == '\r') {
+      if (text.compare(i, 2, "\r\n") == 0) ++i;
+      lines.emplace_back();
+    } else {
+      lines.back() += text[i];
+    }
+  }
+  if (lines.back().empty()) lines.pop_back();
+  return lines;
+}
+
+/// The folder of a full name, without the separator behind it.
+std::string folderOf(const std::string& name) {
+  const std::string folder = name.substr(0, name.size() - GetFileName(name).size());
+  return folder.size() > 1 ? folder.substr(0, folder.size() - 1) : folder;
+}
+
+/// A font in twips, for a painter whose units are twips.
+QFont twipFont(const std::string& face, double points) {
+  QFont font = toolkitFont({face, 10, 255});
+  font.setPixelSize(static_cast<int>(points * kTwipsOfPoint));
+  return font;
+}
+
+}  // namespace
+
+/// A document on its way to a file.
+struct QtPrinter::Pdf {
+  QBuffer bytes;
+  QPdfWriter writer{&bytes};
+
+  Pdf() {
+    bytes.open(QIODevice::WriteOnly);
+    writer.setCreator("Vor_Kel");
+    writer.setResolution(kPdfResolution);
+    writer.setPageSize(QPageSize(QPageSize::A4));
+  }
+};
+
+QtPrinter::QtPrinter(Files& files, Dialogs& dialogs, bool usePrinters)
+    : files_(files), dialogs_(dialogs), usePrinters_(usePrinters) {}
+
+QtPrinter::~QtPrinter() = default;
+
+bool QtPrinter::present() {
+  return usePrinters_ && !QPrinterInfo::defaultPrinter().isNull();
+}
+
+QPagedPaintDevice& QtPrinter::paper() {
+  if (printer_) return *printer_;
+  if (pdf_) return pdf_->writer;
+  if (present()) {
+    printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  } else {
+    pdf_ = std::make_unique<Pdf>();
+  }
+  paper().setPageMargins(QMarginsF(kMarginPoints, kMarginPoints, kMarginPoints, kMarginPoints),
+                         QPageLayout::Point);
+  setOrientation(orientation_);
+  return paper();
+}
+
+void QtPrinter::setOrientation(Int16 orientation) {
+  orientation_ = orientation;
+  if (!printer_ && !pdf_) return;
+  paper().setPageOrientation(orientation == kLandscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+}
+
+double QtPrinter::Width() {
+  return paper().pageLayout().paintRect(QPageLayout::Point).width() * kTwipsOfPoint;
+}
+
+double QtPrinter::Height() {
+  return paper().pageLayout().paintRect(QPageLayout::Point).height() * kTwipsOfPoint;
+}
+
+double QtPrinter::resolution() {
+  return paper().logicalDpiX();
+}
+
+bool QtPrinter::mayReplace(const std::string& name) {
+  return dialogs_.Get_Msg({.caption = kPdfCaption,
+                           .text = "Il File: " + name + " Esiste: lo Sostituisco?",
+                           .icon = kQuestion,
+                           .captions = {"  &Si  ", "  &No  "}}) == 1;
+}
+
+bool QtPrinter::wantsOtherName(const std::string& text) {
+  return dialogs_.Get_Msg({.caption = kPdfCaption,
+                           .text = text,
+                           .icon = kExclamation,
+                           .captions = {"&Riprova", "&Continua"}}) == 1;
+}
+
+FileRequest QtPrinter::fileRequest() {
+  const std::string proposal = proposal_ ? proposal_() : std::string();
+  const std::string name = GetFileName(proposal);
+  FileRequest request{.save = true, .caption = kPdfCaption};
+  request.folder = folder_.value_or(proposal.empty() ? files_.documentsFolder() : folderOf(proposal));
+  request.filter = "Tutti i File (*.*)|*.*|File PDF (*.pdf)|*.pdf|";
+  request.filterIndex = 2;
+  request.proposedName = name;
+  request.defaultExtension = "pdf";
+  return request;
+}
+
+bool QtPrinter::askForFile() {
+  while (const std::optional<std::string> name = dialogs_.fileDialog(fileRequest())) {
+    if (!files_.canWrite(*name)) {
+      if (!wantsOtherName("Specificazione File: " + *name + " ERRATA!")) return false;
+    } else if (!files_.FileExists(*name) || mayReplace(*name)) {
+      fileName_ = *name;
+      folder_ = folderOf(*name);
+      return true;
+    }
+  }
+  return false;
+}
+
+void QtPrinter::begin() {
+  QPagedPaintDevice& sheets = paper();
+  if (pdf_ && !askForFile()) {
+    discarded_ = true;
+    return;
+  }
+  painter_ = std::make_unique<QPainter>();
+  if (!painter_->begin(&sheets)) {
+    painter_.reset();
+    throw RuntimeError(kPrinterError);
+  }
+  scaleToTwips();
+}
+
+void QtPrinter::scaleToTwips() {
+  painter_->resetTransform();
+  painter_->scale(resolution() / kTwipsOfInch, resolution() / kTwipsOfInch);
+}
+
+QPainter* QtPrinter::page() {
+  if (!painter_ && !discarded_) begin();
+  return painter_.get();
+}
+
+void QtPrinter::newPage() {
+  if (!painter_) return;
+  if (!paper().newPage()) {
+    KillDoc();
+    throw RuntimeError(kPrinterError);
+  }
+  scaleToTwips();
+}
+
+void QtPrinter::printGrid(const CharGrid& grid, const GridPlace& place) {
+  QPainter* painter = page();
+  if (painter == nullptr) return;
+  const CellSize cell{static_cast<int>(place.cellWidth), static_cast<int>(place.cellHeight)};
+  GridPainter(*painter, twipFont(place.face, place.points), cell, 1)
+      .grid(grid, place.left, place.top, kPaperWhite);
+}
+
+void QtPrinter::printText(const std::string& text, const std::string& face, double points) {
+  QPainter* painter = page();
+  if (painter == nullptr) return;
+  painter->setFont(twipFont(face, points));
+  const double lineHeight = kLineSpacing * points * kTwipsOfPoint;
+  double y = 0;
+  for (const std::string& line : textLines(text)) {
+    if (y + lineHeight > Height()) {
+      newPage();
+      y = 0;
+    }
+    painter->drawText(QPointF(0, y + points * kTwipsOfPoint), fromCp437(line));
+    y += lineHeight;
+  }
+}
+
+void QtPrinter::KillDoc() {
+  discarded_ = false;
+  if (!painter_) return;
+  if (!pdf_) printer_->abort();
+  painter_->end();
+  painter_.reset();
+  pdf_.reset();
+}
+
+void QtPrinter::EndDoc() {
+  discarded_ = false;
+  if (!painter_) return;
+  const bool failed = !painter_->end() || (printer_ && printer_->printerState() == QPrinter::Error);
+  painter_.reset();
+  if (failed) throw RuntimeError(kPrinterError);
+  if (!pdf_) return;
+  const std::string document = pdf_->bytes.data().toStdString();
+  pdf_.reset();
+  writeFile(document);
+}
+
+void QtPrinter::writeFile(const std::string& document) {
+  while (true) {
+    try {
+      return files_.writeAll(fileName_, document);
+    } catch (const RuntimeError& error) {
+      const std::string reason =
+          error.number() == kDeviceIoError ? "Disco Pieno" : runtimeErrorText(error.number());
+      if (!wantsOtherName("Il File: " + fileName_ + " NON e` stato Scritto: " + reason + "!")) return;
+    }
+    if (!askForFile()) return;
+  }
+}
+
+}  // namespace vk

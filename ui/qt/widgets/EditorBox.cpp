@@ -1,0 +1,95 @@
+#include "ui/qt/widgets/EditorBox.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QTextBlock>
+
+#include "ui/qt/widgets/Fonts.h"
+#include "ui/qt/widgets/Text8.h"
+#include "ui/qt/widgets/Twips.h"
+
+namespace vk {
+namespace {
+
+constexpr int kTabColumns = 8;
+/// Beside it, border and scroll bar leave just room for the columns of the form's size.
+constexpr double kTextMargin = 2;
+
+/// True for a key that enters a character, and not a command.
+bool entersText(const QKeyEvent& event) {
+  const QString text = event.text();
+  return !text.isEmpty() && text.at(0).category() != QChar::Other_Control;
+}
+
+}  // namespace
+
+EditorBox::EditorBox(QWidget* form) : QPlainTextEdit(form) {
+  setLineWrapMode(NoWrap);
+  document()->setDocumentMargin(kTextMargin);
+}
+
+void EditorBox::setTextFont(const QFont& font) {
+  setFont(font);
+  setTabStopDistance(kTabColumns * QFontMetricsF(font).horizontalAdvance('A'));
+}
+
+void EditorBox::load(std::string_view text) {
+  setPlainText(fromLines437(text));
+}
+
+std::string EditorBox::bytes() const {
+  // The raw text: the plain one has blanks in place of hard blanks.
+  return toLines437(document()->toRawText());
+}
+
+std::string EditorBox::SelText() const {
+  return toLines437(textCursor().selectedText());
+}
+
+void EditorBox::insertBefore(std::string_view text) {
+  QTextCursor caret = textCursor();
+  const int start = caret.selectionStart();
+  caret.setPosition(start);
+  caret.beginEditBlock();  // undone by itself, not with what was typed before it
+  caret.insertText(fromLines437(text));
+  caret.endEditBlock();
+  caret.setPosition(start);
+  setTextCursor(caret);
+}
+
+QString EditorBox::take(const QString& text) {
+  const TakenText taken = takeForCp437(text);
+  if (!taken.complete && refused) refused();
+  return taken.text;
+}
+
+void EditorBox::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::InsertLineSeparator)) {
+    textCursor().insertBlock();
+    return ensureCursorVisible();
+  }
+  if (!entersText(*event)) return QPlainTextEdit::keyPressEvent(event);
+  const QString taken = take(event->text());
+  if (taken.isEmpty()) return;
+  QKeyEvent entered(event->type(), event->key(), event->modifiers(), taken, event->isAutoRepeat());
+  QPlainTextEdit::keyPressEvent(&entered);
+}
+
+void EditorBox::inputMethodEvent(QInputMethodEvent* event) {
+  event->setCommitString(take(event->commitString()), event->replacementStart(), event->replacementLength());
+  QPlainTextEdit::inputMethodEvent(event);
+}
+
+QMimeData* EditorBox::createMimeDataFromSelection() const {
+  auto* content = new QMimeData;
+  content->setText(fromLines437(SelText()));
+  return content;
+}
+
+void EditorBox::insertFromMimeData(const QMimeData* source) {
+  textCursor().insertText(take(source->text()));
+  ensureCursorVisible();
+}
+
+}  // namespace vk

@@ -1,0 +1,61 @@
+#include "ui/qt/widgets/GridPainter.h"
+
+#include <QFontMetricsF>
+
+#include "base/CodePage.h"
+
+namespace vk {
+
+GridPainter::GridPainter(QPainter& painter, const QFont& font, CellSize cell, double unit)
+    : painter_(painter), cell_(cell), unit_(unit) {
+  painter_.setFont(font);
+  const QFontMetricsF metrics(font, painter.device());
+  baseline_ = (cell.height * unit - metrics.height()) / 2 + metrics.ascent();
+}
+
+QRectF GridPainter::cellRect(double left, double top) const {
+  return {left * unit_, top * unit_, cell_.width * unit_, cell_.height * unit_};
+}
+
+void GridPainter::character(const QRectF& cell, char c) {
+  if (c == ' ') return;
+  const char32_t glyph = toUnicode(c, CodePage::kCp437);
+  painter_.drawText(QPointF(cell.left(), cell.top() + baseline_), QString::fromUcs4(&glyph, 1));
+}
+
+void GridPainter::text(double left, double top, std::string_view text, Colour background) {
+  const double width = static_cast<double>(text.size()) * cell_.width;
+  painter_.fillRect(QRectF(left * unit_, top * unit_, width * unit_, cell_.height * unit_),
+                    toColour(background));
+  painter_.setPen(toColour(kInkBlack));
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    character(cellRect(left + static_cast<double>(i) * cell_.width, top), text[i]);
+  }
+}
+
+void GridPainter::frame(const GridFrame& frame, Colour background) {
+  const double pixel = kTwipsPerPixel * unit_;
+  for (const ColouredLine& line : frameLines(frame, cell_, background)) {
+    const QPointF from(line.x1 * unit_, line.y1 * unit_);
+    const QSizeF size((line.x2 - line.x1) * unit_ + pixel, (line.y2 - line.y1) * unit_ + pixel);
+    painter_.fillRect(QRectF(from, size), toColour(line.colour));
+  }
+}
+
+void GridPainter::grid(const CharGrid& grid, double left, double top, Colour background) {
+  painter_.save();
+  painter_.translate(left * unit_, top * unit_);
+  for (const GridFrame& f : grid.frames()) frame(f, background);
+  painter_.setPen(toColour(kInkBlack));
+  for (int row = 1; row <= grid.rows(); ++row) {
+    for (int col = 1; col <= grid.cols(); ++col) {
+      if (!grid.covers(row, col)) continue;
+      const QRectF cell = cellRect((col - 1.0) * cell_.width, (row - 1.0) * cell_.height);
+      painter_.fillRect(cell, toColour(background));
+      character(cell, grid.at(row, col));
+    }
+  }
+  painter_.restore();
+}
+
+}  // namespace vk

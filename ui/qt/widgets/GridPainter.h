@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+
+#include "platform/CharGrid.h"
+#include "ui/layout/CharFrame.h"
+
+namespace vk {
+
+inline QColor toColour(Colour colour) {
+  return QColor::fromRgb(colour);
+}
+
+/// Paints character cells. Lengths are twips; `unit` is the painter's units for a twip.
+class GridPainter {
+ public:
+  GridPainter(QPainter& painter, const QFont& font, CellSize cell, double unit = 1.0 / kTwipsPerPixel);
+
+  /// A text from this place on, each character in a cell of its own, opaque on `background`.
+  void text(double left, double top, std::string_view text, Colour background);
+  /// A frame through the centres of its corner cells.
+  void frame(const GridFrame& frame, Colour background);
+  /// A whole grid with its frames, from this place on. Cells that were never printed on let the paper through.
+  void grid(const CharGrid& grid, double left, double top, Colour background);
+
+ private:
+  QRectF cellRect(double left, double top) const;
+  void character(const QRectF& cell, char c);
+
+  QPainter& painter_;
+  CellSize cell_;
+  double unit_;
+  double baseline_;
+};
+
+}  // namespace vk

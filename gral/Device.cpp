@@ -1,8 +1,6 @@
 #include "gral/Device.h"
 
 #include <algorithm>
-#include <cmath>
-#include <utility>
 
 #include "base/Rounding.h"
 
@@ -23,18 +21,17 @@ double wholeNominalPixels(double twips) {
 
 }  // namespace
 
-Device::Device(const FormMetrics& form) : isForm_(true), formMetrics_(form) {
+Device::Device(const FormMetrics& form, DrawingSink& sink, LetterMetrics& letters)
+    : sink_(sink), letters_(letters), isForm_(true), formMetrics_(form) {
   setArea(kFirstFormWidth, kFirstFormHeight);
 }
 
-Device::Device(const PrinterMetrics& printer) : isForm_(false) {
-  setPrinter(printer);
-}
-
-void Device::setPrinter(const PrinterMetrics& printer) {
-  requirePrinter();
-  printer_ = printer;
-  twipsPerPixel_ = kTwipsPerInch / printer.resolution;
+Device::Device(const PrinterMetrics& printer, DrawingSink& sink, LetterMetrics& letters)
+    : sink_(sink),
+      letters_(letters),
+      isForm_(false),
+      printer_(printer),
+      twipsPerPixel_(kTwipsPerInch / printer.resolution) {
   turnPage();
 }
 
@@ -96,86 +93,12 @@ int Device::pixelHeight() const {
   return static_cast<int>(roundHalfEven(areaHeight_ / twipsPerContextPixel()));
 }
 
-// ---- Primitives
-
-void Device::Polyline(std::span<const PixelPoint> points) {
-  if (pathOpen_) {
-    path_.insert(path_.end(), points.begin(), points.end());
-  } else if (points.size() > 1) {
-    drawPolyline(points);
-  }
-}
-
-void Device::BeginPath() {
-  path_.clear();
-  pathOpen_ = true;
-}
-
-void Device::drawPath(bool fill, bool stroke) {
-  pathOpen_ = false;
-  if (!path_.empty()) drawFigure(path_, fill, stroke);
-  path_.clear();
-}
-
-std::int32_t Device::CreateRectRgn(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2) {
-  regions_[++lastHandle_] = {x1, y1, x2, y2};
-  return lastHandle_;
-}
-
-void Device::SelectClipRgn(std::int32_t region) {
-  const auto found = regions_.find(region);
-  if (found == regions_.end()) throw RuntimeError(kInvalidCall);
-  selectedRegion_ = region;
-  clipTo(&found->second);
-}
-
-std::int32_t Device::CreateFontIndirect(const FontRecord& record) {
-  fonts_[++lastHandle_] = record;
-  return lastHandle_;
-}
-
-std::int32_t Device::SelectObject(std::int32_t font) {
-  if (font != 0 && !fonts_.contains(font)) throw RuntimeError(kInvalidCall);
-  return std::exchange(selectedFont_, font);
-}
-
-const FontRecord* Device::selectedFont() const {
-  return selectedFont_ == 0 ? nullptr : &fonts_.at(selectedFont_);
-}
-
-void Device::DeleteObject(std::int32_t handle) {
-  if (regions_.erase(handle) + fonts_.erase(handle) == 0) throw RuntimeError(kInvalidCall);
-  if (handle == selectedFont_) selectedFont_ = 0;
-  if (handle == selectedRegion_) {
-    selectedRegion_ = 0;
-    clipTo(nullptr);
-  }
-}
-
-void Device::Print(std::string_view text) {
-  writeText(settings_.currentX, settings_.currentY, text);
-}
-
-void Device::TextOut(std::int32_t x, std::int32_t y, std::string_view text) {
-  writeText(x * twipsPerContextPixel(), y * twipsPerContextPixel(), text);
-}
-
-void Device::writeText(double x, double y, std::string_view text) {
-  TextRun run{x, y, settings_.fontSize, 0, settings_.fontName, std::string(text)};
-  if (const FontRecord* font = selectedFont()) {
-    run.points = std::abs(static_cast<double>(font->height)) * twipsPerPixel_ / kTwipsPerPoint;
-    run.angle = font->escapement / 10.0;
-    run.fontName = font->faceName.data();
-  }
-  drawText(run);
-}
-
 // ---- Forms
 
 void Device::setCaption(std::string_view caption) {
   requireForm();
   form_.caption = caption;
-  formChanged();
+  sink_.formChanged();
 }
 
 void Device::setAutoRedraw(bool on) {
@@ -186,19 +109,19 @@ void Device::setAutoRedraw(bool on) {
 void Device::setVisible(bool on) {
   requireForm();
   form_.visible = on;
-  formChanged();
+  sink_.formChanged();
 }
 
 void Device::setLeft(double left) {
   requireForm();
   form_.left = left;
-  formChanged();
+  sink_.formChanged();
 }
 
 void Device::setTop(double top) {
   requireForm();
   form_.top = top;
-  formChanged();
+  sink_.formChanged();
 }
 
 double Device::Width() {
@@ -222,7 +145,7 @@ void Device::setHeight(double height) {
 void Device::resizeForm(double clientWidth, double clientHeight) {
   setArea(wholeNominalPixels(clientWidth), wholeNominalPixels(clientHeight));
   clearPicture();
-  formChanged();
+  sink_.formChanged();
 }
 
 void Device::Cls() {
@@ -231,17 +154,14 @@ void Device::Cls() {
 }
 
 void Device::clearPicture() {
-  cleared();
-  if (selectedRegion_ != 0) clipTo(&regions_.at(selectedRegion_));
+  forgetAnnounced();
+  sink_.clear(areaWidth_, areaHeight_, settings_.backColor);
+  if (selectedRegion_ != 0) sink_.clip(&regions_.at(selectedRegion_));
 }
 
 void Device::Refresh() {
   requireForm();
-  refreshed();
-}
-
-Picture Device::Image() {
-  throw RuntimeError(kInvalidCall);
+  sink_.refresh();
 }
 
 // ---- Printers
@@ -256,7 +176,7 @@ void Device::setOrientation(Int16 orientation) {
   if (orientation != kPortrait && orientation != kLandscape) throw RuntimeError(kInvalidCall);
   orientation_ = orientation;
   turnPage();
-  orientationChanged();
+  sink_.turned(orientation);
 }
 
 void Device::turnPage() {
@@ -272,12 +192,14 @@ double Device::Resolution() const {
   return printer_.resolution;
 }
 
-void Device::PaintPicture(const Picture&, double, double) {
-  throw RuntimeError(kInvalidCall);
+void Device::PaintPicture(const Picture& picture, double x, double y) {
+  requirePrinter();
+  sink_.picture(picture, x, y);
 }
 
 void Device::EndDoc() {
-  throw RuntimeError(kInvalidCall);
+  requirePrinter();
+  sink_.endDocument();
 }
 
 }  // namespace vk

@@ -2,22 +2,26 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/Int16.h"
 #include "gral/DeviceTypes.h"
+#include "gral/Drawing.h"
+#include "gral/PlanePoint.h"
 
 namespace vk {
 
 /// An output surface of the graphics library: a form on the screen, a file that stands for one, or the
 /// printer.
 ///
-/// The settings are plain values that the next primitive uses; this class keeps them, and the sizes. What a
-/// device does in its own way is virtual. Operations of forms are refused by a printer and the other way
-/// round, with run-time error 5.
+/// It keeps the settings, plain values that the next primitive uses, and the sizes. What is drawn goes to a
+/// sink, which is all that distinguishes one device from another; what lies far outside the drawing area is cut
+/// away first. Operations of forms are refused by a printer and the other way round, with run-time error 5.
 ///
 /// Lengths are twips (1440 per inch) from the top left corner of the drawing area, y downward, except for the
 /// operations of the graphics context, which take whole pixels of the device. Nothing drawn outside the
@@ -25,6 +29,9 @@ namespace vk {
 /// name is "Symbol", else Windows-1252.
 class Device {
  public:
+  /// Sink and letter widths must live as long as the device; neither is called before the first operation.
+  Device(const FormMetrics& form, DrawingSink& sink, LetterMetrics& letters);
+  Device(const PrinterMetrics& printer, DrawingSink& sink, LetterMetrics& letters);
   Device(const Device&) = delete;
   Device& operator=(const Device&) = delete;
   virtual ~Device() = default;
@@ -85,6 +92,9 @@ class Device {
   /// Size of the drawing area in twips, whatever the scale mode.
   double areaWidth() const { return areaWidth_; }
   double areaHeight() const { return areaHeight_; }
+  /// The same in pixels of the graphics context.
+  int pixelWidth() const;
+  int pixelHeight() const;
   /// Twips of a pixel of the graphics context.
   double twipsPerContextPixel() const {
     return isForm_ ? twipsPerPixel_ / formMetrics_.pixelRatio : twipsPerPixel_;
@@ -97,18 +107,18 @@ class Device {
   // ---- Drawing in twips ----------------------------------------------------------------------------------
 
   /// A line with the current pen, both ends included.
-  virtual void Line(double x1, double y1, double x2, double y2) = 0;
+  void Line(double x1, double y1, double x2, double y2);
   /// The outline of a rectangle with the current pen.
-  virtual void Box(double x1, double y1, double x2, double y2) = 0;
+  void Box(double x1, double y1, double x2, double y2);
   /// A rectangle filled with a colour, without outline.
-  virtual void FilledBox(double x1, double y1, double x2, double y2, Color color) = 0;
+  void FilledBox(double x1, double y1, double x2, double y2, Color color);
   /// A circle with the current pen, filled with the current filling.
-  virtual void Circle(double x, double y, double radius) = 0;
+  void Circle(double x, double y, double radius);
 
   /// Width of a text in the font of the settings; a selected font record does not count.
-  virtual double TextWidth(std::string_view text) = 0;
+  double TextWidth(std::string_view text);
   /// Height of a line in the font of the settings, also for an empty text.
-  virtual double TextHeight(std::string_view text) = 0;
+  double TextHeight(std::string_view text);
   /// Writes in the font of the settings, or in the selected font record, with the top left corner of the text
   /// at `CurrentX`, `CurrentY`, which stay.
   void Print(std::string_view text);
@@ -119,7 +129,7 @@ class Device {
   /// it adds them to the path.
   void Polyline(std::span<const PixelPoint> points);
   /// Bézier curves of third degree through the points 0, 3, 6, ...; the others are control points.
-  virtual void PolyBezier(std::span<const PixelPoint> points) = 0;
+  void PolyBezier(std::span<const PixelPoint> points);
 
   /// A path is the outline of one figure. The three operations that draw it use it up.
   void BeginPath();
@@ -131,7 +141,7 @@ class Device {
 
   /// Fills the area around a pixel, up to the colour `limit` on all sides, with the current filling. Pixels
   /// touch along their sides. A pixel of that colour, or one outside the clip region, has no area.
-  virtual void FloodFill(std::int32_t x, std::int32_t y, Color limit) = 0;
+  void FloodFill(std::int32_t x, std::int32_t y, Color limit);
 
   /// A rectangle of pixels x1 <= x < x2, y1 <= y < y2 that drawing can be limited to. Gives its handle.
   std::int32_t CreateRectRgn(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2);
@@ -141,6 +151,8 @@ class Device {
   std::int32_t CreateFontIndirect(const FontRecord& record);
   /// Selects a font by its handle, 0 being the font of the settings. Gives the handle selected before.
   std::int32_t SelectObject(std::int32_t font);
+  /// The font record that texts are written with, or none.
+  const FontRecord* selectedFont() const;
   /// Releases a region or a font; what was selected through it ends. An unknown handle is run-time error 5.
   void DeleteObject(std::int32_t handle);
 
@@ -173,7 +185,7 @@ class Device {
   void Hide() { setVisible(false); }
   void Show() { setVisible(true); }
   /// The picture that the form shows.
-  virtual Picture Image();
+  Picture Image() { return sink_.image(); }
 
   // ---- Printers --------------------------------------------------------------------------------------------
 
@@ -183,44 +195,15 @@ class Device {
   /// Dots per inch.
   double Resolution() const;
   /// A picture in its natural size with its top left corner at the point.
-  virtual void PaintPicture(const Picture& picture, double x, double y);
+  void PaintPicture(const Picture& picture, double x, double y);
   /// Ends the document and sends it. A printer that fails is run-time error 482.
-  virtual void EndDoc();
+  void EndDoc();
   /// Drops the document that has not ended. Never fails.
-  virtual void KillDoc() {}
+  void KillDoc() { sink_.dropDocument(); }
 
  protected:
-  explicit Device(const FormMetrics& form);
-  explicit Device(const PrinterMetrics& printer);
-
-  // What a device does in its own way.
-
-  virtual void drawPolyline(std::span<const PixelPoint> points) = 0;
-  /// The outline of a figure; it is closed when it is filled.
-  virtual void drawFigure(std::span<const PixelPoint> points, bool fill, bool stroke) = 0;
-  virtual void drawText(const TextRun& run) = 0;
-  /// The region that drawing is limited to from now on; none is the whole drawing area.
-  virtual void clipTo(const PixelRect* region) = 0;
-  /// The picture is lost: the whole area, perhaps of a new size, shows `BackColor`. The clip region that is
-  /// still in force is told afterwards.
-  virtual void cleared() {}
-  /// Caption, place or visibility of a form has changed.
-  virtual void formChanged() {}
-  virtual void refreshed() {}
-  virtual void orientationChanged() {}
-
-  /// The font record that texts are written with, or none.
-  const FontRecord* selectedFont() const;
-  /// Run-time error 5 on a device of the other sort.
-  void requireForm() const;
-  void requirePrinter() const;
-  /// A printer of another kind from now on.
-  void setPrinter(const PrinterMetrics& printer);
-  /// Size of the drawing area in pixels.
-  int pixelWidth() const;
-  int pixelHeight() const;
-  /// Pixels of the graphics context that the pen is wide.
-  int penPixels() const { return settings_.drawWidth * (isForm_ ? formMetrics_.pixelRatio : 1); }
+  /// The sink has forgotten: the next primitive announces pen and filling again.
+  void forgetAnnounced();
 
  private:
   struct Settings {
@@ -252,8 +235,18 @@ class Device {
   void turnPage();
   void clearPicture();
   void resizeForm(double clientWidth, double clientHeight);
+  void requireForm() const;
+  void requirePrinter() const;
+  std::pair<PlanePoint, PlanePoint> drawnCorners(const PlanePoint& a, const PlanePoint& b) const;
+  void announcePen();
+  void announceFilling();
   void drawPath(bool fill, bool stroke);
   void writeText(double x, double y, std::string_view text);
+
+  DrawingSink& sink_;
+  LetterMetrics& letters_;
+  std::optional<Pen> pen_;  ///< what the sink was told last
+  std::optional<Filling> filling_;
   bool isForm_;
   FormMetrics formMetrics_;
   PrinterMetrics printer_;

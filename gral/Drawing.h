@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "base/Int16.h"
+#include "base/RuntimeError.h"
 #include "gral/DeviceTypes.h"
 
 namespace vk {
@@ -59,6 +61,19 @@ class DrawingSink {
   virtual void clip(const PixelRect* region) = 0;
   virtual void picture(const Picture& picture, double x, double y) = 0;
   virtual void refresh() = 0;
+
+  // What a form or a printer does beside drawing.
+
+  /// Caption, place, size or visibility of the form has changed.
+  virtual void formChanged() {}
+  /// The picture that the form shows; what has none refuses with run-time error 5.
+  virtual Picture image() { throw RuntimeError(kInvalidCall); }
+  /// The paper is turned to this `PaperOrientation`.
+  virtual void turned(Int16) {}
+  /// Ends the document and sends it. A printer that fails is run-time error 482.
+  virtual void endDocument() {}
+  /// Drops the document that has not ended. Never fails.
+  virtual void dropDocument() {}
 };
 
 /// How wide letters are. Codes are Windows-1252, or the Symbol layout.

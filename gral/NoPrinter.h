@@ -4,32 +4,41 @@
 
 namespace vk {
 
-/// The printer of a system that has none: it tells the size of a page, which screen drawings need, and
-/// refuses to draw with run-time error 482.
-class NoPrinter : public Device {
+/// A sink that cannot be drawn on: run-time error 482.
+class RefusingSink : public DrawingSink {
  public:
-  /// An A4 page, or one of other sides.
-  explicit NoPrinter(const PrinterMetrics& page = {}) : Device(page) {}
-
-  void Line(double, double, double, double) override { refuse(); }
-  void Box(double, double, double, double) override { refuse(); }
-  void FilledBox(double, double, double, double, Color) override { refuse(); }
-  void Circle(double, double, double) override { refuse(); }
-  double TextWidth(std::string_view) override { refuse(); }
-  double TextHeight(std::string_view) override { refuse(); }
-  void PolyBezier(std::span<const PixelPoint>) override { refuse(); }
-  void FloodFill(std::int32_t, std::int32_t, Color) override { refuse(); }
-  void PaintPicture(const Picture&, double, double) override { refuse(); }
-  void EndDoc() override { refuse(); }
+  void clear(double, double, Color) override { refuse(); }
+  void pen(const Pen&) override { refuse(); }
+  void filling(const Filling&) override { refuse(); }
+  void line(double, double, double, double) override { refuse(); }
+  void box(double, double, double, double) override { refuse(); }
+  void filledBox(double, double, double, double, Color) override { refuse(); }
+  void circle(double, double, double) override { refuse(); }
+  void polyline(std::span<const PixelPoint>) override { refuse(); }
+  void bezier(std::span<const PixelPoint>) override { refuse(); }
+  void figure(std::span<const PixelPoint>, bool, bool) override { refuse(); }
+  void floodFill(const PixelPoint&, Color) override { refuse(); }
+  void text(const TextRun&) override { refuse(); }
+  void clip(const PixelRect*) override { refuse(); }
+  void picture(const Picture&, double, double) override { refuse(); }
+  void refresh() override { refuse(); }
+  void endDocument() override { refuse(); }
 
  protected:
-  void drawPolyline(std::span<const PixelPoint>) override { refuse(); }
-  void drawFigure(std::span<const PixelPoint>, bool, bool) override { refuse(); }
-  void drawText(const TextRun&) override { refuse(); }
-  void clipTo(const PixelRect*) override { refuse(); }
+  [[noreturn]] static void refuse() { throw RuntimeError(kPrinterError); }
+};
+
+/// The printer of a system that has none: it tells the size of a page, which screen drawings need, and
+/// refuses to draw with run-time error 482.
+class NoPrinter : private RefusingSink, private LetterMetrics, public Device {
+ public:
+  /// An A4 page, or one of other sides.
+  explicit NoPrinter(const PrinterMetrics& page = {}) : Device(page, *this, *this) {}
 
  private:
-  [[noreturn]] static void refuse() { throw RuntimeError(kPrinterError); }
+  double advance(bool, unsigned char) override { refuse(); }
+  double lineHeight(bool) override { refuse(); }
+  double ascent(bool) override { refuse(); }
 };
 
 }  // namespace vk

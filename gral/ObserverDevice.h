@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gral/SinkDevice.h"
+#include "gral/Device.h"
 
 namespace vk {
 
@@ -17,43 +17,39 @@ struct DrawingCounts {
 /// A sink that only counts.
 class CountingSink : public DrawingSink {
  public:
-  DrawingCounts counts;
+  const DrawingCounts& counts() const { return counts_; }
 
-  void clear(double, double, Color) override { ++counts.clears; }
-  void pen(const Pen&) override { ++counts.pens; }
-  void filling(const Filling&) override { ++counts.fillings; }
-  void line(double, double, double, double) override { ++counts.lines; }
-  void box(double, double, double, double) override { ++counts.boxes; }
-  void filledBox(double, double, double, double, Color) override { ++counts.boxes; }
-  void circle(double, double, double) override { ++counts.circles; }
-  void polyline(std::span<const PixelPoint> points) override { count(counts.polylines, points); }
-  void bezier(std::span<const PixelPoint> points) override { count(counts.beziers, points); }
-  void figure(std::span<const PixelPoint> points, bool, bool) override { count(counts.figures, points); }
-  void floodFill(const PixelPoint&, Color) override { ++counts.floodFills; }
-  void text(const TextRun&) override { ++counts.texts; }
-  void clip(const PixelRect*) override { ++counts.clips; }
-  void picture(const Picture&, double, double) override { ++counts.pictures; }
-  void refresh() override { ++counts.refreshes; }
+  void clear(double, double, Color) override { ++counts_.clears; }
+  void pen(const Pen&) override { ++counts_.pens; }
+  void filling(const Filling&) override { ++counts_.fillings; }
+  void line(double, double, double, double) override { ++counts_.lines; }
+  void box(double, double, double, double) override { ++counts_.boxes; }
+  void filledBox(double, double, double, double, Color) override { ++counts_.boxes; }
+  void circle(double, double, double) override { ++counts_.circles; }
+  void polyline(std::span<const PixelPoint> points) override { count(counts_.polylines, points); }
+  void bezier(std::span<const PixelPoint> points) override { count(counts_.beziers, points); }
+  void figure(std::span<const PixelPoint> points, bool, bool) override { count(counts_.figures, points); }
+  void floodFill(const PixelPoint&, Color) override { ++counts_.floodFills; }
+  void text(const TextRun&) override { ++counts_.texts; }
+  void clip(const PixelRect*) override { ++counts_.clips; }
+  void picture(const Picture&, double, double) override { ++counts_.pictures; }
+  void refresh() override { ++counts_.refreshes; }
 
  private:
   void count(long& kind, std::span<const PixelPoint> points) {
     ++kind;
-    counts.points += static_cast<long>(points.size());
+    counts_.points += static_cast<long>(points.size());
   }
-};
 
-/// Gives the observer parts of its own that are made before it.
-struct ObserverParts {
-  CountingSink counter_;
-  FixedLetterMetrics fixedLetters_;
+  DrawingCounts counts_;
 };
 
 /// A form that draws nothing and counts what it is asked to draw: what the library alone costs.
-class ObserverDevice : private ObserverParts, public SinkDevice {
+class ObserverDevice : private CountingSink, private FixedLetterMetrics, public Device {
  public:
-  explicit ObserverDevice(const FormMetrics& form = {}) : SinkDevice(form, counter_, fixedLetters_) {}
+  explicit ObserverDevice(const FormMetrics& form = {}) : Device(form, *this, *this) {}
 
-  const DrawingCounts& counts() const { return counter_.counts; }
+  using CountingSink::counts;
 };
 
 }  // namespace vk

@@ -207,8 +207,4 @@ void RasterSink::picture(const Picture& picture, double x, double y) {
   }
 }
 
-void RasterSink::refresh() {
-  if (onRefresh) onRefresh();
-}
-
 }  // namespace vk

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <functional>
 
 #include "gral/Drawing.h"
 #include "gral/Raster.h"
@@ -32,8 +31,6 @@ class RasterSink : public DrawingSink {
   Picture pictureOf(std::span<const RowSpan> area, const Brush& brush, double& x, double& y) const;
   /// What the present filling paints with.
   const Brush& brush() const { return brush_; }
-  /// What a refresh calls.
-  std::function<void()> onRefresh;
 
   void clear(double width, double height, Color background) override;
   void pen(const Pen& pen) override;
@@ -49,7 +46,7 @@ class RasterSink : public DrawingSink {
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
   void picture(const Picture& picture, double x, double y) override;
-  void refresh() override;
+  void refresh() override {}
 
  private:
   PixelPoint pixelAt(double x, double y) const;

@@ -14,7 +14,9 @@ namespace vk {
 class PictureForm : public RecorderDevice {
  public:
   using RecorderDevice::RecorderDevice;
-  Picture Image() override { return {2, 1, kNominalTwipsPerPixel, {0xFFFFFFFF, 0xFF000000}}; }
+
+ private:
+  Picture image() override { return {2, 1, kNominalTwipsPerPixel, {0xFFFFFFFF, 0xFF000000}}; }
 };
 
 class RecordingPlotWindow : public PlotWindow {

@@ -118,9 +118,11 @@ TEST_F(GralFrmTest, APrintedWindowIsCopiedUnchanged) {
 class BrokenPrinter : public RecorderDevice {
  public:
   BrokenPrinter() : RecorderDevice(PrinterMetrics{}) {}
-  void PaintPicture(const Picture&, double, double) override { throw RuntimeError(kPrinterError); }
-  void EndDoc() override {
-    RecorderDevice::EndDoc();
+
+ private:
+  void picture(const Picture&, double, double) override { throw RuntimeError(kPrinterError); }
+  void endDocument() override {
+    RecorderDevice::endDocument();
     throw RuntimeError(kPrinterError);
   }
 };

@@ -1,47 +1,32 @@
 #include "gral/Device.h"
 
 #include "base/RuntimeError.h"
+#include "gral/ObserverDevice.h"
 
 namespace vk {
 namespace {
 
-/// A device that keeps what reaches it.
-class PlainDevice : public Device {
+/// A device that keeps what reaches its sink.
+class PlainDevice : private CountingSink, private FixedLetterMetrics, public Device {
  public:
-  explicit PlainDevice(const FormMetrics& form) : Device(form) {}
-  explicit PlainDevice(const PrinterMetrics& printer) : Device(printer) {}
+  template <class Metrics>
+  explicit PlainDevice(const Metrics& metrics) : Device(metrics, *this, *this) {}
 
-  void Line(double, double, double, double) override {}
-  void Box(double, double, double, double) override {}
-  void FilledBox(double, double, double, double, Color) override {}
-  void Circle(double, double, double) override {}
-  double TextWidth(std::string_view) override { return 0; }
-  double TextHeight(std::string_view) override { return 0; }
-  void PolyBezier(std::span<const PixelPoint>) override {}
-  void FloodFill(std::int32_t, std::int32_t, Color) override {}
-
-  int polylines = 0, figures = 0, clears = 0;
+  using CountingSink::counts;
   bool filled = false, stroked = false;
   std::vector<PixelPoint> points;
   std::vector<TextRun> texts;
   std::vector<PixelRect> clips;  ///< an empty one for no limit
-  using Device::pixelHeight;
-  using Device::pixelWidth;
 
- protected:
-  void drawPolyline(std::span<const PixelPoint> line) override {
-    ++polylines;
-    points.assign(line.begin(), line.end());
-  }
-  void drawFigure(std::span<const PixelPoint> outline, bool fill, bool stroke) override {
-    ++figures;
+ private:
+  void figure(std::span<const PixelPoint> outline, bool fill, bool stroke) override {
+    CountingSink::figure(outline, fill, stroke);
     filled = fill;
     stroked = stroke;
     points.assign(outline.begin(), outline.end());
   }
-  void drawText(const TextRun& run) override { texts.push_back(run); }
-  void clipTo(const PixelRect* region) override { clips.push_back(region ? *region : PixelRect{}); }
-  void cleared() override { ++clears; }
+  void text(const TextRun& run) override { texts.push_back(run); }
+  void clip(const PixelRect* region) override { clips.push_back(region ? *region : PixelRect{}); }
 };
 
 class FormDevice : public ::testing::Test {
@@ -103,7 +88,7 @@ TEST_F(FormDevice, TakesASizeOfWholeNominalPixels) {
   form.setScaleMode(3);
   EXPECT_EQ(form.ScaleWidth(), 134);
   EXPECT_EQ(form.ScaleHeight(), 66);
-  EXPECT_EQ(form.clears, 2);
+  EXPECT_EQ(form.counts().clears, 2);
   form.setWidth(0);
   EXPECT_EQ(form.pixelWidth(), 2);
 }
@@ -125,9 +110,9 @@ TEST_F(FormDevice, ScaleCanBePutBack) {
 
 TEST_F(FormDevice, LosesItsPictureWithANewBackground) {
   form.setBackColor(0xFFFFFF);
-  EXPECT_EQ(form.clears, 1);
+  EXPECT_EQ(form.counts().clears, 1);
   form.Cls();
-  EXPECT_EQ(form.clears, 2);
+  EXPECT_EQ(form.counts().clears, 2);
 }
 
 TEST_F(FormDevice, RefusesWhatPrintersDo) {
@@ -144,12 +129,12 @@ TEST_F(FormDevice, PathCollectsPolylinesAndIsUsedUp) {
   form.Polyline(two);
   form.Polyline(third);
   form.EndPath();
-  EXPECT_EQ(form.polylines, 0);
+  EXPECT_EQ(form.counts().polylines, 0);
   form.StrokeAndFillPath();
   EXPECT_EQ(form.points, (std::vector<PixelPoint>{{1, 2}, {3, 4}, {5, 6}}));
   EXPECT_TRUE(form.filled && form.stroked);
   form.StrokePath();
-  EXPECT_EQ(form.figures, 1);
+  EXPECT_EQ(form.counts().figures, 1);
 }
 
 TEST_F(FormDevice, PathIsFilledOrStroked) {
@@ -169,7 +154,7 @@ TEST_F(FormDevice, PathIsFilledOrStroked) {
 TEST_F(FormDevice, PolylineOfOnePointDrawsNothing) {
   const PixelPoint one[] = {{1, 2}};
   form.Polyline(one);
-  EXPECT_EQ(form.polylines, 0);
+  EXPECT_EQ(form.counts().polylines, 0);
 }
 
 TEST_F(FormDevice, RegionLimitsDrawingUntilItIsDeleted) {
@@ -263,7 +248,7 @@ TEST_F(PrinterDevice, RefusesWhatFormsDo) {
   EXPECT_THROW(printer.Show(), RuntimeError);
   EXPECT_THROW(printer.Image(), RuntimeError);
   printer.setBackColor(3);
-  EXPECT_EQ(printer.clears, 0);
+  EXPECT_EQ(printer.counts().clears, 0);
 }
 
 }  // namespace

@@ -211,16 +211,18 @@ class WatchedPrinter : public RecorderDevice {
  public:
   WatchedPrinter() : RecorderDevice(smallPage()) {}
   std::vector<std::string> calls;
-  void PaintPicture(const Picture& picture, double x, double y) override {
+  bool fails = false;
+
+ private:
+  void picture(const Picture& picture, double x, double y) override {
     calls.push_back("picture in " + std::to_string(Orientation()));
-    RecorderDevice::PaintPicture(picture, x, y);
+    RecorderDevice::picture(picture, x, y);
   }
-  void EndDoc() override {
+  void endDocument() override {
     if (fails) throw RuntimeError(kPrinterError);
     calls.push_back("end in " + std::to_string(Orientation()));
-    RecorderDevice::EndDoc();
+    RecorderDevice::endDocument();
   }
-  bool fails = false;
 };
 
 class PrintScreen : public ::testing::Test {

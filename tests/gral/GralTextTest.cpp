@@ -186,8 +186,8 @@ class FontForm : public RecorderDevice {
  public:
   std::vector<FontRecord> records;
 
- protected:
-  void drawText(const TextRun&) override {
+ private:
+  void text(const TextRun&) override {
     ASSERT_NE(selectedFont(), nullptr);
     records.push_back(*selectedFont());
   }
@@ -321,19 +321,19 @@ TEST_F(Texts, InUsrStandAtTheirPoint) {
 class BrokenForm : public RecorderDevice {
  public:
   bool failMeasure = false, failText = false;
-  double TextWidth(std::string_view text) override {
-    if (failMeasure && text == "Z") throw RuntimeError(kInvalidCall);
-    return RecorderDevice::TextWidth(text);
-  }
-  double TextHeight(std::string_view text) override {
-    if (failMeasure) throw RuntimeError(kInvalidCall);
-    return RecorderDevice::TextHeight(text);
-  }
 
- protected:
-  void drawText(const TextRun& run) override {
+ private:
+  double advance(bool symbol, unsigned char code) override {
+    if (failMeasure && code == 'Z') throw RuntimeError(kInvalidCall);
+    return RecorderDevice::advance(symbol, code);
+  }
+  double lineHeight(bool symbol) override {
+    if (failMeasure) throw RuntimeError(kInvalidCall);
+    return RecorderDevice::lineHeight(symbol);
+  }
+  void text(const TextRun& run) override {
     if (failText && run.text == "b") throw RuntimeError(kInvalidCall);
-    RecorderDevice::drawText(run);
+    RecorderDevice::text(run);
   }
 };
 
@@ -384,11 +384,13 @@ TEST_F(Texts, FarOutsideSinglePrecisionAreNotSeen) {
 class MeasuredForm : public RecorderDevice {
  public:
   MeasuredForm() : RecorderDevice(FormMetrics{120, 405, 1}) {}
-  double TextWidth(std::string_view text) override {
-    ++measured;
-    return RecorderDevice::TextWidth(text);
-  }
   int measured = 0;
+
+ private:
+  double advance(bool symbol, unsigned char code) override {
+    ++measured;
+    return RecorderDevice::advance(symbol, code);
+  }
 };
 
 TEST_F(Texts, OfAnyLengthAreMeasuredOnce) {

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "BlockLetters.h"
-#include "gral/SinkDevice.h"
+#include "gral/Device.h"
+#include "gral/RasterSink.h"
 
 namespace vk {
 
@@ -19,20 +20,22 @@ inline std::vector<std::string> rowsOf(const Raster& raster) {
 }
 
 /// A form on a raster of its own.
-class RasterForm : private BlockLetters, private RasterSink, public SinkDevice {
+class RasterForm : private BlockLetters, private RasterSink, public Device {
  public:
   /// Of so many nominal pixels.
   explicit RasterForm(int ratio, int width = 20, int height = 10)
       : RasterSink(ratio, static_cast<BlockLetters&>(*this)),
-        SinkDevice(FormMetrics{0, 0, ratio}, static_cast<RasterSink&>(*this),
-                   static_cast<BlockLetters&>(*this)) {
+        Device(FormMetrics{0, 0, ratio}, *this, static_cast<BlockLetters&>(*this)) {
     setWidth(width * 15);
     setHeight(height * 15);
   }
-  Picture Image() override { return raster().reduced(1); }
   using BlockLetters::asked;
-  using RasterSink::onRefresh;
   using RasterSink::raster;
+  int refreshes = 0;
+
+ private:
+  Picture image() override { return raster().reduced(1); }
+  void refresh() override { ++refreshes; }
 };
 
 }  // namespace vk

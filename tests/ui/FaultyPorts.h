@@ -233,25 +233,24 @@ class FaultyDevice : public RecorderDevice {
  public:
   template <class Metrics>
   FaultyDevice(Fault& fault, const Metrics& metrics) : RecorderDevice(metrics), fault_(fault) {}
-  void Line(double x1, double y1, double x2, double y2) override {
-    fault_.pass(), RecorderDevice::Line(x1, y1, x2, y2);
-  }
-  double TextWidth(std::string_view text) override { return fault_.pass(), RecorderDevice::TextWidth(text); }
-  double TextHeight(std::string_view text) override {
-    return fault_.pass(), RecorderDevice::TextHeight(text);
-  }
-  void EndDoc() override { fault_.pass(), RecorderDevice::EndDoc(); }
-
- protected:
-  void drawPolyline(std::span<const PixelPoint> points) override {
-    fault_.pass(), RecorderDevice::drawPolyline(points);
-  }
-  void drawText(const TextRun& run) override { fault_.pass(), RecorderDevice::drawText(run); }
-  void clipTo(const PixelRect* region) override { fault_.pass(), RecorderDevice::clipTo(region); }
-  void formChanged() override { fault_.pass(), RecorderDevice::formChanged(); }
-  void orientationChanged() override { fault_.pass(); }
 
  private:
+  void line(double x1, double y1, double x2, double y2) override {
+    fault_.pass(), RecorderDevice::line(x1, y1, x2, y2);
+  }
+  double advance(bool symbol, unsigned char code) override {
+    return fault_.pass(), RecorderDevice::advance(symbol, code);
+  }
+  double lineHeight(bool symbol) override { return fault_.pass(), RecorderDevice::lineHeight(symbol); }
+  void polyline(std::span<const PixelPoint> points) override {
+    fault_.pass(), RecorderDevice::polyline(points);
+  }
+  void text(const TextRun& run) override { fault_.pass(), RecorderDevice::text(run); }
+  void clip(const PixelRect* region) override { fault_.pass(), RecorderDevice::clip(region); }
+  void formChanged() override { fault_.pass(); }
+  void turned(Int16) override { fault_.pass(); }
+  void endDocument() override { fault_.pass(), RecorderDevice::endDocument(); }
+
   Fault& fault_;
 };
 

@@ -9,22 +9,22 @@
 namespace vk {
 
 ImageDevice::ImageDevice(QtLetters& letters, int pixelRatio, int shownRatio)
-    : ImageParts{RasterSink(pixelRatio, letters)},
-      SinkDevice(FormMetrics{0, 0, pixelRatio}, rasterSink_, letters),
+    : RasterSink(pixelRatio, letters),
+      Device(FormMetrics{0, 0, pixelRatio}, *this, letters),
       pixelRatio_(pixelRatio),
       shownRatio_(shownRatio) {
   if (shownRatio < 1 || pixelRatio % shownRatio != 0) throw RuntimeError(kInvalidCall);
   Cls();
 }
 
-Picture ImageDevice::Image() {
-  Picture picture = rasterSink_.raster().reduced(pixelRatio_ / shownRatio_);
+Picture ImageDevice::image() {
+  Picture picture = raster().reduced(pixelRatio_ / shownRatio_);
   picture.twipsPerPixel = kNominalTwipsPerPixel / shownRatio_;
   return picture;
 }
 
 std::string ImageDevice::png() {
-  return pngOf(Image());
+  return pngOf(image());
 }
 
 std::string pngOf(const Picture& picture) {

@@ -17,23 +17,15 @@ constexpr int kPdfResolution = 1440;
 }  // namespace
 
 PrinterDevice::PrinterDevice(Paper& paper, QtLetters& letters)
-    : SinkDevice(paper.metrics(), list_, letters), paper_(paper), fonts_(letters) {}
+    : Device(paper.metrics(), *this, letters), paper_(paper), fonts_(letters) {}
 
-void PrinterDevice::orientationChanged() {
-  paper_.setOrientation(Orientation());
-}
-
-void PrinterDevice::PaintPicture(const Picture& picture, double x, double y) {
-  list_.picture(picture, x, y);
-}
-
-void PrinterDevice::EndDoc() {
-  if (list_.empty()) return;
+void PrinterDevice::endDocument() {
+  if (empty()) return;
   try {
     print();
     paper_.EndDoc();
   } catch (...) {
-    KillDoc();
+    dropDocument();
     throw;
   }
   forgetDrawing();
@@ -44,16 +36,16 @@ void PrinterDevice::print() {
   if (painter == nullptr) return;
   PainterSink sink(*painter, fonts_, twipsPerContextPixel(), twipsPerContextPixel());
   const double unit = twipsPerContextPixel() / kNominalTwipsPerPixel;
-  replayAsVectors(list_, sink, fonts_, {1 / unit, unit}, {areaWidth(), areaHeight()});
+  replayAsVectors(*this, sink, fonts_, {1 / unit, unit}, {areaWidth(), areaHeight()});
 }
 
-void PrinterDevice::KillDoc() {
+void PrinterDevice::dropDocument() {
   paper_.KillDoc();
   forgetDrawing();
 }
 
 void PrinterDevice::forgetDrawing() {
-  list_.reset();
+  reset();
   forgetAnnounced();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "gral/Device.h"
 #include "gral/DisplayList.h"
-#include "gral/SinkDevice.h"
 #include "ui/qt/devices/QtLetters.h"
 
 class QPainter;
@@ -24,25 +24,16 @@ class Paper {
   virtual void KillDoc() = 0;
 };
 
-/// Gives a device parts of its own that are made before it.
-struct PrinterParts {
-  DisplayList list_;
-};
-
 /// The printer as a device. A figure goes out as vectors when its document ends.
-class PrinterDevice : private PrinterParts, public SinkDevice {
+class PrinterDevice : private DisplayList, public Device {
  public:
   /// Paper and letters must outlive the device.
   PrinterDevice(Paper& paper, QtLetters& letters);
 
-  void PaintPicture(const Picture& picture, double x, double y) override;
-  void EndDoc() override;
-  void KillDoc() override;
-
- protected:
-  void orientationChanged() override;
-
  private:
+  void turned(Int16 orientation) override { paper_.setOrientation(orientation); }
+  void endDocument() override;
+  void dropDocument() override;
   void print();
   void forgetDrawing();
 

@@ -34,15 +34,16 @@ class FormDrawing : public PictureSource {
 }  // namespace
 
 ScreenDevice::ScreenDevice(QtLetters& letters, int screenRatio)
-    : ScreenParts(pixelRatioFor(screenRatio), letters),
-      SinkDevice(FormMetrics{0, 0, pixelRatioFor(screenRatio)}, tee_, letters),
+    : ScreenParts{RasterSink(pixelRatioFor(screenRatio), letters), {}},
+      TeeSink(rasterSink_, list_),
+      Device(FormMetrics{0, 0, pixelRatioFor(screenRatio)}, *this, letters),
       screenRatio_(screenRatio),
       pixelRatio_(pixelRatioFor(screenRatio)),
       fonts_(letters) {
   Cls();
 }
 
-Picture ScreenDevice::Image() {
+Picture ScreenDevice::image() {
   Picture picture = raster().reduced(reduction());
   picture.twipsPerPixel = kNominalTwipsPerPixel / screenRatio_;
   picture.source = std::make_shared<FormDrawing>(list_, pixelRatio_, fonts_);
@@ -54,16 +55,16 @@ std::string ScreenDevice::svg() const {
 }
 
 // What was drawn before can no longer be seen.
-void ScreenDevice::cleared() {
+void ScreenDevice::clear(double width, double height, Color background) {
   list_.reset();
-  SinkDevice::cleared();
+  TeeSink::clear(width, height, background);
 }
 
 void ScreenDevice::formChanged() {
   if (onFormChanged) onFormChanged();
 }
 
-void ScreenDevice::refreshed() {
+void ScreenDevice::refresh() {
   if (onRefresh) onRefresh();
 }
 

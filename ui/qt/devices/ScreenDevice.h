@@ -2,9 +2,9 @@
 
 #include <functional>
 
+#include "gral/Device.h"
 #include "gral/DisplayList.h"
 #include "gral/RasterSink.h"
-#include "gral/SinkDevice.h"
 #include "gral/TeeSink.h"
 #include "ui/qt/devices/QtLetters.h"
 
@@ -14,14 +14,11 @@ namespace vk {
 struct ScreenParts {
   RasterSink rasterSink_;
   DisplayList list_;
-  TeeSink tee_;
-  ScreenParts(int pixelRatio, QtLetters& letters)
-      : rasterSink_(pixelRatio, letters), tee_(rasterSink_, list_) {}
 };
 
 /// The surface of a window: an image of pixels finer than the screen's, and beside it the list of what was
 /// drawn, for copies that are not made of pixels.
-class ScreenDevice : private ScreenParts, public SinkDevice {
+class ScreenDevice : private ScreenParts, private TeeSink, public Device {
  public:
   /// The screen has `screenRatio` x `screenRatio` pixels to a nominal one. The letters outlive the device.
   ScreenDevice(QtLetters& letters, int screenRatio);
@@ -36,17 +33,16 @@ class ScreenDevice : private ScreenParts, public SinkDevice {
   int reduction() const { return pixelRatio_ / screenRatio_; }
   int screenRatio() const { return screenRatio_; }
 
-  /// The picture in the screen's pixels, with what it was drawn from.
-  Picture Image() override;
-  /// The same as a file of the SVG format.
+  /// The picture as a file of the SVG format.
   std::string svg() const;
 
- protected:
-  void cleared() override;
-  void formChanged() override;
-  void refreshed() override;
-
  private:
+  void clear(double width, double height, Color background) override;
+  void refresh() override;
+  void formChanged() override;
+  /// In the screen's pixels, with what it was drawn from.
+  Picture image() override;
+
   int screenRatio_;
   int pixelRatio_;
   QtLetters& fonts_;

@@ -12,16 +12,16 @@
 namespace vk {
 
 VectorDevice::VectorDevice(QtLetters& letters)
-    : SinkDevice(FormMetrics{0, 0, kPixelRatio}, list_, letters), fonts_(letters) {
+    : Device(FormMetrics{0, 0, kPixelRatio}, *this, letters), fonts_(letters) {
   Cls();
 }
 
 std::string VectorDevice::svg() const {
-  return svgOf(list_, kPixelRatio, fonts_);
+  return svgOf(*this, kPixelRatio, fonts_);
 }
 
 std::string VectorDevice::pdf() const {
-  return pdfOf(list_, areaWidth(), areaHeight(), kPixelRatio, fonts_);
+  return pdfOf(*this, areaWidth(), areaHeight(), kPixelRatio, fonts_);
 }
 
 std::string svgOf(const DisplayList& list, int pixelRatio, QtLetters& letters) {

@@ -2,20 +2,15 @@
 
 #include <string>
 
+#include "gral/Device.h"
 #include "gral/DisplayList.h"
-#include "gral/SinkDevice.h"
 #include "ui/qt/devices/QtLetters.h"
 
 namespace vk {
 
-/// Gives a device parts of its own that are made before it.
-struct VectorParts {
-  DisplayList list_;
-};
-
 /// A form that keeps its drawing as lines and letters and gives it as files of vectors. Its pixels are
 /// twips.
-class VectorDevice : private VectorParts, public SinkDevice {
+class VectorDevice : private DisplayList, public Device {
  public:
   static constexpr int kPixelRatio = 15;
 
@@ -26,7 +21,7 @@ class VectorDevice : private VectorParts, public SinkDevice {
   std::string svg() const;
   std::string pdf() const;
 
-  const DisplayList& list() const { return list_; }
+  const DisplayList& list() const { return *this; }
 
  private:
   QtLetters& fonts_;

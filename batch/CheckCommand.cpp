@@ -8,9 +8,9 @@
 #include "batch/DataInput.h"
 #include "batch/DrawCommand.h"
 #include "batch/FigureDesk.h"
+#include "data/DataFiles.h"
 #include "expr/FunMod.h"
 #include "platform/GridOutput.h"
-#include "session/DataFiles.h"
 
 namespace vk {
 namespace {
@@ -19,7 +19,9 @@ namespace {
 using Checker = std::string (*)(Session& session, Files& files, std::string fileName);
 
 std::string checkData(Session& session, Files& files, std::string fileName) {
-  return CheckDataFile(session, files, fileName).errors;
+  std::string errors = readData(files, fileName).errors;
+  session.ErrFlag = toFlag(!errors.empty());
+  return errors;
 }
 
 std::string checkFunctions(Session& session, Files& files, std::string fileName) {

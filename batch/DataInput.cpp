@@ -2,14 +2,14 @@
 
 #include <utility>
 
-#include "session/DataFiles.h"
+#include "data/DataFiles.h"
 
 namespace vk {
 namespace {
 
 void checkAndLoad(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName) {
-  DataReading reading = CheckDataFile(session, files, fileName);
-  if (session.ErrFlag != 0) {
+  DataReading reading = readData(files, fileName);
+  if (!reading.errors.empty()) {
     throw UsageError(shownName(fileName) + ":\n" + terminalText(reading.errors));
   }
   if (reading.declaredCount != reading.data.NumPnt) {
@@ -17,12 +17,12 @@ void checkAndLoad(Session& session, Files& files, Dialogs& dialogs, const std::s
                      .text = "Numero Dati Dichiarati Diverso da Numero Dati Trovati!",
                      .captions = {"&Continua"}});
   }
-  LoadDataFile(session, fileName, std::move(reading));
+  LoadDataFile(session.loaded, fileName, std::move(reading.data));
 }
 
 }  // namespace
 
-void readData(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName) {
+void loadData(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName) {
   usingFile(fileName, [&] { checkAndLoad(session, files, dialogs, fileName); });
 }
 

@@ -12,7 +12,7 @@ namespace vk {
 
 /// Checks and loads a data file. Its errors raise `UsageError` with the program's own list; a declared count
 /// that differs from the points found is a warning through `dialogs`, as in the program.
-void readData(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName);
+void loadData(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName);
 
 /// Writes a file that the command line names; one that cannot be written raises `UsageError`.
 void writeFile(Files& files, const std::string& fileName, const std::string& bytes);

@@ -41,7 +41,7 @@ int runFit(const FitArguments& arguments, FigureMaker* maker) {
   Session session;
   TerminalFiles files;
   TerminalDialogs dialogs;
-  readData(session, files, dialogs, arguments.dataFile);
+  loadData(session, files, dialogs, arguments.dataFile);
   chooseModel(session, files, arguments.model, parameterNames(arguments.parameters));
   enterStart(session, arguments.parameters);
   const FitOutcome outcome = fitAtTerminal(session, dialogs, arguments.json);

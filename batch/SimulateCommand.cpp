@@ -11,8 +11,8 @@
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
 #include "commands/SimulationCommand.h"
+#include "data/DataFiles.h"
 #include "platform/system/SystemRandom.h"
-#include "session/DataFiles.h"
 
 namespace vk {
 namespace {

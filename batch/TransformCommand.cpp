@@ -7,7 +7,7 @@
 #include "batch/Json.h"
 #include "batch/TerminalPorts.h"
 #include "commands/TransformationCommand.h"
-#include "session/DataFiles.h"
+#include "data/DataFiles.h"
 
 namespace vk {
 namespace {
@@ -90,7 +90,7 @@ int runTransform(const TransformArguments& arguments) {
   Session session;
   TerminalFiles files;
   TerminalDialogs dialogs;
-  readData(session, files, dialogs, arguments.dataFile);
+  loadData(session, files, dialogs, arguments.dataFile);
   TransformationForm form(session, dialogs, arguments);
   MenDatTra(session, form);
   const TransformResult& result = form.result();

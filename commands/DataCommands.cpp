@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "session/DataFiles.h"
+#include "data/DataFiles.h"
 #include "session/FileSelection.h"
 #include "session/Msg.h"
 
@@ -36,13 +36,14 @@ bool readDataFile(Session& session, Files& files, Dialogs& dialogs, OutputWindow
                   MainWindow& window) {
   std::string name;
   if (!pickFileToRead(session, files, dialogs, kReadData, kDataKind, name)) return true;
-  DataReading reading = CheckDataFile(session, files, name);
+  DataReading reading = readData(files, name);
+  session.ErrFlag = toFlag(!reading.errors.empty());
   if (session.ErrFlag != 0) {
     tellErrors(session, dialogs, output, name, reading.errors);
     return true;
   }
   if (!acceptCounts(dialogs, reading.declaredCount, reading.data.NumPnt)) return false;
-  LoadDataFile(session, name, std::move(reading));
+  LoadDataFile(session.loaded, name, std::move(reading.data));
   forgetFigures(session);
   addRecentFile(session, window, kDataKind, name, name);
   window.setMenuEnabled("MenDatSav", true);

@@ -5,7 +5,7 @@
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "commands/PropagationCommand.h"
-#include "session/DataFiles.h"
+#include "data/DataFiles.h"
 
 namespace vk {
 namespace {

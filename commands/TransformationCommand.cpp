@@ -7,9 +7,9 @@
 #include "base/Guard.h"
 #include "base/Text.h"
 #include "commands/FormDescription.h"
+#include "data/DataFiles.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
-#include "session/DataFiles.h"
 #include "session/Msg.h"
 
 namespace vk {

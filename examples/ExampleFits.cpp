@@ -1,9 +1,9 @@
 #include "examples/ExampleFits.h"
 
 #include "commands/ParameterCommands.h"
+#include "data/DataFiles.h"
 #include "expr/FunMod.h"
 #include "platform/GridOutput.h"
-#include "session/DataFiles.h"
 
 namespace vk {
 namespace {
@@ -31,7 +31,7 @@ const std::vector<ExampleFit>& exampleFits() {
 
 void prepareExample(Session& session, Files& files, const ExampleFit& example) {
   const std::string dataFile = example.name + ".dat";
-  LoadDataFile(session, dataFile, CheckDataFile(session, files, dataFile));
+  LoadDataFile(session.loaded, dataFile, readData(files, dataFile).data);
   BuildCatalogue(session);
   session.analysis.fun.InnerIndex =
       example.inner == 0 ? loadFirstFunction(session, files, example.library) : example.inner;

@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "data/DataFiles.h"
 #include "platform/system/SystemFiles.h"
-#include "session/DataFiles.h"
 
 namespace {
 

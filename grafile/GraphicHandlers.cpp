@@ -1,14 +1,16 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "base/CheckedMath.h"
+#include "base/Guard.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "data/DataFiles.h"
 #include "expr/CmpMod.h"
 #include "grafile/GraphicRun.h"
-#include "session/DataFiles.h"
 
 namespace vk {
 namespace {
@@ -142,33 +144,36 @@ void GraphicRun::drawMark(const CommandFields& fields) {
   drawing_.GralMark(fields.numbers[1], fields.numbers[2]);
 }
 
-/// Takes a data file into the session, which gets its own data back at the end of the run.
-bool GraphicRun::readData(std::string name) {
-  ReadDataPlain(session_, files_, dialogs_, name, kFalse);
-  if (session_.ErrFlag == 0) return true;
-  fail("*** File Dati " + name + " Errato");
-  return false;
+/// The data of a file; nothing when the line has failed.
+std::optional<DataSet> GraphicRun::readData(const std::string& name) {
+  std::string text;
+  if (guard([&] { text = files_.readAll(name); })) {
+    FreeFieldReading reading = parseFreeFields(text);
+    if (reading.complete) return std::move(reading.data);
+  }
+  fail("*** File Dati " + upper(name) + " Errato");
+  return std::nullopt;
 }
 
 void GraphicRun::plotFile(const CommandFields& fields) {
-  if (!readData(fields.text)) return;
-  const DataSet& data = session_.loaded.data;
-  drawing_.PlotData(data.Xpnt, data.ErrXpnt, data.Ypnt, data.ErrYpnt, data.NumPnt, data.kXpntErr != kFalse,
-                    xLog_ != 0, yLog_ != 0);
+  const auto data = readData(fields.text);
+  if (!data) return;
+  drawing_.PlotData(data->Xpnt, data->ErrXpnt, data->Ypnt, data->ErrYpnt, data->NumPnt,
+                    data->kXpntErr != kFalse, xLog_ != 0, yLog_ != 0);
 }
 
 void GraphicRun::joinFile(const CommandFields& fields) {
-  if (!readData(fields.text)) return;
-  const DataSet& data = session_.loaded.data;
-  drawing_.GralDraw(onAxis(data.Xpnt, data.NumPnt, xLog_), onAxis(data.Ypnt, data.NumPnt, yLog_),
-                    data.NumPnt);
+  const auto data = readData(fields.text);
+  if (!data) return;
+  drawing_.GralDraw(onAxis(data->Xpnt, data->NumPnt, xLog_), onAxis(data->Ypnt, data->NumPnt, yLog_),
+                    data->NumPnt);
 }
 
 void GraphicRun::curveFile(const CommandFields& fields) {
-  if (!readData(fields.text)) return;
-  const DataSet& data = session_.loaded.data;
-  drawing_.GralCurve(onAxis(data.Xpnt, data.NumPnt, xLog_), onAxis(data.Ypnt, data.NumPnt, yLog_),
-                     data.NumPnt);
+  const auto data = readData(fields.text);
+  if (!data) return;
+  drawing_.GralCurve(onAxis(data->Xpnt, data->NumPnt, xLog_), onAxis(data->Ypnt, data->NumPnt, yLog_),
+                     data->NumPnt);
 }
 
 void GraphicRun::plotFunction(const CommandFields& fields) {

@@ -3,8 +3,8 @@
 #include "base/Guard.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
+#include "data/DataFiles.h"
 #include "grafile/GraphicCommand.h"
-#include "session/DataFiles.h"
 
 namespace vk {
 

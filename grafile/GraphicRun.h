@@ -1,11 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "data/ErrorList.h"
 #include "grafile/GralPlt.h"
 #include "gral/GralCls.h"
-#include "session/ErrorList.h"
 
 namespace vk {
 
@@ -58,7 +59,7 @@ class GraphicRun {
   void runLine(const std::string& line);
   void obey(const std::string& line);
   void fail(const std::string& message) { failure_ = message; }
-  bool readData(std::string name);
+  std::optional<DataSet> readData(const std::string& name);
   bool isNarrow(char axis) const { return axis == 'x' ? xNarrow_ : axis == 'y' && yNarrow_; }
   void keepDoubles(std::string_view kinds, CommandFields& fields) const;
 

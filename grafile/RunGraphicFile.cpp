@@ -13,26 +13,6 @@ constexpr const char* kErrorCaption = "VOR_KEL: File Grafico - Controllo File";
 constexpr const char* kPrinterDevice = "Printer";
 constexpr std::size_t kFileScale = 3;
 
-/// The user's data as they were before a figure loaded its own data files.
-class UserData {
- public:
-  explicit UserData(const Session& session)
-      : data_(session.loaded.data), defined_(session.loaded.DataDefined), file_(session.loaded.DataFile) {}
-
-  /// The file is not read again: what was simulated, transformed or fitted is in no file.
-  void putBack(Session& session) {
-    // QUIRK: behind a graphic file the name of the data is shown in capitals.
-    session.loaded.DataFile = defined_ != kFalse ? upper(file_) : file_;
-    session.loaded.data = std::move(data_);
-    session.loaded.DataDefined = defined_;
-  }
-
- private:
-  DataSet data_;
-  Flag defined_;
-  std::string file_;
-};
-
 void showErrors(OutputWindow& output, const std::string& errors, bool onPrinter) {
   OutputRequest request = reportRequest(kErrorCaption, errors);
   request.owner = onPrinter ? Form::kMain : Form::kActivePlot;
@@ -45,7 +25,6 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
                     const std::string& device, Int16 errorFlag) {
   const bool onPrinter = device == kPrinterDevice;
   const std::string text = ports.files.readAll(fileName);
-  UserData before(session);
   GralCls drawing(ports.printer, ports.screen);
   drawing.GralCaption = kCaption;
   drawing.GralGrStr(onPrinter ? ports.printer : newPlotWindow(ports).device(), paperOrientation(session),
@@ -62,7 +41,8 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
     drawing.GralGrAbort();
     throw;
   }
-  before.putBack(session);
+  // QUIRK: behind a graphic file the name of the data is shown in capitals.
+  if (session.loaded.DataDefined != kFalse) session.loaded.DataFile = upper(session.loaded.DataFile);
   Msg(session, ports.window);
 }
 

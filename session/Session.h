@@ -7,10 +7,9 @@
 #include "base/Int16.h"
 #include "platform/FontSpec.h"
 #include "platform/InputForm.h"
-#include "session/Catalogue.h"
 #include "session/CompiledExpression.h"
-#include "session/DataSet.h"
 #include "session/FunctionDef.h"
+#include "session/LoadedFiles.h"
 #include "session/ParameterSet.h"
 
 namespace vk {
@@ -65,19 +64,6 @@ struct FileSettings {
   Int16 WorkRow;
   RecentList RecentData, RecentFun, RecentGra;
   Int16 FileKind;
-};
-
-/// What has been read from files, or put in their place.
-struct LoadedFiles {
-  std::string DataFile = "Nessuno";  ///< as it is shown, folded to capitals behind a graphic file
-  std::string DataPath;              ///< as it was opened
-  Flag DataDefined;
-  DataSet data;
-  std::string FunFile = "Nessuno";
-  Flag FunFileRead;  ///< functions can be loaded from a file that was read
-  Catalogue catalogue;
-  std::string GraFile;
-  Flag GraDefined;
 };
 
 /// The model function and its parameters, and what the commands of the analysis have left.

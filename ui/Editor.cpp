@@ -5,8 +5,8 @@
 
 #include "base/Text.h"
 #include "base/TextLines.h"
+#include "data/DataFiles.h"
 #include "expr/FunMod.h"
-#include "session/DataFiles.h"
 #include "session/Msg.h"
 #include "ui/layout/EditorLayout.h"
 
@@ -194,7 +194,7 @@ bool Editor::check(const std::string& text, std::string& report) {
 }
 
 std::string Editor::checkData(const std::string& text) {
-  std::string report = readDataText(text).errors;
+  std::string report = parseLines(text).errors;
   session_.ErrFlag = toFlag(!report.empty());
   return report;
 }

@@ -6,10 +6,10 @@
 
 #include "analysis/FitFixture.h"
 #include "analysis/LinearisedErrors.h"
+#include "data/DataFiles.h"
 #include "doubles/Places.h"
 #include "numeric/SampleValues.h"
 #include "platform/system/SystemFiles.h"
-#include "session/DataFiles.h"
 
 namespace vk {
 namespace {
@@ -161,7 +161,7 @@ class Nist : public testing::TestWithParam<Problem> {
   static void load(FitCase& fit) {
     SystemFiles files;
     const std::string name = sourcePath("tests/analysis/nist/" + GetParam().name + ".DAT");
-    LoadDataFile(fit.session, name, CheckDataFile(fit.session, files, name));
+    LoadDataFile(fit.session.loaded, name, readData(files, name).data);
   }
 
   /// The linearised errors are `scale` times the certified deviations.

@@ -3,9 +3,9 @@
 
 #include "base/Text.h"
 #include "base/TextLines.h"
+#include "data/DataFiles.h"
 #include "doubles/ErrorOf.h"
 #include "platform/system/SystemRandom.h"
-#include "session/DataFiles.h"
 #include "tests/analysis/PropagationHelp.h"
 
 namespace vk {
@@ -163,12 +163,12 @@ class SavedPropagation : public SaveMonteCarloTest {
 
 TEST_F(SavedPropagation, PassesTheCheckAndLoads) {
   runAndSave();
-  DataReading reading = CheckDataFile(session, files, kFile);
+  DataReading reading = readData(files, kFile);
   EXPECT_EQ(reading.errors, "");
   EXPECT_EQ(session.ErrFlag, 0);
   EXPECT_EQ(reading.declaredCount, reading.data.NumPnt);
   EXPECT_EQ(reading.data.kXpntErr, kFalse);
-  LoadDataFile(session, kFile, std::move(reading));
+  LoadDataFile(session.loaded, kFile, std::move(reading.data));
   EXPECT_EQ(session.loaded.data.TitleX, "Sim. M.C. per y = c");
   EXPECT_EQ(session.loaded.data.TitleY, "Densita` di Probabilita`");
   EXPECT_EQ(session.loaded.data.NumPnt, session.analysis.monteCarlo.McBinCount - 1);

@@ -1,4 +1,3 @@
-#include <cmath>
 #include <random>
 
 #include "commands/DataCommands.h"
@@ -8,7 +7,6 @@
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
-#include "session/DataFiles.h"
 #include "session/FileSelection.h"
 #include "session/Msg.h"
 #include "session/Refusals.h"
@@ -109,7 +107,6 @@ TEST(Flags, AreExactlyMinusOneOrZeroAfterEveryCommand) {
       [&] { MenSerCal(files, process, dialogs); },
       [&] { canDrawFigure(session, dialogs, 1 + dialogs.below(3)); },
       [&] { canFit(session, dialogs); },
-      [&] { ReadDataPlain(session, files, dialogs, session.loaded.DataFile, toFlag(dialogs.below(2) == 0)); },
       [&] {
         // A user can click only the entries that are shown.
         const int kind = 1 + 2 * dialogs.below(2);
@@ -124,50 +121,6 @@ TEST(Flags, AreExactlyMinusOneOrZeroAfterEveryCommand) {
     ASSERT_LE(session.files.RecentData.RecentCount, 4);
   }
   EXPECT_EQ(session.loaded.DataDefined, -1);
-}
-
-/// Lines of numbers, junk and separators, as a careless or hostile file may hold them.
-std::string randomFile(std::mt19937& chance) {
-  const std::vector<std::string> pieces{"1", "2.5", "-3E2", "1D400", " ",  "  ",   "\t",
-                                        "%", "x",   ",",    "\r",    "\n", "\xE6", std::string(1, '\0')};
-  std::string text = chance() % 2 == 0 ? "x\r\ny\r\n" : "";
-  const auto lineEnd = chance() % 4 == 0 ? "\n" : "\r\n";
-  for (unsigned line = chance() % 8; line > 0; --line) {
-    if (chance() % 4 != 0) {
-      text += text.size() < 8 ? "4" : "1 2.5 -3E2";
-    } else {
-      for (unsigned piece = chance() % 8; piece > 0; --piece) text += pieces[chance() % pieces.size()];
-    }
-    if (chance() % 8 != 0) text += lineEnd;
-  }
-  return text;
-}
-
-TEST(DataFiles, AnyTextIsLoadedWholeOrRefused) {
-  std::mt19937 chance(2);
-  MemoryFiles files;
-  RandomDialogs dialogs(chance, {});
-  int loaded = 0;
-  for (int run = 0; run < 30000; ++run) {
-    Session session;
-    files.content["X"] = randomFile(chance);
-    DataReading reading = CheckDataFile(session, files, "X");
-    const std::string& errors = reading.errors;
-    ASSERT_EQ(session.ErrFlag, toFlag(!errors.empty()));
-    ASSERT_TRUE(errors.empty() || errors.ends_with("\r\n"));
-    if (session.ErrFlag == 0) {
-      ASSERT_GE(reading.data.NumPnt, 2);
-      LoadDataFile(session, "X", std::move(reading));
-      ++loaded;
-    }
-    std::string name = "X";
-    ReadDataPlain(session, files, dialogs, name, kTrue);
-    ASSERT_TRUE(session.ErrFlag == 0 || session.ErrFlag == -1);
-    ASSERT_EQ(session.loaded.data.Xpnt.upper(), session.loaded.data.NumPnt);
-    for (int i = 1; i <= session.loaded.data.NumPnt; ++i)
-      ASSERT_TRUE(std::isfinite(session.loaded.data.Ypnt[i]));
-  }
-  EXPECT_GT(loaded, 1000);
 }
 
 }  // namespace

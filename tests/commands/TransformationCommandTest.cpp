@@ -3,8 +3,8 @@
 #include "base/Text.h"
 #include "commands/DataCommands.h"
 #include "commands/ParameterCommands.h"
+#include "data/DataFiles.h"
 #include "expr/CmpMod.h"
-#include "session/DataFiles.h"
 #include "tests/analysis/PropagationHelp.h"
 #include "tests/commands/FormText.h"
 
@@ -296,7 +296,7 @@ TEST_F(TransformationTest, TransformedDataAreSavedAndReadBack) {
   transform({"t2", "s2", "x*2", "x+y", "dy"});
   dialogs.pick("/data/NEW.DAT");
   MenDatSav(session, files, dialogs);
-  LoadDataFile(session, "/data/NEW.DAT", CheckDataFile(session, files, "/data/NEW.DAT"));
+  LoadDataFile(session.loaded, "/data/NEW.DAT", readData(files, "/data/NEW.DAT").data);
   EXPECT_EQ(session.loaded.data.TitleX, "t2");
   EXPECT_EQ(session.loaded.data.TitleY, "s2");
   EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(2, 4, 6));

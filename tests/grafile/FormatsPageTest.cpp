@@ -1,12 +1,12 @@
 #include <sstream>
 
 #include "base/Text.h"
+#include "data/DataFiles.h"
 #include "doubles/Places.h"
 #include "expr/FunMod.h"
 #include "grafile/DrawingLines.h"
 #include "grafile/FigureFixture.h"
 #include "platform/system/SystemFiles.h"
-#include "session/DataFiles.h"
 
 namespace vk {
 namespace {
@@ -61,11 +61,11 @@ TEST_F(FormatsPage, HasExamplesOfEachKind) {
 
 TEST_F(FormatsPage, TheDataFileHasItsPoints) {
   const std::string name = of("dat")[0].name;
-  DataReading reading = CheckDataFile(session, files, name);
+  DataReading reading = readData(files, name);
   EXPECT_EQ(reading.errors, "");
   EXPECT_EQ(reading.declaredCount, 5);
   EXPECT_EQ(reading.data.NumPnt, 5);
-  LoadDataFile(session, name, std::move(reading));
+  LoadDataFile(session.loaded, name, std::move(reading.data));
   EXPECT_EQ(session.loaded.data.TitleX, "Massa (g)");
   EXPECT_EQ(session.loaded.data.TitleY, "Elongazione (mm)");
   EXPECT_EQ(session.loaded.data.Ypnt[5], 101.5);

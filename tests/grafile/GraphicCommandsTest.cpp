@@ -300,6 +300,14 @@ TEST_F(GraphicCommandsTest, ADataFileWithUnreadableNumbersIsWrong) {
   EXPECT_EQ(errorsOf("\\DATI(BAD.DAT)\r\n"), "*** File Dati BAD.DAT Errato\r\n");
 }
 
+TEST_F(GraphicCommandsTest, DepartureTheNameAsItStandsComesBeforeTheFoldedOne) {
+  files.content["D.DAT"] = lines({"x", "y", "2", "1 2 .1", "3 4 .1"});
+  files.content["d.dat"] = lines({"x", "y", "2", "1 7 .1", "3 9 .1"});
+  EXPECT_EQ(run("\\SPEZZATA(d.dat)\r\n"), drawing([](GralCls& d) {
+              d.GralDraw(column({1, 3}), column({7, 9}), 2);
+            }));
+}
+
 class GraphicFunctionTest : public GraphicCommandsTest {
  protected:
   static constexpr int kPoints = 200;

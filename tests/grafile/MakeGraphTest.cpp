@@ -2,10 +2,10 @@
 #include <set>
 
 #include "base/NumberMasks.h"
+#include "data/DataFiles.h"
 #include "expr/FunMod.h"
 #include "grafile/DrawingLines.h"
 #include "grafile/FigureFixture.h"
-#include "session/DataFiles.h"
 
 namespace vk {
 namespace {
@@ -312,7 +312,7 @@ TEST_F(MakeGraphTest, TheDifferencesAreAGoodDataFile) {
   loadPoints();
   takeFunction(2, 1, {.25, .5});
   makeGraph(kDifferencesFigure);
-  const DataReading reading = readDataText(session.figures.DiffText);
+  const DataReading reading = parseLines(session.figures.DiffText);
   EXPECT_EQ(reading.errors, "");
   EXPECT_EQ(reading.declaredCount, 3);
   EXPECT_EQ(reading.data.NumPnt, 3);
@@ -327,7 +327,7 @@ TEST_F(MakeGraphTest, DepartureDifferencesOfAnySizeAndTitleAreAGoodDataFile) {
   makeGraph(kDifferencesFigure);
   EXPECT_THAT(session.figures.DiffText, testing::HasSubstr("\r\n-\r\n- % errori\r\n 2\r\n"
                                                            "0.1000E+01 -.150E-119 0.250E+121\r\n"));
-  EXPECT_EQ(readDataText(session.figures.DiffText).errors, "");
+  EXPECT_EQ(parseLines(session.figures.DiffText).errors, "");
 }
 
 TEST_F(MakeGraphTest, FivePointsThatCannotBeComputedAreNotDrawnAndBeepEach) {

@@ -1,4 +1,4 @@
-#include "session/ErrorList.h"
+#include "data/ErrorList.h"
 
 #include "base/Text.h"
 

@@ -6,7 +6,7 @@
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
-#include "session/DataFiles.h"
+#include "data/DataFiles.h"
 
 namespace vk {
 namespace {
@@ -30,13 +30,6 @@ class FreeFieldReader {
 
  private:
   std::string_view text_;
-};
-
-/// What one reading of a text gave.
-struct PlainReading {
-  int count = 0;          ///< points; 0 when the text has no usable count
-  bool complete = false;  ///< every value could be read
-  DataSet data;           ///< values that could not be read are 0
 };
 
 /// The number of points in the third line; 0 when it cannot be used. With `exact` it must be a number as a
@@ -67,8 +60,8 @@ bool readPoints(std::string_view text, DataSet& data) {
   return complete;
 }
 
-PlainReading readPlain(std::string_view text, bool exact) {
-  PlainReading reading;
+FreeFieldReading readPlain(std::string_view text, bool exact) {
+  FreeFieldReading reading;
   TextLines lines(text);
   const auto titleX = lines.next();
   const auto titleY = lines.next();
@@ -98,33 +91,14 @@ std::string withoutComments(std::string_view text) {
   return result;
 }
 
-void install(Session& session, DataSet&& data) {
-  session.loaded.data = std::move(data);
-  session.loaded.DataDefined = kTrue;
-}
-
 }  // namespace
 
-void ReadDataPlain(Session& session, Files& files, Dialogs& dialogs, std::string& fileName,
-                   Flag showMessage) {
-  session.ErrFlag = 0;
-  std::string bytes;
-  const bool opened = guard(session.ErrFlag, [&] { bytes = files.readAll(fileName); });
-  fileName = upper(fileName);
-  if (!opened) return;
-  PlainReading plain = readPlain(bytes, true);
-  if (plain.complete) return install(session, std::move(plain.data));
+FreeFieldReading parseFreeFields(std::string_view text) {
+  FreeFieldReading plain = readPlain(text, true);
+  if (plain.complete) return plain;
   // Commented data files, the saved differences among them, are to be plotted too.
-  PlainReading uncommented = readPlain(withoutComments(bytes), false);
-  if (uncommented.complete) return install(session, std::move(uncommented.data));
-
-  session.ErrFlag = kTrue;
-  // Each value is a statement of its own under the guard: those that can be read are taken.
-  if (plain.count > 0) return install(session, std::move(plain.data));
-  if (uncommented.count > 0) return install(session, std::move(uncommented.data));
-  if (showMessage != kFalse) {
-    dialogs.plainBox(kProgramTitle, "Il File contiene 0 Dati.    <*> per Continuare!");
-  }
+  FreeFieldReading uncommented = readPlain(withoutComments(text), false);
+  return uncommented.complete || plain.count == 0 ? uncommented : plain;
 }
 
 }  // namespace vk

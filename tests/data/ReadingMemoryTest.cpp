@@ -1,9 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "data/DataFiles.h"
+#include "data/PeakMemory.h"
 #include "doubles/MemoryFiles.h"
-#include "doubles/ScriptedDialogs.h"
-#include "session/DataFiles.h"
-#include "session/PeakMemory.h"
 
 namespace vk {
 namespace {
@@ -27,23 +26,20 @@ class ReadingMemory : public testing::TestWithParam<std::string> {
   std::size_t limit() const { return kBytesAByte * GetParam().size() + kPoints; }
 
   MemoryFiles files;
-  Session session;
 };
 
-TEST_P(ReadingMemory, OfTheCheckingReaderIsInProportionToTheFile) {
+TEST_P(ReadingMemory, OfTheParserOfLinesIsInProportionToTheFile) {
   const PeakMemory peak;
-  const DataReading reading = CheckDataFile(session, files, "X.DAT");
+  const DataReading reading = readData(files, "X.DAT");
   EXPECT_LE(peak.bytes(), limit());
   EXPECT_EQ(reading.errors, "");
 }
 
-TEST_P(ReadingMemory, OfThePlainReaderIsInProportionToTheFile) {
-  ScriptedDialogs dialogs;
-  std::string name = "X.DAT";
+TEST_P(ReadingMemory, OfTheParserOfFreeFieldsIsInProportionToTheFile) {
   const PeakMemory peak;
-  ReadDataPlain(session, files, dialogs, name, kFalse);
+  const FreeFieldReading reading = parseFreeFields(files.readAll("X.DAT"));
   EXPECT_LE(peak.bytes(), limit());
-  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_TRUE(reading.complete);
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, ReadingMemory,

@@ -1,4 +1,4 @@
-#include "session/PeakMemory.h"
+#include "data/PeakMemory.h"
 
 #include <malloc.h>
 

@@ -1,4 +1,4 @@
-#include "session/DataFiles.h"
+#include "data/DataFiles.h"
 
 #include <algorithm>
 #include <array>
@@ -10,7 +10,7 @@
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
-#include "session/ErrorList.h"
+#include "data/ErrorList.h"
 
 namespace vk {
 namespace {
@@ -57,7 +57,7 @@ const char* markupOf(char c) {
 }
 
 /// One reading of the lines of a data file.
-class DataReader {
+class LineParser {
  public:
   void take(std::string_view line) {
     ++number_;
@@ -155,24 +155,15 @@ class DataReader {
 
 }  // namespace
 
-DataReading readDataText(std::string_view text) {
-  DataReader reader;
+DataReading parseLines(std::string_view text) {
+  LineParser parser;
   TextLines lines(text);
-  while (const auto line = lines.next()) reader.take(*line);
-  return reader.finish();
+  while (const auto line = lines.next()) parser.take(*line);
+  return parser.finish();
 }
 
-DataReading CheckDataFile(Session& session, Files& files, const std::string& fileName) {
-  session.ErrFlag = 0;
-  DataReading reading = readDataText(files.readAll(fileName));
-  session.ErrFlag = toFlag(!reading.errors.empty());
-  return reading;
-}
-
-void LoadDataFile(Session& session, const std::string& fileName, DataReading&& reading) {
-  session.loaded.DataFile = session.loaded.DataPath = fileName;
-  session.loaded.DataDefined = kTrue;
-  session.loaded.data = std::move(reading.data);
+DataReading readData(Files& files, const std::string& fileName) {
+  return parseLines(files.readAll(fileName));
 }
 
 std::vector<std::string_view> SplitBlanks(std::string_view line, std::size_t most) {

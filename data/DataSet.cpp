@@ -1,4 +1,4 @@
-#include "session/DataSet.h"
+#include "data/DataSet.h"
 
 #include <algorithm>
 

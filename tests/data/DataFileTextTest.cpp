@@ -9,7 +9,7 @@
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
-#include "session/DataFiles.h"
+#include "data/DataFiles.h"
 
 namespace vk {
 namespace {
@@ -142,7 +142,7 @@ void expectAsWritten(const Array<double>& read, const Array<double>& source, int
 }
 
 TEST(DataFileText, LoneLineFeedsAndReturnsStayInTheirTitle) {
-  const DataReading reading = readDataText("a\nb\r\n\rc\r\r\n2\r\n1 2 3\r\n4 5 6\r\n");
+  const DataReading reading = parseLines("a\nb\r\n\rc\r\r\n2\r\n1 2 3\r\n4 5 6\r\n");
   EXPECT_EQ(reading.errors, "");
   EXPECT_EQ(reading.data.TitleX, "a\nb");
   EXPECT_EQ(reading.data.TitleY, "\rc\r");
@@ -162,7 +162,7 @@ TEST(DataFileText, WhatIsWrittenReadsBackEqual) {
       }
     }
     const std::string text = dataFileText(data);
-    const DataReading reading = readDataText(text);
+    const DataReading reading = parseLines(text);
     ASSERT_EQ(reading.errors, "") << text;
     ASSERT_EQ(reading.declaredCount, data.NumPnt);
     ASSERT_EQ(reading.data.NumPnt, data.NumPnt);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "base/Int16.h"
+#include "data/DataSet.h"
+#include "session/Catalogue.h"
+
+namespace vk {
+
+/// What has been read from files, or put in their place.
+struct LoadedFiles {
+  std::string DataFile = "Nessuno";  ///< as it is shown, folded to capitals behind a graphic file
+  std::string DataPath;              ///< as it was opened
+  Flag DataDefined;
+  DataSet data;
+  std::string FunFile = "Nessuno";
+  Flag FunFileRead;  ///< functions can be loaded from a file that was read
+  Catalogue catalogue;
+  std::string GraFile;
+  Flag GraDefined;
+};
+
+/// Takes the data of a file that was read, and sets `DataFile`, `DataPath` and `DataDefined`.
+void LoadDataFile(LoadedFiles& loaded, const std::string& fileName, DataSet&& data);
+
+}  // namespace vk

@@ -45,10 +45,10 @@ class TerminalFiles : public SystemFiles {
 /// There is no main window at a terminal; what commands tell it is lost on purpose.
 class NoMainWindow : public MainWindow {
  public:
-  void setMenuEnabled(const std::string&, bool) override {}
-  void setMenuVisible(const std::string&, bool) override {}
-  void setMenuChecked(const std::string&, bool) override {}
-  void setMenuCaption(const std::string&, const std::string&) override {}
+  void setMenuEnabled(Control, bool) override {}
+  void setMenuVisible(Control, bool) override {}
+  void setMenuChecked(Control, bool) override {}
+  void setMenuCaption(Control, const std::string&) override {}
   void setPanel(int, const std::string&) override {}
   void setCaption(const std::string&) override {}
   void shut(Form) override {}

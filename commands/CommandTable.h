@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string_view>
+
+#include "platform/Control.h"
 
 /// The table of commands: every entry of the menus, from which the window builds its menus and the dispatcher
 /// finds its handlers.
@@ -18,9 +21,10 @@ enum class CommandKind {
 
 /// One entry.
 struct Command {
-  std::string_view control;  ///< its name
-  std::string_view parent;   ///< control of the menu that holds it; empty for the five top menus
-  std::string_view caption;  ///< Windows-1252, "&" before the access key
+  Control control;
+  std::string_view name;          ///< of the control
+  std::optional<Control> parent;  ///< menu that holds it; none for the five top menus
+  std::string_view caption;       ///< Windows-1252, "&" before the access key
   CommandKind kind;
   bool enabled;  ///< at start; the entries that follow the session's flags start off
   bool visible;
@@ -28,5 +32,7 @@ struct Command {
 
 /// All entries in the order of the menus, each behind its parent.
 std::span<const Command> commandTable();
+
+std::string_view controlName(Control control);
 
 }  // namespace vk

@@ -46,7 +46,7 @@ bool readDataFile(Session& session, Files& files, Dialogs& dialogs, OutputWindow
   LoadDataFile(session.loaded, name, std::move(reading.data));
   forgetFigures(session);
   addRecentFile(session, window, kDataKind, name, name);
-  window.setMenuEnabled("MenDatSav", true);
+  window.setMenuEnabled(Control::MenDatSav, true);
   return true;
 }
 

@@ -14,12 +14,13 @@ void takeFile(Session& session, MainWindow& window, FunctionForms& forms, const 
               const std::string& path) {
   session.loaded.FunFile = name;
   session.loaded.FunFileRead = kTrue;
-  window.setMenuEnabled("MenFunCar", true);
+  window.setMenuEnabled(Control::MenFunCar, true);
   forms.refillLoadList();
   const bool lost = dropLoadedFunctions(session);
   forms.refillSelection();
   if (lost) {
-    for (const char* control : {"MenSerPro", "MenAda", "MenAdaAda", "MenAdaPar", "MenGraFun", "MenGraDif"}) {
+    using enum Control;
+    for (const Control control : {MenSerPro, MenAda, MenAdaAda, MenAdaPar, MenGraFun, MenGraDif}) {
       window.setMenuEnabled(control, false);
     }
   }
@@ -66,7 +67,7 @@ void MenFunSel(Session& session, MainWindow& window, FunctionForms& forms) {
   const FunctionDef before = session.analysis.fun;
   if (forms.selectFunction()) {
     TakeFunction(session, before.InnerIndex, before.OuterIndex);
-    window.setMenuEnabled("MenSerPro", true);
+    window.setMenuEnabled(Control::MenSerPro, true);
   }
   Msg(session, window);
 }
@@ -77,7 +78,7 @@ void MenFunCar(Session& session, MainWindow& window, FunctionForms& forms) {
     return forms.chooseLoadedFunction();
   }();
   if (entry > 0) {
-    if (loadFunction(session, entry)) window.setMenuEnabled("MenSerPro", false);
+    if (loadFunction(session, entry)) window.setMenuEnabled(Control::MenSerPro, false);
     forms.refillSelection();
   }
   window.toFront();

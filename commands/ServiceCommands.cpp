@@ -4,7 +4,7 @@ namespace vk {
 
 void MenSerErr(Session& session, MainWindow& window) {
   session.settings.ShowErrors = ~session.settings.ShowErrors;
-  window.setMenuChecked("MenSerErr", session.settings.ShowErrors != kFalse);
+  window.setMenuChecked(Control::MenSerErr, session.settings.ShowErrors != kFalse);
 }
 
 void MenSerCal(Files& files, Process& process, Dialogs& dialogs) {

@@ -19,10 +19,9 @@ void setFirstFolders(Session& session, Files& files) {
 
 void setFirstMenus(MainWindow& window) {
   for (const Command& command : commandTable()) {
-    const std::string control(command.control);
-    window.setMenuEnabled(control, command.enabled);
-    window.setMenuVisible(control, command.visible);
-    if (command.kind == CommandKind::kCheck) window.setMenuChecked(control, false);
+    window.setMenuEnabled(command.control, command.enabled);
+    window.setMenuVisible(command.control, command.visible);
+    if (command.kind == CommandKind::kCheck) window.setMenuChecked(command.control, false);
   }
 }
 

@@ -3,22 +3,22 @@
 #include <string>
 
 #include "base/Int16.h"
+#include "platform/Control.h"
 #include "platform/Form.h"
 
 namespace vk {
 
-/// The main window `Vor_Kel` as commands see it. Menu entries are named by their control names, entries of
-/// the recent lists as "MenDatOld(0)" and so on. Texts are Windows-1252.
+/// The main window `Vor_Kel` as commands see it. Texts are Windows-1252.
 class MainWindow {
  public:
   virtual ~MainWindow() = default;
 
   /// State and look of a menu entry.
-  virtual void setMenuEnabled(const std::string& control, bool enabled) = 0;
-  virtual void setMenuVisible(const std::string& control, bool visible) = 0;
-  virtual void setMenuChecked(const std::string& control, bool checked) = 0;
+  virtual void setMenuEnabled(Control control, bool enabled) = 0;
+  virtual void setMenuVisible(Control control, bool visible) = 0;
+  virtual void setMenuChecked(Control control, bool checked) = 0;
   /// "&" stands before the access key, "&&" for the sign itself.
-  virtual void setMenuCaption(const std::string& control, const std::string& caption) = 0;
+  virtual void setMenuCaption(Control control, const std::string& caption) = 0;
 
   /// Text of a status panel, 1..5; the panel takes the size of its text.
   virtual void setPanel(int panel, const std::string& text) = 0;

@@ -14,16 +14,19 @@ struct KindOfFile {
   std::string FileSettings::*folder;
   std::string FileSettings::*extension;
   RecentList FileSettings::*recent;
-  const char* recentMenu;
+  Control firstRecent;
   bool remembersFolder;
 };
 
 // QUIRK: function files are always offered in the folder set at start or in the directory panel, never in that
 // of the last one, so that a library folder stays at hand.
 constexpr std::array<KindOfFile, 3> kKinds{{
-    {"Dati", &FileSettings::DataDir, &FileSettings::DataExt, &FileSettings::RecentData, "MenDatOld", true},
-    {"Funzioni", &FileSettings::FunDir, &FileSettings::FunExt, &FileSettings::RecentFun, "MenFunOld", false},
-    {"Grafici", &FileSettings::GraDir, &FileSettings::GraExt, &FileSettings::RecentGra, "MenGraOld", true},
+    {"Dati", &FileSettings::DataDir, &FileSettings::DataExt, &FileSettings::RecentData, Control::MenDatOld0,
+     true},
+    {"Funzioni", &FileSettings::FunDir, &FileSettings::FunExt, &FileSettings::RecentFun, Control::MenFunOld0,
+     false},
+    {"Grafici", &FileSettings::GraDir, &FileSettings::GraExt, &FileSettings::RecentGra, Control::MenGraOld0,
+     true},
 }};
 
 const KindOfFile& kindOf(Int16 kind) {
@@ -162,8 +165,8 @@ const RecentList& recentList(const Session& session, Int16 kind) {
   return session.files.*kindOf(kind).recent;
 }
 
-std::string recentControl(Int16 kind, int index) {
-  return std::string(kindOf(kind).recentMenu) + "(" + std::to_string(index) + ")";
+Control recentControl(Int16 kind, int index) {
+  return static_cast<Control>(static_cast<int>(kindOf(kind).firstRecent) + index);
 }
 
 void addRecentFile(Session& session, MainWindow& window, Int16 kind, const std::string& shown,
@@ -182,7 +185,7 @@ void addRecentFile(Session& session, MainWindow& window, Int16 kind, const std::
 void showRecentFiles(const Session& session, MainWindow& window, Int16 kind) {
   const RecentList& list = recentList(session, kind);
   for (int entry = 1; entry <= list.RecentCount; ++entry) {
-    const std::string control = recentControl(kind, entry - 1);
+    const Control control = recentControl(kind, entry - 1);
     window.setMenuCaption(control, "&" + std::to_string(entry) + " " + inMenu(list.files[entry]));
     window.setMenuVisible(control, true);
   }

@@ -42,8 +42,8 @@ std::string nameWithoutExtension(const std::string& path);
 RecentList& recentList(Session& session, Int16 kind);
 const RecentList& recentList(const Session& session, Int16 kind);
 
-/// Control name of an entry of a recent list, index 0..3.
-std::string recentControl(Int16 kind, int index);
+/// Control of an entry of a recent list, index 0..3.
+Control recentControl(Int16 kind, int index);
 
 /// Puts a file in front of its recent list and shows the list in its menu, where the file bears the name `shown`.
 void addRecentFile(Session& session, MainWindow& window, Int16 kind, const std::string& shown,

@@ -13,7 +13,7 @@ namespace vk {
 struct SessionDisplay {
   /// Enable state by control. An entry that is only ever turned on stands here only when it is on; every other
   /// entry of the menus keeps the state it has.
-  std::map<std::string, bool> enabled;
+  std::map<Control, bool> enabled;
   std::array<std::string, 5> panels;  ///< texts of panels 1..5
 };
 

@@ -37,48 +37,65 @@ constexpr const char* kWelcome =
 }  // namespace
 
 struct MainMod::Handler {
-  std::string_view control;
+  Control control;
   void (MainMod::*command)() = nullptr;
   void (MainMod::*recent)(int index) = nullptr;
   void (*figure)(Session& session, FigurePorts& ports) = nullptr;
   int reads = 0;  ///< `FileKindCode` of what a reading command reads; 0 for any other
 };
 
-const MainMod::Handler* MainMod::findHandler(std::string_view control) {
+const MainMod::Handler* MainMod::findHandler(Control control) {
   static constexpr std::array kHandlers{
-      Handler{.control = "MenDatLet", .command = &MainMod::menDatLet, .reads = kDataKind},
-      Handler{"MenDatMod", &MainMod::menDatMod},
-      Handler{"MenDatSav", &MainMod::menDatSav},
-      Handler{"MenDatTra", &MainMod::menDatTra},
-      Handler{"MenDatSim", &MainMod::menDatSim},
-      Handler{.control = "MenDatOld", .recent = &MainMod::recent<kDataKind>, .reads = kDataKind},
-      Handler{"MenFunSel", &MainMod::menFunSel},
-      Handler{.control = "MenFunLet", .command = &MainMod::menFunLet, .reads = kFunctionKind},
-      Handler{"MenFunMod", &MainMod::menFunMod},
-      Handler{"MenFunCar", &MainMod::menFunCar},
-      Handler{.control = "MenFunOld", .recent = &MainMod::recent<kFunctionKind>, .reads = kFunctionKind},
-      Handler{.control = "MenGraDatVis", .figure = MenGraDatVis},
-      Handler{.control = "MenGraDatGra", .figure = MenGraDatGra},
-      Handler{.control = "MenGraFunVis", .figure = MenGraFunVis},
-      Handler{.control = "MenGraFunGra", .figure = MenGraFunGra},
-      Handler{.control = "MenGraDifVis", .figure = MenGraDifVis},
-      Handler{.control = "MenGraDifGra", .figure = MenGraDifGra},
-      Handler{.control = "MenGraDifSav", .figure = MenGraDifSav},
-      Handler{.control = "MenGraLetFil", .command = &MainMod::menGraLetFil, .reads = kGraphicKind},
-      Handler{"MenGraModFil", &MainMod::menGraModFil},
-      Handler{.control = "MenGraVisFil", .figure = MenGraVisFil},
-      Handler{.control = "MenGraPriFil", .figure = MenGraPriFil},
-      Handler{.control = "MenGraOld", .recent = &MainMod::recent<kGraphicKind>, .reads = kGraphicKind},
-      Handler{"MenAdaPar", &MainMod::menAdaPar},
-      Handler{"MenAdaAda", &MainMod::menAdaAda},
-      Handler{"MenSerCal", &MainMod::menSerCal},
-      Handler{"MenSerPro", &MainMod::menSerPro},
-      Handler{"MenSerImpDir", &MainMod::menSerImpDir},
-      Handler{"MenSerImpGra", &MainMod::menSerImpGra},
-      Handler{"MenSerErr", &MainMod::menSerErr},
+      Handler{.control = Control::MenDatLet, .command = &MainMod::menDatLet, .reads = kDataKind},
+      Handler{Control::MenDatMod, &MainMod::menDatMod},
+      Handler{Control::MenDatSav, &MainMod::menDatSav},
+      Handler{Control::MenDatTra, &MainMod::menDatTra},
+      Handler{Control::MenDatSim, &MainMod::menDatSim},
+      Handler{.control = Control::MenDatOld0, .recent = &MainMod::recent<kDataKind>, .reads = kDataKind},
+      Handler{.control = Control::MenDatOld1, .recent = &MainMod::recent<kDataKind>, .reads = kDataKind},
+      Handler{.control = Control::MenDatOld2, .recent = &MainMod::recent<kDataKind>, .reads = kDataKind},
+      Handler{.control = Control::MenDatOld3, .recent = &MainMod::recent<kDataKind>, .reads = kDataKind},
+      Handler{Control::MenFunSel, &MainMod::menFunSel},
+      Handler{.control = Control::MenFunLet, .command = &MainMod::menFunLet, .reads = kFunctionKind},
+      Handler{Control::MenFunMod, &MainMod::menFunMod},
+      Handler{Control::MenFunCar, &MainMod::menFunCar},
+      Handler{
+          .control = Control::MenFunOld0, .recent = &MainMod::recent<kFunctionKind>, .reads = kFunctionKind},
+      Handler{
+          .control = Control::MenFunOld1, .recent = &MainMod::recent<kFunctionKind>, .reads = kFunctionKind},
+      Handler{
+          .control = Control::MenFunOld2, .recent = &MainMod::recent<kFunctionKind>, .reads = kFunctionKind},
+      Handler{
+          .control = Control::MenFunOld3, .recent = &MainMod::recent<kFunctionKind>, .reads = kFunctionKind},
+      Handler{.control = Control::MenGraDatVis, .figure = MenGraDatVis},
+      Handler{.control = Control::MenGraDatGra, .figure = MenGraDatGra},
+      Handler{.control = Control::MenGraFunVis, .figure = MenGraFunVis},
+      Handler{.control = Control::MenGraFunGra, .figure = MenGraFunGra},
+      Handler{.control = Control::MenGraDifVis, .figure = MenGraDifVis},
+      Handler{.control = Control::MenGraDifGra, .figure = MenGraDifGra},
+      Handler{.control = Control::MenGraDifSav, .figure = MenGraDifSav},
+      Handler{.control = Control::MenGraLetFil, .command = &MainMod::menGraLetFil, .reads = kGraphicKind},
+      Handler{Control::MenGraModFil, &MainMod::menGraModFil},
+      Handler{.control = Control::MenGraVisFil, .figure = MenGraVisFil},
+      Handler{.control = Control::MenGraPriFil, .figure = MenGraPriFil},
+      Handler{
+          .control = Control::MenGraOld0, .recent = &MainMod::recent<kGraphicKind>, .reads = kGraphicKind},
+      Handler{
+          .control = Control::MenGraOld1, .recent = &MainMod::recent<kGraphicKind>, .reads = kGraphicKind},
+      Handler{
+          .control = Control::MenGraOld2, .recent = &MainMod::recent<kGraphicKind>, .reads = kGraphicKind},
+      Handler{
+          .control = Control::MenGraOld3, .recent = &MainMod::recent<kGraphicKind>, .reads = kGraphicKind},
+      Handler{Control::MenAdaPar, &MainMod::menAdaPar},
+      Handler{Control::MenAdaAda, &MainMod::menAdaAda},
+      Handler{Control::MenSerCal, &MainMod::menSerCal},
+      Handler{Control::MenSerPro, &MainMod::menSerPro},
+      Handler{Control::MenSerImpDir, &MainMod::menSerImpDir},
+      Handler{Control::MenSerImpGra, &MainMod::menSerImpGra},
+      Handler{Control::MenSerErr, &MainMod::menSerErr},
   };
   for (const Handler& handler : kHandlers) {
-    if (handler.control == control.substr(0, control.find('('))) return &handler;
+    if (handler.control == control) return &handler;
   }
   return nullptr;
 }
@@ -114,7 +131,7 @@ void MainMod::welcome() {
                           .captions = {"&Continua"}});
 }
 
-void MainMod::run(std::string_view control) {
+void MainMod::run(Control control) {
   if (running_) return;
   const Handler* handler = findHandler(control);
   const bool ended = guarded([&] {
@@ -122,7 +139,8 @@ void MainMod::run(std::string_view control) {
     if (handler == nullptr || panels_.isOpen()) return;
     session_.GammaTold = kFalse;
     if (handler->recent != nullptr) {
-      (this->*handler->recent)(control.at(control.find('(') + 1) - '0');
+      (this->*handler->recent)(static_cast<int>(control) -
+                               static_cast<int>(recentControl(handler->reads, 0)));
     } else if (handler->figure != nullptr) {
       handler->figure(session_, figures());
     } else {

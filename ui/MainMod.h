@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <string>
-#include <string_view>
 
 #include "session/Session.h"
 #include "ui/Editor.h"
@@ -24,12 +23,12 @@ class MainMod {
   /// A menu entry was chosen: runs its command to the end, then renews menus and status bar, except where a
   /// panel has been opened. Entries without a command do nothing, and so does any entry while a command runs.
   /// After a reading command that broke off, the next one of its kind asks for the file.
-  void run(std::string_view control);
+  void run(Control control);
 
   bool isRunning() const { return running_ != kFalse; }
 
   /// True for the entries that run something.
-  static bool hasCommand(std::string_view control) { return findHandler(control) != nullptr; }
+  static bool hasCommand(Control control) { return findHandler(control) != nullptr; }
 
   /// Runs any handler of an event. A run-time error that nobody guarded is told and ends the handler, with
   /// everything as it was before (`Checkpoint`), and gives false; nothing is thrown.
@@ -40,8 +39,7 @@ class MainMod {
 
  private:
   struct Handler;
-  /// Entries of recent lists share one handler, whatever stands in their brackets.
-  static const Handler* findHandler(std::string_view control);
+  static const Handler* findHandler(Control control);
 
   void tell(const RuntimeError& error);
   FigurePorts& figures();

@@ -7,8 +7,8 @@ void MainPanels::open(Panel panel, const char* caption) {
   present_ = panel;
   window_.setCaption(caption);
   view_->showPanel(panel);
-  for (const char* menu : {"MenAda", "MenDat", "MenFun", "MenGra", "MenSer"})
-    window_.setMenuEnabled(menu, false);
+  using enum Control;
+  for (const Control menu : {MenAda, MenDat, MenFun, MenGra, MenSer}) window_.setMenuEnabled(menu, false);
 }
 
 void MainPanels::MenSerImpDir() {
@@ -45,8 +45,9 @@ void MainPanels::shut() {
 void MainPanels::close() {
   view_->hidePanel(present_);
   PanelClosed = kTrue;
-  window_.setMenuEnabled("MenAda", session_.analysis.FunDefined != kFalse);
-  for (const char* menu : {"MenDat", "MenFun", "MenGra", "MenSer"}) window_.setMenuEnabled(menu, true);
+  window_.setMenuEnabled(Control::MenAda, session_.analysis.FunDefined != kFalse);
+  using enum Control;
+  for (const Control menu : {MenDat, MenFun, MenGra, MenSer}) window_.setMenuEnabled(menu, true);
   window_.setCaption(kProgramTitle);
 }
 

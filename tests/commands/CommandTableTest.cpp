@@ -51,7 +51,7 @@ TEST(CommandTable, HasEveryCaptionWithItsAccessKey) {
   };
   std::map<std::string_view, std::string_view> found;
   for (const Command& command : commandTable()) {
-    if (command.kind != CommandKind::kRecent) found[command.control] = command.caption;
+    if (command.kind != CommandKind::kRecent) found[command.name] = command.caption;
   }
   EXPECT_EQ(found, captions);
 }
@@ -59,15 +59,15 @@ TEST(CommandTable, HasEveryCaptionWithItsAccessKey) {
 TEST(CommandTable, HasTheFiveTopMenusInTheirOrder) {
   std::vector<std::string_view> top;
   for (const Command& command : commandTable()) {
-    if (command.parent.empty()) top.push_back(command.control);
+    if (!command.parent) top.push_back(command.name);
   }
   EXPECT_EQ(top, (std::vector<std::string_view>{"MenDat", "MenFun", "MenGra", "MenAda", "MenSer"}));
 }
 
 TEST(CommandTable, EachEntryStandsBehindAMenuThatHoldsIt) {
-  std::set<std::string_view> menus{""};
+  std::set<std::optional<Control>> menus{std::nullopt};
   for (const Command& command : commandTable()) {
-    EXPECT_TRUE(menus.contains(command.parent)) << command.control;
+    EXPECT_TRUE(menus.contains(command.parent)) << command.name;
     if (command.kind == CommandKind::kMenu) menus.insert(command.control);
   }
 }
@@ -77,17 +77,17 @@ TEST(CommandTable, TheRecentEntriesEndTheirMenusAndAreHidden) {
   for (const Command& command : commandTable()) {
     if (command.kind == CommandKind::kRecent) {
       EXPECT_FALSE(command.visible);
-      EXPECT_EQ(command.control,
-                std::string(command.parent) + "Old(" + std::to_string(recent[command.parent]++) + ")");
-    } else {
-      EXPECT_FALSE(recent.contains(command.parent)) << command.control;
+      const std::string_view parent = controlName(command.parent.value());
+      EXPECT_EQ(command.name, std::string(parent) + "Old(" + std::to_string(recent[parent]++) + ")");
+    } else if (command.parent) {
+      EXPECT_FALSE(recent.contains(controlName(*command.parent))) << command.name;
     }
   }
   EXPECT_EQ(recent, (std::map<std::string_view, int>{{"MenDat", 4}, {"MenFun", 4}, {"MenGra", 4}}));
 }
 
 TEST(CommandTable, TwoEntriesAreHiddenAndHaveNoCommand) {
-  for (const char* control : {"MenSerMod", "MenFunVar"}) {
+  for (const Control control : {Control::MenSerMod, Control::MenFunVar}) {
     const auto command = std::ranges::find(commandTable(), control, &Command::control);
     ASSERT_NE(command, commandTable().end());
     EXPECT_EQ(command->kind, CommandKind::kNothing);
@@ -98,7 +98,7 @@ TEST(CommandTable, TwoEntriesAreHiddenAndHaveNoCommand) {
 
 TEST(CommandTable, NamesAreUnique) {
   for (const Command& command : commandTable()) {
-    EXPECT_EQ(std::ranges::count(commandTable(), command.control, &Command::control), 1) << command.control;
+    EXPECT_EQ(std::ranges::count(commandTable(), command.name, &Command::name), 1) << command.name;
   }
 }
 

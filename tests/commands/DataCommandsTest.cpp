@@ -69,10 +69,10 @@ TEST_F(DataCommandsTest, AGoodFileIsTakenOver) {
   for (int i = 1; i <= 3; ++i) EXPECT_EQ(session.figures.GraphText[static_cast<std::size_t>(i)], "");
   EXPECT_EQ(session.figures.DiffText, "");
   EXPECT_EQ(session.files.RecentData.files[1], "/x/A.DAT");
-  EXPECT_TRUE(window.menuEnabled["MenDatSav"]);
-  EXPECT_TRUE(window.menuEnabled["MenDatTra"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenDatSav]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenDatTra]);
   EXPECT_EQ(window.panels[1], "Dati: A.DAT");
-  EXPECT_EQ(window.menuCaption["MenDatOld(0)"], "&1 /x/A.DAT");
+  EXPECT_EQ(window.menuCaption[Control::MenDatOld0], "&1 /x/A.DAT");
 }
 
 TEST_F(DataCommandsTest, WithErrorsAndLongMessagesTheListIsShown) {
@@ -298,8 +298,8 @@ TEST_F(DataCommandsTest, AGraphicFileIsOnlyNoted) {
   EXPECT_EQ(session.loaded.GraFile, "/g/A.GRA");
   EXPECT_EQ(session.loaded.GraDefined, -1);
   EXPECT_EQ(session.files.RecentGra.files[1], "/g/A.GRA");
-  EXPECT_TRUE(window.menuEnabled["MenGraVisFil"]);
-  EXPECT_TRUE(window.menuEnabled["MenGraPriFil"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenGraVisFil]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenGraPriFil]);
   EXPECT_EQ(window.panels[3], "Gra.: A.GRA");
 }
 

@@ -88,20 +88,20 @@ TEST_F(FitCommandTest, WithoutDataOrFunctionItSaysWhatIsMissing) {
 
 TEST_F(FitCommandTest, AfterAPropagationTheParametersAreMissingUntilTheyAreEnteredAgain) {
   Msg(session, window);
-  EXPECT_TRUE(window.menuEnabled["MenDatSim"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenDatSim]);
   ScriptedInputForm form(session, [this](int) { StoreParameters(session, window); });
   CyclingRandom random({0.25F, 0.75F});
   form.execute({"1", "2", "3", "0", "-1", "0"});
   MenSerPro(session, form, [&] { propagate(random); });
   EXPECT_EQ(session.analysis.ParVar, kFalse);
-  EXPECT_FALSE(window.menuEnabled["MenDatSim"]);
-  EXPECT_TRUE(window.menuEnabled["MenAdaAda"]);
+  EXPECT_FALSE(window.menuEnabled[Control::MenDatSim]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenAdaAda]);
   output.requests.clear();
   expectRefusal("Parametri NON Definiti!  <*> per Continuare");
 
   form.execute({"2", "3", "1", "1"});
   MenAdaPar(session, form);
-  EXPECT_TRUE(window.menuEnabled["MenDatSim"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenDatSim]);
   fit();
   EXPECT_NEAR(session.analysis.par.ParValues[1], 1.94, 1E-3);
 }

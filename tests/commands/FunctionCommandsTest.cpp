@@ -1,5 +1,6 @@
 #include "commands/FunctionCommands.h"
 
+#include "doubles/ControlNames.h"
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
@@ -15,8 +16,8 @@ constexpr const char* kGoodFile = "% two functions\r\np\r\np*x\r\nretta\r\np,q\r
 constexpr const char* kOtherFile = "k\r\nk\r\ncostante\r\n";
 constexpr const char* kBadFile = "p\r\np*z\r\nsbagliata\r\n";
 
-const std::vector<std::string> kSixEntries{"MenSerPro", "MenAda",    "MenAdaAda",
-                                           "MenAdaPar", "MenGraFun", "MenGraDif"};
+const std::vector<Control> kSixEntries{Control::MenSerPro, Control::MenAda,    Control::MenAdaAda,
+                                       Control::MenAdaPar, Control::MenGraFun, Control::MenGraDif};
 
 class FunctionCommandsTest : public testing::Test {
  protected:
@@ -51,7 +52,7 @@ class FunctionCommandsTest : public testing::Test {
     select(6, 2);
     session.analysis.ParVar = kTrue;
     session.analysis.ParametersSet = kTrue;
-    for (const std::string& control : kSixEntries) window.menuEnabled[control] = true;
+    for (const Control control : kSixEntries) window.menuEnabled[control] = true;
   }
 
   Session session;
@@ -77,14 +78,14 @@ TEST_F(FunctionCommandsTest, AGoodFileIsTakenAndRemembered) {
   EXPECT_EQ(session.loaded.FunFile, "/LAB/GOOD.FCN");
   EXPECT_EQ(session.loaded.FunFileRead, kTrue);
   EXPECT_EQ(session.loaded.catalogue.file.entries.size(), 2U);
-  EXPECT_TRUE(window.menuEnabled["MenFunCar"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenFunCar]);
   EXPECT_EQ(window.panels[2], "Fun.: GOOD.FCN");
   EXPECT_THAT(forms.calls, ElementsAre("refill load list", "refill selection"));
   EXPECT_EQ(session.files.RecentFun.RecentCount, 1);
   EXPECT_EQ(session.files.RecentFun.files[1], "/LAB/GOOD.FCN");
   EXPECT_EQ(session.files.RecentFun.paths[1], "/lab/good.fcn");
-  EXPECT_EQ(window.menuCaption["MenFunOld(0)"], "&1 /LAB/GOOD.FCN");
-  EXPECT_TRUE(window.menuVisible["MenFunOld(0)"]);
+  EXPECT_EQ(window.menuCaption[Control::MenFunOld0], "&1 /LAB/GOOD.FCN");
+  EXPECT_TRUE(window.menuVisible[Control::MenFunOld0]);
   EXPECT_EQ(session.ErrFlag, 0);
   EXPECT_TRUE(output.requests.empty());
 }
@@ -211,7 +212,7 @@ TEST_F(FunctionCommandsTest, ABadFileWhileALoadedFunctionIsCurrentLeavesItsModel
   EXPECT_EQ(session.analysis.FunDefined, kTrue);
   EXPECT_EQ(session.analysis.fun.InnerIndex, 6);
   EXPECT_EQ(session.analysis.ParVar, kTrue);
-  for (const std::string& control : kSixEntries) EXPECT_TRUE(window.menuEnabled[control]) << control;
+  for (const Control control : kSixEntries) EXPECT_TRUE(window.menuEnabled[control]) << control;
 }
 
 TEST_F(FunctionCommandsTest, AnotherFileDropsTheLoadedFunctionsAndTheCurrentOneWithThem) {
@@ -222,7 +223,7 @@ TEST_F(FunctionCommandsTest, AnotherFileDropsTheLoadedFunctionsAndTheCurrentOneW
   EXPECT_EQ(session.analysis.ParVar, kFalse);
   EXPECT_EQ(session.analysis.fun.InnerIndex, 1);
   EXPECT_EQ(session.analysis.fun.OuterIndex, 2);
-  for (const std::string& control : kSixEntries) EXPECT_FALSE(window.menuEnabled[control]) << control;
+  for (const Control control : kSixEntries) EXPECT_FALSE(window.menuEnabled[control]) << control;
   EXPECT_EQ(window.panels[4], "Fun.Att.: NO");
   EXPECT_EQ(window.panels[5], "Par.Var.: NO");
 }
@@ -231,11 +232,12 @@ TEST_F(FunctionCommandsTest, TheFigureMenusComeOnAgainWhereDataAndParametersAreT
   workWithLoadedFunction();
   session.loaded.DataDefined = kTrue;
   read("/lab/other.fcn");
-  for (const char* control : {"MenSerPro", "MenAda", "MenAdaAda", "MenAdaPar"}) {
+  for (const Control control :
+       {Control::MenSerPro, Control::MenAda, Control::MenAdaAda, Control::MenAdaPar}) {
     EXPECT_FALSE(window.menuEnabled[control]) << control;
   }
-  EXPECT_TRUE(window.menuEnabled["MenGraFun"]);
-  EXPECT_TRUE(window.menuEnabled["MenGraDif"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenGraFun]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenGraDif]);
 }
 
 TEST_F(FunctionCommandsTest, AnotherFileLeavesABuiltInCurrentFunction) {
@@ -243,23 +245,23 @@ TEST_F(FunctionCommandsTest, AnotherFileLeavesABuiltInCurrentFunction) {
   load(1);
   select(3, 2);
   session.analysis.ParVar = kTrue;
-  window.menuEnabled["MenAdaAda"] = true;
+  window.menuEnabled[Control::MenAdaAda] = true;
   read("/lab/other.fcn");
   EXPECT_EQ(session.loaded.catalogue.inner.size(), 5U);
   EXPECT_EQ(session.analysis.FunDefined, kTrue);
   EXPECT_EQ(session.analysis.ParVar, kTrue);
   EXPECT_EQ(session.analysis.fun.InnerIndex, 3);
-  EXPECT_TRUE(window.menuEnabled["MenSerPro"]);
-  EXPECT_TRUE(window.menuEnabled["MenAdaAda"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenSerPro]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenAdaAda]);
 }
 
 TEST_F(FunctionCommandsTest, SelectingAFunctionMakesItCurrent) {
   select(2, 1);
   EXPECT_EQ(session.analysis.FunDefined, kTrue);
   EXPECT_EQ(session.analysis.fun.FunctionText, " y = bx+c ");
-  EXPECT_TRUE(window.menuEnabled["MenSerPro"]);
-  EXPECT_TRUE(window.menuEnabled["MenAda"]);
-  EXPECT_TRUE(window.menuEnabled["MenAdaPar"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenSerPro]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenAda]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenAdaPar]);
   EXPECT_EQ(window.panels[4], "Fun.Att.: SI");
   EXPECT_EQ(window.panels[5], "Par.Var.: NO");
 }
@@ -289,7 +291,7 @@ TEST_F(FunctionCommandsTest, GivingUpTheFirstSelectionLeavesNoFunction) {
   forms.giveUpSelection();
   MenFunSel();
   EXPECT_EQ(session.analysis.FunDefined, kFalse);
-  EXPECT_FALSE(window.menuEnabled["MenSerPro"]);
+  EXPECT_FALSE(window.menuEnabled[Control::MenSerPro]);
   EXPECT_EQ(window.panels[4], "Fun.Att.: NO");
 }
 
@@ -322,7 +324,7 @@ TEST_F(FunctionCommandsTest, AFifthLoadThatDropsTheCurrentFunctionLeavesNone) {
   EXPECT_EQ(session.analysis.ParVar, kFalse);
   EXPECT_EQ(session.analysis.fun.InnerIndex, 0);
   EXPECT_EQ(session.analysis.fun.OuterIndex, 0);
-  EXPECT_FALSE(window.menuEnabled["MenSerPro"]);
+  EXPECT_FALSE(window.menuEnabled[Control::MenSerPro]);
   EXPECT_EQ(window.panels[4], "Fun.Att.: NO");
   EXPECT_EQ(window.panels[5], "Par.Var.: NO");
 }
@@ -335,7 +337,7 @@ TEST_F(FunctionCommandsTest, AFifthLoadThatDropsAnotherFunctionKeepsTheCurrentOn
   for (int i = 0; i < 3; ++i) load(1);
   EXPECT_EQ(session.analysis.fun.InnerIndex, 6);
   EXPECT_EQ(session.analysis.FunDefined, kTrue);
-  EXPECT_TRUE(window.menuEnabled["MenSerPro"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenSerPro]);
   EXPECT_EQ(session.analysis.fun.FunctionText, " y = parabola ");
 }
 

@@ -4,6 +4,7 @@
 
 #include "commands/CommandTable.h"
 #include "commands/StartUp.h"
+#include "doubles/ControlNames.h"
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 
@@ -18,28 +19,30 @@ class MsgTest : public testing::Test {
   }
 
   void refresh() { Msg(session, window); }
-  void expectOn(std::initializer_list<const char*> controls) { expect(controls, true); }
-  void expectOff(std::initializer_list<const char*> controls) { expect(controls, false); }
+  void expectOn(std::initializer_list<Control> controls) { expect(controls, true); }
+  void expectOff(std::initializer_list<Control> controls) { expect(controls, false); }
 
   Session session;
   RecordingMainWindow window;
 
  private:
-  void expect(std::initializer_list<const char*> controls, bool on) {
-    for (const char* control : controls) EXPECT_EQ(window.menuEnabled.at(control), on) << control;
+  void expect(std::initializer_list<Control> controls, bool on) {
+    for (const Control control : controls) EXPECT_EQ(window.menuEnabled.at(control), on) << control;
   }
 };
 
 TEST_F(MsgTest, RightAfterTheStartTheAnalysisIsOff) {
-  expectOff({"MenDatSav", "MenDatTra", "MenDatSim", "MenGraDat", "MenGraFun", "MenGraDif", "MenAda",
-             "MenAdaPar", "MenAdaAda", "MenSerPro", "MenFunCar", "MenGraVisFil", "MenGraPriFil"});
+  expectOff({Control::MenDatSav, Control::MenDatTra, Control::MenDatSim, Control::MenGraDat,
+             Control::MenGraFun, Control::MenGraDif, Control::MenAda, Control::MenAdaPar, Control::MenAdaAda,
+             Control::MenSerPro, Control::MenFunCar, Control::MenGraVisFil, Control::MenGraPriFil});
 }
 
 TEST_F(MsgTest, RightAfterTheStartReadingAndServicesAreOn) {
-  expectOn({"MenDat", "MenDatLet", "MenDatMod", "MenFun", "MenFunSel", "MenFunLet", "MenFunMod", "MenGra",
-            "MenGraLetFil", "MenGraModFil", "MenSer", "MenSerCal", "MenSerOpz", "MenSerErr", "MenSerImpDir",
-            "MenSerImpGra"});
-  EXPECT_FALSE(window.menuChecked.at("MenSerErr"));
+  expectOn({Control::MenDat, Control::MenDatLet, Control::MenDatMod, Control::MenFun, Control::MenFunSel,
+            Control::MenFunLet, Control::MenFunMod, Control::MenGra, Control::MenGraLetFil,
+            Control::MenGraModFil, Control::MenSer, Control::MenSerCal, Control::MenSerOpz,
+            Control::MenSerErr, Control::MenSerImpDir, Control::MenSerImpGra});
+  EXPECT_FALSE(window.menuChecked.at(Control::MenSerErr));
 }
 
 TEST_F(MsgTest, RightAfterTheStartThePanelsSayNo) {
@@ -53,53 +56,53 @@ TEST_F(MsgTest, RightAfterTheStartThePanelsSayNo) {
 TEST_F(MsgTest, DataAloneTurnOnTheirOwnEntries) {
   session.loaded.DataDefined = kTrue;
   refresh();
-  expectOn({"MenDatTra", "MenDatSav", "MenGraDat", "MenGraDatVis"});
-  expectOff(
-      {"MenGraDatGra", "MenDatSim", "MenGraFun", "MenGraFunVis", "MenGraDif", "MenGraDifVis", "MenAda"});
+  expectOn({Control::MenDatTra, Control::MenDatSav, Control::MenGraDat, Control::MenGraDatVis});
+  expectOff({Control::MenGraDatGra, Control::MenDatSim, Control::MenGraFun, Control::MenGraFunVis,
+             Control::MenGraDif, Control::MenGraDifVis, Control::MenAda});
 }
 
 TEST_F(MsgTest, SavingTheDataFigureNeedsATextAndData) {
   session.figures.GraphText[1] = "\\FINE";
   refresh();
-  expectOff({"MenGraDatGra"});
+  expectOff({Control::MenGraDatGra});
   session.loaded.DataDefined = kTrue;
   refresh();
-  expectOn({"MenGraDatGra"});
+  expectOn({Control::MenGraDatGra});
   session.figures.GraphText[1] = "   ";
   refresh();
-  expectOff({"MenGraDatGra"});
+  expectOff({Control::MenGraDatGra});
 }
 
 TEST_F(MsgTest, TheSimulationIsOnWheneverAParameterIsFree) {
   session.analysis.ParVar = kTrue;
   refresh();
-  expectOn({"MenDatSim"});
+  expectOn({Control::MenDatSim});
   session.analysis.FunDefined = kTrue;
   refresh();
-  expectOn({"MenDatSim"});
+  expectOn({Control::MenDatSim});
   session.analysis.ParVar = kFalse;
   refresh();
-  expectOff({"MenDatSim"});
+  expectOff({Control::MenDatSim});
 }
 
 TEST_F(MsgTest, FiguresWithAFunctionNeedParametersAndData) {
   session.analysis.ParametersSet = kTrue;
   refresh();
-  expectOff({"MenGraFun", "MenGraFunVis", "MenGraDif", "MenGraDifVis"});
+  expectOff({Control::MenGraFun, Control::MenGraFunVis, Control::MenGraDif, Control::MenGraDifVis});
   session.loaded.DataDefined = kTrue;
   refresh();
-  expectOn({"MenGraFun", "MenGraFunVis", "MenGraDif", "MenGraDifVis"});
-  expectOff({"MenGraFunGra", "MenGraDifGra", "MenGraDifSav"});
+  expectOn({Control::MenGraFun, Control::MenGraFunVis, Control::MenGraDif, Control::MenGraDifVis});
+  expectOff({Control::MenGraFunGra, Control::MenGraDifGra, Control::MenGraDifSav});
   session.analysis.ParametersSet = kFalse;
   refresh();
-  expectOff({"MenGraFun", "MenGraFunVis", "MenGraDif", "MenGraDifVis"});
+  expectOff({Control::MenGraFun, Control::MenGraFunVis, Control::MenGraDif, Control::MenGraDifVis});
 }
 
 TEST_F(MsgTest, AFreeParameterOpensTheTwoSubMenusAndTheFit) {
   session.analysis.ParVar = kTrue;
   refresh();
-  expectOn({"MenGraFun", "MenGraDif", "MenAdaAda", "MenDatSim"});
-  expectOff({"MenGraFunVis", "MenGraDifVis"});
+  expectOn({Control::MenGraFun, Control::MenGraDif, Control::MenAdaAda, Control::MenDatSim});
+  expectOff({Control::MenGraFunVis, Control::MenGraDifVis});
 }
 
 TEST_F(MsgTest, SavingAFigureNeedsItsTextAndItsDrawingEntry) {
@@ -108,21 +111,21 @@ TEST_F(MsgTest, SavingAFigureNeedsItsTextAndItsDrawingEntry) {
   session.figures.DiffText = "c";
   session.analysis.ParVar = kTrue;
   refresh();
-  expectOff({"MenGraFunGra", "MenGraDifGra", "MenGraDifSav"});
+  expectOff({Control::MenGraFunGra, Control::MenGraDifGra, Control::MenGraDifSav});
   session.analysis.ParametersSet = session.loaded.DataDefined = kTrue;
   refresh();
-  expectOn({"MenGraFunGra", "MenGraDifGra", "MenGraDifSav"});
+  expectOn({Control::MenGraFunGra, Control::MenGraDifGra, Control::MenGraDifSav});
   session.figures.GraphText[2] = session.figures.GraphText[3] = session.figures.DiffText = " ";
   refresh();
-  expectOff({"MenGraFunGra", "MenGraDifGra", "MenGraDifSav"});
+  expectOff({Control::MenGraFunGra, Control::MenGraDifGra, Control::MenGraDifSav});
 }
 
 TEST_F(MsgTest, AFunctionWithoutDataOpensTheParametersOnly) {
   session.analysis.FunDefined = kTrue;
   refresh();
   EXPECT_EQ(window.panels[4], "Fun.Att.: SI");
-  expectOn({"MenAda", "MenAdaPar"});
-  expectOff({"MenAdaAda", "MenGraFun", "MenGraDif"});
+  expectOn({Control::MenAda, Control::MenAdaPar});
+  expectOff({Control::MenAdaAda, Control::MenGraFun, Control::MenGraDif});
 }
 
 TEST_F(MsgTest, WhatIsOnlyTurnedOnStaysOn) {
@@ -132,7 +135,8 @@ TEST_F(MsgTest, WhatIsOnlyTurnedOnStaysOn) {
   session.analysis.FunDefined = session.analysis.ParVar = session.loaded.FunFileRead =
       session.loaded.GraDefined = kFalse;
   refresh();
-  expectOn({"MenFunCar", "MenGraVisFil", "MenGraPriFil", "MenAda", "MenAdaPar", "MenAdaAda"});
+  expectOn({Control::MenFunCar, Control::MenGraVisFil, Control::MenGraPriFil, Control::MenAda,
+            Control::MenAdaPar, Control::MenAdaAda});
   EXPECT_EQ(window.panels[4], "Fun.Att.: NO");
   EXPECT_EQ(window.panels[5], "Par.Var.: NO");
   EXPECT_EQ(window.panels[2], "Fun.: Nessuno");
@@ -140,7 +144,7 @@ TEST_F(MsgTest, WhatIsOnlyTurnedOnStaysOn) {
 
 TEST_F(MsgTest, LeavesThePropagationAsTheFunctionCommandsSetIt) {
   session.analysis.FunDefined = kTrue;
-  EXPECT_FALSE(sessionDisplay(session).enabled.contains("MenSerPro"));
+  EXPECT_FALSE(sessionDisplay(session).enabled.contains(Control::MenSerPro));
 }
 
 TEST_F(MsgTest, PanelsShowTheNameWithoutItsFolder) {
@@ -158,7 +162,7 @@ TEST_F(MsgTest, TheFunctionFileIsShownOnlyOnceItWasRead) {
   session.loaded.FunFile = "/home/u/LIB.FCN";
   refresh();
   EXPECT_EQ(window.panels[2], "Fun.: Nessuno");
-  expectOff({"MenFunCar"});
+  expectOff({Control::MenFunCar});
 }
 
 TEST_F(MsgTest, TwiceGivesTheSameStateForEveryCombinationOfFlags) {

@@ -231,8 +231,8 @@ TEST_F(InitialParametersTest, AfterTheEntryTheMenusFollowAndWhoeverHoldsTheMainW
   for (int i = 1; i <= 4; ++i) session.input.InpValues[i] = "1";
   StoreParameters(session, window);
   EXPECT_THAT(window.calls, testing::ElementsAre("refresh"));
-  EXPECT_TRUE(window.menuEnabled["MenAdaAda"]);
-  EXPECT_TRUE(window.menuEnabled["MenAdaPar"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenAdaAda]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenAdaPar]);
   EXPECT_EQ(window.panels[5], "Par.Var.: SI");
   EXPECT_EQ(session.analysis.par.FreeCount, 2);
 }

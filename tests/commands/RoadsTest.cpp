@@ -72,14 +72,14 @@ TEST_F(RoadTest, BehindAPropagationTheParametersOfAFitAreToBeEnteredAnew) {
   read("/data/LINE.DAT");
   selectFunction(2, 1);
   enterForFit({"2", "1", "1", "1"});
-  EXPECT_TRUE(window.menuEnabled["MenDatSim"]);
-  EXPECT_TRUE(window.menuEnabled["MenAdaAda"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenDatSim]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenAdaAda]);
 
   form.execute({"3", "2", "1", "0", "-.5", ".1"});
   MenSerPro(session, form, [this] { propagate(random); });
   EXPECT_EQ(session.analysis.ParVar, kFalse);
-  EXPECT_FALSE(window.menuEnabled["MenDatSim"]);
-  EXPECT_TRUE(window.menuEnabled["MenAdaAda"]) << "it is never turned off here";
+  EXPECT_FALSE(window.menuEnabled[Control::MenDatSim]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenAdaAda]) << "it is never turned off here";
   EXPECT_EQ(window.panels[5], "Par.Var.: NO");
 
   dialogs.expectBox();
@@ -88,7 +88,7 @@ TEST_F(RoadTest, BehindAPropagationTheParametersOfAFitAreToBeEnteredAnew) {
             (ScriptedDialogs::Box{"ERRORE !", "Parametri NON Definiti!  <*> per Continuare"}));
 
   enterForFit({"1", "0", "1", "1"});
-  EXPECT_TRUE(window.menuEnabled["MenDatSim"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenDatSim]);
   fit();
   EXPECT_THAT(screen(), testing::HasSubstr("Completata"));
   EXPECT_NEAR(fitted[1], 1.96, 0.01);

@@ -13,7 +13,7 @@ TEST(MenSerErr, TogglesItsMarkAndTheSwitchTogether) {
   for (const int expected : {-1, 0, -1}) {
     MenSerErr(session, window);
     EXPECT_EQ(session.settings.ShowErrors, expected);
-    EXPECT_EQ(window.menuChecked["MenSerErr"], expected != 0);
+    EXPECT_EQ(window.menuChecked[Control::MenSerErr], expected != 0);
   }
 }
 

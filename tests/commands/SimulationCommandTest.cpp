@@ -312,7 +312,7 @@ TEST_F(SimulationTest, TheSessionHasDataOfItsOwnName) {
   EXPECT_EQ(session.loaded.DataDefined, kTrue);
   EXPECT_EQ(session.analysis.SimFirstTime, kFalse);
   EXPECT_EQ(window.panels[1], "Dati: SIMULA.DAT");
-  EXPECT_TRUE(window.menuEnabled["MenDatSav"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenDatSav]);
   EXPECT_TRUE(files.written.empty());
 }
 

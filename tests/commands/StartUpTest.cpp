@@ -1,6 +1,7 @@
 #include "commands/StartUp.h"
 
 #include "commands/CommandTable.h"
+#include "doubles/ControlNames.h"
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 
@@ -35,11 +36,12 @@ TEST(StartUp, SetsTheStateOfEveryMenuEntry) {
   setFirstMenus(window);
   EXPECT_EQ(window.menuEnabled.size(), commandTable().size());
   EXPECT_EQ(window.menuVisible.size(), commandTable().size());
-  for (const char* control : {"MenSerMod", "MenFunVar", "MenDatOld(0)", "MenFunOld(3)", "MenGraOld(1)"}) {
+  for (const Control control : {Control::MenSerMod, Control::MenFunVar, Control::MenDatOld0,
+                                Control::MenFunOld3, Control::MenGraOld1}) {
     EXPECT_FALSE(window.menuVisible.at(control)) << control;
   }
-  EXPECT_TRUE(window.menuVisible.at("MenDatLet"));
-  EXPECT_EQ(window.menuChecked, (std::map<std::string, bool>{{"MenSerErr", false}}));
+  EXPECT_TRUE(window.menuVisible.at(Control::MenDatLet));
+  EXPECT_EQ(window.menuChecked, (std::map<Control, bool>{{Control::MenSerErr, false}}));
 }
 
 }  // namespace

@@ -118,8 +118,8 @@ class RecordingClipboard : public Clipboard {
 /// A main window that remembers its state instead of showing it.
 class RecordingMainWindow : public MainWindow {
  public:
-  std::map<std::string, bool> menuEnabled, menuVisible, menuChecked;
-  std::map<std::string, std::string> menuCaption;
+  std::map<Control, bool> menuEnabled, menuVisible, menuChecked;
+  std::map<Control, std::string> menuCaption;
   std::map<int, std::string> panels;
   std::string caption;
   std::vector<Form> holders;  ///< who holds it shut
@@ -127,12 +127,10 @@ class RecordingMainWindow : public MainWindow {
   int background = 0;
   std::vector<std::string> calls;  ///< "shut", "release", "refresh", "front" in order
 
-  void setMenuEnabled(const std::string& control, bool on) override { menuEnabled[control] = on; }
-  void setMenuVisible(const std::string& control, bool on) override { menuVisible[control] = on; }
-  void setMenuChecked(const std::string& control, bool on) override { menuChecked[control] = on; }
-  void setMenuCaption(const std::string& control, const std::string& text) override {
-    menuCaption[control] = text;
-  }
+  void setMenuEnabled(Control control, bool on) override { menuEnabled[control] = on; }
+  void setMenuVisible(Control control, bool on) override { menuVisible[control] = on; }
+  void setMenuChecked(Control control, bool on) override { menuChecked[control] = on; }
+  void setMenuCaption(Control control, const std::string& text) override { menuCaption[control] = text; }
   void setPanel(int panel, const std::string& text) override { panels[panel] = text; }
   void setCaption(const std::string& text) override { caption = text; }
   void shut(Form holder) override;

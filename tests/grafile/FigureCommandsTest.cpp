@@ -62,8 +62,8 @@ TEST_F(FigureCommandsTest, TheChosenGraphicFileRunsOnTheScreenAndOnThePrinter) {
   dialogs.pick("/G/FIG.GRA");
   MenGraLetFil(session, files, dialogs, window);
   EXPECT_EQ(session.loaded.GraFile, "/G/FIG.GRA");
-  EXPECT_TRUE(window.menuEnabled["MenGraVisFil"]);
-  EXPECT_TRUE(window.menuEnabled["MenGraPriFil"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenGraVisFil]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenGraPriFil]);
   MenGraVisFil(session, ports);
   EXPECT_EQ(lastWindow().form.lines(), drawing([](GralCls& d) { d.GralMark(3, 4); }));
   MenGraPriFil(session, ports);
@@ -88,7 +88,7 @@ TEST_F(FigureCommandsTest, TextsOfFiguresAreForgottenWithTheirData) {
   dialogs.pick("B.DAT");
   MenDatLet(session, files, dialogs, output, window);
   EXPECT_EQ(session.figures.GraphText[1], "");
-  EXPECT_FALSE(window.menuEnabled["MenGraDatGra"]);
+  EXPECT_FALSE(window.menuEnabled[Control::MenGraDatGra]);
 }
 
 }  // namespace

@@ -374,8 +374,8 @@ TEST_F(MakeGraphTest, TheSixthPointThatCannotBeComputedEndsTheFigure) {
   EXPECT_EQ(session.figures.GraphText[3], "three");
   EXPECT_EQ(session.figures.DiffText, "");
   EXPECT_TRUE(plots.windows.empty());
-  EXPECT_FALSE(window.menuEnabled["MenGraFunGra"]);
-  EXPECT_TRUE(window.menuEnabled["MenGraDatGra"]);
+  EXPECT_FALSE(window.menuEnabled[Control::MenGraFunGra]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenGraDatGra]);
 }
 
 TEST_F(MakeGraphTest, OnePointThatCannotBeComputedEndsTheDifferences) {
@@ -390,7 +390,7 @@ TEST_F(MakeGraphTest, OnePointThatCannotBeComputedEndsTheDifferences) {
   EXPECT_EQ(session.figures.GraphText[3], "");
   EXPECT_EQ(session.figures.DiffText, "");
   EXPECT_TRUE(plots.windows.empty());
-  EXPECT_FALSE(window.menuEnabled["MenGraDifSav"]);
+  EXPECT_FALSE(window.menuEnabled[Control::MenGraDifSav]);
 }
 
 TEST_F(MakeGraphTest, EqualXAreOpenedByHalfTheirValueOnBothSides) {
@@ -536,9 +536,9 @@ TEST_F(MakeGraphTest, ANewFigureReplacesItsTextAndTurnsItsEntriesOn) {
   loadPoints();
   takeFunction(2, 1, {.25, .5});
   makeGraph(kDifferencesFigure);
-  EXPECT_TRUE(window.menuEnabled["MenGraDifGra"]);
-  EXPECT_TRUE(window.menuEnabled["MenGraDifSav"]);
-  EXPECT_FALSE(window.menuEnabled["MenGraDatGra"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenGraDifGra]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenGraDifSav]);
+  EXPECT_FALSE(window.menuEnabled[Control::MenGraDatGra]);
   const std::string first = session.figures.GraphText[3];
   session.analysis.par.ParValues[1] = 1;
   makeGraph(kDifferencesFigure);

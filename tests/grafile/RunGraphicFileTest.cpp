@@ -73,7 +73,7 @@ TEST_F(RunGraphicFileTest, WithoutDataThereAreNoneAfterwards) {
   expectOwnData(before);
   EXPECT_EQ(session.loaded.DataFile, "Nessuno");
   EXPECT_EQ(session.loaded.DataDefined, kFalse);
-  EXPECT_FALSE(window.menuEnabled["MenGraDat"]);
+  EXPECT_FALSE(window.menuEnabled[Control::MenGraDat]);
 }
 
 TEST_F(RunGraphicFileTest, ADataFileThatHasGoneLeavesNoErrorBehind) {

@@ -200,8 +200,8 @@ TEST_F(FileSelectionTest, TheFirstFileShowsTheFirstEntry) {
   addRecentFile(session, window, kDataKind, "/x/A.DAT", "/x/A.DAT");
   EXPECT_EQ(session.files.RecentData.RecentCount, 1);
   EXPECT_EQ(session.files.RecentData.files[1], "/x/A.DAT");
-  EXPECT_EQ(window.menuCaption, (std::map<std::string, std::string>{{"MenDatOld(0)", "&1 /x/A.DAT"}}));
-  EXPECT_EQ(window.menuVisible, (std::map<std::string, bool>{{"MenDatOld(0)", true}}));
+  EXPECT_EQ(window.menuCaption, (std::map<Control, std::string>{{Control::MenDatOld0, "&1 /x/A.DAT"}}));
+  EXPECT_EQ(window.menuVisible, (std::map<Control, bool>{{Control::MenDatOld0, true}}));
 }
 
 TEST_F(FileSelectionTest, FiveFilesLeaveTheFourNewest) {
@@ -211,10 +211,10 @@ TEST_F(FileSelectionTest, FiveFilesLeaveTheFourNewest) {
   EXPECT_EQ(list.RecentCount, 4);
   EXPECT_EQ((std::vector{list.files[1], list.files[2], list.files[3], list.files[4]}),
             (std::vector<std::string>{"E", "D", "C", "B"}));
-  EXPECT_EQ(window.menuCaption, (std::map<std::string, std::string>{{"MenFunOld(0)", "&1 E"},
-                                                                    {"MenFunOld(1)", "&2 D"},
-                                                                    {"MenFunOld(2)", "&3 C"},
-                                                                    {"MenFunOld(3)", "&4 B"}}));
+  EXPECT_EQ(window.menuCaption, (std::map<Control, std::string>{{Control::MenFunOld0, "&1 E"},
+                                                                {Control::MenFunOld1, "&2 D"},
+                                                                {Control::MenFunOld2, "&3 C"},
+                                                                {Control::MenFunOld3, "&4 B"}}));
   EXPECT_EQ(window.menuVisible.size(), 4U);
   EXPECT_EQ(session.files.RecentData.RecentCount, 0);
 }
@@ -224,12 +224,12 @@ TEST_F(FileSelectionTest, AFileReadTwiceStandsThereTwice) {
   EXPECT_EQ(session.files.RecentGra.RecentCount, 2);
   EXPECT_EQ(session.files.RecentGra.files[1], "A");
   EXPECT_EQ(session.files.RecentGra.files[2], "A");
-  EXPECT_EQ(window.menuCaption["MenGraOld(1)"], "&2 A");
+  EXPECT_EQ(window.menuCaption[Control::MenGraOld1], "&2 A");
 }
 
 TEST_F(FileSelectionTest, AnAmpersandOfThePathIsNoAccessKey) {
   addRecentFile(session, window, kDataKind, "/A&B.DAT", "/A&B.DAT");
-  EXPECT_EQ(window.menuCaption["MenDatOld(0)"], "&1 /A&&B.DAT");
+  EXPECT_EQ(window.menuCaption[Control::MenDatOld0], "&1 /A&&B.DAT");
   EXPECT_EQ(session.files.RecentData.files[1], "/A&B.DAT");
 }
 
@@ -263,7 +263,7 @@ TEST_F(FileSelectionTest, WithoutAPickedEntryTheUserIsAskedForAnExistingFile) {
 TEST_F(FileSelectionTest, DepartureARecentEntryIsReadByThePathThatWasOpenedNotByTheNameShown) {
   addRecentFile(session, window, kFunctionKind, "/LAB/MOLLE.FCN", "/lab/molle.fcn");
   addRecentFile(session, window, kFunctionKind, "B", "b");
-  EXPECT_EQ(window.menuCaption["MenFunOld(1)"], "&2 /LAB/MOLLE.FCN");
+  EXPECT_EQ(window.menuCaption[Control::MenFunOld1], "&2 /LAB/MOLLE.FCN");
   pickRecentFile(session, kFunctionKind, 1);
   EXPECT_TRUE(pickFileToRead(session, files, dialogs, "VOR_KEL: Lettura File Funzioni", kFunctionKind, name));
   EXPECT_EQ(name, "/lab/molle.fcn");

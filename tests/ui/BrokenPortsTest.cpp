@@ -1,6 +1,7 @@
 #include <sstream>
 
 #include "commands/CommandTable.h"
+#include "doubles/ControlNames.h"
 #include "session/Msg.h"
 #include "ui/FaultyPorts.h"
 #include "ui/MainMod.h"
@@ -13,7 +14,7 @@ class BrokenProgram {
  public:
   BrokenProgram();
 
-  void run(const std::string& control) { mainMod.run(control); }
+  void run(Control control) { mainMod.run(control); }
   /// Opens the editor on the data file and types something good.
   void edit();
 
@@ -59,46 +60,47 @@ BrokenProgram::BrokenProgram() {
       "\\XSCALA(5,25,0,8)\r\n\\DATI(/b.dat)\r\n\\SCRIVI(5,5,0,0,20,abc)\r\n\\FUNZIONE(x/2)\r\n";
   files.content["/h.gra"] = "%\r\n";
   mainMod.StartUp([] {});
-  const auto read = [&](const char* control, const char* file) {
+  const auto read = [&](Control control, const char* file) {
     dialogs.file = file;
     run(control);
   };
-  read("MenDatLet", "/a.dat");
-  read("MenFunLet", "/f.fcn");
-  read("MenGraLetFil", "/g.gra");
-  run("MenFunSel");
+  read(Control::MenDatLet, "/a.dat");
+  read(Control::MenFunLet, "/f.fcn");
+  read(Control::MenGraLetFil, "/g.gra");
+  run(Control::MenFunSel);
   input.fields = {"1", "1", "1", "1"};
-  run("MenAdaPar");
-  for (const char* control : {"MenGraDatVis", "MenGraFunVis", "MenGraDifVis"}) run(control);
+  run(Control::MenAdaPar);
+  for (const Control control : {Control::MenGraDatVis, Control::MenGraFunVis, Control::MenGraDifVis})
+    run(control);
   input.fields.clear();
-  for (const char* control : {"MenDatOld(0)", "MenGraOld(0)"}) run(control);
+  for (const Control control : {Control::MenDatOld0, Control::MenGraOld0}) run(control);
 }
 
 void BrokenProgram::edit() {
   dialogs.file = "/a.dat";
-  run("MenDatMod");
+  run(Control::MenDatMod);
   editorForm.text = "x\r\ny\r\n2\r\n0 1 .1\r\n1 3 .1\r\n";
 }
 
 /// A command, and what comes before it.
 struct BrokenCommand {
-  const char* name;
+  std::string name;
   std::function<void(BrokenProgram&)> run;
   std::function<void(BrokenProgram&)> prepare = [](BrokenProgram&) {};
 };
 
-BrokenCommand menuCommand(const char* control, const std::string& file = "/neu",
+BrokenCommand menuCommand(Control control, const std::string& file = "/neu",
                           std::vector<std::string> fields = {}, bool lists = false) {
-  return {control, [control](BrokenProgram& program) { program.run(control); },
+  return {std::string(controlName(control)), [control](BrokenProgram& program) { program.run(control); },
           [=](BrokenProgram& program) {
             program.dialogs.file = file;
             program.input.fields = fields;
-            if (lists) program.run("MenSerErr");
+            if (lists) program.run(Control::MenSerErr);
           }};
 }
 
 /// A command that reads: it asks for its file, while the entry of the other list stays picked.
-BrokenCommand readingCommand(const char* control, RecentList FileSettings::*list,
+BrokenCommand readingCommand(Control control, RecentList FileSettings::*list,
                              const std::string& file = "/neu", bool lists = false) {
   BrokenCommand command = menuCommand(control, file, {}, lists);
   command.prepare = [list, prepare = command.prepare](BrokenProgram& program) {
@@ -126,58 +128,59 @@ BrokenCommand outputCommandOn(const char* name, bool drawing, std::function<void
             program.mainMod.guarded([&] { press(program); });
           },
           [drawing](BrokenProgram& program) {
-            if (!drawing) program.run("MenSerErr");
+            if (!drawing) program.run(Control::MenSerErr);
             program.dialogs.file = "/bad.dat";
             program.session.files.RecentData.pick = 0;
             program.input.fields = {"1", "1", "1", "0", "-.5", "0"};
-            program.run(drawing ? "MenSerPro" : "MenDatLet");
+            program.run(drawing ? Control::MenSerPro : Control::MenDatLet);
           }};
 }
 
 /// Every command of the menus.
 std::vector<BrokenCommand> brokenMenus() {
   std::vector<BrokenCommand> all{
-      readingCommand("MenDatLet", &FileSettings::RecentData, "/b.dat"),
-      readingCommand("MenDatLet", &FileSettings::RecentData, "/bad.dat"),
-      readingCommand("MenDatLet", &FileSettings::RecentData, "/bad.dat", true),
-      readingCommand("MenDatOld(0)", &FileSettings::RecentData),
-      menuCommand("MenDatMod", "/b.dat"),
-      menuCommand("MenDatMod", "/neu.dat"),
-      menuCommand("MenDatSav", "/b.dat"),
-      menuCommand("MenDatTra", "", {"t", "s", "x*2", "y"}),
-      menuCommand("MenDatSim", "", {"0", "10", "11", "1", "1", "1", "1"}),
-      menuCommand("MenFunLet", "/g.fcn"),
-      menuCommand("MenFunLet", "/bad.fcn"),
-      menuCommand("MenFunLet", "/bad.fcn", {}, true),
-      menuCommand("MenFunOld(0)"),
-      menuCommand("MenFunMod", "/f.fcn"),
-      menuCommand("MenFunCar"),
-      menuCommand("MenGraDatVis"),
-      menuCommand("MenGraFunVis"),
-      menuCommand("MenGraDifVis"),
-      menuCommand("MenGraFunGra", "/g.gra"),
-      menuCommand("MenGraDifSav"),
-      readingCommand("MenGraLetFil", &FileSettings::RecentGra, "/h.gra"),
-      readingCommand("MenGraOld(0)", &FileSettings::RecentGra),
-      menuCommand("MenGraVisFil"),
-      menuCommand("MenGraPriFil"),
-      menuCommand("MenAdaPar"),
-      menuCommand("MenAdaAda"),
-      menuCommand("MenSerCal"),
-      menuCommand("MenSerPro", "", {"1", "1", "1", "0", "-.5", "0"}),
-      menuCommand("MenSerImpDir"),
-      menuCommand("MenSerImpGra"),
-      menuCommand("MenSerErr"),
+      readingCommand(Control::MenDatLet, &FileSettings::RecentData, "/b.dat"),
+      readingCommand(Control::MenDatLet, &FileSettings::RecentData, "/bad.dat"),
+      readingCommand(Control::MenDatLet, &FileSettings::RecentData, "/bad.dat", true),
+      readingCommand(Control::MenDatOld0, &FileSettings::RecentData),
+      menuCommand(Control::MenDatMod, "/b.dat"),
+      menuCommand(Control::MenDatMod, "/neu.dat"),
+      menuCommand(Control::MenDatSav, "/b.dat"),
+      menuCommand(Control::MenDatTra, "", {"t", "s", "x*2", "y"}),
+      menuCommand(Control::MenDatSim, "", {"0", "10", "11", "1", "1", "1", "1"}),
+      menuCommand(Control::MenFunLet, "/g.fcn"),
+      menuCommand(Control::MenFunLet, "/bad.fcn"),
+      menuCommand(Control::MenFunLet, "/bad.fcn", {}, true),
+      menuCommand(Control::MenFunOld0),
+      menuCommand(Control::MenFunMod, "/f.fcn"),
+      menuCommand(Control::MenFunCar),
+      menuCommand(Control::MenGraDatVis),
+      menuCommand(Control::MenGraFunVis),
+      menuCommand(Control::MenGraDifVis),
+      menuCommand(Control::MenGraFunGra, "/g.gra"),
+      menuCommand(Control::MenGraDifSav),
+      readingCommand(Control::MenGraLetFil, &FileSettings::RecentGra, "/h.gra"),
+      readingCommand(Control::MenGraOld0, &FileSettings::RecentGra),
+      menuCommand(Control::MenGraVisFil),
+      menuCommand(Control::MenGraPriFil),
+      menuCommand(Control::MenAdaPar),
+      menuCommand(Control::MenAdaAda),
+      menuCommand(Control::MenSerCal),
+      menuCommand(Control::MenSerPro, "", {"1", "1", "1", "0", "-.5", "0"}),
+      menuCommand(Control::MenSerImpDir),
+      menuCommand(Control::MenSerImpGra),
+      menuCommand(Control::MenSerErr),
   };
-  all.push_back({"MenFunSel", [](BrokenProgram& program) { program.run("MenFunSel"); },
+  all.push_back({"MenFunSel", [](BrokenProgram& program) { program.run(Control::MenFunSel); },
                  [](BrokenProgram& program) { program.functions.outer = 2; }});
-  all.push_back({"MenGraFunVis with beeps", [](BrokenProgram& program) { program.run("MenGraFunVis"); },
+  all.push_back({"MenGraFunVis with beeps",
+                 [](BrokenProgram& program) { program.run(Control::MenGraFunVis); },
                  [](BrokenProgram& program) {
                    constexpr int kLogarithm = 6;
                    program.functions.outer = kLogarithm;
-                   program.run("MenFunSel");
+                   program.run(Control::MenFunSel);
                    program.input.fields = {"-1", "1", "1", "1", "1", "1"};
-                   program.run("MenAdaPar");
+                   program.run(Control::MenAdaPar);
                  }});
   return all;
 }
@@ -280,7 +283,7 @@ void expectUsable(BrokenProgram& program) {
     EXPECT_EQ(program.window.panels[panel], display.panels[static_cast<std::size_t>(panel - 1)]);
   }
   const int shown = program.session.settings.ShowErrors;
-  program.run("MenSerErr");
+  program.run(Control::MenSerErr);
   EXPECT_NE(program.session.settings.ShowErrors, shown);
 }
 
@@ -306,7 +309,7 @@ int breakCommand(const BrokenCommand& command, std::size_t port) {
     const bool editing = program.editorForm.visible;
     program.dialogs.boxes.clear();
     const auto [name, fault] = program.faults.all().at(port);
-    SCOPED_TRACE(std::string(command.name) + ", " + name + ", call " + std::to_string(call));
+    SCOPED_TRACE(command.name + ", " + name + ", call " + std::to_string(call));
     fault->arm(call, call % 2 == 0 ? int{kOutOfMemory} : int{kDeviceIoError});
     command.run(program);
     if (!fault->fired()) return ended;

@@ -175,7 +175,7 @@ TEST_F(EditorTest, AClosedEditorRenewsMenusAndPanels) {
   session.loaded.DataDefined = kTrue;
   session.loaded.DataFile = "/lavoro/PROVA.DAT";
   editor.MnuFilRin();
-  EXPECT_TRUE(window.menuEnabled["MenDatSav"]);
+  EXPECT_TRUE(window.menuEnabled[Control::MenDatSav]);
   EXPECT_EQ(window.panels[1], "Dati: PROVA.DAT");
 }
 

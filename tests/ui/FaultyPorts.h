@@ -107,16 +107,16 @@ class FaultyDialogs : public Dialogs {
 class FaultyWindow : public RecordingMainWindow {
  public:
   explicit FaultyWindow(Fault& fault) : fault_(fault) {}
-  void setMenuEnabled(const std::string& control, bool on) override {
+  void setMenuEnabled(Control control, bool on) override {
     fault_.pass(), RecordingMainWindow::setMenuEnabled(control, on);
   }
-  void setMenuVisible(const std::string& control, bool on) override {
+  void setMenuVisible(Control control, bool on) override {
     fault_.pass(), RecordingMainWindow::setMenuVisible(control, on);
   }
-  void setMenuChecked(const std::string& control, bool on) override {
+  void setMenuChecked(Control control, bool on) override {
     fault_.pass(), RecordingMainWindow::setMenuChecked(control, on);
   }
-  void setMenuCaption(const std::string& control, const std::string& text) override {
+  void setMenuCaption(Control control, const std::string& text) override {
     fault_.pass(), RecordingMainWindow::setMenuCaption(control, text);
   }
   void setPanel(int panel, const std::string& text) override {

@@ -3,6 +3,7 @@
 #include <new>
 
 #include "commands/CommandTable.h"
+#include "doubles/ControlNames.h"
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/RecordingEditorForm.h"
@@ -67,13 +68,13 @@ class MainModTest : public testing::Test {
   void readData() {
     files.content["/dati/a.dat"] = "x\r\ny\r\n3\r\n0 1 .1\r\n1 3 .1\r\n2 5.1 .1\r\n";
     dialogs.pick("/dati/a.dat");
-    mainMod.run("MenDatLet");
+    mainMod.run(Control::MenDatLet);
   }
   void chooseLine() {
     functions.select(2, 1);
-    mainMod.run("MenFunSel");
+    mainMod.run(Control::MenFunSel);
   }
-  bool on(const std::string& control) { return window.menuEnabled.at(control); }
+  bool on(Control control) { return window.menuEnabled.at(control); }
   void expectBox(const std::string& title, const std::string& text) {
     ASSERT_EQ(dialogs.boxes.size(), 1u);
     EXPECT_EQ(dialogs.boxes[0], (ScriptedDialogs::Box{title, text}));
@@ -168,19 +169,21 @@ TEST_F(MainModTest, TheStartFillsFoldersAndCatalogue) {
 
 TEST_F(MainModTest, RightAfterTheStartTheMenusOfMissingThingsAreOff) {
   start();
-  for (const char* control :
-       {"MenDatSav", "MenDatTra", "MenDatSim", "MenGraDat", "MenGraFun", "MenGraDif", "MenAda", "MenAdaPar",
-        "MenAdaAda", "MenSerPro", "MenFunCar", "MenGraVisFil", "MenGraPriFil"}) {
+  for (const Control control :
+       {Control::MenDatSav, Control::MenDatTra, Control::MenDatSim, Control::MenGraDat, Control::MenGraFun,
+        Control::MenGraDif, Control::MenAda, Control::MenAdaPar, Control::MenAdaAda, Control::MenSerPro,
+        Control::MenFunCar, Control::MenGraVisFil, Control::MenGraPriFil}) {
     EXPECT_FALSE(on(control)) << control;
   }
-  for (const char* control :
-       {"MenDat", "MenDatLet", "MenDatMod", "MenFun", "MenFunSel", "MenFunLet", "MenFunMod", "MenGra",
-        "MenGraLetFil", "MenGraModFil", "MenSer", "MenSerCal", "MenSerOpz", "MenSerErr"}) {
+  for (const Control control :
+       {Control::MenDat, Control::MenDatLet, Control::MenDatMod, Control::MenFun, Control::MenFunSel,
+        Control::MenFunLet, Control::MenFunMod, Control::MenGra, Control::MenGraLetFil, Control::MenGraModFil,
+        Control::MenSer, Control::MenSerCal, Control::MenSerOpz, Control::MenSerErr}) {
     EXPECT_TRUE(on(control)) << control;
   }
-  EXPECT_FALSE(window.menuChecked.at("MenSerErr"));
-  EXPECT_FALSE(window.menuVisible.at("MenSerMod"));
-  EXPECT_FALSE(window.menuVisible.at("MenFunVar"));
+  EXPECT_FALSE(window.menuChecked.at(Control::MenSerErr));
+  EXPECT_FALSE(window.menuVisible.at(Control::MenSerMod));
+  EXPECT_FALSE(window.menuVisible.at(Control::MenFunVar));
 }
 
 TEST(MainMod, EveryEntryThatRunsSomethingHasACommand) {
@@ -193,9 +196,8 @@ TEST(MainMod, EveryEntryThatRunsSomethingHasACommand) {
 TEST_F(MainModTest, HiddenEntriesDoNothing) {
   start();
   window.panels.clear();
-  mainMod.run("MenSerMod");
-  mainMod.run("MenFunVar");
-  mainMod.run("MenNessuno");
+  mainMod.run(Control::MenSerMod);
+  mainMod.run(Control::MenFunVar);
   EXPECT_TRUE(window.panels.empty());
 }
 
@@ -203,20 +205,20 @@ TEST_F(MainModTest, ACommandEndsWithTheRefreshOfTheDisplay) {
   start();
   readData();
   EXPECT_EQ(window.panels[1], "Dati: a.dat");
-  EXPECT_TRUE(on("MenDatSav"));
+  EXPECT_TRUE(on(Control::MenDatSav));
   window.panels.clear();
-  mainMod.run("MenSerErr");
+  mainMod.run(Control::MenSerErr);
   EXPECT_EQ(window.panels[1], "Dati: a.dat");
 }
 
 TEST_F(MainModTest, TheTwoCommandsThatOpenAPanelLeaveTheDisplay) {
   start();
-  for (const char* control : {"MenSerImpDir", "MenSerImpGra"}) {
+  for (const Control control : {Control::MenSerImpDir, Control::MenSerImpGra}) {
     window.panels.clear();
     mainMod.run(control);
     EXPECT_TRUE(window.panels.empty()) << control;
     EXPECT_TRUE(panels.isOpen());
-    mainMod.run("MenSerErr");
+    mainMod.run(Control::MenSerErr);
     EXPECT_EQ(session.settings.ShowErrors, kFalse) << "no command runs under a panel";
     panels.CmdWrkDir(0);
   }
@@ -226,7 +228,7 @@ TEST_F(MainModTest, ARecentEntryIsReadWithoutAsking) {
   start();
   readData();
   session.loaded.DataFile.clear();
-  mainMod.run("MenDatOld(0)");
+  mainMod.run(Control::MenDatOld0);
   EXPECT_EQ(session.files.RecentData.pick, 1);
   EXPECT_EQ(session.loaded.DataFile, "/dati/a.dat");
   EXPECT_EQ(dialogs.fileRequests.size(), 1u);
@@ -236,14 +238,14 @@ TEST_F(MainModTest, RecentEntriesOfFunctionsAndFiguresTakeTheirOwnLists) {
   start();
   files.content["/f.fcn"] = "A\r\nA*x\r\nretta\r\n";
   dialogs.pick("/f.fcn");
-  mainMod.run("MenFunLet");
+  mainMod.run(Control::MenFunLet);
   files.content["/g.gra"] = "%\r\n";
   dialogs.pick("/g.gra");
-  mainMod.run("MenGraLetFil");
-  mainMod.run("MenFunOld(0)");
+  mainMod.run(Control::MenGraLetFil);
+  mainMod.run(Control::MenFunOld0);
   EXPECT_EQ(session.files.RecentFun.pick, 0) << "asks again the next time";
   EXPECT_EQ(session.files.RecentFun.RecentCount, 2);
-  mainMod.run("MenGraOld(0)");
+  mainMod.run(Control::MenGraOld0);
   EXPECT_EQ(session.files.RecentGra.pick, 1);
   EXPECT_EQ(session.loaded.GraFile, "/g.gra");
   EXPECT_EQ(window.panels[3], "Gra.: g.gra");
@@ -252,11 +254,13 @@ TEST_F(MainModTest, RecentEntriesOfFunctionsAndFiguresTakeTheirOwnLists) {
 TEST_F(MainModTest, ModifyCommandsPickForTheEditor) {
   start();
   const struct {
-    const char *control, *caption, *filter;
+    Control control;
+    const char *caption, *filter;
     int kind;
-  } cases[] = {{"MenDatMod", "VOR_KEL: Modifica File Dati", "File Dati (*.DAT)", kDataKind},
-               {"MenFunMod", "VOR_KEL: Modifica File Funzioni", "File Funzioni (*.FCN)", kFunctionKind},
-               {"MenGraModFil", "VOR_KEL: Modifica File Grafico", "File Grafici (*.GRA)", kGraphicKind}};
+  } cases[] = {
+      {Control::MenDatMod, "VOR_KEL: Modifica File Dati", "File Dati (*.DAT)", kDataKind},
+      {Control::MenFunMod, "VOR_KEL: Modifica File Funzioni", "File Funzioni (*.FCN)", kFunctionKind},
+      {Control::MenGraModFil, "VOR_KEL: Modifica File Grafico", "File Grafici (*.GRA)", kGraphicKind}};
   files.content["/nota.txt"] = "testo\r\n";
   for (const auto& c : cases) {
     dialogs.fileRequests.clear();
@@ -282,16 +286,16 @@ TEST_F(MainModTest, ModifyCommandsPickForTheEditor) {
 TEST_F(MainModTest, FiguresWithoutTheirInputAreRefused) {
   start();
   dialogs.expectBox();
-  mainMod.run("MenGraDatVis");
+  mainMod.run(Control::MenGraDatVis);
   expectBox("VOR_KEL", "Dati NON Definiti!     <*> per Continuare");
-  for (const char* control : {"MenGraFunVis", "MenGraDifVis"}) {
+  for (const Control control : {Control::MenGraFunVis, Control::MenGraDifVis}) {
     dialogs.expectBox();
     mainMod.run(control);
     expectBox("VOR_KEL", "Dati e Funzione NON definiti!     <*> per Continuare");
   }
   chooseLine();
   dialogs.expectBox();
-  mainMod.run("MenGraFunVis");
+  mainMod.run(Control::MenGraFunVis);
   expectBox("VOR_KEL", "Dati NON Definiti!     <*> per Continuare");
 }
 
@@ -300,14 +304,16 @@ TEST_F(MainModTest, FiguresAreDrawnAndTheirTextsSaved) {
   readData();
   chooseLine();
   input.execute({"1", "1", "1", "1"});
-  mainMod.run("MenAdaPar");
+  mainMod.run(Control::MenAdaPar);
   const struct {
-    const char *draw, *save, *caption, *figure;
-  } cases[] = {{"MenGraDatVis", "MenGraDatGra", "VOR_KEL: Grafico Dati", "%File Grafico Dati\r\n"},
-               {"MenGraFunVis", "MenGraFunGra", "VOR_KEL: Grafico Dati e Funzione",
-                "%File Grafico Dati e Funzione\r\n"},
-               {"MenGraDifVis", "MenGraDifGra", "VOR_KEL: Grafico Differenze Dati-Funzione",
-                "%File Grafico Differenze Dati-Funzione\r\n"}};
+    Control draw, save;
+    const char *caption, *figure;
+  } cases[] = {
+      {Control::MenGraDatVis, Control::MenGraDatGra, "VOR_KEL: Grafico Dati", "%File Grafico Dati\r\n"},
+      {Control::MenGraFunVis, Control::MenGraFunGra, "VOR_KEL: Grafico Dati e Funzione",
+       "%File Grafico Dati e Funzione\r\n"},
+      {Control::MenGraDifVis, Control::MenGraDifGra, "VOR_KEL: Grafico Differenze Dati-Funzione",
+       "%File Grafico Differenze Dati-Funzione\r\n"}};
   for (const auto& c : cases) {
     EXPECT_TRUE(on(c.draw)) << c.draw;
     EXPECT_FALSE(on(c.save)) << c.save;
@@ -321,9 +327,9 @@ TEST_F(MainModTest, FiguresAreDrawnAndTheirTextsSaved) {
     files.content.erase("/figura.gra");
   }
   EXPECT_EQ(plots.windows.size(), 3u);
-  EXPECT_TRUE(on("MenGraDifSav"));
+  EXPECT_TRUE(on(Control::MenGraDifSav));
   dialogs.pick("/differenze.dat");
-  mainMod.run("MenGraDifSav");
+  mainMod.run(Control::MenGraDifSav);
   EXPECT_EQ(files.content.at("/differenze.dat").rfind("%File Dati Differenze Dati-Funzione\r\n", 0), 0u);
 }
 
@@ -331,13 +337,13 @@ TEST_F(MainModTest, TheChosenGraphicFileRunsOnTheScreenAndOnThePrinter) {
   start();
   files.content["/g.gra"] = "\\SIMBOLO(3,4)\r\n";
   dialogs.pick("/g.gra");
-  mainMod.run("MenGraLetFil");
-  EXPECT_TRUE(on("MenGraVisFil"));
-  EXPECT_TRUE(on("MenGraPriFil"));
-  mainMod.run("MenGraVisFil");
+  mainMod.run(Control::MenGraLetFil);
+  EXPECT_TRUE(on(Control::MenGraVisFil));
+  EXPECT_TRUE(on(Control::MenGraPriFil));
+  mainMod.run(Control::MenGraVisFil);
   ASSERT_EQ(plots.windows.size(), 1u);
   EXPECT_EQ(plots.windows[0]->form.Caption(), "VOR_KEL: Visualizza File Grafico");
-  mainMod.run("MenGraPriFil");
+  mainMod.run(Control::MenGraPriFil);
   EXPECT_EQ(plots.windows.size(), 1u);
   EXPECT_EQ(figurePrinter.documents(), 1);
 }
@@ -346,15 +352,15 @@ TEST_F(MainModTest, AGraphicFileThatHasGoneEndsTheCommand) {
   start();
   files.content["/g.gra"] = "%\r\n";
   dialogs.pick("/g.gra");
-  mainMod.run("MenGraLetFil");
+  mainMod.run(Control::MenGraLetFil);
   files.content.erase("/g.gra");
   dialogs.expectBox();
-  mainMod.run("MenGraVisFil");
+  mainMod.run(Control::MenGraVisFil);
   expectBox("VOR_KEL", RuntimeError(kFileNotFound).message());
   EXPECT_EQ(window.panels[3], "Gra.: g.gra");
-  EXPECT_TRUE(on("MenGraVisFil"));
+  EXPECT_TRUE(on(Control::MenGraVisFil));
   files.content["/g.gra"] = "%\r\n";
-  mainMod.run("MenGraVisFil");
+  mainMod.run(Control::MenGraVisFil);
   EXPECT_EQ(plots.windows.size(), 1u);
 }
 
@@ -364,8 +370,8 @@ TEST_F(MainModTest, AGraphicFileThatEndsTooSoonLeavesNoWindowAndNoData) {
   files.content["/B.DAT"] = "x\r\ny\r\n2\r\n5 1 .1\r\n6 3 .1\r\n";
   files.content["/g.gra"] = "\\DATI(/B.DAT)\r\n\\SIMBOLO(3,4)&";
   dialogs.pick("/g.gra");
-  mainMod.run("MenGraLetFil");
-  for (const char* control : {"MenGraVisFil", "MenGraPriFil"}) {
+  mainMod.run(Control::MenGraLetFil);
+  for (const Control control : {Control::MenGraVisFil, Control::MenGraPriFil}) {
     dialogs.expectBox();
     mainMod.run(control);
     expectBox("VOR_KEL", "Errore di run-time '62':\n\nInput oltre la fine del file");
@@ -374,7 +380,7 @@ TEST_F(MainModTest, AGraphicFileThatEndsTooSoonLeavesNoWindowAndNoData) {
     EXPECT_EQ(session.loaded.data.NumPnt, 3);
   }
   files.content["/g.gra"] = "\\SIMBOLO(1,1)\r\n";
-  mainMod.run("MenGraPriFil");
+  mainMod.run(Control::MenGraPriFil);
   EXPECT_EQ(figurePrinter.documents(), 1);
   const std::vector<std::string> printed = figurePrinter.lines();
   EXPECT_THAT(printed, testing::Not(Contains(HasSubstr("3,4")))) << "nothing is left of what broke off";
@@ -385,29 +391,29 @@ TEST_F(MainModTest, ARecentFileThatHasGoneChangesNothingAndTheNextReadingAsks) {
   readData();
   files.content["/dati/b.dat"] = "x\r\ny\r\n2\r\n0 1 .1\r\n1 3 .1\r\n";
   dialogs.pick("/dati/b.dat");
-  mainMod.run("MenDatLet");
+  mainMod.run(Control::MenDatLet);
   files.content.erase("/dati/a.dat");
   const auto captions = window.menuCaption;
   dialogs.expectBox();
-  mainMod.run("MenDatOld(1)");
+  mainMod.run(Control::MenDatOld1);
   expectBox("VOR_KEL", "Errore di run-time '53':\n\nImpossibile trovare il file");
   EXPECT_EQ(window.panels[1], "Dati: b.dat");
   EXPECT_EQ(window.menuCaption, captions);
   EXPECT_EQ(session.files.RecentData.RecentCount, 2);
   dialogs.pick("/dati/b.dat");
-  mainMod.run("MenDatLet");
+  mainMod.run(Control::MenDatLet);
   EXPECT_EQ(session.files.RecentData.RecentCount, 3) << "read by the dialog";
 }
 
 TEST_F(MainModTest, ACommandThatBreaksOffDropsThePickedEntryOfTheListThatItReadsAndOfNoOther) {
   start();
   struct Reading {
-    const char* control;
+    Control control;
     RecentList FileSettings::*list;
   };
-  for (const Reading& failing : {Reading{"MenDatLet", &FileSettings::RecentData},
-                                 {"MenFunLet", &FileSettings::RecentFun},
-                                 {"MenGraVisFil", nullptr}}) {
+  for (const Reading& failing : {Reading{Control::MenDatLet, &FileSettings::RecentData},
+                                 {Control::MenFunLet, &FileSettings::RecentFun},
+                                 {Control::MenGraVisFil, nullptr}}) {
     for (RecentList* list : {&session.files.RecentData, &session.files.RecentFun, &session.files.RecentGra}) {
       list->paths[1] = "/manca";
       list->pick = 1;
@@ -427,13 +433,13 @@ TEST_F(MainModTest, ACommandThatBreaksOffDropsThePickedEntryOfTheListThatItReads
 TEST_F(MainModTest, APickedEntryOutlivesTheFailureOfAnotherCommand) {
   start();
   readData();
-  mainMod.run("MenDatOld(0)");
+  mainMod.run(Control::MenDatOld0);
   session.loaded.GraFile = "/manca.gra";
   dialogs.expectBox();
-  mainMod.run("MenGraVisFil");
+  mainMod.run(Control::MenGraVisFil);
   dialogs.boxes.clear();
   const auto asked = dialogs.fileRequests.size();
-  mainMod.run("MenDatLet");
+  mainMod.run(Control::MenDatLet);
   EXPECT_EQ(dialogs.fileRequests.size(), asked) << "the entry is read without asking";
   EXPECT_EQ(session.files.RecentData.RecentCount, 3);
 }
@@ -441,7 +447,7 @@ TEST_F(MainModTest, APickedEntryOutlivesTheFailureOfAnotherCommand) {
 TEST_F(MainModTest, AClickIntoAFigureCanPutItAway) {
   start();
   readData();
-  mainMod.run("MenGraDatVis");
+  mainMod.run(Control::MenGraDatVis);
   window.calls.clear();
   dialogs.press(2);
   plots.windows[0]->click();
@@ -453,7 +459,7 @@ TEST_F(MainModTest, TheFitIsRefusedWithItsFourTexts) {
   start();
   const auto refused = [&](const std::string& text) {
     dialogs.expectBox();
-    mainMod.run("MenAdaAda");
+    mainMod.run(Control::MenAdaAda);
     expectBox("ERRORE !", text + "  <*> per Continuare");
   };
   refused("Dati e Funzione NON definiti!");
@@ -470,9 +476,9 @@ TEST_F(MainModTest, TheFitRunsUnderItsFlag) {
   readData();
   chooseLine();
   input.execute({"1", "1", "1", "1"});
-  mainMod.run("MenAdaPar");
+  mainMod.run(Control::MenAdaPar);
   EXPECT_EQ(session.analysis.ParVar, kTrue);
-  mainMod.run("MenAdaAda");
+  mainMod.run(Control::MenAdaAda);
   EXPECT_THAT(output.fitRunning, ElementsAre(kTrue));
   EXPECT_EQ(session.FitRunning, kFalse);
   EXPECT_TRUE(output.isOpen());
@@ -485,9 +491,9 @@ TEST_F(MainModTest, TheFlagOfTheFitFallsAlsoAfterAFailure) {
   readData();
   chooseLine();
   input.execute({"0", "0", "1", "1"});
-  mainMod.run("MenAdaPar");
+  mainMod.run(Control::MenAdaPar);
   session.loaded.data.ErrYpnt.span(1, 3)[0] = 0;
-  mainMod.run("MenAdaAda");
+  mainMod.run(Control::MenAdaAda);
   EXPECT_EQ(session.FitRunning, kFalse);
 }
 
@@ -496,7 +502,7 @@ TEST_F(MainModTest, ParametersAreEnteredForAFit) {
   chooseLine();
   session.analysis.PropagationMode = kTrue;
   input.giveUp();
-  mainMod.run("MenAdaPar");
+  mainMod.run(Control::MenAdaPar);
   EXPECT_EQ(session.analysis.PropagationMode, kFalse);
   EXPECT_EQ(input.shown.at(0).caption, "VOR_KEL: Parametri Iniziali");
   EXPECT_EQ(session.ErrFlag, kTrue);
@@ -504,18 +510,18 @@ TEST_F(MainModTest, ParametersAreEnteredForAFit) {
 
 TEST_F(MainModTest, PropagationAsksForErrorsAndLeavesNoFlag) {
   start();
-  mainMod.run("MenSerPro");
+  mainMod.run(Control::MenSerPro);
   EXPECT_TRUE(input.shown.empty()) << "without a function nothing happens";
   EXPECT_EQ(session.analysis.PropagationMode, kFalse);
   chooseLine();
-  EXPECT_TRUE(on("MenSerPro"));
+  EXPECT_TRUE(on(Control::MenSerPro));
   input.giveUp();
-  mainMod.run("MenSerPro");
+  mainMod.run(Control::MenSerPro);
   EXPECT_EQ(input.shown.at(0).caption, "VOR_KEL: Propagazione Errori");
   EXPECT_EQ(session.analysis.PropagationMode, kTrue);
   EXPECT_EQ(session.ErrFlag, 0);
   input.execute({"1", "1", "1", "0", "-.5", "0"});
-  mainMod.run("MenSerPro");
+  mainMod.run(Control::MenSerPro);
   EXPECT_EQ(session.ErrFlag, 0);
   EXPECT_EQ(output.request().caption, "VOR_KEL: Propagazione Errori");
   EXPECT_TRUE(output.isOpen());
@@ -528,7 +534,7 @@ TEST_F(MainModTest, AHistogramIsSavedInTheFolderOfDataFiles) {
   start();
   chooseLine();
   input.execute({"1", "1", "1", "0", "-.5", "0"});
-  mainMod.run("MenSerPro");
+  mainMod.run(Control::MenSerPro);
   output.saveRoutine()();
   EXPECT_THAT(files.written, ElementsAre("/program/Mon_Sim.DAT"));
 }
@@ -537,7 +543,7 @@ TEST_F(MainModTest, DataAreTransformed) {
   start();
   readData();
   input.execute({"x", "y", "x*2", "y", "dy"});
-  mainMod.run("MenDatTra");
+  mainMod.run(Control::MenDatTra);
   EXPECT_EQ(input.shown.at(0).caption, "VOR_KEL: Trasformazione Dati");
   EXPECT_EQ(session.loaded.data.Xpnt[3], 4);
 }
@@ -548,7 +554,7 @@ TEST_F(MainModTest, EachCommandTellsOnceOfAGammaFunctionThatDoesNotConverge) {
   for (int command = 1; command <= 2; ++command) {
     input.execute({"x", "y", "x+0*C_X2(800,800)", "y+0*C_P(400,401)", "dy"});
     dialogs.expectBox();
-    mainMod.run("MenDatTra");
+    mainMod.run(Control::MenDatTra);
     expectBox("D_X2", "Errori nel Calcolo della Funzione");
   }
 }
@@ -557,9 +563,9 @@ TEST_F(MainModTest, DataAreSimulatedAndFittedUnderTheFlagOfTheFit) {
   start();
   chooseLine();
   input.execute({"2", "1", "1", "1"});
-  mainMod.run("MenAdaPar");
+  mainMod.run(Control::MenAdaPar);
   input.execute({"0", "10", "11", "1", "1", "0", "0"});
-  mainMod.run("MenDatSim");
+  mainMod.run(Control::MenDatSim);
   EXPECT_EQ(input.shown.at(1).caption, "VOR_KEL: Simulazione Dati");
   EXPECT_EQ(window.panels[1], "Dati: SIMULA.DAT");
   EXPECT_THAT(output.fitRunning, ElementsAre(kTrue));
@@ -570,31 +576,31 @@ TEST_F(MainModTest, DataAreSimulatedAndFittedUnderTheFlagOfTheFit) {
 
 TEST_F(MainModTest, TheCalculatorIsStartedAtEachClick) {
   start();
-  mainMod.run("MenSerCal");
-  mainMod.run("MenSerCal");
+  mainMod.run(Control::MenSerCal);
+  mainMod.run(Control::MenSerCal);
   EXPECT_THAT(process.started, ElementsAre("/program/tabulo", "/program/tabulo"));
   process.works = false;
   dialogs.expectBox();
-  mainMod.run("MenSerCal");
+  mainMod.run(Control::MenSerCal);
   expectBox("VOR_KEL", "Calcolatrice NON Trovata!     <*> per Continuare");
 }
 
 TEST_F(MainModTest, OneCommandRunsAtATime) {
   start();
-  functions.whileOpen = [this] { mainMod.run("MenSerErr"); };
+  functions.whileOpen = [this] { mainMod.run(Control::MenSerErr); };
   functions.giveUpSelection();
-  mainMod.run("MenFunSel");
+  mainMod.run(Control::MenFunSel);
   EXPECT_EQ(session.settings.ShowErrors, kFalse);
-  mainMod.run("MenSerErr");
+  mainMod.run(Control::MenSerErr);
   EXPECT_EQ(session.settings.ShowErrors, kTrue);
 }
 
 TEST_F(MainModTest, TheErrorOptionAndItsMarkChangeTogether) {
   start();
   for (int expected : {kTrue, kFalse, kTrue}) {
-    mainMod.run("MenSerErr");
+    mainMod.run(Control::MenSerErr);
     EXPECT_EQ(session.settings.ShowErrors, expected);
-    EXPECT_EQ(window.menuChecked.at("MenSerErr"), expected == kTrue);
+    EXPECT_EQ(window.menuChecked.at(Control::MenSerErr), expected == kTrue);
   }
 }
 
@@ -605,11 +611,11 @@ TEST_F(MainModTest, AnUnguardedErrorIsToldAndEndsTheCommand) {
   dialogs.pick("/a.dat");
   dialogs.expectBox();
   window.panels.clear();
-  mainMod.run("MenDatLet");
+  mainMod.run(Control::MenDatLet);
   expectBox("VOR_KEL", "Errore di run-time '70':\n\nAutorizzazione negata");
   EXPECT_EQ(window.panels[1], "Dati: Nessuno");
   EXPECT_EQ(session.loaded.DataFile, "Nessuno");
-  mainMod.run("MenSerErr");
+  mainMod.run(Control::MenSerErr);
   EXPECT_EQ(session.settings.ShowErrors, kTrue) << "the program goes on";
 }
 
@@ -621,13 +627,13 @@ TEST_F(MainModTest, AFunctionFileThatCannotBeReadLeavesSwitchesAndFunctions) {
   files.readError["/f.fcn"] = kDeviceIoError;
   dialogs.pick("/f.fcn");
   dialogs.expectBox();
-  mainMod.run("MenFunLet");
+  mainMod.run(Control::MenFunLet);
   dialogs.boxes.clear();
   EXPECT_EQ(session.TraceEnabled, kFalse);
   EXPECT_EQ(session.CheckFunctions, kFalse);
   EXPECT_EQ(session.analysis.PropagationMode, kTrue);
   EXPECT_EQ(session.loaded.FunFileRead, kFalse);
-  EXPECT_FALSE(on("MenFunCar"));
+  EXPECT_FALSE(on(Control::MenFunCar));
 }
 
 TEST_F(MainModTest, ExhaustedMemoryIsRunTimeErrorSeven) {
@@ -640,16 +646,16 @@ TEST_F(MainModTest, APanelThatCannotBeOpenedLeavesTheMenus) {
   start();
   view.failure = kOutOfMemory;
   dialogs.expectBox();
-  mainMod.run("MenSerImpDir");
+  mainMod.run(Control::MenSerImpDir);
   dialogs.boxes.clear();
   EXPECT_FALSE(panels.isOpen());
   EXPECT_EQ(window.caption, "VOR_KEL");
-  EXPECT_TRUE(on("MenDat"));
+  EXPECT_TRUE(on(Control::MenDat));
 }
 
 TEST_F(MainModTest, FlagsAreExactlyTrueOrFalseAfterEveryCommand) {
   start();
-  const auto check = [&](const char* control) {
+  const auto check = [&](Control control) {
     for (const Flag flag :
          {session.loaded.DataDefined, session.loaded.FunFileRead, session.analysis.FunDefined,
           session.analysis.ParametersSet, session.analysis.ParVar, session.loaded.GraDefined,
@@ -660,40 +666,41 @@ TEST_F(MainModTest, FlagsAreExactlyTrueOrFalseAfterEveryCommand) {
     }
   };
   readData();
-  check("MenDatLet");
+  check(Control::MenDatLet);
   files.content["/f.fcn"] = "A,B\r\nA*x+B\r\nretta\r\n";
   dialogs.pick("/f.fcn");
-  mainMod.run("MenFunLet");
-  check("MenFunLet");
+  mainMod.run(Control::MenFunLet);
+  check(Control::MenFunLet);
   functions.load(1);
-  mainMod.run("MenFunCar");
-  check("MenFunCar");
+  mainMod.run(Control::MenFunCar);
+  check(Control::MenFunCar);
   functions.select(6, 1);
-  mainMod.run("MenFunSel");
-  check("MenFunSel");
+  mainMod.run(Control::MenFunSel);
+  check(Control::MenFunSel);
   input.execute({"1", "1", "1", "1"});
-  mainMod.run("MenAdaPar");
-  check("MenAdaPar");
-  for (const char* control : {"MenAdaAda", "MenSerErr", "MenSerImpDir"}) {
+  mainMod.run(Control::MenAdaPar);
+  check(Control::MenAdaPar);
+  for (const Control control : {Control::MenAdaAda, Control::MenSerErr, Control::MenSerImpDir}) {
     mainMod.run(control);
     check(control);
   }
   panels.CmdWrkDir(1);
-  mainMod.run("MenSerImpGra");
+  mainMod.run(Control::MenSerImpGra);
   panels.CmdImpGra(1);
-  check("MenSerImpGra");
+  check(Control::MenSerImpGra);
 }
 
 class MainPanelsTest : public MainModTest {
  protected:
   void SetUp() override { start(); }
   std::vector<bool> topMenus() {
-    return {on("MenAda"), on("MenDat"), on("MenFun"), on("MenGra"), on("MenSer")};
+    return {on(Control::MenAda), on(Control::MenDat), on(Control::MenFun), on(Control::MenGra),
+            on(Control::MenSer)};
   }
 };
 
 TEST_F(MainPanelsTest, TheDirectoryPanelIsABusyState) {
-  mainMod.run("MenSerImpDir");
+  mainMod.run(Control::MenSerImpDir);
   EXPECT_EQ(panels.PanelClosed, kFalse);
   EXPECT_EQ(window.caption, "VOR_KEL: Selezione Directory di Lavoro");
   EXPECT_THAT(topMenus(), Each(false));
@@ -703,7 +710,7 @@ TEST_F(MainPanelsTest, TheDirectoryPanelIsABusyState) {
 
 TEST_F(MainPanelsTest, BothButtonsEndTheDirectoryPanel) {
   for (int button : {0, 1}) {
-    mainMod.run("MenSerImpDir");
+    mainMod.run(Control::MenSerImpDir);
     panels.CmdWrkDir(button);
     EXPECT_EQ(panels.PanelClosed, kTrue);
     EXPECT_EQ(window.caption, "VOR_KEL");
@@ -714,18 +721,18 @@ TEST_F(MainPanelsTest, BothButtonsEndTheDirectoryPanel) {
 
 TEST_F(MainPanelsTest, TheMenuOfFitsComesBackWithAFunctionOnly) {
   chooseLine();
-  mainMod.run("MenSerImpDir");
-  EXPECT_FALSE(on("MenAda"));
+  mainMod.run(Control::MenSerImpDir);
+  EXPECT_FALSE(on(Control::MenAda));
   panels.CmdWrkDir(0);
-  EXPECT_TRUE(on("MenAda"));
+  EXPECT_TRUE(on(Control::MenAda));
 }
 
 TEST_F(MainPanelsTest, EseguiReachesTheFilePickerAndRinunciaDoesNot) {
-  mainMod.run("MenSerImpDir");
+  mainMod.run(Control::MenSerImpDir);
   session.files.WorkDir = {"", "/d", "/f", "/g"};
   panels.CmdWrkDir(0);
   EXPECT_EQ(session.files.DataDir, "/program");
-  mainMod.run("MenSerImpDir");
+  mainMod.run(Control::MenSerImpDir);
   EXPECT_EQ(panels.directory().caption(1), " File Dati:\n /d");
   panels.CmdWrkDir(1);
   EXPECT_EQ(session.files.DataDir, "/d");
@@ -734,7 +741,7 @@ TEST_F(MainPanelsTest, EseguiReachesTheFilePickerAndRinunciaDoesNot) {
 }
 
 TEST_F(MainPanelsTest, TheOptionsPanelShowsItsCaption) {
-  mainMod.run("MenSerImpGra");
+  mainMod.run(Control::MenSerImpGra);
   EXPECT_EQ(window.caption, "VOR_KEL: Impostazioni Grafiche");
   EXPECT_THAT(topMenus(), Each(false));
   EXPECT_THAT(view.calls, ElementsAre("show FraGra", "sync FraGra"));
@@ -744,7 +751,7 @@ TEST_F(MainPanelsTest, TheOptionsPanelShowsItsCaption) {
 }
 
 TEST_F(MainPanelsTest, AccettaSetsThePictureOfTheWindow) {
-  mainMod.run("MenSerImpGra");
+  mainMod.run(Control::MenSerImpGra);
   panels.graphics().stepPicture();
   EXPECT_EQ(window.background, 0);
   panels.CmdImpGra(1);
@@ -752,7 +759,7 @@ TEST_F(MainPanelsTest, AccettaSetsThePictureOfTheWindow) {
 }
 
 TEST_F(MainPanelsTest, RinunciaKeepsThePictureAndTheScales) {
-  mainMod.run("MenSerImpGra");
+  mainMod.run(Control::MenSerImpGra);
   panels.graphics().stepPicture();
   for (int row = 0; row < 4; ++row) panels.graphics().scroll(row, 20);
   panels.graphics().choosePaper(1);

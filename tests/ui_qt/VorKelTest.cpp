@@ -77,7 +77,7 @@ TEST_F(VorKelTest, TheMenusAreThoseOfTheTable) {
   for (const QAction* action : window().menuBar()->actions()) top << action->text();
   EXPECT_EQ(top, (QStringList{"&Dati", "&Funzioni", "&Grafici", "&Adattamento", "&Servizi"}));
   for (const Command& command : commandTable()) {
-    const QString name = QString::fromStdString(std::string(command.control));
+    const QString name = QString::fromStdString(std::string(command.name));
     const QString caption = QString::fromStdString(std::string(command.caption));
     if (command.kind == CommandKind::kMenu) {
       EXPECT_EQ(at<QMenu>(name)->title(), caption);
@@ -121,8 +121,8 @@ TEST_F(VorKelTest, TheMarkOfTheErrorOptionFollowsTheSession) {
 }
 
 TEST_F(VorKelTest, AnAmpersandOfAPathIsShown) {
-  window().setMenuCaption("MenDatOld(0)", "&1 /a&&b.dat");
-  window().setMenuVisible("MenDatOld(0)", true);
+  window().setMenuCaption(Control::MenDatOld0, "&1 /a&&b.dat");
+  window().setMenuVisible(Control::MenDatOld0, true);
   EXPECT_EQ(at<QAction>("MenDatOld(0)")->text(), "&1 /a&&b.dat");
 }
 

@@ -154,7 +154,7 @@ void Walker::playWith(QFrame* panel) {
 void Walker::chooseCommand() {
   const auto table = commandTable();
   const Command& command = table[static_cast<std::size_t>(random(static_cast<int>(table.size())))];
-  auto* action = window_->findChild<QAction*>(QString::fromStdString(std::string(command.control)));
+  auto* action = window_->findChild<QAction*>(QString::fromStdString(std::string(command.name)));
   if (action == nullptr || !action->isVisible()) return;
   ++commands;
   // Opening menus takes the time of their pop-up; most choices go the short way.

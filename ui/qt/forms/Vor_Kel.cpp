@@ -23,8 +23,8 @@ constexpr double kPanelAbove = 100;
 constexpr int kLeastPanel = 150;
 constexpr int kLongestEntry = 60;
 
-QString name(std::string_view control) {
-  return QString::fromUtf8(control.data(), static_cast<qsizetype>(control.size()));
+QString controlText(std::string_view name) {
+  return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
 }
 
 }  // namespace
@@ -65,25 +65,24 @@ void Vor_Kel::buildMenus() {
 }
 
 void Vor_Kel::addMenu(const Command& entry) {
-  QMenu* parent = entry.parent.empty() ? nullptr : actions_.at(std::string(entry.parent))->menu();
+  QMenu* parent = entry.parent ? actions_.at(*entry.parent)->menu() : nullptr;
   const QString caption = fromWindowText(entry.caption);
   QMenu* menu = parent == nullptr ? menuBar()->addMenu(caption) : parent->addMenu(caption);
-  menu->setObjectName(name(entry.control));
+  menu->setObjectName(controlText(entry.name));
   menu->setAccessibleName(QString(caption).remove('&'));
   explainShortened(menu);
-  actions_[std::string(entry.control)] = menu->menuAction();
+  actions_[entry.control] = menu->menuAction();
 }
 
 void Vor_Kel::addEntry(const Command& entry) {
-  const std::string control(entry.control);
-  QAction* action = actions_.at(std::string(entry.parent))->menu()->addAction(fromWindowText(entry.caption));
-  action->setObjectName(name(entry.control));
+  QAction* action = actions_.at(entry.parent.value())->menu()->addAction(fromWindowText(entry.caption));
+  action->setObjectName(controlText(entry.name));
   action->setEnabled(entry.enabled);
   action->setVisible(entry.visible);
   action->setCheckable(entry.kind == CommandKind::kCheck);
   action->setMenuRole(QAction::NoRole);
-  actions_[control] = action;
-  connect(action, &QAction::triggered, this, [this, control] {
+  actions_[entry.control] = action;
+  connect(action, &QAction::triggered, this, [this, control = entry.control] {
     if (command) command(control);
   });
 }
@@ -133,7 +132,7 @@ void Vor_Kel::placeFirst() {
   move(area.center() - rect().center());
 }
 
-void Vor_Kel::setMenuEnabled(const std::string& control, bool enabled) {
+void Vor_Kel::setMenuEnabled(Control control, bool enabled) {
   menuEnabled_[control] = enabled;
   applyMenuStates();
 }
@@ -141,7 +140,7 @@ void Vor_Kel::setMenuEnabled(const std::string& control, bool enabled) {
 void Vor_Kel::applyMenuStates() {
   const auto table = commandTable();
   const bool anyMenu = std::any_of(table.begin(), table.end(), [this](const Command& entry) {
-    return entry.parent.empty() && menuEnabled_[std::string(entry.control)];
+    return !entry.parent && menuEnabled_[entry.control];
   });
   // A bar of grey menus would take the access keys from the buttons of an open panel.
   menuBar()->setEnabled(anyMenu);
@@ -149,15 +148,15 @@ void Vor_Kel::applyMenuStates() {
   for (const auto& [control, enabled] : menuEnabled_) actions_.at(control)->setEnabled(enabled);
 }
 
-void Vor_Kel::setMenuVisible(const std::string& control, bool visible) {
+void Vor_Kel::setMenuVisible(Control control, bool visible) {
   actions_.at(control)->setVisible(visible);
 }
 
-void Vor_Kel::setMenuChecked(const std::string& control, bool checked) {
+void Vor_Kel::setMenuChecked(Control control, bool checked) {
   actions_.at(control)->setChecked(checked);
 }
 
-void Vor_Kel::setMenuCaption(const std::string& control, const std::string& caption) {
+void Vor_Kel::setMenuCaption(Control control, const std::string& caption) {
   // What follows a tab would be shown as a shortcut.
   const QString whole = fromWindowText(caption).replace('\t', ' ');
   QAction* entry = actions_.at(control);

@@ -42,17 +42,17 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
   /// Gives the client area its first size and centres the window on the screen.
   void placeFirst();
 
-  /// Runs a command by its control name.
-  std::function<void(const std::string&)> command;
+  /// Runs the command of a control.
+  std::function<void(Control)> command;
   /// The window is being closed: ends the program, or gives false and it stays.
   std::function<bool()> unload;
   /// The user turns to the window while this form holds it shut.
   std::function<void(Form)> turnedToWhileShut;
 
-  void setMenuEnabled(const std::string& control, bool enabled) override;
-  void setMenuVisible(const std::string& control, bool visible) override;
-  void setMenuChecked(const std::string& control, bool checked) override;
-  void setMenuCaption(const std::string& control, const std::string& caption) override;
+  void setMenuEnabled(Control control, bool enabled) override;
+  void setMenuVisible(Control control, bool visible) override;
+  void setMenuChecked(Control control, bool checked) override;
+  void setMenuCaption(Control control, const std::string& caption) override;
   void setPanel(int panel, const std::string& text) override;
   void setCaption(const std::string& caption) override;
   void shut(Form holder) override;
@@ -84,9 +84,9 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
 
   Breath& breath_;
   Backdrop* backdrop_;
-  std::map<std::string, QAction*> actions_;  ///< by control name; of a menu, its own entry
-  std::map<std::string, bool> menuEnabled_;  ///< as commands want it
-  std::vector<Form> holders_;                ///< who holds the window shut
+  std::map<Control, QAction*> actions_;  ///< of a menu, its own entry
+  std::map<Control, bool> menuEnabled_;  ///< as commands want it
+  std::vector<Form> holders_;            ///< who holds the window shut
   std::array<NameLabel*, 5> panels_{};
   FraDir* FraDir_ = nullptr;
   FraGra* FraGra_ = nullptr;

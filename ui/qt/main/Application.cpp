@@ -25,7 +25,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
   window_.buildPanels(session_, panels_, runner());
   panels_.setView(window_);
   editor_.setForm(editForm_);
-  window_.command = [this](const std::string& control) { mainMod_.run(control); };
+  window_.command = [this](Control control) { mainMod_.run(control); };
   window_.unload = [this] {
     // A figure that is being drawn needs its window to the end of its command.
     if (mainMod_.isRunning()) return false;

@@ -9,6 +9,7 @@
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "expr/CmpMod.h"
+#include "numeric/SpecialFunctions.h"
 
 namespace vk {
 namespace {
@@ -112,8 +113,9 @@ bool Fit::minimise(const Array<double>& errors) {
   started_ = clock_.timer();
   DataResiduals ofData(session_, dialogs_, errors.span(1, M()));
   WatchedResiduals residuals(ofData, observer_);
-  minimum_ = Minimise(residuals, M(), N(), F_, par.FreeValues, par.FreeSteps, MinimiseOptions(), W_,
-                      session_.ErrFlag, *this);
+  minimum_ = Minimise(residuals, M(), N(), F_, par.FreeValues, par.FreeSteps, MinimiseOptions(), W_, *this);
+  const bool hasItsOwnFlag = minimum_.end == MinimiseEnd::kResidualsFailed;
+  if (minimum_.end != MinimiseEnd::kCompleted && !hasItsOwnFlag) session_.ErrFlag = kTrue;
   result_.end = minimum_.end;
   result_.reason = failureReason(minimum_.end);
   result_.chi_square = minimum_.FS;
@@ -169,7 +171,12 @@ FitProgress Fit::figures(int iteration, double sum, const Array<double>& X) {
                   .X = X};
   guard(session_.ErrFlag, [&] { now.reducedChiSquare = checked::divide(sum, freedom); });
   if (freedom < 1) now.confidence = 0;
-  guard(session_.ErrFlag, [&] { now.confidence = 100 * fullUpperGamma(freedom / 2.0, sum / 2); });
+  const Evaluation above = fullUpperGamma(freedom / 2.0, sum / 2);
+  if (above.fault == Fault::kNone) {
+    now.confidence = 100 * above.value;
+  } else {
+    session_.ErrFlag = kTrue;
+  }
   return now;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include "analysis/RandomSource.h"
 
 #include "base/CheckedMath.h"
 #include "base/Guard.h"
@@ -31,8 +32,7 @@ double MonteCarlo::sample() {
   for (int i = 0; i <= par.ParCount; ++i) {
     const double e = par.ParDeltas[i];
     trapped([&] {
-      d = e <= 0 ? e * (2.0 * random_.next() - 1)
-                 : checked::finite(e * GaussianDeviate(session_, random_, storedDeviate_));
+      d = e <= 0 ? e * (2.0 * random_.next() - 1) : checked::finite(e * normalDeviate(random_, deviates_));
     });
     trapped([&] { par.ParValues[i] = checked::finite(BaseValues_[i] + d); });
   }

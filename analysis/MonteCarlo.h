@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "analysis/AnalyticErrors.h"
+#include "numeric/NormalDeviates.h"
 #include "platform/Dialogs.h"
 #include "platform/Random.h"
 #include "session/Session.h"
@@ -57,7 +58,7 @@ class MonteCarlo {
   Dialogs& dialogs_;
   Random& random_;
   Array<double> BaseValues_;
-  Int16 storedDeviate_;
+  GaussianState deviates_;
   bool binsReady_ = false;
   double lo_ = 0;  ///< left edge of bin 1
   double w_ = 0;

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/RandomSource.h"
 #include "base/CheckedMath.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
@@ -131,9 +132,9 @@ DataSet simulated(Session& session, Dialogs& dialogs, Random& random, const Simu
   data.TitleX = "x";
   data.TitleY = "y";
   data.allocate(sim.SimPoints, toFlag(sim.SimErrX > 0));
-  Int16 storedDeviate;
+  GaussianState deviates;
   const auto scattered = [&](double value, double error) {
-    return checked::finite(GaussianDeviate(session, random, storedDeviate) * error + value);
+    return checked::finite(normalDeviate(random, deviates) * error + value);
   };
   for (int i = 1; i <= sim.SimPoints; ++i) {
     const auto k = static_cast<std::size_t>(i - 1);

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "expr/Formula.h"
 #include "platform/Dialogs.h"
-#include "platform/Random.h"
 #include "session/Session.h"
 
 /// The formula language: from a definition text to a byte code, and from the code to values.
@@ -50,9 +50,6 @@ std::string listCode(const CompiledExpression& compiled);
 /// value, whatever bytes the code is made of.
 double EvaluateCode(Session& session, Dialogs& dialogs, const std::string& code, Array<double>& Slots);
 
-/// Loads the slots of a compiled expression from its values by the operand map.
-void loadSlots(CompiledExpression& compiled);
-
 /// The current model function at a point; `ErrFlag` as for `EvaluateCode`.
 double EvaluateFunction(Session& session, Dialogs& dialogs, double x);
 
@@ -63,37 +60,9 @@ void evaluateFunctionAt(Session& session, Dialogs& dialogs, std::span<const doub
                         std::span<double> result, std::span<Int16> flags = {});
 
 /// A compiled formula at n points: `columns[v]` holds the values of variable v + 1, all as long as `result`.
-/// The same promise as above. What stands in the variables' values and in the slots afterwards is undefined.
+/// The same promise as above.
 void evaluateCodeAt(Session& session, Dialogs& dialogs, CompiledExpression& compiled,
                     std::span<const std::span<const double>> columns, std::span<double> result,
                     std::span<Int16> flags = {});
-
-// ---- Statistics --------------------------------------------------------------------------------------------
-// The kernels below fail by run-time errors (5, 6, 11), which the evaluator turns into its flag.
-// Where a function tells of its own failure it sets `ErrFlag` to -1.
-
-/// ln(gamma(x)) for x > 0 by a Lanczos series of six terms, accurate to about 1E-10.
-double LnGamma(double x);
-/// Continued fraction of the incomplete beta function, modified Lentz. When 100 terms do not suffice, `ErrFlag`
-/// is set and what was reached is given.
-double BetaFraction(Session& session, double a, double b, double x);
-/// Regularised incomplete beta function I_x(a,b); x outside 0..1 sets `ErrFlag` and gives 0.
-double IncompleteBeta(Session& session, double a, double b, double x);
-/// Lower regularised incomplete gamma by its series; `gln` gets ln(gamma(a)). When 100 terms do not suffice, a
-/// box comes, the first time in a command, `ErrFlag` is set and 0 is given.
-double GammaSeries(Session& session, Dialogs& dialogs, double a, double x, double& gln);
-/// Upper regularised incomplete gamma by its continued fraction. When 100 terms do not suffice, the same box
-/// comes, `ErrFlag` is set and what was reached is given.
-double GammaFraction(Session& session, Dialogs& dialogs, double a, double x, double& gln);
-/// Regularised upper incomplete gamma Q(a,x); x < 0 or a <= 0 sets `ErrFlag` and gives 0.
-double UpperGamma(Session& session, Dialogs& dialogs, double a, double x);
-/// The same with as many terms as it takes, and the same bits where 100 suffice. x < 0 or a <= 0 is run-time
-/// error 5.
-double fullUpperGamma(double a, double x);
-/// Complementary error function, Abramowitz and Stegun 7.1.26; absolute accuracy 1.5E-7.
-double ComplementaryError(double x);
-/// A normal deviate of mean 0 and width 1, polar Box-Muller. The caller starts the flag at 0 and passes the
-/// same variable each time.
-double GaussianDeviate(Session& session, Random& random, Int16& flag);
 
 }  // namespace vk

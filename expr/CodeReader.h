@@ -1,10 +1,14 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "expr/Opcodes.h"
 
 namespace vk {
+
+/// An argument count is a byte.
+inline constexpr int kMostArguments = 255;
 
 /// One instruction of a code, whatever bytes it is made of.
 struct Instruction {
@@ -30,6 +34,16 @@ inline Instruction readInstruction(std::string_view code, std::size_t at) {
   if (opcode < kFirstFunction) return {opcode, false, a, b, 2, at, at + 3};
   const std::size_t further = a > 1 ? static_cast<std::size_t>(a - 1) : 0;
   return {opcode, true, b, 0, a, at, at + 3 + further};
+}
+
+/// All instructions of a code.
+inline std::vector<Instruction> readInstructions(std::string_view code) {
+  std::vector<Instruction> program;
+  program.reserve(code.size() / 3 + 1);
+  for (std::size_t at = 0; at < code.size(); at = program.back().end) {
+    program.push_back(readInstruction(code, at));
+  }
+  return program;
 }
 
 /// Slot of argument i (1 the second one written) of a function.

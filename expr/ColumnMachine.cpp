@@ -1,68 +1,76 @@
 #include "expr/ColumnMachine.h"
 
 #include <algorithm>
+#include <array>
+#include <limits>
 
-#include "expr/Distributions.h"
+#include "expr/StatisticOperations.h"
 
 namespace vk {
+namespace {
 
-ColumnMachine::ColumnMachine(const CompiledExpression& compiled, int varying)
-    : compiled_(compiled), varying_(varying) {
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
+
+bool hasItsOperands(const CompiledExpression& compiled) {
   const auto operands = static_cast<std::size_t>(compiled.LastSlot + 1);
-  usable_ = compiled.OperandMap.size() >= operands && compiled.Slots.upper() >= compiled.LastSlot;
-  for (std::size_t i = 0; usable_ && i < operands; ++i) {
-    usable_ = codeByte(compiled.OperandMap, i) <= compiled.Values.upper();
-  }
-  if (!usable_) return;
-  slots_.resize(operands);
-  readCode();
+  if (compiled.OperandMap.size() < operands || compiled.Slots.upper() < compiled.LastSlot) return false;
+  return std::all_of(
+      compiled.OperandMap.begin(), compiled.OperandMap.begin() + compiled.LastSlot + 1,
+      [&](char index) { return static_cast<unsigned char>(index) <= compiled.Values.upper(); });
 }
 
-void ColumnMachine::readCode() {
-  const std::string_view code = compiled_.Code;
-  bufferOf_.resize(slots_.size(), slots_.size());
-  program_.reserve(code.size() / 3 + 1);
-  std::size_t written = 0;
-  for (std::size_t at = 0; usable_ && at < code.size();) {
-    const Instruction instruction = readInstruction(code, at);
-    usable_ = canRun(instruction);
-    if (!usable_) return;
-    program_.push_back(instruction);
-    std::size_t& buffer = bufferOf_[static_cast<std::size_t>(instruction.target)];
-    if (buffer == slots_.size()) buffer = written++;
-    at = instruction.end;
-  }
-  buffers_ = std::make_unique_for_overwrite<double[]>(written * kBlockPoints);
-}
-
-bool ColumnMachine::canRun(const Instruction& instruction) const {
-  const int last = compiled_.LastSlot;
+bool canRun(const CompiledExpression& compiled, const Instruction& instruction) {
+  const int last = compiled.LastSlot;
   if (instruction.target > last || instruction.right > last) return false;
   for (int i = 1; instruction.function && i < instruction.count; ++i) {
-    if (argumentSlot(compiled_.Code, instruction, i) > last) return false;
+    if (argumentSlot(compiled.Code, instruction, i) > last) return false;
   }
   const Operation& operation = operationOf(instruction.opcode);
   return operation.kind != OpKind::kStatistic || instruction.count >= operation.arity;
 }
 
-bool ColumnMachine::run(Session& session, Dialogs& dialogs, std::span<const double* const> columns,
-                        std::size_t count) {
-  count_ = count;
-  loadOperands(columns);
-  return std::all_of(program_.begin(), program_.end(),
-                     [&](const Instruction& instruction) { return execute(session, dialogs, instruction); });
+}  // namespace
+
+ColumnMachine::ColumnMachine(const CompiledExpression& compiled, std::span<const Instruction> program) {
+  usable_ = hasItsOperands(compiled) && std::ranges::all_of(program, [&](const Instruction& instruction) {
+              return canRun(compiled, instruction);
+            });
+  if (!usable_) return;
+  slots_.resize(static_cast<std::size_t>(compiled.LastSlot + 1));
+  placeBuffers(program);
 }
 
-void ColumnMachine::loadOperands(std::span<const double* const> columns) {
-  for (std::size_t i = 0; i < slots_.size(); ++i) {
-    const int index = codeByte(compiled_.OperandMap, i);
-    const bool varies = index >= 1 && index <= varying_;
-    slots_[i] = varies ? Operand{columns[static_cast<std::size_t>(index - 1)], 0}
-                       : Operand{nullptr, compiled_.Values[index]};
+void ColumnMachine::placeBuffers(std::span<const Instruction> program) {
+  bufferOf_.resize(slots_.size(), slots_.size());
+  for (const Instruction& instruction : program) {
+    std::size_t& buffer = bufferOf_[static_cast<std::size_t>(instruction.target)];
+    if (buffer == slots_.size()) buffer = written_++;
   }
 }
 
-bool ColumnMachine::execute(Session& session, Dialogs& dialogs, const Instruction& instruction) {
+bool ColumnMachine::run(const CompiledExpression& compiled, std::span<const Instruction> program,
+                        std::span<const double* const> columns, std::size_t count) {
+  if (!usable_) return false;
+  count_ = count;
+  buffers_.resize(written_ * kBlockPoints);
+  loadOperands(compiled, columns);
+  for (const Instruction& instruction : program) {
+    if (!execute(compiled.Code, instruction)) return false;
+  }
+  result_ = program.empty() ? Operand{} : slots_[static_cast<std::size_t>(program.back().target)];
+  return true;
+}
+
+void ColumnMachine::loadOperands(const CompiledExpression& compiled, std::span<const double* const> columns) {
+  for (std::size_t i = 0; i < slots_.size(); ++i) {
+    const int index = codeByte(compiled.OperandMap, i);
+    const bool varies = index >= 1 && static_cast<std::size_t>(index) <= columns.size();
+    slots_[i] = varies ? Operand{columns[static_cast<std::size_t>(index - 1)], 0}
+                       : Operand{nullptr, compiled.Values[index]};
+  }
+}
+
+bool ColumnMachine::execute(std::string_view code, const Instruction& instruction) {
   switch (kKinds[static_cast<std::size_t>(instruction.opcode)]) {
     case OpKind::kOperator:
       return runOperator(instruction);
@@ -70,7 +78,7 @@ bool ColumnMachine::execute(Session& session, Dialogs& dialogs, const Instructio
       return runElementary(instruction);
     case OpKind::kList:
     case OpKind::kStatistic:
-      return runWithArguments(session, dialogs, instruction);
+      return runWithArguments(code, instruction);
     case OpKind::kRegister:
       break;
   }
@@ -115,26 +123,23 @@ bool ColumnMachine::runElementary(const Instruction& instruction) {
   });
 }
 
-std::vector<Operand> ColumnMachine::argumentsOf(const Instruction& instruction) const {
-  std::vector<Operand> arguments{slots_[static_cast<std::size_t>(instruction.target)]};
+bool ColumnMachine::runWithArguments(std::string_view code, const Instruction& instruction) {
+  arguments_.assign(1, slots_[static_cast<std::size_t>(instruction.target)]);
   for (int i = 1; i < instruction.count; ++i) {
-    arguments.push_back(slots_[static_cast<std::size_t>(argumentSlot(compiled_.Code, instruction, i))]);
+    arguments_.push_back(slots_[static_cast<std::size_t>(argumentSlot(code, instruction, i))]);
   }
-  return arguments;
-}
-
-bool ColumnMachine::runWithArguments(Session& session, Dialogs& dialogs, const Instruction& instruction) {
-  const std::vector<Operand> arguments = argumentsOf(instruction);
-  std::vector<double> values(arguments.size());
+  NoListener nobody;
+  std::array<double, kMostArguments> values;
+  const std::span<const double> further(values.data() + 1, arguments_.size() - 1);
   const auto valueAt = [&](std::size_t point) {
-    for (std::size_t i = 0; i < values.size(); ++i) values[i] = arguments[i].at(point);
-    const std::span<const double> further(values.begin() + 1, values.end());
-    return kKinds[static_cast<std::size_t>(instruction.opcode)] == OpKind::kList
-               ? listValue(instruction.opcode, values[0], further, instruction.count)
-               : statisticValue(session, dialogs, instruction.opcode, values[0], further);
+    for (std::size_t i = 0; i < arguments_.size(); ++i) values[i] = arguments_[i].at(point);
+    if (kKinds[static_cast<std::size_t>(instruction.opcode)] == OpKind::kList) {
+      return listValue(instruction.opcode, values[0], further, instruction.count);
+    }
+    const Evaluation found = statisticValue(instruction.opcode, values[0], further, nobody);
+    return found.fault == Fault::kNone ? found.value : kNotANumber;
   };
-  const bool uniform =
-      std::none_of(arguments.begin(), arguments.end(), [](const Operand& o) { return o.column; });
+  const bool uniform = std::ranges::none_of(arguments_, [](const Operand& o) { return o.column; });
   if (uniform) return storeForAll(instruction.target, valueAt(0));
   double* const out = columnFor(instruction.target);
   for (std::size_t i = 0; i < count_; ++i) {
@@ -142,10 +147,6 @@ bool ColumnMachine::runWithArguments(Session& session, Dialogs& dialogs, const I
     if (!isFinite(out[i])) return false;
   }
   return true;
-}
-
-Operand ColumnMachine::result() const {
-  return program_.empty() ? Operand{} : slots_[static_cast<std::size_t>(program_.back().target)];
 }
 
 }  // namespace vk

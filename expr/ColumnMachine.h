@@ -1,14 +1,13 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <span>
 #include <vector>
 
 #include "expr/CodeReader.h"
+
 #include "expr/PlainOperations.h"
-#include "platform/Dialogs.h"
-#include "session/Session.h"
+#include "session/CompiledExpression.h"
 
 namespace vk {
 
@@ -46,43 +45,41 @@ struct Operand {
 /// Runs a code over a block of points, one instruction after the other, as long as nothing fails.
 ///
 /// Operations on parameters and constants alone are done once for all points. Where a statement fails at any
-/// point the run is given up, and the caller goes through the points one by one with `EvaluateCode`, which is
-/// the definition of what happens then.
+/// point the run is given up, and the caller goes through the points one by one, which is the definition of what
+/// happens then; so nobody is told here of a kernel that is exhausted. The expression and its instructions stand
+/// with the caller, the same ones each time.
 class ColumnMachine {
  public:
-  /// The values 1..`varying` of the expression come from columns. The expression must outlive the machine.
-  ColumnMachine(const CompiledExpression& compiled, int varying);
+  ColumnMachine() = default;
+  ColumnMachine(const CompiledExpression& compiled, std::span<const Instruction> program);
 
-  /// False for code that must be run point by point: it reaches for slots, values or arguments that it does
-  /// not have, or uses the arguments of an earlier instruction.
-  bool usable() const { return usable_; }
-
-  /// Runs at `count` points, at most `kBlockPoints`; false when a statement failed at any of them.
-  bool run(Session& session, Dialogs& dialogs, std::span<const double* const> columns, std::size_t count);
+  /// Runs at `count` points, at most `kBlockPoints`; the values 1..columns.size() of the expression come from
+  /// columns. False when a statement failed at any point, and for code that must be run point by point: it reaches
+  /// for slots, values or arguments that it does not have, or uses the arguments of an earlier instruction.
+  bool run(const CompiledExpression& compiled, std::span<const Instruction> program,
+           std::span<const double* const> columns, std::size_t count);
 
   /// The value of the code after a successful run, valid until the next.
-  Operand result() const;
+  Operand result() const { return result_; }
 
  private:
-  bool canRun(const Instruction& instruction) const;
-  void readCode();
-  void loadOperands(std::span<const double* const> columns);
-  bool execute(Session& session, Dialogs& dialogs, const Instruction& instruction);
-  std::vector<Operand> argumentsOf(const Instruction& instruction) const;
+  void placeBuffers(std::span<const Instruction> program);
+  void loadOperands(const CompiledExpression& compiled, std::span<const double* const> columns);
+  bool execute(std::string_view code, const Instruction& instruction);
   bool runOperator(const Instruction& instruction);
   bool runElementary(const Instruction& instruction);
-  bool runWithArguments(Session& session, Dialogs& dialogs, const Instruction& instruction);
+  bool runWithArguments(std::string_view code, const Instruction& instruction);
   bool storeForAll(int slot, double value);
   double* columnFor(int slot);
 
-  const CompiledExpression& compiled_;
-  int varying_;
-  bool usable_ = true;
+  bool usable_ = false;
   std::size_t count_ = 0;
-  std::vector<Instruction> program_;
   std::vector<Operand> slots_;
   std::vector<std::size_t> bufferOf_;  ///< for each slot that is written: its place in `buffers_`
-  std::unique_ptr<double[]> buffers_;
+  std::size_t written_ = 0;            ///< number of those slots
+  std::vector<double> buffers_;        ///< made at the first run
+  std::vector<Operand> arguments_;     ///< of the instruction at hand
+  Operand result_;
 };
 
 }  // namespace vk

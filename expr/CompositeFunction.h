@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "base/Array.h"
 #include "expr/PlainOperations.h"
-#include "session/Session.h"
 
 /// The composite functions f[g(x)] of the catalogue by plain arithmetic: written once, for one point and for
 /// columns of points. Each is one statement; it failed where its result is not finite.
@@ -27,11 +27,11 @@ inline double entryOf(const Array<double>& table, int index) {
 
 /// Calls `use` with inner function 1..5: double (double x).
 template <class Use>
-auto withInner(const Session& session, Use&& use) {
-  const double p1 = entryOf(session.analysis.par.ParValues, 1);
-  const double p2 = entryOf(session.analysis.par.ParValues, 2);
-  const double p3 = entryOf(session.analysis.par.ParValues, 3);
-  switch (session.analysis.fun.InnerIndex) {
+auto withInner(int inner, const Array<double>& parameters, Use&& use) {
+  const double p1 = entryOf(parameters, 1);
+  const double p2 = entryOf(parameters, 2);
+  const double p3 = entryOf(parameters, 3);
+  switch (inner) {
     case 1:
       return use([=](double) { return p1; });
     case 2:
@@ -51,11 +51,11 @@ auto withInner(const Session& session, Use&& use) {
 
 /// Calls `use` with the outer function: double (double x, double u).
 template <class Use>
-auto withOuter(const Session& session, Use&& use) {
-  const int k = session.analysis.par.ParCount;
-  const double last = entryOf(session.analysis.par.ParValues, k);
-  const double lastButOne = entryOf(session.analysis.par.ParValues, k - 1);
-  switch (session.analysis.fun.OuterIndex) {
+auto withOuter(int outer, const Array<double>& parameters, Use&& use) {
+  const int k = parameters.upper();
+  const double last = entryOf(parameters, k);
+  const double lastButOne = entryOf(parameters, k - 1);
+  switch (outer) {
     case 2:
       return use([](double, double u) { return u * u; });
     case 3:
@@ -81,9 +81,5 @@ auto withOuter(const Session& session, Use&& use) {
       return use([](double, double u) { return u; });
   }
 }
-
-/// Puts the point and the current parameters into the values of the compiled model. What has no place there
-/// is left out.
-void setModelValues(Session& session, double x);
 
 }  // namespace vk

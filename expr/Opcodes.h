@@ -16,7 +16,7 @@ enum class OpKind {
   kOperator,    ///< of two slots, by plain arithmetic
   kElementary,  ///< of one argument, by plain arithmetic
   kList,        ///< of the whole argument list, by plain arithmetic
-  kStatistic,   ///< by the kernels of Statistics.cpp, which may fail by run-time errors
+  kStatistic,   ///< by the kernels of the numerics, which give a fault with their value
   kRegister,    ///< nothing is computed: X is written back
 };
 
@@ -128,6 +128,13 @@ inline constexpr std::array kKinds = [] {
   std::array<OpKind, 256> kinds{};
   for (std::size_t i = 0; i < kinds.size(); ++i) kinds[i] = operationOf(static_cast<int>(i)).kind;
   return kinds;
+}();
+
+/// The number of arguments of any byte, for the evaluators.
+inline constexpr std::array kArities = [] {
+  std::array<int, 256> arities{};
+  for (std::size_t i = 0; i < arities.size(); ++i) arities[i] = operationOf(static_cast<int>(i)).arity;
+  return arities;
 }();
 
 /// The arity digits in the order of the function numbers.

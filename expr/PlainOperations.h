@@ -6,6 +6,7 @@
 
 #include "base/Rounding.h"
 #include "expr/Opcodes.h"
+#include "numeric/ShortPi.h"
 
 /// The arithmetic of operators, elementary functions and list functions: written once, for one point and for
 /// columns of points.
@@ -13,9 +14,6 @@
 /// Each of them fails exactly where its result is not finite, if its arguments are finite: no overflow inside
 /// them is hidden by a later step. So whoever calls checks the result and nothing else.
 namespace vk {
-
-// QUIRK: a short decimal on purpose; ASIN and ACOS reach exactly this at the ends.
-inline constexpr double kShortPi = 3.1415926;
 
 inline bool isFinite(double value) {
   return std::fabs(value) <= std::numeric_limits<double>::max();

@@ -73,12 +73,9 @@ bool Minimiser::fail(MinimiseEnd end) {
 }
 
 MinimiseResult Minimise(Residuals& residuals, Int16 M, Int16 N, Array<double>& F, Array<double>& X,
-                        Array<double>& E, const MinimiseOptions& options, MinimiseWork& W, Int16& errFlag,
+                        Array<double>& E, const MinimiseOptions& options, MinimiseWork& W,
                         MinimiseObserver& observer) {
-  const MinimiseResult result = Minimiser(residuals, M, N, F, X, E, options, W, observer).run();
-  const bool hasItsOwnFlag = result.end == MinimiseEnd::kResidualsFailed;
-  if (result.end != MinimiseEnd::kCompleted && !hasItsOwnFlag) errFlag = kTrue;
-  return result;
+  return Minimiser(residuals, M, N, F, X, E, options, W, observer).run();
 }
 
 }  // namespace vk

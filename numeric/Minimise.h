@@ -17,8 +17,8 @@ namespace vk {
 class Residuals {
  public:
   virtual ~Residuals() = default;
-  /// Fills F with the residuals at the parameters X, and `sum` with the sum of their squares. False when the
-  /// error flag is set afterwards, which ends the minimisation. A residual that cannot be computed keeps the
+  /// Fills F with the residuals at the parameters X, and `sum` with the sum of their squares. False when that
+  /// failed, which ends the minimisation. A residual that cannot be computed keeps the
   /// value that stood in F.
   virtual bool ComputeResiduals(std::span<const double> X, std::span<double> F, double& sum) = 0;
 };
@@ -50,10 +50,10 @@ class CorrelationMatrix {
 /// Why a minimisation came to its end.
 enum class MinimiseEnd {
   kCompleted,          ///< stage 3 has given errors; `TooCoarse` says whether they can be relied upon
-  kNoEffect,           ///< a parameter does not change the residuals; error flag -1
-  kResidualsFailed,    ///< the residuals could not be computed; the error flag is as they left it
-  kIndistinguishable,  ///< parameters whose effects cannot be told apart; error flag -1
-  kErrorsNotFinite,    ///< the errors of the last pass are no numbers to show; error flag -1
+  kNoEffect,           ///< a parameter does not change the residuals
+  kResidualsFailed,    ///< the residuals could not be computed
+  kIndistinguishable,  ///< parameters whose effects cannot be told apart
+  kErrorsNotFinite,    ///< the errors of the last pass are no numbers to show
 };
 
 /// What came of a minimisation; after a failure only the figures up to it.
@@ -93,7 +93,7 @@ struct MinimiseWork {
 /// step of the first differences and the unit of the step lengths; it is lowered where the errors ask for it,
 /// and the minimisation is then repeated, at most 3 times. After a failure X is the point tried last.
 MinimiseResult Minimise(Residuals& residuals, Int16 M, Int16 N, Array<double>& F, Array<double>& X,
-                        Array<double>& E, const MinimiseOptions& options, MinimiseWork& W, Int16& errFlag,
+                        Array<double>& E, const MinimiseOptions& options, MinimiseWork& W,
                         MinimiseObserver& observer);
 
 }  // namespace vk

@@ -49,13 +49,6 @@ struct MonteCarloResult {
   Int16 McSamples;
 };
 
-/// State of the normal-deviate generator: every second value comes from the pair drawn before.
-struct GaussianState {
-  float w1 = 0, w2 = 0;
-  double s = 0, fac = 0;
-  double stored = 0;
-};
-
 /// Where files are looked for, and the files read last.
 struct FileSettings {
   std::string DataDir, FunDir, GraDir;
@@ -78,7 +71,6 @@ struct AnalysisState {
   SimulationSettings sim;
   Flag SimFirstTime = kTrue;
   MonteCarloResult monteCarlo;
-  GaussianState gaussian;
 };
 
 /// The figures drawn last, as texts, and how figures are drawn.

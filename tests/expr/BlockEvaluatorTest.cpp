@@ -23,9 +23,9 @@ std::vector<double> awkwardPoints(ExpressionMaker& maker) {
 /// Everything that n evaluations leave behind.
 struct Outcome {
   std::vector<double> values;
-  std::vector<Int16> flags;
-  int lastFlag = 0;
-  int boxes = 0;
+  std::vector<Fault> faults;
+  Fault last = Fault::kNone;
+  std::vector<Kernel> exhausted;
 };
 
 void expectSame(const Outcome& block, const Outcome& single, const std::string& what) {
@@ -34,81 +34,75 @@ void expectSame(const Outcome& block, const Outcome& single, const std::string& 
     ASSERT_TRUE(std::isfinite(single.values[i])) << what << " at " << i;
     ASSERT_TRUE(sameBits(block.values[i], single.values[i]))
         << what << " at " << i << ": " << block.values[i] << ", not " << single.values[i];
-    ASSERT_EQ(block.flags[i], single.flags[i]) << what << " at " << i;
+    ASSERT_EQ(block.faults[i], single.faults[i]) << what << " at " << i;
   }
-  ASSERT_EQ(block.lastFlag, single.lastFlag) << what;
-  ASSERT_EQ(block.boxes, single.boxes) << what;
+  ASSERT_EQ(block.last, single.last) << what;
+  ASSERT_EQ(block.exhausted, single.exhausted) << what;
+}
+
+void addTo(Outcome& outcome, const Evaluation& evaluation) {
+  outcome.values.push_back(evaluation.value);
+  outcome.faults.push_back(evaluation.fault);
+  outcome.last = evaluation.fault;
+}
+
+/// The outcome of a block form: `run(result, listener, faults)` gives the fault of the last point.
+template <class Run>
+Outcome inOneCall(std::size_t points, Run run) {
+  KernelLog log;
+  Outcome outcome;
+  outcome.values.resize(points);
+  outcome.faults.resize(points, Fault::kExhausted);
+  outcome.last = run(outcome.values, log, outcome.faults);
+  outcome.exhausted = log.kernels;
+  return outcome;
 }
 
 using Columns = std::vector<std::vector<double>>;
 
 Outcome codePointByPoint(CompiledExpression compiled, const Columns& columns) {
-  Session session;
-  CountingDialogs dialogs;
+  KernelLog log;
   Outcome outcome;
   for (std::size_t i = 0; i < columns[0].size(); ++i) {
     for (std::size_t v = 0; v < columns.size(); ++v) compiled.Values[static_cast<int>(v) + 1] = columns[v][i];
     loadSlots(compiled);
-    outcome.values.push_back(EvaluateCode(session, dialogs, compiled.Code, compiled.Slots));
-    outcome.flags.push_back(session.ErrFlag);
+    addTo(outcome, evaluate(compiled.Code, compiled.Slots.span(0, compiled.Slots.upper()), log));
   }
-  outcome.lastFlag = session.ErrFlag;
-  outcome.boxes = dialogs.boxes;
+  outcome.exhausted = log.kernels;
   return outcome;
 }
 
-Outcome codeInBlocks(CompiledExpression compiled, const Columns& columns) {
-  Session session;
-  CountingDialogs dialogs;
-  session.ErrFlag = 7;
-  Outcome outcome;
-  outcome.values.resize(columns[0].size());
-  outcome.flags.resize(columns[0].size(), 7);
+Outcome codeInBlocks(const CompiledExpression& compiled, const Columns& columns) {
   const std::vector<std::span<const double>> spans(columns.begin(), columns.end());
-  evaluateCodeAt(session, dialogs, compiled, spans, outcome.values, outcome.flags);
-  outcome.lastFlag = session.ErrFlag;
-  outcome.boxes = dialogs.boxes;
+  Formula formula(compiled);
+  return inOneCall(columns[0].size(), [&](auto& result, auto& listener, auto& faults) {
+    return formula.values(spans, result, listener, faults);
+  });
+}
+
+Outcome functionPointByPoint(Model model, const Array<double>& parameters, const std::vector<double>& x) {
+  KernelLog log;
+  Outcome outcome;
+  for (const double point : x) addTo(outcome, model.at(point, parameters, log));
+  outcome.exhausted = log.kernels;
   return outcome;
 }
 
-Outcome functionPointByPoint(Session& session, const std::vector<double>& x) {
-  CountingDialogs dialogs;
-  session.GammaTold = kFalse;
-  Outcome outcome;
-  for (const double point : x) {
-    outcome.values.push_back(EvaluateFunction(session, dialogs, point));
-    outcome.flags.push_back(session.ErrFlag);
-  }
-  outcome.lastFlag = session.ErrFlag;
-  outcome.boxes = dialogs.boxes;
-  return outcome;
-}
-
-Outcome functionInBlocks(Session& session, const std::vector<double>& x) {
-  CountingDialogs dialogs;
-  session.GammaTold = kFalse;
-  session.ErrFlag = 7;
-  Outcome outcome;
-  outcome.values.resize(x.size());
-  outcome.flags.resize(x.size(), 7);
-  evaluateFunctionAt(session, dialogs, x, outcome.values, outcome.flags);
-  outcome.lastFlag = session.ErrFlag;
-  outcome.boxes = dialogs.boxes;
-  return outcome;
+Outcome functionInBlocks(Model model, const Array<double>& parameters, const std::vector<double>& x) {
+  return inOneCall(x.size(), [&](auto& result, auto& listener, auto& faults) {
+    return model.at(x, parameters, result, listener, faults);
+  });
 }
 
 /// A formula of x, y and the parameter-like constant z.
 CompiledExpression formula(const std::string& expression) {
-  Session session;
-  CompiledExpression compiled;
-  Int16 flag;
-  CompileExpression(session, "y@x,y@z@@" + expression, compiled, flag);
-  EXPECT_EQ(flag, 0) << expression;
-  compiled.Values[3] = 0.75;
-  return compiled;
+  Compiled result = compiled("y@x,y@z@@" + expression);
+  EXPECT_EQ(result.flag, 0) << expression;
+  result.expression.Values[3] = 0.75;
+  return result.expression;
 }
 
-TEST(EvaluateCodeAt, EqualsSingleCallsForRandomExpressions) {
+TEST(FormulaValues, EqualSingleCallsForRandomExpressions) {
   ExpressionMaker maker(77, {"x", "y", "z"});
   int compared = 0;
   for (int i = 0; i < 1500; ++i) {
@@ -123,7 +117,7 @@ TEST(EvaluateCodeAt, EqualsSingleCallsForRandomExpressions) {
   EXPECT_GT(compared, 1000);
 }
 
-TEST(EvaluateCodeAt, EqualsSingleCallsForChosenExpressions) {
+TEST(FormulaValues, EqualSingleCallsForChosenExpressions) {
   ExpressionMaker maker(5, {});
   const Columns columns{awkwardPoints(maker), awkwardPoints(maker)};
   for (const char* text : {"x",
@@ -151,7 +145,7 @@ TEST(EvaluateCodeAt, EqualsSingleCallsForChosenExpressions) {
   }
 }
 
-TEST(EvaluateCodeAt, EqualsSingleCallsForForeignCode) {
+TEST(FormulaValues, EqualSingleCallsForForeignCode) {
   ExpressionMaker maker(99, {});
   const Columns columns{awkwardPoints(maker)};
   for (int i = 0; i < 3000; ++i) {
@@ -176,91 +170,100 @@ TEST(EvaluateCodeAt, EqualsSingleCallsForForeignCode) {
   }
 }
 
-TEST(EvaluateCodeAt, GivesZeroForCodeThatDidNotCompile) {
-  Session session;
-  CountingDialogs dialogs;
-  CompiledExpression compiled;
+TEST(FormulaValues, AreZeroForCodeThatDidNotCompile) {
+  NoListener nobody;
   const std::vector<double> x{1, 2, 3};
   const std::vector<std::span<const double>> columns{x};
   std::vector<double> result(3, 9);
-  evaluateCodeAt(session, dialogs, compiled, columns, result);
+  EXPECT_EQ(Formula(CompiledExpression()).values(columns, result, nobody), Fault::kNone);
   EXPECT_EQ(result, std::vector<double>(3, 0));
-  EXPECT_EQ(session.ErrFlag, 0);
 }
 
-TEST(EvaluateCodeAt, MayReplaceItsColumn) {
-  Session session;
-  CountingDialogs dialogs;
+TEST(FormulaValues, MayReplaceTheirColumn) {
+  NoListener nobody;
   ExpressionMaker maker(3, {});
   for (const char* text : {"2*x+1", "LOG(x)"}) {
-    CompiledExpression compiled = formula(text);
+    const CompiledExpression compiled = formula(text);
     std::vector<double> x = awkwardPoints(maker);
     const Outcome expected = codePointByPoint(compiled, {x});
     const std::vector<std::span<const double>> columns{x};
-    evaluateCodeAt(session, dialogs, compiled, columns, x);
+    Formula(compiled).values(columns, x, nobody);
     EXPECT_EQ(x, expected.values) << text;
   }
 }
 
-TEST(EvaluateCodeAt, RefusesColumnsThatAreTooShort) {
-  Session session;
-  CountingDialogs dialogs;
-  CompiledExpression compiled = formula("x");
+TEST(FormulaValues, RefuseColumnsThatAreTooShort) {
+  NoListener nobody;
   const std::vector<double> x{1, 2};
   const std::vector<std::span<const double>> columns{x};
   std::vector<double> result(3);
-  EXPECT_THROW(evaluateCodeAt(session, dialogs, compiled, columns, result), RuntimeError);
-  EXPECT_THROW(evaluateFunctionAt(session, dialogs, x, result), RuntimeError);
+  EXPECT_THROW(Formula(formula("x")).values(columns, result, nobody), RuntimeError);
+  EXPECT_THROW(Model(1, 1).at(x, parametersOf({1}), result, nobody), RuntimeError);
 }
 
-TEST(EvaluateFunctionAt, EqualsSingleCallsForAllPairsOfTheCatalogue) {
+TEST(ModelAtPoints, EqualsSingleCallsForAllPairsOfTheCatalogue) {
   ExpressionMaker maker(11, {});
   const std::vector<std::vector<double>> sets{
       {1.5, 0.75, 2.5, 0.5, 0.125}, {-1.5, 2.25, 0, -3, 1e300}, {0, 0, 0, 0, 0}};
   for (int inner = 0; inner <= 5; ++inner) {
     for (int outer = 0; outer <= 10; ++outer) {
-      for (const std::vector<double>& parameters : sets) {
-        Session session;
-        setFunction(session, inner, outer, parameters);
+      for (const std::vector<double>& set : sets) {
+        const Array<double> parameters = parametersOf(set);
         const std::vector<double> x = awkwardPoints(maker);
-        expectSame(functionInBlocks(session, x), functionPointByPoint(session, x),
+        const Model model(inner, outer);
+        expectSame(functionInBlocks(model, parameters, x), functionPointByPoint(model, parameters, x),
                    std::to_string(inner) + "," + std::to_string(outer));
       }
     }
   }
 }
 
-TEST(EvaluateFunctionAt, EqualsSingleCallsForLoadedFunctions) {
+TEST(ModelAtPoints, EqualsSingleCallsForLoadedFunctions) {
   ExpressionMaker maker(12, {});
+  const Array<double> parameters = parametersOf({1.5, 0.25, 2, 0.5});
   for (const char* text :
        {"p*EXP(-q*x)*SIN(x+p)", "LOG(x-p)", "p", "C_X2(x,p)", "SUM(x,p,q)+D_N(x)", "C_P(1000,x)"}) {
     for (int outer = 1; outer <= 9; ++outer) {
-      Session session;
-      setFunction(session, 6, outer, {1.5, 0.25, 2, 0.5});
-      compileModel(session, "p,q", text);
+      const Model model(6, outer, formulaOf("p,q", text));
       const std::vector<double> x = awkwardPoints(maker);
-      expectSame(functionInBlocks(session, x), functionPointByPoint(session, x), text);
+      expectSame(functionInBlocks(model, parameters, x), functionPointByPoint(model, parameters, x), text);
     }
   }
 }
 
-TEST(EvaluateFunctionAt, MayReplaceItsPoints) {
-  Session session;
-  CountingDialogs dialogs;
-  ExpressionMaker maker(13, {});
-  setFunction(session, 2, 3, {1, 0});
-  std::vector<double> x = awkwardPoints(maker);
-  const Outcome expected = functionPointByPoint(session, x);
-  evaluateFunctionAt(session, dialogs, x, x);
-  EXPECT_EQ(x, expected.values);
+TEST(ModelAtPoints, ServesOneCallAfterTheOther) {
+  NoListener nobody;
+  Model model(6, 1, formulaOf("p", "p*x"));
+  std::vector<double> result(2);
+  const std::vector<double> x{2, 3};
+  for (const double p : {1.0, 4.0}) {
+    EXPECT_EQ(model.at(x, parametersOf({p}), result, nobody), Fault::kNone);
+    EXPECT_EQ(result, (std::vector<double>{2 * p, 3 * p}));
+    EXPECT_EQ(model.at(5, parametersOf({p}), nobody), Evaluation{5 * p});
+  }
 }
 
-TEST(EvaluateFunctionAt, LeavesTheFlagAloneWithoutPoints) {
-  Session session;
-  CountingDialogs dialogs;
-  session.ErrFlag = 7;
-  evaluateFunctionAt(session, dialogs, {}, {});
-  EXPECT_EQ(session.ErrFlag, 7);
+TEST(ModelAtPoints, WorksAsACopy) {
+  NoListener nobody;
+  Model model(6, 1, formulaOf("p", "p*x+1"));
+  std::vector<double> result(2);
+  const std::vector<double> x{2, 3};
+  model.at(x, parametersOf({1}), result, nobody);
+  Model copy = model;
+  model = Model();
+  copy.at(x, parametersOf({2}), result, nobody);
+  EXPECT_EQ(result, (std::vector<double>{5, 7}));
+}
+
+TEST(ModelAtPoints, MayReplaceItsPoints) {
+  NoListener nobody;
+  ExpressionMaker maker(13, {});
+  Model model(2, 3);
+  const Array<double> parameters = parametersOf({1, 0});
+  std::vector<double> x = awkwardPoints(maker);
+  const Outcome expected = functionPointByPoint(model, parameters, x);
+  model.at(x, parameters, x, nobody);
+  EXPECT_EQ(x, expected.values);
 }
 
 }  // namespace

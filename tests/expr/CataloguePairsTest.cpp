@@ -33,36 +33,34 @@ class CataloguePairs : public testing::TestWithParam<std::tuple<int, int>> {};
 
 /// Both ways at one point. The texts have no absolute values: where they fail for a negative inner value, the
 /// fast path goes on, and there only the two are not compared.
-void expectAgreement(Session& session, int outer, double x) {
-  ScriptedDialogs dialogs;
-  CompiledExpression& model = session.analysis.model;
-  model.Values[1] = x;
-  for (int i = 1; i <= model.nPar; ++i) model.Values[i + 1] = session.analysis.par.ParValues[i];
-  loadSlots(model);
-  const double compiledValue = EvaluateCode(session, dialogs, model.Code, model.Slots);
-  const bool compiledFailed = session.ErrFlag != 0;
-  const double value = EvaluateFunction(session, dialogs, x);
-  const bool hasAbsoluteValue = outer == 4 || outer == 6;
-  if (compiledFailed && hasAbsoluteValue) return;
-  EXPECT_EQ(session.ErrFlag != 0, compiledFailed) << x;
-  if (compiledFailed) return;
-  EXPECT_NEAR(value, compiledValue, 1e-13 * (1 + std::fabs(compiledValue))) << x;
+void expectAgreement(Formula& formula, Model& model, const Array<double>& parameters, double x) {
+  NoListener nobody;
+  formula.setValue(1, x);
+  for (int i = 1; i <= parameters.upper(); ++i) formula.setValue(i + 1, parameters[i]);
+  const Evaluation byText = formula.value(nobody);
+  const Evaluation value = model.at(x, parameters, nobody);
+  const bool textFailed = byText.fault != Fault::kNone;
+  const bool hasAbsoluteValue = model.outer() == 4 || model.outer() == 6;
+  if (textFailed && hasAbsoluteValue) return;
+  EXPECT_EQ(value.fault != Fault::kNone, textFailed) << x;
+  if (textFailed) return;
+  EXPECT_NEAR(value.value, byText.value, 1e-13 * (1 + std::fabs(byText.value))) << x;
 }
 
 TEST_P(CataloguePairs, GiveTheSameValuesAsTheirText) {
   const auto [inner, outer] = GetParam();
-  Session session;
-  Int16 flag;
-  CompileExpression(session,
-                    definitionOf(static_cast<std::size_t>(inner - 1), static_cast<std::size_t>(outer - 1)),
-                    session.analysis.model, flag);
-  ASSERT_EQ(flag, 0);
+  const Compiled text =
+      compiled(definitionOf(static_cast<std::size_t>(inner - 1), static_cast<std::size_t>(outer - 1)));
+  ASSERT_EQ(text.flag, 0);
+  Formula formula(text.expression);
+  Model model(inner, outer);
   const std::vector<std::vector<double>> sets{
       {1.25, 0.75, 2.5, 0.5, 0.125}, {-1.5, 2.25, 0.5, -3, 0.25}, {0, 0, 0, 0, 0}};
   for (std::vector<double> parameters : sets) {
-    parameters.resize(static_cast<std::size_t>(session.analysis.model.nPar));
-    setFunction(session, inner, outer, parameters);
-    for (const double x : {-2.5, -1.0, 0.0, 0.375, 1.0, 4.75}) expectAgreement(session, outer, x);
+    parameters.resize(static_cast<std::size_t>(text.expression.nPar));
+    for (const double x : {-2.5, -1.0, 0.0, 0.375, 1.0, 4.75}) {
+      expectAgreement(formula, model, parametersOf(parameters), x);
+    }
   }
 }
 

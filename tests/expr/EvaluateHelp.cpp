@@ -6,40 +6,31 @@
 namespace vk {
 
 void PrintTo(const Evaluation& evaluation, std::ostream* out) {
-  *out << "value " << testing::PrintToString(evaluation.value) << ", flag " << evaluation.flag;
+  *out << "value " << testing::PrintToString(evaluation.value) << ", fault "
+       << static_cast<int>(evaluation.fault);
 }
 
 Evaluation evaluated(const std::string& expression, const std::string& names,
-                     const std::vector<double>& values, int boxes) {
-  Session session;
-  ScriptedDialogs dialogs;
-  for (int i = 0; i < boxes; ++i) dialogs.expectBox();
-  CompiledExpression e;
-  Int16 flag;
-  CompileExpression(session, "y@" + names + "@@@" + expression, e, flag);
-  EXPECT_EQ(flag, 0) << expression;
-  for (std::size_t i = 0; i < values.size(); ++i) e.Values[static_cast<int>(i) + 1] = values[i];
-  loadSlots(e);
-  session.ErrFlag = 7;
-  const double value = EvaluateCode(session, dialogs, e.Code, e.Slots);
-  return {value, session.ErrFlag};
+                     const std::vector<double>& values, std::size_t exhausted) {
+  const Compiled result = compiled("y@" + names + "@@@" + expression);
+  EXPECT_EQ(result.flag, 0) << expression;
+  Formula formula(result.expression);
+  for (std::size_t i = 0; i < values.size(); ++i) formula.setValue(static_cast<int>(i) + 1, values[i]);
+  KernelLog log;
+  const Evaluation evaluation = formula.value(log);
+  EXPECT_EQ(log.kernels.size(), exhausted) << expression;
+  return evaluation;
 }
 
 double valueOf(const std::string& expression, const std::string& names, const std::vector<double>& values) {
   const Evaluation result = evaluated(expression, names, values);
-  EXPECT_EQ(result.flag, 0) << expression;
+  EXPECT_EQ(result.fault, Fault::kNone) << expression;
   return result.value;
 }
 
 Evaluation evaluatedCode(const std::string& code, std::vector<double>& slots) {
-  Session session;
-  ScriptedDialogs dialogs;
-  Array<double> array;
-  if (!slots.empty()) array.dim(static_cast<int>(slots.size()) - 1);
-  for (std::size_t i = 0; i < slots.size(); ++i) array[static_cast<int>(i)] = slots[i];
-  const double value = EvaluateCode(session, dialogs, code, array);
-  for (std::size_t i = 0; i < slots.size(); ++i) slots[i] = array[static_cast<int>(i)];
-  return {value, session.ErrFlag};
+  NoListener nobody;
+  return evaluate(code, slots, nobody);
 }
 
 bool sameBits(double a, double b) {

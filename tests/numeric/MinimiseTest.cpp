@@ -18,7 +18,6 @@ Values toVector(const Array<double>& array) {
 struct Fit {
   MinimiseResult result;
   Values X, E, F;
-  int errFlag;
   ProgressLog log;
 };
 
@@ -30,13 +29,11 @@ Fit minimise(ModelResiduals& residuals, const Values& start, const Values& accur
   Array<double> E = fromOne(accuracy);
   Array<double> F(M);
   MinimiseWork W(M, N);
-  Int16 errFlag;
   Fit fit;
-  fit.result = Minimise(residuals, M, N, F, X, E, options, W, errFlag, fit.log);
+  fit.result = Minimise(residuals, M, N, F, X, E, options, W, fit.log);
   fit.X = toVector(X);
   fit.E = toVector(E);
   fit.F = toVector(F);
-  fit.errFlag = errFlag;
   return fit;
 }
 
@@ -87,7 +84,7 @@ TEST(Minimise, FindsTheStraightLineOfTheNormalEquations) {
   EXPECT_NEAR(fit.X[0], slope, 1E-6);
   EXPECT_NEAR(fit.X[1], (30.1 - slope * 15) / 5, 1E-6);
   EXPECT_NEAR(fit.result.FS, 10.7, 1E-6);
-  EXPECT_EQ(fit.errFlag, 0);
+  EXPECT_EQ(fit.result.end, MinimiseEnd::kCompleted);
 }
 
 TEST(Minimise, FindsTheParabolaOfTheNormalEquations) {
@@ -212,7 +209,6 @@ TEST(Minimise, GivesUpOnAParameterWithoutEffect) {
   const Fit fit = minimise(residuals, {1, 7, 1}, {0.01, 0.07, 0.01});
   EXPECT_EQ(fit.result.end, MinimiseEnd::kNoEffect);
   EXPECT_EQ(fit.result.parameter, 2);
-  EXPECT_EQ(fit.errFlag, -1);
   EXPECT_EQ(residuals.calls(), 3);
 }
 
@@ -295,7 +291,6 @@ TEST(Minimise, StopsAtTheMostComputationsWithoutAWord) {
   ModelResiduals residuals = hyperbolaProblem();
   const Fit fit = minimise(residuals, {1.5, 1}, {1E-4, 1E-4}, {.maxit = 6});
   EXPECT_EQ(fit.result.end, MinimiseEnd::kCompleted);
-  EXPECT_EQ(fit.errFlag, 0);
   // Three to begin with, four of the search (the last one above the limit), one for the errors.
   EXPECT_EQ(fit.result.passes, 1);
   EXPECT_EQ(fit.result.evaluations, 8);
@@ -317,7 +312,6 @@ TEST(Minimise, FailsSilentlyWhenParametersCannotBeToldApart) {
                            Values(4, 1));
   const Fit fit = minimise(residuals, {1, 2}, {0.5, 0.5});
   EXPECT_EQ(fit.result.end, MinimiseEnd::kIndistinguishable);
-  EXPECT_EQ(fit.errFlag, -1);
   EXPECT_THAT(fit.X, testing::ElementsAre(1, 2));
 }
 

@@ -18,7 +18,7 @@
 namespace vk {
 
 /// Counts the calls of one port; the one with the armed number fails, once.
-class Fault {
+class PortFault {
  public:
   /// `call` from 1; the error 7 comes as the exception of exhausted memory.
   void arm(int call, int error) { left_ = call, error_ = error, fired_ = false; }
@@ -37,10 +37,10 @@ class Fault {
 
 /// The faults, by port.
 struct Faults {
-  Fault files, dialogs, window, input, output, functions, clock, sound, process, random, plots, printer,
+  PortFault files, dialogs, window, input, output, functions, clock, sound, process, random, plots, printer,
       screen, editor, panels, clipboard, textPrinter;
 
-  std::vector<std::pair<const char*, Fault*>> all() {
+  std::vector<std::pair<const char*, PortFault*>> all() {
     return {{"files", &files},
             {"dialogs", &dialogs},
             {"window", &window},
@@ -63,7 +63,7 @@ struct Faults {
 
 class FaultyFiles : public MemoryFiles {
  public:
-  explicit FaultyFiles(Fault& fault) : fault_(fault) {}
+  explicit FaultyFiles(PortFault& fault) : fault_(fault) {}
   bool FileExists(const std::string& path) override { return fault_.pass(), MemoryFiles::FileExists(path); }
   std::int64_t size(const std::string& path) override { return fault_.pass(), MemoryFiles::size(path); }
   std::string readAll(const std::string& path) override { return fault_.pass(), MemoryFiles::readAll(path); }
@@ -83,13 +83,13 @@ class FaultyFiles : public MemoryFiles {
   }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 /// A user who always names the same file and presses the same button.
 class FaultyDialogs : public Dialogs {
  public:
-  explicit FaultyDialogs(Fault& fault) : fault_(fault) {}
+  explicit FaultyDialogs(PortFault& fault) : fault_(fault) {}
   std::string file;
   int button = 1;
   std::vector<std::string> boxes;
@@ -101,12 +101,12 @@ class FaultyDialogs : public Dialogs {
   std::optional<std::string> fileDialog(const FileRequest&) override { return fault_.pass(), file; }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 class FaultyWindow : public RecordingMainWindow {
  public:
-  explicit FaultyWindow(Fault& fault) : fault_(fault) {}
+  explicit FaultyWindow(PortFault& fault) : fault_(fault) {}
   void setMenuEnabled(Control control, bool on) override {
     fault_.pass(), RecordingMainWindow::setMenuEnabled(control, on);
   }
@@ -128,13 +128,13 @@ class FaultyWindow : public RecordingMainWindow {
   void setBackground(Int16 picture) override { fault_.pass(), RecordingMainWindow::setBackground(picture); }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 /// A user who leaves the fields of every form as they are, except those told beforehand, and presses "&Esegui".
 class FaultyInput : public InputForm {
  public:
-  FaultyInput(Fault& fault, Session& session, std::function<void(int)> action)
+  FaultyInput(PortFault& fault, Session& session, std::function<void(int)> action)
       : fault_(fault), session_(session), action_(std::move(action)) {}
   std::vector<std::string> fields;
 
@@ -146,14 +146,14 @@ class FaultyInput : public InputForm {
   }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
   Session& session_;
   std::function<void(int)> action_;
 };
 
 class FaultyOutput : public OutputModel {
  public:
-  explicit FaultyOutput(Fault& fault) : fault_(fault) {}
+  explicit FaultyOutput(PortFault& fault) : fault_(fault) {}
   void OutShow(const OutputRequest& request) override { OutputModel::OutShow(request), fault_.pass(); }
   void CharLocate(int row, int col) override { fault_.pass(), OutputModel::CharLocate(row, col); }
   void print(std::string_view text) override { fault_.pass(), OutputModel::print(text); }
@@ -166,13 +166,13 @@ class FaultyOutput : public OutputModel {
   }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 /// A user who chooses the line b*x+c, and the first function of the file.
 class FaultyForms : public FunctionForms {
  public:
-  FaultyForms(Fault& fault, Session& session) : fault_(fault), session_(session) {}
+  FaultyForms(PortFault& fault, Session& session) : fault_(fault), session_(session) {}
   int outer = 1;
 
   bool selectFunction() override {
@@ -186,53 +186,54 @@ class FaultyForms : public FunctionForms {
   void refillLoadList() override { fault_.pass(); }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
   Session& session_;
 };
 
 class FaultyClock : public Clock {
  public:
-  explicit FaultyClock(Fault& fault) : fault_(fault) {}
+  explicit FaultyClock(PortFault& fault) : fault_(fault) {}
   float timer() override { return fault_.pass(), 0.0F; }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 class FaultySound : public Sound {
  public:
-  explicit FaultySound(Fault& fault) : fault_(fault) {}
+  explicit FaultySound(PortFault& fault) : fault_(fault) {}
   void tone(int, int) override { fault_.pass(); }
   void beep() override { fault_.pass(); }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 class FaultyProcess : public Process {
  public:
-  explicit FaultyProcess(Fault& fault) : fault_(fault) {}
+  explicit FaultyProcess(PortFault& fault) : fault_(fault) {}
   bool start(const std::string&) override { return fault_.pass(), true; }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 class FaultyRandom : public CyclingRandom {
  public:
-  explicit FaultyRandom(Fault& fault) : CyclingRandom({0.5F, 0.75F, 0.25F, 0.875F, 0.375F}), fault_(fault) {}
+  explicit FaultyRandom(PortFault& fault)
+      : CyclingRandom({0.5F, 0.75F, 0.25F, 0.875F, 0.375F}), fault_(fault) {}
   float next() override { return fault_.pass(), CyclingRandom::next(); }
   void seed(float number) override { fault_.pass(), CyclingRandom::seed(number); }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 /// A window or a printer of which any drawing operation can fail.
 class FaultyDevice : public RecorderDevice {
  public:
   template <class Metrics>
-  FaultyDevice(Fault& fault, const Metrics& metrics) : RecorderDevice(metrics), fault_(fault) {}
+  FaultyDevice(PortFault& fault, const Metrics& metrics) : RecorderDevice(metrics), fault_(fault) {}
 
  private:
   void line(double x1, double y1, double x2, double y2) override {
@@ -251,12 +252,12 @@ class FaultyDevice : public RecorderDevice {
   void turned(Int16) override { fault_.pass(); }
   void endDocument() override { fault_.pass(), RecorderDevice::endDocument(); }
 
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 class FaultyPlots : public PlotWindows {
  public:
-  explicit FaultyPlots(Fault& fault) : fault_(fault) {}
+  explicit FaultyPlots(PortFault& fault) : fault_(fault) {}
   PlotWindow& create() override {
     fault_.pass();
     windows_.push_back(std::make_unique<Window>(fault_));
@@ -270,35 +271,35 @@ class FaultyPlots : public PlotWindows {
  private:
   class Window : public PlotWindow {
    public:
-    explicit Window(Fault& fault) : fault_(fault), form_(fault, FormMetrics{}) {}
+    explicit Window(PortFault& fault) : fault_(fault), form_(fault, FormMetrics{}) {}
     Device& device() override { return form_; }
     void setClickRoutine(std::function<void()>) override { fault_.pass(); }
     void copyPicture() override { fault_.pass(); }
 
    private:
-    Fault& fault_;
+    PortFault& fault_;
     FaultyDevice form_;
   };
 
-  Fault& fault_;
+  PortFault& fault_;
   std::vector<std::unique_ptr<Window>> windows_;
 };
 
 class FaultyScreen : public NominalScreen {
  public:
-  explicit FaultyScreen(Fault& fault) : fault_(fault) {}
+  explicit FaultyScreen(PortFault& fault) : fault_(fault) {}
   int width() override { return fault_.pass(), NominalScreen::width(); }
   int height() override { return fault_.pass(), NominalScreen::height(); }
   int TwipsPerPixelX() override { return fault_.pass(), NominalScreen::TwipsPerPixelX(); }
   int TwipsPerPixelY() override { return fault_.pass(), NominalScreen::TwipsPerPixelY(); }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 class FaultyEditorForm : public RecordingEditorForm {
  public:
-  explicit FaultyEditorForm(Fault& fault) : fault_(fault) {}
+  explicit FaultyEditorForm(PortFault& fault) : fault_(fault) {}
   void showEditor(const std::string& title, const std::string& shown, EditControl which) override {
     RecordingEditorForm::showEditor(title, shown, which), fault_.pass();
   }
@@ -306,36 +307,36 @@ class FaultyEditorForm : public RecordingEditorForm {
   std::string editorText() override { return fault_.pass(), RecordingEditorForm::editorText(); }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 class FaultyPanelView : public PanelView {
  public:
-  explicit FaultyPanelView(Fault& fault) : fault_(fault) {}
+  explicit FaultyPanelView(PortFault& fault) : fault_(fault) {}
   void showPanel(Panel) override { fault_.pass(); }
   void hidePanel(Panel) override { fault_.pass(); }
   void syncPanel(Panel) override { fault_.pass(); }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 class FaultyClipboard : public RecordingClipboard {
  public:
-  explicit FaultyClipboard(Fault& fault) : fault_(fault) {}
+  explicit FaultyClipboard(PortFault& fault) : fault_(fault) {}
   void clear() override { fault_.pass(), RecordingClipboard::clear(); }
   void setText(const std::string& text) override { fault_.pass(), RecordingClipboard::setText(text); }
   void setGrid(const CharGrid& shown) override { fault_.pass(), RecordingClipboard::setGrid(shown); }
   ClipboardText text() override { return fault_.pass(), RecordingClipboard::text(); }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 /// The printer of texts and character screens.
 class FaultyTextPrinter : public RecordingPrinter {
  public:
-  explicit FaultyTextPrinter(Fault& fault) : fault_(fault) {}
+  explicit FaultyTextPrinter(PortFault& fault) : fault_(fault) {}
   bool present() override { return fault_.pass(), RecordingPrinter::present(); }
   Int16 Orientation() override { return fault_.pass(), RecordingPrinter::Orientation(); }
   void setOrientation(Int16 wanted) override { fault_.pass(), RecordingPrinter::setOrientation(wanted); }
@@ -350,7 +351,7 @@ class FaultyTextPrinter : public RecordingPrinter {
   void EndDoc() override { fault_.pass(), RecordingPrinter::EndDoc(); }
 
  private:
-  Fault& fault_;
+  PortFault& fault_;
 };
 
 }  // namespace vk

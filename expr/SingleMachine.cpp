@@ -1,33 +1,28 @@
+#include "expr/SingleMachine.h"
+
 #include <algorithm>
 #include <array>
 
-#include "expr/CmpMod.h"
-#include "expr/CodeReader.h"
-#include "expr/Distributions.h"
 #include "expr/PlainOperations.h"
+#include "expr/StatisticOperations.h"
 
 namespace vk {
 namespace {
 
-// An argument count is a byte.
-constexpr int kMostArguments = 255;
-
 /// The machine of one evaluation. Each line of an instruction is a statement of its own: what fails stores
-/// nothing, sets `ErrFlag`, and the next one runs with what the registers held.
+/// nothing, and the next one runs with what the registers held.
 class Machine {
  public:
-  Machine(Session& session, Dialogs& dialogs, std::string_view code, std::span<double> slots)
-      : session_(session), dialogs_(dialogs), code_(code), slots_(slots) {}
+  Machine(std::string_view code, std::span<double> slots, EvaluationListener& listener)
+      : code_(code), slots_(slots), listener_(listener) {}
 
-  double run() {
-    for (std::size_t at = 0; at < code_.size();) {
-      const Instruction instruction = readInstruction(code_, at);
+  Evaluation run(std::span<const Instruction> program) {
+    for (const Instruction& instruction : program) {
       read(instruction);
       execute(instruction);
       writeBack(instruction.target);
-      at = instruction.end;
     }
-    return X_;
+    return {X_, fault_};
   }
 
  private:
@@ -64,7 +59,7 @@ class Machine {
         assign(listValue(opcode, X_, further(std::min(further_, instruction.count - 1)), instruction.count));
         break;
       case OpKind::kStatistic:
-        assign(statisticValue(session_, dialogs_, opcode, X_, further(further_)));
+        assign(statisticValue(opcode, X_, further(further_), listener_));
         break;
       case OpKind::kRegister:
         break;
@@ -80,6 +75,14 @@ class Machine {
       X_ = value;
     } else {
       fail();
+    }
+  }
+
+  void assign(const Evaluation& evaluation) {
+    if (evaluation.fault == Fault::kNone) {
+      X_ = evaluation.value;
+    } else {
+      fault_ = evaluation.fault;
     }
   }
 
@@ -99,12 +102,12 @@ class Machine {
     }
   }
 
-  void fail() { session_.ErrFlag = kTrue; }
+  void fail() { fault_ = Fault::kDomain; }
 
-  Session& session_;
-  Dialogs& dialogs_;
   std::string_view code_;
   std::span<double> slots_;
+  EvaluationListener& listener_;
+  Fault fault_ = Fault::kNone;
   double X_ = 0;
   double Y_ = 0;
   int further_ = 0;
@@ -113,20 +116,9 @@ class Machine {
 
 }  // namespace
 
-double EvaluateCode(Session& session, Dialogs& dialogs, const std::string& code, Array<double>& Slots) {
-  session.ErrFlag = kFalse;
-  return Machine(session, dialogs, code, Slots.span(0, Slots.upper())).run();
-}
-
-void loadSlots(CompiledExpression& compiled) {
-  const std::span<double> slots = compiled.Slots.span(0, compiled.Slots.upper());
-  const std::span<const double> values = compiled.Values.span(0, compiled.Values.upper());
-  const std::string& map = compiled.OperandMap;
-  const auto count = std::min({slots.size(), map.size(), static_cast<std::size_t>(compiled.LastSlot + 1)});
-  for (std::size_t i = 0; i < count; ++i) {
-    const auto index = static_cast<unsigned char>(map[i]);
-    if (index < values.size()) slots[i] = values[index];
-  }
+Evaluation runInstructions(std::string_view code, std::span<const Instruction> program,
+                           std::span<double> slots, EvaluationListener& listener) {
+  return Machine(code, slots, listener).run(program);
 }
 
 }  // namespace vk

@@ -14,7 +14,7 @@ constexpr int kLevels = 10;
 struct Grid {
   Array2<float> z{kPoints, kPoints};
   Array<float> levels{kLevels};
-  Array<Color> colors{kLevels};
+  Array<Colour> colors{kLevels};
   Array2<float> hsb{kLevels + 1, 3};
   Array<float> surface{3};
   Grid() {
@@ -27,7 +27,7 @@ struct Grid {
     }
     for (int k = 1; k <= kLevels; ++k) {
       levels[k] = 0.35F * static_cast<float>(k);
-      colors[k] = 0x10 * k;
+      colors[k] = Colour::fromBgr(0x10 * k);
     }
     for (int c = 1; c <= kLevels + 1; ++c) {
       hsb(c, 1) = 0.06F * static_cast<float>(c);

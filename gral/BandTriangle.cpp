@@ -17,7 +17,7 @@ void fillBand(Device& device, const LevelBand& band) {
 
 }  // namespace
 
-Color LevelColors::operator()(int c) const {
+Colour LevelColors::operator()(int c) const {
   return HsbToRgb(hsb(c, 1), hsb(c, 2), shaded ? brightnessOf(shade) : hsb(c, 3));
 }
 

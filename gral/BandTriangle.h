@@ -15,7 +15,7 @@ struct LevelColors {
   bool shaded;
   double shade;
 
-  Color operator()(int c) const;
+  Colour operator()(int c) const;
 };
 
 /// A part of a triangle between two levels, as a polygon: the area of level index `index`.

@@ -36,7 +36,7 @@ PlanePoint LevelTriangle::onShortEdge(int k, double level) const {
 }
 
 void ContourTriangle(GralCls& drawing, const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3,
-                     const Array<float>& VLev, const Array<Color>& CLev) {
+                     const Array<float>& VLev, const Array<Colour>& CLev) {
   drawLevelSegments(drawing, LevelTriangle::of(c1, c2, c3), VLev, [&CLev](int k) { return CLev[k]; });
 }
 

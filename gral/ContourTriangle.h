@@ -39,7 +39,7 @@ void drawLevelSegments(GralCls& drawing, const LevelTriangle& triangle, const Ar
   for (int k = triangle.bottom.k + 1; k <= triangle.top.k; ++k) {
     const PlanePoint P = triangle.onLongEdge(VLev[k]);
     const PlanePoint Q = triangle.onShortEdge(k, VLev[k]);
-    const Color before = drawing.GralDev->ForeColor();
+    const Colour before = drawing.GralDev->ForeColor();
     drawing.GralDev->setForeColor(colorOf(k));
     drawing.GralLine(P.x, P.y, Q.x, Q.y);
     drawing.GralDev->setForeColor(before);
@@ -48,6 +48,6 @@ void drawLevelSegments(GralCls& drawing, const LevelTriangle& triangle, const Ar
 
 /// Draws the level segments of a triangle in Usr, each in the colour CLev(k) of its level.
 void ContourTriangle(GralCls& drawing, const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3,
-                     const Array<float>& VLev, const Array<Color>& CLev);
+                     const Array<float>& VLev, const Array<Colour>& CLev);
 
 }  // namespace vk

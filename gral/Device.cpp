@@ -45,7 +45,7 @@ void Device::requirePrinter() const {
 
 // ---- Settings
 
-void Device::setBackColor(Color color) {
+void Device::setBackColor(Colour color) {
   settings_.backColor = color;
   if (isForm_) clearPicture();
 }

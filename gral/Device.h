@@ -38,13 +38,13 @@ class Device {
 
   // ---- Settings ------------------------------------------------------------------------------------------
 
-  Color ForeColor() const { return settings_.foreColor; }
-  void setForeColor(Color color) { settings_.foreColor = color; }
-  Color FillColor() const { return settings_.fillColor; }
-  void setFillColor(Color color) { settings_.fillColor = color; }
-  Color BackColor() const { return settings_.backColor; }
+  Colour ForeColor() const { return settings_.foreColor; }
+  void setForeColor(Colour color) { settings_.foreColor = color; }
+  Colour FillColor() const { return settings_.fillColor; }
+  void setFillColor(Colour color) { settings_.fillColor = color; }
+  Colour BackColor() const { return settings_.backColor; }
   /// A form also loses its picture and shows this colour all over.
-  void setBackColor(Color color);
+  void setBackColor(Colour color);
 
   /// One of `FillStyles`; anything else is refused with run-time error 5.
   Int16 FillStyle() const { return settings_.fillStyle; }
@@ -111,7 +111,7 @@ class Device {
   /// The outline of a rectangle with the current pen.
   void Box(double x1, double y1, double x2, double y2);
   /// A rectangle filled with a colour, without outline.
-  void FilledBox(double x1, double y1, double x2, double y2, Color color);
+  void FilledBox(double x1, double y1, double x2, double y2, Colour color);
   /// A circle with the current pen, filled with the current filling.
   void Circle(double x, double y, double radius);
 
@@ -141,7 +141,7 @@ class Device {
 
   /// Fills the area around a pixel, up to the colour `limit` on all sides, with the current filling. Pixels
   /// touch along their sides. A pixel of that colour, or one outside the clip region, has no area.
-  void FloodFill(std::int32_t x, std::int32_t y, Color limit);
+  void FloodFill(std::int32_t x, std::int32_t y, Colour limit);
 
   /// A rectangle of pixels x1 <= x < x2, y1 <= y < y2 that drawing can be limited to. Gives its handle.
   std::int32_t CreateRectRgn(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2);
@@ -207,9 +207,9 @@ class Device {
 
  private:
   struct Settings {
-    Color foreColor = kBlack;
-    Color backColor = kWhite;
-    Color fillColor = kBlack;
+    Colour foreColor = kBlack;
+    Colour backColor = kWhite;
+    Colour fillColor = kBlack;
     Int16 fillStyle = kFillTransparent;
     Int16 drawStyle = kDrawSolid;
     int drawWidth = 1;

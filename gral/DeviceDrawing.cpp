@@ -53,7 +53,7 @@ void Device::Box(double x1, double y1, double x2, double y2) {
   sink_.box(a.x, a.y, b.x, b.y);
 }
 
-void Device::FilledBox(double x1, double y1, double x2, double y2, Color color) {
+void Device::FilledBox(double x1, double y1, double x2, double y2, Colour color) {
   const auto [a, b] = drawnCorners({x1, y1}, {x2, y2});
   sink_.filledBox(a.x, a.y, b.x, b.y, color);
 }
@@ -95,7 +95,7 @@ void Device::PolyBezier(std::span<const PixelPoint> points) {
   sink_.bezier(points);
 }
 
-void Device::FloodFill(std::int32_t x, std::int32_t y, Color limit) {
+void Device::FloodFill(std::int32_t x, std::int32_t y, Colour limit) {
   announceFilling();
   sink_.floodFill({x, y}, limit);
 }

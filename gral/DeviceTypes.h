@@ -6,15 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "base/Colour.h"
 #include "platform/PaperOrientation.h"
 
 /// The values that pass between the graphics library and its devices.
 namespace vk {
-
-/// A colour as &HBBGGRR: red in the lowest byte.
-using Color = std::int32_t;
-inline constexpr Color kBlack = 0x000000;
-inline constexpr Color kWhite = 0xFFFFFF;
 
 /// How the inside of a rectangle or ellipse is filled.
 enum FillStyles : int {

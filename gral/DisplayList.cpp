@@ -3,6 +3,13 @@
 #include "gral/LineWriter.h"
 
 namespace vk {
+namespace {
+
+Colour colourOf(double number) {
+  return Colour::fromBgr(static_cast<std::int32_t>(number));
+}
+
+}  // namespace
 
 void DisplayList::reset() {
   *this = DisplayList();
@@ -18,17 +25,17 @@ void DisplayList::add(Kind kind, std::span<const PixelPoint> points) {
   points_.insert(points_.end(), points.begin(), points.end());
 }
 
-void DisplayList::clear(double width, double height, Color background) {
-  add(Kind::kClear, {width, height, static_cast<double>(background)});
+void DisplayList::clear(double width, double height, Colour background) {
+  add(Kind::kClear, {width, height, static_cast<double>(background.bgr())});
 }
 
 void DisplayList::pen(const Pen& pen) {
   add(Kind::kPen,
-      {static_cast<double>(pen.color), static_cast<double>(pen.width), static_cast<double>(pen.style)});
+      {static_cast<double>(pen.color.bgr()), static_cast<double>(pen.width), static_cast<double>(pen.style)});
 }
 
 void DisplayList::filling(const Filling& filling) {
-  add(Kind::kFilling, {static_cast<double>(filling.color), static_cast<double>(filling.style)});
+  add(Kind::kFilling, {static_cast<double>(filling.color.bgr()), static_cast<double>(filling.style)});
 }
 
 void DisplayList::line(double x1, double y1, double x2, double y2) {
@@ -39,8 +46,8 @@ void DisplayList::box(double x1, double y1, double x2, double y2) {
   add(Kind::kBox, {x1, y1, x2, y2});
 }
 
-void DisplayList::filledBox(double x1, double y1, double x2, double y2, Color color) {
-  add(Kind::kFilledBox, {x1, y1, x2, y2, static_cast<double>(color)});
+void DisplayList::filledBox(double x1, double y1, double x2, double y2, Colour color) {
+  add(Kind::kFilledBox, {x1, y1, x2, y2, static_cast<double>(color.bgr())});
 }
 
 void DisplayList::circle(double x, double y, double radius) {
@@ -59,9 +66,9 @@ void DisplayList::figure(std::span<const PixelPoint> points, bool fill, bool str
   add(fill && stroke ? Kind::kFillAndStroke : fill ? Kind::kFill : Kind::kStroke, points);
 }
 
-void DisplayList::floodFill(const PixelPoint& start, Color limit) {
+void DisplayList::floodFill(const PixelPoint& start, Colour limit) {
   add(Kind::kFloodFill,
-      {static_cast<double>(start.x), static_cast<double>(start.y), static_cast<double>(limit)});
+      {static_cast<double>(start.x), static_cast<double>(start.y), static_cast<double>(limit.bgr())});
   needsPixels_ = true;
 }
 
@@ -98,13 +105,13 @@ bool DisplayList::replaySettings(const Entry& entry, DrawingSink& sink) const {
   const double* n = numbers(entry);
   switch (entry.kind) {
     case Kind::kClear:
-      sink.clear(n[0], n[1], static_cast<Color>(n[2]));
+      sink.clear(n[0], n[1], colourOf(n[2]));
       return true;
     case Kind::kPen:
-      sink.pen({static_cast<Color>(n[0]), static_cast<int>(n[1]), static_cast<int>(n[2])});
+      sink.pen({colourOf(n[0]), static_cast<int>(n[1]), static_cast<int>(n[2])});
       return true;
     case Kind::kFilling:
-      sink.filling({static_cast<Color>(n[0]), static_cast<int>(n[1])});
+      sink.filling({colourOf(n[0]), static_cast<int>(n[1])});
       return true;
     case Kind::kClip: {
       const auto corners = points(entry);
@@ -131,12 +138,12 @@ void DisplayList::replay(const Entry& entry, DrawingSink& sink) const {
     case Kind::kBox:
       return sink.box(n[0], n[1], n[2], n[3]);
     case Kind::kFilledBox:
-      return sink.filledBox(n[0], n[1], n[2], n[3], static_cast<Color>(n[4]));
+      return sink.filledBox(n[0], n[1], n[2], n[3], colourOf(n[4]));
     case Kind::kCircle:
       return sink.circle(n[0], n[1], n[2]);
     case Kind::kFloodFill:
       return sink.floodFill({static_cast<std::int32_t>(n[0]), static_cast<std::int32_t>(n[1])},
-                            static_cast<Color>(n[2]));
+                            colourOf(n[2]));
     case Kind::kText:
       return sink.text(texts_[entry.first]);
     case Kind::kPicture: {

@@ -11,17 +11,17 @@ namespace vk {
 /// A drawing kept as the list of its primitives. It can be drawn again on another sink, and read as text.
 class DisplayList : public DrawingSink {
  public:
-  void clear(double width, double height, Color background) override;
+  void clear(double width, double height, Colour background) override;
   void pen(const Pen& pen) override;
   void filling(const Filling& filling) override;
   void line(double x1, double y1, double x2, double y2) override;
   void box(double x1, double y1, double x2, double y2) override;
-  void filledBox(double x1, double y1, double x2, double y2, Color color) override;
+  void filledBox(double x1, double y1, double x2, double y2, Colour color) override;
   void circle(double x, double y, double radius) override;
   void polyline(std::span<const PixelPoint> points) override;
   void bezier(std::span<const PixelPoint> points) override;
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
-  void floodFill(const PixelPoint& start, Color limit) override;
+  void floodFill(const PixelPoint& start, Colour limit) override;
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
   void picture(const Picture& picture, double x, double y) override;

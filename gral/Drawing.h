@@ -10,7 +10,7 @@ namespace vk {
 
 /// The pen that a primitive is drawn with.
 struct Pen {
-  Color color = kBlack;
+  Colour color = kBlack;
   int width = 1;  ///< `DrawWidth`: nominal pixels on a form, device pixels on a printer
   int style = kDrawSolid;
   bool operator==(const Pen&) const = default;
@@ -18,7 +18,7 @@ struct Pen {
 
 /// The filling of closed figures.
 struct Filling {
-  Color color = kBlack;
+  Colour color = kBlack;
   int style = kFillTransparent;
   bool operator==(const Filling&) const = default;
 };
@@ -43,19 +43,19 @@ class DrawingSink {
   virtual ~DrawingSink() = default;
 
   /// A new, empty picture of this size.
-  virtual void clear(double width, double height, Color background) = 0;
+  virtual void clear(double width, double height, Colour background) = 0;
   virtual void pen(const Pen& pen) = 0;
   virtual void filling(const Filling& filling) = 0;
   virtual void line(double x1, double y1, double x2, double y2) = 0;
   virtual void box(double x1, double y1, double x2, double y2) = 0;
-  virtual void filledBox(double x1, double y1, double x2, double y2, Color color) = 0;
+  virtual void filledBox(double x1, double y1, double x2, double y2, Colour color) = 0;
   virtual void circle(double x, double y, double radius) = 0;
   /// Pixels.
   virtual void polyline(std::span<const PixelPoint> points) = 0;
   virtual void bezier(std::span<const PixelPoint> points) = 0;
   virtual void figure(std::span<const PixelPoint> points, bool fill, bool stroke) = 0;
   /// The area around a pixel, up to a colour.
-  virtual void floodFill(const PixelPoint& start, Color limit) = 0;
+  virtual void floodFill(const PixelPoint& start, Colour limit) = 0;
   virtual void text(const TextRun& run) = 0;
   /// Pixels; none for no limit.
   virtual void clip(const PixelRect* region) = 0;

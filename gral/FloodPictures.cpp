@@ -15,7 +15,7 @@ class FloodPictures : public TeeSink {
   FloodPictures(DrawingSink& sink, RasterSink& image, const FloodRims& rims)
       : TeeSink(sink, image), sink_(sink), image_(image), rims_(rims) {}
 
-  void floodFill(const PixelPoint& start, Color limit) override {
+  void floodFill(const PixelPoint& start, Colour limit) override {
     comes();
     const std::vector<RowSpan> area = image_.floodArea(start, limit);
     image_.floodFill(start, limit);

@@ -12,14 +12,14 @@ namespace {
 /// Knows the limits of all fillings of a list.
 class LimitFinder : public CountingSink {
  public:
-  std::set<Color> limits;
-  void floodFill(const PixelPoint&, Color limit) override { limits.insert(limit); }
+  std::set<Colour> limits;
+  void floodFill(const PixelPoint&, Colour limit) override { limits.insert(limit); }
 };
 
 /// When each pixel was last covered by an area of another colour than one, as the number of that primitive.
 class AreaTimes : public RasterSink {
  public:
-  AreaTimes(int ratio, GlyphSource& glyphs, const DrawingUnits& units, Color except)
+  AreaTimes(int ratio, GlyphSource& glyphs, const DrawingUnits& units, Colour except)
       : RasterSink(ratio, glyphs, units.pixelRatio, units.penUnit), except_(except) {
     RasterSink::pen({kBlack, 1, kDrawTransparent});
   }
@@ -29,22 +29,19 @@ class AreaTimes : public RasterSink {
 
   long now = 0;  ///< the number of the primitive that is drawn
 
-  long at(int x, int y) const {
-    const std::uint32_t pixel = raster().at(x, y);
-    return static_cast<long>((pixel & 0xFF) << 16 | (pixel & 0xFF00) | (pixel >> 16 & 0xFF));
-  }
+  long at(int x, int y) const { return static_cast<long>(Colour::fromRgb(raster().at(x, y)).rgb()); }
   void cover(std::span<const RowSpan> area) {
     if (counts()) raster().paint(area, {Raster::pixelOf(stamp()), kFillSolid, kHatchCell});
   }
 
-  void clear(double width, double height, Color background) override {
-    RasterSink::clear(width, height, background == except_ ? static_cast<Color>(kNever) : stamp());
+  void clear(double width, double height, Colour background) override {
+    RasterSink::clear(width, height, background == except_ ? stampOf(kNever) : stamp());
   }
   void pen(const Pen&) override {}
   void filling(const Filling& filling) override { filling_ = filling; }
   void line(double, double, double, double) override {}
   void box(double, double, double, double) override {}
-  void filledBox(double x1, double y1, double x2, double y2, Color color) override {
+  void filledBox(double x1, double y1, double x2, double y2, Colour color) override {
     if (color != except_) RasterSink::filledBox(x1, y1, x2, y2, stamp());
   }
   void circle(double x, double y, double radius) override {
@@ -55,7 +52,7 @@ class AreaTimes : public RasterSink {
   void figure(std::span<const PixelPoint> points, bool fill, bool) override {
     if (fill && takeFilling()) RasterSink::figure(points, true, false);
   }
-  void floodFill(const PixelPoint&, Color) override {}
+  void floodFill(const PixelPoint&, Colour) override {}
   void text(const TextRun&) override {}
   void picture(const Picture& picture, double x, double y) override {
     RasterSink::filledBox(x, y, x + picture.width * picture.twipsPerPixel,
@@ -63,14 +60,15 @@ class AreaTimes : public RasterSink {
   }
 
  private:
-  Color stamp() const { return static_cast<Color>(std::min(now, kNever)); }
+  static Colour stampOf(long time) { return Colour::fromRgb(static_cast<std::uint32_t>(time)); }
+  Colour stamp() const { return stampOf(std::min(now, kNever)); }
   bool counts() const { return filling_.style == kFillSolid && filling_.color != except_; }
   bool takeFilling() {
     RasterSink::filling({stamp(), kFillSolid});
     return counts();
   }
 
-  Color except_;
+  Colour except_;
   Filling filling_;
 };
 
@@ -106,10 +104,10 @@ std::vector<RowSpan> pixelsAround(std::span<const RowSpan> pixels, int steps, st
 /// Draws a list on an image and finds the rims of the areas that are filled up to one colour.
 class RimFinder : public TeeSink {
  public:
-  RimFinder(RasterSink& image, AreaTimes& times, Color limit, int steps, FloodRims& rims)
+  RimFinder(RasterSink& image, AreaTimes& times, Colour limit, int steps, FloodRims& rims)
       : TeeSink(image, times), image_(image), times_(times), limit_(limit), steps_(steps), rims_(rims) {}
 
-  void floodFill(const PixelPoint& start, Color limit) override {
+  void floodFill(const PixelPoint& start, Colour limit) override {
     comes();
     const std::vector<RowSpan> area = image_.floodArea(start, limit);
     if (limit == limit_) findRims(area);
@@ -154,7 +152,7 @@ class RimFinder : public TeeSink {
 
   RasterSink& image_;
   AreaTimes& times_;
-  Color limit_;
+  Colour limit_;
   int steps_;
   FloodRims& rims_;
 };
@@ -168,7 +166,7 @@ FloodRims floodRims(const DisplayList& list, GlyphSource& glyphs, const DrawingU
   LimitFinder finder;
   list.replay(finder);
   FloodRims rims;
-  for (const Color limit : finder.limits) {
+  for (const Colour limit : finder.limits) {
     RasterSink image(finePixels, glyphs, units.pixelRatio, units.penUnit);
     AreaTimes times(finePixels, glyphs, units, limit);
     image.clear(sheet.width, sheet.height, kWhite);

@@ -100,8 +100,8 @@ class GralCls {
 
   // ---- Pens, lines, clipping -------------------------------------------------------------------------------
 
-  void GralColor(Color color);
-  void GralFillColor(Color color);
+  void GralColor(Colour color);
+  void GralFillColor(Colour color);
   void GralFillStyle(Int16 iFillStyle);
   /// Pen of `fdim` tenths of a millimetre and of line type `itra`, from 1; types repeat after five: solid,
   /// dash, dot, dash-dot, dash-dot-dot. A type below 1 is refused by the device.
@@ -180,7 +180,7 @@ class GralCls {
 
   /// Fills the area around a Usr point, up to the colour `LimitColor` on all sides or the clip region, with
   /// the device's filling. A point of that colour has no area.
-  void GralFill(double x, double y, Color LimitColor);
+  void GralFill(double x, double y, Colour LimitColor);
   /// Prints what the form shows in its natural size, in the middle of a sheet turned as the drawing is. A
   /// form larger than the sheet begins at half the difference all the same.
   void GralPrintScreen();
@@ -191,7 +191,7 @@ class GralCls {
   /// along x and j = 1..ny along y. Level k = 1..nl, in ascending order, is drawn in colour CLev(k), with the
   /// present pen; the device's colour stays. One grid point along x or y is run-time error 11.
   void GralContour(double xmin, double xmax, double ymin, double ymax, const Array2<float>& z, Int16 nx,
-                   Int16 ny, const Array<float>& VLev, const Array<Color>& CLev, int nl);
+                   Int16 ny, const Array<float>& VLev, const Array<Colour>& CLev, int nl);
 
   // ---- Surfaces and frames in space --------------------------------------------------------------------------
   //

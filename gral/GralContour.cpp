@@ -4,7 +4,7 @@
 namespace vk {
 
 void GralCls::GralContour(double xmin, double xmax, double ymin, double ymax, const Array2<float>& z,
-                          Int16 nx, Int16 ny, const Array<float>& VLev, const Array<Color>& CLev, int nl) {
+                          Int16 nx, Int16 ny, const Array<float>& VLev, const Array<Colour>& CLev, int nl) {
   const double dx = checked::divide(xmax - xmin, nx - 1);
   const double dy = checked::divide(ymax - ymin, ny - 1);
   const auto corner = [&](double x, double y, int i, int j) {

@@ -6,7 +6,7 @@
 
 namespace vk {
 
-void GralCls::GralFill(double x, double y, Color LimitColor) {
+void GralCls::GralFill(double x, double y, Colour LimitColor) {
   const PlanePoint start = drawnPixels(*GralDev).nearest(pixelOfUsr(x, y));
   GralDev->FloodFill(toInt32(start.x), toInt32(start.y), LimitColor);
 }

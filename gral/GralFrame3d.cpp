@@ -165,7 +165,7 @@ class Walls {
   }
 
  private:
-  Color colorOf(double seen, double area) const {
+  Colour colorOf(double seen, double area) const {
     const double share = std::min(1.0, checked::divide(std::abs(seen), area));
     return faceColor(grayOf(Gray3d_ ? share : 1), Col3d_, HSFrmCol_);
   }

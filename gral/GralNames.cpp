@@ -36,6 +36,10 @@ struct Taken<float> {
   static float from(const GralValue& value) { return toSingle(held<double>(value)); }
 };
 template <>
+struct Taken<Colour> {
+  static Colour from(const GralValue& value) { return Colour::fromBgr(toInt32(held<double>(value))); }
+};
+template <>
 struct Taken<bool> {
   static bool from(const GralValue& value) { return held<double>(value) != 0; }
 };

@@ -15,7 +15,7 @@ namespace vk {
 /// handed in as a pointer, and so are arrays and the device.
 using GralValue =
     std::variant<std::monostate, double, std::string, double*, std::string*, Device*, const Array<double>*,
-                 Array<std::string>*, const Array<float>*, const Array<Color>*, const Array2<float>*>;
+                 Array<std::string>*, const Array<float>*, const Array<Colour>*, const Array2<float>*>;
 
 /// Calls a public method by its name, in any case. The method that clears the form is named `GralCls`.
 /// Integer arguments are rounded, ties to even. An unknown name or a wrong number of arguments is run-time

@@ -31,11 +31,11 @@ char lengthCode(double twips) {
 
 }  // namespace
 
-void GralCls::GralColor(Color color) {
+void GralCls::GralColor(Colour color) {
   GralDev->setForeColor(color);
 }
 
-void GralCls::GralFillColor(Color color) {
+void GralCls::GralFillColor(Colour color) {
   GralDev->setFillColor(color);
 }
 

@@ -60,7 +60,7 @@ class CellShades {
   double dx_, dy_, unit_;
 };
 
-void fillTriangle(Device& device, Color color, const SurfacePoint& a, const SurfacePoint& b,
+void fillTriangle(Device& device, Colour color, const SurfacePoint& a, const SurfacePoint& b,
                   const SurfacePoint& c) {
   device.setFillColor(color);
   const PlanePoint outline[] = {a.pixel, b.pixel, c.pixel, a.pixel};
@@ -132,7 +132,7 @@ class Columns {
   }
 
  private:
-  void face(Color color, const std::array<PlanePoint, 4>& corners) const {
+  void face(Colour color, const std::array<PlanePoint, 4>& corners) const {
     std::array<PlanePoint, 4> points;
     for (std::size_t n = 0; n < points.size(); ++n)
       points[n] = drawing_.pixelOfUsr(corners[n].x, corners[n].y);
@@ -144,7 +144,7 @@ class Columns {
   GralCls& drawing_;
   const BoxProjection& box_;
   PlanePoint xStep_, yStep_;
-  std::array<Color, 3> colors_{kWhite, kWhite, kWhite};
+  std::array<Colour, 3> colors_{kWhite, kWhite, kWhite};
 };
 
 }  // namespace

@@ -26,8 +26,8 @@ std::string hexByte(int value) {
   return {kHexDigits[(value >> 4) & 15], kHexDigits[value & 15]};
 }
 
-std::string recordedColor(Color color) {
-  return hexByte(color) + hexByte(color >> 8) + hexByte(color >> 16);
+std::string recordedColor(Colour color) {
+  return hexByte(color.red()) + hexByte(color.green()) + hexByte(color.blue());
 }
 
 std::string quoted(const std::string& text) {
@@ -41,7 +41,7 @@ std::string quoted(const std::string& text) {
 
 }  // namespace
 
-void LineWriter::clear(double width, double height, Color background) {
+void LineWriter::clear(double width, double height, Colour background) {
   add("clear " + place(width, height) + " tw " + recordedColor(background));
 }
 
@@ -61,7 +61,7 @@ void LineWriter::box(double x1, double y1, double x2, double y2) {
   add("box " + place(x1, y1) + " " + place(x2, y2) + " tw");
 }
 
-void LineWriter::filledBox(double x1, double y1, double x2, double y2, Color color) {
+void LineWriter::filledBox(double x1, double y1, double x2, double y2, Colour color) {
   add("filledbox " + place(x1, y1) + " " + place(x2, y2) + " tw " + recordedColor(color));
 }
 
@@ -87,7 +87,7 @@ void LineWriter::figure(std::span<const PixelPoint> points, bool fill, bool stro
   addPoints(fill && stroke ? "fill+stroke" : fill ? "fill" : "stroke", points);
 }
 
-void LineWriter::floodFill(const PixelPoint& start, Color limit) {
+void LineWriter::floodFill(const PixelPoint& start, Colour limit) {
   add("floodfill " + generalText(start.x) + "," + generalText(start.y) + " px to " + recordedColor(limit));
 }
 

@@ -7,17 +7,17 @@ namespace vk {
 /// A sink that cannot be drawn on: run-time error 482.
 class RefusingSink : public DrawingSink {
  public:
-  void clear(double, double, Color) override { refuse(); }
+  void clear(double, double, Colour) override { refuse(); }
   void pen(const Pen&) override { refuse(); }
   void filling(const Filling&) override { refuse(); }
   void line(double, double, double, double) override { refuse(); }
   void box(double, double, double, double) override { refuse(); }
-  void filledBox(double, double, double, double, Color) override { refuse(); }
+  void filledBox(double, double, double, double, Colour) override { refuse(); }
   void circle(double, double, double) override { refuse(); }
   void polyline(std::span<const PixelPoint>) override { refuse(); }
   void bezier(std::span<const PixelPoint>) override { refuse(); }
   void figure(std::span<const PixelPoint>, bool, bool) override { refuse(); }
-  void floodFill(const PixelPoint&, Color) override { refuse(); }
+  void floodFill(const PixelPoint&, Colour) override { refuse(); }
   void text(const TextRun&) override { refuse(); }
   void clip(const PixelRect*) override { refuse(); }
   void picture(const Picture&, double, double) override { refuse(); }

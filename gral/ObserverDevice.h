@@ -19,17 +19,17 @@ class CountingSink : public DrawingSink {
  public:
   const DrawingCounts& counts() const { return counts_; }
 
-  void clear(double, double, Color) override { ++counts_.clears; }
+  void clear(double, double, Colour) override { ++counts_.clears; }
   void pen(const Pen&) override { ++counts_.pens; }
   void filling(const Filling&) override { ++counts_.fillings; }
   void line(double, double, double, double) override { ++counts_.lines; }
   void box(double, double, double, double) override { ++counts_.boxes; }
-  void filledBox(double, double, double, double, Color) override { ++counts_.boxes; }
+  void filledBox(double, double, double, double, Colour) override { ++counts_.boxes; }
   void circle(double, double, double) override { ++counts_.circles; }
   void polyline(std::span<const PixelPoint> points) override { count(counts_.polylines, points); }
   void bezier(std::span<const PixelPoint> points) override { count(counts_.beziers, points); }
   void figure(std::span<const PixelPoint> points, bool, bool) override { count(counts_.figures, points); }
-  void floodFill(const PixelPoint&, Color) override { ++counts_.floodFills; }
+  void floodFill(const PixelPoint&, Colour) override { ++counts_.floodFills; }
   void text(const TextRun&) override { ++counts_.texts; }
   void clip(const PixelRect*) override { ++counts_.clips; }
   void picture(const Picture&, double, double) override { ++counts_.pictures; }

@@ -57,10 +57,7 @@ struct RowSpan {
 /// a point stands for the centre of its pixel. What lies outside the clip region is left as it is.
 class Raster {
  public:
-  static constexpr std::uint32_t pixelOf(Color color) {
-    const auto c = static_cast<std::uint32_t>(color);
-    return 0xFF000000U | (c & 0xFF) << 16 | (c & 0xFF00) | (c >> 16 & 0xFF);
-  }
+  static constexpr std::uint32_t pixelOf(Colour color) { return 0xFF000000U | color.rgb(); }
 
   /// A new picture, all of one colour and without limits.
   void reset(int width, int height, std::uint32_t color);

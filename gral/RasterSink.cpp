@@ -46,7 +46,7 @@ std::vector<PixelPoint> RasterSink::ownPixels(std::span<const PixelPoint> points
   return result;
 }
 
-void RasterSink::clear(double width, double height, Color background) {
+void RasterSink::clear(double width, double height, Colour background) {
   const PixelPoint size = pixelAt(width, height);
   raster_.reset(size.x, size.y, Raster::pixelOf(background));
 }
@@ -74,7 +74,7 @@ void RasterSink::box(double x1, double y1, double x2, double y2) {
   stroke(corners);
 }
 
-void RasterSink::filledBox(double x1, double y1, double x2, double y2, Color color) {
+void RasterSink::filledBox(double x1, double y1, double x2, double y2, Colour color) {
   const PixelPoint a = pixelAt(std::min(x1, x2), std::min(y1, y2));
   const PixelPoint b = pixelAt(std::max(x1, x2), std::max(y1, y2));
   raster_.block({a.x, a.y, b.x + 1, b.y + 1}, Raster::pixelOf(color));
@@ -151,11 +151,11 @@ void RasterSink::strokeDashed(std::span<const PixelPoint> points, std::span<cons
   }
 }
 
-void RasterSink::floodFill(const PixelPoint& start, Color limit) {
+void RasterSink::floodFill(const PixelPoint& start, Colour limit) {
   raster_.paint(floodArea(start, limit), brush_);
 }
 
-std::vector<RowSpan> RasterSink::floodArea(const PixelPoint& start, Color limit) const {
+std::vector<RowSpan> RasterSink::floodArea(const PixelPoint& start, Colour limit) const {
   return raster_.areaAround(ownPixel(start), Raster::pixelOf(limit));
 }
 

@@ -26,23 +26,23 @@ class RasterSink : public DrawingSink {
   Raster& raster() { return raster_; }
   const Raster& raster() const { return raster_; }
   /// The pixels that `floodFill` would paint; none where it would paint nothing.
-  std::vector<RowSpan> floodArea(const PixelPoint& start, Color limit) const;
+  std::vector<RowSpan> floodArea(const PixelPoint& start, Colour limit) const;
   /// These pixels, painted with a brush, as a picture, and its top left corner in twips.
   Picture pictureOf(std::span<const RowSpan> area, const Brush& brush, double& x, double& y) const;
   /// What the present filling paints with.
   const Brush& brush() const { return brush_; }
 
-  void clear(double width, double height, Color background) override;
+  void clear(double width, double height, Colour background) override;
   void pen(const Pen& pen) override;
   void filling(const Filling& filling) override;
   void line(double x1, double y1, double x2, double y2) override;
   void box(double x1, double y1, double x2, double y2) override;
-  void filledBox(double x1, double y1, double x2, double y2, Color color) override;
+  void filledBox(double x1, double y1, double x2, double y2, Colour color) override;
   void circle(double x, double y, double radius) override;
   void polyline(std::span<const PixelPoint> points) override;
   void bezier(std::span<const PixelPoint> points) override;
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
-  void floodFill(const PixelPoint& start, Color limit) override;
+  void floodFill(const PixelPoint& start, Colour limit) override;
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
   void picture(const Picture& picture, double x, double y) override;

@@ -25,7 +25,7 @@ class SavedDrawing {
  private:
   Device& device_;
   Int16 fillStyle_, drawStyle_;
-  Color fillColor_, foreColor_;
+  Colour fillColor_, foreColor_;
 };
 
 }  // namespace vk

@@ -36,13 +36,9 @@ int withBrightness(int c, double l) {
   return c < kFull ? toInt32((l - kHalf) * ((kFull - c) / static_cast<double>(kHalf)) + c) : c;
 }
 
-Color rgb(int red, int green, int blue) {
-  return red | green << 8 | blue << 16;
-}
-
 }  // namespace
 
-Color HsbToRgb(double h, double s, double b) {
+Colour HsbToRgb(double h, double s, double b) {
   const double hue = withoutWholePart(std::abs(h));
   const double l = unitPart(b), saturation = unitPart(s);
   const double M = kFull * l;
@@ -50,7 +46,7 @@ Color HsbToRgb(double h, double s, double b) {
     const int c = withBrightness(HueChannel(t), l);
     return toInt32(M + saturation * (c - M));
   };
-  return rgb(channel(hue + kThirdOfTurn), channel(hue), channel(hue + 2 * kThirdOfTurn));
+  return Colour::fromChannels(channel(hue + kThirdOfTurn), channel(hue), channel(hue + 2 * kThirdOfTurn));
 }
 
 double grayOf(double share) {
@@ -62,10 +58,10 @@ double brightnessOf(double gray) {
   return gray / kTwiceTheShades;
 }
 
-Color faceColor(double gray, bool coloured, const Array<float>& hs) {
+Colour faceColor(double gray, bool coloured, const Array<float>& hs) {
   if (coloured) return HsbToRgb(hs[1], hs[2], brightnessOf(gray));
   const int channel = toInt32(gray);
-  return rgb(channel, channel, channel);
+  return Colour::fromChannels(channel, channel, channel);
 }
 
 }  // namespace vk

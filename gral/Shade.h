@@ -9,7 +9,7 @@ namespace vk {
 /// The colour of a hue (0 red, 1/3 green, 2/3 blue, 1 red again), a saturation (0 grey, 1 full) and a
 /// brightness (0 black, 0.5 the full colour, 1 white). Signs do not count, nor do whole turns of the hue and
 /// whole parts above 1 of the others.
-Color HsbToRgb(double h, double s, double b);
+Colour HsbToRgb(double h, double s, double b);
 
 /// The gray of a face by the share of its area that is left when it is seen from its side: 0 edge-on, 255
 /// flat on. A negative share is run-time error 5.
@@ -19,6 +19,6 @@ double grayOf(double share);
 double brightnessOf(double gray);
 
 /// The colour of a face: this gray, or a colour of hue and saturation hs(1), hs(2) that is as bright.
-Color faceColor(double gray, bool coloured, const Array<float>& hs);
+Colour faceColor(double gray, bool coloured, const Array<float>& hs);
 
 }  // namespace vk

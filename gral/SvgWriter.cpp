@@ -30,16 +30,11 @@ std::string attribute(const std::string& name, const std::string& value) {
   return " " + name + "=\"" + value + "\"";
 }
 
-std::string colorText(std::uint32_t rgb) {
+std::string colorText(Colour color) {
   constexpr char kDigits[] = "0123456789abcdef";
   std::string text = "#";
-  for (int shift = 20; shift >= 0; shift -= 4) text += kDigits[rgb >> shift & 15];
+  for (int shift = 20; shift >= 0; shift -= 4) text += kDigits[color.rgb() >> shift & 15];
   return text;
-}
-
-std::string colorText(Color color) {
-  const auto c = static_cast<std::uint32_t>(color);
-  return colorText((c & 0xFF) << 16 | (c & 0xFF00) | (c >> 16 & 0xFF));
 }
 
 /// The dashes of a pen of this width in twips.
@@ -116,7 +111,7 @@ std::string SvgWriter::document() {
 
 // ---- State
 
-void SvgWriter::clear(double width, double height, Color background) {
+void SvgWriter::clear(double width, double height, Colour background) {
   width_ = width;
   height_ = height;
   definitions_.clear();
@@ -236,7 +231,7 @@ void SvgWriter::box(double x1, double y1, double x2, double y2) {
           "/>");
 }
 
-void SvgWriter::filledBox(double x1, double y1, double x2, double y2, Color color) {
+void SvgWriter::filledBox(double x1, double y1, double x2, double y2, Colour color) {
   element("<path stroke=\"none\"" + attribute("fill", colorText(color)) +
           attribute("d", "M" + place(x1, y1) + "H" + number(x2) + "V" + number(y2) + "H" + number(x1) + "Z") +
           "/>");
@@ -307,7 +302,7 @@ void SvgWriter::picture(const Picture& picture, double x, double y) {
   std::uint32_t color = 0;
   const auto flush = [&] {
     if (!path.empty()) {
-      element("<path stroke=\"none\"" + attribute("fill", colorText(color & 0xFFFFFF)) +
+      element("<path stroke=\"none\"" + attribute("fill", colorText(Colour::fromRgb(color))) +
               attribute("d", path) + "/>");
     }
     path.clear();

@@ -9,7 +9,7 @@ class TeeSink : public DrawingSink {
  public:
   TeeSink(DrawingSink& first, DrawingSink& second) : sinks_{&first, &second} {}
 
-  void clear(double width, double height, Color background) override {
+  void clear(double width, double height, Colour background) override {
     each([&](DrawingSink& sink) { sink.clear(width, height, background); });
   }
   void pen(const Pen& pen) override {
@@ -24,7 +24,7 @@ class TeeSink : public DrawingSink {
   void box(double x1, double y1, double x2, double y2) override {
     each([&](DrawingSink& sink) { sink.box(x1, y1, x2, y2); });
   }
-  void filledBox(double x1, double y1, double x2, double y2, Color color) override {
+  void filledBox(double x1, double y1, double x2, double y2, Colour color) override {
     each([&](DrawingSink& sink) { sink.filledBox(x1, y1, x2, y2, color); });
   }
   void circle(double x, double y, double radius) override {
@@ -39,7 +39,7 @@ class TeeSink : public DrawingSink {
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override {
     each([&](DrawingSink& sink) { sink.figure(points, fill, stroke); });
   }
-  void floodFill(const PixelPoint& start, Color limit) override {
+  void floodFill(const PixelPoint& start, Colour limit) override {
     each([&](DrawingSink& sink) { sink.floodFill(start, limit); });
   }
   void text(const TextRun& run) override {

@@ -14,8 +14,8 @@
 /// `InpFrm` shows what stands here and passes its events on.
 namespace vk {
 
-inline constexpr Colour InpColorWhite = RGB(255, 255, 255);
-inline constexpr Colour kInpColorField = RGB(230, 230, 230);
+inline constexpr Colour InpColorWhite = Colour::fromChannels(255, 255, 255);
+inline constexpr Colour kInpColorField = Colour::fromChannels(230, 230, 230);
 
 class InpMod {
  public:

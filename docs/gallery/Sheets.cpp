@@ -17,7 +17,8 @@ void beginSheet(GralCls& drawing, const std::string& title) {
 
 namespace {
 
-constexpr Color kRed = 0x0000C0, kGreen = 0x008000, kBlue = 0xC00000, kGrey = 0x909090;
+constexpr Colour kRed = Colour::fromRgb(0xC00000), kGreen = Colour::fromRgb(0x008000),
+                 kBlue = Colour::fromRgb(0x0000C0), kGrey = Colour::fromRgb(0x909090);
 
 Array<double> valuesOf(int count, const std::function<double(int)>& value) {
   Array<double> values(count);
@@ -62,7 +63,7 @@ void drawPens(GralCls& drawing) {
 
 void drawMarks(GralCls& drawing) {
   beginSheet(drawing, "The ten marks");
-  const Color colors[] = {kBlack, kRed, kGreen, kBlue};
+  const Colour colors[] = {kBlack, kRed, kGreen, kBlue};
   const double sizes[] = {1, 1.5, 2.5, 4};
   for (int type = 1; type <= 10; ++type) {
     const double x = 4.5 + 2.3 * (type - 1);

@@ -75,7 +75,7 @@ void contourPlot(GralCls& drawing, double left, double bottom, double size, cons
   drawing.GralOaxis(-1, 1, 1, 4, -2, false, false, "");
   drawing.GralVaxis(-1, 1, -1, 4, 2, false, true, "");
   drawing.GralVaxis(-1, 1, 1, 4, -2, false, false, "");
-  Array<Color> colors(levels.upper());
+  Array<Colour> colors(levels.upper());
   for (int k = 1; k <= levels.upper(); ++k) colors[k] = HsbToRgb(hueOf(k, levels.upper()), 1, 0.4);
   drawing.GralContour(-1, 1, -1, 1, gridOf(kPoints, f), kPoints, kPoints, levels, colors, levels.upper());
 }
@@ -98,8 +98,9 @@ void drawFloods(GralCls& drawing) {
   drawing.GralPen(3, 1);
   const int styles[] = {kFillSolid, kFillVertical, kFillSolid};
   const char* names[] = {"solid", "hatched", "up to a clip region"};
-  const Color kOrange = 0x80C0FF, kPaleGreen = 0x80FFC0, kLightBlue = 0xFFC080;
-  const Color colors[] = {kOrange, 0xC00000, kLightBlue};
+  const Colour kOrange = Colour::fromRgb(0xFFC080), kPaleGreen = Colour::fromRgb(0xC0FF80),
+               kDarkBlue = Colour::fromRgb(0x0000C0), kLightBlue = Colour::fromRgb(0x80C0FF);
+  const Colour colors[] = {kOrange, kDarkBlue, kLightBlue};
   for (int n = 0; n < 3; ++n) {
     const double x = 6 + 8.4 * n, y = 10;
     Array<double> px(91), py(91);
@@ -171,7 +172,7 @@ void drawBandedSurfaces(GralCls& drawing) {
 void drawLinedSurfaces(GralCls& drawing) {
   beginSheet(drawing, "A surface with coloured level lines, on wires and on shades");
   const Array<float> levels = stepsOf(8, 0.6, 0.5);
-  drawing.GralColor(0xA0A0A0);
+  drawing.GralColor(Colour::fromRgb(0xA0A0A0));
   drawSurface(drawing, kLeft, gridOf(15, hills), false, false, levels, bandColors(8, 0.4));
   drawSurface(drawing, kRight, gridOf(15, hills), true, false, levels, bandColors(8, 0.4));
 }

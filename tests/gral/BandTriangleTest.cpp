@@ -39,7 +39,7 @@ Array2<float> colorsOf(int n) {
   return hsb;
 }
 
-std::string colorText(Color color) {
+std::string colorText(Colour color) {
   LineWriter writer;
   writer.filledBox(0, 0, 0, 0, color);
   return writer.lines[0].substr(writer.lines[0].size() - 6);
@@ -55,7 +55,7 @@ class Bands : public GralFixture {
 
 TEST_F(Bands, OfATriangleWithoutALevelAreTheTriangle) {
   levels = levelsOf({1, 2});
-  form.setForeColor(0x123456);
+  form.setForeColor(Colour::fromBgr(0x123456));
   BandFillTriangle(form, at(10, 10, 1.2), at(50, 10, 1.7), at(10, 40, 1), levels, {colorsOf(3), false, 0});
   EXPECT_EQ(form.FillStyle(), kFillSolid);
   EXPECT_EQ(allDrawn(), (std::vector<std::string>{"filling " + colorText(HsbToRgb(0.2F, 1, 0.4F)) + " solid",
@@ -180,7 +180,7 @@ class BandLines : public Bands {};
 
 TEST_F(BandLines, AreLevelSegmentsInTheColoursOfTheirLevels) {
   levels = levelsOf({1, 2});
-  drawing.GralColor(0x00FFFF);
+  drawing.GralColor(Colour::fromBgr(0x00FFFF));
   BandLinesTriangle(drawing, at(0, 0, 0.5), at(4, 0, 1.5), at(0, 4, 2.5), levels, {colorsOf(2), false, 0});
   LineCatcher catcher;
   form.list().replay(catcher);
@@ -193,7 +193,7 @@ TEST_F(BandLines, AreLevelSegmentsInTheColoursOfTheirLevels) {
   EXPECT_NEAR(catcher.caught[1].x2, 2 * kTwipsPerLogX, 0.01);
   EXPECT_NEAR(catcher.caught[1].y1, 5 * kTwipsPerLogY, 0.01);
   EXPECT_NEAR(catcher.caught[1].y2, 6 * kTwipsPerLogY, 0.01);
-  EXPECT_EQ(form.ForeColor(), 0x00FFFF);
+  EXPECT_EQ(form.ForeColor(), Colour::fromBgr(0x00FFFF));
 }
 
 TEST_F(BandLines, UnderAShadeAreAsBrightAsTheShade) {

@@ -35,9 +35,9 @@ class FormDevice : public ::testing::Test {
 };
 
 TEST_F(FormDevice, KeepsItsSettings) {
-  form.setForeColor(1);
-  form.setFillColor(2);
-  form.setBackColor(3);
+  form.setForeColor(Colour::fromBgr(1));
+  form.setFillColor(Colour::fromBgr(2));
+  form.setBackColor(Colour::fromBgr(3));
   form.setFillStyle(7);
   form.setDrawStyle(6);
   form.setFontName("Symbol");
@@ -45,9 +45,9 @@ TEST_F(FormDevice, KeepsItsSettings) {
   form.setFontTransparent(false);
   form.setCurrentX(4.5);
   form.setCurrentY(5.5);
-  EXPECT_EQ(form.ForeColor(), 1);
-  EXPECT_EQ(form.FillColor(), 2);
-  EXPECT_EQ(form.BackColor(), 3);
+  EXPECT_EQ(form.ForeColor(), Colour::fromBgr(1));
+  EXPECT_EQ(form.FillColor(), Colour::fromBgr(2));
+  EXPECT_EQ(form.BackColor(), Colour::fromBgr(3));
   EXPECT_EQ(form.FillStyle(), 7);
   EXPECT_EQ(form.DrawStyle(), 6);
   EXPECT_EQ(form.FontName(), "Symbol");
@@ -109,7 +109,7 @@ TEST_F(FormDevice, ScaleCanBePutBack) {
 }
 
 TEST_F(FormDevice, LosesItsPictureWithANewBackground) {
-  form.setBackColor(0xFFFFFF);
+  form.setBackColor(kWhite);
   EXPECT_EQ(form.counts().clears, 1);
   form.Cls();
   EXPECT_EQ(form.counts().clears, 2);
@@ -247,7 +247,7 @@ TEST_F(PrinterDevice, RefusesWhatFormsDo) {
   EXPECT_THROW(printer.Hide(), RuntimeError);
   EXPECT_THROW(printer.Show(), RuntimeError);
   EXPECT_THROW(printer.Image(), RuntimeError);
-  printer.setBackColor(3);
+  printer.setBackColor(Colour::fromBgr(3));
   EXPECT_EQ(printer.counts().clears, 0);
 }
 

@@ -10,13 +10,13 @@ namespace {
 
 /// One primitive of each kind.
 void drawEverything(Device& device) {
-  device.setForeColor(0x030201);
+  device.setForeColor(Colour::fromBgr(0x030201));
   device.setDrawStyle(kDrawDot);
   device.setDrawWidth(3);
   device.Line(1, 2, 3.25, 4.0001);
   device.Box(1, 2, 3, 4);
-  device.FilledBox(1, 2, 3, 4, 0xFF8040);
-  device.setFillColor(0xFFFFFF);
+  device.FilledBox(1, 2, 3, 4, Colour::fromBgr(0xFF8040));
+  device.setFillColor(kWhite);
   device.setFillStyle(kFillCross);
   device.Circle(10, 20, 1.0 / 3);
   const PixelPoint points[] = {{1, -2}, {3, 4}, {5, 6}, {7, 8}};
@@ -68,11 +68,11 @@ TEST(Recorder, WritesOneLineForEachPrimitive) {
 
 TEST(Recorder, AnnouncesPensAndFillingsOnlyWhenTheyChange) {
   RecorderDevice form;
-  form.setForeColor(1);
-  form.setForeColor(0);
+  form.setForeColor(Colour::fromBgr(1));
+  form.setForeColor(kBlack);
   form.Line(0, 0, 1, 1);
-  form.setForeColor(1);
-  form.setForeColor(0);
+  form.setForeColor(Colour::fromBgr(1));
+  form.setForeColor(kBlack);
   form.Line(1, 1, 2, 2);
   EXPECT_EQ(form.lines(),
             (std::vector<std::string>{"pen 000000 width 1 solid", "line 0,0 1,1 tw", "line 1,1 2,2 tw"}));
@@ -148,7 +148,7 @@ TEST(NoPrinterTest, RefusesEveryPrimitive) {
   const PixelPoint points[] = {{0, 0}, {1, 1}};
   EXPECT_EQ(refused([&] { none.Line(0, 0, 1, 1); }), 482);
   EXPECT_EQ(refused([&] { none.Box(0, 0, 1, 1); }), 482);
-  EXPECT_EQ(refused([&] { none.FilledBox(0, 0, 1, 1, 0); }), 482);
+  EXPECT_EQ(refused([&] { none.FilledBox(0, 0, 1, 1, kBlack); }), 482);
   EXPECT_EQ(refused([&] { none.Circle(0, 0, 1); }), 482);
   EXPECT_EQ(refused([&] { none.TextWidth("a"); }), 482);
   EXPECT_EQ(refused([&] { none.TextHeight("a"); }), 482);

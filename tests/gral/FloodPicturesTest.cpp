@@ -15,7 +15,7 @@ DisplayList sheetWithAFilledBox() {
   list.clear(1500, 750, kWhite);
   list.pen({});
   list.box(150, 150, 600, 450);
-  list.filling({0x0000FF, kFillSolid});
+  list.filling({Colour::fromBgr(0x0000FF), kFillSolid});
   list.floodFill({20, 20}, kBlack);
   return list;
 }
@@ -72,7 +72,7 @@ TEST(FloodPictures, RimIsAboveTheAreaThatTheLinesAreDrawnOn) {
   list.pen({});
   list.filledBox(150, 150, 600, 450, kWhite);
   list.box(150, 150, 600, 450);
-  list.filling({0x0000FF, kFillSolid});
+  list.filling({Colour::fromBgr(0x0000FF), kFillSolid});
   list.floodFill({20, 20}, kBlack);
   const PictureCatcher sink = caught(list);
   ASSERT_EQ(sink.lines.size(), 8U);
@@ -98,8 +98,8 @@ TEST(FloodPictures, EachSheetHasItsRims) {
 TEST(FloodPictures, AreaUpToTheGroundStaysOffTheGround) {
   DisplayList list;
   list.clear(1500, 750, kWhite);
-  list.filledBox(150, 150, 600, 450, 0x00FF00);
-  list.filling({0x0000FF, kFillSolid});
+  list.filledBox(150, 150, 600, 450, Colour::fromBgr(0x00FF00));
+  list.filling({Colour::fromBgr(0x0000FF), kFillSolid});
   list.floodFill({20, 20}, kWhite);
   const PictureCatcher sink = caught(list);
   EXPECT_EQ(sink.pictures.size(), 1U);
@@ -107,8 +107,8 @@ TEST(FloodPictures, AreaUpToTheGroundStaysOffTheGround) {
 
 TEST(FloodPictures, SecondFillingSeesTheFirst) {
   DisplayList list = sheetWithAFilledBox();
-  list.filling({0x00FF00, kFillSolid});
-  list.floodFill({0, 0}, 0x0000FF);
+  list.filling({Colour::fromBgr(0x00FF00), kFillSolid});
+  list.floodFill({0, 0}, Colour::fromBgr(0x0000FF));
   const PictureCatcher sink = caught(list);
   ASSERT_EQ(sink.pictures.size(), 4U);
   const Picture& around = sink.pictures[3];
@@ -123,7 +123,7 @@ TEST(FloodPictures, PixelsAndPensHaveTheirUnitsOnPaper) {
   DisplayList list;
   list.pen({kBlack, 50, kDrawSolid});
   list.box(150, 150, 750, 750);
-  list.filling({0x0000FF, kFillSolid});
+  list.filling({Colour::fromBgr(0x0000FF), kFillSolid});
   list.floodFill({187, 187}, kBlack);
   BlockLetters letters;
   PictureCatcher sink;
@@ -137,7 +137,7 @@ TEST(FloodPictures, PixelsAndPensHaveTheirUnitsOnPaper) {
 TEST(FloodPictures, NothingFilledIsNoPicture) {
   DisplayList list;
   list.clear(1500, 750, kWhite);
-  list.filling({0x0000FF, kFillSolid});
+  list.filling({Colour::fromBgr(0x0000FF), kFillSolid});
   list.floodFill({20, 20}, kWhite);
   const PictureCatcher sink = caught(list);
   EXPECT_TRUE(sink.pictures.empty());

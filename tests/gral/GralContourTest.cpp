@@ -74,8 +74,8 @@ class ContourTriangles : public GralFixture {
     return {x, y, z, LevelIndex(z, levels, levels.upper())};
   }
   std::vector<LineCatcher::Line> segments(const LevelCorner& a, const LevelCorner& b, const LevelCorner& c) {
-    Array<Color> colors(levels.upper());
-    for (int k = 1; k <= levels.upper(); ++k) colors[k] = 100 * k;
+    Array<Colour> colors(levels.upper());
+    for (int k = 1; k <= levels.upper(); ++k) colors[k] = Colour::fromBgr(100 * k);
     ContourTriangle(drawing, a, b, c, levels, colors);
     return lines();
   }
@@ -109,14 +109,15 @@ TEST_F(ContourTriangles, HaveASegmentForEachLevelBetweenTheirCorners) {
   expectLine(found[1], 0, 37.5, 75, 0);
   expectLine(found[2], 0, 62.5, 75, 25);
   expectLine(found[3], 0, 87.5, 25, 75);
-  for (std::size_t n = 0; n < found.size(); ++n) EXPECT_EQ(found[n].color, 100 * (static_cast<int>(n) + 2));
+  for (std::size_t n = 0; n < found.size(); ++n)
+    EXPECT_EQ(found[n].color, Colour::fromBgr(100 * (static_cast<int>(n) + 2)));
 }
 
 TEST_F(ContourTriangles, PutTheColourOfTheDeviceBack) {
   levels = levelsOf({1});
-  drawing.GralColor(0x123456);
+  drawing.GralColor(Colour::fromBgr(0x123456));
   segments(at(0, 0, 0), at(100, 0, 0), at(0, 100, 2));
-  EXPECT_EQ(form.ForeColor(), 0x123456);
+  EXPECT_EQ(form.ForeColor(), Colour::fromBgr(0x123456));
 }
 
 TEST_F(ContourTriangles, FlatOnesAndThoseBetweenTwoLevelsHaveNone) {
@@ -153,7 +154,7 @@ TEST_F(ContourTriangles, LevelAlongAnEdgeIsDrawnFromTheTriangleBelowIt) {
 TEST_F(ContourTriangles, ColourThatIsMissingFails) {
   levels = levelsOf({1, 2});
   EXPECT_EQ(failureOf([&] {
-              ContourTriangle(drawing, at(0, 0, 0), at(100, 0, 0), at(0, 100, 3), levels, Array<Color>(1));
+              ContourTriangle(drawing, at(0, 0, 0), at(100, 0, 0), at(0, 100, 3), levels, Array<Colour>(1));
             }),
             9);
 }
@@ -163,8 +164,8 @@ TEST_F(ContourTriangles, ColourThatIsMissingFails) {
 class Contours : public ContourTriangles {
  protected:
   void contour(const Array2<float>& z, double xmin, double xmax, double ymin, double ymax) {
-    Array<Color> colors(levels.upper());
-    for (int k = 1; k <= levels.upper(); ++k) colors[k] = k;
+    Array<Colour> colors(levels.upper());
+    for (int k = 1; k <= levels.upper(); ++k) colors[k] = Colour::fromBgr(k);
     drawing.GralContour(xmin, xmax, ymin, ymax, z, z.upper1(), z.upper2(), levels, colors, levels.upper());
   }
 };
@@ -222,10 +223,10 @@ TEST_F(Contours, OfAPlaneAreStraightAndParallel) {
           250);
   double length[5] = {};
   for (const auto& line : lines()) {
-    const double level = levels[line.color];
+    const double level = levels[line.color.bgr()];
     EXPECT_NEAR(plane(line.x1, line.y1), level, 1E-5);
     EXPECT_NEAR(plane(line.x2, line.y2), level, 1E-5);
-    length[line.color] += std::hypot(line.x1 - line.x2, line.y1 - line.y2);
+    length[line.color.bgr()] += std::hypot(line.x1 - line.x2, line.y1 - line.y2);
   }
   for (int k = 1; k <= 4; ++k) {
     // the chord of the level through the rectangle
@@ -238,12 +239,12 @@ TEST_F(Contours, OfAPlaneAreStraightAndParallel) {
 
 TEST_F(Contours, ColoursAreThoseOfTheLevelsAndTheDevicesIsPutBack) {
   levels = levelsOf({1.5, 2.5});
-  drawing.GralColor(0x00FF00);
+  drawing.GralColor(Colour::fromBgr(0x00FF00));
   contour(gridOf(3, 2, [](int i, int) { return i; }), 0, 100, 0, 100);
-  EXPECT_EQ(form.ForeColor(), 0x00FF00);
+  EXPECT_EQ(form.ForeColor(), Colour::fromBgr(0x00FF00));
   for (const auto& line : lines()) {
-    EXPECT_NEAR(line.x1, line.color == 1 ? 25 : 75, 0.001);
-    EXPECT_NEAR(line.x2, line.color == 1 ? 25 : 75, 0.001);
+    EXPECT_NEAR(line.x1, line.color.bgr() == 1 ? 25 : 75, 0.001);
+    EXPECT_NEAR(line.x2, line.color.bgr() == 1 ? 25 : 75, 0.001);
   }
 }
 
@@ -271,7 +272,7 @@ TEST_F(Contours, OfACircularBowlKeepToTheCircle) {
           0, 2 * kHalf, 0, 2 * kHalf);
   double angle[4] = {};
   for (const auto& line : lines()) {
-    const double r = radii[line.color - 1];
+    const double r = radii[line.color.bgr() - 1];
     const double x1 = line.x1 - kHalf, y1 = line.y1 - kHalf, x2 = line.x2 - kHalf, y2 = line.y2 - kHalf;
     // On an edge of length s the value u*u along it is at most s*s/4 below the straight line between its
     // ends; the diagonal has s*s = 2*step*step. Where the value is r*r the circle is so near.
@@ -282,7 +283,7 @@ TEST_F(Contours, OfACircularBowlKeepToTheCircle) {
     }
     // and in between, no further inside than the chord of the triangle it crosses
     EXPECT_GE(std::hypot((x1 + x2) / 2, (y1 + y2) / 2), r - allowed - 2 * kStep * kStep / 8 / r - 1E-3);
-    angle[line.color - 1] += std::abs(std::atan2(x1 * y2 - x2 * y1, x1 * x2 + y1 * y2));
+    angle[line.color.bgr() - 1] += std::abs(std::atan2(x1 * y2 - x2 * y1, x1 * x2 + y1 * y2));
   }
   for (const double around : angle) EXPECT_NEAR(around, 2 * 3.14159265, 1E-3);
 }
@@ -297,7 +298,7 @@ TEST_F(Contours, CloseUpFromTriangleToTriangle) {
   for (const auto& line : lines()) {
     for (const auto& [x, y] : {std::pair(line.x1, line.y1), std::pair(line.x2, line.y2)}) {
       if (x < 0.01 || x > 549.99 || y < 0.01 || y > 239.99) continue;
-      ++ends[{std::lround(x * 100), std::lround(y * 100), line.color}];
+      ++ends[{std::lround(x * 100), std::lround(y * 100), line.color.bgr()}];
     }
   }
   EXPECT_GT(ends.size(), 100U);
@@ -313,7 +314,7 @@ TEST_F(Contours, OfOneGridPointFail) {
 TEST_F(Contours, OfAnArrayThatIsTooSmallFail) {
   levels = levelsOf({1});
   const Array2<float> z = gridOf(3, 3, [](int i, int j) { return i + j; });
-  const Array<Color> colors(1);
+  const Array<Colour> colors(1);
   EXPECT_EQ(failureOf([&] { drawing.GralContour(0, 1, 0, 1, z, 4, 3, levels, colors, 1); }), 9);
   EXPECT_EQ(failureOf([&] { drawing.GralContour(0, 1, 0, 1, z, 3, 4, levels, colors, 1); }), 9);
 }

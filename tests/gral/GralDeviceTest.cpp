@@ -37,7 +37,7 @@ TEST_F(Opening, GivesEveryPublicFieldItsDefault) {
 
 TEST_F(Opening, SetsCaptionWhiteBackgroundAndFont) {
   form.setCaption("prima");
-  form.setForeColor(0x123456);
+  form.setForeColor(Colour::fromBgr(0x123456));
   form.setFontName("Courier New");
   form.setFontTransparent(false);
   drawing.GralCaption = "VOR_KEL: Grafico";
@@ -45,8 +45,8 @@ TEST_F(Opening, SetsCaptionWhiteBackgroundAndFont) {
   form.setVisible(false);
   drawing.GralGrStr(form, "PORTRAIT", 1);
   EXPECT_EQ(form.Caption(), "VOR_KEL: Grafico");
-  EXPECT_EQ(form.BackColor(), 0xFFFFFF);
-  EXPECT_EQ(form.ForeColor(), 0);
+  EXPECT_EQ(form.BackColor(), kWhite);
+  EXPECT_EQ(form.ForeColor(), kBlack);
   EXPECT_EQ(form.FontName(), "Arial");
   EXPECT_TRUE(form.FontTransparent());
   EXPECT_TRUE(form.AutoRedraw());

@@ -25,13 +25,13 @@ class PlaceCatcher : public LineWriter {
 
   void line(double x1, double y1, double x2, double y2) override { add({{x1, y1}, {x2, y2}}); }
   void box(double x1, double y1, double x2, double y2) override { add({{x1, y1}, {x2, y2}}); }
-  void filledBox(double x1, double y1, double x2, double y2, Color) override { add({{x1, y1}, {x2, y2}}); }
+  void filledBox(double x1, double y1, double x2, double y2, Colour) override { add({{x1, y1}, {x2, y2}}); }
   void circle(double x, double y, double r) override { add({{x - r, y - r}, {x + r, y + r}}); }
   void polyline(std::span<const PixelPoint> points) override { addPixels(points); }
   void bezier(std::span<const PixelPoint> points) override { addPixels(points); }
   void figure(std::span<const PixelPoint> points, bool, bool) override { addPixels(points); }
   void text(const TextRun& run) override { add({{run.x, run.y}}); }
-  void floodFill(const PixelPoint& start, Color) override { addPixels({&start, 1}); }
+  void floodFill(const PixelPoint& start, Colour) override { addPixels({&start, 1}); }
   void clip(const PixelRect* region) override {
     if (region == nullptr) return;
     const PixelPoint corners[] = {{region->x1, region->y1}, {region->x2, region->y2}};

@@ -126,7 +126,7 @@ class Fill : public ::testing::Test {
   void SetUp() override {
     drawing.GralGrStr(form, "LANDSCAPE", 2);
     drawing.GralFillStyle(kFillSolid);
-    drawing.GralFillColor(0x0000FF);
+    drawing.GralFillColor(Colour::fromBgr(0x0000FF));
   }
   int count(std::uint32_t color) const {
     int pixels = 0;
@@ -153,7 +153,7 @@ TEST_F(Fill, StartedOnALineOfTheLimitFillsNothing) {
   drawing.GralBox(2, 6, 4, 2, 0);
   drawing.GralFill(2, 4, kBlack);
   EXPECT_EQ(count(kRed), 0);
-  drawing.GralFill(2, 4, 0x123456);
+  drawing.GralFill(2, 4, Colour::fromBgr(0x123456));
   EXPECT_EQ(count(kRed), 605 * 302);
 }
 
@@ -169,12 +169,12 @@ TEST_F(Fill, RunsUpToTheClipRegion) {
 }
 
 TEST_F(Fill, HasTheDevicesFilling) {
-  drawing.GralFillColor(0x000000);
+  drawing.GralFillColor(kBlack);
   drawing.GralFillStyle(kFillHorizontal);
-  drawing.GralFill(5, 5, 0x0000FF);
+  drawing.GralFill(5, 5, Colour::fromBgr(0x0000FF));
   EXPECT_EQ(count(kInk), 605 * 38);
   drawing.GralFillStyle(kFillTransparent);
-  drawing.GralFill(5, 5, 0x0000FF);
+  drawing.GralFill(5, 5, Colour::fromBgr(0x0000FF));
   EXPECT_EQ(count(kInk), 605 * 38);
 }
 
@@ -192,10 +192,10 @@ TEST_F(Fill, IsAskedOfTheDeviceAtThePixel) {
   RecorderDevice recorder(FormMetrics{120, 405, 1});
   drawing.GralGrStr(recorder, "LANDSCAPE", 2);
   recorder.forget();
-  drawing.GralFillColor(0x030201);
+  drawing.GralFillColor(Colour::fromBgr(0x030201));
   drawing.GralFillStyle(kFillCross);
   drawing.GralXMap(0, 16, 0, 160);
-  drawing.GralFill(40, 4, 0xFF8040);
+  drawing.GralFill(40, 4, Colour::fromBgr(0xFF8040));
   EXPECT_EQ(recorder.lines(),
             (std::vector<std::string>{"filling 010203 cross", "floodfill 151,151 px to 4080FF"}));
   DisplayList copy;

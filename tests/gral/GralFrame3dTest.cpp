@@ -289,18 +289,15 @@ class WalledFrames : public Frames {
     }
     return line + " px";
   }
-  static std::string solid(Color color) {
+  static std::string solid(Colour color) {
     constexpr char kDigits[] = "0123456789ABCDEF";
     std::string text;
-    for (int shift = 0; shift < 24; shift += 8) {
-      text += kDigits[color >> (shift + 4) & 15];
-      text += kDigits[color >> shift & 15];
-    }
+    for (int shift = 20; shift >= 0; shift -= 4) text += kDigits[color.rgb() >> shift & 15];
     return text + " solid";
   }
-  static Color grey(double gray) {
+  static Colour grey(double gray) {
     const int channel = static_cast<int>(std::nearbyint(gray));
-    return channel | channel << 8 | channel << 16;
+    return Colour::fromChannels(channel, channel, channel);
   }
 };
 
@@ -355,10 +352,10 @@ TEST_F(WalledFrames, HaveHueAndSaturationOfTheFrame) {
 
 TEST_F(WalledFrames, PutTheFillingBack) {
   drawing.GralFillStyle(kFillCross);
-  drawing.GralFillColor(0x010203);
+  drawing.GralFillColor(Colour::fromBgr(0x010203));
   drawWalled(true, true);
   EXPECT_EQ(form.FillStyle(), kFillCross);
-  EXPECT_EQ(form.FillColor(), 0x010203);
+  EXPECT_EQ(form.FillColor(), Colour::fromBgr(0x010203));
 }
 
 TEST_F(WalledFrames, WithoutAnEdgeFail) {

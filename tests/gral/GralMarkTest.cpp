@@ -90,7 +90,7 @@ TEST_F(Marks, HaveTheirPointAtTheCentreOfMass) {
 
 // QUIRK: the upward triangle keeps a black outline.
 TEST_F(Marks, AreOutlinedInTheColourSaveTheUpwardTriangle) {
-  drawing.GralColor(0x0000FF);
+  drawing.GralColor(Colour::fromBgr(0x0000FF));
   for (int type = 1; type <= 11; ++type) {
     form.forget();
     const std::string expected = type % 5 == 1 ? "pen 000000 width 1 solid" : "pen FF0000 width 1 solid";
@@ -101,15 +101,15 @@ TEST_F(Marks, AreOutlinedInTheColourSaveTheUpwardTriangle) {
 TEST_F(Marks, RestoreTheSettings) {
   drawing.GralUseTra = false;
   drawing.GralPen(1, 3);
-  drawing.GralColor(0x112233);
-  drawing.GralFillColor(0x445566);
+  drawing.GralColor(Colour::fromBgr(0x112233));
+  drawing.GralFillColor(Colour::fromBgr(0x445566));
   drawing.GralFillStyle(6);
   for (int type = 0; type <= 10; ++type) {
     mark(type);
     EXPECT_EQ(form.DrawStyle(), 2);
     EXPECT_EQ(form.FillStyle(), 6);
-    EXPECT_EQ(form.ForeColor(), 0x112233);
-    EXPECT_EQ(form.FillColor(), 0x445566);
+    EXPECT_EQ(form.ForeColor(), Colour::fromBgr(0x112233));
+    EXPECT_EQ(form.FillColor(), Colour::fromBgr(0x445566));
   }
 }
 

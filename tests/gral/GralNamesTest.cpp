@@ -88,8 +88,8 @@ TEST_F(Names, ReachPensAndLines) {
   call("GralColor", {255.0});
   call("GralFillColor", {254.0});
   call("GralFillStyle", {9.0});
-  EXPECT_EQ(form.ForeColor(), 255);
-  EXPECT_EQ(form.FillColor(), 254);
+  EXPECT_EQ(form.ForeColor(), Colour::fromBgr(255));
+  EXPECT_EQ(form.FillColor(), Colour::fromBgr(254));
   EXPECT_EQ(form.FillStyle(), 1);
   call("GralPen", {4.0, 2.0});
   EXPECT_EQ(drawing.kGralPen, 1);
@@ -160,10 +160,10 @@ TEST_F(Names, ReachTheContours) {
   z(2, 1) = z(2, 2) = 1;
   Array<float> levels(1);
   levels[1] = 0.5F;
-  Array<Color> colors(1);
+  Array<Colour> colors(1);
   const Array2<float>* values = &z;
   const Array<float>* level = &levels;
-  const Array<Color>* color = &colors;
+  const Array<Colour>* color = &colors;
   call("GralContour", {0.0, 16.0, 0.0, 8.0, values, 2.0, 2.0, level, color, 1.0});
   EXPECT_EQ(drawn().size(), 2U);
   EXPECT_EQ(failure("GralContour", {0.0, 16.0, 0.0, 8.0, values, 2.0, 2.0, color, level, 1.0}), 13);

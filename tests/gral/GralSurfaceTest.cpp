@@ -16,7 +16,7 @@ class FigureCatcher : public LineWriter {
   struct Figure {
     std::vector<PixelPoint> points;
     bool fill, stroke;
-    Color color;
+    Colour color;
   };
   std::vector<Figure> figures;
   void filling(const Filling& filling) override { filling_ = filling; }
@@ -152,16 +152,16 @@ TEST_F(Surfaces, AreNotShownOnAPrinter) {
 
 TEST_F(Surfaces, PutFillStyleAndColourBack) {
   drawing.GralFillStyle(kFillCross);
-  drawing.GralFillColor(0x010203);
+  drawing.GralFillColor(Colour::fromBgr(0x010203));
   for (const bool color : {false, true}) {
     surface(drawing, flat(3, 3), {.gray = true, .color = color}, levelsOf({1}), colorsOf(2));
     EXPECT_EQ(form.FillStyle(), kFillCross);
-    EXPECT_EQ(form.FillColor(), 0x010203);
+    EXPECT_EQ(form.FillColor(), Colour::fromBgr(0x010203));
   }
   // also when they fail on their way
   EXPECT_EQ(failureOf([&] { surface(drawing, flat(3, 3), {}, levelsOf({-1, 2}), Array2<float>(3, 2)); }), 9);
   EXPECT_EQ(form.FillStyle(), kFillCross);
-  EXPECT_EQ(form.FillColor(), 0x010203);
+  EXPECT_EQ(form.FillColor(), Colour::fromBgr(0x010203));
 }
 
 TEST_F(Surfaces, OfAFlatFloorHaveTheSameGrayAtEveryPixelRatio) {
@@ -178,8 +178,8 @@ TEST_F(Surfaces, OfAFlatFloorHaveTheSameGrayAtEveryPixelRatio) {
     for (const auto& figure : catcher.figures) {
       if (!figure.fill) continue;
       ++fills;
-      const int gray = figure.color & 255;
-      EXPECT_EQ(figure.color, gray | gray << 8 | gray << 16);
+      const int gray = figure.color.red();
+      EXPECT_EQ(figure.color, Colour::fromChannels(gray, gray, gray));
       // A cell is some 50 pixels wide at ratio 1, so that an area is known to a few percent.
       EXPECT_NEAR(gray, 152, ratio == 1 ? 3 : 1.5) << ratio;
     }
@@ -198,7 +198,7 @@ TEST_F(Surfaces, SeenFlatOnAreWhiteAndEdgeOnBlack) {
     fine.list().replay(catcher);
     std::vector<int> grays;
     for (const auto& figure : catcher.figures) {
-      if (figure.fill) grays.push_back(figure.color & 255);
+      if (figure.fill) grays.push_back(figure.color.red());
     }
     return grays;
   };
@@ -237,8 +237,8 @@ TEST_F(Surfaces, ShadesFollowTheSlopesOfEachHalf) {
   const double gray1 = 255 * std::pow(std::min(P1, N1) / N1, 0.25);
   const double gray2 = 255 * std::pow(std::min(P2, N2) / N2, 0.25);
   EXPECT_GT(std::abs(gray1 - gray2), 2);
-  EXPECT_NEAR(catcher.figures[0].color & 255, gray1, 0.6);
-  EXPECT_NEAR(catcher.figures[1].color & 255, gray2, 0.6);
+  EXPECT_NEAR(catcher.figures[0].color.red(), gray1, 0.6);
+  EXPECT_NEAR(catcher.figures[1].color.red(), gray2, 0.6);
   // the triangles A, C, B and B, C, D, closed
   const auto& outline = catcher.figures[2].points;
   EXPECT_EQ(catcher.figures[0].points,
@@ -253,20 +253,20 @@ TEST_F(Surfaces, ShadesNeverExceedFlatOn) {
                                                           : i == 1 && j == 1 ? 0
                                                                              : 3; }),
           {.theta = 0, .phi = 90, .gray = true});
-  for (const auto& figure : figures()) EXPECT_LE(figure.color & 255, 255);
+  for (const auto& figure : figures()) EXPECT_LE(figure.color.red(), 255);
   // gray 255 is white, and not beyond
   surface(drawing, flat(2, 2), {.theta = 0, .phi = 0, .gray = true});
-  EXPECT_NEAR(figures()[0].color & 255, 255, 1);
+  EXPECT_NEAR(figures()[0].color.red(), 255, 1);
 }
 
 TEST_F(Surfaces, ShadesHaveHueAndSaturationOfTheSurface) {
   surface(drawing, flat(2, 2), {.gray = true});
-  const int gray = figures()[0].color & 255;
+  const int gray = figures()[0].color.red();
   surface(drawing, flat(2, 2), {.gray = true, .color = true});
-  const Color color = figures()[0].color;
-  EXPECT_NEAR(color & 255, HsbToRgb(0.6F, 0.5F, gray / 512.0) & 255, 1);
-  EXPECT_NEAR(color >> 16 & 255, HsbToRgb(0.6F, 0.5F, gray / 512.0) >> 16 & 255, 1);
-  EXPECT_GT(color >> 16 & 255, color & 255);
+  const Colour color = figures()[0].color;
+  EXPECT_NEAR(color.red(), HsbToRgb(0.6F, 0.5F, gray / 512.0).red(), 1);
+  EXPECT_NEAR(color.blue(), HsbToRgb(0.6F, 0.5F, gray / 512.0).blue(), 1);
+  EXPECT_GT(color.blue(), color.red());
 }
 
 TEST_F(Surfaces, WithMoreColoursThanLevelsAreBanded) {
@@ -285,20 +285,20 @@ TEST_F(Surfaces, WithMoreColoursThanLevelsAreBanded) {
   surface(drawing, flat(2, 2), {.gray = true}, levelsOf({0.5}), colorsOf(2));
   const auto shaded = figures();
   ASSERT_EQ(shaded.size(), 3U);
-  EXPECT_NEAR(shaded[0].color & 255, HsbToRgb(0.1F, 1, 152 / 512.0) & 255, 3);
+  EXPECT_NEAR(shaded[0].color.red(), HsbToRgb(0.1F, 1, 152 / 512.0).red(), 3);
   EXPECT_EQ(shaded[0].color, shaded[1].color);
 }
 
 TEST_F(Surfaces, WithAsManyColoursAsLevelsHaveLevelLines) {
   const auto z = gridOf(2, 2, [](int i, int j) { return i + j - 2; });
-  drawing.GralColor(0x00FFFF);
+  drawing.GralColor(Colour::fromBgr(0x00FFFF));
   surface(drawing, z, {}, levelsOf({0.5, 1.5}), colorsOf(2));
   LineCatcher catcher;
   form.list().replay(catcher);
   ASSERT_EQ(catcher.caught.size(), 2U);
   EXPECT_EQ(catcher.caught[0].color, HsbToRgb(0.1F, 1, 0.4F));
   EXPECT_EQ(catcher.caught[1].color, HsbToRgb(0.2F, 1, 0.4F));
-  EXPECT_EQ(form.ForeColor(), 0x00FFFF);
+  EXPECT_EQ(form.ForeColor(), Colour::fromBgr(0x00FFFF));
   // level 0.5 crosses A-C and A-B in their middles
   const BoxProjection box(8, 4, 30, 45, 4, 4, 3);
   const PlanePoint onX = box.corner + 0.5 * box.xEdge + 0.5 * box.ez;
@@ -432,7 +432,7 @@ TEST_F(ColumnFields, HaveOneShadeForEachFace) {
   const double shares[] = {sp * st, sp * ct, std::sqrt(ab * cd - shared * shared / 4)};
   for (std::size_t n = 0; n < found.size(); ++n) {
     const int gray = static_cast<int>(std::nearbyint(255 * std::pow(shares[n % 3], 0.25)));
-    EXPECT_EQ(found[n].color, gray | gray << 8 | gray << 16) << n;
+    EXPECT_EQ(found[n].color, Colour::fromChannels(gray, gray, gray)) << n;
   }
 }
 
@@ -447,10 +447,10 @@ TEST_F(ColumnFields, WithoutCellsFail) {
 
 TEST_F(ColumnFields, AreShownAfterEvery200AndPutTheFillingBack) {
   drawing.GralFillStyle(kFillUpward);
-  drawing.GralFillColor(0x010203);
+  drawing.GralFillColor(Colour::fromBgr(0x010203));
   drawing.GralLego3d(8, 4, 30, 45, 4, 3, 2, flat(20, 21), 20, 21, true, false);
   EXPECT_EQ(form.FillStyle(), kFillUpward);
-  EXPECT_EQ(form.FillColor(), 0x010203);
+  EXPECT_EQ(form.FillColor(), Colour::fromBgr(0x010203));
   int refreshes = 0, columns = 0;
   for (const std::string& line : drawn()) {
     refreshes += line == "refresh";

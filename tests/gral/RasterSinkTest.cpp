@@ -35,7 +35,7 @@ TEST(RasterForms, PensAreNominalPixelsWide) {
 
 TEST(RasterForms, FilledBoxReachesBothCornersInAnyOrder) {
   RasterForm form(1);
-  form.FilledBox(60, 45, 15, 15, 0x0000FF);
+  form.FilledBox(60, 45, 15, 15, Colour::fromBgr(0x0000FF));
   EXPECT_EQ(rowsOf(form.raster())[0], "....................");
   EXPECT_EQ(rowsOf(form.raster())[1], ".####...............");
   EXPECT_EQ(rowsOf(form.raster())[3], ".####...............");
@@ -46,7 +46,7 @@ TEST(RasterForms, FilledBoxReachesBothCornersInAnyOrder) {
 TEST(RasterForms, CircleIsOutlinedAndFilled) {
   RasterForm form(1);
   form.setFillStyle(kFillSolid);
-  form.setFillColor(0x00FF00);
+  form.setFillColor(Colour::fromBgr(0x00FF00));
   form.Circle(75, 75, 60);
   EXPECT_EQ(form.raster().at(5, 5), 0xFF00FF00U);
   EXPECT_EQ(form.raster().at(1, 5), 0xFF000000U);
@@ -155,7 +155,7 @@ TEST(RasterForms, LettersAreAskedAtTheirSizeAndAngle) {
 TEST(RasterForms, LettersOfATextFollowOneAnother) {
   RasterForm form(1);
   form.setFontSize(3);
-  form.setForeColor(0x0000FF);
+  form.setForeColor(Colour::fromBgr(0x0000FF));
   form.setCurrentX(15);
   form.setCurrentY(15);
   form.Print("a b");
@@ -176,7 +176,7 @@ TEST(RasterForms, TextOfSizeZeroIsNotSeen) {
 TEST(RasterForms, ClipRegionsArePixelsOfTheForm) {
   RasterForm form(2);
   form.SelectClipRgn(form.CreateRectRgn(4, 2, 6, 4));
-  form.FilledBox(0, 0, 300, 150, 0);
+  form.FilledBox(0, 0, 300, 150, kBlack);
   const auto rows = rowsOf(form.raster());
   EXPECT_EQ(rows[1].find('#'), std::string::npos);
   EXPECT_EQ(rows[2], "....##..................................");
@@ -188,7 +188,7 @@ TEST(RasterForms, ClearingEndsNoClipRegionOfTheForm) {
   const auto region = form.CreateRectRgn(0, 0, 2, 2);
   form.SelectClipRgn(region);
   form.Cls();
-  form.FilledBox(0, 0, 300, 150, 0);
+  form.FilledBox(0, 0, 300, 150, kBlack);
   EXPECT_EQ(rowsOf(form.raster())[1], "##..................");
   EXPECT_EQ(rowsOf(form.raster())[2], "....................");
 }

@@ -320,8 +320,8 @@ TEST_F(RasterPicture, IsReducedToTheMeanOfItsSquares) {
 }
 
 TEST_F(RasterPicture, ColoursHaveRedInTheLowestByte) {
-  EXPECT_EQ(Raster::pixelOf(0x0000FF), 0xFFFF0000U);
-  EXPECT_EQ(Raster::pixelOf(0x123456), 0xFF563412U);
+  EXPECT_EQ(Raster::pixelOf(Colour::fromBgr(0x0000FF)), 0xFFFF0000U);
+  EXPECT_EQ(Raster::pixelOf(Colour::fromBgr(0x123456)), 0xFF563412U);
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ class LineCatcher : public LineWriter {
  public:
   struct Line {
     double x1, y1, x2, y2;
-    Color color;
+    Colour color;
   };
   std::vector<Line> caught;
   void pen(const Pen& pen) override { color_ = pen.color; }
@@ -48,7 +48,7 @@ class LineCatcher : public LineWriter {
   }
 
  private:
-  Color color_ = kBlack;
+  Colour color_ = kBlack;
 };
 
 }  // namespace vk

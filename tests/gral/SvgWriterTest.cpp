@@ -49,7 +49,7 @@ TEST_F(Svg, LinesOfOnePenAreOnePathAndJoinedWhereTheyMeet) {
 TEST_F(Svg, NewPenBeginsANewGroup) {
   writer.pen({});
   writer.line(1, 2, 3, 4);
-  writer.pen({0x0000FF, 3, kDrawDot});
+  writer.pen({Colour::fromBgr(0x0000FF), 3, kDrawDot});
   writer.line(3, 4, 5, 6);
   EXPECT_EQ(body(),
             kBlackGroup +
@@ -70,10 +70,10 @@ TEST_F(Svg, LongPathsAreCut) {
 
 TEST_F(Svg, ShapesAreElements) {
   writer.pen({});
-  writer.filling({0xFFFFFF, kFillSolid});
+  writer.filling({kWhite, kFillSolid});
   writer.circle(10, 20, 5);
   writer.box(1, 2, 3, 4);
-  writer.filledBox(1, 2, 3, 4, 0x00FF00);
+  writer.filledBox(1, 2, 3, 4, Colour::fromBgr(0x00FF00));
   const PixelPoint points[] = {{1, 2}, {3, 4}, {5, 6}, {7, 8}};
   writer.polyline(points);
   writer.bezier(points);
@@ -102,7 +102,7 @@ TEST_F(Svg, PixelsAreTurnedIntoTwips) {
 }
 
 TEST_F(Svg, LettersStandAtTheirBaseLine) {
-  writer.pen({0x0000FF, 1, kDrawSolid});
+  writer.pen({Colour::fromBgr(0x0000FF), 1, kDrawSolid});
   writer.text({100, 200, 10, 0, "Arial", "a<"});
   writer.text({100, 200, 10, 30, "Symbol", "a"});
   EXPECT_EQ(body(),
@@ -143,11 +143,11 @@ TEST_F(Svg, ClipRegionsAreDefinedAndUsed) {
 
 /// The slanted lines pass the corners of a cell, and short pieces fill what the neighbour cannot draw there.
 TEST_F(Svg, HatchesArePatterns) {
-  writer.filling({0x00FF00, kFillUpward});
+  writer.filling({Colour::fromBgr(0x00FF00), kFillUpward});
   writer.circle(10, 20, 5);
-  writer.filling({0x00FF00, kFillSolid});
+  writer.filling({Colour::fromBgr(0x00FF00), kFillSolid});
   writer.circle(10, 20, 5);
-  writer.filling({0x00FF00, kFillUpward});
+  writer.filling({Colour::fromBgr(0x00FF00), kFillUpward});
   writer.circle(10, 20, 5);
   EXPECT_EQ(definitions(),
             "<pattern id=\"hatch400ff00\" width=\"120\" height=\"120\" patternUnits=\"userSpaceOnUse\">"
@@ -165,14 +165,14 @@ TEST_F(Svg, EveryHatchHasItsLines) {
       {kFillDiagonalCross,
        "M0 120L120 0M-15 15l30 -30M105 135l30 -30M0 0L120 120M105 -15l30 30M-15 105l30 30\""}};
   for (const auto& [style, lines] : hatches) {
-    writer.filling({0, style});
+    writer.filling({kBlack, style});
     writer.circle(1, 1, 1);
     EXPECT_NE(definitions().find(lines), std::string::npos) << style;
   }
 }
 
 TEST_F(Svg, TransparentPenDrawsNoOutline) {
-  writer.pen({0, 1, kDrawTransparent});
+  writer.pen({kBlack, 1, kDrawTransparent});
   writer.circle(1, 1, 1);
   EXPECT_NE(body().find("<g stroke=\"none\""), std::string::npos);
 }
@@ -180,9 +180,9 @@ TEST_F(Svg, TransparentPenDrawsNoOutline) {
 TEST_F(Svg, AreasOfOtherColoursStayInTheirGroup) {
   const PixelPoint points[] = {{0, 0}, {3, 0}, {3, 4}};
   writer.pen({});
-  writer.filling({0x0000FF, kFillSolid});
+  writer.filling({Colour::fromBgr(0x0000FF), kFillSolid});
   writer.figure(points, true, false);
-  writer.filling({0x00FF00, kFillSolid});
+  writer.filling({Colour::fromBgr(0x00FF00), kFillSolid});
   writer.figure(points, true, false);
   writer.figure(points, false, true);
   writer.figure(points, true, true);
@@ -202,7 +202,7 @@ TEST_F(Svg, AreasOfOtherColoursStayInTheirGroup) {
 TEST_F(Svg, AreasWithoutAnOutlineCoverTheirEdgesWhateverThePen) {
   const PixelPoint points[] = {{0, 0}, {3, 0}, {3, 4}};
   writer.pen({kBlack, 4, kDrawDash});
-  writer.filling({0x0000FF, kFillSolid});
+  writer.filling({Colour::fromBgr(0x0000FF), kFillSolid});
   writer.figure(points, true, false);
   EXPECT_NE(body().find("<path stroke=\"#ff0000\" stroke-width=\"10\" stroke-dasharray=\"none\" "),
             std::string::npos);
@@ -211,7 +211,7 @@ TEST_F(Svg, AreasWithoutAnOutlineCoverTheirEdgesWhateverThePen) {
 TEST_F(Svg, HatchedAreasWithoutAnOutlineHaveNone) {
   const PixelPoint points[] = {{0, 0}, {3, 0}, {3, 4}};
   writer.pen({});
-  writer.filling({0x0000FF, kFillCross});
+  writer.filling({Colour::fromBgr(0x0000FF), kFillCross});
   writer.figure(points, true, false);
   EXPECT_NE(body().find("<path stroke=\"none\" shape-rendering"), std::string::npos);
 }
@@ -242,9 +242,9 @@ TEST_F(Svg, PicturesAreRunsOfOneColour) {
 TEST_F(Svg, ClearingBeginsAnew) {
   writer.pen({});
   writer.line(1, 2, 3, 4);
-  writer.filling({0, kFillCross});
+  writer.filling({kBlack, kFillCross});
   writer.circle(10, 20, 5);
-  writer.clear(600, 300, 0x0000FF);
+  writer.clear(600, 300, Colour::fromBgr(0x0000FF));
   const std::string document = writer.document();
   EXPECT_EQ(document.find("M1 2"), std::string::npos);
   EXPECT_EQ(document.find("<pattern"), std::string::npos);

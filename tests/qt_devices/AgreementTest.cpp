@@ -342,7 +342,7 @@ const Feature kFarFeatures[] = {
      }},
     {"far box",
      [](GralCls& g) {
-       g.GralDev->FilledBox(0, 0, 1E5, 1E5, 0xFF00);
+       g.GralDev->FilledBox(0, 0, 1E5, 1E5, Colour::fromBgr(0xFF00));
        g.GralBox(3, 4, 1E12, -1E12, 0);
      }},
     {"pole",

@@ -96,7 +96,7 @@ void drawFilledRing(GralCls& g) {
   g.GralBox(3, 12, 15, 4, 0);
   g.GralBox(6, 10, 12, 6, 0);
   g.GralFillStyle(kFillSolid);
-  g.GralFillColor(0x0000FF);
+  g.GralFillColor(Colour::fromBgr(0x0000FF));
   g.GralFill(4, 5, kBlack);
 }
 
@@ -181,7 +181,7 @@ TEST_F(Painted, PicturesHaveTheirNaturalSize) {
 
 TEST_F(Painted, PicturesMayHaveHoles) {
   const QImage image = paint([](PainterSink& sink) {
-    sink.filledBox(0, 0, 3000, 1500, 0xFF0000);
+    sink.filledBox(0, 0, 3000, 1500, Colour::fromBgr(0xFF0000));
     sink.picture({2, 1, 150, {0, 0xFF00FF00}}, 150, 300);
   });
   EXPECT_EQ(image.pixelColor(15, 25), QColor(Qt::blue));
@@ -223,7 +223,7 @@ TEST_F(Painted, AreasThatTouchShowNoGroundBetweenThem) {
                       static_cast<int>(middle.y + 1200 * std::sin(i * kStep))};
   };
   for (int i = 0; i < 16; ++i) {
-    vectors.setFillColor(i % 2 == 0 ? 0x0000FF : 0xFF0000);
+    vectors.setFillColor(Colour::fromBgr(i % 2 == 0 ? 0x0000FF : 0xFF0000));
     const PixelPoint triangle[] = {middle, rim(i), rim(i + 1)};
     vectors.BeginPath();
     vectors.Polyline(triangle);
@@ -249,10 +249,10 @@ TEST_F(Painted, FilledAreasShowNoGroundBesideTheirLines) {
         g.GralDraw(x, y, 61);
         g.GralBox(5.4, 11.4, 6.6, 12.6, 0);
         g.GralFillStyle(kFillSolid);
-        g.GralFillColor(0x0000FF);
+        g.GralFillColor(Colour::fromBgr(0x0000FF));
         g.GralFill(6, 12, kBlack);
         g.GralFill(7.5, 12, kBlack);
-        g.GralFillColor(0xFF0000);
+        g.GralFillColor(Colour::fromBgr(0xFF0000));
         g.GralFill(1, 12, kBlack);
       },
       0.5);
@@ -292,7 +292,7 @@ TEST_F(Painted, HatchesStayInsideTheFigureAndTheRegion) {
     const QImage image = paint([style](PainterSink& sink) {
       const PixelRect region{0, 0, 60, 100};
       sink.clip(&region);
-      sink.filling({0, style});
+      sink.filling({kBlack, style});
       const PixelPoint box[] = {{20, 20}, {100, 20}, {100, 80}, {20, 80}};
       sink.figure(box, true, false);
     });
@@ -314,7 +314,7 @@ TEST_F(Painted, HatchesStayInsideTheFigureAndTheRegion) {
 TEST_F(Painted, DeviceLineStylesHaveGaps) {
   for (const int style : {kDrawDash, kDrawDot, kDrawDashDot, kDrawDashDotDot}) {
     const QImage image = paint([style](PainterSink& sink) {
-      sink.pen({0, 2, style});
+      sink.pen({kBlack, 2, style});
       sink.line(0, 750, 3000, 750);
     });
     int ink = 0;
@@ -323,7 +323,7 @@ TEST_F(Painted, DeviceLineStylesHaveGaps) {
     EXPECT_LT(ink, 190) << style;
   }
   const QImage nothing = paint([](PainterSink& sink) {
-    sink.pen({0, 2, kDrawTransparent});
+    sink.pen({kBlack, 2, kDrawTransparent});
     sink.line(0, 750, 3000, 750);
   });
   EXPECT_EQ(nothing.pixelColor(100, 50), QColor(Qt::white));

@@ -141,18 +141,18 @@ TEST_F(InpModTest, ARightAlignedFirstFieldStartsWhiteAndIsGreyWhenRevisited) {
   // QUIRK: only the first placement looks at the alignment.
   open();
   EXPECT_EQ(engine.InpFirstRight, kTrue);
-  EXPECT_EQ(engine.editBox().background, RGB(255, 255, 255));
+  EXPECT_EQ(engine.editBox().background, Colour::fromChannels(255, 255, 255));
   engine.GoToField(2);
-  EXPECT_EQ(engine.editBox().background, RGB(240, 240, 240));
+  EXPECT_EQ(engine.editBox().background, Colour::fromChannels(240, 240, 240));
   engine.GoToField(1);
-  EXPECT_EQ(engine.editBox().background, RGB(240, 240, 240));
+  EXPECT_EQ(engine.editBox().background, Colour::fromChannels(240, 240, 240));
 }
 
 TEST_F(InpModTest, ALeftAlignedFirstFieldIsGreyFromTheStart) {
   tables.InpFieldPos[1][2] = 8;
   open();
   EXPECT_EQ(engine.InpFirstRight, kFalse);
-  EXPECT_EQ(engine.editBox().background, RGB(240, 240, 240));
+  EXPECT_EQ(engine.editBox().background, Colour::fromChannels(240, 240, 240));
 }
 
 TEST_F(InpModTest, TheBoxShowsTheTrimmedContent) {

@@ -224,9 +224,9 @@ TEST_F(FrmOutTest, FramesArePaintedThroughTheCentresOfTheirCells) {
   open(kReportButtons);
   output.CharFrame(2, 3, 8, 20, 3, "");
   output.refresh();
-  for (const ColouredLine& line : frameLines({2, 3, 8, 20, 3}, output.form().cell(), kPaperWhite)) {
+  for (const ColouredLine& line : frameLines({2, 3, 8, 20, 3}, output.form().cell(), kWhite)) {
     const QPoint middle(toPixels((line.x1 + line.x2) / 2), toPixels((line.y1 + line.y2) / 2));
-    EXPECT_EQ(pixelAt(surface(), middle), QColor::fromRgb(line.colour));
+    EXPECT_EQ(pixelAt(surface(), middle), QColor(line.colour.rgb()));
   }
   EXPECT_EQ(pixelAt(surface(), QPoint(2, 2)), QColor(Qt::white));
   // No line goes on behind its corner.

@@ -84,7 +84,7 @@ TEST_F(PlotWindowTest, ShowsWhatWasDrawn) {
 TEST_F(PlotWindowTest, ShowsChangesWhileACommandRuns) {
   QtPlotWindow& window = draw();
   QTest::qWait(50);
-  window.device().FilledBox(300, 300, 900, 900, 0x0000FF);
+  window.device().FilledBox(300, 300, 900, 900, Colour::fromBgr(0x0000FF));
   window.device().Refresh();
   // No event loop of ours has run since, and nothing here asks the window to paint.
   const QImage shown = window.screen()->grabWindow(window.winId(), 40, 40, 1, 1).toImage();

@@ -30,8 +30,8 @@ void addRectangle(std::vector<ColouredLine>& lines, const Corners& c, const Side
 }  // namespace
 
 std::vector<ColouredLine> frameLines(const GridFrame& frame, CellSize cell, Colour background) {
-  const Colour dark = kInkBlack;
-  const Colour light = background == kPaperWhite ? RGB(128, 128, 128) : kPaperWhite;
+  const Colour dark = kBlack;
+  const Colour light = background == kWhite ? Colour::fromChannels(128, 128, 128) : kWhite;
   const Sides raised{dark, dark, light, light};
   const Sides engraved{dark, light, dark, dark};
   const Corners outer = corners(frame, cell);

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "base/Colour.h"
 #include "platform/CharGrid.h"
 #include "ui/layout/Geometry.h"
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 namespace vk {
 
 /// Twips of a nominal pixel, on every screen.
@@ -19,13 +17,5 @@ struct Size {
   double width = 0, height = 0;
   bool operator==(const Size&) const = default;
 };
-
-/// A colour as 0xRRGGBB.
-using Colour = std::uint32_t;
-constexpr Colour RGB(int red, int green, int blue) {
-  return static_cast<Colour>(red << 16 | green << 8 | blue);
-}
-inline constexpr Colour kInkBlack = RGB(0, 0, 0);
-inline constexpr Colour kPaperWhite = RGB(255, 255, 255);
 
 }  // namespace vk

@@ -42,7 +42,7 @@ InputLayout layoutInput(const InputTables& tables, const InputSurroundings& arou
 /// Codes of the keys that move between the fields.
 enum InputKey : int { kKeyEnter = 13, kKeyUp = 38, kKeyDown = 40 };
 
-inline constexpr Colour InpColorEdit = RGB(240, 240, 240);
+inline constexpr Colour InpColorEdit = Colour::fromChannels(240, 240, 240);
 
 /// The edit box `txtGet`.
 struct EditBox {

@@ -13,8 +13,8 @@ namespace {
 /// So many line ends go into one path.
 constexpr int kLongPath = 2000;
 
-QColor colorOf(Color color) {
-  return QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+QColor colorOf(Colour color) {
+  return QColor(color.rgb());
 }
 
 /// Parallel lines through a box, a nominal pixel wide and eight apart, as on the screen: their places depend
@@ -75,7 +75,7 @@ PainterSink::~PainterSink() {
   flushLines();
 }
 
-void PainterSink::clear(double width, double height, Color background) {
+void PainterSink::clear(double width, double height, Colour background) {
   lines_ = QPainterPath();
   showWholeArea();
   painter_.fillRect(QRectF(0, 0, width, height), colorOf(background));
@@ -144,7 +144,7 @@ void PainterSink::box(double x1, double y1, double x2, double y2) {
   stroke(path);
 }
 
-void PainterSink::filledBox(double x1, double y1, double x2, double y2, Color color) {
+void PainterSink::filledBox(double x1, double y1, double x2, double y2, Colour color) {
   flushLines();
   painter_.fillRect(QRectF(QPointF(x1, y1), QPointF(x2, y2)).normalized(), colorOf(color));
 }

@@ -17,18 +17,18 @@ class PainterSink : public DrawingSink {
               const QRectF& area = {});
   ~PainterSink() override;
 
-  void clear(double width, double height, Color background) override;
+  void clear(double width, double height, Colour background) override;
   void pen(const Pen& pen) override;
   void filling(const Filling& filling) override;
   void line(double x1, double y1, double x2, double y2) override;
   void box(double x1, double y1, double x2, double y2) override;
-  void filledBox(double x1, double y1, double x2, double y2, Color color) override;
+  void filledBox(double x1, double y1, double x2, double y2, Colour color) override;
   void circle(double x, double y, double radius) override;
   void polyline(std::span<const PixelPoint> points) override;
   void bezier(std::span<const PixelPoint> points) override;
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
   /// Vectors have no pixels that an area could end at: `replayAsVectors` sends it as a picture.
-  void floodFill(const PixelPoint&, Color) override {}
+  void floodFill(const PixelPoint&, Colour) override {}
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
   /// Draws the picture again where its source is known, else copies its pixels.

@@ -55,7 +55,7 @@ std::string ScreenDevice::svg() const {
 }
 
 // What was drawn before can no longer be seen.
-void ScreenDevice::clear(double width, double height, Color background) {
+void ScreenDevice::clear(double width, double height, Colour background) {
   list_.reset();
   TeeSink::clear(width, height, background);
 }

@@ -13,7 +13,7 @@
 namespace vk {
 namespace {
 
-constexpr Colour kSurface = RGB(214, 221, 228);
+constexpr Colour kSurface = Colour::fromChannels(214, 221, 228);
 
 QPushButton* makeButton(QWidget* form, const char* name, const char* caption) {
   auto* button = new AccessButton(form);

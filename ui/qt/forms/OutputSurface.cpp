@@ -46,7 +46,7 @@ QString OutputSurface::gridText() const {
 void OutputSurface::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::white);
-  GridPainter(painter, font(), cell_).grid(model_.grid(), 0, 0, kPaperWhite);
+  GridPainter(painter, font(), cell_).grid(model_.grid(), 0, 0, kWhite);
 }
 
 }  // namespace vk

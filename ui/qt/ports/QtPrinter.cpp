@@ -181,7 +181,7 @@ void QtPrinter::printGrid(const CharGrid& grid, const GridPlace& place) {
   if (painter == nullptr) return;
   const CellSize cell{static_cast<int>(place.cellWidth), static_cast<int>(place.cellHeight)};
   GridPainter(*painter, twipFont(place.face, place.points), cell, 1)
-      .grid(grid, place.left, place.top, kPaperWhite);
+      .grid(grid, place.left, place.top, kWhite);
 }
 
 void QtPrinter::printText(const std::string& text, const std::string& face, double points) {

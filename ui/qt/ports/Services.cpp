@@ -24,7 +24,7 @@ QImage gridImage(const CharGrid& grid, const QFont& font) {
   image.setDevicePixelRatio(kCopyRatio);
   image.fill(Qt::white);
   QPainter painter(&image);
-  GridPainter(painter, font, cell).grid(grid, 0, 0, kPaperWhite);
+  GridPainter(painter, font, cell).grid(grid, 0, 0, kWhite);
   return image;
 }
 

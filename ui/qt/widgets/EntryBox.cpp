@@ -51,7 +51,7 @@ void EntryBox::show(const EditBox& box) {
   setAlignment((box.flushRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
   QPalette colours = palette();
   colours.setColor(QPalette::Base, toColour(box.background));
-  colours.setColor(QPalette::Text, toColour(kInkBlack));
+  colours.setColor(QPalette::Text, toColour(kBlack));
   setPalette(colours);
   const QString shown = fromCp437(box.text);
   if (text() != shown) setText(shown);

@@ -27,7 +27,7 @@ void GridPainter::text(double left, double top, std::string_view text, Colour ba
   const double width = static_cast<double>(text.size()) * cell_.width;
   painter_.fillRect(QRectF(left * unit_, top * unit_, width * unit_, cell_.height * unit_),
                     toColour(background));
-  painter_.setPen(toColour(kInkBlack));
+  painter_.setPen(toColour(kBlack));
   for (std::size_t i = 0; i < text.size(); ++i) {
     character(cellRect(left + static_cast<double>(i) * cell_.width, top), text[i]);
   }
@@ -46,7 +46,7 @@ void GridPainter::grid(const CharGrid& grid, double left, double top, Colour bac
   painter_.save();
   painter_.translate(left * unit_, top * unit_);
   for (const GridFrame& f : grid.frames()) frame(f, background);
-  painter_.setPen(toColour(kInkBlack));
+  painter_.setPen(toColour(kBlack));
   for (int row = 1; row <= grid.rows(); ++row) {
     for (int col = 1; col <= grid.cols(); ++col) {
       if (!grid.covers(row, col)) continue;

@@ -9,7 +9,7 @@
 namespace vk {
 
 inline QColor toColour(Colour colour) {
-  return QColor::fromRgb(colour);
+  return QColor(colour.rgb());
 }
 
 /// Paints character cells. Lengths are twips; `unit` is the painter's units for a twip.

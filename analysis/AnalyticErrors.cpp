@@ -4,7 +4,6 @@
 
 #include "base/CheckedMath.h"
 #include "base/Guard.h"
-#include "expr/CmpMod.h"
 
 namespace vk {
 namespace {
@@ -16,50 +15,71 @@ constexpr double kMaximumInSigmas = 3;
 // The variance of a uniform distribution of half-width a is a*a over this.
 constexpr double kUniformDivisor = 3;
 
-double value(Session& session, Dialogs& dialogs) {
-  return EvaluateFunction(session, dialogs, session.analysis.par.ParValues[0]);
-}
+/// The model around a base point, and whether what was tried last has failed.
+class Surroundings {
+ public:
+  Surroundings(Model& model, const ParameterSet& par, EvaluationListener& listener)
+      : model_(model), values_(par.ParValues), listener_(listener) {}
 
-double valueAt(Session& session, Dialogs& dialogs, int variable, double shifted) {
-  guard(session.ErrFlag, [&] { session.analysis.par.ParValues[variable] = checked::finite(shifted); });
-  return value(session, dialogs);
-}
+  // QUIRK: each evaluation clears the failure, so that that of any but the last one is not noticed.
+  double value() {
+    const Evaluation evaluation = model_.at(values_[0], values_, listener_);
+    failed = evaluation.fault != Fault::kNone;
+    return evaluation.value;
+  }
+  double derivative(int variable);
+  template <class Statement>
+  void trapped(Statement statement) {
+    if (!guard(statement)) failed = true;
+  }
 
-double derivative(Session& session, Dialogs& dialogs, int variable) {
-  const double p = session.analysis.par.ParValues[variable];
+  bool failed = false;
+
+ private:
+  double valueAt(int variable, double shifted) {
+    trapped([&] { values_[variable] = checked::finite(shifted); });
+    return value();
+  }
+
+  Model& model_;
+  Array<double> values_;
+  EvaluationListener& listener_;
+};
+
+double Surroundings::derivative(int variable) {
+  const double p = values_[variable];
   double h = p / kStepsOfValue;
   if (h == 0) h = kDerivativeStepOfZero;
-  const double f1 = valueAt(session, dialogs, variable, p + h);
-  const double f2 = valueAt(session, dialogs, variable, p - h);
+  const double f1 = valueAt(variable, p + h);
+  const double f2 = valueAt(variable, p - h);
   double result = 0;
-  guard(session.ErrFlag, [&] { result = checked::divide(checked::finite(f1 - f2), h) / 2; });
-  session.analysis.par.ParValues[variable] = p;
+  trapped([&] { result = checked::divide(checked::finite(f1 - f2), h) / 2; });
+  values_[variable] = p;
   return result;
 }
 
-void addContribution(Session& session, double error, double derivative, double& maximum, double& variance) {
-  guard(session.ErrFlag, [&] {
-    const double t = std::abs(checked::finite(error * derivative));
-    const double t2 = checked::finite(t * t);
-    maximum = checked::finite(maximum + (error > 0 ? kMaximumInSigmas * t : t));
-    variance = checked::finite(variance + (error > 0 ? t2 : t2 / kUniformDivisor));
-  });
+void addContribution(double error, double derivative, double& maximum, double& variance) {
+  const double t = std::abs(checked::finite(error * derivative));
+  const double t2 = checked::finite(t * t);
+  maximum = checked::finite(maximum + (error > 0 ? kMaximumInSigmas * t : t));
+  variance = checked::finite(variance + (error > 0 ? t2 : t2 / kUniformDivisor));
 }
 
 }  // namespace
 
-// QUIRK: each evaluation clears the flag, so that the failure of any but the last one is not noticed.
-AnalyticErrors analyticErrors(Session& session, Dialogs& dialogs) {
-  const ParameterSet& par = session.analysis.par;
+AnalyticErrors analyticErrors(Model& model, const ParameterSet& par, EvaluationListener& listener) {
+  Surroundings around(model, par, listener);
   AnalyticErrors result;
-  result.F0 = value(session, dialogs);
+  result.F0 = around.value();
   result.Derivatives.dim(par.ParCount);
-  for (int i = 0; i <= par.ParCount; ++i) result.Derivatives[i] = derivative(session, dialogs, i);
+  for (int i = 0; i <= par.ParCount; ++i) result.Derivatives[i] = around.derivative(i);
   double variance = 0;
   for (int i = 0; i <= par.ParCount; ++i) {
-    addContribution(session, par.ParDeltas[i], result.Derivatives[i], result.ErrorMax, variance);
+    around.trapped(
+        [&] { addContribution(par.ParDeltas[i], result.Derivatives[i], result.ErrorMax, variance); });
   }
   result.ErrorSigma = std::sqrt(variance);
+  result.failed = around.failed;
   return result;
 }
 

@@ -3,32 +3,28 @@
 #include <span>
 #include <vector>
 
-#include "numeric/Minimise.h"
-#include "platform/Dialogs.h"
-#include "session/Session.h"
+#include "analysis/Fit.h"
 
 namespace vk {
 
-/// Residuals of the current model function over the loaded data, weighted by the given errors of y.
+/// Residuals of a model function over data, weighted by the given errors of y.
 class DataResiduals : public Residuals {
  public:
-  /// `errors` holds one number for each point; all must outlive this object.
-  DataResiduals(Session& session, Dialogs& dialogs, std::span<const double> errors);
+  /// `errors` holds one number for each point; all must outlive this object. The free values go to their places in
+  /// `par`.
+  DataResiduals(const FitProblem& problem, ParameterSet& par, std::span<const double> errors);
 
-  /// Leaves X in `ParValues`. `ErrFlag` afterwards tells of the last point alone: a failure at an earlier one
-  /// is overwritten, and that point takes part with the residual that stood in F.
+  /// Leaves X in `ParValues`. Tells of the last point alone: a failure at an earlier one is not noticed, and that
+  /// point takes part with the residual that stood in F.
   bool ComputeResiduals(std::span<const double> X, std::span<double> F, double& sum) override;
 
  private:
   bool weigh(std::span<double> F, double& sum) const;
 
-  Session& session_;
-  Dialogs& dialogs_;
+  FitProblem problem_;
+  ParameterSet& par_;
   std::span<const double> errors_;
   std::vector<double> model_;
 };
-
-/// Writes the free parameters' values to their places among all parameters.
-void storeFreeValues(Session& session, std::span<const double> X);
 
 }  // namespace vk

@@ -5,7 +5,6 @@
 #include <limits>
 #include <vector>
 
-#include "expr/CmpMod.h"
 #include "numeric/DirectionSet.h"
 
 namespace vk {
@@ -34,10 +33,7 @@ struct Derivatives {
 
 class Jacobian {
  public:
-  Jacobian(Session& session, Dialogs& dialogs);
-  ~Jacobian() { session_.ErrFlag = errFlagBefore_; }
-  Jacobian(const Jacobian&) = delete;
-  Jacobian& operator=(const Jacobian&) = delete;
+  Jacobian(const FitProblem& problem, const ParameterSet& solution);
 
   /// Derivatives of the weighted residuals by free parameter i, with differences from `step` downward.
   Derivatives derivatives(int i, double step);
@@ -46,29 +42,30 @@ class Jacobian {
   Column model();
   std::optional<Column> differences(double& parameter, double step);
 
-  Session& session_;
-  Dialogs& dialogs_;
+  FitProblem problem_;
+  Array<Int16> freeIndex_;
+  Array<double> values_;  // of all parameters
   std::span<const double> x_, weights_;
-  Int16 errFlagBefore_;
   std::vector<bool> takesPart_;  // the model and its weight work at the solution
 };
 
-Jacobian::Jacobian(Session& session, Dialogs& dialogs)
-    : session_(session), dialogs_(dialogs), errFlagBefore_(session.ErrFlag) {
-  const DataSet& data = session.loaded.data;
+Jacobian::Jacobian(const FitProblem& problem, const ParameterSet& solution)
+    : problem_(problem), freeIndex_(solution.FreeIndex), values_(solution.ParValues) {
+  const DataSet& data = problem.data;
   x_ = data.Xpnt.span(1, data.NumPnt);
   weights_ = (data.kXpntErr != 0 ? data.ErrEff : data.ErrYpnt).span(1, data.NumPnt);
-  const Column solution = model();
-  for (std::size_t j = 0; j < x_.size(); ++j) takesPart_.push_back(std::isfinite(solution[j] / weights_[j]));
+  const Column atSolution = model();
+  for (std::size_t j = 0; j < x_.size(); ++j)
+    takesPart_.push_back(std::isfinite(atSolution[j] / weights_[j]));
 }
 
 // Where the model fails, the result is no number.
 Column Jacobian::model() {
   Column result(x_.size());
-  std::vector<Int16> flags(x_.size());
-  evaluateFunctionAt(session_, dialogs_, x_, result, flags);
+  std::vector<Fault> faults(x_.size());
+  problem_.model.at(x_, values_, result, problem_.listener, faults);
   for (std::size_t j = 0; j < result.size(); ++j) {
-    if (flags[j] != 0) result[j] = NAN;
+    if (faults[j] != Fault::kNone) result[j] = NAN;
   }
   return result;
 }
@@ -105,7 +102,7 @@ double disagreement(const Column& before, const Column& now) {
 
 // Long steps see the curvature, short ones the rounding; between them two successive columns agree best.
 Derivatives Jacobian::derivatives(int i, double step) {
-  double& parameter = session_.analysis.par.ParValues[session_.analysis.par.FreeIndex[i]];
+  double& parameter = values_[freeIndex_[i]];
   Derivatives best;
   std::optional<Column> before = differences(parameter, step);
   for (int k = 1; k <= kMostQuarterings && best.disagreement > kFullAgreement; ++k) {
@@ -165,12 +162,12 @@ Column inverseRowLengths(const std::vector<Column>& R) {
 
 }  // namespace
 
-std::optional<Array<double>> linearisedErrors(Session& session, Dialogs& dialogs, double chiSquare) {
-  const ParameterSet& par = session.analysis.par;
-  const int freedom = session.loaded.data.NumPnt - par.FreeCount;
+std::optional<Array<double>> linearisedErrors(const FitProblem& problem, const ParameterSet& par,
+                                              double chiSquare) {
+  const int freedom = problem.data.NumPnt - par.FreeCount;
   // Without a degree of freedom nothing tells the scatter, so that the errors take no part in the steps.
   const double scatter = freedom < 1 ? 0 : std::min(1.0, std::sqrt(chiSquare / freedom));
-  Jacobian jacobian(session, dialogs);
+  Jacobian jacobian(problem, par);
   std::vector<Column> columns;
   double tolerance = kRankTolerance;
   for (int i = 1; i <= par.FreeCount; ++i) {

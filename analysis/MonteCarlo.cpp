@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include "analysis/RandomSource.h"
 
+#include "analysis/NormalDeviate.h"
 #include "base/CheckedMath.h"
 #include "base/Guard.h"
 #include "base/Rounding.h"
-#include "expr/CmpMod.h"
 
 namespace vk {
 namespace {
@@ -18,25 +17,28 @@ constexpr int kSamplesForRange = 200;
 
 }  // namespace
 
-MonteCarlo::MonteCarlo(Session& session, Dialogs& dialogs, Random& random)
-    : session_(session), dialogs_(dialogs), random_(random), BaseValues_(session.analysis.par.ParValues) {}
+MonteCarlo::MonteCarlo(Model& model, const ParameterSet& par, UniformSource& random,
+                       EvaluationListener& listener)
+    : model_(model), par_(par), random_(random), listener_(listener), values_(par.ParValues) {}
 
 template <class Statement>
 void MonteCarlo::trapped(Statement statement) {
-  if (!guard(statement)) session_.ErrFlag = binsReady_ && w_ == 0 ? kNoWidth : kTrue;
+  if (!guard(statement)) state_ = binsReady_ && w_ == 0 ? End::kNoWidth : End::kFailed;
 }
 
+// QUIRK: the evaluation clears a failure of the errors.
 double MonteCarlo::sample() {
-  ParameterSet& par = session_.analysis.par;
   double d = 0;
-  for (int i = 0; i <= par.ParCount; ++i) {
-    const double e = par.ParDeltas[i];
+  for (int i = 0; i <= par_.ParCount; ++i) {
+    const double e = par_.ParDeltas[i];
     trapped([&] {
       d = e <= 0 ? e * (2.0 * random_.next() - 1) : checked::finite(e * normalDeviate(random_, deviates_));
     });
-    trapped([&] { par.ParValues[i] = checked::finite(BaseValues_[i] + d); });
+    trapped([&] { values_[i] = checked::finite(par_.ParValues[i] + d); });
   }
-  return EvaluateFunction(session_, dialogs_, par.ParValues[0]);
+  const Evaluation evaluation = model_.at(values_[0], values_, listener_);
+  state_ = evaluation.fault == Fault::kNone ? End::kCompleted : End::kFailed;
+  return evaluation.value;
 }
 
 void MonteCarlo::findRange(double F0) {
@@ -50,30 +52,30 @@ void MonteCarlo::findRange(double F0) {
 }
 
 void MonteCarlo::setUpBins(const AnalyticErrors& analytic) {
-  MonteCarloResult& histogram = session_.analysis.monteCarlo;
-  histogram.McBinCount = kBins;
-  histogram.McBinCentre.dim(kBins);
-  histogram.McBinHits.dim(kBins);
-  histogram.McSamples = 0;
+  histogram_.McBinCount = kBins;
+  histogram_.McBinCentre.dim(kBins);
+  histogram_.McBinHits.dim(kBins);
+  histogram_.McSamples = 0;
   trapped([&] { lo_ = checked::finite(analytic.F0 - kSigmasOnEachSide * analytic.ErrorSigma); });
   w_ = analytic.ErrorSigma / kBinsOfSigma;
   if (analytic.ErrorSigma == 0) findRange(analytic.F0);
   for (int b = 1; b <= kBins; ++b) {
-    trapped([&] { histogram.McBinCentre[b] = checked::finite((b - 1) * w_ + lo_); });
+    trapped([&] { histogram_.McBinCentre[b] = checked::finite((b - 1) * w_ + lo_); });
   }
   trapped([&] { lo_ = checked::finite(lo_ - w_ / 2); });
+  histogram_.McBinWidth = w_;
   binsReady_ = true;
 }
 
 void MonteCarlo::countHit(double v) {
   const Int16 k = toInt16(Int(checked::divide(checked::finite(v - lo_), w_)) + 1);
   // QUIRK: bin 1 never receives a hit.
-  if (1 < k && k <= kBins) session_.analysis.monteCarlo.McBinHits[k] += 1;
+  if (1 < k && k <= kBins) histogram_.McBinHits[k] += 1;
 }
 
 SampleStatistics MonteCarlo::statistics() {
   SampleStatistics result;
-  result.count = session_.analysis.monteCarlo.McSamples;
+  result.count = histogram_.McSamples;
   result.mean = S1_ / result.count;
   const double m2 = S2_ / result.count;
   trapped([&] { result.spread = std::sqrt(std::abs(checked::finite(result.mean * result.mean - m2))); });
@@ -81,19 +83,18 @@ SampleStatistics MonteCarlo::statistics() {
   return result;
 }
 
-bool MonteCarlo::run(const Told& told) {
-  Int16& n = session_.analysis.monteCarlo.McSamples;
-  session_.ErrFlag = 0;
-  while (n < kSamples) {
+MonteCarlo::End MonteCarlo::run(const Observer& observer) {
+  Int16& n = histogram_.McSamples;
+  state_ = End::kCompleted;
+  while (n < kSamples && state_ == End::kCompleted) {
     const double v = sample();
     trapped([&] { countHit(v); });
     n += 1;
     trapped([&] { S1_ = checked::finite(S1_ + v); });
     trapped([&] { S2_ = checked::finite(S2_ + v * v); });
-    if (n % kToldEvery == 0) told(statistics());
-    if (session_.ErrFlag != 0) return false;
+    if (n % kSamplesAtOnce == 0) observer(statistics());
   }
-  return true;
+  return state_;
 }
 
 }  // namespace vk

@@ -3,10 +3,8 @@
 #include <functional>
 
 #include "analysis/AnalyticErrors.h"
+#include "analysis/MonteCarloResult.h"
 #include "numeric/NormalDeviates.h"
-#include "platform/Dialogs.h"
-#include "platform/Random.h"
-#include "session/Session.h"
 
 namespace vk {
 
@@ -18,33 +16,34 @@ struct SampleStatistics {
   double meanError = 0;  ///< standard deviation of their mean
 };
 
-/// A simulation of the model function with random errors of its variables, which fills the session's
-/// histogram.
+/// A simulation of a model function with random errors of its variables, which fills a histogram.
 ///
-/// It runs under an error trap: a statement that fails stores nothing, sets `ErrFlag` and the next one runs.
+/// A statement that fails stores nothing, is remembered as a failure, and the next one runs.
 class MonteCarlo {
  public:
   static constexpr int kBins = 60;
   static constexpr int kSamples = 10000;
-  /// Told so often, in samples.
-  static constexpr int kToldEvery = 100;
-  /// `ErrFlag` after a failure while all bins have the width 0.
-  static constexpr int kNoWidth = -2;
+  /// The observer hears of the samples so often.
+  static constexpr int kSamplesAtOnce = 100;
 
-  using Told = std::function<void(const SampleStatistics&)>;
+  /// How a run ended.
+  enum class End { kCompleted, kFailed, kNoWidth /**< failed while all bins have the width 0 */ };
 
-  /// The base point is the session's `ParValues` of now.
-  MonteCarlo(Session& session, Dialogs& dialogs, Random& random);
+  using Observer = std::function<void(const SampleStatistics&)>;
+
+  /// The base point are the present `ParValues`, the errors `ParDeltas`.
+  MonteCarlo(Model& model, const ParameterSet& par, UniformSource& random, EvaluationListener& listener);
 
   /// Lays the bins over three standard deviations on each side of F0, or over the range of some samples where
   /// the linear error is 0. The counts start at 0.
   void setUpBins(const AnalyticErrors& analytic);
 
-  /// Draws the samples. False as soon as `ErrFlag` is set after one of them: -2 while the bins have no width,
-  /// else -1. `ParValues` is left where the last sample put it.
-  bool run(const Told& told);
+  /// Draws the samples, until a failure is there after one of them.
+  End run(const Observer& observer);
 
-  double McBinWidth() const { return w_; }
+  const MonteCarloResult& histogram() const { return histogram_; }
+  /// The variables of the sample drawn last.
+  const Array<double>& values() const { return values_; }
 
  private:
   template <class Statement>
@@ -54,11 +53,14 @@ class MonteCarlo {
   void countHit(double v);
   SampleStatistics statistics();
 
-  Session& session_;
-  Dialogs& dialogs_;
-  Random& random_;
-  Array<double> BaseValues_;
+  Model& model_;
+  const ParameterSet& par_;
+  UniformSource& random_;
+  EvaluationListener& listener_;
   GaussianState deviates_;
+  Array<double> values_;
+  MonteCarloResult histogram_;
+  End state_ = End::kCompleted;
   bool binsReady_ = false;
   double lo_ = 0;  ///< left edge of bin 1
   double w_ = 0;

@@ -23,7 +23,7 @@ Assignment parseAssignment(const std::string& argument) {
   if (equals == 0 || !isOneName(name) || !isNumeric(text)) {
     throw UsageError("\"" + argument + "\": si attende NOME=NUMERO");
   }
-  return {textOfWord(name), text, scanNumber(text)};
+  return {textOfWord(name), scanNumber(text)};
 }
 
 std::vector<Assignment> parseAssignments(const std::vector<std::string>& arguments) {

@@ -8,7 +8,6 @@ namespace vk {
 /// "name=value" of a command line.
 struct Assignment {
   std::string name;  ///< code page 437
-  std::string text;  ///< the number as it was typed
   double value = 0;
 };
 

@@ -72,7 +72,7 @@ std::function<std::vector<EnteredValue>()> addStart(CLI::App& command) {
     std::vector<EnteredValue> values;
     for (const CLI::Option* option : command.parse_order()) {
       if (option != par && option != fixed) continue;
-      values.push_back({parseAssignment(option->results().at(taken[option]++)), option == fixed ? "0" : "1"});
+      values.push_back({parseAssignment(option->results().at(taken[option]++)), option == fixed ? 0.0 : 1.0});
     }
     return values;
   };

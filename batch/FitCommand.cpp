@@ -1,4 +1,5 @@
 #include "batch/FitCommand.h"
+#include "commands/SessionModel.h"
 
 #include <iostream>
 
@@ -7,6 +8,7 @@
 #include "batch/FitReport.h"
 #include "batch/TerminalPorts.h"
 #include "batch/TerminalProgress.h"
+#include "commands/FitCommand.h"
 #include "commands/FitScreen.h"
 #include "platform/GridOutput.h"
 #include "platform/system/SystemClock.h"
@@ -15,11 +17,10 @@ namespace vk {
 
 FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, bool withReport) {
   SystemClock clock;
-  NoMainWindow window;
   GridOutput output;
-  FitScreen screen(session, output);
+  FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par, {output, dialogs, clock});
   TerminalProgress observer(screen);
-  const FitResult result = FitData(session, dialogs, window, clock, observer);
+  const FitResult result = FitData(session, dialogs, observer);
   FitOutcome outcome;
   outcome.failed = result.status == FitStatus::kFailed;
   if (outcome.failed) {
@@ -27,8 +28,13 @@ FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, bool withReport) {
   } else {
     outcome.screen = output.grid().toUtf8();
   }
-  if (withReport)
-    outcome.report = fitReport(session, result, linearisedErrors(session, dialogs, result.chi_square));
+  if (withReport) {
+    ExhaustedBox listener(session, dialogs);
+    Model model = modelOf(session.analysis);
+    const auto linearised =
+        linearisedErrors({session.loaded.data, model, listener}, result.par, result.chi_square);
+    outcome.report = fitReport(session.analysis.fun.FunctionText, result, linearised);
+  }
   return outcome;
 }
 

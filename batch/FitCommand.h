@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "batch/ArgumentForm.h"
 #include "batch/FitFigures.h"
 #include "batch/Json.h"
 #include "batch/ModelChoice.h"
+#include "batch/ParameterValues.h"
 #include "platform/Dialogs.h"
 #include "session/Session.h"
 

@@ -24,27 +24,26 @@ const char* statusName(FitStatus status) {
 /// Number of parameter i among the free ones, from 1; 0 for a constant one.
 int freeNumber(const FitResult& result, int i) {
   for (int k = 1; k <= result.N; ++k) {
-    if (result.freeIndex[k] == i) return k;
+    if (result.par.FreeIndex[k] == i) return k;
   }
   return 0;
 }
 
-Json parameter(const Session& session, const FitResult& result, const Errors& linearised, int i) {
+Json parameter(const FitResult& result, const Errors& linearised, int i) {
   const int k = freeNumber(result, i);
   const bool hasErrors = k > 0 && result.status != FitStatus::kFailed;
   return Json::Object{
-      {"name", toUtf8(session.analysis.par.name(i), CodePage::kCp437)},
-      {"value", session.analysis.par.ParValues[i]},
-      {"error", hasErrors ? Json(session.analysis.par.ParDeltas[i]) : Json()},
+      {"name", toUtf8(result.par.name(i), CodePage::kCp437)},
+      {"value", result.par.ParValues[i]},
+      {"error", hasErrors ? Json(result.par.ParDeltas[i]) : Json()},
       {"error_linearised", hasErrors && linearised ? Json((*linearised)[k]) : Json()},
       {"free", k > 0},
   };
 }
 
-Json parameters(const Session& session, const FitResult& result, const Errors& linearised) {
+Json parameters(const FitResult& result, const Errors& linearised) {
   Json::List list;
-  for (int i = 1; i <= session.analysis.par.ParCount; ++i)
-    list.push_back(parameter(session, result, linearised, i));
+  for (int i = 1; i <= result.par.ParCount; ++i) list.push_back(parameter(result, linearised, i));
   return list;
 }
 
@@ -60,11 +59,11 @@ Json correlation(const CorrelationMatrix& matrix) {
 
 }  // namespace
 
-Json fitReport(const Session& session, const FitResult& result, const Errors& linearised) {
+Json fitReport(const std::string& functionText, const FitResult& result, const Errors& linearised) {
   return Json::Object{
-      {"function", toUtf8(trim(session.analysis.fun.FunctionText), CodePage::kCp437)},
+      {"function", toUtf8(trim(functionText), CodePage::kCp437)},
       {"points", result.M},
-      {"parameters", parameters(session, result, linearised)},
+      {"parameters", parameters(result, linearised)},
       {"correlation", correlation(result.correlation)},
       {"chi_square", result.chi_square},
       {"degrees_of_freedom", result.degrees_of_freedom},

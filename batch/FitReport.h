@@ -2,15 +2,14 @@
 
 #include <optional>
 
-#include "analysis/FitMod.h"
+#include "analysis/Fit.h"
 #include "batch/Json.h"
-#include "session/Session.h"
 
 namespace vk {
 
 /// The result of a fit as one object. `linearised` are the usual least-squares errors of the free
 /// parameters, 1..N. Errors of constant parameters, and what could not be computed, are null.
-Json fitReport(const Session& session, const FitResult& result,
+Json fitReport(const std::string& functionText, const FitResult& result,
                const std::optional<Array<double>>& linearised);
 
 }  // namespace vk

@@ -1,9 +1,11 @@
 #include "batch/PropagateCommand.h"
+#include "commands/SessionModel.h"
 
 #include <array>
 #include <cmath>
 #include <iostream>
 
+#include "analysis/HistogramFile.h"
 #include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -11,8 +13,9 @@
 #include "batch/Json.h"
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
-#include "commands/ParameterCommands.h"
 #include "commands/PropagationCommand.h"
+#include "commands/PropagationScreen.h"
+#include "commands/RandomSource.h"
 #include "platform/GridOutput.h"
 #include "platform/system/SystemRandom.h"
 
@@ -24,8 +27,7 @@ const char* statusName(PropagationEnd end) {
   return kNames.at(static_cast<std::size_t>(end));
 }
 
-Json variables(const Session& session, const PropagationResult& result) {
-  const ParameterSet& par = session.analysis.par;
+Json variables(const ParameterSet& par, const PropagationResult& result) {
   const bool hasDerivatives = result.end != PropagationEnd::kDerivativesFailed;
   Json::List list;
   for (int i = 0; i <= par.ParCount; ++i) {
@@ -50,12 +52,13 @@ Json samples(const PropagationResult& result) {
   };
 }
 
-Json report(const Session& session, const PropagationResult& result, float seed) {
+Json report(const std::string& functionText, const ParameterSet& par, const PropagationResult& result,
+            float seed) {
   const bool hasDerivatives = result.end != PropagationEnd::kDerivativesFailed;
   const auto known = [&](double number) { return hasDerivatives ? Json(number) : Json(); };
   return Json::Object{
-      {"function", toUtf8(trim(session.analysis.fun.FunctionText), CodePage::kCp437)},
-      {"variables", variables(session, result)},
+      {"function", toUtf8(trim(functionText), CodePage::kCp437)},
+      {"variables", variables(par, result)},
       {"value", known(result.analytic.F0)},
       {"error_maximum", known(result.analytic.ErrorMax)},
       {"error_sigma", known(result.analytic.ErrorSigma)},
@@ -69,10 +72,10 @@ Json report(const Session& session, const PropagationResult& result, float seed)
 
 EnteredValue parseValueWithError(const std::string& argument) {
   const int comma = position(argument, ",");
-  if (comma == 0) return {parseAssignment(argument), "0"};
+  if (comma == 0) return {parseAssignment(argument), 0};
   const std::string error = trim(mid(argument, comma + 1));
   if (!isNumeric(error)) throw UsageError("\"" + argument + "\": si attende NOME=NUMERO,ERRORE");
-  return {parseAssignment(left(argument, comma - 1)), error};
+  return {parseAssignment(left(argument, comma - 1)), scanNumber(error)};
 }
 
 int runPropagate(const PropagateArguments& arguments) {
@@ -80,24 +83,30 @@ int runPropagate(const PropagateArguments& arguments) {
   TerminalFiles files;
   SystemRandom random;
   TerminalDialogs dialogs;
-  NoMainWindow window;
   GridOutput output;
-  Seed seed(arguments.seed);
+  const float seed = Seed(arguments.seed).timer();
   chooseModel(session, files, arguments.model, parameterNames(arguments.variables));
-  ArgumentForm form(session, arguments.variables);
-  PropagationResult result;
-  MenSerPro(session, form, [&] {
-    result = PropagateErrors(session, {dialogs, window, output, files, seed, random});
-  });
+  enterErrors(session, arguments.variables);
+  random.seed(seed);
+
+  const ParameterSet& par = session.analysis.par;
+  const std::string& functionText = session.analysis.fun.FunctionText;
+  PropagationScreen screen(functionText, par, output);
+  screen.open();
+  ExhaustedBox listener(session, dialogs);
+  Model model = modelOf(session.analysis);
+  RandomSource source(random);
+  PropagationResult result = PropagateErrors(model, par, source, listener, screen);
+  tellFailure(dialogs, result.end);
   const bool completed = result.end == PropagationEnd::kCompleted;
   if (arguments.json) {
-    std::cout << report(session, result, seed.timer()).text() << '\n';
+    std::cout << report(functionText, par, result, seed).text() << '\n';
   } else if (completed) {
     std::cout << output.grid().toUtf8();
   }
   if (!completed) return kExitFailed;
   if (!arguments.histogramFile.empty()) {
-    writeFile(files, arguments.histogramFile, monteCarloFileText(session));
+    writeFile(files, arguments.histogramFile, monteCarloFileText(result.histogram, functionText));
   }
   return kExitDone;
 }

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "batch/ArgumentForm.h"
 #include "batch/ModelChoice.h"
+#include "batch/ParameterValues.h"
 
 namespace vk {
 

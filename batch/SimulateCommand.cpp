@@ -1,8 +1,8 @@
 #include "batch/SimulateCommand.h"
+#include "commands/SessionModel.h"
 
+#include <array>
 #include <cmath>
-#include <functional>
-#include <optional>
 
 #include "base/CodePage.h"
 #include "base/NumberText.h"
@@ -10,6 +10,7 @@
 #include "batch/FitCommand.h"
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
+#include "commands/RandomSource.h"
 #include "commands/SimulationCommand.h"
 #include "data/DataFiles.h"
 #include "platform/system/SystemRandom.h"
@@ -19,43 +20,31 @@ namespace {
 
 constexpr int kMostPoints = 32767;
 
-/// The form of the simulation, filled in from the command line.
-class SimulationForm : public InputForm {
- public:
-  SimulationForm(Session& session, const SimulateArguments& arguments, std::function<void()> execute)
-      : session_(session), arguments_(arguments), execute_(std::move(execute)) {}
+/// A number of an option; `otherwise` where it is left out.
+double number(const char* option, const std::string& text, double otherwise) {
+  if (text.empty()) return otherwise;
+  if (!isNumeric(text)) throw UsageError(std::string(option) + " \"" + text + "\": si attende un numero");
+  return scanNumber(text);
+}
 
-  void InpShow(InputTables& tables, Form) override {
-    enter(tables, 1, "--xmin", arguments_.xmin);
-    enter(tables, 2, "--xmax", arguments_.xmax);
-    enter(tables, 3, "--points", arguments_.points);
-    checkPoints();
-    enter(tables, 4, "--dy", arguments_.dy);
-    tables.InpValues[5] = arguments_.dyAbsolute ? "1" : "0";
-    enter(tables, 6, "--dx", arguments_.dx);
-    tables.InpValues[7] = arguments_.dxAbsolute ? "1" : "0";
-    session_.ErrFlag = 0;
-    execute_();
-  }
+/// The program itself would only speak of an overflow.
+double numberOfPoints(const std::string& text, double otherwise) {
+  const double points = number("--points", text, otherwise);
+  if (std::abs(points) < kMostPoints + 0.5) return points;
+  throw UsageError("simulate: --points \"" + text + "\": si attende un numero fino a " +
+                   std::to_string(kMostPoints));
+}
 
- private:
-  static void enter(InputTables& tables, int field, const char* option, const std::string& text) {
-    if (text.empty()) return;
-    if (!isNumeric(text)) throw UsageError(std::string(option) + " \"" + text + "\": si attende un numero");
-    tables.InpValues[field] = text;
-  }
-
-  /// The form would only speak of an overflow.
-  void checkPoints() const {
-    if (std::abs(scanNumber(arguments_.points)) < kMostPoints + 0.5) return;
-    throw UsageError("simulate: --points \"" + arguments_.points + "\": si attende un numero fino a " +
-                     std::to_string(kMostPoints));
-  }
-
-  Session& session_;
-  const SimulateArguments& arguments_;
-  std::function<void()> execute_;
-};
+SimulationSettings wantedSettings(const SimulateArguments& arguments) {
+  const SimulationSettings first = firstSettings();
+  const double xmin = number("--xmin", arguments.xmin, first.SimXMin);
+  const double xmax = number("--xmax", arguments.xmax, first.SimXMax);
+  const double points = numberOfPoints(arguments.points, first.SimPoints);
+  const double dy = number("--dy", arguments.dy, first.SimErrY);
+  const double dx = number("--dx", arguments.dx, first.SimErrX);
+  return settingsOf(
+      std::array{xmin, xmax, points, dy, arguments.dyAbsolute ? 1.0 : 0, dx, arguments.dxAbsolute ? 1.0 : 0});
+}
 
 Json settings(const SimulationSettings& sim, float seed) {
   return Json::Object{
@@ -70,8 +59,7 @@ Json settings(const SimulationSettings& sim, float seed) {
   };
 }
 
-/// The parameters that the data were made with.
-Json truth(const ParameterSet& par) {
+Json parameters(const ParameterSet& par) {
   Json::List list;
   for (int i = 1; i <= par.ParCount; ++i) {
     list.push_back(
@@ -87,28 +75,32 @@ int runSimulate(const SimulateArguments& arguments) {
   TerminalFiles files;
   SystemRandom random;
   TerminalDialogs dialogs;
-  NoMainWindow window;
   chooseModel(session, files, arguments.model, parameterNames(arguments.parameters));
   enterStart(session, arguments.parameters);
   const float seed = Seed(arguments.seed).timer();
   random.seed(seed);
+  RandomSource source(random);
 
-  std::optional<FitOutcome> outcome;
-  SimulationForm form(session, arguments, [&] {
-    SimulateData(session, dialogs, window, random,
-                 [&] { outcome = fitAtTerminal(session, dialogs, arguments.json); });
-  });
-  MenDatSim(session, form);
-  if (!outcome) return kExitBadInput;
+  ParameterSet& par = session.analysis.par;
+  const ParameterSet truth = par;
+  ExhaustedBox listener(session, dialogs);
+  Model model = modelOf(session.analysis);
+  const SimulationSettings wanted = wantedSettings(arguments);
+  const auto simulated =
+      simulateUnlessOverflow(dialogs, [&] { return simulate(wanted, model, par, source, listener); });
+  if (!simulated) return kExitBadInput;
+  scatterStart(par, source);
+  if (!acceptCorrections(dialogs, *simulated, par.FreeCount)) return kExitBadInput;
+  session.loaded.data = simulated->data;
+  FitOutcome outcome = fitAtTerminal(session, dialogs, arguments.json);
   if (arguments.json) {
-    outcome->report = Json::Object{{"settings", settings(session.analysis.sim, seed)},
-                                   {"truth", truth(session.analysis.par)},
-                                   {"fit", outcome->report}};
+    outcome.report = Json::Object{{"settings", settings(simulated->settings, seed)},
+                                  {"truth", parameters(truth)},
+                                  {"fit", outcome.report}};
   }
-  printOutcome(*outcome, arguments.json);
-  if (!arguments.outputFile.empty())
-    writeFile(files, arguments.outputFile, dataFileText(session.loaded.data));
-  return outcome->failed ? kExitFailed : kExitDone;
+  printOutcome(outcome, arguments.json);
+  if (!arguments.outputFile.empty()) writeFile(files, arguments.outputFile, dataFileText(simulated->data));
+  return outcome.failed ? kExitFailed : kExitDone;
 }
 
 }  // namespace vk

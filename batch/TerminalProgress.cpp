@@ -21,9 +21,10 @@ void TerminalProgress::finished(const FitFinal& final) {
   screen_.finished(final);
 }
 
-void TerminalProgress::failed() {
+// The screen may tell of the failure first, as of all that happened before.
+void TerminalProgress::failed(const FitFailure& failure) {
+  screen_.failed(failure);
   clearLine();
-  screen_.failed();
 }
 
 void TerminalProgress::clearLine() {

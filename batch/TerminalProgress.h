@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/FitMod.h"
+#include "analysis/Fit.h"
 
 namespace vk {
 
@@ -12,7 +12,8 @@ class TerminalProgress : public FitObserver {
   void started(const FitStart& start) override { screen_.started(start); }
   void progress(const FitProgress& progress) override;
   void finished(const FitFinal& final) override;
-  void failed() override;
+  void working() override { screen_.working(); }
+  void failed(const FitFailure& failure) override;
 
  private:
   void clearLine();

@@ -1,4 +1,5 @@
 #include "batch/TransformCommand.h"
+#include "commands/SessionModel.h"
 
 #include <iostream>
 
@@ -12,37 +13,20 @@
 namespace vk {
 namespace {
 
-/// The form of the transformation, filled in from the command line.
-class TransformationForm : public InputForm {
- public:
-  TransformationForm(Session& session, Dialogs& dialogs, const TransformArguments& arguments)
-      : session_(session), dialogs_(dialogs), arguments_(arguments) {}
-
-  void InpShow(InputTables& tables, Form) override {
-    const bool hasXErrors = session_.loaded.data.kXpntErr != kFalse;
-    if (!arguments_.dx.empty() && !hasXErrors) throw UsageError("--dx: i dati non hanno errori di x");
-    const auto enter = [&](int field, const std::string& text) {
-      if (!text.empty()) tables.InpValues[field] = textOfWord(text);
-    };
-    enter(1, arguments_.titleX);
-    enter(2, arguments_.titleY);
-    enter(3, arguments_.x);
-    enter(4, arguments_.y);
-    if (hasXErrors) enter(5, arguments_.dx);
-    enter(tables.InpFieldCount, arguments_.dy);
-    session_.ErrFlag = 0;
-    NoMainWindow window;
-    result_ = TransformData(session_, dialogs_, window);
-  }
-
-  const TransformResult& result() const { return result_; }
-
- private:
-  Session& session_;
-  Dialogs& dialogs_;
-  const TransformArguments& arguments_;
-  TransformResult result_;
-};
+/// What the command line asks for; what it leaves out stays as it is.
+TransformFormulas formulasOf(const TransformArguments& arguments, const DataSet& data) {
+  const bool hasXErrors = data.kXpntErr != kFalse;
+  if (!arguments.dx.empty() && !hasXErrors) throw UsageError("--dx: i dati non hanno errori di x");
+  const auto entered = [](const std::string& word, const std::string& otherwise) {
+    return word.empty() ? otherwise : textOfWord(word);
+  };
+  TransformFormulas formulas{
+      entered(arguments.titleX, data.TitleX), entered(arguments.titleY, data.TitleY), {}};
+  formulas.columns = {entered(arguments.x, "x"), entered(arguments.y, "y")};
+  if (hasXErrors) formulas.columns.push_back(entered(arguments.dx, "dx"));
+  formulas.columns.push_back(entered(arguments.dy, "dy"));
+  return formulas;
+}
 
 /// "3, 7-9, 12": row numbers, three or more that follow one another as a range.
 std::string rowList(const std::vector<int>& rows) {
@@ -91,18 +75,21 @@ int runTransform(const TransformArguments& arguments) {
   TerminalFiles files;
   TerminalDialogs dialogs;
   loadData(session, files, dialogs, arguments.dataFile);
-  TransformationForm form(session, dialogs, arguments);
-  MenDatTra(session, form);
-  const TransformResult& result = form.result();
-  if (!result.replaced) return kExitBadInput;
+  const TransformFormulas formulas = formulasOf(arguments, session.loaded.data);
+  ExhaustedBox listener(session, dialogs);
+  const TransformResult result = transform(std::move(session.loaded.data), formulas, listener);
+  if (!result.replaced()) {
+    tellBadFormula(dialogs, result);
+    return kExitBadInput;
+  }
   if (!result.failed.empty()) {
     tellFailedRows(result.failed);
     if (!arguments.anyway) return kExitFailed;
   }
-  const std::string text = dataFileText(session.loaded.data);
+  const std::string text = dataFileText(result.data);
   if (!arguments.outputFile.empty()) writeFile(files, arguments.outputFile, text);
   if (arguments.json) {
-    std::cout << report(session.loaded.data).text() << '\n';
+    std::cout << report(result.data).text() << '\n';
   } else if (arguments.outputFile.empty()) {
     std::cout << terminalText(text);
   }

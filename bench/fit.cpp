@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "analysis/FitMod.h"
-#include "batch/TerminalPorts.h"
+#include "commands/FitCommand.h"
 #include "commands/ParameterCommands.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
@@ -16,17 +15,12 @@
 namespace vk {
 namespace {
 
-class NoClock : public Clock {
- public:
-  float timer() override { return 0; }
-};
-
 class NoObserver : public FitObserver {
  public:
   void started(const FitStart&) override {}
   void progress(const FitProgress&) override {}
   void finished(const FitFinal&) override {}
-  void failed() override {}
+  void failed(const FitFailure&) override {}
 };
 
 struct Problem {
@@ -74,13 +68,11 @@ void start(Session& session, const Problem& problem) {
 void wholeFit(benchmark::State& state, const Problem& problem) {
   Session session = sessionOf(problem);
   CountingDialogs dialogs;
-  NoMainWindow window;
-  NoClock clock;
   NoObserver observer;
   FitResult result;
   for (auto _ : state) {
     start(session, problem);
-    result = FitData(session, dialogs, window, clock, observer);
+    result = FitData(session, dialogs, observer);
   }
   for (int i = 1; i <= session.analysis.par.ParCount; ++i) {
     const double solution = problem.solution[static_cast<std::size_t>(i) - 1];

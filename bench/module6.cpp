@@ -5,8 +5,9 @@
 #include <stdexcept>
 
 #include "analysis/MonteCarlo.h"
-#include "batch/TerminalPorts.h"
-#include "commands/TransformationCommand.h"
+#include "analysis/Transformation.h"
+#include "commands/RandomSource.h"
+#include "commands/SessionModel.h"
 #include "expr/FunMod.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/doubles/CountingDialogs.h"
@@ -34,14 +35,16 @@ Session decayingWave() {
 
 void TenThousandSamples(benchmark::State& state) {
   Session session = decayingWave();
-  const Array<double> base = session.analysis.par.ParValues;
+  const ParameterSet& par = session.analysis.par;
   CountingDialogs dialogs;
   SystemRandom random;
-  const AnalyticErrors analytic = analyticErrors(session, dialogs);
+  ExhaustedBox listener(session, dialogs);
+  Model model = modelOf(session.analysis);
+  RandomSource source(random);
+  const AnalyticErrors analytic = analyticErrors(model, par, listener);
   SampleStatistics last;
   for (auto _ : state) {
-    session.analysis.par.ParValues = base;
-    MonteCarlo simulation(session, dialogs, random);
+    MonteCarlo simulation(model, par, source, listener);
     simulation.setUpBins(analytic);
     simulation.run([&](const SampleStatistics& samples) { last = samples; });
   }
@@ -54,35 +57,32 @@ BENCHMARK(TenThousandSamples)->Unit(benchmark::kMillisecond);
 
 constexpr int kPoints = 32767;
 
-Session largeData() {
-  Session session;
-  session.loaded.data.allocate(kPoints, kFalse);
+DataSet largeData() {
+  DataSet data;
+  data.allocate(kPoints, kFalse);
   for (int i = 1; i <= kPoints; ++i) {
-    session.loaded.data.Xpnt[i] = 10.0 * i / kPoints;
-    session.loaded.data.Ypnt[i] = 1 + std::cos(session.loaded.data.Xpnt[i]);
-    session.loaded.data.ErrYpnt[i] = 0.1;
+    data.Xpnt[i] = 10.0 * i / kPoints;
+    data.Ypnt[i] = 1 + std::cos(data.Xpnt[i]);
+    data.ErrYpnt[i] = 0.1;
   }
-  session.input.InpValues.dim(5);
-  const char* fields[] = {"", "log x", "y", "LOG(x)", "y^2+SQR(x)*EXP(-y)", "dy"};
-  for (int i = 1; i <= 5; ++i) session.input.InpValues[i] = fields[i];
-  return session;
+  return data;
 }
 
 void TransformTwoColumns(benchmark::State& state) {
-  const DataSet data = largeData().data;
-  Session session = largeData();
-  CountingDialogs dialogs;
-  NoMainWindow window;
+  const DataSet data = largeData();
+  const TransformFormulas formulas{"log x", "y", {"LOG(x)", "y^2+SQR(x)*EXP(-y)", "dy"}};
+  NoListener listener;
+  TransformResult result;
   for (auto _ : state) {
     state.PauseTiming();
-    session.loaded.data = data;
+    DataSet copy = data;
     state.ResumeTiming();
-    TransformData(session, dialogs, window);
+    result = transform(std::move(copy), formulas, listener);
   }
   const double x = data.Xpnt[kPoints];
   const double y = data.Ypnt[kPoints];
-  if (session.loaded.data.Xpnt[kPoints] != std::log(x) ||
-      std::abs(session.loaded.data.Ypnt[kPoints] - (y * y + std::sqrt(x) * std::exp(-y))) > 1E-12) {
+  if (result.data.Xpnt[kPoints] != std::log(x) ||
+      std::abs(result.data.Ypnt[kPoints] - (y * y + std::sqrt(x) * std::exp(-y))) > 1E-12) {
     throw std::runtime_error("the columns are not those of the formulas");
   }
 }

@@ -4,6 +4,7 @@
 
 #include "base/Guard.h"
 #include "base/NumberMasks.h"
+#include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
 
@@ -45,16 +46,19 @@ const std::string kPerCent = " %";
 const std::string kNumberMask = "#.######^^^^";
 const std::string kStartPattern = ".000000E+00";
 const std::string kNoError = "___________";
+constexpr const char* kErrorTitle = "ERRORE !";
+constexpr const char* kTooSmall = ") ECCESSIVAMENTE PICCOLO!   <*> per Continuare";
+
 const std::string kMatrixMask = " #####";
 const std::string kNoMatrix = " _____";
 
-std::string titleOf(const Session& session) {
-  const std::string title = " " + trim(session.analysis.fun.FunctionText) + " ";
+std::string titleOf(const std::string& functionText) {
+  const std::string title = " " + trim(functionText) + " ";
   return length(title) % 2 == 0 ? title + " " : title;
 }
 
-int nameWidthOf(const Session& session) {
-  const int width = std::max<int>(kLeastNameWidth, session.analysis.par.ParNameWidth);
+int nameWidthOf(const ParameterSet& par) {
+  const int width = std::max<int>(kLeastNameWidth, par.ParNameWidth);
   return width % 2 == 0 ? width + 1 : width;
 }
 
@@ -71,37 +75,38 @@ std::string nameText(const ParameterSet& par, int parameter, int width) {
 
 }  // namespace
 
-FitScreenLayout::FitScreenLayout(const Session& session, int free)
-    : title(titleOf(session)),
-      nameWidth(nameWidthOf(session)),
-      allCount(session.analysis.par.ParCount),
+FitScreenLayout::FitScreenLayout(const std::string& functionText, const ParameterSet& par, int free)
+    : title(titleOf(functionText)),
+      nameWidth(nameWidthOf(par)),
+      allCount(par.ParCount),
       freeCount(free),
       width(std::max({kLeastWidth, length(title), tableWidth(nameWidth, free)})),
       half((width - 1) / 2),
       leftColumn(kScreenMiddle - half),
       rows(11 + allCount) {}
 
-FitScreen::FitScreen(const Session& session, OutputWindow& output) : session_(session), output_(output) {}
+FitScreen::FitScreen(std::string functionText, const ParameterSet& par, const FitScreenPorts& ports)
+    : functionText_(std::move(functionText)), par_(par), ports_(ports) {}
 
 void FitScreen::started(const FitStart& start) {
-  layout_.emplace(session_, start.N);
+  layout_.emplace(functionText_, par_, start.N);
   OutputRequest request;
   request.rows = layout_->rows;
   request.cols = layout_->width;
   request.captions = kReportButtons;
   request.caption = kCaption;
-  output_.OutShow(request);
+  ports_.output.OutShow(request);
   drawTitle();
   drawStatusBlock();
   drawTable();
 
-  const ParameterSet& par = session_.analysis.par;
   int row = kHeaderRule;
-  for (int i = 1; i <= start.N; ++i) drawRow(++row, par.FreeIndex[i], start.X[i]);
+  for (int i = 1; i <= start.N; ++i) drawRow(++row, par_.FreeIndex[i], start.X[i]);
   for (int i = layout_->allCount; i > start.N; --i) {
-    drawRow(++row, par.FreeIndex[i], par.ParValues[par.FreeIndex[i]]);
+    drawRow(++row, par_.FreeIndex[i], par_.ParValues[par_.FreeIndex[i]]);
   }
-  output_.refresh();
+  ports_.output.refresh();
+  started_ = ports_.clock.timer();
 }
 
 // A title as wide as the window would cover the sides of its frame with its first and last character.
@@ -140,7 +145,7 @@ void FitScreen::drawTable() {
 }
 
 void FitScreen::drawRow(int row, int parameter, double value) {
-  printAt(row, kNameColumn, nameText(session_.analysis.par, parameter, layout_->nameWidth));
+  printAt(row, kNameColumn, nameText(par_, parameter, layout_->nameWidth));
   printAt(row, layout_->valueColumn(), FormatSigned(value, kStartPattern));
   printAt(row, layout_->errorColumn(), kNoError);
   if (layout_->freeCount < 2) return;
@@ -150,7 +155,7 @@ void FitScreen::drawRow(int row, int parameter, double value) {
 void FitScreen::progress(const FitProgress& progress) {
   printFigures(progress);
   printColumn(layout_->valueColumn(), progress.X);
-  output_.refresh();
+  ports_.output.refresh();
 }
 
 void FitScreen::finished(const FitFinal& final) {
@@ -162,17 +167,21 @@ void FitScreen::finished(const FitFinal& final) {
     printStatusWord(kWordRow, kMinimisation);
     printStatusWord(kOutcomeRow, final.unreliable ? kUnreliable : kCompleted);
   }
-  output_.refresh();
+  ports_.output.refresh();
 }
 
-void FitScreen::failed() {
-  output_.FrmOut_Exit();
+void FitScreen::failed(const FitFailure& failure) {
+  if (failure.end == MinimiseEnd::kNoEffect) {
+    ports_.dialogs.plainBox(kErrorTitle, "E(" + signedText(failure.parameter) + kTooSmall);
+  }
+  ports_.output.FrmOut_Exit();
 }
 
 // A figure that could not be computed leaves what stands in its place.
 void FitScreen::printFigures(const FitProgress& progress) {
   const int right = layout_->fromScreen(kRightScreen);
-  printAt(kTimeRow, kSecondsColumn + length(kSeconds), FormatMask(progress.seconds, kCountMask));
+  const int seconds = static_cast<int>(Int(ports_.clock.timer() - started_));
+  printAt(kTimeRow, kSecondsColumn + length(kSeconds), FormatMask(seconds, kCountMask));
   printAt(kTimeRow, layout_->fromScreen(kIterationsScreen) + length(kIterations),
           FormatMask(progress.iteration, kCountMask));
   printAt(kFreedomRow, right + length(kFreedom), FormatMask(progress.degreesOfFreedom, kFreedomMask));
@@ -211,12 +220,12 @@ void FitScreen::printStatusWord(int row, const std::string& word) {
 }
 
 void FitScreen::drawFrame(int row1, int column1, int row2, int column2, const std::string& title) {
-  output_.CharFrame(row1, column1, row2, column2, kFrameStyle, title);
+  ports_.output.CharFrame(row1, column1, row2, column2, kFrameStyle, title);
 }
 
 void FitScreen::printAt(int row, int column, const std::string& text) {
-  output_.CharLocate(row, column);
-  output_.print(text);
+  ports_.output.CharLocate(row, column);
+  ports_.output.print(text);
 }
 
 }  // namespace vk

@@ -3,16 +3,17 @@
 #include <optional>
 #include <string>
 
-#include "analysis/FitMod.h"
+#include "analysis/Fit.h"
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
 #include "platform/OutputWindow.h"
-#include "session/Session.h"
 
 namespace vk {
 
 /// Cells of the fit screen, from the number and the length of the names. Rows and columns of the window count
 /// from 1; it stands centred on a screen of 80 columns.
 struct FitScreenLayout {
-  FitScreenLayout(const Session& session, int freeCount);
+  FitScreenLayout(const std::string& functionText, const ParameterSet& par, int freeCount);
 
   /// The window's column for a column of the screen.
   int fromScreen(int column) const { return column - leftColumn; }
@@ -31,17 +32,25 @@ struct FitScreenLayout {
   int rows;           ///< of the window
 };
 
-/// The screen of a fit: draws the running and the final figures on the output window. Texts are code page 437.
+/// What the screen of a fit works with.
+struct FitScreenPorts {
+  OutputWindow& output;
+  Dialogs& dialogs;
+  Clock& clock;
+};
+
+/// The screen of a fit: draws the running and the final figures on the output window. A parameter without
+/// effect is told in a box. Texts are code page 437.
 class FitScreen : public FitObserver {
  public:
-  /// The session's function, names and constants are read when a minimisation begins.
-  FitScreen(const Session& session, OutputWindow& output);
+  /// `par` has the names, and the values from before the fit; it must outlive this object.
+  FitScreen(std::string functionText, const ParameterSet& par, const FitScreenPorts& ports);
 
   void started(const FitStart& start) override;
-  void working() override { output_.refresh(); }
+  void working() override { ports_.output.refresh(); }
   void progress(const FitProgress& progress) override;
   void finished(const FitFinal& final) override;
-  void failed() override;
+  void failed(const FitFailure& failure) override;
 
  private:
   void drawTitle();
@@ -56,8 +65,10 @@ class FitScreen : public FitObserver {
   void printMatrix(const CorrelationMatrix& correlation);
   void printAt(int row, int column, const std::string& text);
 
-  const Session& session_;
-  OutputWindow& output_;
+  const std::string functionText_;
+  const ParameterSet& par_;
+  const FitScreenPorts ports_;
+  float started_ = 0;                      // when the minimisation began, the screen drawn
   std::optional<FitScreenLayout> layout_;  // of the minimisation that runs
 };
 

@@ -1,7 +1,7 @@
 #include "commands/ParameterCommands.h"
 
 #include <algorithm>
-#include <cmath>
+#include <vector>
 
 #include "base/NumberMasks.h"
 #include "base/NumberText.h"
@@ -16,7 +16,6 @@ namespace {
 
 constexpr int kLeastHalfWidth = 22;
 constexpr int kFirstRow = 7;
-constexpr double kStartStepOfZero = 0.01;
 
 /// Half the columns of the form, an even number: wide enough for the text of the function.
 int halfWidth(const std::string& functionText) {
@@ -60,10 +59,6 @@ void describeHeads(InputTables& form, int half, const std::string& functionText,
                        {5, right, propagation ? "\xE5>0, Err.Max.<0 " : "0 Cost. 1 Var."}});
 }
 
-double startingStep(double value) {
-  return value == 0 ? kStartStepOfZero : std::abs(value) / 100;
-}
-
 void giveValuesToLoadedModel(Session& session) {
   if (session.analysis.fun.InnerIndex <= kBuiltInInner) return;
   for (int i = 1; i <= session.analysis.model.nPar; ++i)
@@ -71,6 +66,12 @@ void giveValuesToLoadedModel(Session& session) {
 }
 
 }  // namespace
+
+void markParametersSet(Session& session) {
+  giveValuesToLoadedModel(session);
+  session.analysis.ParametersSet = kTrue;
+  session.analysis.ParVar = toFlag(session.analysis.par.FreeCount >= 1) & ~session.analysis.PropagationMode;
+}
 
 void EnterParameters(Session& session, InputForm& form, Flag mode) {
   const ParameterSet& par = session.analysis.par;
@@ -92,15 +93,13 @@ void EnterParameters(Session& session, InputForm& form, Flag mode) {
 void StoreParameters(Session& session) {
   const InputTables& fields = session.input;
   const int half = fields.InpFieldCount / 2;
-  const int mode = session.analysis.PropagationMode;
-  ParameterSet& par = session.analysis.par;
-  par.ParValues.dim(half + mode);
-  par.ParDeltas.dim(half + mode);
-  for (int j = 1; j <= half; ++j) {
-    par.ParValues[j + mode] = scanNumber(fields.InpValues[j]);
-    par.ParDeltas[j + mode] = scanNumber(fields.InpValues[half + j]);
-  }
-  classifyParameters(session);
+  const auto numbers = [&](int before) {
+    std::vector<double> column;
+    for (int j = 1; j <= half; ++j) column.push_back(scanNumber(fields.InpValues[before + j]));
+    return column;
+  };
+  StoreParameters(session.analysis.par, numbers(0), numbers(half), 1 + session.analysis.PropagationMode);
+  markParametersSet(session);
 }
 
 void StoreParameters(Session& session, MainWindow& window) {
@@ -110,26 +109,8 @@ void StoreParameters(Session& session, MainWindow& window) {
 }
 
 void classifyParameters(Session& session) {
-  ParameterSet& par = session.analysis.par;
-  const int last = par.ParCount;
-  par.FreeSteps.dim(last + 1);
-  par.FreeValues.dim(last + 1);
-  par.FreeIndex.dim(last + 1);
-  par.FreeCount = 0;
-  giveValuesToLoadedModel(session);
-  int constants = 0;
-  for (int i = 1; i <= last; ++i) {
-    if (par.ParDeltas[i] == 0) {
-      par.FreeIndex[last - constants++] = i;
-      continue;
-    }
-    ++par.FreeCount;
-    par.FreeSteps[par.FreeCount] = startingStep(par.ParValues[i]);
-    par.FreeValues[par.FreeCount] = par.ParValues[i];
-    par.FreeIndex[par.FreeCount] = i;
-  }
-  session.analysis.ParametersSet = kTrue;
-  session.analysis.ParVar = toFlag(par.FreeCount >= 1) & ~session.analysis.PropagationMode;
+  classifyParameters(session.analysis.par);
+  markParametersSet(session);
 }
 
 void MenAdaPar(Session& session, InputForm& form) {

@@ -16,13 +16,17 @@ namespace vk {
 void EnterParameters(Session& session, InputForm& form, Flag mode);
 
 /// Takes the field texts of the input form over into the parameters: values in the first half of the fields,
-/// second numbers in the other half. Then as `classifyParameters`.
+/// second numbers in the other half. Then sorts them as the next one.
 void StoreParameters(Session& session);
 /// The same as the action of "&Esegui": the main window comes back with its menus renewed.
 void StoreParameters(Session& session, MainWindow& window);
 
-/// Sorts the parameters by their second numbers into free ones, with starting values and steps, and constant
-/// ones; sets `ParametersSet` and `ParVar`. A loaded model gets the values into its value table.
+/// The session's parameters have been entered: sets `ParametersSet` and `ParVar`. A loaded model gets the values into
+/// its value table.
+void markParametersSet(Session& session);
+
+/// Sorts the session's parameters, and sets `ParametersSet` and `ParVar`. A loaded model gets the values into its
+/// value table.
 void classifyParameters(Session& session);
 
 /// Command: enter the starting values of a fit.

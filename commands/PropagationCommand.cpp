@@ -1,47 +1,18 @@
 #include "commands/PropagationCommand.h"
+#include "commands/SessionModel.h"
+
+#include "analysis/HistogramFile.h"
 #include "commands/PropagationScreen.h"
+#include "commands/RandomSource.h"
 
 namespace vk {
 namespace {
 
 constexpr const char* kDerivativesFailed = "Errori nel Calcolo delle Derivate Parziali";
 constexpr const char* kSimulationFailed = "Errori nella Simulazione di Monte Carlo";
-constexpr const char* kNoDependence = "\nla funzione NON dipende dalle variabili";
-
-void giveUp(Session& session, const PropagationPorts& ports, const std::string& text) {
-  ports.dialogs.plainBox(kProgramTitle, text);
-  session.ErrFlag = 0;
-  ports.output.FrmOut_Exit();
-}
-
-PropagationEnd simulate(Session& session, const PropagationPorts& ports, PropagationScreen& screen,
-                        PropagationResult& result) {
-  MonteCarlo simulation(session, ports.dialogs, ports.random);
-  simulation.setUpBins(result.analytic);
-  screen.openSimulation();
-  const bool completed = simulation.run([&](const SampleStatistics& samples) {
-    result.samples = samples;
-    screen.showSamples(samples);
-  });
-  session.analysis.monteCarlo.McBinWidth = simulation.McBinWidth();
-  if (completed) return PropagationEnd::kCompleted;
-  const bool flat = session.ErrFlag == MonteCarlo::kNoWidth;
-  giveUp(session, ports, std::string(kSimulationFailed) + (flat ? kNoDependence : ""));
-  return flat ? PropagationEnd::kNoDependence : PropagationEnd::kSimulationFailed;
-}
-
-PropagationEnd propagate(Session& session, const PropagationPorts& ports, PropagationScreen& screen,
-                         PropagationResult& result) {
-  screen.open();
-  ports.output.setSaveRoutine([&session, &files = ports.files] { SaveMonteCarlo(session, files); });
-  result.analytic = analyticErrors(session, ports.dialogs);
-  if (session.ErrFlag != 0) {
-    giveUp(session, ports, kDerivativesFailed);
-    return PropagationEnd::kDerivativesFailed;
-  }
-  screen.showAnalytic(result.analytic);
-  return simulate(session, ports, screen, result);
-}
+constexpr const char* kNoDependence =
+    "Errori nella Simulazione di Monte Carlo\nla funzione NON dipende dalle variabili";
+constexpr const char* kFileName = "Mon_Sim.DAT";
 
 }  // namespace
 
@@ -49,12 +20,39 @@ PropagationResult PropagateErrors(Session& session, const PropagationPorts& port
   const ShutWindow shut(ports.window, Form::kOutput);
   ports.random.seed(ports.clock.timer());
   session.analysis.monteCarlo = {};
-  const Array<double> BaseValues = session.analysis.par.ParValues;
-  PropagationScreen screen(session, ports.output);
-  PropagationResult result;
-  result.end = propagate(session, ports, screen, result);
-  session.analysis.par.ParValues = BaseValues;
+  const ParameterSet& par = session.analysis.par;
+  PropagationScreen screen(session.analysis.fun.FunctionText, par, ports.output);
+  screen.open();
+  ports.output.setSaveRoutine([&session, &files = ports.files] { SaveMonteCarlo(session, files); });
+  ExhaustedBox listener(session, ports.dialogs);
+  Model model = modelOf(session.analysis);
+  RandomSource random(ports.random);
+  PropagationResult result = PropagateErrors(model, par, random, listener, screen);
+  session.analysis.monteCarlo = result.histogram;
+  if (result.end != PropagationEnd::kCompleted) {
+    tellFailure(ports.dialogs, result.end);
+    ports.output.FrmOut_Exit();
+  }
+  session.ErrFlag = 0;
   return result;
+}
+
+void tellFailure(Dialogs& dialogs, PropagationEnd end) {
+  switch (end) {
+    case PropagationEnd::kDerivativesFailed:
+      return dialogs.plainBox(kProgramTitle, kDerivativesFailed);
+    case PropagationEnd::kSimulationFailed:
+      return dialogs.plainBox(kProgramTitle, kSimulationFailed);
+    case PropagationEnd::kNoDependence:
+      return dialogs.plainBox(kProgramTitle, kNoDependence);
+    case PropagationEnd::kCompleted:
+      break;
+  }
+}
+
+void SaveMonteCarlo(Session& session, Files& files) {
+  files.writeAll(joinPath(session.files.DataDir, kFileName),
+                 monteCarloFileText(session.analysis.monteCarlo, session.analysis.fun.FunctionText));
 }
 
 }  // namespace vk

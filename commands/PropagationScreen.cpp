@@ -35,16 +35,17 @@ constexpr int kLongestFunction = 45;
 
 }  // namespace
 
-PropagationScreen::PropagationScreen(const Session& session, OutputWindow& output)
-    : session_(session),
+PropagationScreen::PropagationScreen(std::string functionText, const ParameterSet& par, OutputWindow& output)
+    : functionText_(std::move(functionText)),
+      par_(par),
       output_(output),
-      width_(session.analysis.par.ParNameWidth),
+      width_(par.ParNameWidth),
       columns_(2 * width_ + kColumnsBesideNames),
-      name_(session.analysis.par.name(-1)) {}
+      name_(par.name(-1)) {}
 
 void PropagationScreen::open() {
   OutputRequest request;
-  request.rows = session_.analysis.par.ParCount + kRowsBesideVariables;
+  request.rows = par_.ParCount + kRowsBesideVariables;
   request.cols = columns_;
   request.captions = {"&Continua", "&Stampa", "Co&pia", "Salva &File"};
   request.caption = kPropagationCaption;
@@ -52,26 +53,25 @@ void PropagationScreen::open() {
   output_.CharFrame(1, 1, request.rows, columns_, kRuledFrame, "");
   output_.CharFrame(1, 1, kTitleRule, columns_, kRuledFrame, "");
   drawFunction();
-  for (int i = 0; i <= session_.analysis.par.ParCount; ++i) drawVariable(i);
+  for (int i = 0; i <= par_.ParCount; ++i) drawVariable(i);
 }
 
 void PropagationScreen::drawFunction() {
-  const std::string text = shortened(trim(session_.analysis.fun.FunctionText), kLongestFunction);
+  const std::string text = shortened(trim(functionText_), kLongestFunction);
   printAt(kFunctionRow, toInt16(columns_ / 2.0) - toInt16(length(text) / 2.0), text);
 }
 
 void PropagationScreen::drawVariable(int i) {
-  const ParameterSet& par = session_.analysis.par;
   const int row = kTitleRule + i + 1;
-  const std::string name = par.name(i);
+  const std::string name = par_.name(i);
   printAt(row, kVariableColumn, right(repeat(width_, ' ') + name, width_) + " =");
-  printAt(row, width_ + kValueBehindName, FormatMask(par.ParValues[i], kValueMask));
-  const double error = par.ParDeltas[i];
+  printAt(row, width_ + kValueBehindName, FormatMask(par_.ParValues[i], kValueMask));
+  const double error = par_.ParDeltas[i];
   printError(row, errorLabel(name), std::abs(error), error < 0 ? kMaximumError : kStandardDeviation);
 }
 
-void PropagationScreen::showAnalytic(const AnalyticErrors& errors) {
-  const int row = kTitleRule + session_.analysis.par.ParCount + 3;
+void PropagationScreen::derived(const AnalyticErrors& errors) {
+  const int row = kTitleRule + par_.ParCount + 3;
   openSection(row, kAnalyticTitle);
   printAt(row, kVariableColumn, name_ + " =");
   printAt(row, width_ + kValueBehindName, FormatMask(errors.F0, kValueMask));
@@ -80,14 +80,14 @@ void PropagationScreen::showAnalytic(const AnalyticErrors& errors) {
 }
 
 int PropagationScreen::simulationRow() const {
-  return kTitleRule + session_.analysis.par.ParCount + 6;
+  return kTitleRule + par_.ParCount + 6;
 }
 
-void PropagationScreen::openSimulation() {
+void PropagationScreen::simulationBegins() {
   openSection(simulationRow(), kSimulationTitle);
 }
 
-void PropagationScreen::showSamples(const SampleStatistics& samples) {
+void PropagationScreen::sampled(const SampleStatistics& samples) {
   const int row = simulationRow();
   printAt(row, width_ - length(name_) + 2, "<" + name_ + ">=");
   printAt(row, width_ + kValueBehindName, FormatMask(samples.mean, kValueMask));

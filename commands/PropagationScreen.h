@@ -2,26 +2,25 @@
 
 #include <string>
 
-#include "analysis/AnalyticErrors.h"
-#include "analysis/MonteCarlo.h"
+#include "analysis/Propagation.h"
 #include "platform/OutputWindow.h"
-#include "session/Session.h"
 
 namespace vk {
 
 /// The screen of a propagation of errors on the output window: the variables with their errors, the error by
 /// derivatives, and the distribution of the samples. Texts are code page 437.
-class PropagationScreen {
+class PropagationScreen : public PropagationObserver {
  public:
-  PropagationScreen(const Session& session, OutputWindow& output);
+  /// `par` must outlive this object.
+  PropagationScreen(std::string functionText, const ParameterSet& par, OutputWindow& output);
 
-  /// Opens the window and lists the variables with the session's values and errors.
+  /// Opens the window and lists the variables with their values and errors.
   void open();
   /// The value of the function and its errors by derivatives.
-  void showAnalytic(const AnalyticErrors& errors);
-  void openSimulation();
+  void derived(const AnalyticErrors& errors) override;
+  void simulationBegins() override;
   /// The samples so far; the window is repainted.
-  void showSamples(const SampleStatistics& samples);
+  void sampled(const SampleStatistics& samples) override;
 
  private:
   void drawFunction();
@@ -32,7 +31,8 @@ class PropagationScreen {
   void printError(int row, const std::string& label, double error, const std::string& kind);
   std::string errorLabel(const std::string& name, const std::string& mark = "") const;
 
-  const Session& session_;
+  const std::string functionText_;
+  const ParameterSet& par_;
   OutputWindow& output_;
   const int width_;         ///< of the names
   const int columns_;       ///< of the window

@@ -1,17 +1,12 @@
 #include "commands/SimulationCommand.h"
+#include "commands/SessionModel.h"
 
 #include <array>
-#include <cmath>
-#include <utility>
-#include <vector>
 
-#include "analysis/RandomSource.h"
-#include "base/CheckedMath.h"
 #include "base/NumberText.h"
-#include "base/Rounding.h"
 #include "base/Text.h"
 #include "commands/FormDescription.h"
-#include "expr/CmpMod.h"
+#include "commands/RandomSource.h"
 #include "session/Msg.h"
 
 namespace vk {
@@ -19,18 +14,11 @@ namespace {
 
 // ---- The form ----------------------------------------------------------------------------------------------
 
-struct FieldOfForm {
-  const char* prompt;
-  const char* first;  ///< content before the first simulation with a function
-};
-constexpr std::array<FieldOfForm, 7> kFields{{{"x Minimo                  ", "0"},
-                                              {"x Massimo                 ", "10"},
-                                              {"Numero Punti              ", "11"},
-                                              {"Incertezza di y           ", "1"},
-                                              {"Inc. y (0=Perc., <>0=Ass.)", "0"},
-                                              {"Incertezza di x           ", "0"},
-                                              {"Inc. x (0=Perc., <>0=Ass.)", "0"}}};
-constexpr int kFieldCount = kFields.size();
+constexpr std::array kPrompts{"x Minimo                  ", "x Massimo                 ",
+                              "Numero Punti              ", "Incertezza di y           ",
+                              "Inc. y (0=Perc., <>0=Ass.)", "Incertezza di x           ",
+                              "Inc. x (0=Perc., <>0=Ass.)"};
+constexpr int kFieldCount = kPrompts.size();
 constexpr int kRows = 13;
 constexpr int kSimulationPromptWidth = 26;
 constexpr int kSimulationColumns = kSimulationPromptWidth + 24;
@@ -47,112 +35,59 @@ std::array<std::string, kFieldCount> settingsTexts(const SimulationSettings& sim
 }
 
 void describeFields(const Session& session, InputTables& form) {
-  const auto settings = settingsTexts(session.analysis.sim);
+  const auto settings = settingsTexts(session.analysis.SimFirstTime ? firstSettings() : session.analysis.sim);
   describeFieldCount(form, kFieldCount);
   for (int i = 1; i <= kFieldCount; ++i) {
     const auto k = static_cast<std::size_t>(i - 1);
     describeField(form, i,
                   {.row = rowOf(i),
                    .promptColumn = 3,
-                   .prompt = kFields[k].prompt,
+                   .prompt = kPrompts[k],
                    .promptLength = kSimulationPromptWidth,
                    .column = kSimulationPromptWidth + 6,
                    .width = -18,
                    .kind = "#Number",
-                   .value = session.analysis.SimFirstTime ? kFields[k].first : settings[k]});
+                   .value = settings[k]});
   }
 }
 
 // ---- The settings ------------------------------------------------------------------------------------------
 
 SimulationSettings enteredSettings(const InputTables& form) {
-  const auto number = [&](int field) { return scanNumber(form.InpValues[field]); };
-  SimulationSettings sim;
-  sim.SimXMin = number(1);
-  sim.SimXMax = number(2);
-  sim.SimPoints = toInt16(std::abs(number(3)));
-  sim.SimErrY = std::abs(number(4));
-  sim.SimErrYAbs = toInt16(number(5));
-  sim.SimErrX = std::abs(number(6));
-  sim.SimErrXAbs = toInt16(number(7));
-  return sim;
+  std::array<double, kFieldCount> numbers;
+  for (int i = 1; i <= kFieldCount; ++i)
+    numbers[static_cast<std::size_t>(i - 1)] = scanNumber(form.InpValues[i]);
+  return settingsOf(numbers);
 }
 
-/// Makes the settings reasonable and gives a line, ended by CR, for each thing that was not.
-std::string correct(SimulationSettings& sim, int freeCount) {
-  std::string report;
-  if (sim.SimPoints <= freeCount) {
-    sim.SimPoints = freeCount + 1;
-    // QUIRK: the count told is the corrected one, not what was typed.
-    report += "*** Numero di Punti (" + generalText(sim.SimPoints) +
-              ") Non Maggiore del Numero di Parametri (" + generalText(freeCount) + ")\r" +
-              "___ Posto Numero di Punti = Numero di Parametri +1\r";
+/// The lines of a correction, each ended by CR.
+std::string correctionText(Correction correction, const SimulationSettings& sim, int freeCount) {
+  switch (correction) {
+    case Correction::kPoints:
+      // QUIRK: the count told is the corrected one, not what was typed.
+      return "*** Numero di Punti (" + generalText(sim.SimPoints) +
+             ") Non Maggiore del Numero di Parametri (" + generalText(freeCount) + ")\r" +
+             "___ Posto Numero di Punti = Numero di Parametri +1\r";
+    case Correction::kExchanged:
+      return "*** Xmin > Xmax: Scambiati Xmin e Xmax\r";
+    case Correction::kMoved:
+      return "*** Xmin = Xmax: Posto Xmax = Xmin +1\r";
+    case Correction::kErrorOfY:
+      return "*** Incertezza di y = 0: Posto Incertezza di y = 1\r";
   }
-  if (sim.SimXMin > sim.SimXMax) {
-    std::swap(sim.SimXMin, sim.SimXMax);
-    report += "*** Xmin > Xmax: Scambiati Xmin e Xmax\r";
-  }
-  if (sim.SimXMin == sim.SimXMax) {
-    sim.SimXMax = sim.SimXMin + 1;
-    report += "*** Xmin = Xmax: Posto Xmax = Xmin +1\r";
-  }
-  if (sim.SimErrY == 0) {
-    sim.SimErrY = 1;
-    report += "*** Incertezza di y = 0: Posto Incertezza di y = 1\r";
-  }
-  return report;
+  return {};
 }
 
 // ---- The data ----------------------------------------------------------------------------------------------
 
 constexpr const char* kDataName = "SIMULA.DAT";
-constexpr double kErrorOfZero = 0.001;
-constexpr double kScatter = 0.4;  // from the lowest to the highest factor
 
-/// The error of a value: as entered, or that percentage of the value.
-// QUIRK: a percentage keeps the sign of the value, so that negative values have negative errors.
-double errorOf(double value, double entered, int absolute) {
-  return absolute != 0 ? entered : checked::finite(value * entered) / 100;
-}
-
-std::vector<double> equallySpaced(const SimulationSettings& sim) {
-  const double step =
-      checked::divide(checked::finite(sim.SimXMax - sim.SimXMin), static_cast<double>(sim.SimPoints - 1));
-  std::vector<double> x;
-  for (int i = 0; i < sim.SimPoints; ++i) x.push_back(checked::finite(i * step + sim.SimXMin));
-  return x;
-}
-
-DataSet simulated(Session& session, Dialogs& dialogs, Random& random, const SimulationSettings& sim) {
-  const std::vector<double> x = equallySpaced(sim);
-  std::vector<double> y(x.size());
-  evaluateFunctionAt(session, dialogs, x, y);
-
-  DataSet data;
-  data.TitleX = "x";
-  data.TitleY = "y";
-  data.allocate(sim.SimPoints, toFlag(sim.SimErrX > 0));
-  GaussianState deviates;
-  const auto scattered = [&](double value, double error) {
-    return checked::finite(normalDeviate(random, deviates) * error + value);
-  };
-  for (int i = 1; i <= sim.SimPoints; ++i) {
-    const auto k = static_cast<std::size_t>(i - 1);
-    const double dy = errorOf(y[k], sim.SimErrY, sim.SimErrYAbs);
-    data.ErrYpnt[i] = dy == 0 ? kErrorOfZero : dy;
-    data.Ypnt[i] = scattered(y[k], data.ErrYpnt[i]);
-    data.Xpnt[i] = x[k];
-    if (data.kXpntErr == 0) continue;
-    data.ErrXpnt[i] = errorOf(x[k], sim.SimErrX, sim.SimErrXAbs);
-    data.Xpnt[i] = scattered(x[k], data.ErrXpnt[i]);
-  }
-  return data;
-}
-
-void scatterStart(ParameterSet& par, Random& random) {
-  for (int i = 1; i <= par.FreeCount; ++i) {
-    par.FreeValues[i] = checked::finite(par.FreeValues[i] * ((random.next() - 0.5) * kScatter + 1));
-  }
+void takeData(Session& session, const SimulatedData& simulated) {
+  session.analysis.sim = simulated.settings;
+  session.loaded.data = simulated.data;
+  session.loaded.DataFile = session.loaded.DataPath = kDataName;
+  session.loaded.DataDefined = kTrue;
+  session.analysis.SimFirstTime = kFalse;
 }
 
 /// Runs the fit and puts the true values back.
@@ -162,16 +97,6 @@ void fitSimulated(ParameterSet& par, const Array<double>& truth, const std::func
     const int parameter = par.FreeIndex[i];
     par.ParValues[parameter] = truth[parameter];
   }
-}
-
-/// True when the user wants to go on with what was corrected.
-bool accepted(Dialogs& dialogs, const std::string& report) {
-  constexpr int kContinue = 2;
-  return dialogs.Get_Msg(
-             {.caption = "Vor_Kel: Simulazione Dati",
-              .text = "Immissione Dati NON Ragionevole! Segue Elenco e Correzione Proposta.\r" + report,
-              .icon = kExclamation,
-              .captions = {"&Rinuncia", "&Continua"}}) == kContinue;
 }
 
 }  // namespace
@@ -191,29 +116,44 @@ void MenDatSim(Session& session, InputForm& form) {
   form.InpShow(tables, Form::kMain);
 }
 
-void SimulateData(Session& session, Dialogs& dialogs, MainWindow& window, Random& random,
-                  const std::function<void()>& fit) {
-  ParameterSet& par = session.analysis.par;
-  SimulationSettings sim;
+bool acceptCorrections(Dialogs& dialogs, const SimulatedData& simulated, int freeCount) {
+  constexpr int kContinue = 2;
+  if (simulated.corrections.empty()) return true;
   std::string report;
-  DataSet data;
+  for (const Correction correction : simulated.corrections) {
+    report += correctionText(correction, simulated.settings, freeCount);
+  }
+  return dialogs.Get_Msg(
+             {.caption = "Vor_Kel: Simulazione Dati",
+              .text = "Immissione Dati NON Ragionevole! Segue Elenco e Correzione Proposta.\r" + report,
+              .icon = kExclamation,
+              .captions = {"&Rinuncia", "&Continua"}}) == kContinue;
+}
+
+std::optional<SimulatedData> simulateUnlessOverflow(Dialogs& dialogs,
+                                                    const std::function<SimulatedData()>& simulate) {
   try {
-    sim = enteredSettings(session.input);
-    report = correct(sim, par.FreeCount);
-    data = simulated(session, dialogs, random, sim);
+    return simulate();
   } catch (const RuntimeError& error) {
     if (error.number() != kOverflow) throw;
     dialogs.plainBox(kProgramTitle, "Overflow");
-    return;
+    return std::nullopt;
   }
-  session.analysis.sim = sim;
-  session.loaded.data = std::move(data);
-  session.loaded.DataFile = session.loaded.DataPath = kDataName;
-  session.loaded.DataDefined = kTrue;
-  session.analysis.SimFirstTime = kFalse;
+}
+
+void SimulateData(Session& session, Dialogs& dialogs, MainWindow& window, Random& random,
+                  const std::function<void()>& fit) {
+  ParameterSet& par = session.analysis.par;
+  ExhaustedBox listener(session, dialogs);
+  Model model = modelOf(session.analysis);
+  RandomSource source(random);
+  const auto simulated = simulateUnlessOverflow(
+      dialogs, [&] { return simulate(enteredSettings(session.input), model, par, source, listener); });
+  if (!simulated) return;
+  takeData(session, *simulated);
   const Array<double> truth = par.ParValues;
-  scatterStart(par, random);
-  const bool goesOn = report.empty() || accepted(dialogs, report);
+  scatterStart(par, source);
+  const bool goesOn = acceptCorrections(dialogs, *simulated, par.FreeCount);
   Msg(session, window);
   if (goesOn) fitSimulated(par, truth, fit);
 }

@@ -1,15 +1,16 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
+#include "analysis/Simulation.h"
 #include "platform/Dialogs.h"
 #include "platform/InputForm.h"
 #include "platform/MainWindow.h"
 #include "platform/Random.h"
 #include "session/Session.h"
 
-/// Synthetic data from the current model function: equally spaced x, y with Gaussian noise, and optional
-/// noise on x. They take the place of the loaded data and are fitted at once.
+/// Simulated data take the place of the loaded ones and are fitted at once.
 namespace vk {
 
 /// Command: shows the form of the simulation, with the settings used last.
@@ -23,5 +24,13 @@ void MenDatSim(Session& session, InputForm& form);
 /// does not fit its type ends the command with the box "Overflow", before anything is changed.
 void SimulateData(Session& session, Dialogs& dialogs, MainWindow& window, Random& random,
                   const std::function<void()>& fit);
+
+/// Tells what was not reasonable in the settings. True when the user wants to go on with what was corrected, or when
+/// there was nothing.
+bool acceptCorrections(Dialogs& dialogs, const SimulatedData& simulated, int freeCount);
+
+/// Runs a simulation; one that fails with numbers too large is told in the box "Overflow", and gives nothing.
+std::optional<SimulatedData> simulateUnlessOverflow(Dialogs& dialogs,
+                                                    const std::function<SimulatedData()>& simulate);
 
 }  // namespace vk

@@ -4,9 +4,9 @@
 
 #include <iostream>
 
-#include "analysis/FitMod.h"
 #include "base/Text.h"
 #include "batch/FigureDesk.h"
+#include "commands/FitCommand.h"
 #include "commands/FitScreen.h"
 #include "examples/ExampleFits.h"
 #include "expr/CmpMod.h"
@@ -20,8 +20,9 @@ using namespace vk;
 
 void fit(Session& session, FigureDesk& desk) {
   SystemClock clock;
-  FitScreen screen(session, desk.output);
-  FitData(session, desk.dialogs, desk.window, clock, screen);
+  FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par,
+                   {desk.output, desk.dialogs, clock});
+  FitData(session, desk.dialogs, screen);
 }
 
 /// What the comments of the file tell its user to do.

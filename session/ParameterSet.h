@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "base/Array.h"
@@ -33,6 +34,17 @@ struct ParameterSet {
   Array<Int16> FreeIndex;
   Int16 FreeCount;
 };
+
+/// Takes over values and second numbers of the variables from `first` on (0 the independent variable, 1 the first
+/// parameter), and sorts the parameters.
+void StoreParameters(ParameterSet& par, std::span<const double> values, std::span<const double> seconds,
+                     int first);
+
+/// Sorts the parameters by their second numbers into free ones, with starting values and steps, and constant ones.
+void classifyParameters(ParameterSet& par);
+
+/// Writes the free parameters' values to their places among all parameters.
+void storeFreeValues(ParameterSet& par, std::span<const double> X);
 
 /// Characters of a slot of `ParNames`.
 inline constexpr int kNameSlot = 5;

@@ -3,6 +3,8 @@
 #include <array>
 #include <string>
 
+#include "analysis/MonteCarloResult.h"
+#include "analysis/SimulationSettings.h"
 #include "base/Array.h"
 #include "base/Int16.h"
 #include "platform/FontSpec.h"
@@ -29,24 +31,6 @@ struct RecentList {
   Int16 RecentMax = kCapacity;
   Int16 RecentCount;
   Int16 pick;  ///< entry that the next reading command takes, from 1; 0 to ask
-};
-
-/// Settings of the data simulation, kept from one simulation to the next.
-struct SimulationSettings {
-  double SimXMin = 0, SimXMax = 0;
-  Int16 SimPoints;
-  double SimErrY = 0;
-  Int16 SimErrYAbs;  ///< 0: SimErrY is a percentage of y
-  double SimErrX = 0;
-  Int16 SimErrXAbs;  ///< 0: SimErrX is a percentage of x
-};
-
-/// The histogram that an error propagation leaves behind.
-struct MonteCarloResult {
-  Int16 McBinCount;
-  Array<double> McBinCentre, McBinHits;  ///< 1..McBinCount
-  double McBinWidth = 0;
-  Int16 McSamples;
 };
 
 /// Where files are looked for, and the files read last.

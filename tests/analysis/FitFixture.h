@@ -3,9 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "analysis/FitMod.h"
+#include "analysis/LinearisedErrors.h"
 #include "base/Text.h"
+#include "commands/FitCommand.h"
 #include "commands/ParameterCommands.h"
+#include "commands/SessionModel.h"
 #include "doubles/Choices.h"
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedDialogs.h"
@@ -17,7 +19,7 @@ namespace vk {
 /// Keeps what a fit told, in order.
 struct FitLog : FitObserver {
   struct Progress {
-    int seconds, iteration, degreesOfFreedom;
+    int iteration, degreesOfFreedom;
     std::optional<double> reducedChiSquare, confidence;
   };
   std::vector<std::string> events;  ///< "start", "progress", "finish", "finish last", "fail"
@@ -27,13 +29,13 @@ struct FitLog : FitObserver {
   void started(const FitStart&) override { events.emplace_back("start"); }
   void progress(const FitProgress& p) override {
     events.emplace_back("progress");
-    progresses.push_back({p.seconds, p.iteration, p.degreesOfFreedom, p.reducedChiSquare, p.confidence});
+    progresses.push_back({p.iteration, p.degreesOfFreedom, p.reducedChiSquare, p.confidence});
   }
   void finished(const FitFinal& final) override {
     events.emplace_back(final.last ? "finish last" : "finish");
     unreliable = final.unreliable;
   }
-  void failed() override { events.emplace_back("fail"); }
+  void failed(const FitFailure&) override { events.emplace_back("fail"); }
 
   /// The events without the progress.
   std::vector<std::string> turns() const {
@@ -49,8 +51,6 @@ struct FitLog : FitObserver {
 struct FitCase {
   Session session;
   ScriptedDialogs dialogs;
-  RecordingMainWindow window;
-  StillClock clock;
   FitLog log;
 
   /// `names` is the comma list of the parameters.
@@ -85,7 +85,13 @@ struct FitCase {
     classifyParameters(session);
   }
 
-  FitResult fit() { return FitData(session, dialogs, window, clock, log); }
+  FitResult fit() { return fit(log); }
+  FitResult fit(FitObserver& observer) { return FitData(session, dialogs, observer); }
+  std::optional<Array<double>> linearised(double chiSquare) {
+    ExhaustedBox listener(session, dialogs);
+    Model model = modelOf(session.analysis);
+    return linearisedErrors({session.loaded.data, model, listener}, session.analysis.par, chiSquare);
+  }
   double value(int i) const { return session.analysis.par.ParValues[i]; }
   double error(int i) const { return session.analysis.par.ParDeltas[i]; }
 };

@@ -12,7 +12,7 @@ TEST(LinearisedErrors, AreThoseOfTheNormalEquationsOfALine) {
   FitCase fit("b*x+c", "b,c");
   fit.data(kFive, kLineY, kTenths);
   fit.start({1, 1});
-  const auto errors = linearisedErrors(fit.session, fit.dialogs, fit.fit().chi_square);
+  const auto errors = fit.linearised(fit.fit().chi_square);
   ASSERT_TRUE(errors.has_value());
   EXPECT_NEAR((*errors)[1], 0.1 / std::sqrt(10), 1E-9);
   EXPECT_NEAR((*errors)[2], 0.1 * std::sqrt(1.0 / 5 + 9.0 / 10), 1E-9);
@@ -22,7 +22,7 @@ TEST(LinearisedErrors, ComeInTheOrderOfTheFreeParameters) {
   FitCase fit("a*x*x+b*x+c", "a,b,c");
   fit.data(kFive, {3, 8, 15, 24, 35}, kTenths);
   fit.start({1, 2, 0}, "a,b");
-  const auto errors = linearisedErrors(fit.session, fit.dialogs, fit.fit().chi_square);
+  const auto errors = fit.linearised(fit.fit().chi_square);
   ASSERT_EQ(errors->upper(), 1);
   EXPECT_NEAR((*errors)[1], 0.1 / std::sqrt(5), 1E-9);
 }
@@ -31,7 +31,7 @@ TEST(LinearisedErrors, UseTheEffectiveErrorsOfDataWithErrorsOfX) {
   FitCase fit("b*x+c", "b,c");
   fit.data({1, 3}, {3, 7}, {0.3, 0.3}, {0.2, 0.2});
   fit.start({1, 2});
-  const auto errors = linearisedErrors(fit.session, fit.dialogs, fit.fit().chi_square);
+  const auto errors = fit.linearised(fit.fit().chi_square);
   // Slope 2: each point 0.5; the slope's error is sqrt(2) * 0.5 / 2.
   EXPECT_NEAR((*errors)[1], std::sqrt(0.5) * 0.5, 1E-6);
 }
@@ -41,10 +41,10 @@ TEST(LinearisedErrors, DoNotDependOnTheSizeOfTheFitsErrors) {
   fit.data(kFive, {6, 3.7, 2.2, 1.35, 0.8}, kTenths);
   fit.start({10, 0.5});
   const double chiSquare = fit.fit().chi_square;
-  const auto before = linearisedErrors(fit.session, fit.dialogs, chiSquare);
+  const auto before = fit.linearised(chiSquare);
   for (double scale : {0.0, 1E-6, 100.0, 1E8, std::nan("")}) {
     for (int i = 1; i <= 2; ++i) fit.session.analysis.par.ParDeltas[i] = scale * (*before)[i];
-    const auto after = linearisedErrors(fit.session, fit.dialogs, chiSquare);
+    const auto after = fit.linearised(chiSquare);
     ASSERT_TRUE(after.has_value());
     for (int i = 1; i <= 2; ++i) EXPECT_NEAR((*after)[i] / (*before)[i], 1, 1E-6) << scale;
   }
@@ -56,7 +56,7 @@ TEST(LinearisedErrors, WithoutADegreeOfFreedomTheFitsErrorsTakeNoPart) {
   fit.data({0, 1}, {1E-5, 5E-6}, {1E8, 1E8});
   fit.start({1E-5, std::log(2.0)});
   for (int i = 1; i <= 2; ++i) fit.session.analysis.par.ParDeltas[i] = 1E8;
-  const auto errors = linearisedErrors(fit.session, fit.dialogs, 0);
+  const auto errors = fit.linearised(0);
   ASSERT_TRUE(errors.has_value());
   EXPECT_NEAR((*errors)[1] / 1E8, 1, 1E-8);
   // B = LOG(y(0)/y(1)): its error is that of both logarithms.
@@ -67,21 +67,21 @@ TEST(LinearisedErrors, AreMissingWhenParametersCannotBeToldApart) {
   FitCase fit("a+b", "a,b");
   fit.data(kFive, kLineY, kTenths);
   fit.start({1, 2});
-  EXPECT_FALSE(linearisedErrors(fit.session, fit.dialogs, 1).has_value());
+  EXPECT_FALSE(fit.linearised(1).has_value());
 }
 
 TEST(LinearisedErrors, AreMissingWhenAParameterHasNoEffect) {
   FitCase fit("b*x+0*c", "b,c");
   fit.data(kFive, kLineY, kTenths);
   fit.start({1, 2});
-  EXPECT_FALSE(linearisedErrors(fit.session, fit.dialogs, 1).has_value());
+  EXPECT_FALSE(fit.linearised(1).has_value());
 }
 
 TEST(LinearisedErrors, LeaveOutPointsThatFail) {
   FitCase fit("b+0*LOG(x)", "b");
   fit.data({1, -1, 2, 3}, {1, 2, 3, 4}, {1, 1, 0, 1});
   fit.start({1});
-  const auto errors = linearisedErrors(fit.session, fit.dialogs, 1);
+  const auto errors = fit.linearised(1);
   EXPECT_NEAR((*errors)[1], 1 / std::sqrt(2), 1E-9);
 }
 
@@ -92,7 +92,7 @@ TEST(LinearisedErrors, LeaveValuesAndFlagAsTheyWere) {
   fit.fit();
   const Array<double> values = fit.session.analysis.par.ParValues;
   fit.session.ErrFlag = 7;
-  linearisedErrors(fit.session, fit.dialogs, 1);
+  fit.linearised(1);
   EXPECT_EQ(fit.session.analysis.par.ParValues, values);
   EXPECT_EQ(fit.session.ErrFlag, 7);
 }
@@ -107,7 +107,7 @@ TEST(LinearisedErrors, OfInventedErrorsFarAboveTheScatterAreThoseOfTheNormalEqua
   fit.data(kFive, y, std::vector<double>(5, 1));
   fit.start({1E-3, 0.5});
   for (int i = 1; i <= 2; ++i) fit.session.analysis.par.ParDeltas[i] = 1000;
-  const auto errors = linearisedErrors(fit.session, fit.dialogs, 5E-10);
+  const auto errors = fit.linearised(5E-10);
   ASSERT_TRUE(errors.has_value());
   double aa = 0, ab = 0, bb = 0;
   for (double x : kFive) {
@@ -126,7 +126,7 @@ TEST(LinearisedErrors, StepFromZeroByTheErrorOrByAHundredth) {
     fit.data({frequency, 2 * frequency}, {0, 0}, {1, 1});
     fit.start({0});
     fit.session.analysis.par.ParDeltas[1] = error;
-    const auto errors = linearisedErrors(fit.session, fit.dialogs, 1);
+    const auto errors = fit.linearised(1);
     ASSERT_TRUE(errors.has_value()) << frequency;
     EXPECT_NEAR((*errors)[1] * frequency, 1 / std::sqrt(5), 1E-8) << frequency;
   }
@@ -137,7 +137,7 @@ TEST(LinearisedErrors, TakeStepsThatKeepEveryPointOfTheSolution) {
   FitCase fit("LOG(x-c)", "c");
   fit.data({1.001, 50, 100}, {0, 0, 0}, {1, 1, 1});
   fit.start({1});
-  const auto errors = linearisedErrors(fit.session, fit.dialogs, 1);
+  const auto errors = fit.linearised(1);
   ASSERT_TRUE(errors.has_value());
   const double slopes = 1E6 + 1 / (49.0 * 49) + 1 / (99.0 * 99);
   EXPECT_NEAR((*errors)[1] * std::sqrt(slopes), 1, 1E-8);
@@ -148,12 +148,12 @@ TEST(LinearisedErrors, AreMissingWhereTheDerivativesNeverSettle) {
   FitCase fit("SQR(x-c)", "c");
   fit.data({1, 5, 9}, {0, 2, 3}, {1, 1, 1});
   fit.start({1});
-  EXPECT_FALSE(linearisedErrors(fit.session, fit.dialogs, 1).has_value());
+  EXPECT_FALSE(fit.linearised(1).has_value());
   // Steps that change nothing in 15 digits.
   FitCase lost("1E17+b+0*x", "b");
   lost.data(kFive, kLineY, kTenths);
   lost.start({1});
-  EXPECT_FALSE(linearisedErrors(lost.session, lost.dialogs, 1).has_value());
+  EXPECT_FALSE(lost.linearised(1).has_value());
 }
 
 TEST(LinearisedErrors, AreMissingWhenTheModelHasAParameterTooMany) {
@@ -163,7 +163,7 @@ TEST(LinearisedErrors, AreMissingWhenTheModelHasAParameterTooMany) {
       FitCase fit(formula, "a,b,c");
       fit.data(kFive, {6, 3.7, 2.2, 1.35, 0.8}, kTenths);
       fit.start({10 * size, 0.5 / size, 0.3 * size});
-      EXPECT_FALSE(linearisedErrors(fit.session, fit.dialogs, 1).has_value()) << formula << ' ' << size;
+      EXPECT_FALSE(fit.linearised(1).has_value()) << formula << ' ' << size;
     }
   }
 }

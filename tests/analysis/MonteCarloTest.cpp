@@ -1,4 +1,6 @@
 #include "analysis/MonteCarlo.h"
+#include "commands/RandomSource.h"
+#include "commands/SessionModel.h"
 
 #include <cmath>
 #include <functional>
@@ -25,25 +27,31 @@ class MonteCarloTest : public PropagationTest {
     return sample(std::make_unique<CyclingRandom>(numbers));
   }
   bool sample(std::unique_ptr<Random> random) {
-    random_ = std::move(random);
-    MonteCarlo simulation(session, dialogs, *random_);
+    Model model = modelOf(session.analysis);
+    RandomSource source(*random);
+    MonteCarlo simulation(model, session.analysis.par, source, listener);
     simulation.setUpBins({.F0 = 0, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 10});
-    return simulation.run([this](const SampleStatistics& samples) { told.push_back(samples); });
+    end = simulation.run([this](const SampleStatistics& samples) { told.push_back(samples); });
+    histogram = simulation.histogram();
+    lastSample = simulation.values();
+    return end == MonteCarlo::End::kCompleted;
   }
-  double hits(int b) const { return session.analysis.monteCarlo.McBinHits[b]; }
+  double hits(int b) const { return histogram.McBinHits[b]; }
   double allHits() const {
     double sum = 0;
-    for (const double bin : session.analysis.monteCarlo.McBinHits.span(1, 60)) sum += bin;
+    for (const double bin : histogram.McBinHits.span(1, 60)) sum += bin;
     return sum;
   }
 
+  ExhaustedBox listener{session, dialogs};
   std::vector<SampleStatistics> told;
-  std::unique_ptr<Random> random_;
+  MonteCarlo::End end = MonteCarlo::End::kCompleted;
+  MonteCarloResult histogram;
+  Array<double> lastSample;  ///< its variables
 };
 
 TEST_F(MonteCarloTest, LaysSixtyBinsOfATenthOfSigma) {
   sampleAll({0});
-  const MonteCarloResult& histogram = session.analysis.monteCarlo;
   EXPECT_EQ(histogram.McBinCount, 60);
   for (int b = 1; b <= 60; ++b) EXPECT_EQ(histogram.McBinCentre[b], -30 + (b - 1));
 }
@@ -67,7 +75,7 @@ TEST_F(MonteCarloTest, ASampleCountsInTheBinWhoseLowerEdgeItReaches) {
 TEST_F(MonteCarloTest, SamplesOutsideAllBinsCountInMeanAndSpread) {
   EXPECT_TRUE(sampleAll({-31, 31}));
   EXPECT_EQ(allHits(), 0);
-  EXPECT_EQ(session.analysis.monteCarlo.McSamples, 10000);
+  EXPECT_EQ(histogram.McSamples, 10000);
   EXPECT_EQ(told.back().count, 10000);
   EXPECT_EQ(told.back().mean, 0);
   EXPECT_EQ(told.back().spread, 31);
@@ -108,45 +116,46 @@ TEST_F(MonteCarloTest, TheNumberOfABinHasSixteenBits) {
   };
   EXPECT_FALSE(fails(32736.25));
   EXPECT_TRUE(fails(32736.5));
-  EXPECT_EQ(session.ErrFlag, kTrue);
-  EXPECT_EQ(session.analysis.monteCarlo.McSamples, 1);
+  EXPECT_EQ(end, MonteCarlo::End::kFailed);
+  EXPECT_EQ(histogram.McSamples, 1);
   EXPECT_FALSE(fails(-32799.5));
   EXPECT_TRUE(fails(-32799.75));
 }
 
-TEST_F(MonteCarloTest, WithoutAnyWidthTheFlagIsMinusTwo) {
+TEST_F(MonteCarloTest, WithoutAnyWidthTheRunEndsForThat) {
   set(1, 7, 0);
   CyclingRandom random({0.25F});
-  MonteCarlo simulation(session, dialogs, random);
+  Model model = modelOf(session.analysis);
+  RandomSource source(random);
+  MonteCarlo simulation(model, session.analysis.par, source, listener);
   simulation.setUpBins({.F0 = 7, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 0});
   EXPECT_EQ(random.drawn, 2 * 200);
-  EXPECT_FALSE(simulation.run([](const SampleStatistics&) { FAIL(); }));
-  EXPECT_EQ(session.ErrFlag, -2);
-  EXPECT_EQ(simulation.McBinWidth(), 0);
+  EXPECT_EQ(simulation.run([](const SampleStatistics&) { FAIL(); }), MonteCarlo::End::kNoWidth);
+  EXPECT_EQ(simulation.histogram().McBinWidth, 0);
 }
 
-TEST_F(MonteCarloTest, AFailedEvaluationAmongBinsOfSomeWidthLeavesMinusOne) {
+TEST_F(MonteCarloTest, AFailedEvaluationAmongBinsOfSomeWidthIsAnotherFailure) {
   load("a", "LOG(a)");
   set(1, -1, 0);
   EXPECT_FALSE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F})));
-  EXPECT_EQ(session.ErrFlag, -1);
+  EXPECT_EQ(end, MonteCarlo::End::kFailed);
 }
 
 TEST_F(MonteCarloTest, FailuresWhileTheBinsAreSetUpAreForgotten) {
   set(1, 0, -1);
   CyclingRandom random({0.25F});
-  MonteCarlo simulation(session, dialogs, random);
+  Model model = modelOf(session.analysis);
+  RandomSource source(random);
+  MonteCarlo simulation(model, session.analysis.par, source, listener);
   simulation.setUpBins({.F0 = -1.7E308, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 1E307});
-  EXPECT_EQ(session.ErrFlag, kTrue);
-  simulation.run([](const SampleStatistics&) {});
-  EXPECT_EQ(session.ErrFlag, 0);
+  EXPECT_EQ(simulation.run([](const SampleStatistics&) {}), MonteCarlo::End::kCompleted);
 }
 
 TEST_F(MonteCarloTest, AnErrorThatLeadsOutOfAllNumbersLeavesTheValueOfTheSampleBefore) {
   load("a", "a/1E300");
   set(1, 1.7E308, -1.7E308);
   EXPECT_FALSE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F, 0.0F})));
-  EXPECT_EQ(session.analysis.par.ParValues[1], 1.7E308);
+  EXPECT_EQ(lastSample[1], 1.7E308);
 }
 
 }  // namespace

@@ -166,7 +166,7 @@ class Nist : public testing::TestWithParam<Problem> {
 
   /// The linearised errors are `scale` times the certified deviations.
   static void expectErrors(FitCase& fit, double chiSquare, double scale) {
-    const auto errors = linearisedErrors(fit.session, fit.dialogs, chiSquare);
+    const auto errors = fit.linearised(chiSquare);
     ASSERT_TRUE(errors.has_value()) << scale;
     for (int i = 1; i <= fit.session.analysis.par.ParCount; ++i) {
       const double expected = scale * GetParam().deviations[static_cast<std::size_t>(i) - 1];

@@ -68,15 +68,16 @@ Study study(FitCase model, const std::vector<double>& truth, const std::vector<s
   Session& session = model.session;
   session.input.InpValues.dim(static_cast<int>(settings.size()));
   std::ranges::copy(settings, session.input.InpValues.span(1, 7).begin());
+  RecordingMainWindow window;
   SystemRandom random;
   random.seed(1);
   Study result;
   result.pulls.resize(truth.size());
   for (int i = 0; i < kDataSets; ++i) {
     model.start(truth);
-    SimulateData(session, model.dialogs, model.window, random, [&] {
+    SimulateData(session, model.dialogs, window, random, [&] {
       const FitResult fit = model.fit();
-      const auto errors = linearisedErrors(session, model.dialogs, fit.chi_square);
+      const auto errors = model.linearised(fit.chi_square);
       ASSERT_NE(fit.status, FitStatus::kFailed);
       ASSERT_TRUE(errors && fit.confidence_percent);
       result.confidence.push_back(*fit.confidence_percent / 100);

@@ -1,59 +1,12 @@
-#include "commands/FitScreen.h"
-
-#include "base/Text.h"
-#include "numeric/SampleValues.h"
-#include "platform/GridOutput.h"
-#include "tests/numeric/SampleValues.h"
+#include "tests/commands/FitScreenFixture.h"
 
 namespace vk {
 namespace {
 
-// A fit of the parameters `names`, the first `N` of them free, that is driven by hand.
-struct Screen {
-  Session session;
-  GridOutput output;
-  FitScreen screen{session, output};
-  int N;
-  Array<double> X;
-
-  Screen(const std::string& title, const std::vector<std::string>& names, int free) : N(free) {
-    const int count = static_cast<int>(names.size());
-    session.analysis.fun.FunctionText = title;
-    session.analysis.par.ParNames = "    y    x";
-    session.analysis.par.ParCount = count;
-    session.analysis.par.ParNameWidth = 1;
-    session.analysis.par.ParValues.dim(count);
-    session.analysis.par.FreeIndex.dim(count + 1);
-    X.dim(free);
-    for (int i = 1; i <= count; ++i) {
-      const std::string& name = names[static_cast<std::size_t>(i) - 1];
-      session.analysis.par.ParNames += repeat(kNameSlot - length(name), ' ') + name;
-      session.analysis.par.ParNameWidth = std::max<int>(session.analysis.par.ParNameWidth, length(name));
-      session.analysis.par.ParValues[i] = i;
-      session.analysis.par.FreeIndex[i <= free ? i : count + free + 1 - i] = i;
-      if (i <= free) X[i] = i;
-    }
-  }
-
-  void start(int M = 20) { screen.started({M, N, X}); }
-  FitProgress progress() const { return {7, 12, 18, 1.2345, 25.5, X}; }
-  const CharGrid& grid() const { return output.grid(); }
-  // What stands in a row from a column on.
-  std::string at(int row, int column, int count) const { return mid(grid().rowText(row), column, count); }
-  int columnOf(int row, const std::string& text) const { return position(grid().rowText(row), text); }
-};
-
-std::vector<std::string> parameters(int count, int nameLength = 1) {
-  std::vector<std::string> names;
-  for (int i = 0; i < count; ++i)
-    names.push_back(std::string(static_cast<std::size_t>(nameLength), static_cast<char>('a' + i)));
-  return names;
-}
-
 // ---- The window --------------------------------------------------------------------------------------------
 
 TEST(FitScreen, OpensAWindowWithCaptionAndThreeButtons) {
-  Screen fit("y = bx+c", {"b", "c"}, 2);
+  DrivenScreen fit("y = bx+c", {"b", "c"}, 2);
   fit.start();
   EXPECT_TRUE(fit.output.isOpen());
   EXPECT_EQ(fit.output.request().caption, "VOR_KEL: Adattamento Funzione Dati");
@@ -67,36 +20,33 @@ TEST(FitScreen, IsAsWideAsItsTableNeeds) {
   const int withShortNames[] = {49, 51, 57, 63, 69, 75};
   const int withLongNames[] = {49, 53, 59, 65, 71, 77};
   for (int n = 1; n <= 6; ++n) {
-    Screen shortNames("y", parameters(n), n);
+    DrivenScreen shortNames("y", parameters(n), n);
     shortNames.start();
     EXPECT_EQ(shortNames.grid().cols(), withShortNames[n - 1]) << n;
     EXPECT_EQ(shortNames.grid().rows(), 11 + n);
-    Screen longNames("y", parameters(n, 4), n);
+    DrivenScreen longNames("y", parameters(n, 4), n);
     longNames.start();
     EXPECT_EQ(longNames.grid().cols(), withLongNames[n - 1]) << n;
   }
 }
 
 TEST(FitScreen, MakesTheTitleOddWithABlankOnEachSide) {
-  Session session;
-  session.analysis.fun.FunctionText = "  y = c ";
-  EXPECT_EQ(FitScreenLayout(session, 1).title, " y = c ");
-  session.analysis.fun.FunctionText = "y = cx";
-  EXPECT_EQ(FitScreenLayout(session, 1).title, " y = cx  ");
+  EXPECT_EQ(FitScreenLayout("  y = c ", ParameterSet(), 1).title, " y = c ");
+  EXPECT_EQ(FitScreenLayout("y = cx", ParameterSet(), 1).title, " y = cx  ");
 }
 
 TEST(FitScreen, MakesTheNameColumnOddAndAtLeastThreeWide) {
-  Session session;
+  ParameterSet par;
   const int widths[][2] = {{1, 3}, {2, 3}, {3, 3}, {4, 5}, {5, 5}};
   for (const auto& [name, column] : widths) {
-    session.analysis.par.ParNameWidth = name;
-    EXPECT_EQ(FitScreenLayout(session, 1).nameWidth, column) << name;
+    par.ParNameWidth = name;
+    EXPECT_EQ(FitScreenLayout("y", par, 1).nameWidth, column) << name;
   }
 }
 
 TEST(FitScreen, WidensForALongTitleAndKeepsAllTextsInsideTheirBoxes) {
   for (int titleLength = 1; titleLength <= 103; ++titleLength) {
-    Screen fit(std::string(static_cast<std::size_t>(titleLength), 't'), {"a"}, 1);
+    DrivenScreen fit(std::string(static_cast<std::size_t>(titleLength), 't'), {"a"}, 1);
     fit.start();
     const int W = fit.grid().cols();
     const int odd = (titleLength + 2) % 2 == 0 ? titleLength + 3 : titleLength + 2;
@@ -118,7 +68,7 @@ TEST(FitScreen, WidensForALongTitleAndKeepsAllTextsInsideTheirBoxes) {
 }
 
 TEST(FitScreen, DrawsTheBoxesOfTheNarrowestWindow) {
-  Screen fit("y = c", {"c"}, 1);
+  DrivenScreen fit("y = c", {"c"}, 1);
   fit.start();
   const std::vector<GridFrame>& frames = fit.grid().frames();
   ASSERT_GE(frames.size(), 5U);
@@ -130,7 +80,7 @@ TEST(FitScreen, DrawsTheBoxesOfTheNarrowestWindow) {
 }
 
 TEST(FitScreen, PrintsTheLabelsOfTheNarrowestWindow) {
-  Screen fit("y = c", {"c"}, 1);
+  DrivenScreen fit("y = c", {"c"}, 1);
   fit.start();
   EXPECT_EQ(fit.columnOf(4, "Minimizzazione"), 6);
   EXPECT_EQ(fit.columnOf(5, "in Corso"), 9);
@@ -145,7 +95,7 @@ TEST(FitScreen, PutsTheHeadersOverTheirColumns) {
   for (int nameLength : {1, 4}) {
     const int NW = nameLength == 1 ? 3 : 5;
     for (int n = 1; n <= 6; ++n) {
-      Screen fit("y", parameters(n, nameLength), n);
+      DrivenScreen fit("y", parameters(n, nameLength), n);
       fit.start();
       EXPECT_EQ(fit.columnOf(9, "Par"), NW == 3 ? 3 : 4);
       EXPECT_EQ(fit.columnOf(9, "Valore"), NW + 9);
@@ -156,12 +106,12 @@ TEST(FitScreen, PutsTheHeadersOverTheirColumns) {
 }
 
 TEST(FitScreen, ListsTheFreeParametersAndThenTheConstantsAsTheyWereFound) {
-  Screen fit("y", {"a", "b", "c", "d"}, 2);
+  DrivenScreen fit("y", {"a", "b", "c", "d"}, 2);
   // b and d are free; a was found constant before c.
-  fit.session.analysis.par.FreeIndex[1] = 2;
-  fit.session.analysis.par.FreeIndex[2] = 4;
-  fit.session.analysis.par.FreeIndex[4] = 1;
-  fit.session.analysis.par.FreeIndex[3] = 3;
+  fit.par.FreeIndex[1] = 2;
+  fit.par.FreeIndex[2] = 4;
+  fit.par.FreeIndex[4] = 1;
+  fit.par.FreeIndex[3] = 3;
   fit.X[1] = 20;
   fit.X[2] = 40;
   fit.start();
@@ -172,7 +122,7 @@ TEST(FitScreen, ListsTheFreeParametersAndThenTheConstantsAsTheyWereFound) {
 }
 
 TEST(FitScreen, CutsNamesFromTheRightWithABlankBehind) {
-  Screen fit("y", {"a", "ab", "abcd"}, 1);
+  DrivenScreen fit("y", {"a", "ab", "abcd"}, 1);
   fit.start();
   EXPECT_EQ(fit.at(11, 3, 5), "   a ");
   EXPECT_EQ(fit.at(12, 3, 5), "  ab ");
@@ -180,17 +130,17 @@ TEST(FitScreen, CutsNamesFromTheRightWithABlankBehind) {
 }
 
 TEST(FitScreen, LosesNoLetterOfANameAsWideAsItsColumn) {
-  Screen three("y", {"a", "abc"}, 1);
+  DrivenScreen three("y", {"a", "abc"}, 1);
   three.start();
   EXPECT_EQ(three.at(11, 3, 3), " a ");
   EXPECT_EQ(three.at(12, 3, 3), "abc");
-  Screen five("y", {"abcde"}, 1);
+  DrivenScreen five("y", {"abcde"}, 1);
   five.start();
   EXPECT_EQ(five.at(11, 3, 5), "abcde");
 }
 
 TEST(FitScreen, StartsWithValuesAndPlaceholders) {
-  Screen fit("y", {"a", "b", "c"}, 2);
+  DrivenScreen fit("y", {"a", "b", "c"}, 2);
   fit.X[1] = -1234.5;
   fit.X[2] = 0;
   fit.start();
@@ -204,7 +154,7 @@ TEST(FitScreen, StartsWithValuesAndPlaceholders) {
 }
 
 TEST(FitScreen, HasNoMatrixForOneFreeParameter) {
-  Screen fit("y", {"a", "b"}, 1);
+  DrivenScreen fit("y", {"a", "b"}, 1);
   fit.start();
   for (int row = 11; row <= 12; ++row) EXPECT_EQ(trim(fit.at(row, 3 + 33, 49)), "");
   const Array<double> errors = fromOne({0.5});
@@ -215,7 +165,7 @@ TEST(FitScreen, HasNoMatrixForOneFreeParameter) {
 // ---- Running figures ---------------------------------------------------------------------------------------
 
 TEST(FitScreen, PrintsTheProgressInItsPlaces) {
-  Screen fit("y", {"a"}, 1);
+  DrivenScreen fit("y", {"a"}, 1);
   fit.start();
   fit.X[1] = 0.5;
   fit.screen.progress(fit.progress());
@@ -230,10 +180,10 @@ TEST(FitScreen, PrintsTheProgressInItsPlaces) {
 }
 
 TEST(FitScreen, ShowsBlanksForNoSecondsAndNoIterations) {
-  Screen fit("y", {"a"}, 1);
+  DrivenScreen fit("y", {"a"}, 1);
   fit.start();
   FitProgress progress = fit.progress();
-  progress.seconds = 0;
+  fit.clock.now -= 7;
   progress.iteration = 0;
   fit.screen.progress(progress);
   EXPECT_EQ(fit.at(6, 3, 9), "Sec.     ");
@@ -241,7 +191,7 @@ TEST(FitScreen, ShowsBlanksForNoSecondsAndNoIterations) {
 }
 
 std::string confidenceField(double confidence) {
-  Screen fit("y", {"a"}, 1);
+  DrivenScreen fit("y", {"a"}, 1);
   fit.start();
   FitProgress progress = fit.progress();
   progress.confidence = confidence;
@@ -258,7 +208,7 @@ TEST(FitScreen, ChangesTheMaskForASmallConfidence) {
 }
 
 TEST(FitScreen, KeepsThePlaceholderOfAFigureThatCannotBeComputed) {
-  Screen fit("y", {"a"}, 1);
+  DrivenScreen fit("y", {"a"}, 1);
   fit.start(1);
   FitProgress progress = fit.progress();
   progress.degreesOfFreedom = 0;
@@ -271,10 +221,10 @@ TEST(FitScreen, KeepsThePlaceholderOfAFigureThatCannotBeComputed) {
 }
 
 TEST(FitScreen, ShowsAsterisksForANumberThatDoesNotFit) {
-  Screen fit("y", {"a"}, 1);
+  DrivenScreen fit("y", {"a"}, 1);
   fit.start();
   FitProgress progress = fit.progress();
-  progress.seconds = 10000;
+  fit.clock.now += 10000 - 7;
   progress.degreesOfFreedom = 32766;
   progress.reducedChiSquare = 1E100;
   fit.screen.progress(progress);
@@ -285,8 +235,8 @@ TEST(FitScreen, ShowsAsterisksForANumberThatDoesNotFit) {
 
 // ---- The end -----------------------------------------------------------------------------------------------
 
-struct Ended : Screen {
-  Ended(bool last, bool unreliable) : Screen("y = bx+c", {"b", "c", "d"}, 2) {
+struct Ended : DrivenScreen {
+  Ended(bool last, bool unreliable) : DrivenScreen("y = bx+c", {"b", "c", "d"}, 2) {
     start();
     CorrelationMatrix correlation(2);
     correlation.set(2, 1, -0.876);
@@ -331,7 +281,7 @@ TEST(FitScreen, LeavesPlaceholdersInTheRowsOfConstants) {
 }
 
 TEST(FitScreen, RoundsCorrelationsToWholePerCentWithTiesToEven) {
-  Screen fit("y", parameters(3), 3);
+  DrivenScreen fit("y", parameters(3), 3);
   fit.start();
   CorrelationMatrix correlation(3);
   correlation.set(2, 1, 0.125);
@@ -344,96 +294,14 @@ TEST(FitScreen, RoundsCorrelationsToWholePerCentWithTiesToEven) {
 }
 
 TEST(FitScreen, ClosesTheWindowOfAFailedFitAndBuildsANewOneFromNothing) {
-  Screen fit("y", {"a"}, 1);
+  DrivenScreen fit("y", {"a"}, 1);
   fit.start();
   fit.screen.progress(fit.progress());
-  fit.screen.failed();
+  fit.screen.failed({MinimiseEnd::kResidualsFailed, 0});
   EXPECT_FALSE(fit.output.isOpen());
   fit.start();
   EXPECT_TRUE(fit.output.isOpen());
   EXPECT_EQ(fit.at(6, 3, 9), "Sec. ####");
-}
-
-// ---- Whole screens -----------------------------------------------------------------------------------------
-
-TEST(FitScreen, LooksAsItShouldWithThreeParametersOneOfThemConstant) {
-  Screen fit(" y = A exp(bx+c) ", {"b", "c", "A"}, 2);
-  fit.X[2] = -3;
-  fit.start();
-  EXPECT_EQ(fit.grid().toUtf8(), R"(┌─────────────────────────────────────────────────┐
-│                 y = A exp(bx+c)                 │
-├───────────────────────┬─────────────────────────┤
-│    Minimizzazione     │ µ               #####   │
-│        in Corso       │ X²/µ       #.####^^^^   │
-│ Sec. ####  Iter. #### │ Liv. Conf. ###.#### %   │
-└───────────────────────┴─────────────────────────┘
-┌─────┬──────────────┬──────────────┬─────────────┐
-│ Par │    Valore    │    Errore    │ Mat. Cor.%  │
-├─────┼──────────────┼──────────────┼─────────────┤
-│  b  │  .100000E+01 │ ___________  │ _____ _____ │
-│  c  │ -.300000E+01 │ ___________  │ _____ _____ │
-│  A  │  .300000E+01 │ ___________  │ _____ _____ │
-└─────┴──────────────┴──────────────┴─────────────┘
-)");
-  CorrelationMatrix correlation(2);
-  correlation.set(2, 1, -0.876);
-  const Array<double> errors = fromOne({0.01, 2});
-  fit.screen.finished({fit.progress(), errors, correlation, true, false});
-  EXPECT_EQ(fit.grid().toUtf8(), R"(┌─────────────────────────────────────────────────┐
-│                 y = A exp(bx+c)                 │
-├───────────────────────┬─────────────────────────┤
-│    Minimizzazione     │ µ                  18   │
-│      Completata       │ X²/µ       0.1235E+01   │
-│ Sec.    7  Iter.   12 │ Liv. Conf.  25.5000 %   │
-└───────────────────────┴─────────────────────────┘
-┌─────┬──────────────┬──────────────┬─────────────┐
-│ Par │    Valore    │    Errore    │ Mat. Cor.%  │
-├─────┼──────────────┼──────────────┼─────────────┤
-│  b  │ 0.100000E+01 │ 0.100000E-01 │ _____ _____ │
-│  c  │ -.300000E+01 │ 0.200000E+01 │   -88 _____ │
-│  A  │  .300000E+01 │ ___________  │ _____ _____ │
-└─────┴──────────────┴──────────────┴─────────────┘
-)");
-}
-
-TEST(FitScreen, LooksAsItShouldWithOneParameterOfALongName) {
-  Screen fit("y = \xFBslop", {"slop"}, 1);
-  fit.start();
-  EXPECT_EQ(fit.grid().toUtf8(), R"(┌───────────────────────────────────────────────┐
-│                   y = √slop                   │
-├──────────────────────┬────────────────────────┤
-│    Minimizzazione    │ µ               #####  │
-│       in Corso       │ X²/µ       #.####^^^^  │
-│ Sec. #### Iter. #### │ Liv. Conf. ###.#### %  │
-└──────────────────────┴────────────────────────┘
-┌───────┬──────────────┬──────────────┬─────────┐
-│  Par  │    Valore    │    Errore    │         │
-├───────┼──────────────┼──────────────┼─────────┤
-│ slop  │  .100000E+01 │ ___________  │         │
-└───────┴──────────────┴──────────────┴─────────┘
-)");
-}
-
-TEST(FitScreen, LooksAsItShouldWithFourParameters) {
-  // The middle of the title and of "in Corso" falls between two cells: the even column is taken.
-  Screen fit("y = A exp[-Bx] sin(bx+c)", {"b", "c", "A", "B"}, 4);
-  fit.start();
-  EXPECT_EQ(fit.grid().toUtf8(), R"(┌─────────────────────────────────────────────────────────────┐
-│                 y = A exp[-Bx] sin(bx+c)                    │
-├─────────────────────────────┬───────────────────────────────┤
-│        Minimizzazione       │ µ               #####         │
-│          in Corso           │ X²/µ       #.####^^^^         │
-│ Sec. ####        Iter. #### │ Liv. Conf. ###.#### %         │
-└─────────────────────────────┴───────────────────────────────┘
-┌─────┬──────────────┬──────────────┬─────────────────────────┐
-│ Par │    Valore    │    Errore    │       Mat. Cor.%        │
-├─────┼──────────────┼──────────────┼─────────────────────────┤
-│  b  │  .100000E+01 │ ___________  │ _____ _____ _____ _____ │
-│  c  │  .200000E+01 │ ___________  │ _____ _____ _____ _____ │
-│  A  │  .300000E+01 │ ___________  │ _____ _____ _____ _____ │
-│  B  │  .400000E+01 │ ___________  │ _____ _____ _____ _____ │
-└─────┴──────────────┴──────────────┴─────────────────────────┘
-)");
 }
 
 }  // namespace

@@ -62,9 +62,8 @@ class TransformationTest : public PropagationTest {
 
   ScriptedInputForm form{session, [this](int action) {
                            EXPECT_EQ(action, kTransformData);
-                           result = TransformData(session, dialogs, window);
+                           TransformData(session, dialogs, window);
                          }};
-  TransformResult result;
 };
 
 // ---- The form ----------------------------------------------------------------------------------------------
@@ -134,7 +133,6 @@ TEST_F(TransformationTest, AllFormulasSeeTheOldColumns) {
   EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(2, 4, 6));
   EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(5, 7, 9));
   EXPECT_THAT(column(session.loaded.data.ErrYpnt), ElementsAre(0.1, 0.2 * 2, 0.3 * 3));
-  EXPECT_TRUE(result.failed.empty());
 }
 
 TEST_F(TransformationTest, FormulasUseAndReplaceTheErrorsOfX) {
@@ -185,10 +183,6 @@ TEST_F(TransformationTest, AHitAcrossNamesCountsWithErrorsOfXToo) {
 TEST_F(TransformationTest, ValuesThatCannotBeComputedStandAsTheEvaluationLeftThem) {
   transform({"t", "s", "x", "LOG(x-2)", "dy"});
   EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(-1, 0, 0));
-  EXPECT_TRUE(result.replaced);
-  ASSERT_EQ(result.failed.size(), 1U);
-  EXPECT_EQ(result.failed[0].column, "y");
-  EXPECT_THAT(result.failed[0].rows, ElementsAre(1, 2));
 }
 
 // ---- Bad formulas ------------------------------------------------------------------------------------------

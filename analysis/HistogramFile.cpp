@@ -1,16 +1,16 @@
+#include "analysis/HistogramFile.h"
+
 #include <algorithm>
 #include <cmath>
 
 #include "base/CheckedMath.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "commands/PropagationCommand.h"
 #include "data/DataFiles.h"
 
 namespace vk {
 namespace {
 
-constexpr const char* kFileName = "Mon_Sim.DAT";
 constexpr const char* kTitleX = "Sim. M.C. per ";
 constexpr const char* kTitleY = "Densita` di Probabilita`";
 const std::string kMask = "  ##.####^^^^";
@@ -18,7 +18,7 @@ const std::string kMask = "  ##.####^^^^";
 // Bins with fewer hits are merged, once a bin with more has been met.
 constexpr double kThin = 10;
 
-/// The session's histogram with a width for each bin.
+/// A histogram with a width for each bin.
 class Histogram {
  public:
   explicit Histogram(MonteCarloResult& bins) : bins_(bins), BinWidths_(bins.McBinCount) {
@@ -84,15 +84,11 @@ std::string Histogram::lines() const {
 
 }  // namespace
 
-std::string monteCarloFileText(Session& session) {
-  Histogram histogram(session.analysis.monteCarlo);
-  histogram.mergeThinTails();
+std::string monteCarloFileText(MonteCarloResult& histogram, const std::string& functionText) {
+  Histogram bins(histogram);
+  bins.mergeThinTails();
   const std::string lineEnd(kCrLf);
-  return kTitleX + trim(session.analysis.fun.FunctionText) + lineEnd + kTitleY + lineEnd + histogram.lines();
-}
-
-void SaveMonteCarlo(Session& session, Files& files) {
-  files.writeAll(joinPath(session.files.DataDir, kFileName), monteCarloFileText(session));
+  return kTitleX + trim(functionText) + lineEnd + kTitleY + lineEnd + bins.lines();
 }
 
 }  // namespace vk

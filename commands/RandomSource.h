@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/RuntimeError.h"
 #include "numeric/NormalDeviates.h"
 #include "platform/Random.h"
 
@@ -15,13 +14,5 @@ class RandomSource : public UniformSource {
  private:
   Random& random_;
 };
-
-/// A normal deviate; run-time error 5 where there is none.
-inline double normalDeviate(Random& random, GaussianState& state) {
-  RandomSource source(random);
-  const Evaluation deviate = GaussianDeviate(source, state);
-  if (deviate.fault != Fault::kNone) throw RuntimeError(kInvalidCall);
-  return deviate.value;
-}
 
 }  // namespace vk

@@ -3,14 +3,20 @@
 #include <optional>
 #include <string>
 
+#include "data/DataSet.h"
+#include "expr/Model.h"
 #include "numeric/Minimise.h"
-#include "platform/Clock.h"
-#include "platform/Dialogs.h"
-#include "platform/MainWindow.h"
-#include "session/Session.h"
+#include "session/ParameterSet.h"
 
-/// The fit of the model function to the loaded data.
+/// Unit FitMod: the fit of a model function to data.
 namespace vk {
+
+/// What a fit works on; all of it must outlive the fit.
+struct FitProblem {
+  const DataSet& data;
+  Model& model;
+  EvaluationListener& listener;
+};
 
 /// A minimisation begins. With errors in x there are two, and each begins anew.
 struct FitStart {
@@ -21,7 +27,6 @@ struct FitStart {
 
 /// How far a minimisation is. A figure that cannot be computed is missing.
 struct FitProgress {
-  int seconds = 0;  ///< since the minimisation began
   int iteration = 0;
   int degreesOfFreedom = 0;
   std::optional<double> reducedChiSquare;
@@ -38,7 +43,13 @@ struct FitFinal {
   bool unreliable = false;  ///< the accuracy asked for stayed coarse against the error
 };
 
-/// Hears of a fit at fixed points; the engine itself shows nothing but the box of its one error.
+/// Why a fit has no result.
+struct FitFailure {
+  MinimiseEnd end = MinimiseEnd::kCompleted;
+  int parameter = 0;  ///< the free one without effect, from 1
+};
+
+/// Hears of a fit at fixed points; the engine itself shows nothing.
 class FitObserver {
  public:
   virtual ~FitObserver() = default;
@@ -48,7 +59,7 @@ class FitObserver {
   virtual void progress(const FitProgress& progress) = 0;
   virtual void finished(const FitFinal& final) = 0;
   /// The fit ended without a result; no `finished` follows.
-  virtual void failed() = 0;
+  virtual void failed(const FitFailure& failure) = 0;
 };
 
 /// How a fit ended.
@@ -60,11 +71,18 @@ enum class FitStatus {
 
 /// What came of a fit. With errors in x the figures are those of the second fit where nothing else is said.
 struct FitResult {
+  /// False also where a figure at the end of the fit could not be computed.
+  bool complete() const { return status != FitStatus::kFailed && reduced_chi_square && confidence_percent; }
+
   FitStatus status = FitStatus::kFailed;
-  MinimiseEnd end = MinimiseEnd::kCompleted;
+  FitFailure failure;
   std::string reason;  ///< of a failure, Italian, for people; else empty
-  int M = 0;           ///< points
-  int N = 0;           ///< free parameters
+  /// Values and errors. After a failure `ParValues` holds the values tried last, or those from before the fit when a
+  /// parameter had no effect, and `ParDeltas` what it held: errors that are not finite are such a failure.
+  ParameterSet par;
+  Array<double> ErrEff;  ///< 1..M: the effective errors of data with errors in x; without a second fit none
+  int M = 0;             ///< points
+  int N = 0;             ///< free parameters
   double chi_square = 0;
   int degrees_of_freedom = 0;
   std::optional<double> reduced_chi_square;  ///< missing, as the next one, where no degree of freedom is left
@@ -73,16 +91,11 @@ struct FitResult {
   int evaluations = 0;  ///< residual computations of all passes of both fits
   int passes = 0;       ///< of the last fit
   CorrelationMatrix correlation;
-  Array<Int16> freeIndex;  ///< 1..N: index of each free parameter among all
 };
 
-/// Fits the free parameters to the data and leaves values and errors in the session's parameter tables.
+/// Fits the free parameters of `par`, which hold the starting values and steps, to the data.
 ///
-/// Data with errors in x are fitted twice, the second time with effective errors by the slope of the first
-/// solution, which stay in `ErrEff`. The main window is shut while it runs. After a failure `ErrFlag` is set;
-/// `ParValues` then holds the values tried last, or those from before the fit when a parameter had no effect, and
-/// `ParDeltas` what it held: errors that are not finite are such a failure.
-FitResult FitData(Session& session, Dialogs& dialogs, MainWindow& window, Clock& clock,
-                  FitObserver& observer);
+/// Data with errors in x are fitted twice, the second time with effective errors by the slope of the first solution.
+FitResult FitData(const FitProblem& problem, ParameterSet par, FitObserver& observer);
 
 }  // namespace vk

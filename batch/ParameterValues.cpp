@@ -1,0 +1,60 @@
+#include "batch/ParameterValues.h"
+
+#include <algorithm>
+
+#include "batch/TerminalPorts.h"
+#include "commands/ParameterCommands.h"
+
+namespace vk {
+namespace {
+
+constexpr const char* kIndependentName = "x";
+
+/// Takes the value of a variable out of the list.
+EnteredValue takeValue(std::vector<EnteredValue>& values, const std::string& name, bool canBeMissing) {
+  const auto found =
+      std::ranges::find_if(values, [&](const EnteredValue& value) { return value.assignment.name == name; });
+  if (found == values.end() && canBeMissing) return {{name, 0}, 0};
+  if (found == values.end()) throw UsageError("Manca il valore del parametro " + terminalText(name));
+  EnteredValue value = *found;
+  values.erase(found);
+  return value;
+}
+
+/// Enters the numbers of the variables from `first` on.
+void enter(Session& session, std::vector<EnteredValue> values, int first) {
+  ParameterSet& par = session.analysis.par;
+  std::vector<double> numbers, seconds;
+  for (int i = first; i <= par.ParCount; ++i) {
+    const EnteredValue entered = takeValue(values, par.name(i), i == 0);
+    numbers.push_back(entered.assignment.value);
+    seconds.push_back(entered.second);
+  }
+  if (!values.empty()) {
+    throw UsageError("La funzione non ha il parametro " + terminalText(values.front().assignment.name));
+  }
+  StoreParameters(par, numbers, seconds, first);
+  markParametersSet(session);
+}
+
+}  // namespace
+
+std::string parameterNames(const std::vector<EnteredValue>& values) {
+  std::string names;
+  for (const EnteredValue& value : values) {
+    if (value.assignment.name == kIndependentName) continue;
+    names += (names.empty() ? "" : ",") + value.assignment.name;
+  }
+  return names;
+}
+
+void enterStart(Session& session, const std::vector<EnteredValue>& values) {
+  enter(session, values, 1);
+  if (session.analysis.par.FreeCount == 0) throw UsageError("Nessun parametro variabile (--par)");
+}
+
+void enterErrors(Session& session, const std::vector<EnteredValue>& values) {
+  enter(session, values, 0);
+}
+
+}  // namespace vk

@@ -10,14 +10,12 @@
 #include "platform/FontSpec.h"
 #include "platform/InputForm.h"
 #include "session/CompiledExpression.h"
+#include "session/FileKind.h"
 #include "session/FunctionDef.h"
 #include "session/LoadedFiles.h"
 #include "session/ParameterSet.h"
 
 namespace vk {
-
-/// Kinds of file, for the picker and the editor.
-enum FileKindCode : int { kDataKind = 1, kFunctionKind = 2, kGraphicKind = 3 };
 
 /// `ErrFlag` after a cancelled file dialog.
 inline constexpr int kCancelled = 32755;

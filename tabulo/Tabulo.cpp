@@ -11,7 +11,7 @@
 #include "base/NumberText.h"
 #include "ui/qt/widgets/AccessButton.h"
 #include "ui/qt/widgets/Fonts.h"
-#include "ui/qt/widgets/Text8.h"
+#include "ui/qt/widgets/TextConversion.h"
 
 namespace vk {
 namespace {

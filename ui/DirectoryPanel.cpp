@@ -1,6 +1,7 @@
 #include "ui/DirectoryPanel.h"
 
 #include "base/Guard.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

@@ -3,10 +3,12 @@
 #include <string>
 #include <vector>
 
+#include "base/Int16.h"
 #include "platform/Files.h"
-#include "session/Session.h"
 
 namespace vk {
+
+struct Session;
 
 /// The working directory panel `FraDir` without its widgets: four rows of folders, a drive list and a folder
 /// list that follow the selected row: the volume of its folder, the way to it and what is inside. Row 0 is the folder for all files, rows 1 to 3 those for the kinds.

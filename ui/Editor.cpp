@@ -8,6 +8,7 @@
 #include "data/DataFiles.h"
 #include "expr/FunMod.h"
 #include "session/Msg.h"
+#include "session/Session.h"
 #include "ui/layout/EditorLayout.h"
 
 namespace vk {

@@ -11,9 +11,11 @@
 #include "platform/OutputWindow.h"
 #include "platform/Printer.h"
 #include "platform/Sound.h"
-#include "session/Session.h"
+#include "session/FileKind.h"
 
 namespace vk {
+
+struct Session;
 
 /// What the editor works with, beside its form.
 struct EditorPorts {

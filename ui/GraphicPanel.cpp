@@ -5,6 +5,7 @@
 #include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {
@@ -40,6 +41,10 @@ void GraphicPanel::scroll(int row, int value) {
 void GraphicPanel::stepPicture() {
   session_.settings.BackImage =
       session_.settings.BackImage >= session_.settings.BackImageMax ? 0 : session_.settings.BackImage + 1;
+}
+
+int GraphicPanel::picture() const {
+  return session_.settings.BackImage;
 }
 
 void GraphicPanel::accept() {

@@ -3,9 +3,9 @@
 #include <array>
 #include <string>
 
-#include "session/Session.h"
-
 namespace vk {
+
+struct Session;
 
 /// The graphic options panel `FraGra` without its widgets: background picture, paper orientation and the
 /// magnification of the figures.
@@ -33,6 +33,8 @@ class GraphicPanel {
   /// "&Rinuncia": the session gets back what it had.
   void cancel();
 
+  /// Number of the visible picture.
+  int picture() const;
   int scrollValue(int row) const { return scroll_[static_cast<std::size_t>(row)]; }
   /// Text of `LblFctVal(row)`.
   const std::string& valueText(int row) const { return values_[static_cast<std::size_t>(row)]; }

@@ -3,6 +3,7 @@
 #include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

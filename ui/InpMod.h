@@ -7,12 +7,13 @@
 #include "platform/Dialogs.h"
 #include "platform/InputForm.h"
 #include "platform/Sound.h"
-#include "session/Session.h"
 #include "ui/layout/InputLayout.h"
 
 /// The engine of the input form: one edit box hops over the fields, each is validated as it is left. The form
 /// `InpFrm` shows what stands here and passes its events on.
 namespace vk {
+
+struct Session;
 
 inline constexpr Colour InpColorWhite = Colour::fromChannels(255, 255, 255);
 inline constexpr Colour kInpColorField = Colour::fromChannels(230, 230, 230);

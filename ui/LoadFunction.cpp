@@ -1,5 +1,7 @@
 #include "ui/LoadFunction.h"
 
+#include "session/Session.h"
+
 namespace vk {
 
 void LoadFunction::refill() {

@@ -3,10 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "session/Session.h"
+#include "session/FunctionDef.h"
 
 /// The logic of the form `Loa_Fun`, by which the user takes a function of the file read into the catalogue.
 namespace vk {
+
+struct Session;
 
 inline constexpr const char* kLoadCaption = "VOR_KEL: Carica Funzione";
 inline constexpr const char* kDescriptionFrame = "Descrizione";

@@ -19,6 +19,7 @@
 #include "grafile/FigureCommands.h"
 #include "session/FileSelection.h"
 #include "session/Msg.h"
+#include "session/Session.h"
 #include "session/SoundSignal.h"
 #include "ui/Checkpoint.h"
 

@@ -3,13 +3,15 @@
 #include <functional>
 #include <string>
 
-#include "session/Session.h"
+#include "base/Int16.h"
 #include "ui/Editor.h"
 #include "ui/MainPanels.h"
 #include "ui/Ports.h"
 
 /// Start-up and main dispatch: which command each menu entry runs.
 namespace vk {
+
+struct Session;
 
 class MainMod {
  public:

@@ -1,5 +1,7 @@
 #include "ui/MainPanels.h"
 
+#include "session/Session.h"
+
 namespace vk {
 
 void MainPanels::open(Panel panel, const char* caption) {

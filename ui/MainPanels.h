@@ -1,12 +1,14 @@
 #pragma once
 
+#include "base/Int16.h"
 #include "platform/Dialogs.h"
 #include "platform/MainWindow.h"
-#include "session/Session.h"
 #include "ui/DirectoryPanel.h"
 #include "ui/GraphicPanel.h"
 
 namespace vk {
+
+struct Session;
 
 enum class Panel { kDirectory, kGraphics };
 

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "platform/Clipboard.h"
+#include "platform/FontSpec.h"
 #include "platform/GridOutput.h"
 #include "platform/Printer.h"
-#include "session/Session.h"
 #include "ui/layout/CharFrame.h"
 #include "ui/layout/Geometry.h"
 

@@ -1,5 +1,7 @@
 #include "ui/PdfProposal.h"
 
+#include "session/Session.h"
+
 #include "platform/Files.h"
 #include "session/FileSelection.h"
 

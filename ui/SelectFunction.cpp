@@ -1,6 +1,7 @@
 #include "ui/SelectFunction.h"
 
 #include "expr/FunMod.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

@@ -3,11 +3,13 @@
 #include <string>
 #include <vector>
 
-#include "session/Session.h"
+#include "base/Int16.h"
 #include "ui/layout/Geometry.h"
 
 /// The logic of the form `Sel_Fun`, by which the user composes the model function f[g(x)].
 namespace vk {
+
+struct Session;
 
 inline constexpr const char* kSelectCaption = "VOR_KEL: Selezione Funzione";
 inline constexpr const char* kSelectHeading = "F(x)=f[u], u=g(x)";

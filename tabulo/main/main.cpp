@@ -1,7 +1,7 @@
 #include <QApplication>
 
 #include "tabulo/Tabulo.h"
-#include "ui/qt/widgets/Toolkit.h"
+#include "ui/qt/widgets/ToolkitSetup.h"
 
 int main(int argc, char** argv) {
   QApplication toolkit(argc, argv);

@@ -34,10 +34,10 @@ class PlotWindowTest : public ::testing::Test {
   }
 
   QtGraphics graphics;
-  Breath breath;
+  EventPump pump;
   NoPrinter printer;
   NominalScreen screen;
-  QtPlotWindows windows{graphics, breath, [](const std::function<void()>& handler) { handler(); }};
+  QtPlotWindows windows{graphics, pump, [](const std::function<void()>& handler) { handler(); }};
 };
 
 TEST_F(PlotWindowTest, TakesCaptionAndSizeOfTheFigure) {

@@ -1,6 +1,6 @@
 #include <QApplication>
 
-#include "ui/qt/widgets/Toolkit.h"
+#include "ui/qt/widgets/ToolkitSetup.h"
 
 int main(int argc, char** argv) {
   QApplication toolkit(argc, argv);

@@ -5,7 +5,7 @@
 #include "ui/SelectFunction.h"
 #include "ui/qt/widgets/AccessButton.h"
 #include "ui/qt/widgets/Fonts.h"
-#include "ui/qt/widgets/Text8.h"
+#include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
 namespace vk {

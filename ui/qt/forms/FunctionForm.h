@@ -3,7 +3,7 @@
 #include <QListWidget>
 #include <QPushButton>
 
-#include "session/Session.h"
+#include "platform/FontSpec.h"
 #include "ui/qt/forms/ModalLoop.h"
 #include "ui/qt/forms/Windows.h"
 

@@ -68,10 +68,10 @@ QWidget* Windows::above(const QWidget& window, Form owner) const {
 
 void Windows::settle(QWidget& window, Form owner, const Rect& place) const {
   const QRect wanted = toPixels(place);
-  const QSize room = screenArea(shown(owner)).size() - wanted.size();
+  const QSize free = screenArea(shown(owner)).size() - wanted.size();
   // A window that is wider than its owner is not to lose the beginning of its lines.
-  const QPoint corner(std::max(0, std::min(wanted.left(), room.width())),
-                      std::max(0, std::min(wanted.top(), room.height())));
+  const QPoint corner(std::max(0, std::min(wanted.left(), free.width())),
+                      std::max(0, std::min(wanted.top(), free.height())));
   // The place counts with the frame, of which the toolkit knows nothing before the first showing: told before the
   // window is made, it is passed on as such to the window system.
   window.move(corner + screenCorner(owner));

@@ -22,7 +22,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
   windows_.add(Form::kLoad, &loadForm_);
   windows_.setActivePlot([this] { return figures_ ? figures_->plots.activeWindow() : nullptr; });
   printer_.setProposal([this] { return pdfProposal(session_); });
-  window_.buildPanels(session_, panels_, runner());
+  window_.buildPanels(settings_.FontEdit, settings_.FontLabel, panels_, runner());
   panels_.setView(window_);
   editor_.setForm(editForm_);
   window_.command = [this](Control control) { mainMod_.run(control); };
@@ -51,7 +51,7 @@ InpMod::Compiler Application::compiler() {
 FigurePorts& Application::figures() {
   if (!figures_) {
     figures_ =
-        std::make_unique<QtFigures>(files_, dialogs_, window_, output_, sound_, printer_, breath_, runner());
+        std::make_unique<QtFigures>(files_, dialogs_, window_, output_, sound_, printer_, pump_, runner());
   }
   return figures_->ports;
 }
@@ -65,7 +65,7 @@ void Application::showMainWindow() {
   window_.show();
   // The welcome is placed by the window's place and frame, which the window system decides. What the user does
   // meanwhile waits until the welcome has shut the window.
-  breath_.awaitShowing(window_);
+  pump_.awaitShowing(window_);
 }
 
 void Application::unload() {

@@ -12,19 +12,20 @@
 #include "ui/InpMod.h"
 #include "ui/MainMod.h"
 #include "ui/MainPanels.h"
-#include "ui/qt/forms/FrmEdi.h"
-#include "ui/qt/forms/FrmMsg.h"
-#include "ui/qt/forms/InpFrm.h"
-#include "ui/qt/forms/Loa_Fun.h"
-#include "ui/qt/forms/Sel_Fun.h"
-#include "ui/qt/forms/Vor_Kel.h"
+#include "ui/qt/forms/EditorForm.h"
+#include "ui/qt/forms/InputForm.h"
+#include "ui/qt/forms/LoadForm.h"
+#include "ui/qt/forms/MainForm.h"
+#include "ui/qt/forms/MessageForm.h"
+#include "ui/qt/forms/SelectionForm.h"
 #include "ui/qt/forms/Windows.h"
+#include "ui/qt/ports/DesktopServices.h"
+#include "ui/qt/ports/QtClipboard.h"
 #include "ui/qt/ports/QtDialogs.h"
 #include "ui/qt/ports/QtFigures.h"
 #include "ui/qt/ports/QtOutput.h"
 #include "ui/qt/ports/QtPrinter.h"
-#include "ui/qt/ports/Services.h"
-#include "ui/qt/widgets/Breath.h"
+#include "ui/qt/widgets/EventPump.h"
 
 namespace vk {
 
@@ -52,7 +53,7 @@ class Application {
   /// Shows the main window and the welcome; the program is ready afterwards.
   void StartUp();
   /// Tells the user to wait: work begins that is known to take long.
-  void tellWork() { breath_.tellWork(); }
+  void showWaitCursor() { pump_.showWaitCursor(); }
   /// Unloads every form, in the order in which they were made, and ends the program.
   void unload();
 
@@ -71,15 +72,16 @@ class Application {
   void showMainWindow();
 
   Session session_;
+  const DesktopSettings& settings_ = session_.settings;
   Files& files_;
   std::function<void(int)> quit_;
-  Breath breath_;
+  EventPump pump_;
   Windows windows_;
   SystemClock clock_;
   QtSound sound_;
   QtProcess process_;
   SystemRandom random_;
-  QtClipboard clipboard_{session_};
+  QtClipboard clipboard_{settings_.FontEdit};
   QtDialogs dialogs_{windows_, message_};
   QtPrinter printer_;
   SelectFunction select_{session_};
@@ -87,14 +89,15 @@ class Application {
   InpMod input_{session_, dialogs_, sound_, compiler()};
 
   // The forms, in the order of their making.
-  Vor_Kel window_{breath_};
-  Sel_Fun selectForm_{select_, windows_, session_.settings.FontLabel};
-  Loa_Fun loadForm_{load_, windows_, session_.settings.FontLabel};
-  QtOutput output_{{session_, windows_, printer_, clipboard_, runner()}, breath_};
+  Vor_Kel window_{pump_};
+  Sel_Fun selectForm_{select_, windows_, settings_.FontLabel};
+  Loa_Fun loadForm_{load_, windows_, settings_.FontLabel};
+  QtOutput output_{{settings_.FontEdit, settings_.FontLabel, windows_, printer_, clipboard_, runner()},
+                   pump_};
   InpFrm inputForm_{input_, windows_, window_};
   Editor editor_{session_, {files_, dialogs_, window_, output_, clipboard_, printer_, sound_}};
-  FrmEdi editForm_{editor_, {session_, windows_, sound_, runner()}};
-  FrmMsg message_{windows_, session_.settings.FontLabel};
+  FrmEdi editForm_{editor_, {settings_.FontEdit, settings_.FontLabel, windows_, sound_, runner()}};
+  FrmMsg message_{windows_, settings_.FontLabel};
   std::vector<QWidget*> forms_;
   std::unique_ptr<QtFigures> figures_;
 

@@ -1,7 +1,7 @@
 #include <QApplication>
 
 #include "ui/qt/main/Application.h"
-#include "ui/qt/widgets/Toolkit.h"
+#include "ui/qt/widgets/ToolkitSetup.h"
 
 int main(int argc, char** argv) {
   QApplication toolkit(argc, argv);
@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
     exitCode = code;
     QCoreApplication::exit(code);
   });
-  files.onLongRead = [&] { application.tellWork(); };
+  files.onLongRead = [&] { application.showWaitCursor(); };
   application.StartUp();
   return ended ? exitCode : QCoreApplication::exec();
 }

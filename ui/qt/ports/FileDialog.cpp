@@ -9,7 +9,7 @@
 #include <QTreeView>
 
 #include "platform/Files.h"
-#include "ui/qt/widgets/Text8.h"
+#include "ui/qt/widgets/TextConversion.h"
 
 namespace vk {
 namespace {

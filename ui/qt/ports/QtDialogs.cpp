@@ -5,7 +5,7 @@
 #include <QWindow>
 
 #include "ui/qt/ports/FileDialog.h"
-#include "ui/qt/widgets/Text8.h"
+#include "ui/qt/widgets/TextConversion.h"
 
 namespace vk {
 namespace {

@@ -5,7 +5,7 @@
 #include <QWidget>
 
 #include "platform/Dialogs.h"
-#include "ui/qt/forms/FrmMsg.h"
+#include "ui/qt/forms/MessageForm.h"
 #include "ui/qt/forms/Windows.h"
 
 namespace vk {

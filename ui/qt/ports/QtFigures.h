@@ -1,9 +1,9 @@
 #pragma once
 
 #include "grafile/FigurePorts.h"
+#include "ui/qt/ports/DesktopServices.h"
 #include "ui/qt/ports/QtPaper.h"
 #include "ui/qt/ports/QtPlotWindow.h"
-#include "ui/qt/ports/Services.h"
 
 namespace vk {
 
@@ -11,10 +11,9 @@ namespace vk {
 /// and to ask for printers takes time, so it is made for the first figure.
 struct QtFigures {
   QtFigures(Files& files, Dialogs& dialogs, MainWindow& window, OutputWindow& output, Sound& sound,
-            QtPrinter& systemPrinter, Breath& breath, EventRunner run)
-      : paper(systemPrinter), plots(graphics, breath, std::move(run)), ports{files,   dialogs, window,
-                                                                             output,  sound,   plots,
-                                                                             printer, screen} {}
+            QtPrinter& systemPrinter, EventPump& pump, EventRunner run)
+      : paper(systemPrinter), plots(graphics, pump, std::move(run)), ports{files, dialogs, window,  output,
+                                                                           sound, plots,   printer, screen} {}
 
   QtGraphics graphics;
   QtPaper paper;

@@ -4,7 +4,7 @@
 
 namespace vk {
 
-QtOutput::QtOutput(const OutputServices& services, Breath& breath) : services_(services), breath_(breath) {
+QtOutput::QtOutput(const OutputServices& services, EventPump& pump) : services_(services), pump_(pump) {
   takeFreeForm();
 }
 
@@ -19,8 +19,8 @@ void QtOutput::OutShow(const OutputRequest& request) {
   if (request.beside && model().isOpen()) takeFreeForm();
   openings_[present_] = ++opened_;
   form().OutShow(request);
-  breath_.take();
-  breath_.awaitShowing(form());
+  pump_.repaint();
+  pump_.awaitShowing(form());
 }
 
 void QtOutput::print(std::string_view text) {
@@ -41,7 +41,7 @@ void QtOutput::closeSince(int opened) {
 }
 
 void QtOutput::refresh() {
-  breath_.take();
+  pump_.repaint();
 }
 
 void QtOutput::hideAll() {

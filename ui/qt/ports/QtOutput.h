@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "platform/OutputWindow.h"
-#include "ui/qt/forms/FrmOut.h"
-#include "ui/qt/widgets/Breath.h"
+#include "ui/qt/forms/OutputForm.h"
+#include "ui/qt/widgets/EventPump.h"
 
 namespace vk {
 
@@ -14,7 +14,7 @@ namespace vk {
 /// of its own beside it.
 class QtOutput : public OutputWindow {
  public:
-  QtOutput(const OutputServices& services, Breath& breath);
+  QtOutput(const OutputServices& services, EventPump& pump);
 
   void OutShow(const OutputRequest& request) override;
   void CharLocate(int row, int col) override { model().CharLocate(row, col); }
@@ -36,7 +36,7 @@ class QtOutput : public OutputWindow {
   void takeFreeForm();
 
   OutputServices services_;
-  Breath& breath_;
+  EventPump& pump_;
   std::vector<std::unique_ptr<FrmOut>> forms_;  ///< the first one lasts
   std::map<const FrmOut*, int> openings_;       ///< the number that each had when it was opened last
   int opened_ = 0;

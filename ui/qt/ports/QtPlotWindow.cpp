@@ -14,7 +14,7 @@
 #include <cmath>
 
 #include "ui/qt/devices/QtPicture.h"
-#include "ui/qt/widgets/Text8.h"
+#include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
 namespace vk {
@@ -42,7 +42,7 @@ QtPlotWindow::QtPlotWindow(const World& world, int number)
   setAccessibleDescription(kClickMeaning);
   device_.onFormChanged = [this] { followForm(); };
   device_.onRefresh = [this] {
-    if (showChanged()) world_.breath.take();
+    if (showChanged()) world_.pump.repaint();
   };
   // What nobody has asked to show appears as soon as the command has ended, or waits for the user.
   connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
@@ -63,7 +63,7 @@ void QtPlotWindow::followForm() {
   if (!isVisible()) return;
   world_.activated(*this);
   // What is drawn next may take its time.
-  world_.breath.awaitShowing(*this);
+  world_.pump.awaitShowing(*this);
 }
 
 bool QtPlotWindow::showChanged() {
@@ -130,8 +130,8 @@ void QtPlotWindow::copyPicture() {
   QGuiApplication::clipboard()->setMimeData(content);
 }
 
-QtPlotWindows::QtPlotWindows(QtGraphics& graphics, Breath& breath, EventRunner run)
-    : world_{graphics.letters(), breath, std::move(run), [this](QtPlotWindow& window) { active_ = &window; },
+QtPlotWindows::QtPlotWindows(QtGraphics& graphics, EventPump& pump, EventRunner run)
+    : world_{graphics.letters(), pump, std::move(run), [this](QtPlotWindow& window) { active_ = &window; },
              [this](QPoint first) { return freePlace(first); }} {}
 
 PlotWindow& QtPlotWindows::create() {

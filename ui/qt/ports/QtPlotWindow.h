@@ -1,3 +1,4 @@
+/// Form GralFrm: the window of a figure.
 #pragma once
 
 #include <QWidget>
@@ -9,7 +10,7 @@
 #include "ui/qt/devices/QtGraphics.h"
 #include "ui/qt/devices/ScreenDevice.h"
 #include "ui/qt/forms/Windows.h"
-#include "ui/qt/widgets/Breath.h"
+#include "ui/qt/widgets/EventPump.h"
 
 namespace vk {
 
@@ -20,7 +21,7 @@ class QtPlotWindow : public QWidget, public PlotWindow {
   /// What all plot windows share; it outlives them.
   struct World {
     QtLetters& letters;
-    Breath& breath;
+    EventPump& pump;
     EventRunner run;  ///< carries the handler of a click
     std::function<void(QtPlotWindow&)> activated;
     /// The place for a window that asks for this one, where another figure may stand.
@@ -57,7 +58,7 @@ class QtPlotWindow : public QWidget, public PlotWindow {
 /// The plot windows of the desktop. A hidden one is freed when the next is made.
 class QtPlotWindows : public PlotWindows {
  public:
-  QtPlotWindows(QtGraphics& graphics, Breath& breath, EventRunner run);
+  QtPlotWindows(QtGraphics& graphics, EventPump& pump, EventRunner run);
 
   PlotWindow& create() override;
   PlotWindow* active() override { return active_; }

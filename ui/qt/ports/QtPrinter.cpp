@@ -8,7 +8,7 @@
 #include "base/RuntimeError.h"
 #include "ui/qt/widgets/Fonts.h"
 #include "ui/qt/widgets/GridPainter.h"
-#include "ui/qt/widgets/Text8.h"
+#include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
 namespace vk {

@@ -6,7 +6,7 @@
 #include <QTextBlock>
 
 #include "ui/qt/widgets/Fonts.h"
-#include "ui/qt/widgets/Text8.h"
+#include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
 namespace vk {

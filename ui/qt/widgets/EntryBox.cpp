@@ -4,7 +4,7 @@
 
 #include "base/CodePage.h"
 #include "ui/qt/widgets/GridPainter.h"
-#include "ui/qt/widgets/Text8.h"
+#include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
 namespace vk {

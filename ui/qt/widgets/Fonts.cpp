@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "ui/qt/widgets/Text8.h"
+#include "ui/qt/widgets/TextConversion.h"
 
 namespace vk {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "base/Text.h"
 #include "ui/qt/widgets/GridPainter.h"
-#include "ui/qt/widgets/Text8.h"
+#include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
 namespace vk {

@@ -1,0 +1,97 @@
+/// Form Vor_Kel: the main window.
+#pragma once
+
+#include <QAction>
+#include <QLabel>
+#include <QMainWindow>
+#include <array>
+#include <functional>
+#include <map>
+#include <vector>
+
+#include "commands/CommandTable.h"
+#include "platform/FontSpec.h"
+#include "platform/MainWindow.h"
+#include "ui/MainPanels.h"
+#include "ui/qt/forms/DirectoryFrame.h"
+#include "ui/qt/forms/GraphicFrame.h"
+#include "ui/qt/widgets/EventPump.h"
+#include "ui/qt/widgets/NameLabel.h"
+
+namespace vk {
+
+/// The client area of the main window: a background picture under the panels.
+class Backdrop : public QWidget {
+ public:
+  explicit Backdrop(QWidget* parent);
+  void setPicture(int picture);
+  int picture() const { return picture_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  int picture_ = 0;
+};
+
+/// The main window: menus from the table of commands, a status bar of five panels, a picture, two panels.
+class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
+ public:
+  explicit Vor_Kel(EventPump& pump);
+
+  /// Makes the panels' frames. What a control does goes through `run`.
+  void buildPanels(const FontSpec& window, const FontSpec& label, MainPanels& panels, const EventRunner& run);
+  /// Gives the client area its first size and centres the window on the screen.
+  void placeFirst();
+
+  /// Runs the command of a control.
+  std::function<void(Control)> command;
+  /// The window is being closed: ends the program, or gives false and it stays.
+  std::function<bool()> unload;
+  /// The user turns to the window while this form holds it shut.
+  std::function<void(Form)> turnedToWhileShut;
+
+  void setMenuEnabled(Control control, bool enabled) override;
+  void setMenuVisible(Control control, bool visible) override;
+  void setMenuChecked(Control control, bool checked) override;
+  void setMenuCaption(Control control, const std::string& caption) override;
+  void setPanel(int panel, const std::string& text) override;
+  void setCaption(const std::string& caption) override;
+  void shut(Form holder) override;
+  void release(Form holder) override;
+  void refresh() override;
+  void toFront() override;
+  void setBackground(Int16 picture) override { backdrop_->setPicture(picture); }
+
+  void showPanel(Panel panel) override;
+  void hidePanel(Panel panel) override;
+  void syncPanel(Panel panel) override;
+
+ protected:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void buildMenus();
+  void addMenu(const Command& entry);
+  void addEntry(const Command& entry);
+  void buildStatusBar();
+  void explainShortened(QMenu* menu);
+  void keepButtonsReachable();
+  QFrame* frame(Panel panel) const;
+  void placePanel(QFrame* frame);
+  void followHolders();
+  void applyMenuStates();
+
+  EventPump& pump_;
+  Backdrop* backdrop_;
+  std::map<Control, QAction*> actions_;  ///< of a menu, its own entry
+  std::map<Control, bool> menuEnabled_;  ///< as commands want it
+  std::vector<Form> holders_;            ///< who holds the window shut
+  std::array<NameLabel*, 5> panels_{};
+  FraDir* FraDir_ = nullptr;
+  FraGra* FraGra_ = nullptr;
+};
+
+}  // namespace vk

@@ -1,0 +1,90 @@
+#include "ui/qt/widgets/EventPump.h"
+
+#include <QAbstractEventDispatcher>
+#include <QCursor>
+#include <QDeadlineTimer>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QWindow>
+
+namespace vk {
+namespace {
+
+constexpr qint64 kShortestPause = 33;  // ms
+constexpr qint64 kShowingTime = 500;   // ms
+
+/// Eats what the user did.
+class InputTrap : public QObject {
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::KeyPress:
+      case QEvent::KeyRelease:
+      case QEvent::ShortcutOverride:
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonRelease:
+      case QEvent::MouseButtonDblClick:
+      case QEvent::Wheel:
+      case QEvent::Close:
+        return true;
+      default:
+        return false;
+    }
+  }
+};
+
+}  // namespace
+
+EventPump::EventPump(qint64 patience) : patience_(patience) {
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &context_,
+                   [this] { hideWaitCursor(); });
+}
+
+EventPump::~EventPump() {
+  hideWaitCursor();
+}
+
+void EventPump::followWork() {
+  if (!work_.isValid()) work_.start();
+  if (work_.elapsed() >= patience_) showWaitCursor();
+}
+
+void EventPump::showWaitCursor() {
+  if (waiting_) return;
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  waiting_ = true;
+}
+
+void EventPump::hideWaitCursor() {
+  work_.invalidate();
+  if (!waiting_) return;
+  QGuiApplication::restoreOverrideCursor();
+  waiting_ = false;
+}
+
+void EventPump::repaint() {
+  followWork();
+  if (last_.isValid() && last_.elapsed() < kShortestPause) return;
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  last_.start();
+  handled_ = true;
+}
+
+void EventPump::awaitShowing(const QWidget& window) {
+  const QDeadlineTimer deadline(kShowingTime);
+  const auto wait = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
+  while (!window.windowHandle()->isExposed() && !deadline.hasExpired()) wait();
+  wait();  // for what comes with the showing: the frame, the first painting
+  last_.invalidate();
+}
+
+void EventPump::dropInput() {
+  if (!handled_) return;
+  handled_ = false;
+  InputTrap trap;
+  QCoreApplication::instance()->installEventFilter(&trap);
+  QCoreApplication::processEvents();
+  QCoreApplication::instance()->removeEventFilter(&trap);
+}
+
+}  // namespace vk

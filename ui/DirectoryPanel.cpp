@@ -1,7 +1,6 @@
 #include "ui/DirectoryPanel.h"
 
 #include "base/Guard.h"
-#include "session/Session.h"
 
 namespace vk {
 namespace {
@@ -24,14 +23,14 @@ void DirectoryPanel::clickRow(int row) {
   }
   if (row != lastRow_) highlighted_ = row;
   writeCaptions();
-  showRow(session_.files.WorkDir[static_cast<std::size_t>(row)]);
-  session_.files.WorkRow = row;
+  showRow(settings_.WorkDir[static_cast<std::size_t>(row)]);
+  settings_.WorkRow = row;
   lastRow_ = row;
 }
 
 void DirectoryPanel::writeCaptions() {
   for (std::size_t row = 0; row < kTitles.size(); ++row) {
-    captions_[row] = kTitles[row] + std::string("\n ") + session_.files.WorkDir[row];
+    captions_[row] = kTitles[row] + std::string("\n ") + settings_.WorkDir[row];
   }
 }
 
@@ -63,13 +62,13 @@ void DirectoryPanel::enterFolder(const std::string& folder) {
 }
 
 void DirectoryPanel::storeFolder() {
-  const auto row = static_cast<std::size_t>(session_.files.WorkRow);
-  if (folder_ == session_.files.WorkDir[row]) return;
-  session_.files.WorkDir[row] = folder_;
+  const auto row = static_cast<std::size_t>(settings_.WorkRow);
+  if (folder_ == settings_.WorkDir[row]) return;
+  settings_.WorkDir[row] = folder_;
   if (row == 0) {
-    session_.files.WorkDir.fill(folder_);
+    settings_.WorkDir.fill(folder_);
   } else {
-    session_.files.WorkDir[0].clear();
+    settings_.WorkDir[0].clear();
   }
   writeCaptions();
 }
@@ -80,9 +79,9 @@ void DirectoryPanel::selectDrive(int index) {
 }
 
 void DirectoryPanel::accept() {
-  session_.files.DataDir = session_.files.WorkDir[1];
-  session_.files.FunDir = session_.files.WorkDir[2];
-  session_.files.GraDir = session_.files.WorkDir[3];
+  settings_.DataDir = settings_.WorkDir[1];
+  settings_.FunDir = settings_.WorkDir[2];
+  settings_.GraDir = settings_.WorkDir[3];
 }
 
 }  // namespace vk

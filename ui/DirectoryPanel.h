@@ -5,16 +5,15 @@
 
 #include "base/Int16.h"
 #include "platform/Files.h"
+#include "session/FileSettings.h"
 
 namespace vk {
-
-struct Session;
 
 /// The working directory panel `FraDir` without its widgets: four rows of folders, a drive list and a folder
 /// list that follow the selected row: the volume of its folder, the way to it and what is inside. Row 0 is the folder for all files, rows 1 to 3 those for the kinds.
 class DirectoryPanel {
  public:
-  DirectoryPanel(Session& session, Files& files) : session_(session), files_(files) {}
+  DirectoryPanel(FileSettings& settings, Files& files) : settings_(settings), files_(files) {}
 
   /// The panel opens: row 0 is selected.
   void open() { clickRow(-1); }
@@ -49,7 +48,7 @@ class DirectoryPanel {
   int driveOf(const std::string& folder) const;
   void storeFolder();
 
-  Session& session_;
+  FileSettings& settings_;
   Files& files_;
   std::array<std::string, 4> captions_;
   int highlighted_ = 0;

@@ -11,7 +11,7 @@
 #include "platform/OutputWindow.h"
 #include "platform/Printer.h"
 #include "platform/Sound.h"
-#include "session/FileKind.h"
+#include "session/FileSettings.h"
 
 namespace vk {
 

@@ -5,7 +5,6 @@
 #include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
-#include "session/Session.h"
 
 namespace vk {
 namespace {
@@ -15,15 +14,15 @@ constexpr float kScrollUnit = 10;
 }  // namespace
 
 void GraphicPanel::open() {
-  session_.settings.BackImageSaved = session_.settings.BackImage;
-  session_.figures.GraphScaleSaved = session_.figures.GraphScale;
-  session_.figures.LandscapeSaved = session_.figures.Landscape;
+  settings_.BackImageSaved = settings_.BackImage;
+  figures_.GraphScaleSaved = figures_.GraphScale;
+  figures_.LandscapeSaved = figures_.Landscape;
   for (std::size_t row = 0; row < scroll_.size(); ++row) {
-    const int value = toInt16(session_.figures.GraphScale[row] * kScrollUnit);
+    const int value = toInt16(figures_.GraphScale[row] * kScrollUnit);
     scroll_[row] = std::clamp(value, kScrollMin, kScrollMax);
     showScale(row);
   }
-  option_ = session_.figures.Landscape ? 0 : 1;
+  option_ = figures_.Landscape ? 0 : 1;
 }
 
 void GraphicPanel::showScale(std::size_t row) {
@@ -34,30 +33,25 @@ void GraphicPanel::showScale(std::size_t row) {
 void GraphicPanel::scroll(int row, int value) {
   const auto index = static_cast<std::size_t>(row);
   scroll_[index] = std::clamp(value, kScrollMin, kScrollMax);
-  session_.figures.GraphScale[index] = static_cast<float>(scroll_[index]) / kScrollUnit;
+  figures_.GraphScale[index] = static_cast<float>(scroll_[index]) / kScrollUnit;
   showScale(index);
 }
 
 void GraphicPanel::stepPicture() {
-  session_.settings.BackImage =
-      session_.settings.BackImage >= session_.settings.BackImageMax ? 0 : session_.settings.BackImage + 1;
-}
-
-int GraphicPanel::picture() const {
-  return session_.settings.BackImage;
+  settings_.BackImage = settings_.BackImage >= settings_.BackImageMax ? 0 : settings_.BackImage + 1;
 }
 
 void GraphicPanel::accept() {
   for (std::size_t row = 0; row < values_.size(); ++row) {
-    session_.figures.GraphScale[row] = static_cast<float>(scanNumber(values_[row]));
+    figures_.GraphScale[row] = static_cast<float>(scanNumber(values_[row]));
   }
-  session_.figures.Landscape = toFlag(option_ == 0);
+  figures_.Landscape = toFlag(option_ == 0);
 }
 
 void GraphicPanel::cancel() {
-  session_.figures.GraphScale = session_.figures.GraphScaleSaved;
-  session_.figures.Landscape = session_.figures.LandscapeSaved;
-  session_.settings.BackImage = session_.settings.BackImageSaved;
+  figures_.GraphScale = figures_.GraphScaleSaved;
+  figures_.Landscape = figures_.LandscapeSaved;
+  settings_.BackImage = settings_.BackImageSaved;
 }
 
 }  // namespace vk

@@ -3,9 +3,10 @@
 #include <array>
 #include <string>
 
-namespace vk {
+#include "session/DesktopSettings.h"
+#include "session/FigureSettings.h"
 
-struct Session;
+namespace vk {
 
 /// The graphic options panel `FraGra` without its widgets: background picture, paper orientation and the
 /// magnification of the figures.
@@ -14,7 +15,7 @@ class GraphicPanel {
   static constexpr int kScrollMin = 5;
   static constexpr int kScrollMax = 20;
 
-  explicit GraphicPanel(Session& session) : session_(session) {}
+  GraphicPanel(DesktopSettings& settings, FigureSettings& figures) : settings_(settings), figures_(figures) {}
 
   /// The panel opens: copies for the cancel are taken, and the controls show what the session holds.
   void open();
@@ -34,7 +35,7 @@ class GraphicPanel {
   void cancel();
 
   /// Number of the visible picture.
-  int picture() const;
+  int picture() const { return settings_.BackImage; }
   int scrollValue(int row) const { return scroll_[static_cast<std::size_t>(row)]; }
   /// Text of `LblFctVal(row)`.
   const std::string& valueText(int row) const { return values_[static_cast<std::size_t>(row)]; }
@@ -43,7 +44,8 @@ class GraphicPanel {
  private:
   void showScale(std::size_t row);
 
-  Session& session_;
+  DesktopSettings& settings_;
+  FigureSettings& figures_;
   std::array<int, 4> scroll_{10, 10, 10, 10};
   std::array<std::string, 4> values_;
   int option_ = 0;

@@ -3,7 +3,6 @@
 #include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "session/Session.h"
 
 namespace vk {
 namespace {
@@ -95,12 +94,12 @@ bool InpMod::execute() {
   if (!InpValid) return false;
   InpExecuted = kTrue;
   for (int i = 1; i <= fieldCount(); ++i) tables_->InpValues[i] = captions_[i];
-  session_.ErrFlag = 0;
+  ErrFlag_ = 0;
   return true;
 }
 
 void InpMod::cancel() {
-  session_.ErrFlag = kTrue;
+  ErrFlag_ = kTrue;
 }
 
 }  // namespace vk

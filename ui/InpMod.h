@@ -13,8 +13,6 @@
 /// `InpFrm` shows what stands here and passes its events on.
 namespace vk {
 
-struct Session;
-
 inline constexpr Colour InpColorWhite = Colour::fromChannels(255, 255, 255);
 inline constexpr Colour kInpColorField = Colour::fromChannels(230, 230, 230);
 
@@ -23,8 +21,8 @@ class InpMod {
   /// Tells whether a definition text compiles into the session's model area.
   using Compiler = std::function<bool(const std::string& definition)>;
 
-  InpMod(Session& session, Dialogs& dialogs, Sound& sound, Compiler compiler)
-      : session_(session), dialogs_(dialogs), sound_(sound), compiler_(std::move(compiler)) {}
+  InpMod(Int16& ErrFlag, Dialogs& dialogs, Sound& sound, Compiler compiler)
+      : ErrFlag_(ErrFlag), dialogs_(dialogs), sound_(sound), compiler_(std::move(compiler)) {}
 
   /// Starts a showing: sizes, fields with their initial contents, the edit box on field 1. The tables must live
   /// until the form is closed.
@@ -69,7 +67,7 @@ class InpMod {
   void validateNumber();
   void validateFunction(const std::string& remainder);
 
-  Session& session_;
+  Int16& ErrFlag_;
   Dialogs& dialogs_;
   Sound& sound_;
   Compiler compiler_;

@@ -4,6 +4,12 @@
 
 namespace vk {
 
+MainPanels::MainPanels(Session& session, Files& files, MainWindow& window)
+    : directory_(session.files, files),
+      graphics_(session.settings, session.figures),
+      session_(session),
+      window_(window) {}
+
 void MainPanels::open(Panel panel, const char* caption) {
   PanelClosed = kFalse;
   present_ = panel;

@@ -26,8 +26,7 @@ class PanelView {
 /// The busy states of the main window: while a panel is open the menus are off, and only its buttons end it.
 class MainPanels {
  public:
-  MainPanels(Session& session, Files& files, MainWindow& window)
-      : directory_(session, files), graphics_(session), session_(session), window_(window) {}
+  MainPanels(Session& session, Files& files, MainWindow& window);
 
   void setView(PanelView& view) { view_ = &view; }
 

@@ -3,6 +3,7 @@
 #include "commands/CommandTable.h"
 #include "doubles/ControlNames.h"
 #include "session/Msg.h"
+#include "session/Session.h"
 #include "ui/FaultyPorts.h"
 #include "ui/MainMod.h"
 

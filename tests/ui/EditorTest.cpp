@@ -7,6 +7,7 @@
 #include "doubles/ScriptedForms.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

@@ -11,6 +11,7 @@
 #include "gral/RecorderDevice.h"
 #include "platform/FunctionForms.h"
 #include "platform/InputForm.h"
+#include "session/Session.h"
 #include "ui/MainPanels.h"
 #include "ui/OutputModel.h"
 

@@ -1,5 +1,6 @@
 #include "base/CodePage.h"
 #include "expr/FunMod.h"
+#include "session/Session.h"
 #include "ui/LoadFunction.h"
 #include "ui/SelectFunction.h"
 

@@ -2,6 +2,7 @@
 
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedDialogs.h"
+#include "session/Session.h"
 #include "ui/FixedMeasure.h"
 
 namespace vk {
@@ -55,7 +56,7 @@ class InpModTest : public testing::Test {
   InputTables tables;
   FixedMeasure font{120, 240}, buttonFont{110, 220};
   InputSurroundings around{{1000, 500, 12000, 8000}, {60, 300}, &font, &buttonFont};
-  InpMod engine{session, dialogs, sound, [this](const std::string& definition) {
+  InpMod engine{session.ErrFlag, dialogs, sound, [this](const std::string& definition) {
                   compiled.push_back(definition);
                   return compiles;
                 }};

@@ -11,6 +11,7 @@
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
 #include "gral/NominalScreen.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

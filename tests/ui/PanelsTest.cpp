@@ -1,5 +1,6 @@
 #include "base/RuntimeError.h"
 #include "doubles/MemoryFiles.h"
+#include "session/Session.h"
 #include "ui/DirectoryPanel.h"
 #include "ui/GraphicPanel.h"
 
@@ -36,7 +37,7 @@ class DirectoryPanelTest : public testing::Test {
 
   Session session;
   FolderFiles files;
-  DirectoryPanel panel{session, files};
+  DirectoryPanel panel{session.files, files};
 };
 
 TEST_F(DirectoryPanelTest, OpensWithRow0Selected) {
@@ -163,7 +164,7 @@ class GraphicPanelTest : public testing::Test {
   void SetUp() override { panel.open(); }
 
   Session session;
-  GraphicPanel panel{session};
+  GraphicPanel panel{session.settings, session.figures};
 };
 
 TEST_F(GraphicPanelTest, StartsAtMagnificationOneAndHorizontalPaper) {

@@ -1,3 +1,4 @@
+#include "session/Session.h"
 #include "ui/PdfProposal.h"
 
 #include <gtest/gtest.h>

@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "doubles/TemporaryFolder.h"
 #include "platform/system/SystemFiles.h"
+#include "session/Session.h"
 #include "ui/qt/main/Application.h"
 #include "ui_qt/User.h"
 

@@ -9,6 +9,7 @@
 #include <QTreeView>
 
 #include "doubles/TemporaryFolder.h"
+#include "session/Session.h"
 #include "ui/qt/ports/FileDialog.h"
 #include "ui/qt/ports/QtDialogs.h"
 #include "ui_qt/User.h"

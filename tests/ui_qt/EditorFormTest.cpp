@@ -13,6 +13,7 @@
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
 #include "expr/FunMod.h"
+#include "session/Session.h"
 #include "ui/qt/ports/DesktopServices.h"
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui_qt/User.h"

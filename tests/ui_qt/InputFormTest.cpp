@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedDialogs.h"
+#include "session/Session.h"
 #include "ui/qt/ports/QtDialogs.h"
 #include "ui/qt/widgets/Twips.h"
 #include "ui_qt/User.h"
@@ -83,7 +84,7 @@ class InputFormTest : public testing::Test {
   RecordingSound sound;
   bool compiles = true;
   bool breaks = false;
-  InpMod engine{session, dialogs, sound, [this](const std::string&) {
+  InpMod engine{session.ErrFlag, dialogs, sound, [this](const std::string&) {
                   if (breaks) throw RuntimeError(kOverflow);
                   return compiles;
                 }};

@@ -1,5 +1,6 @@
 #include "ui/qt/forms/MessageForm.h"
 
+#include "session/Session.h"
 #include "ui_qt/User.h"
 
 namespace vk {

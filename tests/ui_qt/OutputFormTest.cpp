@@ -7,6 +7,7 @@
 #include <QMimeData>
 
 #include "doubles/Doubles.h"
+#include "session/Session.h"
 #include "ui/qt/ports/DesktopServices.h"
 #include "ui/qt/ports/QtOutput.h"
 #include "ui/qt/widgets/EventPump.h"

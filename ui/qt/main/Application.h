@@ -86,7 +86,7 @@ class Application {
   QtPrinter printer_;
   SelectFunction select_{session_};
   LoadFunction load_{session_};
-  InpMod input_{session_, dialogs_, sound_, compiler()};
+  InpMod input_{session_.ErrFlag, dialogs_, sound_, compiler()};
 
   // The forms, in the order of their making.
   Vor_Kel window_{pump_};

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "base/Int16.h"
+
+namespace vk {
+
+/// The figures drawn last, as texts, and how figures are drawn.
+struct FigureSettings {
+  std::array<std::string, 4> GraphText;  ///< 1 data, 2 data and function, 3 differences
+  std::string DiffText;
+  std::array<float, 4> GraphScale{1, 1, 1, 1};
+  std::array<float, 4> GraphScaleSaved{1, 1, 1, 1};
+  Flag Landscape = kTrue;
+  Flag LandscapeSaved;
+};
+
+}  // namespace vk

@@ -48,6 +48,21 @@ TEST_F(EventPumpTest, TheWaitCursorTellsALongCommandUntilTheProgramWaitsForTheUs
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(EventPumpTest, TheWaitCursorCountsTheWorkBeforeTheFirstRepaint) {
+  constexpr qint64 kPatience = 20;  // ms
+  EventPump patient(kPatience);
+  QEventLoop idle;
+  bool waiting = false;
+  QTimer::singleShot(0, &idle, [&] {
+    QTest::qSleep(2 * kPatience);
+    patient.repaint();
+    waiting = QGuiApplication::overrideCursor() != nullptr;
+    idle.quit();
+  });
+  idle.exec();
+  EXPECT_TRUE(waiting);
+}
+
 TEST_F(EventPumpTest, WorkThatIsKnownToTakeLongIsToldAtOnce) {
   pump.showWaitCursor();
   ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);

@@ -36,17 +36,22 @@ class InputTrap : public QObject {
 }  // namespace
 
 EventPump::EventPump(qint64 patience) : patience_(patience) {
-  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &context_,
-                   [this] { hideWaitCursor(); });
+  connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+          [this] { hideWaitCursor(); });
+  QCoreApplication::instance()->installEventFilter(this);
 }
 
 EventPump::~EventPump() {
   hideWaitCursor();
 }
 
-void EventPump::followWork() {
+bool EventPump::eventFilter(QObject*, QEvent*) {
+  startWork();
+  return false;
+}
+
+void EventPump::startWork() {
   if (!work_.isValid()) work_.start();
-  if (work_.elapsed() >= patience_) showWaitCursor();
 }
 
 void EventPump::showWaitCursor() {
@@ -63,7 +68,8 @@ void EventPump::hideWaitCursor() {
 }
 
 void EventPump::repaint() {
-  followWork();
+  startWork();
+  if (work_.elapsed() >= patience_) showWaitCursor();
   if (last_.isValid() && last_.elapsed() < kShortestPause) return;
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   last_.start();

@@ -8,13 +8,11 @@ namespace vk {
 
 /// Handles the events of the window system while a command holds the one thread: windows are painted, no input comes
 /// in. The wait cursor shows a user who has to wait; it goes when the program waits for the user.
-class EventPump {
+class EventPump : public QObject {
  public:
   /// The wait cursor is for work that takes longer than `patience` ms.
   explicit EventPump(qint64 patience = kPatience);
-  ~EventPump();
-  EventPump(const EventPump&) = delete;
-  EventPump& operator=(const EventPump&) = delete;
+  ~EventPump() override;
 
   /// Shows the wait cursor at once: work begins that is known to take long.
   void showWaitCursor();
@@ -26,13 +24,16 @@ class EventPump {
   /// Drops the input that has queued up behind a long computation; nothing after a short command.
   void dropInput();
 
+ protected:
+  /// The first event behind a wait is where work begins.
+  bool eventFilter(QObject* receiver, QEvent* event) override;
+
  private:
   static constexpr qint64 kPatience = 200;
 
-  void followWork();
+  void startWork();
   void hideWaitCursor();
 
-  QObject context_;  ///< its end disconnects the signals
   qint64 patience_;
   QElapsedTimer work_;  ///< since the program began to work; invalid while it waits for the user
   QElapsedTimer last_;

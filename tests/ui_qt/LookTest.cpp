@@ -55,6 +55,21 @@ TEST_F(LookTest, TheFocusIsSeenInListsScrollBarsAndRadioButtons) {
   EXPECT_GT(pixelsOfFocus(control<QLabel>(&window(), "Image1(0)")), kEnough);
 }
 
+TEST_F(LookTest, AnOpenedPanelShowsTheFocusInItsFirstControl) {
+  const auto seen = [this](const char* name) {
+    auto* first = control<QWidget>(&window(), name);
+    ASSERT_TRUE(first->hasFocus()) << name;
+    const QImage opened = first->grab().toImage();
+    first->clearFocus();
+    EXPECT_NE(opened, first->grab().toImage()) << name;
+  };
+  openDirectoryPanel();
+  seen("Drive1");
+  QTest::mouseClick(control<QPushButton>(&window(), "CmdWrkDir(0)"), Qt::LeftButton);
+  openGraphicPanel();
+  seen("Image1(0)");
+}
+
 TEST_F(LookTest, TheListThatTheKeysGoToStandsOut) {
   user.choose("MenFunSel");
   user.at("Sel_Fun",

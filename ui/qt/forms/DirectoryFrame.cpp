@@ -86,6 +86,7 @@ FraDir::FraDir(QWidget* parent, DirectoryPanel& panel, const QFont& font, EventR
   buildRows(font);
   buildButtons(std::move(button));
   arrange();
+  setFocusProxy(Drive1_);
   connect(Drive1_, &QComboBox::currentIndexChanged, this, [this](int index) {
     // Settings made by the program are no choice of the user.
     if (!syncing_ && index >= 0) handle([&] { panel_.selectDrive(index); });

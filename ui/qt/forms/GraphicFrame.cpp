@@ -59,10 +59,20 @@ void FraGra::buildPictures(const GraphicPanelLayout& layout) {
     image->setPixmap(picturePixmap(picture, place.size(), devicePixelRatioF()));
     image->clicked = [this] {
       handle([this] { panel_.stepPicture(); });
-      Image1_.at(static_cast<std::size_t>(panel_.picture()))->setFocus();
+      setFocus();
     };
     Image1_[i] = image;
   }
+  showPicture();
+}
+
+void FraGra::showPicture() {
+  ClickLabel* shown = Image1_.at(static_cast<std::size_t>(panel_.picture()));
+  const bool focused = hasFocus();
+  setFocusProxy(shown);
+  shown->show();
+  if (focused) setFocus();
+  for (ClickLabel* image : Image1_) image->setVisible(image == shown);
 }
 
 void FraGra::buildOptions(const GraphicPanelLayout& layout) {
@@ -117,8 +127,7 @@ void FraGra::handle(const std::function<void()>& change) {
 
 void FraGra::sync() {
   syncing_ = true;
-  for (std::size_t i = 0; i < Image1_.size(); ++i)
-    Image1_[i]->setVisible(panel_.picture() == static_cast<int>(i));
+  showPicture();
   for (std::size_t i = 0; i < VScFct_.size(); ++i) {
     VScFct_[i]->setValue(panel_.scrollValue(static_cast<int>(i)));
     LblFctVal_[i]->setText(fromWindowText(panel_.valueText(static_cast<int>(i))));

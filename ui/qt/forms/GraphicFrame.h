@@ -29,6 +29,8 @@ class FraGra : public QFrame {
 
  private:
   void buildPictures(const GraphicPanelLayout& layout);
+  /// Shows the present picture alone; the frame's focus goes to it.
+  void showPicture();
   void buildOptions(const GraphicPanelLayout& layout);
   void buildScales(const GraphicPanelLayout& layout);
   void buildButtons(const GraphicPanelLayout& layout, std::function<void(int)> button);

@@ -212,7 +212,8 @@ void Vor_Kel::placePanel(QFrame* frame) {
 void Vor_Kel::showPanel(Panel panel) {
   placePanel(frame(panel));
   frame(panel)->show();
-  frame(panel)->setFocus();
+  // As if by Tab, so that its first control is seen to have it.
+  frame(panel)->setFocus(Qt::TabFocusReason);
 }
 
 void Vor_Kel::hidePanel(Panel panel) {

@@ -66,9 +66,12 @@ void ControlStyle::drawControl(ControlElement element, const QStyleOption* optio
 void ControlStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                       QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawComplexControl(control, option, painter, widget);
+  const bool focused = option->state.testFlag(State_HasFocus);
+  if (control == CC_ComboBox && focused)
+    drawRing(*painter, subElementRect(SE_ComboBoxFocusRect, option, widget), option->palette);
   if (control != CC_ScrollBar || !option->subControls.testFlag(SC_ScrollBarSlider)) return;
   drawThumb(*painter, subControlRect(control, option, SC_ScrollBarSlider, widget), *option);
-  if (option->state.testFlag(State_HasFocus)) drawRing(*painter, option->rect, option->palette);
+  if (focused) drawRing(*painter, option->rect, option->palette);
 }
 
 }  // namespace vk

@@ -1,99 +1,12 @@
-#include "ui/qt/forms/InputForm.h"
-
-#include <QApplication>
-
-#include "base/RuntimeError.h"
-#include "doubles/Doubles.h"
-#include "doubles/ScriptedDialogs.h"
-#include "session/Session.h"
-#include "ui/qt/ports/QtDialogs.h"
 #include "ui/qt/widgets/Twips.h"
-#include "ui_qt/User.h"
+#include "ui_qt/InputFormFixture.h"
 
 namespace vk {
 namespace {
 
 using testing::ElementsAre;
 
-class InputFormTest : public testing::Test {
- protected:
-  struct Field {
-    std::string value, kind;
-    int width;
-  };
-
-  void SetUp() override {
-    owner.resize(700, 500);
-    owner.move(60, 40);
-    bringToFront(&owner);
-    windows.add(Form::kMain, &owner);
-    setFields({{"1", "#Number", -8}, {"due", "#String", 8}, {"x", "#Function@y@x@ @ @", 12}});
-    form.setAction([this](int number) {
-      actions.push_back(number);
-      visibleInAction = form.isVisible();
-    });
-  }
-
-  void setFields(const std::vector<Field>& fields) {
-    const int n = static_cast<int>(fields.size());
-    tables = InputTables();
-    tables.caption = "VOR_KEL: Parametri Iniziali";
-    tables.InpRows = 10;
-    tables.InpCols = 44;
-    tables.InpAction = kStoreParameters;
-    tables.InpFieldCount = n;
-    tables.InpFrameCount = 1;
-    tables.InpFrames.dim(1);
-    tables.InpFrames[1] = {1, 1, 10, 44, 3};
-    tables.InpValues.dim(n);
-    tables.InpFieldKinds.dim(n);
-    tables.InpFieldPos.dim(n);
-    tables.InpLabels.dim(n);
-    tables.InpLabelPos.dim(n);
-    for (int i = 1; i <= n; ++i) {
-      const Field& field = fields[static_cast<std::size_t>(i) - 1];
-      tables.InpValues[i] = field.value;
-      tables.InpFieldKinds[i] = field.kind;
-      tables.InpFieldPos[i] = {3 + i, 10, field.width};
-      tables.InpLabels[i] =
-          "\xEB"
-          "a";
-      tables.InpLabelPos[i] = {3 + i, 2, 5};
-    }
-  }
-  void show() { form.InpShow(tables, Form::kMain); }
-  QLineEdit* box() { return control<QLineEdit>(&form, "txtGet"); }
-  QWidget* field(int i) { return control<QWidget>(&form, QString("lblVal(%1)").arg(i)); }
-  /// A step while the form is open.
-  void then(std::function<void()> step) {
-    user.at("InpFrm", [step](QWidget*) { step(); });
-  }
-  void replace(const QString& text) {
-    box()->selectAll();
-    typeText(box(), text);
-  }
-  void giveUp() { user.press("InpFrm", "cmdRin"); }
-  void execute() { user.press("InpFrm", "cmdEse"); }
-
-  QWidget owner;
-  RecordingMainWindow window;
-  Windows windows;
-  Session session;
-  FrmMsg message{windows, session.settings.FontLabel};
-  QtDialogs dialogs{windows, message};
-  RecordingSound sound;
-  bool compiles = true;
-  bool breaks = false;
-  InpMod engine{session.ErrFlag, dialogs, sound, [this](const std::string&) {
-                  if (breaks) throw RuntimeError(kOverflow);
-                  return compiles;
-                }};
-  InputTables tables;
-  std::vector<int> actions;
-  bool visibleInAction = false;
-  InpFrm form{engine, windows, window};
-  User user;
-};
+class InputFormTest : public InputFormFixture {};
 
 TEST_F(InputFormTest, ShowsTheFirstFieldInTheEditBox) {
   then([this] {
@@ -282,70 +195,6 @@ TEST_F(InputFormTest, WhatAHandlerThrowsReachesTheCommand) {
   EXPECT_THROW(show(), RuntimeError);
   EXPECT_FALSE(form.isVisible());
   EXPECT_TRUE(window.enabled);
-}
-
-TEST_F(InputFormTest, ResizingHasNoEffect) {
-  then([this] {
-    const QSize before = form.size();
-    form.resize(before * 2);
-    EXPECT_EQ(form.size(), before);
-  });
-  giveUp();
-  show();
-}
-
-TEST_F(InputFormTest, StandsCentredBelowTheTopOfItsCaller) {
-  then([this] {
-    EXPECT_EQ(form.frameGeometry().top(), owner.frameGeometry().top() + 40);
-    EXPECT_LE(std::abs(form.frameGeometry().center().x() - owner.frameGeometry().center().x()), 1);
-  });
-  giveUp();
-  show();
-}
-
-TEST_F(InputFormTest, ThePlacesOnTheScreenAreThoseOfTheGrid) {
-  then([this] {
-    const CellSize cell = engine.layout().cell;
-    EXPECT_EQ(form.size(), QSize(44 * cell.width / 15, 12 * cell.height / 15));
-    EXPECT_EQ(field(2)->geometry(),
-              toPixels(Rect{9.0 * cell.width, 4.0 * cell.height + 5, 7.0 * cell.width, cell.height + 40.0}));
-    EXPECT_NEAR(control<QPushButton>(&form, "cmdRin")->geometry().center().x(), form.width() / 4.0, 1);
-    EXPECT_NEAR(control<QPushButton>(&form, "cmdEse")->geometry().center().x(), 3 * form.width() / 4.0, 1);
-    EXPECT_EQ(control<QPushButton>(&form, "cmdEse")->y(), toPixels(10 * cell.height));
-    EXPECT_EQ(form.accessibleName(), "VOR_KEL: Parametri Iniziali");
-    EXPECT_FALSE(field(0)->isVisible()) << "the template";
-  });
-  giveUp();
-  show();
-}
-
-TEST_F(InputFormTest, FramesPromptsAndFixedTextsArePainted) {
-  tables.InpLabels[1] = "\xDB";  // a full block, at row 4 and column 2
-  tables.InpTextCount = 1;
-  tables.InpTexts.dim(1);
-  tables.InpTextPos.dim(1);
-  tables.InpTexts[1] = " \xDB\xDB ";
-  tables.InpTextPos[1] = {2, 21, 1};
-  then([this] {
-    const CellSize cell = engine.layout().cell;
-    const auto at = [&](double row, double col) {
-      return pixelAt(&form, QPoint(toPixels((col - 0.5) * cell.width), toPixels((row - 0.5) * cell.height)));
-    };
-    const QColor surface = at(3, 30);
-    EXPECT_EQ(at(4, 2), QColor(Qt::black));
-    EXPECT_NE(at(4, 3), QColor(Qt::black));
-    // Two letters centred on the left edge of column 21.
-    EXPECT_EQ(at(2, 20), QColor(Qt::black));
-    EXPECT_EQ(at(2, 21), QColor(Qt::black));
-    EXPECT_EQ(at(2, 19), surface);
-    EXPECT_EQ(at(2, 22), surface);
-    // The light sides of a frame are white, as the form is not.
-    EXPECT_EQ(at(1, 20), QColor(Qt::white)) << "top";
-    EXPECT_EQ(at(10, 20), QColor(Qt::black)) << "bottom";
-    EXPECT_NE(surface, QColor(Qt::white));
-  });
-  giveUp();
-  show();
 }
 
 TEST_F(InputFormTest, OnlyCharactersOfTheCodePageCanBeTyped) {

@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "batch/DataInput.h"
-#include "grafile/GralPlt.h"
+#include "commands/FigureCommands.h"
 
 namespace vk {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "batch/TerminalPorts.h"
-#include "grafile/FigurePorts.h"
+#include "commands/FigurePorts.h"
 #include "gral/NoPrinter.h"
 #include "gral/NominalScreen.h"
 #include "gral/ObserverDevice.h"

@@ -5,8 +5,8 @@
 #include "base/Text.h"
 #include "batch/DataInput.h"
 #include "batch/FigureDesk.h"
-#include "grafile/GralPlt.h"
-#include "session/Refusals.h"
+#include "commands/FigureCommands.h"
+#include "grafile/FigureKind.h"
 
 namespace vk {
 namespace {

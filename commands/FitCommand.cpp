@@ -3,7 +3,7 @@
 
 #include "base/FlagFor.h"
 #include "commands/FitScreen.h"
-#include "session/Refusals.h"
+#include "commands/Preconditions.h"
 
 namespace vk {
 

@@ -7,14 +7,13 @@
 
 namespace vk {
 
-/// The measurements of the session and the curves drawn over them. Element 0 of the point arrays is never
-/// used; element 0 of the curves is their first point.
+/// The measurements. Element 0 of the arrays is never used.
 struct DataSet {
   /// The data set of the start: room for 100 points and none loaded.
-  DataSet();
+  DataSet() { allocate(kFirstPoints, kFalse); }
 
-  /// Allocates the five point arrays as 1..points, and the curves for twice as many points, at least 50.
-  /// Nothing of the old content stays. More than 32767 points is run-time error 6.
+  /// Allocates the five arrays as 1..points. Nothing of the old content stays. More than 32767 points is run-time
+  /// error 6.
   void allocate(int points, Flag hasXErrors);
 
   Int16 NumPnt;
@@ -25,16 +24,8 @@ struct DataSet {
   Flag kXpntErr;         ///< the data have x errors
   std::string TitleX, TitleY;
 
-  int NumFunPnt = 0;  ///< segments of a curve: twice NumPnt, at least 50
-  Array<double> FunX, FunY;
-  Array<Flag> FunFailed;           ///< the function has no value here: FunY tells nothing
-  Array<double> OldFunX, OldFunY;  ///< the curve of the figure before
-  Array<Flag> OldFunFailed;
-  int NumOldFun = 0;
-
  private:
-  void allocatePoints(int points);
-  void allocateCurves(int segments);
+  static constexpr int kFirstPoints = 100;
 };
 
 }  // namespace vk

@@ -6,13 +6,13 @@
 
 #include "base/Text.h"
 #include "batch/FigureDesk.h"
+#include "commands/FigureCommands.h"
 #include "commands/FitCommand.h"
 #include "commands/FitScreen.h"
 #include "examples/ExampleFits.h"
 #include "expr/CmpMod.h"
-#include "grafile/GralPlt.h"
+#include "grafile/FigureKind.h"
 #include "platform/system/SystemClock.h"
-#include "session/Refusals.h"
 
 namespace {
 

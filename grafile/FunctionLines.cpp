@@ -2,14 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
+#include <vector>
 
 #include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "expr/CmpMod.h"
-#include "expr/FunMod.h"
-#include "grafile/GralPlt.h"
+#include "grafile/FunctionValues.h"
+#include "grafile/NamedParameters.h"
 
 namespace vk {
 namespace {
@@ -34,41 +34,28 @@ bool readBack(const ParameterSet& par, Array<double>& values) {
   return true;
 }
 
-/// True when the curve of the session, with the parameters it has now, looks like the one that it keeps.
-bool looksLikeTheCurve(Session& session, Dialogs& dialogs, double height) {
+/// True when the function, with these parameters, looks like the curve of the figure.
+bool looksLikeTheCurve(Model& model, const Array<double>& parameters, const FigureValues& values,
+                       EvaluationListener& listener) {
   constexpr int kEnoughPoints = 200;
-  const DataSet& data = session.loaded.data;
-  const int stride = std::max(1, data.NumFunPnt / kEnoughPoints);
-  for (int i = 0; i <= data.NumFunPnt; i += stride) {
-    if (data.FunFailed[i] != kFalse) continue;
-    const double y = EvaluateFunction(session, dialogs, data.FunX[i]);
-    if (session.ErrFlag != 0 || !(std::abs(y - data.FunY[i]) <= kUnseen * height)) return false;
+  const SampledCurve& curve = values.curve;
+  const int stride = std::max(1, curve.segments / kEnoughPoints);
+  std::vector<double> x, y;
+  for (int i = 0; i <= curve.segments; i += stride) {
+    if (curve.failed[i] != kFalse) continue;
+    x.push_back(curve.x[i]);
+    y.push_back(curve.y[i]);
   }
-  return true;
+  const double unseen = kUnseen * (values.Yf - values.Yi);
+  return eachValue(model, parameters, x, listener, [&](std::size_t i, const Evaluation& told) {
+    return told.fault == Fault::kNone && std::abs(told.value - y[i]) <= unseen;
+  });
 }
 
-/// Gives the parameters and the error register their values back at the end of the scope.
-class ParametersComeBack {
- public:
-  explicit ParametersComeBack(Session& session)
-      : session_(session), values_(session.analysis.par.ParValues), flag_(session.ErrFlag) {}
-  ~ParametersComeBack() {
-    std::swap(session_.analysis.par.ParValues, values_);
-    session_.ErrFlag = flag_;
-  }
-  ParametersComeBack(const ParametersComeBack&) = delete;
-  ParametersComeBack& operator=(const ParametersComeBack&) = delete;
-
- private:
-  Session& session_;
-  Array<double> values_;
-  Int16 flag_;
-};
-
-bool sevenDigitsDo(Session& session, Dialogs& dialogs, double height) {
-  const ParametersComeBack afterwards(session);
-  return readBack(session.analysis.par, session.analysis.par.ParValues) &&
-         looksLikeTheCurve(session, dialogs, height);
+bool sevenDigitsDo(const FigureSource& source, const FigureValues& values, EvaluationListener& listener) {
+  Array<double> parameters = source.parameters.ParValues;
+  return readBack(source.parameters, parameters) &&
+         looksLikeTheCurve(source.model, parameters, values, listener);
 }
 
 std::string withAllDigits(const ParameterSet& par, std::string expression) {
@@ -84,12 +71,13 @@ std::string withAllDigits(const ParameterSet& par, std::string expression) {
 
 }  // namespace
 
-FunctionLines functionLines(Session& session, Dialogs& dialogs, double height) {
-  const ParameterSet& par = session.analysis.par;
+FunctionLines functionLines(const FigureSource& source, const FigureValues& values,
+                            EvaluationListener& listener) {
+  const ParameterSet& par = source.parameters;
   FunctionLines result;
   for (int i = 1; i <= par.ParCount; ++i) result.parameters += (i == 1 ? "" : ", ") + definition(par, i);
-  result.expression = ComposeFunctionText(session);
-  if (!sevenDigitsDo(session, dialogs, height)) result.expression = withAllDigits(par, result.expression);
+  result.expression =
+      sevenDigitsDo(source, values, listener) ? source.expression : withAllDigits(par, source.expression);
   return result;
 }
 

@@ -10,6 +10,7 @@
 #include "base/Text.h"
 #include "data/DataFiles.h"
 #include "expr/CmpMod.h"
+#include "expr/Formula.h"
 #include "grafile/GraphicRun.h"
 
 namespace vk {
@@ -36,26 +37,32 @@ bool placeOnAxis(double& value, Int16 logarithmic) {
 /// A curve with gaps where its function cannot be computed.
 struct CurveWithGaps {
   Array<double> x{kCurvePoints}, y{kCurvePoints};
-  Array<Int16> failed{kCurvePoints};
+  Array<Fault> faults{kCurvePoints};
 
-  bool hasPoints() const {
-    return std::ranges::any_of(failed.span(1, kCurvePoints), [](Int16 flag) { return flag == 0; });
-  }
+  bool has(int point) const { return faults[point] == Fault::kNone; }
+  bool hasPoints() const { return std::ranges::count(faults.span(1, kCurvePoints), Fault::kNone) > 0; }
+  /// Takes the points to the axes; those that have no place there fall out.
+  void placeOn(Int16 xLogarithmic, Int16 yLogarithmic);
   /// Each piece between two gaps is a line of its own, which begins its dashes anew. A point alone makes none.
   void draw(GralCls& drawing) const;
 };
+
+void CurveWithGaps::placeOn(Int16 xLogarithmic, Int16 yLogarithmic) {
+  for (int i = 1; i <= kCurvePoints; ++i) {
+    if (!placeOnAxis(x[i], xLogarithmic) || !placeOnAxis(y[i], yLogarithmic)) faults[i] = Fault::kDomain;
+  }
+}
 
 void CurveWithGaps::draw(GralCls& drawing) const {
   Array<double> pieceX(kCurvePoints), pieceY(kCurvePoints);
   int count = 0;
   for (int i = 1; i <= kCurvePoints; ++i) {
-    const bool good = failed[i] == 0;
-    if (good) {
+    if (has(i)) {
       ++count;
       pieceX[count] = x[i];
       pieceY[count] = y[i];
     }
-    if (good && i < kCurvePoints) continue;
+    if (has(i) && i < kCurvePoints) continue;
     if (count > 1) drawing.GralDraw(pieceX, pieceY, count);
     count = 0;
   }
@@ -184,21 +191,20 @@ void GraphicRun::plotFunction(const CommandFields& fields) {
   Int16 flag;
   SubstituteExpression(parameters_, expression, flag,
                        xNarrow_ || yNarrow_ ? Precision::kDouble : Precision::kSingle);
-  // An area of its own: the model function of the session stays as it is.
   CompiledExpression compiled;
-  if (flag == 0) CompileExpression(session_, "y@x@ @ @" + expression, compiled, flag);
+  Session session;  // the compiler keeps its report there
+  if (flag == 0) CompileExpression(session, "y@x@ @ @" + expression, compiled, flag);
   if (flag != 0) return fail(described + " Errata");
 
   CurveWithGaps curve;
-  auto& [x, y, failed] = curve;
+  auto& [x, y, faults] = curve;
   const double step = checked::finite((FunXMax_ - FunXMin_) / (kCurvePoints - 1));
   for (int i = 1; i <= kCurvePoints; ++i) x[i] = FunXMin_ + (i - 1) * step;
   const std::array<std::span<const double>, 1> columns{x.span(1, kCurvePoints)};
-  evaluateCodeAt(session_, dialogs_, compiled, columns, y.span(1, kCurvePoints),
-                 failed.span(1, kCurvePoints));
-  for (int i = 1; i <= kCurvePoints; ++i) {
-    if (!placeOnAxis(x[i], xLog_) || !placeOnAxis(y[i], yLog_)) failed[i] = kTrue;
-  }
+  const Fault last =
+      Formula(compiled).values(columns, y.span(1, kCurvePoints), listener_, faults.span(1, kCurvePoints));
+  lastPointFailed_ = last != Fault::kNone;
+  curve.placeOn(xLog_, yLog_);
   if (!curve.hasPoints()) return fail(described + " NON Calcolabile");
   curve.draw(drawing_);
 }

@@ -23,7 +23,7 @@ void GraphicRun::runText(std::string_view text) {
 }
 
 void GraphicRun::runLine(const std::string& line) {
-  session_.ErrFlag = 0;
+  lastPointFailed_ = false;
   if (!line.starts_with('\\')) return;
   failure_.clear();
   obey(line);

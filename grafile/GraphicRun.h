@@ -4,9 +4,12 @@
 #include <string>
 #include <string_view>
 
+#include "data/DataSet.h"
 #include "data/ErrorList.h"
-#include "grafile/GralPlt.h"
+#include "grafile/NamedParameters.h"
 #include "gral/GralCls.h"
+#include "numeric/Fault.h"
+#include "platform/Files.h"
 
 namespace vk {
 
@@ -24,14 +27,17 @@ struct CommandFields {
 class GraphicRun {
  public:
   /// With an error flag other than 0 every command fails.
-  GraphicRun(Session& session, Files& files, Dialogs& dialogs, GralCls& drawing, Int16 errorFlag)
-      : session_(session), files_(files), dialogs_(dialogs), drawing_(drawing), errorFlag_(errorFlag) {}
+  GraphicRun(Files& files, GralCls& drawing, EvaluationListener& listener, Int16 errorFlag = 0)
+      : files_(files), drawing_(drawing), listener_(listener), errorFlag_(errorFlag) {}
 
   /// Runs all lines of a text. A last line that asks for a continuation is run-time error 62.
   void runText(std::string_view text);
 
   /// The messages of the lines that failed, CR LF ended.
   std::string errors() const { return errors_.text(); }
+
+  /// The last line drew a function that has no value at the last of its points.
+  bool lastPointFailed() const { return lastPointFailed_; }
 
   // ---- What the commands do; the table of commands tells which is which ------------------------------------
 
@@ -63,10 +69,9 @@ class GraphicRun {
   bool isNarrow(char axis) const { return axis == 'x' ? xNarrow_ : axis == 'y' && yNarrow_; }
   void keepDoubles(std::string_view kinds, CommandFields& fields) const;
 
-  Session& session_;
   Files& files_;
-  Dialogs& dialogs_;
   GralCls& drawing_;
+  EvaluationListener& listener_;
   Int16 errorFlag_;
   NamedParameters parameters_;
   bool xNarrow_ = false, yNarrow_ = false;  // parameters keep their doubles on this axis
@@ -75,6 +80,7 @@ class GraphicRun {
   double FunXMin_ = 0, FunXMax_ = 0;
   std::string failure_;  // of the present line; empty while it is good
   ErrorList errors_;
+  bool lastPointFailed_ = false;
 };
 
 }  // namespace vk

@@ -4,7 +4,7 @@
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "expr/CmpMod.h"
-#include "grafile/GralPlt.h"
+#include "grafile/NamedParameters.h"
 
 namespace vk {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "base/CheckedMath.h"
 #include "base/Rounding.h"
-#include "grafile/GralPlt.h"
+#include "grafile/NiceLimits.h"
 
 namespace vk {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "grafile/FigurePorts.h"
+#include "commands/FigurePorts.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"

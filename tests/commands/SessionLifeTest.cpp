@@ -1,6 +1,7 @@
 #include <random>
 
 #include "commands/DataCommands.h"
+#include "commands/Preconditions.h"
 #include "commands/ServiceCommands.h"
 #include "commands/StartUp.h"
 #include "doubles/Doubles.h"
@@ -9,7 +10,6 @@
 #include "doubles/ScriptedForms.h"
 #include "session/FileSelection.h"
 #include "session/Msg.h"
-#include "session/Refusals.h"
 
 /// What holds over whole runs of commands.
 namespace vk {

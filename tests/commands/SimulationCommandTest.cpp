@@ -158,7 +158,6 @@ TEST_F(SimulationTest, TheLargestNumberOfPointsIsMade) {
   simulate({"0", "32766", "32767", "1", "1", "0", "0"});
   EXPECT_EQ(session.loaded.data.NumPnt, 32767);
   EXPECT_EQ(session.loaded.data.Xpnt[32767], 32766);
-  EXPECT_EQ(session.loaded.data.NumFunPnt, 2 * 32767);
 }
 
 // ---- What is not reasonable --------------------------------------------------------------------------------
@@ -293,16 +292,12 @@ TEST_F(SimulationTest, APercentageOfXIsTakenBeforeTheScatterAndMayBeZero) {
 
 TEST_F(SimulationTest, TheDataSetIsNewAsAfterARead) {
   session.loaded.data.allocate(300, kTrue);
-  session.loaded.data.NumOldFun = 7;
   session.loaded.data.TitleX = "old";
   simulate({"0", "10", "11", "1", "1", "0", "0"});
   EXPECT_EQ(session.loaded.data.TitleX, "x");
   EXPECT_EQ(session.loaded.data.TitleY, "y");
   EXPECT_EQ(session.loaded.data.NumPnt, 11);
   EXPECT_EQ(session.loaded.data.Xpnt.upper(), 11);
-  EXPECT_EQ(session.loaded.data.NumFunPnt, 50);
-  EXPECT_EQ(session.loaded.data.FunX.upper(), 50);
-  EXPECT_EQ(session.loaded.data.NumOldFun, 0);
   EXPECT_EQ(session.loaded.data.kXpntErr, kFalse);
 }
 

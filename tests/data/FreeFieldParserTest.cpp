@@ -56,13 +56,6 @@ TEST_F(ParseFreeFields, AFileWithLineFeedsOnlyReadsLikeItsTwin) {
   EXPECT_EQ(data.Xpnt[2], 3);
 }
 
-TEST_F(ParseFreeFields, TheCurvesStartAnew) {
-  read("x\r\ny\r\n1\r\n1 2 .1\r\n");
-  EXPECT_EQ(data.NumFunPnt, 50);
-  EXPECT_EQ(data.FunX.upper(), 50);
-  EXPECT_EQ(data.NumOldFun, 0);
-}
-
 TEST_F(ParseFreeFields, WithoutAUsableCountThereAreNoData) {
   for (const char* text : {"", "x\r\ny\r\n", "x\r\ny\r\n0\r\n1 2 .1\r\n", "x\r\ny\r\njunk\r\n1 2 3\r\n",
                            "x\r\ny\r\n-2\r\n1 2 3\r\n", "x\r\ny\r\n40000\r\n1 2 3\r\n", "\xFF\x01"}) {
@@ -132,7 +125,6 @@ TEST_F(ParseFreeFields, TheLargestCountLoads) {
   read(text);
   EXPECT_TRUE(reading.complete);
   EXPECT_EQ(data.ErrYpnt[32767], 32767);
-  EXPECT_EQ(data.NumFunPnt, 65534);
 }
 
 }  // namespace

@@ -244,7 +244,6 @@ TEST_F(ParseLines, AFileOfTheLargestCountLoads) {
   EXPECT_EQ(errors, "");
   EXPECT_EQ(valid, 32767);
   EXPECT_EQ(reading.data.Xpnt[32767], 32767);
-  EXPECT_EQ(reading.data.NumFunPnt, 65534);
 }
 
 const std::string kTooMany = "***ERR. un File Dati NON PUO` Contenere piu` di 32767 Linee di Dati\r\n";
@@ -315,17 +314,6 @@ TEST_F(ParseLines, TheErrorOfXStandsBetweenYAndTheErrorOfY) {
   EXPECT_EQ(data.Ypnt[2], 6);
   EXPECT_EQ(data.ErrXpnt[2], 7);
   EXPECT_EQ(data.ErrYpnt[2], 8);
-}
-
-TEST_F(ParseLines, TheCurvesHaveTwiceAsManyPointsAndAtLeastFifty) {
-  check(manyPoints(24));
-  EXPECT_EQ(data.NumFunPnt, 50);
-  EXPECT_EQ(data.NumOldFun, 0);
-  check(manyPoints(26));
-  EXPECT_EQ(data.NumFunPnt, 52);
-  for (const Array<double>* curve : {&data.FunX, &data.FunY, &data.OldFunX, &data.OldFunY}) {
-    EXPECT_EQ(curve->upper(), 52);
-  }
 }
 
 TEST_F(ParseLines, DepartureATitleOfTabsOrBehindOneIsOneThatCanBeWritten) {

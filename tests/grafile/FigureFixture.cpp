@@ -1,5 +1,6 @@
 #include "grafile/FigureFixture.h"
 
+#include "commands/SessionModel.h"
 #include "doubles/Choices.h"
 #include "expr/FunMod.h"
 
@@ -71,6 +72,23 @@ void FigureFixture::takeFunction(int inner, int outer, const std::vector<double>
   for (const double value : parameters) session.analysis.par.ParValues[++i] = value;
   session.analysis.ParametersSet = kTrue;
   session.analysis.ParVar = kTrue;
+}
+
+SampledCurve FigureFixture::curveOfFigure() const {
+  struct : FigureListener {
+    void pointFailed() override {}
+    void exhausted(Kernel) override {}
+  } nobody;
+  Model model = modelOf(session.analysis);
+  const FigureSource source{.kind = kFunctionFigure,
+                            .data = session.loaded.data,
+                            .dataName = "",
+                            .dataPath = "",
+                            .functionText = "",
+                            .expression = "",
+                            .model = model,
+                            .parameters = session.analysis.par};
+  return computeFigure(source, nobody).value().curve;
 }
 
 }  // namespace vk

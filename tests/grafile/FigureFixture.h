@@ -5,18 +5,18 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "commands/FigureCommands.h"
+#include "commands/PlotWindowCommands.h"
+#include "commands/Preconditions.h"
 #include "doubles/Doubles.h"
 #include "doubles/ErrorOf.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/RecordingPlots.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
-#include "grafile/FigureCommands.h"
-#include "grafile/GralFrm.h"
-#include "grafile/GralPlt.h"
+#include "grafile/StandardFigure.h"
 #include "gral/GralCls.h"
 #include "gral/NominalScreen.h"
-#include "session/Refusals.h"
 
 namespace vk {
 
@@ -45,6 +45,9 @@ class FigureFixture : public ::testing::Test {
                 bool xErrors = false);
   /// Makes a pair of the catalogue current, with these parameters.
   void takeFunction(int inner, int outer, const std::vector<double>& parameters);
+
+  /// The curve of the figure with the function.
+  SampledCurve curveOfFigure() const;
 
   RecordingPlotWindow& lastWindow() { return *plots.windows.back(); }
 

@@ -81,7 +81,7 @@ TEST_P(FunctionRoads, AFittedFigureThatIsSavedReadAndRunIsTheSame) {
   GralCls scales(printer, screen);
   openLike(scales, form, session.figures.GraphText[kFunctionFigure]);
 
-  ASSERT_EQ(generated.curve.size(), static_cast<std::size_t>(session.loaded.data.NumFunPnt));
+  ASSERT_EQ(generated.curve.size(), static_cast<std::size_t>(curveOfFigure().segments));
   for (const std::string& segment : generated.curve) {
     const auto place = numbersOf(segment);
     ASSERT_EQ(place.size(), 4U) << segment;

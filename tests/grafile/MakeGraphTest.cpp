@@ -1,92 +1,8 @@
-#include <cmath>
-#include <set>
-
 #include "base/NumberMasks.h"
-#include "data/DataFiles.h"
-#include "expr/FunMod.h"
-#include "grafile/DrawingLines.h"
-#include "grafile/FigureFixture.h"
+#include "grafile/MakeGraphFixture.h"
 
 namespace vk {
 namespace {
-
-void drawBox(GralCls& d, double Xi, double Xf, int nDivX, double Yi, double Yf, int nDivY,
-             const std::string& legend) {
-  d.GralXMap(5, 18, Xi, Xf);
-  d.GralYMap(4, 13, Yi, Yf);
-  d.GralOaxis(Xi, Xf, Yi, nDivX, 3, false, true, "Tempo (s)");
-  d.GralOaxis(Xi, Xf, Yf, nDivX, -3, false, false, "");
-  d.GralVaxis(Yi, Yf, Xi, nDivY, 3, false, true, legend);
-  d.GralVaxis(Yi, Yf, Xf, nDivY, -3, false, false, "");
-}
-
-void plot(GralCls& d, const DataSet& data) {
-  d.PlotData(data.Xpnt, data.ErrXpnt, data.Ypnt, data.ErrYpnt, data.NumPnt, data.kXpntErr != 0, false, false);
-}
-
-/// A figure of the page of 20 x 15 cm has its plot box from 5 to 18 and from 4 to 13 cm.
-class MakeGraphTest : public FigureFixture {
- protected:
-  std::vector<std::string> makeGraph(int kind) {
-    MakeGraph(session, ports, kind);
-    return lastWindow().form.lines();
-  }
-  /// The drawing without the end of its clipping, which a figure of the generator keeps.
-  std::vector<std::string> openDrawing(const Calls& calls) {
-    std::vector<std::string> drawn = drawing(calls);
-    drawn.pop_back();
-    return drawn;
-  }
-  void loadPoints() { loadData("/D/A.DAT", {{.3, 1, 0, .25}, {5, 2.5, 0, .5}, {9.7, 1.5, 0, .25}}); }
-  /// The function LOG(x-t) of a function file, which fails up to x = t.
-  void takeLogarithm(double t) { takeFormula("LOG(x-t)", t); }
-  /// A function of a function file with the parameter t.
-  void takeFormula(const std::string& formula, double t) {
-    session.loaded.catalogue.file.entries = {{"t", formula, "formula"}};
-    loadFunction(session, 1);
-    takeFunction(6, 1, {t});
-  }
-  /// The figure of the function over the points of `loadPoints`, with a line between neighbours that are
-  /// both good.
-  void expectCurveWithout(const std::set<int>& failed, double Yi, double Yf, int nDivY) {
-    const auto drawn = makeGraph(kFunctionFigure);
-    const DataSet& data = session.loaded.data;
-    for (int i = 0; i <= 50; ++i) EXPECT_EQ(data.FunFailed[i], toFlag(failed.contains(i))) << i;
-    EXPECT_EQ(drawn, openDrawing([&](GralCls& d) {
-                drawBox(d, 0, 10, 10, Yi, Yf, nDivY, "Corsa (m)");
-                for (int i = 1; i <= 50; ++i) {
-                  if (failed.contains(i - 1) || failed.contains(i)) continue;
-                  d.GralLine(data.FunX[i - 1], data.FunY[i - 1], data.FunX[i], data.FunY[i]);
-                }
-                d.GralClip(0, Yi, 10, Yf);
-                plot(d, data);
-              }));
-    EXPECT_EQ(lowTones(), static_cast<int>(failed.size()));
-  }
-  /// Two points with errors in x and the constant 1.
-  void loadXErrors() {
-    loadData("A.DAT", {{.3, 1, 1, .25}, {9.7, 2.5, 2, .5}}, true);
-    takeFunction(1, 1, {1});
-  }
-  /// The differences of `loadXErrors`; their range holds the errors in y: from 0 - 0.25 to 1.5 + 0.5.
-  void expectDifferencesWithErrors(const Array<double>& errors) {
-    EXPECT_EQ(makeGraph(kDifferencesFigure), openDrawing([&](GralCls& d) {
-                drawBox(d, 0, 10, 10, -.5, 2, 5, "Corsa (m) (Mis.-Calc.)");
-                d.GralLine(0, 0, 10, 0);
-                d.GralClip(0, -.5, 10, 2);
-                DataSet differences = session.loaded.data;
-                differences.Ypnt[1] = 0;
-                differences.Ypnt[2] = 1.5;
-                differences.ErrYpnt = errors;
-                differences.kXpntErr = kFalse;
-                plot(d, differences);
-              }));
-  }
-  int lowTones() const {
-    for (const auto& tone : sound.tones) EXPECT_EQ(tone, (RecordingSound::Tone{500, 1}));
-    return static_cast<int>(sound.tones.size());
-  }
-};
 
 TEST_F(MakeGraphTest, TheTextOfTheData) {
   loadPoints();
@@ -202,44 +118,31 @@ TEST_F(MakeGraphTest, TheCurveHasASegmentForEachStepOverTheRoundedRange) {
   loadPoints();
   takeFunction(2, 1, {.5, -1});
   const auto drawn = makeGraph(kFunctionFigure);
-  const DataSet& data = session.loaded.data;
-  ASSERT_EQ(data.NumFunPnt, 50);
+  const SampledCurve curve = curveOfFigure();
+  ASSERT_EQ(curve.segments, 50);
   for (int i = 0; i <= 50; ++i) {
-    EXPECT_DOUBLE_EQ(data.FunX[i], i * .2);
-    EXPECT_DOUBLE_EQ(data.FunY[i], .5 * (i * .2) - 1);
+    EXPECT_DOUBLE_EQ(curve.x[i], i * .2);
+    EXPECT_DOUBLE_EQ(curve.y[i], .5 * (i * .2) - 1);
   }
   EXPECT_EQ(drawn, openDrawing([&](GralCls& d) {
               drawBox(d, 0, 10, 10, -1, 4, 5, "Corsa (m)");
               for (int i = 1; i <= 50; ++i) {
-                d.GralLine(data.FunX[i - 1], data.FunY[i - 1], data.FunX[i], data.FunY[i]);
+                d.GralLine(curve.x[i - 1], curve.y[i - 1], curve.x[i], curve.y[i]);
               }
               d.GralClip(0, -1, 10, 4);
-              plot(d, data);
+              plot(d, session.loaded.data);
             }));
 }
 
-// QUIRK: the first point of the curve, with index 0, is not kept.
-TEST_F(MakeGraphTest, TheCurveIsKeptFromItsSecondPointOn) {
-  loadPoints();
+TEST_F(MakeGraphTest, TheCurveHasTwiceAsManySegmentsAsThereArePointsAndAtLeastFifty) {
   takeFunction(2, 1, {.5, -1});
-  session.loaded.data.OldFunX[0] = session.loaded.data.OldFunY[0] = 77;
-  makeGraph(kFunctionFigure);
-  const DataSet& data = session.loaded.data;
-  EXPECT_EQ(data.NumOldFun, 50);
-  EXPECT_EQ(data.OldFunX[0], 77);
-  EXPECT_EQ(data.OldFunY[0], 77);
-  for (int i = 1; i <= 50; ++i) {
-    EXPECT_EQ(data.OldFunX[i], data.FunX[i]);
-    EXPECT_EQ(data.OldFunY[i], data.FunY[i]);
+  for (const auto& [points, segments] : {std::pair(24, 50), std::pair(26, 52), std::pair(32767, 65534)}) {
+    session.loaded.data.allocate(points, kFalse);
+    const SampledCurve curve = curveOfFigure();
+    EXPECT_EQ(curve.segments, segments);
+    EXPECT_EQ(curve.x.upper(), segments);
+    EXPECT_EQ(curve.y.upper(), segments);
   }
-}
-
-TEST_F(MakeGraphTest, OnlyTheFigureWithTheFunctionKeepsItsCurve) {
-  loadPoints();
-  takeFunction(2, 1, {.5, -1});
-  makeGraph(kDataFigure);
-  makeGraph(kDifferencesFigure);
-  EXPECT_EQ(session.loaded.data.NumOldFun, 0);
 }
 
 TEST_F(MakeGraphTest, TheTextsOfTheDifferences) {
@@ -330,127 +233,6 @@ TEST_F(MakeGraphTest, DepartureDifferencesOfAnySizeAndTitleAreAGoodDataFile) {
   EXPECT_EQ(parseLines(session.figures.DiffText).errors, "");
 }
 
-TEST_F(MakeGraphTest, FivePointsThatCannotBeComputedAreNotDrawnAndBeepEach) {
-  loadData("/D/A.DAT", {{.3, 200, 0, .25}, {5, 201, 0, .5}, {9.7, 202, 0, .25}});
-  takeFormula("LOG(x-t)+200", .9);
-  for (int i = 0; i <= 50; ++i) session.loaded.data.FunY[i] = session.loaded.data.OldFunY[i] = 77;
-  expectCurveWithout({0, 1, 2, 3, 4}, 197, 203, 6);
-  for (int i = 0; i < 5; ++i) EXPECT_EQ(session.loaded.data.FunY[i], 77);
-  EXPECT_DOUBLE_EQ(session.loaded.data.FunY[5], 200 + std::log(.1));
-  EXPECT_NE(session.figures.GraphText[2], "");
-  EXPECT_EQ(session.ErrFlag, 0);
-}
-
-TEST_F(MakeGraphTest, TheLineBeginsAnewBehindAPointThatCannotBeComputed) {
-  loadPoints();
-  takeFormula("t*SQR((x-.3)*(x-.5))", .5);
-  expectCurveWithout({2}, 0, 5, 5);
-}
-
-TEST_F(MakeGraphTest, AGoodPointBetweenTwoThatFailIsNotDrawn) {
-  loadPoints();
-  takeFormula("t*SQR((x-.1)*(x-.3)*(x-.5)*(x-.7))", .01);
-  expectCurveWithout({1, 3}, 0, 2.5, 5);
-}
-
-TEST_F(MakeGraphTest, TheCurveBeforeKeepsItsPointsThatFailed) {
-  loadPoints();
-  takeFormula("t*SQR((x-.3)*(x-.5))", .5);
-  makeGraph(kFunctionFigure);
-  for (int i = 1; i <= 50; ++i) EXPECT_EQ(session.loaded.data.OldFunFailed[i], toFlag(i == 2));
-}
-
-TEST_F(MakeGraphTest, TheSixthPointThatCannotBeComputedEndsTheFigure) {
-  loadPoints();
-  session.figures.DiffText = "differences";
-  session.figures.GraphText = {"", "one", "two", "three"};
-  takeLogarithm(1.1);
-  dialogs.expectBox();
-  MakeGraph(session, ports, kFunctionFigure);
-  EXPECT_EQ(lowTones(), 6);
-  EXPECT_EQ(dialogs.boxes[0].text, "Errori nel Calcolo della Funzione  <*> per Continuare");
-  EXPECT_EQ(session.figures.GraphText[1], "one");
-  EXPECT_EQ(session.figures.GraphText[2], "");
-  EXPECT_EQ(session.figures.GraphText[3], "three");
-  EXPECT_EQ(session.figures.DiffText, "");
-  EXPECT_TRUE(plots.windows.empty());
-  EXPECT_FALSE(window.menuEnabled[Control::MenGraFunGra]);
-  EXPECT_TRUE(window.menuEnabled[Control::MenGraDatGra]);
-}
-
-TEST_F(MakeGraphTest, OnePointThatCannotBeComputedEndsTheDifferences) {
-  loadPoints();
-  session.figures.DiffText = "differences";
-  session.figures.GraphText = {"", "one", "two", "three"};
-  takeLogarithm(.9);
-  MakeGraph(session, ports, kDifferencesFigure);
-  EXPECT_EQ(lowTones(), 1);
-  EXPECT_TRUE(dialogs.boxes.empty());
-  EXPECT_EQ(session.figures.GraphText[2], "two");
-  EXPECT_EQ(session.figures.GraphText[3], "");
-  EXPECT_EQ(session.figures.DiffText, "");
-  EXPECT_TRUE(plots.windows.empty());
-  EXPECT_FALSE(window.menuEnabled[Control::MenGraDifSav]);
-}
-
-TEST_F(MakeGraphTest, EqualXAreOpenedByHalfTheirValueOnBothSides) {
-  loadData("A.DAT", {{3, 1, 0, .25}, {3, 2, 0, .5}});
-  EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
-              drawBox(d, 1.5, 4.5, 6, 1, 2, 5, "Corsa (m)");
-              d.GralClip(1.5, 1, 4.5, 2);
-              plot(d, session.loaded.data);
-            }));
-  EXPECT_EQ(session.ErrFlag, 0);
-  EXPECT_NE(session.figures.GraphText[1].find("\\PARAMETRI(Xi=1.5, Yi=1, Xf=4.5, Yf=2)\r\n"),
-            std::string::npos);
-  EXPECT_NE(session.figures.GraphText[1].find("\\PARAMETRI(nDivX=6, nDivY=5)\r\n"), std::string::npos);
-}
-
-TEST_F(MakeGraphTest, EqualXOfEveryFigureAreOpened) {
-  loadData("A.DAT", {{3, 1, 0, .25}, {3, 2, 0, .5}});
-  takeFunction(2, 1, {.25, .5});
-  makeGraph(kFunctionFigure);
-  EXPECT_DOUBLE_EQ(session.loaded.data.FunX[0], 1.5);
-  EXPECT_DOUBLE_EQ(session.loaded.data.FunX[50], 4.5);
-  makeGraph(kDifferencesFigure);
-  EXPECT_EQ(plots.windows.size(), 2U);
-  EXPECT_EQ(session.ErrFlag, 0);
-}
-
-TEST_F(MakeGraphTest, EqualYAreOpenedNegativeOnesAndZerosToo) {
-  struct Case {
-    double y, low, high;
-    int divisions;
-  };
-  for (const auto& [y, low, high, divisions] : {Case{2, 1, 3, 4}, Case{-2, -3, -1, 4}, Case{0, -1, 1, 4}}) {
-    loadData("A.DAT", {{1, y, 0, .25}, {2.5, y, 0, .25}});
-    EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
-                drawBox(d, 1, 2.6, 8, low, high, divisions, "Corsa (m)");
-                d.GralClip(1, low, 2.6, high);
-                plot(d, session.loaded.data);
-              }));
-    EXPECT_EQ(session.ErrFlag, 0);
-  }
-}
-
-TEST_F(MakeGraphTest, ASinglePointHasAFigure) {
-  loadData("A.DAT", {{4, -4, 0, .25}});
-  EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
-              drawBox(d, 2, 6, 8, -6, -2, 8, "Corsa (m)");
-              d.GralClip(2, -6, 6, -2);
-              plot(d, session.loaded.data);
-            }));
-}
-
-TEST_F(MakeGraphTest, DifferencesThatAreAllZeroAreOpened) {
-  loadData("A.DAT", {{1, 2, 0, 0}, {2.5, 5, 0, 0}});
-  takeFunction(2, 1, {2, 0});
-  makeGraph(kDifferencesFigure);
-  EXPECT_NE(session.figures.GraphText[3].find("\\PARAMETRI(Xi=1, Yi=-1, Xf=2.6, Yf=1)\r\n"),
-            std::string::npos);
-  EXPECT_EQ(session.ErrFlag, 0);
-}
-
 TEST_F(MakeGraphTest, TheTextOfANarrowFigureDrawsTheSameFigure) {
   loadData("/D/A.DAT",
            {{1700000012, 5.0001, 0, .0001}, {1700000300, 5.0002, 0, .0001}, {1700000590, 5.0004, 0, .0001}});
@@ -460,19 +242,6 @@ TEST_F(MakeGraphTest, TheTextOfANarrowFigureDrawsTheSameFigure) {
   drawn.emplace_back("clip off");
   EXPECT_EQ(run(session.figures.GraphText[1]), drawn);
   EXPECT_TRUE(output.requests.empty());
-}
-
-TEST_F(MakeGraphTest, ARangeThatIsNothingButRoundingIsOpened) {
-  takeFunction(2, 1, {0, 5});
-  loadData("A.DAT", {{1, 5, 0, .5}, {2.5, 5.0000000000000009, 0, .5}});
-  for (const int kind : {1, 2}) {
-    makeGraph(kind);
-    const std::string& text = session.figures.GraphText.at(static_cast<std::size_t>(kind));
-    EXPECT_EQ(commandsOf(text, "PARAMETRI")[1], "Xi=1, Yi=2, Xf=2.6, Yf=8");
-  }
-  loadData("A.DAT", {{1, 5, 0, .5}, {2.5, 5.00000000001, 0, .5}});
-  makeGraph(1);
-  EXPECT_EQ(commandsOf(session.figures.GraphText[1], "PARAMETRI")[1], "Xi=1, Yi=5, Xf=2.6, Yf=5.00000000001");
 }
 
 TEST_F(MakeGraphTest, TheTextHasTheValuesOfTheParametersWhereSevenDigitsDrawAnotherCurve) {

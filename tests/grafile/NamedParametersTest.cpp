@@ -1,4 +1,7 @@
-#include "grafile/FigureFixture.h"
+#include "grafile/NamedParameters.h"
+
+#include "base/NumberText.h"
+#include "doubles/ErrorOf.h"
 
 namespace vk {
 namespace {

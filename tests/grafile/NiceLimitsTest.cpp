@@ -1,6 +1,8 @@
+#include "grafile/NiceLimits.h"
+
 #include <limits>
 
-#include "grafile/FigureFixture.h"
+#include "doubles/ErrorOf.h"
 
 namespace vk {
 namespace {

@@ -8,13 +8,10 @@ namespace {
 class RunGraphicFileTest : public FigureFixture {
  protected:
   RunGraphicFileTest() { files.content["OTHER.DAT"] = lines({"a", "b", "2 1", "5 6 .1 .2", "7 8 .3 .4"}); }
-  /// A session with three points that no file holds, effective errors and curves.
+  /// A session with three points that no file holds, and effective errors.
   void loadOwnData(const std::string& name) {
     loadData(name, {{1, 2, .1, .5}, {2, 3, .1, .5}, {4, 1, .1, .5}}, true);
     for (int i = 1; i <= 3; ++i) session.loaded.data.ErrEff[i] = i / 8.0;
-    session.loaded.data.FunY[0] = 17;
-    session.loaded.data.OldFunX[3] = 18;
-    session.loaded.data.NumOldFun = 50;
   }
   void expectOwnData(const DataSet& before) {
     const DataSet& data = session.loaded.data;
@@ -27,12 +24,6 @@ class RunGraphicFileTest : public FigureFixture {
     EXPECT_EQ(data.ErrEff, before.ErrEff);
     EXPECT_EQ(data.TitleX, before.TitleX);
     EXPECT_EQ(data.TitleY, before.TitleY);
-    EXPECT_EQ(data.NumFunPnt, before.NumFunPnt);
-    EXPECT_EQ(data.FunX, before.FunX);
-    EXPECT_EQ(data.FunY, before.FunY);
-    EXPECT_EQ(data.OldFunX, before.OldFunX);
-    EXPECT_EQ(data.OldFunY, before.OldFunY);
-    EXPECT_EQ(data.NumOldFun, before.NumOldFun);
   }
 
   const std::string otherData = lines({"\\DATI(OTHER.DAT)", "\\SPEZZATA(OTHER.DAT)", "\\CURVA(OTHER.DAT)"});

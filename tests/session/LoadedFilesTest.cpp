@@ -17,15 +17,13 @@ TEST(LoadDataFile, TakesTheDataAndTheNameOfTheFile) {
   EXPECT_EQ(loaded.data.Ypnt[3], 6);
 }
 
-TEST(LoadDataFile, OldPointsAndCurvesAreGone) {
+TEST(LoadDataFile, OldPointsAreGone) {
   LoadedFiles loaded;
-  loaded.data.FunX[1] = loaded.data.OldFunY[1] = loaded.data.ErrEff[1] = 5;
+  loaded.data.ErrEff[1] = 5;
   LoadDataFile(loaded, "X.DAT", parseLines("x\ny\n2\n1 2 .1\n2 4 .2\n").data);
   EXPECT_EQ(loaded.data.Xpnt.upper(), 2);
   EXPECT_EQ(loaded.data.ErrEff.upper(), 2);
   EXPECT_EQ(loaded.data.ErrEff[1], 0);
-  EXPECT_EQ(loaded.data.FunX[1], 0);
-  EXPECT_EQ(loaded.data.OldFunY[1], 0);
 }
 
 }  // namespace

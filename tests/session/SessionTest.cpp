@@ -56,8 +56,6 @@ TEST(Session, TheFirstDataSetHasRoomForAHundredPoints) {
         &session.loaded.data.ErrYpnt, &session.loaded.data.ErrEff}) {
     EXPECT_EQ(column->upper(), 100);
   }
-  EXPECT_EQ(session.loaded.data.FunX.upper(), 50);
-  EXPECT_EQ(session.loaded.data.FunY.upper(), 50);
   EXPECT_EQ(session.loaded.data.kXpntErr, 0);
 }
 

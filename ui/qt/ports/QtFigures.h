@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grafile/FigurePorts.h"
+#include "commands/FigurePorts.h"
 #include "ui/qt/ports/DesktopServices.h"
 #include "ui/qt/ports/QtPaper.h"
 #include "ui/qt/ports/QtPlotWindow.h"

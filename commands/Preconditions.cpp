@@ -1,4 +1,6 @@
-#include "session/Refusals.h"
+#include "commands/Preconditions.h"
+
+#include "grafile/FigureKind.h"
 
 namespace vk {
 namespace {

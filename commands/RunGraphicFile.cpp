@@ -1,6 +1,7 @@
 #include "base/Text.h"
-#include "grafile/GralFrm.h"
-#include "grafile/GralPlt.h"
+#include "commands/FigureCommands.h"
+#include "commands/PlotWindowCommands.h"
+#include "commands/SessionModel.h"
 #include "grafile/GraphicRun.h"
 #include "gral/GralCls.h"
 #include "session/Msg.h"
@@ -31,8 +32,10 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
                     static_cast<double>(session.figures.GraphScale[kFileScale]));
 
   try {
-    GraphicRun run(session, ports.files, ports.dialogs, drawing, errorFlag);
+    ExhaustedBox listener(session, ports.dialogs);
+    GraphicRun run(ports.files, drawing, listener, errorFlag);
     run.runText(text);
+    session.ErrFlag = toFlag(run.lastPointFailed());
     // QUIRK: a function that cannot be computed at its last point, drawn by the last line, opens an empty list.
     const bool wrong = !run.errors().empty() || session.ErrFlag != 0;
     if (wrong && session.settings.ShowErrors != kFalse) showErrors(ports.output, run.errors(), onPrinter);

@@ -1,7 +1,7 @@
 #include <array>
 
 #include "base/Text.h"
-#include "grafile/GralPlt.h"
+#include "commands/FigureCommands.h"
 #include "session/FileSelection.h"
 
 namespace vk {

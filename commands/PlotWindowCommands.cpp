@@ -1,4 +1,4 @@
-#include "grafile/GralFrm.h"
+#include "commands/PlotWindowCommands.h"
 
 #include <cmath>
 

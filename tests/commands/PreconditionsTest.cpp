@@ -1,11 +1,13 @@
-#include "session/Refusals.h"
+#include "commands/Preconditions.h"
+
+#include "grafile/FigureKind.h"
 
 #include "doubles/ScriptedDialogs.h"
 
 namespace vk {
 namespace {
 
-class RefusalsTest : public testing::Test {
+class PreconditionsTest : public testing::Test {
  protected:
   void set(bool function, bool data, bool parameters = false) {
     session.analysis.FunDefined = toFlag(function);
@@ -27,13 +29,13 @@ class RefusalsTest : public testing::Test {
   ScriptedDialogs dialogs;
 };
 
-TEST_F(RefusalsTest, TheDataFigureNeedsDataOnly) {
+TEST_F(PreconditionsTest, TheDataFigureNeedsDataOnly) {
   expectRefusedFigure(kDataFigure, "Dati NON Definiti!     <*> per Continuare");
   set(false, true);
   EXPECT_TRUE(canDrawFigure(session, dialogs, kDataFigure));
 }
 
-TEST_F(RefusalsTest, FiguresWithAFunctionTellWhatIsMissing) {
+TEST_F(PreconditionsTest, FiguresWithAFunctionTellWhatIsMissing) {
   for (const int figure : {kFunctionFigure, kDifferencesFigure}) {
     set(false, true);
     expectRefusedFigure(figure, "Funzione NON Definita!     <*> per Continuare");
@@ -46,7 +48,7 @@ TEST_F(RefusalsTest, FiguresWithAFunctionTellWhatIsMissing) {
   }
 }
 
-TEST_F(RefusalsTest, TheFitTellsWhatIsMissing) {
+TEST_F(PreconditionsTest, TheFitTellsWhatIsMissing) {
   set(false, true, true);
   expectRefusedFit("Funzione NON Definita!  <*> per Continuare");
   set(true, false, true);
@@ -57,12 +59,12 @@ TEST_F(RefusalsTest, TheFitTellsWhatIsMissing) {
   expectRefusedFit("Parametri NON Definiti!  <*> per Continuare");
 }
 
-TEST_F(RefusalsTest, TheFitDoesNotMissParametersBeforeDataAndFunctionAreThere) {
+TEST_F(PreconditionsTest, TheFitDoesNotMissParametersBeforeDataAndFunctionAreThere) {
   set(true, false, false);
   expectRefusedFit("Dati NON Definiti!  <*> per Continuare");
 }
 
-TEST_F(RefusalsTest, WithEverythingThereTheFitStarts) {
+TEST_F(PreconditionsTest, WithEverythingThereTheFitStarts) {
   set(true, true, true);
   EXPECT_TRUE(canFit(session, dialogs));
 }

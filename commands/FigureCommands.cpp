@@ -1,7 +1,8 @@
-#include "grafile/FigureCommands.h"
+#include "commands/FigureCommands.h"
 
-#include "grafile/GralPlt.h"
-#include "session/Refusals.h"
+#include "commands/FigureCommands.h"
+#include "commands/Preconditions.h"
+#include "grafile/FigureKind.h"
 
 namespace vk {
 namespace {

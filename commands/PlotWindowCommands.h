@@ -1,8 +1,9 @@
+/// Unit GralFrm: the plot window.
 #pragma once
 
 #include <string>
 
-#include "grafile/FigurePorts.h"
+#include "commands/FigurePorts.h"
 #include "session/Session.h"
 
 /// The plot window `GralFrm`: what it does when the user clicks into it.

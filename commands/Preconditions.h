@@ -8,10 +8,7 @@
 /// Commands whose menu entry can be on before all that they need is there test it themselves and say so.
 namespace vk {
 
-/// The standard figures.
-enum FigureKind : int { kDataFigure = 1, kFunctionFigure = 2, kDifferencesFigure = 3 };
-
-/// True when the figure can be drawn; otherwise a plain box says what is missing.
+/// True when the figure (`FigureKind`) can be drawn; otherwise a plain box says what is missing.
 bool canDrawFigure(const Session& session, Dialogs& dialogs, int figure);
 
 /// True when a fit can start; otherwise a plain box says what is missing.

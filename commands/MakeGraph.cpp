@@ -1,0 +1,70 @@
+#include "base/Guard.h"
+#include "commands/FigureCommands.h"
+#include "commands/PlotWindowCommands.h"
+#include "commands/SessionModel.h"
+#include "expr/FunMod.h"
+#include "grafile/StandardFigure.h"
+#include "session/Msg.h"
+#include "session/SoundSignal.h"
+
+namespace vk {
+namespace {
+
+constexpr Int16 kErrorSound = 1;
+
+/// Beeps at each point where the function has no value, and tells of an exhausted kernel.
+class FailureSignals : public FigureListener {
+ public:
+  FailureSignals(Session& session, FigurePorts& ports)
+      : session_(session), ports_(ports), box_(session, ports.dialogs) {}
+  void pointFailed() override { SoundSignal(session_, ports_.sound, kErrorSound); }
+  void exhausted(Kernel kernel) override { box_.exhausted(kernel); }
+
+ private:
+  Session& session_;
+  FigurePorts& ports_;
+  ExhaustedBox box_;
+};
+
+FigureSource sourceOf(const Session& session, Model& model, int kind) {
+  return {.kind = kind,
+          .data = session.loaded.data,
+          .dataName = session.loaded.DataFile,
+          .dataPath = session.loaded.DataPath,
+          .functionText = session.analysis.fun.FunctionText,
+          .expression = ComposeFunctionText(session),
+          .model = model,
+          .parameters = session.analysis.par};
+}
+
+/// Opens a plot window for a figure.
+void openFigure(Session& session, FigurePorts& ports, GralCls& drawing, int kind) {
+  PlotWindow& window = newPlotWindow(ports);
+  drawing.GralCaption = "VOR_KEL: Grafico " + nameOfFigure(kind);
+  const auto scale = static_cast<double>(session.figures.GraphScale.at(static_cast<std::size_t>(kind - 1)));
+  guard(session.ErrFlag, [&] { drawing.GralGrStr(window.device(), paperOrientation(session), scale); });
+}
+
+}  // namespace
+
+void MakeGraph(Session& session, FigurePorts& ports, Int16 kind) {
+  Model model = modelOf(session.analysis);
+  const FigureSource source = sourceOf(session, model, kind);
+  FailureSignals signals(session, ports);
+  FigureTexts texts;
+  const auto values = computeFigure(source, signals);
+  session.ErrFlag = toFlag(!values && kind == kDifferencesFigure);
+  if (values) {
+    GralCls drawing(ports.printer, ports.screen);
+    openFigure(session, ports, drawing, kind);
+    texts = drawFigure(source, *values, drawing, signals);
+    if (texts.failed != 0) session.ErrFlag = kTrue;
+  } else if (kind == kFunctionFigure) {
+    ports.dialogs.plainBox(kProgramTitle, "Errori nel Calcolo della Funzione  <*> per Continuare");
+  }
+  session.figures.GraphText.at(static_cast<std::size_t>(kind)) = texts.graph;
+  if (!values || kind == kDifferencesFigure) session.figures.DiffText = texts.differences;
+  Msg(session, ports.window);
+}
+
+}  // namespace vk

@@ -1,0 +1,96 @@
+#include <algorithm>
+#include <cmath>
+
+#include "base/CheckedMath.h"
+#include "base/Guard.h"
+#include "grafile/FunctionValues.h"
+#include "grafile/NiceLimits.h"
+#include "grafile/StandardFigure.h"
+
+namespace vk {
+namespace {
+
+constexpr int kMostFailedPoints = 5;
+constexpr int kLeastCurveSegments = 50;
+
+/// A range of zero has no scale, nor has one that holds nothing but the rounding of its values and could not
+/// be told with 15 digits: it is opened around its value.
+void openRange(double& low, double& high) {
+  constexpr double kRounding = 1E-13;
+  if (high - low > kRounding * std::max(std::abs(low), std::abs(high))) return;
+  const double d = low == 0 ? 1 : std::abs(low) / 2;
+  low -= d;
+  high += d;
+}
+
+void findXLimits(const DataSet& data, FigureValues& values) {
+  guard(values.failed, [&] { RangeOf(values.Xi, values.Xf, data.Xpnt, data.NumPnt); });
+  openRange(values.Xi, values.Xf);
+  guard(values.failed, [&] { NiceLimits(values.Xi, values.Xf, values.nDivX); });
+}
+
+/// The curve of the function over the range of x, which the range of y takes in.
+bool sampleFunction(const FigureSource& source, FigureValues& values, FigureListener& listener) {
+  SampledCurve& curve = values.curve;
+  curve.segments = std::max(2 * source.data.NumPnt, kLeastCurveSegments);
+  for (Array<double>* column : {&curve.x, &curve.y}) column->dim(curve.segments);
+  curve.failed.dim(curve.segments);
+  double distance = 0;
+  guard(values.failed, [&] { distance = checked::finite((values.Xf - values.Xi) / curve.segments); });
+  for (int i = 0; i <= curve.segments; ++i) curve.x[i] = values.Xi + i * distance;
+  int failed = 0;
+  const auto take = [&](std::size_t i, const Evaluation& y) {
+    const int point = static_cast<int>(i);
+    if (y.fault != Fault::kNone) {
+      curve.failed[point] = kTrue;
+      listener.pointFailed();
+      return ++failed <= kMostFailedPoints;
+    }
+    curve.y[point] = y.value;
+    values.Yi = std::min(values.Yi, y.value);
+    values.Yf = std::max(values.Yf, y.value);
+    return true;
+  };
+  return eachValue(source.model, source.parameters.ParValues, curve.x.span(0, curve.segments), listener,
+                   take);
+}
+
+/// The differences of data and function; the range of y becomes that of their error bars.
+bool computeDifferences(const FigureSource& source, FigureValues& values, FigureListener& listener) {
+  const DataSet& data = source.data;
+  values.differences.dim(data.NumPnt);
+  const auto take = [&](std::size_t index, const Evaluation& y) {
+    if (y.fault != Fault::kNone) {
+      listener.pointFailed();
+      return false;
+    }
+    const int i = static_cast<int>(index) + 1;
+    const double e = data.ErrYpnt[i];
+    double& d = values.differences[i];
+    guard(values.failed, [&] { d = checked::finite(data.Ypnt[i] - y.value); });
+    values.Yi = i == 1 ? d - e : std::min(values.Yi, d - e);
+    values.Yf = i == 1 ? d + e : std::max(values.Yf, d + e);
+    return true;
+  };
+  return eachValue(source.model, source.parameters.ParValues, data.Xpnt.span(1, data.NumPnt), listener, take);
+}
+
+bool findYLimits(const FigureSource& source, FigureValues& values, FigureListener& listener) {
+  guard(values.failed, [&] { RangeOf(values.Yi, values.Yf, source.data.Ypnt, source.data.NumPnt); });
+  if (source.kind == kFunctionFigure && !sampleFunction(source, values, listener)) return false;
+  if (source.kind == kDifferencesFigure && !computeDifferences(source, values, listener)) return false;
+  openRange(values.Yi, values.Yf);
+  guard(values.failed, [&] { NiceLimits(values.Yi, values.Yf, values.nDivY); });
+  return true;
+}
+
+}  // namespace
+
+std::optional<FigureValues> computeFigure(const FigureSource& source, FigureListener& listener) {
+  FigureValues values;
+  findXLimits(source.data, values);
+  if (!findYLimits(source, values, listener)) return std::nullopt;
+  return values;
+}
+
+}  // namespace vk

@@ -1,0 +1,206 @@
+#include "grafile/StandardFigure.h"
+
+#include <utility>
+
+#include "base/Guard.h"
+#include "base/NumberMasks.h"
+#include "base/Text.h"
+#include "data/DataFiles.h"
+#include "grafile/FunctionLines.h"
+
+namespace vk {
+namespace {
+
+constexpr const char* kNumberMask = "#.####^^^^";
+constexpr double kTickLength = 3;  // mm
+constexpr double kMarkRadius = 1.5;
+constexpr int kMarkType = 5;
+
+/// A text of lines that end in CR LF.
+class LineText {
+ public:
+  LineText& operator<<(const std::string& line) {
+    text_ += line;
+    text_ += kCrLf;
+    return *this;
+  }
+  void append(const LineText& other) { text_ += other.text_; }
+  const std::string& text() const { return text_; }
+
+ private:
+  std::string text_;
+};
+
+/// One figure while it is drawn.
+class FigureDrawing {
+ public:
+  FigureDrawing(const FigureSource& source, const FigureValues& values, GralCls& drawing,
+                EvaluationListener& listener)
+      : source_(source), data_(source.data), values_(values), drawing_(drawing), listener_(listener) {}
+
+  FigureTexts draw();
+
+ private:
+  bool hasFunction() const { return source_.kind != kDataFigure; }
+  bool ofDifferences() const { return source_.kind == kDifferencesFigure; }
+
+  /// Runs one statement under the guard of the figure.
+  template <class Statement>
+  void step(Statement&& statement) {
+    guard(failed_, std::forward<Statement>(statement));
+  }
+
+  void describeOrigin();
+  void placePlotBox();
+  void drawAxes();
+  void drawFunction();
+  void drawData();
+  void drawDifferences();
+
+  const FigureSource& source_;
+  const DataSet& data_;
+  const FigureValues& values_;
+  GralCls& drawing_;
+  EvaluationListener& listener_;
+  LineText graph_;
+  LineText differencesFile_;
+  Int16 failed_ = values_.failed;
+  const double Xi = values_.Xi, Xf = values_.Xf, Yi = values_.Yi, Yf = values_.Yf;
+};
+
+FigureTexts FigureDrawing::draw() {
+  describeOrigin();
+  placePlotBox();
+  drawAxes();
+  if (source_.kind == kFunctionFigure) drawFunction();
+  step([&] { drawing_.GralMakeMark(kMarkRadius, kMarkType); });
+  graph_ << "%Seleziona il Simbolo"
+         << "\\TIPO_SIMBOLO(1.5,5)";
+  if (ofDifferences()) {
+    drawDifferences();
+  } else {
+    drawData();
+  }
+  return {graph_.text(), differencesFile_.text(), failed_};
+}
+
+void FigureDrawing::describeOrigin() {
+  const ParameterSet& par = source_.parameters;
+  LineText header;
+  header << "%File Dati: " + source_.dataName;
+  if (hasFunction()) {
+    header << "%Funzione : " + source_.functionText << "%Parametri: ";
+    for (int i = 1; i <= par.ParCount; ++i) {
+      const std::string name = par.name(i);
+      const std::string margin = repeat(par.ParNameWidth - length(name), ' ');
+      header << "%          " + margin + name + " = " + FormatMask(par.ParValues[i], kNumberMask);
+    }
+  }
+  graph_ << "%File Grafico " + nameOfFigure(source_.kind);
+  graph_.append(header);
+  if (!ofDifferences()) return;
+  differencesFile_ << "%File Dati Differenze Dati-Funzione";
+  differencesFile_.append(header);
+  differencesFile_ << "" << dataTitle(data_.TitleX) << dataTitle(data_.TitleY) << signedText(data_.NumPnt);
+}
+
+void FigureDrawing::placePlotBox() {
+  const double Xcmi = drawing_.XlLog + 5.0, Xcmf = drawing_.XrLog - 2.0;
+  const double Ycmi = drawing_.YbLog + 4.0, Ycmf = drawing_.YtLog - 2.0;
+  step([&] { drawing_.GralXMap(Xcmi, Xcmf, Xi, Xf); });
+  step([&] { drawing_.GralYMap(Ycmi, Ycmf, Yi, Yf); });
+  const auto box = [](const char* xi, double left, const char* yi, double bottom, const char* xf,
+                      double right, const char* yf, double top) {
+    return std::string("\\PARAMETRI(") + xi + "=" + FormatPattern(left) + ", " + yi + "=" +
+           FormatPattern(bottom) + ", " + xf + "=" + FormatPattern(right) + ", " + yf + "=" +
+           FormatPattern(top) + ")";
+  };
+  graph_ << "%Coordinate Fisiche" << box("Xcmi", Xcmi, "Ycmi", Ycmi, "Xcmf", Xcmf, "Ycmf", Ycmf)
+         << "%Coordinate Logiche" << box("Xi", Xi, "Yi", Yi, "Xf", Xf, "Yf", Yf)
+         << "%Scala le Coordinate Fisiche in Coordinate Logiche"
+         << "\\XSCALA(Xcmi, Xcmf, Xi, Xf)"
+         << "\\YSCALA(Ycmi, Ycmf, Yi, Yf)"
+         << "%Divisioni degli Assi"
+         << "\\PARAMETRI(nDivX=" + FormatPattern(values_.nDivX) + ", nDivY=" + FormatPattern(values_.nDivY) +
+                ")";
+}
+
+void FigureDrawing::drawAxes() {
+  const std::string legend = data_.TitleY + (ofDifferences() ? " (Mis.-Calc.)" : "");
+  step([&] { drawing_.GralOaxis(Xi, Xf, Yi, values_.nDivX, kTickLength, false, true, data_.TitleX); });
+  step([&] { drawing_.GralOaxis(Xi, Xf, Yf, values_.nDivX, -kTickLength, false, false, ""); });
+  step([&] { drawing_.GralVaxis(Yi, Yf, Xi, values_.nDivY, kTickLength, false, true, legend); });
+  step([&] { drawing_.GralVaxis(Yi, Yf, Xf, values_.nDivY, -kTickLength, false, false, ""); });
+  graph_ << "%Disegna gli Assi"
+         << "\\XASSE(Xi, Xf, Yi, nDivX, 3, 1," + data_.TitleX + ")"
+         << "\\XASSE(Xi, Xf, Yf, nDivX, -3, 0)"
+         << "\\YASSE(Yi, Yf, Xi, nDivY, 3, 1," + legend + ")"
+         << "\\YASSE(Yi, Yf, Xf, nDivY, -3, 0)"
+         << "%Limita l'Area del Disegno"
+         << "\\AREA(Xi, Yi, Xf, Yf)";
+}
+
+void FigureDrawing::drawFunction() {
+  const auto& [segments, x, y, failed] = values_.curve;
+  for (int i = 1; i <= segments; ++i) {
+    if (failed[i - 1] != kFalse || failed[i] != kFalse) continue;
+    step([&] { drawing_.GralLine(x[i - 1], y[i - 1], x[i], y[i]); });
+  }
+  const FunctionLines lines = functionLines(source_, values_, listener_);
+  graph_ << "%Disegna la Funzione"
+         << "\\PARAMETRI(" + lines.parameters + ")"
+         << "\\FUNZIONE(" + lines.expression + ")";
+}
+
+void FigureDrawing::drawData() {
+  step([&] { drawing_.GralClip(Xi, Yi, Xf, Yf); });
+  step([&] {
+    drawing_.PlotData(data_.Xpnt, data_.ErrXpnt, data_.Ypnt, data_.ErrYpnt, data_.NumPnt,
+                      data_.kXpntErr != kFalse, false, false);
+  });
+  graph_ << "%Disegna i Dati"
+         << "\\Dati(" + source_.dataPath + ")";
+}
+
+void FigureDrawing::drawDifferences() {
+  // QUIRK: the differences file has no name yet, so that the saved figure shows the axes until it has got one.
+  graph_ << "%Disegna la Linea dello Zero "
+         << "\\LINEA(Xi, 0, Xf, 0)"
+         << "%Attenzione: per Disegnare i Dati"
+         << "%1) Salvare il File Dati delle Differenze"
+         << "%2) Inserire nella Riga Successiva il Nome del File"
+         << "%\\DATI(inserire il nome del File Differenze)"
+         << "%3) e Rimuovere il %";
+  step([&] { drawing_.GralLine(Xi, 0, Xf, 0); });
+  step([&] { drawing_.GralClip(Xi, Yi, Xf, Yf); });
+  const Array<double>& errors = data_.kXpntErr != kFalse ? data_.ErrEff : data_.ErrYpnt;
+  step([&] {
+    drawing_.PlotData(data_.Xpnt, data_.ErrXpnt, values_.differences, errors, data_.NumPnt, false, false,
+                      false);
+  });
+  for (int i = 1; i <= data_.NumPnt; ++i) {
+    differencesFile_ << dataField(data_.Xpnt[i], kNumberMask) + " " +
+                            dataField(values_.differences[i], kNumberMask) + " " +
+                            dataField(errors[i], kNumberMask);
+  }
+}
+
+}  // namespace
+
+std::string nameOfFigure(int kind) {
+  switch (kind) {
+    case kDataFigure:
+      return "Dati";
+    case kFunctionFigure:
+      return "Dati e Funzione";
+    default:
+      return "Differenze Dati-Funzione";
+  }
+}
+
+FigureTexts drawFigure(const FigureSource& source, const FigureValues& values, GralCls& drawing,
+                       EvaluationListener& listener) {
+  return FigureDrawing(source, values, drawing, listener).draw();
+}
+
+}  // namespace vk

@@ -1,0 +1,67 @@
+/// Unit GralPlt: the standard figures.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "base/Array.h"
+#include "base/Int16.h"
+#include "data/DataSet.h"
+#include "expr/Model.h"
+#include "grafile/FigureKind.h"
+#include "grafile/FigureListener.h"
+#include "gral/GralCls.h"
+#include "session/ParameterSet.h"
+
+/// The figures of data and function that the program draws by itself.
+namespace vk {
+
+/// What a figure is called in its window and in its graphic file.
+std::string nameOfFigure(int kind);
+
+/// What a standard figure is made of.
+struct FigureSource {
+  int kind;  ///< `FigureKind`
+  const DataSet& data;
+  std::string dataName;      ///< of the data file, as it is shown
+  std::string dataPath;      ///< as it was opened
+  std::string functionText;  ///< as it is shown
+  std::string expression;    ///< the function in the formula language
+  Model& model;
+  const ParameterSet& parameters;
+};
+
+/// A function over the range of x: points 0..segments.
+struct SampledCurve {
+  int segments = 0;
+  Array<double> x, y;
+  Array<Flag> failed;  ///< the function has no value here: y tells nothing
+};
+
+/// What a figure shows.
+struct FigureValues {
+  double Xi = 0, Xf = 0, Yi = 0, Yf = 0;  ///< limits in user coordinates
+  Int16 nDivX, nDivY;
+  SampledCurve curve;         ///< of the figure with the function
+  Array<double> differences;  ///< 1..points, of the figure of the differences
+  Int16 failed;               ///< -1 when a step failed
+};
+
+/// Computes what a figure shows. Limits that are equal, but for the rounding of their values, are opened on both
+/// sides: by half their value, or by 1 where that is 0. A failing step is passed over.
+///
+/// Nothing when more than five points of the curve, or one of the differences, cannot be computed.
+std::optional<FigureValues> computeFigure(const FigureSource& source, FigureListener& listener);
+
+/// The texts of a figure, with lines that end in CR LF.
+struct FigureTexts {
+  std::string graph;        ///< the graphic file that draws the figure
+  std::string differences;  ///< the differences as a data file; only of their figure
+  Int16 failed;             ///< -1 when a step failed, of the computing ones too
+};
+
+/// Draws a figure on an open drawing and describes it line by line, side by side.
+FigureTexts drawFigure(const FigureSource& source, const FigureValues& values, GralCls& drawing,
+                       EvaluationListener& listener);
+
+}  // namespace vk

@@ -8,8 +8,6 @@
 /// The logic of the form `Loa_Fun`, by which the user takes a function of the file read into the catalogue.
 namespace vk {
 
-struct Session;
-
 inline constexpr const char* kLoadCaption = "VOR_KEL: Carica Funzione";
 inline constexpr const char* kDescriptionFrame = "Descrizione";
 inline constexpr const char* kDefinitionFrame = "Definizione";
@@ -17,7 +15,7 @@ inline constexpr const char* kParametersFrame = "Parametri";
 
 class LoadFunction {
  public:
-  explicit LoadFunction(const Session& session) : session_(session) {}
+  explicit LoadFunction(const FunctionFile& file) : file_(file) {}
 
   /// Takes the descriptions of the function file, code page 437, into the list and selects the first.
   void refill();
@@ -34,7 +32,7 @@ class LoadFunction {
  private:
   FunctionFile::Entry entry() const;
 
-  const Session& session_;
+  const FunctionFile& file_;
   std::vector<std::string> list_;
   int selected_ = 0;
 };

@@ -110,7 +110,7 @@ class LoadFunctionTest : public testing::Test {
   }
 
   Session session;
-  LoadFunction form{session};
+  LoadFunction form{session.loaded.catalogue.file};
 };
 
 TEST_F(LoadFunctionTest, TheListShowsTheDescriptionsWithTheFirstSelected) {

@@ -85,7 +85,7 @@ class Application {
   QtDialogs dialogs_{windows_, message_};
   QtPrinter printer_;
   SelectFunction select_{session_};
-  LoadFunction load_{session_};
+  LoadFunction load_{session_.loaded.catalogue.file};
   InpMod input_{session_.ErrFlag, dialogs_, sound_, compiler()};
 
   // The forms, in the order of their making.

@@ -68,7 +68,8 @@ void ControlStyle::drawComplexControl(ComplexControl control, const QStyleOption
   QProxyStyle::drawComplexControl(control, option, painter, widget);
   const bool focused = option->state.testFlag(State_HasFocus);
   if (control == CC_ComboBox && focused)
-    drawRing(*painter, subElementRect(SE_ComboBoxFocusRect, option, widget), option->palette);
+    drawRing(*painter, option->rect.adjusted(kRingWidth, kRingWidth, -kRingWidth, -kRingWidth),
+             option->palette);
   if (control != CC_ScrollBar || !option->subControls.testFlag(SC_ScrollBarSlider)) return;
   drawThumb(*painter, subControlRect(control, option, SC_ScrollBarSlider, widget), *option);
   if (focused) drawRing(*painter, option->rect, option->palette);

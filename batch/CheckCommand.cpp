@@ -34,8 +34,7 @@ std::string checkFunctions(Session& session, Files& files, std::string fileName)
 
 /// The figure is drawn on a form that nobody sees: what cannot be drawn is an error too.
 std::string checkFigure(Session& session, Files&, std::string fileName) {
-  FigureDesk desk;
-  const std::string errors = drawGraphicFile(session, desk, fileName);
+  const std::string errors = drawGraphicFile(fileName, *quietForm());
   session.ErrFlag = toFlag(!errors.empty());
   return errors;
 }

@@ -3,23 +3,36 @@
 #include <iostream>
 
 #include "batch/DataInput.h"
-#include "commands/FigureCommands.h"
+#include "commands/PlotWindowCommands.h"
+#include "commands/SessionModel.h"
+#include "grafile/GraphicRun.h"
+#include "gral/NoPrinter.h"
+#include "gral/NominalScreen.h"
 
 namespace vk {
 
-std::string drawGraphicFile(Session& session, FigureDesk& desk, const std::string& fileName) {
-  session.settings.ShowErrors = kTrue;
-  RunGraphicFile(session, desk.ports, fileName, "Form", 0);
-  return desk.output.request().text;
+std::string drawGraphicFile(const std::string& fileName, Device& page) {
+  TerminalFiles files;
+  TerminalDialogs dialogs;
+  Session session;
+  ExhaustedBox listener(session, dialogs);
+  const std::string text = files.readAll(fileName);
+  NoPrinter printer;
+  NominalScreen screen;
+  GralCls drawing(printer, screen);
+  drawing.GralGrStr(page, paperOrientation(session), 1);
+  GraphicRun run(files, drawing, listener);
+  run.runText(text);
+  drawing.GralGrEnd();
+  return run.errors();
 }
 
 int runDraw(const DrawArguments& arguments, FigureMaker& maker) {
   FigureForm form = maker.formFor(arguments.figure);
-  FigureDesk desk([&] { return std::move(form.device); });
-  Session session;
+  TerminalFiles files;
   std::string errors;
-  usingFile(arguments.graphicFile, [&] { errors = drawGraphicFile(session, desk, arguments.graphicFile); });
-  if (errors.empty() || arguments.anyway) writeFile(desk.files, arguments.figure, form.bytes());
+  usingFile(arguments.graphicFile, [&] { errors = drawGraphicFile(arguments.graphicFile, *form.device); });
+  if (errors.empty() || arguments.anyway) writeFile(files, arguments.figure, form.bytes());
   if (errors.empty()) return kExitDone;
   std::cerr << shownName(arguments.graphicFile) << ":\n" << terminalText(errors);
   return kExitBadInput;

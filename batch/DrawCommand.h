@@ -2,9 +2,8 @@
 
 #include <string>
 
-#include "batch/FigureDesk.h"
 #include "batch/FigureMaker.h"
-#include "session/Session.h"
+#include "gral/Device.h"
 
 namespace vk {
 
@@ -19,7 +18,7 @@ struct DrawArguments {
 /// and an old file stays as it is. Files that cannot be read or written raise `UsageError`.
 int runDraw(const DrawArguments& arguments, FigureMaker& maker);
 
-/// Runs a graphic file on a desk and gives the list of its errors, CR LF ended.
-std::string drawGraphicFile(Session& session, FigureDesk& desk, const std::string& fileName);
+/// Draws a graphic file on a page of A4 and gives the list of its errors, CR LF ended.
+std::string drawGraphicFile(const std::string& fileName, Device& page);
 
 }  // namespace vk

@@ -23,9 +23,6 @@ struct Filling {
   bool operator==(const Filling&) const = default;
 };
 
-/// The lines of a hatch repeat every so many nominal pixels.
-inline constexpr int kHatchCell = 8;
-
 /// Areas without an outline get one of their own colour, so wide in twips, where they are shown smoothed: they
 /// touch one another, and the ground would shine through between two smoothed edges. It stays under a line that
 /// is drawn along them.

@@ -17,27 +17,8 @@ int ceilWithin(double x, int low, int high) {
   return static_cast<int>(std::clamp(std::ceil(x), static_cast<double>(low), static_cast<double>(high)));
 }
 
-bool hatched(const Brush& brush, int x, int y) {
-  const int cell = brush.cell;
-  const int line = std::max(1, cell / 8);
-  const bool row = y % cell < line, column = x % cell < line;
-  const bool up = (x + y) % cell < line, down = (x - y % cell + cell) % cell < line;
-  switch (brush.style) {
-    case kFillHorizontal:
-      return row;
-    case kFillVertical:
-      return column;
-    case kFillUpward:
-      return up;
-    case kFillDownward:
-      return down;
-    case kFillCross:
-      return row || column;
-    case kFillDiagonalCross:
-      return up || down;
-    default:
-      return brush.style == kFillSolid;
-  }
+bool isPainted(const Brush& brush, int x, int y) {
+  return brush.style == kFillSolid || onHatch(brush.style, x, y, brush.cell);
 }
 
 /// Sums of the channels of pixels, two pixels at a time: the four 16-bit parts of a number hold a channel
@@ -154,7 +135,7 @@ void Raster::paint(int y, int x1, int x2, const Brush& brush) {
   if (brush.style == kFillSolid) return span(y, x1, x2, brush.color);
   if (brush.style == kFillTransparent || y < clip_.y1 || y >= clip_.y2) return;
   for (int x = std::max(x1, clip_.x1); x < std::min(x2, clip_.x2); ++x) {
-    if (hatched(brush, x, y)) set(x, y, brush.color);
+    if (isPainted(brush, x, y)) set(x, y, brush.color);
   }
 }
 
@@ -348,7 +329,7 @@ Picture Raster::stencil(std::span<const RowSpan> area, const Brush& brush, Pixel
   for (const RowSpan& run : area) {
     std::uint32_t* row = &result.pixels[static_cast<std::size_t>(run.y - box.y1) * width];
     for (int x = run.x1; x < run.x2; ++x) {
-      if (hatched(brush, x, run.y)) row[x - box.x1] = brush.color;
+      if (isPainted(brush, x, run.y)) row[x - box.x1] = brush.color;
     }
   }
   return result;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "gral/DeviceTypes.h"
+#include "gral/Hatch.h"
 
 namespace vk {
 
@@ -43,7 +44,7 @@ class Nib {
 struct Brush {
   std::uint32_t color = 0;
   int style = kFillSolid;
-  int cell = 8;
+  int cell = kHatchCell;
 };
 
 /// The pixels x1 <= x < x2 of a row.

@@ -6,6 +6,7 @@
 #include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
+#include "gral/Hatch.h"
 #include "gral/PictureBoxes.h"
 
 namespace vk {
@@ -46,29 +47,21 @@ std::string dashLengths(int style, double width) {
 
 /// The lines of a hatch in one cell, a nominal pixel wide and inside the cell, which cuts what leaves it: the
 /// slanted ones pass its corners, where a short piece of the neighbour's line is drawn along.
-std::string hatchLines(int style, double cell) {
-  const std::string c = number(cell), m = number(kNominalTwipsPerPixel / 2);
-  const std::string row = "M0 " + m + "H" + c, column = "M" + m + " 0V" + c;
-  const std::string w = number(kNominalTwipsPerPixel), ww = number(2 * kNominalTwipsPerPixel);
-  const std::string up = "M0 " + c + "L" + c + " 0M-" + w + " " + w + "l" + ww + " -" + ww + "M" +
-                         number(cell - kNominalTwipsPerPixel) + " " + number(cell + kNominalTwipsPerPixel) +
-                         "l" + ww + " -" + ww;
-  const std::string down = "M0 0L" + c + " " + c + "M" + number(cell - kNominalTwipsPerPixel) + " -" + w +
-                           "l" + ww + " " + ww + "M-" + w + " " + number(cell - kNominalTwipsPerPixel) + "l" +
-                           ww + " " + ww;
-  switch (style) {
-    case kFillHorizontal:
-      return row;
-    case kFillVertical:
-      return column;
-    case kFillUpward:
-      return up;
-    case kFillDownward:
-      return down;
-    case kFillCross:
-      return row + column;
+std::string hatchInCell(HatchDirection direction, double cell) {
+  constexpr double kWidth = kNominalTwipsPerPixel;
+  const std::string c = number(cell), w = number(kWidth), ww = number(2 * kWidth), m = number(kWidth / 2);
+  const std::string before = number(cell - kWidth), behind = number(cell + kWidth);
+  switch (direction) {
+    case HatchDirection::kHorizontal:
+      return "M0 " + m + "H" + c;
+    case HatchDirection::kVertical:
+      return "M" + m + " 0V" + c;
+    case HatchDirection::kUpward:
+      return "M0 " + c + "L" + c + " 0M-" + w + " " + w + "l" + ww + " -" + ww + "M" + before + " " + behind +
+             "l" + ww + " -" + ww;
     default:
-      return up + down;
+      return "M0 0L" + c + " " + c + "M" + before + " -" + w + "l" + ww + " " + ww + "M-" + w + " " + before +
+             "l" + ww + " " + ww;
   }
 }
 
@@ -154,10 +147,13 @@ std::string SvgWriter::paint() {
   const double cell = kHatchCell * kNominalTwipsPerPixel;
   const std::string name = "hatch" + generalText(filling_.style) + color.substr(1);
   if (defined_.insert(name).second) {
+    std::string lines;
+    for (const HatchDirection direction : hatchDirections(filling_.style))
+      lines += hatchInCell(direction, cell);
     definitions_ += "<pattern" + attribute("id", name) + attribute("width", number(cell)) +
                     attribute("height", number(cell)) + " patternUnits=\"userSpaceOnUse\"><path" +
                     attribute("stroke", color) + attribute("stroke-width", number(kNominalTwipsPerPixel)) +
-                    attribute("d", hatchLines(filling_.style, cell)) + "/></pattern>\n";
+                    attribute("d", lines) + "/></pattern>\n";
   }
   return "url(#" + name + ")";
 }

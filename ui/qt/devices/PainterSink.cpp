@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/CodePage.h"
+#include "gral/Hatch.h"
 #include "gral/PictureBoxes.h"
 #include "ui/qt/devices/QtPicture.h"
 
@@ -17,33 +18,11 @@ QColor colorOf(Colour color) {
   return QColor(color.rgb());
 }
 
-/// Parallel lines through a box, a nominal pixel wide and eight apart, as on the screen: their places depend
-/// on the page alone, so that the hatches of areas side by side meet.
-QPainterPath hatchLines(int style, const QRectF& box) {
-  constexpr double kStep = kHatchCell * kNominalTwipsPerPixel;
+QPainterPath hatchPath(int style, const QRectF& box) {
   QPainterPath path;
-  const auto add = [&path](double x1, double y1, double x2, double y2) {
-    path.moveTo(x1, y1);
-    path.lineTo(x2, y2);
-  };
-  const auto firstFrom = [](double from) { return std::floor(from / kStep) * kStep; };
-  constexpr double kMiddle = kNominalTwipsPerPixel / 2;
-  const bool cross = style == kFillCross, diagonal = style == kFillDiagonalCross;
-  for (double y = firstFrom(box.top()); y <= box.bottom() && (style == kFillHorizontal || cross);
-       y += kStep) {
-    add(box.left(), y + kMiddle, box.right(), y + kMiddle);
-  }
-  for (double x = firstFrom(box.left()); x <= box.right() && (style == kFillVertical || cross); x += kStep) {
-    add(x + kMiddle, box.top(), x + kMiddle, box.bottom());
-  }
-  const bool up = style == kFillUpward || diagonal, down = style == kFillDownward || diagonal;
-  for (double sum = firstFrom(box.left() + box.top()); sum <= box.right() + box.bottom() && up;
-       sum += kStep) {
-    add(sum - box.bottom(), box.bottom(), sum - box.top(), box.top());
-  }
-  for (double lead = firstFrom(box.left() - box.bottom()); lead <= box.right() - box.top() && down;
-       lead += kStep) {
-    add(lead + box.top(), box.top(), lead + box.bottom(), box.bottom());
+  for (const auto& [from, to] : hatchLines(style, {box.left(), box.top()}, {box.right(), box.bottom()})) {
+    path.moveTo(from.x, from.y);
+    path.lineTo(to.x, to.y);
   }
   return path;
 }
@@ -127,7 +106,7 @@ void PainterSink::drawArea(const QPainterPath& path, const QPen& outline) {
   if (filling_.style > kFillTransparent) {
     painter_.save();
     painter_.setClipPath(path, painter_.hasClipping() ? Qt::IntersectClip : Qt::ReplaceClip);
-    painter_.strokePath(hatchLines(filling_.style, path.boundingRect()),
+    painter_.strokePath(hatchPath(filling_.style, path.boundingRect()),
                         QPen(colorOf(filling_.color), kNominalTwipsPerPixel));
     painter_.restore();
   }

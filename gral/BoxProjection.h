@@ -6,27 +6,33 @@
 
 namespace vk {
 
+/// How a box in space is seen: the Usr point that the centre of its floor stands on, the angles in degrees by which
+/// `theta` turns it about the vertical and `phi` raises the viewer, and its edge lengths in Usr units.
+struct BoxView {
+  double Xoc, Yoc;
+  double theta, phi;
+  double Vx, Vy, Vz;
+};
+
 /// A box in space as it is seen in Usr, in parallel projection: its edges, and the corner that they leave.
-/// The centre of its floor stands on (Xoc, Yoc); `theta` turns it about the vertical and `phi` raises the
-/// viewer, in degrees; Vx, Vy, Vz are its edge lengths in Usr units.
 struct BoxProjection {
   double st, ct, sp, cp;  ///< sine and cosine of theta and phi
   PlanePoint ex, ey, ez;  ///< a unit along each edge
   PlanePoint xEdge, yEdge, zEdge;
   PlanePoint corner;
 
-  BoxProjection(double Xoc, double Yoc, double theta, double phi, double Vx, double Vy, double Vz)
-      : st(std::sin(theta * kRadians)),
-        ct(std::cos(theta * kRadians)),
-        sp(std::sin(phi * kRadians)),
-        cp(std::cos(phi * kRadians)),
+  explicit BoxProjection(const BoxView& view)
+      : st(std::sin(view.theta * kRadians)),
+        ct(std::cos(view.theta * kRadians)),
+        sp(std::sin(view.phi * kRadians)),
+        cp(std::cos(view.phi * kRadians)),
         ex{st, ct * cp},
         ey{ct, cp * st},
         ez{0, sp},
-        xEdge(Vx * ex),
-        yEdge(Vy * ey),
-        zEdge(Vz * ez),
-        corner(PlanePoint{Xoc, Yoc} - 0.5 * xEdge - 0.5 * yEdge) {}
+        xEdge(view.Vx * ex),
+        yEdge(view.Vy * ey),
+        zEdge(view.Vz * ez),
+        corner(PlanePoint{view.Xoc, view.Yoc} - 0.5 * xEdge - 0.5 * yEdge) {}
 
   static constexpr double kRadians = 3.1415926 / 180;
 };

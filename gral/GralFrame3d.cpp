@@ -84,13 +84,12 @@ Int16 slopeOf(const PlanePoint& edge, int upright) {
 /// A frame while it is drawn.
 class Frame {
  public:
-  Frame(GralCls& drawing, const BoxProjection& box, double Vx, double Vy, double Vz)
-      : drawing_(drawing), box_(box), Vx_(Vx), Vy_(Vy), Vz_(Vz) {}
+  Frame(GralCls& drawing, const BoxView& view) : drawing_(drawing), view_(view), box_(view) {}
 
   void drawX(const AxisTexts& axis) {
     TickLabels labels(drawing_, axis);
     for (int k = 1; k <= axis.nT; ++k) {
-      const PlanePoint p = box_.corner + checked::divide(axis.T[k], Vx_) * box_.xEdge;
+      const PlanePoint p = box_.corner + checked::divide(axis.T[k], view_.Vx) * box_.xEdge;
       const PlanePoint e = p + box_.yEdge;
       line(p, e);
       line(p, p + box_.zEdge);
@@ -104,7 +103,7 @@ class Frame {
   void drawY(const AxisTexts& axis) {
     TickLabels labels(drawing_, axis);
     for (int k = 1; k <= axis.nT; ++k) {
-      const PlanePoint p = box_.corner + checked::divide(axis.T[k], Vy_) * box_.yEdge;
+      const PlanePoint p = box_.corner + checked::divide(axis.T[k], view_.Vy) * box_.yEdge;
       const PlanePoint t = p + box_.zEdge;
       line(p, p + box_.xEdge);
       line(p, t);
@@ -117,7 +116,7 @@ class Frame {
   void drawZ(const AxisTexts& axis) {
     TickLabels labels(drawing_, axis);
     for (int k = 1; k <= axis.nT; ++k) {
-      const PlanePoint p = box_.corner + checked::divide(axis.T[k], Vz_) * box_.zEdge;
+      const PlanePoint p = box_.corner + checked::divide(axis.T[k], view_.Vz) * box_.zEdge;
       const PlanePoint end = p + box_.xEdge;
       line(p, end);
       line(end, end - 0.5 * box_.ey);
@@ -140,8 +139,8 @@ class Frame {
   }
 
   GralCls& drawing_;
-  const BoxProjection& box_;
-  double Vx_, Vy_, Vz_;
+  BoxView view_;
+  BoxProjection box_;
 };
 
 /// Fills the walls of a box.
@@ -183,11 +182,10 @@ void GralCls::GralFrame3d(float Xoc, float Yoc, float theta, float phi, float Vx
                           Array<std::string>& Sz, Int16 nSx, Int16 nSy, Int16 nSz, bool) {
   const SavedFontSize saved(*GralDev);
   GralDev->setFontSize(kLabelPoints);
-  const BoxProjection box(Xoc, Yoc, theta, phi, Vx, Vy, Vz);
   makeRoom(Sx, nTx);
   makeRoom(Sy, nTy);
   makeRoom(Sz, nTz);
-  Frame frame(*this, box, Vx, Vy, Vz);
+  Frame frame(*this, {Xoc, Yoc, theta, phi, Vx, Vy, Vz});
   frame.drawX({Tx, nTx, Sx, nSx});
   frame.drawY({Ty, nTy, Sy, nSy});
   frame.drawZ({Tz, nTz, Sz, nSz});
@@ -198,16 +196,16 @@ void GralCls::Frame3D(float Xoc, float Yoc, float theta, float phi, float Vx, fl
                       Int16 nTy, Int16 nTz, Array<std::string>& Sx, Array<std::string>& Sy,
                       Array<std::string>& Sz, Int16 nSx, Int16 nSy, Int16 nSz, bool Scr3d, bool Gray3d,
                       bool Col3d, const Array<float>& HSFrmCol) {
-  const BoxProjection box(Xoc, Yoc, theta, phi, Vx, Vy, Vz);
-  const double x = Vx, y = Vy, z = Vz;
+  const BoxView view{Xoc, Yoc, theta, phi, Vx, Vy, Vz};
+  const BoxProjection box(view);
   {
     const SavedDrawing saved(*GralDev);
     GralDev->setFillStyle(kFillSolid);
     const Walls walls(*this, Gray3d, Col3d, HSFrmCol);
-    walls.fill(box.corner, box.xEdge, box.zEdge, box.xEdge.x * box.zEdge.y, x * z);
+    walls.fill(box.corner, box.xEdge, box.zEdge, box.xEdge.x * box.zEdge.y, view.Vx * view.Vz);
     walls.fill(box.corner, box.xEdge, box.yEdge, box.xEdge.x * box.yEdge.y - box.xEdge.y * box.yEdge.x,
-               x * y);
-    walls.fill(box.corner, box.yEdge, box.zEdge, box.zEdge.y * box.yEdge.x, y * z);
+               view.Vx * view.Vy);
+    walls.fill(box.corner, box.yEdge, box.zEdge, box.zEdge.y * box.yEdge.x, view.Vy * view.Vz);
   }
   GralFrame3d(Xoc, Yoc, theta, phi, Vx, Vy, Vz, Tx, Ty, Tz, nTx, nTy, nTz, Sx, Sy, Sz, nSx, nSy, nSz, Scr3d);
 }

@@ -103,17 +103,17 @@ void drawCell(GralCls& drawing, const SurfaceStyle& style, const SurfacePoint& A
 /// The columns of a field: its steps from cell to cell, and the colours of the faces that are seen.
 class Columns {
  public:
-  Columns(GralCls& drawing, const BoxProjection& box, double Vx, double Vy, int nx, int ny, bool Gray3d)
+  Columns(GralCls& drawing, const BoxView& view, int nx, int ny, bool Gray3d)
       : drawing_(drawing),
-        box_(box),
-        xStep_(checked::divide(1, nx) * box.xEdge),
-        yStep_(checked::divide(1, ny) * box.yEdge) {
+        box_(view),
+        xStep_(checked::divide(1, nx) * box_.xEdge),
+        yStep_(checked::divide(1, ny) * box_.yEdge) {
     const auto [a, b] = xStep_;
     const auto [c, d] = yStep_;
-    const double ux = Vx / nx, uy = Vy / ny;
+    const double ux = view.Vx / nx, uy = view.Vy / ny;
     const double across = a * c + b * d;
-    const double s1 = std::abs(checked::divide(box.sp * a, ux));
-    const double s2 = std::abs(checked::divide(box.sp * c, uy));
+    const double s1 = std::abs(checked::divide(box_.sp * a, ux));
+    const double s2 = std::abs(checked::divide(box_.sp * c, uy));
     // QUIRK: only a quarter of what the edges have in common is taken off, so that tops are a little bright.
     const double s3 = checked::sqrt((a * a + b * b) * (c * c + d * d) - across * across / 4) / ux / uy;
     if (!Gray3d) return;
@@ -142,7 +142,7 @@ class Columns {
   }
 
   GralCls& drawing_;
-  const BoxProjection& box_;
+  BoxProjection box_;
   PlanePoint xStep_, yStep_;
   std::array<Colour, 3> colors_{kWhite, kWhite, kWhite};
 };
@@ -153,7 +153,7 @@ void GralCls::Surf3D(float Xoc, float Yoc, float theta, float phi, float Vx, flo
                      const Array2<float>& z, Int16 nx, Int16 ny, bool Gray3d, bool Col3d,
                      const Array<float>& HSBColSur, const Array<float>& ValLev, int nValLev,
                      const Array2<float>& HSBColLev, int nColLev) {
-  const BoxProjection box(Xoc, Yoc, theta, phi, Vx, Vy, Vz);
+  const BoxProjection box({Xoc, Yoc, theta, phi, Vx, Vy, Vz});
   const CellShades shades(checked::divide(Vx, nx - 1), checked::divide(Vy, ny - 1), yPixelsPerUsr());
   const bool levels = nValLev > 0;
   const SurfaceStyle style{
@@ -188,8 +188,7 @@ void GralCls::Surf3D(float Xoc, float Yoc, float theta, float phi, float Vx, flo
 
 void GralCls::GralLego3d(float Xoc, float Yoc, float theta, float phi, float Vx, float Vy, float Vz,
                          const Array2<float>& z, Int16 nx, Int16 ny, bool Gray3d, bool) {
-  const BoxProjection box(Xoc, Yoc, theta, phi, Vx, Vy, Vz);
-  const Columns columns(*this, box, Vx, Vy, nx, ny, Gray3d);
+  const Columns columns(*this, {Xoc, Yoc, theta, phi, Vx, Vy, Vz}, nx, ny, Gray3d);
   const SavedDrawing saved(*GralDev);
   GralDev->setFillStyle(kFillSolid);
   GralDev->setFillColor(kWhite);

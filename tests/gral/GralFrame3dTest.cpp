@@ -51,7 +51,7 @@ class Frames : public GralFixture {
   Array<float> Tx{0}, Ty{0}, Tz{0};
   Array<std::string> Sx = textsOf({""}), Sy = textsOf({""}), Sz = textsOf({""});
   Int16 nSx, nSy, nSz;
-  BoxProjection box{8, 4, 30, 45, 4, 3, 2};
+  BoxProjection box{{8, 4, 30, 45, 4, 3, 2}};
 };
 
 TEST_F(Frames, HaveThreeLinesForEachTickOfX) {

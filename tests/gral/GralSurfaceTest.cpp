@@ -35,7 +35,7 @@ class FigureCatcher : public LineWriter {
 
 TEST(Boxes, AreSeenFromThetaAndPhi) {
   const double root3 = std::sqrt(3.0), root2 = std::sqrt(2.0);
-  const BoxProjection box(8, 4, 30, 45, 4, 3, 2);
+  const BoxProjection box({8, 4, 30, 45, 4, 3, 2});
   EXPECT_NEAR(box.xEdge.x, 2, 1E-6);
   EXPECT_NEAR(box.xEdge.y, 4 * root3 / 2 * root2 / 2, 1E-6);
   EXPECT_NEAR(box.yEdge.x, 3 * root3 / 2, 1E-6);
@@ -48,7 +48,7 @@ TEST(Boxes, AreSeenFromThetaAndPhi) {
 
 TEST(Boxes, HaveTheirFloorsCentreOnTheGivenPoint) {
   for (const double theta : {0.0, 20.0, 135.0}) {
-    const BoxProjection box(3, -2, theta, 60, 5, 7, 1);
+    const BoxProjection box({3, -2, theta, 60, 5, 7, 1});
     const PlanePoint centre = box.corner + 0.5 * (box.xEdge + box.yEdge);
     EXPECT_NEAR(centre.x, 3, 1E-12);
     EXPECT_NEAR(centre.y, -2, 1E-12);
@@ -100,7 +100,7 @@ TEST_F(Surfaces, WithoutShadesAndLevelsAreAMeshOfWires) {
   surface(drawing, gridOf(3, 2, [](int i, int j) { return 0.3 * i + 0.2 * j; }), {});
   const auto found = figures();
   ASSERT_EQ(found.size(), 2U);
-  const BoxProjection box(8, 4, 30, 45, 4, 4, 3);
+  const BoxProjection box({8, 4, 30, 45, 4, 4, 3});
   const auto point = [&](int i, int j) {
     return pixel(box.corner + (i - 1) / 2.0 * box.xEdge + (j - 1) * box.yEdge + (0.3 * i + 0.2 * j) * box.ez);
   };
@@ -117,7 +117,7 @@ TEST_F(Surfaces, AreDrawnRowByRow) {
   surface(drawing, flat(4, 3), {});
   const auto found = figures();
   ASSERT_EQ(found.size(), 6U);
-  const BoxProjection box(8, 4, 30, 45, 4, 4, 3);
+  const BoxProjection box({8, 4, 30, 45, 4, 4, 3});
   std::size_t n = 0;
   for (int j = 0; j < 2; ++j) {
     for (int i = 0; i < 3; ++i, ++n) {
@@ -300,7 +300,7 @@ TEST_F(Surfaces, WithAsManyColoursAsLevelsHaveLevelLines) {
   EXPECT_EQ(catcher.caught[1].color, HsbToRgb(0.2F, 1, 0.4F));
   EXPECT_EQ(form.ForeColor(), Colour::fromBgr(0x00FFFF));
   // level 0.5 crosses A-C and A-B in their middles
-  const BoxProjection box(8, 4, 30, 45, 4, 4, 3);
+  const BoxProjection box({8, 4, 30, 45, 4, 4, 3});
   const PlanePoint onX = box.corner + 0.5 * box.xEdge + 0.5 * box.ez;
   const PlanePoint onY = box.corner + 0.5 * box.yEdge + 0.5 * box.ez;
   std::vector<double> found{catcher.caught[0].x1, catcher.caught[0].x2};
@@ -399,7 +399,7 @@ TEST_F(ColumnFields, HaveThreeFacesOfFourPointsEach) {
                      3, false, false);
   const auto found = figures();
   ASSERT_EQ(found.size(), 18U);
-  const BoxProjection box(8, 4, 30, 45, 4, 3, 2);
+  const BoxProjection box({8, 4, 30, 45, 4, 3, 2});
   std::size_t n = 0;
   for (int j = 1; j <= 3; ++j) {
     for (int i = 1; i <= 2; ++i) {

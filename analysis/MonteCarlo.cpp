@@ -32,7 +32,8 @@ double MonteCarlo::sample() {
   for (int i = 0; i <= par_.ParCount; ++i) {
     const double e = par_.ParDeltas[i];
     trapped([&] {
-      d = e <= 0 ? e * (2.0 * random_.next() - 1) : checked::finite(e * normalDeviate(random_, deviates_));
+      d = e <= 0 ? e * (2 * static_cast<double>(random_.next()) - 1)
+                 : checked::finite(e * normalDeviate(random_, deviates_));
     });
     trapped([&] { values_[i] = checked::finite(par_.ParValues[i] + d); });
   }

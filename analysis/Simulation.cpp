@@ -111,7 +111,8 @@ SimulatedData simulate(const SimulationSettings& settings, Model& model, const P
 
 void scatterStart(ParameterSet& par, UniformSource& random) {
   for (int i = 1; i <= par.FreeCount; ++i) {
-    par.FreeValues[i] = checked::finite(par.FreeValues[i] * ((random.next() - 0.5) * kScatter + 1));
+    par.FreeValues[i] =
+        checked::finite(par.FreeValues[i] * ((static_cast<double>(random.next()) - 0.5) * kScatter + 1));
   }
 }
 

@@ -15,7 +15,7 @@ Seed::Seed(const std::string& text) {
     return;
   }
   const double value = isNumeric(text) ? scanNumber(text) : HUGE_VAL;
-  if (std::abs(value) > std::numeric_limits<float>::max()) {
+  if (std::abs(value) > static_cast<double>(std::numeric_limits<float>::max())) {
     throw UsageError("--seed \"" + text + "\": si attende un numero");
   }
   seed_ = static_cast<float>(value);

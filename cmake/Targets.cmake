@@ -4,7 +4,7 @@ add_library(vor_flags INTERFACE)
 target_include_directories(vor_flags INTERFACE ${CMAKE_SOURCE_DIR})
 # Results must be the same at every optimisation level: no contraction of a*b+c, no rewriting of pow().
 target_compile_options(vor_flags INTERFACE
-  -Wall -Wextra -Wconversion -Wshadow -ffp-contract=off -fno-builtin-pow)
+  -Wall -Wextra -Wconversion -Wdouble-promotion -Wshadow -ffp-contract=off -fno-builtin-pow)
 if(VOR_WERROR)
   target_compile_options(vor_flags INTERFACE -Werror)
 endif()

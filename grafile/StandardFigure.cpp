@@ -105,8 +105,9 @@ void FigureDrawing::describeOrigin() {
 }
 
 void FigureDrawing::placePlotBox() {
-  const double Xcmi = drawing_.XlLog + 5.0, Xcmf = drawing_.XrLog - 2.0;
-  const double Ycmi = drawing_.YbLog + 4.0, Ycmf = drawing_.YtLog - 2.0;
+  const double XlLog = drawing_.XlLog, XrLog = drawing_.XrLog, YbLog = drawing_.YbLog, YtLog = drawing_.YtLog;
+  const double Xcmi = XlLog + 5, Xcmf = XrLog - 2;
+  const double Ycmi = YbLog + 4, Ycmf = YtLog - 2;
   step([&] { drawing_.GralXMap(Xcmi, Xcmf, Xi, Xf); });
   step([&] { drawing_.GralYMap(Ycmi, Ycmf, Yi, Yf); });
   const auto box = [](const char* xi, double left, const char* yi, double bottom, const char* xf,

@@ -18,7 +18,7 @@ void fillBand(Device& device, const LevelBand& band) {
 }  // namespace
 
 Colour LevelColors::operator()(int c) const {
-  return HsbToRgb(hsb(c, 1), hsb(c, 2), shaded ? brightnessOf(shade) : hsb(c, 3));
+  return HsbToRgb(hsb(c, 1), hsb(c, 2), shaded ? brightnessOf(shade) : static_cast<double>(hsb(c, 3)));
 }
 
 void BandFillTriangle(Device& device, const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3,

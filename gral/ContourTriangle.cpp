@@ -13,7 +13,7 @@ PlanePoint onEdge(const LevelCorner& from, const LevelCorner& to, double level) 
 
 int LevelIndex(double value, const Array<float>& VLev, int nl) {
   for (int k = 1; k <= nl; ++k) {
-    if (VLev[k] > value) return k - 1;
+    if (static_cast<double>(VLev[k]) > value) return k - 1;
   }
   return nl;
 }

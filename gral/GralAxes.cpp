@@ -100,7 +100,7 @@ void GralCls::GralVaxis(double yi, double yf, double x, double ny, double dx, bo
       GralWinPrintString(xl, ticks.first + k * ticks.step, L > 0 ? 2 : 0, 0, fs, 0, text.labels[k]);
     }
   }
-  GralDev->setFontSize(fs * fScaleEff);
+  GralDev->setFontSize(fs * static_cast<double>(fScaleEff));
   const double W = widestText(text.labels);
   const int last = text.labels.upper();
   const double H = std::abs(GralDev->TextHeight(last < 0 ? "" : text.labels[last]));

@@ -24,6 +24,16 @@ Mapping mapThrough(double log1, double log2, double usr1, double usr2, double fi
   return {scale, edge(firstLog), edge(lastLog), {}};
 }
 
+/// From a system to the next by its scale: `edge` is mapped to `image`. Fields of single precision widen here.
+double forth(double value, double edge, double scale, double image) {
+  return image + (value - edge) * scale;
+}
+
+/// The way back.
+double back(double value, double image, double scale, double edge) {
+  return edge + checked::divide(value - image, scale);
+}
+
 }  // namespace
 
 void GralCls::GralXMap(double XiL, double XfL, double XiU, double XfU) {
@@ -43,21 +53,21 @@ void GralCls::GralYMap(double YiL, double YfL, double YiU, double YfU) {
 }
 
 double GralCls::xLog2Scr(double x) const {
-  return ScrLeft + (x - XlLog) * xScaleL2S;
+  return forth(x, XlLog, xScaleL2S, ScrLeft);
 }
 
 double GralCls::xScr2Log(double x) const {
-  return XlLog + checked::divide(x - ScrLeft, xScaleL2S);
+  return back(x, ScrLeft, xScaleL2S, XlLog);
 }
 
 double GralCls::xUsr2Log(double x) const {
   if (xNarrow_.counts(XlUsr, xScaleU2L)) return xNarrow_.toLog(x);
-  return XlLog + (x - XlUsr) * xScaleU2L;
+  return forth(x, XlUsr, xScaleU2L, XlLog);
 }
 
 double GralCls::xLog2Usr(double x) const {
   if (xNarrow_.counts(XlUsr, xScaleU2L)) return xNarrow_.toUsr(x);
-  return XlUsr + checked::divide(x - XlLog, xScaleU2L);
+  return back(x, XlLog, xScaleU2L, XlUsr);
 }
 
 double GralCls::xUsr2Scr(double x) const {
@@ -69,21 +79,21 @@ double GralCls::xScr2Usr(double x) const {
 }
 
 double GralCls::yLog2Scr(double y) const {
-  return ScrTop + (y - YtLog) * yScaleL2S;
+  return forth(y, YtLog, yScaleL2S, ScrTop);
 }
 
 double GralCls::yScr2Log(double y) const {
-  return YtLog + checked::divide(y - ScrTop, yScaleL2S);
+  return back(y, ScrTop, yScaleL2S, YtLog);
 }
 
 double GralCls::yUsr2Log(double y) const {
   if (yNarrow_.counts(YtUsr, yScaleU2L)) return yNarrow_.toLog(y);
-  return YtLog + (y - YtUsr) * yScaleU2L;
+  return forth(y, YtUsr, yScaleU2L, YtLog);
 }
 
 double GralCls::yLog2Usr(double y) const {
   if (yNarrow_.counts(YtUsr, yScaleU2L)) return yNarrow_.toUsr(y);
-  return YtUsr + checked::divide(y - YtLog, yScaleU2L);
+  return back(y, YtLog, yScaleU2L, YtUsr);
 }
 
 double GralCls::yUsr2Scr(double y) const {

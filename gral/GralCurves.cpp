@@ -88,7 +88,7 @@ GralCls::PlotPoint GralCls::plotPoint(double value, double error, bool hasError,
 }
 
 void GralCls::drawYBar(const PlotPoint& x, const PlotPoint& y) {
-  const double r = GralMarkDim / kMmPerCm;
+  const double r = static_cast<double>(GralMarkDim) / kMmPerCm;
   if (!(std::abs(yUsr2Log(y.low) - yUsr2Log(y.high)) / 2 > r)) return;
   const double xs = xUsr2Scr(x.value);
   const double y1 = yUsr2Scr(y.low), y2 = yUsr2Scr(y.high);
@@ -99,7 +99,7 @@ void GralCls::drawYBar(const PlotPoint& x, const PlotPoint& y) {
 }
 
 void GralCls::drawXBar(const PlotPoint& x, const PlotPoint& y) {
-  const double r = GralMarkDim / kMmPerCm;
+  const double r = static_cast<double>(GralMarkDim) / kMmPerCm;
   // QUIRK: the upper end is taken through the y mapping here; the bar itself is drawn where it belongs.
   if (!(std::abs(xUsr2Log(x.low) - yUsr2Log(x.high)) / 2 > r)) return;
   const double ys = yUsr2Scr(y.value);

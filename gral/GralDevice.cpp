@@ -59,7 +59,7 @@ void GralCls::openPrinter() {
 }
 
 void GralCls::openForm(Device& form, const PageSize& page) {
-  const float TwipsPerCm = static_cast<float>(kTwipsPerInch / kCmPerInch);
+  const double TwipsPerCm = static_cast<float>(kTwipsPerInch / kCmPerInch);
   GralDev = &form;
   form.setCaption(GralCaption);
   form.setAutoRedraw(true);

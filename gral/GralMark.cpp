@@ -22,7 +22,7 @@ void GralCls::GralMakeMark(double fdim, double jMark) {
 void GralCls::GralMark(double x, double y) {
   const double px = xUsr2Scr(x);
   const double py = yUsr2Scr(y);
-  const double R = std::abs(xLog2Scr(GralMarkDim / kMmPerCm));
+  const double R = std::abs(xLog2Scr(static_cast<double>(GralMarkDim) / kMmPerCm));
   const SavedDrawing saved(*GralDev);
   GralDev->setDrawStyle(kDrawSolid);
   GralDev->setFillStyle(kFillSolid);

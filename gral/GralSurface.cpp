@@ -19,7 +19,7 @@ constexpr int kShowEvery = 200;
 
 /// A grid point of a surface as it is seen.
 struct SurfacePoint {
-  float x, y;  // Usr
+  float x, y;  ///< Usr
   PlanePoint pixel;
   float z;
   int k;
@@ -39,17 +39,18 @@ class CellShades {
   CellShades(double dx, double dy, double unit) : dx_(dx), dy_(dy), unit_(unit) {}
 
   double first(const SurfacePoint& A, const SurfacePoint& B, const SurfacePoint& C) const {
-    return gray(static_cast<double>(B.z) - A.z, static_cast<double>(B.z) - C.z,
-                twiceTheArea(A.pixel, C.pixel, B.pixel));
+    return gray(riseOf(A, B), riseOf(C, B), twiceTheArea(A.pixel, C.pixel, B.pixel));
   }
   /// QUIRK: the slope along x is that from A to D, across the cell.
   double second(const SurfacePoint& A, const SurfacePoint& B, const SurfacePoint& C,
                 const SurfacePoint& D) const {
-    return gray(static_cast<double>(D.z) - A.z, static_cast<double>(D.z) - C.z,
-                twiceTheArea(B.pixel, C.pixel, D.pixel));
+    return gray(riseOf(A, D), riseOf(C, D), twiceTheArea(B.pixel, C.pixel, D.pixel));
   }
 
  private:
+  static double riseOf(const SurfacePoint& from, const SurfacePoint& to) {
+    return static_cast<double>(to.z) - static_cast<double>(from.z);
+  }
   static double square(double value) { return value * value; }
   double gray(double rise1, double rise2, double pixelArea) const {
     const double N = square(dx_ * dy_) + square(dx_ * rise1) + square(dy_ * rise2);
@@ -164,7 +165,7 @@ void GralCls::Surf3D(float Xoc, float Yoc, float theta, float phi, float Vx, flo
     for (int i = 1; i <= nx; ++i) {
       const PlanePoint floor =
           box.corner + (i - 1.0) / (nx - 1) * box.xEdge + (j - 1.0) / (ny - 1) * box.yEdge;
-      const float x = toSingle(floor.x), y = toSingle(floor.y + z(i, j) * box.sp);
+      const float x = toSingle(floor.x), y = toSingle(floor.y + static_cast<double>(z(i, j)) * box.sp);
       const int k = levels ? LevelIndex(z(i, j), ValLev, nValLev) : 0;
       points.push_back({x, y, pixelOfUsr(x, y), z(i, j), k});
     }

@@ -70,7 +70,7 @@ std::vector<double> GralCls::letterAdvances(const std::vector<MarkupLetter>& let
 
 void GralCls::GralWinPrintString(double xxx, double yyy, double iCentr, Int16 iRot, double iPointIn, double,
                                  std::string_view b) {
-  const double size = iPointIn * fScaleEff;
+  const double size = iPointIn * static_cast<double>(fScaleEff);
   guard([&] { GralDev->setFontSize(size); });
   guard([&] { MakLenLett(); });
   const std::vector<MarkupLetter> letters = readMarkup(b);

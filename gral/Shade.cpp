@@ -9,7 +9,8 @@ namespace vk {
 namespace {
 
 constexpr int kFull = 255;
-constexpr float kSixth = 1.0F / 6, kHalf = 0.5F, kTwoThirds = 2.0F / 3;
+/// The nearest singles.
+constexpr double kSixth = 1.0F / 6, kHalf = 0.5, kTwoThirds = 2.0F / 3;
 constexpr double kThirdOfTurn = 1.0 / 3;
 
 double withoutWholePart(double value) {
@@ -33,7 +34,7 @@ int HueChannel(double t) {
 
 int withBrightness(int c, double l) {
   if (l <= kHalf) return toInt32(2 * (l * c));
-  return c < kFull ? toInt32((l - kHalf) * ((kFull - c) / static_cast<double>(kHalf)) + c) : c;
+  return c < kFull ? toInt32((l - kHalf) * ((kFull - c) / kHalf) + c) : c;
 }
 
 }  // namespace

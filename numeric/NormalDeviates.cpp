@@ -13,8 +13,8 @@ Evaluation GaussianDeviate(UniformSource& source, GaussianState& state) {
   double w2 = 0;
   double s = 1;
   while (!(s < 1)) {
-    w1 = static_cast<float>(2.0 * source.next() - 1);
-    w2 = static_cast<float>(2.0 * source.next() - 1);
+    w1 = static_cast<float>(2 * static_cast<double>(source.next()) - 1);
+    w2 = static_cast<float>(2 * static_cast<double>(source.next()) - 1);
     s = w1 * w1 + w2 * w2;
   }
   const Evaluation fac = evaluateChecked([&] { return sqrt(-2 * log(CheckedNumber(s)) / s); });

@@ -40,7 +40,7 @@ void drawPens(GralCls& drawing) {
   const char* names[] = {"solid", "dash", "dot", "dash-dot", "dash-dot-dot"};
   const double widths[] = {1, 5, 10, 20};
   for (int itra = 1; itra <= 5; ++itra) {
-    const double y = drawing.YtLog - 3 - 3.2 * (itra - 1);
+    const double y = static_cast<double>(drawing.YtLog - 3) - 3.2 * (itra - 1);
     drawing.GralWPrint(1, y - 0.6, 0, 0, kTextPoints, names[itra - 1]);
     for (int w = 0; w < 4; ++w) {
       drawing.GralPen(widths[w], itra);

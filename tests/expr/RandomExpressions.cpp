@@ -1,10 +1,13 @@
 #include "expr/RandomExpressions.h"
 
 #include <cmath>
+#include <limits>
 #include <map>
 
 namespace vk {
 namespace {
+
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 struct Literal {
   const char* text;
@@ -54,9 +57,9 @@ double plainFunction(const std::string& name, const std::vector<double>& a) {
     return v >= 1 ? kPi / 2 : v <= -1 ? -kPi / 2 : std::atan(v / std::sqrt(1 - v * v));
   };
   if (name == "ABS") return std::fabs(x);
-  if (name == "SQR") return x < 0 ? NAN : std::sqrt(x);
+  if (name == "SQR") return x < 0 ? kNotANumber : std::sqrt(x);
   if (name == "EXP") return std::exp(x);
-  if (name == "LOG") return x <= 0 ? NAN : std::log(x);
+  if (name == "LOG") return x <= 0 ? kNotANumber : std::log(x);
   if (name == "ASIN") return asin(x);
   if (name == "ACOS") return kPi / 2 - asin(x);
   if (name == "ATAN") return std::atan(x);
@@ -70,13 +73,13 @@ double plainFunction(const std::string& name, const std::vector<double>& a) {
   for (std::size_t i = 1; i < a.size(); ++i) {
     sum += a[i];
     squares += a[i] * a[i];
-    if (!std::isfinite(sum)) return NAN;
+    if (!std::isfinite(sum)) return kNotANumber;
   }
   const double n = static_cast<double>(a.size());
   if (name == "SUM") return sum;
   if (name == "AVG") return sum / n;
   const double s2 = squares - n * (sum / n) * (sum / n);
-  return n == 1 || s2 < 0 ? NAN : std::sqrt(s2 / (n - 1));
+  return n == 1 || s2 < 0 ? kNotANumber : std::sqrt(s2 / (n - 1));
 }
 
 /// One instruction of the machine, whose statistical rows have tests of their own.
@@ -107,7 +110,7 @@ double plainOperator(const std::string& sign, double x, double y) {
     case '*':
       return x * y;
     case '/':
-      return y == 0 ? NAN : x / y;
+      return y == 0 ? kNotANumber : x / y;
     case '+':
       return x + y;
     default:

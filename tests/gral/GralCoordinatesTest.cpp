@@ -81,7 +81,8 @@ TEST_F(Coordinates, NarrowRangesAreMappedInDoublePrecision) {
 TEST_F(Coordinates, ARangeFromATenThousandthOfItsLargestValueStaysSingle) {
   for (const double from : {9999.0, -10000.0}) {
     drawing.GralXMap(2, 14, from, from + 1);
-    EXPECT_EQ(drawing.xUsr2Log(from), drawing.XlLog + (from - drawing.XlUsr) * drawing.xScaleU2L);
+    const double XlLog = drawing.XlLog, XlUsr = drawing.XlUsr, xScaleU2L = drawing.xScaleU2L;
+    EXPECT_EQ(drawing.xUsr2Log(from), XlLog + (from - XlUsr) * xScaleU2L);
     EXPECT_NE(drawing.xUsr2Log(from), 2);
   }
   drawing.GralXMap(2, 14, 9999.001, 10000);

@@ -61,7 +61,7 @@ TEST_F(Frames, HaveThreeLinesForEachTickOfX) {
   ASSERT_EQ(found.size(), 9U);
   for (int k = 1; k <= 3; ++k) {
     const auto n = static_cast<std::size_t>(3 * (k - 1));
-    const PlanePoint p = box.corner + Tx[k] / 4.0 * box.xEdge, e = p + box.yEdge;
+    const PlanePoint p = box.corner + static_cast<double>(Tx[k]) / 4.0 * box.xEdge, e = p + box.yEdge;
     expectLine(found[n], p, e);
     expectLine(found[n + 1], p, p + box.zEdge);
     expectLine(found[n + 2], e, {e.x, e.y - box.sp / 2});
@@ -75,7 +75,7 @@ TEST_F(Frames, HaveThreeLinesForEachTickOfY) {
   ASSERT_EQ(found.size(), 6U);
   for (int k = 1; k <= 2; ++k) {
     const auto n = static_cast<std::size_t>(3 * (k - 1));
-    const PlanePoint p = box.corner + Ty[k] / 3.0 * box.yEdge, t = p + box.zEdge;
+    const PlanePoint p = box.corner + static_cast<double>(Ty[k]) / 3.0 * box.yEdge, t = p + box.zEdge;
     expectLine(found[n], p, p + box.xEdge);
     expectLine(found[n + 1], p, t);
     expectLine(found[n + 2], t, {t.x - box.st / 2, t.y - box.ct * box.cp / 2});
@@ -89,7 +89,7 @@ TEST_F(Frames, HaveThreeLinesForEachTickOfZ) {
   ASSERT_EQ(found.size(), 9U);
   for (int k = 1; k <= 3; ++k) {
     const auto n = static_cast<std::size_t>(3 * (k - 1));
-    const PlanePoint p = box.corner + PlanePoint{0, Tz[k] * box.sp}, end = p + box.xEdge;
+    const PlanePoint p = box.corner + PlanePoint{0, static_cast<double>(Tz[k]) * box.sp}, end = p + box.xEdge;
     expectLine(found[n], p, end);
     expectLine(found[n + 1], end, {end.x - box.ct / 2, end.y - box.cp * box.st / 2});
     expectLine(found[n + 2], p, p + box.yEdge);
@@ -111,7 +111,7 @@ TEST_F(Frames, HaveLabelsAtTheirTicks) {
   ASSERT_EQ(found.size(), 5U);
   const char* texts[] = {"0", "2", "four"};
   for (int k = 1; k <= 3; ++k) {
-    const PlanePoint e = box.corner + Tx[k] / 4.0 * box.xEdge + box.yEdge;
+    const PlanePoint e = box.corner + static_cast<double>(Tx[k]) / 4.0 * box.xEdge + box.yEdge;
     expectLabel(found[static_cast<std::size_t>(k - 1)], texts[k - 1], drawing.xUsr2Scr(e.x),
                 drawing.yUsr2Scr(e.y - box.sp));
   }

@@ -1,23 +1,21 @@
 #include "ui/PdfProposal.h"
 
-#include "session/Session.h"
-
 #include "platform/Files.h"
 #include "session/FileSelection.h"
 
 namespace vk {
 namespace {
 
-std::string printedName(const Session& session) {
-  if (session.loaded.DataDefined) return nameWithoutExtension(session.loaded.DataFile);
-  if (session.loaded.GraDefined) return nameWithoutExtension(session.loaded.GraFile);
+std::string printedName(const LoadedFiles& loaded) {
+  if (loaded.DataDefined) return nameWithoutExtension(loaded.DataFile);
+  if (loaded.GraDefined) return nameWithoutExtension(loaded.GraFile);
   return "Stampa";
 }
 
 }  // namespace
 
-std::string pdfProposal(const Session& session) {
-  return joinPath(session.files.DataDir, printedName(session) + ".pdf");
+std::string pdfProposal(const LoadedFiles& loaded, const std::string& DataDir) {
+  return joinPath(DataDir, printedName(loaded) + ".pdf");
 }
 
 }  // namespace vk

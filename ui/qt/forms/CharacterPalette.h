@@ -19,7 +19,7 @@ class FraIns : public QWidget {
  public:
   FraIns(QWidget* form, const QFont& font, const QFont& captionFont);
 
-  /// Told the number of the cell, 0..127.
+  /// Called with the number of the cell, 0..127.
   std::function<void(int)> chosen;
 
  protected:

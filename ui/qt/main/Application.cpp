@@ -21,7 +21,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
   windows_.add(Form::kSelect, &selectForm_);
   windows_.add(Form::kLoad, &loadForm_);
   windows_.setActivePlot([this] { return figures_ ? figures_->plots.activeWindow() : nullptr; });
-  printer_.setProposal([this] { return pdfProposal(session_); });
+  printer_.setProposal([this] { return pdfProposal(session_.loaded, session_.files.DataDir); });
   window_.buildPanels(settings_.FontEdit, settings_.FontLabel, panels_, runner());
   panels_.setView(window_);
   editor_.setForm(editForm_);

@@ -14,34 +14,19 @@
 #include "ui/MainPanels.h"
 #include "ui/qt/forms/EditorForm.h"
 #include "ui/qt/forms/InputForm.h"
-#include "ui/qt/forms/LoadForm.h"
 #include "ui/qt/forms/MainForm.h"
 #include "ui/qt/forms/MessageForm.h"
-#include "ui/qt/forms/SelectionForm.h"
 #include "ui/qt/forms/Windows.h"
 #include "ui/qt/ports/DesktopServices.h"
 #include "ui/qt/ports/QtClipboard.h"
 #include "ui/qt/ports/QtDialogs.h"
 #include "ui/qt/ports/QtFigures.h"
+#include "ui/qt/ports/QtFunctionForms.h"
 #include "ui/qt/ports/QtOutput.h"
 #include "ui/qt/ports/QtPrinter.h"
 #include "ui/qt/widgets/EventPump.h"
 
 namespace vk {
-
-/// The two function forms of the desktop.
-class QtFunctionForms : public FunctionForms {
- public:
-  QtFunctionForms(Sel_Fun& select, Loa_Fun& load) : select_(select), load_(load) {}
-  bool selectFunction() override { return select_.ask(); }
-  int chooseLoadedFunction() override { return load_.ask(); }
-  void refillSelection() override { select_.refill(); }
-  void refillLoadList() override { load_.refill(); }
-
- private:
-  Sel_Fun& select_;
-  Loa_Fun& load_;
-};
 
 /// The desktop program: one session, its forms, and the wires between them.
 class Application {
@@ -52,7 +37,7 @@ class Application {
 
   /// Shows the main window and the welcome; the program is ready afterwards.
   void StartUp();
-  /// Tells the user to wait: work begins that is known to take long.
+  /// Work begins that is known to take long.
   void showWaitCursor() { pump_.showWaitCursor(); }
   /// Unloads every form, in the order in which they were made, and ends the program.
   void unload();

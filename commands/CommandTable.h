@@ -4,19 +4,36 @@
 #include <span>
 #include <string_view>
 
+#include "commands/Ports.h"
 #include "platform/Control.h"
 
-/// The table of commands: every entry of the menus, from which the window builds its menus and the dispatcher
-/// finds its handlers.
+/// The table of commands: every entry of the menus. The window builds its menus from it, the refresh takes the states
+/// of the entries from it, the dispatch what they run.
 namespace vk {
+
+struct Session;
 
 /// What an entry does when it is chosen.
 enum class CommandKind {
   kMenu,     ///< opens its sub-entries
-  kCommand,  ///< runs a handler
-  kCheck,    ///< runs a handler and bears a check mark, off at start
+  kCommand,  ///< runs a command
+  kCheck,    ///< runs a command and bears a check mark, off at start
   kRecent,   ///< an entry of a recent list; its caption is set when a file is put there
   kNothing,  ///< has no command
+};
+
+/// How the refresh of the display follows a rule.
+enum class Refreshed {
+  kNever,   ///< commands turn the entry on and off
+  kOnlyOn,  ///< turned on, never off
+  kBoth,
+};
+
+/// When an entry is on. An entry without a rule keeps the state it has at start.
+struct EnableRule {
+  bool (*holds)(const Session& session) = nullptr;
+  Refreshed refreshed = Refreshed::kNever;
+  bool anew = false;  ///< followed both ways where all is shown from the ground up
 };
 
 /// One entry.
@@ -28,10 +45,16 @@ struct Command {
   CommandKind kind;
   bool enabled;  ///< at start; the entries that follow the session's flags start off
   bool visible;
+  EnableRule rule{};
+  void (*run)(Session& session, Ports& ports) = nullptr;
+  int reads = 0;  ///< `FileKindCode` of what a reading command reads; 0 for any other
 };
 
 /// All entries in the order of the menus, each behind its parent.
 std::span<const Command> commandTable();
+
+/// The entry of a control.
+const Command& commandOf(Control control);
 
 std::string_view controlName(Control control);
 

@@ -2,26 +2,32 @@
 
 #include <utility>
 
+#include "commands/DisplayRefresh.h"
+#include "commands/FilePicking.h"
 #include "data/DataFiles.h"
-#include "session/FileSelection.h"
-#include "session/Msg.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {
 
-constexpr const char* kReadData = "VOR_KEL: Lettura File Dati";
+const std::string kReadData = std::string(kReadCaption) + kDataWord;
+constexpr const char* kSaveData = "VOR_KEL: Salva con Nome File Dati";
+const std::string kReadGraphic = std::string(kReadCaption) + kGraphicWord;
+constexpr const char* kDataFileErrors = "Errori nella Lettura del File Dati: ";
+constexpr const char* kCountsDiffer = "Numero Dati Dichiarati Diverso da Numero Dati Trovati!";
+constexpr const char* kTooFewData = "Il File Contiene Meno di 2 Dati!";
+
 constexpr int kFewestPoints = 2;
 
 void tell(Dialogs& dialogs, const std::string& text) {
-  dialogs.Get_Msg({.caption = kReadData, .text = text, .icon = kExclamation, .captions = {"&Continua"}});
+  dialogs.Get_Msg({.caption = kReadData, .text = text, .icon = kExclamation, .captions = {kContinueButton}});
 }
 
-void tellErrors(const Session& session, Dialogs& dialogs, OutputWindow& output, const std::string& name,
-                const std::string& errors) {
+void tellErrors(const Session& session, Ports& ports, const std::string& name, const std::string& errors) {
   if (session.settings.ShowErrors != kFalse) {
-    output.OutShow(reportRequest(std::string(kReadData) + " - ERRORI", errors));
+    ports.output.OutShow(reportRequest(kReadData + kErrorListSuffix, errors));
   } else {
-    tell(dialogs, "Errori nella Lettura del File Dati: " + name + "!");
+    tell(ports.dialogs, kDataFileErrors + name + "!");
   }
 }
 
@@ -32,50 +38,49 @@ void forgetFigures(Session& session) {
 }
 
 /// False when the command ends without the refresh of the display.
-bool readDataFile(Session& session, Files& files, Dialogs& dialogs, OutputWindow& output,
-                  MainWindow& window) {
+bool readDataFile(Session& session, Ports& ports) {
   std::string name;
-  if (!pickFileToRead(session, files, dialogs, kReadData, kDataKind, name)) return true;
-  DataReading reading = readData(files, name);
+  if (!pickFileToRead(session, ports.files, ports.dialogs, kReadData, kDataKind, name)) return true;
+  DataReading reading = readData(ports.files, name);
   session.ErrFlag = toFlag(!reading.errors.empty());
   if (session.ErrFlag != 0) {
-    tellErrors(session, dialogs, output, name, reading.errors);
+    tellErrors(session, ports, name, reading.errors);
     return true;
   }
-  if (!acceptCounts(dialogs, reading.declaredCount, reading.data.NumPnt)) return false;
+  if (!acceptCounts(ports.dialogs, reading.declaredCount, reading.data.NumPnt)) return false;
   LoadDataFile(session.loaded, name, std::move(reading.data));
   forgetFigures(session);
-  addRecentFile(session, window, kDataKind, name, name);
-  window.setMenuEnabled(Control::MenDatSav, true);
+  addRecentFile(session, ports.window, kDataKind, name, name);
+  ports.window.setMenuEnabled(Control::MenDatSav, true);
   return true;
 }
 
 }  // namespace
 
-void MenDatLet(Session& session, Files& files, Dialogs& dialogs, OutputWindow& output, MainWindow& window) {
-  if (readDataFile(session, files, dialogs, output, window)) Msg(session, window);
+void MenDatLet(Session& session, Ports& ports) {
+  if (readDataFile(session, ports)) Msg(session, ports.window);
 }
 
 bool acceptCounts(Dialogs& dialogs, Int16 declaredCount, Int16 validCount) {
-  if (declaredCount != validCount) tell(dialogs, "Numero Dati Dichiarati Diverso da Numero Dati Trovati!");
+  if (declaredCount != validCount) tell(dialogs, kCountsDiffer);
   if (validCount >= kFewestPoints) return true;
-  tell(dialogs, "Il File Contiene Meno di 2 Dati!");
+  tell(dialogs, kTooFewData);
   return false;
 }
 
-void MenDatSav(Session& session, Files& files, Dialogs& dialogs) {
+void MenDatSav(Session& session, Ports& ports) {
   std::string name;
-  if (!pickFileToSave(session, files, dialogs, "VOR_KEL: Salva con Nome File Dati", kDataKind, name)) return;
-  files.writeAll(name, dataFileText(session.loaded.data));
+  if (!pickFileToSave(session, ports.files, ports.dialogs, kSaveData, kDataKind, name)) return;
+  ports.files.writeAll(name, dataFileText(session.loaded.data));
 }
 
-void MenGraLetFil(Session& session, Files& files, Dialogs& dialogs, MainWindow& window) {
+void MenGraLetFil(Session& session, Ports& ports) {
   std::string name;
-  if (!pickFileToRead(session, files, dialogs, "VOR_KEL: Lettura File Grafico", kGraphicKind, name)) return;
+  if (!pickFileToRead(session, ports.files, ports.dialogs, kReadGraphic, kGraphicKind, name)) return;
   session.loaded.GraFile = name;
   session.loaded.GraDefined = kTrue;
-  addRecentFile(session, window, kGraphicKind, name, name);
-  Msg(session, window);
+  addRecentFile(session, ports.window, kGraphicKind, name, name);
+  Msg(session, ports.window);
 }
 
 }  // namespace vk

@@ -1,6 +1,5 @@
 #include "commands/FigureCommands.h"
 
-#include "commands/FigureCommands.h"
 #include "commands/Preconditions.h"
 #include "grafile/FigureKind.h"
 

@@ -1,88 +1,89 @@
 #include "commands/FunctionCommands.h"
 
+#include "commands/DisplayRefresh.h"
+#include "commands/FilePicking.h"
 #include "expr/FunMod.h"
-#include "session/FileSelection.h"
-#include "session/Msg.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {
 
-constexpr const char* kReadFunctions = "VOR_KEL: Lettura File Funzioni";
+const std::string kReadFunctions = std::string(kReadCaption) + kFunctionsWord;
+constexpr const char* kFunctionFileErrors = "Errori nella Lettura del File Funzioni: ";
 
 /// The file has been read without error: its functions replace all that came from the file before.
-void takeFile(Session& session, MainWindow& window, FunctionForms& forms, const std::string& name,
-              const std::string& path) {
+void takeFile(Session& session, Ports& ports, const std::string& name, const std::string& path) {
   session.loaded.FunFile = name;
   session.loaded.FunFileRead = kTrue;
-  window.setMenuEnabled(Control::MenFunCar, true);
-  forms.refillLoadList();
+  ports.window.setMenuEnabled(Control::MenFunCar, true);
+  ports.functions.refillLoadList();
   const bool lost = dropLoadedFunctions(session);
-  forms.refillSelection();
+  ports.functions.refillSelection();
   if (lost) {
     using enum Control;
     for (const Control control : {MenSerPro, MenAda, MenAdaAda, MenAdaPar, MenGraFun, MenGraDif}) {
-      window.setMenuEnabled(control, false);
+      ports.window.setMenuEnabled(control, false);
     }
   }
-  addRecentFile(session, window, kFunctionKind, name, path);
+  addRecentFile(session, ports.window, kFunctionKind, name, path);
 }
 
-void tellErrors(const Session& session, Dialogs& dialogs, OutputWindow& output, const std::string& name) {
+void tellErrors(const Session& session, Ports& ports, const std::string& name) {
   if (session.settings.ShowErrors) {
     // QUIRK: this window comes up empty, because the reader has shown its report, which stays open, and cleared it.
-    OutputRequest request = reportRequest(std::string(kReadFunctions) + " - ERRORI", session.TraceText);
+    OutputRequest request = reportRequest(kReadFunctions + kErrorListSuffix, session.TraceText);
     request.beside = true;
-    output.OutShow(request);
+    ports.output.OutShow(request);
   } else {
-    dialogs.Get_Msg({.caption = kReadFunctions,
-                     .text = "Errori nella Lettura del File Funzioni: " + name + "!",
-                     .icon = kExclamation,
-                     .captions = {"&Continua"}});
+    ports.dialogs.Get_Msg({.caption = kReadFunctions,
+                           .text = kFunctionFileErrors + name + "!",
+                           .icon = kExclamation,
+                           .captions = {kContinueButton}});
   }
 }
 
 }  // namespace
 
-void MenFunLet(Session& session, Files& files, Dialogs& dialogs, OutputWindow& output, MainWindow& window,
-               FunctionForms& forms) {
+void MenFunLet(Session& session, Ports& ports) {
   std::string name;
-  const bool chosen = pickFileToRead(session, files, dialogs, kReadFunctions, kFunctionKind, name);
+  const bool chosen =
+      pickFileToRead(session, ports.files, ports.dialogs, kReadFunctions, kFunctionKind, name);
   session.files.RecentFun.pick = 0;
   if (!chosen) return;
   session.TraceText.clear();
   session.CheckFunctions = kTrue;
   session.TraceEnabled = session.settings.ShowErrors;
   const std::string path = name;  // the reader folds the name
-  ReadFunctionFile(session, files, output, name, kFalse);
+  ReadFunctionFile(session, ports.files, ports.output, name, kFalse);
   if (session.ErrFlag == 0) {
-    takeFile(session, window, forms, name, path);
+    takeFile(session, ports, name, path);
   } else {
-    tellErrors(session, dialogs, output, name);
+    tellErrors(session, ports, name);
   }
   session.ErrFlag = 0;
-  Msg(session, window);
+  Msg(session, ports.window);
 }
 
-void MenFunSel(Session& session, MainWindow& window, FunctionForms& forms) {
+void MenFunSel(Session& session, Ports& ports) {
   const FunctionDef before = session.analysis.fun;
-  if (forms.selectFunction()) {
+  if (ports.functions.selectFunction()) {
     TakeFunction(session, before.InnerIndex, before.OuterIndex);
-    window.setMenuEnabled(Control::MenSerPro, true);
+    ports.window.setMenuEnabled(Control::MenSerPro, true);
   }
-  Msg(session, window);
+  Msg(session, ports.window);
 }
 
-void MenFunCar(Session& session, MainWindow& window, FunctionForms& forms) {
+void MenFunCar(Session& session, Ports& ports) {
   const int entry = [&] {
-    const ShutWindow shut(window, Form::kLoad);
-    return forms.chooseLoadedFunction();
+    const ShutWindow shut(ports.window, Form::kLoad);
+    return ports.functions.chooseLoadedFunction();
   }();
   if (entry > 0) {
-    if (loadFunction(session, entry)) window.setMenuEnabled(Control::MenSerPro, false);
-    forms.refillSelection();
+    if (loadFunction(session, entry)) ports.window.setMenuEnabled(Control::MenSerPro, false);
+    ports.functions.refillSelection();
   }
-  window.toFront();
-  Msg(session, window);
+  ports.window.toFront();
+  Msg(session, ports.window);
 }
 
 }  // namespace vk

@@ -1,10 +1,10 @@
 #include "base/Guard.h"
+#include "commands/DisplayRefresh.h"
 #include "commands/FigureCommands.h"
 #include "commands/PlotWindowCommands.h"
 #include "commands/SessionModel.h"
 #include "expr/FunMod.h"
 #include "grafile/StandardFigure.h"
-#include "session/Msg.h"
 #include "session/SoundSignal.h"
 
 namespace vk {

@@ -7,9 +7,9 @@
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "commands/DisplayRefresh.h"
 #include "commands/FormDescription.h"
 #include "expr/FunMod.h"
-#include "session/Msg.h"
 
 namespace vk {
 namespace {

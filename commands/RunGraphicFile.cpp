@@ -1,10 +1,10 @@
 #include "base/Text.h"
+#include "commands/DisplayRefresh.h"
 #include "commands/FigureCommands.h"
 #include "commands/PlotWindowCommands.h"
 #include "commands/SessionModel.h"
 #include "grafile/GraphicRun.h"
 #include "gral/GralCls.h"
-#include "session/Msg.h"
 
 namespace vk {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "base/Text.h"
 #include "commands/FigureCommands.h"
-#include "session/FileSelection.h"
+#include "commands/FilePicking.h"
 
 namespace vk {
 namespace {

@@ -1,15 +1,29 @@
 #include "commands/ServiceCommands.h"
+#include "session/Session.h"
 
 namespace vk {
+namespace {
 
-void MenSerErr(Session& session, MainWindow& window) {
+constexpr const char* kNoCalculator = "Calcolatrice NON Trovata!";
+
+}  // namespace
+
+void MenSerErr(Session& session, Ports& ports) {
   session.settings.ShowErrors = ~session.settings.ShowErrors;
-  window.setMenuChecked(Control::MenSerErr, session.settings.ShowErrors != kFalse);
+  ports.window.setMenuChecked(Control::MenSerErr, session.settings.ShowErrors != kFalse);
 }
 
-void MenSerCal(Files& files, Process& process, Dialogs& dialogs) {
-  if (process.start(joinPath(files.programFolder(), "tabulo"))) return;
-  dialogs.plainBox(kProgramTitle, "Calcolatrice NON Trovata!     <*> per Continuare");
+void MenSerCal(Session&, Ports& ports) {
+  if (ports.process.start(joinPath(ports.files.programFolder(), "tabulo"))) return;
+  ports.dialogs.plainBox(kProgramTitle, std::string(kNoCalculator) + kPressToContinue);
+}
+
+void MenSerImpDir(Session&, Ports& ports) {
+  ports.panels.MenSerImpDir();
+}
+
+void MenSerImpGra(Session&, Ports& ports) {
+  ports.panels.MenSerImpGra();
 }
 
 }  // namespace vk

@@ -1,18 +1,20 @@
 #pragma once
 
-#include "platform/Dialogs.h"
-#include "platform/Files.h"
-#include "platform/MainWindow.h"
-#include "platform/Process.h"
-#include "session/Session.h"
+#include "commands/Ports.h"
 
-/// The commands of the menu "Servizi" that need nothing but the session and its ports.
+/// The commands of the menu "Servizi" beside the propagation of errors.
 namespace vk {
 
+struct Session;
+
 /// Switches between full error lists and short messages, and the check mark with it.
-void MenSerErr(Session& session, MainWindow& window);
+void MenSerErr(Session& session, Ports& ports);
 
 /// Starts the calculator, which stands in the folder of the program, and goes on. A missing one is told.
-void MenSerCal(Files& files, Process& process, Dialogs& dialogs);
+void MenSerCal(Session& session, Ports& ports);
+
+/// Open the panels of the working folders and of the figures.
+void MenSerImpDir(Session& session, Ports& ports);
+void MenSerImpGra(Session& session, Ports& ports);
 
 }  // namespace vk

@@ -5,9 +5,9 @@
 
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "commands/DisplayRefresh.h"
 #include "commands/FormDescription.h"
 #include "commands/RandomSource.h"
-#include "session/Msg.h"
 
 namespace vk {
 namespace {

@@ -3,12 +3,15 @@
 #include <array>
 #include <string>
 
+#include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "platform/FunctionForms.h"
 #include "platform/MainWindow.h"
-#include "session/Session.h"
 
-/// The parts of the start-up that need no form.
+/// The steps of the start-up.
 namespace vk {
+
+struct Session;
 
 /// The texts of the five status panels before the first `Msg`.
 inline constexpr std::array<const char*, 5> kStartPanels{
@@ -23,5 +26,14 @@ void setFirstFolders(Session& session, Files& files);
 
 /// Sets the first state of all menu entries.
 void setFirstMenus(MainWindow& window);
+
+/// What the main window first shows: status panels, menus, background and caption.
+void prepareWindow(const Session& session, MainWindow& window);
+
+/// Greets the user.
+void welcome(Dialogs& dialogs);
+
+/// Makes the catalogue of functions and shows it in the form that selects from it.
+void fillCatalogue(Session& session, FunctionForms& forms);
 
 }  // namespace vk

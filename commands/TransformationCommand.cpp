@@ -3,11 +3,11 @@
 
 #include "base/Guard.h"
 #include "base/Text.h"
+#include "commands/DisplayRefresh.h"
 #include "commands/FormDescription.h"
 #include "data/DataFiles.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
-#include "session/Msg.h"
 
 namespace vk {
 namespace {

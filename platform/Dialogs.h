@@ -6,6 +6,7 @@
 
 #include "base/Int16.h"
 #include "platform/Form.h"
+#include "platform/Texts.h"
 
 namespace vk {
 
@@ -49,8 +50,5 @@ class Dialogs {
   /// own about files that exist or do not.
   virtual std::optional<std::string> fileDialog(const FileRequest& request) = 0;
 };
-
-/// Title of the plain boxes for which none is told.
-inline constexpr const char* kProgramTitle = "VOR_KEL";
 
 }  // namespace vk

@@ -8,6 +8,7 @@
 #include "base/Int16.h"
 #include "platform/CharGrid.h"
 #include "platform/Form.h"
+#include "platform/Texts.h"
 
 namespace vk {
 
@@ -24,13 +25,12 @@ struct OutputRequest {
   bool beside = false;
 };
 
+/// The three buttons of nearly every report.
+inline const std::vector<std::string> kReportButtons{kContinueButton, kPrintButton, kCopyButton};
+
 /// The window of the reports that list the errors of a file.
 inline OutputRequest reportRequest(const std::string& caption, const std::string& text) {
-  return {.rows = 25,
-          .cols = 80,
-          .captions = {"&Continua", "&Stampa", "Co&pia"},
-          .caption = caption,
-          .text = text};
+  return {.rows = 25, .cols = 80, .captions = kReportButtons, .caption = caption, .text = text};
 }
 
 /// The output window: a grid of character cells that a command draws on, or a text to read. Modeless: the
@@ -64,8 +64,5 @@ class OutputWindow {
   /// Closes what has been opened since `opened` gave this number.
   virtual void closeSince(int opened) = 0;
 };
-
-/// The three buttons of nearly every report.
-inline const std::vector<std::string> kReportButtons{"&Continua", "&Stampa", "Co&pia"};
 
 }  // namespace vk

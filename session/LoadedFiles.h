@@ -4,17 +4,18 @@
 
 #include "base/Int16.h"
 #include "data/DataSet.h"
+#include "platform/Texts.h"
 #include "session/Catalogue.h"
 
 namespace vk {
 
 /// What has been read from files, or put in their place.
 struct LoadedFiles {
-  std::string DataFile = "Nessuno";  ///< as it is shown, folded to capitals behind a graphic file
-  std::string DataPath;              ///< as it was opened
+  std::string DataFile = kNoFile;  ///< as it is shown, folded to capitals behind a graphic file
+  std::string DataPath;            ///< as it was opened
   Flag DataDefined;
   DataSet data;
-  std::string FunFile = "Nessuno";
+  std::string FunFile = kNoFile;
   Flag FunFileRead;  ///< functions can be loaded from a file that was read
   Catalogue catalogue;
   std::string GraFile;

@@ -5,17 +5,36 @@
 
 #include "base/Text.h"
 #include "base/TextLines.h"
+#include "commands/DisplayRefresh.h"
 #include "data/DataFiles.h"
 #include "expr/FunMod.h"
-#include "session/Msg.h"
 #include "session/Session.h"
 #include "ui/layout/EditorLayout.h"
 
 namespace vk {
 namespace {
 
-constexpr const char* kCaption = "VOR_KEL: Modifica File";
-constexpr std::array<const char*, 3> kKindWords{"Dati", "Funzioni", "Grafico"};
+// ---- Texts -------------------------------------------------------------------------------------------------
+
+constexpr std::array<const char*, 3> kKindWords{kDataWord, kFunctionsWord, kGraphicWord};
+constexpr const char* kTheFile = "Il File ";
+constexpr const char* kNotRead = " NON puo` essere Letto!";
+constexpr const char* kNotSaved = " NON e` stato Salvato!";
+constexpr const char* kNotChecked = " e` stato Salvato, ma NON puo` essere Controllato!";
+constexpr const char* kNotPrinted = " NON e` stato Stampato!";
+constexpr const char* kCreateQuestion[] = {"FILE ", " NON Esistente: lo Creo?"};
+constexpr const char* kWideYesButton = "  &Si  ";
+constexpr const char* kWideNoButton = "  &No  ";
+constexpr const char* kLargeFile =
+    " contiene piu` di 40000 caratteri!\rContinuando la Modifica File sara` utilizzato un "
+    "insieme di caratteri diverso da quello selezionato.";
+constexpr const char* kErrorsInFile = "Errori nel File ";
+constexpr const char* kGoOnButton = "&Continua Modifica";
+constexpr const char* kIgnoreButton = "&Ignora e Esci";
+constexpr const char* kShowErrorsButton = "&Visualizza Errori";
+
+// ---- Files -------------------------------------------------------------------------------------------------
+
 /// The most bytes that the plain box takes.
 constexpr std::size_t kPlainBoxLimit = 40000;
 constexpr int kTabColumns = 8;
@@ -83,7 +102,7 @@ const char* kindWord(Int16 kind) {
 }
 
 std::string captionOf(const EditedFile& file) {
-  return std::string(kCaption) + " " + kindWord(file.kind);
+  return kEditCaption + std::string(kindWord(file.kind));
 }
 
 /// "Dati: path", as most messages name the file.
@@ -99,8 +118,7 @@ std::string ownName(const EditedFile& file) {
 }  // namespace
 
 void Editor::tell(const EditedFile& file, const std::string& what, const RuntimeError& error) {
-  ports_.dialogs.plainBox(captionOf(file),
-                          what + "\n" + runtimeErrorText(error.number()) + "     <*> per Continuare");
+  ports_.dialogs.plainBox(captionOf(file), what + "\n" + runtimeErrorText(error.number()) + kPressToContinue);
 }
 
 void Editor::OpenEditor(const std::string& path, Int16 kind) {
@@ -127,26 +145,23 @@ bool Editor::readText(const EditedFile& wanted, std::string& bytes) {
     return true;
   } catch (const RuntimeError& error) {
     if (error.number() == kFileNotFound) return wantsToCreate(wanted);
-    tell(wanted, "Il File " + nameOf(wanted) + " NON puo` essere Letto!", error);
+    tell(wanted, kTheFile + nameOf(wanted) + kNotRead, error);
     return false;
   }
 }
 
 bool Editor::wantsToCreate(const EditedFile& wanted) {
-  return ports_.dialogs.Get_Msg({.caption = kCaption,
-                                 .text = "FILE " + wanted.path + " NON Esistente: lo Creo?",
+  return ports_.dialogs.Get_Msg({.caption = trim(kEditCaption),
+                                 .text = kCreateQuestion[0] + wanted.path + kCreateQuestion[1],
                                  .icon = kQuestion,
-                                 .captions = {"  &Si  ", "  &No  "}}) == 1;
+                                 .captions = {kWideYesButton, kWideNoButton}}) == 1;
 }
 
 bool Editor::wantsLargeFile(const EditedFile& wanted) {
-  return ports_.dialogs.Get_Msg(
-             {.caption = captionOf(wanted),
-              .text = "Il File " + nameOf(wanted) +
-                      " contiene piu` di 40000 caratteri!\rContinuando la Modifica File sara` utilizzato un "
-                      "insieme di caratteri diverso da quello selezionato.",
-              .icon = kQuestion,
-              .captions = {"&Rinuncia", "&Continua"}}) == 2;
+  return ports_.dialogs.Get_Msg({.caption = captionOf(wanted),
+                                 .text = kTheFile + nameOf(wanted) + kLargeFile,
+                                 .icon = kQuestion,
+                                 .captions = {kGiveUpButton, kContinueButton}}) == 2;
 }
 
 void Editor::MnuFilSav() {
@@ -172,7 +187,7 @@ bool Editor::write(const std::string& text) {
     ports_.files.writeAll(file_.path, text);
     return true;
   } catch (const RuntimeError& error) {
-    tell(file_, "Il File " + nameOf(file_) + " NON e` stato Salvato!", error);
+    tell(file_, kTheFile + nameOf(file_) + kNotSaved, error);
     form_->focusEditor();
     return false;
   }
@@ -188,7 +203,7 @@ bool Editor::check(const std::string& text, std::string& report) {
     return true;
   } catch (const RuntimeError& error) {
     restoreModel(session_);  // a check that broke off has left a part of the file in its place
-    tell(file_, "Il File " + nameOf(file_) + " e` stato Salvato, ma NON puo` essere Controllato!", error);
+    tell(file_, kTheFile + nameOf(file_) + kNotChecked, error);
     form_->focusEditor();
     return false;
   }
@@ -210,16 +225,16 @@ void Editor::tellErrors(const std::string& report) {
   switch (ports_.dialogs.Get_Msg(
       {.owner = Form::kEditor,
        .caption = captionOf(file_),
-       .text = std::string("Errori nel File ") + kindWord(file_.kind) + ": " + ownName(file_) + " !",
+       .text = std::string(kErrorsInFile) + kindWord(file_.kind) + ": " + ownName(file_) + " !",
        .icon = kExclamation,
-       .captions = {"&Continua Modifica", "&Ignora e Esci", "&Visualizza Errori"}})) {
+       .captions = {kGoOnButton, kIgnoreButton, kShowErrorsButton}})) {
     case kGoOnEditing:
       return form_->focusEditor();
     case kIgnore:
       return close();
     case kShowErrors: {
       // QUIRK: reports of function files bear the caption of data files as well.
-      OutputRequest request = reportRequest("VOR_KEL: Lettura File Dati - ERRORI", report);
+      OutputRequest request = reportRequest(std::string(kReadCaption) + kDataWord + kErrorListSuffix, report);
       request.owner = Form::kEditor;
       return ports_.output.OutShow(request);
     }
@@ -273,7 +288,7 @@ void Editor::MnuPri() {
     ports_.printer.printText(withoutTabs(form_->editorText()), font.face, font.size);
     ports_.printer.EndDoc();
   } catch (const RuntimeError& error) {
-    tell(file_, "Il File " + nameOf(file_) + " NON e` stato Stampato!", error);
+    tell(file_, kTheFile + nameOf(file_) + kNotPrinted, error);
   }
   form_->focusEditor();
 }

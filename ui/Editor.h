@@ -11,6 +11,7 @@
 #include "platform/OutputWindow.h"
 #include "platform/Printer.h"
 #include "platform/Sound.h"
+#include "platform/TextEditor.h"
 #include "session/FileSettings.h"
 
 namespace vk {
@@ -38,25 +39,19 @@ struct EditedFile {
 /// The small text editor for data, function and graphic files. It changes the file, never what the session has
 /// loaded: a file that was changed is to be read again. Data and function files are checked by their own readers
 /// when they are saved. Handlers bear the names of the menu entries and controls that run them.
-class Editor {
+class Editor : public TextEditor {
  public:
   Editor(Session& session, const EditorPorts& ports) : session_(session), ports_(ports) {}
   /// The form, once it is there; it outlives the editor's work.
   void setForm(EditorForm& form) { form_ = &form; }
 
-  /// Opens a file of a kind (`FileKindCode`): asks before a missing file is made and before a large one is opened.
-  /// The main window is shut while the editor is open. A file that cannot be read is told and not opened. An editor
-  /// that is open keeps its file and its text, and comes to the front.
-  void OpenEditor(const std::string& path, Int16 kind);
-
-  /// True from the opening to the closing, be it that the form could not be shown.
-  bool isOpen() const { return shut_ != nullptr; }
+  void OpenEditor(const std::string& path, Int16 kind) override;
+  bool isOpen() const override { return shut_ != nullptr; }
 
   /// Writes the file and, when its check finds nothing, closes the editor. A file that cannot be written is told,
   /// and stays as it was on the disk; the editor stays open with the text.
   void MnuFilSav();
-  /// Closes the editor; nothing is saved.
-  void MnuFilRin();
+  void MnuFilRin() override;
 
   /// The selection replaces what is on the clipboard.
   void MnuModCop();

@@ -3,6 +3,12 @@
 #include "session/Session.h"
 
 namespace vk {
+namespace {
+
+constexpr const char* kFoldersCaption = "VOR_KEL: Selezione Directory di Lavoro";
+constexpr const char* kFiguresCaption = "VOR_KEL: Impostazioni Grafiche";
+
+}  // namespace
 
 MainPanels::MainPanels(Session& session, Files& files, MainWindow& window)
     : directory_(session.files, files),
@@ -20,13 +26,13 @@ void MainPanels::open(Panel panel, const char* caption) {
 }
 
 void MainPanels::MenSerImpDir() {
-  open(Panel::kDirectory, "VOR_KEL: Selezione Directory di Lavoro");
+  open(Panel::kDirectory, kFoldersCaption);
   directory_.open();
   view_->syncPanel(Panel::kDirectory);
 }
 
 void MainPanels::MenSerImpGra() {
-  open(Panel::kGraphics, "VOR_KEL: Impostazioni Grafiche");
+  open(Panel::kGraphics, kFiguresCaption);
   graphics_.open();
   view_->syncPanel(Panel::kGraphics);
 }

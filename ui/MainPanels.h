@@ -3,6 +3,7 @@
 #include "base/Int16.h"
 #include "platform/Dialogs.h"
 #include "platform/MainWindow.h"
+#include "platform/SettingsPanels.h"
 #include "ui/DirectoryPanel.h"
 #include "ui/GraphicPanel.h"
 
@@ -23,27 +24,25 @@ class PanelView {
   virtual void syncPanel(Panel panel) = 0;
 };
 
-/// The busy states of the main window: while a panel is open the menus are off, and only its buttons end it.
-class MainPanels {
+/// The busy states of the main window under a panel.
+class MainPanels : public SettingsPanels {
  public:
   MainPanels(Session& session, Files& files, MainWindow& window);
 
   void setView(PanelView& view) { view_ = &view; }
 
-  /// Commands: open a panel.
-  void MenSerImpDir();
-  void MenSerImpGra();
+  void MenSerImpDir() override;
+  void MenSerImpGra() override;
 
   /// Buttons of the panels: 0 "&Rinuncia", 1 "&Esegui" or "&Accetta".
   void CmdWrkDir(int index);
   void CmdImpGra(int index);
 
-  /// Closes the panel that is open, if one is; nothing of it is taken.
-  void shut();
+  void shut() override;
 
   DirectoryPanel& directory() { return directory_; }
   GraphicPanel& graphics() { return graphics_; }
-  bool isOpen() const { return !PanelClosed; }
+  bool isOpen() const override { return !PanelClosed; }
 
   Flag PanelClosed = kTrue;
 

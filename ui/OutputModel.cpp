@@ -17,10 +17,10 @@ struct CommandOfCaption {
   const char* caption;
   OutputCommand command;
 };
-constexpr std::array<CommandOfCaption, 4> kCommands{{{"&Continua", OutputCommand::kContinue},
-                                                     {"&Stampa", OutputCommand::kPrint},
-                                                     {"Co&pia", OutputCommand::kCopy},
-                                                     {"Salva &File", OutputCommand::kSaveFile}}};
+constexpr std::array<CommandOfCaption, 4> kCommands{{{kContinueButton, OutputCommand::kContinue},
+                                                     {kPrintButton, OutputCommand::kPrint},
+                                                     {kCopyButton, OutputCommand::kCopy},
+                                                     {kSaveFileButton, OutputCommand::kSaveFile}}};
 
 /// Turns the paper for as long as it lives.
 class OrientationFor {

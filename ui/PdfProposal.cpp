@@ -1,7 +1,7 @@
 #include "ui/PdfProposal.h"
 
+#include "commands/FilePicking.h"
 #include "platform/Files.h"
-#include "session/FileSelection.h"
 
 namespace vk {
 namespace {

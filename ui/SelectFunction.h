@@ -15,8 +15,6 @@ inline constexpr const char* kSelectCaption = "VOR_KEL: Selezione Funzione";
 inline constexpr const char* kSelectHeading = "F(x)=f[u], u=g(x)";
 inline constexpr const char* kOuterHeading = "f[u]";
 inline constexpr const char* kInnerHeading = "g(x)";
-inline constexpr const char* kAcceptCaption = "&Accetta";
-inline constexpr const char* kGiveUpCaption = "&Rinuncia";
 
 /// Where both function forms open: to the right of the owner's left edge and centred on it in height.
 Rect placeBeside(const Rect& owner, Size form);

@@ -7,12 +7,13 @@
 
 #include "batch/BatchRun.h"
 #include "commands/DataCommands.h"
+#include "commands/FilePicking.h"
 #include "doubles/Doubles.h"
 #include "doubles/ErrorOf.h"
 #include "doubles/ScriptedForms.h"
 #include "doubles/TemporaryFolder.h"
+#include "doubles/TestPorts.h"
 #include "platform/system/SystemFiles.h"
-#include "session/FileSelection.h"
 
 /// One file, one judgement: `check`, `fit` and the reading command of the window take and refuse the same files.
 namespace vk {
@@ -40,7 +41,7 @@ bool windowTakes(const std::string& path) {
   Reader reader(path);
   RecordingOutput output;
   RecordingMainWindow window;
-  const int error = errorOf([&] { MenDatLet(session, files, reader, output, window); });
+  const int error = errorOf([&] { MenDatLet(session, TestPorts(files, reader, output, window)); });
   return error == 0 && session.loaded.DataDefined != kFalse;
 }
 

@@ -2,12 +2,13 @@
 
 #include <utility>
 
+#include "commands/FilePicking.h"
 #include "doubles/Doubles.h"
 #include "doubles/ErrorOf.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
-#include "session/FileSelection.h"
+#include "doubles/TestPorts.h"
 
 namespace vk {
 namespace {
@@ -17,12 +18,12 @@ const std::string kBad = "t\r\ns\r\n2\r\n1 2 .1\r\n2 x .2\r\n3 6 .3\r\n";
 
 class DataCommandsTest : public testing::Test {
  protected:
-  void read() { MenDatLet(session, files, dialogs, output, window); }
+  void read() { MenDatLet(session, TestPorts(files, dialogs, output, window)); }
   void read(const std::string& name) {
     dialogs.pick(name);
     read();
   }
-  void save() { MenDatSav(session, files, dialogs); }
+  void save() { MenDatSav(session, TestPorts(files, dialogs)); }
   void expectMessage(const std::string& caption, const std::string& text, std::vector<std::string> buttons) {
     ASSERT_EQ(dialogs.messages.size(), 1U);
     EXPECT_EQ(dialogs.messages[0].caption, caption);
@@ -179,7 +180,7 @@ TEST_F(DataCommandsTest, DepartureAFileIsReadOnceWhateverBecomesOfItMeanwhile) {
   RestlessFiles restless;
   restless.content["/x/A.DAT"] = kGood;
   dialogs.pick("/x/A.DAT");
-  MenDatLet(session, restless, dialogs, output, window);
+  MenDatLet(session, TestPorts(restless, dialogs, output, window));
   EXPECT_EQ(session.ErrFlag, 0);
   EXPECT_EQ(session.loaded.data.NumPnt, 2);
   EXPECT_EQ(session.loaded.data.Ypnt[2], 4);
@@ -292,7 +293,7 @@ TEST_F(DataCommandsTest, AGraphicFileIsOnlyNoted) {
   files.content["/g/A.GRA"] = "whatever";
   files.readError["/g/A.GRA"] = kDeviceIoError;
   dialogs.pick("/g/A.GRA");
-  MenGraLetFil(session, files, dialogs, window);
+  MenGraLetFil(session, TestPorts(files, dialogs, window));
   EXPECT_EQ(dialogs.fileRequests[0].caption, "VOR_KEL: Lettura File Grafico");
   EXPECT_EQ(dialogs.fileRequests[0].filter, "Tutti i File (*.*)|*.*|File Grafici (*.GRA)|*.GRA|");
   EXPECT_EQ(session.loaded.GraFile, "/g/A.GRA");
@@ -306,7 +307,7 @@ TEST_F(DataCommandsTest, AGraphicFileIsOnlyNoted) {
 TEST_F(DataCommandsTest, ACancelledGraphicFileLeavesTheOldOne) {
   session.loaded.GraFile = "OLD.GRA";
   dialogs.pick(std::nullopt);
-  MenGraLetFil(session, files, dialogs, window);
+  MenGraLetFil(session, TestPorts(files, dialogs, window));
   EXPECT_EQ(session.loaded.GraFile, "OLD.GRA");
   EXPECT_EQ(session.loaded.GraDefined, 0);
   EXPECT_EQ(session.ErrFlag, 32755);
@@ -316,8 +317,8 @@ TEST_F(DataCommandsTest, ACancelledGraphicFileLeavesTheOldOne) {
 TEST_F(DataCommandsTest, APickedGraphicFileStaysPicked) {
   addRecentFile(session, window, kGraphicKind, "/g/A.GRA", "/g/A.GRA");
   pickRecentFile(session, kGraphicKind, 0);
-  MenGraLetFil(session, files, dialogs, window);
-  MenGraLetFil(session, files, dialogs, window);
+  MenGraLetFil(session, TestPorts(files, dialogs, window));
+  MenGraLetFil(session, TestPorts(files, dialogs, window));
   EXPECT_EQ(session.files.RecentGra.pick, 1);
   EXPECT_EQ(session.files.RecentGra.RecentCount, 3);
 }

@@ -1,7 +1,7 @@
 #include "commands/FitCommand.h"
 
+#include "commands/DisplayRefresh.h"
 #include "commands/ParameterCommands.h"
-#include "session/Msg.h"
 #include "tests/analysis/PropagationHelp.h"
 
 namespace vk {

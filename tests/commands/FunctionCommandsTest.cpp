@@ -5,6 +5,7 @@
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
+#include "doubles/TestPorts.h"
 #include "expr/FunMod.h"
 
 namespace vk {
@@ -29,9 +30,9 @@ class FunctionCommandsTest : public testing::Test {
     files.content["/lab/bad.fcn"] = kBadFile;
   }
 
-  void MenFunLet() { vk::MenFunLet(session, files, dialogs, output, window, forms); }
-  void MenFunSel() { vk::MenFunSel(session, window, forms); }
-  void MenFunCar() { vk::MenFunCar(session, window, forms); }
+  void MenFunLet() { vk::MenFunLet(session, TestPorts(files, dialogs, output, window, forms)); }
+  void MenFunSel() { vk::MenFunSel(session, TestPorts(window, forms)); }
+  void MenFunCar() { vk::MenFunCar(session, TestPorts(window, forms)); }
 
   void read(const std::string& name) {
     dialogs.pick(name);

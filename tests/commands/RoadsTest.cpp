@@ -4,6 +4,7 @@
 #include "commands/ParameterCommands.h"
 #include "commands/SimulationCommand.h"
 #include "commands/TransformationCommand.h"
+#include "doubles/TestPorts.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/analysis/PropagationHelp.h"
 
@@ -15,19 +16,19 @@ class RoadTest : public PropagationTest {
  protected:
   void read(const std::string& name) {
     dialogs.pick(name);
-    MenDatLet(session, files, dialogs, output, window);
+    MenDatLet(session, TestPorts(files, dialogs, output, window));
   }
   void selectFunction(int inner, int outer) {
     functions.select(inner, outer);
-    MenFunSel(session, window, functions);
+    MenFunSel(session, TestPorts(window, functions));
   }
   /// Reads a function file of one function and makes it current.
   void takeFromFile(const std::string& text) {
     files.content["/data/LIB.FCN"] = text;
     dialogs.pick("/data/LIB.FCN");
-    MenFunLet(session, files, dialogs, output, window, functions);
+    MenFunLet(session, TestPorts(files, dialogs, output, window, functions));
     functions.load(1);
-    MenFunCar(session, window, functions);
+    MenFunCar(session, TestPorts(window, functions));
     selectFunction(6, 1);
   }
   void enterForFit(const std::vector<std::string>& fields) {
@@ -102,7 +103,7 @@ TEST_F(RoadTest, SimulatedDataAreSavedReadAndFittedAgain) {
   EXPECT_EQ(session.analysis.par.ParValues[1], 2);
   const Array<double> atOnce = fitted;
   dialogs.pick("/data/SIMULA.DAT");
-  MenDatSav(session, files, dialogs);
+  MenDatSav(session, TestPorts(files, dialogs));
 
   read("/data/SIMULA.DAT");
   EXPECT_EQ(session.loaded.data.NumPnt, 21);

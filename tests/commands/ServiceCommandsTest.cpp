@@ -3,6 +3,7 @@
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
+#include "doubles/TestPorts.h"
 
 namespace vk {
 namespace {
@@ -11,28 +12,30 @@ TEST(MenSerErr, TogglesItsMarkAndTheSwitchTogether) {
   Session session;
   RecordingMainWindow window;
   for (const int expected : {-1, 0, -1}) {
-    MenSerErr(session, window);
+    MenSerErr(session, TestPorts(window));
     EXPECT_EQ(session.settings.ShowErrors, expected);
     EXPECT_EQ(window.menuChecked[Control::MenSerErr], expected != 0);
   }
 }
 
 TEST(MenSerCal, StartsACalculatorEachTime) {
+  Session session;
   MemoryFiles files;
   RecordingProcess process;
   ScriptedDialogs dialogs;
-  MenSerCal(files, process, dialogs);
-  MenSerCal(files, process, dialogs);
+  MenSerCal(session, TestPorts(files, process, dialogs));
+  MenSerCal(session, TestPorts(files, process, dialogs));
   EXPECT_EQ(process.started, (std::vector<std::string>{"/program/tabulo", "/program/tabulo"}));
 }
 
 TEST(MenSerCal, AMissingCalculatorIsTold) {
+  Session session;
   MemoryFiles files;
   RecordingProcess process;
   process.works = false;
   ScriptedDialogs dialogs;
   dialogs.expectBox();
-  MenSerCal(files, process, dialogs);
+  MenSerCal(session, TestPorts(files, process, dialogs));
   EXPECT_EQ(dialogs.boxes[0].title, "VOR_KEL");
 }
 

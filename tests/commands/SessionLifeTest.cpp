@@ -1,6 +1,8 @@
 #include <random>
 
 #include "commands/DataCommands.h"
+#include "commands/DisplayRefresh.h"
+#include "commands/FilePicking.h"
 #include "commands/Preconditions.h"
 #include "commands/ServiceCommands.h"
 #include "commands/StartUp.h"
@@ -8,8 +10,7 @@
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
-#include "session/FileSelection.h"
-#include "session/Msg.h"
+#include "doubles/TestPorts.h"
 
 /// What holds over whole runs of commands.
 namespace vk {
@@ -24,7 +25,7 @@ struct Desk {
   }
   void read(MemoryFiles& files, const std::string& name) {
     dialogs.pick(name);
-    MenDatLet(session, files, dialogs, output, window);
+    MenDatLet(session, TestPorts(files, dialogs, output, window));
   }
 
   Session session;
@@ -40,7 +41,7 @@ TEST(TwoSessions, LiveSideBySide) {
   Desk first(files), second(files);
   first.read(files, "/a/A.DAT");
   second.read(files, "/b/B.TXT");
-  MenSerErr(second.session, second.window);
+  MenSerErr(second.session, TestPorts(second.window));
 
   EXPECT_EQ(first.session.loaded.data.NumPnt, 2);
   EXPECT_EQ(second.session.loaded.data.NumPnt, 3);
@@ -100,11 +101,11 @@ TEST(Flags, AreExactlyMinusOneOrZeroAfterEveryCommand) {
   RecordingMainWindow window;
   RecordingProcess process;
   const std::vector<std::function<void()>> commands{
-      [&] { MenDatLet(session, files, dialogs, output, window); },
-      [&] { MenDatSav(session, files, dialogs); },
-      [&] { MenGraLetFil(session, files, dialogs, window); },
-      [&] { MenSerErr(session, window); },
-      [&] { MenSerCal(files, process, dialogs); },
+      [&] { MenDatLet(session, TestPorts(files, dialogs, output, window)); },
+      [&] { MenDatSav(session, TestPorts(files, dialogs)); },
+      [&] { MenGraLetFil(session, TestPorts(files, dialogs, window)); },
+      [&] { MenSerErr(session, TestPorts(window)); },
+      [&] { MenSerCal(session, TestPorts(files, process, dialogs)); },
       [&] { canDrawFigure(session, dialogs, 1 + dialogs.below(3)); },
       [&] { canFit(session, dialogs); },
       [&] {

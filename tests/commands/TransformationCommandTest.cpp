@@ -4,6 +4,7 @@
 #include "commands/DataCommands.h"
 #include "commands/ParameterCommands.h"
 #include "data/DataFiles.h"
+#include "doubles/TestPorts.h"
 #include "expr/CmpMod.h"
 #include "tests/analysis/PropagationHelp.h"
 #include "tests/commands/FormText.h"
@@ -289,7 +290,7 @@ TEST_F(TransformationTest, ALoadedModelThatWasCompiledOverNeverBreaksWhatUsesIt)
 TEST_F(TransformationTest, TransformedDataAreSavedAndReadBack) {
   transform({"t2", "s2", "x*2", "x+y", "dy"});
   dialogs.pick("/data/NEW.DAT");
-  MenDatSav(session, files, dialogs);
+  MenDatSav(session, TestPorts(files, dialogs));
   LoadDataFile(session.loaded, "/data/NEW.DAT", readData(files, "/data/NEW.DAT").data);
   EXPECT_EQ(session.loaded.data.TitleX, "t2");
   EXPECT_EQ(session.loaded.data.TitleY, "s2");

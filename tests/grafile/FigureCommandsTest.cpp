@@ -1,4 +1,5 @@
 #include "commands/DataCommands.h"
+#include "doubles/TestPorts.h"
 #include "grafile/FigureFixture.h"
 
 namespace vk {
@@ -60,7 +61,7 @@ TEST_F(FigureCommandsTest, EachSavesItsText) {
 TEST_F(FigureCommandsTest, TheChosenGraphicFileRunsOnTheScreenAndOnThePrinter) {
   files.content["/G/FIG.GRA"] = lines({"\\SIMBOLO(3,4)", "\\NO()"});
   dialogs.pick("/G/FIG.GRA");
-  MenGraLetFil(session, files, dialogs, window);
+  MenGraLetFil(session, TestPorts(files, dialogs, window));
   EXPECT_EQ(session.loaded.GraFile, "/G/FIG.GRA");
   EXPECT_TRUE(window.menuEnabled[Control::MenGraVisFil]);
   EXPECT_TRUE(window.menuEnabled[Control::MenGraPriFil]);
@@ -74,7 +75,7 @@ TEST_F(FigureCommandsTest, TheChosenGraphicFileRunsOnTheScreenAndOnThePrinter) {
 
 TEST_F(FigureCommandsTest, TheFilePickerOfGraphicFilesHasItsCaptionAndKind) {
   dialogs.pick(std::nullopt);
-  MenGraLetFil(session, files, dialogs, window);
+  MenGraLetFil(session, TestPorts(files, dialogs, window));
   EXPECT_EQ(dialogs.fileRequests[0].caption, "VOR_KEL: Lettura File Grafico");
   EXPECT_EQ(dialogs.fileRequests[0].filter, "Tutti i File (*.*)|*.*|File Grafici (*.GRA)|*.GRA|");
   EXPECT_EQ(session.loaded.GraDefined, kFalse);
@@ -86,7 +87,7 @@ TEST_F(FigureCommandsTest, TextsOfFiguresAreForgottenWithTheirData) {
   EXPECT_NE(session.figures.GraphText[1], "");
   files.content["B.DAT"] = lines({"x", "y", "2", "1 2 .5", "2 3 .5"});
   dialogs.pick("B.DAT");
-  MenDatLet(session, files, dialogs, output, window);
+  MenDatLet(session, TestPorts(files, dialogs, output, window));
   EXPECT_EQ(session.figures.GraphText[1], "");
   EXPECT_FALSE(window.menuEnabled[Control::MenGraDatGra]);
 }

@@ -6,6 +6,7 @@
 #include "commands/ParameterCommands.h"
 #include "commands/SimulationCommand.h"
 #include "commands/TransformationCommand.h"
+#include "doubles/TestPorts.h"
 #include "examples/ExampleFits.h"
 #include "expr/CmpMod.h"
 #include "grafile/DrawingLines.h"
@@ -38,7 +39,7 @@ class FigureRoads : public FigureFixture {
   /// Chooses a graphic file and runs it without an error.
   std::vector<std::string> runFile(const std::string& name) {
     dialogs.pick(name);
-    MenGraLetFil(session, files, dialogs, window);
+    MenGraLetFil(session, TestPorts(files, dialogs, window));
     const std::size_t shown = output.requests.size();
     MenGraVisFil(session, ports);
     EXPECT_EQ(output.requests.size(), shown) << output.request().text;
@@ -208,9 +209,9 @@ TEST_F(DataRoads, TransformedDataAreDrawnAsTheyAreSaved) {
   EXPECT_NE(transformed, before);
 
   dialogs.pick("NEW.DAT");
-  MenDatSav(session, files, dialogs);
+  MenDatSav(session, TestPorts(files, dialogs));
   dialogs.pick("NEW.DAT");
-  MenDatLet(session, files, dialogs, output, window);
+  MenDatLet(session, TestPorts(files, dialogs, output, window));
   MenGraDatVis(session, ports);
   expectSameLines(lastFigure(), transformed, kTwips);
 }
@@ -219,7 +220,7 @@ TEST_F(DataRoads, AFileWithCommentsSurvivesAGraphicFile) {
   files.content["NOTED.DAT"] =
       lines({"% a comment", "x", "", "y", "% another", "3", "1 2 .5", "% between", "2 3.5 .5", "4 4 .5"});
   dialogs.pick("NOTED.DAT");
-  MenDatLet(session, files, dialogs, output, window);
+  MenDatLet(session, TestPorts(files, dialogs, output, window));
   takeFunction(2, 1, {1, 1});
   session.analysis.par.ParDeltas[1] = session.analysis.par.ParDeltas[2] = 1;
   classifyParameters(session);

@@ -1,11 +1,12 @@
 #include <sstream>
 
+#include "commands/CommandDispatch.h"
 #include "commands/CommandTable.h"
+#include "commands/DisplayRefresh.h"
 #include "doubles/ControlNames.h"
-#include "session/Msg.h"
 #include "session/Session.h"
+#include "ui/Editor.h"
 #include "ui/FaultyPorts.h"
-#include "ui/MainMod.h"
 
 namespace vk {
 namespace {
@@ -42,10 +43,8 @@ class BrokenProgram {
   FaultyScreen screen{faults.screen};
   FigurePorts figures{files, dialogs, window, output, sound, plots, printer, screen};
   MainMod mainMod{session,
-                  {files, dialogs, window, input, output, functions, clock, sound, process, random,
-                   [this]() -> FigurePorts& { return figures; }},
-                  panels,
-                  editor};
+                  {files, dialogs, window, input, output, functions, clock, sound, process, random, editor,
+                   panels, [this]() -> FigurePorts& { return figures; }}};
 };
 
 BrokenProgram::BrokenProgram() {

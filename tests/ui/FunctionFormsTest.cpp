@@ -93,8 +93,8 @@ TEST(SelectFunctionTexts, CaptionsAndHeadings) {
   EXPECT_STREQ(kSelectHeading, "F(x)=f[u], u=g(x)");
   EXPECT_STREQ(kOuterHeading, "f[u]");
   EXPECT_STREQ(kInnerHeading, "g(x)");
-  EXPECT_STREQ(kAcceptCaption, "&Accetta");
-  EXPECT_STREQ(kGiveUpCaption, "&Rinuncia");
+  EXPECT_STREQ(kAcceptButton, "&Accetta");
+  EXPECT_STREQ(kGiveUpButton, "&Rinuncia");
 }
 
 TEST(SelectFunctionPlace, RightOfTheLeftEdgeAndCentredInHeight) {

@@ -78,7 +78,7 @@ void placeForm(InputLayout& layout, const InputTables& tables, const InputSurrou
 }
 
 void placeButtons(InputLayout& layout, const InputTables& tables, const TextMeasure& buttonFont) {
-  const double width = 1.2 * std::max(buttonFont.width(kInputCancel), buttonFont.width(kInputExecute));
+  const double width = 1.2 * std::max(buttonFont.width(kGiveUpButton), buttonFont.width(kExecuteButton));
   const double height = 1.5 * layout.cell.height;
   const double top = tables.InpRows * layout.cell.height;
   const double formWidth = tables.InpCols * layout.cell.width;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/InputForm.h"
+#include "platform/Texts.h"
 #include "ui/layout/CharFrame.h"
 #include "ui/layout/Geometry.h"
 #include "ui/layout/TextMeasure.h"
@@ -55,8 +56,5 @@ struct EditBox {
 
 /// Place of the edit box on a field.
 Rect editBoxOn(const Rect& field, CellSize cell);
-
-inline constexpr const char* kInputCancel = "&Rinuncia";
-inline constexpr const char* kInputExecute = "&Esegui";
 
 }  // namespace vk

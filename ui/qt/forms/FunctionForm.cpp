@@ -37,8 +37,8 @@ QListWidget* FunctionForm::makeList(const char* name, const char* meaning, int c
 }
 
 void FunctionForm::makeButtons() {
-  CmdAcc_ = makeButton("CmdAcc", kAcceptCaption, true);
-  CmdRin_ = makeButton("CmdRin", kGiveUpCaption, false);
+  CmdAcc_ = makeButton("CmdAcc", kAcceptButton, true);
+  CmdRin_ = makeButton("CmdRin", kGiveUpButton, false);
 }
 
 QPushButton* FunctionForm::makeButton(const char* name, const char* caption, bool accepts) {

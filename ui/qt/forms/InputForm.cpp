@@ -34,8 +34,8 @@ InpFrm::InpFrm(InpMod& engine, const Windows& windows, MainWindow& window)
       windows_(windows),
       window_(window),
       txtGet_(new EntryBox(this)),
-      cmdRin_(makeButton(this, "cmdRin", kInputCancel)),
-      cmdEse_(makeButton(this, "cmdEse", kInputExecute)) {
+      cmdRin_(makeButton(this, "cmdRin", kGiveUpButton)),
+      cmdEse_(makeButton(this, "cmdEse", kExecuteButton)) {
   setObjectName("InpFrm");
   setFont(formFont());
   setWindowModality(Qt::ApplicationModal);

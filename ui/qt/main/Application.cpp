@@ -12,8 +12,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
       forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &editForm_, &message_},
       mainMod_(session_,
                {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_, random_,
-                [this]() -> FigurePorts& { return figures(); }},
-               panels_, editor_) {
+                editor_, panels_, [this]() -> FigurePorts& { return figures(); }}) {
   windows_.add(Form::kMain, &window_);
   windows_.add(Form::kInput, &inputForm_);
   windows_.add(Form::kOutput, &output_.form());

@@ -4,13 +4,13 @@
 #include <memory>
 #include <vector>
 
+#include "commands/CommandDispatch.h"
 #include "platform/system/SystemClock.h"
 #include "platform/system/SystemFiles.h"
 #include "platform/system/SystemRandom.h"
 #include "session/Session.h"
 #include "ui/Editor.h"
 #include "ui/InpMod.h"
-#include "ui/MainMod.h"
 #include "ui/MainPanels.h"
 #include "ui/qt/forms/EditorForm.h"
 #include "ui/qt/forms/InputForm.h"

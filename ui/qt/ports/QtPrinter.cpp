@@ -115,7 +115,7 @@ bool QtPrinter::wantsOtherName(const std::string& text) {
   return dialogs_.Get_Msg({.caption = kPdfCaption,
                            .text = text,
                            .icon = kExclamation,
-                           .captions = {"&Riprova", "&Continua"}}) == 1;
+                           .captions = {kRetryButton, kContinueButton}}) == 1;
 }
 
 FileRequest QtPrinter::fileRequest() {

@@ -1,3 +1,4 @@
+/// Unit Msg: the refresh of menus and status bar.
 #pragma once
 
 #include <array>
@@ -5,9 +6,10 @@
 #include <string>
 
 #include "platform/MainWindow.h"
-#include "session/Session.h"
 
 namespace vk {
+
+struct Session;
 
 /// What menus and status bar show of the session.
 struct SessionDisplay {

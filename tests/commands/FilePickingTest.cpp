@@ -1,4 +1,4 @@
-#include "session/FileSelection.h"
+#include "commands/FilePicking.h"
 
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"

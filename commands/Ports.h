@@ -12,7 +12,9 @@
 #include "platform/OutputWindow.h"
 #include "platform/Process.h"
 #include "platform/Random.h"
+#include "platform/SettingsPanels.h"
 #include "platform/Sound.h"
+#include "platform/TextEditor.h"
 
 namespace vk {
 
@@ -28,6 +30,8 @@ struct Ports {
   Sound& sound;
   Process& process;
   Random& random;
+  TextEditor& editor;
+  SettingsPanels& panels;
   std::function<FigurePorts&()> figures;  ///< what figures need; asked for when one is drawn
 };
 

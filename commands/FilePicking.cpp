@@ -1,4 +1,4 @@
-#include "session/FileSelection.h"
+#include "commands/FilePicking.h"
 
 #include <array>
 
@@ -7,6 +7,20 @@
 
 namespace vk {
 namespace {
+
+// ---- Texts -------------------------------------------------------------------------------------------------
+
+constexpr const char* kGraphicFiles = "Grafici";
+constexpr const char* kAllFilesFilter = "Tutti i File (*.*)|*.*|";
+constexpr const char* kFileFilter = "File ";
+constexpr const char* kMissingFile[] = {"Il File ", " Specificato: ", " NON Esiste!"};
+// QUIRK: the name is missing between the two blanks.
+constexpr const char* kOverwriteQuestion = "FILE  gia` Esistente: Sovrascrivo?";
+constexpr const char* kYesButton = "&Si";
+constexpr const char* kNoButton = "&No";
+constexpr const char* kWrongName[] = {"Specificazione File: ", " ERRATA!"};
+
+// ---- The kinds of file -------------------------------------------------------------------------------------
 
 /// What the kinds of file differ in.
 struct KindOfFile {
@@ -21,12 +35,12 @@ struct KindOfFile {
 // QUIRK: function files are always offered in the folder set at start or in the directory panel, never in that
 // of the last one, so that a library folder stays at hand.
 constexpr std::array<KindOfFile, 3> kKinds{{
-    {"Dati", &FileSettings::DataDir, &FileSettings::DataExt, &FileSettings::RecentData, Control::MenDatOld0,
-     true},
-    {"Funzioni", &FileSettings::FunDir, &FileSettings::FunExt, &FileSettings::RecentFun, Control::MenFunOld0,
-     false},
-    {"Grafici", &FileSettings::GraDir, &FileSettings::GraExt, &FileSettings::RecentGra, Control::MenGraOld0,
-     true},
+    {kDataWord, &FileSettings::DataDir, &FileSettings::DataExt, &FileSettings::RecentData,
+     Control::MenDatOld0, true},
+    {kFunctionsWord, &FileSettings::FunDir, &FileSettings::FunExt, &FileSettings::RecentFun,
+     Control::MenFunOld0, false},
+    {kGraphicFiles, &FileSettings::GraDir, &FileSettings::GraExt, &FileSettings::RecentGra,
+     Control::MenGraOld0, true},
 }};
 
 const KindOfFile& kindOf(Int16 kind) {
@@ -41,8 +55,8 @@ FileRequest requestFor(const Session& session, const std::string& caption, const
   return {.save = mode == kPickToSave,
           .caption = caption,
           .folder = session.files.*kind.folder,
-          .filter = "Tutti i File (*.*)|*.*|File " + std::string(kind.label) + " (" + pattern + ")|" +
-                    pattern + "|",
+          .filter =
+              std::string(kAllFilesFilter) + kFileFilter + kind.label + " (" + pattern + ")|" + pattern + "|",
           .filterIndex = 2,
           .proposedName = name,
           .defaultExtension = extension};
@@ -67,27 +81,26 @@ void rememberPlace(Session& session, const KindOfFile& kind, const std::string& 
 /// Tells that a file is missing; true when the user wants to choose another one.
 bool wantsAnotherFile(Dialogs& dialogs, const KindOfFile& kind, const std::string& name) {
   const std::string label = kind.label;
-  return dialogs.Get_Msg({.caption = "VOR_KEL: Lettura File " + label,
-                          .text = "Il File " + label + " Specificato: " + name + " NON Esiste!",
+  return dialogs.Get_Msg({.caption = kReadCaption + label,
+                          .text = kMissingFile[0] + label + kMissingFile[1] + name + kMissingFile[2],
                           .icon = kExclamation,
-                          .captions = {"&Continua", "&Rinuncia"}}) == 1;
+                          .captions = {kContinueButton, kGiveUpButton}}) == 1;
 }
 
 enum OverwriteAnswer : int { kReplace = 1, kOtherName = 2, kGiveUp = 3 };
 
 int askToOverwrite(Dialogs& dialogs, const std::string& caption) {
-  // QUIRK: the name is missing between the two blanks.
   return dialogs.Get_Msg({.caption = caption,
-                          .text = "FILE  gia` Esistente: Sovrascrivo?",
+                          .text = kOverwriteQuestion,
                           .icon = kQuestion,
-                          .captions = {"&Si", "&No", "&Continua"}});
+                          .captions = {kYesButton, kNoButton, kContinueButton}});
 }
 
 bool wantsToRetry(Dialogs& dialogs, const std::string& caption, const std::string& name) {
   return dialogs.Get_Msg({.caption = caption,
-                          .text = "Specificazione File: " + name + " ERRATA!",
+                          .text = kWrongName[0] + name + kWrongName[1],
                           .icon = kExclamation,
-                          .captions = {"&Riprova", "&Continua"}}) == 1;
+                          .captions = {kRetryButton, kContinueButton}}) == 1;
 }
 
 /// A menu takes "&" as the mark of the access key.

@@ -1,4 +1,4 @@
-#include "session/Msg.h"
+#include "commands/DisplayRefresh.h"
 
 #include <algorithm>
 

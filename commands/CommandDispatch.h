@@ -1,22 +1,22 @@
+/// Unit MainMod: the start-up, and which command each menu entry runs.
 #pragma once
 
 #include <functional>
-#include <string>
 
-#include "base/Int16.h"
-#include "ui/Editor.h"
-#include "ui/MainPanels.h"
-#include "ui/Ports.h"
+#include "commands/CommandTable.h"
 
-/// Start-up and main dispatch: which command each menu entry runs.
 namespace vk {
 
 struct Session;
 
 class MainMod {
  public:
-  MainMod(Session& session, const Ports& ports, MainPanels& panels, Editor& editor)
-      : session_(session), ports_(ports), panels_(panels), editor_(editor) {}
+  MainMod(Session& session, Ports ports)
+      : session_(session), ports_(std::move(ports)), askFigures_(std::move(ports_.figures)) {
+    ports_.figures = [this]() -> FigurePorts& { return figures(); };
+  }
+  MainMod(const MainMod&) = delete;
+  MainMod& operator=(const MainMod&) = delete;
 
   /// Runs once, when all forms are there: folders, first menu states, the main window by `showMainWindow`,
   /// the welcome, the catalogue, the sound of the start. A step that fails is told, and the next one follows.
@@ -29,9 +29,6 @@ class MainMod {
 
   bool isRunning() const { return running_ != kFalse; }
 
-  /// True for the entries that run something.
-  static bool hasCommand(Control control) { return findHandler(control) != nullptr; }
-
   /// Runs any handler of an event. A run-time error that nobody guarded is told and ends the handler, with
   /// everything as it was before (`Checkpoint`), and gives false; nothing is thrown.
   bool guarded(const std::function<void()>& handler);
@@ -40,42 +37,12 @@ class MainMod {
   void runInputAction(int action);
 
  private:
-  struct Handler;
-  static const Handler* findHandler(Control control);
-
-  void tell(const RuntimeError& error);
   FigurePorts& figures();
   PlotWindows* plots() { return figures_ == nullptr ? nullptr : &figures_->plots; }
-  void prepareWindow();
-  void welcome();
-  void fillCatalogue();
-
-  void menDatLet();
-  void menDatMod();
-  void menDatSav();
-  void menDatTra();
-  void menDatSim();
-  void menFunSel();
-  void menFunLet();
-  void menFunMod();
-  void menFunCar();
-  void menGraLetFil();
-  void menGraModFil();
-  void menAdaPar();
-  void menAdaAda();
-  void menSerCal();
-  void menSerPro();
-  void menSerImpDir() { panels_.MenSerImpDir(); }
-  void menSerImpGra() { panels_.MenSerImpGra(); }
-  void menSerErr();
-  template <FileKindCode kind>
-  void recent(int index);
-  void edit(const std::string& caption, Int16 kind);
 
   Session& session_;
   Ports ports_;
-  MainPanels& panels_;
-  Editor& editor_;
+  std::function<FigurePorts&()> askFigures_;
   FigurePorts* figures_ = nullptr;  ///< none before the first figure
   Flag running_;                    ///< a command runs
 };

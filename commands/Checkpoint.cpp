@@ -1,21 +1,20 @@
-#include "ui/Checkpoint.h"
+#include "commands/Checkpoint.h"
+
+#include <utility>
 
 #include "base/Guard.h"
-#include "session/Msg.h"
+#include "commands/DisplayRefresh.h"
 
 namespace vk {
 
-Checkpoint::Checkpoint(Session& session, const Ports& ports, MainPanels& panels, Editor& editor,
-                       const PlotWindows* plots)
+Checkpoint::Checkpoint(Session& session, Ports& ports, const PlotWindows* plots)
     : session_(session),
       ports_(ports),
-      panels_(panels),
-      editor_(editor),
       before_(session),
       outputWindows_(ports.output.opened()),
       plotWindows_(plots != nullptr ? plots->made() : 0),
-      panelOpen_(panels.isOpen()),
-      editorOpen_(editor.isOpen()) {}
+      panelOpen_(ports.panels.isOpen()),
+      editorOpen_(ports.editor.isOpen()) {}
 
 // Each step stands on its own: one that fails as well does not keep the others from their work.
 void Checkpoint::goBack(PlotWindows* plots) {
@@ -25,15 +24,15 @@ void Checkpoint::goBack(PlotWindows* plots) {
     if (plots != nullptr) plots->closeSince(plotWindows_);
   });
   guard([&] {
-    if (!panelOpen_) panels_.shut();
+    if (!panelOpen_) ports_.panels.shut();
   });
   guard([&] {
-    if (!editorOpen_ && editor_.isOpen()) editor_.MnuFilRin();
+    if (!editorOpen_ && ports_.editor.isOpen()) ports_.editor.MnuFilRin();
   });
   guard([&] { ports_.functions.refillSelection(); });
   guard([&] { ports_.functions.refillLoadList(); });
   guard([&] {
-    if (!panels_.isOpen()) showSession(session_, ports_.window);
+    if (!ports_.panels.isOpen()) showSession(session_, ports_.window);
   });
 }
 

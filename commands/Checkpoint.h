@@ -1,9 +1,7 @@
 #pragma once
 
+#include "commands/Ports.h"
 #include "session/Session.h"
-#include "ui/Editor.h"
-#include "ui/MainPanels.h"
-#include "ui/Ports.h"
 
 namespace vk {
 
@@ -11,8 +9,7 @@ namespace vk {
 class Checkpoint {
  public:
   /// `plots` is none as long as no figure has been drawn.
-  Checkpoint(Session& session, const Ports& ports, MainPanels& panels, Editor& editor,
-             const PlotWindows* plots);
+  Checkpoint(Session& session, Ports& ports, const PlotWindows* plots);
 
   /// Puts the session back, data and switches alike, closes what has been opened since, and shows all anew.
   /// Throws nothing.
@@ -20,9 +17,7 @@ class Checkpoint {
 
  private:
   Session& session_;
-  const Ports& ports_;
-  MainPanels& panels_;
-  Editor& editor_;
+  Ports& ports_;
   Session before_;
   int outputWindows_, plotWindows_;
   bool panelOpen_, editorOpen_;

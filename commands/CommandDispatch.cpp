@@ -1,0 +1,79 @@
+#include "commands/CommandDispatch.h"
+
+#include <optional>
+
+#include "base/FlagFor.h"
+#include "base/Guard.h"
+#include "commands/Checkpoint.h"
+#include "commands/DisplayRefresh.h"
+#include "commands/FilePicking.h"
+#include "commands/FitCommand.h"
+#include "commands/ParameterCommands.h"
+#include "commands/SimulationCommand.h"
+#include "commands/StartUp.h"
+#include "commands/TransformationCommand.h"
+#include "session/Session.h"
+#include "session/SoundSignal.h"
+
+namespace vk {
+
+void MainMod::StartUp(const std::function<void()>& showMainWindow) {
+  guarded([this] { setFirstFolders(session_, ports_.files); });
+  guarded([this] { prepareWindow(session_, ports_.window); });
+  guarded(showMainWindow);
+  guarded([this] { welcome(ports_.dialogs); });
+  guarded([this] { fillCatalogue(session_, ports_.functions); });
+  guarded([this] { SoundSignal(session_, ports_.sound, 0); });
+  guarded([this] { Msg(session_, ports_.window); });
+}
+
+void MainMod::run(Control control) {
+  if (running_) return;
+  const Command& command = commandOf(control);
+  const bool ended = guarded([&] {
+    const FlagFor running(running_, kTrue);
+    if (command.run == nullptr || ports_.panels.isOpen()) return;
+    session_.GammaTold = kFalse;
+    command.run(session_, ports_);
+    if (!ports_.panels.isOpen()) Msg(session_, ports_.window);
+  });
+  // The entry that is picked may be what failed; it would fail at every reading, and nobody would be asked.
+  if (!ended && command.reads != 0) recentList(session_, command.reads).pick = 0;
+}
+
+bool MainMod::guarded(const std::function<void()>& handler) {
+  std::optional<Checkpoint> before;
+  try {
+    before.emplace(session_, ports_, plots());
+    handler();
+    return true;
+  } catch (...) {
+    const RuntimeError error = presentRuntimeError();
+    guard([&] { ports_.dialogs.plainBox(kProgramTitle, error.message()); });
+    if (before) before->goBack(plots());
+    return false;
+  }
+}
+
+FigurePorts& MainMod::figures() {
+  if (figures_ == nullptr) figures_ = &askFigures_();
+  return *figures_;
+}
+
+void MainMod::runInputAction(int action) {
+  switch (action) {
+    case kStoreParameters:
+      StoreParameters(session_, ports_.window);
+      break;
+    case kTransformData:
+      TransformData(session_, ports_.dialogs, ports_.window);
+      break;
+    case kSimulateData:
+      SimulateData(session_, ports_.dialogs, ports_.window, ports_.random, [this] {
+        MenAdaAda(session_, ports_.dialogs, ports_.window, ports_.output, ports_.clock);
+      });
+      break;
+  }
+}
+
+}  // namespace vk

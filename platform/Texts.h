@@ -1,0 +1,40 @@
+#pragma once
+
+/// The texts that several units show to the user, each once. A text of one unit stands at the head of its file.
+namespace vk {
+
+/// Title of the plain boxes for which none is told.
+inline constexpr const char* kProgramTitle = "VOR_KEL";
+
+// Captions of buttons, "&" before the access key.
+inline constexpr const char* kContinueButton = "&Continua";
+inline constexpr const char* kGiveUpButton = "&Rinuncia";
+inline constexpr const char* kAcceptButton = "&Accetta";
+inline constexpr const char* kExecuteButton = "&Esegui";
+inline constexpr const char* kRetryButton = "&Riprova";
+inline constexpr const char* kPrintButton = "&Stampa";
+inline constexpr const char* kCopyButton = "Co&pia";
+inline constexpr const char* kSaveFileButton = "Salva &File";
+
+// What the plain boxes end with.
+inline constexpr const char* kPressToContinue = "     <*> per Continuare";
+inline constexpr const char* kPressToContinueClose = "  <*> per Continuare";
+
+// Captions of the commands on files.
+inline constexpr const char* kReadCaption = "VOR_KEL: Lettura File ";
+inline constexpr const char* kEditCaption = "VOR_KEL: Modifica File ";
+/// Behind the caption over a list of errors.
+inline constexpr const char* kErrorListSuffix = " - ERRORI";
+
+// The kinds of file.
+inline constexpr const char* kDataWord = "Dati";
+inline constexpr const char* kFunctionsWord = "Funzioni";
+inline constexpr const char* kGraphicWord = "Grafico";
+
+/// In the place of the name of a file that is not there.
+inline constexpr const char* kNoFile = "Nessuno";
+
+/// Before the name of a formula that does not compile.
+inline constexpr const char* kBadDefinition = "Errore nella Definizione di ";
+
+}  // namespace vk

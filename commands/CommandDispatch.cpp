@@ -7,11 +7,7 @@
 #include "commands/Checkpoint.h"
 #include "commands/DisplayRefresh.h"
 #include "commands/FilePicking.h"
-#include "commands/FitCommand.h"
-#include "commands/ParameterCommands.h"
-#include "commands/SimulationCommand.h"
 #include "commands/StartUp.h"
-#include "commands/TransformationCommand.h"
 #include "session/Session.h"
 #include "session/SoundSignal.h"
 
@@ -58,22 +54,6 @@ bool MainMod::guarded(const std::function<void()>& handler) {
 FigurePorts& MainMod::figures() {
   if (figures_ == nullptr) figures_ = &askFigures_();
   return *figures_;
-}
-
-void MainMod::runInputAction(int action) {
-  switch (action) {
-    case kStoreParameters:
-      StoreParameters(session_, ports_.window);
-      break;
-    case kTransformData:
-      TransformData(session_, ports_.dialogs, ports_.window);
-      break;
-    case kSimulateData:
-      SimulateData(session_, ports_.dialogs, ports_.window, ports_.random, [this] {
-        MenAdaAda(session_, ports_.dialogs, ports_.window, ports_.output, ports_.clock);
-      });
-      break;
-  }
 }
 
 }  // namespace vk

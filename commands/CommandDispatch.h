@@ -33,9 +33,6 @@ class MainMod {
   /// everything as it was before (`Checkpoint`), and gives false; nothing is thrown.
   bool guarded(const std::function<void()>& handler);
 
-  /// What "&Esegui" of the input form runs, by the number in its tables.
-  void runInputAction(int action);
-
  private:
   FigurePorts& figures();
   PlotWindows* plots() { return figures_ == nullptr ? nullptr : &figures_->plots; }

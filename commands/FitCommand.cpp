@@ -7,12 +7,13 @@
 
 namespace vk {
 
-void MenAdaAda(Session& session, Dialogs& dialogs, MainWindow& window, OutputWindow& output, Clock& clock) {
-  if (!canFit(session, dialogs)) return;
+void MenAdaAda(Session& session, Ports& ports) {
+  if (!canFit(session, ports.dialogs)) return;
   const FlagFor running(session.FitRunning, kTrue);
-  FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par, {output, dialogs, clock});
-  const ShutWindow shut(window, Form::kOutput);
-  FitData(session, dialogs, screen);
+  FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par,
+                   {ports.output, ports.dialogs, ports.clock});
+  const ShutWindow shut(ports.window, Form::kOutput);
+  FitData(session, ports.dialogs, screen);
 }
 
 FitResult FitData(Session& session, Dialogs& dialogs, FitObserver& observer) {

@@ -1,17 +1,14 @@
 #pragma once
 
 #include "analysis/Fit.h"
-#include "platform/Clock.h"
-#include "platform/Dialogs.h"
-#include "platform/MainWindow.h"
-#include "platform/OutputWindow.h"
+#include "commands/Ports.h"
 #include "session/Session.h"
 
 namespace vk {
 
 /// Command: fits the model function to the data and shows the fit screen; the main window is shut while it runs.
 /// Where data, function or free parameters are missing, a plain box says so and nothing else happens.
-void MenAdaAda(Session& session, Dialogs& dialogs, MainWindow& window, OutputWindow& output, Clock& clock);
+void MenAdaAda(Session& session, Ports& ports);
 
 /// Fits the session's model function to its data, and leaves values, errors and effective errors there. `ErrFlag` is 0
 /// afterwards, or -1 when the fit or a figure at its end could not be computed.

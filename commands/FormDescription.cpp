@@ -1,5 +1,7 @@
 #include "commands/FormDescription.h"
 
+#include "session/Session.h"
+
 namespace vk {
 namespace {
 
@@ -38,6 +40,12 @@ void describeTexts(InputTables& form, std::initializer_list<FormText> texts) {
     form.InpTexts[++i] = t.text;
     form.InpTextPos[i] = {t.row, t.column, kCentred};
   }
+}
+
+bool askForm(Session& session, InputForm& form) {
+  const bool executed = form.InpShow(session.input, Form::kMain);
+  session.ErrFlag = executed ? 0 : kTrue;
+  return executed;
 }
 
 }  // namespace vk

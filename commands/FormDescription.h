@@ -5,8 +5,10 @@
 
 #include "platform/InputForm.h"
 
-/// Fills the tables of the input form. Rows and columns are character cells, from 1.
+/// The input form of a command: fills its tables and asks. Rows and columns are character cells, from 1.
 namespace vk {
+
+struct Session;
 
 /// A field of the form with its prompt.
 struct FormField {
@@ -39,5 +41,9 @@ void describeField(InputTables& form, int i, const FormField& field);
 void describeFrames(InputTables& form, std::initializer_list<FormRectangle> frames);
 /// All fixed texts, which are centred on their columns.
 void describeTexts(InputTables& form, std::initializer_list<FormText> texts);
+
+/// Shows the form that the session's tables describe above the main window. True after "&Esegui"; `ErrFlag` is 0 then,
+/// else -1.
+bool askForm(Session& session, InputForm& form);
 
 }  // namespace vk

@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "commands/DisplayRefresh.h"
 #include "commands/FormDescription.h"
+#include "commands/PropagationCommand.h"
 #include "expr/FunMod.h"
 
 namespace vk {
@@ -73,7 +74,7 @@ void markParametersSet(Session& session) {
   session.analysis.ParVar = toFlag(session.analysis.par.FreeCount >= 1) & ~session.analysis.PropagationMode;
 }
 
-void EnterParameters(Session& session, InputForm& form, Flag mode) {
+bool EnterParameters(Session& session, InputForm& form, Flag mode) {
   const ParameterSet& par = session.analysis.par;
   const std::string& functionText = session.analysis.fun.FunctionText;
   const int half = halfWidth(functionText);
@@ -81,13 +82,12 @@ void EnterParameters(Session& session, InputForm& form, Flag mode) {
   tables.caption = mode ? "VOR_KEL: Propagazione Errori" : "VOR_KEL: Parametri Iniziali";
   tables.InpCols = 2 * half;
   tables.InpRows = par.ParCount + kFirstRow - mode;
-  tables.InpAction = kStoreParameters;
   describeFrames(tables,
                  {{1, 1, tables.InpRows, tables.InpCols}, {3, 1, 6, half}, {3, half, 6, tables.InpCols}});
   describeHeads(tables, half, functionText, mode);
   describeFieldCount(tables, (par.ParCount - mode) * 2);
   describeFields(tables, half, par, mode + 1);
-  form.InpShow(tables, Form::kMain);
+  return askForm(session, form);
 }
 
 void StoreParameters(Session& session) {
@@ -113,16 +113,20 @@ void classifyParameters(Session& session) {
   markParametersSet(session);
 }
 
-void MenAdaPar(Session& session, InputForm& form) {
+void MenAdaPar(Session& session, Ports& ports) {
   session.analysis.PropagationMode = kFalse;
-  EnterParameters(session, form, session.analysis.PropagationMode);
+  if (EnterParameters(session, ports.input, session.analysis.PropagationMode)) {
+    StoreParameters(session, ports.window);
+  }
 }
 
-void MenSerPro(Session& session, InputForm& form, const std::function<void()>& propagate) {
+void MenSerPro(Session& session, Ports& ports) {
   if (session.analysis.FunDefined) {
     session.analysis.PropagationMode = kTrue;
-    EnterParameters(session, form, session.analysis.PropagationMode);
-    if (session.ErrFlag == 0) propagate();
+    if (EnterParameters(session, ports.input, session.analysis.PropagationMode)) {
+      StoreParameters(session, ports.window);
+      PropagateErrors(session, ports);
+    }
   }
   session.ErrFlag = 0;
 }

@@ -16,7 +16,7 @@ constexpr const char* kFileName = "Mon_Sim.DAT";
 
 }  // namespace
 
-PropagationResult PropagateErrors(Session& session, const PropagationPorts& ports) {
+PropagationResult PropagateErrors(Session& session, Ports& ports) {
   const ShutWindow shut(ports.window, Form::kOutput);
   ports.random.seed(ports.clock.timer());
   session.analysis.monteCarlo = {};

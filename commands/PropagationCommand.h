@@ -1,33 +1,18 @@
 #pragma once
 
 #include "analysis/Propagation.h"
-#include "platform/Clock.h"
-#include "platform/Dialogs.h"
-#include "platform/Files.h"
-#include "platform/MainWindow.h"
-#include "platform/OutputWindow.h"
-#include "platform/Random.h"
+#include "commands/Ports.h"
 #include "session/Session.h"
 
 /// The propagation of errors on its screen.
 namespace vk {
-
-/// The ports that a propagation works with. `files` is kept for "Salva &File" of the open window.
-struct PropagationPorts {
-  Dialogs& dialogs;
-  MainWindow& window;
-  OutputWindow& output;
-  Files& files;
-  Clock& clock;
-  Random& random;
-};
 
 /// Propagates the errors of the session's parameters through its model function, live on the screen.
 ///
 /// The generator is seeded from the clock. The main window is shut while it runs. After a failure, which a box
 /// tells, the window is closed. In any case `ErrFlag` is 0. The histogram stays in the session; the open window's
 /// "Salva &File" writes it by `SaveMonteCarlo`.
-PropagationResult PropagateErrors(Session& session, const PropagationPorts& ports);
+PropagationResult PropagateErrors(Session& session, Ports& ports);
 
 /// Tells in a box why a propagation has failed; nothing for one that has not.
 void tellFailure(Dialogs& dialogs, PropagationEnd end);

@@ -6,6 +6,7 @@
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "commands/DisplayRefresh.h"
+#include "commands/FitCommand.h"
 #include "commands/FormDescription.h"
 #include "commands/RandomSource.h"
 
@@ -101,7 +102,12 @@ void fitSimulated(ParameterSet& par, const Array<double>& truth, const std::func
 
 }  // namespace
 
-void MenDatSim(Session& session, InputForm& form) {
+void MenDatSim(Session& session, Ports& ports) {
+  if (!askSimulation(session, ports.input)) return;
+  SimulateData(session, ports, [&] { MenAdaAda(session, ports); });
+}
+
+bool askSimulation(Session& session, InputForm& form) {
   InputTables& tables = session.input;
   describeFields(session, tables);
   tables.InpRows = kRows;
@@ -111,9 +117,8 @@ void MenDatSim(Session& session, InputForm& form) {
                           {1, 1, kRows, kSimulationColumns}});
   describeTexts(tables, {{1, kSimulationColumns / 2, "Funzione"},
                          {2, kSimulationColumns / 2, trim(session.analysis.fun.FunctionText)}});
-  tables.InpAction = kSimulateData;
   tables.caption = "VOR_KEL: Simulazione Dati";
-  form.InpShow(tables, Form::kMain);
+  return askForm(session, form);
 }
 
 bool acceptCorrections(Dialogs& dialogs, const SimulatedData& simulated, int freeCount) {
@@ -141,20 +146,19 @@ std::optional<SimulatedData> simulateUnlessOverflow(Dialogs& dialogs,
   }
 }
 
-void SimulateData(Session& session, Dialogs& dialogs, MainWindow& window, Random& random,
-                  const std::function<void()>& fit) {
+void SimulateData(Session& session, Ports& ports, const std::function<void()>& fit) {
   ParameterSet& par = session.analysis.par;
-  ExhaustedBox listener(session, dialogs);
+  ExhaustedBox listener(session, ports.dialogs);
   Model model = modelOf(session.analysis);
-  RandomSource source(random);
+  RandomSource source(ports.random);
   const auto simulated = simulateUnlessOverflow(
-      dialogs, [&] { return simulate(enteredSettings(session.input), model, par, source, listener); });
+      ports.dialogs, [&] { return simulate(enteredSettings(session.input), model, par, source, listener); });
   if (!simulated) return;
   takeData(session, *simulated);
   const Array<double> truth = par.ParValues;
   scatterStart(par, source);
-  const bool goesOn = acceptCorrections(dialogs, *simulated, par.FreeCount);
-  Msg(session, window);
+  const bool goesOn = acceptCorrections(ports.dialogs, *simulated, par.FreeCount);
+  Msg(session, ports.window);
   if (goesOn) fitSimulated(par, truth, fit);
 }
 

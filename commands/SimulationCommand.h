@@ -4,26 +4,25 @@
 #include <optional>
 
 #include "analysis/Simulation.h"
-#include "platform/Dialogs.h"
-#include "platform/InputForm.h"
-#include "platform/MainWindow.h"
-#include "platform/Random.h"
+#include "commands/Ports.h"
 #include "session/Session.h"
 
 /// Simulated data take the place of the loaded ones and are fitted at once.
 namespace vk {
 
-/// Command: shows the form of the simulation, with the settings used last.
-void MenDatSim(Session& session, InputForm& form);
+/// Command: asks for the settings, simulates the data and fits them.
+void MenDatSim(Session& session, Ports& ports);
 
-/// The action of the form's "&Esegui": takes the settings from its fields, corrects unreasonable ones, makes
+/// Shows the form of the simulation, with the settings used last. True after "&Esegui".
+bool askSimulation(Session& session, InputForm& form);
+
+/// Takes the settings from the fields of the form, corrects unreasonable ones, makes
 /// the data set "SIMULA.DAT" and runs `fit` from starting values scattered by up to 20 per cent. `ParValues`
 /// holds the true values again afterwards. The generator goes on from where it stands.
 ///
 /// The corrections are told; the user can stop there, with the data replaced and nothing fitted. A number that
 /// does not fit its type ends the command with the box "Overflow", before anything is changed.
-void SimulateData(Session& session, Dialogs& dialogs, MainWindow& window, Random& random,
-                  const std::function<void()>& fit);
+void SimulateData(Session& session, Ports& ports, const std::function<void()>& fit);
 
 /// Tells what was not reasonable in the settings. True when the user wants to go on with what was corrected, or when
 /// there was nothing.

@@ -63,7 +63,7 @@ class ModelComesBack {
 
 }  // namespace
 
-void MenDatTra(Session& session, InputForm& form) {
+void MenDatTra(Session& session, Ports& ports) {
   InputTables& tables = session.input;
   describeFields(tables, session.loaded.data);
   const int rows = tables.InpFieldCount + 4;
@@ -73,26 +73,25 @@ void MenDatTra(Session& session, InputForm& form) {
                  {{1, 1, rows, kColumns}, {3, 1, rows, kColumns}, {3, kPromptWidth + 2, rows, kColumns}});
   describeTexts(tables,
                 {{1, kTextColumn, "File Dati"}, {2, kTextColumn, FileBaseName(session.loaded.DataFile)}});
-  tables.InpAction = kTransformData;
   tables.caption = "VOR_KEL: Trasformazione Dati";
   const ModelComesBack back(session);
-  form.InpShow(tables, Form::kMain);
+  if (askForm(session, ports.input)) TransformData(session, ports);
 }
 
-void TransformData(Session& session, Dialogs& dialogs, MainWindow& window) {
+void TransformData(Session& session, Ports& ports) {
   const Array<std::string>& fields = session.input.InpValues;
   TransformFormulas formulas{fields[1], fields[2], {}};
   for (int i = kFirstFormula; i <= fields.upper(); ++i) formulas.columns.push_back(fields[i]);
-  ExhaustedBox listener(session, dialogs);
+  ExhaustedBox listener(session, ports.dialogs);
   TransformResult result = transform(session.loaded.data, formulas, listener);
   if (result.replaced()) {
     session.loaded.data = std::move(result.data);
   } else {
-    tellBadFormula(dialogs, result);
+    tellBadFormula(ports.dialogs, result);
   }
   restoreModel(session);
-  window.refresh();
-  Msg(session, window);
+  ports.window.refresh();
+  Msg(session, ports.window);
 }
 
 void tellBadFormula(Dialogs& dialogs, const TransformResult& result) {

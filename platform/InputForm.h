@@ -9,9 +9,6 @@
 
 namespace vk {
 
-/// What the input form runs when the user presses "&Esegui".
-enum InputAction : int { kStoreParameters = 1, kTransformData = 2, kSimulateData = 3 };
-
 /// The tables by which a command describes the input form and gets the accepted texts back. Arrays run from
 /// 1; element 0 stays unused. Rows and columns are character cells, from 1. Texts are code page 437.
 struct InputTables {
@@ -21,7 +18,6 @@ struct InputTables {
   Int16 InpFieldCount;  ///< number of fields
   Int16 InpFrameCount;
   Int16 InpTextCount;
-  Int16 InpAction;
 
   Array<std::string> InpValues;             ///< in: content of the field; out: the accepted content
   Array<std::string> InpFieldKinds;         ///< "#Number", "#Function@...", "#String", "#File"
@@ -38,10 +34,9 @@ class InputForm {
  public:
   virtual ~InputForm() = default;
 
-  /// Shows the form above `caller`. After "&Esegui" with good fields the accepted texts stand in `InpValues`,
-  /// the session's `ErrFlag` is 0 and the action has run when this returns. After "&Rinuncia" the tables are
-  /// as they were and `ErrFlag` is -1.
-  virtual void InpShow(InputTables& tables, Form caller) = 0;
+  /// Shows the form above `caller`. True after "&Esegui" with good fields: the form is closed and the accepted texts
+  /// stand in `InpValues`. False after "&Rinuncia": the tables are as they were.
+  virtual bool InpShow(InputTables& tables, Form caller) = 0;
 };
 
 }  // namespace vk

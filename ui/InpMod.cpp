@@ -94,12 +94,7 @@ bool InpMod::execute() {
   if (!InpValid) return false;
   InpExecuted = kTrue;
   for (int i = 1; i <= fieldCount(); ++i) tables_->InpValues[i] = captions_[i];
-  ErrFlag_ = 0;
   return true;
-}
-
-void InpMod::cancel() {
-  ErrFlag_ = kTrue;
 }
 
 }  // namespace vk

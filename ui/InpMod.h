@@ -21,8 +21,8 @@ class InpMod {
   /// Tells whether a definition text compiles into the session's model area.
   using Compiler = std::function<bool(const std::string& definition)>;
 
-  InpMod(Int16& ErrFlag, Dialogs& dialogs, Sound& sound, Compiler compiler)
-      : ErrFlag_(ErrFlag), dialogs_(dialogs), sound_(sound), compiler_(std::move(compiler)) {}
+  InpMod(Dialogs& dialogs, Sound& sound, Compiler compiler)
+      : dialogs_(dialogs), sound_(sound), compiler_(std::move(compiler)) {}
 
   /// Starts a showing: sizes, fields with their initial contents, the edit box on field 1. The tables must live
   /// until the form is closed.
@@ -40,11 +40,8 @@ class InpMod {
   bool lostFocus();
 
   /// "&Esegui": false when the present field is bad and the form must stay; else the contents are in the
-  /// tables and `ErrFlag` is 0. The caller closes the form and runs the action.
+  /// tables, and the caller closes the form.
   bool execute();
-
-  /// "&Rinuncia": the tables stay as they were and `ErrFlag` is -1.
-  void cancel();
 
   /// What the user has typed.
   void setEditText(const std::string& text) { edit_.text = text; }
@@ -67,7 +64,6 @@ class InpMod {
   void validateNumber();
   void validateFunction(const std::string& remainder);
 
-  Int16& ErrFlag_;
   Dialogs& dialogs_;
   Sound& sound_;
   Compiler compiler_;

@@ -6,6 +6,7 @@
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
+#include "doubles/TestPorts.h"
 #include "expr/FunMod.h"
 
 namespace vk {
@@ -32,7 +33,7 @@ class PropagationTest : public testing::Test {
     session.analysis.par.ParDeltas[i] = error;
   }
   PropagationResult propagate(Random& random) {
-    return PropagateErrors(session, {dialogs, window, output, files, clock, random});
+    return PropagateErrors(session, TestPorts(dialogs, window, output, files, clock, random));
   }
   std::string screen() const { return output.grid().toUtf8(); }
 

@@ -3,6 +3,7 @@
 
 #include "analysis/LinearisedErrors.h"
 #include "commands/SimulationCommand.h"
+#include "doubles/TestPorts.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/analysis/FitFixture.h"
 #include "tests/analysis/PropagationHelp.h"
@@ -75,7 +76,7 @@ Study study(FitCase model, const std::vector<double>& truth, const std::vector<s
   result.pulls.resize(truth.size());
   for (int i = 0; i < kDataSets; ++i) {
     model.start(truth);
-    SimulateData(session, model.dialogs, window, random, [&] {
+    SimulateData(session, TestPorts(model.dialogs, window, random), [&] {
       const FitResult fit = model.fit();
       const auto errors = model.linearised(fit.chi_square);
       ASSERT_NE(fit.status, FitStatus::kFailed);

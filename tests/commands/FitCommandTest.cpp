@@ -2,6 +2,7 @@
 
 #include "commands/DisplayRefresh.h"
 #include "commands/ParameterCommands.h"
+#include "doubles/TestPorts.h"
 #include "tests/analysis/PropagationHelp.h"
 
 namespace vk {
@@ -38,7 +39,7 @@ class FitCommandTest : public PropagationTest {
     set(2, 0, 1);
     classifyParameters(session);
   }
-  void fit() { MenAdaAda(session, dialogs, window, output, watch); }
+  void fit() { MenAdaAda(session, TestPorts(dialogs, window, output, watch)); }
   void expectRefusal(const std::string& text) {
     dialogs.expectBox();
     fit();
@@ -89,10 +90,10 @@ TEST_F(FitCommandTest, WithoutDataOrFunctionItSaysWhatIsMissing) {
 TEST_F(FitCommandTest, AfterAPropagationTheParametersAreMissingUntilTheyAreEnteredAgain) {
   Msg(session, window);
   EXPECT_TRUE(window.menuEnabled[Control::MenDatSim]);
-  ScriptedInputForm form(session, [this](int) { StoreParameters(session, window); });
+  ScriptedInputForm form;
   CyclingRandom random({0.25F, 0.75F});
   form.execute({"1", "2", "3", "0", "-1", "0"});
-  MenSerPro(session, form, [&] { propagate(random); });
+  MenSerPro(session, TestPorts(form, dialogs, window, output, files, clock, random));
   EXPECT_EQ(session.analysis.ParVar, kFalse);
   EXPECT_FALSE(window.menuEnabled[Control::MenDatSim]);
   EXPECT_TRUE(window.menuEnabled[Control::MenAdaAda]);
@@ -100,7 +101,7 @@ TEST_F(FitCommandTest, AfterAPropagationTheParametersAreMissingUntilTheyAreEnter
   expectRefusal("Parametri NON Definiti!  <*> per Continuare");
 
   form.execute({"2", "3", "1", "1"});
-  MenAdaPar(session, form);
+  MenAdaPar(session, TestPorts(form, window));
   EXPECT_TRUE(window.menuEnabled[Control::MenDatSim]);
   fit();
   EXPECT_NEAR(session.analysis.par.ParValues[1], 1.94, 1E-3);

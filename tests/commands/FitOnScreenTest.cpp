@@ -3,6 +3,7 @@
 #include "commands/FitScreen.h"
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedForms.h"
+#include "doubles/TestPorts.h"
 #include "tests/analysis/FitFixture.h"
 #include "tests/numeric/SampleValues.h"
 
@@ -16,7 +17,7 @@ struct FitOnScreen : FitCase {
   StillClock clock;
 
   using FitCase::FitCase;
-  void run() { MenAdaAda(session, dialogs, window, output, clock); }
+  void run() { MenAdaAda(session, TestPorts(dialogs, window, output, clock)); }
   std::string screen() const { return output.grid().toUtf8(); }
 };
 
@@ -96,7 +97,7 @@ TEST(FitOnScreen, ShutsTheMainWindowWhileItRuns) {
   WatchedOutput output;
   bool alwaysShut = true;
   output.opening = output.refreshing = [&] { alwaysShut = alwaysShut && !fit.window.enabled; };
-  MenAdaAda(fit.session, fit.dialogs, fit.window, output, fit.clock);
+  MenAdaAda(fit.session, TestPorts(fit.dialogs, fit.window, output, fit.clock));
   EXPECT_TRUE(alwaysShut);
   EXPECT_TRUE(fit.window.enabled);
 }
@@ -110,7 +111,7 @@ TEST(FitOnScreen, OpensTheMainWindowOnAnUnguardedError) {
   output.opening = [&] {
     if (++starts == 2) throw RuntimeError(kOverflow);
   };
-  EXPECT_THROW(MenAdaAda(fit.session, fit.dialogs, fit.window, output, fit.clock), RuntimeError);
+  EXPECT_THROW(MenAdaAda(fit.session, TestPorts(fit.dialogs, fit.window, output, fit.clock)), RuntimeError);
   EXPECT_TRUE(fit.window.enabled);
   EXPECT_EQ(fit.session.loaded.data.kXpntErr, kTrue);
 }
@@ -122,7 +123,7 @@ TEST(FitOnScreen, CountsWholeSecondsFromTheStartOfEachOfTheTwoFits) {
   WatchedOutput output;
   output.opening = [&] { fit.clock.now += 100; };  // drawing the screen does not count
   output.refreshing = [&] { fit.clock.now += 1.75F; };
-  MenAdaAda(fit.session, fit.dialogs, fit.window, output, fit.clock);
+  MenAdaAda(fit.session, TestPorts(fit.dialogs, fit.window, output, fit.clock));
   int starts = 0, inFit = 0;
   for (const CharGrid& shown : output.refreshed) {
     const std::string seconds = mid(shown.rowText(6), 3, 9);

@@ -12,8 +12,7 @@ inline std::string describe(const InputTables& form) {
   std::ostringstream out;
   out << form.caption << "\n"
       << "rows " << form.InpRows << ", cols " << form.InpCols << ", fields " << form.InpFieldCount
-      << ", frames " << form.InpFrameCount << ", texts " << form.InpTextCount << ", action " << form.InpAction
-      << "\n";
+      << ", frames " << form.InpFrameCount << ", texts " << form.InpTextCount << "\n";
   const auto place = [&](const auto& numbers) {
     for (const Int16 number : numbers) out << " " << number;
   };

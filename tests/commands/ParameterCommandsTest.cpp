@@ -4,6 +4,7 @@
 #include "doubles/Choices.h"
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedForms.h"
+#include "doubles/TestPorts.h"
 #include "expr/CmpMod.h"
 #include "expr/FunMod.h"
 #include "tests/commands/FormText.h"
@@ -21,13 +22,13 @@ class InitialParametersTest : public testing::Test {
     take(2, 1);
     session.analysis.fun.FunctionText = " " + std::string(static_cast<std::size_t>(textLength), 't') + " ";
     form.giveUp();
-    MenAdaPar(session, form);
+    MenAdaPar(session, TestPorts(form, window));
     return form.shown.back().InpCols;
   }
   /// Enters these values and second numbers for a fit.
   void enter(const std::vector<std::string>& fields) {
     form.execute(fields);
-    MenAdaPar(session, form);
+    MenAdaPar(session, TestPorts(form, window));
   }
   template <class T>
   std::vector<T> used(const Array<T>& table) const {
@@ -37,10 +38,7 @@ class InitialParametersTest : public testing::Test {
 
   Session session;
   RecordingMainWindow window;
-  ScriptedInputForm form{session, [this](int action) {
-                           EXPECT_EQ(action, kStoreParameters);
-                           StoreParameters(session);
-                         }};
+  ScriptedInputForm form;
 };
 
 TEST_F(InitialParametersTest, TheFormOfAStraightLine) {
@@ -49,12 +47,12 @@ TEST_F(InitialParametersTest, TheFormOfAStraightLine) {
   session.analysis.par.ParValues[2] = -1234.5;
   session.analysis.par.ParDeltas[1] = 1;
   form.giveUp();
-  MenAdaPar(session, form);
+  MenAdaPar(session, TestPorts(form, window));
   ASSERT_EQ(form.shown.size(), 1U);
   EXPECT_EQ(form.callers[0], Form::kMain);
   EXPECT_EQ(describe(form.shown[0]),
             "VOR_KEL: Parametri Iniziali\n"
-            "rows 9, cols 44, fields 4, frames 3, texts 6, action 1\n"
+            "rows 9, cols 44, fields 4, frames 3, texts 6\n"
             "frame 1 1 9 44 3\n"
             "frame 3 1 6 22 3\n"
             "frame 3 22 6 44 3\n"
@@ -77,11 +75,11 @@ TEST_F(InitialParametersTest, TheFormOfAPropagationListsTheIndependentVariableFi
   session.analysis.par.ParValues[0] = 2;
   session.analysis.par.ParDeltas[0] = -0.25;
   form.giveUp();
-  MenSerPro(session, form, [] { FAIL() << "propagated after a refusal"; });
+  MenSerPro(session, TestPorts(form, window));
   ASSERT_EQ(form.shown.size(), 1U);
   EXPECT_EQ(describe(form.shown[0]),
             "VOR_KEL: Propagazione Errori\n"
-            "rows 10, cols 44, fields 6, frames 3, texts 6, action 1\n"
+            "rows 10, cols 44, fields 6, frames 3, texts 6\n"
             "frame 1 1 10 44 3\n"
             "frame 3 1 6 22 3\n"
             "frame 3 22 6 44 3\n"
@@ -104,7 +102,7 @@ TEST_F(InitialParametersTest, TheFormOfAPropagationListsTheIndependentVariableFi
 TEST_F(InitialParametersTest, TheSigmaIsCode229AndTheDeltaCode235) {
   take(1, 1);
   form.giveUp();
-  MenSerPro(session, form, [] {});
+  MenSerPro(session, TestPorts(form, window));
   EXPECT_EQ(code(form.shown[0].InpTexts[6].front()), 229);
   EXPECT_EQ(code(form.shown[0].InpLabels[3].front()), 235);
 }
@@ -115,11 +113,11 @@ TEST_F(InitialParametersTest, LongNamesMoveTheFieldsToTheRight) {
   loadFunction(session, 1);
   take(6, 1);
   form.giveUp();
-  MenAdaPar(session, form);
+  MenAdaPar(session, TestPorts(form, window));
   // The text has 4 + 46 characters: 26 columns a half.
   EXPECT_EQ(describe(form.shown[0]),
             "VOR_KEL: Parametri Iniziali\n"
-            "rows 9, cols 52, fields 4, frames 3, texts 6, action 1\n"
+            "rows 9, cols 52, fields 4, frames 3, texts 6\n"
             "frame 1 1 9 52 3\n"
             "frame 3 1 6 26 3\n"
             "frame 3 26 6 52 3\n"
@@ -149,7 +147,7 @@ TEST_F(InitialParametersTest, ValuesAreShownInTheirShortForm) {
   session.analysis.par.ParValues[2] = 3;
   session.analysis.par.ParDeltas[3] = 1E-20;
   form.giveUp();
-  MenAdaPar(session, form);
+  MenAdaPar(session, TestPorts(form, window));
   EXPECT_EQ(form.shown[0].InpValues[1], "0.333333E+00");
   EXPECT_EQ(form.shown[0].InpValues[2], "3");
   EXPECT_EQ(form.shown[0].InpValues[6], "1E-20");
@@ -242,7 +240,7 @@ TEST_F(InitialParametersTest, GivingUpLeavesEverythingAsItWas) {
   enter({"1", "2", "1", "0"});
   const ParameterSet before = session.analysis.par;
   form.giveUp();
-  MenAdaPar(session, form);
+  MenAdaPar(session, TestPorts(form, window));
   EXPECT_EQ(session.ErrFlag, kTrue);
   EXPECT_EQ(session.analysis.par.ParValues, before.ParValues);
   EXPECT_EQ(session.analysis.par.ParDeltas, before.ParDeltas);
@@ -255,7 +253,7 @@ TEST_F(InitialParametersTest, TheNextShowingStartsFromTheStoredValues) {
   take(2, 1);
   enter({"1", "2", "1", "0"});
   form.giveUp();
-  MenAdaPar(session, form);
+  MenAdaPar(session, TestPorts(form, window));
   const InputTables& second = form.shown[1];
   EXPECT_EQ(second.InpValues[1], "1");
   EXPECT_EQ(second.InpValues[2], "2");
@@ -268,7 +266,7 @@ TEST_F(InitialParametersTest, AfterAFitTheRightColumnShowsTheErrors) {
   enter({"1", "2", "1", "0"});
   session.analysis.par.ParDeltas[1] = 0.125;  // as the fit leaves it
   form.execute({"1", "2", ".125", "0"});
-  MenAdaPar(session, form);
+  MenAdaPar(session, TestPorts(form, window));
   EXPECT_EQ(form.shown[1].InpValues[3], ".125");
   EXPECT_EQ(session.analysis.par.FreeCount, 1);
 }
@@ -293,13 +291,14 @@ TEST_F(InitialParametersTest, ABuiltInModelLeavesTheCompiledAreaAlone) {
 
 TEST_F(InitialParametersTest, APropagationKeepsTheIndependentVariableAtIndexZeroAndNothingFree) {
   take(2, 1);
-  bool propagated = false;
+  ScriptedDialogs dialogs;
+  RecordingOutput output;
+  MemoryFiles files;
+  StillClock clock;
+  CyclingRandom random({0.25F, 0.75F});
   form.execute({"10", "1", "2", ".5", "0", "-.25"});
-  MenSerPro(session, form, [&] {
-    propagated = true;
-    session.ErrFlag = kTrue;
-  });
-  EXPECT_TRUE(propagated);
+  MenSerPro(session, TestPorts(form, dialogs, window, output, files, clock, random));
+  EXPECT_EQ(output.requests.size(), 1U) << "the screen of the propagation";
   EXPECT_EQ(session.analysis.PropagationMode, kTrue);
   EXPECT_EQ(session.analysis.par.ParValues.upper(), 2);
   EXPECT_EQ(session.analysis.par.ParValues[0], 10);
@@ -316,7 +315,7 @@ TEST_F(InitialParametersTest, APropagationKeepsTheIndependentVariableAtIndexZero
 TEST_F(InitialParametersTest, AnEntryForAFitEndsThePropagationMode) {
   take(2, 1);
   form.giveUp();
-  MenSerPro(session, form, [] {});
+  MenSerPro(session, TestPorts(form, window));
   EXPECT_EQ(session.ErrFlag, 0);
   enter({"1", "2", "1", "1"});
   EXPECT_EQ(session.analysis.PropagationMode, kFalse);
@@ -325,7 +324,7 @@ TEST_F(InitialParametersTest, AnEntryForAFitEndsThePropagationMode) {
 
 TEST_F(InitialParametersTest, WithoutAFunctionThePropagationAsksNothing) {
   session.ErrFlag = kTrue;
-  MenSerPro(session, form, [] { FAIL() << "propagated without a function"; });
+  MenSerPro(session, TestPorts(form, window));
   EXPECT_TRUE(form.shown.empty());
   EXPECT_EQ(session.analysis.PropagationMode, kFalse);
   EXPECT_EQ(session.ErrFlag, 0);

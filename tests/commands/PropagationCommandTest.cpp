@@ -4,6 +4,7 @@
 
 #include "base/Text.h"
 #include "commands/ParameterCommands.h"
+#include "doubles/TestPorts.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/analysis/PropagationHelp.h"
 
@@ -274,10 +275,8 @@ TEST_F(FailingPropagation, AFunctionFlatAtTheBaseGetsItsRangeFromSamples) {
 
 class PropagationCommand : public PropagationTest {
  protected:
-  void run() {
-    MenSerPro(session, form, [this] { propagate(random); });
-  }
-  ScriptedInputForm form{session, [this](int) { StoreParameters(session, window); }};
+  void run() { MenSerPro(session, TestPorts(form, dialogs, window, output, files, clock, random)); }
+  ScriptedInputForm form;
   CyclingRandom random{{0.25F, 0.75F}};
 };
 

@@ -33,20 +33,19 @@ class RoadTest : public PropagationTest {
   }
   void enterForFit(const std::vector<std::string>& fields) {
     form.execute(fields);
-    MenAdaPar(session, form);
+    MenAdaPar(session, TestPorts(form, window));
   }
   void fit() {
-    MenAdaAda(session, dialogs, window, output, clock);
+    MenAdaAda(session, TestPorts(dialogs, window, output, clock));
     fitted = session.analysis.par.ParValues;
   }
-  void runAction(int action) {
-    if (action == kStoreParameters) StoreParameters(session, window);
-    if (action == kTransformData) TransformData(session, dialogs, window);
-    if (action == kSimulateData) SimulateData(session, dialogs, window, random, [this] { fit(); });
+  void simulate() {
+    if (!askSimulation(session, form)) return;
+    SimulateData(session, TestPorts(dialogs, window, random), [this] { fit(); });
   }
 
   ScriptedFunctionForms functions{session};
-  ScriptedInputForm form{session, [this](int action) { runAction(action); }};
+  ScriptedInputForm form;
   SystemRandom random;
   Array<double> fitted;  ///< the values that the last fit left
 };
@@ -54,7 +53,7 @@ class RoadTest : public PropagationTest {
 TEST_F(RoadTest, ABellCurveIsFittedToTheSavedHistogramOfAPropagation) {
   selectFunction(1, 1);
   form.execute({"0", "20", "0", ".5"});
-  MenSerPro(session, form, [this] { propagate(random); });
+  MenSerPro(session, TestPorts(form, dialogs, window, output, files, clock, random));
   output.saveRoutine()();
   output.FrmOut_Exit();
 
@@ -77,7 +76,7 @@ TEST_F(RoadTest, BehindAPropagationTheParametersOfAFitAreToBeEnteredAnew) {
   EXPECT_TRUE(window.menuEnabled[Control::MenAdaAda]);
 
   form.execute({"3", "2", "1", "0", "-.5", ".1"});
-  MenSerPro(session, form, [this] { propagate(random); });
+  MenSerPro(session, TestPorts(form, dialogs, window, output, files, clock, random));
   EXPECT_EQ(session.analysis.ParVar, kFalse);
   EXPECT_FALSE(window.menuEnabled[Control::MenDatSim]);
   EXPECT_TRUE(window.menuEnabled[Control::MenAdaAda]) << "it is never turned off here";
@@ -99,7 +98,7 @@ TEST_F(RoadTest, SimulatedDataAreSavedReadAndFittedAgain) {
   selectFunction(2, 1);
   enterForFit({"2", "1", "1", "1"});
   form.execute({"0", "10", "21", ".25", "1", "0", "0"});
-  MenDatSim(session, form);
+  simulate();
   EXPECT_EQ(session.analysis.par.ParValues[1], 2);
   const Array<double> atOnce = fitted;
   dialogs.pick("/data/SIMULA.DAT");
@@ -123,7 +122,7 @@ TEST_F(RoadTest, TransformedDataAreFittedWithTheModelThatWasThere) {
       "t\r\nN\r\n4\r\n1 2.7182818 .01\r\n2 7.3890561 .01\r\n3 20.085537 .01\r\n4 54.598150 .01\r\n";
   read("/data/EXP.DAT");
   form.execute({"t", "ln N", "x", "LOG(y)", "dy/y"});
-  MenDatTra(session, form);
+  MenDatTra(session, TestPorts(form, dialogs, window));
   fit();
   EXPECT_NEAR(session.analysis.par.ParValues[1], 1, 1E-4);
   EXPECT_NEAR(session.analysis.par.ParValues[2], 0, 1E-3);
@@ -134,7 +133,7 @@ TEST_F(RoadTest, ASimulationWithErrorsOfXIsFittedTwice) {
   selectFunction(2, 1);
   enterForFit({"2", "1", "1", "1"});
   form.execute({"0", "10", "21", ".1", "1", ".2", "1"});
-  MenDatSim(session, form);
+  simulate();
   EXPECT_EQ(session.loaded.data.kXpntErr, kTrue);
   EXPECT_NEAR(session.loaded.data.ErrEff[1], std::hypot(0.1, 2 * 0.2), 0.1);
   EXPECT_THAT(screen(), testing::HasSubstr("Completata"));

@@ -5,6 +5,7 @@
 #include "commands/FitCommand.h"
 #include "commands/ParameterCommands.h"
 #include "doubles/ErrorOf.h"
+#include "doubles/TestPorts.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/analysis/PropagationHelp.h"
 #include "tests/commands/FormText.h"
@@ -28,10 +29,18 @@ class SimulationTest : public PropagationTest {
     classifyParameters(session);
   }
 
+  /// The command with the fit of the test.
+  void run() {
+    CyclingRandom none({0.5F});
+    Random& random = random_ == nullptr ? none : *random_;
+    if (askSimulation(session, form_)) {
+      SimulateData(session, TestPorts(dialogs, window, random), [this] { fit(); });
+    }
+  }
   void simulate(const Fields& fields, Random& random) {
     form_.execute(fields);
     random_ = &random;
-    MenDatSim(session, form_);
+    run();
   }
   void simulate(const Fields& fields) {
     CyclingRandom pairs({0.5F, 0.75F});
@@ -52,10 +61,7 @@ class SimulationTest : public PropagationTest {
   std::function<void()> fit = [this] { ++fits; };
   int fits = 0;
   Random* random_ = nullptr;
-  ScriptedInputForm form_{session, [this](int action) {
-                            EXPECT_EQ(action, kSimulateData);
-                            SimulateData(session, dialogs, window, *random_, [this] { fit(); });
-                          }};
+  ScriptedInputForm form_;
 };
 
 constexpr const char* kHeader = "Immissione Dati NON Ragionevole! Segue Elenco e Correzione Proposta.\r";
@@ -64,12 +70,12 @@ constexpr const char* kHeader = "Immissione Dati NON Ragionevole! Segue Elenco e
 
 TEST_F(SimulationTest, TheForm) {
   form_.giveUp();
-  MenDatSim(session, form_);
+  run();
   ASSERT_EQ(form_.shown.size(), 1U);
   EXPECT_EQ(form_.callers[0], Form::kMain);
   EXPECT_EQ(describe(form_.shown[0]),
             "VOR_KEL: Simulazione Dati\n"
-            "rows 13, cols 50, fields 7, frames 3, texts 2, action 3\n"
+            "rows 13, cols 50, fields 7, frames 3, texts 2\n"
             "frame 3 1 13 50 3\n"
             "frame 3 30 13 50 3\n"
             "frame 1 1 13 50 3\n"
@@ -87,7 +93,7 @@ TEST_F(SimulationTest, TheForm) {
 TEST_F(SimulationTest, TheNextFormShowsTheSettingsUsedLast) {
   simulate({"-.5", "1E20", "7", "-2.25", "1", "-.125", "-3"});
   form_.giveUp();
-  MenDatSim(session, form_);
+  run();
   const auto values = form_.shown[1].InpValues.span(1, 7);
   EXPECT_THAT(values, ElementsAre("-.5", "1E+20", "7", "2.25", "1", ".125", "-3"));
 }
@@ -96,14 +102,14 @@ TEST_F(SimulationTest, AnotherFunctionStartsFromTheFirstValuesAgain) {
   simulate({"1", "2", "3", "4", "5", "6", "7"});
   choose(session, 1, 1);
   form_.giveUp();
-  MenDatSim(session, form_);
+  run();
   EXPECT_THAT(form_.shown[1].InpValues.span(1, 7), ElementsAre("0", "10", "11", "1", "0", "0", "0"));
 }
 
 TEST_F(SimulationTest, GivingUpLeavesTheSettings) {
   simulate({"1", "2", "3", "4", "5", "6", "7"});
   form_.giveUp();
-  MenDatSim(session, form_);
+  run();
   EXPECT_EQ(session.ErrFlag, kTrue);
   EXPECT_EQ(session.analysis.sim.SimXMin, 1);
   EXPECT_EQ(session.analysis.sim.SimErrXAbs, 7);
@@ -366,7 +372,7 @@ TEST_F(SimulationTest, AfterTheFitTheTrueValuesAreBack) {
   SystemRandom random;
   double fitted = 0;
   fit = [&] {
-    MenAdaAda(session, dialogs, window, output, clock);
+    MenAdaAda(session, TestPorts(dialogs, window, output, clock));
     fitted = session.analysis.par.ParValues[2];
   };
   simulate({"0", "10", "11", ".5", "1", "0", "0"}, random);

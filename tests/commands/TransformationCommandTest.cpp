@@ -36,7 +36,7 @@ class TransformationTest : public PropagationTest {
   }
   void transform(const Fields& fields) {
     form.execute(fields);
-    MenDatTra(session, form);
+    MenDatTra(session, TestPorts(form, dialogs, window));
   }
   /// A transformation that ends with a box.
   void expectRefusal(const Fields& fields, const std::string& text) {
@@ -61,22 +61,19 @@ class TransformationTest : public PropagationTest {
     CompileExpression(session, "y@x,y,dx,dy@ @ @" + formula, session.analysis.model, flag);
   }
 
-  ScriptedInputForm form{session, [this](int action) {
-                           EXPECT_EQ(action, kTransformData);
-                           TransformData(session, dialogs, window);
-                         }};
+  ScriptedInputForm form;
 };
 
 // ---- The form ----------------------------------------------------------------------------------------------
 
 TEST_F(TransformationTest, TheFormWithoutErrorsOfX) {
   form.giveUp();
-  MenDatTra(session, form);
+  MenDatTra(session, TestPorts(form, dialogs, window));
   ASSERT_EQ(form.shown.size(), 1U);
   EXPECT_EQ(form.callers[0], Form::kMain);
   EXPECT_EQ(describe(form.shown[0]),
             "VOR_KEL: Trasformazione Dati\n"
-            "rows 9, cols 45, fields 5, frames 3, texts 2, action 2\n"
+            "rows 9, cols 45, fields 5, frames 3, texts 2\n"
             "frame 1 1 9 45 3\n"
             "frame 3 1 9 45 3\n"
             "frame 3 11 9 45 3\n"
@@ -92,10 +89,10 @@ TEST_F(TransformationTest, TheFormWithoutErrorsOfX) {
 TEST_F(TransformationTest, TheFormWithErrorsOfX) {
   setData(kTrue);
   form.giveUp();
-  MenDatTra(session, form);
+  MenDatTra(session, TestPorts(form, dialogs, window));
   EXPECT_EQ(describe(form.shown[0]),
             "VOR_KEL: Trasformazione Dati\n"
-            "rows 10, cols 45, fields 6, frames 3, texts 2, action 2\n"
+            "rows 10, cols 45, fields 6, frames 3, texts 2\n"
             "frame 1 1 10 45 3\n"
             "frame 3 1 10 45 3\n"
             "frame 3 11 10 45 3\n"
@@ -247,7 +244,7 @@ TEST_F(TransformationTest, GivingUpLeavesTheDataAndGivesTheModelItsPlaceBack) {
   set(2, 0.5, 1);
   validate("x*10");
   form.giveUp();
-  MenDatTra(session, form);
+  MenDatTra(session, TestPorts(form, dialogs, window));
   EXPECT_EQ(session.ErrFlag, kTrue);
   EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(1, 2, 3));
   EXPECT_EQ(session.loaded.data.TitleX, "tempo");
@@ -257,7 +254,7 @@ TEST_F(TransformationTest, GivingUpLeavesTheDataAndGivesTheModelItsPlaceBack) {
 TEST_F(TransformationTest, AFormThatFailsGivesTheModelItsPlaceBackToo) {
   struct : InputForm {
     std::function<void()> validate;
-    void InpShow(InputTables&, Form) override {
+    bool InpShow(InputTables&, Form) override {
       validate();
       throw RuntimeError(kOverflow);
     }
@@ -266,7 +263,7 @@ TEST_F(TransformationTest, AFormThatFailsGivesTheModelItsPlaceBackToo) {
   set(1, 3, 1);
   set(2, 0.5, 1);
   failing.validate = [this] { validate("x*10"); };
-  EXPECT_THROW(MenDatTra(session, failing), RuntimeError);
+  EXPECT_THROW(MenDatTra(session, TestPorts(failing, dialogs, window)), RuntimeError);
   EXPECT_EQ(EvaluateFunction(session, dialogs, 2), 12.5);
 }
 

@@ -39,14 +39,13 @@ ScriptedInputForm::~ScriptedInputForm() {
   if (!answers_.empty()) ADD_FAILURE() << answers_.size() << " answers to the input form left over";
 }
 
-void ScriptedInputForm::InpShow(InputTables& tables, Form caller) {
+bool ScriptedInputForm::InpShow(InputTables& tables, Form caller) {
   shown.push_back(tables);
   callers.push_back(caller);
   if (answers_.empty()) ADD_FAILURE() << "unexpected input form: " << tables.caption;
   if (answers_.empty() || !answers_.front().executed) {
     if (!answers_.empty()) answers_.pop_front();
-    session_.ErrFlag = kTrue;
-    return;
+    return false;
   }
   const std::vector<std::string> fields = answers_.front().fields;
   answers_.pop_front();
@@ -54,8 +53,7 @@ void ScriptedInputForm::InpShow(InputTables& tables, Form caller) {
   for (int i = 1; i <= tables.InpFieldCount && i <= static_cast<int>(fields.size()); ++i) {
     tables.InpValues[i] = fields[static_cast<std::size_t>(i - 1)];
   }
-  session_.ErrFlag = 0;
-  action_(tables.InpAction);
+  return true;
 }
 
 }  // namespace vk

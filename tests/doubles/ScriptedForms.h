@@ -50,10 +50,6 @@ class ScriptedFunctionForms : public FunctionForms {
 /// unexpected showing, or an answer left over at the end, fails the test.
 class ScriptedInputForm : public InputForm {
  public:
-  /// `action` is run by "&Esegui" with the number of the action asked for.
-  explicit ScriptedInputForm(
-      Session& session, std::function<void(int)> action = [](int) {})
-      : session_(session), action_(std::move(action)) {}
   ~ScriptedInputForm() override;
 
   /// Answers the next showing by "&Esegui" with these field texts, as many as there are fields.
@@ -61,7 +57,7 @@ class ScriptedInputForm : public InputForm {
   /// Answers the next showing by "&Rinuncia".
   void giveUp() { answers_.push_back({false, {}}); }
 
-  void InpShow(InputTables& tables, Form caller) override;
+  bool InpShow(InputTables& tables, Form caller) override;
 
   std::vector<InputTables> shown;
   std::vector<Form> callers;
@@ -71,8 +67,6 @@ class ScriptedInputForm : public InputForm {
     bool executed;
     std::vector<std::string> fields;
   };
-  Session& session_;
-  std::function<void(int)> action_;
   std::deque<Answer> answers_;
 };
 

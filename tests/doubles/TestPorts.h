@@ -16,7 +16,7 @@ namespace vk {
 /// Forms that nobody may show.
 class UnexpectedForms : public InputForm, public FunctionForms, public TextEditor, public SettingsPanels {
  public:
-  void InpShow(InputTables&, Form) override { ADD_FAILURE() << "unexpected input form"; }
+  bool InpShow(InputTables&, Form) override { return ADD_FAILURE() << "unexpected input form", false; }
   bool selectFunction() override { return ADD_FAILURE() << "unexpected selection form", false; }
   int chooseLoadedFunction() override { return ADD_FAILURE() << "unexpected load form", 0; }
   void refillSelection() override {}

@@ -29,7 +29,7 @@ class FigureRoads : public FigureFixture {
 
   void fitExample(const ExampleFit& example) {
     prepareExample(session, files, example);
-    MenAdaAda(session, dialogs, window, output, clock);
+    MenAdaAda(session, TestPorts(dialogs, window, output, clock));
   }
   /// Saves a text of the last figure under a name.
   void save(void (*command)(Session&, FigurePorts&), const std::string& name) {
@@ -136,11 +136,11 @@ TEST_P(FunctionRoads, AGraphicFileBetweenTwoFitsChangesNeither) {
   EXPECT_EQ(session.loaded.data.NumPnt, data.NumPnt);
   EXPECT_EQ(session.loaded.DataFile, upper(GetParam().name) + ".DAT");
 
-  MenAdaAda(session, dialogs, window, output, clock);
+  MenAdaAda(session, TestPorts(dialogs, window, output, clock));
   const Array<double> withFileBetween = session.analysis.par.ParValues;
   session.loaded.data = data;
   session.analysis.par = par;
-  MenAdaAda(session, dialogs, window, output, clock);
+  MenAdaAda(session, TestPorts(dialogs, window, output, clock));
   EXPECT_EQ(withFileBetween, session.analysis.par.ParValues);
 }
 
@@ -160,7 +160,7 @@ class DataRoads : public FigureRoads {
     const DataSet data = session.loaded.data;
     const std::string name = session.loaded.DataFile;
     const ParameterSet start = session.analysis.par;
-    MenAdaAda(session, dialogs, window, output, clock);
+    MenAdaAda(session, TestPorts(dialogs, window, output, clock));
     const Array<double> wanted = session.analysis.par.ParValues;
     session.analysis.par = start;
     runFile("OTHER.GRA");
@@ -169,7 +169,7 @@ class DataRoads : public FigureRoads {
     EXPECT_EQ(session.loaded.data.ErrYpnt, data.ErrYpnt);
     EXPECT_EQ(session.loaded.data.TitleX, data.TitleX);
     EXPECT_EQ(session.loaded.DataFile, upper(name));
-    MenAdaAda(session, dialogs, window, output, clock);
+    MenAdaAda(session, TestPorts(dialogs, window, output, clock));
     EXPECT_EQ(session.analysis.par.ParValues, wanted);
   }
 };
@@ -180,9 +180,9 @@ TEST_F(DataRoads, SimulatedDataSurviveAGraphicFile) {
   classifyParameters(session);
   SystemRandom random;
   random.seed(1);
-  ScriptedInputForm form(session, [&](int) { SimulateData(session, dialogs, window, random, [] {}); });
+  ScriptedInputForm form;
   form.execute({"0", "10", "20", "0.5", "1", "0", "1"});
-  MenDatSim(session, form);
+  if (askSimulation(session, form)) SimulateData(session, TestPorts(dialogs, window, random), [] {});
   ASSERT_EQ(session.loaded.DataFile, "SIMULA.DAT");
   ASSERT_EQ(session.loaded.data.NumPnt, 20);
   expectTheSameFitAfterAGraphicFile();
@@ -190,9 +190,9 @@ TEST_F(DataRoads, SimulatedDataSurviveAGraphicFile) {
 
 TEST_F(DataRoads, TransformedDataSurviveAGraphicFile) {
   prepareExample(session, files, exampleFits().at(4));
-  ScriptedInputForm form(session, [&](int) { TransformData(session, dialogs, window); });
+  ScriptedInputForm form;
   form.execute({"2 T", "U/2", "2*x", "y/2", "dy/2"});
-  MenDatTra(session, form);
+  MenDatTra(session, TestPorts(form, dialogs, window));
   ASSERT_EQ(session.loaded.data.TitleX, "2 T");
   expectTheSameFitAfterAGraphicFile();
 }
@@ -201,9 +201,9 @@ TEST_F(DataRoads, TransformedDataAreDrawnAsTheyAreSaved) {
   prepareExample(session, files, exampleFits().at(4));
   MenGraDatVis(session, ports);
   const auto before = lastFigure();
-  ScriptedInputForm form(session, [&](int) { TransformData(session, dialogs, window); });
+  ScriptedInputForm form;
   form.execute({"2 T", "U/2", "2*x", "y/2", "dy/2"});
-  MenDatTra(session, form);
+  MenDatTra(session, TestPorts(form, dialogs, window));
   MenGraDatVis(session, ports);
   const auto transformed = lastFigure();
   EXPECT_NE(transformed, before);

@@ -25,7 +25,7 @@ class BrokenProgram {
   FaultyFiles files{faults.files};
   FaultyDialogs dialogs{faults.dialogs};
   FaultyWindow window{faults.window};
-  FaultyInput input{faults.input, session, [this](int action) { mainMod.runInputAction(action); }};
+  FaultyInput input{faults.input};
   FaultyOutput output{faults.output};
   FaultyForms functions{faults.functions, session};
   FaultyClock clock{faults.clock};

@@ -135,21 +135,17 @@ class FaultyWindow : public RecordingMainWindow {
 /// A user who leaves the fields of every form as they are, except those told beforehand, and presses "&Esegui".
 class FaultyInput : public InputForm {
  public:
-  FaultyInput(PortFault& fault, Session& session, std::function<void(int)> action)
-      : fault_(fault), session_(session), action_(std::move(action)) {}
+  explicit FaultyInput(PortFault& fault) : fault_(fault) {}
   std::vector<std::string> fields;
 
-  void InpShow(InputTables& tables, Form) override {
+  bool InpShow(InputTables& tables, Form) override {
     fault_.pass();
     for (std::size_t i = 0; i < fields.size(); ++i) tables.InpValues[static_cast<int>(i) + 1] = fields[i];
-    session_.ErrFlag = 0;
-    action_(tables.InpAction);
+    return true;
   }
 
  private:
   PortFault& fault_;
-  Session& session_;
-  std::function<void(int)> action_;
 };
 
 class FaultyOutput : public OutputModel {

@@ -56,7 +56,7 @@ class InpModTest : public testing::Test {
   InputTables tables;
   FixedMeasure font{120, 240}, buttonFont{110, 220};
   InputSurroundings around{{1000, 500, 12000, 8000}, {60, 300}, &font, &buttonFont};
-  InpMod engine{session.ErrFlag, dialogs, sound, [this](const std::string& definition) {
+  InpMod engine{dialogs, sound, [this](const std::string& definition) {
                   compiled.push_back(definition);
                   return compiles;
                 }};
@@ -279,11 +279,9 @@ TEST_F(InpModTest, LosingTheFocusOnABadFieldAsksForItBack) {
 
 TEST_F(InpModTest, EseguiHandsTheContentsOver) {
   open();
-  session.ErrFlag = 5;
   type("1e3");
   EXPECT_TRUE(engine.execute());
   EXPECT_EQ(engine.InpExecuted, kTrue);
-  EXPECT_EQ(session.ErrFlag, 0);
   EXPECT_EQ(tables.InpValues[1], "1000");
   EXPECT_EQ(tables.InpValues[2], "  due ");
   EXPECT_EQ(tables.InpValues[3], "x");
@@ -291,23 +289,19 @@ TEST_F(InpModTest, EseguiHandsTheContentsOver) {
 
 TEST_F(InpModTest, EseguiWithABadFieldLeavesEverythingAsItWas) {
   open();
-  session.ErrFlag = 5;
   type("abc");
   EXPECT_FALSE(engine.execute());
   EXPECT_EQ(engine.InpExecuted, kFalse);
-  EXPECT_EQ(session.ErrFlag, 5);
   EXPECT_EQ(tables.InpValues[1], "1");
   EXPECT_EQ(box(), "abc");
 }
 
-TEST_F(InpModTest, RinunciaWithABadFieldLeavesTheTablesAndSetsTheFlag) {
+TEST_F(InpModTest, ABadFieldThatIsGivenUpLeavesTheTables) {
   open();
   engine.GoToField(2);
   type("nuovo");
   engine.GoToField(1);
   type("abc");
-  engine.cancel();
-  EXPECT_EQ(session.ErrFlag, -1);
   EXPECT_EQ(tables.InpValues[1], "1");
   EXPECT_EQ(tables.InpValues[2], "  due ");
 }
@@ -332,7 +326,6 @@ TEST_F(InpModTest, AFormWithoutFieldsHasNoBoxAndExecutes) {
   EXPECT_TRUE(engine.lostFocus());
   engine.keyDown(kKeyEnter);
   EXPECT_TRUE(engine.execute());
-  EXPECT_EQ(session.ErrFlag, 0);
 }
 
 TEST_F(InpModTest, ANewShowingForgetsTheOneBefore) {

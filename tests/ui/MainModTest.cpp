@@ -88,7 +88,7 @@ class MainModTest : public testing::Test {
   MemoryFiles files;
   ScriptedDialogs dialogs;
   RecordingMainWindow window;
-  ScriptedInputForm input{session, [this](int action) { mainMod.runInputAction(action); }};
+  ScriptedInputForm input;
   FlagOutput output{session};
   ScriptedFunctionForms functions{session};
   StillClock clock;

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 
+#include <optional>
+
 #include "base/RuntimeError.h"
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedDialogs.h"
@@ -26,10 +28,6 @@ class InputFormFixture : public testing::Test {
     bringToFront(&owner);
     windows.add(Form::kMain, &owner);
     setFields({{"1", "#Number", -8}, {"due", "#String", 8}, {"x", "#Function@y@x@ @ @", 12}});
-    form.setAction([this](int number) {
-      actions.push_back(number);
-      visibleInAction = form.isVisible();
-    });
   }
 
   void setFields(const std::vector<Field>& fields) {
@@ -38,7 +36,6 @@ class InputFormFixture : public testing::Test {
     tables.caption = "VOR_KEL: Parametri Iniziali";
     tables.InpRows = 10;
     tables.InpCols = 44;
-    tables.InpAction = kStoreParameters;
     tables.InpFieldCount = n;
     tables.InpFrameCount = 1;
     tables.InpFrames.dim(1);
@@ -59,7 +56,7 @@ class InputFormFixture : public testing::Test {
       tables.InpLabelPos[i] = {3 + i, 2, 5};
     }
   }
-  void show() { form.InpShow(tables, Form::kMain); }
+  void show() { executed = form.InpShow(tables, Form::kMain); }
   QLineEdit* box() { return control<QLineEdit>(&form, "txtGet"); }
   QWidget* field(int i) { return control<QWidget>(&form, QString("lblVal(%1)").arg(i)); }
   /// A step while the form is open.
@@ -82,13 +79,12 @@ class InputFormFixture : public testing::Test {
   RecordingSound sound;
   bool compiles = true;
   bool breaks = false;
-  InpMod engine{session.ErrFlag, dialogs, sound, [this](const std::string&) {
+  InpMod engine{dialogs, sound, [this](const std::string&) {
                   if (breaks) throw RuntimeError(kOverflow);
                   return compiles;
                 }};
   InputTables tables;
-  std::vector<int> actions;
-  bool visibleInAction = false;
+  std::optional<bool> executed;  ///< what the last showing gave
   InpFrm form{engine, windows, window};
   User user;
 };

@@ -56,12 +56,11 @@ InpFrm::InpFrm(InpMod& engine, const Windows& windows, MainWindow& window)
   };
 }
 
-void InpFrm::InpShow(InputTables& tables, Form caller) {
+bool InpFrm::InpShow(InputTables& tables, Form caller) {
   executed_ = false;
   askShut(tables, caller);
   if (QWidget* owner = windows_.shown(caller)) owner->activateWindow();
-  // The action is part of the command: it runs here, where its failures reach the command.
-  if (executed_ && action_) action_(tables.InpAction);
+  return executed_;
 }
 
 /// Waits for the user with the main window shut.
@@ -143,7 +142,6 @@ void InpFrm::esegui() {
 
 void InpFrm::rinuncia() {
   txtGet_->setFocus();
-  engine_.cancel();
   loop_.finish();
 }
 

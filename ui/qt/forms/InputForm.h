@@ -21,13 +21,9 @@ namespace vk {
 /// rules are in the engine `InpMod`; the form shows its state and passes events on.
 class InpFrm : public QWidget, public InputForm {
  public:
-  /// What "&Esegui" runs once the form is gone, by the number in the tables.
-  using Action = std::function<void(int)>;
-
   InpFrm(InpMod& engine, const Windows& windows, MainWindow& window);
 
-  void setAction(Action action) { action_ = std::move(action); }
-  void InpShow(InputTables& tables, Form caller) override;
+  bool InpShow(InputTables& tables, Form caller) override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -46,7 +42,6 @@ class InpFrm : public QWidget, public InputForm {
   InpMod& engine_;
   const Windows& windows_;
   MainWindow& window_;
-  Action action_;
   ModalLoop loop_;
   EntryBox* txtGet_;
   QPushButton* cmdRin_;

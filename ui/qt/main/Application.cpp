@@ -32,7 +32,6 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
     return true;
   };
   window_.turnedToWhileShut = [this](Form holder) { windows_.toFront(holder); };
-  inputForm_.setAction([this](int action) { mainMod_.runInputAction(action); });
 }
 
 EventRunner Application::runner() {

@@ -71,7 +71,7 @@ class Application {
   QtPrinter printer_;
   SelectFunction select_{session_};
   LoadFunction load_{session_.loaded.catalogue.file};
-  InpMod input_{session_.ErrFlag, dialogs_, sound_, compiler()};
+  InpMod input_{dialogs_, sound_, compiler()};
 
   // The forms, in the order of their making.
   Vor_Kel window_{pump_};

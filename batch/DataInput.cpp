@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "commands/DataCommands.h"
 #include "data/DataFiles.h"
 
 namespace vk {
@@ -13,9 +14,9 @@ void checkAndLoad(Session& session, Files& files, Dialogs& dialogs, const std::s
     throw UsageError(shownName(fileName) + ":\n" + terminalText(reading.errors));
   }
   if (reading.declaredCount != reading.data.NumPnt) {
-    dialogs.Get_Msg({.caption = "VOR_KEL: Lettura File Dati",
-                     .text = "Numero Dati Dichiarati Diverso da Numero Dati Trovati!",
-                     .captions = {"&Continua"}});
+    dialogs.Get_Msg({.caption = std::string(kReadCaption) + kDataWord,
+                     .text = kCountsDiffer,
+                     .captions = {kContinueButton}});
   }
   LoadDataFile(session.loaded, fileName, std::move(reading.data));
 }

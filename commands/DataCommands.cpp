@@ -14,7 +14,6 @@ const std::string kReadData = std::string(kReadCaption) + kDataWord;
 constexpr const char* kSaveData = "VOR_KEL: Salva con Nome File Dati";
 const std::string kReadGraphic = std::string(kReadCaption) + kGraphicWord;
 constexpr const char* kDataFileErrors = "Errori nella Lettura del File Dati: ";
-constexpr const char* kCountsDiffer = "Numero Dati Dichiarati Diverso da Numero Dati Trovati!";
 constexpr const char* kTooFewData = "Il File Contiene Meno di 2 Dati!";
 
 constexpr int kFewestPoints = 2;

@@ -9,6 +9,9 @@ namespace vk {
 
 struct Session;
 
+/// The warning on a file that holds more or fewer points than it declares.
+inline constexpr const char* kCountsDiffer = "Numero Dati Dichiarati Diverso da Numero Dati Trovati!";
+
 /// Reads a data file into the session. A file with errors is told and not taken; a file that cannot be opened is
 /// a run-time error. `ErrFlag` is 32755 after a cancel, -1 when no file was taken.
 void MenDatLet(Session& session, Ports& ports);

@@ -10,6 +10,8 @@
 namespace vk {
 namespace {
 
+constexpr const char* kCurveFailed = "Errori nel Calcolo della Funzione";
+
 constexpr Int16 kErrorSound = 1;
 
 /// Beeps at each point where the function has no value, and tells of an exhausted kernel.
@@ -60,7 +62,7 @@ void MakeGraph(Session& session, FigurePorts& ports, Int16 kind) {
     texts = drawFigure(source, *values, drawing, signals);
     if (texts.failed != 0) session.ErrFlag = kTrue;
   } else if (kind == kFunctionFigure) {
-    ports.dialogs.plainBox(kProgramTitle, "Errori nel Calcolo della Funzione  <*> per Continuare");
+    ports.dialogs.plainBox(kProgramTitle, std::string(kCurveFailed) + kPressToContinueClose);
   }
   session.figures.GraphText.at(static_cast<std::size_t>(kind)) = texts.graph;
   if (!values || kind == kDifferencesFigure) session.figures.DiffText = texts.differences;

@@ -8,6 +8,8 @@
 namespace vk {
 namespace {
 
+constexpr const char* kLeaveButton = "&Esci";
+
 enum PlotAction : int { kContinue = 1, kExit = 2, kCopy = 3, kPrint = 4 };
 
 /// A caption without the part in parentheses at its end.
@@ -26,9 +28,10 @@ PlotWindow& newPlotWindow(FigurePorts& ports) {
 }
 
 void plotWindowClicked(FigurePorts& ports, PlotWindow& plot) {
-  const int action = ports.dialogs.Get_Msg({.owner = Form::kActivePlot,
-                                            .caption = shortCaption(plot.device().Caption()),
-                                            .captions = {"&Continua", "&Esci", "Co&pia", "&Stampa"}});
+  const int action =
+      ports.dialogs.Get_Msg({.owner = Form::kActivePlot,
+                             .caption = shortCaption(plot.device().Caption()),
+                             .captions = {kContinueButton, kLeaveButton, kCopyButton, kPrintButton}});
   switch (action) {
     case kExit:
       guard([&] { plot.device().Hide(); });

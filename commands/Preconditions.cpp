@@ -5,11 +5,17 @@
 namespace vk {
 namespace {
 
+constexpr const char* kNothingDefined = "Dati e Funzione NON definiti!";
+constexpr const char* kNoData = "Dati NON Definiti!";
+constexpr const char* kNoFunction = "Funzione NON Definita!";
+constexpr const char* kNoParameters = "Parametri NON Definiti!";
+constexpr const char* kErrorTitle = "ERRORE !";
+
 /// What of data and function is missing; empty when both are there.
 std::string missingInput(bool function, bool data) {
-  if (!function && !data) return "Dati e Funzione NON definiti!";
-  if (!data) return "Dati NON Definiti!";
-  return function ? "" : "Funzione NON Definita!";
+  if (!function && !data) return kNothingDefined;
+  if (!data) return kNoData;
+  return function ? "" : kNoFunction;
 }
 
 }  // namespace
@@ -18,7 +24,7 @@ bool canDrawFigure(const Session& session, Dialogs& dialogs, int figure) {
   const bool function = figure == kDataFigure || session.analysis.FunDefined != kFalse;
   const std::string missing = missingInput(function, session.loaded.DataDefined != kFalse);
   if (missing.empty()) return true;
-  dialogs.plainBox(kProgramTitle, missing + "     <*> per Continuare");
+  dialogs.plainBox(kProgramTitle, missing + kPressToContinue);
   return false;
 }
 
@@ -27,8 +33,8 @@ bool canFit(const Session& session, Dialogs& dialogs) {
     return true;
   std::string missing =
       missingInput(session.analysis.FunDefined != kFalse, session.loaded.DataDefined != kFalse);
-  if (missing.empty()) missing = "Parametri NON Definiti!";
-  dialogs.plainBox("ERRORE !", missing + "  <*> per Continuare");
+  if (missing.empty()) missing = kNoParameters;
+  dialogs.plainBox(kErrorTitle, missing + kPressToContinueClose);
   return false;
 }
 

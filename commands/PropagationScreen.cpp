@@ -47,7 +47,7 @@ void PropagationScreen::open() {
   OutputRequest request;
   request.rows = par_.ParCount + kRowsBesideVariables;
   request.cols = columns_;
-  request.captions = {"&Continua", "&Stampa", "Co&pia", "Salva &File"};
+  request.captions = {kContinueButton, kPrintButton, kCopyButton, kSaveFileButton};
   request.caption = kPropagationCaption;
   output_.OutShow(request);
   output_.CharFrame(1, 1, request.rows, columns_, kRuledFrame, "");

@@ -132,7 +132,7 @@ bool acceptCorrections(Dialogs& dialogs, const SimulatedData& simulated, int fre
              {.caption = "Vor_Kel: Simulazione Dati",
               .text = "Immissione Dati NON Ragionevole! Segue Elenco e Correzione Proposta.\r" + report,
               .icon = kExclamation,
-              .captions = {"&Rinuncia", "&Continua"}}) == kContinue;
+              .captions = {kGiveUpButton, kContinueButton}}) == kContinue;
 }
 
 std::optional<SimulatedData> simulateUnlessOverflow(Dialogs& dialogs,

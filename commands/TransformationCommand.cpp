@@ -95,7 +95,7 @@ void TransformData(Session& session, Ports& ports) {
 }
 
 void tellBadFormula(Dialogs& dialogs, const TransformResult& result) {
-  dialogs.plainBox(kProgramTitle, "Errore nella Definizione di " + result.badColumn + "  <*> per Continuare");
+  dialogs.plainBox(kProgramTitle, kBadDefinition + result.badColumn + kPressToContinueClose);
 }
 
 }  // namespace vk

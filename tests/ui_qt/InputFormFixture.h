@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QApplication>
-
 #include <optional>
 
 #include "base/RuntimeError.h"

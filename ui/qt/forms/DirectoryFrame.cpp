@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QStyle>
 
+#include "platform/Texts.h"
 #include "ui/qt/widgets/AccessButton.h"
 #include "ui/qt/widgets/TextConversion.h"
 

@@ -48,10 +48,11 @@ InpMod::Compiler Application::compiler() {
 
 FigurePorts& Application::figures() {
   if (!figures_) {
-    figures_ =
-        std::make_unique<QtFigures>(files_, dialogs_, window_, output_, sound_, printer_, pump_, runner());
+    figures_ = std::make_unique<QtFigures>(printer_, pump_, runner());
+    figurePorts_.emplace(FigurePorts{files_, dialogs_, window_, output_, sound_, figures_->plots,
+                                     figures_->printer, figures_->screen});
   }
-  return figures_->ports;
+  return *figurePorts_;
 }
 
 void Application::StartUp() {

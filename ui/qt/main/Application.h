@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "commands/CommandDispatch.h"
@@ -84,6 +85,7 @@ class Application {
   FrmEdi editForm_{editor_, {settings_.FontEdit, settings_.FontLabel, windows_, sound_, runner()}};
   FrmMsg message_{windows_, settings_.FontLabel};
   std::vector<QWidget*> forms_;
+  std::optional<FigurePorts> figurePorts_;  ///< made with `figures_`, whose windows use it
   std::unique_ptr<QtFigures> figures_;
 
   QtFunctionForms functions_{selectForm_, loadForm_};

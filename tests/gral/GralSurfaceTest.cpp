@@ -2,99 +2,13 @@
 #include <cmath>
 #include <map>
 
+#include "DrawnSurfaces.h"
 #include "RasterForm.h"
-#include "SurfaceFixture.h"
 #include "gral/BoxProjection.h"
 #include "gral/Shade.h"
 
 namespace vk {
 namespace {
-
-/// What is drawn with pixels, with the filling of each figure.
-class FigureCatcher : public LineWriter {
- public:
-  struct Figure {
-    std::vector<PixelPoint> points;
-    bool fill, stroke;
-    Colour color;
-  };
-  std::vector<Figure> figures;
-  void filling(const Filling& filling) override { filling_ = filling; }
-  void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override {
-    figures.push_back({{points.begin(), points.end()}, fill, stroke, filling_.color});
-    if (fill) {
-      EXPECT_EQ(filling_.style, kFillSolid);
-    }
-  }
-
- private:
-  Filling filling_;
-};
-
-// ---- Projection
-
-TEST(Boxes, AreSeenFromThetaAndPhi) {
-  const double root3 = std::sqrt(3.0), root2 = std::sqrt(2.0);
-  const BoxProjection box({8, 4, 30, 45, 4, 3, 2});
-  EXPECT_NEAR(box.xEdge.x, 2, 1E-6);
-  EXPECT_NEAR(box.xEdge.y, 4 * root3 / 2 * root2 / 2, 1E-6);
-  EXPECT_NEAR(box.yEdge.x, 3 * root3 / 2, 1E-6);
-  EXPECT_NEAR(box.yEdge.y, 3 * root2 / 2 / 2, 1E-6);
-  EXPECT_EQ(box.zEdge.x, 0);
-  EXPECT_NEAR(box.zEdge.y, root2, 1E-6);
-  EXPECT_NEAR(box.corner.x, 8 - 1 - 3 * root3 / 4, 1E-6);
-  EXPECT_NEAR(box.corner.y, 4 - root3 * root2 / 2 - 3 * root2 / 8, 1E-6);
-}
-
-TEST(Boxes, HaveTheirFloorsCentreOnTheGivenPoint) {
-  for (const double theta : {0.0, 20.0, 135.0}) {
-    const BoxProjection box({3, -2, theta, 60, 5, 7, 1});
-    const PlanePoint centre = box.corner + 0.5 * (box.xEdge + box.yEdge);
-    EXPECT_NEAR(centre.x, 3, 1E-12);
-    EXPECT_NEAR(centre.y, -2, 1E-12);
-  }
-}
-
-// ---- Surfaces
-
-class Surfaces : public GralFixture {
- protected:
-  struct Look {
-    float theta = 30, phi = 45;
-    float Vx = 4, Vy = 4, Vz = 3;
-    bool gray = false, color = false;
-  };
-  static Array2<float> noColors() { return {}; }
-  static Array2<float> colorsOf(int n) {
-    Array2<float> hsb(n, 3);
-    for (int c = 1; c <= n; ++c) {
-      hsb(c, 1) = static_cast<float>(c) / 10;
-      hsb(c, 2) = 1;
-      hsb(c, 3) = 0.4F;
-    }
-    return hsb;
-  }
-  void surface(GralCls& onto, const Array2<float>& z, const Look& look, const Array<float>& levels = {},
-               const Array2<float>& colors = {}) {
-    onto.Surf3D(8, 4, look.theta, look.phi, look.Vx, look.Vy, look.Vz, z, z.upper1(), z.upper2(), look.gray,
-                look.color, levelsOf({0.6, 0.5, 0.4}), levels, std::max(0, levels.upper()), colors,
-                std::max(0, colors.upper1()));
-  }
-  std::vector<FigureCatcher::Figure> figures() {
-    FigureCatcher catcher;
-    form.list().replay(catcher);
-    form.forget();
-    return catcher.figures;
-  }
-  /// The pixel of a Usr point.
-  PixelPoint pixel(const PlanePoint& usr) const {
-    return {drawing.xUsr2Pixel(usr.x), drawing.yUsr2Pixel(usr.y)};
-  }
-};
-
-Array2<float> flat(int nx, int ny) {
-  return gridOf(nx, ny, [](int, int) { return 0; });
-}
 
 TEST_F(Surfaces, WithoutShadesAndLevelsAreAMeshOfWires) {
   surface(drawing, gridOf(3, 2, [](int i, int j) { return 0.3 * i + 0.2 * j; }), {});
@@ -388,78 +302,6 @@ TEST_F(Surfaces, BandOfAPlaneHasTheExactArea) {
         << c;
   }
   EXPECT_EQ(counts.size(), 4U);
-}
-
-// ---- Columns
-
-class ColumnFields : public Surfaces {};
-
-TEST_F(ColumnFields, HaveThreeFacesOfFourPointsEach) {
-  drawing.GralLego3d(8, 4, 30, 45, 4, 3, 2, gridOf(2, 3, [](int i, int j) { return 0.1 * i + 0.2 * j; }), 2,
-                     3, false, false);
-  const auto found = figures();
-  ASSERT_EQ(found.size(), 18U);
-  const BoxProjection box({8, 4, 30, 45, 4, 3, 2});
-  std::size_t n = 0;
-  for (int j = 1; j <= 3; ++j) {
-    for (int i = 1; i <= 2; ++i) {
-      // the divisor is the number of cells
-      const auto node = [&](int a, int b, double h) {
-        return pixel(box.corner + a / 2.0 * box.xEdge + b / 3.0 * box.yEdge + h * box.ez);
-      };
-      const double h = 0.1F * static_cast<float>(i) + 0.2F * static_cast<float>(j);
-      const std::vector<PixelPoint> side1{node(i - 1, j, 0), node(i, j, 0), node(i, j, h), node(i - 1, j, h)};
-      const std::vector<PixelPoint> side2{node(i, j, 0), node(i, j - 1, 0), node(i, j - 1, h), node(i, j, h)};
-      const std::vector<PixelPoint> top{node(i - 1, j, h), node(i, j, h), node(i, j - 1, h),
-                                        node(i - 1, j - 1, h)};
-      for (const auto& face : {side1, side2, top}) {
-        EXPECT_EQ(found[n].points, face) << n;
-        EXPECT_TRUE(found[n].fill && found[n].stroke);
-        EXPECT_EQ(found[n].color, kWhite);
-        ++n;
-      }
-    }
-  }
-}
-
-TEST_F(ColumnFields, HaveOneShadeForEachFace) {
-  drawing.GralLego3d(8, 4, 30, 45, 4, 3, 2, gridOf(2, 3, [](int, int) { return 1; }), 2, 3, true, true);
-  const auto found = figures();
-  const double st = 0.5, ct = std::sqrt(0.75), sp = std::sqrt(0.5), cp = sp;
-  // Of the sides sp*st and sp*ct is seen; of the top the product of its edges less a quarter of what they share.
-  const double ab = st * st + ct * ct * cp * cp, cd = ct * ct + cp * cp * st * st,
-               shared = st * ct + ct * cp * cp * st;
-  const double shares[] = {sp * st, sp * ct, std::sqrt(ab * cd - shared * shared / 4)};
-  for (std::size_t n = 0; n < found.size(); ++n) {
-    const int gray = static_cast<int>(std::nearbyint(255 * std::pow(shares[n % 3], 0.25)));
-    EXPECT_EQ(found[n].color, Colour::fromChannels(gray, gray, gray)) << n;
-  }
-}
-
-TEST_F(ColumnFields, MayHaveOneCell) {
-  drawing.GralLego3d(8, 4, 30, 45, 4, 3, 2, gridOf(1, 1, [](int, int) { return 1; }), 1, 1, true, false);
-  EXPECT_EQ(figures().size(), 3U);
-}
-
-TEST_F(ColumnFields, WithoutCellsFail) {
-  EXPECT_EQ(failureOf([&] { drawing.GralLego3d(8, 4, 30, 45, 4, 3, 2, flat(1, 1), 0, 1, true, false); }), 11);
-}
-
-TEST_F(ColumnFields, AreShownAfterEvery200AndPutTheFillingBack) {
-  drawing.GralFillStyle(kFillUpward);
-  drawing.GralFillColor(Colour::fromBgr(0x010203));
-  drawing.GralLego3d(8, 4, 30, 45, 4, 3, 2, flat(20, 21), 20, 21, true, false);
-  EXPECT_EQ(form.FillStyle(), kFillUpward);
-  EXPECT_EQ(form.FillColor(), Colour::fromBgr(0x010203));
-  int refreshes = 0, columns = 0;
-  for (const std::string& line : drawn()) {
-    refreshes += line == "refresh";
-    columns += line != "refresh";
-    if (line == "refresh") {
-      EXPECT_EQ(columns, 600 * refreshes);
-    }
-  }
-  EXPECT_EQ(refreshes, 2);
 }
 
 }  // namespace

@@ -2,10 +2,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include "gral/GralCls.h"
 #include "gral/NoPrinter.h"
 #include "gral/NominalScreen.h"
 #include "gral/ObserverDevice.h"
+#include "gral/Plotting.h"
 #include "ui/qt/devices/ImageDevice.h"
 #include "ui/qt/devices/QtGraphics.h"
 #include "ui/qt/devices/VectorDevice.h"

@@ -4,7 +4,7 @@
 #include "commands/PlotWindowCommands.h"
 #include "commands/SessionModel.h"
 #include "grafile/GraphicRun.h"
-#include "gral/GralCls.h"
+#include "gral/Plotting.h"
 
 namespace vk {
 namespace {

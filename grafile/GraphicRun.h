@@ -7,7 +7,7 @@
 #include "data/DataSet.h"
 #include "data/ErrorList.h"
 #include "grafile/NamedParameters.h"
-#include "gral/GralCls.h"
+#include "gral/Plotting.h"
 #include "numeric/Fault.h"
 #include "platform/Files.h"
 

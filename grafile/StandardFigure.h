@@ -10,7 +10,7 @@
 #include "expr/Model.h"
 #include "grafile/FigureKind.h"
 #include "grafile/FigureListener.h"
-#include "gral/GralCls.h"
+#include "gral/Plotting.h"
 #include "session/ParameterSet.h"
 
 /// The figures of data and function that the program draws by itself.

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/Array.h"
-#include "gral/GralCls.h"
 #include "gral/PlanePoint.h"
+#include "gral/Plotting.h"
 
 /// Level lines of a triangle: the pieces that contours and surfaces share.
 namespace vk {

@@ -11,7 +11,7 @@
 
 #include "base/Int16.h"
 #include "gral/DeviceTypes.h"
-#include "gral/Drawing.h"
+#include "gral/DrawingSink.h"
 #include "gral/PlanePoint.h"
 
 namespace vk {

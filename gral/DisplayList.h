@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "gral/Drawing.h"
+#include "gral/DrawingSink.h"
 
 namespace vk {
 

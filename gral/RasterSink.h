@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "gral/Drawing.h"
+#include "gral/DrawingSink.h"
 #include "gral/Raster.h"
 
 namespace vk {

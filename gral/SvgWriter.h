@@ -3,7 +3,7 @@
 #include <set>
 #include <string>
 
-#include "gral/Drawing.h"
+#include "gral/DrawingSink.h"
 
 namespace vk {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gral/Drawing.h"
+#include "gral/DrawingSink.h"
 
 namespace vk {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "gral/GralCls.h"
+#include "gral/Plotting.h"
 
 namespace vk {
 

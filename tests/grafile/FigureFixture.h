@@ -15,8 +15,8 @@
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
 #include "grafile/StandardFigure.h"
-#include "gral/GralCls.h"
 #include "gral/NominalScreen.h"
+#include "gral/Plotting.h"
 
 namespace vk {
 

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "gral/GralCls.h"
 #include "gral/LineWriter.h"
 #include "gral/NominalScreen.h"
+#include "gral/Plotting.h"
 #include "gral/RecorderDevice.h"
 
 namespace vk {

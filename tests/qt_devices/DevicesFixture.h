@@ -3,9 +3,9 @@
 #include <functional>
 #include <memory>
 
-#include "gral/GralCls.h"
 #include "gral/NoPrinter.h"
 #include "gral/NominalScreen.h"
+#include "gral/Plotting.h"
 #include "ui/qt/devices/ImageDevice.h"
 #include "ui/qt/devices/QtGraphics.h"
 #include "ui/qt/devices/VectorDevice.h"

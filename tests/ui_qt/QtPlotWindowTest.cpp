@@ -8,9 +8,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "gral/GralCls.h"
 #include "gral/NoPrinter.h"
 #include "gral/NominalScreen.h"
+#include "gral/Plotting.h"
 
 namespace vk {
 namespace {

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "gral/Drawing.h"
+#include "gral/DrawingSink.h"
 #include "ui/qt/devices/QtLetters.h"
 
 namespace vk {

@@ -1,4 +1,4 @@
-#include "gral/GralNames.h"
+#include "gral/CallByName.h"
 
 #include "GralFixture.h"
 #include "base/RuntimeError.h"

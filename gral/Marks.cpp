@@ -1,9 +1,11 @@
+// Unit GralCls: marks.
+
 #include <cmath>
 #include <vector>
 
 #include "base/Rounding.h"
-#include "gral/GralCls.h"
 #include "gral/PixelPath.h"
+#include "gral/Plotting.h"
 #include "gral/SavedDrawing.h"
 #include "gral/Units.h"
 

@@ -1,6 +1,8 @@
+// Unit GralCls: mapping and conversions.
+
 #include "base/CheckedMath.h"
 #include "base/Rounding.h"
-#include "gral/GralCls.h"
+#include "gral/Plotting.h"
 
 namespace vk {
 namespace {

@@ -1,3 +1,5 @@
+// Unit GralCls: axes with ticks and labels.
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -7,7 +9,7 @@
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "gral/AxisLabels.h"
-#include "gral/GralCls.h"
+#include "gral/Plotting.h"
 #include "gral/ScaleLabels.h"
 #include "gral/Units.h"
 

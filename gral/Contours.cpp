@@ -1,3 +1,5 @@
+// Unit GralCls: level lines.
+
 #include "base/CheckedMath.h"
 #include "gral/ContourTriangle.h"
 

@@ -1,10 +1,12 @@
+// Unit GralCls: pens, lines and clipping.
+
 #include <algorithm>
 #include <cmath>
 
 #include "base/CheckedMath.h"
 #include "base/Rounding.h"
 #include "gral/DrawnBox.h"
-#include "gral/GralCls.h"
+#include "gral/Plotting.h"
 
 namespace vk {
 namespace {

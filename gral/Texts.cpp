@@ -1,3 +1,5 @@
+// Unit GralCls: texts.
+
 #include <algorithm>
 #include <cmath>
 
@@ -5,8 +7,8 @@
 #include "base/Guard.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
-#include "gral/GralCls.h"
 #include "gral/Markup.h"
+#include "gral/Plotting.h"
 
 namespace vk {
 namespace {

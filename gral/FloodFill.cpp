@@ -1,8 +1,10 @@
+// Unit GralCls: areas filled up to a colour, and the print of a form.
+
 #include <cmath>
 
 #include "base/Rounding.h"
 #include "gral/DrawnBox.h"
-#include "gral/GralCls.h"
+#include "gral/Plotting.h"
 
 namespace vk {
 

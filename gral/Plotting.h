@@ -1,3 +1,4 @@
+/// Unit GralCls: the plotting library.
 #pragma once
 
 #include <array>

@@ -1,3 +1,5 @@
+// Unit GralCls: surfaces and columns.
+
 #include <algorithm>
 #include <array>
 #include <cmath>

@@ -1,3 +1,5 @@
+// Unit GralCls: the box around a function of two variables.
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -6,8 +8,8 @@
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "gral/BoxProjection.h"
-#include "gral/GralCls.h"
 #include "gral/PixelPath.h"
+#include "gral/Plotting.h"
 #include "gral/SavedDrawing.h"
 #include "gral/Shade.h"
 

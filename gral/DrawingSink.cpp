@@ -1,4 +1,4 @@
-#include "gral/Drawing.h"
+#include "gral/DrawingSink.h"
 
 #include "base/Text.h"
 

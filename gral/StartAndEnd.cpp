@@ -1,10 +1,12 @@
+// Unit GralCls: the start and the end of a drawing.
+
 #include <algorithm>
 
 #include "base/CheckedMath.h"
 #include "base/Guard.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
-#include "gral/GralCls.h"
+#include "gral/Plotting.h"
 
 namespace vk {
 namespace {

@@ -1,3 +1,4 @@
+/// Unit GralCls: its operations, called by their names.
 #pragma once
 
 #include <span>
@@ -6,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "gral/GralCls.h"
+#include "gral/Plotting.h"
 
 /// The drawing class by name, for callers that learn at run time what they are to call.
 namespace vk {

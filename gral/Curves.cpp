@@ -1,10 +1,12 @@
+// Unit GralCls: curves, and points with error bars.
+
 #include <cmath>
 #include <vector>
 
 #include "base/CheckedMath.h"
 #include "base/Rounding.h"
-#include "gral/GralCls.h"
 #include "gral/PixelPath.h"
+#include "gral/Plotting.h"
 #include "gral/Spline.h"
 #include "gral/Units.h"
 

@@ -5,7 +5,7 @@
 
 #include "base/Text.h"
 #include "data/DataFiles.h"
-#include "expr/CmpMod.h"
+#include "expr/Compiler.h"
 #include "expr/Formula.h"
 
 namespace vk {
@@ -78,13 +78,10 @@ void Transformation::copy(int hit) {
 
 bool Transformation::evaluate(const std::string& formula) {
   const std::string variables = data_.kXpntErr ? "x,y,dx,dy" : "x,y,dy";
-  CompiledExpression compiled;
-  Int16 flag;
-  Session scratch;
-  CompileExpression(scratch, "y@" + variables + "@ @ @" + formula, compiled, flag);
-  if (flag != 0) return false;
+  Compilation compiled = compile("y@" + variables + "@ @ @" + formula);
+  if (!compiled.ok) return false;
   std::vector<Fault> faults(points_);
-  Formula(std::move(compiled)).values(old_, TransformTable_.emplace_back(points_), listener_, faults);
+  Formula(std::move(compiled.code)).values(old_, TransformTable_.emplace_back(points_), listener_, faults);
   noteFailures(faults);
   return true;
 }

@@ -9,8 +9,7 @@
 #include "batch/DrawCommand.h"
 #include "batch/FigureDesk.h"
 #include "data/DataFiles.h"
-#include "expr/FunMod.h"
-#include "platform/GridOutput.h"
+#include "expr/FunctionFile.h"
 
 namespace vk {
 namespace {
@@ -25,11 +24,9 @@ std::string checkData(Session& session, Files& files, std::string fileName) {
 }
 
 std::string checkFunctions(Session& session, Files& files, std::string fileName) {
-  GridOutput noWindow;
-  session.TraceEnabled = kTrue;
-  session.CheckFunctions = kTrue;
-  ReadFunctionFile(session, files, noWindow, fileName, kTrue);
-  return session.TraceText;
+  const ParsedFunctionFile parsed = parseFunctionFile(files.readAll(fileName));
+  session.ErrFlag = toFlag(!parsed.ok);
+  return parsed.report;
 }
 
 /// The figure is drawn on a form that nobody sees: what cannot be drawn is an error too.

@@ -3,8 +3,8 @@
 #include <iostream>
 
 #include "batch/DataInput.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/PlotWindowCommands.h"
-#include "commands/SessionModel.h"
 #include "grafile/GraphicRun.h"
 #include "gral/NoPrinter.h"
 #include "gral/NominalScreen.h"

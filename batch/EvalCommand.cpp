@@ -7,12 +7,14 @@
 #include "base/CodePage.h"
 #include "batch/Assignment.h"
 #include "batch/TerminalPorts.h"
-#include "expr/CmpMod.h"
+#include "expr/Compiler.h"
+#include "expr/Formula.h"
 
 namespace vk {
 namespace {
 
 constexpr int kPrintedDigits = 17;
+constexpr const char* kFailure = "Errori nel Calcolo della Funzione";
 
 std::string exactText(double value) {
   std::array<char, 32> buffer{};
@@ -21,37 +23,45 @@ std::string exactText(double value) {
   return {buffer.data(), end.ptr};
 }
 
-CompiledExpression compile(Session& session, const std::string& expression,
-                           const std::vector<Assignment>& variables) {
+/// Tells of the gamma function that does not converge as the box of the program does.
+class ExhaustedMessage : public EvaluationListener {
+ public:
+  void exhausted(Kernel kernel) override {
+    if (kernel == Kernel::kBetaFraction || told_) return;
+    told_ = true;
+    TerminalDialogs().plainBox("D_X2", kFailure);
+  }
+
+ private:
+  bool told_ = false;
+};
+
+Formula compiledFormula(const std::string& expression, const std::vector<Assignment>& variables) {
   std::string names;
   for (const Assignment& variable : variables) names += (names.empty() ? "" : ",") + variable.name;
-  session.TraceEnabled = kTrue;
-  CompiledExpression compiled;
-  Int16 flag = kTrue;
-  CompileExpression(session, "y@" + names + "@ @ @" + expression, compiled, flag);
-  if (flag != 0) throw UsageError(terminalText(session.TraceText));
-  for (int i = 1; i <= compiled.nVar; ++i) {
-    compiled.Values[i] = variables[static_cast<std::size_t>(i - 1)].value;
+  Compilation compiled = compile("y@" + names + "@ @ @" + expression);
+  if (!compiled.ok) throw UsageError(terminalText(compiled.report));
+  Formula formula(std::move(compiled.code));
+  for (std::size_t i = 0; i < variables.size(); ++i) {
+    formula.setValue(static_cast<int>(i) + 1, variables[i].value);
   }
-  return compiled;
+  return formula;
 }
 
 }  // namespace
 
 int runEval(const EvalArguments& arguments) {
-  Session session;
-  TerminalDialogs dialogs;
-  CompiledExpression compiled =
-      compile(session, textOfWord(arguments.expression), parseAssignments(arguments.assignments));
+  Formula formula =
+      compiledFormula(textOfWord(arguments.expression), parseAssignments(arguments.assignments));
   if (arguments.list) {
-    std::cout << toUtf8(listCode(compiled), CodePage::kCp437);
+    std::cout << toUtf8(listCode(formula.compiled()), CodePage::kCp437);
     return 0;
   }
-  loadSlots(compiled);
-  const double value = EvaluateCode(session, dialogs, compiled.Code, compiled.Slots);
-  std::cout << exactText(value) << '\n';
-  if (session.ErrFlag == 0) return 0;
-  std::cerr << "Errori nel Calcolo della Funzione\n";
+  ExhaustedMessage message;
+  const Evaluation found = formula.value(message);
+  std::cout << exactText(found.value) << '\n';
+  if (found.fault == Fault::kNone) return 0;
+  std::cerr << kFailure << '\n';
   return 1;
 }
 

@@ -1,5 +1,5 @@
 #include "batch/FitCommand.h"
-#include "commands/SessionModel.h"
+#include "commands/ExhaustedBox.h"
 
 #include <iostream>
 
@@ -30,7 +30,7 @@ FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, bool withReport) {
   }
   if (withReport) {
     ExhaustedBox listener(session, dialogs);
-    Model model = modelOf(session.analysis);
+    Model& model = session.analysis.model;
     const auto linearised =
         linearisedErrors({session.loaded.data, model, listener}, result.par, result.chi_square);
     outcome.report = fitReport(session.analysis.fun.FunctionText, result, linearised);

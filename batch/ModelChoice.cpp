@@ -4,9 +4,9 @@
 #include "base/Text.h"
 #include "batch/DataInput.h"
 #include "batch/TerminalPorts.h"
-#include "expr/CmpMod.h"
-#include "expr/FunMod.h"
-#include "platform/GridOutput.h"
+#include "commands/FunctionChoice.h"
+#include "expr/Catalogue.h"
+#include "expr/Compiler.h"
 
 namespace vk {
 namespace {
@@ -22,14 +22,9 @@ void takeLoaded(Session& session, int entry) {
   take(session, static_cast<int>(session.loaded.catalogue.inner.size()), 1);
 }
 
-void requireCompilable(Session& session, const std::string& formula, const std::string& names) {
-  session.TraceEnabled = kTrue;
-  CompiledExpression compiled;
-  Int16 flag = kTrue;
-  CompileExpression(session, "y@x@" + names + "@ @" + formula, compiled, flag);
-  if (flag != 0) throw UsageError(terminalText(session.TraceText));
-  session.TraceEnabled = kFalse;
-  session.TraceText.clear();
+void requireCompilable(const std::string& formula, const std::string& names) {
+  const Compilation compiled = compile("y@x@" + names + "@ @" + formula);
+  if (!compiled.ok) throw UsageError(terminalText(compiled.report));
 }
 
 int catalogueIndex(const std::string& text, const std::vector<CatalogueEntry>& list, const char* what) {
@@ -44,7 +39,7 @@ int catalogueIndex(const std::string& text, const std::vector<CatalogueEntry>& l
 }  // namespace
 
 void useFormula(Session& session, const std::string& formula, const std::string& names) {
-  requireCompilable(session, formula, names);
+  requireCompilable(formula, names);
   session.loaded.catalogue.file.entries = {{names, formula, formula}};
   takeLoaded(session, 1);
 }
@@ -56,14 +51,9 @@ void useCatalogue(Session& session, const std::string& pair) {
 }
 
 void useFunctionFile(Session& session, Files& files, const std::string& fileName, int entry) {
-  GridOutput report;
-  session.TraceEnabled = kTrue;
-  session.CheckFunctions = kTrue;
-  std::string name = fileName;
-  ReadFunctionFile(session, files, report, name, kFalse);
-  session.TraceEnabled = kFalse;
-  if (session.ErrFlag != 0)
-    throw UsageError(shownName(fileName) + ":\n" + terminalText(report.request().text));
+  ParsedFunctionFile parsed = parseFunctionFile(files.readAll(fileName));
+  if (!parsed.ok) throw UsageError(shownName(fileName) + ":\n" + terminalText(parsed.report));
+  session.loaded.catalogue.file = std::move(parsed.file);
   const auto count = static_cast<int>(session.loaded.catalogue.file.entries.size());
   if (entry < 1 || entry > count) {
     throw UsageError("--entry: il file " + shownName(fileName) + " contiene le funzioni da 1 a " +
@@ -73,7 +63,7 @@ void useFunctionFile(Session& session, Files& files, const std::string& fileName
 }
 
 void chooseModel(Session& session, Files& files, const ModelArguments& model, const std::string& names) {
-  BuildCatalogue(session);
+  BuildCatalogue(session.loaded.catalogue);
   if (!model.function.empty()) {
     useFormula(session, textOfWord(model.function), names);
   } else if (!model.catalogue.empty()) {

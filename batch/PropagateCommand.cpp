@@ -1,5 +1,5 @@
 #include "batch/PropagateCommand.h"
-#include "commands/SessionModel.h"
+#include "commands/ExhaustedBox.h"
 
 #include <array>
 #include <cmath>
@@ -94,7 +94,7 @@ int runPropagate(const PropagateArguments& arguments) {
   PropagationScreen screen(functionText, par, output);
   screen.open();
   ExhaustedBox listener(session, dialogs);
-  Model model = modelOf(session.analysis);
+  Model& model = session.analysis.model;
   RandomSource source(random);
   PropagationResult result = PropagateErrors(model, par, source, listener, screen);
   tellFailure(dialogs, result.end);

@@ -1,5 +1,5 @@
 #include "batch/SimulateCommand.h"
-#include "commands/SessionModel.h"
+#include "commands/ExhaustedBox.h"
 
 #include <array>
 #include <cmath>
@@ -84,7 +84,7 @@ int runSimulate(const SimulateArguments& arguments) {
   ParameterSet& par = session.analysis.par;
   const ParameterSet truth = par;
   ExhaustedBox listener(session, dialogs);
-  Model model = modelOf(session.analysis);
+  Model& model = session.analysis.model;
   const SimulationSettings wanted = wantedSettings(arguments);
   const auto simulated =
       simulateUnlessOverflow(dialogs, [&] { return simulate(wanted, model, par, source, listener); });

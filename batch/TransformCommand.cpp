@@ -1,5 +1,5 @@
 #include "batch/TransformCommand.h"
-#include "commands/SessionModel.h"
+#include "commands/ExhaustedBox.h"
 
 #include <iostream>
 

@@ -3,13 +3,14 @@
 // Counters: "ns/point" is the time of one point, "ratio" how many times the plain loop it took.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <stdexcept>
 #include <vector>
 
-#include "expr/CmpMod.h"
-#include "tests/doubles/CountingDialogs.h"
+#include "expr/Compiler.h"
+#include "expr/Model.h"
 
 namespace vk {
 namespace {
@@ -17,14 +18,14 @@ namespace {
 constexpr int kPoints = 32767;
 
 /// A model function as text and as plain C++.
-struct Formula {
+struct Formulas {
   const char* parameters;
   const char* text;
   std::vector<double> values;
   void (*plain)(const std::vector<double>& p, const std::vector<double>& x, std::vector<double>& y);
 };
 
-const Formula kOscillation{
+const Formulas kOscillation{
     "A,B,C,D",
     "A*EXP(-B*x)*SIN(C*x+D)",
     {2.5, 0.3, 4.2, 0.7},
@@ -33,7 +34,7 @@ const Formula kOscillation{
         y[i] = p[0] * std::exp(-p[1] * x[i]) * std::sin(p[2] * x[i] + p[3]);
     }};
 
-const Formula kParabola{
+const Formulas kParabola{
     "a,b,c",
     "a*x*x+b*x+c",
     {1.5, -2.5, 0.5},
@@ -59,28 +60,24 @@ double bestTime(Run run) {
   return best;
 }
 
-/// A session whose current model is the formula, as a loaded inner function or a pair of the catalogue.
-Session sessionOf(const Formula& formula, int inner) {
-  Session session;
-  session.analysis.fun.InnerIndex = inner;
-  session.analysis.fun.OuterIndex = 1;
-  session.analysis.par.ParCount = static_cast<int>(formula.values.size());
-  session.analysis.par.ParValues.dim(session.analysis.par.ParCount);
-  for (int i = 1; i <= session.analysis.par.ParCount; ++i) {
-    session.analysis.par.ParValues[i] = formula.values[static_cast<std::size_t>(i - 1)];
-  }
-  Int16 flag;
-  CompileExpression(session, std::string("y@x@") + formula.parameters + "@ @" + formula.text,
-                    session.analysis.model, flag);
-  if (flag != 0) throw std::logic_error("the formula does not compile");
-  return session;
+/// The formula as a loaded inner function or a pair of the catalogue.
+Model modelOf(const Formulas& formula, int inner) {
+  Compilation compiled = compile(std::string("y@x@") + formula.parameters + "@ @" + formula.text);
+  if (!compiled.ok) throw std::logic_error("the formula does not compile");
+  return {inner, 1, std::move(compiled.code)};
+}
+
+Array<double> parametersOf(const Formulas& formula) {
+  Array<double> table(static_cast<int>(formula.values.size()));
+  std::ranges::copy(formula.values, table.span(1, table.upper()).begin());
+  return table;
 }
 
 /// Times a way of evaluation, checks its values against the plain loop, and tells the ratio of the times.
 template <class Evaluate>
-void compare(benchmark::State& state, const Formula& formula, int inner, Evaluate evaluate) {
-  Session session = sessionOf(formula, inner);
-  CountingDialogs dialogs;
+void compare(benchmark::State& state, const Formulas& formula, int inner, Evaluate evaluate) {
+  Model model = modelOf(formula, inner);
+  const Array<double> parameters = parametersOf(formula);
   const std::vector<double> x = points();
   std::vector<double> expected(x.size());
   std::vector<double> y(x.size());
@@ -90,54 +87,55 @@ void compare(benchmark::State& state, const Formula& formula, int inner, Evaluat
     benchmark::ClobberMemory();
   };
   const double plainTime = bestTime(plain);
-  const double ownTime = bestTime([&] { evaluate(session, dialogs, x, y); });
+  const double ownTime = bestTime([&] { evaluate(model, parameters, x, y); });
   for (std::size_t i = 0; i < x.size(); ++i) {
     if (std::fabs(y[i] - expected[i]) > 1E-12) return state.SkipWithError("a wrong value");
   }
-  for (auto _ : state) evaluate(session, dialogs, x, y);
+  for (auto _ : state) evaluate(model, parameters, x, y);
   state.SetItemsProcessed(state.iterations() * kPoints);
   state.counters["ns/point"] = 1E9 * ownTime / kPoints;
   state.counters["plain_ns/point"] = 1E9 * plainTime / kPoints;
   state.counters["ratio"] = ownTime / plainTime;
 }
 
-void inBlocks(Session& session, Dialogs& dialogs, const std::vector<double>& x, std::vector<double>& y) {
-  evaluateFunctionAt(session, dialogs, x, y);
+void inOneCall(Model& model, const Array<double>& parameters, const std::vector<double>& x,
+               std::vector<double>& y) {
+  NoListener nobody;
+  model.at(x, parameters, y, nobody);
 }
 
-void onePoint(Session& session, Dialogs& dialogs, const std::vector<double>& x, std::vector<double>& y) {
-  for (std::size_t i = 0; i < x.size(); ++i) y[i] = EvaluateFunction(session, dialogs, x[i]);
+void onePoint(Model& model, const Array<double>& parameters, const std::vector<double>& x,
+              std::vector<double>& y) {
+  NoListener nobody;
+  for (std::size_t i = 0; i < x.size(); ++i) y[i] = model.at(x[i], parameters, nobody).value;
 }
 
 constexpr int kLoaded = 6;
 constexpr int kCatalogueParabola = 3;
 
 void Oscillation_Block(benchmark::State& state) {
-  compare(state, kOscillation, kLoaded, inBlocks);
+  compare(state, kOscillation, kLoaded, inOneCall);
 }
 void Oscillation_Single(benchmark::State& state) {
   compare(state, kOscillation, kLoaded, onePoint);
 }
 void Parabola_Block(benchmark::State& state) {
-  compare(state, kParabola, kLoaded, inBlocks);
+  compare(state, kParabola, kLoaded, inOneCall);
 }
 void Parabola_Single(benchmark::State& state) {
   compare(state, kParabola, kLoaded, onePoint);
 }
 void CatalogueParabola_Block(benchmark::State& state) {
-  compare(state, kParabola, kCatalogueParabola, inBlocks);
+  compare(state, kParabola, kCatalogueParabola, inOneCall);
 }
 void CatalogueParabola_Single(benchmark::State& state) {
   compare(state, kParabola, kCatalogueParabola, onePoint);
 }
 
 void Compile(benchmark::State& state) {
-  Session session;
-  CompiledExpression compiled;
   for (auto _ : state) {
-    Int16 flag;
-    CompileExpression(session, "y@x@A,B,C,D@ @A*EXP(-B*x)*SIN(C*x+D)", compiled, flag);
-    if (flag != 0) return state.SkipWithError("the formula does not compile");
+    Compilation compiled = compile("y@x@A,B,C,D@ @A*EXP(-B*x)*SIN(C*x+D)");
+    if (!compiled.ok) return state.SkipWithError("the formula does not compile");
     benchmark::DoNotOptimize(compiled);
   }
 }

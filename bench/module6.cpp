@@ -6,9 +6,10 @@
 
 #include "analysis/MonteCarlo.h"
 #include "analysis/Transformation.h"
+#include "commands/ExhaustedBox.h"
+#include "commands/FunctionChoice.h"
 #include "commands/RandomSource.h"
-#include "commands/SessionModel.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/doubles/CountingDialogs.h"
 
@@ -18,7 +19,7 @@ namespace {
 /// a*exp(-b)*sin(c) with normal errors of a and b and a maximum error of c.
 Session decayingWave() {
   Session session;
-  BuildCatalogue(session);
+  BuildCatalogue(session.loaded.catalogue);
   session.loaded.catalogue.file.entries.push_back({"a,b,c", "a*EXP(-b)*SIN(c)", "wave"});
   loadFunction(session, 1);
   session.analysis.fun.InnerIndex = kBuiltInInner + 1;
@@ -39,7 +40,7 @@ void TenThousandSamples(benchmark::State& state) {
   CountingDialogs dialogs;
   SystemRandom random;
   ExhaustedBox listener(session, dialogs);
-  Model model = modelOf(session.analysis);
+  Model& model = session.analysis.model;
   RandomSource source(random);
   const AnalyticErrors analytic = analyticErrors(model, par, listener);
   SampleStatistics last;

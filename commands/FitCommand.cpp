@@ -1,5 +1,5 @@
 #include "commands/FitCommand.h"
-#include "commands/SessionModel.h"
+#include "commands/ExhaustedBox.h"
 
 #include "base/FlagFor.h"
 #include "commands/FitScreen.h"
@@ -18,7 +18,7 @@ void MenAdaAda(Session& session, Ports& ports) {
 
 FitResult FitData(Session& session, Dialogs& dialogs, FitObserver& observer) {
   ExhaustedBox listener(session, dialogs);
-  Model model = modelOf(session.analysis);
+  Model& model = session.analysis.model;
   FitResult result = FitData({session.loaded.data, model, listener}, session.analysis.par, observer);
   session.analysis.par = result.par;
   if (result.ErrEff.upper() >= 0) session.loaded.data.ErrEff = result.ErrEff;

@@ -2,7 +2,8 @@
 
 #include "commands/DisplayRefresh.h"
 #include "commands/FilePicking.h"
-#include "expr/FunMod.h"
+#include "commands/FunctionChoice.h"
+#include "commands/FunctionFiles.h"
 #include "session/Session.h"
 
 namespace vk {

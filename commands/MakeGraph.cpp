@@ -1,9 +1,9 @@
 #include "base/Guard.h"
 #include "commands/DisplayRefresh.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/FigureCommands.h"
 #include "commands/PlotWindowCommands.h"
-#include "commands/SessionModel.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
 #include "grafile/StandardFigure.h"
 #include "session/SoundSignal.h"
 
@@ -34,7 +34,7 @@ FigureSource sourceOf(const Session& session, Model& model, int kind) {
           .dataName = session.loaded.DataFile,
           .dataPath = session.loaded.DataPath,
           .functionText = session.analysis.fun.FunctionText,
-          .expression = ComposeFunctionText(session),
+          .expression = ComposeFunctionText(session.loaded.catalogue, session.analysis.fun),
           .model = model,
           .parameters = session.analysis.par};
 }
@@ -50,7 +50,7 @@ void openFigure(Session& session, FigurePorts& ports, GralCls& drawing, int kind
 }  // namespace
 
 void MakeGraph(Session& session, FigurePorts& ports, Int16 kind) {
-  Model model = modelOf(session.analysis);
+  Model& model = session.analysis.model;
   const FigureSource source = sourceOf(session, model, kind);
   FailureSignals signals(session, ports);
   FigureTexts texts;

@@ -10,7 +10,6 @@
 #include "commands/DisplayRefresh.h"
 #include "commands/FormDescription.h"
 #include "commands/PropagationCommand.h"
-#include "expr/FunMod.h"
 
 namespace vk {
 namespace {
@@ -60,16 +59,9 @@ void describeHeads(InputTables& form, int half, const std::string& functionText,
                        {5, right, propagation ? "\xE5>0, Err.Max.<0 " : "0 Cost. 1 Var."}});
 }
 
-void giveValuesToLoadedModel(Session& session) {
-  if (session.analysis.fun.InnerIndex <= kBuiltInInner) return;
-  for (int i = 1; i <= session.analysis.model.nPar; ++i)
-    session.analysis.model.Values[i + 1] = session.analysis.par.ParValues[i];
-}
-
 }  // namespace
 
 void markParametersSet(Session& session) {
-  giveValuesToLoadedModel(session);
   session.analysis.ParametersSet = kTrue;
   session.analysis.ParVar = toFlag(session.analysis.par.FreeCount >= 1) & ~session.analysis.PropagationMode;
 }

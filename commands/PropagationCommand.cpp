@@ -1,5 +1,5 @@
 #include "commands/PropagationCommand.h"
-#include "commands/SessionModel.h"
+#include "commands/ExhaustedBox.h"
 
 #include "analysis/HistogramFile.h"
 #include "commands/PropagationScreen.h"
@@ -25,7 +25,7 @@ PropagationResult PropagateErrors(Session& session, Ports& ports) {
   screen.open();
   ports.output.setSaveRoutine([&session, &files = ports.files] { SaveMonteCarlo(session, files); });
   ExhaustedBox listener(session, ports.dialogs);
-  Model model = modelOf(session.analysis);
+  Model& model = session.analysis.model;
   RandomSource random(ports.random);
   PropagationResult result = PropagateErrors(model, par, random, listener, screen);
   session.analysis.monteCarlo = result.histogram;

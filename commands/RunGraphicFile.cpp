@@ -1,8 +1,8 @@
 #include "base/Text.h"
 #include "commands/DisplayRefresh.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/FigureCommands.h"
 #include "commands/PlotWindowCommands.h"
-#include "commands/SessionModel.h"
 #include "grafile/GraphicRun.h"
 #include "gral/Plotting.h"
 

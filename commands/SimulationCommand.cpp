@@ -1,5 +1,5 @@
 #include "commands/SimulationCommand.h"
-#include "commands/SessionModel.h"
+#include "commands/ExhaustedBox.h"
 
 #include <array>
 
@@ -149,7 +149,7 @@ std::optional<SimulatedData> simulateUnlessOverflow(Dialogs& dialogs,
 void SimulateData(Session& session, Ports& ports, const std::function<void()>& fit) {
   ParameterSet& par = session.analysis.par;
   ExhaustedBox listener(session, ports.dialogs);
-  Model model = modelOf(session.analysis);
+  Model& model = session.analysis.model;
   RandomSource source(ports.random);
   const auto simulated = simulateUnlessOverflow(
       ports.dialogs, [&] { return simulate(enteredSettings(session.input), model, par, source, listener); });

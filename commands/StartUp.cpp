@@ -1,7 +1,7 @@
 #include "commands/StartUp.h"
 
 #include "commands/CommandTable.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
 #include "session/Session.h"
 
 namespace vk {
@@ -55,7 +55,7 @@ void welcome(Dialogs& dialogs) {
 }
 
 void fillCatalogue(Session& session, FunctionForms& forms) {
-  BuildCatalogue(session);
+  BuildCatalogue(session.loaded.catalogue);
   forms.refillSelection();
 }
 

@@ -1,13 +1,10 @@
 #include "commands/TransformationCommand.h"
-#include "commands/SessionModel.h"
+#include "commands/ExhaustedBox.h"
 
-#include "base/Guard.h"
 #include "base/Text.h"
 #include "commands/DisplayRefresh.h"
 #include "commands/FormDescription.h"
 #include "data/DataFiles.h"
-#include "expr/CmpMod.h"
-#include "expr/FunMod.h"
 
 namespace vk {
 namespace {
@@ -46,21 +43,6 @@ void describeFields(InputTables& form, const DataSet& data) {
   addField(form, count, "dy", "dy", kFormulaKind);
 }
 
-/// The formula fields compile into the session's one area for models; however the form is left, the model
-/// function has it back.
-class ModelComesBack {
- public:
-  explicit ModelComesBack(Session& session) : session_(session) {}
-  ~ModelComesBack() {
-    guard([this] { restoreModel(session_); });
-  }
-  ModelComesBack(const ModelComesBack&) = delete;
-  ModelComesBack& operator=(const ModelComesBack&) = delete;
-
- private:
-  Session& session_;
-};
-
 }  // namespace
 
 void MenDatTra(Session& session, Ports& ports) {
@@ -74,7 +56,6 @@ void MenDatTra(Session& session, Ports& ports) {
   describeTexts(tables,
                 {{1, kTextColumn, "File Dati"}, {2, kTextColumn, FileBaseName(session.loaded.DataFile)}});
   tables.caption = "VOR_KEL: Trasformazione Dati";
-  const ModelComesBack back(session);
   if (askForm(session, ports.input)) TransformData(session, ports);
 }
 
@@ -89,7 +70,6 @@ void TransformData(Session& session, Ports& ports) {
   } else {
     tellBadFormula(ports.dialogs, result);
   }
-  restoreModel(session);
   ports.window.refresh();
   Msg(session, ports.window);
 }

@@ -1,8 +1,10 @@
 #include "examples/ExampleFits.h"
 
+#include "commands/FunctionChoice.h"
+#include "commands/FunctionFiles.h"
 #include "commands/ParameterCommands.h"
 #include "data/DataFiles.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
 #include "platform/GridOutput.h"
 
 namespace vk {
@@ -32,7 +34,7 @@ const std::vector<ExampleFit>& exampleFits() {
 void prepareExample(Session& session, Files& files, const ExampleFit& example) {
   const std::string dataFile = example.name + ".dat";
   LoadDataFile(session.loaded, dataFile, readData(files, dataFile).data);
-  BuildCatalogue(session);
+  BuildCatalogue(session.loaded.catalogue);
   session.analysis.fun.InnerIndex =
       example.inner == 0 ? loadFirstFunction(session, files, example.library) : example.inner;
   session.analysis.fun.OuterIndex = example.outer;

@@ -10,7 +10,7 @@
 #include "commands/FitCommand.h"
 #include "commands/FitScreen.h"
 #include "examples/ExampleFits.h"
-#include "expr/CmpMod.h"
+#include "expr/FormulaText.h"
 #include "grafile/FigureKind.h"
 #include "platform/system/SystemClock.h"
 

@@ -1,8 +1,10 @@
+#include "expr/Catalogue.h"
+
 #include <algorithm>
 
 #include "base/Text.h"
-#include "expr/CmpMod.h"
-#include "expr/FunMod.h"
+#include "expr/Compiler.h"
+#include "expr/FormulaText.h"
 
 namespace vk {
 namespace {
@@ -36,49 +38,54 @@ std::string inserted(const std::string& f, std::string g, int outer, int inner) 
 }
 
 /// The comma list of a file as a table of right-aligned names.
-std::string nameField(Session& session, const std::string& list) {
-  const std::string names = StripBlanks(list);
-  std::string table;
-  Int16 flag;
-  if (!names.empty()) BuildNameTable(session, names, table, kNameSlot, kFalse, flag);
+std::string nameField(const std::string& list) {
   std::string field;
-  for (int start = 1; start <= length(table); start += kNameSlot) {
-    const std::string name = trim(mid(table, start, kNameSlot));
+  for (const std::string& item : splitItems(StripBlanks(list))) {
+    const std::string name = left(item, kNameSlot);
     field += repeat(kNameSlot - length(name), ' ') + name;
   }
   return field;
 }
 
-/// The function in use is none of the catalogue any more.
-void forgetFunction(Session& session) {
-  session.analysis.FunDefined = kFalse;
-  session.analysis.ParVar = kFalse;
+/// Makes room in the full list by dropping the oldest loaded function; true when it was the chosen one.
+bool dropOldest(Catalogue& catalogue, FunctionDef& fun) {
+  catalogue.inner.erase(catalogue.inner.begin() + kBuiltInInner);
+  if (fun.InnerIndex <= kBuiltInInner) return false;
+  fun.InnerIndex -= 1;
+  if (fun.InnerIndex != kBuiltInInner) return false;
+  fun.InnerIndex = 0;
+  fun.OuterIndex = 0;
+  return true;
 }
 
-/// Makes room in the full list by dropping the oldest loaded function; true when it was the current one.
-bool dropOldest(Session& session) {
-  session.loaded.catalogue.inner.erase(session.loaded.catalogue.inner.begin() + kBuiltInInner);
-  if (session.analysis.fun.InnerIndex <= kBuiltInInner) return false;
-  session.analysis.fun.InnerIndex -= 1;
-  if (session.analysis.fun.InnerIndex != kBuiltInInner) return false;
-  forgetFunction(session);
-  session.analysis.fun.InnerIndex = 0;
-  session.analysis.fun.OuterIndex = 0;
-  return true;
+constexpr const char* kVariableNames = "    y    x";
+
+std::string commaList(const std::string& field) {
+  std::string list;
+  for (int start = 1; start <= length(field); start += kNameSlot) {
+    list += (list.empty() ? "" : ",") + trim(mid(field, start, kNameSlot));
+  }
+  return list;
+}
+
+template <class Entry>
+const Entry& chosen(const std::vector<Entry>& list, int index) {
+  if (index < 1 || index > static_cast<int>(list.size())) throw RuntimeError(kIndexOutOfRange);
+  return list[static_cast<std::size_t>(index - 1)];
 }
 
 }  // namespace
 
-void BuildCatalogue(Session& session) {
+void BuildCatalogue(Catalogue& catalogue) {
   // \xFD is the square and \xFB the root in code page 437.
-  session.loaded.catalogue.inner = {
+  catalogue.inner = {
       {"c", "c", "    c"},
       {"bx+c", "b*x+c", "    b    c"},
       {"ax\xFD+bx+c", "a*x*x+b*x+c", "    a    b    c"},
       {"[(x-m)\xFD+a]/b", "((x-m)^2+a)/b", "    m    a    b"},
       {"a/[(x\xFD-m\xFD)\xFD+b\xFDx\xFD]", "a/((x*x-m*m)^2+(b*x)^2)", "    a    m    b"},
   };
-  session.loaded.catalogue.outer = {
+  catalogue.outer = {
       {"u", "T", ""},
       {"u\xFD", "(T)^2", ""},
       {"1/u", "1/(T)", ""},
@@ -91,11 +98,11 @@ void BuildCatalogue(Session& session) {
   };
 }
 
-std::string compositeText(const Session& session) {
-  const int inner = session.analysis.fun.InnerIndex;
-  const int outer = session.analysis.fun.OuterIndex;
-  const std::string& f = entryAt(session.loaded.catalogue.outer, outer).display;
-  const std::string& g = entryAt(session.loaded.catalogue.inner, inner).display;
+std::string compositeText(const Catalogue& catalogue, const FunctionDef& fun) {
+  const int inner = fun.InnerIndex;
+  const int outer = fun.OuterIndex;
+  const std::string& f = entryAt(catalogue.outer, outer).display;
+  const std::string& g = entryAt(catalogue.inner, inner).display;
   const int slashF = position(f, "/");
   const int slashG = position(g, "/");
   const bool twoDivisions = slashF > 0 && slashG > 0;
@@ -107,31 +114,40 @@ std::string shownCompositeText(const std::string& text) {
   return length(text) <= kShownLength ? text : left(text, kShownPart) + "..." + right(text, kShownPart);
 }
 
-std::string ComposeFunctionText(const Session& session) {
-  const std::string& g = entryAt(session.loaded.catalogue.inner, session.analysis.fun.InnerIndex).machine;
-  std::string text = entryAt(session.loaded.catalogue.outer, session.analysis.fun.OuterIndex).machine;
+std::string ComposeFunctionText(const Catalogue& catalogue, const FunctionDef& fun) {
+  const std::string& g = entryAt(catalogue.inner, fun.InnerIndex).machine;
+  std::string text = entryAt(catalogue.outer, fun.OuterIndex).machine;
   const auto mark = text.find(kInnerMark);
   if (mark == std::string::npos) return StripBlanks(g);
   return StripBlanks(text.replace(mark, 1, g));
 }
 
-bool loadFunction(Session& session, int index) {
-  const std::vector<FunctionFile::Entry>& read = session.loaded.catalogue.file.entries;
-  if (index < 1 || index > static_cast<int>(read.size())) throw RuntimeError(kIndexOutOfRange);
-  const FunctionFile::Entry& entry = read[static_cast<std::size_t>(index - 1)];
-  std::vector<CatalogueEntry>& inner = session.loaded.catalogue.inner;
-  const bool lost = static_cast<int>(inner.size()) >= kMostInner && dropOldest(session);
-  inner.push_back({entry.description, entry.definition, nameField(session, entry.parameters)});
+ChosenFunction chosenFunction(const Catalogue& catalogue, const FunctionDef& fun) {
+  const CatalogueEntry& g = chosen(catalogue.inner, fun.InnerIndex);
+  const CatalogueEntry& f = chosen(catalogue.outer, fun.OuterIndex);
+  ChosenFunction result;
+  result.names = kVariableNames + g.names + f.names;
+  result.text = compositeText(catalogue, fun);
+  result.model = Model(fun.InnerIndex, fun.OuterIndex);
+  if (fun.InnerIndex > kBuiltInInner) {
+    Compilation compiled = compile("y@x@" + commaList(g.names) + "@ @" + g.machine);
+    result.model = Model(fun.InnerIndex, fun.OuterIndex, std::move(compiled.code));
+  }
+  return result;
+}
+
+bool loadFunction(Catalogue& catalogue, FunctionDef& fun, int index) {
+  const FunctionFile::Entry& entry = chosen(catalogue.file.entries, index);
+  const bool full = static_cast<int>(catalogue.inner.size()) >= kMostInner;
+  const bool lost = full && dropOldest(catalogue, fun);
+  catalogue.inner.push_back({entry.description, entry.definition, nameField(entry.parameters)});
   return lost;
 }
 
-bool dropLoadedFunctions(Session& session) {
-  if (static_cast<int>(session.loaded.catalogue.inner.size()) > kBuiltInInner) {
-    session.loaded.catalogue.inner.resize(kBuiltInInner);
-  }
-  if (session.analysis.fun.InnerIndex <= kBuiltInInner) return false;
-  forgetFunction(session);
-  session.analysis.fun.InnerIndex = 1;
+bool dropLoadedFunctions(Catalogue& catalogue, FunctionDef& fun) {
+  if (static_cast<int>(catalogue.inner.size()) > kBuiltInInner) catalogue.inner.resize(kBuiltInInner);
+  if (fun.InnerIndex <= kBuiltInInner) return false;
+  fun.InnerIndex = 1;
   return true;
 }
 

@@ -6,8 +6,8 @@
 
 #include "expr/CodeReader.h"
 
+#include "expr/CompiledExpression.h"
 #include "expr/PlainOperations.h"
-#include "session/CompiledExpression.h"
 
 namespace vk {
 

@@ -1,9 +1,13 @@
+#include "expr/Compiler.h"
+
 #include <algorithm>
+#include <array>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "expr/CmpMod.h"
+#include "expr/CompilerReport.h"
 #include "expr/GenerateCode.h"
+#include "expr/NameTable.h"
 #include "expr/Opcodes.h"
 #include "expr/Tokens.h"
 
@@ -14,17 +18,20 @@ namespace {
 constexpr int kValueWidth = 20;
 
 /// The fields of a definition text. The first one, the name of the result, nobody reads.
-struct Definition {
-  std::string variables, parameters, constants, expression;
-};
+enum Field { kResult, kVariables, kParameters, kConstants, kExpression, kFields };
+using Fields = std::array<TracedText, kFields>;
 
-Definition cutFields(const std::string& definition) {
-  std::string result = definition;
-  Definition fields;
-  SplitAtMark(result, fields.variables, '@');
-  SplitAtMark(fields.variables, fields.parameters, '@');
-  SplitAtMark(fields.parameters, fields.constants, '@');
-  SplitAtMark(fields.constants, fields.expression, '@');
+/// Cuts a text at the first mark; both parts are trimmed.
+void cutAt(char mark, TracedText& text, TracedText& rest) {
+  const std::size_t at = text.text().find(mark);
+  rest = at == std::string::npos ? TracedText() : text.part(at + 1, text.size()).trimmed();
+  text = text.part(0, std::min(at, text.size())).trimmed();
+}
+
+Fields cutFields(const std::string& definition) {
+  Fields fields;
+  fields[kResult] = TracedText(definition, 0);
+  for (std::size_t i = kVariables; i < kFields; ++i) cutAt('@', fields[i - 1], fields[i]);
   return fields;
 }
 
@@ -37,134 +44,143 @@ int entryPosition(const std::string& table, const std::string& entry) {
 
 /// Texts of the line on a name that is taken already.
 struct ClashTexts {
-  const char* start;
+  std::string_view mark;
   const char* kind;
   const char* other;
 };
-constexpr ClashTexts kVariableClash{"* ERR. Nome ", " della Variabile ", " Eguale Nome del Parametro "};
-constexpr ClashTexts kConstantClash{"* Nome ", " della Costante ", " Eguale Nome di Var. o Par."};
+constexpr ClashTexts kVariableClash{kErrorMark, " della Variabile ", " Eguale Nome del Parametro "};
+constexpr ClashTexts kConstantClash{"* ", " della Costante ", " Eguale Nome di Var. o Par."};
+
+/// Names that are declared together.
+struct Names {
+  std::vector<TracedText> items;
+  std::string table;
+};
 
 /// One compilation, from the fields to the code.
-class Compilation {
+class CompilerRun {
  public:
-  Compilation(Session& session, CompiledExpression& compiled, Int16 report, Int16& flag)
-      : session_(session), asked_(report), report_(session, report), compiled_(compiled), flag_(flag) {}
+  explicit CompilerRun(Compilation& result)
+      : compiled_(result.code), faults_(result.faults), report_(result) {}
 
-  void run(const Definition& definition) {
-    declareVariables(definition.variables);
-    declareParameters(definition.parameters);
-    declareConstants(definition.constants);
-    text_.nameTable = variables_ + parameters_ + constants_;
-    checkParentheses(definition.expression);
-    if (!tokenise(prepareExpression(definition.expression), text_, report_)) flag_ = kTrue;
-    text_.tokens = "##" + numberDigits(kWrapper) + text_.tokens;
-    if (flag_ == kFalse) checkGrammar();
-    if (flag_ == kFalse) generate();
-    if (flag_ != kFalse) compiled_.Code.clear();
+  /// True when the code is complete.
+  bool run(const Fields& fields) {
+    declareVariables(fields[kVariables]);
+    declareParameters(fields[kParameters]);
+    declareConstants(fields[kConstants]);
+    text_.nameTable = variables_.table + parameters_.table + constants_.table;
+    checkParentheses(fields[kExpression]);
+    text_.tokens.append("##" + numberDigits(kWrapper), fields[kExpression].placeOf(0, 1).first);
+    tokenise(prepareExpression(fields[kExpression]), text_, report_);
+    if (faults_.empty()) checkGrammar();
+    if (faults_.empty()) generate(fields[kExpression]);
+    if (!faults_.empty()) compiled_.Code.clear();
+    return faults_.empty();
   }
 
  private:
-  std::string checkedTable(const std::string& names, int count) {
-    std::string table;
-    if (count == 0) return table;
-    BuildNameTable(session_, names, table, kNameWidth, asked_, flag_);
-    CheckNames(session_, table, count, kNameWidth, asked_, flag_);
-    return table;
+  Names checkedNames(const TracedText& field) {
+    Names names{field.items(), {}};
+    names.table = BuildNameTable(names.items, kNameWidth, CompileFaultKind::kNameTooLong, report_);
+    CheckNames(names.items, kNameWidth, report_);
+    return names;
   }
 
-  void declareVariables(const std::string& field) {
+  void declareVariables(const TracedText& field) {
     report_.line("*** Controllo Sintattico delle Variabili...");
-    const std::string names = StripBlanks(field);
-    compiled_.nVar = CountItems(names);
+    const TracedText names = field.withoutBlanks();
+    compiled_.nVar = static_cast<int>(names.items().size());
     report_.line("# Variabili:" + signedText(compiled_.nVar));
-    variables_ = checkedTable(names, compiled_.nVar);
+    variables_ = checkedNames(names);
   }
 
-  void declareParameters(const std::string& field) {
+  void declareParameters(const TracedText& field) {
     report_.line("*** Controllo Sintattico dei Parametri...");
-    const std::string names = StripBlanks(field);
-    compiled_.nPar = CountItems(names);
+    const TracedText names = field.withoutBlanks();
+    compiled_.nPar = static_cast<int>(names.items().size());
     report_.line("# Parametri:" + signedText(compiled_.nPar));
-    parameters_ = checkedTable(names, compiled_.nPar);
-    reportClashes(variables_, parameters_, kVariableClash);
+    parameters_ = checkedNames(names);
+    reportClashes(variables_, parameters_.table, kVariableClash);
   }
 
-  void declareConstants(const std::string& field) {
+  void declareConstants(const TracedText& field) {
     report_.line("*** Controllo Sintattico delle Costanti...");
-    std::string names = StripBlanks(field);
-    SplitAtMark(names, text_.values, '/');
-    namedConstants_ = CountItems(names);
+    TracedText names = field.withoutBlanks();
+    TracedText values;
+    cutAt('/', names, values);
+    text_.values = values.items();
+    namedConstants_ = static_cast<int>(names.items().size());
     report_.line("# Costanti: " + std::to_string(namedConstants_));
-    constants_ = checkedTable(names, namedConstants_);
-    reportClashes(constants_, variables_ + parameters_, kConstantClash);
+    constants_ = checkedNames(names);
+    reportClashes(constants_, variables_.table + parameters_.table, kConstantClash);
   }
 
-  /// A line and an error for each name of a table that another table has too.
-  void reportClashes(const std::string& names, const std::string& others, const ClashTexts& texts) {
-    for (int i = 0; i < length(names) / kNameWidth; ++i) {
-      const std::string entry = mid(names, i * kNameWidth + 1, kNameWidth);
+  /// A fault for each of the names that another table has too.
+  void reportClashes(const Names& names, const std::string& others, const ClashTexts& texts) {
+    for (int i = 0; i < static_cast<int>(names.items.size()); ++i) {
+      const std::string entry = mid(names.table, i * kNameWidth + 1, kNameWidth);
       const int found = entryPosition(others, entry);
       if (found == 0) continue;
-      report_.line(texts.start + trim(entry) + texts.kind + signedText(i) + texts.other + signedText(found));
-      flag_ = kTrue;
+      const TracedText& item = names.items[static_cast<std::size_t>(i)];
+      report_.fault(CompileFaultKind::kNameTaken, item.placeOf(0, item.size()), texts.mark,
+                    "Nome " + trim(entry) + texts.kind + signedText(i) + texts.other + signedText(found));
     }
   }
 
-  void checkParentheses(const std::string& expression) {
+  void checkParentheses(const TracedText& expression) {
     report_.line("*** Controllo della Funzione");
-    const auto opened = static_cast<int>(std::count(expression.begin(), expression.end(), '('));
-    const auto closed = static_cast<int>(std::count(expression.begin(), expression.end(), ')'));
+    const auto opened = static_cast<int>(std::ranges::count(expression.text(), '('));
+    const auto closed = static_cast<int>(std::ranges::count(expression.text(), ')'));
     if (opened == closed) return;
-    report_.line("* ERR.: " + signedText(opened) + "Parentesi Aperte e " + signedText(closed) + " Chiuse");
-    flag_ = kTrue;
+    report_.fault(CompileFaultKind::kParentheses, expression.placeOf(0, expression.size()),
+                  "* ERR.: ", signedText(opened) + "Parentesi Aperte e " + signedText(closed) + " Chiuse");
   }
 
   void checkGrammar() {
-    if (isGrammatical(text_.tokens)) return;
-    report_.line("* ERR. Scrittura dell'Espressione Errata");
-    flag_ = kTrue;
+    const std::size_t wrong = ungrammaticalToken(text_.tokens.text());
+    if (wrong == std::string::npos) return;
+    report_.fault(CompileFaultKind::kGrammar, text_.tokens.placeOf(wrong, 1), kErrorMark,
+                  "Scrittura dell'Espressione Errata");
   }
 
-  void generate() {
-    if (!text_.mapFits) flag_ = kTrue;
+  void generate(const TracedText& expression) {
+    const Place whole = expression.placeOf(0, expression.size());
+    if (!text_.mapFits) report_.silentFault(CompileFaultKind::kTooManyOperands, whole);
     compiled_.Values.dim(length(text_.nameTable) / kNameWidth);
     storeConstants();
     compiled_.LastSlot = text_.lastOperand;
     compiled_.OperandMap = text_.operandMap;
     if (text_.lastOperand >= 0) compiled_.Slots.dim(text_.lastOperand);
-    GenerateCode(text_.tokens, compiled_.Code, flag_);
+    if (!GenerateCode(text_.tokens.text(), compiled_.Code)) {
+      report_.silentFault(CompileFaultKind::kArguments, whole);
+    }
   }
 
   // QUIRK: the values stand in one list, named constants before literals. With fewer values than names the
   // literals move forward and the last ones are 0; with more, the literals take the surplus values.
   void storeConstants() {
-    std::string table;
-    BuildNameTable(session_, text_.values, table, kValueWidth, asked_, flag_);
+    const std::string table =
+        BuildNameTable(text_.values, kValueWidth, CompileFaultKind::kNumberTooLong, report_);
     for (int i = 1; i <= namedConstants_ + text_.literals; ++i) {
       compiled_.Values[compiled_.nVar + compiled_.nPar + i] =
           scanNumber(mid(table, (i - 1) * kValueWidth + 1, kValueWidth));
     }
   }
 
-  Session& session_;
-  Int16 asked_;
-  Report report_;
   CompiledExpression& compiled_;
-  Int16& flag_;
-  std::string variables_, parameters_, constants_;
+  const std::vector<CompileFault>& faults_;
+  CompilerReport report_;
+  Names variables_, parameters_, constants_;
   int namedConstants_ = 0;
   TokenText text_;
 };
 
 }  // namespace
 
-void CompileExpression(Session& session, const std::string& definition, CompiledExpression& compiled,
-                       Int16& flag) {
-  const Int16 report = flag;
-  flag = kFalse;
-  const Definition fields = cutFields(definition);
-  compiled = CompiledExpression();
-  Compilation(session, compiled, report, flag).run(fields);
+Compilation compile(const std::string& definition) {
+  Compilation result;
+  result.ok = CompilerRun(result).run(cutFields(definition));
+  return result;
 }
 
 }  // namespace vk

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "expr/ColumnMachine.h"
+#include "expr/CompiledExpression.h"
 #include "numeric/Fault.h"
-#include "session/CompiledExpression.h"
 
 namespace vk {
 

@@ -1,11 +1,11 @@
+#include "expr/FunctionFile.h"
+
 #include <algorithm>
-#include <string_view>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
-#include "expr/CmpMod.h"
-#include "expr/FunMod.h"
+#include "expr/Compiler.h"
 
 namespace vk {
 namespace {
@@ -65,92 +65,74 @@ FunctionFile splitFunctions(const Records& records) {
   return file;
 }
 
-void addLine(Session& session, const std::string& line) {
-  session.TraceText += line;
-  session.TraceText += kCrLf;
-}
+/// One check of a file, which writes its report.
+class FunctionFileCheck {
+ public:
+  FunctionFileCheck(FunctionFileChecks checks, std::string& report) : checks_(checks), report_(report) {}
 
-/// Gives whether the records make whole functions, at least one.
-bool checkStructure(Session& session, std::size_t records) {
-  const bool whole = records % kRecordsPerFunction == 0 && records <= kMostRecords;
-  if (!whole) {
-    for (const char* line :
-         {"*** ERR. Struttura del File Funzioni NON Corretta!", "***      Successione: #",
-          "***                   Definizione Parametri", "***                   Definizione Funzione",
-          "***                   Descrizione Funzione", "***      Errata!"}) {
-      addLine(session, line);
+  /// Gives whether the records make whole functions, at least one.
+  bool structure(std::size_t records) {
+    const bool whole = records % kRecordsPerFunction == 0 && records <= kMostRecords;
+    if (!whole) {
+      for (const char* line :
+           {"*** ERR. Struttura del File Funzioni NON Corretta!", "***      Successione: #",
+            "***                   Definizione Parametri", "***                   Definizione Funzione",
+            "***                   Descrizione Funzione", "***      Errata!"}) {
+        addLine(line);
+      }
     }
+    const bool some = records >= kRecordsPerFunction;
+    if (!some) addLine("*** ERR. Il File NON Contiene Funzioni!");
+    return whole && some;
   }
-  const bool some = records >= kRecordsPerFunction;
-  if (!some) addLine(session, "*** ERR. Il File NON Contiene Funzioni!");
-  return whole && some;
-}
 
-void reportFunction(Session& session, int number, const FunctionFile::Entry& entry) {
-  addLine(session, "");
-  addLine(session, "*********** Funzione:     " + signedText(number));
-  addLine(session, "Parametri:   " + entry.parameters);
-  addLine(session, "Definizione: " + entry.definition);
-  addLine(session, "Descrizione: " + entry.description);
-}
-
-/// Compiles the function into the session's model area; gives whether it is good.
-bool checkFunction(Session& session, int number, const FunctionFile::Entry& entry) {
-  addLine(session, "Controllo Funzione:");
-  Int16 flag = kTrue;
-  CompileExpression(session, "y@x@" + entry.parameters + "@ @" + entry.definition, session.analysis.model,
-                    flag);
-  const bool good = flag == 0;
-  addLine(session, good ? "O.K." : "* ERR. Errori nella Compilazione");
-  addLine(session, "*********** Fine Funzione: " + generalText(number));
-  addLine(session, "");
-  return good;
-}
-
-/// Gives whether all functions are good, as far as the session's switches ask for it.
-bool checkFunctions(Session& session, const FunctionFile& file) {
-  bool good = true;
-  int number = 0;
-  for (const FunctionFile::Entry& entry : file.entries) {
-    ++number;
-    if (session.TraceEnabled) reportFunction(session, number, entry);
-    if (session.CheckFunctions && !checkFunction(session, number, entry)) good = false;
+  /// Gives whether all functions are good, as far as they are compiled.
+  bool functions(const FunctionFile& file) {
+    bool good = true;
+    int number = 0;
+    for (const FunctionFile::Entry& entry : file.entries) {
+      ++number;
+      if (checks_.trace) show(number, entry);
+      if (checks_.compile && !compiles(number, entry)) good = false;
+    }
+    return good;
   }
-  return good;
-}
 
-/// The functions of a text, checked; `ErrFlag` tells whether it is good.
-FunctionFile checkedFunctions(Session& session, std::string_view text) {
-  session.TraceText.clear();
-  const Records records = collectRecords(text);
-  const bool structured = checkStructure(session, records.count);
-  FunctionFile file = splitFunctions(records);
-  const bool good = checkFunctions(session, file) && structured;
-  restoreModel(session);  // the checks have used its place
-  session.ErrFlag = toFlag(!good);
-  return file;
-}
+ private:
+  void addLine(const std::string& line) { report_.append(line).append(kCrLf); }
+
+  void show(int number, const FunctionFile::Entry& entry) {
+    addLine("");
+    addLine("*********** Funzione:     " + signedText(number));
+    addLine("Parametri:   " + entry.parameters);
+    addLine("Definizione: " + entry.definition);
+    addLine("Descrizione: " + entry.description);
+  }
+
+  bool compiles(int number, const FunctionFile::Entry& entry) {
+    addLine("Controllo Funzione:");
+    const Compilation compiled = compile("y@x@" + entry.parameters + "@ @" + entry.definition);
+    if (checks_.trace) report_ += compiled.report;
+    addLine(compiled.ok ? "O.K." : "* ERR. Errori nella Compilazione");
+    addLine("*********** Fine Funzione: " + generalText(number));
+    addLine("");
+    return compiled.ok;
+  }
+
+  FunctionFileChecks checks_;
+  std::string& report_;
+};
 
 }  // namespace
 
-void CheckFunctionText(Session& session, std::string_view text) {
-  checkedFunctions(session, text);
-}
-
-void ReadFunctionFile(Session& session, Files& files, OutputWindow& output, std::string& name,
-                      Flag checkOnly) {
-  session.TraceText.clear();
-  const std::string text = files.readAll(name);
-  name = upper(name);
-  FunctionFile file = checkedFunctions(session, text);
-  if (checkOnly) return;
-
-  const bool good = session.ErrFlag == 0;
-  if (!good && session.CheckFunctions && session.TraceEnabled) {
-    output.OutShow(reportRequest("VOR_KEL: Lettura File Funzioni - Controllo File", session.TraceText));
-  }
-  if (good) session.loaded.catalogue.file = std::move(file);
-  session.TraceText.clear();
+ParsedFunctionFile parseFunctionFile(std::string_view text, FunctionFileChecks checks) {
+  ParsedFunctionFile result;
+  const Records records = collectRecords(text);
+  FunctionFileCheck check(checks, result.report);
+  const bool structured = check.structure(records.count);
+  result.file = splitFunctions(records);
+  result.ok = check.functions(result.file) && structured;
+  return result;
 }
 
 }  // namespace vk

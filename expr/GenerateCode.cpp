@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "base/Text.h"
-#include "expr/CmpMod.h"
+#include "expr/FormulaText.h"
 #include "expr/Opcodes.h"
 #include "expr/Tokens.h"
 
@@ -135,8 +135,8 @@ class Generator {
 
 }  // namespace
 
-void GenerateCode(const std::string& tokens, std::string& code, Int16& flag) {
-  if (!Generator(tokens, code).run()) flag = kTrue;
+bool GenerateCode(const std::string& tokens, std::string& code) {
+  return Generator(tokens, code).run();
 }
 
 }  // namespace vk

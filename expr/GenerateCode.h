@@ -2,12 +2,10 @@
 
 #include <string>
 
-#include "base/Int16.h"
-
 namespace vk {
 
 /// Reduces a token text, innermost parentheses first, and appends the instructions to `code`. Anything that
-/// can't be reduced sets the flag and ends the generation; what stands in `code` then has no meaning.
-void GenerateCode(const std::string& tokens, std::string& code, Int16& flag);
+/// can't be reduced ends the generation with false; what stands in `code` then has no meaning.
+bool GenerateCode(const std::string& tokens, std::string& code);
 
 }  // namespace vk

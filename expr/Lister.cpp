@@ -1,7 +1,7 @@
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "expr/CmpMod.h"
 #include "expr/CodeReader.h"
+#include "expr/Compiler.h"
 
 namespace vk {
 namespace {

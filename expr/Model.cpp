@@ -6,14 +6,6 @@
 #include "expr/CompositeFunction.h"
 
 namespace vk {
-namespace {
-
-/// The value of a statement; a failed one stores nothing, which leaves the empty variable's 0.
-Evaluation stored(double value) {
-  return isFinite(value) ? Evaluation{value} : Evaluation{0, Fault::kDomain};
-}
-
-}  // namespace
 
 Model::Model(int inner, int outer, CompiledExpression loaded)
     : inner_(inner), outer_(outer), loaded_(std::move(loaded)) {}
@@ -23,23 +15,29 @@ void Model::setParameters(const Array<double>& parameters) {
   for (int i = 1; i <= count; ++i) loaded_.setValue(i + 1, parameters[i]);
 }
 
-Evaluation Model::innerAt(double x, const Array<double>& parameters, EvaluationListener& listener) {
-  if (isPlainInner(inner_)) {
-    return withInner(inner_, parameters, [x](auto g) { return stored(g(x)); });
-  }
-  loaded_.setValue(1, x);
-  return loaded_.value(listener);
-}
-
 Evaluation Model::pointAt(double x, const Array<double>& parameters, EvaluationListener& listener) {
-  const Evaluation u = innerAt(x, parameters, listener);
-  Evaluation y = withOuter(outer_, parameters, [x, &u](auto f) { return stored(f(x, u.value)); });
-  if (y.fault == Fault::kNone) y.fault = u.fault;
-  return y;
+  Fault fault = Fault::kNone;
+  // A failed statement stores nothing, which leaves the empty variable's 0.
+  const auto stored = [&fault](double value) {
+    if (isFinite(value)) return value;
+    fault = Fault::kDomain;
+    return 0.0;
+  };
+  double u = 0;
+  if (isPlainInner(inner_)) {
+    u = stored(withInner(inner_, parameters, [x](auto g) { return g(x); }));
+  } else {
+    loaded_.setValue(1, x);
+    const Evaluation inner = loaded_.value(listener);
+    u = inner.value;
+    fault = inner.fault;
+  }
+  const double y = stored(withOuter(outer_, parameters, [x, u](auto f) { return f(x, u); }));
+  return {y, fault};
 }
 
 Evaluation Model::at(double x, const Array<double>& parameters, EvaluationListener& listener) {
-  setParameters(parameters);
+  if (!isPlainInner(inner_)) setParameters(parameters);
   return pointAt(x, parameters, listener);
 }
 

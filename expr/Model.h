@@ -37,7 +37,6 @@ class Model {
            EvaluationListener& listener, std::span<Fault> faults = {});
 
  private:
-  Evaluation innerAt(double x, const Array<double>& parameters, EvaluationListener& listener);
   Evaluation pointAt(double x, const Array<double>& parameters, EvaluationListener& listener);
   bool together(std::span<const double> x, const Array<double>& parameters, double* result);
   std::optional<Operand> innerTogether(std::span<const double> x, const Array<double>& parameters);

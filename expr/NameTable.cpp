@@ -1,6 +1,6 @@
+#include "expr/NameTable.h"
+
 #include "base/Text.h"
-#include "expr/CmpMod.h"
-#include "expr/Report.h"
 
 namespace vk {
 namespace {
@@ -18,59 +18,43 @@ bool isNameCharacter(char c) {
   return isLetter(c) || isDigit(c) || c == '_';
 }
 
-bool checkFirstCharacter(const std::string& name, Report& report) {
-  if (isLetter(name[0])) return true;
-  report.line("* ERR. " + padded(name, kNameColumns) + "il Nome NON Inizia con una Lettera");
-  return false;
-}
-
-bool checkCharacters(const std::string& name, Report& report) {
-  bool good = true;
-  for (const char c : name) {
-    if (isNameCharacter(c)) continue;
-    report.line("* ERR. " + padded(name, kNameColumns) + padded(std::string(1, c), kCharacterColumns) +
-                "Carattere NON Valido");
-    good = false;
-  }
-  return good;
-}
-
-bool checkName(const std::string& name, Report& report) {
+void checkName(const std::string& name, const TracedText& item, CompilerReport& report) {
   // QUIRK: an empty name is an error without a line; the line went to a report file that nobody opens.
-  if (name.empty()) return false;
-  const bool startsWell = checkFirstCharacter(name, report);
-  const bool allValid = checkCharacters(name, report);
-  if (!startsWell || !allValid) return false;
-  report.line("* " + padded(name, kGoodNameColumns) + " O.K.");
-  return true;
-}
-
-/// The item as it goes into the table: cut to the width, which is an error.
-std::string fittingItem(const std::string& item, int width, Report& report, Int16& flag) {
-  if (length(item) <= width) return item;
-  const std::string cut = left(item, width);
-  report.line("* ERR. " + item + "Nome piu` Lungo di " + std::to_string(width) + " Caratteri, Troncato a " +
-              cut);
-  flag = kTrue;
-  return cut;
+  if (name.empty()) return report.silentFault(CompileFaultKind::kNameMissing, item.placeOf(0, 0));
+  bool good = isLetter(name[0]);
+  if (!good) {
+    report.fault(CompileFaultKind::kNameStart, item.placeOf(0, 1), kErrorMark,
+                 padded(name, kNameColumns) + "il Nome NON Inizia con una Lettera");
+  }
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    if (isNameCharacter(name[i])) continue;
+    good = false;
+    report.fault(CompileFaultKind::kNameCharacter, item.placeOf(i, 1), kErrorMark,
+                 padded(name, kNameColumns) + padded(std::string(1, name[i]), kCharacterColumns) +
+                     "Carattere NON Valido");
+  }
+  if (good) report.line("* " + padded(name, kGoodNameColumns) + " O.K.");
 }
 
 }  // namespace
 
-void BuildNameTable(Session& session, const std::string& list, std::string& table, int width, Int16 report,
-                    Int16& flag) {
-  Report lines(session, report);
-  table.clear();
-  for (const std::string& item : splitItems(list)) {
-    table += padded(fittingItem(item, width, lines, flag), width);
+std::string BuildNameTable(const std::vector<TracedText>& items, int width, CompileFaultKind tooLong,
+                           CompilerReport& report) {
+  std::string table;
+  for (const TracedText& item : items) {
+    const std::string cut = left(item.text(), width);
+    if (length(item.text()) > width) {
+      report.fault(
+          tooLong, item.placeOf(0, item.size()), kErrorMark,
+          item.text() + "Nome piu` Lungo di " + std::to_string(width) + " Caratteri, Troncato a " + cut);
+    }
+    table += padded(cut, width);
   }
+  return table;
 }
 
-void CheckNames(Session& session, const std::string& table, int count, int width, Int16 report, Int16& flag) {
-  Report lines(session, report);
-  for (int i = 0; i < count; ++i) {
-    if (!checkName(trim(mid(table, i * width + 1, width)), lines)) flag = kTrue;
-  }
+void CheckNames(const std::vector<TracedText>& names, int width, CompilerReport& report) {
+  for (const TracedText& name : names) checkName(trim(left(name.text(), width)), name, report);
 }
 
 }  // namespace vk

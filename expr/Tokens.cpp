@@ -6,7 +6,6 @@
 
 #include "base/Rounding.h"
 #include "base/Text.h"
-#include "expr/CmpMod.h"
 #include "expr/Opcodes.h"
 
 namespace vk {
@@ -22,24 +21,10 @@ bool isOneOf(char c, std::string_view set) {
   return set.find(c) != std::string_view::npos;
 }
 
-/// The text with `replacement` at these places, each for so many characters; the places rise.
-std::string replacedAt(const std::string& text, const std::vector<std::size_t>& places, std::size_t count,
-                       const std::string& replacement) {
-  std::string result;
-  std::size_t done = 0;
-  for (const std::size_t place : places) {
-    result.append(text, done, place - done);
-    result += replacement;
-    done = place + count;
-  }
-  result.append(text, done);
-  return result;
-}
-
 /// Every "NAME(" becomes "##NN(". QUIRK: what stands before the name does not matter, so a name that ends like
 /// a function is torn apart: XSIN(2) becomes X##07(2).
-void markFunctions(std::string& expression) {
-  std::string capitals = upper(expression);
+void markFunctions(TracedText& expression) {
+  std::string capitals = upper(expression.text());
   for (int number = 0; number < kFunctionCount; ++number) {
     const std::string name(functionOf(number).name);
     std::vector<std::size_t> places;
@@ -48,8 +33,8 @@ void markFunctions(std::string& expression) {
     }
     if (places.empty()) continue;
     const std::string token = "##" + numberDigits(number);
-    expression = replacedAt(expression, places, name.size(), token);
-    capitals = replacedAt(capitals, places, name.size(), token);
+    expression.replaceAt(places, name.size(), token);
+    capitals = upper(expression.text());
   }
 }
 
@@ -68,28 +53,28 @@ std::size_t endOfToken(const std::string& text, std::size_t begin) {
 
 class Walk {
  public:
-  Walk(TokenText& into, Report& report) : into_(into), report_(report) {}
+  Walk(TokenText& into, CompilerReport& report) : into_(into), report_(report) {}
 
-  bool over(const std::string& text) {
+  void over(const TracedText& text) {
     for (std::size_t at = 0; at < text.size();) {
-      const std::size_t end = isOneOf(text[at], kSelfStanding) ? copyFrom(text, at) : endOfToken(text, at);
-      if (!isOneOf(text[at], kSelfStanding)) addOperand(text.substr(at, end - at));
+      const bool standsForItself = isOneOf(text[at], kSelfStanding);
+      const std::size_t end = standsForItself ? copyFrom(text, at) : endOfToken(text.text(), at);
+      if (!standsForItself) addOperand(text.part(at, end));
       at = end;
     }
-    return good_;
   }
 
  private:
-  std::size_t copyFrom(const std::string& text, std::size_t at) {
-    const std::size_t width = text[at] == '#' ? kTokenWidth : 1;
-    into_.tokens += text.substr(at, width);
-    return at + width;
+  std::size_t copyFrom(const TracedText& text, std::size_t at) {
+    const std::size_t end = std::min(at + (text[at] == '#' ? kTokenWidth : 1), text.size());
+    into_.tokens.append(text, at, end);
+    return end;
   }
 
-  void addOperand(const std::string& token) {
+  void addOperand(const TracedText& token) {
     ++into_.lastOperand;
     if (isOneOf(token[0], kNumberStarts)) {
-      addNumber(upper(token));
+      addNumber(token.inCapitals());
     } else {
       addName(token);
     }
@@ -103,37 +88,34 @@ class Walk {
   }
 
   // QUIRK: no literal is refused; one that is no number has the value of its numeric prefix.
-  void addNumber(const std::string& number) {
+  void addNumber(const TracedText& number) {
     ++into_.literals;
     into_.nameTable += operandToken();
-    into_.values += (into_.values.empty() ? "" : ",") + number;
+    into_.values.push_back(number);
     addMapByte(length(into_.nameTable) / kNameWidth);
-    into_.tokens += operandToken();
+    into_.tokens.append(operandToken(), number.placeOf(0, 1).first);
   }
 
-  void addName(std::string name) {
+  void addName(const TracedText& token) {
+    const Place place = token.placeOf(0, token.size());
+    std::string name = token.text();
     if (length(name) > kNameWidth) {
-      fail("* ERR. " + name + " Espressione Variabile Errata");
+      report_.fault(CompileFaultKind::kOperandTooLong, place, kErrorMark,
+                    name + " Espressione Variabile Errata");
       name = left(name, kNameWidth);
     }
     // QUIRK: a hit counts wherever it begins, also across two entries; half an index goes to the even one.
     const int found = position(into_.nameTable, name + repeat(kNameWidth - length(name), ' '));
     if (found == 0) {
-      fail("* ERR. Variabile " + name + " NON definita");
+      report_.fault(CompileFaultKind::kUnknownName, place, kErrorMark, "Variabile " + name + " NON definita");
       return;
     }
     addMapByte(static_cast<int>(roundHalfEven((found - 1.0) / kNameWidth + 1)));
-    into_.tokens += operandToken();
-  }
-
-  void fail(const std::string& line) {
-    report_.line(line);
-    good_ = false;
+    into_.tokens.append(operandToken(), place.first);
   }
 
   TokenText& into_;
-  Report& report_;
-  bool good_ = true;
+  CompilerReport& report_;
 };
 
 /// What may follow a token, by its first character, and how far the next one is.
@@ -155,31 +137,35 @@ std::string numberDigits(int number) {
   return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
-std::string prepareExpression(const std::string& expression) {
-  std::string text = "(" + StripBlanks(expression) + ")";
-  ReplaceAll(text, "(+", "(");
-  ReplaceAll(text, ",+", ",");
-  ReplaceAll(text, "(-", "(0-");
-  ReplaceAll(text, ",-", ",0-");
+TracedText prepareExpression(const TracedText& expression) {
+  const TracedText bare = expression.withoutBlanks();
+  TracedText text;
+  text.append("(", bare.placeOf(0, 1).first);
+  text.append(bare, 0, bare.size());
+  text.append(")", bare.size() == 0 ? 0 : bare.placeOf(bare.size() - 1, 1).first);
+  text.replaceAll("(+", "(");
+  text.replaceAll(",+", ",");
+  text.replaceAll("(-", "(0-");
+  text.replaceAll(",-", ",0-");
   markFunctions(text);
   return text;
 }
 
-bool tokenise(const std::string& prepared, TokenText& into, Report& report) {
-  return Walk(into, report).over(prepared);
+void tokenise(const TracedText& prepared, TokenText& into, CompilerReport& report) {
+  Walk(into, report).over(prepared);
 }
 
-bool isGrammatical(const std::string& tokens) {
+std::size_t ungrammaticalToken(const std::string& tokens) {
   std::string_view allowed = "(#@";
   for (std::size_t at = 0; at < tokens.size();) {
     const char c = tokens[at];
-    if (!isOneOf(c, allowed)) return false;
+    if (!isOneOf(c, allowed)) return at;
     const auto* row = std::find_if(kGrammar.begin(), kGrammar.end(),
                                    [c](const GrammarRow& r) { return isOneOf(c, r.tokens); });
     allowed = row->next;
     at += row->advance;
   }
-  return true;
+  return std::string::npos;
 }
 
 }  // namespace vk

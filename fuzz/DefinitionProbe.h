@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "expr/CmpMod.h"
-#include "tests/doubles/CountingDialogs.h"
+#include "expr/Compiler.h"
+#include "expr/Formula.h"
 
 namespace vk {
 
@@ -18,17 +18,19 @@ class DefinitionProbe {
  public:
   /// True when the text compiled.
   bool probe(const std::string& definition) {
-    session_.TraceText.clear();
-    session_.TraceEnabled = kTrue;
-    CompiledExpression compiled;
-    Int16 flag = kTrue;
-    CompileExpression(session_, definition, compiled, flag);
-    const bool good = flag == kFalse;
-    require(good != compiled.Code.empty(), "code exactly where the flag is clear");
-    if (good) checkTables(compiled);
+    const Compilation result = compile(definition);
+    const CompiledExpression& compiled = result.code;
+    require(result.ok != compiled.Code.empty(), "code exactly where the compilation is well");
+    require(result.ok == result.faults.empty(), "a fault for each failure");
+    for (const CompileFault& fault : result.faults) {
+      require(fault.first >= 0 && fault.length >= 0 &&
+                  fault.first + fault.length <= static_cast<int>(definition.size()),
+              "faults within the definition");
+    }
+    if (result.ok) checkTables(compiled);
     listCode(compiled);
     run(compiled);
-    return good;
+    return result.ok;
   }
 
  private:
@@ -50,25 +52,25 @@ class DefinitionProbe {
     }
   }
 
-  void run(CompiledExpression& compiled) {
+  static void run(const CompiledExpression& compiled) {
     const std::vector<double> points{0, 1, -2.5, 1E200, 0.75};
     const int variables = std::clamp(compiled.Values.upper(), 0, static_cast<int>(compiled.nVar));
+    NoListener nobody;
+    Formula formula(compiled);
     std::vector<double> single;
+    Fault fault = Fault::kNone;
     for (const double x : points) {
-      for (int v = 1; v <= variables; ++v) compiled.Values[v] = x;
-      loadSlots(compiled);
-      single.push_back(EvaluateCode(session_, dialogs_, compiled.Code, compiled.Slots));
-      require(std::isfinite(single.back()), "a finite value");
+      for (int v = 1; v <= variables; ++v) formula.setValue(v, x);
+      const Evaluation found = formula.value(nobody);
+      single.push_back(found.value);
+      fault = found.fault;
+      require(std::isfinite(found.value), "a finite value");
     }
-    const Int16 flag = session_.ErrFlag;
     const std::vector<std::span<const double>> columns(static_cast<std::size_t>(variables), points);
     std::vector<double> block(points.size());
-    evaluateCodeAt(session_, dialogs_, compiled, columns, block);
-    require(block == single && session_.ErrFlag == flag, "the block form equals single calls");
+    const Fault last = formula.values(columns, block, nobody);
+    require(block == single && last == fault, "the block form equals single calls");
   }
-
-  Session session_;
-  CountingDialogs dialogs_;
 };
 
 }  // namespace vk

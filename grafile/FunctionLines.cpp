@@ -7,7 +7,6 @@
 #include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "expr/CmpMod.h"
 #include "grafile/FunctionValues.h"
 #include "grafile/NamedParameters.h"
 

@@ -9,7 +9,7 @@
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "data/DataFiles.h"
-#include "expr/CmpMod.h"
+#include "expr/Compiler.h"
 #include "expr/Formula.h"
 #include "grafile/GraphicRun.h"
 
@@ -191,18 +191,17 @@ void GraphicRun::plotFunction(const CommandFields& fields) {
   Int16 flag;
   SubstituteExpression(parameters_, expression, flag,
                        xNarrow_ || yNarrow_ ? Precision::kDouble : Precision::kSingle);
-  CompiledExpression compiled;
-  Session session;  // the compiler keeps its report there
-  if (flag == 0) CompileExpression(session, "y@x@ @ @" + expression, compiled, flag);
   if (flag != 0) return fail(described + " Errata");
+  Compilation compiled = compile("y@x@ @ @" + expression);
+  if (!compiled.ok) return fail(described + " Errata");
 
   CurveWithGaps curve;
   auto& [x, y, faults] = curve;
   const double step = checked::finite((FunXMax_ - FunXMin_) / (kCurvePoints - 1));
   for (int i = 1; i <= kCurvePoints; ++i) x[i] = FunXMin_ + (i - 1) * step;
   const std::array<std::span<const double>, 1> columns{x.span(1, kCurvePoints)};
-  const Fault last =
-      Formula(compiled).values(columns, y.span(1, kCurvePoints), listener_, faults.span(1, kCurvePoints));
+  const Fault last = Formula(std::move(compiled.code))
+                         .values(columns, y.span(1, kCurvePoints), listener_, faults.span(1, kCurvePoints));
   lastPointFailed_ = last != Fault::kNone;
   curve.placeOn(xLog_, yLog_);
   if (!curve.hasPoints()) return fail(described + " NON Calcolabile");

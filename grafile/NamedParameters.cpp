@@ -3,7 +3,7 @@
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
-#include "expr/CmpMod.h"
+#include "expr/FormulaText.h"
 #include "grafile/NamedParameters.h"
 
 namespace vk {

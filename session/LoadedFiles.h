@@ -4,8 +4,8 @@
 
 #include "base/Int16.h"
 #include "data/DataSet.h"
+#include "expr/Catalogue.h"
 #include "platform/Texts.h"
-#include "session/Catalogue.h"
 
 namespace vk {
 

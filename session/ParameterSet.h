@@ -5,6 +5,7 @@
 
 #include "base/Array.h"
 #include "base/Int16.h"
+#include "expr/FunctionDef.h"
 
 namespace vk {
 
@@ -45,8 +46,5 @@ void classifyParameters(ParameterSet& par);
 
 /// Writes the free parameters' values to their places among all parameters.
 void storeFreeValues(ParameterSet& par, std::span<const double> X);
-
-/// Characters of a slot of `ParNames`.
-inline constexpr int kNameSlot = 5;
 
 }  // namespace vk

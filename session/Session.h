@@ -6,12 +6,12 @@
 #include "analysis/MonteCarloResult.h"
 #include "analysis/SimulationSettings.h"
 #include "base/Int16.h"
+#include "expr/FunctionDef.h"
+#include "expr/Model.h"
 #include "platform/InputForm.h"
-#include "session/CompiledExpression.h"
 #include "session/DesktopSettings.h"
 #include "session/FigureSettings.h"
 #include "session/FileSettings.h"
-#include "session/FunctionDef.h"
 #include "session/LoadedFiles.h"
 #include "session/ParameterSet.h"
 
@@ -24,7 +24,7 @@ inline constexpr int kCancelled = 32755;
 struct AnalysisState {
   Flag FunDefined;  ///< a model function is defined
   FunctionDef fun;
-  CompiledExpression model;  ///< the one area that all formulas are compiled into
+  Model model;  ///< made of `fun` when it is taken
   ParameterSet par;
   Flag ParametersSet;  ///< the parameters were entered at least once for this function
   Flag ParVar;         ///< at least one parameter is free

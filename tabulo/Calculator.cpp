@@ -4,33 +4,30 @@
 
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "expr/CmpMod.h"
+#include "expr/Compiler.h"
+#include "expr/Formula.h"
 
 namespace vk {
 namespace {
 
 constexpr const char* kLastResult = "ris";
-constexpr std::string_view kErrorMark = "* ERR.";
 constexpr int kLongestName = 4;
 
-/// Boxes of the formula language become part of the error line.
-class NotedBoxes : public Dialogs {
+/// The error line of a gamma function that does not converge.
+class ExhaustedNote : public EvaluationListener {
  public:
-  int Get_Msg(const MessageRequest&) override { return 1; }
-  void plainBox(const std::string& title, const std::string& text) override { note = title + ": " + text; }
-  std::optional<std::string> fileDialog(const FileRequest&) override { return std::nullopt; }
+  void exhausted(Kernel kernel) override {
+    if (kernel != Kernel::kBetaFraction) note = "D_X2: Errori nel Calcolo della Funzione";
+  }
 
   std::string note;
 };
 
-/// The first error of a compiler report, without its mark; empty when the report tells of none.
-std::string firstError(const std::string& report) {
-  const int start = position(report, kErrorMark);
-  if (start == 0) return {};
-  const std::string rest = mid(report, start + length(kErrorMark));
-  std::string line = trim(left(rest, position(rest + std::string(kCrLf), kCrLf) - 1));
-  if (line.starts_with(':')) line.erase(0, 1);
-  return trim(line);
+/// The first fault that the compiler has a text for.
+std::string reasonOf(const std::vector<CompileFault>& faults) {
+  const auto first =
+      std::ranges::find_if(faults, [](const CompileFault& fault) { return !fault.text.empty(); });
+  return first == faults.end() ? "Numero di Argomenti Errato" : trim(first->text);
 }
 
 bool isName(const std::string& text) {
@@ -49,9 +46,9 @@ bool Calculator::enter(const std::string& line) {
     return fail("\"" + name + "\" non e` un nome: una lettera, poi lettere o cifre, al massimo 4");
   if (name == kLastResult) return fail("\"ris\" e` il nome dell'ultimo risultato");
 
-  CompiledExpression compiled;
+  Formula formula;
   double value = 0;
-  if (!compile(mid(typed, equals + 1), compiled) || !evaluate(compiled, value)) return false;
+  if (!compileLine(mid(typed, equals + 1), formula) || !evaluate(formula, value)) return false;
   if (equals > 0) {
     const auto known =
         std::find_if(values_.begin(), values_.end(), [&](const NamedValue& v) { return v.first == name; });
@@ -73,29 +70,24 @@ std::vector<Calculator::NamedValue> Calculator::variables() const {
   return all;
 }
 
-bool Calculator::compile(const std::string& formula, CompiledExpression& compiled) {
-  Session session;
-  session.TraceEnabled = kTrue;
+bool Calculator::compileLine(const std::string& text, Formula& formula) {
   std::string names;
   for (const auto& [name, value] : variables()) names += (names.empty() ? "" : ",") + name;
-  Int16 flag = kTrue;
-  CompileExpression(session, "y@" + names + "@ @ @" + formula, compiled, flag);
-  if (flag == 0) return true;
-  // A wrong number of arguments leaves no line in the report.
-  const std::string reason = firstError(session.TraceText);
-  return fail(reason.empty() ? "Numero di Argomenti Errato" : reason);
+  Compilation compiled = compile("y@" + names + "@ @ @" + text);
+  if (!compiled.ok) return fail(reasonOf(compiled.faults));
+  formula = Formula(std::move(compiled.code));
+  return true;
 }
 
-bool Calculator::evaluate(CompiledExpression& compiled, double& value) {
-  Session session;
-  NotedBoxes boxes;
+bool Calculator::evaluate(Formula& formula, double& value) {
   int i = 0;
-  for (const auto& [name, number] : variables()) compiled.Values[++i] = number;
-  loadSlots(compiled);
-  value = EvaluateCode(session, boxes, compiled.Code, compiled.Slots);
-  if (session.ErrFlag == 0) return true;
-  return fail(boxes.note.empty() ? "Il calcolo NON riesce: argomento fuori dal campo della funzione"
-                                 : boxes.note);
+  for (const auto& [name, number] : variables()) formula.setValue(++i, number);
+  ExhaustedNote exhausted;
+  const Evaluation found = formula.value(exhausted);
+  value = found.value;
+  if (found.fault == Fault::kNone) return true;
+  return fail(exhausted.note.empty() ? "Il calcolo NON riesce: argomento fuori dal campo della funzione"
+                                     : exhausted.note);
 }
 
 bool Calculator::fail(const std::string& reason) {

@@ -4,8 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Dialogs.h"
-#include "session/Session.h"
+#include "expr/Formula.h"
 
 namespace vk {
 
@@ -36,8 +35,8 @@ class Calculator {
   void clear();
 
  private:
-  bool compile(const std::string& formula, CompiledExpression& compiled);
-  bool evaluate(CompiledExpression& compiled, double& value);
+  bool compileLine(const std::string& text, Formula& formula);
+  bool evaluate(Formula& formula, double& value);
   bool fail(const std::string& reason);
   std::vector<NamedValue> variables() const;
 

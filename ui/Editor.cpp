@@ -6,8 +6,8 @@
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "commands/DisplayRefresh.h"
+#include "commands/FunctionFiles.h"
 #include "data/DataFiles.h"
-#include "expr/FunMod.h"
 #include "session/Session.h"
 #include "ui/layout/EditorLayout.h"
 
@@ -202,7 +202,6 @@ bool Editor::check(const std::string& text, std::string& report) {
     if (file_.kind == kFunctionKind) report = checkFunctions(text);
     return true;
   } catch (const RuntimeError& error) {
-    restoreModel(session_);  // a check that broke off has left a part of the file in its place
     tell(file_, kTheFile + nameOf(file_) + kNotChecked, error);
     form_->focusEditor();
     return false;

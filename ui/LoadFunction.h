@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "session/Catalogue.h"
+#include "expr/Catalogue.h"
 
 /// The logic of the form `Loa_Fun`, by which the user takes a function of the file read into the catalogue.
 namespace vk {

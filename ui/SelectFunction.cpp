@@ -1,6 +1,6 @@
 #include "ui/SelectFunction.h"
 
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
 #include "session/Session.h"
 
 namespace vk {
@@ -51,7 +51,7 @@ void SelectFunction::giveUp() {
 }
 
 void SelectFunction::ShowCompositeText() {
-  text_ = shownCompositeText(compositeText(session_));
+  text_ = shownCompositeText(compositeText(session_.loaded.catalogue, session_.analysis.fun));
 }
 
 }  // namespace vk

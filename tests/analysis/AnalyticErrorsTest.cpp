@@ -1,5 +1,5 @@
 #include "analysis/AnalyticErrors.h"
-#include "commands/SessionModel.h"
+#include "commands/ExhaustedBox.h"
 
 #include <cmath>
 
@@ -12,7 +12,7 @@ class AnalyticErrorsTest : public PropagationTest {
  protected:
   AnalyticErrors errors() {
     ExhaustedBox listener(session, dialogs);
-    Model model = modelOf(session.analysis);
+    Model& model = session.analysis.model;
     return analyticErrors(model, session.analysis.par, listener);
   }
 };

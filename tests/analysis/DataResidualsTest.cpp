@@ -1,5 +1,5 @@
 #include "analysis/DataResiduals.h"
-#include "commands/SessionModel.h"
+#include "commands/ExhaustedBox.h"
 
 #include "analysis/FitFixture.h"
 
@@ -18,7 +18,7 @@ struct Residual : FitCase {
     F.resize(static_cast<std::size_t>(session.loaded.data.NumPnt), 0);
     const DataSet& set = session.loaded.data;
     ExhaustedBox listener(session, dialogs);
-    Model model = modelOf(session.analysis);
+    Model& model = session.analysis.model;
     DataResiduals residuals({set, model, listener}, session.analysis.par, set.ErrYpnt.span(1, set.NumPnt));
     worked = residuals.ComputeResiduals(X, F, sum);
   }

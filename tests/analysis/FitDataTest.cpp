@@ -81,7 +81,7 @@ TEST(FitData, KeepsConstantParametersAndTheOrderOfTheFreeOnes) {
 
 TEST(FitData, FitsACompositeOfTheCatalogue) {
   Session session;
-  BuildCatalogue(session);
+  BuildCatalogue(session.loaded.catalogue);
   choose(session, 2, 7);  // A exp(bx+c)
   session.loaded.data.allocate(6, kFalse);
   for (int j = 1; j <= 6; ++j) {

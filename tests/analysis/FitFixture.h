@@ -5,14 +5,14 @@
 
 #include "analysis/LinearisedErrors.h"
 #include "base/Text.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/FitCommand.h"
+#include "commands/FunctionChoice.h"
 #include "commands/ParameterCommands.h"
-#include "commands/SessionModel.h"
 #include "doubles/Choices.h"
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedDialogs.h"
-#include "expr/CmpMod.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
 
 namespace vk {
 
@@ -55,7 +55,7 @@ struct FitCase {
 
   /// `names` is the comma list of the parameters.
   FitCase(const std::string& formula, const std::string& names) {
-    BuildCatalogue(session);
+    BuildCatalogue(session.loaded.catalogue);
     session.loaded.catalogue.file.entries.push_back({names, formula, formula});
     loadFunction(session, 1);
     choose(session, kBuiltInInner + 1, 1);
@@ -89,7 +89,7 @@ struct FitCase {
   FitResult fit(FitObserver& observer) { return FitData(session, dialogs, observer); }
   std::optional<Array<double>> linearised(double chiSquare) {
     ExhaustedBox listener(session, dialogs);
-    Model model = modelOf(session.analysis);
+    Model& model = session.analysis.model;
     return linearisedErrors({session.loaded.data, model, listener}, session.analysis.par, chiSquare);
   }
   double value(int i) const { return session.analysis.par.ParValues[i]; }

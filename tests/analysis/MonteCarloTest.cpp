@@ -1,6 +1,6 @@
 #include "analysis/MonteCarlo.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/RandomSource.h"
-#include "commands/SessionModel.h"
 
 #include <cmath>
 #include <functional>
@@ -27,7 +27,7 @@ class MonteCarloTest : public PropagationTest {
     return sample(std::make_unique<CyclingRandom>(numbers));
   }
   bool sample(std::unique_ptr<Random> random) {
-    Model model = modelOf(session.analysis);
+    Model& model = session.analysis.model;
     RandomSource source(*random);
     MonteCarlo simulation(model, session.analysis.par, source, listener);
     simulation.setUpBins({.F0 = 0, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 10});
@@ -125,7 +125,7 @@ TEST_F(MonteCarloTest, TheNumberOfABinHasSixteenBits) {
 TEST_F(MonteCarloTest, WithoutAnyWidthTheRunEndsForThat) {
   set(1, 7, 0);
   CyclingRandom random({0.25F});
-  Model model = modelOf(session.analysis);
+  Model& model = session.analysis.model;
   RandomSource source(random);
   MonteCarlo simulation(model, session.analysis.par, source, listener);
   simulation.setUpBins({.F0 = 7, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 0});
@@ -144,7 +144,7 @@ TEST_F(MonteCarloTest, AFailedEvaluationAmongBinsOfSomeWidthIsAnotherFailure) {
 TEST_F(MonteCarloTest, FailuresWhileTheBinsAreSetUpAreForgotten) {
   set(1, 0, -1);
   CyclingRandom random({0.25F});
-  Model model = modelOf(session.analysis);
+  Model& model = session.analysis.model;
   RandomSource source(random);
   MonteCarlo simulation(model, session.analysis.par, source, listener);
   simulation.setUpBins({.F0 = -1.7E308, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 1E307});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/FunctionChoice.h"
 #include "commands/PropagationCommand.h"
 #include "doubles/Choices.h"
 #include "doubles/Doubles.h"
@@ -7,7 +8,7 @@
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
 #include "doubles/TestPorts.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
 
 namespace vk {
 
@@ -15,7 +16,7 @@ namespace vk {
 class PropagationTest : public testing::Test {
  protected:
   PropagationTest() {
-    BuildCatalogue(session);
+    BuildCatalogue(session.loaded.catalogue);
     session.files.DataDir = "/data";
     clock.now = 4711.5F;
   }

@@ -6,7 +6,7 @@
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
 #include "doubles/TestPorts.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
 
 namespace vk {
 namespace {
@@ -23,7 +23,7 @@ const std::vector<Control> kSixEntries{Control::MenSerPro, Control::MenAda,    C
 class FunctionCommandsTest : public testing::Test {
  protected:
   FunctionCommandsTest() {
-    BuildCatalogue(session);
+    BuildCatalogue(session.loaded.catalogue);
     session.files.FunDir = "/lab";
     files.content["/lab/good.fcn"] = kGoodFile;
     files.content["/lab/other.fcn"] = kOtherFile;
@@ -205,11 +205,11 @@ TEST_F(FunctionCommandsTest, ABadFileLeavesTheOneBeforeAndItsFunctions) {
 
 TEST_F(FunctionCommandsTest, ABadFileWhileALoadedFunctionIsCurrentLeavesItsModel) {
   workWithLoadedFunction();
-  const std::string code = session.analysis.model.Code;
+  const std::string code = session.analysis.model.loaded().Code;
   dialogs.press(1);
   read("/lab/bad.fcn");
-  EXPECT_EQ(session.analysis.model.Code, code);
-  EXPECT_EQ(session.analysis.model.nPar, 1);
+  EXPECT_EQ(session.analysis.model.loaded().Code, code);
+  EXPECT_EQ(session.analysis.model.loaded().nPar, 1);
   EXPECT_EQ(session.analysis.FunDefined, kTrue);
   EXPECT_EQ(session.analysis.fun.InnerIndex, 6);
   EXPECT_EQ(session.analysis.ParVar, kTrue);

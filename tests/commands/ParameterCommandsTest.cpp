@@ -1,12 +1,12 @@
 #include "commands/ParameterCommands.h"
 
 #include "base/Text.h"
+#include "commands/FunctionChoice.h"
 #include "doubles/Choices.h"
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedForms.h"
 #include "doubles/TestPorts.h"
-#include "expr/CmpMod.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
 #include "tests/commands/FormText.h"
 
 namespace vk {
@@ -14,7 +14,7 @@ namespace {
 
 class InitialParametersTest : public testing::Test {
  protected:
-  InitialParametersTest() { BuildCatalogue(session); }
+  InitialParametersTest() { BuildCatalogue(session.loaded.catalogue); }
 
   void take(int inner, int outer) { choose(session, inner, outer); }
   /// The number of columns of the form for a function text of this length.
@@ -276,17 +276,10 @@ TEST_F(InitialParametersTest, ALoadedModelGetsTheValues) {
   loadFunction(session, 1);
   take(6, 7);
   enter({"3", "4", "5", "1", "1", "1"});
-  EXPECT_EQ(session.analysis.model.nPar, 2);
-  EXPECT_EQ(session.analysis.model.Values[2], 3);
-  EXPECT_EQ(session.analysis.model.Values[3], 4);
-}
-
-TEST_F(InitialParametersTest, ABuiltInModelLeavesTheCompiledAreaAlone) {
-  take(2, 1);
-  session.analysis.model.nPar = 2;
-  session.analysis.model.Values.dim(3);
-  enter({"3", "4", "1", "1"});
-  EXPECT_EQ(session.analysis.model.Values, Array<double>(3));
+  EXPECT_EQ(session.analysis.model.loaded().nPar, 2);
+  NoListener nobody;
+  EXPECT_EQ(session.analysis.model.at(0, session.analysis.par.ParValues, nobody),
+            Evaluation{5 * std::exp(4)});
 }
 
 TEST_F(InitialParametersTest, APropagationKeepsTheIndependentVariableAtIndexZeroAndNothingFree) {

@@ -1,5 +1,7 @@
 #include "commands/StartUp.h"
 
+#include "session/Session.h"
+
 #include "commands/CommandTable.h"
 #include "doubles/ControlNames.h"
 #include "doubles/Doubles.h"

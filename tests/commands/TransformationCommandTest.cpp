@@ -4,8 +4,9 @@
 #include "commands/DataCommands.h"
 #include "commands/ParameterCommands.h"
 #include "data/DataFiles.h"
+#include "doubles/EvaluateFunction.h"
 #include "doubles/TestPorts.h"
-#include "expr/CmpMod.h"
+#include "expr/Compiler.h"
 #include "tests/analysis/PropagationHelp.h"
 #include "tests/commands/FormText.h"
 
@@ -56,10 +57,7 @@ class TransformationTest : public PropagationTest {
     return {part.begin(), part.end()};
   }
   /// What leaving a formula's field does.
-  void validate(const std::string& formula) {
-    Int16 flag;
-    CompileExpression(session, "y@x,y,dx,dy@ @ @" + formula, session.analysis.model, flag);
-  }
+  static void validate(const std::string& formula) { compile("y@x,y,dx,dy@ @ @" + formula); }
 
   ScriptedInputForm form;
 };
@@ -110,14 +108,12 @@ TEST_F(TransformationTest, TheFormWithErrorsOfX) {
 
 TEST_F(TransformationTest, UnchangedFieldsCopyTheColumnsWithoutCompiling) {
   session.TraceEnabled = kTrue;
-  session.analysis.model.Code = "untouched";
   transform({"t", "s", "x", "y", "dy"});
   EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(1, 2, 3));
   EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(4, 5, 6));
   EXPECT_THAT(column(session.loaded.data.ErrYpnt), ElementsAre(0.1, 0.2, 0.3));
   EXPECT_EQ(session.loaded.data.TitleX, "t");
   EXPECT_EQ(session.loaded.data.TitleY, "s");
-  EXPECT_EQ(session.analysis.model.Code, "untouched");
 }
 
 TEST_F(TransformationTest, ColumnsCanBeExchanged) {
@@ -265,23 +261,6 @@ TEST_F(TransformationTest, AFormThatFailsGivesTheModelItsPlaceBackToo) {
   failing.validate = [this] { validate("x*10"); };
   EXPECT_THROW(MenDatTra(session, TestPorts(failing, dialogs, window)), RuntimeError);
   EXPECT_EQ(EvaluateFunction(session, dialogs, 2), 12.5);
-}
-
-TEST_F(TransformationTest, ALoadedModelThatWasCompiledOverNeverBreaksWhatUsesIt) {
-  for (const char* formula : {"x", "1", "dy", "x+y+dx+dy", "SUM(x,y,dx,dy,1,2,3)", "x+", "", "@", "a,b@@"}) {
-    load("p,q", "p*x^2+q");
-    validate(formula);
-    set(0, 2, 0);
-    set(1, 3, 1);
-    set(2, 0.5, -1);
-    EvaluateFunction(session, dialogs, 2);
-    std::vector<double> x(300, 1.5);
-    evaluateFunctionAt(session, dialogs, x, x);
-    classifyParameters(session);
-    CyclingRandom random({0.25F});
-    dialogs.expectBox();  // nothing depends on the parameters any more
-    propagate(random);
-  }
 }
 
 TEST_F(TransformationTest, TransformedDataAreSavedAndReadBack) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "expr/FunMod.h"
+#include "commands/FunctionChoice.h"
 
 namespace vk {
 

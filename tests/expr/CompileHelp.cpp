@@ -13,13 +13,9 @@ std::vector<std::string> reportLines(const std::string& text) {
 }
 
 Compiled compiled(const std::string& definition) {
-  Session session;
-  session.TraceEnabled = kTrue;
-  Compiled result;
-  result.flag = kTrue;
-  CompileExpression(session, definition, result.expression, result.flag);
-  result.report = reportLines(session.TraceText);
-  return result;
+  Compilation result = compile(definition);
+  EXPECT_EQ(result.ok, result.faults.empty()) << definition;
+  return {std::move(result.code), result.faults, toFlag(!result.ok), reportLines(result.report)};
 }
 
 std::string codeOf(const std::string& definition) {

@@ -1,20 +1,12 @@
 #include "expr/CompileHelp.h"
+#include "expr/FormulaText.h"
+#include "expr/NameTable.h"
 
 namespace vk {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-std::string traceOf(const std::string& definition, int flagBefore, int switchedOn) {
-  Session session;
-  session.TraceEnabled = switchedOn;
-  session.TraceText = "before\r\n";
-  CompiledExpression e;
-  Int16 flag = flagBefore;
-  CompileExpression(session, definition, e, flag);
-  return session.TraceText;
-}
 
 TEST(CompilerReport, HasItsHeadingsInOrder) {
   EXPECT_THAT(
@@ -33,17 +25,12 @@ TEST(CompilerReport, CountsWhatIsNotThereAsZero) {
                           "*** Controllo della Funzione"));
 }
 
-TEST(CompilerReport, NeedsBothTheRequestAndTheSwitch) {
-  const std::string all = traceOf("y@x@@@x", kTrue, kTrue);
+TEST(CompilerReport, EndsItsLinesWithCarriageReturnAndLineFeed) {
   EXPECT_EQ(
-      all,
-      "before\r\n*** Controllo Sintattico delle Variabili...\r\n# Variabili: 1\r\n"
+      compile("y@x@@@x").report,
+      "*** Controllo Sintattico delle Variabili...\r\n# Variabili: 1\r\n"
       "* x             O.K.\r\n*** Controllo Sintattico dei Parametri...\r\n# Parametri: 0\r\n"
       "*** Controllo Sintattico delle Costanti...\r\n# Costanti: 0\r\n*** Controllo della Funzione\r\n");
-  EXPECT_EQ(traceOf("y@x@@@x", 1, kTrue), all);
-  EXPECT_EQ(traceOf("y@x@@@x", kFalse, kTrue), "before\r\n");
-  EXPECT_EQ(traceOf("y@x@@@x", kTrue, kFalse), "before\r\n");
-  EXPECT_EQ(traceOf("y@x@@@b+ABCDE", kFalse, kFalse), "before\r\n");
 }
 
 TEST(CompilerReport, TellsALongNameAndUsesItsFirstFourLetters) {
@@ -113,9 +100,6 @@ TEST(CompilerReport, QUIRK_KeepsTheErrorsOfTheGenerationToItself) {
 
 TEST(CompilerText, StripsCountsAndReplaces) {
   EXPECT_EQ(StripBlanks(" a b\t c "), "ab\tc");
-  EXPECT_EQ(CountItems(""), 0);
-  EXPECT_EQ(CountItems("a"), 1);
-  EXPECT_EQ(CountItems("a,,"), 3);
   EXPECT_THAT(splitItems(""), IsEmpty());
   EXPECT_THAT(splitItems("a,,"), ElementsAre("a", "", ""));
   std::string text = "((++a)";
@@ -139,29 +123,67 @@ TEST(CompilerText, SplitsAtTheFirstMark) {
 }
 
 TEST(NameTable, PadsItemsAndCutsLongOnes) {
-  Session session;
-  session.TraceEnabled = kTrue;
-  std::string table = "old";
-  Int16 flag;
-  BuildNameTable(session, "a,,bcd", table, 5, kTrue, flag);
-  EXPECT_EQ(table, "a         bcd  ");
-  EXPECT_EQ(flag, 0);
-  EXPECT_EQ(session.TraceText, "");
-  BuildNameTable(session, "abcdef,b", table, 5, kTrue, flag);
-  EXPECT_EQ(table, "abcdeb    ");
-  EXPECT_EQ(flag, -1);
-  EXPECT_EQ(session.TraceText, "* ERR. abcdefNome piu` Lungo di 5 Caratteri, Troncato a abcde\r\n");
-  BuildNameTable(session, "", table, 5, kTrue, flag);
-  EXPECT_EQ(table, "");
+  Compilation said;
+  CompilerReport report(said);
+  const auto table = [&](const std::string& list) {
+    return BuildNameTable(TracedText(list, 7).items(), 5, CompileFaultKind::kNameTooLong, report);
+  };
+  EXPECT_EQ(table("a,,bcd"), "a         bcd  ");
+  EXPECT_EQ(said.report, "");
+  EXPECT_THAT(said.faults, IsEmpty());
+  EXPECT_EQ(table("abcdef,b"), "abcdeb    ");
+  ASSERT_EQ(said.faults.size(), 1U);
+  EXPECT_EQ(said.faults[0].first, 7);
+  EXPECT_EQ(said.faults[0].length, 6);
+  EXPECT_EQ(said.report, "* ERR. abcdefNome piu` Lungo di 5 Caratteri, Troncato a abcde\r\n");
+  EXPECT_EQ(table(""), "");
 }
 
 TEST(NameTable, ChecksNamesTrimmedOnBothSides) {
-  Session session;
-  session.TraceEnabled = kTrue;
-  Int16 flag;
-  CheckNames(session, "    a  b ", 2, 5, kTrue, flag);
-  EXPECT_EQ(flag, 0);
-  EXPECT_EQ(session.TraceText, "* a             O.K.\r\n* b             O.K.\r\n");
+  Compilation said;
+  CompilerReport report(said);
+  CheckNames(TracedText("    a,  b ", 0).items(), 5, report);
+  EXPECT_THAT(said.faults, IsEmpty());
+  EXPECT_EQ(said.report, "* a             O.K.\r\n* b             O.K.\r\n");
+}
+
+/// The faults as "kind: text they stand on".
+std::vector<std::string> faultsOf(const std::string& definition) {
+  std::vector<std::string> result;
+  for (const CompileFault& fault : compile(definition).faults) {
+    result.push_back(
+        std::to_string(static_cast<int>(fault.kind)) + ": " +
+        definition.substr(static_cast<std::size_t>(fault.first), static_cast<std::size_t>(fault.length)));
+  }
+  return result;
+}
+
+std::string faultLine(CompileFaultKind kind, const std::string& place) {
+  return std::to_string(static_cast<int>(kind)) + ": " + place;
+}
+
+TEST(CompileFaults, StandWhereTheNameStands) {
+  using enum CompileFaultKind;
+  EXPECT_THAT(faultsOf("y@x, A B C D E @@@x"), ElementsAre(faultLine(kNameTooLong, "A B C D E")));
+  EXPECT_THAT(faultsOf("y@ 1a, b%&@@@1"),
+              ElementsAre(faultLine(kNameStart, "1"), faultLine(kNameCharacter, "%"),
+                          faultLine(kNameCharacter, "&")));
+  EXPECT_THAT(faultsOf("y@a,,b@@@a"), ElementsAre(faultLine(kNameMissing, "")));
+  EXPECT_THAT(faultsOf("y@x, q@b, q@ @x"), ElementsAre(faultLine(kNameTaken, "q")));
+  EXPECT_THAT(faultsOf("y@x@A@ A /1@x"), ElementsAre(faultLine(kNameTaken, "A")));
+}
+
+TEST(CompileFaults, StandWhereTheExpressionIsWrong) {
+  using enum CompileFaultKind;
+  EXPECT_THAT(faultsOf("y@x@@@ ((x) "), ElementsAre(faultLine(kParentheses, "((x)")));
+  EXPECT_THAT(faultsOf("y@x@@@ 2 * (-b 1 + SIN(+ c))"),
+              ElementsAre(faultLine(kUnknownName, "b 1"), faultLine(kUnknownName, "c")));
+  EXPECT_THAT(faultsOf("y@x@@@x+ABCDE"),
+              ElementsAre(faultLine(kOperandTooLong, "ABCDE"), faultLine(kUnknownName, "ABCDE")));
+  EXPECT_THAT(faultsOf("y@x@@@SIN(x)+*2"), ElementsAre(faultLine(kGrammar, "*")));
+  EXPECT_THAT(faultsOf("y@x@@@x+1.00000000000000000000001"),
+              ElementsAre(faultLine(kNumberTooLong, "1.00000000000000000000001")));
+  EXPECT_THAT(faultsOf("y@x@@@ SIN(x,2)"), ElementsAre(faultLine(kArguments, "SIN(x,2)")));
 }
 
 }  // namespace

@@ -84,17 +84,12 @@ double plainFunction(const std::string& name, const std::vector<double>& a) {
 
 /// One instruction of the machine, whose statistical rows have tests of their own.
 double kernelFunction(const FunctionName& f, const std::vector<double>& arguments, bool& failed) {
-  Session session;
-  CountingDialogs dialogs;
-  Array<double> slots(static_cast<int>(arguments.size()) - 1);
+  std::vector<double> slots = arguments;
   std::string code{static_cast<char>(f.opcode), static_cast<char>(arguments.size())};
-  for (int i = 0; i <= slots.upper(); ++i) {
-    slots[i] = arguments[static_cast<std::size_t>(i)];
-    code += static_cast<char>(i);
-  }
-  const double value = EvaluateCode(session, dialogs, code, slots);
-  failed = failed || session.ErrFlag != 0;
-  return value;
+  for (std::size_t i = 0; i < slots.size(); ++i) code += static_cast<char>(i);
+  const Evaluation found = evaluatedCode(code, slots);
+  failed = failed || found.fault != Fault::kNone;
+  return found.value;
 }
 
 double kept(double value, double first, bool& failed) {

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "doubles/CountingDialogs.h"
 #include "expr/EvaluateHelp.h"
 
 namespace vk {

@@ -1,8 +1,7 @@
 #include "grafile/FigureFixture.h"
 
-#include "commands/SessionModel.h"
 #include "doubles/Choices.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
 
 namespace vk {
 
@@ -16,7 +15,7 @@ std::string lines(std::initializer_list<std::string> content) {
 }
 
 FigureFixture::FigureFixture() {
-  BuildCatalogue(session);
+  BuildCatalogue(session.loaded.catalogue);
   session.settings.ShowErrors = kTrue;
 }
 
@@ -79,7 +78,7 @@ SampledCurve FigureFixture::curveOfFigure() const {
     void pointFailed() override {}
     void exhausted(Kernel) override {}
   } nobody;
-  Model model = modelOf(session.analysis);
+  Model model = session.analysis.model;
   const FigureSource source{.kind = kFunctionFigure,
                             .data = session.loaded.data,
                             .dataName = "",

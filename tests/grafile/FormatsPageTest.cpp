@@ -1,9 +1,9 @@
 #include <sstream>
 
 #include "base/Text.h"
+#include "commands/FunctionFiles.h"
 #include "data/DataFiles.h"
 #include "doubles/Places.h"
-#include "expr/FunMod.h"
 #include "grafile/DrawingLines.h"
 #include "grafile/FigureFixture.h"
 #include "platform/system/SystemFiles.h"

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <limits>
 
-#include "commands/SessionModel.h"
 #include "grafile/MakeGraphFixture.h"
 
 namespace vk {
@@ -27,7 +26,7 @@ class FunctionValuesTest : public MakeGraphTest {
   }
   /// Gives all values until `most` have failed; true when there were not as many.
   bool together(EventLog& log, int most) {
-    Model model = modelOf(session.analysis);
+    Model& model = session.analysis.model;
     int failed = 0;
     return eachValue(model, session.analysis.par.ParValues, points, log,
                      [&](std::size_t i, const Evaluation& value) {
@@ -37,7 +36,7 @@ class FunctionValuesTest : public MakeGraphTest {
   }
   /// The same by single calls.
   void singly(EventLog& log, int most) {
-    Model model = modelOf(session.analysis);
+    Model& model = session.analysis.model;
     int failed = 0;
     for (std::size_t i = 0; i < points.size() && failed < most; ++i) {
       const Evaluation value = model.at(points[i], session.analysis.par.ParValues, log);

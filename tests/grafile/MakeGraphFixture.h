@@ -3,8 +3,8 @@
 #include <cmath>
 #include <set>
 
+#include "commands/FunctionChoice.h"
 #include "data/DataFiles.h"
-#include "expr/FunMod.h"
 #include "grafile/DrawingLines.h"
 #include "grafile/FigureFixture.h"
 

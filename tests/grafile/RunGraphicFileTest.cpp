@@ -1,5 +1,5 @@
-#include "expr/CmpMod.h"
-#include "expr/FunMod.h"
+#include "commands/FunctionChoice.h"
+#include "doubles/EvaluateFunction.h"
 #include "grafile/FigureFixture.h"
 
 namespace vk {

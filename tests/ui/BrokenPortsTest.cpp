@@ -229,9 +229,10 @@ std::string modelState(const Session& s) {
        << s.analysis.fun.InnerIndex << ',' << s.analysis.fun.OuterIndex << ' ' << s.analysis.par.ParNames
        << ' ' << s.analysis.par.FreeCount << ' ' << s.analysis.ParVar << ' ' << s.analysis.ParametersSet
        << ':' << s.analysis.par.ParValues << ',' << s.analysis.par.ParDeltas << "\ncompiled "
-       << s.analysis.model.nVar << ',' << s.analysis.model.nPar << ' ' << s.analysis.model.LastSlot << ' '
-       << s.analysis.model.Code << ' ' << s.analysis.model.OperandMap << s.analysis.model.Values << ','
-       << s.analysis.model.Slots;
+       << s.analysis.model.loaded().nVar << ',' << s.analysis.model.loaded().nPar << ' '
+       << s.analysis.model.loaded().LastSlot << ' ' << s.analysis.model.loaded().Code << ' '
+       << s.analysis.model.loaded().OperandMap << s.analysis.model.loaded().Values << ','
+       << s.analysis.model.loaded().Slots;
   return text.str();
 }
 

@@ -1,3 +1,6 @@
+#include "commands/FunctionChoice.h"
+#include "commands/FunctionFiles.h"
+#include "doubles/EvaluateFunction.h"
 #include "tests/ui/EditorFixture.h"
 
 namespace vk {

@@ -5,8 +5,7 @@
 #include "doubles/RecordingEditorForm.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
-#include "expr/CmpMod.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
 #include "session/Session.h"
 #include "ui/Editor.h"
 
@@ -21,7 +20,7 @@ class EditorTest : public testing::Test {
  protected:
   EditorTest() {
     editor.setForm(form);
-    BuildCatalogue(session);
+    BuildCatalogue(session.loaded.catalogue);
   }
   void open(const std::string& bytes, int kind = kGraphicKind) {
     if (form.visible) editor.MnuFilRin();

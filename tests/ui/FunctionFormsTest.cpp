@@ -1,5 +1,6 @@
 #include "base/CodePage.h"
-#include "expr/FunMod.h"
+#include "commands/FunctionChoice.h"
+#include "expr/Catalogue.h"
 #include "session/Session.h"
 #include "ui/LoadFunction.h"
 #include "ui/SelectFunction.h"
@@ -12,7 +13,7 @@ using testing::ElementsAre;
 class SelectFunctionTest : public testing::Test {
  protected:
   SelectFunctionTest() {
-    BuildCatalogue(session);
+    BuildCatalogue(session.loaded.catalogue);
     form.refill();
   }
 

@@ -7,7 +7,7 @@
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
 #include "session/Session.h"
 #include "ui/qt/forms/EditorForm.h"
 #include "ui/qt/ports/DesktopServices.h"
@@ -26,7 +26,7 @@ class EditorFormFixture : public testing::Test {
     windows.add(Form::kMain, &owner);
     windows.add(Form::kEditor, &form);
     editor.setForm(form);
-    BuildCatalogue(session);
+    BuildCatalogue(session.loaded.catalogue);
     QGuiApplication::clipboard()->clear();
   }
 

@@ -1,6 +1,6 @@
 #include "ui/qt/main/Application.h"
 
-#include "expr/CmpMod.h"
+#include "expr/Compiler.h"
 #include "ui/PdfProposal.h"
 
 namespace vk {
@@ -39,11 +39,7 @@ EventRunner Application::runner() {
 }
 
 InpMod::Compiler Application::compiler() {
-  return [this](const std::string& definition) {
-    Int16 failed;
-    CompileExpression(session_, definition, session_.analysis.model, failed);
-    return failed == 0;
-  };
+  return [](const std::string& definition) { return compile(definition).ok; };
 }
 
 FigurePorts& Application::figures() {

@@ -1,8 +1,7 @@
-#include <algorithm>
-#include <utility>
+#include "expr/FormulaText.h"
 
 #include "base/Text.h"
-#include "expr/CmpMod.h"
+#include "expr/TracedText.h"
 
 namespace vk {
 
@@ -10,10 +9,6 @@ std::string StripBlanks(const std::string& text) {
   std::string result = text;
   std::erase(result, ' ');
   return result;
-}
-
-int CountItems(const std::string& text) {
-  return text.empty() ? 0 : static_cast<int>(std::count(text.begin(), text.end(), ',')) + 1;
 }
 
 std::vector<std::string> splitItems(const std::string& text) {
@@ -29,17 +24,9 @@ std::vector<std::string> splitItems(const std::string& text) {
 
 void ReplaceAll(std::string& text, const std::string& search, const std::string& replacement) {
   if (search.empty()) return;
-  std::string done;
-  std::string coming(text.rbegin(), text.rend());
-  while (!coming.empty()) {
-    done += coming.back();
-    coming.pop_back();
-    if (!done.ends_with(search)) continue;
-    // What comes in its place is read as if it had always stood there, with what stands before it.
-    done.resize(done.size() - search.size());
-    coming.append(replacement.rbegin(), replacement.rend());
-  }
-  text = std::move(done);
+  TracedText placed(text, 0);
+  placed.replaceAll(search, replacement);
+  text = placed.text();
 }
 
 void SplitAtMark(std::string& text, std::string& right, char mark) {

@@ -1,9 +1,11 @@
 #include "base/Text.h"
+#include "commands/FunctionChoice.h"
+#include "commands/FunctionFiles.h"
 #include "doubles/Choices.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedForms.h"
-#include "expr/CmpMod.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
+#include "expr/Compiler.h"
 
 namespace vk {
 namespace {
@@ -29,7 +31,7 @@ std::string lines(const std::vector<std::string>& texts) {
 class FunctionFileTest : public testing::Test {
  protected:
   FunctionFileTest() {
-    BuildCatalogue(session);
+    BuildCatalogue(session.loaded.catalogue);
     session.CheckFunctions = kTrue;
   }
 
@@ -46,13 +48,7 @@ class FunctionFileTest : public testing::Test {
     return session.TraceText;
   }
   /// What the compiler itself reports on a function.
-  static std::string compilerReport(const std::string& definition) {
-    Session other;
-    other.TraceEnabled = kTrue;
-    Int16 flag = kTrue;
-    CompileExpression(other, definition, other.analysis.model, flag);
-    return other.TraceText;
-  }
+  static std::string compilerReport(const std::string& definition) { return compile(definition).report; }
   const std::vector<FunctionFile::Entry>& entries() const { return session.loaded.catalogue.file.entries; }
 
   Session session;
@@ -391,13 +387,13 @@ TEST_F(FunctionFileTest, EveryRandomFileIsEitherRefusedOrCanBeTaken) {
     }
     read(bytes);
     if (session.ErrFlag != 0) continue;
-    BuildCatalogue(session);
+    BuildCatalogue(session.loaded.catalogue);
     loadFunction(session, 1);
     session.analysis.FunDefined = kFalse;
     choose(session, 6, 1);
-    ASSERT_EQ(session.analysis.model.nPar, session.analysis.par.ParCount) << bytes;
-    ASSERT_GT(session.analysis.model.Values.upper(), session.analysis.model.nPar) << bytes;
-    ASSERT_FALSE(session.analysis.model.Code.empty()) << bytes;
+    ASSERT_EQ(session.analysis.model.loaded().nPar, session.analysis.par.ParCount) << bytes;
+    ASSERT_GT(session.analysis.model.loaded().Values.upper(), session.analysis.model.loaded().nPar) << bytes;
+    ASSERT_FALSE(session.analysis.model.loaded().Code.empty()) << bytes;
     ++taken;
   }
   EXPECT_GT(taken, 100);
@@ -407,13 +403,13 @@ TEST_F(FunctionFileTest, TheCheckLeavesTheModelOfALoadedFunctionAsItWas) {
   read(lines({"p,q", "p*x+q", "retta"}));
   loadFunction(session, 1);
   choose(session, 6, 1);
-  const std::string code = session.analysis.model.Code;
+  const std::string code = session.analysis.model.loaded().Code;
   read(lines({"A", "A*", "cattiva"}));
-  EXPECT_EQ(session.analysis.model.Code, code);
-  EXPECT_EQ(session.analysis.model.nPar, 2);
+  EXPECT_EQ(session.analysis.model.loaded().Code, code);
+  EXPECT_EQ(session.analysis.model.loaded().nPar, 2);
   report(lines({"A,B,C", "A*x*x+B*x+C", "buona"}));
-  EXPECT_EQ(session.analysis.model.Code, code);
-  EXPECT_EQ(session.analysis.model.nPar, 2);
+  EXPECT_EQ(session.analysis.model.loaded().Code, code);
+  EXPECT_EQ(session.analysis.model.loaded().nPar, 2);
 }
 
 TEST_F(FunctionFileTest, DepartureTooManyLinesAreAWrongStructureAndNothingIsCompiled) {

@@ -13,4 +13,7 @@ struct FunctionDef {
   std::string FunctionText;  ///< display text, code page 437
 };
 
+/// Characters of a name in a field of parameter names.
+inline constexpr int kNameSlot = 5;
+
 }  // namespace vk

@@ -3,10 +3,13 @@
 
 #include "base/CodePage.h"
 #include "base/Text.h"
+#include "commands/FunctionChoice.h"
 #include "doubles/Choices.h"
+#include "doubles/EvaluateFunction.h"
 #include "doubles/ScriptedDialogs.h"
-#include "expr/CmpMod.h"
-#include "expr/FunMod.h"
+#include "expr/Catalogue.h"
+#include "expr/Compiler.h"
+#include "expr/Formula.h"
 
 namespace vk {
 namespace {
@@ -17,18 +20,18 @@ constexpr int kOuterCount = 9;
 /// A session with its catalogue, and two ways to choose from it.
 class CatalogueTest : public testing::Test {
  protected:
-  CatalogueTest() { BuildCatalogue(session); }
+  CatalogueTest() { BuildCatalogue(session.loaded.catalogue); }
 
   void take(int inner, int outer) { choose(session, inner, outer); }
   std::string composite(int inner, int outer) {
     session.analysis.fun.InnerIndex = inner;
     session.analysis.fun.OuterIndex = outer;
-    return toUtf8(compositeText(session), CodePage::kCp437);
+    return toUtf8(compositeText(session.loaded.catalogue, session.analysis.fun), CodePage::kCp437);
   }
   std::string machine(int inner, int outer) {
     session.analysis.fun.InnerIndex = inner;
     session.analysis.fun.OuterIndex = outer;
-    return ComposeFunctionText(session);
+    return ComposeFunctionText(session.loaded.catalogue, session.analysis.fun);
   }
   void addToFile(const std::string& parameters, const std::string& definition,
                  const std::string& description) {
@@ -94,7 +97,7 @@ TEST_F(CatalogueTest, TheOuterListHasNineFunctionsWithTheRootAsByte251) {
 TEST_F(CatalogueTest, BuildingAnewThrowsTheLoadedFunctionsAway) {
   readFiveFunctions();
   load(1, 2);
-  BuildCatalogue(session);
+  BuildCatalogue(session.loaded.catalogue);
   EXPECT_EQ(session.loaded.catalogue.inner.size(), 5U);
 }
 
@@ -191,20 +194,19 @@ TEST_F(CatalogueTest, FastPathAndCompiledTextAgreeForAll45Pairs) {
       take(g, f);
       for (int i = 1; i <= session.analysis.par.ParCount; ++i)
         session.analysis.par.ParValues[i] = 0.3 + 0.4 * i;
-      CompiledExpression compiled;
-      Int16 flag;
-      CompileExpression(session,
-                        "y@x@" + parameterList(session.analysis.par) + "@ @" + ComposeFunctionText(session),
-                        compiled, flag);
-      ASSERT_EQ(flag, 0);
+      const Compilation compiled =
+          compile("y@x@" + parameterList(session.analysis.par) + "@ @" + machine(g, f));
+      ASSERT_TRUE(compiled.ok);
+      Formula formula(compiled.code);
+      NoListener nobody;
       for (double x : {0.25, 1.0, 2.5}) {  // u stays above zero here
         const double fast = EvaluateFunction(session, dialogs, x);
         EXPECT_EQ(session.ErrFlag, 0);
-        compiled.Values[1] = x;
-        for (int i = 1; i <= session.analysis.par.ParCount; ++i)
-          compiled.Values[i + 1] = session.analysis.par.ParValues[i];
-        loadSlots(compiled);
-        const double slow = EvaluateCode(session, dialogs, compiled.Code, compiled.Slots);
+        formula.setValue(1, x);
+        for (int i = 1; i <= session.analysis.par.ParCount; ++i) {
+          formula.setValue(i + 1, session.analysis.par.ParValues[i]);
+        }
+        const double slow = formula.value(nobody).value;
         EXPECT_NEAR(fast, slow, 1E-13 * std::abs(slow)) << "f " << f << ", g " << g << ", x " << x;
       }
     }
@@ -289,9 +291,9 @@ TEST_F(CatalogueTest, TakingALoadedFunctionCompilesIt) {
   EXPECT_EQ(session.analysis.par.ParNames, "    y    x    A omeg    z");
   EXPECT_EQ(session.analysis.par.ParCount, 3);
   EXPECT_EQ(session.analysis.par.ParNameWidth, 4);
-  EXPECT_EQ(session.analysis.model.nVar, 1);
-  EXPECT_EQ(session.analysis.model.nPar, 3);
-  EXPECT_EQ(session.analysis.model.Slots.upper(), session.analysis.model.LastSlot);
+  EXPECT_EQ(session.analysis.model.loaded().nVar, 1);
+  EXPECT_EQ(session.analysis.model.loaded().nPar, 3);
+  EXPECT_EQ(session.analysis.model.loaded().Slots.upper(), session.analysis.model.loaded().LastSlot);
   session.analysis.par.ParValues[1] = 2;
   session.analysis.par.ParValues[2] = 0.5;
   session.analysis.par.ParValues[3] = 1;
@@ -323,32 +325,6 @@ TEST_F(CatalogueTest, ALoadedFunctionWithoutParametersCanBeTaken) {
 TEST_F(CatalogueTest, TakingAnIndexOutsideTheListsIsARuntimeError) {
   EXPECT_THROW(take(6, 1), RuntimeError);
   EXPECT_THROW(take(1, 10), RuntimeError);
-}
-
-TEST_F(CatalogueTest, RestoringTheModelCompilesALoadedFunctionAnew) {
-  addToFile("p,q", "p*x+q", "retta");
-  load(1, 1);
-  take(6, 1);
-  const std::string code = session.analysis.model.Code;
-  session.analysis.model = {};
-  session.TraceEnabled = kTrue;
-  restoreModel(session);
-  EXPECT_EQ(session.analysis.model.Code, code);
-  EXPECT_EQ(session.analysis.model.nPar, 2);
-  EXPECT_EQ(session.TraceText, "");
-}
-
-TEST_F(CatalogueTest, RestoringTheModelLeavesTheAreaAloneForABuiltInFunction) {
-  take(2, 1);
-  session.analysis.model.Code = "foreign";
-  restoreModel(session);
-  EXPECT_EQ(session.analysis.model.Code, "foreign");
-}
-
-TEST_F(CatalogueTest, RestoringTheModelWithoutAFunctionDoesNothing) {
-  session.analysis.model.Code = "foreign";
-  restoreModel(session);
-  EXPECT_EQ(session.analysis.model.Code, "foreign");
 }
 
 TEST_F(CatalogueTest, LoadingAddsTheFunctionAsTheLastEntry) {
@@ -408,7 +384,7 @@ TEST_F(CatalogueTest, AFifthLoadMovesALaterCurrentFunctionDownByOne) {
   EXPECT_EQ(session.analysis.fun.OuterIndex, 2);
   EXPECT_EQ(session.analysis.FunDefined, kTrue);
   EXPECT_EQ(session.analysis.ParVar, kTrue);
-  EXPECT_EQ(compositeText(session), " y = (times 3)\xFD ");
+  EXPECT_EQ(compositeText(session.loaded.catalogue, session.analysis.fun), " y = (times 3)\xFD ");
   session.analysis.par.ParValues[1] = 1;
   EXPECT_EQ(EvaluateFunction(session, dialogs, 1), 9);
 }

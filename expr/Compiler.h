@@ -1,0 +1,50 @@
+/// Unit CmpMod: the compiler of the formula language.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "expr/CompiledExpression.h"
+
+namespace vk {
+
+/// What is wrong with a definition.
+enum class CompileFaultKind {
+  kNameTooLong,     ///< of a variable, parameter or constant
+  kNameStart,       ///< a name that does not begin with a letter
+  kNameCharacter,   ///< a character that no name may have
+  kNameMissing,     ///< an empty name; the report passes over it
+  kNameTaken,       ///< a name that stands for something else already
+  kParentheses,     ///< not as many opened as closed
+  kOperandTooLong,  ///< a name in the expression
+  kUnknownName,     ///< in the expression
+  kGrammar,         ///< a sign where it cannot stand
+  kNumberTooLong,   ///< a literal or the value of a constant
+  kArguments,  ///< a wrong number of arguments, or what else cannot be reduced; the report passes over it
+  kTooManyOperands,  ///< for the bytes of the code; the report passes over it
+};
+
+/// A fault with its place in the definition, `length` characters from `first` (from 0) on.
+struct CompileFault {
+  CompileFaultKind kind;
+  int first;
+  int length;
+  std::string text;  ///< for people, as the report has it behind its mark; empty where that has no line
+};
+
+/// What came of a compilation.
+struct Compilation {
+  CompiledExpression code;  ///< its `Code` is empty after a failure, and has the value 0
+  std::vector<CompileFault> faults;
+  std::string report;  ///< lines ended by CR LF
+  bool ok = false;
+};
+
+/// Compiles "result@variables@parameters@constants@expression".
+Compilation compile(const std::string& definition);
+
+/// The code for people, lines ended by LF: the bytes as "code 4 0 1 | 108 1 0", "map 1 1" and "LastSlot 1",
+/// then a line for each instruction with its name and slots, then a line for each value.
+std::string listCode(const CompiledExpression& compiled);
+
+}  // namespace vk

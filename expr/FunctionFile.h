@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Int16.h"
+
+namespace vk {
+
+/// The functions of the function file read last, at most 10; index 0 is the first.
+struct FunctionFile {
+  struct Entry {
+    std::string parameters;   ///< comma list
+    std::string definition;   ///< formula in x
+    std::string description;  ///< free text
+  };
+  std::vector<Entry> entries;
+  Int16 DescriptionWidth;  ///< longest description, at most 56
+};
+
+/// How closely a function file is looked at.
+struct FunctionFileChecks {
+  bool compile = true;  ///< each function is compiled
+  bool trace = true;    ///< the report shows each function, and the compiler's report on it
+};
+
+/// A function file, parsed.
+struct ParsedFunctionFile {
+  FunctionFile file;
+  std::string report;  ///< lines ended by CR LF
+  bool ok = false;     ///< whole records, at least one, and all functions good as far as they were compiled
+};
+
+/// Parses the bytes of a function file: three records for each function, "&" at the end joins lines, "%" and "#"
+/// begin comments.
+ParsedFunctionFile parseFunctionFile(std::string_view text, FunctionFileChecks checks = {});
+
+}  // namespace vk

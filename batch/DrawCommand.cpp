@@ -5,7 +5,7 @@
 #include "batch/DataInput.h"
 #include "commands/ExhaustedBox.h"
 #include "commands/PlotWindowCommands.h"
-#include "grafile/GraphicRun.h"
+#include "grafile/GraphicFile.h"
 #include "gral/NoPrinter.h"
 #include "gral/NominalScreen.h"
 

@@ -3,7 +3,7 @@
 #include "commands/ExhaustedBox.h"
 #include "commands/FigureCommands.h"
 #include "commands/PlotWindowCommands.h"
-#include "grafile/GraphicRun.h"
+#include "grafile/GraphicFile.h"
 #include "gral/Plotting.h"
 
 namespace vk {

@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "grafile/GraphicRun.h"
+#include "grafile/GraphicFile.h"
 
 namespace vk {
 

@@ -11,7 +11,7 @@
 #include "data/DataFiles.h"
 #include "expr/Compiler.h"
 #include "expr/Formula.h"
-#include "grafile/GraphicRun.h"
+#include "grafile/GraphicFile.h"
 
 namespace vk {
 namespace {

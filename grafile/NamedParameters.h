@@ -1,3 +1,4 @@
+/// Unit GralPlt: the parameters of graphic files.
 #pragma once
 
 #include <string>

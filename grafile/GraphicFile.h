@@ -1,3 +1,4 @@
+/// Unit GralPlt: the interpreter of graphic files.
 #pragma once
 
 #include <optional>

@@ -1,4 +1,4 @@
-#include "grafile/GraphicRun.h"
+#include "grafile/GraphicFile.h"
 
 #include "base/Guard.h"
 #include "base/Text.h"

@@ -17,7 +17,7 @@ void MainMod::StartUp(const std::function<void()>& showMainWindow) {
   guarded([this] { setFirstFolders(session_, ports_.files); });
   guarded([this] { prepareWindow(session_, ports_.window); });
   guarded(showMainWindow);
-  guarded([this] { welcome(ports_.dialogs); });
+  guarded([this] { welcome(ports_); });
   guarded([this] { fillCatalogue(session_, ports_.functions); });
   guarded([this] { SoundSignal(session_, ports_.sound, 0); });
   guarded([this] { Msg(session_, ports_.window); });

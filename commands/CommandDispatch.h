@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 
 #include "commands/CommandTable.h"
 
@@ -9,6 +10,7 @@ namespace vk {
 
 struct Session;
 
+/// Starts the program and runs the commands of the menus, one at a time.
 class MainMod {
  public:
   MainMod(Session& session, Ports ports)

@@ -39,7 +39,7 @@ void forgetFigures(Session& session) {
 /// False when the command ends without the refresh of the display.
 bool readDataFile(Session& session, Ports& ports) {
   std::string name;
-  if (!pickFileToRead(session, ports.files, ports.dialogs, kReadData, kDataKind, name)) return true;
+  if (!pickFileToRead(session, ports, kReadData, kDataKind, name)) return true;
   DataReading reading = readData(ports.files, name);
   session.ErrFlag = toFlag(!reading.errors.empty());
   if (session.ErrFlag != 0) {
@@ -69,13 +69,13 @@ bool acceptCounts(Dialogs& dialogs, Int16 declaredCount, Int16 validCount) {
 
 void MenDatSav(Session& session, Ports& ports) {
   std::string name;
-  if (!pickFileToSave(session, ports.files, ports.dialogs, kSaveData, kDataKind, name)) return;
+  if (!pickFileToSave(session, ports, kSaveData, kDataKind, name)) return;
   ports.files.writeAll(name, dataFileText(session.loaded.data));
 }
 
 void MenGraLetFil(Session& session, Ports& ports) {
   std::string name;
-  if (!pickFileToRead(session, ports.files, ports.dialogs, kReadGraphic, kGraphicKind, name)) return;
+  if (!pickFileToRead(session, ports, kReadGraphic, kGraphicKind, name)) return;
   session.loaded.GraFile = name;
   session.loaded.GraDefined = kTrue;
   addRecentFile(session, ports.window, kGraphicKind, name, name);

@@ -8,7 +8,7 @@ namespace {
 
 void edit(Session& session, Ports& ports, const std::string& word, Int16 kind) {
   std::string name;
-  PickFile(session, ports.files, ports.dialogs, kEditCaption + word, name, kind, kPickForEditor);
+  PickFile(session, ports, kEditCaption + word, name, kind, kPickForEditor);
   if (session.ErrFlag == 0) ports.editor.OpenEditor(name, kind);
 }
 

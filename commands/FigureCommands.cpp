@@ -12,8 +12,8 @@ void drawFigure(Session& session, FigurePorts& ports, FigureKind kind) {
   if (canDrawFigure(session, ports.dialogs, kind)) MakeGraph(session, ports, static_cast<int>(kind));
 }
 
-void save(Session& session, FigurePorts& ports, int kind) {
-  SaveGraphText(session, ports.files, ports.dialogs, kind);
+void save(Session& session, Ports& ports, int kind) {
+  SaveGraphText(session, ports, kind);
 }
 
 }  // namespace
@@ -30,19 +30,19 @@ void MenGraDifVis(Session& session, FigurePorts& ports) {
   drawFigure(session, ports, kDifferencesFigure);
 }
 
-void MenGraDatGra(Session& session, FigurePorts& ports) {
+void MenGraDatGra(Session& session, Ports& ports) {
   save(session, ports, kDataFigure);
 }
 
-void MenGraFunGra(Session& session, FigurePorts& ports) {
+void MenGraFunGra(Session& session, Ports& ports) {
   save(session, ports, kFunctionFigure);
 }
 
-void MenGraDifGra(Session& session, FigurePorts& ports) {
+void MenGraDifGra(Session& session, Ports& ports) {
   save(session, ports, kDifferencesFigure);
 }
 
-void MenGraDifSav(Session& session, FigurePorts& ports) {
+void MenGraDifSav(Session& session, Ports& ports) {
   save(session, ports, kDifferencesFile);
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "commands/FigurePorts.h"
+#include "commands/Ports.h"
 #include "session/Session.h"
 
 /// The commands of the menu "Grafici" that draw, save and run figures, as straight-line code.
@@ -15,10 +16,10 @@ void MenGraFunVis(Session& session, FigurePorts& ports);
 void MenGraDifVis(Session& session, FigurePorts& ports);
 
 /// Save the graphic text of the figure drawn last, and the differences as a data file.
-void MenGraDatGra(Session& session, FigurePorts& ports);
-void MenGraFunGra(Session& session, FigurePorts& ports);
-void MenGraDifGra(Session& session, FigurePorts& ports);
-void MenGraDifSav(Session& session, FigurePorts& ports);
+void MenGraDatGra(Session& session, Ports& ports);
+void MenGraFunGra(Session& session, Ports& ports);
+void MenGraDifGra(Session& session, Ports& ports);
+void MenGraDifSav(Session& session, Ports& ports);
 
 /// Run the graphic file that was chosen, on a plot window or on the printer.
 void MenGraVisFil(Session& session, FigurePorts& ports);
@@ -45,6 +46,6 @@ void MakeGraph(Session& session, FigurePorts& ports, Int16 kind);
 
 /// Asks for a name and writes the graphic text of a figure (1 to 3), or with kind 0 the differences file.
 /// `ErrFlag` is 0 afterwards. A disk that fails while writing is a run-time error.
-void SaveGraphText(Session& session, Files& files, Dialogs& dialogs, Int16 kind);
+void SaveGraphText(Session& session, Ports& ports, Int16 kind);
 
 }  // namespace vk

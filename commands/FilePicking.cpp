@@ -112,23 +112,23 @@ std::string inMenu(const std::string& path) {
 
 }  // namespace
 
-void PickFile(Session& session, Files& files, Dialogs& dialogs, const std::string& caption, std::string& name,
-              Int16 kind, Int16 mode) {
+void PickFile(Session& session, Ports& ports, const std::string& caption, std::string& name, Int16 kind,
+              Int16 mode) {
   session.ErrFlag = 0;
   session.files.FileKind = kind;
   const KindOfFile& which = kindOf(kind);
   std::string proposed = name;
   for (;;) {
-    const auto chosen = dialogs.fileDialog(requestFor(session, caption, proposed, which, mode));
+    const auto chosen = ports.dialogs.fileDialog(requestFor(session, caption, proposed, which, mode));
     if (!chosen) {
       session.ErrFlag = kCancelled;
       return;
     }
-    if (mode != kPickExisting || files.FileExists(*chosen)) {
+    if (mode != kPickExisting || ports.files.FileExists(*chosen)) {
       name = *chosen;
       break;
     }
-    if (!wantsAnotherFile(dialogs, which, *chosen)) {
+    if (!wantsAnotherFile(ports.dialogs, which, *chosen)) {
       session.ErrFlag = kTrue;
       return;
     }
@@ -137,12 +137,12 @@ void PickFile(Session& session, Files& files, Dialogs& dialogs, const std::strin
   if (mode == kPickExisting) rememberPlace(session, which, name);
 }
 
-bool pickFileToRead(Session& session, Files& files, Dialogs& dialogs, const std::string& caption, Int16 kind,
+bool pickFileToRead(Session& session, Ports& ports, const std::string& caption, Int16 kind,
                     std::string& name) {
   session.ErrFlag = 0;
   const RecentList& list = recentList(session, kind);
   if (list.pick == 0) {
-    PickFile(session, files, dialogs, caption, name, kind, kPickExisting);
+    PickFile(session, ports, caption, name, kind, kPickExisting);
   } else {
     // QUIRK: the entry stays picked, so that the next reading takes that place of the list without asking.
     name = list.paths[list.pick];
@@ -150,18 +150,18 @@ bool pickFileToRead(Session& session, Files& files, Dialogs& dialogs, const std:
   return session.ErrFlag == 0;
 }
 
-bool pickFileToSave(Session& session, Files& files, Dialogs& dialogs, const std::string& caption, Int16 kind,
+bool pickFileToSave(Session& session, Ports& ports, const std::string& caption, Int16 kind,
                     std::string& name) {
   for (;;) {
-    PickFile(session, files, dialogs, caption, name, kind, kPickToSave);
+    PickFile(session, ports, caption, name, kind, kPickToSave);
     const bool cancelled = session.ErrFlag != 0;
     session.ErrFlag = 0;
     if (cancelled) return false;
-    const int answer = files.FileExists(name) ? askToOverwrite(dialogs, caption) : kReplace;
+    const int answer = ports.files.FileExists(name) ? askToOverwrite(ports.dialogs, caption) : kReplace;
     if (answer == kGiveUp) return false;
     if (answer == kOtherName) continue;
-    if (files.canWrite(name)) return true;
-    if (!wantsToRetry(dialogs, caption, name)) return false;
+    if (ports.files.canWrite(name)) return true;
+    if (!wantsToRetry(ports.dialogs, caption, name)) return false;
   }
 }
 

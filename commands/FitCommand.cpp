@@ -8,7 +8,7 @@
 namespace vk {
 
 void MenAdaAda(Session& session, Ports& ports) {
-  if (!canFit(session, ports.dialogs)) return;
+  if (!canFit(session, ports)) return;
   const FlagFor running(session.FitRunning, kTrue);
   FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par,
                    {ports.output, ports.dialogs, ports.clock});

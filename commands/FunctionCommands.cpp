@@ -47,8 +47,7 @@ void tellErrors(const Session& session, Ports& ports, const std::string& name) {
 
 void MenFunLet(Session& session, Ports& ports) {
   std::string name;
-  const bool chosen =
-      pickFileToRead(session, ports.files, ports.dialogs, kReadFunctions, kFunctionKind, name);
+  const bool chosen = pickFileToRead(session, ports, kReadFunctions, kFunctionKind, name);
   session.files.RecentFun.pick = 0;
   if (!chosen) return;
   session.TraceText.clear();

@@ -28,13 +28,13 @@ bool canDrawFigure(const Session& session, Dialogs& dialogs, int figure) {
   return false;
 }
 
-bool canFit(const Session& session, Dialogs& dialogs) {
+bool canFit(const Session& session, Ports& ports) {
   if ((session.analysis.ParVar & session.analysis.FunDefined & session.loaded.DataDefined) != kFalse)
     return true;
   std::string missing =
       missingInput(session.analysis.FunDefined != kFalse, session.loaded.DataDefined != kFalse);
   if (missing.empty()) missing = kNoParameters;
-  dialogs.plainBox(kErrorTitle, missing + kPressToContinueClose);
+  ports.dialogs.plainBox(kErrorTitle, missing + kPressToContinueClose);
   return false;
 }
 

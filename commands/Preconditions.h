@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/Dialogs.h"
+#include "commands/Ports.h"
 #include "session/Session.h"
 
 /// Commands whose menu entry can be on before all that they need is there test it themselves and say so.
@@ -12,6 +12,6 @@ namespace vk {
 bool canDrawFigure(const Session& session, Dialogs& dialogs, int figure);
 
 /// True when a fit can start; otherwise a plain box says what is missing.
-bool canFit(const Session& session, Dialogs& dialogs);
+bool canFit(const Session& session, Ports& ports);
 
 }  // namespace vk

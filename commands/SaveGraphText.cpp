@@ -24,13 +24,13 @@ constexpr std::array<SavedText, 4> kSavedTexts{{
 
 }  // namespace
 
-void SaveGraphText(Session& session, Files& files, Dialogs& dialogs, Int16 kind) {
+void SaveGraphText(Session& session, Ports& ports, Int16 kind) {
   const auto index = static_cast<std::size_t>(kind);
   const SavedText& saved = kSavedTexts.at(index);
   std::string name = nameWithoutExtension(session.loaded.DataFile) + saved.suffix;
-  if (!pickFileToSave(session, files, dialogs, saved.caption, saved.fileKind, name)) return;
+  if (!pickFileToSave(session, ports, saved.caption, saved.fileKind, name)) return;
   const std::string& text = kind == 0 ? session.figures.DiffText : session.figures.GraphText.at(index);
-  files.writeAll(name, text + std::string(kCrLf));
+  ports.files.writeAll(name, text + std::string(kCrLf));
 }
 
 }  // namespace vk

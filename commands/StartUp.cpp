@@ -49,8 +49,8 @@ void prepareWindow(const Session& session, MainWindow& window) {
   window.setCaption(kProgramTitle);
 }
 
-void welcome(Dialogs& dialogs) {
-  dialogs.Get_Msg(
+void welcome(Ports& ports) {
+  ports.dialogs.Get_Msg(
       {.caption = kWelcomeCaption, .text = kWelcome, .icon = kInformation, .captions = {kContinueButton}});
 }
 

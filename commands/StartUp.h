@@ -3,10 +3,7 @@
 #include <array>
 #include <string>
 
-#include "platform/Dialogs.h"
-#include "platform/Files.h"
-#include "platform/FunctionForms.h"
-#include "platform/MainWindow.h"
+#include "commands/Ports.h"
 
 /// The steps of the start-up.
 namespace vk {
@@ -31,7 +28,7 @@ void setFirstMenus(MainWindow& window);
 void prepareWindow(const Session& session, MainWindow& window);
 
 /// Greets the user.
-void welcome(Dialogs& dialogs);
+void welcome(Ports& ports);
 
 /// Makes the catalogue of functions and shows it in the form that selects from it.
 void fillCatalogue(Session& session, FunctionForms& forms);

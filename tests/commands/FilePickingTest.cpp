@@ -3,6 +3,7 @@
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
+#include "doubles/TestPorts.h"
 
 namespace vk {
 namespace {
@@ -14,7 +15,9 @@ class FileSelectionTest : public testing::Test {
     session.files.FunDir = "/funzioni";
     session.files.GraDir = "/grafici";
   }
-  void pick(Int16 kind, Int16 mode) { PickFile(session, files, dialogs, "CAPTION", name, kind, mode); }
+  void pick(Int16 kind, Int16 mode) {
+    PickFile(session, TestPorts(files, dialogs), "CAPTION", name, kind, mode);
+  }
 
   Session session;
   MemoryFiles files;
@@ -238,7 +241,7 @@ TEST_F(FileSelectionTest, APickedRecentEntryIsTakenWithoutADialog) {
   addRecentFile(session, window, kDataKind, "B", "B");
   pickRecentFile(session, kDataKind, 1);
   EXPECT_EQ(session.files.RecentData.pick, 2);
-  EXPECT_TRUE(pickFileToRead(session, files, dialogs, "CAPTION", kDataKind, name));
+  EXPECT_TRUE(pickFileToRead(session, TestPorts(files, dialogs), "CAPTION", kDataKind, name));
   EXPECT_EQ(name, "A");
 }
 
@@ -246,17 +249,17 @@ TEST_F(FileSelectionTest, AFlagLeftByAnEarlierCancelDoesNotBlockARecentEntry) {
   addRecentFile(session, window, kDataKind, "A", "A");
   pickRecentFile(session, kDataKind, 0);
   session.ErrFlag = kCancelled;
-  EXPECT_TRUE(pickFileToRead(session, files, dialogs, "CAPTION", kDataKind, name));
+  EXPECT_TRUE(pickFileToRead(session, TestPorts(files, dialogs), "CAPTION", kDataKind, name));
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
 TEST_F(FileSelectionTest, WithoutAPickedEntryTheUserIsAskedForAnExistingFile) {
   files.content["/x/A.FCN"] = "";
   dialogs.pick("/x/A.FCN");
-  EXPECT_TRUE(pickFileToRead(session, files, dialogs, "CAPTION", kFunctionKind, name));
+  EXPECT_TRUE(pickFileToRead(session, TestPorts(files, dialogs), "CAPTION", kFunctionKind, name));
   EXPECT_EQ(name, "/x/A.FCN");
   dialogs.pick(std::nullopt);
-  EXPECT_FALSE(pickFileToRead(session, files, dialogs, "CAPTION", kFunctionKind, name));
+  EXPECT_FALSE(pickFileToRead(session, TestPorts(files, dialogs), "CAPTION", kFunctionKind, name));
   EXPECT_EQ(session.ErrFlag, 32755);
 }
 
@@ -265,7 +268,8 @@ TEST_F(FileSelectionTest, DepartureARecentEntryIsReadByThePathThatWasOpenedNotBy
   addRecentFile(session, window, kFunctionKind, "B", "b");
   EXPECT_EQ(window.menuCaption[Control::MenFunOld1], "&2 /LAB/MOLLE.FCN");
   pickRecentFile(session, kFunctionKind, 1);
-  EXPECT_TRUE(pickFileToRead(session, files, dialogs, "VOR_KEL: Lettura File Funzioni", kFunctionKind, name));
+  EXPECT_TRUE(pickFileToRead(session, TestPorts(files, dialogs), "VOR_KEL: Lettura File Funzioni",
+                             kFunctionKind, name));
   EXPECT_EQ(name, "/lab/molle.fcn");
 }
 

@@ -3,6 +3,7 @@
 #include "grafile/FigureKind.h"
 
 #include "doubles/ScriptedDialogs.h"
+#include "doubles/TestPorts.h"
 
 namespace vk {
 namespace {
@@ -21,7 +22,7 @@ class PreconditionsTest : public testing::Test {
   }
   void expectRefusedFit(const char* text) {
     dialogs.expectBox();
-    EXPECT_FALSE(canFit(session, dialogs));
+    EXPECT_FALSE(canFit(session, TestPorts(dialogs)));
     EXPECT_EQ(dialogs.boxes.back(), (ScriptedDialogs::Box{"ERRORE !", text}));
   }
 
@@ -66,7 +67,7 @@ TEST_F(PreconditionsTest, TheFitDoesNotMissParametersBeforeDataAndFunctionAreThe
 
 TEST_F(PreconditionsTest, WithEverythingThereTheFitStarts) {
   set(true, true, true);
-  EXPECT_TRUE(canFit(session, dialogs));
+  EXPECT_TRUE(canFit(session, TestPorts(dialogs)));
 }
 
 }  // namespace

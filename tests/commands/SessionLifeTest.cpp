@@ -107,7 +107,7 @@ TEST(Flags, AreExactlyMinusOneOrZeroAfterEveryCommand) {
       [&] { MenSerErr(session, TestPorts(window)); },
       [&] { MenSerCal(session, TestPorts(files, process, dialogs)); },
       [&] { canDrawFigure(session, dialogs, 1 + dialogs.below(3)); },
-      [&] { canFit(session, dialogs); },
+      [&] { canFit(session, TestPorts(dialogs)); },
       [&] {
         // A user can click only the entries that are shown.
         const int kind = 1 + 2 * dialogs.below(2);

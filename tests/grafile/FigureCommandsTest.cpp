@@ -48,12 +48,12 @@ TEST_F(FigureCommandsTest, EachDrawsItsFigure) {
 TEST_F(FigureCommandsTest, EachSavesItsText) {
   session.figures.DiffText = "zero";
   session.figures.GraphText = {"", "one", "two", "three"};
-  const Command commands[] = {MenGraDifSav, MenGraDatGra, MenGraFunGra, MenGraDifGra};
+  void (*const commands[])(Session&, Ports&) = {MenGraDifSav, MenGraDatGra, MenGraFunGra, MenGraDifGra};
   const char* texts[] = {"zero\r\n", "one\r\n", "two\r\n", "three\r\n"};
   for (std::size_t i = 0; i < 4; ++i) {
     const std::string name = "FILE" + std::to_string(i);
     dialogs.pick(name);
-    commands[i](session, ports);
+    commands[i](session, TestPorts(files, dialogs));
     EXPECT_EQ(files.content[name], texts[i]);
   }
 }

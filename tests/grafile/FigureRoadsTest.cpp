@@ -33,9 +33,9 @@ class FigureRoads : public FigureFixture {
     MenAdaAda(session, TestPorts(dialogs, window, output, clock));
   }
   /// Saves a text of the last figure under a name.
-  void save(void (*command)(Session&, FigurePorts&), const std::string& name) {
+  void save(void (*command)(Session&, Ports&), const std::string& name) {
     dialogs.pick(name);
-    command(session, ports);
+    command(session, TestPorts(files, dialogs));
   }
   /// Chooses a graphic file and runs it without an error.
   std::vector<std::string> runFile(const std::string& name) {

@@ -1,3 +1,4 @@
+#include "doubles/TestPorts.h"
 #include "grafile/FigureFixture.h"
 
 namespace vk {
@@ -18,7 +19,7 @@ class SaveGraphTextTest : public FigureFixture {
     session.figures.DiffText = "differences\r\n";
     session.figures.GraphText = {"", "one\r\n", "two\r\n", "three\r\n"};
   }
-  void save(int kind) { SaveGraphText(session, files, dialogs, kind); }
+  void save(int kind) { SaveGraphText(session, TestPorts(files, dialogs), kind); }
 };
 
 class SavedKinds : public SaveGraphTextTest, public ::testing::WithParamInterface<SavedKind> {};

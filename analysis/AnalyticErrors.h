@@ -1,8 +1,8 @@
 #pragma once
 
+#include "analysis/ParameterSet.h"
 #include "base/Array.h"
 #include "expr/Model.h"
-#include "session/ParameterSet.h"
 
 namespace vk {
 

@@ -3,10 +3,10 @@
 #include <optional>
 #include <string>
 
+#include "analysis/ParameterSet.h"
 #include "data/DataSet.h"
 #include "expr/Model.h"
 #include "numeric/Minimise.h"
-#include "session/ParameterSet.h"
 
 /// Unit FitMod: the fit of a model function to data.
 namespace vk {

@@ -3,11 +3,11 @@
 #include <span>
 #include <vector>
 
+#include "analysis/ParameterSet.h"
 #include "analysis/SimulationSettings.h"
 #include "data/DataSet.h"
 #include "expr/Model.h"
 #include "numeric/NormalDeviates.h"
-#include "session/ParameterSet.h"
 
 /// Synthetic data from a model function: equally spaced x, y with Gaussian noise, and optional noise on x.
 namespace vk {

@@ -1,5 +1,4 @@
 #include "batch/FitCommand.h"
-#include "commands/ExhaustedBox.h"
 
 #include <iostream>
 
@@ -8,6 +7,7 @@
 #include "batch/FitReport.h"
 #include "batch/TerminalPorts.h"
 #include "batch/TerminalProgress.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/FitCommand.h"
 #include "commands/FitScreen.h"
 #include "platform/GridOutput.h"

@@ -22,11 +22,6 @@ void takeLoaded(Session& session, int entry) {
   take(session, static_cast<int>(session.loaded.catalogue.inner.size()), 1);
 }
 
-void requireCompilable(const std::string& formula, const std::string& names) {
-  const Compilation compiled = compile("y@x@" + names + "@ @" + formula);
-  if (!compiled.ok) throw UsageError(terminalText(compiled.report));
-}
-
 int catalogueIndex(const std::string& text, const std::vector<CatalogueEntry>& list, const char* what) {
   const double index = isNumeric(text) ? scanNumber(text) : 0;
   if (!(index >= 1 && index <= static_cast<double>(list.size())) || index != static_cast<int>(index)) {
@@ -39,9 +34,14 @@ int catalogueIndex(const std::string& text, const std::vector<CatalogueEntry>& l
 }  // namespace
 
 void useFormula(Session& session, const std::string& formula, const std::string& names) {
-  requireCompilable(formula, names);
-  session.loaded.catalogue.file.entries = {{names, formula, formula}};
-  takeLoaded(session, 1);
+  Compilation compiled = compile("y@x@" + names + "@ @" + formula);
+  if (!compiled.ok) throw UsageError(terminalText(compiled.report));
+  Catalogue& catalogue = session.loaded.catalogue;
+  catalogue.inner.push_back(innerEntry({names, formula, formula}));
+  FunctionDef& fun = session.analysis.fun;
+  fun.InnerIndex = static_cast<int>(catalogue.inner.size());
+  fun.OuterIndex = 1;
+  takeFunction(session.analysis, chosenFunction(catalogue, fun, std::move(compiled.code)));
 }
 
 void useCatalogue(Session& session, const std::string& pair) {

@@ -1,5 +1,4 @@
 #include "batch/PropagateCommand.h"
-#include "commands/ExhaustedBox.h"
 
 #include <array>
 #include <cmath>
@@ -13,6 +12,7 @@
 #include "batch/Json.h"
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/PropagationCommand.h"
 #include "commands/PropagationScreen.h"
 #include "commands/RandomSource.h"

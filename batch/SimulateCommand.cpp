@@ -1,5 +1,4 @@
 #include "batch/SimulateCommand.h"
-#include "commands/ExhaustedBox.h"
 
 #include <array>
 #include <cmath>
@@ -10,6 +9,7 @@
 #include "batch/FitCommand.h"
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/RandomSource.h"
 #include "commands/SimulationCommand.h"
 #include "data/DataFiles.h"

@@ -1,5 +1,4 @@
 #include "batch/TransformCommand.h"
-#include "commands/ExhaustedBox.h"
 
 #include <iostream>
 
@@ -7,6 +6,7 @@
 #include "batch/DataInput.h"
 #include "batch/Json.h"
 #include "batch/TerminalPorts.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/TransformationCommand.h"
 #include "data/DataFiles.h"
 

@@ -1,7 +1,7 @@
 #include "commands/FitCommand.h"
-#include "commands/ExhaustedBox.h"
 
 #include "base/FlagFor.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/FitScreen.h"
 #include "commands/Preconditions.h"
 

@@ -38,13 +38,18 @@ void TakeFunction(Session& session, Int16 innerBefore, Int16 outerBefore) {
   AnalysisState& analysis = session.analysis;
   const bool same =
       analysis.FunDefined && analysis.fun.InnerIndex == innerBefore && analysis.fun.OuterIndex == outerBefore;
-  analysis.FunDefined = kTrue;
-  analysis.SimFirstTime = toFlag(!same);
-  if (same) return;
+  if (same) {
+    analysis.SimFirstTime = kFalse;
+  } else {
+    takeFunction(analysis, chosenFunction(session.loaded.catalogue, analysis.fun));
+  }
+}
 
+void takeFunction(AnalysisState& analysis, ChosenFunction chosen) {
+  analysis.FunDefined = kTrue;
+  analysis.SimFirstTime = kTrue;
   analysis.ParVar = kFalse;
   analysis.ParametersSet = kFalse;
-  ChosenFunction chosen = chosenFunction(session.loaded.catalogue, analysis.fun);
   analysis.model = std::move(chosen.model);
   analysis.fun.FunctionText = chosen.text;
   nameParameters(analysis.par, chosen.names);

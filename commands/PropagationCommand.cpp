@@ -1,7 +1,7 @@
 #include "commands/PropagationCommand.h"
-#include "commands/ExhaustedBox.h"
 
 #include "analysis/HistogramFile.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/PropagationScreen.h"
 #include "commands/RandomSource.h"
 

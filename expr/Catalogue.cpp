@@ -124,23 +124,29 @@ std::string ComposeFunctionText(const Catalogue& catalogue, const FunctionDef& f
 
 ChosenFunction chosenFunction(const Catalogue& catalogue, const FunctionDef& fun) {
   const CatalogueEntry& g = chosen(catalogue.inner, fun.InnerIndex);
+  if (fun.InnerIndex <= kBuiltInInner) return chosenFunction(catalogue, fun, {});
+  return chosenFunction(catalogue, fun, compile("y@x@" + commaList(g.names) + "@ @" + g.machine).code);
+}
+
+ChosenFunction chosenFunction(const Catalogue& catalogue, const FunctionDef& fun, CompiledExpression loaded) {
+  const CatalogueEntry& g = chosen(catalogue.inner, fun.InnerIndex);
   const CatalogueEntry& f = chosen(catalogue.outer, fun.OuterIndex);
   ChosenFunction result;
   result.names = kVariableNames + g.names + f.names;
   result.text = compositeText(catalogue, fun);
-  result.model = Model(fun.InnerIndex, fun.OuterIndex);
-  if (fun.InnerIndex > kBuiltInInner) {
-    Compilation compiled = compile("y@x@" + commaList(g.names) + "@ @" + g.machine);
-    result.model = Model(fun.InnerIndex, fun.OuterIndex, std::move(compiled.code));
-  }
+  result.model = Model(fun.InnerIndex, fun.OuterIndex, std::move(loaded));
   return result;
+}
+
+CatalogueEntry innerEntry(const FunctionFile::Entry& entry) {
+  return {entry.description, entry.definition, nameField(entry.parameters)};
 }
 
 bool loadFunction(Catalogue& catalogue, FunctionDef& fun, int index) {
   const FunctionFile::Entry& entry = chosen(catalogue.file.entries, index);
   const bool full = static_cast<int>(catalogue.inner.size()) >= kMostInner;
   const bool lost = full && dropOldest(catalogue, fun);
-  catalogue.inner.push_back({entry.description, entry.definition, nameField(entry.parameters)});
+  catalogue.inner.push_back(innerEntry(entry));
   return lost;
 }
 

@@ -52,6 +52,11 @@ struct ChosenFunction {
 
 /// The function of the indices; an index outside its list is run-time error 9.
 ChosenFunction chosenFunction(const Catalogue& catalogue, const FunctionDef& fun);
+/// The same where a loaded inner function has been compiled already.
+ChosenFunction chosenFunction(const Catalogue& catalogue, const FunctionDef& fun, CompiledExpression loaded);
+
+/// A function of a file as an entry of the inner list.
+CatalogueEntry innerEntry(const FunctionFile::Entry& entry);
 
 /// Adds entry `index` (from 1) of the file read to the inner list; the oldest loaded one leaves a full list, and the
 /// indices of the choice follow. True when the choice was that one; both indices are 0 then. An entry that the file

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "analysis/ParameterSet.h"
 #include "base/Array.h"
 #include "base/Int16.h"
 #include "data/DataSet.h"
@@ -11,7 +12,6 @@
 #include "grafile/FigureKind.h"
 #include "grafile/FigureListener.h"
 #include "gral/Plotting.h"
-#include "session/ParameterSet.h"
 
 /// The figures of data and function that the program draws by itself.
 namespace vk {

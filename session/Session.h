@@ -4,6 +4,7 @@
 #include <string>
 
 #include "analysis/MonteCarloResult.h"
+#include "analysis/ParameterSet.h"
 #include "analysis/SimulationSettings.h"
 #include "base/Int16.h"
 #include "expr/FunctionDef.h"
@@ -13,7 +14,6 @@
 #include "session/FigureSettings.h"
 #include "session/FileSettings.h"
 #include "session/LoadedFiles.h"
-#include "session/ParameterSet.h"
 
 namespace vk {
 

@@ -1,20 +1,15 @@
 #include "analysis/AnalyticErrors.h"
-#include "commands/ExhaustedBox.h"
 
 #include <cmath>
 
-#include "tests/analysis/PropagationHelp.h"
+#include "tests/analysis/ModelFixture.h"
 
 namespace vk {
 namespace {
 
-class AnalyticErrorsTest : public PropagationTest {
+class AnalyticErrorsTest : public ModelTest {
  protected:
-  AnalyticErrors errors() {
-    ExhaustedBox listener(session, dialogs);
-    Model& model = session.analysis.model;
-    return analyticErrors(model, session.analysis.par, listener);
-  }
+  AnalyticErrors errors() { return analyticErrors(model, par, listener); }
 };
 
 TEST_F(AnalyticErrorsTest, TakesCentralDifferencesOfAThousandthOfTheValue) {
@@ -33,7 +28,7 @@ TEST_F(AnalyticErrorsTest, ANegativeValueStepsBackwards) {
 }
 
 TEST_F(AnalyticErrorsTest, TheIndependentVariableIsNumberZero) {
-  choose(session, 2, 1);
+  loadLine();
   set(0, 4, -0.5);
   set(1, 3, 0);
   set(2, 1, 0);
@@ -47,27 +42,27 @@ TEST_F(AnalyticErrorsTest, TheIndependentVariableIsNumberZero) {
 }
 
 TEST_F(AnalyticErrorsTest, AMaximumErrorIsUniform) {
-  choose(session, 2, 1);
+  loadLine();
   set(0, 1, 0);
   set(1, 3, -0.25);
   set(2, 1, 0);
-  session.analysis.par.ParValues[0] = -7;
+  par.ParValues[0] = -7;
   EXPECT_NEAR(errors().ErrorMax, 7 * 0.25, 1E-10);
   EXPECT_NEAR(errors().ErrorSigma, 7 * 0.25 / std::sqrt(3), 1E-10);
 }
 
 TEST_F(AnalyticErrorsTest, AStandardDeviationCountsThreefoldAsMaximum) {
-  choose(session, 2, 1);
+  loadLine();
   set(0, 1, 0);
   set(1, 3, 0.25);
   set(2, 1, 0);
-  session.analysis.par.ParValues[0] = -7;
+  par.ParValues[0] = -7;
   EXPECT_NEAR(errors().ErrorSigma, 7 * 0.25, 1E-10);
   EXPECT_NEAR(errors().ErrorMax, 3 * 7 * 0.25, 1E-10);
 }
 
 TEST_F(AnalyticErrorsTest, ContributionsAddUpAndVariancesInSquares) {
-  choose(session, 2, 1);
+  loadLine();
   set(0, 2, 0.1);   // slope 3
   set(1, 3, -0.3);  // slope 2
   set(2, 1, 0.5);   // slope 1
@@ -77,13 +72,13 @@ TEST_F(AnalyticErrorsTest, ContributionsAddUpAndVariancesInSquares) {
 }
 
 TEST_F(AnalyticErrorsTest, LeavesTheValuesAsTheyWere) {
-  choose(session, 2, 1);
+  loadLine();
   set(0, 2, 0.1);
   set(1, 1.0 / 3, -0.3);
   set(2, 0, 0.5);
-  const Array<double> before = session.analysis.par.ParValues;
+  const Array<double> before = par.ParValues;
   errors();
-  EXPECT_EQ(session.analysis.par.ParValues, before);
+  EXPECT_EQ(par.ParValues, before);
 }
 
 TEST_F(AnalyticErrorsTest, QUIRK_OnlyTheLastEvaluationLeavesItsFailure) {

@@ -1,5 +1,4 @@
 #include "analysis/DataResiduals.h"
-#include "commands/ExhaustedBox.h"
 
 #include "analysis/FitFixture.h"
 
@@ -15,11 +14,8 @@ struct Residual : FitCase {
 
   using FitCase::FitCase;
   void compute(const std::vector<double>& X) {
-    F.resize(static_cast<std::size_t>(session.loaded.data.NumPnt), 0);
-    const DataSet& set = session.loaded.data;
-    ExhaustedBox listener(session, dialogs);
-    Model& model = session.analysis.model;
-    DataResiduals residuals({set, model, listener}, session.analysis.par, set.ErrYpnt.span(1, set.NumPnt));
+    F.resize(static_cast<std::size_t>(points.NumPnt), 0);
+    DataResiduals residuals(problem(), par, points.ErrYpnt.span(1, points.NumPnt));
     worked = residuals.ComputeResiduals(X, F, sum);
   }
 };

@@ -25,7 +25,7 @@ TEST(FitData, LeavesValuesAndErrorsInTheParameterTables) {
   // By the formula of the directions; the exact errors are 0.0316 and 0.1049.
   EXPECT_NEAR(fit.error(1), 0.0316, 0.0316);
   EXPECT_NEAR(fit.error(2), 0.1049, 0.1049);
-  EXPECT_EQ(fit.session.analysis.par.FreeValues[1], fit.value(1));
+  EXPECT_EQ(fit.par.FreeValues[1], fit.value(1));
   EXPECT_EQ(result.M, 5);
   EXPECT_EQ(result.N, 2);
   EXPECT_EQ(result.degrees_of_freedom, 3);
@@ -36,7 +36,7 @@ TEST(FitData, LeavesValuesAndErrorsInTheParameterTables) {
   EXPECT_NEAR(*result.confidence_percent, 100 * tail, 1E-5);
   EXPECT_EQ(result.reason, "");
   EXPECT_EQ(result.correlation.size(), 2);
-  EXPECT_EQ(fit.session.ErrFlag, 0);
+  EXPECT_TRUE(fit.complete);
 }
 
 /// Hears of the work within iterations.
@@ -80,37 +80,26 @@ TEST(FitData, KeepsConstantParametersAndTheOrderOfTheFreeOnes) {
 }
 
 TEST(FitData, FitsACompositeOfTheCatalogue) {
-  Session session;
-  BuildCatalogue(session.loaded.catalogue);
-  choose(session, 2, 7);  // A exp(bx+c)
-  session.loaded.data.allocate(6, kFalse);
-  for (int j = 1; j <= 6; ++j) {
-    session.loaded.data.Xpnt[j] = j;
-    session.loaded.data.Ypnt[j] = 5 * std::exp(-0.3 * j + 0.5);
-    session.loaded.data.ErrYpnt[j] = 0.1;
-  }
-  session.analysis.par.ParValues[1] = -0.2;
-  session.analysis.par.ParValues[2] = 0.5;
-  session.analysis.par.ParValues[3] = 4;
-  session.analysis.par.ParDeltas[1] = 1;
-  session.analysis.par.ParDeltas[3] = 1;  // c is a constant: it cannot be told apart from A
-  classifyParameters(session);
-  ScriptedDialogs dialogs;
-  FitLog log;
-  FitData(session, dialogs, log);
-  EXPECT_NEAR(session.analysis.par.ParValues[1], -0.3, 1E-3);
-  EXPECT_EQ(session.analysis.par.ParValues[2], 0.5);
-  EXPECT_NEAR(session.analysis.par.ParValues[3], 5, 1E-2);
+  FitCase fit("x", "b,c,A");
+  fit.model = Model(2, 7);  // A exp(bx+c)
+  Values x, y;
+  for (int j = 1; j <= 6; ++j) x.push_back(j), y.push_back(5 * std::exp(-0.3 * j + 0.5));
+  fit.data(x, y, Values(6, 0.1));
+  fit.start({-0.2, 0.5, 4}, "c");  // which cannot be told apart from A
+  fit.fit();
+  EXPECT_NEAR(fit.value(1), -0.3, 1E-3);
+  EXPECT_EQ(fit.value(2), 0.5);
+  EXPECT_NEAR(fit.value(3), 5, 1E-2);
 }
 
 TEST(FitData, WritesTheLoweredAccuraciesBack) {
   FitCase fit = lineCase();
   fit.data(kFive, kLineY, kTenths);
   fit.start({1, 1});
-  fit.session.analysis.par.FreeSteps[1] = 0.5;
+  fit.par.FreeSteps[1] = 0.5;
   fit.fit();
-  EXPECT_LT(fit.session.analysis.par.FreeSteps[1], 0.5);
-  EXPECT_NEAR(fit.session.analysis.par.FreeSteps[1], fit.error(1) / 10, fit.error(1) / 20);
+  EXPECT_LT(fit.par.FreeSteps[1], 0.5);
+  EXPECT_NEAR(fit.par.FreeSteps[1], fit.error(1) / 10, fit.error(1) / 20);
 }
 
 TEST(FitData, StartsFromTheResultOfTheFitBefore) {
@@ -129,7 +118,7 @@ TEST(FitData, RunsOnceWithoutErrorsOfX) {
   fit.start({1, 1});
   fit.fit();
   EXPECT_THAT(fit.log.turns(), ElementsAre("start", "finish last"));
-  EXPECT_EQ(fit.session.loaded.data.kXpntErr, kFalse);
+  EXPECT_EQ(fit.points.kXpntErr, kFalse);
 }
 
 // ---- Errors of x ------------------------------------------------------------------------------------------
@@ -141,7 +130,7 @@ TEST(FitData, FitsTwiceWithEffectiveErrors) {
   fit.start({1, 1});
   const FitResult result = fit.fit();
   EXPECT_THAT(fit.log.turns(), ElementsAre("start", "finish", "start", "finish last"));
-  const DataSet& data = fit.session.loaded.data;
+  const DataSet& data = fit.points;
   for (int j = 1; j <= 5; ++j) {
     // The slope of the first fit is 1.99.
     EXPECT_NEAR(data.ErrEff[j], std::sqrt(0.01 + std::pow(dx[static_cast<std::size_t>(j) - 1] * 1.99, 2)),
@@ -168,9 +157,9 @@ TEST(FitData, TakesTheSlopeOverAHundredthOfTheRangeOnEachSide) {
   fit.data({0, 5, 10}, {0, 125, 1000}, {1, 1, 1}, {1, 1, 1});
   fit.start({1});
   fit.fit();
-  EXPECT_NEAR(fit.session.loaded.data.ErrEff[1], std::sqrt(1 + 0.01 * 0.01), 1E-9);
-  EXPECT_NEAR(fit.session.loaded.data.ErrEff[2], std::sqrt(1 + 75.01 * 75.01), 1E-6);
-  EXPECT_NEAR(fit.session.loaded.data.ErrEff[3], std::sqrt(1 + 300.01 * 300.01), 1E-6);
+  EXPECT_NEAR(fit.points.ErrEff[1], std::sqrt(1 + 0.01 * 0.01), 1E-9);
+  EXPECT_NEAR(fit.points.ErrEff[2], std::sqrt(1 + 75.01 * 75.01), 1E-6);
+  EXPECT_NEAR(fit.points.ErrEff[3], std::sqrt(1 + 300.01 * 300.01), 1E-6);
 }
 
 TEST(FitData, CountsTheComputationsOfBothFits) {
@@ -189,20 +178,19 @@ TEST(FitData, TakesTheErrorsOfYAsEffectiveWhenAllXAreEqual) {
   fit.start({1});
   const FitResult result = fit.fit();
   EXPECT_EQ(result.status, FitStatus::kCompleted);
-  for (int j = 1; j <= 3; ++j)
-    EXPECT_EQ(fit.session.loaded.data.ErrEff[j], fit.session.loaded.data.ErrYpnt[j]);
-  EXPECT_EQ(fit.session.loaded.data.kXpntErr, kTrue);
+  for (int j = 1; j <= 3; ++j) EXPECT_EQ(fit.points.ErrEff[j], fit.points.ErrYpnt[j]);
+  EXPECT_EQ(fit.points.kXpntErr, kTrue);
 }
 
 TEST(FitData, DoesNotFitTwiceWhenTheFirstFitFails) {
   FitCase fit("b*LOG(x)", "b");
   fit.data({1, 2, -1}, {1, 2, 3}, {1, 1, 1}, {1, 1, 1});
   fit.start({1});
-  fit.session.loaded.data.ErrEff[1] = 7;
+  fit.points.ErrEff[1] = 7;
   EXPECT_EQ(fit.fit().status, FitStatus::kFailed);
   EXPECT_THAT(fit.log.turns(), ElementsAre("start", "fail"));
-  EXPECT_EQ(fit.session.loaded.data.ErrEff[1], 7);
-  EXPECT_EQ(fit.session.loaded.data.kXpntErr, kTrue);
+  EXPECT_EQ(fit.points.ErrEff[1], 7);
+  EXPECT_EQ(fit.points.kXpntErr, kTrue);
 }
 
 TEST(FitData, PutsTheFlagOfXErrorsBackWhenTheSecondFitFails) {
@@ -212,7 +200,7 @@ TEST(FitData, PutsTheFlagOfXErrorsBackWhenTheSecondFitFails) {
   fit.start({1});
   const FitResult result = fit.fit();
   EXPECT_THAT(fit.log.turns(), ElementsAre("start", "finish", "start", "fail"));
-  EXPECT_EQ(fit.session.loaded.data.kXpntErr, kTrue);
+  EXPECT_EQ(fit.points.kXpntErr, kTrue);
   EXPECT_EQ(result.status, FitStatus::kFailed);
 }
 
@@ -238,7 +226,7 @@ TEST(FitData, RunsWithoutDegreesOfFreedom) {
   EXPECT_FALSE(result.reduced_chi_square.has_value());
   EXPECT_FALSE(result.confidence_percent.has_value());
   EXPECT_EQ(fit.log.progresses.back().confidence, 0) << "shown, without meaning";
-  EXPECT_EQ(fit.session.ErrFlag, -1);
+  EXPECT_FALSE(fit.complete);
 }
 
 TEST(FitData, HasTheConfidenceOfThousandsOfPointsWithoutABox) {
@@ -252,26 +240,16 @@ TEST(FitData, HasTheConfidenceOfThousandsOfPointsWithoutABox) {
   // A chi-square of 0.988 for each of the 1999 degrees of freedom.
   fit.data(x, y, Values(points, std::sqrt(2000 / (0.988 * 1999))));
   fit.start({0.25});
-  fit.session.analysis.par.FreeSteps[1] = 1E-3;
+  fit.par.FreeSteps[1] = 1E-3;
   const FitResult result = fit.fit();
   EXPECT_EQ(result.status, FitStatus::kCompleted);
   EXPECT_NEAR(*result.reduced_chi_square, 0.988, 1E-9);
   // The tail of the chi-square distribution, by Wilson and Hilferty.
   const double z = (std::cbrt(0.988) - (1 - 2 / (9 * 1999.0))) / std::sqrt(2 / (9 * 1999.0));
   EXPECT_NEAR(*result.confidence_percent, 50 * std::erfc(z / std::sqrt(2)), 0.01);
-  EXPECT_EQ(fit.session.ErrFlag, 0);
+  EXPECT_TRUE(fit.complete);
   ASSERT_FALSE(fit.log.progresses.empty());
   EXPECT_TRUE(fit.log.progresses[0].confidence.has_value()) << "the running figure too";
-}
-
-TEST(FitData, ShowsTheBoxOfTheGammaFunctionInTheModelOnce) {
-  FitCase fit("c*x+0*C_X2(800,800)", "c");
-  fit.data(kFive, kLineY, kTenths);
-  fit.start({1.5});
-  fit.dialogs.expectBox();
-  fit.fit();
-  EXPECT_EQ(fit.dialogs.boxes,
-            (std::vector<ScriptedDialogs::Box>{{"D_X2", "Errori nel Calcolo della Funzione"}}));
 }
 
 // ---- Events -----------------------------------------------------------------------------------------------

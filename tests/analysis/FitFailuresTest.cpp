@@ -23,7 +23,7 @@ TEST(FitData, TellsOfAParameterWithoutEffectByItsFreeNumber) {
   EXPECT_EQ(result.status, FitStatus::kFailed);
   EXPECT_EQ(result.failure.end, MinimiseEnd::kNoEffect);
   EXPECT_NE(result.reason, "");
-  EXPECT_EQ(fit.session.ErrFlag, -1);
+  EXPECT_FALSE(fit.complete);
   EXPECT_THAT(fit.log.turns(), ElementsAre("start", "fail"));
 }
 
@@ -35,14 +35,14 @@ TEST(FitData, GivesTheOldValuesBackWhenAParameterHasNoEffect) {
   EXPECT_EQ(fit.value(1), 1);
   EXPECT_EQ(fit.value(2), 7);
   EXPECT_EQ(fit.error(2), 1);
-  EXPECT_EQ(fit.session.analysis.par.FreeValues[2], 7);
+  EXPECT_EQ(fit.par.FreeValues[2], 7);
 }
 
 TEST(FitData, TellsTheSameOfAParameterThatIsZeroWithAccuracyZero) {
   FitCase fit = failingLine();
   fit.data(kFive, kLineY, kTenths);
   fit.start({1, 0});
-  fit.session.analysis.par.FreeSteps[2] = 0;
+  fit.par.FreeSteps[2] = 0;
   EXPECT_EQ(fit.fit().failure.parameter, 2);
 }
 
@@ -54,7 +54,7 @@ TEST(FitData, EndsSilentlyOnADomainErrorAtTheLastPoint) {
   EXPECT_EQ(result.status, FitStatus::kFailed);
   EXPECT_EQ(result.failure.end, MinimiseEnd::kResidualsFailed);
   EXPECT_EQ(result.evaluations, 1);
-  EXPECT_EQ(fit.session.ErrFlag, -1);
+  EXPECT_FALSE(fit.complete);
   EXPECT_EQ(fit.value(1), 2);
   EXPECT_THAT(fit.log.events, ElementsAre("start", "fail"));
 }
@@ -75,7 +75,7 @@ TEST(FitData, GoesOnAfterADomainErrorInTheMiddle) {
   fit.start({1});
   const FitResult result = fit.fit();
   EXPECT_NE(result.status, FitStatus::kFailed);
-  EXPECT_EQ(fit.session.ErrFlag, 0);
+  EXPECT_TRUE(fit.complete);
 }
 
 TEST(FitData, LeavesOutAPointInTheMiddleWithoutError) {
@@ -94,29 +94,20 @@ TEST(FitData, EndsSilentlyWhenTheLastPointHasNoError) {
   fit.data({1, 2, 3}, {1, 2, 3}, {0.1, 0.1, 0});
   fit.start({0.5, 0.5});
   EXPECT_EQ(fit.fit().failure.end, MinimiseEnd::kResidualsFailed);
-  EXPECT_EQ(fit.session.ErrFlag, -1);
+  EXPECT_FALSE(fit.complete);
 }
 
 TEST(FitData, EndsSilentlyWhenParametersCannotBeToldApart) {
   FitCase fit("a+b", "a,b");
   fit.data({1, 2, 3, 4}, {1, 2, 3, 4}, {1, 1, 1, 1});
   fit.start({1, 2});
-  fit.session.analysis.par.FreeSteps[1] = 0.5;
-  fit.session.analysis.par.FreeSteps[2] = 0.5;
+  fit.par.FreeSteps[1] = 0.5;
+  fit.par.FreeSteps[2] = 0.5;
   const FitResult result = fit.fit();
   EXPECT_EQ(result.failure.end, MinimiseEnd::kIndistinguishable);
-  EXPECT_EQ(fit.session.ErrFlag, -1);
+  EXPECT_FALSE(fit.complete);
   EXPECT_EQ(fit.value(1), 1);
   EXPECT_EQ(fit.value(2), 2);
-}
-
-TEST(FitData, ClearsTheErrorFlagAtItsStart) {
-  FitCase fit = failingLine();
-  fit.data(kFive, kLineY, kTenths);
-  fit.start({1, 1});
-  fit.session.ErrFlag = kCancelled;
-  fit.fit();
-  EXPECT_EQ(fit.session.ErrFlag, 0);
 }
 
 TEST(FitData, EndsSilentlyWithErrorsThatAreNotFinite) {
@@ -129,11 +120,11 @@ TEST(FitData, EndsSilentlyWithErrorsThatAreNotFinite) {
   EXPECT_EQ(result.failure.end, MinimiseEnd::kErrorsNotFinite);
   EXPECT_EQ(result.reason, "errori non finiti");
   EXPECT_FALSE(result.reduced_chi_square.has_value());
-  EXPECT_EQ(fit.session.ErrFlag, -1);
-  EXPECT_EQ(fit.value(1), fit.session.analysis.par.FreeValues[1]);
+  EXPECT_FALSE(fit.complete);
+  EXPECT_EQ(fit.value(1), fit.par.FreeValues[1]);
   EXPECT_NE(fit.value(1), 1E10) << "the value tried last";
   EXPECT_EQ(fit.error(1), 1) << "what it held";
-  EXPECT_EQ(fit.session.loaded.data.kXpntErr, kTrue);
+  EXPECT_EQ(fit.points.kXpntErr, kTrue);
 }
 
 // ---- Any problem ------------------------------------------------------------------------------------------
@@ -169,20 +160,20 @@ TEST(FitData, EndsWithFiniteNumbersWhateverTheProblem) {
     }
     fit.data(x, y, dy, dx);
     Values start;
-    for (int i = 0; i < fit.session.analysis.par.ParCount; ++i) start.push_back(numbers.next());
+    for (int i = 0; i < fit.par.ParCount; ++i) start.push_back(numbers.next());
     fit.start(start);
     const FitResult result = fit.fit();
-    EXPECT_EQ(fit.session.loaded.data.kXpntErr, toFlag(k % 3 == 0));
+    EXPECT_EQ(fit.points.kXpntErr, toFlag(k % 3 == 0));
     EXPECT_LE(result.evaluations, 2 * 4 * 1003);
     EXPECT_TRUE(std::isfinite(result.chi_square)) << k;
     if (result.status == FitStatus::kFailed) {
       ++failures;
-      EXPECT_NE(fit.session.ErrFlag, 0) << k;
+      EXPECT_FALSE(fit.complete) << k;
       EXPECT_NE(result.reason, "");
       continue;
     }
     ++completions;
-    for (int i = 1; i <= fit.session.analysis.par.ParCount; ++i) {
+    for (int i = 1; i <= fit.par.ParCount; ++i) {
       EXPECT_TRUE(std::isfinite(fit.value(i)) && std::isfinite(fit.error(i))) << k << ' ' << formula;
     }
   }

@@ -3,16 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "analysis/Fit.h"
 #include "analysis/LinearisedErrors.h"
-#include "base/Text.h"
-#include "commands/ExhaustedBox.h"
-#include "commands/FitCommand.h"
-#include "commands/FunctionChoice.h"
-#include "commands/ParameterCommands.h"
-#include "doubles/Choices.h"
-#include "doubles/Doubles.h"
-#include "doubles/ScriptedDialogs.h"
-#include "expr/Catalogue.h"
+#include "tests/analysis/ModelFixture.h"
 
 namespace vk {
 
@@ -47,53 +40,55 @@ struct FitLog : FitObserver {
   }
 };
 
-/// A session with a formula as its model, as if loaded from a function file, and data.
+/// A formula as the model, and data.
 struct FitCase {
-  Session session;
-  ScriptedDialogs dialogs;
+  Model model;
+  ParameterSet par;
+  DataSet points;
+  NoListener listener;
   FitLog log;
+  bool complete = false;  ///< what the fit said last
 
   /// `names` is the comma list of the parameters.
-  FitCase(const std::string& formula, const std::string& names) {
-    BuildCatalogue(session.loaded.catalogue);
-    session.loaded.catalogue.file.entries.push_back({names, formula, formula});
-    loadFunction(session, 1);
-    choose(session, kBuiltInInner + 1, 1);
-  }
+  FitCase(const std::string& formula, const std::string& names)
+      : model(modelOf(formula, names)), par(parametersOf(splitItems(names))) {}
 
   void data(const std::vector<double>& x, const std::vector<double>& y, const std::vector<double>& dy,
             const std::vector<double>& dx = {}) {
-    DataSet& set = session.loaded.data;
-    set.allocate(static_cast<int>(x.size()), toFlag(!dx.empty()));
-    for (int j = 1; j <= set.NumPnt; ++j) {
+    points.allocate(static_cast<int>(x.size()), toFlag(!dx.empty()));
+    for (int j = 1; j <= points.NumPnt; ++j) {
       const auto from = static_cast<std::size_t>(j) - 1;
-      set.Xpnt[j] = x[from];
-      set.Ypnt[j] = y[from];
-      set.ErrYpnt[j] = dy[from];
-      if (!dx.empty()) set.ErrXpnt[j] = dx[from];
+      points.Xpnt[j] = x[from];
+      points.Ypnt[j] = y[from];
+      points.ErrYpnt[j] = dy[from];
+      if (!dx.empty()) points.ErrXpnt[j] = dx[from];
     }
-    session.loaded.DataDefined = kTrue;
   }
 
   /// Starting values of all parameters; `constant` names those that stay, separated by commas.
   void start(const std::vector<double>& values, const std::string& constant = "") {
-    ParameterSet& par = session.analysis.par;
     for (int i = 1; i <= par.ParCount; ++i) {
       par.ParValues[i] = values[static_cast<std::size_t>(i) - 1];
       par.ParDeltas[i] = position("," + constant + ",", "," + par.name(i) + ",") > 0 ? 0 : 1;
     }
-    classifyParameters(session);
+    classifyParameters(par);
   }
 
+  FitProblem problem() { return {points, model, listener}; }
+  /// Fits, and goes on from there.
   FitResult fit() { return fit(log); }
-  FitResult fit(FitObserver& observer) { return FitData(session, dialogs, observer); }
-  std::optional<Array<double>> linearised(double chiSquare) {
-    ExhaustedBox listener(session, dialogs);
-    Model& model = session.analysis.model;
-    return linearisedErrors({session.loaded.data, model, listener}, session.analysis.par, chiSquare);
+  FitResult fit(FitObserver& observer) {
+    FitResult result = FitData(problem(), par, observer);
+    par = result.par;
+    if (result.ErrEff.upper() >= 0) points.ErrEff = result.ErrEff;
+    complete = result.complete();
+    return result;
   }
-  double value(int i) const { return session.analysis.par.ParValues[i]; }
-  double error(int i) const { return session.analysis.par.ParDeltas[i]; }
+  std::optional<Array<double>> linearised(double chiSquare) {
+    return linearisedErrors(problem(), par, chiSquare);
+  }
+  double value(int i) const { return par.ParValues[i]; }
+  double error(int i) const { return par.ParDeltas[i]; }
 };
 
 }  // namespace vk

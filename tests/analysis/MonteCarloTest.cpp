@@ -1,20 +1,20 @@
 #include "analysis/MonteCarlo.h"
-#include "commands/ExhaustedBox.h"
 #include "commands/RandomSource.h"
 
 #include <cmath>
 #include <functional>
 
-#include "tests/analysis/PropagationHelp.h"
+#include "doubles/Doubles.h"
+#include "tests/analysis/ModelFixture.h"
 
 namespace vk {
 namespace {
 
 /// y = c around 0; the errors of c are told by the random numbers.
-class MonteCarloTest : public PropagationTest {
+class MonteCarloTest : public ModelTest {
  protected:
   MonteCarloTest() {
-    choose(session, 1, 1);
+    loadConstant();
     set(0, 0, 0);
   }
   /// The number that makes a maximum error of 32 this deviation.
@@ -27,9 +27,8 @@ class MonteCarloTest : public PropagationTest {
     return sample(std::make_unique<CyclingRandom>(numbers));
   }
   bool sample(std::unique_ptr<Random> random) {
-    Model& model = session.analysis.model;
     RandomSource source(*random);
-    MonteCarlo simulation(model, session.analysis.par, source, listener);
+    MonteCarlo simulation(model, par, source, listener);
     simulation.setUpBins({.F0 = 0, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 10});
     end = simulation.run([this](const SampleStatistics& samples) { told.push_back(samples); });
     histogram = simulation.histogram();
@@ -43,7 +42,6 @@ class MonteCarloTest : public PropagationTest {
     return sum;
   }
 
-  ExhaustedBox listener{session, dialogs};
   std::vector<SampleStatistics> told;
   MonteCarlo::End end = MonteCarlo::End::kCompleted;
   MonteCarloResult histogram;
@@ -125,9 +123,8 @@ TEST_F(MonteCarloTest, TheNumberOfABinHasSixteenBits) {
 TEST_F(MonteCarloTest, WithoutAnyWidthTheRunEndsForThat) {
   set(1, 7, 0);
   CyclingRandom random({0.25F});
-  Model& model = session.analysis.model;
   RandomSource source(random);
-  MonteCarlo simulation(model, session.analysis.par, source, listener);
+  MonteCarlo simulation(model, par, source, listener);
   simulation.setUpBins({.F0 = 7, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 0});
   EXPECT_EQ(random.drawn, 2 * 200);
   EXPECT_EQ(simulation.run([](const SampleStatistics&) { FAIL(); }), MonteCarlo::End::kNoWidth);
@@ -144,9 +141,8 @@ TEST_F(MonteCarloTest, AFailedEvaluationAmongBinsOfSomeWidthIsAnotherFailure) {
 TEST_F(MonteCarloTest, FailuresWhileTheBinsAreSetUpAreForgotten) {
   set(1, 0, -1);
   CyclingRandom random({0.25F});
-  Model& model = session.analysis.model;
   RandomSource source(random);
-  MonteCarlo simulation(model, session.analysis.par, source, listener);
+  MonteCarlo simulation(model, par, source, listener);
   simulation.setUpBins({.F0 = -1.7E308, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 1E307});
   EXPECT_EQ(simulation.run([](const SampleStatistics&) {}), MonteCarlo::End::kCompleted);
 }

@@ -161,14 +161,14 @@ class Nist : public testing::TestWithParam<Problem> {
   static void load(FitCase& fit) {
     SystemFiles files;
     const std::string name = sourcePath("tests/analysis/nist/" + GetParam().name + ".DAT");
-    LoadDataFile(fit.session.loaded, name, readData(files, name).data);
+    fit.points = readData(files, name).data;
   }
 
   /// The linearised errors are `scale` times the certified deviations.
   static void expectErrors(FitCase& fit, double chiSquare, double scale) {
     const auto errors = fit.linearised(chiSquare);
     ASSERT_TRUE(errors.has_value()) << scale;
-    for (int i = 1; i <= fit.session.analysis.par.ParCount; ++i) {
+    for (int i = 1; i <= fit.par.ParCount; ++i) {
       const double expected = scale * GetParam().deviations[static_cast<std::size_t>(i) - 1];
       EXPECT_NEAR((*errors)[i] / expected, 1, 1E-5) << i << " of " << scale;
     }
@@ -181,9 +181,9 @@ class Nist : public testing::TestWithParam<Problem> {
     fit.start(start);
     const FitResult result = fit.fit();
     if (result.status == FitStatus::kFailed) return false;
-    const int freedom = problem.points - fit.session.analysis.par.ParCount;
+    const int freedom = problem.points - fit.par.ParCount;
     bool reached = std::abs(result.chi_square / freedom - 1) < 1E-4;
-    for (int i = 1; i <= fit.session.analysis.par.ParCount; ++i) {
+    for (int i = 1; i <= fit.par.ParCount; ++i) {
       const auto at = static_cast<std::size_t>(i) - 1;
       reached = reached && std::abs(fit.value(i) - problem.certified[at]) < 0.05 * problem.deviations[at];
     }
@@ -207,10 +207,10 @@ TEST_P(Nist, HasTheCertifiedDeviationsAsLinearisedErrors) {
   FitCase fit(problem.formula, problem.names);
   load(fit);
   fit.start(problem.certified);
-  for (int i = 1; i <= fit.session.analysis.par.ParCount; ++i) {
-    fit.session.analysis.par.ParDeltas[i] = 2 * problem.deviations[static_cast<std::size_t>(i) - 1];
+  for (int i = 1; i <= fit.par.ParCount; ++i) {
+    fit.par.ParDeltas[i] = 2 * problem.deviations[static_cast<std::size_t>(i) - 1];
   }
-  expectErrors(fit, problem.points - fit.session.analysis.par.ParCount, 1);
+  expectErrors(fit, problem.points - fit.par.ParCount, 1);
 }
 
 // Without errors of their own the points get 1 each, which may be far above their scatter or below it.
@@ -219,14 +219,14 @@ TEST_P(Nist, HasTheCertifiedDeviationsWhateverTheErrorsOfThePointsAreSaidToBe) {
   for (const double points : {1E-8, 1.0, 1E8}) {
     FitCase fit(problem.formula, problem.names);
     load(fit);
-    const double scatter = fit.session.loaded.data.ErrYpnt[1];
-    for (int j = 1; j <= problem.points; ++j) fit.session.loaded.data.ErrYpnt[j] = points;
+    const double scatter = fit.points.ErrYpnt[1];
+    for (int j = 1; j <= problem.points; ++j) fit.points.ErrYpnt[j] = points;
     fit.start(problem.certified);
     const double scale = points / scatter;
-    for (int i = 1; i <= fit.session.analysis.par.ParCount; ++i) {
-      fit.session.analysis.par.ParDeltas[i] = 2 * scale * problem.deviations[static_cast<std::size_t>(i) - 1];
+    for (int i = 1; i <= fit.par.ParCount; ++i) {
+      fit.par.ParDeltas[i] = 2 * scale * problem.deviations[static_cast<std::size_t>(i) - 1];
     }
-    expectErrors(fit, (problem.points - fit.session.analysis.par.ParCount) / (scale * scale), scale);
+    expectErrors(fit, (problem.points - fit.par.ParCount) / (scale * scale), scale);
   }
 }
 

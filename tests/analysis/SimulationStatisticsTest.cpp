@@ -1,12 +1,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "analysis/LinearisedErrors.h"
-#include "commands/SimulationCommand.h"
-#include "doubles/TestPorts.h"
+#include "analysis/Propagation.h"
+#include "analysis/Simulation.h"
+#include "commands/RandomSource.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/analysis/FitFixture.h"
-#include "tests/analysis/PropagationHelp.h"
 
 namespace vk {
 namespace {
@@ -65,28 +64,24 @@ struct Study {
   std::vector<double> confidence;          ///< 0..1
 };
 
-Study study(FitCase model, const std::vector<double>& truth, const std::vector<std::string>& settings) {
-  Session& session = model.session;
-  session.input.InpValues.dim(static_cast<int>(settings.size()));
-  std::ranges::copy(settings, session.input.InpValues.span(1, 7).begin());
-  RecordingMainWindow window;
+Study study(FitCase model, const std::vector<double>& truth, const SimulationSettings& settings) {
   SystemRandom random;
   random.seed(1);
+  RandomSource source(random);
   Study result;
   result.pulls.resize(truth.size());
   for (int i = 0; i < kDataSets; ++i) {
     model.start(truth);
-    SimulateData(session, TestPorts(model.dialogs, window, random), [&] {
-      const FitResult fit = model.fit();
-      const auto errors = model.linearised(fit.chi_square);
-      ASSERT_NE(fit.status, FitStatus::kFailed);
-      ASSERT_TRUE(errors && fit.confidence_percent);
-      result.confidence.push_back(*fit.confidence_percent / 100);
-      for (std::size_t k = 0; k < truth.size(); ++k) {
-        const int parameter = static_cast<int>(k) + 1;
-        result.pulls[k].push_back((model.value(parameter) - truth[k]) / (*errors)[parameter]);
-      }
-    });
+    model.points = simulate(settings, model.model, model.par, source, model.listener).data;
+    scatterStart(model.par, source);
+    const FitResult fit = model.fit();
+    const auto errors = model.linearised(fit.chi_square);
+    if (fit.status == FitStatus::kFailed || !errors || !fit.confidence_percent) continue;
+    result.confidence.push_back(*fit.confidence_percent / 100);
+    for (std::size_t k = 0; k < truth.size(); ++k) {
+      const int parameter = static_cast<int>(k) + 1;
+      result.pulls[k].push_back((model.value(parameter) - truth[k]) / (*errors)[parameter]);
+    }
   }
   return result;
 }
@@ -101,11 +96,11 @@ void expectFair(const Study& study) {
 }
 
 TEST(SimulatedData, FitsOfAStraightLineFindTheTruthWithinTheirErrors) {
-  expectFair(study({"b*x+c", "b,c"}, {2, 1}, {"0", "10", "11", ".5", "1", "0", "0"}));
+  expectFair(study({"b*x+c", "b,c"}, {2, 1}, {0, 10, 11, .5, 1, 0, 0}));
 }
 
 TEST(SimulatedData, FitsOfABellCurveFindTheTruthWithinTheirErrors) {
-  expectFair(study({"A*EXP(-((x-m)/s)^2/2)", "A,m,s"}, {100, 5, 1.2}, {"0", "10", "41", "3", "1", "0", "0"}));
+  expectFair(study({"A*EXP(-((x-m)/s)^2/2)", "A,m,s"}, {100, 5, 1.2}, {0, 10, 41, 3, 1, 0, 0}));
 }
 
 // ---- Samples of a propagation ------------------------------------------------------------------------------
@@ -113,18 +108,19 @@ TEST(SimulatedData, FitsOfABellCurveFindTheTruthWithinTheirErrors) {
 constexpr int kSeeds = 5;
 
 /// y = bx+c at x = 3 with b = 2 and c = 1, for which the analytic error is the true one.
-class LinearPropagation : public PropagationTest {
+class LinearPropagation : public ModelTest, PropagationObserver {
  protected:
   /// `kurtosis` is the fourth moment of the result over the square of its variance.
   void expectAgreement(double errorX, double errorB, double errorC, double kurtosis) {
-    choose(session, 2, 1);
+    loadLine();
     for (int seed = 1; seed <= kSeeds; ++seed) {
       set(0, 3, errorX);
       set(1, 2, errorB);
       set(2, 1, errorC);
-      clock.now = static_cast<float>(seed);
       SystemRandom random;
-      const PropagationResult result = propagate(random);
+      random.seed(static_cast<float>(seed));
+      RandomSource source(random);
+      const PropagationResult result = PropagateErrors(model, par, source, listener, *this);
       const double sigma = result.analytic.ErrorSigma;
       const double n = result.samples.count;
       EXPECT_NEAR(result.samples.mean, 7, 3 * sigma / std::sqrt(n)) << "seed " << seed;
@@ -133,6 +129,11 @@ class LinearPropagation : public PropagationTest {
       EXPECT_DOUBLE_EQ(result.samples.meanError, result.samples.spread / 100);
     }
   }
+
+ private:
+  void derived(const AnalyticErrors&) override {}
+  void simulationBegins() override {}
+  void sampled(const SampleStatistics&) override {}
 };
 
 TEST_F(LinearPropagation, TheSpreadOfANormalErrorIsTheAnalyticOne) {

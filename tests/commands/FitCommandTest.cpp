@@ -3,7 +3,7 @@
 #include "commands/DisplayRefresh.h"
 #include "commands/ParameterCommands.h"
 #include "doubles/TestPorts.h"
-#include "tests/analysis/PropagationHelp.h"
+#include "tests/commands/PropagationHelp.h"
 
 namespace vk {
 namespace {

@@ -1,7 +1,8 @@
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "commands/FitScreen.h"
+#include "commands/FitCommand.h"
 #include "doubles/Doubles.h"
+#include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
 #include "doubles/TestPorts.h"
 #include "tests/analysis/FitFixture.h"
@@ -12,12 +13,21 @@ namespace {
 
 /// A fit as the menu runs it.
 struct FitOnScreen : FitCase {
+  Session session;
+  ScriptedDialogs dialogs;
   RecordingMainWindow window;
   RecordingOutput output;
   StillClock clock;
 
   using FitCase::FitCase;
-  void run() { MenAdaAda(session, TestPorts(dialogs, window, output, clock)); }
+  void run() { run(output); }
+  void run(OutputWindow& shown) {
+    session.loaded.data = points;
+    session.loaded.DataDefined = session.analysis.FunDefined = session.analysis.ParVar = kTrue;
+    session.analysis.model = model;
+    session.analysis.par = par;
+    MenAdaAda(session, TestPorts(dialogs, window, shown, clock));
+  }
   std::string screen() const { return output.grid().toUtf8(); }
 };
 
@@ -75,6 +85,28 @@ TEST(FitOnScreen, TellsOfAParameterWithoutEffectInABoxByItsFreeNumber) {
   EXPECT_FALSE(fit.output.isOpen());
 }
 
+TEST(FitOnScreen, ShowsTheBoxOfTheGammaFunctionInTheModelOnce) {
+  FitOnScreen fit("c*x+0*C_X2(800,800)", "c");
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1.5});
+  fit.dialogs.expectBox();
+  fit.run();
+  EXPECT_EQ(fit.dialogs.boxes,
+            (std::vector<ScriptedDialogs::Box>{{"D_X2", "Errori nel Calcolo della Funzione"}}));
+}
+
+TEST(FitOnScreen, ClearsTheErrorFlagOrSetsIt) {
+  FitOnScreen fit = straightLine();
+  fit.data(kFive, kLineY, kTenths);
+  fit.start({1, 1});
+  fit.session.ErrFlag = kCancelled;
+  fit.run();
+  EXPECT_EQ(fit.session.ErrFlag, 0);
+  fit.data({1, 2}, {3, 5}, {0.1, 0.1});
+  fit.run();
+  EXPECT_EQ(fit.session.ErrFlag, -1) << "there is no degree of freedom";
+}
+
 // ---- Window and clock --------------------------------------------------------------------------------------
 
 /// Looks at the main window, or moves the clock, whenever the screen is drawn.
@@ -97,7 +129,7 @@ TEST(FitOnScreen, ShutsTheMainWindowWhileItRuns) {
   WatchedOutput output;
   bool alwaysShut = true;
   output.opening = output.refreshing = [&] { alwaysShut = alwaysShut && !fit.window.enabled; };
-  MenAdaAda(fit.session, TestPorts(fit.dialogs, fit.window, output, fit.clock));
+  fit.run(output);
   EXPECT_TRUE(alwaysShut);
   EXPECT_TRUE(fit.window.enabled);
 }
@@ -111,7 +143,7 @@ TEST(FitOnScreen, OpensTheMainWindowOnAnUnguardedError) {
   output.opening = [&] {
     if (++starts == 2) throw RuntimeError(kOverflow);
   };
-  EXPECT_THROW(MenAdaAda(fit.session, TestPorts(fit.dialogs, fit.window, output, fit.clock)), RuntimeError);
+  EXPECT_THROW(fit.run(output), RuntimeError);
   EXPECT_TRUE(fit.window.enabled);
   EXPECT_EQ(fit.session.loaded.data.kXpntErr, kTrue);
 }
@@ -123,7 +155,7 @@ TEST(FitOnScreen, CountsWholeSecondsFromTheStartOfEachOfTheTwoFits) {
   WatchedOutput output;
   output.opening = [&] { fit.clock.now += 100; };  // drawing the screen does not count
   output.refreshing = [&] { fit.clock.now += 1.75F; };
-  MenAdaAda(fit.session, TestPorts(fit.dialogs, fit.window, output, fit.clock));
+  fit.run(output);
   int starts = 0, inFit = 0;
   for (const CharGrid& shown : output.refreshed) {
     const std::string seconds = mid(shown.rowText(6), 3, 9);

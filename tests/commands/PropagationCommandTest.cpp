@@ -6,7 +6,7 @@
 #include "commands/ParameterCommands.h"
 #include "doubles/TestPorts.h"
 #include "platform/system/SystemRandom.h"
-#include "tests/analysis/PropagationHelp.h"
+#include "tests/commands/PropagationHelp.h"
 
 namespace vk {
 namespace {

@@ -6,7 +6,7 @@
 #include "data/DataFiles.h"
 #include "doubles/ErrorOf.h"
 #include "platform/system/SystemRandom.h"
-#include "tests/analysis/PropagationHelp.h"
+#include "tests/commands/PropagationHelp.h"
 
 namespace vk {
 namespace {

@@ -7,8 +7,8 @@
 #include "doubles/ErrorOf.h"
 #include "doubles/TestPorts.h"
 #include "platform/system/SystemRandom.h"
-#include "tests/analysis/PropagationHelp.h"
 #include "tests/commands/FormText.h"
+#include "tests/commands/PropagationHelp.h"
 
 namespace vk {
 namespace {

@@ -1,4 +1,5 @@
 #include "commands/StartUp.h"
+#include "session/Session.h"
 
 #include "session/Session.h"
 

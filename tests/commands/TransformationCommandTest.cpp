@@ -7,8 +7,8 @@
 #include "doubles/EvaluateFunction.h"
 #include "doubles/TestPorts.h"
 #include "expr/Compiler.h"
-#include "tests/analysis/PropagationHelp.h"
 #include "tests/commands/FormText.h"
+#include "tests/commands/PropagationHelp.h"
 
 namespace vk {
 namespace {

@@ -1,4 +1,4 @@
-#include "session/ParameterSet.h"
+#include "analysis/ParameterSet.h"
 
 #include <algorithm>
 #include <cmath>

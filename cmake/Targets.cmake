@@ -43,10 +43,10 @@ function(vor_library name)
 endfunction()
 
 # vor_test(name [LIBRARIES library ...] [LIBS target ...] [WITHOUT file ...] [SHARES n]): one test program from
-# tests/<name>/*.cpp, run in n shares.
+# tests/<name>/**/*.cpp, run in n shares.
 function(vor_test name)
   cmake_parse_arguments(TEST "" "SHARES" "LIBRARIES;LIBS;WITHOUT" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
   foreach(file ${TEST_WITHOUT})
     list(REMOVE_ITEM sources ${CMAKE_CURRENT_SOURCE_DIR}/${name}/${file})
   endforeach()

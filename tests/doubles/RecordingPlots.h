@@ -6,7 +6,7 @@
 
 #include "base/RuntimeError.h"
 #include "gral/PlotWindows.h"
-#include "gral/RecorderDevice.h"
+#include "gral/sinks/RecorderDevice.h"
 
 namespace vk {
 

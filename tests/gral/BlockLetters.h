@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gral/RasterSink.h"
+#include "gral/sinks/RasterSink.h"
 
 namespace vk {
 

@@ -5,7 +5,7 @@
 #include <random>
 
 #include "base/RuntimeError.h"
-#include "gral/RecorderDevice.h"
+#include "gral/sinks/RecorderDevice.h"
 
 namespace vk {
 namespace {

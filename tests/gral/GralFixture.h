@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "gral/LineWriter.h"
 #include "gral/NominalScreen.h"
 #include "gral/Plotting.h"
-#include "gral/RecorderDevice.h"
+#include "gral/sinks/LineWriter.h"
+#include "gral/sinks/RecorderDevice.h"
 
 namespace vk {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "gral/LineWriter.h"
+#include "gral/sinks/LineWriter.h"
 
 namespace vk {
 

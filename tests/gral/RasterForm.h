@@ -2,7 +2,7 @@
 
 #include "BlockLetters.h"
 #include "gral/Device.h"
-#include "gral/RasterSink.h"
+#include "gral/sinks/RasterSink.h"
 
 namespace vk {
 

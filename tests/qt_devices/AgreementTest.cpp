@@ -12,7 +12,7 @@
 #include "DevicesFixture.h"
 #include "VectorReader.h"
 #include "docs/gallery/Sheets.h"
-#include "gral/FloodPictures.h"
+#include "gral/sinks/FloodPictures.h"
 #include "ui/qt/devices/PainterSink.h"
 
 namespace vk {

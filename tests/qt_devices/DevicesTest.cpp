@@ -6,7 +6,7 @@
 #include "DevicesFixture.h"
 #include "VectorReader.h"
 #include "base/RuntimeError.h"
-#include "gral/FloodPictures.h"
+#include "gral/sinks/FloodPictures.h"
 #include "ui/qt/devices/PainterSink.h"
 #include "ui/qt/devices/PrinterDevice.h"
 #include "ui/qt/devices/ScreenDevice.h"

@@ -5,7 +5,7 @@
 #include <numbers>
 
 #include "DevicesFixture.h"
-#include "gral/FloodPictures.h"
+#include "gral/sinks/FloodPictures.h"
 
 namespace vk {
 namespace {

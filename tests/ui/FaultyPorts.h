@@ -8,7 +8,7 @@
 #include "doubles/RecordingEditorForm.h"
 #include "gral/NominalScreen.h"
 #include "gral/PlotWindows.h"
-#include "gral/RecorderDevice.h"
+#include "gral/sinks/RecorderDevice.h"
 #include "platform/FunctionForms.h"
 #include "platform/InputForm.h"
 #include "session/Session.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "gral/Device.h"
-#include "gral/RasterSink.h"
+#include "gral/sinks/RasterSink.h"
 #include "ui/qt/devices/QtLetters.h"
 
 namespace vk {

@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "base/CodePage.h"
-#include "gral/Hatch.h"
-#include "gral/PictureBoxes.h"
+#include "gral/sinks/Hatch.h"
+#include "gral/sinks/PictureBoxes.h"
 #include "ui/qt/devices/QtPicture.h"
 
 namespace vk {

@@ -5,7 +5,7 @@
 #include <QPdfWriter>
 
 #include "base/RuntimeError.h"
-#include "gral/FloodPictures.h"
+#include "gral/sinks/FloodPictures.h"
 #include "ui/qt/devices/PainterSink.h"
 
 namespace vk {

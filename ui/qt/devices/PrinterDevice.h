@@ -1,7 +1,7 @@
 #pragma once
 
 #include "gral/Device.h"
-#include "gral/DisplayList.h"
+#include "gral/sinks/DisplayList.h"
 #include "ui/qt/devices/QtLetters.h"
 
 class QPainter;

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "gral/RasterSink.h"
+#include "gral/sinks/RasterSink.h"
 
 namespace vk {
 

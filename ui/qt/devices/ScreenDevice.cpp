@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "gral/FloodPictures.h"
+#include "gral/sinks/FloodPictures.h"
 #include "ui/qt/devices/VectorDevice.h"
 
 namespace vk {

@@ -3,9 +3,9 @@
 #include <functional>
 
 #include "gral/Device.h"
-#include "gral/DisplayList.h"
-#include "gral/RasterSink.h"
-#include "gral/TeeSink.h"
+#include "gral/sinks/DisplayList.h"
+#include "gral/sinks/RasterSink.h"
+#include "gral/sinks/TeeSink.h"
 #include "ui/qt/devices/QtLetters.h"
 
 namespace vk {

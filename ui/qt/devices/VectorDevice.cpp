@@ -5,8 +5,8 @@
 #include <QPdfWriter>
 
 #include "base/RuntimeError.h"
-#include "gral/FloodPictures.h"
-#include "gral/SvgWriter.h"
+#include "gral/sinks/FloodPictures.h"
+#include "gral/sinks/SvgWriter.h"
 #include "ui/qt/devices/PainterSink.h"
 
 namespace vk {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "gral/Device.h"
-#include "gral/DisplayList.h"
+#include "gral/sinks/DisplayList.h"
 #include "ui/qt/devices/QtLetters.h"
 
 namespace vk {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "gral/DisplayList.h"
-#include "gral/RasterSink.h"
+#include "gral/sinks/DisplayList.h"
+#include "gral/sinks/RasterSink.h"
 
 namespace vk {
 

@@ -1,4 +1,4 @@
-#include "gral/Raster.h"
+#include "gral/sinks/Raster.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,7 @@
 #include <numbers>
 #include <random>
 
-#include "RasterForm.h"
+#include "gral/RasterForm.h"
 
 namespace vk {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "gral/Device.h"
-#include "gral/DisplayList.h"
+#include "gral/sinks/DisplayList.h"
 
 namespace vk {
 

@@ -1,4 +1,4 @@
-#include "gral/Hatch.h"
+#include "gral/sinks/Hatch.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
-#include "gral/DisplayList.h"
+#include "gral/sinks/DisplayList.h"
 
-#include "gral/LineWriter.h"
+#include "gral/sinks/LineWriter.h"
 
 namespace vk {
 namespace {

@@ -1,4 +1,4 @@
-#include "gral/LineWriter.h"
+#include "gral/sinks/LineWriter.h"
 
 #include "base/NumberText.h"
 #include "base/Rounding.h"

@@ -1,4 +1,4 @@
-#include "gral/PictureBoxes.h"
+#include "gral/sinks/PictureBoxes.h"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
-#include "gral/FloodRims.h"
+#include "gral/sinks/FloodRims.h"
 
 #include <algorithm>
 #include <set>
 
 #include "gral/ObserverDevice.h"
-#include "gral/TeeSink.h"
+#include "gral/sinks/TeeSink.h"
 
 namespace vk {
 namespace {

@@ -1,7 +1,7 @@
-#include "gral/FloodPictures.h"
+#include "gral/sinks/FloodPictures.h"
 
-#include "gral/FloodRims.h"
-#include "gral/TeeSink.h"
+#include "gral/sinks/FloodRims.h"
+#include "gral/sinks/TeeSink.h"
 
 namespace vk {
 namespace {

@@ -1,4 +1,4 @@
-#include "gral/Raster.h"
+#include "gral/sinks/Raster.h"
 
 #include <algorithm>
 #include <array>

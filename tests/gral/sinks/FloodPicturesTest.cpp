@@ -1,10 +1,10 @@
-#include "gral/FloodPictures.h"
+#include "gral/sinks/FloodPictures.h"
 
 #include <random>
 
-#include "PictureCatcher.h"
-#include "RasterForm.h"
-#include "gral/PictureBoxes.h"
+#include "gral/PictureCatcher.h"
+#include "gral/RasterForm.h"
+#include "gral/sinks/PictureBoxes.h"
 
 namespace vk {
 namespace {

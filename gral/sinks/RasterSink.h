@@ -3,7 +3,7 @@
 #include <array>
 
 #include "gral/DrawingSink.h"
-#include "gral/Raster.h"
+#include "gral/sinks/Raster.h"
 
 namespace vk {
 

@@ -3,7 +3,7 @@
 #include <map>
 #include <vector>
 
-#include "gral/FloodPictures.h"
+#include "gral/sinks/FloodPictures.h"
 
 namespace vk {
 

@@ -1,7 +1,7 @@
-#include "gral/DisplayList.h"
+#include "gral/sinks/DisplayList.h"
 
-#include "GralFixture.h"
 #include "base/RuntimeError.h"
+#include "gral/GralFixture.h"
 #include "gral/NoPrinter.h"
 #include "gral/ObserverDevice.h"
 

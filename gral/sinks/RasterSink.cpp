@@ -1,4 +1,4 @@
-#include "gral/RasterSink.h"
+#include "gral/sinks/RasterSink.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "gral/SvgWriter.h"
+#include "gral/sinks/SvgWriter.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,8 +6,8 @@
 #include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
-#include "gral/Hatch.h"
-#include "gral/PictureBoxes.h"
+#include "gral/sinks/Hatch.h"
+#include "gral/sinks/PictureBoxes.h"
 
 namespace vk {
 namespace {

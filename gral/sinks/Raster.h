@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "gral/DeviceTypes.h"
-#include "gral/Hatch.h"
+#include "gral/sinks/Hatch.h"
 
 namespace vk {
 

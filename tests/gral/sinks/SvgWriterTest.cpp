@@ -1,6 +1,6 @@
-#include "gral/SvgWriter.h"
+#include "gral/sinks/SvgWriter.h"
 
-#include "BlockLetters.h"
+#include "gral/BlockLetters.h"
 
 namespace vk {
 namespace {

@@ -1,6 +1,6 @@
-#include "gral/RasterSink.h"
+#include "gral/sinks/RasterSink.h"
 
-#include "RasterForm.h"
+#include "gral/RasterForm.h"
 
 namespace vk {
 namespace {

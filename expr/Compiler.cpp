@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -16,22 +17,30 @@ namespace {
 
 // Characters of a literal or of the value of a named constant.
 constexpr int kValueWidth = 20;
+// Characters of a report without faults, as a rule.
+constexpr std::size_t kUsualReport = 500;
 
 /// The fields of a definition text. The first one, the name of the result, nobody reads.
 enum Field { kResult, kVariables, kParameters, kConstants, kExpression, kFields };
 using Fields = std::array<TracedText, kFields>;
 
-/// Cuts a text at the first mark; both parts are trimmed.
-void cutAt(char mark, TracedText& text, TracedText& rest) {
-  const std::size_t at = text.text().find(mark);
-  rest = at == std::string::npos ? TracedText() : text.part(at + 1, text.size()).trimmed();
-  text = text.part(0, std::min(at, text.size())).trimmed();
+/// The text begin..end of a definition without the blanks around it.
+TracedText trimmedPart(std::string_view definition, std::size_t begin, std::size_t end) {
+  while (begin < end && definition[begin] == ' ') ++begin;
+  while (begin < end && definition[end - 1] == ' ') --end;
+  return {definition.substr(begin, end - begin), static_cast<int>(begin)};
 }
 
-Fields cutFields(const std::string& definition) {
+/// The last field takes all that is left.
+Fields cutFields(std::string_view definition) {
   Fields fields;
-  fields[kResult] = TracedText(definition, 0);
-  for (std::size_t i = kVariables; i < kFields; ++i) cutAt('@', fields[i - 1], fields[i]);
+  std::size_t begin = 0;
+  for (std::size_t i = kResult; i < kFields && begin <= definition.size(); ++i) {
+    const std::size_t mark = i == kExpression ? definition.size() : definition.find('@', begin);
+    const std::size_t end = std::min(mark, definition.size());
+    fields[i] = trimmedPart(definition, begin, end);
+    begin = end + 1;
+  }
   return fields;
 }
 
@@ -61,7 +70,9 @@ struct Names {
 class CompilerRun {
  public:
   explicit CompilerRun(Compilation& result)
-      : compiled_(result.code), faults_(result.faults), report_(result) {}
+      : compiled_(result.code), faults_(result.faults), report_(result) {
+    result.report.reserve(kUsualReport);
+  }
 
   /// True when the code is complete.
   bool run(const Fields& fields) {
@@ -79,8 +90,8 @@ class CompilerRun {
   }
 
  private:
-  Names checkedNames(const TracedText& field) {
-    Names names{field.items(), {}};
+  Names checkedNames(std::vector<TracedText> items) {
+    Names names{std::move(items), {}};
     names.table = BuildNameTable(names.items, kNameWidth, CompileFaultKind::kNameTooLong, report_);
     CheckNames(names.items, kNameWidth, report_);
     return names;
@@ -88,30 +99,30 @@ class CompilerRun {
 
   void declareVariables(const TracedText& field) {
     report_.line("*** Controllo Sintattico delle Variabili...");
-    const TracedText names = field.withoutBlanks();
-    compiled_.nVar = static_cast<int>(names.items().size());
+    std::vector<TracedText> names = field.withoutBlanks().items();
+    compiled_.nVar = static_cast<int>(names.size());
     report_.line("# Variabili:" + signedText(compiled_.nVar));
-    variables_ = checkedNames(names);
+    variables_ = checkedNames(std::move(names));
   }
 
   void declareParameters(const TracedText& field) {
     report_.line("*** Controllo Sintattico dei Parametri...");
-    const TracedText names = field.withoutBlanks();
-    compiled_.nPar = static_cast<int>(names.items().size());
+    std::vector<TracedText> names = field.withoutBlanks().items();
+    compiled_.nPar = static_cast<int>(names.size());
     report_.line("# Parametri:" + signedText(compiled_.nPar));
-    parameters_ = checkedNames(names);
+    parameters_ = checkedNames(std::move(names));
     reportClashes(variables_, parameters_.table, kVariableClash);
   }
 
   void declareConstants(const TracedText& field) {
     report_.line("*** Controllo Sintattico delle Costanti...");
-    TracedText names = field.withoutBlanks();
-    TracedText values;
-    cutAt('/', names, values);
-    text_.values = values.items();
-    namedConstants_ = static_cast<int>(names.items().size());
+    const TracedText bare = field.withoutBlanks();
+    const std::size_t mark = std::min(bare.text().find('/'), bare.size());
+    std::vector<TracedText> names = bare.part(0, mark).items();
+    if (mark < bare.size()) text_.values = bare.part(mark + 1, bare.size()).items();
+    namedConstants_ = static_cast<int>(names.size());
     report_.line("# Costanti: " + std::to_string(namedConstants_));
-    constants_ = checkedNames(names);
+    constants_ = checkedNames(std::move(names));
     reportClashes(constants_, variables_.table + parameters_.table, kConstantClash);
   }
 

@@ -12,8 +12,10 @@ Formula::Formula(CompiledExpression compiled)
       program_(readInstructions(compiled_.Code)),
       columns_(compiled_, program_) {}
 
-void Formula::setValue(int index, double value) {
-  if (index >= 1 && index <= compiled_.Values.upper()) compiled_.Values[index] = value;
+void Formula::setValues(int first, std::span<const double> values) {
+  const int places = std::max(0, compiled_.Values.upper() - first + 1);
+  const auto count = std::min(values.size(), static_cast<std::size_t>(places));
+  std::copy_n(values.begin(), count, compiled_.Values.span(first, compiled_.Values.upper()).begin());
 }
 
 Evaluation Formula::value(EvaluationListener& listener) {

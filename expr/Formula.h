@@ -20,7 +20,11 @@ class Formula {
 
   /// Puts a value in the place of variable or parameter `index`, counted from 1 over both; a place that the
   /// expression has not is left out.
-  void setValue(int index, double value);
+  void setValue(int index, double value) {
+    if (index >= 1 && index <= compiled_.Values.upper()) compiled_.Values[index] = value;
+  }
+  /// The same for the places from `first` on.
+  void setValues(int first, std::span<const double> values);
 
   /// The value of the expression. A failing statement stores nothing and the next one runs; the fault is that of
   /// the last one that failed. From finite values comes a finite value, whatever bytes the code is made of.

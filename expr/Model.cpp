@@ -12,7 +12,7 @@ Model::Model(int inner, int outer, CompiledExpression loaded)
 
 void Model::setParameters(const Array<double>& parameters) {
   const int count = std::min(static_cast<int>(loaded_.compiled().nPar), parameters.upper());
-  for (int i = 1; i <= count; ++i) loaded_.setValue(i + 1, parameters[i]);
+  loaded_.setValues(2, parameters.span(1, count));
 }
 
 Evaluation Model::pointAt(double x, const Array<double>& parameters, EvaluationListener& listener) {

@@ -9,12 +9,16 @@
 namespace vk {
 namespace {
 
-/// The machine of one evaluation. Each line of an instruction is a statement of its own: what fails stores
+/// Arguments of a function behind the first one; only as many as were read have values.
+using Arguments = std::array<double, kMostArguments>;
+
+/// The machine of one evaluation. Its arguments lie outside: they are handed on by address, and the registers then
+/// need none. Each line of an instruction is a statement of its own: what fails stores
 /// nothing, and the next one runs with what the registers held.
 class Machine {
  public:
-  Machine(std::string_view code, std::span<double> slots, EvaluationListener& listener)
-      : code_(code), slots_(slots), listener_(listener) {}
+  Machine(std::string_view code, std::span<double> slots, Arguments& arguments, EvaluationListener& listener)
+      : code_(code), slots_(slots), arguments_(arguments), listener_(listener) {}
 
   Evaluation run(std::span<const Instruction> program) {
     for (const Instruction& instruction : program) {
@@ -106,19 +110,20 @@ class Machine {
 
   std::string_view code_;
   std::span<double> slots_;
-  EvaluationListener& listener_;
   Fault fault_ = Fault::kNone;
   double X_ = 0;
   double Y_ = 0;
   int further_ = 0;
-  std::array<double, kMostArguments> arguments_;  // only the first `further_` have values
+  Arguments& arguments_;
+  EvaluationListener& listener_;
 };
 
 }  // namespace
 
 Evaluation runInstructions(std::string_view code, std::span<const Instruction> program,
                            std::span<double> slots, EvaluationListener& listener) {
-  return Machine(code, slots, listener).run(program);
+  Arguments arguments;
+  return Machine(code, slots, arguments, listener).run(program);
 }
 
 }  // namespace vk

@@ -26,10 +26,13 @@ bool isOneOf(char c, std::string_view set) {
 void markFunctions(TracedText& expression) {
   std::string capitals = upper(expression.text());
   for (int number = 0; number < kFunctionCount; ++number) {
-    const std::string name(functionOf(number).name);
+    const std::string_view name = functionOf(number).name;
     std::vector<std::size_t> places;
-    for (std::size_t at = 0; (at = capitals.find(name + "(", at)) != std::string::npos; at += name.size()) {
-      places.push_back(at);
+    for (std::size_t at = 0; (at = capitals.find(name, at)) != std::string::npos;) {
+      const std::size_t end = at + name.size();
+      const bool called = end < capitals.size() && capitals[end] == '(';
+      if (called) places.push_back(at);
+      at = called ? end : at + 1;
     }
     if (places.empty()) continue;
     const std::string token = "##" + numberDigits(number);
@@ -59,7 +62,7 @@ class Walk {
     for (std::size_t at = 0; at < text.size();) {
       const bool standsForItself = isOneOf(text[at], kSelfStanding);
       const std::size_t end = standsForItself ? copyFrom(text, at) : endOfToken(text.text(), at);
-      if (!standsForItself) addOperand(text.part(at, end));
+      if (!standsForItself) addOperand(text, at, end);
       at = end;
     }
   }
@@ -71,12 +74,12 @@ class Walk {
     return end;
   }
 
-  void addOperand(const TracedText& token) {
+  void addOperand(const TracedText& text, std::size_t begin, std::size_t end) {
     ++into_.lastOperand;
-    if (isOneOf(token[0], kNumberStarts)) {
-      addNumber(token.inCapitals());
+    if (isOneOf(text[begin], kNumberStarts)) {
+      addNumber(text.part(begin, end).inCapitals());
     } else {
-      addName(token);
+      addName(text.text().substr(begin, end - begin), text.placeOf(begin, end - begin));
     }
   }
 
@@ -96,9 +99,7 @@ class Walk {
     into_.tokens.append(operandToken(), number.placeOf(0, 1).first);
   }
 
-  void addName(const TracedText& token) {
-    const Place place = token.placeOf(0, token.size());
-    std::string name = token.text();
+  void addName(std::string name, Place place) {
     if (length(name) > kNameWidth) {
       report_.fault(CompileFaultKind::kOperandTooLong, place, kErrorMark,
                     name + " Espressione Variabile Errata");
@@ -140,6 +141,7 @@ std::string numberDigits(int number) {
 TracedText prepareExpression(const TracedText& expression) {
   const TracedText bare = expression.withoutBlanks();
   TracedText text;
+  text.reserve(bare.size() + 2);
   text.append("(", bare.placeOf(0, 1).first);
   text.append(bare, 0, bare.size());
   text.append(")", bare.size() == 0 ? 0 : bare.placeOf(bare.size() - 1, 1).first);

@@ -24,15 +24,14 @@ TracedText TracedText::part(std::size_t begin, std::size_t end) const {
   return result;
 }
 
-TracedText TracedText::trimmed() const {
-  const std::size_t begin = std::min(text_.find_first_not_of(' '), text_.size());
-  return part(begin, std::max(begin, text_.find_last_not_of(' ') + 1));
-}
-
 TracedText TracedText::withoutBlanks() const {
+  if (text_.find(' ') == std::string::npos) return *this;
   TracedText result;
+  result.reserve(text_.size());
   for (std::size_t i = 0; i < text_.size(); ++i) {
-    if (text_[i] != ' ') result.append(*this, i, i + 1);
+    if (text_[i] == ' ') continue;
+    result.text_ += text_[i];
+    result.from_.push_back(from_[i]);
   }
   return result;
 }
@@ -54,6 +53,11 @@ std::vector<TracedText> TracedText::items() const {
   return items;
 }
 
+void TracedText::reserve(std::size_t size) {
+  text_.reserve(size);
+  from_.reserve(size);
+}
+
 void TracedText::append(std::string_view text, int from) {
   text_ += text;
   from_.resize(text_.size(), from);
@@ -68,11 +72,13 @@ void TracedText::append(const TracedText& other, std::size_t begin, std::size_t 
 void TracedText::replaceAll(std::string_view search, std::string_view replacement) {
   if (text_.find(search) == std::string::npos) return;
   TracedText done;
+  done.reserve(2 * text_.size());
   TracedText coming;
   coming.text_.assign(text_.rbegin(), text_.rend());
   coming.from_.assign(from_.rbegin(), from_.rend());
   while (!coming.text_.empty()) {
-    done.append({&coming.text_.back(), 1}, coming.from_.back());
+    done.text_ += coming.text_.back();
+    done.from_.push_back(coming.from_.back());
     coming.text_.pop_back();
     coming.from_.pop_back();
     if (!done.text_.ends_with(search)) continue;
@@ -90,6 +96,7 @@ void TracedText::replaceAll(std::string_view search, std::string_view replacemen
 void TracedText::replaceAt(const std::vector<std::size_t>& places, std::size_t count,
                            std::string_view replacement) {
   TracedText result;
+  result.reserve(text_.size() + places.size() * replacement.size());
   std::size_t done = 0;
   for (const std::size_t place : places) {
     result.append(*this, done, place);

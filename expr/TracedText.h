@@ -27,12 +27,13 @@ class TracedText {
 
   /// A part, which keeps its places.
   TracedText part(std::size_t begin, std::size_t end) const;
-  TracedText trimmed() const;
   TracedText withoutBlanks() const;
   TracedText inCapitals() const;
   /// The items of a comma list; none for an empty text.
   std::vector<TracedText> items() const;
 
+  /// Makes room for that many characters.
+  void reserve(std::size_t size);
   void append(std::string_view text, int from);
   void append(const TracedText& other, std::size_t begin, std::size_t end);
   /// Replaces every occurrence, scanning again from the start after each replacement.

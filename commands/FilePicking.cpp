@@ -115,7 +115,6 @@ std::string inMenu(const std::string& path) {
 void PickFile(Session& session, Ports& ports, const std::string& caption, std::string& name, Int16 kind,
               Int16 mode) {
   session.ErrFlag = 0;
-  session.files.FileKind = kind;
   const KindOfFile& which = kindOf(kind);
   std::string proposed = name;
   for (;;) {

@@ -19,7 +19,7 @@ enum PickMode : int {
 ///
 /// `ErrFlag` is 0 for a name, 32755 after a cancel, -1 when the user gave up at the message on a missing file;
 /// in both latter cases `name` is as it was. `kPickExisting` remembers folder and extension of data files and
-/// of graphic files. `FileKind` becomes `kind`.
+/// of graphic files.
 void PickFile(Session& session, Ports& ports, const std::string& caption, std::string& name, Int16 kind,
               Int16 mode);
 

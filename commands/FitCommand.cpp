@@ -1,6 +1,5 @@
 #include "commands/FitCommand.h"
 
-#include "base/FlagFor.h"
 #include "commands/ExhaustedBox.h"
 #include "commands/FitScreen.h"
 #include "commands/Preconditions.h"
@@ -9,7 +8,6 @@ namespace vk {
 
 void MenAdaAda(Session& session, Ports& ports) {
   if (!canFit(session, ports)) return;
-  const FlagFor running(session.FitRunning, kTrue);
   FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par,
                    {ports.output, ports.dialogs, ports.clock});
   const ShutWindow shut(ports.window, Form::kOutput);

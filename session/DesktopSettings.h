@@ -9,16 +9,13 @@ namespace vk {
 struct DesktopSettings {
   Flag ShowErrors;  ///< full lists of errors instead of short messages
   Int16 BackImage, BackImageSaved;
-  Int16 BackImageMax = 2;
 
   Flag BeepOn = kTrue;
   Int16 BeepFreqLow = 500, BeepFreqHigh = 1000;  ///< Hz
   Int16 BeepLenLow = 1, BeepLenHigh = 1;         ///< ms
 
   FontSpec FontLabel{"Arial", 9, 0};
-  FontSpec FontFixed{"Courier New", 10, 255};
   FontSpec FontEdit{"Courier New", 10, 255};
-  FontSpec FontSmall{"Courier New", 8, 255};
 };
 
 }  // namespace vk

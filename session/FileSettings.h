@@ -29,7 +29,6 @@ struct FileSettings {
   std::array<std::string, 4> WorkDir;  ///< rows 0 all, 1 data, 2 functions, 3 graphics
   Int16 WorkRow;
   RecentList RecentData, RecentFun, RecentGra;
-  Int16 FileKind;
 };
 
 }  // namespace vk

@@ -49,8 +49,7 @@ struct Session {
   Flag TraceEnabled;      ///< compiler and function file reader write their report
   Flag CheckFunctions;    ///< the function file reader compiles each function
   std::string TraceText;  ///< the report, lines ended by CR LF
-  Flag FitRunning;
-  Flag GammaTold;  ///< the running command has had the box on a gamma function that does not converge
+  Flag GammaTold;         ///< the running command has had the box on a gamma function that does not converge
 };
 
 }  // namespace vk

@@ -133,7 +133,6 @@ void Editor::OpenEditor(const std::string& path, Int16 kind) {
   }
   shut_ = std::make_unique<ShutWindow>(ports_.window, Form::kEditor);
   file_ = wanted;
-  session_.files.FileKind = kind;
   form_->showEditor(captionOf(wanted) + " " + ownName(wanted),
                     textOfFile(bytes, wanted.control == EditControl::kTxtEdiOld), wanted.control);
 }

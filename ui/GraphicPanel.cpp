@@ -10,6 +10,8 @@ namespace vk {
 namespace {
 
 constexpr float kScrollUnit = 10;
+/// Number of the last picture behind the main window.
+constexpr int kBackImageMax = 2;
 
 }  // namespace
 
@@ -38,7 +40,7 @@ void GraphicPanel::scroll(int row, int value) {
 }
 
 void GraphicPanel::stepPicture() {
-  settings_.BackImage = settings_.BackImage >= settings_.BackImageMax ? 0 : settings_.BackImage + 1;
+  settings_.BackImage = settings_.BackImage >= kBackImageMax ? 0 : settings_.BackImage + 1;
 }
 
 void GraphicPanel::accept() {

@@ -34,7 +34,6 @@ TEST_P(SavedKinds, ProposeANameUnderTheirCaptionAndWriteTheirText) {
   EXPECT_EQ(asked.proposedName, wanted.name);
   EXPECT_EQ(asked.caption, wanted.caption);
   EXPECT_EQ(asked.defaultExtension, wanted.extension);
-  EXPECT_EQ(session.files.FileKind, wanted.kind == 0 ? 1 : 3);
   EXPECT_EQ(files.content["/out/FIG"], std::string(wanted.text) + "\r\n\r\n");
   EXPECT_EQ(session.ErrFlag, 0);
 }

@@ -14,10 +14,10 @@ TEST(Session, EveryFieldHasItsFirstValue) {
   EXPECT_EQ(session.loaded.DataFile, "Nessuno");
   EXPECT_EQ(session.loaded.FunFile, "Nessuno");
   EXPECT_EQ(session.loaded.GraFile, "");
-  for (const Flag flag : {session.loaded.DataDefined, session.loaded.FunFileRead, session.analysis.FunDefined,
-                          session.analysis.ParametersSet, session.analysis.ParVar, session.loaded.GraDefined,
-                          session.settings.ShowErrors, session.FitRunning, session.analysis.PropagationMode,
-                          session.TraceEnabled}) {
+  for (const Flag flag :
+       {session.loaded.DataDefined, session.loaded.FunFileRead, session.analysis.FunDefined,
+        session.analysis.ParametersSet, session.analysis.ParVar, session.loaded.GraDefined,
+        session.settings.ShowErrors, session.analysis.PropagationMode, session.TraceEnabled}) {
     EXPECT_EQ(flag, 0);
   }
   EXPECT_EQ(session.ErrFlag, 0);
@@ -28,7 +28,6 @@ TEST(Session, EveryFieldHasItsFirstValue) {
   for (const float scale : session.figures.GraphScaleSaved) EXPECT_EQ(scale, 1.0F);
   EXPECT_EQ(session.figures.Landscape, -1);
   EXPECT_EQ(session.settings.BackImage, 0);
-  EXPECT_EQ(session.settings.BackImageMax, 2);
   EXPECT_EQ(session.settings.BeepOn, -1);
   EXPECT_EQ(session.settings.BeepFreqLow, 500);
   EXPECT_EQ(session.settings.BeepFreqHigh, 1000);
@@ -79,7 +78,7 @@ TEST(Session, TheSimulationStartsFromNothing) {
   EXPECT_EQ(session.analysis.sim.SimErrYAbs, 0);
 }
 
-TEST(Session, HasTheFourFontsOfTheForms) {
+TEST(Session, HasTheFontsOfTheForms) {
   const Session session;
   const auto expectFont = [](const FontSpec& font, const char* face, int size, int charset) {
     EXPECT_EQ(font.face, face);
@@ -88,9 +87,7 @@ TEST(Session, HasTheFourFontsOfTheForms) {
     EXPECT_FALSE(font.bold);
   };
   expectFont(session.settings.FontLabel, "Arial", 9, 0);
-  expectFont(session.settings.FontFixed, "Courier New", 10, 255);
   expectFont(session.settings.FontEdit, "Courier New", 10, 255);
-  expectFont(session.settings.FontSmall, "Courier New", 8, 255);
 }
 
 }  // namespace

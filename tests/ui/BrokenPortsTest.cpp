@@ -253,7 +253,7 @@ std::string brokenState(const BrokenProgram& program) {
   text << "\ngraphics " << s.loaded.GraFile << ' ' << s.loaded.GraDefined;
   for (const std::string& figure : s.figures.GraphText) text << ' ' << figure.size();
   text << ' ' << s.figures.DiffText.size();
-  text << "\nswitches " << s.TraceEnabled << s.CheckFunctions << s.analysis.PropagationMode << s.FitRunning
+  text << "\nswitches " << s.TraceEnabled << s.CheckFunctions << s.analysis.PropagationMode
        << s.settings.ShowErrors << s.analysis.SimFirstTime << ' ' << s.files.DataDir << ' ' << s.files.GraDir
        << ' ' << s.analysis.monteCarlo.McBinCount;
   text << "\nwindows " << program.output.isOpen() << ' ' << program.plots.made() << ' '

@@ -166,7 +166,6 @@ TEST_F(MainModTest, ModifyCommandsPickForTheEditor) {
     EXPECT_EQ(asked.caption, c.caption);
     EXPECT_FALSE(asked.save);
     EXPECT_NE(asked.filter.find(c.filter), std::string::npos) << asked.filter;
-    EXPECT_EQ(session.files.FileKind, c.kind);
     EXPECT_EQ(editorForm.caption, std::string(c.caption) + " nota.txt");
     EXPECT_TRUE(editorForm.visible);
     EXPECT_FALSE(window.enabled);
@@ -204,7 +203,7 @@ TEST_F(MainModTest, FlagsAreExactlyTrueOrFalseAfterEveryCommand) {
     for (const Flag flag :
          {session.loaded.DataDefined, session.loaded.FunFileRead, session.analysis.FunDefined,
           session.analysis.ParametersSet, session.analysis.ParVar, session.loaded.GraDefined,
-          session.settings.ShowErrors, session.TraceEnabled, session.CheckFunctions, session.FitRunning,
+          session.settings.ShowErrors, session.TraceEnabled, session.CheckFunctions,
           session.analysis.PropagationMode, session.analysis.SimFirstTime, session.figures.Landscape,
           session.settings.BeepOn, session.loaded.data.kXpntErr, panels.PanelClosed}) {
       EXPECT_TRUE(flag == kTrue || flag == kFalse) << control << ": " << flag;

@@ -80,7 +80,6 @@ TEST_F(EditorTest, TheCaptionTellsKindAndFile) {
   open("", kGraphicKind);
   EXPECT_EQ(form.caption, "VOR_KEL: Modifica File Grafico prova.txt");
   EXPECT_EQ(editor.EditFile(), kPath);
-  EXPECT_EQ(session.files.FileKind, kGraphicKind);
 }
 
 TEST_F(EditorTest, TheMainWindowIsDisabledBeforeTheEditorShows) {
@@ -110,7 +109,6 @@ TEST_F(EditorTest, ARefusedFileLeavesNoNameBehind) {
   dialogs.press(2);
   editor.OpenEditor("/lavoro/manca.fcn", kFunctionKind);
   EXPECT_EQ(editor.EditFile(), kPath);
-  EXPECT_EQ(session.files.FileKind, kDataKind);
 }
 
 TEST_F(EditorTest, AClosedEditorRenewsMenusAndPanels) {

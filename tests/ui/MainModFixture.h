@@ -34,20 +34,6 @@ class RecordingPanelView : public PanelView {
   }
 };
 
-/// An output window that keeps what the session's flags were when it opened.
-class FlagOutput : public RecordingOutput {
- public:
-  explicit FlagOutput(const Session& session) : session_(session) {}
-  std::vector<int> fitRunning;
-  void OutShow(const OutputRequest& request) override {
-    fitRunning.push_back(session_.FitRunning);
-    RecordingOutput::OutShow(request);
-  }
-
- private:
-  const Session& session_;
-};
-
 class MainModTest : public testing::Test {
  protected:
   MainModTest() {
@@ -81,7 +67,7 @@ class MainModTest : public testing::Test {
   ScriptedDialogs dialogs;
   RecordingMainWindow window;
   ScriptedInputForm input;
-  FlagOutput output{session};
+  RecordingOutput output;
   ScriptedFunctionForms functions{session};
   StillClock clock;
   RecordingSound sound;

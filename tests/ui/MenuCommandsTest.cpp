@@ -98,7 +98,7 @@ TEST_F(MainModTest, TheFitIsRefusedWithItsFourTexts) {
   refused("Funzione NON Definita!");
 }
 
-TEST_F(MainModTest, TheFitRunsUnderItsFlag) {
+TEST_F(MainModTest, TheFitShowsItsScreen) {
   start();
   readData();
   chooseLine();
@@ -106,22 +106,10 @@ TEST_F(MainModTest, TheFitRunsUnderItsFlag) {
   mainMod.run(Control::MenAdaPar);
   EXPECT_EQ(session.analysis.ParVar, kTrue);
   mainMod.run(Control::MenAdaAda);
-  EXPECT_THAT(output.fitRunning, ElementsAre(kTrue));
-  EXPECT_EQ(session.FitRunning, kFalse);
+  EXPECT_EQ(output.requests.size(), 1U);
   EXPECT_TRUE(output.isOpen());
   EXPECT_TRUE(window.enabled);
   EXPECT_EQ(window.panels[5], "Par.Var.: SI");
-}
-
-TEST_F(MainModTest, TheFlagOfTheFitFallsAlsoAfterAFailure) {
-  start();
-  readData();
-  chooseLine();
-  input.execute({"0", "0", "1", "1"});
-  mainMod.run(Control::MenAdaPar);
-  session.loaded.data.ErrYpnt.span(1, 3)[0] = 0;
-  mainMod.run(Control::MenAdaAda);
-  EXPECT_EQ(session.FitRunning, kFalse);
 }
 
 TEST_F(MainModTest, ParametersAreEnteredForAFit) {
@@ -186,7 +174,7 @@ TEST_F(MainModTest, EachCommandTellsOnceOfAGammaFunctionThatDoesNotConverge) {
   }
 }
 
-TEST_F(MainModTest, DataAreSimulatedAndFittedUnderTheFlagOfTheFit) {
+TEST_F(MainModTest, DataAreSimulatedAndFitted) {
   start();
   chooseLine();
   input.execute({"2", "1", "1", "1"});
@@ -195,8 +183,7 @@ TEST_F(MainModTest, DataAreSimulatedAndFittedUnderTheFlagOfTheFit) {
   mainMod.run(Control::MenDatSim);
   EXPECT_EQ(input.shown.at(1).caption, "VOR_KEL: Simulazione Dati");
   EXPECT_EQ(window.panels[1], "Dati: SIMULA.DAT");
-  EXPECT_THAT(output.fitRunning, ElementsAre(kTrue));
-  EXPECT_EQ(session.FitRunning, kFalse);
+  EXPECT_EQ(output.requests.size(), 1U);
   EXPECT_EQ(session.analysis.par.ParValues[1], 2);
   EXPECT_THAT(random.seeds, IsEmpty());
 }

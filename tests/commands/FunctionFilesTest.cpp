@@ -1,11 +1,6 @@
-#include "base/Text.h"
 #include "commands/FunctionChoice.h"
-#include "commands/FunctionFiles.h"
 #include "doubles/Choices.h"
-#include "doubles/MemoryFiles.h"
-#include "doubles/ScriptedForms.h"
-#include "expr/Catalogue.h"
-#include "expr/Compiler.h"
+#include "tests/commands/FunctionFileFixture.h"
 
 namespace vk {
 namespace {
@@ -19,42 +14,6 @@ const std::string kStructureReport =
     "***                   Definizione Funzione\r\n"
     "***                   Descrizione Funzione\r\n"
     "***      Errata!\r\n";
-const std::string kNoFunctionReport = "*** ERR. Il File NON Contiene Funzioni!\r\n";
-
-/// The lines with the line end of the program's files.
-std::string lines(const std::vector<std::string>& texts) {
-  std::string result;
-  for (const std::string& text : texts) result += text + "\r\n";
-  return result;
-}
-
-class FunctionFileTest : public testing::Test {
- protected:
-  FunctionFileTest() {
-    BuildCatalogue(session.loaded.catalogue);
-    session.CheckFunctions = kTrue;
-  }
-
-  /// Reads a file with these bytes; the result is the session's.
-  void read(const std::string& bytes, Flag checkOnly = kFalse) {
-    files.content["f.fcn"] = bytes;
-    std::string name = "f.fcn";
-    ReadFunctionFile(session, files, output, name, checkOnly);
-  }
-  /// The report that a check with the report on gives.
-  std::string report(const std::string& bytes) {
-    session.TraceEnabled = kTrue;
-    read(bytes, kTrue);
-    return session.TraceText;
-  }
-  /// What the compiler itself reports on a function.
-  static std::string compilerReport(const std::string& definition) { return compile(definition).report; }
-  const std::vector<FunctionFile::Entry>& entries() const { return session.loaded.catalogue.file.entries; }
-
-  Session session;
-  MemoryFiles files;
-  RecordingOutput output;
-};
 
 TEST_F(FunctionFileTest, AFileWithAContinuedDefinition) {
   read(lines({"% a comment", "A,B", "A*SIN(x)+&", "B", "a free text describing the function"}));
@@ -145,120 +104,6 @@ TEST_F(FunctionFileTest, ADescriptionOfSixtyCharactersIsKeptWholeAndTheWidthStop
 TEST_F(FunctionFileTest, ABlankDescriptionLineIsSkippedSoThatTheTriplesShift) {
   EXPECT_THAT(report(lines({"A", "A*x", "   ", "B", "B*x", "retta"})), HasSubstr(kStructureReport));
   EXPECT_EQ(session.ErrFlag, kTrue);
-}
-
-TEST_F(FunctionFileTest, TheReportOfAGoodFunction) {
-  EXPECT_EQ(report(lines({"A,B", "A*SIN(x)+B", "onda"})),
-            "\r\n"
-            "*********** Funzione:      1\r\n"
-            "Parametri:   A,B\r\n"
-            "Definizione: A*SIN(x)+B\r\n"
-            "Descrizione: onda\r\n"
-            "Controllo Funzione:\r\n" +
-                compilerReport("y@x@A,B@ @A*SIN(x)+B") +
-                "O.K.\r\n"
-                "*********** Fine Funzione: 1\r\n"
-                "\r\n");
-}
-
-TEST_F(FunctionFileTest, TheReportOfTwoFunctionsOfWhichTheFirstIsWrong) {
-  EXPECT_EQ(report(lines({"A", "A*C", "prima", "B", "B+x", "seconda"})),
-            "\r\n"
-            "*********** Funzione:      1\r\n"
-            "Parametri:   A\r\n"
-            "Definizione: A*C\r\n"
-            "Descrizione: prima\r\n"
-            "Controllo Funzione:\r\n" +
-                compilerReport("y@x@A@ @A*C") +
-                "* ERR. Errori nella Compilazione\r\n"
-                "*********** Fine Funzione: 1\r\n"
-                "\r\n"
-                "\r\n"
-                "*********** Funzione:      2\r\n"
-                "Parametri:   B\r\n"
-                "Definizione: B+x\r\n"
-                "Descrizione: seconda\r\n"
-                "Controllo Funzione:\r\n" +
-                compilerReport("y@x@B@ @B+x") +
-                "O.K.\r\n"
-                "*********** Fine Funzione: 2\r\n"
-                "\r\n");
-  EXPECT_EQ(session.ErrFlag, kTrue);
-  EXPECT_THAT(session.TraceText, HasSubstr("* ERR. Variabile C NON definita"));
-}
-
-TEST_F(FunctionFileTest, WithoutTheCheckSwitchNothingIsCompiled) {
-  session.CheckFunctions = kFalse;
-  EXPECT_EQ(report(lines({"A", "A*C", "prima"})),
-            "\r\n"
-            "*********** Funzione:      1\r\n"
-            "Parametri:   A\r\n"
-            "Definizione: A*C\r\n"
-            "Descrizione: prima\r\n");
-  EXPECT_EQ(session.ErrFlag, 0);
-}
-
-TEST_F(FunctionFileTest, OneBadFunctionRefusesTheWholeFile) {
-  read(lines({"A", "A*x", "retta"}));
-  read(lines({"A", "A*x", "buona", "B", "B*", "cattiva", "C", "C*x", "buona"}));
-  EXPECT_EQ(session.ErrFlag, kTrue);
-  ASSERT_EQ(entries().size(), 1U);
-  EXPECT_EQ(entries()[0].description, "retta");
-}
-
-TEST_F(FunctionFileTest, AGoodFileShowsNoReportWhateverTheOption) {
-  for (const int option : {kTrue, kFalse}) {
-    session.TraceEnabled = option;
-    read(lines({"A", "A*x", "retta"}));
-    EXPECT_EQ(session.ErrFlag, 0);
-    EXPECT_EQ(session.TraceText, "");
-  }
-  EXPECT_TRUE(output.requests.empty());
-}
-
-TEST_F(FunctionFileTest, AFileWithErrorsShowsItsReportWithTheOptionOn) {
-  const std::string bytes = lines({"A", "A*C", "prima"});
-  const std::string expected = report(bytes);
-  read(bytes);
-  ASSERT_EQ(output.requests.size(), 1U);
-  const OutputRequest& shown = output.requests[0];
-  EXPECT_EQ(shown.caption, "VOR_KEL: Lettura File Funzioni - Controllo File");
-  EXPECT_EQ(shown.rows, 25);
-  EXPECT_EQ(shown.cols, 80);
-  EXPECT_THAT(shown.captions, testing::ElementsAre("&Continua", "&Stampa", "Co&pia"));
-  EXPECT_EQ(shown.text, expected);
-  EXPECT_EQ(session.TraceText, "");
-  EXPECT_EQ(session.ErrFlag, kTrue);
-}
-
-TEST_F(FunctionFileTest, AFileWithErrorsShowsNothingWithTheOptionOff) {
-  read(lines({"A", "A*C", "prima"}));
-  EXPECT_TRUE(output.requests.empty());
-  EXPECT_EQ(session.TraceText, "");
-  EXPECT_EQ(session.ErrFlag, kTrue);
-}
-
-TEST_F(FunctionFileTest, AWrongStructureShowsNothingWithoutTheCheckSwitch) {
-  session.CheckFunctions = kFalse;
-  session.TraceEnabled = kTrue;
-  read(lines({"A", "A*x"}));
-  EXPECT_TRUE(output.requests.empty());
-  EXPECT_EQ(session.ErrFlag, kTrue);
-}
-
-TEST_F(FunctionFileTest, CheckOnlyStoresNothingAndLeavesTheReport) {
-  EXPECT_THAT(report(lines({"A", "A*x", "retta"})),
-              HasSubstr("O.K.\r\n*********** Fine Funzione: 1\r\n\r\n"));
-  EXPECT_EQ(session.ErrFlag, 0);
-  EXPECT_TRUE(entries().empty());
-  EXPECT_THAT(report(lines({"A", "A*C", "cattiva"})), HasSubstr("* ERR. Errori nella Compilazione\r\n"));
-  EXPECT_EQ(session.ErrFlag, kTrue);
-  EXPECT_TRUE(output.requests.empty());
-}
-
-TEST_F(FunctionFileTest, AReportLeftFromBeforeIsCleared) {
-  session.TraceText = "old";
-  EXPECT_EQ(report(""), kNoFunctionReport);
 }
 
 TEST_F(FunctionFileTest, TheNameIsFoldedToCapitalsAndFindsTheFileAgain) {

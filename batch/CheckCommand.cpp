@@ -14,26 +14,28 @@
 namespace vk {
 namespace {
 
-/// The list of errors of one kind of file; the session's `ErrFlag` tells whether there are any.
-using Checker = std::string (*)(Session& session, Files& files, std::string fileName);
+/// What the reader of a kind of file finds in one.
+struct FileCheck {
+  bool good = true;
+  std::string report;
+};
 
-std::string checkData(Session& session, Files& files, std::string fileName) {
-  std::string errors = readData(files, fileName).errors;
-  session.ErrFlag = toFlag(!errors.empty());
-  return errors;
+using Checker = FileCheck (*)(Files& files, std::string fileName);
+
+FileCheck checkData(Files& files, std::string fileName) {
+  const std::string errors = readData(files, fileName).errors;
+  return {errors.empty(), errors};
 }
 
-std::string checkFunctions(Session& session, Files& files, std::string fileName) {
+FileCheck checkFunctions(Files& files, std::string fileName) {
   const ParsedFunctionFile parsed = parseFunctionFile(files.readAll(fileName));
-  session.ErrFlag = toFlag(!parsed.ok);
-  return parsed.report;
+  return {parsed.ok, parsed.report};
 }
 
 /// The figure is drawn on a form that nobody sees: what cannot be drawn is an error too.
-std::string checkFigure(Session& session, Files&, std::string fileName) {
+FileCheck checkFigure(Files&, std::string fileName) {
   const std::string errors = drawGraphicFile(fileName, *quietForm());
-  session.ErrFlag = toFlag(!errors.empty());
-  return errors;
+  return {errors.empty(), errors};
 }
 
 struct Kind {
@@ -54,16 +56,15 @@ Checker checkerFor(const std::string& fileName) {
 }  // namespace
 
 int runCheck(const std::string& fileName) {
-  Session session;
   TerminalFiles files;
   const Checker check = checkerFor(fileName);
-  std::string errors;
-  usingFile(fileName, [&] { errors = check(session, files, fileName); });
-  if (session.ErrFlag == 0) {
+  FileCheck found;
+  usingFile(fileName, [&] { found = check(files, fileName); });
+  if (found.good) {
     std::cout << shownName(fileName) << ": nessun errore\n";
     return 0;
   }
-  std::cout << terminalText(errors);
+  std::cout << terminalText(found.report);
   std::cerr << shownName(fileName) << ": il file contiene errori\n";
   return 2;
 }

@@ -1,6 +1,11 @@
 #include "commands/EditCommands.h"
 
+#include <utility>
+
+#include "base/FlagFor.h"
 #include "commands/FilePicking.h"
+#include "commands/FunctionFiles.h"
+#include "data/DataFiles.h"
 #include "session/Session.h"
 
 namespace vk {
@@ -10,6 +15,19 @@ void edit(Session& session, Ports& ports, const std::string& word, Int16 kind) {
   std::string name;
   PickFile(session, ports, kEditCaption + word, name, kind, kPickForEditor);
   if (session.ErrFlag == 0) ports.editor.OpenEditor(name, kind);
+}
+
+std::string checkData(Session& session, const std::string& text) {
+  std::string report = parseLines(text).errors;
+  session.ErrFlag = toFlag(!report.empty());
+  return report;
+}
+
+std::string checkFunctions(Session& session, const std::string& text) {
+  const FlagFor trace(session.TraceEnabled, kTrue);
+  const FlagFor check(session.CheckFunctions, kTrue);
+  CheckFunctionText(session, text);
+  return std::exchange(session.TraceText, {});
 }
 
 }  // namespace
@@ -24,6 +42,14 @@ void MenFunMod(Session& session, Ports& ports) {
 
 void MenGraModFil(Session& session, Ports& ports) {
   edit(session, ports, kGraphicWord, kGraphicKind);
+}
+
+TextCheck checkText(Session& session, Int16 kind, const std::string& text) {
+  session.ErrFlag = 0;
+  std::string report;
+  if (kind == kDataKind) report = checkData(session, text);
+  if (kind == kFunctionKind) report = checkFunctions(session, text);
+  return {session.ErrFlag == 0, report};
 }
 
 }  // namespace vk

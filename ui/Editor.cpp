@@ -1,13 +1,10 @@
 #include "ui/Editor.h"
 
 #include <array>
-#include <utility>
 
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "commands/DisplayRefresh.h"
-#include "commands/FunctionFiles.h"
-#include "data/DataFiles.h"
 #include "session/Session.h"
 #include "ui/layout/EditorLayout.h"
 
@@ -76,26 +73,6 @@ std::string withoutTabs(const std::string& text) {
   }
   return expanded;
 }
-
-/// Makes the function file reader check and report everything, for as long as it lives.
-class CheckSwitches {
- public:
-  explicit CheckSwitches(Session& session)
-      : session_(session), trace_(session.TraceEnabled), check_(session.CheckFunctions) {
-    session_.TraceEnabled = kTrue;
-    session_.CheckFunctions = kTrue;
-  }
-  ~CheckSwitches() {
-    session_.TraceEnabled = trace_;
-    session_.CheckFunctions = check_;
-  }
-  CheckSwitches(const CheckSwitches&) = delete;
-  CheckSwitches& operator=(const CheckSwitches&) = delete;
-
- private:
-  Session& session_;
-  Flag trace_, check_;
-};
 
 const char* kindWord(Int16 kind) {
   return kKindWords.at(static_cast<std::size_t>(kind - kDataKind));
@@ -166,12 +143,12 @@ bool Editor::wantsLargeFile(const EditedFile& wanted) {
 void Editor::MnuFilSav() {
   const std::string text = textOfForm();
   if (!write(text)) return;
-  std::string report;
-  if (!check(text, report)) return;
-  if (session_.ErrFlag != 0) {
-    tellErrors(report);
-  } else {
+  const auto found = check(text);
+  if (!found) return;
+  if (found->good) {
     close();
+  } else {
+    tellErrors(found->report);
   }
 }
 
@@ -192,31 +169,15 @@ bool Editor::write(const std::string& text) {
   }
 }
 
-/// Runs the reader of the kind over the text just saved; `ErrFlag` tells whether the report lists errors. False when the
-/// reader could not come to its end, which has been told.
-bool Editor::check(const std::string& text, std::string& report) {
-  session_.ErrFlag = 0;
+/// The check of the text just saved; none when the reader could not come to its end, which has been told.
+std::optional<TextCheck> Editor::check(const std::string& text) {
   try {
-    if (file_.kind == kDataKind) report = checkData(text);
-    if (file_.kind == kFunctionKind) report = checkFunctions(text);
-    return true;
+    return checkText(session_, file_.kind, text);
   } catch (const RuntimeError& error) {
     tell(file_, kTheFile + nameOf(file_) + kNotChecked, error);
     form_->focusEditor();
-    return false;
+    return std::nullopt;
   }
-}
-
-std::string Editor::checkData(const std::string& text) {
-  std::string report = parseLines(text).errors;
-  session_.ErrFlag = toFlag(!report.empty());
-  return report;
-}
-
-std::string Editor::checkFunctions(const std::string& text) {
-  const CheckSwitches switches(session_);
-  CheckFunctionText(session_, text);
-  return std::exchange(session_.TraceText, {});
 }
 
 void Editor::tellErrors(const std::string& report) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "commands/EditCommands.h"
 #include "platform/Clipboard.h"
 #include "platform/Dialogs.h"
 #include "platform/EditorForm.h"
@@ -78,9 +80,7 @@ class Editor : public TextEditor {
   bool wantsLargeFile(const EditedFile& wanted);
   std::string textOfForm();
   bool write(const std::string& text);
-  bool check(const std::string& text, std::string& report);
-  std::string checkData(const std::string& text);
-  std::string checkFunctions(const std::string& text);
+  std::optional<TextCheck> check(const std::string& text);
   void tellErrors(const std::string& report);
   void close();
 

@@ -26,8 +26,16 @@ enum LineSearchOutcome : int {
   kSearchExhausted = 4  ///< `maxfun` values were used
 };
 
-/// Minimum of a function of one variable without derivatives, by reverse communication: it never calls the
-/// function. Brackets by doubled steps, predicts by parabola, falls back to bisection.
+/// Minimum of a function of one variable without derivatives, by successive parabolic interpolation; by reverse
+/// communication: it never calls the function.
+///
+/// Goes downhill by doubled steps. As soon as there are three points a, b, c, the next one is the vertex of their
+/// parabola,
+///
+///     x = ((xa + xb) - (fa - fb) / p) / 2,   p = (fc - fa) / (xc - xa) - (fc - fb) / (xc - xb).
+///
+/// Where the parabola has no minimum, (xa - xb) p <= 0, and where its vertex lies too far off, the search takes the
+/// next doubled step, or halves the bracket once there is one.
 ///
 /// Begin with `itest` 0 or 3; as long as it returns 1, evaluate at `x`, store the value in `f` and call again.
 /// Otherwise the search is over, and x, f are the best of the points it still holds. A prediction nearer

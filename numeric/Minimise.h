@@ -9,8 +9,16 @@
 #include "numeric/DirectionSet.h"
 #include "numeric/LineSearch.h"
 
-/// Least squares without derivatives: a set of search directions with the residual changes that they cause,
-/// a linearised step, a search along it, and one direction replaced by what the search has taught.
+/// Least squares without derivatives: the method of Gauss and Newton with secants in the place of the Jacobian.
+///
+/// The directions d_k, as many as parameters, have with them the changes h_k of the residuals F that they cause,
+/// scaled to |h_k| = 1; the first ones are the parameters themselves, by forward differences.
+/// - The step is that of the linear model F - sum c_k h_k: s = sum c_k d_k with H c = g, H_kl = h_k . h_l and
+///   g_k = h_k . F. A line search along s follows, which finds out the sign too.
+/// - The two best points of the search differ by (d, h). They take the place of the direction with the largest
+///   |g_k c_k|, with h + tau F for h, tau = -(h . F) / (F . F): orthogonal to F, as it would be at the minimum.
+/// - An iteration whose step, and whose move by the search, is in no parameter above its accuracy ends the pass.
+/// - The covariances are C_ab = sum d_ka d_kb, which is the inverse of the normal matrix if the h_k are orthonormal.
 namespace vk {
 
 /// The weighted residuals whose sum of squares is made least.

@@ -14,13 +14,12 @@ namespace vk {
 std::string drawGraphicFile(const std::string& fileName, Device& page) {
   TerminalFiles files;
   TerminalDialogs dialogs;
-  Session session;
-  ExhaustedBox listener(session, dialogs);
+  ExhaustedBox listener(dialogs);
   const std::string text = files.readAll(fileName);
   NoPrinter printer;
   NominalScreen screen;
   GralCls drawing(printer, screen);
-  drawing.GralGrStr(page, paperOrientation(session), 1);
+  drawing.GralGrStr(page, paperOrientation(FigureSettings{}), 1);
   GraphicRun run(files, drawing, listener);
   run.runText(text);
   drawing.GralGrEnd();

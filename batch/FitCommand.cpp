@@ -15,12 +15,12 @@
 
 namespace vk {
 
-FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, bool withReport) {
+FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, EvaluationListener& listener, bool withReport) {
   SystemClock clock;
   GridOutput output;
   FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par, {output, dialogs, clock});
   TerminalProgress observer(screen);
-  const FitResult result = FitData(session, dialogs, observer);
+  const FitResult result = FitData(session, listener, observer);
   FitOutcome outcome;
   outcome.failed = result.status == FitStatus::kFailed;
   if (outcome.failed) {
@@ -29,7 +29,6 @@ FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, bool withReport) {
     outcome.screen = output.grid().toUtf8();
   }
   if (withReport) {
-    ExhaustedBox listener(session, dialogs);
     Model& model = session.analysis.model;
     const auto linearised =
         linearisedErrors({session.loaded.data, model, listener}, result.par, result.chi_square);
@@ -50,9 +49,10 @@ int runFit(const FitArguments& arguments, FigureMaker* maker) {
   loadData(session, files, dialogs, arguments.dataFile);
   chooseModel(session, files, arguments.model, parameterNames(arguments.parameters));
   enterStart(session, arguments.parameters);
-  const FitOutcome outcome = fitAtTerminal(session, dialogs, arguments.json);
+  ExhaustedBox listener(dialogs);
+  const FitOutcome outcome = fitAtTerminal(session, dialogs, listener, arguments.json);
   printOutcome(outcome, arguments.json);
-  return outcome.failed || !figures.write(session) ? kExitFailed : kExitDone;
+  return outcome.failed || !figures.write(session, listener) ? kExitFailed : kExitDone;
 }
 
 }  // namespace vk

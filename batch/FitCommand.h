@@ -29,7 +29,7 @@ struct FitOutcome {
 };
 
 /// Fits the session's model to its data, with the progress and the reason of a failure on the error stream.
-FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, bool withReport);
+FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, EvaluationListener& listener, bool withReport);
 
 /// Prints the screen, or the report where it was asked for.
 void printOutcome(const FitOutcome& outcome, bool asReport);

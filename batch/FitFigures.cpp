@@ -32,15 +32,15 @@ FitFigures::FitFigures(const WantedFigures& wanted, FigureMaker* maker) : wanted
   }
 }
 
-bool FitFigures::write(Session& session) {
-  const bool function = writeFunction(session);
-  return writeDifferences(session) && function;
+bool FitFigures::write(Session& session, EvaluationListener& listener) {
+  const bool function = writeFunction(session, listener);
+  return writeDifferences(session, listener) && function;
 }
 
-bool FitFigures::writeFunction(Session& session) {
+bool FitFigures::writeFunction(Session& session, EvaluationListener& listener) {
   if (wanted_.figure.empty() && wanted_.graphicFile.empty()) return true;
   FigureDesk desk([this] { return std::move(form_.device); });
-  MakeGraph(session, desk.ports, static_cast<int>(kFunctionFigure));
+  MakeGraph(session, desk.ports, static_cast<int>(kFunctionFigure), listener);
   if (!isComplete(session.figures.GraphText[kFunctionFigure])) return false;
   if (!wanted_.figure.empty()) writeFile(desk.files, wanted_.figure, form_.bytes());
   if (!wanted_.graphicFile.empty()) {
@@ -49,10 +49,10 @@ bool FitFigures::writeFunction(Session& session) {
   return true;
 }
 
-bool FitFigures::writeDifferences(Session& session) const {
+bool FitFigures::writeDifferences(Session& session, EvaluationListener& listener) const {
   if (wanted_.differences.empty()) return true;
   FigureDesk desk;
-  MakeGraph(session, desk.ports, static_cast<int>(kDifferencesFigure));
+  MakeGraph(session, desk.ports, static_cast<int>(kDifferencesFigure), listener);
   if (!isComplete(session.figures.DiffText)) return false;
   writeFile(desk.files, wanted_.differences, asSaved(session.figures.DiffText));
   return true;

@@ -22,11 +22,11 @@ class FitFigures {
 
   /// Makes the files from the session's data and function. False when the function cannot be computed, which
   /// is told on the error stream. A file that cannot be written raises `UsageError`.
-  bool write(Session& session);
+  bool write(Session& session, EvaluationListener& listener);
 
  private:
-  bool writeFunction(Session& session);
-  bool writeDifferences(Session& session) const;
+  bool writeFunction(Session& session, EvaluationListener& listener);
+  bool writeDifferences(Session& session, EvaluationListener& listener) const;
 
   WantedFigures wanted_;
   FigureForm form_;

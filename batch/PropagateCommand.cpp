@@ -93,7 +93,7 @@ int runPropagate(const PropagateArguments& arguments) {
   const std::string& functionText = session.analysis.fun.FunctionText;
   PropagationScreen screen(functionText, par, output);
   screen.open();
-  ExhaustedBox listener(session, dialogs);
+  ExhaustedBox listener(dialogs);
   Model& model = session.analysis.model;
   RandomSource source(random);
   PropagationResult result = PropagateErrors(model, par, source, listener, screen);

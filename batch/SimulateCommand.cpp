@@ -83,7 +83,7 @@ int runSimulate(const SimulateArguments& arguments) {
 
   ParameterSet& par = session.analysis.par;
   const ParameterSet truth = par;
-  ExhaustedBox listener(session, dialogs);
+  ExhaustedBox listener(dialogs);
   Model& model = session.analysis.model;
   const SimulationSettings wanted = wantedSettings(arguments);
   const auto simulated =
@@ -92,7 +92,7 @@ int runSimulate(const SimulateArguments& arguments) {
   scatterStart(par, source);
   if (!acceptCorrections(dialogs, *simulated, par.FreeCount)) return kExitBadInput;
   session.loaded.data = simulated->data;
-  FitOutcome outcome = fitAtTerminal(session, dialogs, arguments.json);
+  FitOutcome outcome = fitAtTerminal(session, dialogs, listener, arguments.json);
   if (arguments.json) {
     outcome.report = Json::Object{{"settings", settings(simulated->settings, seed)},
                                   {"truth", parameters(truth)},

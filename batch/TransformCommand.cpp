@@ -76,7 +76,7 @@ int runTransform(const TransformArguments& arguments) {
   TerminalDialogs dialogs;
   loadData(session, files, dialogs, arguments.dataFile);
   const TransformFormulas formulas = formulasOf(arguments, session.loaded.data);
-  ExhaustedBox listener(session, dialogs);
+  ExhaustedBox listener(dialogs);
   const TransformResult result = transform(std::move(session.loaded.data), formulas, listener);
   if (!result.replaced()) {
     tellBadFormula(dialogs, result);

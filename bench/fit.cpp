@@ -69,11 +69,12 @@ void start(Session& session, const Problem& problem) {
 void wholeFit(benchmark::State& state, const Problem& problem) {
   Session session = sessionOf(problem);
   CountingDialogs dialogs;
+  ExhaustedBox listener(dialogs);
   NoObserver observer;
   FitResult result;
   for (auto _ : state) {
     start(session, problem);
-    result = FitData(session, dialogs, observer);
+    result = FitData(session, listener, observer);
   }
   for (int i = 1; i <= session.analysis.par.ParCount; ++i) {
     const double solution = problem.solution[static_cast<std::size_t>(i) - 1];

@@ -39,7 +39,7 @@ void TenThousandSamples(benchmark::State& state) {
   const ParameterSet& par = session.analysis.par;
   CountingDialogs dialogs;
   SystemRandom random;
-  ExhaustedBox listener(session, dialogs);
+  ExhaustedBox listener(dialogs);
   Model& model = session.analysis.model;
   RandomSource source(random);
   const AnalyticErrors analytic = analyticErrors(model, par, listener);

@@ -29,7 +29,6 @@ void MainMod::run(Control control) {
   const bool ended = guarded([&] {
     const FlagFor running(running_, kTrue);
     if (command.run == nullptr || ports_.panels.isOpen()) return;
-    session_.GammaTold = kFalse;
     command.run(session_, ports_);
     if (!ports_.panels.isOpen()) Msg(session_, ports_.window);
   });

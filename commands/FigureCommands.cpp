@@ -1,5 +1,6 @@
 #include "commands/FigureCommands.h"
 
+#include "commands/ExhaustedBox.h"
 #include "commands/Preconditions.h"
 #include "grafile/FigureKind.h"
 
@@ -9,7 +10,9 @@ namespace {
 constexpr int kDifferencesFile = 0;
 
 void drawFigure(Session& session, FigurePorts& ports, FigureKind kind) {
-  if (canDrawFigure(session, ports.dialogs, kind)) MakeGraph(session, ports, static_cast<int>(kind));
+  if (!canDrawFigure(session, ports.dialogs, kind)) return;
+  ExhaustedBox listener(ports.dialogs);
+  MakeGraph(session, ports, static_cast<int>(kind), listener);
 }
 
 void save(Session& session, Ports& ports, int kind) {

@@ -42,7 +42,7 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
 /// A failing step sets `ErrFlag` to -1 and the next one goes on. Where the function cannot be computed, its
 /// curve has a gap. More than five such points of the curve, or one of the differences, end the figure: both
 /// texts are empty then and no window is opened.
-void MakeGraph(Session& session, FigurePorts& ports, Int16 kind);
+void MakeGraph(Session& session, FigurePorts& ports, Int16 kind, EvaluationListener& listener);
 
 /// Asks for a name and writes the graphic text of a figure (1 to 3), or with kind 0 the differences file.
 /// `ErrFlag` is 0 afterwards. A disk that fails while writing is a run-time error.

@@ -10,8 +10,11 @@ namespace vk {
 /// Where data, function or free parameters are missing, a plain box says so and nothing else happens.
 void MenAdaAda(Session& session, Ports& ports);
 
+/// The same as a step of a command, whose listener hears of kernels that run out of their terms.
+void fitOnScreen(Session& session, Ports& ports, EvaluationListener& listener);
+
 /// Fits the session's model function to its data, and leaves values, errors and effective errors there. `ErrFlag` is 0
 /// afterwards, or -1 when the fit or a figure at its end could not be computed.
-FitResult FitData(Session& session, Dialogs& dialogs, FitObserver& observer);
+FitResult FitData(Session& session, EvaluationListener& listener, FitObserver& observer);
 
 }  // namespace vk

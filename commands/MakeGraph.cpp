@@ -1,6 +1,5 @@
 #include "base/Guard.h"
 #include "commands/DisplayRefresh.h"
-#include "commands/ExhaustedBox.h"
 #include "commands/FigureCommands.h"
 #include "commands/PlotWindowCommands.h"
 #include "expr/Catalogue.h"
@@ -14,18 +13,18 @@ constexpr const char* kCurveFailed = "Errori nel Calcolo della Funzione";
 
 constexpr Int16 kErrorSound = 1;
 
-/// Beeps at each point where the function has no value, and tells of an exhausted kernel.
+/// Beeps at each point where the function has no value, and passes on that a kernel is exhausted.
 class FailureSignals : public FigureListener {
  public:
-  FailureSignals(Session& session, FigurePorts& ports)
-      : session_(session), ports_(ports), box_(session, ports.dialogs) {}
+  FailureSignals(Session& session, FigurePorts& ports, EvaluationListener& listener)
+      : session_(session), ports_(ports), listener_(listener) {}
   void pointFailed() override { SoundSignal(session_, ports_.sound, kErrorSound); }
-  void exhausted(Kernel kernel) override { box_.exhausted(kernel); }
+  void exhausted(Kernel kernel) override { listener_.exhausted(kernel); }
 
  private:
   Session& session_;
   FigurePorts& ports_;
-  ExhaustedBox box_;
+  EvaluationListener& listener_;
 };
 
 FigureSource sourceOf(const Session& session, Model& model, int kind) {
@@ -44,15 +43,16 @@ void openFigure(Session& session, FigurePorts& ports, GralCls& drawing, int kind
   PlotWindow& window = newPlotWindow(ports);
   drawing.GralCaption = "VOR_KEL: Grafico " + nameOfFigure(kind);
   const auto scale = static_cast<double>(session.figures.GraphScale.at(static_cast<std::size_t>(kind - 1)));
-  guard(session.ErrFlag, [&] { drawing.GralGrStr(window.device(), paperOrientation(session), scale); });
+  guard(session.ErrFlag,
+        [&] { drawing.GralGrStr(window.device(), paperOrientation(session.figures), scale); });
 }
 
 }  // namespace
 
-void MakeGraph(Session& session, FigurePorts& ports, Int16 kind) {
+void MakeGraph(Session& session, FigurePorts& ports, Int16 kind, EvaluationListener& listener) {
   Model& model = session.analysis.model;
   const FigureSource source = sourceOf(session, model, kind);
-  FailureSignals signals(session, ports);
+  FailureSignals signals(session, ports, listener);
   FigureTexts texts;
   const auto values = computeFigure(source, signals);
   session.ErrFlag = toFlag(!values && kind == kDifferencesFigure);

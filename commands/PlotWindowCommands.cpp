@@ -62,8 +62,8 @@ void printPicture(Device& printer, Device& figure) {
   guard([&] { printer.setOrientation(before); });
 }
 
-std::string paperOrientation(const Session& session) {
-  return session.figures.Landscape != kFalse ? "LANDSCAPE" : "PORTRAIT";
+std::string paperOrientation(const FigureSettings& figures) {
+  return figures.Landscape != kFalse ? "LANDSCAPE" : "PORTRAIT";
 }
 
 }  // namespace vk

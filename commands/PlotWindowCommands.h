@@ -19,7 +19,7 @@ void plotWindowClicked(FigurePorts& ports, PlotWindow& plot);
 /// Prints the picture of a figure centred on the page, on landscape paper if it is wider than high.
 void printPicture(Device& printer, Device& figure);
 
-/// The text for `GralGrStr` of the session's paper orientation.
-std::string paperOrientation(const Session& session);
+/// The text for `GralGrStr` of the paper orientation.
+std::string paperOrientation(const FigureSettings& figures);
 
 }  // namespace vk

@@ -24,7 +24,7 @@ PropagationResult PropagateErrors(Session& session, Ports& ports) {
   PropagationScreen screen(session.analysis.fun.FunctionText, par, ports.output);
   screen.open();
   ports.output.setSaveRoutine([&session, &files = ports.files] { SaveMonteCarlo(session, files); });
-  ExhaustedBox listener(session, ports.dialogs);
+  ExhaustedBox listener(ports.dialogs);
   Model& model = session.analysis.model;
   RandomSource random(ports.random);
   PropagationResult result = PropagateErrors(model, par, random, listener, screen);

@@ -28,11 +28,12 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
   const std::string text = ports.files.readAll(fileName);
   GralCls drawing(ports.printer, ports.screen);
   drawing.GralCaption = kCaption;
-  drawing.GralGrStr(onPrinter ? ports.printer : newPlotWindow(ports).device(), paperOrientation(session),
+  drawing.GralGrStr(onPrinter ? ports.printer : newPlotWindow(ports).device(),
+                    paperOrientation(session.figures),
                     static_cast<double>(session.figures.GraphScale[kFileScale]));
 
   try {
-    ExhaustedBox listener(session, ports.dialogs);
+    ExhaustedBox listener(ports.dialogs);
     GraphicRun run(ports.files, drawing, listener, errorFlag);
     run.runText(text);
     session.ErrFlag = toFlag(run.lastPointFailed());

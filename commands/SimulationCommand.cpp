@@ -104,7 +104,7 @@ void fitSimulated(ParameterSet& par, const Array<double>& truth, const std::func
 
 void MenDatSim(Session& session, Ports& ports) {
   if (!askSimulation(session, ports.input)) return;
-  SimulateData(session, ports, [&] { MenAdaAda(session, ports); });
+  SimulateData(session, ports, [&](EvaluationListener& listener) { fitOnScreen(session, ports, listener); });
 }
 
 bool askSimulation(Session& session, InputForm& form) {
@@ -146,9 +146,9 @@ std::optional<SimulatedData> simulateUnlessOverflow(Dialogs& dialogs,
   }
 }
 
-void SimulateData(Session& session, Ports& ports, const std::function<void()>& fit) {
+void SimulateData(Session& session, Ports& ports, const std::function<void(EvaluationListener&)>& fit) {
   ParameterSet& par = session.analysis.par;
-  ExhaustedBox listener(session, ports.dialogs);
+  ExhaustedBox listener(ports.dialogs);
   Model& model = session.analysis.model;
   RandomSource source(ports.random);
   const auto simulated = simulateUnlessOverflow(
@@ -159,7 +159,7 @@ void SimulateData(Session& session, Ports& ports, const std::function<void()>& f
   scatterStart(par, source);
   const bool goesOn = acceptCorrections(ports.dialogs, *simulated, par.FreeCount);
   Msg(session, ports.window);
-  if (goesOn) fitSimulated(par, truth, fit);
+  if (goesOn) fitSimulated(par, truth, [&] { fit(listener); });
 }
 
 }  // namespace vk

@@ -22,7 +22,7 @@ bool askSimulation(Session& session, InputForm& form);
 ///
 /// The corrections are told; the user can stop there, with the data replaced and nothing fitted. A number that
 /// does not fit its type ends the command with the box "Overflow", before anything is changed.
-void SimulateData(Session& session, Ports& ports, const std::function<void()>& fit);
+void SimulateData(Session& session, Ports& ports, const std::function<void(EvaluationListener&)>& fit);
 
 /// Tells what was not reasonable in the settings. True when the user wants to go on with what was corrected, or when
 /// there was nothing.

@@ -63,7 +63,7 @@ void TransformData(Session& session, Ports& ports) {
   const Array<std::string>& fields = session.input.InpValues;
   TransformFormulas formulas{fields[1], fields[2], {}};
   for (int i = kFirstFormula; i <= fields.upper(); ++i) formulas.columns.push_back(fields[i]);
-  ExhaustedBox listener(session, ports.dialogs);
+  ExhaustedBox listener(ports.dialogs);
   TransformResult result = transform(session.loaded.data, formulas, listener);
   if (result.replaced()) {
     session.loaded.data = std::move(result.data);

@@ -6,6 +6,7 @@
 
 #include "base/Text.h"
 #include "batch/FigureDesk.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/FigureCommands.h"
 #include "commands/FitCommand.h"
 #include "commands/FitScreen.h"
@@ -18,11 +19,11 @@ namespace {
 
 using namespace vk;
 
-void fit(Session& session, FigureDesk& desk) {
+void fit(Session& session, FigureDesk& desk, EvaluationListener& listener) {
   SystemClock clock;
   FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par,
                    {desk.output, desk.dialogs, clock});
-  FitData(session, desk.dialogs, screen);
+  FitData(session, listener, screen);
 }
 
 /// What the comments of the file tell its user to do.
@@ -35,9 +36,10 @@ void makeFigures(const ExampleFit& example, const std::string& folder) {
   FigureDesk desk;
   Session session;
   prepareExample(session, desk.files, example);
-  fit(session, desk);
+  ExhaustedBox listener(desk.dialogs);
+  fit(session, desk, listener);
   for (const int kind : {kDataFigure, kFunctionFigure, kDifferencesFigure}) {
-    MakeGraph(session, desk.ports, kind);
+    MakeGraph(session, desk.ports, kind, listener);
   }
   const std::string differences = example.name + "_dif.dat";
   const auto write = [&](const std::string& name, const std::string& text) {

@@ -49,7 +49,6 @@ struct Session {
   Flag TraceEnabled;      ///< compiler and function file reader write their report
   Flag CheckFunctions;    ///< the function file reader compiles each function
   std::string TraceText;  ///< the report, lines ended by CR LF
-  Flag GammaTold;         ///< the running command has had the box on a gamma function that does not converge
 };
 
 }  // namespace vk

@@ -1,5 +1,7 @@
 #include "commands/ExhaustedBox.h"
 
+#include <optional>
+
 #include "doubles/EvaluateFunction.h"
 #include "doubles/ScriptedDialogs.h"
 #include "expr/Compiler.h"
@@ -13,11 +15,12 @@ struct ExhaustedBoxTest : testing::Test {
   /// The value of a formula as the session's function.
   double run(const std::string& formula) {
     session.analysis.model = Model(6, 1, compile("y@x@@ @" + formula).code);
-    return EvaluateFunction(session, dialogs, 0);
+    return EvaluateFunction(session, *box, 0);
   }
 
   Session session;
   ScriptedDialogs dialogs;
+  std::optional<ExhaustedBox> box{std::in_place, dialogs};
 };
 
 TEST_F(ExhaustedBoxTest, ClearTheFlagOnEntry) {
@@ -34,7 +37,7 @@ TEST_F(ExhaustedBoxTest, ShowTheBoxOfTheGammaFunctionOnceInACommand) {
   EXPECT_EQ(session.ErrFlag, -1);
   EXPECT_EQ(run("C_X2(20004,20000)"), 20004);
   EXPECT_EQ(session.ErrFlag, -1) << "told by the flag all the same";
-  session.GammaTold = kFalse;  // the next command
+  box.emplace(dialogs);  // the next command
   dialogs.expectBox();
   run("C_X2(800,800)");
   EXPECT_EQ(dialogs.boxes, std::vector(2, kExhaustedBox));

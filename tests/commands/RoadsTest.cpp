@@ -41,7 +41,7 @@ class RoadTest : public PropagationTest {
   }
   void simulate() {
     if (!askSimulation(session, form)) return;
-    SimulateData(session, TestPorts(dialogs, window, random), [this] { fit(); });
+    SimulateData(session, TestPorts(dialogs, window, random), [this](EvaluationListener&) { fit(); });
   }
 
   ScriptedFunctionForms functions{session};

@@ -34,7 +34,7 @@ class SimulationTest : public PropagationTest {
     CyclingRandom none({0.5F});
     Random& random = random_ == nullptr ? none : *random_;
     if (askSimulation(session, form_)) {
-      SimulateData(session, TestPorts(dialogs, window, random), [this] { fit(); });
+      SimulateData(session, TestPorts(dialogs, window, random), [this](EvaluationListener&) { fit(); });
     }
   }
   void simulate(const Fields& fields, Random& random) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/FigureCommands.h"
 #include "commands/PlotWindowCommands.h"
 #include "commands/Preconditions.h"
@@ -54,6 +55,7 @@ class FigureFixture : public ::testing::Test {
   Session session;
   MemoryFiles files;
   ScriptedDialogs dialogs;
+  ExhaustedBox kernels{dialogs};
   RecordingMainWindow window;
   RecordingOutput output;
   RecordingSound sound;

@@ -183,7 +183,8 @@ TEST_F(DataRoads, SimulatedDataSurviveAGraphicFile) {
   random.seed(1);
   ScriptedInputForm form;
   form.execute({"0", "10", "20", "0.5", "1", "0", "1"});
-  if (askSimulation(session, form)) SimulateData(session, TestPorts(dialogs, window, random), [] {});
+  if (askSimulation(session, form))
+    SimulateData(session, TestPorts(dialogs, window, random), [](EvaluationListener&) {});
   ASSERT_EQ(session.loaded.DataFile, "SIMULA.DAT");
   ASSERT_EQ(session.loaded.data.NumPnt, 20);
   expectTheSameFitAfterAGraphicFile();

@@ -32,7 +32,7 @@ TEST_F(FigureValuesTest, TheSixthPointThatCannotBeComputedEndsTheFigure) {
   session.figures.GraphText = {"", "one", "two", "three"};
   takeLogarithm(1.1);
   dialogs.expectBox();
-  MakeGraph(session, ports, kFunctionFigure);
+  MakeGraph(session, ports, kFunctionFigure, kernels);
   EXPECT_EQ(lowTones(), 6);
   EXPECT_EQ(dialogs.boxes[0].text, "Errori nel Calcolo della Funzione  <*> per Continuare");
   EXPECT_EQ(session.figures.GraphText[1], "one");
@@ -49,7 +49,7 @@ TEST_F(FigureValuesTest, OnePointThatCannotBeComputedEndsTheDifferences) {
   session.figures.DiffText = "differences";
   session.figures.GraphText = {"", "one", "two", "three"};
   takeLogarithm(.9);
-  MakeGraph(session, ports, kDifferencesFigure);
+  MakeGraph(session, ports, kDifferencesFigure, kernels);
   EXPECT_EQ(lowTones(), 1);
   EXPECT_TRUE(dialogs.boxes.empty());
   EXPECT_EQ(session.figures.GraphText[2], "two");

@@ -37,7 +37,7 @@ class HostileFiguresTest : public FigureFixture, public ::testing::WithParamInte
   }
 
   std::vector<std::string> makeGraph(int kind) {
-    MakeGraph(session, ports, kind);
+    MakeGraph(session, ports, kind, kernels);
     EXPECT_EQ(session.ErrFlag, 0);
     return lastWindow().form.lines();
   }

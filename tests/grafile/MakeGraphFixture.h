@@ -30,7 +30,7 @@ inline void plot(GralCls& d, const DataSet& data) {
 class MakeGraphTest : public FigureFixture {
  protected:
   std::vector<std::string> makeGraph(int kind) {
-    MakeGraph(session, ports, kind);
+    MakeGraph(session, ports, kind, kernels);
     return lastWindow().form.lines();
   }
   /// The drawing without the end of its clipping, which a figure of the generator keeps.

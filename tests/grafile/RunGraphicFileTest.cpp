@@ -53,7 +53,7 @@ TEST_F(RunGraphicFileTest, DepartureAGeneratedFigureNamesTheDataFileAsItWasOpene
   files.content["/data/own.dat"] = lines({"Tempo (s)", "Corsa (m)", "2", "1 9 9", "2 8 8"});
   loadOwnData("/data/own.dat");
   run(otherData);
-  MakeGraph(session, ports, kDataFigure);
+  MakeGraph(session, ports, kDataFigure, kernels);
   EXPECT_THAT(session.figures.GraphText[1], testing::HasSubstr("%File Dati: /DATA/OWN.DAT\r\n"));
   EXPECT_THAT(session.figures.GraphText[1], testing::HasSubstr("\\Dati(/data/own.dat)\r\n"));
 }

@@ -6,6 +6,8 @@
 namespace vk {
 namespace {
 
+constexpr const char* kFunctionCheckCaption = "VOR_KEL: Lettura File Funzioni - Controllo File";
+
 /// The functions of a text, checked; their report stays in `TraceText`.
 FunctionFile checkedFunctions(Session& session, std::string_view text) {
   session.TraceText.clear();
@@ -32,7 +34,7 @@ void ReadFunctionFile(Session& session, Files& files, OutputWindow& output, std:
 
   const bool good = session.ErrFlag == 0;
   if (!good && session.CheckFunctions && session.TraceEnabled) {
-    output.OutShow(reportRequest("VOR_KEL: Lettura File Funzioni - Controllo File", session.TraceText));
+    output.OutShow(reportRequest(kFunctionCheckCaption, session.TraceText));
   }
   if (good) session.loaded.catalogue.file = std::move(file);
   session.TraceText.clear();

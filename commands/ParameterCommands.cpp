@@ -14,6 +14,18 @@
 namespace vk {
 namespace {
 
+constexpr const char* kParametersCaption = "VOR_KEL: Parametri Iniziali";
+constexpr const char* kDeltaSign = "\xEB";  ///< shows as a small delta
+
+/// What stands above the two columns of the form.
+struct Heads {
+  const char* value[2];
+  const char* change[2];
+};
+constexpr Heads kParameterHeads{{"Valore", " Iniziale "}, {"  Variazione  ", "0 Cost. 1 Var."}};
+// \xE5 shows as a small sigma.
+constexpr Heads kErrorHeads{{"Valore ", "Parametro"}, {" Errore ", "\xE5>0, Err.Max.<0 "}};
+
 constexpr int kLeastHalfWidth = 22;
 constexpr int kFirstRow = 7;
 
@@ -43,20 +55,19 @@ void describeFields(InputTables& form, int half, const ParameterSet& par, int fi
     const int i = first + field - 1;
     const int row = kFirstRow + field - 1;
     add(field, row, 0, par.name(i), par.ParValues[i]);
-    // \xEB shows as a small delta.
-    add(field + rows, row, half, "\xEB" + par.name(i), par.ParDeltas[i]);
+    add(field + rows, row, half, kDeltaSign + par.name(i), par.ParDeltas[i]);
   }
 }
 
 void describeHeads(InputTables& form, int half, const std::string& functionText, bool propagation) {
   const int right = 3 * half / 2;
-  // \xE5 shows as a small sigma.
-  describeTexts(form, {{1, half, "Funzione"},
+  const Heads& heads = propagation ? kErrorHeads : kParameterHeads;
+  describeTexts(form, {{1, half, kFunctionHead},
                        {2, half, functionText},
-                       {4, half / 2, propagation ? "Valore " : "Valore"},
-                       {5, half / 2, propagation ? "Parametro" : " Iniziale "},
-                       {4, right, propagation ? " Errore " : "  Variazione  "},
-                       {5, right, propagation ? "\xE5>0, Err.Max.<0 " : "0 Cost. 1 Var."}});
+                       {4, half / 2, heads.value[0]},
+                       {5, half / 2, heads.value[1]},
+                       {4, right, heads.change[0]},
+                       {5, right, heads.change[1]}});
 }
 
 }  // namespace
@@ -71,7 +82,7 @@ bool EnterParameters(Session& session, InputForm& form, Flag mode) {
   const std::string& functionText = session.analysis.fun.FunctionText;
   const int half = halfWidth(functionText);
   InputTables& tables = session.input;
-  tables.caption = mode ? "VOR_KEL: Propagazione Errori" : "VOR_KEL: Parametri Iniziali";
+  tables.caption = mode ? kPropagationCaption : kParametersCaption;
   tables.InpCols = 2 * half;
   tables.InpRows = par.ParCount + kFirstRow - mode;
   describeFrames(tables,

@@ -9,7 +9,6 @@
 namespace vk {
 namespace {
 
-const std::string kPropagationCaption = "VOR_KEL: Propagazione Errori";
 const std::string kAnalyticTitle = "Espressioni Analitiche";
 const std::string kSimulationTitle = "Simulazione di Monte Carlo";
 
@@ -21,6 +20,7 @@ const std::string kSamplesMask = "########";
 const std::string kSigma = "\xE5";
 const std::string kDelta = "\xEB";
 const std::string kStandardDeviation = " " + kSigma + "       ";
+const std::string kSampleCount = " N =";
 const std::string kMaximumError = " Err. Max.";
 
 constexpr int kRuledFrame = 3;
@@ -92,7 +92,7 @@ void PropagationScreen::sampled(const SampleStatistics& samples) {
   printAt(row, width_ - length(name_) + 2, "<" + name_ + ">=");
   printAt(row, width_ + kValueBehindName, FormatMask(samples.mean, kValueMask));
   printError(row, errorLabel(name_), samples.spread, " " + kSigma + "(" + name_ + ")");
-  printAt(row + 1, width_ + 1, " N =");
+  printAt(row + 1, width_ + 1, kSampleCount);
   printAt(row + 1, width_ + kValueBehindName, FormatMask(samples.count, kSamplesMask));
   printError(row + 1, errorLabel(name_, "'"), samples.meanError, " " + kSigma + "(<" + name_ + ">)");
   output_.refresh();

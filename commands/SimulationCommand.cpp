@@ -13,12 +13,27 @@
 namespace vk {
 namespace {
 
-// ---- The form ----------------------------------------------------------------------------------------------
+// ---- Texts --------------------------------------------------------------------------------------------------
 
+constexpr const char* kSimulationCaption = "VOR_KEL: Simulazione Dati";
 constexpr std::array kPrompts{"x Minimo                  ", "x Massimo                 ",
                               "Numero Punti              ", "Incertezza di y           ",
                               "Inc. y (0=Perc., <>0=Ass.)", "Incertezza di x           ",
                               "Inc. x (0=Perc., <>0=Ass.)"};
+
+constexpr const char* kCorrectionsCaption = "Vor_Kel: Simulazione Dati";
+constexpr const char* kCorrectionsHead =
+    "Immissione Dati NON Ragionevole! Segue Elenco e Correzione Proposta.\r";
+// The lines of the corrections, each ended by CR.
+constexpr const char* kTooFewPoints[] = {"*** Numero di Punti (", ") Non Maggiore del Numero di Parametri (",
+                                         ")\r___ Posto Numero di Punti = Numero di Parametri +1\r"};
+constexpr const char* kLimitsExchanged = "*** Xmin > Xmax: Scambiati Xmin e Xmax\r";
+constexpr const char* kLimitMoved = "*** Xmin = Xmax: Posto Xmax = Xmin +1\r";
+constexpr const char* kErrorOfYSet = "*** Incertezza di y = 0: Posto Incertezza di y = 1\r";
+constexpr const char* kOverflowWord = "Overflow";
+
+// ---- The form ----------------------------------------------------------------------------------------------
+
 constexpr int kFieldCount = kPrompts.size();
 constexpr int kRows = 13;
 constexpr int kSimulationPromptWidth = 26;
@@ -66,15 +81,14 @@ std::string correctionText(Correction correction, const SimulationSettings& sim,
   switch (correction) {
     case Correction::kPoints:
       // QUIRK: the count told is the corrected one, not what was typed.
-      return "*** Numero di Punti (" + generalText(sim.SimPoints) +
-             ") Non Maggiore del Numero di Parametri (" + generalText(freeCount) + ")\r" +
-             "___ Posto Numero di Punti = Numero di Parametri +1\r";
+      return kTooFewPoints[0] + generalText(sim.SimPoints) + kTooFewPoints[1] + generalText(freeCount) +
+             kTooFewPoints[2];
     case Correction::kExchanged:
-      return "*** Xmin > Xmax: Scambiati Xmin e Xmax\r";
+      return kLimitsExchanged;
     case Correction::kMoved:
-      return "*** Xmin = Xmax: Posto Xmax = Xmin +1\r";
+      return kLimitMoved;
     case Correction::kErrorOfY:
-      return "*** Incertezza di y = 0: Posto Incertezza di y = 1\r";
+      return kErrorOfYSet;
   }
   return {};
 }
@@ -115,9 +129,9 @@ bool askSimulation(Session& session, InputForm& form) {
   describeFrames(tables, {{3, 1, kRows, kSimulationColumns},
                           {3, kSimulationPromptWidth + 4, kRows, kSimulationColumns},
                           {1, 1, kRows, kSimulationColumns}});
-  describeTexts(tables, {{1, kSimulationColumns / 2, "Funzione"},
+  describeTexts(tables, {{1, kSimulationColumns / 2, kFunctionHead},
                          {2, kSimulationColumns / 2, trim(session.analysis.fun.FunctionText)}});
-  tables.caption = "VOR_KEL: Simulazione Dati";
+  tables.caption = kSimulationCaption;
   return askForm(session, form);
 }
 
@@ -128,11 +142,10 @@ bool acceptCorrections(Dialogs& dialogs, const SimulatedData& simulated, int fre
   for (const Correction correction : simulated.corrections) {
     report += correctionText(correction, simulated.settings, freeCount);
   }
-  return dialogs.Get_Msg(
-             {.caption = "Vor_Kel: Simulazione Dati",
-              .text = "Immissione Dati NON Ragionevole! Segue Elenco e Correzione Proposta.\r" + report,
-              .icon = kExclamation,
-              .captions = {kGiveUpButton, kContinueButton}}) == kContinue;
+  return dialogs.Get_Msg({.caption = kCorrectionsCaption,
+                          .text = kCorrectionsHead + report,
+                          .icon = kExclamation,
+                          .captions = {kGiveUpButton, kContinueButton}}) == kContinue;
 }
 
 std::optional<SimulatedData> simulateUnlessOverflow(Dialogs& dialogs,
@@ -141,7 +154,7 @@ std::optional<SimulatedData> simulateUnlessOverflow(Dialogs& dialogs,
     return simulate();
   } catch (const RuntimeError& error) {
     if (error.number() != kOverflow) throw;
-    dialogs.plainBox(kProgramTitle, "Overflow");
+    dialogs.plainBox(kProgramTitle, kOverflowWord);
     return std::nullopt;
   }
 }

@@ -9,6 +9,13 @@
 namespace vk {
 namespace {
 
+// ---- Texts --------------------------------------------------------------------------------------------------
+
+constexpr const char* kTransformationCaption = "VOR_KEL: Trasformazione Dati";
+constexpr const char* kDataFileHead = "File Dati";
+constexpr const char* kLegendX = "Legenda x";
+constexpr const char* kLegendY = "Legenda y";
+
 // ---- The form ----------------------------------------------------------------------------------------------
 
 constexpr int kColumns = 45;
@@ -35,8 +42,8 @@ void addField(InputTables& form, int i, const std::string& prompt, const std::st
 void describeFields(InputTables& form, const DataSet& data) {
   const int count = 5 - data.kXpntErr;
   describeFieldCount(form, count);
-  addField(form, 1, "Legenda x", data.TitleX, kTextKind);
-  addField(form, 2, "Legenda y", data.TitleY, kTextKind);
+  addField(form, 1, kLegendX, data.TitleX, kTextKind);
+  addField(form, 2, kLegendY, data.TitleY, kTextKind);
   addField(form, 3, "x", "x", kFormulaKind);
   addField(form, 4, "y", "y", kFormulaKind);
   if (data.kXpntErr) addField(form, 5, "dx", "dx", kFormulaKind);
@@ -54,8 +61,8 @@ void MenDatTra(Session& session, Ports& ports) {
   describeFrames(tables,
                  {{1, 1, rows, kColumns}, {3, 1, rows, kColumns}, {3, kPromptWidth + 2, rows, kColumns}});
   describeTexts(tables,
-                {{1, kTextColumn, "File Dati"}, {2, kTextColumn, FileBaseName(session.loaded.DataFile)}});
-  tables.caption = "VOR_KEL: Trasformazione Dati";
+                {{1, kTextColumn, kDataFileHead}, {2, kTextColumn, FileBaseName(session.loaded.DataFile)}});
+  tables.caption = kTransformationCaption;
   if (askForm(session, ports.input)) TransformData(session, ports);
 }
 

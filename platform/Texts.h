@@ -26,6 +26,12 @@ inline constexpr const char* kEditCaption = "VOR_KEL: Modifica File ";
 /// Behind the caption over a list of errors.
 inline constexpr const char* kErrorListSuffix = " - ERRORI";
 
+/// Caption of the form and of the screen of the propagation of errors.
+inline constexpr const char* kPropagationCaption = "VOR_KEL: Propagazione Errori";
+
+/// Above the function on a form.
+inline constexpr const char* kFunctionHead = "Funzione";
+
 // The kinds of file.
 inline constexpr const char* kDataWord = "Dati";
 inline constexpr const char* kFunctionsWord = "Funzioni";

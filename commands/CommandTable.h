@@ -1,3 +1,4 @@
+/// Unit MainMod: the table of commands.
 #pragma once
 
 #include <optional>

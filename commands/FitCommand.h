@@ -1,3 +1,4 @@
+/// Unit FitMod: the command that fits.
 #pragma once
 
 #include "analysis/Fit.h"

@@ -1,3 +1,4 @@
+/// Unit FitMod: the screen of the fit.
 #pragma once
 
 #include <optional>

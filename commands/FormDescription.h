@@ -1,3 +1,4 @@
+/// Unit InpMod: the tables of the input form.
 #pragma once
 
 #include <initializer_list>

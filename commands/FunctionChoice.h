@@ -1,3 +1,4 @@
+/// Unit FunMod: how a function becomes the current one.
 #pragma once
 
 #include "expr/Catalogue.h"

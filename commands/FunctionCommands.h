@@ -1,3 +1,4 @@
+/// Unit FunMod: the commands of the menu of functions.
 #pragma once
 
 #include "commands/Ports.h"

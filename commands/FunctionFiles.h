@@ -1,3 +1,4 @@
+/// Unit FunMod: function files as the commands read them.
 #pragma once
 
 #include <string>

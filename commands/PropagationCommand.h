@@ -1,3 +1,4 @@
+/// Unit Module6: the propagation of errors on its screen.
 #pragma once
 
 #include "analysis/Propagation.h"

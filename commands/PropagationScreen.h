@@ -1,3 +1,4 @@
+/// Unit Module6: the screen of the propagation of errors.
 #pragma once
 
 #include <string>

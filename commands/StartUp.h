@@ -1,3 +1,4 @@
+/// Unit MainMod: the steps of the start-up.
 #pragma once
 
 #include <array>

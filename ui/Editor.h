@@ -1,3 +1,4 @@
+/// Unit Editor: the small text editor.
 #pragma once
 
 #include <memory>

@@ -1,3 +1,4 @@
+/// Unit Loa_Fun: the choice from the function file.
 #pragma once
 
 #include <string>

@@ -1,3 +1,4 @@
+/// Unit Vor_Kel: the panels of the main window.
 #pragma once
 
 #include "base/Int16.h"

@@ -1,3 +1,4 @@
+/// Unit FrmOut: the output window without its widgets.
 #pragma once
 
 #include <string>

@@ -1,3 +1,4 @@
+/// Unit Sel_Fun: the choice of the model function.
 #pragma once
 
 #include <string>

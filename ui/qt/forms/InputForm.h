@@ -9,7 +9,7 @@
 
 #include "platform/InputForm.h"
 #include "platform/MainWindow.h"
-#include "ui/InpMod.h"
+#include "ui/InputEngine.h"
 #include "ui/qt/forms/ModalLoop.h"
 #include "ui/qt/forms/Windows.h"
 #include "ui/qt/widgets/EntryBox.h"

@@ -11,7 +11,7 @@
 #include "platform/system/SystemRandom.h"
 #include "session/Session.h"
 #include "ui/Editor.h"
-#include "ui/InpMod.h"
+#include "ui/InputEngine.h"
 #include "ui/MainPanels.h"
 #include "ui/qt/forms/EditorForm.h"
 #include "ui/qt/forms/InputForm.h"

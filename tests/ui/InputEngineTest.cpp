@@ -1,4 +1,4 @@
-#include "ui/InpMod.h"
+#include "ui/InputEngine.h"
 
 #include "doubles/Doubles.h"
 #include "doubles/ScriptedDialogs.h"

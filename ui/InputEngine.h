@@ -1,3 +1,4 @@
+/// Unit InpMod: the engine of the input form.
 #pragma once
 
 #include <functional>

@@ -1,4 +1,4 @@
-#include "ui/InpMod.h"
+#include "ui/InputEngine.h"
 
 #include "base/NumberMasks.h"
 #include "base/NumberText.h"

@@ -21,7 +21,8 @@ bool askSimulation(Session& session, InputForm& form);
 /// holds the true values again afterwards. The generator goes on from where it stands.
 ///
 /// The corrections are told; the user can stop there, with the data replaced and nothing fitted. A number that
-/// does not fit its type ends the command with the box "Overflow", before anything is changed.
+/// does not fit its type ends the command with the box "Overflow", before anything is changed. `fit` is
+/// given the listener of the simulation.
 void SimulateData(Session& session, Ports& ports, const std::function<void(EvaluationListener&)>& fit);
 
 /// Tells what was not reasonable in the settings. True when the user wants to go on with what was corrected, or when

@@ -10,6 +10,7 @@
 #include "batch/FigureDesk.h"
 #include "data/DataFiles.h"
 #include "expr/FunctionFile.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

@@ -4,6 +4,7 @@
 
 #include "commands/DataCommands.h"
 #include "data/DataFiles.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

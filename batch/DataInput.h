@@ -6,9 +6,10 @@
 #include "batch/TerminalPorts.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
-#include "session/Session.h"
 
 namespace vk {
+
+struct Session;
 
 /// Checks and loads a data file. Its errors raise `UsageError` with the program's own list; a declared count
 /// that differs from the points found is a warning through `dialogs`, as in the program.

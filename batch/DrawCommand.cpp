@@ -8,6 +8,7 @@
 #include "grafile/GraphicFile.h"
 #include "gral/NoPrinter.h"
 #include "gral/NominalScreen.h"
+#include "session/Session.h"
 
 namespace vk {
 

@@ -12,6 +12,7 @@
 #include "commands/FitScreen.h"
 #include "platform/GridOutput.h"
 #include "platform/system/SystemClock.h"
+#include "session/Session.h"
 
 namespace vk {
 

@@ -8,9 +8,10 @@
 #include "batch/ModelChoice.h"
 #include "batch/ParameterValues.h"
 #include "platform/Dialogs.h"
-#include "session/Session.h"
 
 namespace vk {
+
+struct Session;
 
 /// `fit`: one fit of a data file.
 struct FitArguments {

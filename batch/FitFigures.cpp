@@ -7,6 +7,7 @@
 #include "batch/FigureDesk.h"
 #include "commands/FigureCommands.h"
 #include "grafile/FigureKind.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

@@ -3,9 +3,10 @@
 #include <string>
 
 #include "batch/FigureMaker.h"
-#include "session/Session.h"
 
 namespace vk {
+
+struct Session;
 
 /// The files that `fit` makes of its figures; what has no name is not made.
 struct WantedFigures {

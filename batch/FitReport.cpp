@@ -5,6 +5,7 @@
 
 #include "base/CodePage.h"
 #include "base/Text.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

@@ -7,6 +7,7 @@
 #include "commands/FunctionChoice.h"
 #include "expr/Catalogue.h"
 #include "expr/Compiler.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

@@ -3,9 +3,10 @@
 #include <string>
 
 #include "platform/Files.h"
-#include "session/Session.h"
 
 namespace vk {
+
+struct Session;
 
 /// How a command line names the model function: in one of three ways.
 struct ModelArguments {

@@ -4,6 +4,7 @@
 
 #include "batch/TerminalPorts.h"
 #include "commands/ParameterCommands.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

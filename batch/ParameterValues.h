@@ -4,9 +4,10 @@
 #include <vector>
 
 #include "batch/Assignment.h"
-#include "session/Session.h"
 
 namespace vk {
+
+struct Session;
 
 /// A variable of the command line with its two numbers.
 struct EnteredValue {

@@ -18,6 +18,7 @@
 #include "commands/RandomSource.h"
 #include "platform/GridOutput.h"
 #include "platform/system/SystemRandom.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

@@ -14,6 +14,7 @@
 #include "commands/SimulationCommand.h"
 #include "data/DataFiles.h"
 #include "platform/system/SystemRandom.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

@@ -9,6 +9,7 @@
 #include "commands/ExhaustedBox.h"
 #include "commands/TransformationCommand.h"
 #include "data/DataFiles.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

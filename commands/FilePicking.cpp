@@ -4,6 +4,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

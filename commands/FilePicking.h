@@ -3,10 +3,12 @@
 #include <string>
 
 #include "commands/Ports.h"
-#include "session/Session.h"
+#include "session/FileSettings.h"
 
 /// The one way to a file name, and the lists of the files read last.
 namespace vk {
+
+struct Session;
 
 /// What a file is picked for.
 enum PickMode : int {

@@ -62,7 +62,7 @@ TEST_F(FigureValuesTest, OnePointThatCannotBeComputedEndsTheDifferences) {
 TEST_F(FigureValuesTest, EqualXAreOpenedByHalfTheirValueOnBothSides) {
   loadData("A.DAT", {{3, 1, 0, .25}, {3, 2, 0, .5}});
   EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
-              drawBox(d, 1.5, 4.5, 6, 1, 2, 5, "Corsa (m)");
+              drawBox(d, {1.5, 4.5, 6}, {1, 2, 5}, "Corsa (m)");
               d.GralClip(1.5, 1, 4.5, 2);
               plot(d, session.loaded.data);
             }));
@@ -92,7 +92,7 @@ TEST_F(FigureValuesTest, EqualYAreOpenedNegativeOnesAndZerosToo) {
   for (const auto& [y, low, high, divisions] : {Case{2, 1, 3, 4}, Case{-2, -3, -1, 4}, Case{0, -1, 1, 4}}) {
     loadData("A.DAT", {{1, y, 0, .25}, {2.5, y, 0, .25}});
     EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
-                drawBox(d, 1, 2.6, 8, low, high, divisions, "Corsa (m)");
+                drawBox(d, {1, 2.6, 8}, {low, high, divisions}, "Corsa (m)");
                 d.GralClip(1, low, 2.6, high);
                 plot(d, session.loaded.data);
               }));
@@ -103,7 +103,7 @@ TEST_F(FigureValuesTest, EqualYAreOpenedNegativeOnesAndZerosToo) {
 TEST_F(FigureValuesTest, ASinglePointHasAFigure) {
   loadData("A.DAT", {{4, -4, 0, .25}});
   EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
-              drawBox(d, 2, 6, 8, -6, -2, 8, "Corsa (m)");
+              drawBox(d, {2, 6, 8}, {-6, -2, 8}, "Corsa (m)");
               d.GralClip(2, -6, 6, -2);
               plot(d, session.loaded.data);
             }));

@@ -10,15 +10,20 @@
 
 namespace vk {
 
+/// An axis of the box of a figure.
+struct BoxAxis {
+  double from, to;
+  int divisions;
+};
+
 /// The box of a figure and its axes.
-inline void drawBox(GralCls& d, double Xi, double Xf, int nDivX, double Yi, double Yf, int nDivY,
-                    const std::string& legend) {
-  d.GralXMap(5, 18, Xi, Xf);
-  d.GralYMap(4, 13, Yi, Yf);
-  d.GralOaxis(Xi, Xf, Yi, nDivX, 3, false, true, "Tempo (s)");
-  d.GralOaxis(Xi, Xf, Yf, nDivX, -3, false, false, "");
-  d.GralVaxis(Yi, Yf, Xi, nDivY, 3, false, true, legend);
-  d.GralVaxis(Yi, Yf, Xf, nDivY, -3, false, false, "");
+inline void drawBox(GralCls& d, const BoxAxis& x, const BoxAxis& y, const std::string& legend) {
+  d.GralXMap(5, 18, x.from, x.to);
+  d.GralYMap(4, 13, y.from, y.to);
+  d.GralOaxis(x.from, x.to, y.from, x.divisions, 3, false, true, "Tempo (s)");
+  d.GralOaxis(x.from, x.to, y.to, x.divisions, -3, false, false, "");
+  d.GralVaxis(y.from, y.to, x.from, y.divisions, 3, false, true, legend);
+  d.GralVaxis(y.from, y.to, x.to, y.divisions, -3, false, false, "");
 }
 
 /// The points of a figure.
@@ -55,7 +60,7 @@ class MakeGraphTest : public FigureFixture {
     const SampledCurve curve = curveOfFigure();
     for (int i = 0; i <= 50; ++i) EXPECT_EQ(curve.failed[i], toFlag(failed.contains(i))) << i;
     EXPECT_EQ(drawn, openDrawing([&](GralCls& d) {
-                drawBox(d, 0, 10, 10, Yi, Yf, nDivY, "Corsa (m)");
+                drawBox(d, {0, 10, 10}, {Yi, Yf, nDivY}, "Corsa (m)");
                 for (int i = 1; i <= 50; ++i) {
                   if (failed.contains(i - 1) || failed.contains(i)) continue;
                   d.GralLine(curve.x[i - 1], curve.y[i - 1], curve.x[i], curve.y[i]);
@@ -73,7 +78,7 @@ class MakeGraphTest : public FigureFixture {
   /// The differences of `loadXErrors`; their range holds the errors in y: from 0 - 0.25 to 1.5 + 0.5.
   void expectDifferencesWithErrors(const Array<double>& errors) {
     EXPECT_EQ(makeGraph(kDifferencesFigure), openDrawing([&](GralCls& d) {
-                drawBox(d, 0, 10, 10, -.5, 2, 5, "Corsa (m) (Mis.-Calc.)");
+                drawBox(d, {0, 10, 10}, {-.5, 2, 5}, "Corsa (m) (Mis.-Calc.)");
                 d.GralLine(0, 0, 10, 0);
                 d.GralClip(0, -.5, 10, 2);
                 DataSet differences = session.loaded.data;

@@ -37,7 +37,7 @@ TEST_F(MakeGraphTest, TheTextOfTheData) {
 TEST_F(MakeGraphTest, TheDrawingOfTheData) {
   loadPoints();
   EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
-              drawBox(d, 0, 10, 10, 1, 2.6, 8, "Corsa (m)");
+              drawBox(d, {0, 10, 10}, {1, 2.6, 8}, "Corsa (m)");
               d.GralMakeMark(1.5, 5);
               d.GralClip(0, 1, 10, 2.6);
               plot(d, session.loaded.data);
@@ -57,7 +57,7 @@ TEST_F(MakeGraphTest, TheTextOfTheDataDrawsTheSameFigure) {
 TEST_F(MakeGraphTest, ErrorsInXArePlottedWithTheData) {
   loadData("A.DAT", {{.3, 1, 1, .25}, {9.7, 2.5, 2, .5}}, true);
   EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
-              drawBox(d, 0, 10, 10, 1, 2.6, 8, "Corsa (m)");
+              drawBox(d, {0, 10, 10}, {1, 2.6, 8}, "Corsa (m)");
               d.GralClip(0, 1, 10, 2.6);
               plot(d, session.loaded.data);
             }));
@@ -125,7 +125,7 @@ TEST_F(MakeGraphTest, TheCurveHasASegmentForEachStepOverTheRoundedRange) {
     EXPECT_DOUBLE_EQ(curve.y[i], .5 * (i * .2) - 1);
   }
   EXPECT_EQ(drawn, openDrawing([&](GralCls& d) {
-              drawBox(d, 0, 10, 10, -1, 4, 5, "Corsa (m)");
+              drawBox(d, {0, 10, 10}, {-1, 4, 5}, "Corsa (m)");
               for (int i = 1; i <= 50; ++i) {
                 d.GralLine(curve.x[i - 1], curve.y[i - 1], curve.x[i], curve.y[i]);
               }
@@ -191,7 +191,7 @@ TEST_F(MakeGraphTest, TheDrawingOfTheDifferences) {
   loadPoints();
   takeFunction(2, 1, {.25, .5});
   EXPECT_EQ(makeGraph(kDifferencesFigure), openDrawing([&](GralCls& d) {
-              drawBox(d, 0, 10, 10, -2, 1.5, 7, "Corsa (m) (Mis.-Calc.)");
+              drawBox(d, {0, 10, 10}, {-2, 1.5, 7}, "Corsa (m) (Mis.-Calc.)");
               d.GralLine(0, 0, 10, 0);
               d.GralClip(0, -2, 10, 1.5);
               DataSet differences = session.loaded.data;

@@ -1,6 +1,7 @@
 #include "gral/BandTriangle.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <random>
 
@@ -102,11 +103,63 @@ TEST_F(Bands, WithoutAColourFail) {
             9);
 }
 
+/// A triangle with its corners from the lowest to the highest and back, and what its bands are compared with.
+struct MeasuredTriangle {
+  explicit MeasuredTriangle(const LevelTriangle& t)
+      : triangle(t),
+        corners{PlanePoint{t.bottom.x, t.bottom.y}, PlanePoint{t.top.x, t.top.y},
+                PlanePoint{t.middle.x, t.middle.y}} {}
+
+  double area() const { return areaOf(corners); }
+  double tolerance() const { return 1E-9 * std::abs(area()) + 1E-6; }
+  double heightAt(const PlanePoint& p) const {
+    return (triangle.bottom.z * turn(corners[1], corners[2], p) +
+            triangle.top.z * turn(corners[2], corners[0], p) +
+            triangle.middle.z * turn(corners[0], corners[1], p)) /
+           (2 * area());
+  }
+
+  LevelTriangle triangle;
+  std::array<PlanePoint, 3> corners;
+};
+
+/// A band runs round as the triangle does and is convex, lies in it, and between its two levels.
+void expectInside(const LevelBand& band, const MeasuredTriangle& whole, const Array<float>& levels) {
+  const auto points = band.points();
+  const double way = whole.area() > 0 ? 1 : -1;
+  ASSERT_GE(areaOf(points) * way, -whole.tolerance());
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const PlanePoint& p = points[i];
+    const double bend = turn(p, points[(i + 1) % points.size()], points[(i + 2) % points.size()]);
+    ASSERT_GE(bend * way, -whole.tolerance());
+    for (std::size_t side = 0; side < 3; ++side) {
+      ASSERT_GE(turn(whole.corners[side], whole.corners[(side + 1) % 3], p) * way, -whole.tolerance());
+    }
+    if (std::abs(whole.area()) < 10) continue;
+    const double low = band.index > 0 ? levels[band.index] : -11,
+                 high = band.index < levels.upper() ? levels[band.index + 1] : 11;
+    ASSERT_GE(whole.heightAt(p), low - 1E-6);
+    ASSERT_LE(whole.heightAt(p), high + 1E-6);
+  }
+}
+
+/// A band begins with the segment that the one below it ended with.
+void expectJoined(const LevelBand& band, const LevelBand& below, bool belowIsFirst) {
+  const auto points = band.points();
+  const auto lower = below.points();
+  const std::size_t p = belowIsFirst ? 1 : 2;
+  ASSERT_EQ(points[1].x, lower[p].x);
+  ASSERT_EQ(points[1].y, lower[p].y);
+  ASSERT_EQ(points[0].x, lower[p + 1].x);
+  ASSERT_EQ(points[0].y, lower[p + 1].y);
+}
+
 TEST_F(Bands, OfAnyTriangleAreTheTriangleWithoutGapsOrOverlaps) {
   std::mt19937 random(41);
   std::uniform_real_distribution<double> place(-1000, 1000), height(-10, 10);
   std::uniform_int_distribution<int> count(0, 12), choice(0, 9);
   for (int trial = 0; trial < 10000; ++trial) {
+    SCOPED_TRACE(trial);
     const int nl = count(random);
     std::vector<float> values;
     for (int k = 0; k < nl; ++k) values.push_back(static_cast<float>(height(random)));
@@ -122,57 +175,21 @@ TEST_F(Bands, OfAnyTriangleAreTheTriangleWithoutGapsOrOverlaps) {
     const LevelCorner a = at(place(random), place(random), z(0));
     const LevelCorner b = at(place(random), place(random), z(a.z));
     const LevelCorner c = at(place(random), place(random), z(b.z));
-    const LevelTriangle triangle = LevelTriangle::of(a, b, c);
-    const PlanePoint corners[] = {{triangle.bottom.x, triangle.bottom.y},
-                                  {triangle.top.x, triangle.top.y},
-                                  {triangle.middle.x, triangle.middle.y}};
-    const double area = areaOf(corners);
-    const double tolerance = 1E-9 * std::abs(area) + 1E-6;
-    const auto heightAt = [&](const PlanePoint& p) {
-      return (triangle.bottom.z * turn(corners[1], corners[2], p) +
-              triangle.top.z * turn(corners[2], corners[0], p) +
-              triangle.middle.z * turn(corners[0], corners[1], p)) /
-             (2 * area);
-    };
+    const MeasuredTriangle whole(LevelTriangle::of(a, b, c));
 
-    const std::vector<LevelBand> bands = bandsOf(triangle, levels);
-    ASSERT_EQ(static_cast<int>(bands.size()), triangle.top.k - triangle.bottom.k + 1);
+    const std::vector<LevelBand> bands = bandsOf(whole.triangle, levels);
+    ASSERT_EQ(static_cast<int>(bands.size()), whole.triangle.top.k - whole.triangle.bottom.k + 1);
     double sum = 0;
-    int index = triangle.bottom.k;
-    const LevelBand* below = nullptr;
-    for (const LevelBand& band : bands) {
-      ASSERT_EQ(band.index, index++);
-      // Each runs round as the triangle does and is convex, lies in it, and between its two levels.
-      const auto points = band.points();
-      const double own = areaOf(points);
-      sum += own;
-      ASSERT_GE(own * (area > 0 ? 1 : -1), -tolerance);
-      for (std::size_t i = 0; i < points.size(); ++i) {
-        const PlanePoint& p = points[i];
-        const double bend = turn(p, points[(i + 1) % points.size()], points[(i + 2) % points.size()]);
-        ASSERT_GE(bend * (area > 0 ? 1 : -1), -tolerance);
-        for (int side = 0; side < 3; ++side) {
-          ASSERT_GE(turn(corners[side], corners[(side + 1) % 3], p) * (area > 0 ? 1 : -1), -tolerance);
-        }
-        if (std::abs(area) < 10) continue;
-        const double low = band.index > 0 ? levels[band.index] : -11,
-                     high = band.index < nl ? levels[band.index + 1] : 11;
-        ASSERT_GE(heightAt(p), low - 1E-6) << trial;
-        ASSERT_LE(heightAt(p), high + 1E-6) << trial;
+    for (std::size_t i = 0; i < bands.size(); ++i) {
+      ASSERT_EQ(bands[i].index, whole.triangle.bottom.k + static_cast<int>(i));
+      ASSERT_NO_FATAL_FAILURE(expectInside(bands[i], whole, levels));
+      if (i > 0) {
+        ASSERT_NO_FATAL_FAILURE(expectJoined(bands[i], bands[i - 1], i == 1));
       }
-      // It begins with the segment that the one below it ended with.
-      if (below != nullptr) {
-        const auto lower = below->points();
-        const std::size_t p = below == &bands.front() ? 1 : 2;
-        ASSERT_EQ(points[1].x, lower[p].x);
-        ASSERT_EQ(points[1].y, lower[p].y);
-        ASSERT_EQ(points[0].x, lower[p + 1].x);
-        ASSERT_EQ(points[0].y, lower[p + 1].y);
-      }
-      below = &band;
+      sum += areaOf(bands[i].points());
     }
     // Inside the triangle, without overlap as their levels differ, and of its area: they are the triangle.
-    ASSERT_NEAR(sum, area, tolerance) << trial;
+    ASSERT_NEAR(sum, whole.area(), whole.tolerance());
   }
 }
 

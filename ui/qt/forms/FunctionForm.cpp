@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 
+#include "platform/Texts.h"
 #include "ui/SelectFunction.h"
 #include "ui/qt/widgets/AccessButton.h"
 #include "ui/qt/widgets/Fonts.h"

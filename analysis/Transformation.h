@@ -33,8 +33,8 @@ struct TransformResult {
   std::vector<FailedRows> failed;  ///< the columns that have such rows, in their order
 };
 
-/// The data with other titles and columns. All formulas see the old columns; when one of them is bad nothing is changed. A value
-/// that cannot be computed is what the evaluation left, and only the result tells of it.
+/// The data with other titles and columns. All formulas see the old columns; when one of them is bad nothing is
+/// changed. A value that cannot be computed is what the evaluation left, and only the result tells of it.
 TransformResult transform(DataSet data, const TransformFormulas& formulas, EvaluationListener& listener);
 
 }  // namespace vk

@@ -30,7 +30,8 @@ void MenGraPriFil(Session& session, FigurePorts& ports);
 /// A line that fails draws nothing, and the next line runs; the list of errors is shown if the session's
 /// `ShowErrors` is on. With an `errorFlag` other than 0 every command fails. The data of the session are
 /// afterwards as they were; only the name of a loaded file is folded to capitals. A file that cannot be opened
-/// is a run-time error (`Files::readAll`), a last line that asks for a continuation is 62.
+/// is a run-time error (`Files::readAll`), a last line that asks for a continuation is 62. `ErrFlag` is -1 where a
+/// function of the last line could not be computed at its last point, else 0; an empty file leaves it as it was.
 void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fileName,
                     const std::string& device, Int16 errorFlag);
 

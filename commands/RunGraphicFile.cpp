@@ -36,7 +36,8 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
     ExhaustedBox listener(ports.dialogs);
     GraphicRun run(ports.files, drawing, listener, errorFlag);
     run.runText(text);
-    session.ErrFlag = toFlag(run.lastPointFailed());
+    // Each line clears the register; a file without any leaves what stood in it.
+    if (!text.empty()) session.ErrFlag = toFlag(run.lastPointFailed());
     // QUIRK: a function that cannot be computed at its last point, drawn by the last line, opens an empty list.
     const bool wrong = !run.errors().empty() || session.ErrFlag != 0;
     if (wrong && session.settings.ShowErrors != kFalse) showErrors(ports.output, run.errors(), onPrinter);

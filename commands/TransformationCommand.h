@@ -7,13 +7,12 @@
 /// Formulas over the columns of the data set.
 namespace vk {
 
-/// Command: shows the form with a title for each axis and a formula for each column. Leaving a formula's field
-/// compiles it into the session's compiled model, which is that of the model function again afterwards, whether
-/// the user runs the transformation or gives up.
+/// Command: shows the form with a title for each axis and a formula for each column, and transforms the data unless
+/// the user gives up.
 void MenDatTra(Session& session, Ports& ports);
 
-/// Replaces titles and columns by what the fields of the form say. When a formula is bad a box
-/// tells, and nothing is changed. The compiled model is that of the model function again afterwards.
+/// Replaces titles and columns by what the fields of the form say. When a formula is bad a box tells, and nothing is
+/// changed.
 void TransformData(Session& session, Ports& ports);
 
 /// Tells which column's formula is bad.

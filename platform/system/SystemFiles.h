@@ -9,8 +9,8 @@ namespace vk {
 
 /// What becomes of entries that are neither files nor folders: pipes, devices and the like. They may have no end,
 /// or none who writes: a program with a window refuses them, which is run-time error 57; at a terminal the user
-/// who named them can wait. There a name for an open file of the process means that stream as well, whatever is behind it:
-/// the file behind "/dev/stdout" is written to where it stands, and not replaced.
+/// who named them can wait. There a name for an open file of the process means that stream as well, whatever is
+/// behind it: the file behind "/dev/stdout" is written to where it stands, and not replaced.
 enum class Streams { kRefused, kTaken };
 
 /// The disk of this machine. File names are the bytes that the system uses.

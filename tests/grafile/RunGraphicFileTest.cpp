@@ -29,6 +29,19 @@ class RunGraphicFileTest : public FigureFixture {
   const std::string otherData = lines({"\\DATI(OTHER.DAT)", "\\SPEZZATA(OTHER.DAT)", "\\CURVA(OTHER.DAT)"});
 };
 
+// QUIRK: what a command before left in the register counts as an error of a file without lines.
+TEST_F(RunGraphicFileTest, AnEmptyFileShowsTheFailureOfTheCommandBeforeAsAnEmptyList) {
+  session.settings.ShowErrors = kTrue;
+  session.ErrFlag = kCancelled;
+  run("%only a comment\r\n");
+  EXPECT_TRUE(output.requests.empty()) << "each line clears the register";
+  session.ErrFlag = kCancelled;
+  run("");
+  ASSERT_EQ(output.requests.size(), 1U);
+  EXPECT_EQ(output.request().text, "");
+  EXPECT_EQ(output.request().caption, "VOR_KEL: File Grafico - Controllo File");
+}
+
 TEST_F(RunGraphicFileTest, DataThatNoFileHoldsSurviveARun) {
   loadOwnData("SIMULA.DAT");
   const DataSet before = session.loaded.data;

@@ -43,7 +43,6 @@ namespace {
 
 constexpr const char* kCaption = "Inserisci Carattere";
 constexpr int kCaptionLeft = 10;  // pixels
-constexpr int kCaptionSpace = 4;  // pixels on each side of the caption
 constexpr int kNoCell = kPaletteCells - 1;
 
 class SignMeasure : public TextMeasure {

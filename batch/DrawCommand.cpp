@@ -8,7 +8,6 @@
 #include "grafile/GraphicFile.h"
 #include "gral/NoPrinter.h"
 #include "gral/NominalScreen.h"
-#include "session/Session.h"
 
 namespace vk {
 

@@ -19,7 +19,7 @@ void MainMod::StartUp(const std::function<void()>& showMainWindow) {
   guarded(showMainWindow);
   guarded([this] { welcome(ports_); });
   guarded([this] { fillCatalogue(session_, ports_.functions); });
-  guarded([this] { SoundSignal(session_, ports_.sound, 0); });
+  guarded([this] { SoundSignal(session_.settings, ports_.sound, 0); });
   guarded([this] { Msg(session_, ports_.window); });
 }
 

@@ -46,7 +46,6 @@ const std::string kPerCent = " %";
 const std::string kNumberMask = "#.######^^^^";
 const std::string kStartPattern = ".000000E+00";
 const std::string kNoError = "___________";
-constexpr const char* kErrorTitle = "ERRORE !";
 constexpr const char* kTooSmall = ") ECCESSIVAMENTE PICCOLO!   <*> per Continuare";
 
 const std::string kMatrixMask = " #####";

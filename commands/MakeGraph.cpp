@@ -18,7 +18,7 @@ class FailureSignals : public FigureListener {
  public:
   FailureSignals(Session& session, FigurePorts& ports, EvaluationListener& listener)
       : session_(session), ports_(ports), listener_(listener) {}
-  void pointFailed() override { SoundSignal(session_, ports_.sound, kErrorSound); }
+  void pointFailed() override { SoundSignal(session_.settings, ports_.sound, kErrorSound); }
   void exhausted(Kernel kernel) override { listener_.exhausted(kernel); }
 
  private:

@@ -9,7 +9,6 @@ constexpr const char* kNothingDefined = "Dati e Funzione NON definiti!";
 constexpr const char* kNoData = "Dati NON Definiti!";
 constexpr const char* kNoFunction = "Funzione NON Definita!";
 constexpr const char* kNoParameters = "Parametri NON Definiti!";
-constexpr const char* kErrorTitle = "ERRORE !";
 
 /// What of data and function is missing; empty when both are there.
 std::string missingInput(bool function, bool data) {

@@ -9,7 +9,7 @@
 namespace vk {
 namespace {
 
-constexpr const char* kCaption = "VOR_KEL: Visualizza File Grafico";
+constexpr const char* kFigureCaption = "VOR_KEL: Visualizza File Grafico";
 constexpr const char* kErrorCaption = "VOR_KEL: File Grafico - Controllo File";
 constexpr const char* kPrinterDevice = "Printer";
 constexpr std::size_t kFileScale = 3;
@@ -27,7 +27,7 @@ void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fil
   const bool onPrinter = device == kPrinterDevice;
   const std::string text = ports.files.readAll(fileName);
   GralCls drawing(ports.printer, ports.screen);
-  drawing.GralCaption = kCaption;
+  drawing.GralCaption = kFigureCaption;
   drawing.GralGrStr(onPrinter ? ports.printer : newPlotWindow(ports).device(),
                     paperOrientation(session.figures),
                     static_cast<double>(session.figures.GraphScale[kFileScale]));

@@ -6,6 +6,9 @@ namespace vk {
 /// Title of the plain boxes for which none is told.
 inline constexpr const char* kProgramTitle = "VOR_KEL";
 
+/// Title of the plain boxes of the fit.
+inline constexpr const char* kErrorTitle = "ERRORE !";
+
 // Captions of buttons, "&" before the access key.
 inline constexpr const char* kContinueButton = "&Continua";
 inline constexpr const char* kGiveUpButton = "&Rinuncia";

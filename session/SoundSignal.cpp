@@ -2,10 +2,10 @@
 
 namespace vk {
 
-void SoundSignal(const Session& session, Sound& sound, Int16 code) {
-  if (session.settings.BeepOn == kFalse) return;
-  if (code == 0) sound.tone(session.settings.BeepFreqHigh, session.settings.BeepLenHigh);
-  if (code == 1) sound.tone(session.settings.BeepFreqLow, session.settings.BeepLenLow);
+void SoundSignal(const DesktopSettings& settings, Sound& sound, Int16 code) {
+  if (settings.BeepOn == kFalse) return;
+  if (code == 0) sound.tone(settings.BeepFreqHigh, settings.BeepLenHigh);
+  if (code == 1) sound.tone(settings.BeepFreqLow, settings.BeepLenLow);
 }
 
 }  // namespace vk

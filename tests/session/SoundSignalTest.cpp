@@ -1,6 +1,7 @@
 #include "session/SoundSignal.h"
 
 #include "doubles/Doubles.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {
@@ -8,10 +9,10 @@ namespace {
 TEST(SoundSignal, CodeZeroIsHighAndCodeOneIsLow) {
   const Session session;
   RecordingSound sound;
-  SoundSignal(session, sound, 0);
-  SoundSignal(session, sound, 1);
-  SoundSignal(session, sound, 2);
-  SoundSignal(session, sound, -1);
+  SoundSignal(session.settings, sound, 0);
+  SoundSignal(session.settings, sound, 1);
+  SoundSignal(session.settings, sound, 2);
+  SoundSignal(session.settings, sound, -1);
   EXPECT_EQ(sound.tones, (std::vector<RecordingSound::Tone>{{1000, 1}, {500, 1}}));
 }
 
@@ -19,8 +20,8 @@ TEST(SoundSignal, IsSilentWithTheBeepSwitchOff) {
   Session session;
   session.settings.BeepOn = kFalse;
   RecordingSound sound;
-  SoundSignal(session, sound, 0);
-  SoundSignal(session, sound, 1);
+  SoundSignal(session.settings, sound, 0);
+  SoundSignal(session.settings, sound, 1);
   EXPECT_TRUE(sound.tones.empty());
 }
 

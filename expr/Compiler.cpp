@@ -191,6 +191,12 @@ class CompilerRun {
 Compilation compile(const std::string& definition) {
   Compilation result;
   result.ok = CompilerRun(result).run(cutFields(definition));
+  // A definition that ends before its expression has no character that the fault could point at.
+  const int size = length(definition);
+  for (CompileFault& fault : result.faults) {
+    fault.first = std::min(fault.first, size);
+    fault.length = std::min(fault.length, size - fault.first);
+  }
   return result;
 }
 

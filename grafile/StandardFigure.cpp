@@ -142,9 +142,10 @@ void FigureDrawing::drawAxes() {
 }
 
 void FigureDrawing::drawFunction() {
-  const auto& [segments, x, y, failed] = values_.curve;
-  for (int i = 1; i <= segments; ++i) {
-    if (failed[i - 1] != kFalse || failed[i] != kFalse) continue;
+  const SampledCurve& curve = values_.curve;
+  const Array<double>&x = curve.x, &y = curve.y;
+  for (int i = 1; i <= curve.segments; ++i) {
+    if (curve.failed[i - 1] != kFalse || curve.failed[i] != kFalse) continue;
     step([&] { drawing_.GralLine(x[i - 1], y[i - 1], x[i], y[i]); });
   }
   const FunctionLines lines = functionLines(source_, values_, listener_);

@@ -42,6 +42,11 @@ std::string noise(ExpressionMaker& maker) {
   return text;
 }
 
+TEST(RandomDefinitions, ThatEndBeforeTheirExpressionHaveTheirFaultsWithin) {
+  DefinitionProbe probe;
+  for (const char* text : {"", "@", "y@", "y@x@@@", "y@x@A@@ "}) EXPECT_NO_THROW(probe.probe(text)) << text;
+}
+
 TEST(RandomDefinitions, NeverCrashHangOrGiveAValueThatIsNotFinite) {
   ExpressionMaker maker(314159, {"x", "yy", "P", "z_3"});
   DefinitionProbe probe;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "batch/FigureMaker.h"
+#include "numeric/Fault.h"
 
 namespace vk {
 

@@ -1,11 +1,11 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "doubles/DrawingLines.h"
+#include "doubles/ExampleFolder.h"
 #include "doubles/Places.h"
-#include "grafile/DrawingLines.h"
-#include "grafile/ExampleFolder.h"
-#include "grafile/FigureFixture.h"
 #include "grafile/GraphicCommand.h"
+#include "tests/commands/FigureFixture.h"
 #include "tests/doubles/TemporaryFolder.h"
 
 namespace vk {

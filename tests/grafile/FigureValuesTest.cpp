@@ -1,4 +1,4 @@
-#include "grafile/MakeGraphFixture.h"
+#include "tests/commands/MakeGraphFixture.h"
 
 namespace vk {
 namespace {

@@ -3,10 +3,10 @@
 #include "base/Text.h"
 #include "commands/FunctionFiles.h"
 #include "data/DataFiles.h"
+#include "doubles/DrawingLines.h"
 #include "doubles/Places.h"
-#include "grafile/DrawingLines.h"
-#include "grafile/FigureFixture.h"
 #include "platform/system/SystemFiles.h"
+#include "tests/commands/FigureFixture.h"
 
 namespace vk {
 namespace {

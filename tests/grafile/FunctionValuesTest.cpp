@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "grafile/MakeGraphFixture.h"
+#include "tests/commands/MakeGraphFixture.h"
 
 namespace vk {
 namespace {

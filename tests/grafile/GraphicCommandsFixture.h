@@ -1,7 +1,7 @@
 #pragma once
 
-#include "grafile/FigureFixture.h"
 #include "grafile/GraphicCommand.h"
+#include "tests/commands/FigureFixture.h"
 
 namespace vk {
 

@@ -3,8 +3,8 @@
 
 #include "base/TextLines.h"
 #include "doubles/Places.h"
-#include "grafile/FigureFixture.h"
 #include "platform/system/SystemFiles.h"
+#include "tests/commands/FigureFixture.h"
 
 namespace vk {
 namespace {

@@ -1,4 +1,4 @@
-#include "grafile/FigureFixture.h"
+#include "tests/commands/FigureFixture.h"
 
 namespace vk {
 namespace {

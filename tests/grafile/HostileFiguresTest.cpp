@@ -1,8 +1,8 @@
 #include <charconv>
 
 #include "base/NumberText.h"
-#include "grafile/DrawingLines.h"
-#include "grafile/FigureFixture.h"
+#include "doubles/DrawingLines.h"
+#include "tests/commands/FigureFixture.h"
 
 namespace vk {
 namespace {

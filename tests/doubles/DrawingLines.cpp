@@ -1,4 +1,4 @@
-#include "grafile/DrawingLines.h"
+#include "doubles/DrawingLines.h"
 
 #include <gtest/gtest.h>
 

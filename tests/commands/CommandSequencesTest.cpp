@@ -11,8 +11,8 @@
 namespace vk {
 namespace {
 
-/// Whole roads over several commands, as a user goes them.
-class RoadTest : public PropagationTest {
+/// Several commands one after the other, as a user gives them.
+class CommandSequenceTest : public PropagationTest {
  protected:
   void read(const std::string& name) {
     dialogs.pick(name);
@@ -50,7 +50,7 @@ class RoadTest : public PropagationTest {
   Array<double> fitted;  ///< the values that the last fit left
 };
 
-TEST_F(RoadTest, ABellCurveIsFittedToTheSavedHistogramOfAPropagation) {
+TEST_F(CommandSequenceTest, ABellCurveIsFittedToTheSavedHistogramOfAPropagation) {
   selectFunction(1, 1);
   form.execute({"0", "20", "0", ".5"});
   MenSerPro(session, TestPorts(form, dialogs, window, output, files, clock, random));
@@ -67,7 +67,7 @@ TEST_F(RoadTest, ABellCurveIsFittedToTheSavedHistogramOfAPropagation) {
   EXPECT_NEAR(session.analysis.par.ParValues[3], 0.5, 0.02);
 }
 
-TEST_F(RoadTest, BehindAPropagationTheParametersOfAFitAreToBeEnteredAnew) {
+TEST_F(CommandSequenceTest, BehindAPropagationTheParametersOfAFitAreToBeEnteredAnew) {
   files.content["/data/LINE.DAT"] = "x\r\ny\r\n4\r\n0 1.1 .1\r\n1 2.9 .1\r\n2 5.1 .1\r\n3 6.9 .1\r\n";
   read("/data/LINE.DAT");
   selectFunction(2, 1);
@@ -94,7 +94,7 @@ TEST_F(RoadTest, BehindAPropagationTheParametersOfAFitAreToBeEnteredAnew) {
   EXPECT_NEAR(fitted[1], 1.96, 0.01);
 }
 
-TEST_F(RoadTest, SimulatedDataAreSavedReadAndFittedAgain) {
+TEST_F(CommandSequenceTest, SimulatedDataAreSavedReadAndFittedAgain) {
   selectFunction(2, 1);
   enterForFit({"2", "1", "1", "1"});
   form.execute({"0", "10", "21", ".25", "1", "0", "0"});
@@ -115,7 +115,7 @@ TEST_F(RoadTest, SimulatedDataAreSavedReadAndFittedAgain) {
   EXPECT_NEAR(fitted[1], 2, 0.1);
 }
 
-TEST_F(RoadTest, TransformedDataAreFittedWithTheModelThatWasThere) {
+TEST_F(CommandSequenceTest, TransformedDataAreFittedWithTheModelThatWasThere) {
   takeFromFile("p,q\r\np*x+q\r\nretta\r\n");
   enterForFit({"1", "0", "1", "1"});
   files.content["/data/EXP.DAT"] =
@@ -129,7 +129,7 @@ TEST_F(RoadTest, TransformedDataAreFittedWithTheModelThatWasThere) {
   EXPECT_THAT(screen(), testing::HasSubstr("y = retta"));
 }
 
-TEST_F(RoadTest, ASimulationWithErrorsOfXIsFittedTwice) {
+TEST_F(CommandSequenceTest, ASimulationWithErrorsOfXIsFittedTwice) {
   selectFunction(2, 1);
   enterForFit({"2", "1", "1", "1"});
   form.execute({"0", "10", "21", ".1", "1", ".2", "1"});

@@ -6,14 +6,15 @@
 #include "commands/ParameterCommands.h"
 #include "commands/SimulationCommand.h"
 #include "commands/TransformationCommand.h"
+#include "doubles/DrawingLines.h"
 #include "doubles/EvaluateFunction.h"
+#include "doubles/ExampleFolder.h"
 #include "doubles/TestPorts.h"
 #include "examples/ExampleFits.h"
 #include "expr/FormulaText.h"
-#include "grafile/DrawingLines.h"
-#include "grafile/ExampleFolder.h"
-#include "grafile/FigureFixture.h"
+#include "grafile/NamedParameters.h"
 #include "platform/system/SystemRandom.h"
+#include "tests/commands/FigureFixture.h"
 
 namespace vk {
 namespace {
@@ -24,9 +25,9 @@ constexpr double kTwips = 0.02;
 constexpr double kTwipsOfFourDigits = 1;
 
 /// A user's way through several commands, from the data of a sample to a figure.
-class FigureRoads : public FigureFixture {
+class FigureSequence : public FigureFixture {
  protected:
-  FigureRoads() { files.content = exampleFiles(); }
+  FigureSequence() { files.content = exampleFiles(); }
 
   void fitExample(const ExampleFit& example) {
     prepareExample(session, files, example);
@@ -51,7 +52,7 @@ class FigureRoads : public FigureFixture {
   StillClock clock;
 };
 
-class FunctionRoads : public FigureRoads, public ::testing::WithParamInterface<ExampleFit> {
+class FunctionFigureSequence : public FigureSequence, public ::testing::WithParamInterface<ExampleFit> {
  protected:
   /// A drawing with the scales of the figure that is described in a text.
   void openLike(GralCls& scales, Device& form, const std::string& text) {
@@ -71,7 +72,7 @@ class FunctionRoads : public FigureRoads, public ::testing::WithParamInterface<E
   NamedParameters parameters;
 };
 
-TEST_P(FunctionRoads, AFittedFigureThatIsSavedReadAndRunIsTheSame) {
+TEST_P(FunctionFigureSequence, AFittedFigureThatIsSavedReadAndRunIsTheSame) {
   fitExample(GetParam());
   MenGraFunVis(session, ports);
   const FigureWithCurve generated = splitCurve(lastFigure());
@@ -101,7 +102,7 @@ TEST_P(FunctionRoads, AFittedFigureThatIsSavedReadAndRunIsTheSame) {
   }
 }
 
-TEST_P(FunctionRoads, DifferencesThatAreSavedAndPutInAsTheCommentsSayAppear) {
+TEST_P(FunctionFigureSequence, DifferencesThatAreSavedAndPutInAsTheCommentsSayAppear) {
   fitExample(GetParam());
   MenGraDifVis(session, ports);
   const auto generated = lastFigure();
@@ -122,7 +123,7 @@ TEST_P(FunctionRoads, DifferencesThatAreSavedAndPutInAsTheCommentsSayAppear) {
   EXPECT_TRUE(contains(drawn, "circle "));
 }
 
-TEST_P(FunctionRoads, AGraphicFileBetweenTwoFitsChangesNeither) {
+TEST_P(FunctionFigureSequence, AGraphicFileBetweenTwoFitsChangesNeither) {
   fitExample(GetParam());
   const DataSet data = session.loaded.data;
   const ParameterSet par = session.analysis.par;
@@ -149,12 +150,12 @@ std::string exampleName(const ::testing::TestParamInfo<ExampleFit>& example) {
   return example.param.name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Samples, FunctionRoads, ::testing::ValuesIn(exampleFits()), exampleName);
+INSTANTIATE_TEST_SUITE_P(Samples, FunctionFigureSequence, ::testing::ValuesIn(exampleFits()), exampleName);
 
 /// Data that no file holds.
-class DataRoads : public FigureRoads {
+class DataFigureSequence : public FigureSequence {
  protected:
-  DataRoads() {
+  DataFigureSequence() {
     files.content["OTHER.GRA"] = lines({"\\DATI(ohm.dat)", "\\XASSE(0,1,2,2,3,0)", "\\FUNZIONE(x*x)"});
   }
   void expectTheSameFitAfterAGraphicFile() {
@@ -175,7 +176,7 @@ class DataRoads : public FigureRoads {
   }
 };
 
-TEST_F(DataRoads, SimulatedDataSurviveAGraphicFile) {
+TEST_F(DataFigureSequence, SimulatedDataSurviveAGraphicFile) {
   takeFunction(2, 1, {2, 1});
   session.analysis.par.ParDeltas[1] = session.analysis.par.ParDeltas[2] = 1;
   classifyParameters(session);
@@ -190,7 +191,7 @@ TEST_F(DataRoads, SimulatedDataSurviveAGraphicFile) {
   expectTheSameFitAfterAGraphicFile();
 }
 
-TEST_F(DataRoads, TransformedDataSurviveAGraphicFile) {
+TEST_F(DataFigureSequence, TransformedDataSurviveAGraphicFile) {
   prepareExample(session, files, exampleFits().at(4));
   ScriptedInputForm form;
   form.execute({"2 T", "U/2", "2*x", "y/2", "dy/2"});
@@ -199,7 +200,7 @@ TEST_F(DataRoads, TransformedDataSurviveAGraphicFile) {
   expectTheSameFitAfterAGraphicFile();
 }
 
-TEST_F(DataRoads, TransformedDataAreDrawnAsTheyAreSaved) {
+TEST_F(DataFigureSequence, TransformedDataAreDrawnAsTheyAreSaved) {
   prepareExample(session, files, exampleFits().at(4));
   MenGraDatVis(session, ports);
   const auto before = lastFigure();
@@ -218,7 +219,7 @@ TEST_F(DataRoads, TransformedDataAreDrawnAsTheyAreSaved) {
   expectSameLines(lastFigure(), transformed, kTwips);
 }
 
-TEST_F(DataRoads, AFileWithCommentsSurvivesAGraphicFile) {
+TEST_F(DataFigureSequence, AFileWithCommentsSurvivesAGraphicFile) {
   files.content["NOTED.DAT"] =
       lines({"% a comment", "x", "", "y", "% another", "3", "1 2 .5", "% between", "2 3.5 .5", "4 4 .5"});
   dialogs.pick("NOTED.DAT");

@@ -1,6 +1,6 @@
 #include "commands/FunctionChoice.h"
 #include "doubles/EvaluateFunction.h"
-#include "grafile/FigureFixture.h"
+#include "tests/commands/FigureFixture.h"
 
 namespace vk {
 namespace {

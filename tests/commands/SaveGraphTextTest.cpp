@@ -1,5 +1,5 @@
 #include "doubles/TestPorts.h"
-#include "grafile/FigureFixture.h"
+#include "tests/commands/FigureFixture.h"
 
 namespace vk {
 namespace {

@@ -1,5 +1,5 @@
 #include "base/NumberMasks.h"
-#include "grafile/MakeGraphFixture.h"
+#include "tests/commands/MakeGraphFixture.h"
 
 namespace vk {
 namespace {

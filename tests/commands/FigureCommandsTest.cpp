@@ -1,6 +1,6 @@
 #include "commands/DataCommands.h"
 #include "doubles/TestPorts.h"
-#include "grafile/FigureFixture.h"
+#include "tests/commands/FigureFixture.h"
 
 namespace vk {
 namespace {

@@ -1,4 +1,4 @@
-#include "grafile/ExampleFolder.h"
+#include "doubles/ExampleFolder.h"
 #include "doubles/Places.h"
 
 #include <filesystem>

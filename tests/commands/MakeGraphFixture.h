@@ -5,8 +5,8 @@
 
 #include "commands/FunctionChoice.h"
 #include "data/DataFiles.h"
-#include "grafile/DrawingLines.h"
-#include "grafile/FigureFixture.h"
+#include "doubles/DrawingLines.h"
+#include "tests/commands/FigureFixture.h"
 
 namespace vk {
 

@@ -1,12 +1,18 @@
 #!/usr/bin/env bash
 # Fails when a file that the glossary names does not hold one of the names told for it.
-# Usage: checks/glossary.sh [folder of the checkout]
 set -euo pipefail
-cd "${1:-$(dirname "$0")/..}"
+cd "$(dirname "$0")/.."
 
+rows=$(grep '^| `' docs/glossary.md)
 status=0
 while IFS='|' read -r _ names _ files _; do
   [ -n "${files// /}" ] || continue
+  # shellcheck disable=SC2013
+  for file in $(grep -oE '`[^`]+`' <<< "$files" | tr -d '`'); do
+    [ -f "$file" ] && continue
+    echo "docs/glossary.md: there is no $file"
+    status=1
+  done
   # shellcheck disable=SC2013
   for name in $(grep -oE '`[^`]+`' <<< "$names" | tr -d '`'); do
     # shellcheck disable=SC2046
@@ -15,5 +21,5 @@ while IFS='|' read -r _ names _ files _; do
       status=1
     fi
   done
-done < <(grep '^| `' docs/glossary.md)
+done <<< "$rows"
 exit $status

@@ -1,8 +1,17 @@
 #!/usr/bin/env bash
-# Fails when a source includes a header from a library that does not lie below its own (checks/layers.txt).
-# Usage: checks/layers.sh [folder of the checkout]
+# Fails when a source includes a header from a library that does not lie below its own (checks/layers.txt), and when a
+# library has no line there.
 set -euo pipefail
-cd "${1:-$(dirname "$0")/..}"
+cd "$(dirname "$0")/.."
+
+status=0
+for build in {.,*,*/*,*/*/*}/CMakeLists.txt; do
+  library=$(dirname "$build")
+  if grep -qs '^vor_library(' "$build" && ! grep -q "^$library:" checks/layers.txt; then
+    echo "checks/layers.txt: no line of $library"
+    status=1
+  fi
+done
 
 folders=$(sed -n 's/^\([a-z]*\):.*/\1/p' checks/layers.txt)
 # shellcheck disable=SC2086
@@ -39,4 +48,5 @@ awk '
       print file ": " own " must not include " header; bad = 1
     }
     END { exit bad }
-  ' checks/layers.txt - <<< "$includes"
+  ' checks/layers.txt - <<< "$includes" || status=1
+exit $status

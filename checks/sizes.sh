@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Fails on a function of more than 60 lines, a file of more than 400, or a function of more than 7 parameters that is
 # not one of the calls whose parameters are given (they are part of the drawing library's and the fit's own language).
-# Usage: checks/sizes.sh [folder of the checkout]
 set -euo pipefail
-cd "${1:-$(dirname "$0")/..}"
+cd "$(dirname "$0")/.."
+command -v ctags > /dev/null || { echo "ctags is not installed"; exit 1; }
 
 given=" Frame3D GralContour GralFrame3d GralLego3d GralOaxis GralVaxis LineSearch Minimise Minimiser ParseFields PlotData Surf3D "
 

@@ -1,0 +1,118 @@
+#!/usr/bin/env bash
+# The checks of the sources refuse what they are there for, and nothing else.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+made=$(mktemp -d)
+trap 'rm -rf "$made"' EXIT
+
+begin() { # an empty checkout
+  rm -rf "$made"
+  mkdir -p "$made"
+  cp -r "$root/checks" "$root/.clang-format" "$made"
+}
+file() { # path, lines
+  mkdir -p "$made/$(dirname "$1")"
+  printf '%s\n' "${@:2}" > "$made/$1"
+}
+repeated() { # count, line
+  for ((i = 0; i < $1; i++)); do echo "$2"; done
+}
+verdict() { # check
+  if "$made/checks/$1.sh" > "$made/said" 2>&1; then echo held; else echo refused; fi
+}
+expect() { # "held", "refused" or a part of what is said then, check, and what the checkout is
+  case $1 in
+    held | refused) [ "$(verdict "$2")" = "$1" ] ;;
+    *) [ "$(verdict "$2")" = refused ] && grep -qF -- "$1" "$made/said" ;;
+  esac || { echo "checks/$2.sh: $3 does not give \"$1\" but:"; cat "$made/said"; exit 1; }
+}
+
+layers() { # "held" or "refused", file, include line
+  begin
+  file "$2" "$3"
+  [ "$1" = held ] || set -- "$2: ${2%/*} must not include" "$2" "$3"
+  expect "$1" layers "$2 with $3"
+}
+layers refused base/A.h '#include "session/Session.h"'
+layers refused gral/A.cpp '#include "session/Session.h"'
+layers refused session/A.h '#include <QString>'
+layers refused session/A.cpp '#include "platform/system/SystemFiles.h"'
+layers refused expr/A.cpp '#include <unistd.h>'
+layers refused analysis/A.cpp '#include "ui/Editor.h"'
+layers refused ui/A.cpp '#include <QtWidgets>'
+layers refused batch/A.cpp '#include "ui/qt/forms/MessageForm.h"'
+layers refused ui/qt/widgets/A.cpp '#include "ui/qt/forms/A.h"'
+layers refused ui/qt/widgets/A.cpp '#include "session/Session.h"'
+layers refused ui/qt/forms/A.cpp '#include "ui/qt/ports/A.h"'
+layers refused tabulo/A.cpp '#include "ui/qt/forms/A.h"'
+layers refused base/A.cpp '#include "nowhere/A.h"'
+layers refused expr/A.cpp '#include "session/Session.h"'
+layers refused gral/A.cpp '#include "gral/sinks/A.h"'
+layers held commands/A.cpp '#include "session/Session.h"'
+layers held ui/qt/widgets/A.cpp '#include <QtWidgets>'
+layers held batch/A.cpp '#include "ui/qt/devices/A.h"'
+layers held base/A.cpp '#include <vector>'
+file ui/new/CMakeLists.txt 'vor_library(ui_new DEPENDS base)'
+expect "no line of ui/new" layers "a new library"
+
+of_length() { # lines of a function in a file
+  file base/A.cpp "void f() {" "$(repeated $(($1 - 2)) ";")" "}"
+}
+begin
+of_length 60
+file base/B.cpp "$(repeated 400 "//")"
+file base/C.h "int f(int a, int b, int c, std::map<int, int> d, int e, int g, int h);" \
+  "int Minimise(int a, int b, int c, int d, int e, int g, int h, int i);"
+expect held sizes "each largest size"
+of_length 61
+expect "f has 61 lines" sizes "a long function"
+begin
+file base/B.cpp "$(repeated 401 "//")"
+expect "base/B.cpp: 401 lines" sizes "a long file"
+begin
+file base/C.h "int f(int a, int b, int c, int d, int e, int g, int h, int i);"
+expect "f has 8 parameters" sizes "a long parameter list"
+file bin/ctags "#!/bin/sh" "exit 1"
+chmod +x "$made/bin/ctags"
+PATH="$made/bin:$PATH" expect refused sizes "a ctags that fails"
+
+begin
+file docs/glossary.md '| Name | Meaning | File |' '|---|---|---|' '| `CmpMod`, `CmpLine` | compiler | `expr/A.h`, `expr/A.cpp` |'
+file expr/A.h '/// Unit CmpMod.'
+file expr/A.cpp 'CmpLine();'
+expect held glossary "two names in two files"
+file expr/A.h '/// Unit CmpModule.'
+expect "CmpMod is not in" glossary "a name that has gone"
+file expr/A.h '/// Unit CmpMod, CmpLine.'
+rm "$made/expr/A.cpp"
+expect "there is no expr/A.cpp" glossary "a file that has gone"
+file docs/glossary.md '# Glossary'
+expect refused glossary "a page without rows"
+
+begin
+file base/A.cpp '// QUIRK: odd'
+expect "base has intended oddities" quirks "an oddity without a test"
+file tests/base/ATest.cpp 'TEST(A, QUIRK_IsOdd) {}'
+expect held quirks "an oddity with a test"
+
+begin
+file base/A.cpp 'int a;'
+expect held format "a source as it should be laid out"
+file base/A.cpp 'int  a;'
+expect "A.cpp" format "a source with two blanks"
+
+begin
+file session/Session.h 'Int16 ErrFlag;'
+file platform/Dialogs.h 'class Dialogs;'
+file commands/CommandTable.cpp '"MenDat"'
+for ((n = 0; n < 41; n++)); do
+  file "ui/A$n.cpp" '#include "session/Session.h"' 'void f(Dialogs& dialogs);'
+done
+file ui/B.cpp "$(repeated 1000 "//")" 'session.ErrFlag = 0;' 'choose("MenDatLet");'
+file numeric/A.cpp '#include "session/Session.h"' 'class Dialogs;'
+for library in $(sed -n 's/^\([a-z]*\):.*/\1/p' "$root/checks/layers.txt"); do mkdir -p "$made/$library"; done
+expect "TOO MUCH" structure "a checkout beyond every limit"
+[ "$(grep -c "TOO MUCH" "$made/said")" = "$(grep -c "(at most" "$made/said")" ] || { cat "$made/said"; exit 1; }
+file platform/Dialogs.h 'class Boxes;'
+expect "there is no Dialogs" structure "a port with another name"
+echo "the checks refuse what they are there for"

@@ -7,9 +7,10 @@
 #include "base/Text.h"
 #include "batch/DataInput.h"
 #include "batch/DrawCommand.h"
-#include "batch/FigureDesk.h"
+#include "batch/TerminalPorts.h"
 #include "data/DataFiles.h"
 #include "expr/FunctionFile.h"
+#include "gral/ObserverDevice.h"
 #include "session/Session.h"
 
 namespace vk {
@@ -35,7 +36,8 @@ FileCheck checkFunctions(Files& files, std::string fileName) {
 
 /// The figure is drawn on a form that nobody sees: what cannot be drawn is an error too.
 FileCheck checkFigure(Files&, std::string fileName) {
-  const std::string errors = drawGraphicFile(fileName, *quietForm());
+  ObserverDevice page;
+  const std::string errors = drawGraphicFile(fileName, page);
   return {errors.empty(), errors};
 }
 

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "batch/DataInput.h"
+#include "batch/TerminalPorts.h"
 #include "commands/ExhaustedBox.h"
 #include "commands/PlotWindowCommands.h"
 #include "grafile/GraphicFile.h"

@@ -4,9 +4,11 @@
 
 #include "base/Text.h"
 #include "batch/DataInput.h"
-#include "batch/FigureDesk.h"
 #include "commands/FigureCommands.h"
 #include "grafile/FigureKind.h"
+#include "gral/NoPrinter.h"
+#include "gral/NominalScreen.h"
+#include "gral/ObserverDevice.h"
 #include "session/Session.h"
 
 namespace vk {
@@ -25,9 +27,16 @@ std::string asSaved(const std::string& text) {
 
 }  // namespace
 
+void drawFigure(Session& session, int kind, Device& page, EvaluationListener& listener) {
+  TerminalDialogs dialogs;
+  NoPrinter printer;
+  NominalScreen screen;
+  makeFigure(session, dialogs, {[&]() -> Device& { return page; }, printer, screen}, kind, listener, [] {});
+}
+
 FitFigures::FitFigures(const WantedFigures& wanted, FigureMaker* maker) : wanted_(wanted) {
   if (wanted.figure.empty()) {
-    form_.device = quietForm();
+    form_.device = std::make_unique<ObserverDevice>();
   } else {
     form_ = maker->formFor(wanted.figure);
   }
@@ -40,22 +49,22 @@ bool FitFigures::write(Session& session, EvaluationListener& listener) {
 
 bool FitFigures::writeFunction(Session& session, EvaluationListener& listener) {
   if (wanted_.figure.empty() && wanted_.graphicFile.empty()) return true;
-  FigureDesk desk([this] { return std::move(form_.device); });
-  MakeGraph(session, desk.ports, static_cast<int>(kFunctionFigure), listener);
-  if (!isComplete(session.figures.GraphText[kFunctionFigure])) return false;
-  if (!wanted_.figure.empty()) writeFile(desk.files, wanted_.figure, form_.bytes());
-  if (!wanted_.graphicFile.empty()) {
-    writeFile(desk.files, wanted_.graphicFile, asSaved(session.figures.GraphText[kFunctionFigure]));
-  }
+  drawFigure(session, kFunctionFigure, *form_.device, listener);
+  const std::string& text = session.figures.GraphText[kFunctionFigure];
+  if (!isComplete(text)) return false;
+  TerminalFiles files;
+  if (!wanted_.figure.empty()) writeFile(files, wanted_.figure, form_.bytes());
+  if (!wanted_.graphicFile.empty()) writeFile(files, wanted_.graphicFile, asSaved(text));
   return true;
 }
 
 bool FitFigures::writeDifferences(Session& session, EvaluationListener& listener) const {
   if (wanted_.differences.empty()) return true;
-  FigureDesk desk;
-  MakeGraph(session, desk.ports, static_cast<int>(kDifferencesFigure), listener);
+  ObserverDevice page;
+  drawFigure(session, kDifferencesFigure, page, listener);
   if (!isComplete(session.figures.DiffText)) return false;
-  writeFile(desk.files, wanted_.differences, asSaved(session.figures.DiffText));
+  TerminalFiles files;
+  writeFile(files, wanted_.differences, asSaved(session.figures.DiffText));
   return true;
 }
 

@@ -16,6 +16,9 @@ struct WantedFigures {
   std::string differences;  ///< differences of data and function, as a data file
 };
 
+/// Draws a standard figure of the session (`FigureKind`) on a page of A4; its texts stay in the session.
+void drawFigure(Session& session, int kind, Device& page, EvaluationListener& listener);
+
 /// The figures of a fit that is still to run.
 class FitFigures {
  public:

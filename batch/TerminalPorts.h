@@ -3,7 +3,6 @@
 #include <stdexcept>
 
 #include "platform/Dialogs.h"
-#include "platform/MainWindow.h"
 #include "platform/system/SystemFiles.h"
 
 namespace vk {
@@ -40,22 +39,6 @@ class TerminalFiles : public SystemFiles {
   TerminalFiles() : SystemFiles(Streams::kTaken) {}
   /// What was printed before comes first, also where the file is the output itself.
   void writeAll(const std::string& path, std::string_view bytes) override;
-};
-
-/// There is no main window at a terminal; what commands tell it is lost on purpose.
-class NoMainWindow : public MainWindow {
- public:
-  void setMenuEnabled(Control, bool) override {}
-  void setMenuVisible(Control, bool) override {}
-  void setMenuChecked(Control, bool) override {}
-  void setMenuCaption(Control, const std::string&) override {}
-  void setPanel(int, const std::string&) override {}
-  void setCaption(const std::string&) override {}
-  void shut(Form) override {}
-  void release(Form) override {}
-  void refresh() override {}
-  void toFront() override {}
-  void setBackground(Int16) override {}
 };
 
 }  // namespace vk

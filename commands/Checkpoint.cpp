@@ -7,22 +7,20 @@
 
 namespace vk {
 
-Checkpoint::Checkpoint(Session& session, Ports& ports, const PlotWindows* plots)
+Checkpoint::Checkpoint(Session& session, Ports& ports)
     : session_(session),
       ports_(ports),
       before_(session),
       outputWindows_(ports.output.opened()),
-      plotWindows_(plots != nullptr ? plots->made() : 0),
+      plotWindows_(ports.plots.made()),
       panelOpen_(ports.panels.isOpen()),
       editorOpen_(ports.editor.isOpen()) {}
 
 // Each step stands on its own: one that fails as well does not keep the others from their work.
-void Checkpoint::goBack(PlotWindows* plots) {
+void Checkpoint::goBack() {
   session_ = std::move(before_);
   guard([&] { ports_.output.closeSince(outputWindows_); });
-  guard([&] {
-    if (plots != nullptr) plots->closeSince(plotWindows_);
-  });
+  guard([&] { ports_.plots.closeSince(plotWindows_); });
   guard([&] {
     if (!panelOpen_) ports_.panels.shut();
   });

@@ -8,12 +8,11 @@ namespace vk {
 /// The program as it stood before a handler of an event: one that breaks off leaves nothing behind.
 class Checkpoint {
  public:
-  /// `plots` is none as long as no figure has been drawn.
-  Checkpoint(Session& session, Ports& ports, const PlotWindows* plots);
+  Checkpoint(Session& session, Ports& ports);
 
   /// Puts the session back, data and switches alike, closes what has been opened since, and shows all anew.
   /// Throws nothing.
-  void goBack(PlotWindows* plots);
+  void goBack();
 
  private:
   Session& session_;

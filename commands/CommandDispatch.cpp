@@ -39,20 +39,15 @@ void MainMod::run(Control control) {
 bool MainMod::guarded(const std::function<void()>& handler) {
   std::optional<Checkpoint> before;
   try {
-    before.emplace(session_, ports_, plots());
+    before.emplace(session_, ports_);
     handler();
     return true;
   } catch (...) {
     const RuntimeError error = presentRuntimeError();
     guard([&] { ports_.dialogs.plainBox(kProgramTitle, error.message()); });
-    if (before) before->goBack(plots());
+    if (before) before->goBack();
     return false;
   }
-}
-
-FigurePorts& MainMod::figures() {
-  if (figures_ == nullptr) figures_ = &askFigures_();
-  return *figures_;
 }
 
 }  // namespace vk

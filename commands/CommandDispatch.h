@@ -13,10 +13,7 @@ struct Session;
 /// Starts the program and runs the commands of the menus, one at a time.
 class MainMod {
  public:
-  MainMod(Session& session, Ports ports)
-      : session_(session), ports_(std::move(ports)), askFigures_(std::move(ports_.figures)) {
-    ports_.figures = [this]() -> FigurePorts& { return figures(); };
-  }
+  MainMod(Session& session, Ports ports) : session_(session), ports_(std::move(ports)) {}
   MainMod(const MainMod&) = delete;
   MainMod& operator=(const MainMod&) = delete;
 
@@ -36,14 +33,9 @@ class MainMod {
   bool guarded(const std::function<void()>& handler);
 
  private:
-  FigurePorts& figures();
-  PlotWindows* plots() { return figures_ == nullptr ? nullptr : &figures_->plots; }
-
   Session& session_;
   Ports ports_;
-  std::function<FigurePorts&()> askFigures_;
-  FigurePorts* figures_ = nullptr;  ///< none before the first figure
-  Flag running_;                    ///< a command runs
+  Flag running_;  ///< a command runs
 };
 
 }  // namespace vk

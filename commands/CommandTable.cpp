@@ -91,11 +91,6 @@ void readRecent(Session& session, Ports& ports) {
   read(session, ports);
 }
 
-template <auto command>
-void onFigures(Session& session, Ports& ports) {
-  command(session, ports.figures());
-}
-
 // ---- The table ---------------------------------------------------------------------------------------------
 
 constexpr std::nullopt_t kTop = std::nullopt;
@@ -149,19 +144,19 @@ constexpr std::array kTable{
     Command{Control::MenGraDat, "MenGraDat", Control::MenGra, "&Dati", kMenu, kOff, kShown,
             follows(dataDefined)},
     Command{Control::MenGraDatVis, "MenGraDatVis", Control::MenGraDat, "&Visualizza", kCommand, kOff, kShown,
-            follows(dataDefined), onFigures<MenGraDatVis>},
+            follows(dataDefined), MenGraDatVis},
     Command{Control::MenGraDatGra, "MenGraDatGra", Control::MenGraDat, "Salva File &Grafico", kCommand, kOff,
             kShown, follows(dataDrawn), MenGraDatGra},
     Command{Control::MenGraFun, "MenGraFun", Control::MenGra, "Dati e &Funzione", kMenu, kOff, kShown,
             follows(drawableOrFree)},
     Command{Control::MenGraFunVis, "MenGraFunVis", Control::MenGraFun, "&Visualizza", kCommand, kOff, kShown,
-            follows(fitDrawable), onFigures<MenGraFunVis>},
+            follows(fitDrawable), MenGraFunVis},
     Command{Control::MenGraFunGra, "MenGraFunGra", Control::MenGraFun, "Salva File &Grafico", kCommand, kOff,
             kShown, follows(functionDrawn), MenGraFunGra},
     Command{Control::MenGraDif, "MenGraDif", Control::MenGra, "D&ifferenze", kMenu, kOff, kShown,
             follows(drawableOrFree)},
     Command{Control::MenGraDifVis, "MenGraDifVis", Control::MenGraDif, "&Visualizza", kCommand, kOff, kShown,
-            follows(fitDrawable), onFigures<MenGraDifVis>},
+            follows(fitDrawable), MenGraDifVis},
     Command{Control::MenGraDifGra, "MenGraDifGra", Control::MenGraDif, "Salva File &Grafico", kCommand, kOff,
             kShown, follows(differencesDrawn), MenGraDifGra},
     Command{Control::MenGraDifSav, "MenGraDifSav", Control::MenGraDif, "Salva File &Differenze", kCommand,
@@ -171,9 +166,9 @@ constexpr std::array kTable{
     Command{Control::MenGraModFil, "MenGraModFil", Control::MenGra, "&Modifica File Grafico", kCommand, kOn,
             kShown, kAsAtStart, MenGraModFil},
     Command{Control::MenGraVisFil, "MenGraVisFil", Control::MenGra, "&Visualizza File Grafico", kCommand,
-            kOff, kShown, needs(graphicFileChosen), onFigures<MenGraVisFil>},
+            kOff, kShown, needs(graphicFileChosen), MenGraVisFil},
     Command{Control::MenGraPriFil, "MenGraPriFil", Control::MenGra, "&Stampa File Grafico", kCommand, kOff,
-            kShown, needs(graphicFileChosen), onFigures<MenGraPriFil>},
+            kShown, needs(graphicFileChosen), MenGraPriFil},
     Command{Control::MenGraOld0, "MenGraOld(0)", Control::MenGra, "", kRecent, kOn, kHidden, kAsAtStart,
             readRecent<0, kGraphicKind, MenGraLetFil>, kGraphicKind},
     Command{Control::MenGraOld1, "MenGraOld(1)", Control::MenGra, "", kRecent, kOn, kHidden, kAsAtStart,

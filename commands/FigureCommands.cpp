@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kDifferencesFile = 0;
 
-void drawFigure(Session& session, FigurePorts& ports, FigureKind kind) {
+void drawFigure(Session& session, Ports& ports, FigureKind kind) {
   if (!canDrawFigure(session, ports.dialogs, kind)) return;
   ExhaustedBox listener(ports.dialogs);
   MakeGraph(session, ports, static_cast<int>(kind), listener);
@@ -21,15 +21,15 @@ void save(Session& session, Ports& ports, int kind) {
 
 }  // namespace
 
-void MenGraDatVis(Session& session, FigurePorts& ports) {
+void MenGraDatVis(Session& session, Ports& ports) {
   drawFigure(session, ports, kDataFigure);
 }
 
-void MenGraFunVis(Session& session, FigurePorts& ports) {
+void MenGraFunVis(Session& session, Ports& ports) {
   drawFigure(session, ports, kFunctionFigure);
 }
 
-void MenGraDifVis(Session& session, FigurePorts& ports) {
+void MenGraDifVis(Session& session, Ports& ports) {
   drawFigure(session, ports, kDifferencesFigure);
 }
 
@@ -49,11 +49,11 @@ void MenGraDifSav(Session& session, Ports& ports) {
   save(session, ports, kDifferencesFile);
 }
 
-void MenGraVisFil(Session& session, FigurePorts& ports) {
+void MenGraVisFil(Session& session, Ports& ports) {
   RunGraphicFile(session, ports, session.loaded.GraFile, "Form", 0);
 }
 
-void MenGraPriFil(Session& session, FigurePorts& ports) {
+void MenGraPriFil(Session& session, Ports& ports) {
   RunGraphicFile(session, ports, session.loaded.GraFile, "Printer", 0);
 }
 

@@ -21,13 +21,13 @@ std::string shortCaption(const std::string& caption) {
 
 }  // namespace
 
-PlotWindow& newPlotWindow(FigurePorts& ports) {
+PlotWindow& newPlotWindow(Ports& ports) {
   PlotWindow& plot = ports.plots.create();
   plot.setClickRoutine([&ports, &plot] { plotWindowClicked(ports, plot); });
   return plot;
 }
 
-void plotWindowClicked(FigurePorts& ports, PlotWindow& plot) {
+void plotWindowClicked(Ports& ports, PlotWindow& plot) {
   const int action =
       ports.dialogs.Get_Msg({.owner = Form::kActivePlot,
                              .caption = shortCaption(plot.device().Caption()),
@@ -41,7 +41,7 @@ void plotWindowClicked(FigurePorts& ports, PlotWindow& plot) {
       guard([&] { plot.copyPicture(); });
       break;
     case kPrint:
-      printPicture(ports.printer, plot.device());
+      printPicture(ports.printer(), plot.device());
       break;
     default:
       break;

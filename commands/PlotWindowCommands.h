@@ -3,18 +3,18 @@
 
 #include <string>
 
-#include "commands/FigurePorts.h"
+#include "commands/Ports.h"
 #include "session/Session.h"
 
 /// The plot window `GralFrm`: what it does when the user clicks into it.
 namespace vk {
 
 /// A new plot window whose click asks for an action.
-PlotWindow& newPlotWindow(FigurePorts& ports);
+PlotWindow& newPlotWindow(Ports& ports);
 
 /// Asks what to do with a figure, and does it: go on, close, copy or print. What the printer or the clipboard
 /// refuses is passed over.
-void plotWindowClicked(FigurePorts& ports, PlotWindow& plot);
+void plotWindowClicked(Ports& ports, PlotWindow& plot);
 
 /// Prints the picture of a figure centred on the page, on landscape paper if it is wider than high.
 void printPicture(Device& printer, Device& figure);

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "commands/FigurePorts.h"
+#include "gral/PlotWindows.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -12,13 +12,14 @@
 #include "platform/OutputWindow.h"
 #include "platform/Process.h"
 #include "platform/Random.h"
+#include "platform/Screen.h"
 #include "platform/SettingsPanels.h"
 #include "platform/Sound.h"
 #include "platform/TextEditor.h"
 
 namespace vk {
 
-/// Everything outside the program that commands work with.
+/// Everything outside the program that commands work with. It outlives the plot windows, whose clicks use it.
 struct Ports {
   Files& files;
   Dialogs& dialogs;
@@ -32,7 +33,9 @@ struct Ports {
   Random& random;
   TextEditor& editor;
   SettingsPanels& panels;
-  std::function<FigurePorts&()> figures;  ///< what figures need; asked for when one is drawn
+  PlotWindows& plots;
+  Screen& screen;
+  std::function<Device&()> printer;  ///< asked for when a figure is drawn: to find the system's takes time
 };
 
 }  // namespace vk

@@ -22,13 +22,13 @@ void showErrors(OutputWindow& output, const std::string& errors, bool onPrinter)
 
 }  // namespace
 
-void RunGraphicFile(Session& session, FigurePorts& ports, const std::string& fileName,
-                    const std::string& device, Int16 errorFlag) {
+void RunGraphicFile(Session& session, Ports& ports, const std::string& fileName, const std::string& device,
+                    Int16 errorFlag) {
   const bool onPrinter = device == kPrinterDevice;
   const std::string text = ports.files.readAll(fileName);
-  GralCls drawing(ports.printer, ports.screen);
+  GralCls drawing(ports.printer(), ports.screen);
   drawing.GralCaption = kFigureCaption;
-  drawing.GralGrStr(onPrinter ? ports.printer : newPlotWindow(ports).device(),
+  drawing.GralGrStr(onPrinter ? ports.printer() : newPlotWindow(ports).device(),
                     paperOrientation(session.figures),
                     static_cast<double>(session.figures.GraphScale[kFileScale]));
 

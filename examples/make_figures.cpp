@@ -5,24 +5,26 @@
 #include <iostream>
 
 #include "base/Text.h"
-#include "batch/FigureDesk.h"
+#include "batch/FitFigures.h"
+#include "batch/TerminalPorts.h"
 #include "commands/ExhaustedBox.h"
-#include "commands/FigureCommands.h"
 #include "commands/FitCommand.h"
 #include "commands/FitScreen.h"
 #include "examples/ExampleFits.h"
 #include "expr/FormulaText.h"
 #include "grafile/FigureKind.h"
+#include "gral/ObserverDevice.h"
+#include "platform/GridOutput.h"
 #include "platform/system/SystemClock.h"
 
 namespace {
 
 using namespace vk;
 
-void fit(Session& session, FigureDesk& desk, EvaluationListener& listener) {
+void fit(Session& session, Dialogs& dialogs, EvaluationListener& listener) {
   SystemClock clock;
-  FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par,
-                   {desk.output, desk.dialogs, clock});
+  GridOutput output;
+  FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par, {output, dialogs, clock});
   FitData(session, listener, screen);
 }
 
@@ -33,17 +35,19 @@ std::string withDifferences(std::string text, const std::string& fileName) {
 }
 
 void makeFigures(const ExampleFit& example, const std::string& folder) {
-  FigureDesk desk;
+  TerminalFiles files;
+  TerminalDialogs dialogs;
   Session session;
-  prepareExample(session, desk.files, example);
-  ExhaustedBox listener(desk.dialogs);
-  fit(session, desk, listener);
+  prepareExample(session, files, example);
+  ExhaustedBox listener(dialogs);
+  fit(session, dialogs, listener);
   for (const int kind : {kDataFigure, kFunctionFigure, kDifferencesFigure}) {
-    MakeGraph(session, desk.ports, kind, listener);
+    ObserverDevice page;
+    drawFigure(session, kind, page, listener);
   }
   const std::string differences = example.name + "_dif.dat";
   const auto write = [&](const std::string& name, const std::string& text) {
-    desk.files.writeAll(folder + "/" + name, text);
+    files.writeAll(folder + "/" + name, text);
   };
   write(example.name + "_dat.gra", session.figures.GraphText[kDataFigure]);
   write(example.name + "_fun.gra", session.figures.GraphText[kFunctionFigure]);

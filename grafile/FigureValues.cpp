@@ -10,6 +10,8 @@
 namespace vk {
 namespace {
 
+using PointFailed = std::function<void()>;
+
 constexpr int kMostFailedPoints = 5;
 constexpr int kLeastCurveSegments = 50;
 
@@ -30,7 +32,8 @@ void findXLimits(const DataSet& data, FigureValues& values) {
 }
 
 /// The curve of the function over the range of x, which the range of y takes in.
-bool sampleFunction(const FigureSource& source, FigureValues& values, FigureListener& listener) {
+bool sampleFunction(const FigureSource& source, FigureValues& values, EvaluationListener& listener,
+                    const PointFailed& pointFailed) {
   SampledCurve& curve = values.curve;
   curve.segments = std::max(2 * source.data.NumPnt, kLeastCurveSegments);
   for (Array<double>* column : {&curve.x, &curve.y}) column->dim(curve.segments);
@@ -43,7 +46,7 @@ bool sampleFunction(const FigureSource& source, FigureValues& values, FigureList
     const int point = static_cast<int>(i);
     if (y.fault != Fault::kNone) {
       curve.failed[point] = kTrue;
-      listener.pointFailed();
+      pointFailed();
       return ++failed <= kMostFailedPoints;
     }
     curve.y[point] = y.value;
@@ -56,12 +59,13 @@ bool sampleFunction(const FigureSource& source, FigureValues& values, FigureList
 }
 
 /// The differences of data and function; the range of y becomes that of their error bars.
-bool computeDifferences(const FigureSource& source, FigureValues& values, FigureListener& listener) {
+bool computeDifferences(const FigureSource& source, FigureValues& values, EvaluationListener& listener,
+                        const PointFailed& pointFailed) {
   const DataSet& data = source.data;
   values.differences.dim(data.NumPnt);
   const auto take = [&](std::size_t index, const Evaluation& y) {
     if (y.fault != Fault::kNone) {
-      listener.pointFailed();
+      pointFailed();
       return false;
     }
     const int i = static_cast<int>(index) + 1;
@@ -75,10 +79,12 @@ bool computeDifferences(const FigureSource& source, FigureValues& values, Figure
   return eachValue(source.model, source.parameters.ParValues, data.Xpnt.span(1, data.NumPnt), listener, take);
 }
 
-bool findYLimits(const FigureSource& source, FigureValues& values, FigureListener& listener) {
+bool findYLimits(const FigureSource& source, FigureValues& values, EvaluationListener& listener,
+                 const PointFailed& pointFailed) {
   guard(values.failed, [&] { RangeOf(values.Yi, values.Yf, source.data.Ypnt, source.data.NumPnt); });
-  if (source.kind == kFunctionFigure && !sampleFunction(source, values, listener)) return false;
-  if (source.kind == kDifferencesFigure && !computeDifferences(source, values, listener)) return false;
+  if (source.kind == kFunctionFigure && !sampleFunction(source, values, listener, pointFailed)) return false;
+  if (source.kind == kDifferencesFigure && !computeDifferences(source, values, listener, pointFailed))
+    return false;
   openRange(values.Yi, values.Yf);
   guard(values.failed, [&] { NiceLimits(values.Yi, values.Yf, values.nDivY); });
   return true;
@@ -86,10 +92,11 @@ bool findYLimits(const FigureSource& source, FigureValues& values, FigureListene
 
 }  // namespace
 
-std::optional<FigureValues> computeFigure(const FigureSource& source, FigureListener& listener) {
+std::optional<FigureValues> computeFigure(const FigureSource& source, EvaluationListener& listener,
+                                          const PointFailed& pointFailed) {
   FigureValues values;
   findXLimits(source.data, values);
-  if (!findYLimits(source, values, listener)) return std::nullopt;
+  if (!findYLimits(source, values, listener, pointFailed)) return std::nullopt;
   return values;
 }
 

@@ -1,6 +1,7 @@
 /// Unit GralPlt: the standard figures.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -10,7 +11,6 @@
 #include "data/DataSet.h"
 #include "expr/Model.h"
 #include "grafile/FigureKind.h"
-#include "grafile/FigureListener.h"
 #include "gral/Plotting.h"
 
 /// The figures of data and function that the program draws by itself.
@@ -50,8 +50,10 @@ struct FigureValues {
 /// Computes what a figure shows. Limits that are equal, but for the rounding of their values, are opened on both
 /// sides: by half their value, or by 1 where that is 0. A failing step is passed over.
 ///
-/// Nothing when more than five points of the curve, or one of the differences, cannot be computed.
-std::optional<FigureValues> computeFigure(const FigureSource& source, FigureListener& listener);
+/// `pointFailed` runs at each point where the function has no value. Nothing when that are more than five of the
+/// curve, or one of the differences.
+std::optional<FigureValues> computeFigure(const FigureSource& source, EvaluationListener& listener,
+                                          const std::function<void()>& pointFailed);
 
 /// The texts of a figure, with lines that end in CR LF.
 struct FigureTexts {

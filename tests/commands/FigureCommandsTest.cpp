@@ -7,7 +7,7 @@ namespace {
 
 class FigureCommandsTest : public FigureFixture {
  protected:
-  using Command = void (*)(Session&, FigurePorts&);
+  using Command = void (*)(Session&, Ports&);
 
   /// The box with which a command refuses.
   std::string refusalOf(Command command) {

@@ -74,10 +74,7 @@ void FigureFixture::takeFunction(int inner, int outer, const std::vector<double>
 }
 
 SampledCurve FigureFixture::curveOfFigure() const {
-  struct : FigureListener {
-    void pointFailed() override {}
-    void exhausted(Kernel) override {}
-  } nobody;
+  NoListener nobody;
   Model model = session.analysis.model;
   const FigureSource source{.kind = kFunctionFigure,
                             .data = session.loaded.data,
@@ -87,7 +84,7 @@ SampledCurve FigureFixture::curveOfFigure() const {
                             .expression = "",
                             .model = model,
                             .parameters = session.analysis.par};
-  return computeFigure(source, nobody).value().curve;
+  return computeFigure(source, nobody, [] {}).value().curve;
 }
 
 }  // namespace vk

@@ -15,6 +15,7 @@
 #include "doubles/RecordingPlots.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
+#include "doubles/TestPorts.h"
 #include "grafile/StandardFigure.h"
 #include "gral/NominalScreen.h"
 #include "gral/Plotting.h"
@@ -63,7 +64,7 @@ class FigureFixture : public ::testing::Test {
   RecorderDevice printer{
       PrinterMetrics{15 * kTwipsPerInch / kCmPerInch, 20 * kTwipsPerInch / kCmPerInch, 600}};
   NominalScreen screen;
-  FigurePorts ports{files, dialogs, window, output, sound, plots, printer, screen};
+  TestPorts ports{files, dialogs, window, output, sound, plots, printer, screen};
 };
 
 }  // namespace vk

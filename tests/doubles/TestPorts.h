@@ -9,6 +9,8 @@
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
+#include "gral/NoPrinter.h"
+#include "gral/NominalScreen.h"
 #include "platform/GridOutput.h"
 
 namespace vk {
@@ -29,6 +31,16 @@ class UnexpectedForms : public InputForm, public FunctionForms, public TextEdito
   void shut() override {}
 };
 
+/// Plot windows of a command that draws none.
+class UnexpectedPlots : public PlotWindows {
+ public:
+  PlotWindow& create() override { throw std::logic_error("unexpected figure"); }
+  PlotWindow* active() override { return nullptr; }
+  int made() const override { return 0; }
+  void closeSince(int) override {}
+  void closeAll() override {}
+};
+
 /// The ports of a command: the doubles that a test gives, and for the others some that expect nothing.
 class TestPorts {
  public:
@@ -46,7 +58,9 @@ class TestPorts {
                pick<Random>(random_, given...),
                pick<TextEditor>(forms_, given...),
                pick<SettingsPanels>(forms_, given...),
-               []() -> FigurePorts& { throw std::logic_error("unexpected figure"); }} {}
+               pick<PlotWindows>(plots_, given...),
+               pick<Screen>(screen_, given...),
+               [&printer = pick<Device>(printer_, given...)]() -> Device& { return printer; }} {}
   TestPorts(const TestPorts&) = delete;
   TestPorts& operator=(const TestPorts&) = delete;
 
@@ -73,6 +87,9 @@ class TestPorts {
   RecordingSound sound_;
   RecordingProcess process_;
   ScriptedRandom random_{};
+  UnexpectedPlots plots_;
+  NominalScreen screen_;
+  NoPrinter printer_;
   Ports ports_;
 };
 

@@ -41,10 +41,9 @@ class BrokenProgram {
   FaultyPlots plots{faults.plots};
   FaultyDevice printer{faults.printer, PrinterMetrics{}};
   FaultyScreen screen{faults.screen};
-  FigurePorts figures{files, dialogs, window, output, sound, plots, printer, screen};
   MainMod mainMod{session,
                   {files, dialogs, window, input, output, functions, clock, sound, process, random, editor,
-                   panels, [this]() -> FigurePorts& { return figures; }}};
+                   panels, plots, screen, [this]() -> Device& { return printer; }}};
 };
 
 BrokenProgram::BrokenProgram() {

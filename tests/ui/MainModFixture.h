@@ -82,11 +82,10 @@ class MainModTest : public testing::Test {
   RecordingPlotWindows plots;
   RecorderDevice figurePrinter{PrinterMetrics{}};
   NominalScreen screen;
-  FigurePorts figures{files, dialogs, window, output, sound, plots, figurePrinter, screen};
   std::function<void()> atShowing = [] {};
   MainMod mainMod{session,
                   {files, dialogs, window, input, output, functions, clock, sound, process, random, editor,
-                   panels, [this]() -> FigurePorts& { return figures; }}};
+                   panels, plots, screen, [this]() -> Device& { return figurePrinter; }}};
 };
 
 }  // namespace vk

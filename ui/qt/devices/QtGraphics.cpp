@@ -32,7 +32,11 @@ QtGraphics::QtGraphics() {
     // The toolkit takes over the user's decimal comma for the whole program.
     std::setlocale(LC_NUMERIC, "C");
   }
-  letters_ = std::make_unique<QtLetters>();
+}
+
+QtLetters& QtGraphics::letters() {
+  if (!letters_) letters_ = std::make_unique<QtLetters>();
+  return *letters_;
 }
 
 // Letters hold fonts, which must be gone before the application object is.

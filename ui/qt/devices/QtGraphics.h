@@ -15,7 +15,8 @@ class QtGraphics {
   QtGraphics(const QtGraphics&) = delete;
   QtGraphics& operator=(const QtGraphics&) = delete;
 
-  QtLetters& letters() { return *letters_; }
+  /// Made at the first call: to measure them takes time.
+  QtLetters& letters();
 
  private:
   struct Application;

@@ -12,14 +12,14 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
       forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &editForm_, &message_},
       mainMod_(session_,
                {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_, random_,
-                editor_, panels_, [this]() -> FigurePorts& { return figures(); }}) {
+                editor_, panels_, plots_, screen_, [this]() -> Device& { return figurePrinter(); }}) {
   windows_.add(Form::kMain, &window_);
   windows_.add(Form::kInput, &inputForm_);
   windows_.add(Form::kOutput, &output_.form());
   windows_.add(Form::kEditor, &editForm_);
   windows_.add(Form::kSelect, &selectForm_);
   windows_.add(Form::kLoad, &loadForm_);
-  windows_.setActivePlot([this] { return figures_ ? figures_->plots.activeWindow() : nullptr; });
+  windows_.setActivePlot([this] { return plots_.activeWindow(); });
   printer_.setProposal([this] { return pdfProposal(session_.loaded, session_.files.DataDir); });
   window_.buildPanels(settings_.FontEdit, settings_.FontLabel, panels_, runner());
   panels_.setView(window_);
@@ -42,13 +42,9 @@ InpMod::Compiler Application::compiler() {
   return [](const std::string& definition) { return compile(definition).ok; };
 }
 
-FigurePorts& Application::figures() {
-  if (!figures_) {
-    figures_ = std::make_unique<QtFigures>(printer_, pump_, runner());
-    figurePorts_.emplace(FigurePorts{files_, dialogs_, window_, output_, sound_, figures_->plots,
-                                     figures_->printer, figures_->screen});
-  }
-  return *figurePorts_;
+Device& Application::figurePrinter() {
+  if (!figurePrinter_) figurePrinter_.emplace(paper_, graphics_.letters());
+  return *figurePrinter_;
 }
 
 void Application::StartUp() {
@@ -66,7 +62,7 @@ void Application::showMainWindow() {
 void Application::unload() {
   for (QWidget* form : forms_) form->hide();
   output_.hideAll();
-  if (figures_) figures_->plots.closeAll();
+  plots_.closeAll();
   quit_(0);
 }
 

@@ -21,9 +21,10 @@
 #include "ui/qt/ports/DesktopServices.h"
 #include "ui/qt/ports/QtClipboard.h"
 #include "ui/qt/ports/QtDialogs.h"
-#include "ui/qt/ports/QtFigures.h"
 #include "ui/qt/ports/QtFunctionForms.h"
 #include "ui/qt/ports/QtOutput.h"
+#include "ui/qt/ports/QtPaper.h"
+#include "ui/qt/ports/QtPlotWindow.h"
 #include "ui/qt/ports/QtPrinter.h"
 #include "ui/qt/widgets/EventPump.h"
 
@@ -54,7 +55,7 @@ class Application {
  private:
   EventRunner runner();
   InpMod::Compiler compiler();
-  FigurePorts& figures();
+  Device& figurePrinter();
   void showMainWindow();
 
   Session session_;
@@ -85,8 +86,11 @@ class Application {
   FrmEdi editForm_{editor_, {settings_.FontEdit, settings_.FontLabel, windows_, sound_, runner()}};
   FrmMsg message_{windows_, settings_.FontLabel};
   std::vector<QWidget*> forms_;
-  std::optional<FigurePorts> figurePorts_;  ///< made with `figures_`, whose windows use it
-  std::unique_ptr<QtFigures> figures_;
+  QtGraphics graphics_;
+  QtScreen screen_;
+  QtPaper paper_{printer_};
+  std::optional<PrinterDevice> figurePrinter_;  ///< none before the first figure
+  QtPlotWindows plots_{graphics_, pump_, runner()};
 
   QtFunctionForms functions_{selectForm_, loadForm_};
   MainPanels panels_{session_, files_, window_};

@@ -34,7 +34,7 @@ int screenRatio() {
 }  // namespace
 
 QtPlotWindow::QtPlotWindow(const World& world, int number)
-    : world_(world), number_(number), device_(world.letters, screenRatio()) {
+    : world_(world), number_(number), device_(world.graphics.letters(), screenRatio()) {
   setObjectName(QStringLiteral("GralFrm"));
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
@@ -131,7 +131,7 @@ void QtPlotWindow::copyPicture() {
 }
 
 QtPlotWindows::QtPlotWindows(QtGraphics& graphics, EventPump& pump, EventRunner run)
-    : world_{graphics.letters(), pump, std::move(run), [this](QtPlotWindow& window) { active_ = &window; },
+    : world_{graphics, pump, std::move(run), [this](QtPlotWindow& window) { active_ = &window; },
              [this](QPoint first) { return freePlace(first); }} {}
 
 PlotWindow& QtPlotWindows::create() {

@@ -20,7 +20,7 @@ class QtPlotWindow : public QWidget, public PlotWindow {
  public:
   /// What all plot windows share; it outlives them.
   struct World {
-    QtLetters& letters;
+    QtGraphics& graphics;
     EventPump& pump;
     EventRunner run;  ///< carries the handler of a click
     std::function<void(QtPlotWindow&)> activated;

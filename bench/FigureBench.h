@@ -2,6 +2,11 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QBuffer>
+#include <QImage>
+#include <QPainter>
+#include <QPdfWriter>
+
 #include "gral/NoPrinter.h"
 #include "gral/NominalScreen.h"
 #include "gral/ObserverDevice.h"
@@ -10,7 +15,8 @@
 #include "ui/qt/devices/QtGraphics.h"
 #include "ui/qt/devices/VectorDevice.h"
 
-/// One figure on each kind of device: `FIGURE(name, figure)` for a function that draws it.
+/// One figure on each kind of device: `FIGURE(name, figure)` for a function that draws it, `PLAIN_FIGURE(name, paint)`
+/// for one that paints as much with the toolkit alone, on 1000 x 750.
 namespace vk {
 
 inline QtGraphics& graphics() {
@@ -70,6 +76,38 @@ inline void toPdf(benchmark::State& state, void (*figure)(GralCls&)) {
   }
   state.counters["bytes"] = static_cast<double>(size);
 }
+
+inline void plainImage(benchmark::State& state, void (*paint)(QPainter&)) {
+  for (auto _ : state) {
+    QImage image(2000, 1500, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(2, 2);
+    paint(painter);
+    painter.end();
+    const QImage reduced = image.scaled(1000, 750, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    if (reduced.isNull()) state.SkipWithError("nothing was painted");
+  }
+}
+
+inline void plainPdf(benchmark::State& state, void (*paint)(QPainter&)) {
+  qsizetype size = 0;
+  for (auto _ : state) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setResolution(96);
+    QPainter painter(&writer);
+    paint(painter);
+    painter.end();
+    size = buffer.size();
+  }
+  state.counters["bytes"] = static_cast<double>(size);
+}
+
+#define PLAIN_FIGURE(name, paint)                                            \
+  BENCHMARK_CAPTURE(plainImage, name, paint)->Unit(benchmark::kMillisecond); \
+  BENCHMARK_CAPTURE(plainPdf, name, paint)->Unit(benchmark::kMillisecond)
 
 #define FIGURE(name, figure)                                                               \
   BENCHMARK_CAPTURE(onObserver, name, figure)->Unit(benchmark::kMillisecond);              \

@@ -1,6 +1,9 @@
 // What figures cost: to the finished picture, and to the files of vectors.
 
+#include <array>
 #include <cmath>
+#include <cstdio>
+#include <string>
 
 #include "bench/FigureBench.h"
 
@@ -48,7 +51,57 @@ void drawTexts(GralCls& drawing) {
   }
 }
 
+/// The capped bars and the mark of a point.
+struct PlainPoint {
+  QPointF at;
+  std::array<QLineF, 6> bars;
+};
+
+PlainPoint plainPoint(int i) {
+  const QPointF at(100 + 800.0 * i / kPoints, 375 + 230 * std::sin(i * 0.37) + 80 * std::cos(i * 0.011));
+  const auto line = [at](double x1, double y1, double x2, double y2) {
+    return QLineF(at + QPointF(x1, y1), at + QPointF(x2, y2));
+  };
+  return {at,
+          {line(-25, 0, 25, 0), line(0, -30, 0, 30), line(-25, -3, -25, 3), line(25, -3, 25, 3),
+           line(-3, -30, 3, -30), line(-3, 30, 3, 30)}};
+}
+
+void paintPoints(QPainter& painter) {
+  painter.setPen(QPen(Qt::black, 1));
+  for (int i = 1; i <= kPoints; ++i) painter.drawLines(plainPoint(i).bars.data(), 6);
+  painter.setBrush(Qt::white);
+  for (int i = 1; i <= kPoints; ++i) painter.drawEllipse(plainPoint(i).at, 4, 4);
+}
+
+/// The same as text: one path for the bars of a point, one circle for its mark.
+void plainSvg(benchmark::State& state) {
+  std::string svg;
+  for (auto _ : state) {
+    svg.clear();
+    std::array<char, 256> piece{};
+    const auto add = [&](const char* format, auto... values) {
+      svg.append(piece.data(),
+                 static_cast<std::size_t>(std::snprintf(piece.data(), piece.size(), format, values...)));
+    };
+    for (int i = 1; i <= kPoints; ++i) {
+      svg += "<path d=\"";
+      for (const QLineF& bar : plainPoint(i).bars) {
+        add("M%.1f %.1fL%.1f %.1f", bar.x1(), bar.y1(), bar.x2(), bar.y2());
+      }
+      svg += "\"/>\n";
+    }
+    for (int i = 1; i <= kPoints; ++i) {
+      const QPointF at = plainPoint(i).at;
+      add("<circle cx=\"%.1f\" cy=\"%.1f\" r=\"4\"/>\n", at.x(), at.y());
+    }
+  }
+  state.counters["bytes"] = static_cast<double>(svg.size());
+}
+
 FIGURE(points_with_bars, drawPoints);
+PLAIN_FIGURE(points_with_bars, paintPoints);
+BENCHMARK(plainSvg)->Name("plainSvg/points_with_bars")->Unit(benchmark::kMillisecond);
 FIGURE(dashed_polyline, drawDashes);
 FIGURE(texts, drawTexts);
 

@@ -25,8 +25,8 @@ class NoObserver : public FitObserver {
 };
 
 struct Problem {
-  const char* formula;
-  const char* names;
+  std::string formula;
+  std::string names;
   std::vector<double> solution;
   int points;
 };
@@ -86,6 +86,29 @@ void wholeFit(benchmark::State& state, const Problem& problem) {
 }
 BENCHMARK_CAPTURE(wholeFit, points50, kSmall)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(wholeFit, points32767, kLarge)->Unit(benchmark::kMillisecond);
+
+void fitAgainstPoints(benchmark::State& state) {
+  Problem problem = kLarge;
+  problem.points = static_cast<int>(state.range(0));
+  wholeFit(state, problem);
+}
+BENCHMARK(fitAgainstPoints)->RangeMultiplier(4)->Range(128, 32767)->Unit(benchmark::kMillisecond);
+
+/// A sum of so many waves; its parameters are their heights.
+Problem waves(int count) {
+  Problem problem{"", "", std::vector<double>(static_cast<std::size_t>(count), 1.0), 1000};
+  for (int k = 1; k <= count; ++k) {
+    const std::string height = "p" + std::to_string(k);
+    problem.formula += (k > 1 ? "+" : "") + height + "*SIN(" + std::to_string(k) + "*x)";
+    problem.names += (k > 1 ? "," : "") + height;
+  }
+  return problem;
+}
+
+void fitAgainstParameters(benchmark::State& state) {
+  wholeFit(state, waves(static_cast<int>(state.range(0))));
+}
+BENCHMARK(fitAgainstParameters)->Arg(1)->Arg(2)->Arg(5)->Arg(10)->Arg(20)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace vk

@@ -66,6 +66,21 @@ void drawBanded(GralCls& drawing) {
   drawSurface(drawing, kLevels + 1);
 }
 
+/// As many quadrangles in as many greys.
+void paintQuadrangles(QPainter& painter) {
+  painter.setPen(Qt::NoPen);
+  for (int j = 0; j < kPoints; ++j) {
+    for (int i = 0; i < kPoints; ++i) {
+      const double x = 100 + 3.0 * i + 1.0 * j;
+      const double y = 150 + 2.5 * j + 40 * std::sin(0.1 * i) * std::cos(0.1 * j);
+      const int grey = 128 + static_cast<int>(100 * std::sin(0.1 * i + 0.07 * j));
+      painter.setBrush(QColor(grey, grey, grey));
+      const QPointF corners[] = {{x, y}, {x + 3, y + 1}, {x + 4, y + 3.5}, {x + 1, y + 2.5}};
+      painter.drawConvexPolygon(corners, 4);
+    }
+  }
+}
+
 /// What opening, clearing and reducing a picture cost by themselves.
 void drawNothing(GralCls& drawing) {
   drawing.GralRefresh();
@@ -74,6 +89,7 @@ void drawNothing(GralCls& drawing) {
 FIGURE(nothing, drawNothing);
 FIGURE(contours, drawContours);
 FIGURE(shaded_surface, drawShaded);
+PLAIN_FIGURE(shaded_surface, paintQuadrangles);
 FIGURE(banded_surface, drawBanded);
 
 }  // namespace

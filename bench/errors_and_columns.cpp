@@ -1,7 +1,9 @@
-// The propagation of errors by simulation, and the transformation of a large data set.
+// The propagation of errors by simulation, and the transformation of a large data set, beside the same written in C++.
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <cmath>
+#include <random>
 #include <stdexcept>
 
 #include "analysis/MonteCarlo.h"
@@ -56,6 +58,33 @@ void TenThousandSamples(benchmark::State& state) {
 }
 BENCHMARK(TenThousandSamples)->Unit(benchmark::kMillisecond);
 
+void TenThousandSamples_Plain(benchmark::State& state) {
+  std::mt19937_64 source(1);
+  std::normal_distribution<double> normal;
+  std::uniform_real_distribution<double> uniform(-1, 1);
+  double mean = 0;
+  for (auto _ : state) {
+    std::array<int, MonteCarlo::kBins> hits{};
+    double sum = 0;
+    double squares = 0;
+    for (int i = 0; i < MonteCarlo::kSamples; ++i) {
+      const double a = 5 + 0.1 * normal(source);
+      const double b = 0.7 + 0.02 * normal(source);
+      const double c = 1.2 + 0.05 * uniform(source);
+      const double value = a * std::exp(-b) * std::sin(c);
+      const double bin = (value - 2.1) / 0.43 * MonteCarlo::kBins;
+      if (bin >= 0 && bin < MonteCarlo::kBins) ++hits[static_cast<std::size_t>(bin)];
+      sum += value;
+      squares += value * value;
+    }
+    mean = sum / MonteCarlo::kSamples;
+    benchmark::DoNotOptimize(hits);
+    benchmark::DoNotOptimize(squares);
+  }
+  if (std::abs(mean - 2.31) > 0.01) throw std::runtime_error("the samples are not those of the function");
+}
+BENCHMARK(TenThousandSamples_Plain)->Unit(benchmark::kMillisecond);
+
 constexpr int kPoints = 32767;
 
 DataSet largeData() {
@@ -88,6 +117,22 @@ void TransformTwoColumns(benchmark::State& state) {
   }
 }
 BENCHMARK(TransformTwoColumns)->Unit(benchmark::kMillisecond);
+
+void TransformTwoColumns_Plain(benchmark::State& state) {
+  const DataSet data = largeData();
+  const auto x = data.Xpnt.span(1, kPoints);
+  const auto y = data.Ypnt.span(1, kPoints);
+  std::vector<double> newX(x.size());
+  std::vector<double> newY(x.size());
+  for (auto _ : state) {
+    for (std::size_t i = 0; i < x.size(); ++i) newX[i] = std::log(x[i]);
+    for (std::size_t i = 0; i < x.size(); ++i) newY[i] = y[i] * y[i] + std::sqrt(x[i]) * std::exp(-y[i]);
+    benchmark::DoNotOptimize(newX.data());
+    benchmark::DoNotOptimize(newY.data());
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(TransformTwoColumns_Plain)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace vk

@@ -1,0 +1,5 @@
+// A process that does nothing: what every start costs.
+
+int main() {
+  return 0;
+}

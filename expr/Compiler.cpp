@@ -35,11 +35,11 @@ TracedText trimmedPart(std::string_view definition, std::size_t begin, std::size
 Fields cutFields(std::string_view definition) {
   Fields fields;
   std::size_t begin = 0;
-  for (std::size_t i = kResult; i < kFields && begin <= definition.size(); ++i) {
+  for (std::size_t i = kResult; i < kFields; ++i) {
     const std::size_t mark = i == kExpression ? definition.size() : definition.find('@', begin);
     const std::size_t end = std::min(mark, definition.size());
     fields[i] = trimmedPart(definition, begin, end);
-    begin = end + 1;
+    begin = std::min(end + 1, definition.size());
   }
   return fields;
 }

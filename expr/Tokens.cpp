@@ -144,7 +144,7 @@ TracedText prepareExpression(const TracedText& expression) {
   text.reserve(bare.size() + 2);
   text.append("(", bare.placeOf(0, 1).first);
   text.append(bare, 0, bare.size());
-  text.append(")", bare.size() == 0 ? 0 : bare.placeOf(bare.size() - 1, 1).first);
+  text.append(")", bare.placeOf(bare.size() - 1, 1).first);
   text.replaceAll("(+", "(");
   text.replaceAll(",+", ",");
   text.replaceAll("(-", "(0-");

@@ -7,26 +7,26 @@
 
 namespace vk {
 
-TracedText::TracedText(std::string_view text, int first) : text_(text), from_(text.size()) {
+TracedText::TracedText(std::string_view text, int first) : text_(text), from_(text.size()), start_(first) {
   std::iota(from_.begin(), from_.end(), first);
 }
 
 Place TracedText::placeOf(std::size_t at, std::size_t count) const {
-  if (text_.empty()) return {};
+  if (text_.empty()) return {start_, 0};
   const int first = from_[std::min(at, from_.size() - 1)];
   if (count == 0 || at >= from_.size()) return {first, 0};
   return {first, from_[std::min(at + count, from_.size()) - 1] - first + 1};
 }
 
 TracedText TracedText::part(std::size_t begin, std::size_t end) const {
-  TracedText result;
+  TracedText result({}, begin < size() ? from_[begin] : text_.empty() ? start_ : from_.back() + 1);
   result.append(*this, begin, end);
   return result;
 }
 
 TracedText TracedText::withoutBlanks() const {
   if (text_.find(' ') == std::string::npos) return *this;
-  TracedText result;
+  TracedText result({}, start_);
   result.reserve(text_.size());
   for (std::size_t i = 0; i < text_.size(); ++i) {
     if (text_[i] == ' ') continue;

@@ -44,6 +44,7 @@ class TracedText {
  private:
   std::string text_;
   std::vector<int> from_;
+  int start_ = 0;  // where it stands as long as it is empty
 };
 
 }  // namespace vk

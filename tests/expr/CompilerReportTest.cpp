@@ -147,43 +147,59 @@ TEST(NameTable, ChecksNamesTrimmedOnBothSides) {
   EXPECT_EQ(said.report, "* a             O.K.\r\n* b             O.K.\r\n");
 }
 
-/// The faults as "kind: text they stand on".
+/// The faults as "kind: definition", with brackets around the place of the fault.
 std::vector<std::string> faultsOf(const std::string& definition) {
   std::vector<std::string> result;
   for (const CompileFault& fault : compile(definition).faults) {
-    result.push_back(
-        std::to_string(static_cast<int>(fault.kind)) + ": " +
-        definition.substr(static_cast<std::size_t>(fault.first), static_cast<std::size_t>(fault.length)));
+    std::string marked = definition;
+    marked.insert(static_cast<std::size_t>(fault.first + fault.length), "]");
+    marked.insert(static_cast<std::size_t>(fault.first), "[");
+    result.push_back(std::to_string(static_cast<int>(fault.kind)) + ": " + marked);
   }
   return result;
 }
 
-std::string faultLine(CompileFaultKind kind, const std::string& place) {
-  return std::to_string(static_cast<int>(kind)) + ": " + place;
+std::string faultAt(CompileFaultKind kind, const std::string& marked) {
+  return std::to_string(static_cast<int>(kind)) + ": " + marked;
 }
 
 TEST(CompileFaults, StandWhereTheNameStands) {
   using enum CompileFaultKind;
-  EXPECT_THAT(faultsOf("y@x, A B C D E @@@x"), ElementsAre(faultLine(kNameTooLong, "A B C D E")));
-  EXPECT_THAT(faultsOf("y@ 1a, b%&@@@1"),
-              ElementsAre(faultLine(kNameStart, "1"), faultLine(kNameCharacter, "%"),
-                          faultLine(kNameCharacter, "&")));
-  EXPECT_THAT(faultsOf("y@a,,b@@@a"), ElementsAre(faultLine(kNameMissing, "")));
-  EXPECT_THAT(faultsOf("y@x, q@b, q@ @x"), ElementsAre(faultLine(kNameTaken, "q")));
-  EXPECT_THAT(faultsOf("y@x@A@ A /1@x"), ElementsAre(faultLine(kNameTaken, "A")));
+  EXPECT_THAT(faultsOf("y@x, A B C D E @@@x"), ElementsAre(faultAt(kNameTooLong, "y@x, [A B C D E] @@@x")));
+  EXPECT_THAT(faultsOf("y@ 1a, b%&@@@1"), ElementsAre(faultAt(kNameStart, "y@ [1]a, b%&@@@1"),
+                                                      faultAt(kNameCharacter, "y@ 1a, b[%]&@@@1"),
+                                                      faultAt(kNameCharacter, "y@ 1a, b%[&]@@@1")));
+  EXPECT_THAT(faultsOf("y@a, ,b@@@a"), ElementsAre(faultAt(kNameMissing, "y@a, [],b@@@a")));
+  EXPECT_THAT(faultsOf("y@x@A,@@x"), ElementsAre(faultAt(kNameMissing, "y@x@A,[]@@x")));
+  EXPECT_THAT(faultsOf("y@x, q@b, q@ @x"), ElementsAre(faultAt(kNameTaken, "y@x, [q]@b, q@ @x")));
+  EXPECT_THAT(faultsOf("y@x@A@ A /1@x"), ElementsAre(faultAt(kNameTaken, "y@x@A@ [A] /1@x")));
 }
 
 TEST(CompileFaults, StandWhereTheExpressionIsWrong) {
   using enum CompileFaultKind;
-  EXPECT_THAT(faultsOf("y@x@@@ ((x) "), ElementsAre(faultLine(kParentheses, "((x)")));
+  EXPECT_THAT(faultsOf("y@x@@@ ((x) "), ElementsAre(faultAt(kParentheses, "y@x@@@ [((x)] ")));
   EXPECT_THAT(faultsOf("y@x@@@ 2 * (-b 1 + SIN(+ c))"),
-              ElementsAre(faultLine(kUnknownName, "b 1"), faultLine(kUnknownName, "c")));
-  EXPECT_THAT(faultsOf("y@x@@@x+ABCDE"),
-              ElementsAre(faultLine(kOperandTooLong, "ABCDE"), faultLine(kUnknownName, "ABCDE")));
-  EXPECT_THAT(faultsOf("y@x@@@SIN(x)+*2"), ElementsAre(faultLine(kGrammar, "*")));
+              ElementsAre(faultAt(kUnknownName, "y@x@@@ 2 * (-[b 1] + SIN(+ c))"),
+                          faultAt(kUnknownName, "y@x@@@ 2 * (-b 1 + SIN(+ [c]))")));
+  EXPECT_THAT(faultsOf("y@x@@@x+ABCDE"), ElementsAre(faultAt(kOperandTooLong, "y@x@@@x+[ABCDE]"),
+                                                     faultAt(kUnknownName, "y@x@@@x+[ABCDE]")));
+  EXPECT_THAT(faultsOf("y@x@@@SIN(x)+*2"), ElementsAre(faultAt(kGrammar, "y@x@@@SIN(x)+[*]2")));
+  EXPECT_THAT(faultsOf("y@x@@@(x)(x)"), ElementsAre(faultAt(kGrammar, "y@x@@@(x)[(]x)")));
+  EXPECT_THAT(faultsOf("y@x@@@ "), ElementsAre(faultAt(kGrammar, "y@x@@@ []")));
+  EXPECT_THAT(faultsOf("y@x"), ElementsAre(faultAt(kGrammar, "y@x[]")));
   EXPECT_THAT(faultsOf("y@x@@@x+1.00000000000000000000001"),
-              ElementsAre(faultLine(kNumberTooLong, "1.00000000000000000000001")));
-  EXPECT_THAT(faultsOf("y@x@@@ SIN(x,2)"), ElementsAre(faultLine(kArguments, "SIN(x,2)")));
+              ElementsAre(faultAt(kNumberTooLong, "y@x@@@x+[1.00000000000000000000001]")));
+  EXPECT_THAT(faultsOf("y@x@@G/ 1.00000000000000000000001@x"),
+              ElementsAre(faultAt(kNumberTooLong, "y@x@@G/ [1.00000000000000000000001]@x")));
+  EXPECT_THAT(faultsOf("y@x@@@ SIN(x,2)"), ElementsAre(faultAt(kArguments, "y@x@@@ [SIN(x,2)]")));
+}
+
+TEST(CompileFaults, OfAVariableBeyondTheBytesOfTheCodeStandAtTheExpression) {
+  std::string definition = "y@a0";
+  for (int i = 1; i < 256; ++i) definition += ",a" + std::to_string(i);
+  definition += "@@@";
+  EXPECT_THAT(faultsOf(definition + "a255"),
+              ElementsAre(faultAt(CompileFaultKind::kTooManyOperands, definition + "[a255]")));
 }
 
 }  // namespace

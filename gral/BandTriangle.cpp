@@ -7,9 +7,9 @@ namespace vk {
 namespace {
 
 void fillBand(Device& device, const LevelBand& band) {
-  std::array<PlanePoint, std::tuple_size_v<decltype(band.corners)> + 1> points;
+  std::array<PixelPlace, std::tuple_size_v<decltype(band.corners)> + 1> points;
   std::size_t count = 0;
-  for (const PlanePoint& point : band.points()) points[count++] = point;
+  for (const PixelPlace& point : band.points()) points[count++] = point;
   points[count++] = points[0];
   makePath(device, std::span(points).first(count));
   device.FillPath();
@@ -21,18 +21,20 @@ Colour LevelColors::operator()(int c) const {
   return HsbToRgb(hsb(c, 1), hsb(c, 2), shaded ? brightnessOf(shade) : static_cast<double>(hsb(c, 3)));
 }
 
-void BandFillTriangle(Device& device, const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3,
-                      const Array<float>& ValLev, const LevelColors& colors) {
+void BandFillTriangle(Device& device, const LevelCorner<unit::Pixel>& c1, const LevelCorner<unit::Pixel>& c2,
+                      const LevelCorner<unit::Pixel>& c3, const Array<float>& ValLev,
+                      const LevelColors& colors) {
   device.setFillStyle(kFillSolid);
-  forEachBand(LevelTriangle::of(c1, c2, c3), ValLev, [&](const LevelBand& band) {
+  forEachBand(LevelTriangle<unit::Pixel>::of(c1, c2, c3), ValLev, [&](const LevelBand& band) {
     device.setFillColor(colors(band.index + 1));
     fillBand(device, band);
   });
 }
 
-void BandLinesTriangle(GralCls& drawing, const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3,
-                       const Array<float>& ValLev, const LevelColors& colors) {
-  drawLevelSegments(drawing, LevelTriangle::of(c1, c2, c3), ValLev, colors);
+void BandLinesTriangle(GralCls& drawing, const LevelCorner<unit::Usr>& c1, const LevelCorner<unit::Usr>& c2,
+                       const LevelCorner<unit::Usr>& c3, const Array<float>& ValLev,
+                       const LevelColors& colors) {
+  drawLevelSegments(drawing, LevelTriangle<unit::Usr>::of(c1, c2, c3), ValLev, colors);
 }
 
 }  // namespace vk

@@ -21,45 +21,46 @@ struct LevelColors {
 /// A part of a triangle between two levels, as a polygon: the area of level index `index`.
 struct LevelBand {
   int index = 0;
-  std::array<PlanePoint, 5> corners;
+  std::array<PixelPlace, 5> corners;
   std::size_t count = 0;
 
-  std::span<const PlanePoint> points() const { return std::span(corners).first(count); }
-  void add(const PlanePoint& point) { corners[count++] = point; }
+  std::span<const PixelPlace> points() const { return std::span(corners).first(count); }
+  void add(const PixelPlace& point) { corners[count++] = point; }
 };
 
 /// Calls `use` with the bands of a triangle from the bottom to the top.
 template <class Use>
-void forEachBand(const LevelTriangle& triangle, const Array<float>& ValLev, Use use) {
-  const auto place = [](const LevelCorner& corner) { return PlanePoint{corner.x, corner.y}; };
+void forEachBand(const LevelTriangle<unit::Pixel>& triangle, const Array<float>& ValLev, Use use) {
   LevelBand band;
   band.index = triangle.bottom.k;
-  band.add(place(triangle.bottom));
+  band.add(triangle.bottom.place);
   for (int k = triangle.bottom.k + 1; k <= triangle.top.k; ++k) {
-    const PlanePoint P = triangle.onLongEdge(ValLev[k]);
-    const PlanePoint Q = triangle.onShortEdge(k, ValLev[k]);
+    const PixelPlace P = triangle.onLongEdge(ValLev[k]);
+    const PixelPlace Q = triangle.onShortEdge(k, ValLev[k]);
     // Each band runs up the long edge and down the other side.
     band.add(P);
     band.add(Q);
-    if (triangle.middle.k == band.index) band.add(place(triangle.middle));
+    if (triangle.middle.k == band.index) band.add(triangle.middle.place);
     use(band);
     band = LevelBand();
     band.index = k;
     band.add(Q);
     band.add(P);
   }
-  band.add(place(triangle.top));
-  if (triangle.middle.k == band.index) band.add(place(triangle.middle));
+  band.add(triangle.top.place);
+  if (triangle.middle.k == band.index) band.add(triangle.middle.place);
   use(band);
 }
 
 /// Fills the bands of a triangle whose corners are in pixels: the band of level index i has colour i + 1. The
 /// device keeps a solid filling.
-void BandFillTriangle(Device& device, const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3,
-                      const Array<float>& ValLev, const LevelColors& colors);
+void BandFillTriangle(Device& device, const LevelCorner<unit::Pixel>& c1, const LevelCorner<unit::Pixel>& c2,
+                      const LevelCorner<unit::Pixel>& c3, const Array<float>& ValLev,
+                      const LevelColors& colors);
 
 /// Draws the level segments of a triangle whose corners are in Usr, level k in colour k.
-void BandLinesTriangle(GralCls& drawing, const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3,
-                       const Array<float>& ValLev, const LevelColors& colors);
+void BandLinesTriangle(GralCls& drawing, const LevelCorner<unit::Usr>& c1, const LevelCorner<unit::Usr>& c2,
+                       const LevelCorner<unit::Usr>& c3, const Array<float>& ValLev,
+                       const LevelColors& colors);
 
 }  // namespace vk

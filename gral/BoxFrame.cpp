@@ -52,8 +52,8 @@ class TickLabels {
   TickLabels(GralCls& drawing, const AxisTexts& axis) : drawing_(drawing), axis_(axis) {}
 
   /// The label of tick k stands under a point in Usr.
-  void at(int k, const PlanePoint& usr) {
-    const PlanePoint here{drawing_.xUsr2Scr(usr.x), drawing_.yUsr2Scr(usr.y)};
+  void at(int k, const UsrPoint& usr) {
+    const TwipPoint here{drawing_.xUsr2Scr(usr.x), drawing_.yUsr2Scr(usr.y)};
     if (axis_.nT == axis_.nS) {
       print(axis_.S[k], here);
     } else if (k > 1) {
@@ -63,7 +63,7 @@ class TickLabels {
   }
 
  private:
-  void print(const std::string& text, const PlanePoint& top) {
+  void print(const std::string& text, const TwipPoint& top) {
     const std::string label = trim(text);
     if (label.empty()) return;
     Device& device = *drawing_.GralDev;
@@ -74,11 +74,11 @@ class TickLabels {
 
   GralCls& drawing_;
   AxisTexts axis_;
-  PlanePoint before_;
+  TwipPoint before_;
 };
 
 /// Degrees of an edge, or `upright` when it has no run in x.
-Int16 slopeOf(const PlanePoint& edge, int upright) {
+Int16 slopeOf(const UsrPoint& edge, int upright) {
   if (edge.x == 0) return upright;
   return toInt16(std::atan(edge.y / edge.x) / BoxProjection::kRadians);
 }
@@ -91,8 +91,8 @@ class Frame {
   void drawX(const AxisTexts& axis) {
     TickLabels labels(drawing_, axis);
     for (int k = 1; k <= axis.nT; ++k) {
-      const PlanePoint p = box_.corner + checked::divide(axis.T[k], view_.Vx) * box_.xEdge;
-      const PlanePoint e = p + box_.yEdge;
+      const UsrPoint p = box_.corner + checked::divide(axis.T[k], view_.Vx) * box_.xEdge;
+      const UsrPoint e = p + box_.yEdge;
       line(p, e);
       line(p, p + box_.zEdge);
       line(e, e - 0.5 * box_.ez);
@@ -105,8 +105,8 @@ class Frame {
   void drawY(const AxisTexts& axis) {
     TickLabels labels(drawing_, axis);
     for (int k = 1; k <= axis.nT; ++k) {
-      const PlanePoint p = box_.corner + checked::divide(axis.T[k], view_.Vy) * box_.yEdge;
-      const PlanePoint t = p + box_.zEdge;
+      const UsrPoint p = box_.corner + checked::divide(axis.T[k], view_.Vy) * box_.yEdge;
+      const UsrPoint t = p + box_.zEdge;
       line(p, p + box_.xEdge);
       line(p, t);
       line(t, t - 0.5 * box_.ex);
@@ -118,8 +118,8 @@ class Frame {
   void drawZ(const AxisTexts& axis) {
     TickLabels labels(drawing_, axis);
     for (int k = 1; k <= axis.nT; ++k) {
-      const PlanePoint p = box_.corner + checked::divide(axis.T[k], view_.Vz) * box_.zEdge;
-      const PlanePoint end = p + box_.xEdge;
+      const UsrPoint p = box_.corner + checked::divide(axis.T[k], view_.Vz) * box_.zEdge;
+      const UsrPoint end = p + box_.xEdge;
       line(p, end);
       line(end, end - 0.5 * box_.ey);
       line(p, p + box_.yEdge);
@@ -127,13 +127,13 @@ class Frame {
     }
     const double height = std::abs(drawing_.GralDev->TextHeight(axis.S[0]));
     const double m = std::max(box_.ct, height / 100);
-    title(axis.S, box_.corner + box_.yEdge + PlanePoint{m, box_.ey.y} + 0.5 * box_.zEdge, -90);
+    title(axis.S, box_.corner + box_.yEdge + UsrPoint{m, box_.ey.y} + 0.5 * box_.zEdge, -90);
   }
 
  private:
-  void line(const PlanePoint& from, const PlanePoint& to) { drawing_.GralLine(from.x, from.y, to.x, to.y); }
+  void line(const UsrPoint& from, const UsrPoint& to) { drawing_.GralLine(from.x, from.y, to.x, to.y); }
 
-  void title(const Array<std::string>& S, const PlanePoint& middle, Int16 degrees) {
+  void title(const Array<std::string>& S, const UsrPoint& middle, Int16 degrees) {
     const std::string text = trim(S[0]);
     if (text.empty()) return;
     drawing_.GralWPrint(middle.x, middle.y, 1, degrees, kTitlePoints, text);
@@ -152,13 +152,13 @@ class Walls {
       : drawing_(drawing), Gray3d_(Gray3d), Col3d_(Col3d), HSFrmCol_(HSFrmCol) {}
 
   /// The wall between two edges from a corner; `seen` of its `area` is left when it is seen from its side.
-  void fill(const PlanePoint& corner, const PlanePoint& edge1, const PlanePoint& edge2, double seen,
+  void fill(const UsrPoint& corner, const UsrPoint& edge1, const UsrPoint& edge2, double seen,
             double area) const {
     Device& device = *drawing_.GralDev;
     device.setFillColor(colorOf(seen, area));
-    std::array<PlanePoint, 4> points;
+    std::array<PixelPlace, 4> points;
     std::size_t count = 0;
-    for (const PlanePoint& point : {corner, corner + edge1, corner + edge1 + edge2, corner + edge2}) {
+    for (const UsrPoint& point : {corner, corner + edge1, corner + edge1 + edge2, corner + edge2}) {
       points[count++] = drawing_.pixelOfUsr(point.x, point.y);
     }
     makePath(device, points);

@@ -17,9 +17,9 @@ struct BoxView {
 /// A box in space as it is seen in Usr, in parallel projection: its edges, and the corner that they leave.
 struct BoxProjection {
   double st, ct, sp, cp;  ///< sine and cosine of theta and phi
-  PlanePoint ex, ey, ez;  ///< a unit along each edge
-  PlanePoint xEdge, yEdge, zEdge;
-  PlanePoint corner;
+  UsrPoint ex, ey, ez;    ///< a unit along each edge
+  UsrPoint xEdge, yEdge, zEdge;
+  UsrPoint corner;
 
   explicit BoxProjection(const BoxView& view)
       : st(std::sin(view.theta * kRadians)),
@@ -32,7 +32,7 @@ struct BoxProjection {
         xEdge(view.Vx * ex),
         yEdge(view.Vy * ey),
         zEdge(view.Vz * ez),
-        corner(PlanePoint{view.Xoc, view.Yoc} - 0.5 * xEdge - 0.5 * yEdge) {}
+        corner(UsrPoint{view.Xoc, view.Yoc} - 0.5 * xEdge - 0.5 * yEdge) {}
 
   static constexpr double kRadians = 3.1415926 / 180;
 };

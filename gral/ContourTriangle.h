@@ -8,8 +8,10 @@
 namespace vk {
 
 /// A corner of a triangle: its place, the value there, and the value's level index.
+template <class Unit>
 struct LevelCorner {
-  double x, y, z;
+  PlanePoint<Unit> place;
+  double z;
   int k;
 };
 
@@ -17,28 +19,45 @@ struct LevelCorner {
 /// 0 under the first level, nl at or above the last. An array shorter than nl is run-time error 9.
 int LevelIndex(double value, const Array<float>& VLev, int nl);
 
+template <class Unit>
 struct LevelTriangle {
-  LevelCorner bottom, middle, top;
+  using Corner = LevelCorner<Unit>;
+  Corner bottom, middle, top;
 
   /// The corners by their values. Of equal ones the first of the first two counts as the higher, and the
   /// third as higher than either.
-  static LevelTriangle of(const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3);
+  static LevelTriangle of(const Corner& c1, const Corner& c2, const Corner& c3) {
+    const bool ordered = c1.z >= c2.z;
+    const Corner& high = ordered ? c1 : c2;
+    const Corner& low = ordered ? c2 : c1;
+    if (c3.z >= high.z) return {low, high, c3};
+    if (c3.z >= low.z) return {low, c3, high};
+    return {c3, low, high};
+  }
 
   /// The end of a level's segment on the edge from bottom to top. The level lies between the indices of both.
-  PlanePoint onLongEdge(double level) const;
+  PlanePoint<Unit> onLongEdge(double level) const { return onEdge(bottom, top, level); }
   /// The other end of level number k, on the edge below or above the middle corner. A level that the middle
   /// corner reaches passes below it.
-  PlanePoint onShortEdge(int k, double level) const;
+  PlanePoint<Unit> onShortEdge(int k, double level) const {
+    return onEdge(k <= middle.k ? bottom : top, middle, level);
+  }
+
+ private:
+  static PlanePoint<Unit> onEdge(const Corner& from, const Corner& to, double level) {
+    const double t = (level - from.z) / (to.z - from.z);
+    return from.place + t * (to.place - from.place);
+  }
 };
 
 /// Draws the segment of each level between the bottom and the top corner, in Usr and in the colour that
 /// `colorOf(k)` gives for level k. The colour of the device is afterwards as before.
 template <class ColorOf>
-void drawLevelSegments(GralCls& drawing, const LevelTriangle& triangle, const Array<float>& VLev,
+void drawLevelSegments(GralCls& drawing, const LevelTriangle<unit::Usr>& triangle, const Array<float>& VLev,
                        ColorOf colorOf) {
   for (int k = triangle.bottom.k + 1; k <= triangle.top.k; ++k) {
-    const PlanePoint P = triangle.onLongEdge(VLev[k]);
-    const PlanePoint Q = triangle.onShortEdge(k, VLev[k]);
+    const UsrPoint P = triangle.onLongEdge(VLev[k]);
+    const UsrPoint Q = triangle.onShortEdge(k, VLev[k]);
     const Colour before = drawing.GralDev->ForeColor();
     drawing.GralDev->setForeColor(colorOf(k));
     drawing.GralLine(P.x, P.y, Q.x, Q.y);
@@ -47,7 +66,7 @@ void drawLevelSegments(GralCls& drawing, const LevelTriangle& triangle, const Ar
 }
 
 /// Draws the level segments of a triangle in Usr, each in the colour CLev(k) of its level.
-void ContourTriangle(GralCls& drawing, const LevelCorner& c1, const LevelCorner& c2, const LevelCorner& c3,
-                     const Array<float>& VLev, const Array<Colour>& CLev);
+void ContourTriangle(GralCls& drawing, const LevelCorner<unit::Usr>& c1, const LevelCorner<unit::Usr>& c2,
+                     const LevelCorner<unit::Usr>& c3, const Array<float>& VLev, const Array<Colour>& CLev);
 
 }  // namespace vk

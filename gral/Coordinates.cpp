@@ -122,17 +122,17 @@ std::int32_t GralCls::yUsr2Pixel(double y) const {
   return yScr2Pixel(yLog2Scr(yUsr2Log(y)));
 }
 
-PlanePoint GralCls::inPixels(double x, double y) const {
+PixelPlace GralCls::inPixels(double x, double y) const {
   return {checked::finite(PixWidth * checked::divide(x, ScrWidth)),
           checked::finite(PixHeight * checked::divide(y, ScrHeight))};
 }
 
-PlanePoint GralCls::pixelOfScr(double x, double y) const {
-  const PlanePoint exact = inPixels(x, y);
+PixelPlace GralCls::pixelOfScr(double x, double y) const {
+  const PixelPlace exact = inPixels(x, y);
   return {roundHalfEven(exact.x), roundHalfEven(exact.y)};
 }
 
-PlanePoint GralCls::pixelOfUsr(double x, double y) const {
+PixelPlace GralCls::pixelOfUsr(double x, double y) const {
   return pixelOfScr(xUsr2Scr(x), yUsr2Scr(y));
 }
 

@@ -39,7 +39,7 @@ void GralCls::GralDraw(const Array<double>& x, const Array<double>& y, int np) {
     dashCarry_.forget();
     for (int i = 1; i < np; ++i) GralTraLine(x[i], y[i], x[i + 1], y[i + 1], pattern);
   } else {
-    std::vector<PlanePoint> points;
+    std::vector<PixelPlace> points;
     for (int i = 1; i <= np; ++i) points.push_back(pixelOfUsr(x[i], y[i]));
     joinPixels(*GralDev, points);
   }
@@ -49,14 +49,14 @@ void GralCls::GralDraw(const Array<double>& x, const Array<double>& y, int np) {
 void GralCls::GralCurve(const Array<double>& x, const Array<double>& y, int nPt) {
   Array<double> px(nPt), py(nPt), t(nPt), d2x, d2y, c1x, c2x, c1y, c2y;
   for (int i = 1; i <= nPt; ++i) {
-    const PlanePoint pixel = pixelOfUsr(x[i], y[i]);
+    const PixelPlace pixel = pixelOfUsr(x[i], y[i]);
     px[i] = t[i] = pixel.x;
     py[i] = pixel.y;
   }
   // Whole pixels tell near points apart on one device and not on the next, and bend the curve through them.
   if (!columnsApart(px, nPt)) {
     for (int i = 1; i <= nPt; ++i) {
-      const PlanePoint exact = inPixels(xUsr2Scr(x[i]), yUsr2Scr(y[i]));
+      const PixelPlace exact = inPixels(xUsr2Scr(x[i]), yUsr2Scr(y[i]));
       px[i] = exact.x;
       py[i] = exact.y;
       t[i] = xUsr2Log(x[i]);
@@ -66,7 +66,7 @@ void GralCls::GralCurve(const Array<double>& x, const Array<double>& y, int nPt)
   SplineDerivatives(t, px, nPt, kNaturalEnd, kNaturalEnd, d2x);
   SplineControlPoints(t, px, d2x, c1x, c2x, nPt);
   SplineControlPoints(t, py, d2y, c1y, c2y, nPt);
-  std::vector<PlanePoint> points{{px[1], py[1]}};
+  std::vector<PixelPlace> points{{px[1], py[1]}};
   for (int k = 1; k < nPt; ++k) {
     points.push_back({c1x[k], c1y[k]});
     points.push_back({c2x[k], c2y[k]});

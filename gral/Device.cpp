@@ -7,8 +7,7 @@
 namespace vk {
 namespace {
 
-constexpr double kFirstFormWidth = 4800;
-constexpr double kFirstFormHeight = 3600;
+constexpr SheetSize kFirstForm{4800, 3600};
 
 Int16 checkedStyle(Int16 style, int last) {
   if (style < 0 || style > last) throw RuntimeError(kInvalidCall);
@@ -23,7 +22,7 @@ double wholeNominalPixels(double twips) {
 
 Device::Device(const FormMetrics& form, DrawingSink& sink, LetterMetrics& letters)
     : sink_(sink), letters_(letters), isForm_(true), formMetrics_(form) {
-  setArea(kFirstFormWidth, kFirstFormHeight);
+  setArea(kFirstForm);
 }
 
 Device::Device(const PrinterMetrics& printer, DrawingSink& sink, LetterMetrics& letters)
@@ -73,24 +72,23 @@ void Device::setFontSize(double points) {
 void Device::setScaleMode(Int16 mode) {
   if (mode != kScaleTwips && mode != kScalePixels) throw RuntimeError(kInvalidCall);
   if (mode == kScaleTwips) {
-    scale_ = {mode, areaWidth_, areaHeight_, 0, 0};
+    scale_ = {mode, area_.width, area_.height, 0, 0};
   } else {
     scale_ = {mode, static_cast<double>(pixelWidth()), static_cast<double>(pixelHeight()), 0, 0};
   }
 }
 
-void Device::setArea(double width, double height) {
-  areaWidth_ = width;
-  areaHeight_ = height;
+void Device::setArea(const SheetSize& area) {
+  area_ = area;
   setScaleMode(scale_.mode);
 }
 
 int Device::pixelWidth() const {
-  return static_cast<int>(roundHalfEven(areaWidth_ / twipsPerContextPixel()));
+  return static_cast<int>(roundHalfEven(area_.width / twipsPerContextPixel()));
 }
 
 int Device::pixelHeight() const {
-  return static_cast<int>(roundHalfEven(areaHeight_ / twipsPerContextPixel()));
+  return static_cast<int>(roundHalfEven(area_.height / twipsPerContextPixel()));
 }
 
 // ---- Forms
@@ -125,25 +123,25 @@ void Device::setTop(double top) {
 }
 
 double Device::Width() {
-  return areaWidth_ + formMetrics_.frameWidth;
+  return area_.width + formMetrics_.frame.width;
 }
 
 double Device::Height() {
-  return areaHeight_ + formMetrics_.frameHeight;
+  return area_.height + formMetrics_.frame.height;
 }
 
 void Device::setWidth(double width) {
   requireForm();
-  resizeForm(width - formMetrics_.frameWidth, areaHeight_);
+  resizeForm({width - formMetrics_.frame.width, area_.height});
 }
 
 void Device::setHeight(double height) {
   requireForm();
-  resizeForm(areaWidth_, height - formMetrics_.frameHeight);
+  resizeForm({area_.width, height - formMetrics_.frame.height});
 }
 
-void Device::resizeForm(double clientWidth, double clientHeight) {
-  setArea(wholeNominalPixels(clientWidth), wholeNominalPixels(clientHeight));
+void Device::resizeForm(const SheetSize& area) {
+  setArea({wholeNominalPixels(area.width), wholeNominalPixels(area.height)});
   clearPicture();
   sink_.formChanged();
 }
@@ -155,7 +153,7 @@ void Device::Cls() {
 
 void Device::clearPicture() {
   forgetAnnounced();
-  sink_.clear(areaWidth_, areaHeight_, settings_.backColor);
+  sink_.clear(area_, settings_.backColor);
   if (selectedRegion_ != 0) sink_.clip(&regions_.at(selectedRegion_));
 }
 
@@ -180,11 +178,9 @@ void Device::setOrientation(Int16 orientation) {
 }
 
 void Device::turnPage() {
-  if (orientation_ == kLandscape) {
-    setArea(printer_.longSide, printer_.shortSide);
-  } else {
-    setArea(printer_.shortSide, printer_.longSide);
-  }
+  SheetSize page{printer_.shortSide.value(), printer_.longSide.value()};
+  if (orientation_ == kLandscape) std::swap(page.width, page.height);
+  setArea(page);
 }
 
 double Device::Resolution() const {
@@ -194,7 +190,7 @@ double Device::Resolution() const {
 
 void Device::PaintPicture(const Picture& picture, double x, double y) {
   requirePrinter();
-  sink_.picture(picture, x, y);
+  sink_.picture(picture, {x, y});
 }
 
 void Device::EndDoc() {

@@ -85,13 +85,8 @@ class Device {
   void setScaleHeight(double height) { scale_.height = height; }
   void setScaleLeft(double left) { scale_.left = left; }
   void setScaleTop(double top) { scale_.top = top; }
-  /// Size of the drawing area in centimetres, whatever the scale mode.
-  double ScaleWidthCm() const { return areaWidth_ / kTwipsPerInch * kCmPerInch; }
-  double ScaleHeightCm() const { return areaHeight_ / kTwipsPerInch * kCmPerInch; }
-
-  /// Size of the drawing area in twips, whatever the scale mode.
-  double areaWidth() const { return areaWidth_; }
-  double areaHeight() const { return areaHeight_; }
+  /// Size of the drawing area, whatever the scale mode.
+  const SheetSize& area() const { return area_; }
   /// The same in pixels of the graphics context.
   int pixelWidth() const;
   int pixelHeight() const;
@@ -231,17 +226,17 @@ class Device {
     double top = 0;
   };
 
-  void setArea(double width, double height);
+  void setArea(const SheetSize& area);
   void turnPage();
   void clearPicture();
-  void resizeForm(double clientWidth, double clientHeight);
+  void resizeForm(const SheetSize& area);
   void requireForm() const;
   void requirePrinter() const;
-  std::pair<PlanePoint, PlanePoint> drawnCorners(const PlanePoint& a, const PlanePoint& b) const;
+  std::pair<TwipPoint, TwipPoint> drawnCorners(const TwipPoint& a, const TwipPoint& b) const;
   void announcePen();
   void announceFilling();
   void drawPath(bool fill, bool stroke);
-  void writeText(double x, double y, std::string_view text);
+  void writeText(const TwipPoint& place, std::string_view text);
 
   DrawingSink& sink_;
   LetterMetrics& letters_;
@@ -251,8 +246,7 @@ class Device {
   FormMetrics formMetrics_;
   PrinterMetrics printer_;
   double twipsPerPixel_ = kNominalTwipsPerPixel;
-  double areaWidth_ = 0;
-  double areaHeight_ = 0;
+  SheetSize area_;
   Settings settings_;
   Scale scale_;
   FormState form_;

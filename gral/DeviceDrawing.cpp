@@ -41,40 +41,42 @@ void Device::forgetAnnounced() {
 // ---- Figures in twips
 
 void Device::Line(double x1, double y1, double x2, double y2) {
-  PlanePoint a{x1, y1}, b{x2, y2};
+  TwipPoint a{x1, y1}, b{x2, y2};
   if (!cutLine(drawnTwips(*this), a, b)) return;
   announcePen();
-  sink_.line(a.x, a.y, b.x, b.y);
+  sink_.line(a, b);
 }
 
 void Device::Box(double x1, double y1, double x2, double y2) {
   const auto [a, b] = drawnCorners({x1, y1}, {x2, y2});
   announcePen();
-  sink_.box(a.x, a.y, b.x, b.y);
+  sink_.box(a, b);
 }
 
 void Device::FilledBox(double x1, double y1, double x2, double y2, Colour color) {
   const auto [a, b] = drawnCorners({x1, y1}, {x2, y2});
-  sink_.filledBox(a.x, a.y, b.x, b.y, color);
+  sink_.filledBox(a, b, color);
 }
 
 /// The corners of a rectangle, or where its sides are that far outside that they are not seen.
-std::pair<PlanePoint, PlanePoint> Device::drawnCorners(const PlanePoint& a, const PlanePoint& b) const {
+std::pair<TwipPoint, TwipPoint> Device::drawnCorners(const TwipPoint& a, const TwipPoint& b) const {
   for (const double coordinate : {a.x, a.y, b.x, b.y}) checked::finite(coordinate);
-  const DrawnBox box = drawnTwips(*this);
+  const DrawnBox<unit::Twip> box = drawnTwips(*this);
   return {box.nearest(a), box.nearest(b)};
 }
 
 void Device::Circle(double x, double y, double radius) {
-  const PlanePoint centre{x, y}, corner = std::abs(radius) * PlanePoint{1, 1};
-  const DrawnBox box = drawnTwips(*this);
+  const TwipPoint centre{x, y}, corner = std::abs(radius) * TwipPoint{1, 1};
+  const DrawnBox<unit::Twip> box = drawnTwips(*this);
   if (box.holds(centre - corner, centre + corner)) {
     announcePen();
     announceFilling();
-    return sink_.circle(x, y, radius);
+    return sink_.circle(centre, Twips(radius));
   }
-  std::vector<PlanePoint> outline = cutCircle(box, centre, std::abs(radius));
-  for (PlanePoint& point : outline) point = (1 / twipsPerContextPixel()) * point;
+  std::vector<PixelPlace> outline;
+  for (const TwipPoint& point : cutCircle(box, centre, Twips(std::abs(radius)))) {
+    outline.push_back(toPixels(point, twipsPerContextPixel()));
+  }
   makePath(*this, outline);
   StrokeAndFillPath();
 }
@@ -165,24 +167,24 @@ double Device::TextHeight(std::string_view) {
 }
 
 void Device::Print(std::string_view text) {
-  writeText(settings_.currentX, settings_.currentY, text);
+  writeText({settings_.currentX, settings_.currentY}, text);
 }
 
 void Device::TextOut(std::int32_t x, std::int32_t y, std::string_view text) {
-  writeText(x * twipsPerContextPixel(), y * twipsPerContextPixel(), text);
+  writeText({x * twipsPerContextPixel(), y * twipsPerContextPixel()}, text);
 }
 
-void Device::writeText(double x, double y, std::string_view text) {
-  TextRun run{x, y, settings_.fontSize, 0, settings_.fontName, std::string(text)};
+void Device::writeText(const TwipPoint& place, std::string_view text) {
+  TextRun run{place, PointSize(settings_.fontSize), 0, settings_.fontName, std::string(text)};
   if (const FontRecord* font = selectedFont()) {
-    run.points = std::abs(static_cast<double>(font->height)) * twipsPerPixel_ / kTwipsPerPoint;
+    run.size = toPoints(Twips(std::abs(static_cast<double>(font->height)) * twipsPerPixel_));
     run.angle = font->escapement / 10.0;
     run.fontName = font->faceName.data();
   }
-  if (run.points <= 0) return;
-  const double reach = run.points * kTwipsPerPoint * (kWidestLetter * static_cast<double>(run.text.size()));
-  const PlanePoint corner{run.x, run.y}, around{reach, reach};
-  if (drawnTwips(*this).misses(corner - around, corner + around)) return;
+  if (run.size <= PointSize()) return;
+  const double reach = toTwips(run.size).value() * (kWidestLetter * static_cast<double>(run.text.size()));
+  const TwipPoint around{reach, reach};
+  if (drawnTwips(*this).misses(place - around, place + around)) return;
   announcePen();
   sink_.text(run);
 }

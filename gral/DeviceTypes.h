@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/Colour.h"
+#include "gral/PlanePoint.h"
 #include "platform/PaperOrientation.h"
 
 /// The values that pass between the graphics library and its devices.
@@ -38,21 +39,17 @@ enum DrawStyles : int {
 /// Units of the size of a drawing area.
 enum ScaleModes : int { kScaleTwips = 1, kScalePixels = 3 };
 
-inline constexpr double kTwipsPerInch = 1440;
-inline constexpr double kTwipsPerPoint = 20;
-inline constexpr double kCmPerInch = 2.54;
-/// A nominal pixel has 15 twips on every screen, however fine its own pixels are.
-inline constexpr double kNominalTwipsPerPixel = 15;
-
-/// The printable area of an A4 sheet of 595 x 842 points with margins of 1/6 inch, in twips: the page of all
-/// drawings where no printer is.
-inline constexpr double kA4ShortSide = 11420;  ///< 20.14 cm
-inline constexpr double kA4LongSide = 16360;   ///< 28.86 cm
+/// The printable area of an A4 sheet of 595 x 842 points with margins of 1/6 inch: the page of all drawings where
+/// no printer is.
+inline constexpr Twips kA4ShortSide{11420};  ///< 20.14 cm
+inline constexpr Twips kA4LongSide{16360};   ///< 28.86 cm
 
 /// A pixel of a device, from 0 at the left and the top.
-struct PixelPoint {
-  std::int32_t x = 0, y = 0;
-  bool operator==(const PixelPoint&) const = default;
+using PixelPoint = PlanePoint<unit::Pixel, std::int32_t>;
+
+/// Size of a drawing area or a sheet in twips.
+struct SheetSize {
+  double width = 0, height = 0;
 };
 
 /// The pixels x1 <= x < x2, y1 <= y < y2.
@@ -61,17 +58,16 @@ struct PixelRect {
   bool operator==(const PixelRect&) const = default;
 };
 
-/// What a form is made of: its frame in twips, and how many of its pixels make one nominal pixel.
+/// What a form is made of: its frame, and how many of its pixels make one nominal pixel.
 struct FormMetrics {
-  double frameWidth = 0;   ///< both sides together
-  double frameHeight = 0;  ///< title and both sides
+  SheetSize frame;  ///< both sides together; title and both sides
   int pixelRatio = 1;
 };
 
-/// What a printer is made of: the sides of its printable area in twips, and its dots per inch.
+/// What a printer is made of: the sides of its printable area, and its dots per inch.
 struct PrinterMetrics {
-  double shortSide = kA4ShortSide;
-  double longSide = kA4LongSide;
+  Twips shortSide = kA4ShortSide;
+  Twips longSide = kA4LongSide;
   double resolution = 600;
 };
 
@@ -88,9 +84,9 @@ struct FontRecord {
 
 /// A text as a device draws it: rotated about the top left corner of its cell.
 struct TextRun {
-  double x = 0, y = 0;  ///< twips
-  double points = 0;    ///< size
-  double angle = 0;     ///< degrees, counter-clockwise
+  TwipPoint place;
+  PointSize size;
+  double angle = 0;  ///< degrees, counter-clockwise
   std::string fontName;
   std::string text;
 };

@@ -32,31 +32,30 @@ inline constexpr double kTouchingOutline = kNominalTwipsPerPixel * 2 / 3;
 /// without dashes.
 std::span<const int> dashesOf(int style);
 
-/// What a drawing consists of, one call for one primitive: the end to which a device draws. Twips, except
-/// where pixels of the device's graphics context are told. Pen and filling are announced when a primitive
-/// uses others than the one before; texts take the colour of the pen.
+/// What a drawing consists of, one call for one primitive: the end to which a device draws. Pixels are those of
+/// the device's graphics context. Pen and filling are announced when a primitive uses others than the one
+/// before; texts take the colour of the pen.
 class DrawingSink {
  public:
   virtual ~DrawingSink() = default;
 
   /// A new, empty picture of this size.
-  virtual void clear(double width, double height, Colour background) = 0;
+  virtual void clear(const SheetSize& size, Colour background) = 0;
   virtual void pen(const Pen& pen) = 0;
   virtual void filling(const Filling& filling) = 0;
-  virtual void line(double x1, double y1, double x2, double y2) = 0;
-  virtual void box(double x1, double y1, double x2, double y2) = 0;
-  virtual void filledBox(double x1, double y1, double x2, double y2, Colour color) = 0;
-  virtual void circle(double x, double y, double radius) = 0;
-  /// Pixels.
+  virtual void line(const TwipPoint& from, const TwipPoint& to) = 0;
+  virtual void box(const TwipPoint& a, const TwipPoint& b) = 0;
+  virtual void filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) = 0;
+  virtual void circle(const TwipPoint& centre, Twips radius) = 0;
   virtual void polyline(std::span<const PixelPoint> points) = 0;
   virtual void bezier(std::span<const PixelPoint> points) = 0;
   virtual void figure(std::span<const PixelPoint> points, bool fill, bool stroke) = 0;
   /// The area around a pixel, up to a colour.
   virtual void floodFill(const PixelPoint& start, Colour limit) = 0;
   virtual void text(const TextRun& run) = 0;
-  /// Pixels; none for no limit.
+  /// None for no limit.
   virtual void clip(const PixelRect* region) = 0;
-  virtual void picture(const Picture& picture, double x, double y) = 0;
+  virtual void picture(const Picture& picture, const TwipPoint& corner) = 0;
   virtual void refresh() = 0;
 
   // What a form or a printer does beside drawing.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <span>
 #include <vector>
@@ -11,39 +12,45 @@
 /// their own to what they can place, and behind them each goes wrong in its own way.
 namespace vk {
 
-/// The box that all figures are cut to, in twips or pixels.
+/// The box that all figures are cut to.
+template <class Unit>
 struct DrawnBox {
-  PlanePoint low, high;
+  using Place = PlanePoint<Unit>;
+  Place low, high;
 
-  bool holds(const PlanePoint& p) const {
-    return p.x >= low.x && p.x <= high.x && p.y >= low.y && p.y <= high.y;
-  }
+  bool holds(const Place& p) const { return p.x >= low.x && p.x <= high.x && p.y >= low.y && p.y <= high.y; }
   /// Both corners of a rectangle lie within.
-  bool holds(const PlanePoint& a, const PlanePoint& b) const { return holds(a) && holds(b); }
+  bool holds(const Place& a, const Place& b) const { return holds(a) && holds(b); }
   /// A rectangle, its lower corner first, has nothing in common with the box.
-  bool misses(const PlanePoint& a, const PlanePoint& b) const {
+  bool misses(const Place& a, const Place& b) const {
     return b.x < low.x || a.x > high.x || b.y < low.y || a.y > high.y;
   }
   /// The nearest point within.
-  PlanePoint nearest(const PlanePoint& p) const;
+  Place nearest(const Place& p) const {
+    return {std::clamp(p.x, low.x, high.x), std::clamp(p.y, low.y, high.y)};
+  }
 };
 
 /// The box around the drawing area of a device: so far outside that neither the present pen nor what viewers do
 /// at ends shows from there.
-DrawnBox drawnTwips(const Device& device);
-DrawnBox drawnPixels(const Device& device);
+DrawnBox<unit::Twip> drawnTwips(const Device& device);
+DrawnBox<unit::Pixel> drawnPixels(const Device& device);
 
 // Coordinates that are not finite are run-time error 6 in all of these. What lies within stays to the bit.
 
 /// Cuts a line to the box; false when nothing of it is left.
-bool cutLine(const DrawnBox& box, PlanePoint& a, PlanePoint& b);
+template <class Unit>
+bool cutLine(const DrawnBox<Unit>& box, PlanePoint<Unit>& a, PlanePoint<Unit>& b);
 /// The parts of a line through points that lie within.
-std::vector<std::vector<PlanePoint>> cutPolyline(const DrawnBox& box, std::span<const PlanePoint> points);
+std::vector<std::vector<PixelPlace>> cutPolyline(const DrawnBox<unit::Pixel>& box,
+                                                 std::span<const PixelPlace> points);
 /// The same for Bézier curves of third degree through the points 0, 3, 6, ...
-std::vector<std::vector<PlanePoint>> cutCurve(const DrawnBox& box, std::span<const PlanePoint> points);
+std::vector<std::vector<PixelPlace>> cutCurve(const DrawnBox<unit::Pixel>& box,
+                                              std::span<const PixelPlace> points);
 /// What an area, told by its outline, has in common with the box.
-std::vector<PlanePoint> cutArea(const DrawnBox& box, std::span<const PlanePoint> outline);
-/// The outline of what a circle has in common with the box, to the unit.
-std::vector<PlanePoint> cutCircle(const DrawnBox& box, const PlanePoint& centre, double radius);
+template <class Unit>
+std::vector<PlanePoint<Unit>> cutArea(const DrawnBox<Unit>& box, std::vector<PlanePoint<Unit>> outline);
+/// The outline of what a circle has in common with the box, to the twip.
+std::vector<TwipPoint> cutCircle(const DrawnBox<unit::Twip>& box, const TwipPoint& centre, Twips radius);
 
 }  // namespace vk

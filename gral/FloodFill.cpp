@@ -9,7 +9,7 @@
 namespace vk {
 
 void GralCls::GralFill(double x, double y, Colour LimitColor) {
-  const PlanePoint start = drawnPixels(*GralDev).nearest(pixelOfUsr(x, y));
+  const PixelPlace start = drawnPixels(*GralDev).nearest(pixelOfUsr(x, y));
   GralDev->FloodFill(toInt32(start.x), toInt32(start.y), LimitColor);
 }
 

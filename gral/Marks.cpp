@@ -65,7 +65,7 @@ void GralCls::outlineMark(int shape, double px, double py, double R) {
 }
 
 void GralCls::polygonMark(std::initializer_list<std::array<double, 2>> vertices) {
-  std::vector<PlanePoint> points;
+  std::vector<PixelPlace> points;
   for (const auto& [x, y] : vertices) points.push_back(pixelOfScr(x, y));
   makePath(*GralDev, points);
   GralDev->StrokeAndFillPath();

@@ -7,20 +7,20 @@ namespace vk {
 /// A sink that cannot be drawn on: run-time error 482.
 class RefusingSink : public DrawingSink {
  public:
-  void clear(double, double, Colour) override { refuse(); }
+  void clear(const SheetSize&, Colour) override { refuse(); }
   void pen(const Pen&) override { refuse(); }
   void filling(const Filling&) override { refuse(); }
-  void line(double, double, double, double) override { refuse(); }
-  void box(double, double, double, double) override { refuse(); }
-  void filledBox(double, double, double, double, Colour) override { refuse(); }
-  void circle(double, double, double) override { refuse(); }
+  void line(const TwipPoint&, const TwipPoint&) override { refuse(); }
+  void box(const TwipPoint&, const TwipPoint&) override { refuse(); }
+  void filledBox(const TwipPoint&, const TwipPoint&, Colour) override { refuse(); }
+  void circle(const TwipPoint&, Twips) override { refuse(); }
   void polyline(std::span<const PixelPoint>) override { refuse(); }
   void bezier(std::span<const PixelPoint>) override { refuse(); }
   void figure(std::span<const PixelPoint>, bool, bool) override { refuse(); }
   void floodFill(const PixelPoint&, Colour) override { refuse(); }
   void text(const TextRun&) override { refuse(); }
   void clip(const PixelRect*) override { refuse(); }
-  void picture(const Picture&, double, double) override { refuse(); }
+  void picture(const Picture&, const TwipPoint&) override { refuse(); }
   void refresh() override { refuse(); }
   void endDocument() override { refuse(); }
 

@@ -19,20 +19,20 @@ class CountingSink : public DrawingSink {
  public:
   const DrawingCounts& counts() const { return counts_; }
 
-  void clear(double, double, Colour) override { ++counts_.clears; }
+  void clear(const SheetSize&, Colour) override { ++counts_.clears; }
   void pen(const Pen&) override { ++counts_.pens; }
   void filling(const Filling&) override { ++counts_.fillings; }
-  void line(double, double, double, double) override { ++counts_.lines; }
-  void box(double, double, double, double) override { ++counts_.boxes; }
-  void filledBox(double, double, double, double, Colour) override { ++counts_.boxes; }
-  void circle(double, double, double) override { ++counts_.circles; }
+  void line(const TwipPoint&, const TwipPoint&) override { ++counts_.lines; }
+  void box(const TwipPoint&, const TwipPoint&) override { ++counts_.boxes; }
+  void filledBox(const TwipPoint&, const TwipPoint&, Colour) override { ++counts_.boxes; }
+  void circle(const TwipPoint&, Twips) override { ++counts_.circles; }
   void polyline(std::span<const PixelPoint> points) override { count(counts_.polylines, points); }
   void bezier(std::span<const PixelPoint> points) override { count(counts_.beziers, points); }
   void figure(std::span<const PixelPoint> points, bool, bool) override { count(counts_.figures, points); }
   void floodFill(const PixelPoint&, Colour) override { ++counts_.floodFills; }
   void text(const TextRun&) override { ++counts_.texts; }
   void clip(const PixelRect*) override { ++counts_.clips; }
-  void picture(const Picture&, double, double) override { ++counts_.pictures; }
+  void picture(const Picture&, const TwipPoint&) override { ++counts_.pictures; }
   void refresh() override { ++counts_.refreshes; }
 
  private:

@@ -21,7 +21,7 @@ constexpr int kFillStyleBits = 7;
 /// line carry the rounding of several multiplications.
 constexpr double kSameEnd = 1E-6;
 
-double lengthOf(const PlanePoint& way) {
+double lengthOf(const TwipPoint& way) {
   const double squares = way.x * way.x + way.y * way.y;
   return std::isfinite(squares) ? std::sqrt(squares) : std::hypot(way.x, way.y);
 }
@@ -84,13 +84,13 @@ void GralCls::GralLineScr(double xi, double yi, double xf, double yf) {
 }
 
 void GralCls::GralTraLine(double xi, double yi, double xf, double yf, std::string& LinPat) {
-  const PlanePoint from{xUsr2Scr(xi), yUsr2Scr(yi)}, to{xUsr2Scr(xf), yUsr2Scr(yf)};
+  const TwipPoint from{xUsr2Scr(xi), yUsr2Scr(yi)}, to{xUsr2Scr(xf), yUsr2Scr(yf)};
   const double d = lengthOf(to - from);
-  const PlanePoint direction{checked::divide(to.x - from.x, d), checked::divide(to.y - from.y, d)};
+  const TwipPoint direction{checked::divide(to.x - from.x, d), checked::divide(to.y - from.y, d)};
   DashPhase phase(LinPat, dashCarry_.fractionOf(LinPat));
   // Only what can be seen becomes dashes: a curve with a pole leaves the page by millions of them.
-  const DrawnBox box = drawnTwips(*GralDev);
-  PlanePoint begin = from, end = to;
+  const DrawnBox<unit::Twip> box = drawnTwips(*GralDev);
+  TwipPoint begin = from, end = to;
   if (box.holds(from, to)) {
     drawDashes(from, direction, d, phase);
   } else if (cutLine(box, begin, end)) {
@@ -105,8 +105,7 @@ void GralCls::GralTraLine(double xi, double yi, double xf, double yf, std::strin
   dashCarry_.keep(LinPat, fraction);
 }
 
-void GralCls::drawDashes(const PlanePoint& from, const PlanePoint& direction, double length,
-                         DashPhase& phase) {
+void GralCls::drawDashes(const TwipPoint& from, const TwipPoint& direction, double length, DashPhase& phase) {
   double done = 0;
   while (done < length) {
     const double left = length - done;
@@ -119,7 +118,7 @@ void GralCls::drawDashes(const PlanePoint& from, const PlanePoint& direction, do
       done = length;
       phase.use(left);
     }
-    const PlanePoint a = begin * direction + from, b = done * direction + from;
+    const TwipPoint a = begin * direction + from, b = done * direction + from;
     if (down) GralLineScr(a.x, a.y, b.x, b.y);
   }
 }
@@ -133,7 +132,7 @@ void GralCls::GralBox(double xi, double yi, double xf, double yf, double) {
 
 void GralCls::GralClip(double xi, double yi, double xf, double yf) {
   releaseClip();
-  PlanePoint a = inPixels(xUsr2Scr(xi), yUsr2Scr(yi)), b = inPixels(xUsr2Scr(xf), yUsr2Scr(yf));
+  PixelPlace a = inPixels(xUsr2Scr(xi), yUsr2Scr(yi)), b = inPixels(xUsr2Scr(xf), yUsr2Scr(yf));
   // Nominal pixels tell on all devices alike whether there is an area.
   const double nominal = GralDev->twipsPerContextPixel() / kNominalTwipsPerPixel;
   const auto sameNominal = [nominal](double p, double q) {
@@ -144,7 +143,7 @@ void GralCls::GralClip(double xi, double yi, double xf, double yf) {
     b = {static_cast<double>(PixWidth), static_cast<double>(PixHeight)};
     if (!IsPrinter) GralDev->setVisible(true);
   }
-  const DrawnBox box = drawnPixels(*GralDev);
+  const DrawnBox<unit::Pixel> box = drawnPixels(*GralDev);
   a = box.nearest(a);
   b = box.nearest(b);
   const auto [xa, xb] = std::minmax({toInt32(a.x), toInt32(b.x)});

@@ -9,29 +9,29 @@
 namespace vk {
 namespace {
 
-std::vector<PixelPoint> wholePixels(std::span<const PlanePoint> points) {
+std::vector<PixelPoint> wholePixels(std::span<const PixelPlace> points) {
   std::vector<PixelPoint> result;
   result.reserve(points.size());
-  for (const PlanePoint& p : points) result.push_back({toInt32(p.x), toInt32(p.y)});
+  for (const PixelPlace& p : points) result.push_back({toInt32(p.x), toInt32(p.y)});
   return result;
 }
 
 }  // namespace
 
-void joinPixels(Device& device, std::span<const PlanePoint> points) {
+void joinPixels(Device& device, std::span<const PixelPlace> points) {
   for (const auto& part : cutPolyline(drawnPixels(device), points)) device.Polyline(wholePixels(part));
 }
 
-void drawCurve(Device& device, std::span<const PlanePoint> points) {
+void drawCurve(Device& device, std::span<const PixelPlace> points) {
   for (const auto& part : cutCurve(drawnPixels(device), points)) device.PolyBezier(wholePixels(part));
 }
 
-void makePath(Device& device, std::span<const PlanePoint> points) {
-  const DrawnBox box = drawnPixels(device);
+void makePath(Device& device, std::span<const PixelPlace> points) {
+  const DrawnBox<unit::Pixel> box = drawnPixels(device);
   const bool whole =
-      std::all_of(points.begin(), points.end(), [&](const PlanePoint& p) { return box.holds(p); });
+      std::all_of(points.begin(), points.end(), [&](const PixelPlace& p) { return box.holds(p); });
   std::vector<PixelPoint> outline =
-      wholePixels(whole ? std::vector(points.begin(), points.end()) : cutArea(box, points));
+      wholePixels(whole ? points : cutArea(box, {points.begin(), points.end()}));
   // What was cut off is no part of a line that is left open.
   if (!whole && !outline.empty()) outline.push_back(outline.front());
   device.BeginPath();

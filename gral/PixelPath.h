@@ -10,10 +10,10 @@
 namespace vk {
 
 /// Joins the points with the current pen.
-void joinPixels(Device& device, std::span<const PlanePoint> points);
+void joinPixels(Device& device, std::span<const PixelPlace> points);
 /// Bézier curves of third degree through the points 0, 3, 6, ...
-void drawCurve(Device& device, std::span<const PlanePoint> points);
+void drawCurve(Device& device, std::span<const PixelPlace> points);
 /// The path of an area with these corners, for the operations that draw it.
-void makePath(Device& device, std::span<const PlanePoint> points);
+void makePath(Device& device, std::span<const PixelPlace> points);
 
 }  // namespace vk

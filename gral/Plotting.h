@@ -94,8 +94,8 @@ class GralCls {
   std::int32_t yScr2Pixel(double y) const;
   /// The same for points that may lie anywhere: whole pixels, beyond 32 bits too. A place that is not finite is
   /// run-time error 6.
-  PlanePoint pixelOfUsr(double x, double y) const;
-  PlanePoint pixelOfScr(double x, double y) const;
+  PixelPlace pixelOfUsr(double x, double y) const;
+  PixelPlace pixelOfScr(double x, double y) const;
   float xPixel2Usr(double p) const;
   float yPixel2Usr(double p) const;
 
@@ -250,12 +250,12 @@ class GralCls {
   void readDeviceSize();
   void resetScales(const PageSize& page);
   /// A Scr point in pixels, before they are rounded to whole ones.
-  PlanePoint inPixels(double x, double y) const;
+  PixelPlace inPixels(double x, double y) const;
   void releaseClip();
   void restorePrinter();
   void makePatterns(double tp);
 
-  void drawDashes(const PlanePoint& from, const PlanePoint& direction, double length, DashPhase& phase);
+  void drawDashes(const TwipPoint& from, const TwipPoint& direction, double length, DashPhase& phase);
 
   void outlineMark(int shape, double px, double py, double radius);
   void polygonMark(std::initializer_list<std::array<double, 2>> vertices);

@@ -46,9 +46,9 @@ void GralCls::GralGrStr(Device& GralOut, std::string_view GralOri, double scale)
 
 /// The longer side of the printer's page as the width.
 GralCls::PageSize GralCls::pageSize() const {
-  const double width = printer_.ScaleWidthCm();
-  const double height = printer_.ScaleHeightCm();
-  return {std::max(width, height), std::min(width, height)};
+  const SheetSize& area = printer_.area();
+  const auto side = [](double twips) { return toCentimetres(Twips(twips)).value(); };
+  return {side(std::max(area.width, area.height)), side(std::min(area.width, area.height))};
 }
 
 void GralCls::openPrinter() {

@@ -22,15 +22,15 @@ constexpr int kShowEvery = 200;
 /// A grid point of a surface as it is seen.
 struct SurfacePoint {
   float x, y;  ///< Usr
-  PlanePoint pixel;
+  PixelPlace pixel;
   float z;
   int k;
 
-  LevelCorner inUsr() const { return {x, y, z, k}; }
-  LevelCorner inPixels() const { return {pixel.x, pixel.y, z, k}; }
+  LevelCorner<unit::Usr> inUsr() const { return {{x, y}, z, k}; }
+  LevelCorner<unit::Pixel> inPixels() const { return {pixel, z, k}; }
 };
 
-double twiceTheArea(const PlanePoint& a, const PlanePoint& b, const PlanePoint& c) {
+double twiceTheArea(const PixelPlace& a, const PixelPlace& b, const PixelPlace& c) {
   return std::abs((b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y));
 }
 
@@ -66,7 +66,7 @@ class CellShades {
 void fillTriangle(Device& device, Colour color, const SurfacePoint& a, const SurfacePoint& b,
                   const SurfacePoint& c) {
   device.setFillColor(color);
-  const PlanePoint outline[] = {a.pixel, b.pixel, c.pixel, a.pixel};
+  const PixelPlace outline[] = {a.pixel, b.pixel, c.pixel, a.pixel};
   makePath(device, outline);
   device.FillPath();
 }
@@ -98,7 +98,7 @@ void drawCell(GralCls& drawing, const SurfaceStyle& style, const SurfacePoint& A
     BandLinesTriangle(drawing, A.inUsr(), C.inUsr(), B.inUsr(), style.ValLev, colors);
     BandLinesTriangle(drawing, B.inUsr(), C.inUsr(), D.inUsr(), style.ValLev, colors);
   }
-  const PlanePoint outline[] = {A.pixel, C.pixel, D.pixel, B.pixel, A.pixel};
+  const PixelPlace outline[] = {A.pixel, C.pixel, D.pixel, B.pixel, A.pixel};
   makePath(device, outline);
   device.StrokePath();
 }
@@ -126,17 +126,17 @@ class Columns {
 
   /// The column of cell i, j, from 1, and of height z.
   void draw(int i, int j, double z) const {
-    const PlanePoint P = box_.corner + static_cast<double>(j) * yStep_ + static_cast<double>(i) * xStep_;
-    const PlanePoint Q = P - xStep_, R = P - yStep_, S = Q - yStep_;
-    const PlanePoint h = z * box_.ez;
+    const UsrPoint P = box_.corner + static_cast<double>(j) * yStep_ + static_cast<double>(i) * xStep_;
+    const UsrPoint Q = P - xStep_, R = P - yStep_, S = Q - yStep_;
+    const UsrPoint h = z * box_.ez;
     face(colors_[0], {Q, P, P + h, Q + h});
     face(colors_[1], {P, R, R + h, P + h});
     face(colors_[2], {Q + h, P + h, R + h, S + h});
   }
 
  private:
-  void face(Colour color, const std::array<PlanePoint, 4>& corners) const {
-    std::array<PlanePoint, 4> points;
+  void face(Colour color, const std::array<UsrPoint, 4>& corners) const {
+    std::array<PixelPlace, 4> points;
     for (std::size_t n = 0; n < points.size(); ++n)
       points[n] = drawing_.pixelOfUsr(corners[n].x, corners[n].y);
     drawing_.GralDev->setFillColor(color);
@@ -146,7 +146,7 @@ class Columns {
 
   GralCls& drawing_;
   BoxProjection box_;
-  PlanePoint xStep_, yStep_;
+  UsrPoint xStep_, yStep_;
   std::array<Colour, 3> colors_{kWhite, kWhite, kWhite};
 };
 
@@ -165,8 +165,7 @@ void GralCls::Surf3D(float Xoc, float Yoc, float theta, float phi, float Vx, flo
   std::vector<SurfacePoint> points;
   for (int j = 1; j <= ny; ++j) {
     for (int i = 1; i <= nx; ++i) {
-      const PlanePoint floor =
-          box.corner + (i - 1.0) / (nx - 1) * box.xEdge + (j - 1.0) / (ny - 1) * box.yEdge;
+      const UsrPoint floor = box.corner + (i - 1.0) / (nx - 1) * box.xEdge + (j - 1.0) / (ny - 1) * box.yEdge;
       const float x = toSingle(floor.x), y = toSingle(floor.y + static_cast<double>(z(i, j)) * box.sp);
       const int k = levels ? LevelIndex(z(i, j), ValLev, nValLev) : 0;
       points.push_back({x, y, pixelOfUsr(x, y), z(i, j), k});

@@ -25,8 +25,8 @@ void DisplayList::add(Kind kind, std::span<const PixelPoint> points) {
   points_.insert(points_.end(), points.begin(), points.end());
 }
 
-void DisplayList::clear(double width, double height, Colour background) {
-  add(Kind::kClear, {width, height, static_cast<double>(background.bgr())});
+void DisplayList::clear(const SheetSize& size, Colour background) {
+  add(Kind::kClear, {size.width, size.height, static_cast<double>(background.bgr())});
 }
 
 void DisplayList::pen(const Pen& pen) {
@@ -38,20 +38,20 @@ void DisplayList::filling(const Filling& filling) {
   add(Kind::kFilling, {static_cast<double>(filling.color.bgr()), static_cast<double>(filling.style)});
 }
 
-void DisplayList::line(double x1, double y1, double x2, double y2) {
-  add(Kind::kLine, {x1, y1, x2, y2});
+void DisplayList::line(const TwipPoint& a, const TwipPoint& b) {
+  add(Kind::kLine, {a.x, a.y, b.x, b.y});
 }
 
-void DisplayList::box(double x1, double y1, double x2, double y2) {
-  add(Kind::kBox, {x1, y1, x2, y2});
+void DisplayList::box(const TwipPoint& a, const TwipPoint& b) {
+  add(Kind::kBox, {a.x, a.y, b.x, b.y});
 }
 
-void DisplayList::filledBox(double x1, double y1, double x2, double y2, Colour color) {
-  add(Kind::kFilledBox, {x1, y1, x2, y2, static_cast<double>(color.bgr())});
+void DisplayList::filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) {
+  add(Kind::kFilledBox, {a.x, a.y, b.x, b.y, static_cast<double>(color.bgr())});
 }
 
-void DisplayList::circle(double x, double y, double radius) {
-  add(Kind::kCircle, {x, y, radius});
+void DisplayList::circle(const TwipPoint& centre, Twips radius) {
+  add(Kind::kCircle, {centre.x, centre.y, radius.value()});
 }
 
 void DisplayList::polyline(std::span<const PixelPoint> points) {
@@ -86,9 +86,9 @@ void DisplayList::clip(const PixelRect* region) {
   }
 }
 
-void DisplayList::picture(const Picture& picture, double x, double y) {
+void DisplayList::picture(const Picture& picture, const TwipPoint& corner) {
   entries_.push_back({Kind::kPicture, pictures_.size(), 1});
-  pictures_.push_back({picture, x, y});
+  pictures_.push_back({picture, corner});
 }
 
 void DisplayList::refresh() {
@@ -105,7 +105,7 @@ bool DisplayList::replaySettings(const Entry& entry, DrawingSink& sink) const {
   const double* n = numbers(entry);
   switch (entry.kind) {
     case Kind::kClear:
-      sink.clear(n[0], n[1], colourOf(n[2]));
+      sink.clear({n[0], n[1]}, colourOf(n[2]));
       return true;
     case Kind::kPen:
       sink.pen({colourOf(n[0]), static_cast<int>(n[1]), static_cast<int>(n[2])});
@@ -134,13 +134,13 @@ void DisplayList::replay(const Entry& entry, DrawingSink& sink) const {
   const double* n = numbers(entry);
   switch (entry.kind) {
     case Kind::kLine:
-      return sink.line(n[0], n[1], n[2], n[3]);
+      return sink.line({n[0], n[1]}, {n[2], n[3]});
     case Kind::kBox:
-      return sink.box(n[0], n[1], n[2], n[3]);
+      return sink.box({n[0], n[1]}, {n[2], n[3]});
     case Kind::kFilledBox:
-      return sink.filledBox(n[0], n[1], n[2], n[3], colourOf(n[4]));
+      return sink.filledBox({n[0], n[1]}, {n[2], n[3]}, colourOf(n[4]));
     case Kind::kCircle:
-      return sink.circle(n[0], n[1], n[2]);
+      return sink.circle({n[0], n[1]}, Twips(n[2]));
     case Kind::kFloodFill:
       return sink.floodFill({static_cast<std::int32_t>(n[0]), static_cast<std::int32_t>(n[1])},
                             colourOf(n[2]));
@@ -148,7 +148,7 @@ void DisplayList::replay(const Entry& entry, DrawingSink& sink) const {
       return sink.text(texts_[entry.first]);
     case Kind::kPicture: {
       const PlacedPicture& placed = pictures_[entry.first];
-      return sink.picture(placed.picture, placed.x, placed.y);
+      return sink.picture(placed.picture, placed.corner);
     }
     default:
       return replayFigure(entry, sink);

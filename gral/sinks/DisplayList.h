@@ -11,20 +11,20 @@ namespace vk {
 /// A drawing kept as the list of its primitives. It can be drawn again on another sink, and read as text.
 class DisplayList : public DrawingSink {
  public:
-  void clear(double width, double height, Colour background) override;
+  void clear(const SheetSize& size, Colour background) override;
   void pen(const Pen& pen) override;
   void filling(const Filling& filling) override;
-  void line(double x1, double y1, double x2, double y2) override;
-  void box(double x1, double y1, double x2, double y2) override;
-  void filledBox(double x1, double y1, double x2, double y2, Colour color) override;
-  void circle(double x, double y, double radius) override;
+  void line(const TwipPoint& a, const TwipPoint& b) override;
+  void box(const TwipPoint& a, const TwipPoint& b) override;
+  void filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) override;
+  void circle(const TwipPoint& centre, Twips radius) override;
   void polyline(std::span<const PixelPoint> points) override;
   void bezier(std::span<const PixelPoint> points) override;
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
   void floodFill(const PixelPoint& start, Colour limit) override;
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
-  void picture(const Picture& picture, double x, double y) override;
+  void picture(const Picture& picture, const TwipPoint& corner) override;
   void refresh() override;
 
   std::size_t size() const { return entries_.size(); }
@@ -81,7 +81,7 @@ class DisplayList : public DrawingSink {
 
   struct PlacedPicture {
     Picture picture;
-    double x, y;
+    TwipPoint corner;
   };
   bool needsPixels_ = false;
   std::vector<Entry> entries_;

@@ -31,9 +31,9 @@ class FloodPictures : public TeeSink {
 
  private:
   void send(const FloodRim& area) {
-    double x = 0, y = 0;
-    const Picture painted = image_.pictureOf(area.pixels, area.brush, x, y);
-    if (!painted.pixels.empty()) sink_.picture(painted, x, y);
+    TwipPoint corner;
+    const Picture painted = image_.pictureOf(area.pixels, area.brush, corner);
+    if (!painted.pixels.empty()) sink_.picture(painted, corner);
   }
 
   DrawingSink& sink_;
@@ -49,7 +49,7 @@ void replayAsVectors(const DisplayList& list, DrawingSink& sink, GlyphSource& gl
   if (!list.needsPixels()) return list.replay(sink);
   const FloodRims rims = floodRims(list, glyphs, units, sheet, kFinePixels);
   RasterSink image(kFinePixels, glyphs, units.pixelRatio, units.penUnit);
-  image.clear(sheet.width, sheet.height, kWhite);
+  image.clear(sheet, kWhite);
   FloodPictures both(sink, image, rims);
   list.replay(both);
 }

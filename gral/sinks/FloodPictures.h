@@ -11,11 +11,6 @@ struct DrawingUnits {
   double penUnit;     ///< nominal pixels of a pen of width 1
 };
 
-/// Size of a sheet in twips.
-struct SheetSize {
-  double width = 0, height = 0;
-};
-
 /// Draws a list on a sink of vectors. An area that is filled up to a colour has no outline of its own: it is
 /// found on an image beside, and goes to the sink as a picture of what the filling paints, and its rim a
 /// second time, under the lines around it. `sheet` is the blank sheet that the list begins on; none for a list

@@ -34,18 +34,18 @@ class AreaTimes : public RasterSink {
     if (counts()) raster().paint(area, {Raster::pixelOf(stamp()), kFillSolid, kHatchCell});
   }
 
-  void clear(double width, double height, Colour background) override {
-    RasterSink::clear(width, height, background == except_ ? stampOf(kNever) : stamp());
+  void clear(const SheetSize& size, Colour background) override {
+    RasterSink::clear(size, background == except_ ? stampOf(kNever) : stamp());
   }
   void pen(const Pen&) override {}
   void filling(const Filling& filling) override { filling_ = filling; }
-  void line(double, double, double, double) override {}
-  void box(double, double, double, double) override {}
-  void filledBox(double x1, double y1, double x2, double y2, Colour color) override {
-    if (color != except_) RasterSink::filledBox(x1, y1, x2, y2, stamp());
+  void line(const TwipPoint&, const TwipPoint&) override {}
+  void box(const TwipPoint&, const TwipPoint&) override {}
+  void filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) override {
+    if (color != except_) RasterSink::filledBox(a, b, stamp());
   }
-  void circle(double x, double y, double radius) override {
-    if (takeFilling()) RasterSink::circle(x, y, radius);
+  void circle(const TwipPoint& centre, Twips radius) override {
+    if (takeFilling()) RasterSink::circle(centre, radius);
   }
   void polyline(std::span<const PixelPoint>) override {}
   void bezier(std::span<const PixelPoint>) override {}
@@ -54,9 +54,9 @@ class AreaTimes : public RasterSink {
   }
   void floodFill(const PixelPoint&, Colour) override {}
   void text(const TextRun&) override {}
-  void picture(const Picture& picture, double x, double y) override {
-    RasterSink::filledBox(x, y, x + picture.width * picture.twipsPerPixel,
-                          y + picture.height * picture.twipsPerPixel, stamp());
+  void picture(const Picture& picture, const TwipPoint& corner) override {
+    const TwipPoint size{picture.width * picture.twipsPerPixel, picture.height * picture.twipsPerPixel};
+    RasterSink::filledBox(corner, corner + size, stamp());
   }
 
  private:
@@ -169,8 +169,8 @@ FloodRims floodRims(const DisplayList& list, GlyphSource& glyphs, const DrawingU
   for (const Colour limit : finder.limits) {
     RasterSink image(finePixels, glyphs, units.pixelRatio, units.penUnit);
     AreaTimes times(finePixels, glyphs, units, limit);
-    image.clear(sheet.width, sheet.height, kWhite);
-    times.clear(sheet.width, sheet.height, kWhite);
+    image.clear(sheet, kWhite);
+    times.clear(sheet, kWhite);
     RimFinder rimFinder(image, times, limit, steps, rims);
     list.replay(rimFinder);
   }

@@ -29,7 +29,7 @@ Number across(HatchDirection direction, Number x, Number y) {
 }
 
 /// The line at a value of `across`, from one side of a box to the other.
-HatchLine lineAt(HatchDirection direction, double place, const PlanePoint& low, const PlanePoint& high) {
+HatchLine lineAt(HatchDirection direction, double place, const TwipPoint& low, const TwipPoint& high) {
   constexpr double kMiddle = kNominalTwipsPerPixel / 2;
   switch (direction) {
     case kHorizontal:
@@ -72,7 +72,7 @@ bool onHatch(int style, int x, int y, int cell) {
   });
 }
 
-std::vector<HatchLine> hatchLines(int style, const PlanePoint& low, const PlanePoint& high) {
+std::vector<HatchLine> hatchLines(int style, const TwipPoint& low, const TwipPoint& high) {
   constexpr double kStep = kHatchCell * kNominalTwipsPerPixel;
   std::vector<HatchLine> lines;
   for (const HatchDirection direction : hatchDirections(style)) {

@@ -23,12 +23,12 @@ std::span<const HatchDirection> hatchDirections(int style);
 /// `cell` pixels.
 bool onHatch(int style, int x, int y, int cell);
 
-/// The middle of a line from one end to the other, in twips.
+/// The middle of a line from one end to the other.
 struct HatchLine {
-  PlanePoint from, to;
+  TwipPoint from, to;
 };
 
-/// The lines of the style through a box, in twips.
-std::vector<HatchLine> hatchLines(int style, const PlanePoint& low, const PlanePoint& high);
+/// The lines of the style through a box.
+std::vector<HatchLine> hatchLines(int style, const TwipPoint& low, const TwipPoint& high);
 
 }  // namespace vk

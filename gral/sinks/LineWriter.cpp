@@ -18,8 +18,8 @@ std::string recordedNumber(double value) {
   return generalText(rounded == 0 ? 0.0 : rounded);
 }
 
-std::string place(double x, double y) {
-  return recordedNumber(x) + "," + recordedNumber(y);
+std::string place(const TwipPoint& point) {
+  return recordedNumber(point.x) + "," + recordedNumber(point.y);
 }
 
 std::string hexByte(int value) {
@@ -41,8 +41,8 @@ std::string quoted(const std::string& text) {
 
 }  // namespace
 
-void LineWriter::clear(double width, double height, Colour background) {
-  add("clear " + place(width, height) + " tw " + recordedColor(background));
+void LineWriter::clear(const SheetSize& size, Colour background) {
+  add("clear " + place({size.width, size.height}) + " tw " + recordedColor(background));
 }
 
 void LineWriter::pen(const Pen& pen) {
@@ -53,20 +53,20 @@ void LineWriter::filling(const Filling& filling) {
   add("filling " + recordedColor(filling.color) + " " + kFillStyles[filling.style]);
 }
 
-void LineWriter::line(double x1, double y1, double x2, double y2) {
-  add("line " + place(x1, y1) + " " + place(x2, y2) + " tw");
+void LineWriter::line(const TwipPoint& a, const TwipPoint& b) {
+  add("line " + place(a) + " " + place(b) + " tw");
 }
 
-void LineWriter::box(double x1, double y1, double x2, double y2) {
-  add("box " + place(x1, y1) + " " + place(x2, y2) + " tw");
+void LineWriter::box(const TwipPoint& a, const TwipPoint& b) {
+  add("box " + place(a) + " " + place(b) + " tw");
 }
 
-void LineWriter::filledBox(double x1, double y1, double x2, double y2, Colour color) {
-  add("filledbox " + place(x1, y1) + " " + place(x2, y2) + " tw " + recordedColor(color));
+void LineWriter::filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) {
+  add("filledbox " + place(a) + " " + place(b) + " tw " + recordedColor(color));
 }
 
-void LineWriter::circle(double x, double y, double radius) {
-  add("circle " + place(x, y) + " radius " + recordedNumber(radius) + " tw");
+void LineWriter::circle(const TwipPoint& centre, Twips radius) {
+  add("circle " + place(centre) + " radius " + recordedNumber(radius.value()) + " tw");
 }
 
 void LineWriter::addPoints(const std::string& name, std::span<const PixelPoint> points) {
@@ -92,7 +92,7 @@ void LineWriter::floodFill(const PixelPoint& start, Colour limit) {
 }
 
 void LineWriter::text(const TextRun& run) {
-  add("text " + place(run.x, run.y) + " tw " + run.fontName + " " + recordedNumber(run.points) + " pt " +
+  add("text " + place(run.place) + " tw " + run.fontName + " " + recordedNumber(run.size.value()) + " pt " +
       recordedNumber(run.angle) + " deg " + quoted(run.text));
 }
 
@@ -102,8 +102,8 @@ void LineWriter::clip(const PixelRect* region) {
   addPoints("clip", corners);
 }
 
-void LineWriter::picture(const Picture& picture, double x, double y) {
-  add("picture " + place(x, y) + " tw " + generalText(picture.width) + "x" + generalText(picture.height) +
+void LineWriter::picture(const Picture& picture, const TwipPoint& corner) {
+  add("picture " + place(corner) + " tw " + generalText(picture.width) + "x" + generalText(picture.height) +
       " of " + recordedNumber(picture.twipsPerPixel) + " tw");
 }
 

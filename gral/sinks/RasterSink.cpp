@@ -28,9 +28,9 @@ RasterSink::RasterSink(int ratio, GlyphSource& glyphs, double sourceRatio, doubl
   brush_.cell = kHatchCell * ratio;
 }
 
-PixelPoint RasterSink::pixelAt(double x, double y) const {
+PixelPoint RasterSink::pixelAt(const TwipPoint& point) const {
   const double perTwip = ratio_ / kNominalTwipsPerPixel;
-  return {wholePixel(x * perTwip), wholePixel(y * perTwip)};
+  return {wholePixel(point.x * perTwip), wholePixel(point.y * perTwip)};
 }
 
 PixelPoint RasterSink::ownPixel(const PixelPoint& source) const {
@@ -46,9 +46,9 @@ std::vector<PixelPoint> RasterSink::ownPixels(std::span<const PixelPoint> points
   return result;
 }
 
-void RasterSink::clear(double width, double height, Colour background) {
-  const PixelPoint size = pixelAt(width, height);
-  raster_.reset(size.x, size.y, Raster::pixelOf(background));
+void RasterSink::clear(const SheetSize& size, Colour background) {
+  const PixelPoint pixels = pixelAt({size.width, size.height});
+  raster_.reset(pixels.x, pixels.y, Raster::pixelOf(background));
 }
 
 void RasterSink::pen(const Pen& pen) {
@@ -63,30 +63,30 @@ void RasterSink::filling(const Filling& filling) {
   brush_.style = filling.style;
 }
 
-void RasterSink::line(double x1, double y1, double x2, double y2) {
-  const PixelPoint ends[] = {pixelAt(x1, y1), pixelAt(x2, y2)};
+void RasterSink::line(const TwipPoint& a, const TwipPoint& b) {
+  const PixelPoint ends[] = {pixelAt(a), pixelAt(b)};
   stroke(ends);
 }
 
-void RasterSink::box(double x1, double y1, double x2, double y2) {
-  const PixelPoint a = pixelAt(x1, y1), b = pixelAt(x2, y2);
-  const PixelPoint corners[] = {a, {b.x, a.y}, b, {a.x, b.y}, a};
+void RasterSink::box(const TwipPoint& a, const TwipPoint& b) {
+  const PixelPoint p = pixelAt(a), q = pixelAt(b);
+  const PixelPoint corners[] = {p, {q.x, p.y}, q, {p.x, q.y}, p};
   stroke(corners);
 }
 
-void RasterSink::filledBox(double x1, double y1, double x2, double y2, Colour color) {
-  const PixelPoint a = pixelAt(std::min(x1, x2), std::min(y1, y2));
-  const PixelPoint b = pixelAt(std::max(x1, x2), std::max(y1, y2));
-  raster_.block({a.x, a.y, b.x + 1, b.y + 1}, Raster::pixelOf(color));
+void RasterSink::filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) {
+  const PixelPoint low = pixelAt({std::min(a.x, b.x), std::min(a.y, b.y)});
+  const PixelPoint high = pixelAt({std::max(a.x, b.x), std::max(a.y, b.y)});
+  raster_.block({low.x, low.y, high.x + 1, high.y + 1}, Raster::pixelOf(color));
 }
 
-void RasterSink::circle(double x, double y, double radius) {
-  const PixelPoint centre = pixelAt(x, y);
-  const double r = std::abs(radius) * ratio_ / kNominalTwipsPerPixel;
+void RasterSink::circle(const TwipPoint& centre, Twips radius) {
+  const PixelPoint middle = pixelAt(centre);
+  const double r = std::abs(radius.value()) * ratio_ / kNominalTwipsPerPixel;
   const bool outlined = penStyle_ != kDrawTransparent;
   const double half = outlined ? nib_.width() / 2.0 : 0;
-  raster_.ring(centre, -1, r - half, brush_);
-  if (outlined) raster_.ring(centre, r - half, r + half, {penColor_, kFillSolid, 0});
+  raster_.ring(middle, -1, r - half, brush_);
+  if (outlined) raster_.ring(middle, r - half, r + half, {penColor_, kFillSolid, 0});
 }
 
 void RasterSink::polyline(std::span<const PixelPoint> points) {
@@ -159,31 +159,30 @@ std::vector<RowSpan> RasterSink::floodArea(const PixelPoint& start, Colour limit
   return raster_.areaAround(ownPixel(start), Raster::pixelOf(limit));
 }
 
-Picture RasterSink::pictureOf(std::span<const RowSpan> area, const Brush& brush, double& x, double& y) const {
-  PixelPoint corner;
-  Picture picture = raster_.stencil(area, brush, corner);
+Picture RasterSink::pictureOf(std::span<const RowSpan> area, const Brush& brush, TwipPoint& corner) const {
+  PixelPoint first;
+  Picture picture = raster_.stencil(area, brush, first);
   picture.twipsPerPixel = kNominalTwipsPerPixel / ratio_;
   // A point stands for the centre of its pixel.
-  x = (corner.x - 0.5) * picture.twipsPerPixel;
-  y = (corner.y - 0.5) * picture.twipsPerPixel;
+  corner = {(first.x - 0.5) * picture.twipsPerPixel, (first.y - 0.5) * picture.twipsPerPixel};
   return picture;
 }
 
 void RasterSink::text(const TextRun& run) {
   const bool symbol = isSymbolFont(run.fontName);
-  const double twips = run.points * kTwipsPerPoint;
+  const double twips = toTwips(run.size).value();
   const double pixels = twips * ratio_ / kNominalTwipsPerPixel;
   const double radians = run.angle * std::numbers::pi / 180;
-  double x = run.x, y = run.y;
+  TwipPoint place = run.place;
   for (const char c : run.text) {
     const auto code = static_cast<unsigned char>(c);
-    const PixelPoint corner = pixelAt(x, y);
+    const PixelPoint corner = pixelAt(place);
     const PixelRect& whole = raster_.seen();
     const PixelRect seen{whole.x1 - corner.x, whole.y1 - corner.y, whole.x2 - corner.x, whole.y2 - corner.y};
     raster_.mask(corner, glyphs_.glyph(symbol, code, pixels, run.angle, seen), penColor_);
     const double advance = glyphs_.advance(symbol, code) * twips;
-    x += advance * std::cos(radians);
-    y -= advance * std::sin(radians);
+    place.x += advance * std::cos(radians);
+    place.y -= advance * std::sin(radians);
   }
 }
 
@@ -194,15 +193,15 @@ void RasterSink::clip(const PixelRect* region) {
   raster_.clip(&own);
 }
 
-void RasterSink::picture(const Picture& picture, double x, double y) {
-  const PixelPoint corner = pixelAt(x, y);
+void RasterSink::picture(const Picture& picture, const TwipPoint& corner) {
+  const PixelPoint first = pixelAt(corner);
   const double step = kNominalTwipsPerPixel / ratio_ / picture.twipsPerPixel;
   const int width = static_cast<int>(picture.width / step), height = static_cast<int>(picture.height / step);
   for (int row = 0; row < height; ++row) {
     for (int column = 0; column < width; ++column) {
       const auto from = static_cast<std::size_t>(row * step) * static_cast<std::size_t>(picture.width) +
                         static_cast<std::size_t>(column * step);
-      if (picture.pixels[from] != 0) raster_.set(corner.x + column, corner.y + row, picture.pixels[from]);
+      if (picture.pixels[from] != 0) raster_.set(first.x + column, first.y + row, picture.pixels[from]);
     }
   }
 }

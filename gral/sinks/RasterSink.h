@@ -27,29 +27,29 @@ class RasterSink : public DrawingSink {
   const Raster& raster() const { return raster_; }
   /// The pixels that `floodFill` would paint; none where it would paint nothing.
   std::vector<RowSpan> floodArea(const PixelPoint& start, Colour limit) const;
-  /// These pixels, painted with a brush, as a picture, and its top left corner in twips.
-  Picture pictureOf(std::span<const RowSpan> area, const Brush& brush, double& x, double& y) const;
+  /// These pixels, painted with a brush, as a picture, and its top left corner.
+  Picture pictureOf(std::span<const RowSpan> area, const Brush& brush, TwipPoint& corner) const;
   /// What the present filling paints with.
   const Brush& brush() const { return brush_; }
 
-  void clear(double width, double height, Colour background) override;
+  void clear(const SheetSize& size, Colour background) override;
   void pen(const Pen& pen) override;
   void filling(const Filling& filling) override;
-  void line(double x1, double y1, double x2, double y2) override;
-  void box(double x1, double y1, double x2, double y2) override;
-  void filledBox(double x1, double y1, double x2, double y2, Colour color) override;
-  void circle(double x, double y, double radius) override;
+  void line(const TwipPoint& a, const TwipPoint& b) override;
+  void box(const TwipPoint& a, const TwipPoint& b) override;
+  void filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) override;
+  void circle(const TwipPoint& centre, Twips radius) override;
   void polyline(std::span<const PixelPoint> points) override;
   void bezier(std::span<const PixelPoint> points) override;
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
   void floodFill(const PixelPoint& start, Colour limit) override;
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
-  void picture(const Picture& picture, double x, double y) override;
+  void picture(const Picture& picture, const TwipPoint& corner) override;
   void refresh() override {}
 
  private:
-  PixelPoint pixelAt(double x, double y) const;
+  PixelPoint pixelAt(const TwipPoint& point) const;
   PixelPoint ownPixel(const PixelPoint& source) const;
   std::vector<PixelPoint> ownPixels(std::span<const PixelPoint> points) const;
   void stroke(std::span<const PixelPoint> points);

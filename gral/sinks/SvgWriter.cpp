@@ -95,8 +95,8 @@ std::string SvgWriter::document() {
   closeGroup();
   const auto points = [](double twips) { return number(twips / kTwipsPerPoint) + "pt"; };
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\"" +
-         attribute("width", points(width_)) + attribute("height", points(height_)) +
-         attribute("viewBox", "0 0 " + number(width_) + " " + number(height_)) +
+         attribute("width", points(size_.width)) + attribute("height", points(size_.height)) +
+         attribute("viewBox", "0 0 " + number(size_.width) + " " + number(size_.height)) +
          attribute("font-family", kFontFamily) +
          " stroke-linecap=\"round\" stroke-linejoin=\"round\">\n<defs>\n" + definitions_ + "</defs>\n" +
          body_ + "</svg>\n";
@@ -104,15 +104,14 @@ std::string SvgWriter::document() {
 
 // ---- State
 
-void SvgWriter::clear(double width, double height, Colour background) {
-  width_ = width;
-  height_ = height;
+void SvgWriter::clear(const SheetSize& size, Colour background) {
+  size_ = size;
   definitions_.clear();
   defined_.clear();
   path_.clear();
   groupOpen_ = false;
   clip_.clear();
-  body_ = "<rect" + attribute("width", number(width)) + attribute("height", number(height)) +
+  body_ = "<rect" + attribute("width", number(size.width)) + attribute("height", number(size.height)) +
           attribute("fill", colorText(background)) + "/>\n";
 }
 
@@ -199,12 +198,12 @@ void SvgWriter::element(const std::string& text) {
 
 // ---- Primitives
 
-std::string SvgWriter::place(double x, double y) const {
-  return number(x) + " " + number(y);
+std::string SvgWriter::place(const TwipPoint& point) const {
+  return number(point.x) + " " + number(point.y);
 }
 
 std::string SvgWriter::place(const PixelPoint& point) const {
-  return place(point.x * twipsPerPixel_, point.y * twipsPerPixel_);
+  return place(TwipPoint{point.x * twipsPerPixel_, point.y * twipsPerPixel_});
 }
 
 std::string SvgWriter::path(std::span<const PixelPoint> points) const {
@@ -213,30 +212,30 @@ std::string SvgWriter::path(std::span<const PixelPoint> points) const {
   return result;
 }
 
-void SvgWriter::line(double x1, double y1, double x2, double y2) {
-  const std::string from = place(x1, y1), to = place(x2, y2);
+void SvgWriter::line(const TwipPoint& a, const TwipPoint& b) {
+  const std::string from = place(a), to = place(b);
   if (path_.empty() || from != pathEnd_) path_ += "M" + from;
   path_ += "L" + to;
   pathEnd_ = to;
   if (path_.size() > kLongPath) flushPath();
 }
 
-void SvgWriter::box(double x1, double y1, double x2, double y2) {
+void SvgWriter::box(const TwipPoint& a, const TwipPoint& b) {
   element("<path fill=\"none\"" +
-          attribute("d", "M" + place(x1, y1) + "H" + number(x2) + "V" + number(y2) + "H" + number(x1) + "Z") +
+          attribute("d", "M" + place(a) + "H" + number(b.x) + "V" + number(b.y) + "H" + number(a.x) + "Z") +
           "/>");
 }
 
-void SvgWriter::filledBox(double x1, double y1, double x2, double y2, Colour color) {
+void SvgWriter::filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) {
   element("<path stroke=\"none\"" + attribute("fill", colorText(color)) +
-          attribute("d", "M" + place(x1, y1) + "H" + number(x2) + "V" + number(y2) + "H" + number(x1) + "Z") +
+          attribute("d", "M" + place(a) + "H" + number(b.x) + "V" + number(b.y) + "H" + number(a.x) + "Z") +
           "/>");
 }
 
-void SvgWriter::circle(double x, double y, double radius) {
+void SvgWriter::circle(const TwipPoint& centre, Twips radius) {
   openFilledGroup();
-  element("<circle" + attribute("cx", number(x)) + attribute("cy", number(y)) +
-          attribute("r", number(std::abs(radius))) + "/>");
+  element("<circle" + attribute("cx", number(centre.x)) + attribute("cy", number(centre.y)) +
+          attribute("r", number(std::abs(radius.value()))) + "/>");
 }
 
 void SvgWriter::polyline(std::span<const PixelPoint> points) {
@@ -274,11 +273,11 @@ std::string SvgWriter::touchingOutline() const {
 
 void SvgWriter::text(const TextRun& run) {
   const bool symbol = isSymbolFont(run.fontName);
-  const double size = run.points * kTwipsPerPoint;
+  const double size = toTwips(run.size).value();
   std::string start =
       "<text stroke=\"none\"" + attribute("fill", colorText(pen_.color)) +
       attribute("font-size", number(size)) +
-      attribute("transform", "translate(" + place(run.x, run.y) + ")" +
+      attribute("transform", "translate(" + place(run.place) + ")" +
                                  (run.angle == 0 ? "" : "rotate(" + number(-run.angle) + ")"));
   double x = 0;
   for (const char c : run.text) {
@@ -292,7 +291,7 @@ void SvgWriter::text(const TextRun& run) {
 }
 
 /// Boxes of one colour that follow one another are one path, so that no seams show between them.
-void SvgWriter::picture(const Picture& picture, double x, double y) {
+void SvgWriter::picture(const Picture& picture, const TwipPoint& corner) {
   const double step = picture.twipsPerPixel;
   std::string path;
   std::uint32_t color = 0;
@@ -306,8 +305,9 @@ void SvgWriter::picture(const Picture& picture, double x, double y) {
   for (const PictureBox& box : boxesOf(picture)) {
     if (box.color != color) flush();
     color = box.color;
-    path += "M" + place(x + box.x * step, y + box.y * step) + "h" + number(box.width * step) + "v" +
-            number(box.height * step) + "h-" + number(box.width * step) + "z";
+    path += "M" + place(TwipPoint{corner.x + box.x * step, corner.y + box.y * step}) + "h" +
+            number(box.width * step) + "v" + number(box.height * step) + "h-" + number(box.width * step) +
+            "z";
   }
   flush();
 }

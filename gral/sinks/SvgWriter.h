@@ -21,13 +21,13 @@ class SvgWriter : public DrawingSink {
   /// The document of what was drawn since the last `clear`. Nothing more can be drawn afterwards.
   std::string document();
 
-  void clear(double width, double height, Colour background) override;
+  void clear(const SheetSize& size, Colour background) override;
   void pen(const Pen& pen) override;
   void filling(const Filling& filling) override;
-  void line(double x1, double y1, double x2, double y2) override;
-  void box(double x1, double y1, double x2, double y2) override;
-  void filledBox(double x1, double y1, double x2, double y2, Colour color) override;
-  void circle(double x, double y, double radius) override;
+  void line(const TwipPoint& a, const TwipPoint& b) override;
+  void box(const TwipPoint& a, const TwipPoint& b) override;
+  void filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) override;
+  void circle(const TwipPoint& centre, Twips radius) override;
   void polyline(std::span<const PixelPoint> points) override;
   void bezier(std::span<const PixelPoint> points) override;
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
@@ -35,7 +35,7 @@ class SvgWriter : public DrawingSink {
   void floodFill(const PixelPoint&, Colour) override {}
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
-  void picture(const Picture& picture, double x, double y) override;
+  void picture(const Picture& picture, const TwipPoint& corner) override;
   void refresh() override {}
 
  private:
@@ -44,7 +44,7 @@ class SvgWriter : public DrawingSink {
   void openFilledGroup();
   void closeGroup();
   void element(const std::string& text);
-  std::string place(double x, double y) const;
+  std::string place(const TwipPoint& point) const;
   std::string place(const PixelPoint& point) const;
   std::string path(std::span<const PixelPoint> points) const;
   std::string paint();
@@ -52,7 +52,7 @@ class SvgWriter : public DrawingSink {
 
   double twipsPerPixel_;
   LetterMetrics& letters_;
-  double width_ = 0, height_ = 0;
+  SheetSize size_;
   std::string body_;
   std::string definitions_;
   std::set<std::string> defined_;

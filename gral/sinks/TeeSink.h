@@ -9,8 +9,8 @@ class TeeSink : public DrawingSink {
  public:
   TeeSink(DrawingSink& first, DrawingSink& second) : sinks_{&first, &second} {}
 
-  void clear(double width, double height, Colour background) override {
-    each([&](DrawingSink& sink) { sink.clear(width, height, background); });
+  void clear(const SheetSize& size, Colour background) override {
+    each([&](DrawingSink& sink) { sink.clear(size, background); });
   }
   void pen(const Pen& pen) override {
     each([&](DrawingSink& sink) { sink.pen(pen); });
@@ -18,17 +18,17 @@ class TeeSink : public DrawingSink {
   void filling(const Filling& filling) override {
     each([&](DrawingSink& sink) { sink.filling(filling); });
   }
-  void line(double x1, double y1, double x2, double y2) override {
-    each([&](DrawingSink& sink) { sink.line(x1, y1, x2, y2); });
+  void line(const TwipPoint& a, const TwipPoint& b) override {
+    each([&](DrawingSink& sink) { sink.line(a, b); });
   }
-  void box(double x1, double y1, double x2, double y2) override {
-    each([&](DrawingSink& sink) { sink.box(x1, y1, x2, y2); });
+  void box(const TwipPoint& a, const TwipPoint& b) override {
+    each([&](DrawingSink& sink) { sink.box(a, b); });
   }
-  void filledBox(double x1, double y1, double x2, double y2, Colour color) override {
-    each([&](DrawingSink& sink) { sink.filledBox(x1, y1, x2, y2, color); });
+  void filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) override {
+    each([&](DrawingSink& sink) { sink.filledBox(a, b, color); });
   }
-  void circle(double x, double y, double radius) override {
-    each([&](DrawingSink& sink) { sink.circle(x, y, radius); });
+  void circle(const TwipPoint& centre, Twips radius) override {
+    each([&](DrawingSink& sink) { sink.circle(centre, radius); });
   }
   void polyline(std::span<const PixelPoint> points) override {
     each([&](DrawingSink& sink) { sink.polyline(points); });
@@ -48,8 +48,8 @@ class TeeSink : public DrawingSink {
   void clip(const PixelRect* region) override {
     each([&](DrawingSink& sink) { sink.clip(region); });
   }
-  void picture(const Picture& picture, double x, double y) override {
-    each([&](DrawingSink& sink) { sink.picture(picture, x, y); });
+  void picture(const Picture& picture, const TwipPoint& corner) override {
+    each([&](DrawingSink& sink) { sink.picture(picture, corner); });
   }
   void refresh() override {
     each([](DrawingSink& sink) { sink.refresh(); });

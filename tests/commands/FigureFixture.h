@@ -62,7 +62,7 @@ class FigureFixture : public ::testing::Test {
   RecordingSound sound;
   RecordingPlotWindows plots;
   RecorderDevice printer{
-      PrinterMetrics{15 * kTwipsPerInch / kCmPerInch, 20 * kTwipsPerInch / kCmPerInch, 600}};
+      PrinterMetrics{Twips(15 * kTwipsPerInch / kCmPerInch), Twips(20 * kTwipsPerInch / kCmPerInch), 600}};
   NominalScreen screen;
   TestPorts ports{files, dialogs, window, output, sound, plots, printer, screen};
 };

@@ -120,7 +120,7 @@ class BrokenPrinter : public RecorderDevice {
   BrokenPrinter() : RecorderDevice(PrinterMetrics{}) {}
 
  private:
-  void picture(const Picture&, double, double) override { throw RuntimeError(kPrinterError); }
+  void picture(const Picture&, const TwipPoint&) override { throw RuntimeError(kPrinterError); }
   void endDocument() override {
     RecorderDevice::endDocument();
     throw RuntimeError(kPrinterError);

@@ -159,7 +159,7 @@ TEST_F(RunGraphicFileTest, ThePrinterGetsOrientationAndScaleAndOnePage) {
     EXPECT_EQ(printer.Orientation(), kPortrait) << "as it was";
 
     RecorderDevice other{
-        PrinterMetrics{15 * kTwipsPerInch / kCmPerInch, 20 * kTwipsPerInch / kCmPerInch, 600}};
+        PrinterMetrics{Twips(15 * kTwipsPerInch / kCmPerInch), Twips(20 * kTwipsPerInch / kCmPerInch), 600}};
     GralCls drawing(other, screen);
     drawing.GralGrStr(other, landscape ? "LANDSCAPE" : "PORTRAIT", 0.5);
     drawing.GralWPrint(1, 2, 0, 0, 10, "a");

@@ -128,8 +128,8 @@ class Axes : public GralFixture {
     return result;
   }
   void expectAt(const TextRun& run, double x, double y) {
-    EXPECT_NEAR(run.x, x, 0.02) << run.text;
-    EXPECT_NEAR(run.y, y, 0.02) << run.text;
+    EXPECT_NEAR(run.place.x, x, 0.02) << run.text;
+    EXPECT_NEAR(run.place.y, y, 0.02) << run.text;
   }
 };
 
@@ -154,7 +154,7 @@ TEST_F(Axes, HorizontalLabelsAreCentredBelowTheTicks) {
   expectAt(firsts[2], 1134.375 + 2 * 1417.96875 - 509 / 2.0, y);
   expectAt(firsts[4], 1134.375 + 4 * 1417.96875 - 713 / 2.0, y);
   for (const TextRun& run : firsts) {
-    EXPECT_NEAR(run.points, kPoints, 1E-5);
+    EXPECT_NEAR(run.size.value(), kPoints, 1E-5);
     EXPECT_EQ(run.angle, 0);
   }
 }
@@ -164,7 +164,7 @@ TEST_F(Axes, HorizontalTitleIsCentredBelowTheLabels) {
   const auto firsts = firstLetters(letters(), {"xx"});
   // yt = 2 - 0.6 - 1.2 cm
   expectAt(firsts[0], 7 * 567.1875 - 407 / 2.0, (8 - 0.2) * 566.25 - kHalfLine);
-  EXPECT_NEAR(firsts[0].points, kPoints, 1E-5);
+  EXPECT_NEAR(firsts[0].size.value(), kPoints, 1E-5);
 }
 
 TEST_F(Axes, NegativeTickLengthTurnsTicksDownAndLabelsUp) {
@@ -172,8 +172,8 @@ TEST_F(Axes, NegativeTickLengthTurnsTicksDownAndLabelsUp) {
   const auto runs = letters();
   const auto firsts = firstLetters(runs, {"2", "12", "xx"});
   // yl = 2 + 0.3 + 0.6, yt = 2 + 0.6 + 1.2 cm
-  EXPECT_NEAR(firsts[0].y, (8 - 2.9) * 566.25 - kHalfLine, 0.02);
-  EXPECT_NEAR(firsts[2].y, (8 - 3.8) * 566.25 - kHalfLine, 0.02);
+  EXPECT_NEAR(firsts[0].place.y, (8 - 2.9) * 566.25 - kHalfLine, 0.02);
+  EXPECT_NEAR(firsts[2].place.y, (8 - 3.8) * 566.25 - kHalfLine, 0.02);
   drawing.GralOaxis(2, 12, 2, 1, -3, false, false, "");
   EXPECT_EQ(lines()[0], "line 1134.375,3397.5 1134.375,3567.375 tw");
 }
@@ -206,12 +206,12 @@ TEST_F(Axes, LogarithmicLabelsAreExponents) {
 
 TEST_F(Axes, LabelSizeIsTwiceTheTickOnAFormAndHalfAsMuchAgainOnAPrinter) {
   drawing.GralOaxis(0, 1, 4, 1, -4, false, true, "");
-  EXPECT_NEAR(letters()[0].points, 2 * 4 * 72 / 25.4, 1E-5);
+  EXPECT_NEAR(letters()[0].size.value(), 2 * 4 * 72 / 25.4, 1E-5);
   openPrinter();
   drawing.GralOaxis(0, 1, 4, 1, -4, false, true, "");
-  EXPECT_NEAR(lettersOn(printer)[0].points, 1.5 * 4 * 72 / 25.4, 1E-5);
+  EXPECT_NEAR(lettersOn(printer)[0].size.value(), 1.5 * 4 * 72 / 25.4, 1E-5);
   drawing.GralVaxis(0, 1, 4, 1, 4, false, true, "");
-  EXPECT_NEAR(lettersOn(printer)[0].points, 1.5 * 4 * 72 / 25.4, 1E-5);
+  EXPECT_NEAR(lettersOn(printer)[0].size.value(), 1.5 * 4 * 72 / 25.4, 1E-5);
 }
 
 TEST_F(Axes, VerticalAxisHasTicksToTheRight) {
@@ -235,7 +235,7 @@ TEST_F(Axes, VerticalLabelsEndLeftOfTheAxis) {
   // right ends at 4 - 0.3 cm
   const double x = 3.7 * 567.1875;
   expectAt(firsts[0], x - 203, 8 * 566.25 - kHalfLine);
-  EXPECT_NEAR(firsts[1].x, x - 611, 0.02);
+  EXPECT_NEAR(firsts[1].place.x, x - 611, 0.02);
 }
 
 TEST_F(Axes, VerticalLabelsBeginRightOfTheAxisWhenTicksPointLeft) {
@@ -269,13 +269,13 @@ TEST_F(Axes, WidestLabelIsMeasuredOverTheRawText) {
   const auto firsts = firstLetters(runs, {"100", "101", "yy"});
   // "10^{0}": four signs of 0.6 (digits, "^") and two braces of 0.6
   const double W = 6 * 0.6 * kPoints * 20;
-  EXPECT_NEAR(firsts[2].x, (4 - 0.6) * 567.1875 - (W + 2 * kHalfLine) - kHalfLine, 0.02);
+  EXPECT_NEAR(firsts[2].place.x, (4 - 0.6) * 567.1875 - (W + 2 * kHalfLine) - kHalfLine, 0.02);
 }
 
 TEST_F(Axes, VerticalTitleWithoutLabelsLeavesOneLine) {
   drawing.GralVaxis(0, 4, 4, 1, 3, false, false, "yy");
   const auto firsts = firstLetters(letters(), {"yy"});
-  EXPECT_NEAR(firsts[0].x, (4 - 0.6) * 567.1875 - 2 * kHalfLine - kHalfLine, 0.02);
+  EXPECT_NEAR(firsts[0].place.x, (4 - 0.6) * 567.1875 - 2 * kHalfLine - kHalfLine, 0.02);
 }
 
 TEST_F(Axes, VerticalAxisLeavesTheFontSizeOfItsLabels) {
@@ -319,7 +319,8 @@ TEST_F(Axes, CrowdedLabelsAreThinnedOutAlikeOnAFormAndOnAPrinter) {
   drawing.GralXMap(2, 14, 0, 1000);
   drawing.GralOaxis(0, 1000, 2, 10, 4, false, true, "x");
   const auto firsts = firstLetters(letters(), expected);
-  EXPECT_NEAR(firsts[1].x, (2 + 2 * 1.2) * 567.1875 - (3 * 0.6 * firsts[1].points * 20 - 1) / 2, 1);
+  EXPECT_NEAR(firsts[1].place.x, (2 + 2 * 1.2) * 567.1875 - (3 * 0.6 * firsts[1].size.value() * 20 - 1) / 2,
+              1);
   openPrinter();
   drawing.GralXMap(2, 14, 0, 1000);
   drawing.GralOaxis(0, 1000, 2, 10, 4, false, true, "x");

@@ -13,17 +13,17 @@ namespace vk {
 namespace {
 
 /// Twice the signed area.
-double turn(const PlanePoint& a, const PlanePoint& b, const PlanePoint& c) {
+double turn(const PixelPlace& a, const PixelPlace& b, const PixelPlace& c) {
   return (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
 }
 
-double areaOf(std::span<const PlanePoint> points) {
+double areaOf(std::span<const PixelPlace> points) {
   double twice = 0;
   for (std::size_t i = 1; i + 1 < points.size(); ++i) twice += turn(points[0], points[i], points[i + 1]);
   return twice / 2;
 }
 
-std::vector<LevelBand> bandsOf(const LevelTriangle& triangle, const Array<float>& levels) {
+std::vector<LevelBand> bandsOf(const LevelTriangle<unit::Pixel>& triangle, const Array<float>& levels) {
   std::vector<LevelBand> bands;
   forEachBand(triangle, levels, [&](const LevelBand& band) { bands.push_back(band); });
   return bands;
@@ -42,14 +42,15 @@ Array2<float> colorsOf(int n) {
 
 std::string colorText(Colour color) {
   LineWriter writer;
-  writer.filledBox(0, 0, 0, 0, color);
+  writer.filledBox({0, 0}, {0, 0}, color);
   return writer.lines[0].substr(writer.lines[0].size() - 6);
 }
 
 class Bands : public GralFixture {
  protected:
-  LevelCorner at(double x, double y, double z) const {
-    return {x, y, z, LevelIndex(z, levels, levels.upper())};
+  template <class Unit = unit::Pixel>
+  LevelCorner<Unit> at(double x, double y, double z) const {
+    return {{x, y}, z, LevelIndex(z, levels, levels.upper())};
   }
   Array<float> levels;
 };
@@ -105,22 +106,20 @@ TEST_F(Bands, WithoutAColourFail) {
 
 /// A triangle with its corners from the lowest to the highest and back, and what its bands are compared with.
 struct MeasuredTriangle {
-  explicit MeasuredTriangle(const LevelTriangle& t)
-      : triangle(t),
-        corners{PlanePoint{t.bottom.x, t.bottom.y}, PlanePoint{t.top.x, t.top.y},
-                PlanePoint{t.middle.x, t.middle.y}} {}
+  explicit MeasuredTriangle(const LevelTriangle<unit::Pixel>& t)
+      : triangle(t), corners{t.bottom.place, t.top.place, t.middle.place} {}
 
   double area() const { return areaOf(corners); }
   double tolerance() const { return 1E-9 * std::abs(area()) + 1E-6; }
-  double heightAt(const PlanePoint& p) const {
+  double heightAt(const PixelPlace& p) const {
     return (triangle.bottom.z * turn(corners[1], corners[2], p) +
             triangle.top.z * turn(corners[2], corners[0], p) +
             triangle.middle.z * turn(corners[0], corners[1], p)) /
            (2 * area());
   }
 
-  LevelTriangle triangle;
-  std::array<PlanePoint, 3> corners;
+  LevelTriangle<unit::Pixel> triangle;
+  std::array<PixelPlace, 3> corners;
 };
 
 /// A band runs round as the triangle does and is convex, lies in it, and between its two levels.
@@ -129,7 +128,7 @@ void expectInside(const LevelBand& band, const MeasuredTriangle& whole, const Ar
   const double way = whole.area() > 0 ? 1 : -1;
   ASSERT_GE(areaOf(points) * way, -whole.tolerance());
   for (std::size_t i = 0; i < points.size(); ++i) {
-    const PlanePoint& p = points[i];
+    const PixelPlace& p = points[i];
     const double bend = turn(p, points[(i + 1) % points.size()], points[(i + 2) % points.size()]);
     ASSERT_GE(bend * way, -whole.tolerance());
     for (std::size_t side = 0; side < 3; ++side) {
@@ -172,10 +171,10 @@ TEST_F(Bands, OfAnyTriangleAreTheTriangleWithoutGapsOrOverlaps) {
       if (kind == 0 && nl > 0) return static_cast<double>(levels[1 + trial % nl]);
       return kind == 1 ? other : height(random);
     };
-    const LevelCorner a = at(place(random), place(random), z(0));
-    const LevelCorner b = at(place(random), place(random), z(a.z));
-    const LevelCorner c = at(place(random), place(random), z(b.z));
-    const MeasuredTriangle whole(LevelTriangle::of(a, b, c));
+    const LevelCorner<unit::Pixel> a = at(place(random), place(random), z(0));
+    const LevelCorner<unit::Pixel> b = at(place(random), place(random), z(a.z));
+    const LevelCorner<unit::Pixel> c = at(place(random), place(random), z(b.z));
+    const MeasuredTriangle whole(LevelTriangle<unit::Pixel>::of(a, b, c));
 
     const std::vector<LevelBand> bands = bandsOf(whole.triangle, levels);
     ASSERT_EQ(static_cast<int>(bands.size()), whole.triangle.top.k - whole.triangle.bottom.k + 1);
@@ -198,7 +197,8 @@ class BandLines : public Bands {};
 TEST_F(BandLines, AreLevelSegmentsInTheColoursOfTheirLevels) {
   levels = levelsOf({1, 2});
   drawing.GralColor(Colour::fromBgr(0x00FFFF));
-  BandLinesTriangle(drawing, at(0, 0, 0.5), at(4, 0, 1.5), at(0, 4, 2.5), levels, {colorsOf(2), false, 0});
+  BandLinesTriangle(drawing, at<unit::Usr>(0, 0, 0.5), at<unit::Usr>(4, 0, 1.5), at<unit::Usr>(0, 4, 2.5),
+                    levels, {colorsOf(2), false, 0});
   LineCatcher catcher;
   form.list().replay(catcher);
   ASSERT_EQ(catcher.caught.size(), 2U);
@@ -215,7 +215,8 @@ TEST_F(BandLines, AreLevelSegmentsInTheColoursOfTheirLevels) {
 
 TEST_F(BandLines, UnderAShadeAreAsBrightAsTheShade) {
   levels = levelsOf({1});
-  BandLinesTriangle(drawing, at(0, 0, 0.5), at(4, 0, 1.5), at(0, 4, 2.5), levels, {colorsOf(1), true, 128});
+  BandLinesTriangle(drawing, at<unit::Usr>(0, 0, 0.5), at<unit::Usr>(4, 0, 1.5), at<unit::Usr>(0, 4, 2.5),
+                    levels, {colorsOf(1), true, 128});
   EXPECT_EQ(allDrawn()[0], "pen " + colorText(HsbToRgb(0.1F, 1, 0.25)) + " width 1 solid");
 }
 

@@ -31,7 +31,7 @@ class Frames : public GralFixture {
     form.list().replay(catcher);
     return catcher.caught;
   }
-  void expectLine(const LineCatcher::Line& line, const PlanePoint& from, const PlanePoint& to) {
+  void expectLine(const LineCatcher::Line& line, const UsrPoint& from, const UsrPoint& to) {
     EXPECT_NEAR(line.x1, drawing.xUsr2Scr(from.x), 0.01);
     EXPECT_NEAR(line.y1, drawing.yUsr2Scr(from.y), 0.01);
     EXPECT_NEAR(line.x2, drawing.xUsr2Scr(to.x), 0.01);
@@ -40,11 +40,11 @@ class Frames : public GralFixture {
   /// The text is centred under a point in Scr.
   void expectLabel(const TextRun& run, const std::string& text, double x, double y) {
     EXPECT_EQ(run.text, text);
-    EXPECT_EQ(run.points, 12);
+    EXPECT_EQ(run.size, PointSize(12));
     EXPECT_EQ(run.angle, 0);
     form.setFontSize(12);
-    EXPECT_NEAR(run.x, x - form.TextWidth(text) / 2, 0.01) << text;
-    EXPECT_NEAR(run.y, y, 0.01) << text;
+    EXPECT_NEAR(run.place.x, x - form.TextWidth(text) / 2, 0.01) << text;
+    EXPECT_NEAR(run.place.y, y, 0.01) << text;
   }
 
   float theta = 30, phi = 45;
@@ -61,7 +61,7 @@ TEST_F(Frames, HaveThreeLinesForEachTickOfX) {
   ASSERT_EQ(found.size(), 9U);
   for (int k = 1; k <= 3; ++k) {
     const auto n = static_cast<std::size_t>(3 * (k - 1));
-    const PlanePoint p = box.corner + static_cast<double>(Tx[k]) / 4.0 * box.xEdge, e = p + box.yEdge;
+    const UsrPoint p = box.corner + static_cast<double>(Tx[k]) / 4.0 * box.xEdge, e = p + box.yEdge;
     expectLine(found[n], p, e);
     expectLine(found[n + 1], p, p + box.zEdge);
     expectLine(found[n + 2], e, {e.x, e.y - box.sp / 2});
@@ -75,7 +75,7 @@ TEST_F(Frames, HaveThreeLinesForEachTickOfY) {
   ASSERT_EQ(found.size(), 6U);
   for (int k = 1; k <= 2; ++k) {
     const auto n = static_cast<std::size_t>(3 * (k - 1));
-    const PlanePoint p = box.corner + static_cast<double>(Ty[k]) / 3.0 * box.yEdge, t = p + box.zEdge;
+    const UsrPoint p = box.corner + static_cast<double>(Ty[k]) / 3.0 * box.yEdge, t = p + box.zEdge;
     expectLine(found[n], p, p + box.xEdge);
     expectLine(found[n + 1], p, t);
     expectLine(found[n + 2], t, {t.x - box.st / 2, t.y - box.ct * box.cp / 2});
@@ -89,7 +89,7 @@ TEST_F(Frames, HaveThreeLinesForEachTickOfZ) {
   ASSERT_EQ(found.size(), 9U);
   for (int k = 1; k <= 3; ++k) {
     const auto n = static_cast<std::size_t>(3 * (k - 1));
-    const PlanePoint p = box.corner + PlanePoint{0, static_cast<double>(Tz[k]) * box.sp}, end = p + box.xEdge;
+    const UsrPoint p = box.corner + UsrPoint{0, static_cast<double>(Tz[k]) * box.sp}, end = p + box.xEdge;
     expectLine(found[n], p, end);
     expectLine(found[n + 1], end, {end.x - box.ct / 2, end.y - box.cp * box.st / 2});
     expectLine(found[n + 2], p, p + box.yEdge);
@@ -111,13 +111,13 @@ TEST_F(Frames, HaveLabelsAtTheirTicks) {
   ASSERT_EQ(found.size(), 5U);
   const char* texts[] = {"0", "2", "four"};
   for (int k = 1; k <= 3; ++k) {
-    const PlanePoint e = box.corner + static_cast<double>(Tx[k]) / 4.0 * box.xEdge + box.yEdge;
+    const UsrPoint e = box.corner + static_cast<double>(Tx[k]) / 4.0 * box.xEdge + box.yEdge;
     expectLabel(found[static_cast<std::size_t>(k - 1)], texts[k - 1], drawing.xUsr2Scr(e.x),
                 drawing.yUsr2Scr(e.y - box.sp));
   }
-  const PlanePoint t = box.corner + box.yEdge + box.zEdge;
+  const UsrPoint t = box.corner + box.yEdge + box.zEdge;
   expectLabel(found[3], "three", drawing.xUsr2Scr(t.x - box.st), drawing.yUsr2Scr(t.y - box.ct * box.cp));
-  const PlanePoint end = box.corner + 0.5 * box.zEdge + box.xEdge;
+  const UsrPoint end = box.corner + 0.5 * box.zEdge + box.xEdge;
   expectLabel(found[4], "up", drawing.xUsr2Scr(end.x - box.ct), drawing.yUsr2Scr(end.y - box.cp * box.st));
 }
 
@@ -137,9 +137,9 @@ TEST_F(Frames, HaveLabelsBetweenTheirTicks) {
   const auto under = [&](double x) { return box.corner + x / 4 * box.xEdge + box.yEdge; };
   expectLabel(found[0], "low", drawing.xUsr2Scr(under(0.5).x), drawing.yUsr2Scr(under(0.5).y - box.sp));
   expectLabel(found[1], "high", drawing.xUsr2Scr(under(2.5).x), drawing.yUsr2Scr(under(2.5).y - box.sp));
-  const PlanePoint t = box.corner + 0.5 * box.yEdge + box.zEdge - box.ex;
+  const UsrPoint t = box.corner + 0.5 * box.yEdge + box.zEdge - box.ex;
   expectLabel(found[2], "all", drawing.xUsr2Scr(t.x), drawing.yUsr2Scr(t.y));
-  const PlanePoint end = box.corner + 0.5 * box.zEdge + box.xEdge - box.ey;
+  const UsrPoint end = box.corner + 0.5 * box.zEdge + box.xEdge - box.ey;
   expectLabel(found[3], "up", drawing.xUsr2Scr(end.x), drawing.yUsr2Scr(end.y));
 }
 
@@ -160,15 +160,16 @@ TEST_F(Frames, HaveLabelsOf12PointsBesideTitles) {
   Sz = textsOf({"Z", "c"});
   nSx = nSy = nSz = 1;
   draw();
-  for (const TextRun& run : letters()) EXPECT_NEAR(run.points, run.text >= "a" ? 12 : 14, 0.5) << run.text;
+  for (const TextRun& run : letters())
+    EXPECT_NEAR(run.size.value(), run.text >= "a" ? 12 : 14, 0.5) << run.text;
   EXPECT_EQ(form.FontSize(), 7);
 }
 
 /// Middle of a title's only letter, in Scr.
-PlanePoint middleOf(const TextRun& run, double width, double height) {
+TwipPoint middleOf(const TextRun& run, double width, double height) {
   const double a = run.angle * 3.14159265 / 180;
-  return {run.x + width / 2 * std::cos(a) + height / 2 * std::sin(a),
-          run.y - width / 2 * std::sin(a) + height / 2 * std::cos(a)};
+  return {run.place.x + width / 2 * std::cos(a) + height / 2 * std::sin(a),
+          run.place.y - width / 2 * std::sin(a) + height / 2 * std::cos(a)};
 }
 
 TEST_F(Frames, HaveTitlesOf14PointsAlongTheirEdges) {
@@ -186,17 +187,17 @@ TEST_F(Frames, HaveTitlesOf14PointsAlongTheirEdges) {
   const double height = form.TextHeight("");
   for (const TextRun& run : found) {
     // the height of a turned font is a whole number of pixels
-    EXPECT_NEAR(run.points, 14, 0.5);
+    EXPECT_NEAR(run.size.value(), 14, 0.5);
   }
-  const PlanePoint x = box.corner + 0.5 * box.xEdge + box.zEdge - 0.5 * box.ey + PlanePoint{0, box.sp / 2};
-  const PlanePoint y = box.corner + box.xEdge + 0.5 * box.yEdge - PlanePoint{0, box.sp};
+  const UsrPoint x = box.corner + 0.5 * box.xEdge + box.zEdge - 0.5 * box.ey + UsrPoint{0, box.sp / 2};
+  const UsrPoint y = box.corner + box.xEdge + 0.5 * box.yEdge - UsrPoint{0, box.sp};
   form.setFontSize(12);
   const double m = std::max(box.ct, form.TextHeight("") / 100);
-  const PlanePoint z = box.corner + box.yEdge + PlanePoint{m, box.cp * box.st} + 0.5 * box.zEdge;
-  const PlanePoint places[] = {x, y, z};
+  const UsrPoint z = box.corner + box.yEdge + UsrPoint{m, box.cp * box.st} + 0.5 * box.zEdge;
+  const UsrPoint places[] = {x, y, z};
   for (std::size_t n = 0; n < 3; ++n) {
     form.setFontSize(14);
-    const PlanePoint middle = middleOf(found[n], form.TextWidth(found[n].text), height);
+    const TwipPoint middle = middleOf(found[n], form.TextWidth(found[n].text), height);
     EXPECT_NEAR(middle.x, drawing.xUsr2Scr(places[n].x), 3) << found[n].text;
     EXPECT_NEAR(middle.y, drawing.yUsr2Scr(places[n].y), 3) << found[n].text;
   }
@@ -218,8 +219,8 @@ TEST_F(Frames, HaveTitlesOfTheTruePageSize) {
   draw();
   const auto found = letters();
   ASSERT_EQ(found.size(), 2U);
-  EXPECT_EQ(found[0].points, 12);  // labels are not scaled
-  EXPECT_NEAR(found[1].points, 7, 0.5);
+  EXPECT_EQ(found[0].size.value(), 12);  // labels are not scaled
+  EXPECT_NEAR(found[1].size.value(), 7, 0.5);
 }
 
 TEST_F(Frames, PutTheFontSizeBack) {
@@ -282,9 +283,9 @@ class WalledFrames : public Frames {
     }
     return result;
   }
-  std::string fillOf(std::initializer_list<PlanePoint> corners) const {
+  std::string fillOf(std::initializer_list<UsrPoint> corners) const {
     std::string line = "fill";
-    for (const PlanePoint& c : corners) {
+    for (const UsrPoint& c : corners) {
       line += " " + std::to_string(drawing.xUsr2Pixel(c.x)) + "," + std::to_string(drawing.yUsr2Pixel(c.y));
     }
     return line + " px";
@@ -314,7 +315,7 @@ TEST_F(WalledFrames, HaveThreeWallsUnderTheirLines) {
   EXPECT_LT(lastFill.base() - lines.begin(), firstLine - lines.begin() + 1);
   const auto found = walls();
   ASSERT_EQ(found.size(), 3U);
-  const PlanePoint c = box.corner;
+  const UsrPoint c = box.corner;
   EXPECT_EQ(found[0].points, fillOf({c, c + box.xEdge, c + box.xEdge + box.zEdge, c + box.zEdge}));
   EXPECT_EQ(found[1].points, fillOf({c, c + box.xEdge, c + box.xEdge + box.yEdge, c + box.yEdge}));
   EXPECT_EQ(found[2].points, fillOf({c, c + box.yEdge, c + box.yEdge + box.zEdge, c + box.zEdge}));

@@ -21,7 +21,7 @@ TEST(Boxes, AreSeenFromThetaAndPhi) {
 TEST(Boxes, HaveTheirFloorsCentreOnTheGivenPoint) {
   for (const double theta : {0.0, 20.0, 135.0}) {
     const BoxProjection box({3, -2, theta, 60, 5, 7, 1});
-    const PlanePoint centre = box.corner + 0.5 * (box.xEdge + box.yEdge);
+    const UsrPoint centre = box.corner + 0.5 * (box.xEdge + box.yEdge);
     EXPECT_NEAR(centre.x, 3, 1E-12);
     EXPECT_NEAR(centre.y, -2, 1E-12);
   }

@@ -9,6 +9,9 @@
 namespace vk {
 namespace {
 
+using Corner = LevelCorner<unit::Usr>;
+using Triangle = LevelTriangle<unit::Usr>;
+
 // ---- Level indices
 
 TEST(LevelIndices, CountTheLevelsAtOrBelowAValue) {
@@ -38,14 +41,14 @@ TEST(LevelIndices, OfAnArrayThatIsTooShortFail) {
 
 // ---- Triangles
 
-LevelCorner corner(double z) {
-  return {0, 0, z, 0};
+Corner corner(double z) {
+  return {{0, 0}, z, 0};
 }
 
 TEST(LevelTriangles, AreSortedByHeightFromAnyOrder) {
   int orders[3] = {1, 2, 3};
   do {
-    const LevelTriangle t = LevelTriangle::of(corner(orders[0]), corner(orders[1]), corner(orders[2]));
+    const Triangle t = Triangle::of(corner(orders[0]), corner(orders[1]), corner(orders[2]));
     EXPECT_EQ(t.bottom.z, 1);
     EXPECT_EQ(t.middle.z, 2);
     EXPECT_EQ(t.top.z, 3);
@@ -53,13 +56,15 @@ TEST(LevelTriangles, AreSortedByHeightFromAnyOrder) {
 }
 
 TEST(LevelTriangles, EqualCornersHaveTheirOrder) {
-  const LevelCorner a{1, 0, 5, 0}, b{2, 0, 5, 0}, c{3, 0, 5, 0}, low{4, 0, 1, 0}, high{5, 0, 9, 0};
-  const auto order = [](const LevelTriangle& t) { return std::array{t.bottom.x, t.middle.x, t.top.x}; };
-  EXPECT_EQ(order(LevelTriangle::of(a, b, c)), (std::array{2.0, 1.0, 3.0}));
-  EXPECT_EQ(order(LevelTriangle::of(a, b, low)), (std::array{4.0, 2.0, 1.0}));
-  EXPECT_EQ(order(LevelTriangle::of(a, b, high)), (std::array{2.0, 1.0, 5.0}));
-  EXPECT_EQ(order(LevelTriangle::of(low, b, c)), (std::array{4.0, 2.0, 3.0}));
-  EXPECT_EQ(order(LevelTriangle::of(high, b, c)), (std::array{2.0, 3.0, 5.0}));
+  const Corner a{{1, 0}, 5, 0}, b{{2, 0}, 5, 0}, c{{3, 0}, 5, 0}, low{{4, 0}, 1, 0}, high{{5, 0}, 9, 0};
+  const auto order = [](const Triangle& t) {
+    return std::array{t.bottom.place.x, t.middle.place.x, t.top.place.x};
+  };
+  EXPECT_EQ(order(Triangle::of(a, b, c)), (std::array{2.0, 1.0, 3.0}));
+  EXPECT_EQ(order(Triangle::of(a, b, low)), (std::array{4.0, 2.0, 1.0}));
+  EXPECT_EQ(order(Triangle::of(a, b, high)), (std::array{2.0, 1.0, 5.0}));
+  EXPECT_EQ(order(Triangle::of(low, b, c)), (std::array{4.0, 2.0, 3.0}));
+  EXPECT_EQ(order(Triangle::of(high, b, c)), (std::array{2.0, 3.0, 5.0}));
 }
 
 /// A drawing whose Usr units are 15 twips, a pixel, from the top left corner.
@@ -70,10 +75,8 @@ class ContourTriangles : public GralFixture {
     drawing.GralXMap(0, 16, 0, 605);
     drawing.GralYMap(0, 8, 302, 0);
   }
-  LevelCorner at(double x, double y, double z) const {
-    return {x, y, z, LevelIndex(z, levels, levels.upper())};
-  }
-  std::vector<LineCatcher::Line> segments(const LevelCorner& a, const LevelCorner& b, const LevelCorner& c) {
+  Corner at(double x, double y, double z) const { return {{x, y}, z, LevelIndex(z, levels, levels.upper())}; }
+  std::vector<LineCatcher::Line> segments(const Corner& a, const Corner& b, const Corner& c) {
     Array<Colour> colors(levels.upper());
     for (int k = 1; k <= levels.upper(); ++k) colors[k] = Colour::fromBgr(100 * k);
     ContourTriangle(drawing, a, b, c, levels, colors);

@@ -179,7 +179,7 @@ TEST_F(Coordinates, PixelsHave32Bits) {
 }
 
 TEST_F(Coordinates, PixelsAreThoseOfTheDevice) {
-  RecorderDevice fine{FormMetrics{0, 0, 4}};
+  RecorderDevice fine{FormMetrics{{0, 0}, 4}};
   drawing.GralGrStr(fine, "LANDSCAPE", 2);
   EXPECT_EQ(drawing.xScr2Pixel(15), 4);
   EXPECT_EQ(drawing.xUsr2Pixel(16), 605 * 4);

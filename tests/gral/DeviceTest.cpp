@@ -31,7 +31,7 @@ class PlainDevice : private CountingSink, private FixedLetterMetrics, public Dev
 
 class FormDevice : public ::testing::Test {
  protected:
-  PlainDevice form{FormMetrics{120, 405, 2}};
+  PlainDevice form{FormMetrics{{120, 405}, 2}};
 };
 
 TEST_F(FormDevice, KeepsItsSettings) {
@@ -102,7 +102,7 @@ TEST_F(FormDevice, ScaleCanBePutBack) {
   EXPECT_EQ(form.ScaleHeight(), 8);
   EXPECT_EQ(form.ScaleLeft(), 9);
   EXPECT_EQ(form.ScaleTop(), 10);
-  EXPECT_NEAR(form.ScaleWidthCm(), 4800 / 1440.0 * 2.54, 1E-12);
+  EXPECT_EQ(form.area().width, 4800);
   form.setScaleMode(1);
   EXPECT_EQ(form.ScaleWidth(), 4800);
   EXPECT_EQ(form.ScaleTop(), 0);
@@ -189,13 +189,13 @@ TEST_F(FormDevice, WritesInItsFontOrInTheSelectedRecord) {
   form.Print("d");
   ASSERT_EQ(form.texts.size(), 4U);
   EXPECT_EQ(form.texts[0].fontName, "Symbol");
-  EXPECT_EQ(form.texts[0].points, 11);
-  EXPECT_EQ(form.texts[0].x, 100);
+  EXPECT_EQ(form.texts[0].size.value(), 11);
+  EXPECT_EQ(form.texts[0].place.x, 100);
   EXPECT_EQ(form.texts[1].fontName, "Arial");
-  EXPECT_EQ(form.texts[1].points, 12);
+  EXPECT_EQ(form.texts[1].size.value(), 12);
   EXPECT_EQ(form.texts[1].angle, 30);
-  EXPECT_EQ(form.texts[2].x, 75);
-  EXPECT_EQ(form.texts[2].y, 150);
+  EXPECT_EQ(form.texts[2].place.x, 75);
+  EXPECT_EQ(form.texts[2].place.y, 150);
   EXPECT_EQ(form.texts[3].angle, 0);
   EXPECT_EQ(form.CurrentX(), 100);
 }
@@ -210,7 +210,7 @@ TEST_F(FormDevice, DeletedFontIsNoLongerSelected) {
 
 class PrinterDevice : public ::testing::Test {
  protected:
-  PlainDevice printer{PrinterMetrics{8000, 12000, 600}};
+  PlainDevice printer{PrinterMetrics{Twips(8000), Twips(12000), 600}};
 };
 
 TEST_F(PrinterDevice, TurnsItsPage) {
@@ -230,8 +230,8 @@ TEST_F(PrinterDevice, HasPixelsOfItsOwn) {
   EXPECT_EQ(printer.TwipsPerPixelY(), 2.4);
   EXPECT_EQ(printer.Resolution(), 600);
   printer.TextOut(100, 200, "a");
-  EXPECT_EQ(printer.texts[0].x, 240);
-  EXPECT_EQ(printer.texts[0].y, 480);
+  EXPECT_EQ(printer.texts[0].place.x, 240);
+  EXPECT_EQ(printer.texts[0].place.y, 480);
 }
 
 TEST_F(PrinterDevice, RefusesWhatFormsDo) {

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <type_traits>
 
 #include "base/RuntimeError.h"
 #include "gral/sinks/RecorderDevice.h"
@@ -10,29 +11,33 @@
 namespace vk {
 namespace {
 
-constexpr DrawnBox kBox{{-100, -50}, {300, 150}};
+constexpr DrawnBox<unit::Pixel> kBox{{-100, -50}, {300, 150}};
+constexpr DrawnBox<unit::Twip> kTwipBox{{-100, -50}, {300, 150}};
 constexpr double kInfinite = std::numeric_limits<double>::infinity();
 
-bool same(const PlanePoint& a, const PlanePoint& b, double tolerance = 0) {
+template <class Unit>
+bool same(const PlanePoint<Unit>& a, const PlanePoint<std::type_identity_t<Unit>>& b, double tolerance = 0) {
   return std::abs(a.x - b.x) <= tolerance && std::abs(a.y - b.y) <= tolerance;
 }
 
 /// True when a point lies inside an outline by the even-odd rule.
-bool insideOutline(const std::vector<PlanePoint>& outline, const PlanePoint& p) {
+template <class Unit>
+bool insideOutline(const std::vector<PlanePoint<Unit>>& outline, const PlanePoint<Unit>& p) {
   bool inside = false;
   for (std::size_t i = 0; i < outline.size(); ++i) {
-    const PlanePoint &a = outline[i], &b = outline[(i + 1) % outline.size()];
+    const PlanePoint<Unit>&a = outline[i], &b = outline[(i + 1) % outline.size()];
     if ((a.y > p.y) != (b.y > p.y) && p.x < a.x + (b.x - a.x) * ((p.y - a.y) / (b.y - a.y))) inside = !inside;
   }
   return inside;
 }
 
 TEST(DrawnBoxes, SurroundTheDrawingAreaFarOutside) {
-  RecorderDevice form{FormMetrics{0, 0, 3}};
+  RecorderDevice form{FormMetrics{{0, 0}, 3}};
   form.setWidth(9000);
   form.setHeight(4500);
   form.setDrawWidth(2);
-  const DrawnBox twips = drawnTwips(form), pixels = drawnPixels(form);
+  const DrawnBox<unit::Twip> twips = drawnTwips(form);
+  const DrawnBox<unit::Pixel> pixels = drawnPixels(form);
   EXPECT_TRUE(same(twips.low, {-100030, -100030}));
   EXPECT_TRUE(same(twips.high, {109030, 104530}));
   EXPECT_TRUE(same(pixels.low, {-20006, -20006}, 1E-9));
@@ -40,47 +45,47 @@ TEST(DrawnBoxes, SurroundTheDrawingAreaFarOutside) {
 }
 
 TEST(DrawnBoxes, LeaveALineWithinAsItIs) {
-  PlanePoint a{-100, 150}, b{300, 0.1};
-  EXPECT_TRUE(cutLine(kBox, a, b));
+  TwipPoint a{-100, 150}, b{300, 0.1};
+  EXPECT_TRUE(cutLine(kTwipBox, a, b));
   EXPECT_TRUE(same(a, {-100, 150}) && same(b, {300, 0.1}));
 }
 
 TEST(DrawnBoxes, CutALineInItsDirection) {
-  PlanePoint a{0, 0}, b{1E12, 1E11};
-  EXPECT_TRUE(cutLine(kBox, a, b));
+  TwipPoint a{0, 0}, b{1E12, 1E11};
+  EXPECT_TRUE(cutLine(kTwipBox, a, b));
   EXPECT_TRUE(same(a, {0, 0}));
   EXPECT_TRUE(same(b, {300, 30}, 1E-9)) << b.x << ", " << b.y;
-  PlanePoint c{2E15, 100 - 2E15}, d{-1E15, 100 + 1E15};
-  EXPECT_TRUE(cutLine(kBox, c, d));
+  TwipPoint c{2E15, 100 - 2E15}, d{-1E15, 100 + 1E15};
+  EXPECT_TRUE(cutLine(kTwipBox, c, d));
   EXPECT_TRUE(same(c, {150, -50}, 0.5)) << c.x << ", " << c.y;
   EXPECT_TRUE(same(d, {-50, 150}, 0.5)) << d.x << ", " << d.y;
 }
 
 TEST(DrawnBoxes, LetNothingThroughOfALineThatPassesBy) {
-  for (const auto& [from, to] : {std::pair{PlanePoint{-200, 0}, PlanePoint{-101, 90}},
+  for (const auto& [from, to] : {std::pair{TwipPoint{-200, 0}, TwipPoint{-101, 90}},
                                  {{0, 1E300}, {200, 1E300}},
                                  {{-300, 100}, {100, 301}}}) {
-    PlanePoint a = from, b = to;
-    EXPECT_FALSE(cutLine(kBox, a, b));
+    TwipPoint a = from, b = to;
+    EXPECT_FALSE(cutLine(kTwipBox, a, b));
   }
 }
 
 TEST(DrawnBoxes, RefuseWhatIsNotFinite) {
   for (const double bad : {kInfinite, -kInfinite, std::nan("")}) {
-    PlanePoint a{0, 0}, b{bad, 0};
-    const PlanePoint points[] = {a, {0, bad}, a, a};
-    EXPECT_THROW(cutLine(kBox, a, b), RuntimeError);
+    TwipPoint a{0, 0}, b{bad, 0};
+    const std::vector<PixelPlace> points{{0, 0}, {0, bad}, {0, 0}, {0, 0}};
+    EXPECT_THROW(cutLine(kTwipBox, a, b), RuntimeError);
     EXPECT_THROW(cutPolyline(kBox, points), RuntimeError);
     EXPECT_THROW(cutCurve(kBox, points), RuntimeError);
     EXPECT_THROW(cutArea(kBox, points), RuntimeError);
-    EXPECT_THROW(cutCircle(kBox, b, 1), RuntimeError);
-    EXPECT_THROW(cutCircle(kBox, a, bad), RuntimeError);
+    EXPECT_THROW(cutCircle(kTwipBox, b, Twips(1)), RuntimeError);
+    EXPECT_THROW(cutCircle(kTwipBox, a, Twips(bad)), RuntimeError);
   }
-  EXPECT_THROW(cutCircle(kBox, {1.5E308, 0}, 1.5E308), RuntimeError);
+  EXPECT_THROW(cutCircle(kTwipBox, {1.5E308, 0}, Twips(1.5E308)), RuntimeError);
 }
 
 TEST(DrawnBoxes, CutALineOfManyPointsIntoTheParts) {
-  const PlanePoint points[] = {{0, 0}, {10, 10}, {10, 10}, {10, 1E9}, {500, 1E9}, {250, 100}, {250, 90}};
+  const PixelPlace points[] = {{0, 0}, {10, 10}, {10, 10}, {10, 1E9}, {500, 1E9}, {250, 100}, {250, 90}};
   const auto parts = cutPolyline(kBox, points);
   ASSERT_EQ(parts.size(), 2U);
   ASSERT_EQ(parts[0].size(), 4U);
@@ -91,7 +96,7 @@ TEST(DrawnBoxes, CutALineOfManyPointsIntoTheParts) {
 }
 
 TEST(DrawnBoxes, CutLineThatCrossesBetweenPointsOutside) {
-  const PlanePoint points[] = {{-200, 0}, {400, 0}, {400, 100}, {-200, 100}};
+  const PixelPlace points[] = {{-200, 0}, {400, 0}, {400, 100}, {-200, 100}};
   const auto parts = cutPolyline(kBox, points);
   ASSERT_EQ(parts.size(), 2U);
   EXPECT_TRUE(same(parts[0][0], {-100, 0}) && same(parts[0][1], {300, 0}));
@@ -99,20 +104,20 @@ TEST(DrawnBoxes, CutLineThatCrossesBetweenPointsOutside) {
 }
 
 TEST(DrawnBoxes, CurvesWithinStayAndOthersAreHalvedUntilTheyLieWithin) {
-  const PlanePoint within[] = {{0, 0}, {10, 20}, {20, 20}, {30, 0}, {40, -20}, {50, -20}, {60, 0}};
+  const PixelPlace within[] = {{0, 0}, {10, 20}, {20, 20}, {30, 0}, {40, -20}, {50, -20}, {60, 0}};
   const auto whole = cutCurve(kBox, within);
   ASSERT_EQ(whole.size(), 1U);
   ASSERT_EQ(whole[0].size(), 7U);
   EXPECT_TRUE(same(whole[0][5], {50, -20}));
 
   // y = 1E9 s (1 - s) (1 - 2 s) + 3 s over x = 200 s: up, down and up again
-  const auto at = [](double s) { return PlanePoint{200 * s, 1E9 * s * (1 - s) * (1 - 2 * s) + 3 * s}; };
-  const PlanePoint points[] = {{0, 0}, {200.0 / 3, 1E9 / 3 + 1}, {400.0 / 3, -1E9 / 3 + 2}, {200, 3}};
+  const auto at = [](double s) { return PixelPlace{200 * s, 1E9 * s * (1 - s) * (1 - 2 * s) + 3 * s}; };
+  const PixelPlace points[] = {{0, 0}, {200.0 / 3, 1E9 / 3 + 1}, {400.0 / 3, -1E9 / 3 + 2}, {200, 3}};
   const auto parts = cutCurve(kBox, points);
   ASSERT_EQ(parts.size(), 3U);
   for (const auto& part : parts) {
     ASSERT_EQ(part.size() % 3, 1U);
-    for (const PlanePoint& p : part) EXPECT_TRUE(kBox.holds(p)) << p.x << ", " << p.y;
+    for (const PixelPlace& p : part) EXPECT_TRUE(kBox.holds(p)) << p.x << ", " << p.y;
     for (std::size_t i = 0; i < part.size(); i += 3) {
       EXPECT_NEAR(part[i].y, at(part[i].x / 200).y, 1E-3);
     }
@@ -125,9 +130,9 @@ TEST(DrawnBoxes, CurvesWithinStayAndOthersAreHalvedUntilTheyLieWithin) {
 }
 
 TEST(DrawnBoxes, CurvesOfAnySizeComeToAnEnd) {
-  const PlanePoint points[] = {{-1E300, 0}, {1E300, 1E300}, {-1E300, -1E300}, {1E300, 0}};
+  const PixelPlace points[] = {{-1E300, 0}, {1E300, 1E300}, {-1E300, -1E300}, {1E300, 0}};
   for (const auto& part : cutCurve(kBox, points)) {
-    for (const PlanePoint& p : part) EXPECT_TRUE(kBox.holds(p));
+    for (const PixelPlace& p : part) EXPECT_TRUE(kBox.holds(p));
   }
 }
 
@@ -135,38 +140,38 @@ TEST(DrawnBoxes, AreasKeepTheirInside) {
   std::mt19937 random(1);
   std::uniform_real_distribution<double> place(-1000, 1000), x(-100, 300), y(-50, 150);
   for (int n = 0; n < 200; ++n) {
-    std::vector<PlanePoint> outline;
+    std::vector<PixelPlace> outline;
     for (int i = 0; i < 3 + n % 4; ++i) outline.push_back({place(random), place(random)});
-    const std::vector<PlanePoint> cut = cutArea(kBox, outline);
-    for (const PlanePoint& p : cut) EXPECT_TRUE(kBox.holds(p));
+    const std::vector<PixelPlace> cut = cutArea(kBox, outline);
+    for (const PixelPlace& p : cut) EXPECT_TRUE(kBox.holds(p));
     for (int i = 0; i < 50; ++i) {
-      const PlanePoint p{x(random), y(random)};
+      const PixelPlace p{x(random), y(random)};
       EXPECT_EQ(insideOutline(cut, p), insideOutline(outline, p)) << n;
     }
   }
-  EXPECT_TRUE(cutArea(kBox, std::vector<PlanePoint>{{-200, 0}, {-300, 1}, {-200, 50}}).empty());
+  EXPECT_TRUE(cutArea(kBox, std::vector<PixelPlace>{{-200, 0}, {-300, 1}, {-200, 50}}).empty());
 }
 
 TEST(DrawnBoxes, CirclesKeepTheirInside) {
   std::mt19937 random(2);
   std::uniform_real_distribution<double> x(-100, 300), y(-50, 150);
-  for (const auto& [centre, radius] : {std::pair{PlanePoint{0, 0}, 120.0},
+  for (const auto& [centre, radius] : {std::pair{TwipPoint{0, 0}, 120.0},
                                        {{1E7, 50}, 1E7 - 100},
                                        {{-1E12, 100}, 1E12},
                                        {{100, 3E9}, 3E9 - 20},
                                        {{0, 0}, 1E15},
                                        {{1E200, 0}, 1E200}}) {
-    const std::vector<PlanePoint> outline = cutCircle(kBox, centre, radius);
+    const std::vector<TwipPoint> outline = cutCircle(kTwipBox, centre, Twips(radius));
     EXPECT_LT(outline.size(), 2000U);
-    for (const PlanePoint& p : outline) EXPECT_TRUE(kBox.holds(p));
+    for (const TwipPoint& p : outline) EXPECT_TRUE(kTwipBox.holds(p));
     for (int i = 0; i < 300 && radius < 1E100; ++i) {
-      const PlanePoint p{x(random), y(random)};
+      const TwipPoint p{x(random), y(random)};
       const double beyond = std::hypot(p.x - centre.x, p.y - centre.y) - radius;
       if (std::abs(beyond) < 1.1) continue;
       EXPECT_EQ(insideOutline(outline, p), beyond < 0) << radius;
     }
   }
-  EXPECT_TRUE(cutCircle(kBox, {1E6, 0}, 1000).empty());
+  EXPECT_TRUE(cutCircle(kTwipBox, {1E6, 0}, Twips(1000)).empty());
 }
 
 }  // namespace

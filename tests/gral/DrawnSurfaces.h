@@ -59,7 +59,7 @@ class Surfaces : public GralFixture {
     return catcher.figures;
   }
   /// The pixel of a Usr point.
-  PixelPoint pixel(const PlanePoint& usr) const {
+  PixelPoint pixel(const UsrPoint& usr) const {
     return {drawing.xUsr2Pixel(usr.x), drawing.yUsr2Pixel(usr.y)};
   }
 };

@@ -21,16 +21,19 @@ Array<double> valuesOf(std::initializer_list<double> values) {
 class PlaceCatcher : public LineWriter {
  public:
   explicit PlaceCatcher(double twipsPerPixel) : twipsPerPixel_(twipsPerPixel) {}
-  std::vector<PlanePoint> places;
+  std::vector<TwipPoint> places;
 
-  void line(double x1, double y1, double x2, double y2) override { add({{x1, y1}, {x2, y2}}); }
-  void box(double x1, double y1, double x2, double y2) override { add({{x1, y1}, {x2, y2}}); }
-  void filledBox(double x1, double y1, double x2, double y2, Colour) override { add({{x1, y1}, {x2, y2}}); }
-  void circle(double x, double y, double r) override { add({{x - r, y - r}, {x + r, y + r}}); }
+  void line(const TwipPoint& a, const TwipPoint& b) override { add({a, b}); }
+  void box(const TwipPoint& a, const TwipPoint& b) override { add({a, b}); }
+  void filledBox(const TwipPoint& a, const TwipPoint& b, Colour) override { add({a, b}); }
+  void circle(const TwipPoint& centre, Twips r) override {
+    const TwipPoint corner = r.value() * TwipPoint{1, 1};
+    add({centre - corner, centre + corner});
+  }
   void polyline(std::span<const PixelPoint> points) override { addPixels(points); }
   void bezier(std::span<const PixelPoint> points) override { addPixels(points); }
   void figure(std::span<const PixelPoint> points, bool, bool) override { addPixels(points); }
-  void text(const TextRun& run) override { add({{run.x, run.y}}); }
+  void text(const TextRun& run) override { add({run.place}); }
   void floodFill(const PixelPoint& start, Colour) override { addPixels({&start, 1}); }
   void clip(const PixelRect* region) override {
     if (region == nullptr) return;
@@ -39,7 +42,7 @@ class PlaceCatcher : public LineWriter {
   }
 
  private:
-  void add(std::initializer_list<PlanePoint> points) { places.insert(places.end(), points); }
+  void add(std::initializer_list<TwipPoint> points) { places.insert(places.end(), points); }
   void addPixels(std::span<const PixelPoint> points) {
     for (const PixelPoint& p : points) places.push_back({p.x * twipsPerPixel_, p.y * twipsPerPixel_});
   }
@@ -104,7 +107,7 @@ const FarFigure kFarFigures[] = {
 std::vector<std::unique_ptr<RecorderDevice>> devicesOfAllKinds() {
   std::vector<std::unique_ptr<RecorderDevice>> devices;
   for (const int ratio : {1, 4, 15}) {
-    devices.push_back(std::make_unique<RecorderDevice>(FormMetrics{120, 405, ratio}));
+    devices.push_back(std::make_unique<RecorderDevice>(FormMetrics{{120, 405}, ratio}));
   }
   return devices;
 }
@@ -140,7 +143,7 @@ TEST_F(FarFigures, SendNothingFromFarOutside) {
         EXPECT_EQ(errorOn(*device, [&](GralCls& g) { figure.draw(g, far); }), 0) << figure.name << " " << far;
         PlaceCatcher catcher(device->twipsPerContextPixel());
         recorder.list().replay(catcher);
-        for (const PlanePoint& p : catcher.places) {
+        for (const TwipPoint& p : catcher.places) {
           EXPECT_LT(std::abs(p.x), 1.2E5) << figure.name << " " << far;
           EXPECT_LT(std::abs(p.y), 1.2E5) << figure.name << " " << far;
         }
@@ -237,7 +240,7 @@ TEST_F(FarFigures, SmoothCurveThroughPointsOfOneColumnIsTheSameOnAllDevices) {
   const auto draw = [](GralCls& g) {
     g.GralCurve(valuesOf({1, 4, 4.004, 10}), valuesOf({1, 3, 2.99, 6}), 4);
   };
-  std::vector<std::vector<PlanePoint>> curves;
+  std::vector<std::vector<TwipPoint>> curves;
   for (const auto& fine : forms) {
     EXPECT_EQ(errorOn(*fine, draw), 0);
     PlaceCatcher catcher(fine->twipsPerContextPixel());

@@ -189,7 +189,7 @@ TEST_F(Fill, DoesNotLeakThroughSlantedLines) {
 }
 
 TEST_F(Fill, IsAskedOfTheDeviceAtThePixel) {
-  RecorderDevice recorder(FormMetrics{120, 405, 1});
+  RecorderDevice recorder(FormMetrics{{120, 405}, 1});
   drawing.GralGrStr(recorder, "LANDSCAPE", 2);
   recorder.forget();
   drawing.GralFillColor(Colour::fromBgr(0x030201));
@@ -214,9 +214,9 @@ class WatchedPrinter : public RecorderDevice {
   bool fails = false;
 
  private:
-  void picture(const Picture& picture, double x, double y) override {
+  void picture(const Picture& picture, const TwipPoint& corner) override {
     calls.push_back("picture in " + std::to_string(Orientation()));
-    RecorderDevice::picture(picture, x, y);
+    RecorderDevice::picture(picture, corner);
   }
   void endDocument() override {
     if (fails) throw RuntimeError(kPrinterError);

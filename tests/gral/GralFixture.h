@@ -14,7 +14,7 @@ inline constexpr double kTwipsPerCmExact = 1440 / 2.54;
 
 /// A printer whose printable area is 16 x 8 cm, so that a form at natural size has 9075 x 4530 twips.
 inline PrinterMetrics smallPage(double resolution = 600) {
-  return {8 * kTwipsPerCmExact, 16 * kTwipsPerCmExact, resolution};
+  return {Twips(8 * kTwipsPerCmExact), Twips(16 * kTwipsPerCmExact), resolution};
 }
 
 /// Keeps the letters of a drawing.
@@ -73,7 +73,7 @@ class GralFixture : public ::testing::Test {
 
   RecorderDevice printer{smallPage()};
   NominalScreen screen;
-  RecorderDevice form{FormMetrics{120, 405, 1}};
+  RecorderDevice form{FormMetrics{{120, 405}, 1}};
   GralCls drawing{printer, screen};
 };
 

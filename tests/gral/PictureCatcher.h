@@ -10,11 +10,11 @@ namespace vk {
 class PictureCatcher : public LineWriter {
  public:
   std::vector<Picture> pictures;
-  std::vector<double> places;
-  void picture(const Picture& picture, double x, double y) override {
+  std::vector<TwipPoint> corners;
+  void picture(const Picture& picture, const TwipPoint& corner) override {
     pictures.push_back(picture);
-    places.insert(places.end(), {x, y});
-    LineWriter::picture(picture, x, y);
+    corners.push_back(corner);
+    LineWriter::picture(picture, corner);
   }
 };
 

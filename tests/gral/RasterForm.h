@@ -25,7 +25,7 @@ class RasterForm : private BlockLetters, private RasterSink, public Device {
   /// Of so many nominal pixels.
   explicit RasterForm(int ratio, int width = 20, int height = 10)
       : RasterSink(ratio, static_cast<BlockLetters&>(*this)),
-        Device(FormMetrics{0, 0, ratio}, *this, static_cast<BlockLetters&>(*this)) {
+        Device(FormMetrics{{0, 0}, ratio}, *this, static_cast<BlockLetters&>(*this)) {
     setWidth(width * 15);
     setHeight(height * 15);
   }

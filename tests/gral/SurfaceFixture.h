@@ -43,8 +43,8 @@ class LineCatcher : public LineWriter {
   };
   std::vector<Line> caught;
   void pen(const Pen& pen) override { color_ = pen.color; }
-  void line(double x1, double y1, double x2, double y2) override {
-    caught.push_back({x1, y1, x2, y2, color_});
+  void line(const TwipPoint& a, const TwipPoint& b) override {
+    caught.push_back({a.x, a.y, b.x, b.y, color_});
   }
 
  private:

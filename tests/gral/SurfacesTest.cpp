@@ -81,7 +81,7 @@ TEST_F(Surfaces, PutFillStyleAndColourBack) {
 TEST_F(Surfaces, OfAFlatFloorHaveTheSameGrayAtEveryPixelRatio) {
   // what is seen of the floor is cos 45 * cos 60 of it, whose square is 0.125
   for (const int ratio : {1, 2, 4, 15}) {
-    RecorderDevice device(FormMetrics{0, 0, ratio});
+    RecorderDevice device(FormMetrics{{0, 0}, ratio});
     GralCls onDevice(printer, screen);
     onDevice.GralGrStr(device, "LANDSCAPE", 2);
     device.forget();
@@ -102,7 +102,7 @@ TEST_F(Surfaces, OfAFlatFloorHaveTheSameGrayAtEveryPixelRatio) {
 }
 
 TEST_F(Surfaces, SeenFlatOnAreWhiteAndEdgeOnBlack) {
-  RecorderDevice fine(FormMetrics{0, 0, 15});
+  RecorderDevice fine(FormMetrics{{0, 0}, 15});
   GralCls onFine(printer, screen);
   onFine.GralGrStr(fine, "LANDSCAPE", 2);
   const auto graysOf = [&](const Array2<float>& z, const Look& look) {
@@ -124,7 +124,7 @@ TEST_F(Surfaces, SeenFlatOnAreWhiteAndEdgeOnBlack) {
 
 TEST_F(Surfaces, ShadesFollowTheSlopesOfEachHalf) {
   // One cell of 4 x 3 with heights A 0, B 1, C 0.5, D 2.5.
-  RecorderDevice fine(FormMetrics{0, 0, 15});
+  RecorderDevice fine(FormMetrics{{0, 0}, 15});
   GralCls onFine(printer, screen);
   onFine.GralGrStr(fine, "LANDSCAPE", 2);
   fine.forget();
@@ -215,8 +215,8 @@ TEST_F(Surfaces, WithAsManyColoursAsLevelsHaveLevelLines) {
   EXPECT_EQ(form.ForeColor(), Colour::fromBgr(0x00FFFF));
   // level 0.5 crosses A-C and A-B in their middles
   const BoxProjection box({8, 4, 30, 45, 4, 4, 3});
-  const PlanePoint onX = box.corner + 0.5 * box.xEdge + 0.5 * box.ez;
-  const PlanePoint onY = box.corner + 0.5 * box.yEdge + 0.5 * box.ez;
+  const UsrPoint onX = box.corner + 0.5 * box.xEdge + 0.5 * box.ez;
+  const UsrPoint onY = box.corner + 0.5 * box.yEdge + 0.5 * box.ez;
   std::vector<double> found{catcher.caught[0].x1, catcher.caught[0].x2};
   std::vector<double> expected{drawing.xUsr2Scr(onX.x), drawing.xUsr2Scr(onY.x)};
   std::sort(found.begin(), found.end());

@@ -18,8 +18,8 @@ class Texts : public GralFixture {
     return letters();
   }
   void expectAt(const TextRun& run, double x, double y) {
-    EXPECT_NEAR(run.x, x, 0.01) << run.text;
-    EXPECT_NEAR(run.y, y, 0.01) << run.text;
+    EXPECT_NEAR(run.place.x, x, 0.01) << run.text;
+    EXPECT_NEAR(run.place.y, y, 0.01) << run.text;
   }
   static std::string shown(const std::vector<TextRun>& runs) {
     std::string result;
@@ -36,7 +36,7 @@ TEST_F(Texts, AreSetLetterByLetterFromTheTopOfTheLine) {
   expectAt(runs[2], 1300, 2000 - kHalfTextLine);
   for (const TextRun& run : runs) {
     EXPECT_EQ(run.fontName, "Arial");
-    EXPECT_EQ(run.points, 10);
+    EXPECT_EQ(run.size, PointSize(10));
     EXPECT_EQ(run.angle, 0);
   }
 }
@@ -47,9 +47,9 @@ TEST_F(Texts, ExponentIsThreeQuartersInSizeAndRaisedByAQuarterLine) {
   expectAt(runs[1], 1120, 1885);
   expectAt(runs[2], 1240, 1885 - kHalfTextLine / 2);
   expectAt(runs[3], 1240 + 0.75 * 120, 1885 - kHalfTextLine / 2);
-  EXPECT_EQ(runs[1].points, 10);
-  EXPECT_EQ(runs[2].points, 7.5);
-  EXPECT_EQ(runs[3].points, 7.5);
+  EXPECT_EQ(runs[1].size.value(), 10);
+  EXPECT_EQ(runs[2].size.value(), 7.5);
+  EXPECT_EQ(runs[3].size.value(), 7.5);
 }
 
 TEST_F(Texts, ScriptTakesOneCharacterOrAGroup) {
@@ -57,7 +57,7 @@ TEST_F(Texts, ScriptTakesOneCharacterOrAGroup) {
   ASSERT_EQ(shown(up), "abc");
   expectAt(up[1], 1120, 1885 - kHalfTextLine / 2);
   expectAt(up[2], 1210, 1885);
-  EXPECT_EQ(up[2].points, 10);
+  EXPECT_EQ(up[2].size.value(), 10);
   const auto down = print("a_{bc}d");
   ASSERT_EQ(shown(down), "abcd");
   expectAt(down[1], 1120, 1885 + kHalfTextLine / 2);
@@ -84,9 +84,9 @@ TEST_F(Texts, SymbolCanBeRaised) {
   const auto runs = print("x^\\\\ab");
   ASSERT_EQ(shown(runs), "xab");
   EXPECT_EQ(runs[1].fontName, "Symbol");
-  EXPECT_EQ(runs[1].points, 7.5);
+  EXPECT_EQ(runs[1].size.value(), 7.5);
   EXPECT_EQ(runs[2].fontName, "Arial");
-  EXPECT_EQ(runs[2].points, 10);
+  EXPECT_EQ(runs[2].size.value(), 10);
 }
 
 TEST_F(Texts, EndOfAGroupEndsScriptAndSymbolTogether) {
@@ -94,10 +94,10 @@ TEST_F(Texts, EndOfAGroupEndsScriptAndSymbolTogether) {
   ASSERT_EQ(shown(runs), "xabc");
   for (const std::size_t i : {1U, 2U}) {
     EXPECT_EQ(runs[i].fontName, "Symbol");
-    EXPECT_EQ(runs[i].points, 7.5);
+    EXPECT_EQ(runs[i].size.value(), 7.5);
   }
   EXPECT_EQ(runs[3].fontName, "Arial");
-  EXPECT_EQ(runs[3].points, 10);
+  EXPECT_EQ(runs[3].size.value(), 10);
 }
 
 TEST_F(Texts, OneBackslashIsAnOrdinaryCharacter) {
@@ -128,8 +128,8 @@ TEST_F(Texts, BracesNeverPrint) {
 TEST_F(Texts, GroupEndsAtTheFirstBrace) {
   const auto runs = print("^{a{b}c}d");
   ASSERT_EQ(shown(runs), "abcd");
-  EXPECT_EQ(runs[1].points, 7.5);
-  EXPECT_EQ(runs[2].points, 10);
+  EXPECT_EQ(runs[1].size.value(), 7.5);
+  EXPECT_EQ(runs[2].size.value(), 10);
 }
 
 TEST_F(Texts, StartPointFollowsTheJustification) {
@@ -169,15 +169,15 @@ TEST_F(Texts, AtSmallAnglesGoAlongTheirLine) {
   const auto runs = print("ab", 0, 30);
   const double a = 30 * 3.1415926 / 180;
   expectAt(runs[0], 1000 - kHalfTextLine * std::sin(a), 2000 - kHalfTextLine * std::cos(a));
-  expectAt(runs[1], runs[0].x + 120 * std::cos(a), runs[0].y - 120 * std::sin(a));
+  expectAt(runs[1], runs[0].place.x + 120 * std::cos(a), runs[0].place.y - 120 * std::sin(a));
 }
 
 TEST_F(Texts, RotatedLettersHaveTheHeightOfTheirFontRecord) {
   // 10 points are -13.33 pixels, 7.5 points -10
   const auto runs = print("a^b", 0, -45);
   EXPECT_EQ(runs[0].angle, -45);
-  EXPECT_EQ(runs[0].points, 13 * 15 / 20.0);
-  EXPECT_EQ(runs[1].points, 10 * 15 / 20.0);
+  EXPECT_EQ(runs[0].size.value(), 13 * 15 / 20.0);
+  EXPECT_EQ(runs[1].size.value(), 10 * 15 / 20.0);
   EXPECT_EQ(runs[0].fontName, "Arial");
 }
 
@@ -223,17 +223,17 @@ TEST_F(Texts, OnAPrinterGoOutAtAPixel) {
   const auto runs = lettersOn(printer);
   ASSERT_EQ(runs.size(), 1U);
   // 12 points at 600 dots are -100 pixels; 2.4 twips a pixel
-  EXPECT_EQ(runs[0].points, 12);
-  EXPECT_NEAR(std::fmod(runs[0].x + 1E-6, 2.4), 0, 1E-4);
-  EXPECT_NEAR(runs[0].x, 1000 - 0.575 * 12 * 20, 1.2);
-  EXPECT_NEAR(runs[0].y, 2000, 1.2);
+  EXPECT_EQ(runs[0].size.value(), 12);
+  EXPECT_NEAR(std::fmod(runs[0].place.x + 1E-6, 2.4), 0, 1E-4);
+  EXPECT_NEAR(runs[0].place.x, 1000 - 0.575 * 12 * 20, 1.2);
+  EXPECT_NEAR(runs[0].place.y, 2000, 1.2);
 }
 
 TEST_F(Texts, OnAPrinterUnrotatedStandWhereTheyAreCalculated) {
   openPrinter(2);
   drawing.GralWinPrintString(1000, 2000, 0, 0, 10, 0, "a");
   const auto runs = lettersOn(printer);
-  EXPECT_EQ(runs[0].points, 20);
+  EXPECT_EQ(runs[0].size.value(), 20);
   expectAt(runs[0], 1000, 2000 - 230);
 }
 
@@ -300,9 +300,9 @@ TEST_F(Texts, LetterWidthsAreMeasuredInBothFontsAtTheCurrentSize) {
 
 TEST_F(Texts, SizeIsThatOfThePageTimesTheScale) {
   open(1);
-  EXPECT_EQ(print("a")[0].points, 5);
+  EXPECT_EQ(print("a")[0].size.value(), 5);
   open(1.5);
-  EXPECT_EQ(print("a")[0].points, 7.5);
+  EXPECT_EQ(print("a")[0].size.value(), 7.5);
 }
 
 TEST_F(Texts, FontNameIsRestored) {
@@ -331,7 +331,7 @@ TEST_F(Texts, FarOutsideSinglePrecisionAreNotSeen) {
 /// A form that counts how often letters are measured on it.
 class MeasuredForm : public RecorderDevice {
  public:
-  MeasuredForm() : RecorderDevice(FormMetrics{120, 405, 1}) {}
+  MeasuredForm() : RecorderDevice(FormMetrics{{120, 405}, 1}) {}
   int measured = 0;
 
  private:

@@ -28,7 +28,7 @@ class Painted : public DevicesFixture {
 
 TEST_F(Painted, PicturesHaveTheirNaturalSize) {
   const QImage image = paint([](PainterSink& sink) {
-    sink.picture({2, 1, 150, {0xFF000000, 0xFFFF0000}}, 150, 300);
+    sink.picture({2, 1, 150, {0xFF000000, 0xFFFF0000}}, {150, 300});
   });
   EXPECT_EQ(image.pixelColor(15, 25), QColor(Qt::black));
   EXPECT_EQ(image.pixelColor(25, 25), QColor(Qt::red));
@@ -38,8 +38,8 @@ TEST_F(Painted, PicturesHaveTheirNaturalSize) {
 
 TEST_F(Painted, PicturesMayHaveHoles) {
   const QImage image = paint([](PainterSink& sink) {
-    sink.filledBox(0, 0, 3000, 1500, Colour::fromBgr(0xFF0000));
-    sink.picture({2, 1, 150, {0, 0xFF00FF00}}, 150, 300);
+    sink.filledBox({0, 0}, {3000, 1500}, Colour::fromBgr(0xFF0000));
+    sink.picture({2, 1, 150, {0, 0xFF00FF00}}, {150, 300});
   });
   EXPECT_EQ(image.pixelColor(15, 25), QColor(Qt::blue));
   EXPECT_EQ(image.pixelColor(25, 25), QColor(Qt::green));
@@ -172,7 +172,7 @@ TEST_F(Painted, DeviceLineStylesHaveGaps) {
   for (const int style : {kDrawDash, kDrawDot, kDrawDashDot, kDrawDashDotDot}) {
     const QImage image = paint([style](PainterSink& sink) {
       sink.pen({kBlack, 2, style});
-      sink.line(0, 750, 3000, 750);
+      sink.line({0, 750}, {3000, 750});
     });
     int ink = 0;
     for (int x = 0; x < 200; ++x) ink += image.pixelColor(x, 50) == QColor(Qt::black);
@@ -181,7 +181,7 @@ TEST_F(Painted, DeviceLineStylesHaveGaps) {
   }
   const QImage nothing = paint([](PainterSink& sink) {
     sink.pen({kBlack, 2, kDrawTransparent});
-    sink.line(0, 750, 3000, 750);
+    sink.line({0, 750}, {3000, 750});
   });
   EXPECT_EQ(nothing.pixelColor(100, 50), QColor(Qt::white));
 }

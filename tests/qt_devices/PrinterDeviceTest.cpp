@@ -37,8 +37,8 @@ TEST_F(Printed, FigureBecomesVectorsOnTheTurnedPage) {
   ASSERT_EQ(content.shapes.size(), 1U);
   EXPECT_EQ(content.letters.size(), 3U);
   const QRectF box = inkBox(content);
-  EXPECT_NEAR(box.width(), kA4LongSide, 20);
-  EXPECT_NEAR(box.height(), kA4ShortSide, 20);
+  EXPECT_NEAR(box.width(), kA4LongSide.value(), 20);
+  EXPECT_NEAR(box.height(), kA4ShortSide.value(), 20);
   EXPECT_EQ(printer.Orientation(), kPortrait);
 }
 

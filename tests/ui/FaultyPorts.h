@@ -233,9 +233,7 @@ class FaultyDevice : public RecorderDevice {
   FaultyDevice(PortFault& fault, const Metrics& metrics) : RecorderDevice(metrics), fault_(fault) {}
 
  private:
-  void line(double x1, double y1, double x2, double y2) override {
-    fault_.pass(), RecorderDevice::line(x1, y1, x2, y2);
-  }
+  void line(const TwipPoint& a, const TwipPoint& b) override { fault_.pass(), RecorderDevice::line(a, b); }
   double advance(bool symbol, unsigned char code) override {
     return fault_.pass(), RecorderDevice::advance(symbol, code);
   }

@@ -105,7 +105,7 @@ TEST(DisplayList, DrawsItselfAgain) {
   DisplayList rest;
   form.list().replay(rest, copy.size() - 1);
   EXPECT_EQ(rest.lines(), std::vector<std::string>{"refresh"});
-  copy.picture({2, 1, 7.5, {1, 2}}, 3, 4);
+  copy.picture({2, 1, 7.5, {1, 2}}, {3, 4});
   DisplayList again;
   copy.replay(again);
   EXPECT_EQ(again.lines().back(), "picture 3,4 tw 2x1 of 7.5 tw");

@@ -12,9 +12,9 @@ namespace {
 /// A sheet of 100 x 50 nominal pixels with a box in thin lines, filled in red.
 DisplayList sheetWithAFilledBox() {
   DisplayList list;
-  list.clear(1500, 750, kWhite);
+  list.clear({1500, 750}, kWhite);
   list.pen({});
-  list.box(150, 150, 600, 450);
+  list.box({150, 150}, {600, 450});
   list.filling({Colour::fromBgr(0x0000FF), kFillSolid});
   list.floodFill({20, 20}, kBlack);
   return list;
@@ -30,7 +30,7 @@ PictureCatcher caught(const DisplayList& list) {
 
 TEST(FloodPictures, FilledAreaIsAPictureInItsPlace) {
   DisplayList list = sheetWithAFilledBox();
-  list.line(0, 0, 15, 15);
+  list.line({0, 0}, {15, 15});
   const PictureCatcher sink = caught(list);
   ASSERT_EQ(sink.pictures.size(), 2U);
   EXPECT_EQ(sink.lines.size(), 7U);
@@ -39,10 +39,10 @@ TEST(FloodPictures, FilledAreaIsAPictureInItsPlace) {
   const Picture& picture = sink.pictures[1];
   // The lines are 15 twips wide, so the area inside reaches from 157.5 to 592.5 and from 157.5 to 442.5.
   EXPECT_EQ(picture.twipsPerPixel, 3.75);
-  EXPECT_NEAR(sink.places[2], 157.5, 3.75);
-  EXPECT_NEAR(sink.places[3], 157.5, 3.75);
-  EXPECT_NEAR(sink.places[2] + picture.width * 3.75, 592.5, 3.75);
-  EXPECT_NEAR(sink.places[3] + picture.height * 3.75, 442.5, 3.75);
+  EXPECT_NEAR(sink.corners[1].x, 157.5, 3.75);
+  EXPECT_NEAR(sink.corners[1].y, 157.5, 3.75);
+  EXPECT_NEAR(sink.corners[1].x + picture.width * 3.75, 592.5, 3.75);
+  EXPECT_NEAR(sink.corners[1].y + picture.height * 3.75, 442.5, 3.75);
   EXPECT_EQ(std::count(picture.pixels.begin(), picture.pixels.end(), kRed), picture.width * picture.height);
 }
 
@@ -54,8 +54,8 @@ TEST(FloodPictures, RimOfTheAreaIsUnderItsLines) {
   EXPECT_EQ(sink.lines[1].substr(0, 8), "picture ");
   // Three pixels of the four of the line, and as many of the area; nothing at the corners.
   const Picture &rim = sink.pictures[0], &area = sink.pictures[1];
-  EXPECT_EQ(sink.places[0], sink.places[2] - 3 * 3.75);
-  EXPECT_EQ(sink.places[1], sink.places[3] - 3 * 3.75);
+  EXPECT_EQ(sink.corners[0].x, sink.corners[1].x - 3 * 3.75);
+  EXPECT_EQ(sink.corners[0].y, sink.corners[1].y - 3 * 3.75);
   EXPECT_EQ(rim.width, area.width + 6);
   EXPECT_EQ(rim.height, area.height + 6);
   const auto pixel = [&rim](int x, int y) {
@@ -68,10 +68,10 @@ TEST(FloodPictures, RimOfTheAreaIsUnderItsLines) {
 
 TEST(FloodPictures, RimIsAboveTheAreaThatTheLinesAreDrawnOn) {
   DisplayList list;
-  list.clear(1500, 750, kWhite);
+  list.clear({1500, 750}, kWhite);
   list.pen({});
-  list.filledBox(150, 150, 600, 450, kWhite);
-  list.box(150, 150, 600, 450);
+  list.filledBox({150, 150}, {600, 450}, kWhite);
+  list.box({150, 150}, {600, 450});
   list.filling({Colour::fromBgr(0x0000FF), kFillSolid});
   list.floodFill({20, 20}, kBlack);
   const PictureCatcher sink = caught(list);
@@ -85,8 +85,8 @@ TEST(FloodPictures, RimIsAboveTheAreaThatTheLinesAreDrawnOn) {
 
 TEST(FloodPictures, EachSheetHasItsRims) {
   DisplayList list = sheetWithAFilledBox();
-  list.clear(1500, 750, kWhite);
-  list.box(150, 150, 300, 300);
+  list.clear({1500, 750}, kWhite);
+  list.box({150, 150}, {300, 300});
   list.floodFill({15, 15}, kBlack);
   const PictureCatcher sink = caught(list);
   ASSERT_EQ(sink.pictures.size(), 4U);
@@ -97,8 +97,8 @@ TEST(FloodPictures, EachSheetHasItsRims) {
 
 TEST(FloodPictures, AreaUpToTheGroundStaysOffTheGround) {
   DisplayList list;
-  list.clear(1500, 750, kWhite);
-  list.filledBox(150, 150, 600, 450, Colour::fromBgr(0x00FF00));
+  list.clear({1500, 750}, kWhite);
+  list.filledBox({150, 150}, {600, 450}, Colour::fromBgr(0x00FF00));
   list.filling({Colour::fromBgr(0x0000FF), kFillSolid});
   list.floodFill({20, 20}, kWhite);
   const PictureCatcher sink = caught(list);
@@ -122,7 +122,7 @@ TEST(FloodPictures, PixelsAndPensHaveTheirUnitsOnPaper) {
   // 600 dots to the inch: 6.25 to a nominal pixel
   DisplayList list;
   list.pen({kBlack, 50, kDrawSolid});
-  list.box(150, 150, 750, 750);
+  list.box({150, 150}, {750, 750});
   list.filling({Colour::fromBgr(0x0000FF), kFillSolid});
   list.floodFill({187, 187}, kBlack);
   BlockLetters letters;
@@ -130,13 +130,13 @@ TEST(FloodPictures, PixelsAndPensHaveTheirUnitsOnPaper) {
   replayAsVectors(list, sink, letters, {6.25, 0.16}, {1500, 1500});
   ASSERT_EQ(sink.pictures.size(), 2U);
   // a pen of 50 dots is 120 twips wide
-  EXPECT_NEAR(sink.places[2], 210, 3.75);
+  EXPECT_NEAR(sink.corners[1].x, 210, 3.75);
   EXPECT_NEAR(sink.pictures[1].width * 3.75, 480, 7.5);
 }
 
 TEST(FloodPictures, NothingFilledIsNoPicture) {
   DisplayList list;
-  list.clear(1500, 750, kWhite);
+  list.clear({1500, 750}, kWhite);
   list.filling({Colour::fromBgr(0x0000FF), kFillSolid});
   list.floodFill({20, 20}, kWhite);
   const PictureCatcher sink = caught(list);

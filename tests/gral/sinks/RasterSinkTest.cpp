@@ -202,8 +202,8 @@ TEST(RasterForms, RefreshIsPassedOn) {
 TEST(RasterForms, PicturesKeepTheirNaturalSize) {
   BlockLetters letters;
   RasterSink sink(2, letters);
-  sink.clear(300, 150, kWhite);
-  sink.picture({2, 1, 15, {0xFF000000, 0xFFFF0000}}, 15, 30);
+  sink.clear({300, 150}, kWhite);
+  sink.picture({2, 1, 15, {0xFF000000, 0xFFFF0000}}, {15, 30});
   EXPECT_EQ(sink.raster().at(2, 4), 0xFF000000U);
   EXPECT_EQ(sink.raster().at(3, 5), 0xFF000000U);
   EXPECT_EQ(sink.raster().at(4, 4), 0xFFFF0000U);
@@ -214,7 +214,7 @@ TEST(RasterForms, PicturesKeepTheirNaturalSize) {
 TEST(RasterSinks, TakeFinerPixelsOfOtherDevices) {
   BlockLetters letters;
   RasterSink sink(2, letters, 15);
-  sink.clear(300, 150, kWhite);
+  sink.clear({300, 150}, kWhite);
   sink.pen({});
   const PixelPoint line[] = {{30, 75}, {150, 75}};
   sink.polyline(line);

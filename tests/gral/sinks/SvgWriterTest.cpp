@@ -7,7 +7,7 @@ namespace {
 
 class Svg : public ::testing::Test {
  protected:
-  void SetUp() override { writer.clear(3000, 1500, kWhite); }
+  void SetUp() override { writer.clear({3000, 1500}, kWhite); }
   /// The document between the background and its end.
   std::string body() {
     const std::string document = writer.document();
@@ -39,18 +39,18 @@ TEST_F(Svg, HasTheNaturalSizeInPoints) {
 
 TEST_F(Svg, LinesOfOnePenAreOnePathAndJoinedWhereTheyMeet) {
   writer.pen({});
-  writer.line(1, 2, 3.456, 4);
-  writer.line(3.456, 4, -0.5, 0.001);
-  writer.line(7, 8, 9, 10);
+  writer.line({1, 2}, {3.456, 4});
+  writer.line({3.456, 4}, {-0.5, 0.001});
+  writer.line({7, 8}, {9, 10});
   EXPECT_EQ(body(),
             kBlackGroup + std::string("<path fill=\"none\" d=\"M1 2L3.46 4L-0.5 0M7 8L9 10\"/>\n</g>\n"));
 }
 
 TEST_F(Svg, NewPenBeginsANewGroup) {
   writer.pen({});
-  writer.line(1, 2, 3, 4);
+  writer.line({1, 2}, {3, 4});
   writer.pen({Colour::fromBgr(0x0000FF), 3, kDrawDot});
-  writer.line(3, 4, 5, 6);
+  writer.line({3, 4}, {5, 6});
   EXPECT_EQ(body(),
             kBlackGroup +
                 std::string("<path fill=\"none\" d=\"M1 2L3 4\"/>\n</g>\n"
@@ -60,7 +60,7 @@ TEST_F(Svg, NewPenBeginsANewGroup) {
 
 TEST_F(Svg, LongPathsAreCut) {
   writer.pen({});
-  for (int i = 0; i < 5000; ++i) writer.line(i, 0, i + 0.5, 10);
+  for (double i = 0; i < 5000; ++i) writer.line({i, 0}, {i + 0.5, 10});
   const std::string text = body();
   int paths = 0;
   for (std::size_t at = text.find("<path"); at != std::string::npos; at = text.find("<path", at + 1)) ++paths;
@@ -71,9 +71,9 @@ TEST_F(Svg, LongPathsAreCut) {
 TEST_F(Svg, ShapesAreElements) {
   writer.pen({});
   writer.filling({kWhite, kFillSolid});
-  writer.circle(10, 20, 5);
-  writer.box(1, 2, 3, 4);
-  writer.filledBox(1, 2, 3, 4, Colour::fromBgr(0x00FF00));
+  writer.circle({10, 20}, Twips(5));
+  writer.box({1, 2}, {3, 4});
+  writer.filledBox({1, 2}, {3, 4}, Colour::fromBgr(0x00FF00));
   const PixelPoint points[] = {{1, 2}, {3, 4}, {5, 6}, {7, 8}};
   writer.polyline(points);
   writer.bezier(points);
@@ -95,7 +95,7 @@ TEST_F(Svg, ShapesAreElements) {
 
 TEST_F(Svg, PixelsAreTurnedIntoTwips) {
   SvgWriter coarse(2, letters);
-  coarse.clear(3000, 1500, kWhite);
+  coarse.clear({3000, 1500}, kWhite);
   const PixelPoint points[] = {{1, 2}, {3, 4}};
   coarse.polyline(points);
   EXPECT_NE(coarse.document().find("d=\"M7.5 15L22.5 30\""), std::string::npos);
@@ -103,8 +103,8 @@ TEST_F(Svg, PixelsAreTurnedIntoTwips) {
 
 TEST_F(Svg, LettersStandAtTheirBaseLine) {
   writer.pen({Colour::fromBgr(0x0000FF), 1, kDrawSolid});
-  writer.text({100, 200, 10, 0, "Arial", "a<"});
-  writer.text({100, 200, 10, 30, "Symbol", "a"});
+  writer.text({{100, 200}, PointSize(10), 0, "Arial", "a<"});
+  writer.text({{100, 200}, PointSize(10), 30, "Symbol", "a"});
   EXPECT_EQ(body(),
             "<g stroke=\"#ff0000\" stroke-width=\"15\" fill=\"none\">\n"
             "<text stroke=\"none\" fill=\"#ff0000\" font-size=\"200\" transform=\"translate(100 200)\""
@@ -118,7 +118,7 @@ TEST_F(Svg, LettersStandAtTheirBaseLine) {
 TEST_F(Svg, EveryCodeGivesWellFormedText) {
   for (int code = 0; code < 256; ++code) {
     for (const char* font : {"Arial", "Symbol"}) {
-      writer.text({0, 0, 10, 0, font, std::string(1, static_cast<char>(code))});
+      writer.text({{0, 0}, PointSize(10), 0, font, std::string(1, static_cast<char>(code))});
     }
   }
   const std::string text = body();
@@ -130,9 +130,9 @@ TEST_F(Svg, EveryCodeGivesWellFormedText) {
 TEST_F(Svg, ClipRegionsAreDefinedAndUsed) {
   const PixelRect region{10, 20, 110, 50};
   writer.clip(&region);
-  writer.line(1, 2, 3, 4);
+  writer.line({1, 2}, {3, 4});
   writer.clip(nullptr);
-  writer.line(1, 2, 3, 4);
+  writer.line({1, 2}, {3, 4});
   EXPECT_EQ(definitions(),
             "<clipPath id=\"clip0\"><rect x=\"10\" y=\"20\" width=\"100\" height=\"30\"/></clipPath>\n");
   EXPECT_EQ(body(),
@@ -144,11 +144,11 @@ TEST_F(Svg, ClipRegionsAreDefinedAndUsed) {
 /// The slanted lines pass the corners of a cell, and short pieces fill what the neighbour cannot draw there.
 TEST_F(Svg, HatchesArePatterns) {
   writer.filling({Colour::fromBgr(0x00FF00), kFillUpward});
-  writer.circle(10, 20, 5);
+  writer.circle({10, 20}, Twips(5));
   writer.filling({Colour::fromBgr(0x00FF00), kFillSolid});
-  writer.circle(10, 20, 5);
+  writer.circle({10, 20}, Twips(5));
   writer.filling({Colour::fromBgr(0x00FF00), kFillUpward});
-  writer.circle(10, 20, 5);
+  writer.circle({10, 20}, Twips(5));
   EXPECT_EQ(definitions(),
             "<pattern id=\"hatch400ff00\" width=\"120\" height=\"120\" patternUnits=\"userSpaceOnUse\">"
             "<path stroke=\"#00ff00\" stroke-width=\"15\" "
@@ -166,14 +166,14 @@ TEST_F(Svg, EveryHatchHasItsLines) {
        "M0 120L120 0M-15 15l30 -30M105 135l30 -30M0 0L120 120M105 -15l30 30M-15 105l30 30\""}};
   for (const auto& [style, lines] : hatches) {
     writer.filling({kBlack, style});
-    writer.circle(1, 1, 1);
+    writer.circle({1, 1}, Twips(1));
     EXPECT_NE(definitions().find(lines), std::string::npos) << style;
   }
 }
 
 TEST_F(Svg, TransparentPenDrawsNoOutline) {
   writer.pen({kBlack, 1, kDrawTransparent});
-  writer.circle(1, 1, 1);
+  writer.circle({1, 1}, Twips(1));
   EXPECT_NE(body().find("<g stroke=\"none\""), std::string::npos);
 }
 
@@ -219,21 +219,21 @@ TEST_F(Svg, HatchedAreasWithoutAnOutlineHaveNone) {
 TEST_F(Svg, PictureOfOneColourIsOnePathHoweverLong) {
   Picture picture{200, 200, 15, {}};
   for (int i = 0; i < 200 * 200; ++i) picture.pixels.push_back((i / 200 + i) % 2 == 0 ? 0xFF0000FF : 0);
-  writer.picture(picture, 0, 0);
+  writer.picture(picture, {0, 0});
   const std::string text = body();
   EXPECT_GT(text.size(), 200000U);
   EXPECT_EQ(text.find("<path", text.find("<path") + 1), std::string::npos);
 }
 
 TEST_F(Svg, PicturesLeaveMissingPixelsAndJoinRowsThatAreAlike) {
-  writer.picture({2, 3, 15, {0, 0xFF0000FF, 0, 0xFF0000FF, 0xFF0000FF, 0}}, 100, 200);
+  writer.picture({2, 3, 15, {0, 0xFF0000FF, 0, 0xFF0000FF, 0xFF0000FF, 0}}, {100, 200});
   EXPECT_NE(
       body().find("<path stroke=\"none\" fill=\"#0000ff\" d=\"M115 200h15v30h-15zM100 230h15v15h-15z\"/>"),
       std::string::npos);
 }
 
 TEST_F(Svg, PicturesAreRunsOfOneColour) {
-  writer.picture({3, 1, 15, {0xFF0000FF, 0xFF0000FF, 0xFF102030}}, 100, 200);
+  writer.picture({3, 1, 15, {0xFF0000FF, 0xFF0000FF, 0xFF102030}}, {100, 200});
   EXPECT_NE(body().find("<path stroke=\"none\" fill=\"#0000ff\" d=\"M100 200h30v15h-30z\"/>\n"
                         "<path stroke=\"none\" fill=\"#102030\" d=\"M130 200h15v15h-15z\"/>\n"),
             std::string::npos);
@@ -241,10 +241,10 @@ TEST_F(Svg, PicturesAreRunsOfOneColour) {
 
 TEST_F(Svg, ClearingBeginsAnew) {
   writer.pen({});
-  writer.line(1, 2, 3, 4);
+  writer.line({1, 2}, {3, 4});
   writer.filling({kBlack, kFillCross});
-  writer.circle(10, 20, 5);
-  writer.clear(600, 300, Colour::fromBgr(0x0000FF));
+  writer.circle({10, 20}, Twips(5));
+  writer.clear({600, 300}, Colour::fromBgr(0x0000FF));
   const std::string document = writer.document();
   EXPECT_EQ(document.find("M1 2"), std::string::npos);
   EXPECT_EQ(document.find("<pattern"), std::string::npos);

@@ -10,7 +10,7 @@ namespace vk {
 
 ImageDevice::ImageDevice(QtLetters& letters, int pixelRatio, int shownRatio)
     : RasterSink(pixelRatio, letters),
-      Device(FormMetrics{0, 0, pixelRatio}, *this, letters),
+      Device(FormMetrics{{0, 0}, pixelRatio}, *this, letters),
       pixelRatio_(pixelRatio),
       shownRatio_(shownRatio) {
   if (shownRatio < 1 || pixelRatio % shownRatio != 0) throw RuntimeError(kInvalidCall);

@@ -54,10 +54,10 @@ PainterSink::~PainterSink() {
   flushLines();
 }
 
-void PainterSink::clear(double width, double height, Colour background) {
+void PainterSink::clear(const SheetSize& size, Colour background) {
   lines_ = QPainterPath();
   showWholeArea();
-  painter_.fillRect(QRectF(0, 0, width, height), colorOf(background));
+  painter_.fillRect(QRectF(0, 0, size.width, size.height), colorOf(background));
 }
 
 void PainterSink::pen(const Pen& pen) {
@@ -89,10 +89,10 @@ void PainterSink::flushLines() {
   lines_ = QPainterPath();
 }
 
-void PainterSink::line(double x1, double y1, double x2, double y2) {
-  const QPointF from(x1, y1);
+void PainterSink::line(const TwipPoint& a, const TwipPoint& b) {
+  const QPointF from = place(a);
   if (lines_.isEmpty() || lines_.currentPosition() != from) lines_.moveTo(from);
-  lines_.lineTo(x2, y2);
+  lines_.lineTo(place(b));
   if (lines_.elementCount() > kLongPath) flushLines();
 }
 
@@ -115,22 +115,22 @@ void PainterSink::drawArea(const QPainterPath& path, const QPen& outline) {
   painter_.drawPath(path);
 }
 
-void PainterSink::box(double x1, double y1, double x2, double y2) {
+void PainterSink::box(const TwipPoint& a, const TwipPoint& b) {
   // Dashes begin at the first corner.
-  QPainterPath path(QPointF(x1, y1));
-  for (const QPointF& corner : {QPointF(x2, y1), QPointF(x2, y2), QPointF(x1, y2)}) path.lineTo(corner);
+  QPainterPath path(place(a));
+  for (const QPointF& corner : {QPointF(b.x, a.y), place(b), QPointF(a.x, b.y)}) path.lineTo(corner);
   path.closeSubpath();
   stroke(path);
 }
 
-void PainterSink::filledBox(double x1, double y1, double x2, double y2, Colour color) {
+void PainterSink::filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) {
   flushLines();
-  painter_.fillRect(QRectF(QPointF(x1, y1), QPointF(x2, y2)).normalized(), colorOf(color));
+  painter_.fillRect(QRectF(place(a), place(b)).normalized(), colorOf(color));
 }
 
-void PainterSink::circle(double x, double y, double radius) {
+void PainterSink::circle(const TwipPoint& centre, Twips radius) {
   QPainterPath path;
-  path.addEllipse(QPointF(x, y), std::abs(radius), std::abs(radius));
+  path.addEllipse(place(centre), std::abs(radius.value()), std::abs(radius.value()));
   drawArea(path, pen_);
 }
 
@@ -163,10 +163,10 @@ QPen PainterSink::touchingOutline() const {
 void PainterSink::text(const TextRun& run) {
   flushLines();
   const bool symbol = isSymbolFont(run.fontName);
-  const double size = run.points * kTwipsPerPoint;
+  const double size = toTwips(run.size).value();
   painter_.save();
   painter_.setPen(pen_.color());
-  painter_.translate(run.x, run.y);
+  painter_.translate(place(run.place));
   painter_.rotate(-run.angle);
   double x = 0;
   for (const char c : run.text) {
@@ -185,7 +185,7 @@ void PainterSink::text(const TextRun& run) {
 void PainterSink::clip(const PixelRect* region) {
   flushLines();
   if (region == nullptr) return showWholeArea();
-  const QRectF limits(place({region->x1, region->y1}), place({region->x2, region->y2}));
+  const QRectF limits(place(PixelPoint{region->x1, region->y1}), place(PixelPoint{region->x2, region->y2}));
   painter_.setClipRect(area_.isNull() ? limits : limits & area_);
 }
 
@@ -194,12 +194,12 @@ void PainterSink::showWholeArea() {
   painter_.setClipRect(area_);
 }
 
-void PainterSink::picture(const Picture& picture, double x, double y) {
+void PainterSink::picture(const Picture& picture, const TwipPoint& corner) {
   flushLines();
-  const QRectF place(QPointF(x, y), QSizeF(picture.width, picture.height) * picture.twipsPerPixel);
-  if (picture.source) return drawAgain(*picture.source, place);
-  if (isStencil(picture)) return fillBoxes(picture, place.topLeft());
-  painter_.drawImage(place, imageWithHoles(picture));
+  const QRectF whole(place(corner), QSizeF(picture.width, picture.height) * picture.twipsPerPixel);
+  if (picture.source) return drawAgain(*picture.source, whole);
+  if (isStencil(picture)) return fillBoxes(picture, whole.topLeft());
+  painter_.drawImage(whole, imageWithHoles(picture));
 }
 
 void PainterSink::drawAgain(const PictureSource& source, const QRectF& place) {

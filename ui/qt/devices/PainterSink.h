@@ -17,13 +17,13 @@ class PainterSink : public DrawingSink {
               const QRectF& area = {});
   ~PainterSink() override;
 
-  void clear(double width, double height, Colour background) override;
+  void clear(const SheetSize& size, Colour background) override;
   void pen(const Pen& pen) override;
   void filling(const Filling& filling) override;
-  void line(double x1, double y1, double x2, double y2) override;
-  void box(double x1, double y1, double x2, double y2) override;
-  void filledBox(double x1, double y1, double x2, double y2, Colour color) override;
-  void circle(double x, double y, double radius) override;
+  void line(const TwipPoint& a, const TwipPoint& b) override;
+  void box(const TwipPoint& a, const TwipPoint& b) override;
+  void filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) override;
+  void circle(const TwipPoint& centre, Twips radius) override;
   void polyline(std::span<const PixelPoint> points) override;
   void bezier(std::span<const PixelPoint> points) override;
   void figure(std::span<const PixelPoint> points, bool fill, bool stroke) override;
@@ -32,7 +32,7 @@ class PainterSink : public DrawingSink {
   void text(const TextRun& run) override;
   void clip(const PixelRect* region) override;
   /// Draws the picture again where its source is known, else copies its pixels.
-  void picture(const Picture& picture, double x, double y) override;
+  void picture(const Picture& picture, const TwipPoint& corner) override;
   void refresh() override {}
 
  private:
@@ -40,6 +40,7 @@ class PainterSink : public DrawingSink {
   void drawAgain(const PictureSource& source, const QRectF& place);
   void fillBoxes(const Picture& stencil, const QPointF& corner);
   void flushLines();
+  static QPointF place(const TwipPoint& point) { return {point.x, point.y}; }
   QPointF place(const PixelPoint& point) const;
   QPainterPath path(std::span<const PixelPoint> points) const;
   void stroke(const QPainterPath& path);

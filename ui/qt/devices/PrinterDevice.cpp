@@ -36,7 +36,7 @@ void PrinterDevice::print() {
   if (painter == nullptr) return;
   PainterSink sink(*painter, fonts_, twipsPerContextPixel(), twipsPerContextPixel());
   const double unit = twipsPerContextPixel() / kNominalTwipsPerPixel;
-  replayAsVectors(*this, sink, fonts_, {1 / unit, unit}, {areaWidth(), areaHeight()});
+  replayAsVectors(*this, sink, fonts_, {1 / unit, unit}, area());
 }
 
 void PrinterDevice::dropDocument() {

@@ -36,7 +36,7 @@ class FormDrawing : public PictureSource {
 ScreenDevice::ScreenDevice(QtLetters& letters, int screenRatio)
     : ScreenParts{RasterSink(pixelRatioFor(screenRatio), letters), {}},
       TeeSink(rasterSink_, list_),
-      Device(FormMetrics{0, 0, pixelRatioFor(screenRatio)}, *this, letters),
+      Device(FormMetrics{{0, 0}, pixelRatioFor(screenRatio)}, *this, letters),
       screenRatio_(screenRatio),
       pixelRatio_(pixelRatioFor(screenRatio)),
       fonts_(letters) {
@@ -55,9 +55,9 @@ std::string ScreenDevice::svg() const {
 }
 
 // What was drawn before can no longer be seen.
-void ScreenDevice::clear(double width, double height, Colour background) {
+void ScreenDevice::clear(const SheetSize& size, Colour background) {
   list_.reset();
-  TeeSink::clear(width, height, background);
+  TeeSink::clear(size, background);
 }
 
 void ScreenDevice::formChanged() {

@@ -37,7 +37,7 @@ class ScreenDevice : private ScreenParts, private TeeSink, public Device {
   std::string svg() const;
 
  private:
-  void clear(double width, double height, Colour background) override;
+  void clear(const SheetSize& size, Colour background) override;
   void refresh() override;
   void formChanged() override;
   /// In the screen's pixels, with what it was drawn from.

@@ -12,7 +12,7 @@
 namespace vk {
 
 VectorDevice::VectorDevice(QtLetters& letters)
-    : Device(FormMetrics{0, 0, kPixelRatio}, *this, letters), fonts_(letters) {
+    : Device(FormMetrics{{0, 0}, kPixelRatio}, *this, letters), fonts_(letters) {
   Cls();
 }
 
@@ -21,7 +21,7 @@ std::string VectorDevice::svg() const {
 }
 
 std::string VectorDevice::pdf() const {
-  return pdfOf(*this, areaWidth(), areaHeight(), kPixelRatio, fonts_);
+  return pdfOf(*this, area(), kPixelRatio, fonts_);
 }
 
 std::string svgOf(const DisplayList& list, int pixelRatio, QtLetters& letters) {
@@ -30,7 +30,7 @@ std::string svgOf(const DisplayList& list, int pixelRatio, QtLetters& letters) {
   return writer.document();
 }
 
-std::string pdfOf(const DisplayList& list, double width, double height, int pixelRatio, QtLetters& letters) {
+std::string pdfOf(const DisplayList& list, const SheetSize& size, int pixelRatio, QtLetters& letters) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
@@ -38,7 +38,7 @@ std::string pdfOf(const DisplayList& list, double width, double height, int pixe
   writer.setCreator(QStringLiteral("Vor_Kel"));
   writer.setResolution(static_cast<int>(kTwipsPerInch));
   writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-  const QSizeF points(width / kTwipsPerPoint, height / kTwipsPerPoint);
+  const QSizeF points(size.width / kTwipsPerPoint, size.height / kTwipsPerPoint);
   writer.setPageSize(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch));
   QPainter painter;
   if (!painter.begin(&writer)) throw RuntimeError(kDeviceIoError);

@@ -27,8 +27,8 @@ class VectorDevice : private DisplayList, public Device {
   QtLetters& fonts_;
 };
 
-/// The drawing of a form as such files: its size in twips, `pixelRatio` pixels to the nominal one.
+/// The drawing of a form as such files: its size, and `pixelRatio` pixels to the nominal one.
 std::string svgOf(const DisplayList& list, int pixelRatio, QtLetters& letters);
-std::string pdfOf(const DisplayList& list, double width, double height, int pixelRatio, QtLetters& letters);
+std::string pdfOf(const DisplayList& list, const SheetSize& size, int pixelRatio, QtLetters& letters);
 
 }  // namespace vk

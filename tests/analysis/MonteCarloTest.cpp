@@ -19,17 +19,18 @@ class MonteCarloTest : public ModelTest {
   }
   /// The number that makes a maximum error of 32 this deviation.
   static float uniformFor(double deviation) { return static_cast<float>(0.5 - deviation / 64); }
-  /// Draws samples of these values in turn over bins of width 1 between -30.5 and 29.5.
-  bool sampleAll(const std::vector<double>& values) {
+  /// Draws samples of these values in turn over bins of a tenth of sigma around `F0`: with the usual ones of width 1
+  /// between -30.5 and 29.5.
+  bool sampleAll(const std::vector<double>& values, double F0 = 0, double sigma = 10) {
     std::vector<float> numbers;
     for (const double v : values) numbers.insert(numbers.end(), {0.5F, uniformFor(v)});
     set(1, 0, -32);
-    return sample(std::make_unique<CyclingRandom>(numbers));
+    return sample(std::make_unique<CyclingRandom>(numbers), F0, sigma);
   }
-  bool sample(std::unique_ptr<Random> random) {
+  bool sample(std::unique_ptr<Random> random, double F0 = 0, double sigma = 10) {
     RandomSource source(*random);
     MonteCarlo simulation(model, par, source, listener);
-    simulation.setUpBins({.F0 = 0, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 10});
+    simulation.setUpBins({.F0 = F0, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = sigma});
     end = simulation.run([this](const SampleStatistics& samples) { told.push_back(samples); });
     histogram = simulation.histogram();
     lastSample = simulation.values();
@@ -52,6 +53,15 @@ TEST_F(MonteCarloTest, LaysSixtyBinsOfATenthOfSigma) {
   sampleAll({0});
   EXPECT_EQ(histogram.McBinCount, 60);
   for (int b = 1; b <= 60; ++b) EXPECT_EQ(histogram.McBinCentre[b], -30 + (b - 1));
+}
+
+TEST_F(MonteCarloTest, BinsOfHalfAUnitAroundAnotherValue) {
+  EXPECT_TRUE(sampleAll({-11.75, -11.5, -11.3125, -11.25, 16.5, 16.75}, 2, 5));
+  EXPECT_EQ(histogram.McBinWidth, 0.5);
+  for (int b = 1; b <= 60; ++b) EXPECT_EQ(histogram.McBinCentre[b], -13 + (b - 1) / 2.0);
+  EXPECT_EQ(hits(4), 3 * 10000 / 6 + 1) << "from -11.75 on";
+  EXPECT_EQ(hits(5), 10000 / 6 + 1) << "from -11.25 on";
+  EXPECT_EQ(hits(60), 10000 / 6) << "up to 16.75";
 }
 
 TEST_F(MonteCarloTest, QUIRK_TheFirstBinNeverReceivesAHit) {

@@ -14,10 +14,15 @@ std::string MemoryFiles::find(const std::string& path) const {
 }
 
 std::int64_t MemoryFiles::size(const std::string& path) {
-  return static_cast<std::int64_t>(readAll(path).size());
+  return static_cast<std::int64_t>(bytesOf(path).size());
 }
 
 std::string MemoryFiles::readAll(const std::string& path) {
+  read.push_back(path);
+  return bytesOf(path);
+}
+
+const std::string& MemoryFiles::bytesOf(const std::string& path) const {
   if (const auto error = readError.find(path); error != readError.end()) throw RuntimeError(error->second);
   const std::string name = find(path);
   if (name.empty()) throw RuntimeError(kFileNotFound);

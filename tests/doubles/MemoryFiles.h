@@ -17,6 +17,7 @@ class MemoryFiles : public Files {
   std::map<std::string, int> readError;   ///< run-time error that reading this file raises
   std::map<std::string, int> writeError;  ///< run-time error that writing this file raises
   std::set<std::string> notWritable;      ///< files for which `canWrite` is false
+  std::vector<std::string> read;          ///< names in the order in which they were read
   std::vector<std::string> written;       ///< names in the order in which they were written
 
   bool FileExists(const std::string& path) override { return !find(path).empty(); }
@@ -33,6 +34,7 @@ class MemoryFiles : public Files {
 
  private:
   std::string find(const std::string& path) const;
+  const std::string& bytesOf(const std::string& path) const;
 };
 
 }  // namespace vk

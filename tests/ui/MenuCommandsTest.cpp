@@ -71,6 +71,42 @@ TEST_F(MainModTest, TheChosenGraphicFileRunsOnTheScreenAndOnThePrinter) {
   EXPECT_EQ(figurePrinter.documents(), 1);
 }
 
+TEST_F(MainModTest, ACommandReadsItsFileOnceAndEveryOtherCommandNone) {
+  const auto expectRead = [&](Control control, const std::vector<std::string>& names) {
+    files.read.clear();
+    mainMod.run(control);
+    EXPECT_EQ(files.read, names) << control;
+  };
+  start();
+  files.content["/a.dat"] = "x\r\ny\r\n3\r\n0 1 .1\r\n1 3 .1\r\n2 5.1 .1\r\n";
+  files.content["/f.fcn"] = "A,B\r\nA*x+B\r\nretta\r\n";
+  files.content["/g.gra"] = "\\XASSE(0,1,2,2,3,0)\r\n\\DATI(/a.dat)\r\n\\FUNZIONE(x)\r\n";
+  dialogs.pick("/a.dat");
+  expectRead(Control::MenDatLet, {"/a.dat"});
+  expectRead(Control::MenDatOld0, {"/a.dat"});
+  dialogs.pick("/f.fcn");
+  expectRead(Control::MenFunLet, {"/f.fcn"});
+  expectRead(Control::MenFunOld0, {"/f.fcn"});
+  functions.load(1);
+  expectRead(Control::MenFunCar, {});
+  functions.select(6, 1);
+  expectRead(Control::MenFunSel, {});
+  input.execute({"1", "1", "1", "1"});
+  expectRead(Control::MenAdaPar, {});
+  for (const Control control :
+       {Control::MenAdaAda, Control::MenGraDatVis, Control::MenGraFunVis, Control::MenGraDifVis}) {
+    expectRead(control, {});
+  }
+  dialogs.pick("/g.gra");
+  expectRead(Control::MenGraLetFil, {});
+  expectRead(Control::MenGraVisFil, {"/g.gra", "/a.dat"});
+  dialogs.pick("/a.dat");
+  expectRead(Control::MenDatMod, {"/a.dat"});
+  files.read.clear();
+  editor.MnuFilSav();
+  EXPECT_TRUE(files.read.empty()) << "the text is checked, not the file";
+}
+
 TEST_F(MainModTest, AClickIntoAFigureCanPutItAway) {
   start();
   readData();

@@ -15,7 +15,7 @@ void checkAndLoad(Session& session, Files& files, Dialogs& dialogs, const std::s
     throw UsageError(shownName(fileName) + ":\n" + terminalText(reading.errors));
   }
   if (reading.declaredCount != reading.data.NumPnt) {
-    dialogs.Get_Msg({.caption = std::string(kReadCaption) + kDataWord,
+    dialogs.Get_Msg({.caption = kReadCaption + WindowText(kDataWord),
                      .text = kCountsDiffer,
                      .captions = {kContinueButton}});
   }

@@ -9,8 +9,8 @@
 namespace vk {
 namespace {
 
-void tell(const std::string& title, const std::string& text) {
-  std::string lines = toUtf8(title + ": " + text, CodePage::kWindows1252);
+void tell(const WindowText& title, const WindowText& text) {
+  std::string lines = toUtf8(title + ": " + text);
   std::replace(lines.begin(), lines.end(), '\r', '\n');
   std::cerr << lines << '\n';
 }
@@ -96,7 +96,7 @@ int TerminalDialogs::Get_Msg(const MessageRequest& request) {
   return 1;
 }
 
-void TerminalDialogs::plainBox(const std::string& title, const std::string& text) {
+void TerminalDialogs::plainBox(const WindowText& title, const WindowText& text) {
   tell(title, text);
 }
 

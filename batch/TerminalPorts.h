@@ -29,7 +29,7 @@ std::string textOfWord(const std::string& word);
 class TerminalDialogs : public Dialogs {
  public:
   int Get_Msg(const MessageRequest& request) override;
-  void plainBox(const std::string& title, const std::string& text) override;
+  void plainBox(const WindowText& title, const WindowText& text) override;
   std::optional<std::string> fileDialog(const FileRequest& request) override;
 };
 

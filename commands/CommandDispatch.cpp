@@ -44,7 +44,7 @@ bool MainMod::guarded(const std::function<void()>& handler) {
     return true;
   } catch (...) {
     const RuntimeError error = presentRuntimeError();
-    guard([&] { ports_.dialogs.plainBox(kProgramTitle, error.message()); });
+    guard([&] { ports_.dialogs.plainBox(kProgramTitle, WindowText(error.message())); });
     if (before) before->goBack();
     return false;
   }

@@ -42,7 +42,7 @@ struct Command {
   Control control;
   std::string_view name;          ///< of the control
   std::optional<Control> parent;  ///< menu that holds it; none for the five top menus
-  std::string_view caption;       ///< Windows-1252, "&" before the access key
+  WindowText caption;             ///< "&" before the access key
   CommandKind kind;
   bool enabled;  ///< at start; the entries that follow the session's flags start off
   bool visible;

@@ -10,15 +10,15 @@
 namespace vk {
 namespace {
 
-const std::string kReadData = std::string(kReadCaption) + kDataWord;
+const WindowText kReadData = kReadCaption + WindowText(kDataWord);
 constexpr const char* kSaveData = "VOR_KEL: Salva con Nome File Dati";
-const std::string kReadGraphic = std::string(kReadCaption) + kGraphicWord;
+const WindowText kReadGraphic = kReadCaption + WindowText(kGraphicWord);
 constexpr const char* kDataFileErrors = "Errori nella Lettura del File Dati: ";
 constexpr const char* kTooFewData = "Il File Contiene Meno di 2 Dati!";
 
 constexpr int kFewestPoints = 2;
 
-void tell(Dialogs& dialogs, const std::string& text) {
+void tell(Dialogs& dialogs, const WindowText& text) {
   dialogs.Get_Msg({.caption = kReadData, .text = text, .icon = kExclamation, .captions = {kContinueButton}});
 }
 
@@ -26,7 +26,7 @@ void tellErrors(const Session& session, Ports& ports, const std::string& name, c
   if (session.settings.ShowErrors != kFalse) {
     ports.output.OutShow(reportRequest(kReadData + kErrorListSuffix, errors));
   } else {
-    tell(ports.dialogs, kDataFileErrors + name + "!");
+    tell(ports.dialogs, WindowText(kDataFileErrors + name + "!"));
   }
 }
 

@@ -13,12 +13,12 @@ constexpr const char* kPanelTitles[] = {"Dati: ", "Fun.: ", "Gra.: ", "Fun.Att.:
 constexpr const char* kYes = "SI";
 constexpr const char* kNo = "NO";
 
-std::string fileText(Flag known, const std::string& path) {
-  return known != kFalse ? trim(FileBaseName(path)) : kNoFile;
+WindowText fileText(Flag known, const std::string& path) {
+  return known != kFalse ? WindowText(trim(FileBaseName(path))) : kNoFile;
 }
 
-std::string yesOrNo(Flag flag) {
-  return flag != kFalse ? kYes : kNo;
+WindowText yesOrNo(Flag flag) {
+  return flag != kFalse ? WindowText(kYes) : kNo;
 }
 
 }  // namespace
@@ -43,7 +43,7 @@ void Msg(const Session& session, MainWindow& window) {
   const SessionDisplay display = sessionDisplay(session);
   for (const auto& [control, enabled] : display.enabled) window.setMenuEnabled(control, enabled);
   int panel = 0;
-  for (const std::string& text : display.panels) window.setPanel(++panel, text);
+  for (const WindowText& text : display.panels) window.setPanel(++panel, text);
 }
 
 void showSession(const Session& session, MainWindow& window) {

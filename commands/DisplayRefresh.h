@@ -16,7 +16,7 @@ struct SessionDisplay {
   /// Enable state by control. An entry that is only ever turned on stands here only when it is on; every other
   /// entry of the menus keeps the state it has.
   std::map<Control, bool> enabled;
-  std::array<std::string, 5> panels;  ///< texts of panels 1..5
+  std::array<WindowText, 5> panels;  ///< texts of panels 1..5
 };
 
 /// The display that follows from the session's flags, file names and stored figures.

@@ -11,7 +11,7 @@
 namespace vk {
 namespace {
 
-void edit(Session& session, Ports& ports, const std::string& word, Int16 kind) {
+void edit(Session& session, Ports& ports, const WindowText& word, Int16 kind) {
   std::string name;
   PickFile(session, ports, kEditCaption + word, name, kind, kPickForEditor);
   if (session.ErrFlag == 0) ports.editor.OpenEditor(name, kind);

@@ -25,7 +25,7 @@ constexpr const char* kWrongName[] = {"Specificazione File: ", " ERRATA!"};
 
 /// What the kinds of file differ in.
 struct KindOfFile {
-  const char* label;
+  WindowText label;
   std::string FileSettings::*folder;
   std::string FileSettings::*extension;
   RecentList FileSettings::*recent;
@@ -49,15 +49,15 @@ const KindOfFile& kindOf(Int16 kind) {
   return kKinds[static_cast<std::size_t>(kind - kDataKind)];
 }
 
-FileRequest requestFor(const Session& session, const std::string& caption, const std::string& name,
+FileRequest requestFor(const Session& session, const WindowText& caption, const std::string& name,
                        const KindOfFile& kind, Int16 mode) {
   const std::string& extension = session.files.*kind.extension;
   const std::string pattern = "*." + extension;
   return {.save = mode == kPickToSave,
           .caption = caption,
           .folder = session.files.*kind.folder,
-          .filter =
-              std::string(kAllFilesFilter) + kFileFilter + kind.label + " (" + pattern + ")|" + pattern + "|",
+          .filter = WindowText(kAllFilesFilter) + kFileFilter + kind.label +
+                    WindowText(" (" + pattern + ")|" + pattern + "|"),
           .filterIndex = 2,
           .proposedName = name,
           .defaultExtension = extension};
@@ -81,25 +81,25 @@ void rememberPlace(Session& session, const KindOfFile& kind, const std::string& 
 
 /// Tells that a file is missing; true when the user wants to choose another one.
 bool wantsAnotherFile(Dialogs& dialogs, const KindOfFile& kind, const std::string& name) {
-  const std::string label = kind.label;
-  return dialogs.Get_Msg({.caption = kReadCaption + label,
-                          .text = kMissingFile[0] + label + kMissingFile[1] + name + kMissingFile[2],
-                          .icon = kExclamation,
-                          .captions = {kContinueButton, kGiveUpButton}}) == 1;
+  return dialogs.Get_Msg(
+             {.caption = kReadCaption + kind.label,
+              .text = kMissingFile[0] + kind.label + kMissingFile[1] + WindowText(name) + kMissingFile[2],
+              .icon = kExclamation,
+              .captions = {kContinueButton, kGiveUpButton}}) == 1;
 }
 
 enum OverwriteAnswer : int { kReplace = 1, kOtherName = 2, kGiveUp = 3 };
 
-int askToOverwrite(Dialogs& dialogs, const std::string& caption) {
+int askToOverwrite(Dialogs& dialogs, const WindowText& caption) {
   return dialogs.Get_Msg({.caption = caption,
                           .text = kOverwriteQuestion,
                           .icon = kQuestion,
                           .captions = {kYesButton, kNoButton, kContinueButton}});
 }
 
-bool wantsToRetry(Dialogs& dialogs, const std::string& caption, const std::string& name) {
+bool wantsToRetry(Dialogs& dialogs, const WindowText& caption, const std::string& name) {
   return dialogs.Get_Msg({.caption = caption,
-                          .text = kWrongName[0] + name + kWrongName[1],
+                          .text = kWrongName[0] + WindowText(name) + kWrongName[1],
                           .icon = kExclamation,
                           .captions = {kRetryButton, kContinueButton}}) == 1;
 }
@@ -113,7 +113,7 @@ std::string inMenu(const std::string& path) {
 
 }  // namespace
 
-void PickFile(Session& session, Ports& ports, const std::string& caption, std::string& name, Int16 kind,
+void PickFile(Session& session, Ports& ports, const WindowText& caption, std::string& name, Int16 kind,
               Int16 mode) {
   session.ErrFlag = 0;
   const KindOfFile& which = kindOf(kind);
@@ -137,7 +137,7 @@ void PickFile(Session& session, Ports& ports, const std::string& caption, std::s
   if (mode == kPickExisting) rememberPlace(session, which, name);
 }
 
-bool pickFileToRead(Session& session, Ports& ports, const std::string& caption, Int16 kind,
+bool pickFileToRead(Session& session, Ports& ports, const WindowText& caption, Int16 kind,
                     std::string& name) {
   session.ErrFlag = 0;
   const RecentList& list = recentList(session, kind);
@@ -150,7 +150,7 @@ bool pickFileToRead(Session& session, Ports& ports, const std::string& caption, 
   return session.ErrFlag == 0;
 }
 
-bool pickFileToSave(Session& session, Ports& ports, const std::string& caption, Int16 kind,
+bool pickFileToSave(Session& session, Ports& ports, const WindowText& caption, Int16 kind,
                     std::string& name) {
   for (;;) {
     PickFile(session, ports, caption, name, kind, kPickToSave);
@@ -199,7 +199,7 @@ void showRecentFiles(const Session& session, MainWindow& window, Int16 kind) {
   const RecentList& list = recentList(session, kind);
   for (int entry = 1; entry <= list.RecentCount; ++entry) {
     const Control control = recentControl(kind, entry - 1);
-    window.setMenuCaption(control, "&" + std::to_string(entry) + " " + inMenu(list.files[entry]));
+    window.setMenuCaption(control, WindowText("&" + std::to_string(entry) + " " + inMenu(list.files[entry])));
     window.setMenuVisible(control, true);
   }
 }

@@ -24,7 +24,7 @@ constexpr int kNameColumn = 3, kSecondsColumn = 3;
 // Columns of the screen.
 constexpr int kIterationsScreen = 29, kRightScreen = 42, kNumberScreen = 53;
 
-const std::string kCaption = "VOR_KEL: Adattamento Funzione Dati";
+constexpr const char* kCaption = "VOR_KEL: Adattamento Funzione Dati";
 const std::string kMinimisation = "Minimizzazione";
 const std::string kRunning = "in Corso";
 const std::string kCompleted = "Completata";
@@ -171,7 +171,7 @@ void FitScreen::finished(const FitFinal& final) {
 
 void FitScreen::failed(const FitFailure& failure) {
   if (failure.end == MinimiseEnd::kNoEffect) {
-    ports_.dialogs.plainBox(kErrorTitle, "E(" + signedText(failure.parameter) + kTooSmall);
+    ports_.dialogs.plainBox(kErrorTitle, WindowText("E(" + signedText(failure.parameter) + kTooSmall));
   }
   ports_.output.FrmOut_Exit();
 }

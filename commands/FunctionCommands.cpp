@@ -9,7 +9,7 @@
 namespace vk {
 namespace {
 
-const std::string kReadFunctions = std::string(kReadCaption) + kFunctionsWord;
+const WindowText kReadFunctions = kReadCaption + WindowText(kFunctionsWord);
 constexpr const char* kFunctionFileErrors = "Errori nella Lettura del File Funzioni: ";
 
 /// The file has been read without error: its functions replace all that came from the file before.
@@ -37,7 +37,7 @@ void tellErrors(const Session& session, Ports& ports, const std::string& name) {
     ports.output.OutShow(request);
   } else {
     ports.dialogs.Get_Msg({.caption = kReadFunctions,
-                           .text = kFunctionFileErrors + name + "!",
+                           .text = WindowText(kFunctionFileErrors + name + "!"),
                            .icon = kExclamation,
                            .captions = {kContinueButton}});
   }

@@ -52,7 +52,7 @@ void makeFigure(Session& session, Dialogs& dialogs, const FigureSurface& surface
     texts = drawFigure(source, *values, drawing, listener);
     if (texts.failed != 0) session.ErrFlag = kTrue;
   } else if (kind == kFunctionFigure) {
-    dialogs.plainBox(kProgramTitle, std::string(kCurveFailed) + kPressToContinueClose);
+    dialogs.plainBox(kProgramTitle, kCurveFailed + WindowText(kPressToContinueClose));
   }
   session.figures.GraphText.at(static_cast<std::size_t>(kind)) = texts.graph;
   if (!values || kind == kDifferencesFigure) session.figures.DiffText = texts.differences;

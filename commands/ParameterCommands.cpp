@@ -82,7 +82,7 @@ bool EnterParameters(Session& session, InputForm& form, Flag mode) {
   const std::string& functionText = session.analysis.fun.FunctionText;
   const int half = halfWidth(functionText);
   InputTables& tables = session.input;
-  tables.caption = mode ? kPropagationCaption : kParametersCaption;
+  tables.caption = mode ? WindowText(kPropagationCaption) : kParametersCaption;
   tables.InpCols = 2 * half;
   tables.InpRows = par.ParCount + kFirstRow - mode;
   describeFrames(tables,

@@ -30,7 +30,7 @@ PlotWindow& newPlotWindow(Ports& ports) {
 void plotWindowClicked(Ports& ports, PlotWindow& plot) {
   const int action =
       ports.dialogs.Get_Msg({.owner = Form::kActivePlot,
-                             .caption = shortCaption(plot.device().Caption()),
+                             .caption = WindowText(shortCaption(plot.device().Caption())),
                              .captions = {kContinueButton, kLeaveButton, kCopyButton, kPrintButton}});
   switch (action) {
     case kExit:

@@ -11,18 +11,18 @@ constexpr const char* kNoFunction = "Funzione NON Definita!";
 constexpr const char* kNoParameters = "Parametri NON Definiti!";
 
 /// What of data and function is missing; empty when both are there.
-std::string missingInput(bool function, bool data) {
+WindowText missingInput(bool function, bool data) {
   if (!function && !data) return kNothingDefined;
   if (!data) return kNoData;
-  return function ? "" : kNoFunction;
+  return function ? WindowText() : kNoFunction;
 }
 
 }  // namespace
 
 bool canDrawFigure(const Session& session, Dialogs& dialogs, int figure) {
   const bool function = figure == kDataFigure || session.analysis.FunDefined != kFalse;
-  const std::string missing = missingInput(function, session.loaded.DataDefined != kFalse);
-  if (missing.empty()) return true;
+  const WindowText missing = missingInput(function, session.loaded.DataDefined != kFalse);
+  if (missing.bytes().empty()) return true;
   dialogs.plainBox(kProgramTitle, missing + kPressToContinue);
   return false;
 }
@@ -30,9 +30,9 @@ bool canDrawFigure(const Session& session, Dialogs& dialogs, int figure) {
 bool canFit(const Session& session, Ports& ports) {
   if ((session.analysis.ParVar & session.analysis.FunDefined & session.loaded.DataDefined) != kFalse)
     return true;
-  std::string missing =
+  WindowText missing =
       missingInput(session.analysis.FunDefined != kFalse, session.loaded.DataDefined != kFalse);
-  if (missing.empty()) missing = kNoParameters;
+  if (missing.bytes().empty()) missing = kNoParameters;
   ports.dialogs.plainBox(kErrorTitle, missing + kPressToContinueClose);
   return false;
 }

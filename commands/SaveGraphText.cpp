@@ -10,7 +10,7 @@ namespace {
 /// What the files of a figure are called.
 struct SavedText {
   const char* suffix;  ///< of the proposed name, behind that of the data file
-  const char* caption;
+  WindowText caption;
   int fileKind;
 };
 

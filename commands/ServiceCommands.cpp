@@ -15,7 +15,7 @@ void MenSerErr(Session& session, Ports& ports) {
 
 void MenSerCal(Session&, Ports& ports) {
   if (ports.process.start(joinPath(ports.files.programFolder(), "tabulo"))) return;
-  ports.dialogs.plainBox(kProgramTitle, std::string(kNoCalculator) + kPressToContinue);
+  ports.dialogs.plainBox(kProgramTitle, kNoCalculator + WindowText(kPressToContinue));
 }
 
 void MenSerImpDir(Session&, Ports& ports) {

@@ -143,7 +143,7 @@ bool acceptCorrections(Dialogs& dialogs, const SimulatedData& simulated, int fre
     report += correctionText(correction, simulated.settings, freeCount);
   }
   return dialogs.Get_Msg({.caption = kCorrectionsCaption,
-                          .text = kCorrectionsHead + report,
+                          .text = WindowText(kCorrectionsHead + report),
                           .icon = kExclamation,
                           .captions = {kGiveUpButton, kContinueButton}}) == kContinue;
 }

@@ -82,7 +82,7 @@ void TransformData(Session& session, Ports& ports) {
 }
 
 void tellBadFormula(Dialogs& dialogs, const TransformResult& result) {
-  dialogs.plainBox(kProgramTitle, kBadDefinition + result.badColumn + kPressToContinueClose);
+  dialogs.plainBox(kProgramTitle, WindowText(kBadDefinition + result.badColumn + kPressToContinueClose));
 }
 
 }  // namespace vk

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/EncodedText.h"
 #include "base/Int16.h"
 #include "platform/Form.h"
 #include "platform/Texts.h"
@@ -13,23 +14,23 @@ namespace vk {
 /// Pictures of the message dialog.
 enum MessageIcon : int { kNoIcon = 0, kQuestion = 1, kExclamation = 2, kInformation = 3, kStop = 4 };
 
-/// What `Get_Msg` shows. Texts are Windows-1252; a carriage return in `text` starts a new paragraph.
+/// What `Get_Msg` shows; a carriage return in `text` starts a new paragraph.
 struct MessageRequest {
   Form owner = Form::kMain;
-  std::string caption{};
-  std::string text{};
+  WindowText caption{};
+  WindowText text{};
   Int16 icon = kNoIcon;
-  std::vector<std::string> captions{};  ///< of the buttons, "&" before the access key
-  Int16 posX = 0;  ///< -2 right of, -1 left of, 0 centred on, 1 left edges, 2 right edges
-  Int16 posY = 0;  ///< -2 above, -1 below, 0 centred on, 1 bottom edges, 2 top edges
+  std::vector<WindowText> captions{};  ///< of the buttons, "&" before the access key
+  Int16 posX = 0;                      ///< -2 right of, -1 left of, 0 centred on, 1 left edges, 2 right edges
+  Int16 posY = 0;                      ///< -2 above, -1 below, 0 centred on, 1 bottom edges, 2 top edges
 };
 
 /// What the file dialog shows.
 struct FileRequest {
   bool save = false;
-  std::string caption{};
+  WindowText caption{};
   std::string folder{};            ///< shown first
-  std::string filter{};            ///< "label|pattern|label|pattern|"
+  WindowText filter{};             ///< "label|pattern|label|pattern|"
   Int16 filterIndex = 1;           ///< the selected pair, from 1
   std::string proposedName{};      ///< may be empty
   std::string defaultExtension{};  ///< given to a name to be saved that has none
@@ -44,7 +45,7 @@ class Dialogs {
   virtual int Get_Msg(const MessageRequest& request) = 0;
 
   /// The platform's plain box with one button.
-  virtual void plainBox(const std::string& title, const std::string& text) = 0;
+  virtual void plainBox(const WindowText& title, const WindowText& text) = 0;
 
   /// The file dialog: the full name chosen, or nothing when the user cancelled. It asks no question of its
   /// own about files that exist or do not.

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "base/EncodedText.h"
+
 namespace vk {
 
 /// The controls of the editor, of which one holds the text: the plain box, and the one for large files.
@@ -15,7 +17,7 @@ class EditorForm {
 
   /// Empties the control, gives it the text, and shows the editor, modeless, with the caret at the start and the
   /// palette closed. What was done to an earlier text cannot be undone.
-  virtual void showEditor(const std::string& caption, const std::string& text, EditControl control) = 0;
+  virtual void showEditor(const WindowText& caption, const std::string& text, EditControl control) = 0;
   /// The editor vanishes; its text stays until the next showing.
   virtual void hideEditor() = 0;
   /// The focus goes back to the control; the editor stays open.

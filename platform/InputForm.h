@@ -4,15 +4,16 @@
 #include <string>
 
 #include "base/Array.h"
+#include "base/EncodedText.h"
 #include "base/Int16.h"
 #include "platform/Form.h"
 
 namespace vk {
 
 /// The tables by which a command describes the input form and gets the accepted texts back. Arrays run from
-/// 1; element 0 stays unused. Rows and columns are character cells, from 1. Texts are code page 437.
+/// 1; element 0 stays unused. Rows and columns are character cells, from 1. Texts without a type of their own are code page 437.
 struct InputTables {
-  std::string caption;
+  WindowText caption;
   Int16 InpRows;        ///< rows of the grid, buttons not counted
   Int16 InpCols;        ///< columns of the grid
   Int16 InpFieldCount;  ///< number of fields

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <string>
-
+#include "base/EncodedText.h"
 #include "base/Int16.h"
 #include "platform/Control.h"
 #include "platform/Form.h"
 
 namespace vk {
 
-/// The main window `Vor_Kel` as commands see it. Texts are Windows-1252.
+/// The main window `Vor_Kel` as commands see it.
 class MainWindow {
  public:
   virtual ~MainWindow() = default;
@@ -18,11 +17,11 @@ class MainWindow {
   virtual void setMenuVisible(Control control, bool visible) = 0;
   virtual void setMenuChecked(Control control, bool checked) = 0;
   /// "&" stands before the access key, "&&" for the sign itself.
-  virtual void setMenuCaption(Control control, const std::string& caption) = 0;
+  virtual void setMenuCaption(Control control, const WindowText& caption) = 0;
 
   /// Text of a status panel, 1..5; the panel takes the size of its text.
-  virtual void setPanel(int panel, const std::string& text) = 0;
-  virtual void setCaption(const std::string& caption) = 0;
+  virtual void setPanel(int panel, const WindowText& text) = 0;
+  virtual void setCaption(const WindowText& caption) = 0;
 
   /// Shuts all input out on behalf of a form: one that wants its answer first, or one that shows a computation.
   /// The window opens when the last holder has released it, shown or minimised. Input that came meanwhile is dropped.

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/EncodedText.h"
 #include "base/Int16.h"
 #include "platform/CharGrid.h"
 #include "platform/Form.h"
@@ -18,18 +19,18 @@ struct OutputRequest {
   Form owner = Form::kMain;
   Int16 rows = 0;
   Int16 cols = 0;
-  std::vector<std::string> captions{};
-  std::string caption{};
+  std::vector<WindowText> captions{};
+  WindowText caption{};
   std::string text{};  ///< code page 437; text mode when it is not empty after trimming, else drawing mode
   /// A window that is still open stays beside the new one, to be read and closed by the user.
   bool beside = false;
 };
 
 /// The three buttons of nearly every report.
-inline const std::vector<std::string> kReportButtons{kContinueButton, kPrintButton, kCopyButton};
+inline const std::vector<WindowText> kReportButtons{kContinueButton, kPrintButton, kCopyButton};
 
 /// The window of the reports that list the errors of a file.
-inline OutputRequest reportRequest(const std::string& caption, const std::string& text) {
+inline OutputRequest reportRequest(const WindowText& caption, const std::string& text) {
   return {.rows = 25, .cols = 80, .captions = kReportButtons, .caption = caption, .text = text};
 }
 

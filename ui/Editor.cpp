@@ -13,7 +13,7 @@ namespace {
 
 // ---- Texts -------------------------------------------------------------------------------------------------
 
-constexpr std::array<const char*, 3> kKindWords{kDataWord, kFunctionsWord, kGraphicWord};
+constexpr std::array<WindowText, 3> kKindWords{kDataWord, kFunctionsWord, kGraphicWord};
 constexpr const char* kTheFile = "Il File ";
 constexpr const char* kNotRead = " NON puo` essere Letto!";
 constexpr const char* kNotSaved = " NON e` stato Salvato!";
@@ -74,28 +74,29 @@ std::string withoutTabs(const std::string& text) {
   return expanded;
 }
 
-const char* kindWord(Int16 kind) {
+const WindowText& kindWord(Int16 kind) {
   return kKindWords.at(static_cast<std::size_t>(kind - kDataKind));
 }
 
-std::string captionOf(const EditedFile& file) {
-  return kEditCaption + std::string(kindWord(file.kind));
+WindowText captionOf(const EditedFile& file) {
+  return kEditCaption + kindWord(file.kind);
 }
 
 /// "Dati: path", as most messages name the file.
-std::string nameOf(const EditedFile& file) {
-  return std::string(kindWord(file.kind)) + ": " + file.path;
+WindowText nameOf(const EditedFile& file) {
+  return kindWord(file.kind) + ": " + WindowText(file.path);
 }
 
 /// What tells the file of a text in front of the user: folders would leave no room for its name.
-std::string ownName(const EditedFile& file) {
-  return GetFileName(file.path);
+WindowText ownName(const EditedFile& file) {
+  return WindowText(GetFileName(file.path));
 }
 
 }  // namespace
 
-void Editor::tell(const EditedFile& file, const std::string& what, const RuntimeError& error) {
-  ports_.dialogs.plainBox(captionOf(file), what + "\n" + runtimeErrorText(error.number()) + kPressToContinue);
+void Editor::tell(const EditedFile& file, const WindowText& what, const RuntimeError& error) {
+  ports_.dialogs.plainBox(captionOf(file),
+                          what + WindowText("\n" + runtimeErrorText(error.number()) + kPressToContinue));
 }
 
 void Editor::OpenEditor(const std::string& path, Int16 kind) {
@@ -127,8 +128,8 @@ bool Editor::readText(const EditedFile& wanted, std::string& bytes) {
 }
 
 bool Editor::wantsToCreate(const EditedFile& wanted) {
-  return ports_.dialogs.Get_Msg({.caption = trim(kEditCaption),
-                                 .text = kCreateQuestion[0] + wanted.path + kCreateQuestion[1],
+  return ports_.dialogs.Get_Msg({.caption = WindowText(trim(kEditCaption)),
+                                 .text = kCreateQuestion[0] + WindowText(wanted.path) + kCreateQuestion[1],
                                  .icon = kQuestion,
                                  .captions = {kWideYesButton, kWideNoButton}}) == 1;
 }
@@ -181,19 +182,18 @@ std::optional<TextCheck> Editor::check(const std::string& text) {
 }
 
 void Editor::tellErrors(const std::string& report) {
-  switch (ports_.dialogs.Get_Msg(
-      {.owner = Form::kEditor,
-       .caption = captionOf(file_),
-       .text = std::string(kErrorsInFile) + kindWord(file_.kind) + ": " + ownName(file_) + " !",
-       .icon = kExclamation,
-       .captions = {kGoOnButton, kIgnoreButton, kShowErrorsButton}})) {
+  switch (ports_.dialogs.Get_Msg({.owner = Form::kEditor,
+                                  .caption = captionOf(file_),
+                                  .text = kErrorsInFile + kindWord(file_.kind) + ": " + ownName(file_) + " !",
+                                  .icon = kExclamation,
+                                  .captions = {kGoOnButton, kIgnoreButton, kShowErrorsButton}})) {
     case kGoOnEditing:
       return form_->focusEditor();
     case kIgnore:
       return close();
     case kShowErrors: {
       // QUIRK: reports of function files bear the caption of data files as well.
-      OutputRequest request = reportRequest(std::string(kReadCaption) + kDataWord + kErrorListSuffix, report);
+      OutputRequest request = reportRequest(kReadCaption + kKindWords[0] + kErrorListSuffix, report);
       request.owner = Form::kEditor;
       return ports_.output.OutShow(request);
     }

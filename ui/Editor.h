@@ -85,7 +85,7 @@ class Editor : public TextEditor {
   void tellErrors(const std::string& report);
   void close();
 
-  void tell(const EditedFile& file, const std::string& what, const RuntimeError& error);
+  void tell(const EditedFile& file, const WindowText& what, const RuntimeError& error);
 
   Session& session_;
   EditorPorts ports_;

@@ -16,7 +16,7 @@ MainPanels::MainPanels(Session& session, Files& files, MainWindow& window)
       session_(session),
       window_(window) {}
 
-void MainPanels::open(Panel panel, const char* caption) {
+void MainPanels::open(Panel panel, const WindowText& caption) {
   PanelClosed = kFalse;
   present_ = panel;
   window_.setCaption(caption);

@@ -48,7 +48,7 @@ class MainPanels : public SettingsPanels {
   Flag PanelClosed = kTrue;
 
  private:
-  void open(Panel panel, const char* caption);
+  void open(Panel panel, const WindowText& caption);
   void close();
 
   DirectoryPanel directory_;

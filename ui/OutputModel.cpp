@@ -14,7 +14,7 @@ constexpr int kTextBoxMargin = 300;
 constexpr double kBelowOwnersTop = 600;
 
 struct CommandOfCaption {
-  const char* caption;
+  WindowText caption;
   OutputCommand command;
 };
 constexpr std::array<CommandOfCaption, 4> kCommands{{{kContinueButton, OutputCommand::kContinue},
@@ -41,7 +41,7 @@ class OrientationFor {
 
 }  // namespace
 
-OutputCommand outputCommand(const std::string& caption) {
+OutputCommand outputCommand(const WindowText& caption) {
   for (const CommandOfCaption& entry : kCommands) {
     if (caption == entry.caption) return entry.command;
   }

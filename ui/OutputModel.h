@@ -29,7 +29,7 @@ struct OutputLayout {
 
 /// What a button does, by its caption.
 enum class OutputCommand { kNone, kContinue, kPrint, kCopy, kSaveFile };
-OutputCommand outputCommand(const std::string& caption);
+OutputCommand outputCommand(const WindowText& caption);
 
 class OutputModel : public GridOutput {
  public:

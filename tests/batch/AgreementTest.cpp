@@ -26,7 +26,7 @@ class Reader : public Dialogs {
  public:
   explicit Reader(std::string file) : file_(std::move(file)) {}
   int Get_Msg(const MessageRequest&) override { return 1; }
-  void plainBox(const std::string&, const std::string&) override {}
+  void plainBox(const WindowText&, const WindowText&) override {}
   std::optional<std::string> fileDialog(const FileRequest&) override {
     return std::exchange(file_, std::nullopt);
   }

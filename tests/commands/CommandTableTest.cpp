@@ -51,7 +51,7 @@ TEST(CommandTable, HasEveryCaptionWithItsAccessKey) {
   };
   std::map<std::string_view, std::string_view> found;
   for (const Command& command : commandTable()) {
-    if (command.kind != CommandKind::kRecent) found[command.name] = command.caption;
+    if (command.kind != CommandKind::kRecent) found[command.name] = command.caption.bytes();
   }
   EXPECT_EQ(found, captions);
 }

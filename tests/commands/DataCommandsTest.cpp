@@ -24,7 +24,7 @@ class DataCommandsTest : public testing::Test {
     read();
   }
   void save() { MenDatSav(session, TestPorts(files, dialogs)); }
-  void expectMessage(const std::string& caption, const std::string& text, std::vector<std::string> buttons) {
+  void expectMessage(const std::string& caption, const std::string& text, std::vector<WindowText> buttons) {
     ASSERT_EQ(dialogs.messages.size(), 1U);
     EXPECT_EQ(dialogs.messages[0].caption, caption);
     EXPECT_EQ(dialogs.messages[0].text, text);
@@ -84,7 +84,7 @@ TEST_F(DataCommandsTest, WithErrorsAndLongMessagesTheListIsShown) {
   const OutputRequest& request = output.requests[0];
   EXPECT_EQ(request.rows, 25);
   EXPECT_EQ(request.cols, 80);
-  EXPECT_EQ(request.captions, (std::vector<std::string>{"&Continua", "&Stampa", "Co&pia"}));
+  EXPECT_EQ(request.captions, (std::vector<WindowText>{"&Continua", "&Stampa", "Co&pia"}));
   EXPECT_EQ(request.caption, "VOR_KEL: Lettura File Dati - ERRORI");
   EXPECT_EQ(request.text, "***ERR. Linea 5; Dato 2: x\r\n   Dato NON numerico\r\n");
   EXPECT_EQ(session.ErrFlag, -1);
@@ -131,7 +131,7 @@ TEST_F(DataCommandsTest, FewerThanTwoPointsAreToldBehindTheWarning) {
   EXPECT_EQ(dialogs.messages[0].text, "Numero Dati Dichiarati Diverso da Numero Dati Trovati!");
   EXPECT_EQ(dialogs.messages[1].text, "Il File Contiene Meno di 2 Dati!");
   EXPECT_EQ(dialogs.messages[1].caption, "VOR_KEL: Lettura File Dati");
-  EXPECT_EQ(dialogs.messages[1].captions, (std::vector<std::string>{"&Continua"}));
+  EXPECT_EQ(dialogs.messages[1].captions, (std::vector<WindowText>{"&Continua"}));
   EXPECT_TRUE(acceptCounts(dialogs, 2, 2));
 }
 

@@ -84,7 +84,7 @@ TEST_F(FileSelectionTest, AMissingFileIsToldAndAskedForAgainWithAnEmptyName) {
   EXPECT_EQ(dialogs.fileRequests[1].proposedName, "");
   EXPECT_EQ(dialogs.messages[0].caption, "VOR_KEL: Lettura File Dati");
   EXPECT_EQ(dialogs.messages[0].text, "Il File Dati Specificato: /x/NONE.DAT NON Esiste!");
-  EXPECT_EQ(dialogs.messages[0].captions, (std::vector<std::string>{"&Continua", "&Rinuncia"}));
+  EXPECT_EQ(dialogs.messages[0].captions, (std::vector<WindowText>{"&Continua", "&Rinuncia"}));
   EXPECT_EQ(dialogs.messages[0].icon, kExclamation);
 }
 

@@ -10,7 +10,7 @@ TEST(FitScreen, OpensAWindowWithCaptionAndThreeButtons) {
   fit.start();
   EXPECT_TRUE(fit.output.isOpen());
   EXPECT_EQ(fit.output.request().caption, "VOR_KEL: Adattamento Funzione Dati");
-  EXPECT_THAT(fit.output.request().captions, testing::ElementsAre("&Continua", "&Stampa", "Co&pia"));
+  EXPECT_EQ(fit.output.request().captions, (std::vector<WindowText>{"&Continua", "&Stampa", "Co&pia"}));
   EXPECT_EQ(fit.output.request().owner, Form::kMain);
   EXPECT_EQ(fit.output.request().text, "");
   EXPECT_EQ(fit.grid().rows(), 11 + 2);

@@ -10,7 +10,7 @@ namespace vk {
 /// A whole form as text: one line for each frame, text and field.
 inline std::string describe(const InputTables& form) {
   std::ostringstream out;
-  out << form.caption << "\n"
+  out << form.caption.bytes() << "\n"
       << "rows " << form.InpRows << ", cols " << form.InpCols << ", fields " << form.InpFieldCount
       << ", frames " << form.InpFrameCount << ", texts " << form.InpTextCount << "\n";
   const auto place = [&](const auto& numbers) {

@@ -162,7 +162,7 @@ TEST_F(FunctionCommandsTest, ABadFileWithTheOptionOffIsToldInOneMessage) {
   const MessageRequest& message = dialogs.messages[0];
   EXPECT_EQ(message.caption, "VOR_KEL: Lettura File Funzioni");
   EXPECT_EQ(message.text, "Errori nella Lettura del File Funzioni: /LAB/BAD.FCN!");
-  EXPECT_THAT(message.captions, ElementsAre("&Continua"));
+  EXPECT_EQ(message.captions, (std::vector<WindowText>{"&Continua"}));
   EXPECT_EQ(message.icon, kExclamation);
   EXPECT_EQ(message.posX, 0);
   EXPECT_EQ(message.posY, 0);
@@ -184,7 +184,7 @@ TEST_F(FunctionCommandsTest, QuirkABadFileWithTheOptionOnShowsItsReportAndThenAn
   EXPECT_EQ(second.caption, "VOR_KEL: Lettura File Funzioni - ERRORI");
   EXPECT_EQ(second.rows, 25);
   EXPECT_EQ(second.cols, 80);
-  EXPECT_THAT(second.captions, ElementsAre("&Continua", "&Stampa", "Co&pia"));
+  EXPECT_EQ(second.captions, (std::vector<WindowText>{"&Continua", "&Stampa", "Co&pia"}));
   EXPECT_EQ(second.text, "");
   EXPECT_TRUE(second.beside);
   EXPECT_EQ(session.ErrFlag, 0);

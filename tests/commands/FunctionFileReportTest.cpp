@@ -89,7 +89,7 @@ TEST_F(FunctionFileTest, AFileWithErrorsShowsItsReportWithTheOptionOn) {
   EXPECT_EQ(shown.caption, "VOR_KEL: Lettura File Funzioni - Controllo File");
   EXPECT_EQ(shown.rows, 25);
   EXPECT_EQ(shown.cols, 80);
-  EXPECT_THAT(shown.captions, testing::ElementsAre("&Continua", "&Stampa", "Co&pia"));
+  EXPECT_EQ(shown.captions, (std::vector<WindowText>{"&Continua", "&Stampa", "Co&pia"}));
   EXPECT_EQ(shown.text, expected);
   EXPECT_EQ(session.TraceText, "");
   EXPECT_EQ(session.ErrFlag, kTrue);

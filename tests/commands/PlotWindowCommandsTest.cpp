@@ -20,7 +20,7 @@ class GralFrmTest : public FigureFixture {
   std::string captionOfTheDialog(const std::string& caption) {
     plot.form.setCaption(caption);
     click(kContinue);
-    return dialogs.messages.back().caption;
+    return std::string(dialogs.messages.back().caption.bytes());
   }
 
   RecordingPlotWindow& plot;
@@ -33,7 +33,7 @@ TEST_F(GralFrmTest, AClickAsksWhatToDo) {
   EXPECT_EQ(asked.owner, Form::kActivePlot);
   EXPECT_EQ(asked.caption, "VOR_KEL: Grafico Dati");
   EXPECT_EQ(asked.text, "");
-  EXPECT_EQ(asked.captions, (std::vector<std::string>{"&Continua", "&Esci", "Co&pia", "&Stampa"}));
+  EXPECT_EQ(asked.captions, (std::vector<WindowText>{"&Continua", "&Esci", "Co&pia", "&Stampa"}));
   EXPECT_EQ(asked.posX, 0);
   EXPECT_EQ(asked.posY, 0);
 }

@@ -35,7 +35,7 @@ TEST_F(FlatFunction, OpensAWindowWithFourButtons) {
   EXPECT_EQ(request.cols, 2 * 1 + 44);
   EXPECT_EQ(request.caption, "VOR_KEL: Propagazione Errori");
   EXPECT_EQ(request.text, "");
-  EXPECT_THAT(request.captions, ElementsAre("&Continua", "&Stampa", "Co&pia", "Salva &File"));
+  EXPECT_EQ(request.captions, (std::vector<WindowText>{"&Continua", "&Stampa", "Co&pia", "Salva &File"}));
 }
 
 TEST_F(FlatFunction, ShowsTheWholeScreen) {

@@ -109,7 +109,7 @@ TEST_F(RunGraphicFileTest, ErrorsAreShownOnTheFigureWhenTheUserWantsThem) {
   EXPECT_EQ(shown.owner, Form::kActivePlot);
   EXPECT_EQ(shown.rows, 25);
   EXPECT_EQ(shown.cols, 80);
-  EXPECT_EQ(shown.captions, (std::vector<std::string>{"&Continua", "&Stampa", "Co&pia"}));
+  EXPECT_EQ(shown.captions, (std::vector<WindowText>{"&Continua", "&Stampa", "Co&pia"}));
   EXPECT_EQ(shown.caption, "VOR_KEL: File Grafico - Controllo File");
   EXPECT_EQ(shown.text, "***\\NO() Comando Errato\r\n*** Parametri di SIMBOLO Errati\r\n");
 }

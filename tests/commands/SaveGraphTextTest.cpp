@@ -71,7 +71,7 @@ TEST_F(SaveGraphTextTest, AnExistingFileIsReplacedOnlyWhenTheUserSaysSo) {
   const MessageRequest& asked = dialogs.messages.back();
   EXPECT_EQ(asked.caption, "VOR_KEL: Salva File Grafico (Dati)");
   EXPECT_EQ(asked.text, "FILE  gia` Esistente: Sovrascrivo?");
-  EXPECT_EQ(asked.captions, (std::vector<std::string>{"&Si", "&No", "&Continua"}));
+  EXPECT_EQ(asked.captions, (std::vector<WindowText>{"&Si", "&No", "&Continua"}));
 
   dialogs.pick("A.GRA");
   dialogs.press(2);
@@ -95,7 +95,7 @@ TEST_F(SaveGraphTextTest, ANameThatCannotBeWrittenIsAskedForAgain) {
   dialogs.pick("A.GRA");
   save(3);
   EXPECT_EQ(dialogs.messages[0].text, "Specificazione File: /no/A.GRA ERRATA!");
-  EXPECT_EQ(dialogs.messages[0].captions, (std::vector<std::string>{"&Riprova", "&Continua"}));
+  EXPECT_EQ(dialogs.messages[0].captions, (std::vector<WindowText>{"&Riprova", "&Continua"}));
   EXPECT_EQ(files.written, std::vector<std::string>{"A.GRA"});
 }
 

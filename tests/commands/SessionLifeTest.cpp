@@ -64,7 +64,7 @@ class RandomDialogs : public Dialogs {
   int Get_Msg(const MessageRequest& request) override {
     return 1 + below(static_cast<int>(request.captions.size()));
   }
-  void plainBox(const std::string&, const std::string&) override {}
+  void plainBox(const WindowText&, const WindowText&) override {}
   std::optional<std::string> fileDialog(const FileRequest&) override {
     const int which = below(static_cast<int>(names_.size()) + 1);
     if (which == 0) return std::nullopt;

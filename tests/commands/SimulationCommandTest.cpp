@@ -50,7 +50,7 @@ class SimulationTest : public PropagationTest {
   std::string reportOf(const Fields& fields, int button = 1) {
     dialogs.press(button);
     simulate(fields);
-    return dialogs.messages.back().text;
+    return std::string(dialogs.messages.back().text.bytes());
   }
   std::vector<double> column(const Array<double>& values) const {
     const auto part = values.span(1, session.loaded.data.NumPnt);
@@ -215,7 +215,7 @@ TEST_F(SimulationTest, TheReportIsAQuestionWithTwoButtons) {
   const MessageRequest& message = dialogs.messages[0];
   EXPECT_EQ(message.caption, "Vor_Kel: Simulazione Dati");
   EXPECT_EQ(message.icon, 2);
-  EXPECT_THAT(message.captions, ElementsAre("&Rinuncia", "&Continua"));
+  EXPECT_EQ(message.captions, (std::vector<WindowText>{"&Rinuncia", "&Continua"}));
   EXPECT_EQ(message.posX, 0);
   EXPECT_EQ(message.posY, 0);
 }

@@ -30,8 +30,8 @@ TEST(StartUp, OtherwiseTheFoldersAreTheDocumentsOrTheCurrentOne) {
 }
 
 TEST(StartUp, ThePanelsBeginWithTheTextsOfTheLoadEvent) {
-  EXPECT_EQ(kStartPanels, (std::array<const char*, 5>{"Dati: Nessuno ", "Fun.: Nessuno ", "Grafici: Nessuno ",
-                                                      "Fun.Att.: NO ", "Par.Var.: NO "}));
+  EXPECT_EQ(kStartPanels, (std::array<WindowText, 5>{"Dati: Nessuno ", "Fun.: Nessuno ", "Grafici: Nessuno ",
+                                                     "Fun.Att.: NO ", "Par.Var.: NO "}));
 }
 
 TEST(StartUp, SetsTheStateOfEveryMenuEntry) {

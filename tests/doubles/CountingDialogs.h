@@ -11,7 +11,7 @@ class CountingDialogs : public Dialogs {
   int boxes = 0;
 
   int Get_Msg(const MessageRequest&) override { return 1; }
-  void plainBox(const std::string&, const std::string&) override { ++boxes; }
+  void plainBox(const WindowText&, const WindowText&) override { ++boxes; }
   std::optional<std::string> fileDialog(const FileRequest&) override { return std::nullopt; }
 };
 

@@ -130,9 +130,11 @@ class RecordingMainWindow : public MainWindow {
   void setMenuEnabled(Control control, bool on) override { menuEnabled[control] = on; }
   void setMenuVisible(Control control, bool on) override { menuVisible[control] = on; }
   void setMenuChecked(Control control, bool on) override { menuChecked[control] = on; }
-  void setMenuCaption(Control control, const std::string& text) override { menuCaption[control] = text; }
-  void setPanel(int panel, const std::string& text) override { panels[panel] = text; }
-  void setCaption(const std::string& text) override { caption = text; }
+  void setMenuCaption(Control control, const WindowText& text) override {
+    menuCaption[control] = text.bytes();
+  }
+  void setPanel(int panel, const WindowText& text) override { panels[panel] = text.bytes(); }
+  void setCaption(const WindowText& text) override { caption = text.bytes(); }
   void shut(Form holder) override;
   /// Fails the test when the holder has not shut the window.
   void release(Form holder) override;

@@ -17,10 +17,10 @@ class RecordingEditorForm : public EditorForm {
   bool palette = false;
   std::vector<std::string> calls;  ///< "show", "hide", "focus", "palette", "close palette" in order
 
-  void showEditor(const std::string& title, const std::string& shown, EditControl which) override {
+  void showEditor(const WindowText& title, const std::string& shown, EditControl which) override {
     calls.emplace_back("show");
     visible = true;
-    caption = title;
+    caption = title.bytes();
     text = shown;
     control = which;
     SelStart = SelLength = 0;

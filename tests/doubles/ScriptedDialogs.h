@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "doubles/TextComparison.h"
 #include "platform/Dialogs.h"
 
 namespace vk {
@@ -23,7 +24,7 @@ class ScriptedDialogs : public Dialogs {
   void pick(std::optional<std::string> name) { names_.push_back(std::move(name)); }
 
   int Get_Msg(const MessageRequest& request) override;
-  void plainBox(const std::string& title, const std::string& text) override;
+  void plainBox(const WindowText& title, const WindowText& text) override;
   std::optional<std::string> fileDialog(const FileRequest& request) override;
 
   struct Box {

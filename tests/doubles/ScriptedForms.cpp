@@ -42,14 +42,14 @@ ScriptedInputForm::~ScriptedInputForm() {
 bool ScriptedInputForm::InpShow(InputTables& tables, Form caller) {
   shown.push_back(tables);
   callers.push_back(caller);
-  if (answers_.empty()) ADD_FAILURE() << "unexpected input form: " << tables.caption;
+  if (answers_.empty()) ADD_FAILURE() << "unexpected input form: " << tables.caption.bytes();
   if (answers_.empty() || !answers_.front().executed) {
     if (!answers_.empty()) answers_.pop_front();
     return false;
   }
   const std::vector<std::string> fields = answers_.front().fields;
   answers_.pop_front();
-  EXPECT_EQ(static_cast<int>(fields.size()), tables.InpFieldCount) << "fields of: " << tables.caption;
+  EXPECT_EQ(static_cast<int>(fields.size()), tables.InpFieldCount) << "fields of: " << tables.caption.bytes();
   for (int i = 1; i <= tables.InpFieldCount && i <= static_cast<int>(fields.size()); ++i) {
     tables.InpValues[i] = fields[static_cast<std::size_t>(i - 1)];
   }

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "doubles/TextComparison.h"
 #include "platform/FunctionForms.h"
 #include "platform/GridOutput.h"
 #include "platform/InputForm.h"

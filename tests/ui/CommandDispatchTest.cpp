@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "tests/ui/MainModFixture.h"
 
 namespace vk {
@@ -32,14 +34,14 @@ TEST_F(MainModTest, TheWelcomeIsToldWithOneButton) {
   ASSERT_EQ(dialogs.messages.size(), 1u);
   const MessageRequest& welcome = dialogs.messages[0];
   EXPECT_EQ(welcome.caption, "VOR_KEL Versione Windows 98");
-  EXPECT_THAT(welcome.captions, ElementsAre("&Continua"));
+  EXPECT_EQ(welcome.captions, (std::vector<WindowText>{"&Continua"}));
   EXPECT_EQ(welcome.icon, kInformation);
   EXPECT_EQ(
-      welcome.text.substr(0, welcome.text.find("La guida")),
+      welcome.text.bytes().substr(0, welcome.text.bytes().find("La guida")),
       "La versione 1.0 di VOR_KEL per Windows 98 e` una versione preliminare che offre praticamente la "
       "stessa funzionalita` della versione 3.6 sviluppata per l'ambiente DOS.\rSi pregano gli utenti di "
       "segnalare i difetti di funzionamento che dovessero essere riscontrati.\r");
-  EXPECT_EQ(std::count(welcome.text.begin(), welcome.text.end(), '\r'), 3);
+  EXPECT_EQ(std::ranges::count(welcome.text.bytes(), '\r'), 3);
 }
 
 TEST_F(MainModTest, TheStartSoundsOnceBehindTheWelcomeAndBeforeTheRefresh) {
@@ -165,7 +167,7 @@ TEST_F(MainModTest, ModifyCommandsPickForTheEditor) {
     const FileRequest& asked = dialogs.fileRequests.at(0);
     EXPECT_EQ(asked.caption, c.caption);
     EXPECT_FALSE(asked.save);
-    EXPECT_NE(asked.filter.find(c.filter), std::string::npos) << asked.filter;
+    EXPECT_THAT(std::string(asked.filter.bytes()), testing::HasSubstr(c.filter));
     EXPECT_EQ(editorForm.caption, std::string(c.caption) + " nota.txt");
     EXPECT_TRUE(editorForm.visible);
     EXPECT_FALSE(window.enabled);

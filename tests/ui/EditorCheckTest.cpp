@@ -13,7 +13,7 @@ void expectReport(const OutputRequest& report) {
   EXPECT_EQ(report.owner, Form::kEditor);
   EXPECT_EQ(report.rows, 25);
   EXPECT_EQ(report.cols, 80);
-  EXPECT_THAT(report.captions, ElementsAre("&Continua", "&Stampa", "Co&pia"));
+  EXPECT_EQ(report.captions, (std::vector<WindowText>{"&Continua", "&Stampa", "Co&pia"}));
   EXPECT_EQ(report.caption, "VOR_KEL: Lettura File Dati - ERRORI");
 }
 
@@ -45,8 +45,8 @@ TEST_F(EditorTest, ErrorsAreToldWithTheFileAndThreeChoices) {
     EXPECT_EQ(dialogs.messages[0].text, "Errori nel File " + c.word + ": prova.txt !");
     EXPECT_EQ(dialogs.messages[0].icon, 2);
     EXPECT_EQ(dialogs.messages[0].owner, Form::kEditor);
-    EXPECT_THAT(dialogs.messages[0].captions,
-                ElementsAre("&Continua Modifica", "&Ignora e Esci", "&Visualizza Errori"));
+    EXPECT_EQ(dialogs.messages[0].captions,
+              (std::vector<WindowText>{"&Continua Modifica", "&Ignora e Esci", "&Visualizza Errori"}));
     EXPECT_EQ(files.content.at(kPath), c.bytes) << "it is written before it is checked";
   }
 }

@@ -13,7 +13,7 @@ TEST_F(EditorTest, AMissingFileIsMadeWhenTheUserWantsIt) {
   EXPECT_EQ(dialogs.messages[0].caption, "VOR_KEL: Modifica File");
   EXPECT_EQ(dialogs.messages[0].text, "FILE /lavoro/prova.txt NON Esistente: lo Creo?");
   EXPECT_EQ(dialogs.messages[0].icon, 1);
-  EXPECT_THAT(dialogs.messages[0].captions, ElementsAre("  &Si  ", "  &No  "));
+  EXPECT_EQ(dialogs.messages[0].captions, (std::vector<WindowText>{"  &Si  ", "  &No  "}));
   EXPECT_EQ(form.text, "");
   EXPECT_EQ(form.control, EditControl::kTxtEdiOld);
   EXPECT_THAT(files.written, IsEmpty());
@@ -51,7 +51,7 @@ TEST_F(EditorTest, AFileOf40001BytesIsAskedFor) {
                   ": /lavoro/prova.txt contiene piu` di 40000 caratteri!\rContinuando la Modifica File sara` "
                   "utilizzato un insieme di caratteri diverso da quello selezionato.");
     EXPECT_EQ(dialogs.messages[0].icon, 1);
-    EXPECT_THAT(dialogs.messages[0].captions, ElementsAre("&Rinuncia", "&Continua"));
+    EXPECT_EQ(dialogs.messages[0].captions, (std::vector<WindowText>{"&Rinuncia", "&Continua"}));
     EXPECT_EQ(form.control, EditControl::kTxtEdi);
     expectOpen();
     editor.MnuFilRin();

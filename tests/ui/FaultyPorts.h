@@ -96,8 +96,8 @@ class FaultyDialogs : public Dialogs {
   std::vector<std::string> boxes;
 
   int Get_Msg(const MessageRequest&) override { return fault_.pass(), button; }
-  void plainBox(const std::string&, const std::string& text) override {
-    fault_.pass(), boxes.push_back(text);
+  void plainBox(const WindowText&, const WindowText& text) override {
+    fault_.pass(), boxes.emplace_back(text.bytes());
   }
   std::optional<std::string> fileDialog(const FileRequest&) override { return fault_.pass(), file; }
 
@@ -117,13 +117,13 @@ class FaultyWindow : public RecordingMainWindow {
   void setMenuChecked(Control control, bool on) override {
     fault_.pass(), RecordingMainWindow::setMenuChecked(control, on);
   }
-  void setMenuCaption(Control control, const std::string& text) override {
+  void setMenuCaption(Control control, const WindowText& text) override {
     fault_.pass(), RecordingMainWindow::setMenuCaption(control, text);
   }
-  void setPanel(int panel, const std::string& text) override {
+  void setPanel(int panel, const WindowText& text) override {
     fault_.pass(), RecordingMainWindow::setPanel(panel, text);
   }
-  void setCaption(const std::string& text) override { fault_.pass(), RecordingMainWindow::setCaption(text); }
+  void setCaption(const WindowText& text) override { fault_.pass(), RecordingMainWindow::setCaption(text); }
   void refresh() override { fault_.pass(); }
   void toFront() override { fault_.pass(); }
   void setBackground(Int16 picture) override { fault_.pass(), RecordingMainWindow::setBackground(picture); }
@@ -295,7 +295,7 @@ class FaultyScreen : public NominalScreen {
 class FaultyEditorForm : public RecordingEditorForm {
  public:
   explicit FaultyEditorForm(PortFault& fault) : fault_(fault) {}
-  void showEditor(const std::string& title, const std::string& shown, EditControl which) override {
+  void showEditor(const WindowText& title, const std::string& shown, EditControl which) override {
     RecordingEditorForm::showEditor(title, shown, which), fault_.pass();
   }
   void focusEditor() override { fault_.pass(); }

@@ -12,8 +12,8 @@ constexpr double kLetter = 100;
 
 class MessageLayoutTest : public testing::Test {
  protected:
-  MessageLayout lay(const std::string& text, std::vector<std::string> captions, int icon = kNoIcon) {
-    request.text = text;
+  MessageLayout lay(const std::string& text, std::vector<WindowText> captions, int icon = kNoIcon) {
+    request.text = WindowText(text);
     request.captions = std::move(captions);
     request.icon = icon;
     return layoutMessage(request, font, around);

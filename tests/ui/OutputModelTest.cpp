@@ -12,7 +12,7 @@ constexpr FontSpec kFont{"Courier New", 10, 255};
 
 class OutputModelTest : public testing::Test {
  protected:
-  OutputLayout show(int rows, int cols, std::vector<std::string> captions, const std::string& text = "") {
+  OutputLayout show(int rows, int cols, std::vector<WindowText> captions, const std::string& text = "") {
     model.OutShow({Form::kMain, rows, cols, std::move(captions), "Titolo", text});
     return model.layout(kOutputCell, around);
   }

@@ -56,7 +56,7 @@ TEST_F(MainFormTest, TheMenusAreThoseOfTheTable) {
   EXPECT_EQ(top, (QStringList{"&Dati", "&Funzioni", "&Grafici", "&Adattamento", "&Servizi"}));
   for (const Command& command : commandTable()) {
     const QString name = QString::fromStdString(std::string(command.name));
-    const QString caption = QString::fromStdString(std::string(command.caption));
+    const QString caption = QString::fromStdString(std::string(command.caption.bytes()));
     if (command.kind == CommandKind::kMenu) {
       EXPECT_EQ(at<QMenu>(name)->title(), caption);
     } else {

@@ -14,8 +14,9 @@ class MessageFormTest : public testing::Test {
     bringToFront(&owner);
     windows.add(Form::kMain, &owner);
   }
-  int ask(std::vector<std::string> captions, const std::string& text = "Testo", int icon = kNoIcon) {
-    return form.ask({.caption = "Titolo", .text = text, .icon = icon, .captions = std::move(captions)});
+  int ask(std::vector<WindowText> captions, const std::string& text = "Testo", int icon = kNoIcon) {
+    return form.ask(
+        {.caption = "Titolo", .text = WindowText(text), .icon = icon, .captions = std::move(captions)});
   }
   void look(std::function<void(QWidget*)> at) {
     user.at("FrmMsg", std::move(at));

@@ -27,7 +27,7 @@ class OutputFormTest : public testing::Test {
     bringToFront(&owner);
     windows.add(Form::kMain, &owner);
   }
-  void open(std::vector<std::string> captions, const std::string& text = "", int rows = 10, int cols = 60) {
+  void open(std::vector<WindowText> captions, const std::string& text = "", int rows = 10, int cols = 60) {
     output.OutShow({Form::kMain, rows, cols, std::move(captions), "Titolo", text});
     ASSERT_TRUE(QTest::qWaitForWindowActive(&output.form()));
   }

@@ -124,7 +124,7 @@ TEST_F(QtPrinterTest, AFullDiskIsToldAndAnotherNameMayBeGiven) {
   dialogs.pick(folder / "c.pdf");
   model.printOn(printer, kFont);
   EXPECT_EQ(dialogs.messages[1].text, "Il File: " + full + " NON e` stato Scritto: Disco Pieno!");
-  EXPECT_EQ(dialogs.messages[1].captions, (std::vector<std::string>{"&Riprova", "&Continua"}));
+  EXPECT_EQ(dialogs.messages[1].captions, (std::vector<WindowText>{"&Riprova", "&Continua"}));
   EXPECT_EQ(folder.bytesOf("piena.pdf"), "vecchio");
   EXPECT_EQ(folder.bytesOf("c.pdf").substr(0, 4), "%PDF");
 }
@@ -161,7 +161,7 @@ TEST_F(QtPrinterTest, ANameThatCannotBeWrittenIsAskedForAgain) {
   dialogs.pick(folder / "c.pdf");
   model.printOn(printer, kFont);
   EXPECT_EQ(dialogs.messages[0].text, "Specificazione File: " + bad + " ERRATA!");
-  EXPECT_EQ(dialogs.messages[0].captions, (std::vector<std::string>{"&Riprova", "&Continua"}));
+  EXPECT_EQ(dialogs.messages[0].captions, (std::vector<WindowText>{"&Riprova", "&Continua"}));
   EXPECT_EQ(folder.bytesOf("c.pdf").substr(0, 4), "%PDF");
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "base/EncodedText.h"
 #include "platform/Texts.h"
 #include "ui/layout/Geometry.h"
 #include "ui/layout/TextMeasure.h"
@@ -14,7 +15,7 @@ inline constexpr const char* kScaleFrameCaption = "Ingrandimento Figure";
 inline constexpr std::array<const char*, 4> kScaleLegends{"Dati", "Dati e Funzione", "Differenze",
                                                           "File Grafico"};
 inline constexpr std::array<const char*, 2> kPaperOptions{"Orizzontale", "Verticale"};
-inline constexpr std::array<const char*, 2> kGraphicButtons{kGiveUpButton, kAcceptButton};
+inline constexpr std::array<WindowText, 2> kGraphicButtons{kGiveUpButton, kAcceptButton};
 
 /// Where everything stands in the graphic options panel, in twips. Places are within the frame that holds the
 /// control. The sizes follow from the texts, so that the panel fits its content.

@@ -18,12 +18,12 @@ struct Measures {
 
 Measures measure(const MessageRequest& request, const TextMeasure& font) {
   Measures m{};
-  for (const std::string& caption : request.captions) {
-    m.button = std::max(m.button, 1.2 * font.width(caption));
+  for (const WindowText& caption : request.captions) {
+    m.button = std::max(m.button, 1.2 * font.width(caption.bytes()));
   }
   m.gap = 0.2 * m.button;
   m.letter = font.width("A");
-  m.text = std::min<double>(MaxLineWidth(font, request.text), kLettersOfWidestText * m.letter);
+  m.text = std::min<double>(MaxLineWidth(font, request.text.bytes()), kLettersOfWidestText * m.letter);
   // QUIRK: the pitch comes from the width of the letter, not its height; the dialogs are spaced by it.
   m.linePitch = 2 * m.letter;
   return m;
@@ -143,7 +143,7 @@ Rect placeMessage(Size window, int posX, int posY, const Rect& owner, Size scree
 MessageLayout layoutMessage(const MessageRequest& request, const TextMeasure& font,
                             const MessageSurroundings& around) {
   const Measures m = measure(request, font);
-  const std::vector<std::string> lines = wrapAll(font, request.text, m.text);
+  const std::vector<std::string> lines = wrapAll(font, request.text.bytes(), m.text);
   const bool hasIcon = request.icon >= kQuestion && request.icon <= kStop;
   const double iconSpace = hasIcon ? around.icon.width + kMargin : 0;
   const double textHeight = std::max(0.0, (static_cast<double>(lines.size()) - 0.5) * m.linePitch);

@@ -95,10 +95,10 @@ void FrmEdi::buildFinding() {
   onKey(QKeySequence::FindPrevious, [this] { find_->find(true); });
 }
 
-void FrmEdi::showEditor(const std::string& caption, const std::string& text, EditControl control) {
+void FrmEdi::showEditor(const WindowText& caption, const std::string& text, EditControl control) {
   control_ = control;
   const bool plain = control == EditControl::kTxtEdiOld;
-  setWindowTitle(fromWindowText(caption));
+  setWindowTitle(fromText(caption));
   setAccessibleName(windowTitle());
   TxtEdiOld_->setVisible(plain);
   TxtEdi_->setVisible(!plain);

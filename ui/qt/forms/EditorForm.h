@@ -29,7 +29,7 @@ class FrmEdi : public QMainWindow, public EditorForm {
  public:
   FrmEdi(Editor& engine, const EditorServices& services);
 
-  void showEditor(const std::string& caption, const std::string& text, EditControl control) override;
+  void showEditor(const WindowText& caption, const std::string& text, EditControl control) override;
   void hideEditor() override;
   void focusEditor() override;
   std::string editorText() override { return box().bytes(); }

@@ -42,7 +42,7 @@ void FunctionForm::makeButtons() {
   CmdRin_ = makeButton("CmdRin", kGiveUpButton, false);
 }
 
-QPushButton* FunctionForm::makeButton(const char* name, const char* caption, bool accepts) {
+QPushButton* FunctionForm::makeButton(const char* name, const WindowText& caption, bool accepts) {
   auto* button = new AccessButton(fromCaption(caption), this);
   button->setObjectName(name);
   button->setAutoDefault(true);

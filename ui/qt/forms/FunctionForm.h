@@ -36,7 +36,7 @@ class FunctionForm : public QWidget {
   QPushButton* CmdRin_ = nullptr;
 
  private:
-  QPushButton* makeButton(const char* name, const char* caption, bool accepts);
+  QPushButton* makeButton(const char* name, const WindowText& caption, bool accepts);
   void end(bool accepted);
 
   const Windows& windows_;

@@ -15,7 +15,7 @@ namespace {
 
 constexpr Colour kSurface = Colour::fromChannels(214, 221, 228);
 
-QPushButton* makeButton(QWidget* form, const char* name, const char* caption) {
+QPushButton* makeButton(QWidget* form, const char* name, const WindowText& caption) {
   auto* button = new AccessButton(form);
   button->setObjectName(name);
   button->setText(fromCaption(caption));
@@ -79,7 +79,7 @@ void InpFrm::build(InputTables& tables, Form caller) {
   const FontMeasure button(formButtonFont(), FontMeasure::Texts::kGrid);
   engine_.open(tables, {windows_.place(caller), windows_.frame(), &grid, &button});
   const InputLayout& layout = engine_.layout();
-  setWindowTitle(fromWindowText(tables.caption));
+  setWindowTitle(fromText(tables.caption));
   setAccessibleName(windowTitle());
   const Size frame = windows_.frame();
   size_ = QSize(toPixels(layout.InpFormW - frame.width), toPixels(layout.InpFormH - frame.height));

@@ -66,7 +66,7 @@ void Vor_Kel::buildMenus() {
 
 void Vor_Kel::addMenu(const Command& entry) {
   QMenu* parent = entry.parent ? actions_.at(*entry.parent)->menu() : nullptr;
-  const QString caption = fromWindowText(entry.caption);
+  const QString caption = fromText(entry.caption);
   QMenu* menu = parent == nullptr ? menuBar()->addMenu(caption) : parent->addMenu(caption);
   menu->setObjectName(controlText(entry.name));
   menu->setAccessibleName(QString(caption).remove('&'));
@@ -75,7 +75,7 @@ void Vor_Kel::addMenu(const Command& entry) {
 }
 
 void Vor_Kel::addEntry(const Command& entry) {
-  QAction* action = actions_.at(entry.parent.value())->menu()->addAction(fromWindowText(entry.caption));
+  QAction* action = actions_.at(entry.parent.value())->menu()->addAction(fromText(entry.caption));
   action->setObjectName(controlText(entry.name));
   action->setEnabled(entry.enabled);
   action->setVisible(entry.visible);
@@ -156,21 +156,21 @@ void Vor_Kel::setMenuChecked(Control control, bool checked) {
   actions_.at(control)->setChecked(checked);
 }
 
-void Vor_Kel::setMenuCaption(Control control, const std::string& caption) {
+void Vor_Kel::setMenuCaption(Control control, const WindowText& caption) {
   // What follows a tab would be shown as a shortcut.
-  const QString whole = fromWindowText(caption).replace('\t', ' ');
+  const QString whole = fromText(caption).replace('\t', ' ');
   QAction* entry = actions_.at(control);
   entry->setText(shortenedCaption(whole, kLongestEntry));
   entry->setToolTip(plainCaption(whole));
   entry->setData(entry->text() != whole);
 }
 
-void Vor_Kel::setPanel(int panel, const std::string& text) {
-  panels_.at(static_cast<std::size_t>(panel) - 1)->setName(fromWindowText(text));
+void Vor_Kel::setPanel(int panel, const WindowText& text) {
+  panels_.at(static_cast<std::size_t>(panel) - 1)->setName(fromText(text));
 }
 
-void Vor_Kel::setCaption(const std::string& caption) {
-  setWindowTitle(fromWindowText(caption));
+void Vor_Kel::setCaption(const WindowText& caption) {
+  setWindowTitle(fromText(caption));
   setAccessibleName(windowTitle());
 }
 

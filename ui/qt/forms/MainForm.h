@@ -54,9 +54,9 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
   void setMenuEnabled(Control control, bool enabled) override;
   void setMenuVisible(Control control, bool visible) override;
   void setMenuChecked(Control control, bool checked) override;
-  void setMenuCaption(Control control, const std::string& caption) override;
-  void setPanel(int panel, const std::string& text) override;
-  void setCaption(const std::string& caption) override;
+  void setMenuCaption(Control control, const WindowText& caption) override;
+  void setPanel(int panel, const WindowText& text) override;
+  void setCaption(const WindowText& caption) override;
   void shut(Form holder) override;
   void release(Form holder) override;
   void refresh() override;

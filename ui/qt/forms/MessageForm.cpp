@@ -69,7 +69,7 @@ int FrmMsg::ask(const MessageRequest& request) {
 MessageSurroundings FrmMsg::surroundings(const MessageRequest& request) const {
   QFont title = font();
   title.setBold(true);
-  const double captionWidth = FontMeasure(title).width(request.caption) + toTwips(kTitleBarRest);
+  const double captionWidth = FontMeasure(title).width(request.caption.bytes()) + toTwips(kTitleBarRest);
   const double icon = toTwips(kIconPixels);
   return {windows_.place(request.owner),
           windows_.screenSize(request.owner),
@@ -81,9 +81,9 @@ MessageSurroundings FrmMsg::surroundings(const MessageRequest& request) const {
 
 void FrmMsg::build(const MessageRequest& request) {
   layout_ = layoutMessage(request, FontMeasure(font()), surroundings(request));
-  setWindowTitle(fromWindowText(request.caption));
+  setWindowTitle(fromText(request.caption));
   setAccessibleName(windowTitle());
-  setAccessibleDescription(fromWindowText(request.text));
+  setAccessibleDescription(fromText(request.text));
   setFixedSize(toPixels(layout_.content.width), toPixels(layout_.content.height));
   windows_.settle(*this, request.owner, layout_.form);
   showIcon(request.icon);

@@ -41,13 +41,13 @@ void FrmOut::OutShow(const OutputRequest& request) {
   model_.OutShow(request);
   setFont(toolkitFont(services_.FontEdit));
   cell_ = cellOf(font());
-  setWindowTitle(fromWindowText(request.caption));
+  setWindowTitle(fromText(request.caption));
   setAccessibleName(windowTitle());
 
   int widest = 0;
   const QFont buttonFont = toolkitFont(services_.FontLabel);
-  for (const std::string& caption : request.captions) {
-    widest = std::max(widest, FontMeasure(buttonFont).width(caption));
+  for (const WindowText& caption : request.captions) {
+    widest = std::max(widest, FontMeasure(buttonFont).width(caption.bytes()));
   }
   double buttonWidth = widest + kButtonPadding;
   if (!request.captions.empty()) {

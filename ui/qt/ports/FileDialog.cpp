@@ -114,9 +114,9 @@ void setColumns(QFileDialog& dialog) {
 
 }  // namespace
 
-std::vector<FileFilter> splitFilter(const std::string& filter) {
+std::vector<FileFilter> splitFilter(const WindowText& filter) {
   std::vector<std::string> parts(1);
-  for (const char c : filter) {
+  for (const char c : filter.bytes()) {
     if (c == '|') {
       parts.emplace_back();
     } else {
@@ -130,7 +130,7 @@ std::vector<FileFilter> splitFilter(const std::string& filter) {
 
 std::optional<std::string> askFileName(const FileRequest& request, QWidget* owner) {
   const std::vector<FileFilter> filters = splitFilter(request.filter);
-  QFileDialog dialog(owner, fromWindowText(request.caption));
+  QFileDialog dialog(owner, fromText(request.caption));
   dialog.setObjectName("FileDialog");
   dialog.setAccessibleName(dialog.windowTitle());
   // Dialogs of a desktop insist on files that exist, or ask before they overwrite; both questions are ours.

@@ -15,7 +15,7 @@ struct FileFilter {
   std::string label, pattern;
   bool operator==(const FileFilter&) const = default;
 };
-std::vector<FileFilter> splitFilter(const std::string& filter);
+std::vector<FileFilter> splitFilter(const WindowText& filter);
 
 /// The file dialog, modal. It takes any name, of a file that exists or not, and asks nothing by itself.
 std::optional<std::string> askFileName(const FileRequest& request, QWidget* owner);

@@ -38,12 +38,12 @@ QWidget* QtDialogs::inFront() const {
   return windows_.shown(Form::kMain);
 }
 
-void QtDialogs::plainBox(const std::string& title, const std::string& text) {
+void QtDialogs::plainBox(const WindowText& title, const WindowText& text) {
   QWidget* owner = inFront();
-  QMessageBox box(QMessageBox::NoIcon, fromWindowText(title), QString(), QMessageBox::Ok, owner);
+  QMessageBox box(QMessageBox::NoIcon, fromText(title), QString(), QMessageBox::Ok, owner);
   box.setObjectName("PlainBox");
   box.setTextFormat(Qt::PlainText);  // texts hold "<*>", which is no markup
-  box.setText(fromWindowText(text));
+  box.setText(fromText(text));
   box.setAccessibleName(box.windowTitle());
   box.exec();
   activate(owner);

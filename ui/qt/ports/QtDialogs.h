@@ -16,7 +16,7 @@ class QtDialogs : public Dialogs {
   QtDialogs(const Windows& windows, FrmMsg& message);
 
   int Get_Msg(const MessageRequest& request) override { return message_.ask(request); }
-  void plainBox(const std::string& title, const std::string& text) override;
+  void plainBox(const WindowText& title, const WindowText& text) override;
   std::optional<std::string> fileDialog(const FileRequest& request) override;
 
  private:

@@ -106,12 +106,12 @@ double QtPrinter::resolution() {
 
 bool QtPrinter::mayReplace(const std::string& name) {
   return dialogs_.Get_Msg({.caption = kPdfCaption,
-                           .text = "Il File: " + name + " Esiste: lo Sostituisco?",
+                           .text = "Il File: " + WindowText(name) + " Esiste: lo Sostituisco?",
                            .icon = kQuestion,
                            .captions = {"  &Si  ", "  &No  "}}) == 1;
 }
 
-bool QtPrinter::wantsOtherName(const std::string& text) {
+bool QtPrinter::wantsOtherName(const WindowText& text) {
   return dialogs_.Get_Msg({.caption = kPdfCaption,
                            .text = text,
                            .icon = kExclamation,
@@ -133,7 +133,7 @@ FileRequest QtPrinter::fileRequest() {
 bool QtPrinter::askForFile() {
   while (const std::optional<std::string> name = dialogs_.fileDialog(fileRequest())) {
     if (!files_.canWrite(*name)) {
-      if (!wantsOtherName("Specificazione File: " + *name + " ERRATA!")) return false;
+      if (!wantsOtherName("Specificazione File: " + WindowText(*name) + " ERRATA!")) return false;
     } else if (!files_.FileExists(*name) || mayReplace(*name)) {
       fileName_ = *name;
       folder_ = folderOf(*name);
@@ -226,9 +226,10 @@ void QtPrinter::writeFile(const std::string& document) {
     try {
       return files_.writeAll(fileName_, document);
     } catch (const RuntimeError& error) {
-      const std::string reason =
-          error.number() == kDeviceIoError ? "Disco Pieno" : runtimeErrorText(error.number());
-      if (!wantsOtherName("Il File: " + fileName_ + " NON e` stato Scritto: " + reason + "!")) return;
+      const WindowText reason =
+          error.number() == kDeviceIoError ? "Disco Pieno" : WindowText(runtimeErrorText(error.number()));
+      if (!wantsOtherName("Il File: " + WindowText(fileName_) + " NON e` stato Scritto: " + reason + "!"))
+        return;
     }
     if (!askForFile()) return;
   }

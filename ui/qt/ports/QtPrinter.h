@@ -50,7 +50,7 @@ class QtPrinter : public Printer {
   FileRequest fileRequest();
   bool askForFile();
   bool mayReplace(const std::string& name);
-  bool wantsOtherName(const std::string& text);
+  bool wantsOtherName(const WindowText& text);
   void begin();
   void scaleToTwips();
   void writeFile(const std::string& document);

@@ -119,8 +119,12 @@ QString fromWindowText(std::string_view text) {
   return utf8.hasError() ? fromPage(text, CodePage::kWindows1252) : decoded;
 }
 
-QString fromCaption(std::string_view caption) {
-  QString text = fromWindowText(caption);
+QString fromText(const WindowText& text) {
+  return fromWindowText(text.bytes());
+}
+
+QString fromCaption(const WindowText& caption) {
+  QString text = fromText(caption);
   const qsizetype access = text.indexOf('&');
   for (qsizetype i = text.lastIndexOf('&'); i > access; i = text.lastIndexOf('&', i - 1)) text.insert(i, '&');
   return text.replace('\t', ' ');

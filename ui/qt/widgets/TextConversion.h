@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/EncodedText.h"
+
 /// The border between the 8-bit texts of the program and the toolkit's strings.
 namespace vk {
 
@@ -31,9 +33,10 @@ bool fitsCp437(const QString& text);
 /// A text of menus, captions and boxes: Windows-1252. File names in it are the system's own bytes, so a text
 /// that is valid UTF-8 is read as that.
 QString fromWindowText(std::string_view text);
+QString fromText(const WindowText& text);
 
 /// A caption in which the first "&" marks the access key; every other "&", of a path say, is shown as it is.
-QString fromCaption(std::string_view caption);
+QString fromCaption(const WindowText& caption);
 
 /// A caption of a menu in which "&&" is the sign itself, as plain text.
 QString plainCaption(const QString& caption);

@@ -42,6 +42,7 @@ awk '
       if ($0 ~ /include[[:space:]]*"/) target = library_of(header)
       else if (header ~ /^Q[A-Zt]/) target = "Qt"
       else if (header ~ /^CLI\//) target = "CLI"
+      else if (header ~ /^qpdf\//) target = "PDF"
       else if (header ~ /\.h$/) target = "System"
       else next
       if (own == "" || target == own || permits(allowed[own], target)) next

@@ -128,23 +128,51 @@ VectorContent::Letter svgLetter(const QXmlStreamReader& xml) {
           -rotation};
 }
 
-/// Runs the operators of a page that the toolkit writes.
-class PdfPage {
+/// The unpacked stream of an object of a PDF file.
+std::string streamOf(const std::string& bytes, const std::string& number) {
+  const std::size_t object = bytes.find("\n" + number + " 0 obj");
+  const std::size_t start = bytes.find("stream\n", object) + 7, end = bytes.find("endstream", start);
+  QByteArray packed(4, '\x7F');  // the most that may come out
+  packed[0] = 0x01;
+  packed += QByteArray(bytes.data() + start, static_cast<qsizetype>(end - start));
+  return qUncompress(packed).toStdString();
+}
+
+/// The numbers of the objects that an entry refers to: one, or several in brackets.
+std::vector<std::string> objectsOf(const std::string& bytes, const std::string& entry) {
+  const std::size_t start = bytes.find(entry + " ") + entry.size() + 1;
+  const std::size_t end = bytes[start] == '[' ? bytes.find(']', start) : bytes.find('R', start);
+  std::vector<std::string> numbers{""};
+  for (const char c : bytes.substr(start, end - start)) {
+    if (std::isdigit(static_cast<unsigned char>(c)) != 0) {
+      numbers.back() += c;
+    } else if (!numbers.back().empty()) {
+      numbers.emplace_back();
+    }
+  }
+  std::erase(numbers, "");
+  std::erase(numbers, "0");
+  return numbers;
+}
+
+/// Runs the operators of a page.
+class PdfOperators {
  public:
   /// `pageHeight` in points. The file counts from the bottom of the page.
-  PdfPage(VectorContent& content, double pageHeight) : content_(content) {
+  PdfOperators(VectorContent& content, const std::string& bytes, double pageHeight)
+      : content_(content), bytes_(bytes) {
     now_.toTwips = QTransform(20, 0, 0, -20, 0, 20 * pageHeight);
   }
 
   void run(const std::string& stream) {
     std::string word;
     for (const char c : stream + " ") {
-      if (c != ' ' && c != '\n' && c != '\r') {
-        word += c;
-      } else if (!word.empty()) {
+      const bool blank = c == ' ' || c == '\n' || c == '\r';
+      if ((blank || c == '/') && !word.empty()) {
         take(word);
         word.clear();
       }
+      if (!blank) word += c;
     }
   }
 
@@ -159,8 +187,18 @@ class PdfPage {
       numbers_.push_back(scanNumber(word));
       return;
     }
+    if (word[0] == '/') {
+      name_ = word;
+      return;
+    }
+    if (word == "Do") return object();
     if (!state(word) && !path(word) && !paint(word)) text(word);
     numbers_.clear();
+  }
+  void object() {
+    const State before = now_;
+    run(streamOf(bytes_, objectsOf(bytes_, name_).at(0)));
+    now_ = before;
   }
   double n(std::size_t i) const { return numbers_.at(i); }
   QPointF mapped(std::size_t i) const { return now_.toTwips.map(QPointF(n(i), n(i + 1))); }
@@ -233,6 +271,8 @@ class PdfPage {
   }
 
   VectorContent& content_;
+  const std::string& bytes_;
+  std::string name_;
   std::vector<double> numbers_;
   State now_;
   std::vector<State> saved_;
@@ -241,24 +281,6 @@ class PdfPage {
   QTransform textMatrix_;
   double size_ = 0;
 };
-
-/// The uncompressed streams of a PDF file that look like a page.
-std::string pageStream(const std::string& bytes) {
-  std::string best;
-  for (std::size_t at = bytes.find("stream\n"); at != std::string::npos;
-       at = bytes.find("stream\n", at + 1)) {
-    const std::size_t start = at + 7, end = bytes.find("endstream", start);
-    if (end == std::string::npos) break;
-    at = end;
-    if (bytes[start] != 'x') continue;  // not packed
-    QByteArray packed(4, '\x7F');       // the most that may come out
-    packed[0] = 0x01;
-    packed += QByteArray(bytes.data() + start, static_cast<qsizetype>(end - start));
-    const std::string stream = qUncompress(packed).toStdString();
-    if (stream.find(" cm\n") != std::string::npos && stream.size() > best.size()) best = stream;
-  }
-  return best;
-}
 
 }  // namespace
 
@@ -304,7 +326,8 @@ VectorContent readPdf(const std::string& bytes) {
   VectorContent content;
   const std::size_t box = bytes.find("/MediaBox [");
   const auto size = numbersIn(bytes.substr(box, bytes.find(']', box) - box));
-  PdfPage(content, size.at(3)).run(pageStream(bytes));
+  PdfOperators page(content, bytes, size.at(3));
+  for (const std::string& object : objectsOf(bytes, "/Contents")) page.run(streamOf(bytes, object));
   return content;
 }
 

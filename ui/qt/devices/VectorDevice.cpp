@@ -1,13 +1,8 @@
 #include "ui/qt/devices/VectorDevice.h"
 
-#include <QBuffer>
-#include <QPageSize>
-#include <QPdfWriter>
-
-#include "base/RuntimeError.h"
 #include "gral/sinks/FloodPictures.h"
 #include "gral/sinks/SvgWriter.h"
-#include "ui/qt/devices/PainterSink.h"
+#include "ui/qt/devices/PdfPage.h"
 
 namespace vk {
 
@@ -31,23 +26,9 @@ std::string svgOf(const DisplayList& list, int pixelRatio, QtLetters& letters) {
 }
 
 std::string pdfOf(const DisplayList& list, const SheetSize& size, int pixelRatio, QtLetters& letters) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  QPdfWriter writer(&buffer);
-  writer.setCreator(QStringLiteral("Vor_Kel"));
-  writer.setResolution(static_cast<int>(kTwipsPerInch));
-  writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-  const QSizeF points(size.width / kTwipsPerPoint, size.height / kTwipsPerPoint);
-  writer.setPageSize(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch));
-  QPainter painter;
-  if (!painter.begin(&writer)) throw RuntimeError(kDeviceIoError);
-  {
-    PainterSink sink(painter, letters, kNominalTwipsPerPixel / pixelRatio, kNominalTwipsPerPixel);
-    replayAsVectors(list, sink, letters, {static_cast<double>(pixelRatio), 1});
-  }
-  painter.end();
-  return bytes.toStdString();
+  PdfPage page(size, pixelRatio, letters);
+  replayAsVectors(list, page, letters, {static_cast<double>(pixelRatio), 1});
+  return page.document();
 }
 
 }  // namespace vk

@@ -38,9 +38,4 @@ inline double sqrt(double x) {
   return finite(std::sqrt(x));
 }
 
-/// e to the x; beyond the range of a double is run-time error 6.
-inline double exp(double x) {
-  return finite(std::exp(x));
-}
-
 }  // namespace vk::checked

@@ -48,6 +48,9 @@ layers refused tabulo/A.cpp '#include "ui/qt/forms/A.h"'
 layers refused base/A.cpp '#include "nowhere/A.h"'
 layers refused expr/A.cpp '#include "session/Session.h"'
 layers refused gral/A.cpp '#include "gral/sinks/A.h"'
+layers refused numeric/simd/A.cpp '#include "numeric/Elementary.h"'
+layers refused expr/A.cpp '#include <sleef.h>'
+layers held numeric/simd/A.cpp '#include <sleef.h>'
 layers held commands/A.cpp '#include "session/Session.h"'
 layers held ui/qt/widgets/A.cpp '#include <QtWidgets>'
 layers held batch/A.cpp '#include "ui/qt/devices/A.h"'
@@ -115,4 +118,20 @@ expect "TOO MUCH" structure "a checkout beyond every limit"
 [ "$(grep -c "TOO MUCH" "$made/said")" = "$(grep -c "(at most" "$made/said")" ] || { cat "$made/said"; exit 1; }
 file platform/Dialogs.h 'class Boxes;'
 expect "there is no Dialogs" structure "a port with another name"
+
+begin
+symbols() { # "held" or "refused", the source of the kernels, that of a library
+  local said=refused
+  file kernels.cpp "$2"
+  file library.cpp "$3"
+  g++ -c "$made/kernels.cpp" -o "$made/kernels.o"
+  g++ -c "$made/library.cpp" -o "$made/library.o"
+  "$made/checks/symbols.sh" "$made/kernels.o" "$made/library.o" > "$made/said" && said=held
+  [ "$said" = "$1" ] || { echo "checks/symbols.sh: $2 $3 is not $1"; cat "$made/said"; exit 1; }
+}
+kernels='static double twice(double x) { return 2 * x; } extern double (*const kTable)(double) = twice;'
+library='extern "C" double sqrt(double x); double f(double x) { return sqrt(x); }'
+symbols held "$kernels" "$library"
+symbols refused "${kernels/static/inline}" "$library"
+symbols refused "$kernels" "${library//sqrt/exp}"
 echo "the checks refuse what they are there for"

@@ -43,6 +43,7 @@ awk '
       else if (header ~ /^Q[A-Zt]/) target = "Qt"
       else if (header ~ /^CLI\//) target = "CLI"
       else if (header ~ /^qpdf\//) target = "PDF"
+      else if (header == "sleef.h") target = "SLEEF"
       else if (header ~ /\.h$/) target = "System"
       else next
       if (own == "" || target == own || permits(allowed[own], target)) next

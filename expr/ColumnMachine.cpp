@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <optional>
 
 #include "expr/StatisticOperations.h"
 
@@ -27,6 +28,34 @@ bool canRun(const CompiledExpression& compiled, const Instruction& instruction) 
   }
   const Operation& operation = operationOf(instruction.opcode);
   return operation.kind != OpKind::kStatistic || instruction.count >= operation.arity;
+}
+
+const simd::Kernels& wide() {
+  return *elementary::instructionSet().kernels;
+}
+
+/// The function of an opcode that a vector of points is computed by.
+std::optional<simd::Function> wideFunction(int opcode) {
+  switch (opcode) {
+    case kOpExp:
+      return simd::kExp;
+    case kOpLog:
+      return simd::kLog;
+    case kOpSin:
+      return simd::kSin;
+    case kOpCos:
+      return simd::kCos;
+    case kOpTan:
+      return simd::kTan;
+    case kOpAtan:
+      return simd::kAtan;
+    default:
+      return std::nullopt;
+  }
+}
+
+simd::Values valuesOf(const Operand& operand) {
+  return operand.column ? simd::Values{operand.column, 1} : simd::Values{&operand.value, 0};
 }
 
 }  // namespace
@@ -108,6 +137,7 @@ bool ColumnMachine::runOperator(const Instruction& instruction) {
     const double y = right.value;
     if (!a && !b) return storeForAll(instruction.target, f(x, y));
     double* const out = columnFor(instruction.target);
+    if (instruction.opcode == kOpPower) return wide().powers(valuesOf(left), valuesOf(right), out, count_);
     if (!a) return fillColumn(out, count_, [=](std::size_t i) { return f(x, b[i]); });
     if (!b) return fillColumn(out, count_, [=](std::size_t i) { return f(a[i], y); });
     return fillColumn(out, count_, [=](std::size_t i) { return f(a[i], b[i]); });
@@ -119,6 +149,9 @@ bool ColumnMachine::runElementary(const Instruction& instruction) {
   return withElementary(instruction.opcode, [&](auto f) {
     const double* const a = argument.column;
     if (!a) return storeForAll(instruction.target, f(argument.value));
+    if (const std::optional<simd::Function> function = wideFunction(instruction.opcode)) {
+      return wide().block[*function](a, columnFor(instruction.target), count_);
+    }
     return fillColumn(columnFor(instruction.target), count_, [=](std::size_t i) { return f(a[i]); });
   });
 }

@@ -42,7 +42,8 @@ auto withInner(int inner, const Array<double>& parameters, Use&& use) {
       return use([=](double x) { return ((x - p1) * (x - p1) + p2) / p3; });
     default:
       return use([=](double x) {
-        const double divisor = std::pow(x * x - p2 * p2, 2.0) + x * x * (p3 * p3);
+        const double difference = x * x - p2 * p2;
+        const double divisor = difference * difference + x * x * (p3 * p3);
         // An infinite divisor would hide behind the quotient 0.
         return isFinite(divisor) ? p1 / divisor : kFailed;
       });
@@ -66,16 +67,16 @@ auto withOuter(int outer, const Array<double>& parameters, Use&& use) {
     case 5:
       return use([=](double x, double u) { return (x + last) / u; });
     case 6:
-      return use([=](double, double u) { return last * std::log(std::fabs(u)); });
+      return use([=](double, double u) { return last * elementary::log(std::fabs(u)); });
     case 7:
-      return use([=](double, double u) { return last * std::exp(u); });
+      return use([=](double, double u) { return last * elementary::exp(u); });
     case 8:
-      return use([=](double, double u) { return last * std::sin(u); });
+      return use([=](double, double u) { return last * elementary::sin(u); });
     case 9:
       return use([=](double x, double u) {
         const double exponent = -last * x;
         // exp(-infinity) would hide the overflow.
-        return isFinite(exponent) ? lastButOne * std::exp(exponent) * std::sin(u) : kFailed;
+        return isFinite(exponent) ? lastButOne * elementary::exp(exponent) * elementary::sin(u) : kFailed;
       });
     default:
       return use([](double, double u) { return u; });

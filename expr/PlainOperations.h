@@ -6,6 +6,7 @@
 
 #include "base/Rounding.h"
 #include "expr/Opcodes.h"
+#include "numeric/Elementary.h"
 #include "numeric/ShortPi.h"
 
 /// The arithmetic of operators, elementary functions and list functions: written once, for one point and for
@@ -22,7 +23,7 @@ inline bool isFinite(double value) {
 /// Arc sine; arguments beyond -1 and 1 are clamped, not refused.
 inline double arcSine(double x) {
   if (std::fabs(x) >= 1) return sign(x) * kShortPi / 2;
-  return std::atan(x / std::sqrt(1 - x * x));
+  return elementary::atan(x / std::sqrt(1 - x * x));
 }
 
 /// Calls `use` with the function of an operator: double (double x, double y). For opcodes of kind `kOperator`.
@@ -30,7 +31,7 @@ template <class Use>
 auto withOperator(int opcode, Use&& use) {
   switch (opcode) {
     case kOpPower:
-      return use([](double x, double y) { return std::pow(x, y); });
+      return use([](double x, double y) { return elementary::pow(x, y); });
     case kOpTimes:
       return use([](double x, double y) { return x * y; });
     case kOpDivide:
@@ -51,21 +52,21 @@ auto withElementary(int opcode, Use&& use) {
     case kOpSqr:
       return use([](double x) { return std::sqrt(x); });
     case kOpExp:
-      return use([](double x) { return std::exp(x); });
+      return use([](double x) { return elementary::exp(x); });
     case kOpLog:
-      return use([](double x) { return std::log(x); });
+      return use([](double x) { return elementary::log(x); });
     case kOpAsin:
       return use([](double x) { return arcSine(x); });
     case kOpAcos:
       return use([](double x) { return kShortPi / 2 - arcSine(x); });
     case kOpAtan:
-      return use([](double x) { return std::atan(x); });
+      return use([](double x) { return elementary::atan(x); });
     case kOpSin:
-      return use([](double x) { return std::sin(x); });
+      return use([](double x) { return elementary::sin(x); });
     case kOpCos:
-      return use([](double x) { return std::cos(x); });
+      return use([](double x) { return elementary::cos(x); });
     case kOpTan:
-      return use([](double x) { return std::tan(x); });
+      return use([](double x) { return elementary::tan(x); });
     // QUIRK: the sign of zero is 1.
     case kOpSgn:
       return use([](double x) { return x < 0 ? -1.0 : 1.0; });

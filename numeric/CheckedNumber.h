@@ -3,6 +3,7 @@
 #include <compare>
 
 #include "base/CheckedMath.h"
+#include "numeric/Elementary.h"
 
 namespace vk {
 
@@ -36,10 +37,11 @@ class CheckedNumber {
 };
 
 inline CheckedNumber log(CheckedNumber x) {
-  return checked::log(x.value());
+  if (!(x > 0)) throw RuntimeError(kInvalidCall);
+  return checked::finite(elementary::log(x.value()));
 }
 inline CheckedNumber exp(CheckedNumber x) {
-  return checked::exp(x.value());
+  return checked::finite(elementary::exp(x.value()));
 }
 inline CheckedNumber sqrt(CheckedNumber x) {
   return checked::sqrt(x.value());

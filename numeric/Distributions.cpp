@@ -44,7 +44,7 @@ Evaluation binomialCumulative(double kk, double nn, double pp, EvaluationListene
     const Number n = magnitude(nn);
     Number p = magnitude(pp) + kE15;
     if (p > 1) p = 1;
-    if (k == 0) return checked::finite(std::pow((1 - p).value(), n.value()));
+    if (k == 0) return checked::finite(elementary::pow((1 - p).value(), n.value()));
     if (k == n) return 1;
     return 1 - kernels.incompleteBeta(k + 1, n - k, p);
   });

@@ -7,6 +7,7 @@
 #include "doubles/ScriptedForms.h"
 #include "doubles/TestPorts.h"
 #include "expr/Catalogue.h"
+#include "numeric/Elementary.h"
 #include "tests/commands/FormText.h"
 
 namespace vk {
@@ -279,7 +280,7 @@ TEST_F(InitialParametersTest, ALoadedModelGetsTheValues) {
   EXPECT_EQ(session.analysis.model.loaded().nPar, 2);
   NoListener nobody;
   EXPECT_EQ(session.analysis.model.at(0, session.analysis.par.ParValues, nobody),
-            Evaluation{5 * std::exp(4)});
+            Evaluation{5 * elementary::exp(4)});
 }
 
 TEST_F(InitialParametersTest, APropagationKeepsTheIndependentVariableAtIndexZeroAndNothingFree) {

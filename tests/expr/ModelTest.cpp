@@ -2,6 +2,7 @@
 
 #include "expr/EvaluateHelp.h"
 #include "expr/FunctionHelp.h"
+#include "numeric/Elementary.h"
 
 namespace vk {
 namespace {
@@ -26,15 +27,15 @@ TEST(Model, ComputesTheOuterFunctionsOfTheCatalogue) {
   EXPECT_EQ(composite(1, 3, {4}, 3), Evaluation{0.25});
   EXPECT_EQ(composite(1, 4, {9}, 3), Evaluation{3});
   EXPECT_EQ(composite(1, 5, {2, 5}, 3), Evaluation{4});
-  EXPECT_EQ(composite(1, 6, {2, 5}, 3), Evaluation{5 * std::log(2.0)});
-  EXPECT_EQ(composite(1, 7, {2, 5}, 3), Evaluation{5 * std::exp(2.0)});
-  EXPECT_EQ(composite(1, 8, {2, 5}, 3), Evaluation{5 * std::sin(2.0)});
-  EXPECT_EQ(composite(1, 9, {2, 5, 0.25}, 3), Evaluation{5 * std::exp(-0.75) * std::sin(2.0)});
+  EXPECT_EQ(composite(1, 6, {2, 5}, 3), Evaluation{5 * elementary::log(2.0)});
+  EXPECT_EQ(composite(1, 7, {2, 5}, 3), Evaluation{5 * elementary::exp(2.0)});
+  EXPECT_EQ(composite(1, 8, {2, 5}, 3), Evaluation{5 * elementary::sin(2.0)});
+  EXPECT_EQ(composite(1, 9, {2, 5, 0.25}, 3), Evaluation{5 * elementary::exp(-0.75) * elementary::sin(2.0)});
 }
 
 TEST(Model, QUIRK_TakesTheRootAndLogarithmOfTheAbsoluteValue) {
   EXPECT_EQ(composite(1, 4, {-9}, 3), Evaluation{3});
-  EXPECT_EQ(composite(1, 6, {-2, 5}, 3), Evaluation{5 * std::log(2.0)});
+  EXPECT_EQ(composite(1, 6, {-2, 5}, 3), Evaluation{5 * elementary::log(2.0)});
   EXPECT_EQ(evaluated("SQR(c)", "c", {-9}).fault, Fault::kDomain);
 }
 
@@ -72,7 +73,7 @@ TEST(Model, RunsTheCompiledCodeOfALoadedFunction) {
   NoListener nobody;
   Model model(6, 7, formulaOf("p,q", "p*SIN(q*x)"));
   const Evaluation value = model.at(1.25, parametersOf({2, 0.5, 3}), nobody);
-  EXPECT_EQ(value, Evaluation{3 * std::exp(valueOf("2*SIN(0.5*1.25)"))});
+  EXPECT_EQ(value, Evaluation{3 * elementary::exp(valueOf("2*SIN(0.5*1.25)"))});
   EXPECT_EQ(model.loaded().Values[1], 1.25);
   EXPECT_EQ(model.loaded().Values[2], 2);
   EXPECT_EQ(model.loaded().Values[3], 0.5);

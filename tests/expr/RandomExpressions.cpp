@@ -4,6 +4,8 @@
 #include <limits>
 #include <map>
 
+#include "numeric/Elementary.h"
+
 namespace vk {
 namespace {
 
@@ -49,23 +51,23 @@ std::string inParentheses(const Node& node, bool needed) {
   return needed ? "(" + textOf(node) + ")" : textOf(node);
 }
 
-/// What the plain library gives; not a number for a function that only the kernels know.
+/// What plain arithmetic gives; not a number for a function that only the kernels know.
 double plainFunction(const std::string& name, const std::vector<double>& a) {
   constexpr double kPi = 3.1415926;
   const double x = a[0];
   const auto asin = [](double v) {
-    return v >= 1 ? kPi / 2 : v <= -1 ? -kPi / 2 : std::atan(v / std::sqrt(1 - v * v));
+    return v >= 1 ? kPi / 2 : v <= -1 ? -kPi / 2 : elementary::atan(v / std::sqrt(1 - v * v));
   };
   if (name == "ABS") return std::fabs(x);
   if (name == "SQR") return x < 0 ? kNotANumber : std::sqrt(x);
-  if (name == "EXP") return std::exp(x);
-  if (name == "LOG") return x <= 0 ? kNotANumber : std::log(x);
+  if (name == "EXP") return elementary::exp(x);
+  if (name == "LOG") return x <= 0 ? kNotANumber : elementary::log(x);
   if (name == "ASIN") return asin(x);
   if (name == "ACOS") return kPi / 2 - asin(x);
-  if (name == "ATAN") return std::atan(x);
-  if (name == "SIN") return std::sin(x);
-  if (name == "COS") return std::cos(x);
-  if (name == "TAN") return std::tan(x);
+  if (name == "ATAN") return elementary::atan(x);
+  if (name == "SIN") return elementary::sin(x);
+  if (name == "COS") return elementary::cos(x);
+  if (name == "TAN") return elementary::tan(x);
   if (name == "SGN") return x < 0 ? -1 : 1;
   if (name == "INT") return std::floor(x);
   double sum = x;
@@ -101,7 +103,7 @@ double kept(double value, double first, bool& failed) {
 double plainOperator(const std::string& sign, double x, double y) {
   switch (sign[0]) {
     case '^':
-      return std::pow(x, y);
+      return elementary::pow(x, y);
     case '*':
       return x * y;
     case '/':

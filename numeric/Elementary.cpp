@@ -1,0 +1,76 @@
+#include "numeric/Elementary.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
+namespace vk::elementary {
+namespace {
+
+std::vector<InstructionSet> setsOfMachine() {
+  std::vector<InstructionSet> sets{{"scalar", &simd::kScalar}};
+#ifdef __x86_64__
+  sets.push_back({"sse2", &simd::kSse2});
+  if (__builtin_cpu_supports("sse4.1")) sets.push_back({"sse4", &simd::kSse4});
+  if (__builtin_cpu_supports("avx")) sets.push_back({"avx", &simd::kAvx});
+  if (__builtin_cpu_supports("avx512f")) sets.push_back({"avx512", &simd::kAvx512});
+#endif
+  return sets;
+}
+
+/// For a single value the registers of two are the quickest, where the set chosen has them.
+const simd::Kernels& ofSingles() {
+  static const simd::Kernels& kernels = *std::min(&instructionSet(), &instructionSetOf("sse4"))->kernels;
+  return kernels;
+}
+
+}  // namespace
+
+std::span<const InstructionSet> instructionSets() {
+  static const std::vector<InstructionSet> sets = setsOfMachine();
+  return sets;
+}
+
+const InstructionSet& instructionSetOf(std::string_view name) {
+  const std::span<const InstructionSet> sets = instructionSets();
+  const auto found = std::ranges::find(sets, name, &InstructionSet::name);
+  return found != sets.end() ? *found : sets.back();
+}
+
+const InstructionSet& instructionSet() {
+  static const InstructionSet& set = []() -> const InstructionSet& {
+    const char* name = std::getenv("VOR_SIMD");
+    return instructionSetOf(name != nullptr ? name : "");
+  }();
+  return set;
+}
+
+double exp(double x) {
+  return ofSingles().single[simd::kExp](x);
+}
+
+double log(double x) {
+  return ofSingles().single[simd::kLog](x);
+}
+
+double sin(double x) {
+  return ofSingles().single[simd::kSin](x);
+}
+
+double cos(double x) {
+  return ofSingles().single[simd::kCos](x);
+}
+
+double tan(double x) {
+  return ofSingles().single[simd::kTan](x);
+}
+
+double atan(double x) {
+  return ofSingles().single[simd::kAtan](x);
+}
+
+double pow(double x, double y) {
+  return ofSingles().power(x, y);
+}
+
+}  // namespace vk::elementary

@@ -1,8 +1,5 @@
 #include "commands/DisplayRefresh.h"
 
-#include <algorithm>
-
-#include "commands/CommandTable.h"
 #include "commands/StartUp.h"
 #include "doubles/ControlNames.h"
 #include "doubles/Doubles.h"
@@ -183,14 +180,6 @@ TEST_F(MsgTest, TwiceGivesTheSameStateForEveryCombinationOfFlags) {
     refresh();
     EXPECT_EQ(window.menuEnabled, once) << bits;
     EXPECT_EQ(window.panels, panels) << bits;
-  }
-}
-
-TEST_F(MsgTest, NamesOnlyEntriesOfTheTable) {
-  session.loaded.DataDefined = session.analysis.FunDefined = session.analysis.ParVar =
-      session.loaded.FunFileRead = session.loaded.GraDefined = kTrue;
-  for (const auto& [control, on] : sessionDisplay(session).enabled) {
-    EXPECT_EQ(std::ranges::count(commandTable(), control, &Command::control), 1) << control;
   }
 }
 

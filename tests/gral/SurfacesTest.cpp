@@ -114,6 +114,7 @@ TEST_F(Surfaces, SeenFlatOnAreWhiteAndEdgeOnBlack) {
     for (const auto& figure : catcher.figures) {
       if (figure.fill) grays.push_back(figure.color.red());
     }
+    EXPECT_EQ(grays.size(), 8U);
     return grays;
   };
   // from theta 0 and phi 0 the floor's edges are the axes of the page

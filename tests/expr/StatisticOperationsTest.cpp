@@ -8,7 +8,7 @@ namespace {
 
 constexpr double kErrorFunctionAccuracy = 1.5e-7;
 
-TEST(Distributions, GammaIsRoundedForWholeNumbersOnly) {
+TEST(StatisticOperations, GammaIsRoundedForWholeNumbersOnly) {
   EXPECT_EQ(valueOf("GAM(5)"), 24);
   EXPECT_EQ(valueOf("GAM(1)"), 1);
   EXPECT_NEAR(valueOf("GAM(4.5)"), 11.63172839, 1e-8);
@@ -16,7 +16,7 @@ TEST(Distributions, GammaIsRoundedForWholeNumbersOnly) {
   EXPECT_EQ(valueOf("LNGAM(4.5)"), lnGamma(4.5).value);
 }
 
-TEST(Distributions, Binomial) {
+TEST(StatisticOperations, Binomial) {
   EXPECT_NEAR(valueOf("D_B(2,5,0.3)"), 0.3087, 1e-9);
   EXPECT_NEAR(valueOf("C_B(2,5,0.3)"), 0.83692, kKernelAccuracy);
   EXPECT_NEAR(valueOf("C_B(0,5,0.3)"), 0.16807, 1e-12);
@@ -28,7 +28,7 @@ TEST(Distributions, Binomial) {
   EXPECT_EQ(evaluated("C_B(6,5,0.3)"), failing(6));
 }
 
-TEST(Distributions, Poisson) {
+TEST(StatisticOperations, Poisson) {
   EXPECT_NEAR(valueOf("D_P(3,2.5)"), 0.21376301724973645, 1e-9);
   EXPECT_NEAR(valueOf("C_P(3,2.5)"), 0.7575761331330659, kKernelAccuracy);
   EXPECT_EQ(valueOf("D_P(-3,-2.5)"), valueOf("D_P(3,2.5)"));
@@ -37,23 +37,23 @@ TEST(Distributions, Poisson) {
   EXPECT_EQ(valueOf("C_P(7,0)"), 1);
 }
 
-TEST(Distributions, Normal) {
+TEST(StatisticOperations, Normal) {
   EXPECT_NEAR(valueOf("D_N(1,0,2)"), 0.17603267202998724, 1e-16);
   EXPECT_NEAR(valueOf("C_N(5,2,2)"), 0.9331927987311419, kErrorFunctionAccuracy);
   EXPECT_EQ(evaluated("C_N(x,1,0)", "x", {3}), failing(3));
   EXPECT_EQ(evaluated("D_N(x,1,0)", "x", {3}), failing(3));
 }
 
-TEST(Distributions, QUIRK_NormalUsesAShortFactor) {
+TEST(StatisticOperations, QUIRK_NormalUsesAShortFactor) {
   EXPECT_EQ(valueOf("D_N(0,0,1)"), 0.3989423);
 }
 
-TEST(Distributions, QUIRK_StudentUsesTheShortPi) {
+TEST(StatisticOperations, QUIRK_StudentUsesTheShortPi) {
   EXPECT_NEAR(valueOf("D_T(2,5)"), 0.06509031088033622, 1e-17);
   EXPECT_GT(std::fabs(valueOf("D_T(2,5)") - 0.0650903103262164), 4e-10);
 }
 
-TEST(Distributions, NormalTails) {
+TEST(StatisticOperations, NormalTails) {
   EXPECT_NEAR(valueOf("P(0)"), 0.5000000005, 1e-15);
   EXPECT_NEAR(valueOf("Q(0)"), 0.4999999995, 1e-15);
   EXPECT_NEAR(valueOf("A(0)"), 1e-9, 1e-15);
@@ -63,7 +63,7 @@ TEST(Distributions, NormalTails) {
   EXPECT_EQ(valueOf("A(-1)"), valueOf("A(1)"));
 }
 
-TEST(Distributions, ChiSquare) {
+TEST(StatisticOperations, ChiSquare) {
   EXPECT_NEAR(valueOf("D_X2(0,2)"), 0.5, 1e-9);
   EXPECT_NEAR(valueOf("D_X2(3,4)"), 0.16734762011132237, 1e-9);
   EXPECT_NEAR(valueOf("C_X2(3,4)"), 0.44217459, 1e-8);
@@ -71,19 +71,19 @@ TEST(Distributions, ChiSquare) {
   EXPECT_EQ(valueOf("D_X2(-3,-4)"), valueOf("D_X2(3,4)"));
 }
 
-TEST(Distributions, Student) {
+TEST(StatisticOperations, Student) {
   EXPECT_NEAR(valueOf("C_T(2,5)"), 0.94903026, 1e-8);
   EXPECT_NEAR(valueOf("C_T(-2,5)"), 0.05096974, 1e-8);
   EXPECT_NEAR(valueOf("C_T(0,5)"), 0.5, kKernelAccuracy);
 }
 
-TEST(Distributions, Fisher) {
+TEST(StatisticOperations, Fisher) {
   EXPECT_NEAR(valueOf("D_F(2,3,4)"), 0.13942740046346697, 1e-9);
   EXPECT_NEAR(valueOf("D_F(0.5,4,7)"), 0.6454756793035704, 1e-9);
   EXPECT_NEAR(valueOf("C_F(2,3,4)"), 0.74361280, 1e-8);
 }
 
-TEST(Distributions, FailWithTheKernelThatTellsOfItsFailure) {
+TEST(StatisticOperations, FailWithTheKernelThatTellsOfItsFailure) {
   // Series and fractions do not converge: the kernel is told of, and X stays.
   EXPECT_EQ(evaluated("C_X2(800,800)", "", {}, 1), (Evaluation{800, Fault::kExhausted}));
   EXPECT_EQ(evaluated("C_X2(20004,20000)", "", {}, 1), (Evaluation{20004, Fault::kExhausted}));

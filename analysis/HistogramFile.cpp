@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kTitleX = "Sim. M.C. per ";
 constexpr const char* kTitleY = "Densita` di Probabilita`";
-const std::string kMask = "  ##.####^^^^";
+const NumberMask kMask("  ##.####^^^^");
 
 // Bins with fewer hits are merged, once a bin with more has been met.
 constexpr double kThin = 10;

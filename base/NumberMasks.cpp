@@ -84,15 +84,24 @@ std::string MaskPattern(const std::string& mask) {
   return pattern;
 }
 
-std::string FormatMask(double value, const std::string& mask) {
-  const int lead = length(mask) - length(trimLeft(mask));
-  const int trail = length(mask) - length(trimRight(mask));
-  const int width = length(trim(mask));
-  std::string text = FormatPattern(value, MaskPattern(mask));
+NumberMask::NumberMask(const std::string& mask)
+    : pattern(MaskPattern(mask)),
+      lead(length(mask) - length(trimLeft(mask))),
+      width(length(trim(mask))),
+      trail(length(mask) - lead - width) {}
+
+std::string inMask(std::string_view text, const NumberMask& mask) {
+  std::string field = repeat(mask.lead + mask.width - length(text), ' ');
+  field += text;
+  field.append(static_cast<std::size_t>(mask.trail), ' ');
+  return field;
+}
+
+std::string FormatMask(double value, const NumberMask& mask) {
+  std::string text = FormatPattern(value, mask.pattern);
   // Only a value not below zero gets the zero before the point: a sign takes its place.
   if (text.starts_with('.')) text.insert(0, 1, '0');
-  if (length(text) > width) text = repeat(width, '*');
-  return repeat(lead + width - length(text), ' ') + text + repeat(trail, ' ');
+  return inMask(length(text) > mask.width ? repeat(mask.width, '*') : text, mask);
 }
 
 std::string FormatCompact(double value) {

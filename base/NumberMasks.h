@@ -9,11 +9,23 @@
 /// the exponent form. The first position of the field is kept for a sign.
 namespace vk {
 
-/// The value in exactly the mask's length, right-aligned; a value that does not fit gives asterisks.
-std::string FormatMask(double value, const std::string& mask);
-
 /// The digit picture that a mask stands for: its first "#" is left out, decimals become "0".
 std::string MaskPattern(const std::string& mask);
+
+/// A mask that has been read: its picture, and how many characters its margins and the field between them have.
+struct NumberMask {
+  NumberMask(const char* mask) : NumberMask(std::string(mask)) {}
+  NumberMask(const std::string& mask);
+
+  std::string pattern;
+  int lead, width, trail;
+};
+
+/// The text at the right end of the mask's field, with its margins.
+std::string inMask(std::string_view text, const NumberMask& mask);
+
+/// The value in exactly the mask's length, right-aligned; a value that does not fit gives asterisks.
+std::string FormatMask(double value, const NumberMask& mask);
 
 /// The general text of the value, or its text under "#.######^^^^" where that is not longer. For entry fields.
 std::string FormatCompact(double value);

@@ -63,8 +63,20 @@ bool isBelowRange(std::string_view number) {
   return power + writtenExponent(number.substr(mantissa.size())) < 0;
 }
 
+/// The value of a text that the standard library takes as it stands, which it does with nearly every number.
+std::optional<double> plainValue(std::string_view text) {
+  const std::size_t first = text.starts_with('-') ? 1 : 0;
+  // It would take the names of what is no number too.
+  if (first == text.size() || isLetter(text[first])) return std::nullopt;
+  double value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return value;
+}
+
 /// Value of a well-formed number; nothing when it is beyond the range of a double. Too small gives 0.
 std::optional<double> valueOf(std::string_view number) {
+  if (const auto value = plainValue(number)) return value;
   std::string plain(number[0] == '+' ? number.substr(1) : number);
   for (char& c : plain) c = upper(c) == 'D' || c == 'e' ? 'E' : c;
   double value = 0;
@@ -125,18 +137,22 @@ DecimalDigits decimalDigits(double value, int significant) {
                                  std::chars_format::scientific, significant - 1);
   const std::string_view text(buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data()));
   const auto e = text.find('e');
-  DecimalDigits result;
-  for (char c : text.substr(0, e)) {
-    if (isDigit(c)) result.digits += c;
-  }
+  DecimalDigits result{std::string(text.substr(0, e)), 0};
+  if (e > 1) result.digits.erase(1, 1);  // the point
   const bool negative = text[e + 1] == '-';
   std::from_chars(text.data() + e + 2, text.data() + text.size(), result.exponent);
   result.exponent = (negative ? -result.exponent : result.exponent) + 1;
   return result;
 }
 
+std::optional<double> numberIn(std::string_view text) {
+  if (const auto value = plainValue(text)) return value;
+  if (text.empty() || numberLength(text) != text.size()) return std::nullopt;
+  return valueOf(text);
+}
+
 bool isNumeric(std::string_view text) {
-  return !text.empty() && numberLength(text) == text.size() && valueOf(text).has_value();
+  return numberIn(text).has_value();
 }
 
 double scanNumber(std::string_view text) {

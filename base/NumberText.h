@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -7,9 +8,12 @@
 /// the decimal point is always ".".
 namespace vk {
 
-/// True when the whole text is a number: optional sign, digits with at most one point (at least one digit),
-/// optional exponent `E` or `D` in either case with optional sign and at least one digit. The value must be
-/// finite. The empty text, and a text with blanks, is not numeric.
+/// The value of a text that is a number as a whole: optional sign, digits with at most one point (at least one digit),
+/// optional exponent `E` or `D` in either case with optional sign and at least one digit. Nothing for any other
+/// text, the empty one and one with blanks included, and for a number beyond the range of a double.
+std::optional<double> numberIn(std::string_view text);
+
+/// True when there is such a value.
 bool isNumeric(std::string_view text);
 
 /// The value of the longest prefix, after leading blanks, that `isNumeric` accepts; 0 when there is none.

@@ -17,22 +17,10 @@ std::string trim(std::string_view text) {
   return trimLeft(trimRight(text));
 }
 
-char upper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 std::string upper(std::string_view text) {
   std::string result(text);
   std::transform(result.begin(), result.end(), result.begin(), [](char c) { return upper(c); });
   return result;
-}
-
-bool isLetter(char c) {
-  return upper(c) >= 'A' && upper(c) <= 'Z';
-}
-
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
 }
 
 std::string left(std::string_view text, int count) {
@@ -67,14 +55,6 @@ int position(std::string_view text, std::string_view what, int start) {
 
 std::string repeat(int count, char c) {
   return std::string(static_cast<std::size_t>(std::max(0, count)), c);
-}
-
-int length(std::string_view text) {
-  return static_cast<int>(text.size());
-}
-
-int code(char c) {
-  return static_cast<unsigned char>(c);
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {

@@ -16,11 +16,17 @@ std::string trim(std::string_view text);
 
 /// Letters a to z in capitals; all other characters, accented letters included, stay.
 std::string upper(std::string_view text);
-char upper(char c);
+inline char upper(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 
 /// True for A to Z in either case.
-bool isLetter(char c);
-bool isDigit(char c);
+inline bool isLetter(char c) {
+  return upper(c) >= 'A' && upper(c) <= 'Z';
+}
+inline bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 /// The first or last `count` characters, the whole text when it is shorter, empty for count <= 0.
 std::string left(std::string_view text, int count);
@@ -38,10 +44,14 @@ int position(std::string_view text, std::string_view what, int start = 1);
 std::string repeat(int count, char c);
 
 /// The length as int.
-int length(std::string_view text);
+inline int length(std::string_view text) {
+  return static_cast<int>(text.size());
+}
 
 /// The code 0..255 of a character.
-int code(char c);
+inline int code(char c) {
+  return static_cast<unsigned char>(c);
+}
 
 /// True when both texts are the same but for the case of the letters a to z.
 bool equalIgnoringCase(std::string_view a, std::string_view b);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,6 +26,16 @@ class TextLines {
   std::string_view rest_;
   std::string_view lineEnd_;
 };
+
+/// Takes the first field out of the front of `rest`: what stands between characters for which `separates` holds.
+/// Empty when there is none left.
+template <class Separates>
+std::string_view takeField(std::string_view& rest, Separates separates) {
+  const auto start = std::find_if_not(rest.begin(), rest.end(), separates);
+  const auto end = std::find_if(start, rest.end(), separates);
+  rest = {end, rest.end()};
+  return {start, end};
+}
 
 /// The line without the blanks at its ends. Only blanks count: tabs stay.
 std::string_view trimmedLine(std::string_view line);

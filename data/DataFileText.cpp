@@ -10,16 +10,10 @@
 namespace vk {
 namespace {
 
-const std::string kPointMask = " ##.#####^^^^ ";
+const NumberMask kPointMask(" ##.#####^^^^ ");
 
 /// Rounded up to the digits of a mask, a number beyond this one would be none any more.
 constexpr double kLargestWritten = 1.79E308;
-
-/// The text at the right end of the mask, before its margin.
-std::string inFieldOf(const std::string& mask, const std::string& text) {
-  const int field = length(trimRight(mask));
-  return repeat(field - length(text), ' ') + text + repeat(length(mask) - field, ' ');
-}
 
 }  // namespace
 
@@ -30,15 +24,15 @@ std::string dataTitle(std::string_view text) {
   return shown.front() == '%' ? "- " + std::string(shown) : title;
 }
 
-std::string dataField(double value, const std::string& mask) {
+std::string dataField(double value, const NumberMask& mask) {
   if (std::isfinite(value)) value = std::clamp(value, -kLargestWritten, kLargestWritten);
   const std::string field = FormatMask(value, mask);
   if (field.find('*') == std::string::npos) return field;
   // The third digit of an exponent takes the place of the last decimal.
-  std::string pattern = MaskPattern(mask);
+  std::string pattern = mask.pattern;
   pattern.erase(pattern.find('E') - 1, 1);
   const std::string text = FormatPattern(value, pattern);
-  return inFieldOf(mask, text.starts_with('.') ? "0" + text : text);
+  return inMask(text.starts_with('.') ? "0" + text : text, mask);
 }
 
 std::string dataFileText(const DataSet& data) {

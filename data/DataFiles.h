@@ -1,9 +1,10 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "base/NumberMasks.h"
 #include "data/DataSet.h"
 #include "platform/Files.h"
 
@@ -36,8 +37,9 @@ struct FreeFieldReading {
 /// comments and with tabs as blanks.
 FreeFieldReading parseFreeFields(std::string_view text);
 
-/// The first tokens of a line, at most `most`, which blanks and tabs separate.
-std::vector<std::string_view> SplitBlanks(std::string_view line, std::size_t most);
+/// The first tokens of a line, which blanks and tabs separate: as many as there is place for in `tokens`, where they
+/// stand.
+std::span<const std::string_view> SplitBlanks(std::string_view line, std::span<std::string_view> tokens);
 
 /// The text with the characters above 127 of the old 8-bit code as text markup; unknown ones become "??".
 std::string TranslateDosText(std::string_view text);
@@ -48,7 +50,7 @@ std::string dataTitle(std::string_view text);
 
 /// A number of a data file: as `FormatMask` gives it, with one decimal less where a three-digit exponent needs its
 /// place, so that every finite number can be read back.
-std::string dataField(double value, const std::string& mask);
+std::string dataField(double value, const NumberMask& mask);
 
 /// The data set as the text of a data file, CR LF line ends.
 std::string dataFileText(const DataSet& data);

@@ -8,4 +8,9 @@ void DataSet::allocate(int points, Flag hasXErrors) {
   for (Array<double>* column : {&Xpnt, &Ypnt, &ErrXpnt, &ErrYpnt, &ErrEff}) column->dim(points);
 }
 
+void DataSet::shorten(int points) {
+  NumPnt = points;
+  for (Array<double>* column : {&Xpnt, &Ypnt, &ErrXpnt, &ErrYpnt, &ErrEff}) column->redim(points);
+}
+
 }  // namespace vk

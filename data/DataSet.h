@@ -16,6 +16,9 @@ struct DataSet {
   /// error 6.
   void allocate(int points, Flag hasXErrors);
 
+  /// Keeps the first points alone.
+  void shorten(int points);
+
   Int16 NumPnt;
   Array<double> Xpnt, Ypnt;
   Array<double> ErrXpnt;  ///< zero where the file has no column of x errors

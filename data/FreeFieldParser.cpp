@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <optional>
+#include <vector>
 
 #include "base/Guard.h"
 #include "base/NumberText.h"
@@ -11,26 +11,9 @@
 namespace vk {
 namespace {
 
-constexpr std::string_view kSeparators = " ,\r\n";
-
-/// Takes numbers out of a text where blanks, commas and line ends separate them.
-class FreeFieldReader {
- public:
-  explicit FreeFieldReader(std::string_view text) : text_(text) {}
-
-  /// The next item as a number; nothing when it is none, or the text has ended.
-  std::optional<double> next() {
-    const auto start = std::min(text_.find_first_not_of(kSeparators), text_.size());
-    const auto end = std::min(text_.find_first_of(kSeparators, start), text_.size());
-    const std::string_view item = text_.substr(start, end - start);
-    text_.remove_prefix(end);
-    if (!isNumeric(item)) return std::nullopt;
-    return scanNumber(item);
-  }
-
- private:
-  std::string_view text_;
-};
+bool separatesFields(char c) {
+  return c == ' ' || c == ',' || c == '\r' || c == '\n';
+}
 
 /// The number of points in the third line; 0 when it cannot be used. With `exact` it must be a number as a
 /// whole, else what follows a number does not matter.
@@ -45,14 +28,13 @@ int readCount(std::string_view line, bool exact, Flag& hasXErrors) {
 }
 
 bool readPoints(std::string_view text, DataSet& data) {
-  FreeFieldReader reader(text);
   std::vector<Array<double>*> columns{&data.Xpnt, &data.Ypnt};
   if (data.kXpntErr != kFalse) columns.push_back(&data.ErrXpnt);
   columns.push_back(&data.ErrYpnt);
   bool complete = true;
   for (int i = 1; i <= data.NumPnt; ++i) {
     for (Array<double>* column : columns) {
-      const auto value = reader.next();
+      const auto value = numberIn(takeField(text, separatesFields));
       (*column)[i] = value.value_or(0);
       complete = complete && value.has_value();
     }

@@ -18,8 +18,10 @@ namespace {
 constexpr int kTitleLines = 2;
 constexpr int kCountLine = 3;
 constexpr int kLeastLines = 5;
-constexpr std::size_t kLeastPoints = 2;
-constexpr std::size_t kMostPoints = 32767;
+constexpr std::size_t kMostColumns = 4;
+constexpr int kLeastPoints = 2;
+constexpr std::ptrdiff_t kMostPoints = 32767;
+constexpr std::ptrdiff_t kShortestPoint = 5;  // characters
 
 struct Translation {
   int code;
@@ -59,6 +61,18 @@ const char* markupOf(char c) {
 /// One reading of the lines of a data file.
 class LineParser {
  public:
+  DataReading parse(std::string_view text) {
+    TextLines lines(text);
+    while (const auto line = lines.next()) {
+      left_ = text.end() - line->begin();
+      take(*line);
+    }
+    return finish();
+  }
+
+ private:
+  using Point = std::array<double, kMostColumns>;
+
   void take(std::string_view line) {
     ++number_;
     if (isComment(line)) return;
@@ -72,15 +86,11 @@ class LineParser {
   DataReading finish() {
     reading_.errors = errors_.text();
     if (significant_ < kLeastLines) close("***ERR. un File Dati DEVE Contenere almeno 5 Linee");
-    if (points_.size() < kLeastPoints) close("***ERR. un File Dati DEVE Contenere almeno 2 Linee di Dati");
+    if (points_ < kLeastPoints) close("***ERR. un File Dati DEVE Contenere almeno 2 Linee di Dati");
     if (tooMany_) close("***ERR. un File Dati NON PUO` Contenere piu` di 32767 Linee di Dati");
-    storePoints();
+    reading_.data.shorten(points_);
     return std::move(reading_);
   }
-
- private:
-  using Tokens = std::vector<std::string_view>;
-  using Point = std::array<double, 4>;
 
   void reportLine(std::string_view line, const std::string& reason) {
     errors_.add("***ERR. Linea " + FormatPattern(number_, "####") + ": " + std::string(line) +
@@ -93,31 +103,35 @@ class LineParser {
   void close(const char* line) { reading_.errors.append(line).append(kCrLf); }
 
   void takeCounts(std::string_view line) {
-    const Tokens tokens = SplitBlanks(line, 2);
+    std::array<std::string_view, 2> place;
+    const auto tokens = SplitBlanks(line, place);
+    reading_.data.allocate(static_cast<int>(std::min(left_ / kShortestPoint, kMostPoints)),
+                           toFlag(tokens.size() > 1));
     if (tokens.empty()) {
       return reportLine(line, "   La terza linea NON nulla o commentata DEVE contenere almeno un numero");
     }
-    hasXErrors_ = tokens.size() > 1;
     if (!takeDeclaredCount(tokens[0])) reportToken(1, tokens[0]);
-    if (hasXErrors_ && !isNumeric(tokens[1])) reportToken(2, tokens[1]);
+    if (tokens.size() > 1 && !isNumeric(tokens[1])) reportToken(2, tokens[1]);
   }
 
   bool takeDeclaredCount(std::string_view token) {
     // A count that no data set can have is as good as none.
-    return isNumeric(token) && guard([&] { reading_.declaredCount = toInt16(scanNumber(token)); });
+    const auto count = numberIn(token);
+    return count && guard([&] { reading_.declaredCount = toInt16(*count); });
   }
 
   void takePoint(std::string_view line) {
-    const std::size_t expected = hasXErrors_ ? 4 : 3;
-    const Tokens tokens = SplitBlanks(line, expected + 1);
+    const std::size_t expected = reading_.data.kXpntErr != kFalse ? 4 : 3;
+    std::array<std::string_view, kMostColumns + 1> place;
+    const auto tokens = SplitBlanks(line, std::span(place).first(expected + 1));
     if (tokens.size() != expected) {
       return reportLine(line, "   le linee Dati DEVONO contenere  " + std::to_string(expected) + " dati.");
     }
     Point point{};
     bool good = true;
     for (std::size_t i = 0; i < expected; ++i) {
-      if (isNumeric(tokens[i])) {
-        point[i] = scanNumber(tokens[i]);
+      if (const auto value = numberIn(tokens[i])) {
+        point[i] = *value;
       } else {
         reportToken(i + 1, tokens[i]);
         good = false;
@@ -127,28 +141,21 @@ class LineParser {
   }
 
   void keep(const Point& point) {
-    tooMany_ = points_.size() == kMostPoints;
-    if (!tooMany_) points_.push_back(point);
-  }
-
-  void storePoints() {
+    tooMany_ = points_ == kMostPoints;
+    if (tooMany_) return;
     DataSet& data = reading_.data;
-    data.allocate(static_cast<int>(points_.size()), toFlag(hasXErrors_));
-    int i = 0;
-    for (const Point& point : points_) {
-      ++i;
-      data.Xpnt[i] = point[0];
-      data.Ypnt[i] = point[1];
-      if (hasXErrors_) data.ErrXpnt[i] = point[2];
-      data.ErrYpnt[i] = point[hasXErrors_ ? 3 : 2];
-    }
+    ++points_;
+    data.Xpnt[points_] = point[0];
+    data.Ypnt[points_] = point[1];
+    if (data.kXpntErr != kFalse) data.ErrXpnt[points_] = point[2];
+    data.ErrYpnt[points_] = point[data.kXpntErr != kFalse ? 3 : 2];
   }
 
-  int number_ = 0;       // of the line, comments included
-  int significant_ = 0;  // lines so far that are no comments
-  bool hasXErrors_ = false;
+  std::ptrdiff_t left_ = 0;  // characters from the present line on
+  int number_ = 0;           // of the line, comments included
+  int significant_ = 0;      // lines so far that are no comments
+  int points_ = 0;           // good ones so far
   bool tooMany_ = false;
-  std::vector<Point> points_;
   ErrorList errors_;
   DataReading reading_;
 };
@@ -156,26 +163,21 @@ class LineParser {
 }  // namespace
 
 DataReading parseLines(std::string_view text) {
-  LineParser parser;
-  TextLines lines(text);
-  while (const auto line = lines.next()) parser.take(*line);
-  return parser.finish();
+  return LineParser().parse(text);
 }
 
 DataReading readData(Files& files, const std::string& fileName) {
   return parseLines(files.readAll(fileName));
 }
 
-std::vector<std::string_view> SplitBlanks(std::string_view line, std::size_t most) {
-  constexpr std::string_view kBetween = " \t";
-  std::vector<std::string_view> tokens;
-  for (auto start = line.find_first_not_of(kBetween);
-       start != std::string_view::npos && tokens.size() < most;) {
-    const auto end = std::min(line.find_first_of(kBetween, start), line.size());
-    tokens.push_back(line.substr(start, end - start));
-    start = line.find_first_not_of(kBetween, end);
+std::span<const std::string_view> SplitBlanks(std::string_view line, std::span<std::string_view> tokens) {
+  std::size_t count = 0;
+  while (count < tokens.size()) {
+    tokens[count] = takeField(line, [](char c) { return c == ' ' || c == '\t'; });
+    if (tokens[count].empty()) break;
+    ++count;
   }
-  return tokens;
+  return tokens.first(count);
 }
 
 std::string TranslateDosText(std::string_view text) {

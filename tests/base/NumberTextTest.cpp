@@ -1,7 +1,13 @@
 #include "base/NumberText.h"
 
 #include <clocale>
+#include <cmath>
 #include <limits>
+#include <locale>
+#include <optional>
+#include <random>
+#include <regex>
+#include <sstream>
 #include <string>
 
 namespace vk {
@@ -55,6 +61,37 @@ TEST(NumericTest, RefusesEverythingElse) {
                            "inf", "1E400", "1.2.3", "E5", "--1"}) {
     EXPECT_FALSE(isNumeric(text)) << text;
   }
+}
+
+/// The value by the grammar and a stream: nothing for what is no number.
+std::optional<double> referenceValue(const std::string& text) {
+  static const std::regex grammar(R"(([+-]?(\d+\.?\d*|\.\d+))([eEdD]([+-]?\d+))?)");
+  std::smatch parts;
+  if (!std::regex_match(text, parts, grammar)) return std::nullopt;
+  std::istringstream stream(parts[1].str() + "E" + (parts[4].matched ? parts[4].str() : "0"));
+  stream.imbue(std::locale::classic());
+  double value = 0;
+  stream >> value;
+  if (std::abs(value) > 1 && stream.fail()) return std::nullopt;
+  return value;
+}
+
+TEST(NumericTest, AgreesWithTheGrammarForAnyText) {
+  const std::string characters = "0123456789012345678901234567890123456789....++--EeDd x";
+  std::mt19937 chance(4);
+  int numbers = 0;
+  for (int run = 0; run < 30000; ++run) {
+    std::string text;
+    for (auto left = chance() % 12; left > 0; --left) text += characters[chance() % characters.size()];
+    const std::optional<double> expected = referenceValue(text);
+    ASSERT_EQ(numberIn(text), expected) << text;
+    ASSERT_EQ(isNumeric(text), expected.has_value()) << text;
+    if (expected) {
+      ASSERT_EQ(scanNumber("  " + text + "x"), *expected) << text;
+      ++numbers;
+    }
+  }
+  EXPECT_GT(numbers, 3000);
 }
 
 TEST(NumericScan, TakesTheLongestPrefix) {

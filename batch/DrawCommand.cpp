@@ -8,7 +8,6 @@
 #include "commands/PlotWindowCommands.h"
 #include "grafile/GraphicFile.h"
 #include "gral/NoPrinter.h"
-#include "gral/NominalScreen.h"
 
 namespace vk {
 
@@ -18,8 +17,7 @@ std::string drawGraphicFile(const std::string& fileName, Device& page) {
   ExhaustedBox listener(dialogs);
   const std::string text = files.readAll(fileName);
   NoPrinter printer;
-  NominalScreen screen;
-  GralCls drawing(printer, screen);
+  GralCls drawing(printer);
   drawing.GralGrStr(page, paperOrientation(FigureSettings{}), 1);
   GraphicRun run(files, drawing, listener);
   run.runText(text);

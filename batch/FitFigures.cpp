@@ -7,7 +7,6 @@
 #include "commands/FigureCommands.h"
 #include "grafile/FigureKind.h"
 #include "gral/NoPrinter.h"
-#include "gral/NominalScreen.h"
 #include "gral/ObserverDevice.h"
 #include "session/Session.h"
 
@@ -30,8 +29,7 @@ std::string asSaved(const std::string& text) {
 void drawFigure(Session& session, int kind, Device& page, EvaluationListener& listener) {
   TerminalDialogs dialogs;
   NoPrinter printer;
-  NominalScreen screen;
-  makeFigure(session, dialogs, {[&]() -> Device& { return page; }, printer, screen}, kind, listener, [] {});
+  makeFigure(session, dialogs, {[&]() -> Device& { return page; }, printer}, kind, listener, [] {});
 }
 
 FitFigures::FitFigures(const WantedFigures& wanted, FigureMaker* maker) : wanted_(wanted) {

@@ -8,7 +8,6 @@
 #include <QPdfWriter>
 
 #include "gral/NoPrinter.h"
-#include "gral/NominalScreen.h"
 #include "gral/ObserverDevice.h"
 #include "gral/Plotting.h"
 #include "ui/qt/devices/ImageDevice.h"
@@ -32,8 +31,7 @@ inline PrinterMetrics windowPage() {
 template <class Device>
 void draw(Device& device, void (*figure)(GralCls&)) {
   NoPrinter printer(windowPage());
-  NominalScreen screen;
-  GralCls drawing(printer, screen);
+  GralCls drawing(printer);
   drawing.GralGrStr(device, "LANDSCAPE", 2);
   figure(drawing);
   drawing.GralGrEnd();

@@ -49,7 +49,6 @@ void MakeGraph(Session& session, Ports& ports, Int16 kind, EvaluationListener& l
 struct FigureSurface {
   std::function<Device&()> newForm;  ///< asked for once the figure has been computed
   Device& printer;
-  Screen& screen;
 };
 
 /// The same without windows; `pointFailed` runs at each point where the function has no value.

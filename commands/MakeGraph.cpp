@@ -34,8 +34,8 @@ void openFigure(Session& session, Device& form, GralCls& drawing, int kind) {
 
 void MakeGraph(Session& session, Ports& ports, Int16 kind, EvaluationListener& listener) {
   makeFigure(session, ports.dialogs,
-             {[&]() -> Device& { return newPlotWindow(ports).device(); }, ports.printer(), ports.screen},
-             kind, listener, [&] { SoundSignal(session.settings, ports.sound, kErrorSound); });
+             {[&]() -> Device& { return newPlotWindow(ports).device(); }, ports.printer()}, kind, listener,
+             [&] { SoundSignal(session.settings, ports.sound, kErrorSound); });
   Msg(session, ports.window);
 }
 
@@ -47,7 +47,7 @@ void makeFigure(Session& session, Dialogs& dialogs, const FigureSurface& surface
   const auto values = computeFigure(source, listener, pointFailed);
   session.ErrFlag = toFlag(!values && kind == kDifferencesFigure);
   if (values) {
-    GralCls drawing(surface.printer, surface.screen);
+    GralCls drawing(surface.printer);
     openFigure(session, surface.newForm(), drawing, kind);
     texts = drawFigure(source, *values, drawing, listener);
     if (texts.failed != 0) session.ErrFlag = kTrue;

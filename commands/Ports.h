@@ -12,7 +12,6 @@
 #include "platform/OutputWindow.h"
 #include "platform/Process.h"
 #include "platform/Random.h"
-#include "platform/Screen.h"
 #include "platform/SettingsPanels.h"
 #include "platform/Sound.h"
 #include "platform/TextEditor.h"
@@ -34,7 +33,6 @@ struct Ports {
   TextEditor& editor;
   SettingsPanels& panels;
   PlotWindows& plots;
-  Screen& screen;
   std::function<Device&()> printer;  ///< asked for when a figure is drawn: to find the system's takes time
 };
 

@@ -26,7 +26,7 @@ void RunGraphicFile(Session& session, Ports& ports, const std::string& fileName,
                     Int16 errorFlag) {
   const bool onPrinter = device == kPrinterDevice;
   const std::string text = ports.files.readAll(fileName);
-  GralCls drawing(ports.printer(), ports.screen);
+  GralCls drawing(ports.printer());
   drawing.GralCaption = kFigureCaption;
   drawing.GralGrStr(onPrinter ? ports.printer() : newPlotWindow(ports).device(),
                     paperOrientation(session.figures),

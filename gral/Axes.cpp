@@ -38,19 +38,35 @@ double GralCls::labelSize(double tickLength) const {
   return k * std::abs(tickLength) * kPointsPerInch / kMmPerInch;
 }
 
-/// `across` draws a tick at a place of the axis to its end, `along` a piece of the axis itself.
-template <class DrawAcross, class DrawAlong>
-void GralCls::drawTicks(const AxisTicks& ticks, double n, bool ilog, DrawAcross across, DrawAlong along) {
-  const double ln10 = std::log(10.0);
-  double prev = ticks.first;
-  across(prev, ticks.majorEnd);
-  for (int k = 1; k <= n; ++k) {
-    const double c = ticks.first + k * ticks.step;
-    for (int m = 2; ilog && m <= 10; ++m) across(prev + ticks.step * std::log(m) / ln10, ticks.minorEnd);
-    along(prev, c);
-    prev = c;
-    across(c, ticks.majorEnd);
+void GralCls::lineAlong(bool upright, const AxisPlace& from, const AxisPlace& to) {
+  if (upright) {
+    GralLineScr(from.across, from.along, to.across, to.along);
+  } else {
+    GralLineScr(from.along, from.across, to.along, to.across);
   }
+}
+
+/// Draws an axis with its ticks.
+GralCls::AxisTicks GralCls::drawTicks(const LabelledAxis& axis, double at, double tickLength, bool ilog,
+                                      bool upright) {
+  const AxisMapping along = upright ? yAxis() : xAxis(), across = upright ? xAxis() : yAxis();
+  const double first = along.usr2Scr(axis.from), last = along.usr2Scr(axis.to);
+  const AxisTicks ticks{first, last, checked::divide(last - first, axis.intervals)};
+  const double line = across.usr2Scr(at), base = across.usr2Log(at);
+  const double majorEnd = across.log2Scr(base + tickLength);
+  const double minorEnd = across.log2Scr(base + kMinorTick * tickLength);
+  const auto tick = [&](double place, double end) { lineAlong(upright, {place, line}, {place, end}); };
+  const double ln10 = std::log(10.0);
+  double prev = first;
+  tick(prev, majorEnd);
+  for (int k = 1; k <= axis.intervals; ++k) {
+    const double c = first + k * ticks.step;
+    for (int m = 2; ilog && m <= 10; ++m) tick(prev + ticks.step * std::log(m) / ln10, minorEnd);
+    lineAlong(upright, {prev, line}, {c, line});
+    prev = c;
+    tick(c, majorEnd);
+  }
+  return ticks;
 }
 
 void GralCls::GralOaxis(double xi, double xf, double y, double nx, double dy, bool ilog, bool iscript,
@@ -58,17 +74,13 @@ void GralCls::GralOaxis(double xi, double xf, double y, double nx, double dy, bo
   const double fs = labelSize(dy);
   const double L = dy / kMmPerCm;
   const double base = yUsr2Log(y);
-  const double a = xUsr2Scr(xi), b = xUsr2Scr(xf);
-  const AxisTicks ticks{a, checked::divide(b - a, nx), yUsr2Scr(y), yLog2Scr(base + L),
-                        yLog2Scr(base + kMinorTick * L)};
-  drawTicks(
-      ticks, nx, ilog, [&](double x, double end) { GralLineScr(x, ticks.at, x, end); },
-      [&](double from, double to) { GralLineScr(from, ticks.at, to, ticks.at); });
+  const double room = std::abs(xUsr2Log(xf) - xUsr2Log(xi)) / nx / characterWidth(dy);
+  const LabelledAxis axis{xi, xf, nx, room};
+  const AxisTicks ticks = drawTicks(axis, y, L, ilog, false);
   AxisText text{{}, std::string(xlab)};
   if (iscript) {
     const double yl = yLog2Scr(base - L - fs * (kCmPerPoint * sign(L)));
-    const double room = std::abs(xUsr2Log(xf) - xUsr2Log(xi)) / nx / characterWidth(dy);
-    text = axisText({xi, xf, nx, room}, ilog, false, xlab);
+    text = axisText(axis, ilog, false, xlab);
     for (int k = 0; k <= text.labels.upper(); ++k) {
       if (text.labels[k].empty()) continue;
       GralWinPrintString(ticks.first + k * ticks.step, yl, 1, 0, fs, 0, text.labels[k]);
@@ -76,7 +88,7 @@ void GralCls::GralOaxis(double xi, double xf, double y, double nx, double dy, bo
   }
   if (!trim(text.title).empty()) {
     const double yt = yLog2Scr(base - 2 * L - fs * (kCmPerPoint * 2 * sign(L)));
-    GralWinPrintString((a + b) / 2, yt, 1, 0, fs, 0, text.title);
+    GralWinPrintString((ticks.first + ticks.last) / 2, yt, 1, 0, fs, 0, text.title);
   }
   GralRefresh();
 }
@@ -86,17 +98,13 @@ void GralCls::GralVaxis(double yi, double yf, double x, double ny, double dx, bo
   const double fs = labelSize(dx);
   const double L = dx / kMmPerCm;
   const double base = xUsr2Log(x);
-  const double a = yUsr2Scr(yi), b = yUsr2Scr(yf);
-  const AxisTicks ticks{a, checked::divide(b - a, ny), xUsr2Scr(x), xLog2Scr(base + L),
-                        xLog2Scr(base + kMinorTick * L)};
-  drawTicks(
-      ticks, ny, ilog, [&](double y, double end) { GralLineScr(ticks.at, y, end, y); },
-      [&](double from, double to) { GralLineScr(ticks.at, from, ticks.at, to); });
+  constexpr double kEnough = std::numeric_limits<double>::infinity();  // they stand above one another
+  const LabelledAxis axis{yi, yf, ny, kEnough};
+  const AxisTicks ticks = drawTicks(axis, x, L, ilog, true);
   AxisText text{{}, std::string(yLab)};
   if (iscript) {
     const double xl = xLog2Scr(base - L);
-    constexpr double kEnough = std::numeric_limits<double>::infinity();  // they stand above one another
-    text = axisText({yi, yf, ny, kEnough}, ilog, true, yLab);
+    text = axisText(axis, ilog, true, yLab);
     for (int k = 0; k <= text.labels.upper(); ++k) {
       if (text.labels[k].empty()) continue;
       GralWinPrintString(xl, ticks.first + k * ticks.step, L > 0 ? 2 : 0, 0, fs, 0, text.labels[k]);
@@ -108,7 +116,7 @@ void GralCls::GralVaxis(double yi, double yf, double x, double ny, double dx, bo
   const double H = std::abs(GralDev->TextHeight(last < 0 ? "" : text.labels[last]));
   if (!trim(text.title).empty()) {
     const double xt = xLog2Scr(base - 2 * L) - sign(L) * (W + H);
-    GralWinPrintString(xt, (a + b) / 2, 1, sign(L) * 90, fs, 0, text.title);
+    GralWinPrintString(xt, (ticks.first + ticks.last) / 2, 1, sign(L) * 90, fs, 0, text.title);
   }
   GralRefresh();
 }

@@ -21,9 +21,8 @@ Colour LevelColors::operator()(int c) const {
   return HsbToRgb(hsb(c, 1), hsb(c, 2), shaded ? brightnessOf(shade) : static_cast<double>(hsb(c, 3)));
 }
 
-void BandFillTriangle(Device& device, const LevelCorner<unit::Pixel>& c1, const LevelCorner<unit::Pixel>& c2,
-                      const LevelCorner<unit::Pixel>& c3, const Array<float>& ValLev,
-                      const LevelColors& colors) {
+void BandFillTriangle(Device& device, const PixelCorner& c1, const PixelCorner& c2, const PixelCorner& c3,
+                      const Array<float>& ValLev, const LevelColors& colors) {
   device.setFillStyle(kFillSolid);
   forEachBand(LevelTriangle<unit::Pixel>::of(c1, c2, c3), ValLev, [&](const LevelBand& band) {
     device.setFillColor(colors(band.index + 1));
@@ -31,9 +30,8 @@ void BandFillTriangle(Device& device, const LevelCorner<unit::Pixel>& c1, const 
   });
 }
 
-void BandLinesTriangle(GralCls& drawing, const LevelCorner<unit::Usr>& c1, const LevelCorner<unit::Usr>& c2,
-                       const LevelCorner<unit::Usr>& c3, const Array<float>& ValLev,
-                       const LevelColors& colors) {
+void BandLinesTriangle(GralCls& drawing, const UsrCorner& c1, const UsrCorner& c2, const UsrCorner& c3,
+                       const Array<float>& ValLev, const LevelColors& colors) {
   drawLevelSegments(drawing, LevelTriangle<unit::Usr>::of(c1, c2, c3), ValLev, colors);
 }
 

@@ -54,13 +54,11 @@ void forEachBand(const LevelTriangle<unit::Pixel>& triangle, const Array<float>&
 
 /// Fills the bands of a triangle whose corners are in pixels: the band of level index i has colour i + 1. The
 /// device keeps a solid filling.
-void BandFillTriangle(Device& device, const LevelCorner<unit::Pixel>& c1, const LevelCorner<unit::Pixel>& c2,
-                      const LevelCorner<unit::Pixel>& c3, const Array<float>& ValLev,
-                      const LevelColors& colors);
+void BandFillTriangle(Device& device, const PixelCorner& c1, const PixelCorner& c2, const PixelCorner& c3,
+                      const Array<float>& ValLev, const LevelColors& colors);
 
 /// Draws the level segments of a triangle whose corners are in Usr, level k in colour k.
-void BandLinesTriangle(GralCls& drawing, const LevelCorner<unit::Usr>& c1, const LevelCorner<unit::Usr>& c2,
-                       const LevelCorner<unit::Usr>& c3, const Array<float>& ValLev,
-                       const LevelColors& colors);
+void BandLinesTriangle(GralCls& drawing, const UsrCorner& c1, const UsrCorner& c2, const UsrCorner& c3,
+                       const Array<float>& ValLev, const LevelColors& colors);
 
 }  // namespace vk

@@ -19,19 +19,6 @@ namespace {
 constexpr double kLabelPoints = 12;
 constexpr double kTitlePoints = 14;
 
-/// Puts the font size of a device back.
-class SavedFontSize {
- public:
-  explicit SavedFontSize(Device& device) : device_(device), size_(device.FontSize()) {}
-  ~SavedFontSize() { device_.setFontSize(size_); }
-  SavedFontSize(const SavedFontSize&) = delete;
-  SavedFontSize& operator=(const SavedFontSize&) = delete;
-
- private:
-  Device& device_;
-  double size_;
-};
-
 /// The ticks of one axis of the frame and its texts: element 0 is the title.
 struct AxisTexts {
   const Array<float>& T;
@@ -182,7 +169,7 @@ void GralCls::GralFrame3d(float Xoc, float Yoc, float theta, float phi, float Vx
                           const Array<float>& Tx, const Array<float>& Ty, const Array<float>& Tz, Int16 nTx,
                           Int16 nTy, Int16 nTz, Array<std::string>& Sx, Array<std::string>& Sy,
                           Array<std::string>& Sz, Int16 nSx, Int16 nSy, Int16 nSz, bool) {
-  const SavedFontSize saved(*GralDev);
+  const SavedDrawing saved(*GralDev);
   GralDev->setFontSize(kLabelPoints);
   makeRoom(Sx, nTx);
   makeRoom(Sy, nTy);

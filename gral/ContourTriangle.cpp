@@ -9,8 +9,8 @@ int LevelIndex(double value, const Array<float>& VLev, int nl) {
   return nl;
 }
 
-void ContourTriangle(GralCls& drawing, const LevelCorner<unit::Usr>& c1, const LevelCorner<unit::Usr>& c2,
-                     const LevelCorner<unit::Usr>& c3, const Array<float>& VLev, const Array<Colour>& CLev) {
+void ContourTriangle(GralCls& drawing, const UsrCorner& c1, const UsrCorner& c2, const UsrCorner& c3,
+                     const Array<float>& VLev, const Array<Colour>& CLev) {
   drawLevelSegments(drawing, LevelTriangle<unit::Usr>::of(c1, c2, c3), VLev,
                     [&CLev](int k) { return CLev[k]; });
 }

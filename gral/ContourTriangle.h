@@ -15,6 +15,9 @@ struct LevelCorner {
   int k;
 };
 
+using UsrCorner = LevelCorner<unit::Usr>;
+using PixelCorner = LevelCorner<unit::Pixel>;
+
 /// The number of levels at or below a value, found by scanning VLev(1..nl) up to the first level above it:
 /// 0 under the first level, nl at or above the last. An array shorter than nl is run-time error 9.
 int LevelIndex(double value, const Array<float>& VLev, int nl);
@@ -66,7 +69,7 @@ void drawLevelSegments(GralCls& drawing, const LevelTriangle<unit::Usr>& triangl
 }
 
 /// Draws the level segments of a triangle in Usr, each in the colour CLev(k) of its level.
-void ContourTriangle(GralCls& drawing, const LevelCorner<unit::Usr>& c1, const LevelCorner<unit::Usr>& c2,
-                     const LevelCorner<unit::Usr>& c3, const Array<float>& VLev, const Array<Colour>& CLev);
+void ContourTriangle(GralCls& drawing, const UsrCorner& c1, const UsrCorner& c2, const UsrCorner& c3,
+                     const Array<float>& VLev, const Array<Colour>& CLev);
 
 }  // namespace vk

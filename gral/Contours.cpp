@@ -10,16 +10,16 @@ void GralCls::GralContour(double xmin, double xmax, double ymin, double ymax, co
   const double dx = checked::divide(xmax - xmin, nx - 1);
   const double dy = checked::divide(ymax - ymin, ny - 1);
   const auto corner = [&](double x, double y, int i, int j) {
-    return LevelCorner<unit::Usr>{{x, y}, z(i, j), LevelIndex(z(i, j), VLev, nl)};
+    return UsrCorner{{x, y}, z(i, j), LevelIndex(z(i, j), VLev, nl)};
   };
   for (int j = 1; j < ny; ++j) {
     const double y0 = ymin + (j - 1) * dy, y1 = y0 + dy;
-    LevelCorner<unit::Usr> A = corner(xmin, y0, 1, j);
-    LevelCorner<unit::Usr> B = corner(xmin, y1, 1, j + 1);
+    UsrCorner A = corner(xmin, y0, 1, j);
+    UsrCorner B = corner(xmin, y1, 1, j + 1);
     for (int i = 1; i < nx; ++i) {
       const double x1 = xmin + i * dx;
-      const LevelCorner<unit::Usr> C = corner(x1, y0, i + 1, j);
-      const LevelCorner<unit::Usr> D = corner(x1, y1, i + 1, j + 1);
+      const UsrCorner C = corner(x1, y0, i + 1, j);
+      const UsrCorner D = corner(x1, y1, i + 1, j + 1);
       ContourTriangle(*this, B, C, A, VLev, CLev);
       ContourTriangle(*this, B, C, D, VLev, CLev);
       A = C;

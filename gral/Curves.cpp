@@ -89,27 +89,17 @@ GralCls::PlotPoint GralCls::plotPoint(double value, double error, bool hasError,
   return hasError ? PlotPoint{log, decimalLog(point.low), decimalLog(point.high)} : PlotPoint{log, log, log};
 }
 
-void GralCls::drawYBar(const PlotPoint& x, const PlotPoint& y) {
+void GralCls::drawBar(bool upright, const PlotPoint& bar, double at) {
+  const AxisMapping along = upright ? yAxis() : xAxis(), across = upright ? xAxis() : yAxis();
   const double r = static_cast<double>(GralMarkDim) / kMmPerCm;
-  if (!(std::abs(yUsr2Log(y.low) - yUsr2Log(y.high)) / 2 > r)) return;
-  const double xs = xUsr2Scr(x.value);
-  const double y1 = yUsr2Scr(y.low), y2 = yUsr2Scr(y.high);
-  GralLineScr(xs, y1, xs, y2);
-  const double xa = xLog2Scr(xUsr2Log(x.value) - r), xb = xLog2Scr(xUsr2Log(x.value) + r);
-  GralLineScr(xa, y1, xb, y1);
-  GralLineScr(xa, y2, xb, y2);
-}
-
-void GralCls::drawXBar(const PlotPoint& x, const PlotPoint& y) {
-  const double r = static_cast<double>(GralMarkDim) / kMmPerCm;
-  // QUIRK: the upper end is taken through the y mapping here; the bar itself is drawn where it belongs.
-  if (!(std::abs(xUsr2Log(x.low) - yUsr2Log(x.high)) / 2 > r)) return;
-  const double ys = yUsr2Scr(y.value);
-  const double x1 = xUsr2Scr(x.low), x2 = xUsr2Scr(x.high);
-  GralLineScr(x1, ys, x2, ys);
-  const double ya = yLog2Scr(yUsr2Log(y.value) - r), yb = yLog2Scr(yUsr2Log(y.value) + r);
-  GralLineScr(x1, ya, x1, yb);
-  GralLineScr(x2, ya, x2, yb);
+  // QUIRK: the upper end is always taken through the y mapping here; the bar itself is drawn where it belongs.
+  if (!(std::abs(along.usr2Log(bar.low) - yUsr2Log(bar.high)) / 2 > r)) return;
+  const double middle = across.usr2Scr(at), log = across.usr2Log(at);
+  const double first = along.usr2Scr(bar.low), last = along.usr2Scr(bar.high);
+  lineAlong(upright, {first, middle}, {last, middle});
+  for (const double end : {first, last}) {
+    lineAlong(upright, {end, across.log2Scr(log - r)}, {end, across.log2Scr(log + r)});
+  }
 }
 
 void GralCls::PlotData(const Array<double>& Xpnt, const Array<double>& ErrXpnt, const Array<double>& Ypnt,
@@ -117,8 +107,8 @@ void GralCls::PlotData(const Array<double>& Xpnt, const Array<double>& ErrXpnt, 
   for (int k = 1; k <= NumPnt; ++k) {
     const PlotPoint x = plotPoint(Xpnt[k], kXpntErr ? ErrXpnt[k] : 0, kXpntErr, iXLog);
     const PlotPoint y = plotPoint(Ypnt[k], ErrYpnt[k], true, iYLog);
-    drawYBar(x, y);
-    if (kXpntErr) drawXBar(x, y);
+    drawBar(true, y, x.value);
+    if (kXpntErr) drawBar(false, x, y.value);
     if (k % kPointsPerRefresh == 0) GralRefresh();
   }
   for (int k = 1; k <= NumPnt; ++k) {

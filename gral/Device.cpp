@@ -93,10 +93,15 @@ int Device::pixelHeight() const {
 
 // ---- Forms
 
-void Device::setCaption(std::string_view caption) {
+template <class Value>
+void Device::changeForm(Value& setting, const Value& value) {
   requireForm();
-  form_.caption = caption;
+  setting = value;
   sink_.formChanged();
+}
+
+void Device::setCaption(std::string_view caption) {
+  changeForm(form_.caption, std::string(caption));
 }
 
 void Device::setAutoRedraw(bool on) {
@@ -105,21 +110,15 @@ void Device::setAutoRedraw(bool on) {
 }
 
 void Device::setVisible(bool on) {
-  requireForm();
-  form_.visible = on;
-  sink_.formChanged();
+  changeForm(form_.visible, on);
 }
 
 void Device::setLeft(double left) {
-  requireForm();
-  form_.left = left;
-  sink_.formChanged();
+  changeForm(form_.left, left);
 }
 
 void Device::setTop(double top) {
-  requireForm();
-  form_.top = top;
-  sink_.formChanged();
+  changeForm(form_.top, top);
 }
 
 double Device::Width() {

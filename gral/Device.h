@@ -230,6 +230,8 @@ class Device {
   void turnPage();
   void clearPicture();
   void resizeForm(const SheetSize& area);
+  template <class Value>
+  void changeForm(Value& setting, const Value& value);
   void requireForm() const;
   void requirePrinter() const;
   std::pair<TwipPoint, TwipPoint> drawnCorners(const TwipPoint& a, const TwipPoint& b) const;

@@ -50,7 +50,7 @@ void GralCls::GralPen(double fdim, double itra) {
   // The widest pen is the same on all devices: that of a form, whose width has 16 bits.
   const int nominalWidth = toInt16(std::max(1.0, Int(fdim / 2)));
   const double width = IsPrinter ? fdim * printer_.Resolution() / kTenthsOfMmPerInch : nominalWidth;
-  const double tp = IsPrinter ? printer_.TwipsPerPixelX() : screen_.TwipsPerPixelX();
+  const double tp = IsPrinter ? printer_.TwipsPerPixelX() : kNominalTwipsPerPixel;
   GralDev->setDrawWidth(width);
   if (GralUseTra && p > 0) {
     makePatterns(tp);

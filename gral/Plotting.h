@@ -9,12 +9,11 @@
 #include "base/Array.h"
 #include "base/Array2.h"
 #include "base/Int16.h"
+#include "gral/AxisMapping.h"
 #include "gral/DashPhase.h"
 #include "gral/Device.h"
 #include "gral/Markup.h"
-#include "gral/NarrowMapping.h"
 #include "gral/PlanePoint.h"
-#include "platform/Screen.h"
 
 namespace vk {
 
@@ -32,8 +31,8 @@ struct LabelledAxis;
 /// reaches the caller. Truth values are bool; what is drawn before a failure stays.
 class GralCls {
  public:
-  /// The system's printer, whose page is that of all drawings, and its screen. Both outlive the instance.
-  GralCls(Device& printer, Screen& screen);
+  /// The system's printer, whose page is that of all drawings, outlives the instance.
+  explicit GralCls(Device& printer) : printer_(printer) {}
 
   // ---- Public fields, with their values after `GralGrStr` ------------------------------------------------
 
@@ -75,21 +74,21 @@ class GralCls {
   void GralXMap(double XiL, double XfL, double XiU, double XfU);
   void GralYMap(double YiL, double YfL, double YiU, double YfU);
 
-  double xLog2Scr(double x) const;
-  double xScr2Log(double x) const;
-  double xUsr2Log(double x) const;
-  double xLog2Usr(double x) const;
-  double xUsr2Scr(double x) const;
-  double xScr2Usr(double x) const;
-  double yLog2Scr(double y) const;
-  double yScr2Log(double y) const;
-  double yUsr2Log(double y) const;
-  double yLog2Usr(double y) const;
-  double yUsr2Scr(double y) const;
-  double yScr2Usr(double y) const;
+  double xLog2Scr(double x) const { return xAxis().log2Scr(x); }
+  double xScr2Log(double x) const { return xAxis().scr2Log(x); }
+  double xUsr2Log(double x) const { return xAxis().usr2Log(x); }
+  double xLog2Usr(double x) const { return xAxis().log2Usr(x); }
+  double xUsr2Scr(double x) const { return xAxis().usr2Scr(x); }
+  double xScr2Usr(double x) const { return xAxis().scr2Usr(x); }
+  double yLog2Scr(double y) const { return yAxis().log2Scr(y); }
+  double yScr2Log(double y) const { return yAxis().scr2Log(y); }
+  double yUsr2Log(double y) const { return yAxis().usr2Log(y); }
+  double yLog2Usr(double y) const { return yAxis().log2Usr(y); }
+  double yUsr2Scr(double y) const { return yAxis().usr2Scr(y); }
+  double yScr2Usr(double y) const { return yAxis().scr2Usr(y); }
   /// Pixels are rounded to the nearest, a tie going to the even one; beyond 32 bits is run-time error 6.
-  std::int32_t xUsr2Pixel(double x) const;
-  std::int32_t yUsr2Pixel(double y) const;
+  std::int32_t xUsr2Pixel(double x) const { return xScr2Pixel(xUsr2Scr(x)); }
+  std::int32_t yUsr2Pixel(double y) const { return yScr2Pixel(yUsr2Scr(y)); }
   std::int32_t xScr2Pixel(double x) const;
   std::int32_t yScr2Pixel(double y) const;
   /// The same for points that may lie anywhere: whole pixels, beyond 32 bits too. A place that is not finite is
@@ -237,13 +236,17 @@ class GralCls {
   struct PageSize {
     double width, height;  // cm
   };
-  /// One axis in Scr: ticks are drawn across it, labels beside it.
+  /// The ticks of an axis, in Scr along it.
   struct AxisTicks {
-    double first, step;  // along the axis
-    double at;           // the axis itself
-    double majorEnd, minorEnd;
+    double first, last, step;
+  };
+  /// A place in Scr as an axis sees it.
+  struct AxisPlace {
+    double along, across;
   };
 
+  AxisMapping xAxis() const;
+  AxisMapping yAxis() const;
   PageSize pageSize() const;
   void openPrinter();
   void openForm(Device& form, const PageSize& page);
@@ -261,8 +264,8 @@ class GralCls {
   void polygonMark(std::initializer_list<std::array<double, 2>> vertices);
 
   double labelSize(double tickLength) const;
-  template <class DrawAcross, class DrawAlong>
-  void drawTicks(const AxisTicks& ticks, double n, bool ilog, DrawAcross across, DrawAlong along);
+  void lineAlong(bool upright, const AxisPlace& from, const AxisPlace& to);
+  AxisTicks drawTicks(const LabelledAxis& axis, double at, double tickLength, bool ilog, bool upright);
   AxisText axisText(const LabelledAxis& axis, bool ilog, bool vertical, std::string_view title);
   double widestText(const Array<std::string>& texts) const;
 
@@ -275,11 +278,9 @@ class GralCls {
 
   struct PlotPoint;
   static PlotPoint plotPoint(double value, double error, bool hasError, bool logarithmic);
-  void drawYBar(const PlotPoint& x, const PlotPoint& y);
-  void drawXBar(const PlotPoint& x, const PlotPoint& y);
+  void drawBar(bool upright, const PlotPoint& bar, double at);
 
   Device& printer_;
-  Screen& screen_;
   bool IsPrinter = false;
   std::int32_t hClipRgn = 0;
   int Orientation = 1;

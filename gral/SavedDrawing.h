@@ -4,7 +4,7 @@
 
 namespace vk {
 
-/// Puts back the colours and styles of a device that a figure changes, at the end of its life.
+/// Puts back the colours, styles and font size of a device that a figure changes, at the end of its life.
 class SavedDrawing {
  public:
   explicit SavedDrawing(Device& device)
@@ -12,12 +12,14 @@ class SavedDrawing {
         fillStyle_(device.FillStyle()),
         drawStyle_(device.DrawStyle()),
         fillColor_(device.FillColor()),
-        foreColor_(device.ForeColor()) {}
+        foreColor_(device.ForeColor()),
+        fontSize_(device.FontSize()) {}
   ~SavedDrawing() {
     device_.setDrawStyle(drawStyle_);
     device_.setFillStyle(fillStyle_);
     device_.setFillColor(fillColor_);
     device_.setForeColor(foreColor_);
+    device_.setFontSize(fontSize_);
   }
   SavedDrawing(const SavedDrawing&) = delete;
   SavedDrawing& operator=(const SavedDrawing&) = delete;
@@ -26,6 +28,7 @@ class SavedDrawing {
   Device& device_;
   Int16 fillStyle_, drawStyle_;
   Colour fillColor_, foreColor_;
+  double fontSize_;
 };
 
 }  // namespace vk

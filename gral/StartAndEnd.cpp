@@ -16,8 +16,6 @@ constexpr int kPenCount = 5;
 
 }  // namespace
 
-GralCls::GralCls(Device& printer, Screen& screen) : printer_(printer), screen_(screen) {}
-
 void GralCls::GralGrStr(Device& GralOut, std::string_view GralOri, double scale) {
   releaseClip();
   FontName = "Arial";

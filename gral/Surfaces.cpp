@@ -26,8 +26,8 @@ struct SurfacePoint {
   float z;
   int k;
 
-  LevelCorner<unit::Usr> inUsr() const { return {{x, y}, z, k}; }
-  LevelCorner<unit::Pixel> inPixels() const { return {pixel, z, k}; }
+  UsrCorner inUsr() const { return {{x, y}, z, k}; }
+  PixelCorner inPixels() const { return {pixel, z, k}; }
 };
 
 double twiceTheArea(const PixelPlace& a, const PixelPlace& b, const PixelPlace& c) {

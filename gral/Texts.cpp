@@ -119,7 +119,7 @@ void GralCls::DrawTextRun(Int16 iRot, Device& device, const std::string& font, d
 
 void GralCls::drawRotatedRun(Int16 iRot, Device& device, const std::string& font, double size, double x,
                              double y, std::string_view text) {
-  const double tp = IsPrinter ? printer_.TwipsPerPixelY() : screen_.TwipsPerPixelY();
+  const double tp = IsPrinter ? printer_.TwipsPerPixelY() : kNominalTwipsPerPixel;
   FontRecord record;
   record.escapement = iRot * 10;
   record.weight = kNormalWeight;

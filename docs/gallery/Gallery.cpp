@@ -6,7 +6,6 @@
 
 #include "docs/gallery/Sheets.h"
 #include "gral/NoPrinter.h"
-#include "gral/NominalScreen.h"
 #include "ui/qt/devices/ImageDevice.h"
 #include "ui/qt/devices/QtGraphics.h"
 #include "ui/qt/devices/VectorDevice.h"
@@ -21,8 +20,7 @@ void write(const std::filesystem::path& path, const std::string& bytes) {
 
 void drawOn(vk::Device& device, const vk::Sheet& sheet) {
   vk::NoPrinter printer;
-  vk::NominalScreen screen;
-  vk::GralCls drawing(printer, screen);
+  vk::GralCls drawing(printer);
   drawing.GralCaption = sheet.name;
   drawing.GralGrStr(device, sheet.orientation, vk::kGalleryScale);
   sheet.draw(drawing);

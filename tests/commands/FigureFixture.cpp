@@ -27,7 +27,7 @@ std::vector<std::string> FigureFixture::run(const std::string& text, const std::
 
 std::vector<std::string> FigureFixture::drawing(const Calls& calls) {
   RecorderDevice form;
-  GralCls drawing(printer, screen);
+  GralCls drawing(printer);
   drawing.GralCaption = "VOR_KEL: Visualizza File Grafico";
   drawing.GralGrStr(form, "LANDSCAPE", static_cast<double>(session.figures.GraphScale[3]));
   calls(drawing);

@@ -17,7 +17,6 @@
 #include "doubles/ScriptedForms.h"
 #include "doubles/TestPorts.h"
 #include "grafile/StandardFigure.h"
-#include "gral/NominalScreen.h"
 #include "gral/Plotting.h"
 
 namespace vk {
@@ -63,8 +62,7 @@ class FigureFixture : public ::testing::Test {
   RecordingPlotWindows plots;
   RecorderDevice printer{
       PrinterMetrics{Twips(15 * kTwipsPerInch / kCmPerInch), Twips(20 * kTwipsPerInch / kCmPerInch), 600}};
-  NominalScreen screen;
-  TestPorts ports{files, dialogs, window, output, sound, plots, printer, screen};
+  TestPorts ports{files, dialogs, window, output, sound, plots, printer};
 };
 
 }  // namespace vk

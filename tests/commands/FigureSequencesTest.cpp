@@ -81,7 +81,7 @@ TEST_P(FunctionFigureSequence, AFittedFigureThatIsSavedReadAndRunIsTheSame) {
   expectSameLines(replayed.rest, generated.rest, kTwips);
 
   RecorderDevice form;
-  GralCls scales(printer, screen);
+  GralCls scales(printer);
   openLike(scales, form, session.figures.GraphText[kFunctionFigure]);
 
   ASSERT_EQ(generated.curve.size(), static_cast<std::size_t>(curveOfFigure().segments));

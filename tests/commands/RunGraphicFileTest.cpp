@@ -160,7 +160,7 @@ TEST_F(RunGraphicFileTest, ThePrinterGetsOrientationAndScaleAndOnePage) {
 
     RecorderDevice other{
         PrinterMetrics{Twips(15 * kTwipsPerInch / kCmPerInch), Twips(20 * kTwipsPerInch / kCmPerInch), 600}};
-    GralCls drawing(other, screen);
+    GralCls drawing(other);
     drawing.GralGrStr(other, landscape ? "LANDSCAPE" : "PORTRAIT", 0.5);
     drawing.GralWPrint(1, 2, 0, 0, 10, "a");
     drawing.GralClip(1, 1, 5, 5);

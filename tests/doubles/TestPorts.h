@@ -10,7 +10,6 @@
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "gral/NoPrinter.h"
-#include "gral/NominalScreen.h"
 #include "platform/GridOutput.h"
 
 namespace vk {
@@ -59,7 +58,6 @@ class TestPorts {
                pick<TextEditor>(forms_, given...),
                pick<SettingsPanels>(forms_, given...),
                pick<PlotWindows>(plots_, given...),
-               pick<Screen>(screen_, given...),
                [&printer = pick<Device>(printer_, given...)]() -> Device& { return printer; }} {}
   TestPorts(const TestPorts&) = delete;
   TestPorts& operator=(const TestPorts&) = delete;
@@ -88,7 +86,6 @@ class TestPorts {
   RecordingProcess process_;
   ScriptedRandom random_{};
   UnexpectedPlots plots_;
-  NominalScreen screen_;
   NoPrinter printer_;
   Ports ports_;
 };

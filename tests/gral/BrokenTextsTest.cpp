@@ -26,9 +26,8 @@ class BrokenForm : public RecorderDevice {
 
 TEST(BrokenTexts, FailingLetterIsSkippedAndTheNextAreDrawn) {
   RecorderDevice printer{smallPage()};
-  NominalScreen screen;
   BrokenForm form;
-  GralCls drawing(printer, screen);
+  GralCls drawing(printer);
   drawing.GralGrStr(form, "LANDSCAPE", 2);
   form.forget();
   form.failText = true;
@@ -41,9 +40,8 @@ TEST(BrokenTexts, FailingLetterIsSkippedAndTheNextAreDrawn) {
 
 TEST(BrokenTexts, MeasuringThatBreaksOffLeavesTheLaterWidthsZero) {
   RecorderDevice printer{smallPage()};
-  NominalScreen screen;
   BrokenForm form;
-  GralCls drawing(printer, screen);
+  GralCls drawing(printer);
   drawing.GralGrStr(form, "LANDSCAPE", 2);
   form.forget();
   form.failMeasure = true;

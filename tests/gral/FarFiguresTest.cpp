@@ -117,7 +117,7 @@ class FarFigures : public GralFixture {
   /// The number of the run-time error that these calls end with, 0 for none.
   template <class Calls>
   int errorOn(Device& device, Calls&& calls) {
-    GralCls g(printer, screen);
+    GralCls g(printer);
     g.GralGrStr(device, "LANDSCAPE", &device == &printer ? 1 : 2);
     try {
       calls(g);

@@ -134,9 +134,8 @@ class Fill : public ::testing::Test {
     return pixels;
   }
   RecorderDevice printer{smallPage()};
-  NominalScreen screen;
   RasterForm form{1};
-  GralCls drawing{printer, screen};
+  GralCls drawing{printer};
 };
 
 TEST_F(Fill, FillsABoxUpToItsLines) {
@@ -228,9 +227,8 @@ class WatchedPrinter : public RecorderDevice {
 class PrintScreen : public ::testing::Test {
  protected:
   WatchedPrinter printer;
-  NominalScreen screen;
   RasterForm form{1};
-  GralCls drawing{printer, screen};
+  GralCls drawing{printer};
 };
 
 TEST_F(PrintScreen, PutsThePictureInTheMiddleOfTheTurnedSheet) {

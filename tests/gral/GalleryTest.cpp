@@ -39,10 +39,9 @@ bool differsOnPaper(const std::string& name) {
 
 TEST(Gallery, SheetsAreTheirReferences) {
   NoPrinter printer;
-  NominalScreen screen;
   for (const Sheet& sheet : gallerySheets()) {
     RecorderDevice form;
-    GralCls drawing(printer, screen);
+    GralCls drawing(printer);
     drawing.GralGrStr(form, sheet.orientation, kGalleryScale);
     sheet.draw(drawing);
     drawing.GralGrEnd();
@@ -51,11 +50,10 @@ TEST(Gallery, SheetsAreTheirReferences) {
 }
 
 TEST(Gallery, SheetsOnAPrinterAreTheirReferences) {
-  NominalScreen screen;
   for (const Sheet& sheet : gallerySheets()) {
     if (!differsOnPaper(sheet.name)) continue;
     RecorderDevice printer{PrinterMetrics{}};
-    GralCls drawing(printer, screen);
+    GralCls drawing(printer);
     drawing.GralGrStr(printer, sheet.orientation, 1);
     sheet.draw(drawing);
     drawing.GralGrEnd();

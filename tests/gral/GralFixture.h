@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "gral/NominalScreen.h"
 #include "gral/Plotting.h"
 #include "gral/sinks/LineWriter.h"
 #include "gral/sinks/RecorderDevice.h"
@@ -72,9 +71,8 @@ class GralFixture : public ::testing::Test {
                                            const std::vector<std::string>& texts);
 
   RecorderDevice printer{smallPage()};
-  NominalScreen screen;
   RecorderDevice form{FormMetrics{{120, 405}, 1}};
-  GralCls drawing{printer, screen};
+  GralCls drawing{printer};
 };
 
 /// A pattern text from its codes.

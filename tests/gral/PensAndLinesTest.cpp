@@ -63,7 +63,7 @@ TEST_F(Pens, OnAPrinterHavePatternsInItsPixels) {
 
 TEST_F(Pens, NoPatternElementIsBelowOneTwip) {
   RecorderDevice sharp{smallPage(5760)};
-  GralCls onSharp(sharp, screen);
+  GralCls onSharp(sharp);
   onSharp.GralGrStr(sharp, "LANDSCAPE", 1);
   onSharp.GralPen(0, 3);
   EXPECT_EQ(onSharp.GralPenTra, pattern({1, 1, 1}));

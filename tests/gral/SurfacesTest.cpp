@@ -82,7 +82,7 @@ TEST_F(Surfaces, OfAFlatFloorHaveTheSameGrayAtEveryPixelRatio) {
   // what is seen of the floor is cos 45 * cos 60 of it, whose square is 0.125
   for (const int ratio : {1, 2, 4, 15}) {
     RecorderDevice device(FormMetrics{{0, 0}, ratio});
-    GralCls onDevice(printer, screen);
+    GralCls onDevice(printer);
     onDevice.GralGrStr(device, "LANDSCAPE", 2);
     device.forget();
     surface(onDevice, flat(4, 4), {.gray = true});
@@ -103,7 +103,7 @@ TEST_F(Surfaces, OfAFlatFloorHaveTheSameGrayAtEveryPixelRatio) {
 
 TEST_F(Surfaces, SeenFlatOnAreWhiteAndEdgeOnBlack) {
   RecorderDevice fine(FormMetrics{{0, 0}, 15});
-  GralCls onFine(printer, screen);
+  GralCls onFine(printer);
   onFine.GralGrStr(fine, "LANDSCAPE", 2);
   const auto graysOf = [&](const Array2<float>& z, const Look& look) {
     fine.forget();
@@ -126,7 +126,7 @@ TEST_F(Surfaces, SeenFlatOnAreWhiteAndEdgeOnBlack) {
 TEST_F(Surfaces, ShadesFollowTheSlopesOfEachHalf) {
   // One cell of 4 x 3 with heights A 0, B 1, C 0.5, D 2.5.
   RecorderDevice fine(FormMetrics{{0, 0}, 15});
-  GralCls onFine(printer, screen);
+  GralCls onFine(printer);
   onFine.GralGrStr(fine, "LANDSCAPE", 2);
   fine.forget();
   const double zA = 0, zB = 1, zC = 0.5, zD = 2.5;
@@ -272,7 +272,7 @@ TEST_F(Surfaces, BeyondTheirArraysFail) {
 TEST_F(Surfaces, BandOfAPlaneHasTheExactArea) {
   // From above the floor is a rectangle, and heights do not move it: theta 0, phi 0 and no outlines.
   RasterForm pixels(2);
-  GralCls onPixels(printer, screen);
+  GralCls onPixels(printer);
   onPixels.GralGrStr(pixels, "LANDSCAPE", 2);
   pixels.setDrawStyle(kDrawTransparent);
   constexpr int kNx = 23, kNy = 17;

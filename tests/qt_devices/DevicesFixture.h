@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "gral/NoPrinter.h"
-#include "gral/NominalScreen.h"
 #include "gral/Plotting.h"
 #include "ui/qt/devices/ImageDevice.h"
 #include "ui/qt/devices/QtGraphics.h"
@@ -23,8 +22,7 @@ class DevicesFixture : public ::testing::Test {
   template <class Draw>
   static void drawOn(Device& device, Draw&& draw, double scale = 1, const char* orientation = "LANDSCAPE") {
     NoPrinter printer;
-    NominalScreen screen;
-    GralCls drawing(printer, screen);
+    GralCls drawing(printer);
     drawing.GralGrStr(device, orientation, scale);
     draw(drawing);
     drawing.GralGrEnd();

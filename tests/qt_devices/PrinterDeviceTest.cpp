@@ -13,8 +13,7 @@ namespace {
 class Printed : public DevicesFixture {
  protected:
   static void drawOnPrinter(Device& printer, void (*draw)(GralCls&)) {
-    NominalScreen screen;
-    GralCls drawing(printer, screen);
+    GralCls drawing(printer);
     drawing.GralGrStr(printer, "LANDSCAPE", 1);
     draw(drawing);
     drawing.GralGrEnd();
@@ -24,8 +23,7 @@ class Printed : public DevicesFixture {
 TEST_F(Printed, FigureBecomesVectorsOnTheTurnedPage) {
   PdfPaper paper;
   PrinterDevice printer(paper, letters());
-  NominalScreen screen;
-  GralCls drawing(printer, screen);
+  GralCls drawing(printer);
   drawing.GralGrStr(printer, "LANDSCAPE", 1);
   drawing.GralLine(0, 0, drawing.XrLog, drawing.YtLog);
   drawing.GralWPrint(5, 5, 0, 0, 12, "abc");

@@ -40,10 +40,9 @@ class BrokenProgram {
   Editor editor{session, {files, dialogs, window, output, clipboard, textPrinter, sound}};
   FaultyPlots plots{faults.plots};
   FaultyDevice printer{faults.printer, PrinterMetrics{}};
-  FaultyScreen screen{faults.screen};
   MainMod mainMod{session,
                   {files, dialogs, window, input, output, functions, clock, sound, process, random, editor,
-                   panels, plots, screen, [this]() -> Device& { return printer; }}};
+                   panels, plots, [this]() -> Device& { return printer; }}};
 };
 
 BrokenProgram::BrokenProgram() {

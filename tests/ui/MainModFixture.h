@@ -9,7 +9,6 @@
 #include "doubles/RecordingPlots.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
-#include "gral/NominalScreen.h"
 #include "session/Session.h"
 #include "ui/Editor.h"
 #include "ui/MainPanels.h"
@@ -81,11 +80,10 @@ class MainModTest : public testing::Test {
   Editor editor{session, {files, dialogs, window, output, clipboard, printer, sound}};
   RecordingPlotWindows plots;
   RecorderDevice figurePrinter{PrinterMetrics{}};
-  NominalScreen screen;
   std::function<void()> atShowing = [] {};
   MainMod mainMod{session,
                   {files, dialogs, window, input, output, functions, clock, sound, process, random, editor,
-                   panels, plots, screen, [this]() -> Device& { return figurePrinter; }}};
+                   panels, plots, [this]() -> Device& { return figurePrinter; }}};
 };
 
 }  // namespace vk

@@ -9,7 +9,6 @@
 #include <QTest>
 
 #include "gral/NoPrinter.h"
-#include "gral/NominalScreen.h"
 #include "gral/Plotting.h"
 
 namespace vk {
@@ -23,7 +22,7 @@ class PlotWindowTest : public ::testing::Test {
   QtPlotWindow& draw(const std::string& caption = "VOR_KEL: Grafico Dati",
                      const char* orientation = "LANDSCAPE") {
     auto& window = dynamic_cast<QtPlotWindow&>(windows.create());
-    GralCls drawing(printer, screen);
+    GralCls drawing(printer);
     drawing.GralCaption = caption;
     drawing.GralGrStr(window.device(), orientation, 1);
     drawing.GralLine(0, 0, drawing.XrLog, drawing.YtLog);
@@ -36,7 +35,6 @@ class PlotWindowTest : public ::testing::Test {
   QtGraphics graphics;
   EventPump pump;
   NoPrinter printer;
-  NominalScreen screen;
   QtPlotWindows windows{graphics, pump, [](const std::function<void()>& handler) { handler(); }};
 };
 

@@ -12,7 +12,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
       forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &editForm_, &message_},
       mainMod_(session_,
                {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_, random_,
-                editor_, panels_, plots_, screen_, [this]() -> Device& { return figurePrinter(); }}) {
+                editor_, panels_, plots_, [this]() -> Device& { return figurePrinter(); }}) {
   windows_.add(Form::kMain, &window_);
   windows_.add(Form::kInput, &inputForm_);
   windows_.add(Form::kOutput, &output_.form());

@@ -87,7 +87,6 @@ class Application {
   FrmMsg message_{windows_, settings_.FontLabel};
   std::vector<QWidget*> forms_;
   QtGraphics graphics_;
-  QtScreen screen_;
   QtPaper paper_{printer_};
   std::optional<PrinterDevice> figurePrinter_;  ///< none before the first figure
   QtPlotWindows plots_{graphics_, pump_, runner()};

@@ -2,10 +2,8 @@
 
 #include <QApplication>
 #include <QProcess>
-#include <QScreen>
 
 #include "ui/qt/widgets/TextConversion.h"
-#include "ui/qt/widgets/Twips.h"
 
 namespace vk {
 
@@ -15,22 +13,6 @@ void QtSound::beep() {
 
 bool QtProcess::start(const std::string& program) {
   return QProcess::startDetached(fromFileName(program), {});
-}
-
-int QtScreen::width() {
-  return toTwips(QGuiApplication::primaryScreen()->geometry().width());
-}
-
-int QtScreen::height() {
-  return toTwips(QGuiApplication::primaryScreen()->geometry().height());
-}
-
-int QtScreen::TwipsPerPixelX() {
-  return kTwipsPerPixel;
-}
-
-int QtScreen::TwipsPerPixelY() {
-  return kTwipsPerPixel;
 }
 
 }  // namespace vk

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "platform/Process.h"
-#include "platform/Screen.h"
 #include "platform/Sound.h"
 
-/// Sound, programs and screen of the desktop.
+/// Sound and programs of the desktop.
 namespace vk {
 
 /// The desktop has no tone generator: tones are dropped, the beep is the platform's.
@@ -18,15 +17,6 @@ class QtSound : public Sound {
 class QtProcess : public Process {
  public:
   bool start(const std::string& program) override;
-};
-
-/// The main screen of the desktop.
-class QtScreen : public Screen {
- public:
-  int width() override;
-  int height() override;
-  int TwipsPerPixelX() override;
-  int TwipsPerPixelY() override;
 };
 
 }  // namespace vk

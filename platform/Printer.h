@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/Int16.h"
+#include "base/Length.h"
 #include "platform/CharGrid.h"
 #include "platform/PaperOrientation.h"
 
@@ -29,9 +30,9 @@ class Printer {
   virtual Int16 Orientation() = 0;
   virtual void setOrientation(Int16 orientation) = 0;
 
-  /// Printable area in twips, in the present orientation.
-  virtual double Width() = 0;
-  virtual double Height() = 0;
+  /// Printable area in the present orientation.
+  virtual Twips Width() = 0;
+  virtual Twips Height() = 0;
 
   /// Prints text lines (code page 437) from the top of the page in a fixed-width font of `points`.
   virtual void printText(const std::string& text, const std::string& face, double points) = 0;

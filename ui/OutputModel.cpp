@@ -82,8 +82,8 @@ void OutputModel::printOn(Printer& printer, const FontSpec& font) {
 void OutputModel::printDrawing(Printer& printer, const FontSpec& font) {
   const OrientationFor turned(printer, OutPixelW > OutPixelH ? kLandscape : kPortrait);
   // QUIRK: the margin is an absolute difference, so a drawing wider than the page starts inside it and is cut.
-  const double left = std::abs(printer.Width() - OutPixelW) / 2;
-  const double top = std::abs(printer.Height() - OutPixelH) / 2;
+  const double left = std::abs(printer.Width().value() - OutPixelW) / 2;
+  const double top = std::abs(printer.Height().value() - OutPixelH) / 2;
   printer.printGrid(grid(), {left, top, cell_.width * 1.0, cell_.height * 1.0, font.face, font.size * 1.0});
   printer.EndDoc();
 }

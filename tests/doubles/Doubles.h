@@ -94,8 +94,8 @@ class RecordingPrinter : public Printer {
   bool present() override { return true; }
   Int16 Orientation() override { return orientation; }
   void setOrientation(Int16 wanted) override;
-  double Width() override { return orientation == kLandscape ? 16000 : 11000; }
-  double Height() override { return orientation == kLandscape ? 11000 : 16000; }
+  Twips Width() override { return Twips(orientation == kLandscape ? 16000 : 11000); }
+  Twips Height() override { return Twips(orientation == kLandscape ? 11000 : 16000); }
   void printText(const std::string& printed, const std::string& fontFace, double size) override;
   void printGrid(const CharGrid& printed, const GridPlace& where) override;
   void EndDoc() override;

@@ -10,9 +10,9 @@ constexpr int kWide = 0xDB;
 /// A font in which one character of the upper half is wider than the others, and the lower half wider still.
 class UnevenMeasure : public FixedMeasure {
  public:
-  int width(std::string_view text) const override {
+  Twips width(std::string_view text) const override {
     const int code = static_cast<unsigned char>(text.front());
-    return code < kFirstPaletteCode ? 900 : code == kWide ? 150 : 120;
+    return Twips(code < kFirstPaletteCode ? 900 : code == kWide ? 150 : 120);
   }
 };
 

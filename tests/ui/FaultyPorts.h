@@ -6,7 +6,6 @@
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/RecordingEditorForm.h"
-#include "gral/NominalScreen.h"
 #include "gral/PlotWindows.h"
 #include "gral/sinks/RecorderDevice.h"
 #include "platform/FunctionForms.h"
@@ -39,26 +38,17 @@ class PortFault {
 /// The faults, by port.
 struct Faults {
   PortFault files, dialogs, window, input, output, functions, clock, sound, process, random, plots, printer,
-      screen, editor, panels, clipboard, textPrinter;
+      editor, panels, clipboard, textPrinter;
 
   std::vector<std::pair<const char*, PortFault*>> all() {
-    return {{"files", &files},
-            {"dialogs", &dialogs},
-            {"window", &window},
-            {"input", &input},
-            {"output", &output},
-            {"functions", &functions},
-            {"clock", &clock},
-            {"sound", &sound},
-            {"process", &process},
-            {"random", &random},
-            {"plots", &plots},
-            {"printer", &printer},
-            {"screen", &screen},
-            {"editor", &editor},
-            {"panels", &panels},
-            {"clipboard", &clipboard},
-            {"textPrinter", &textPrinter}};
+    return {{"files", &files},         {"dialogs", &dialogs},
+            {"window", &window},       {"input", &input},
+            {"output", &output},       {"functions", &functions},
+            {"clock", &clock},         {"sound", &sound},
+            {"process", &process},     {"random", &random},
+            {"plots", &plots},         {"printer", &printer},
+            {"editor", &editor},       {"panels", &panels},
+            {"clipboard", &clipboard}, {"textPrinter", &textPrinter}};
   }
 };
 
@@ -280,18 +270,6 @@ class FaultyPlots : public PlotWindows {
   std::vector<std::unique_ptr<Window>> windows_;
 };
 
-class FaultyScreen : public NominalScreen {
- public:
-  explicit FaultyScreen(PortFault& fault) : fault_(fault) {}
-  int width() override { return fault_.pass(), NominalScreen::width(); }
-  int height() override { return fault_.pass(), NominalScreen::height(); }
-  int TwipsPerPixelX() override { return fault_.pass(), NominalScreen::TwipsPerPixelX(); }
-  int TwipsPerPixelY() override { return fault_.pass(), NominalScreen::TwipsPerPixelY(); }
-
- private:
-  PortFault& fault_;
-};
-
 class FaultyEditorForm : public RecordingEditorForm {
  public:
   explicit FaultyEditorForm(PortFault& fault) : fault_(fault) {}
@@ -335,8 +313,8 @@ class FaultyTextPrinter : public RecordingPrinter {
   bool present() override { return fault_.pass(), RecordingPrinter::present(); }
   Int16 Orientation() override { return fault_.pass(), RecordingPrinter::Orientation(); }
   void setOrientation(Int16 wanted) override { fault_.pass(), RecordingPrinter::setOrientation(wanted); }
-  double Width() override { return fault_.pass(), RecordingPrinter::Width(); }
-  double Height() override { return fault_.pass(), RecordingPrinter::Height(); }
+  Twips Width() override { return fault_.pass(), RecordingPrinter::Width(); }
+  Twips Height() override { return fault_.pass(), RecordingPrinter::Height(); }
   void printText(const std::string& printed, const std::string& fontFace, double size) override {
     fault_.pass(), RecordingPrinter::printText(printed, fontFace, size);
   }

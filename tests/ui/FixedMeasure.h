@@ -8,8 +8,10 @@ namespace vk {
 class FixedMeasure : public TextMeasure {
  public:
   explicit FixedMeasure(int width = 120, int height = 240) : width_(width), height_(height) {}
-  int width(std::string_view text) const override { return width_ * static_cast<int>(text.size()); }
-  int height() const override { return height_; }
+  Twips width(std::string_view text) const override {
+    return Twips(width_ * static_cast<double>(text.size()));
+  }
+  Twips height() const override { return Twips(height_); }
 
  private:
   int width_, height_;

@@ -54,8 +54,8 @@ TEST_F(MessageLayoutTest, ACarriageReturnStartsAParagraph) {
 }
 
 TEST_F(MessageLayoutTest, TheWidestParagraphCounts) {
-  EXPECT_EQ(MaxLineWidth(font, "uno\rquattro\rsei"), 700);
-  EXPECT_EQ(MaxLineWidth(font, ""), 0);
+  EXPECT_EQ(MaxLineWidth(font, "uno\rquattro\rsei"), Twips(700));
+  EXPECT_EQ(MaxLineWidth(font, ""), Twips(0));
 }
 
 TEST_F(MessageLayoutTest, ButtonsAre12TimesTheWidestCaption) {

@@ -34,7 +34,7 @@ TEST_F(InputFormLookTest, ThePlacesOnTheScreenAreThoseOfTheGrid) {
               toPixels(Rect{9.0 * cell.width, 4.0 * cell.height + 5, 7.0 * cell.width, cell.height + 40.0}));
     EXPECT_NEAR(control<QPushButton>(&form, "cmdRin")->geometry().center().x(), form.width() / 4.0, 1);
     EXPECT_NEAR(control<QPushButton>(&form, "cmdEse")->geometry().center().x(), 3 * form.width() / 4.0, 1);
-    EXPECT_EQ(control<QPushButton>(&form, "cmdEse")->y(), toPixels(10 * cell.height));
+    EXPECT_EQ(control<QPushButton>(&form, "cmdEse")->y(), toPixels(Twips(10 * cell.height)));
     EXPECT_EQ(form.accessibleName(), "VOR_KEL: Parametri Iniziali");
     EXPECT_FALSE(field(0)->isVisible()) << "the template";
   });
@@ -52,7 +52,8 @@ TEST_F(InputFormLookTest, FramesPromptsAndFixedTextsArePainted) {
   then([this] {
     const CellSize cell = engine.layout().cell;
     const auto at = [&](double row, double col) {
-      return pixelAt(&form, QPoint(toPixels((col - 0.5) * cell.width), toPixels((row - 0.5) * cell.height)));
+      return pixelAt(&form, QPoint(toPixels(Twips((col - 0.5) * cell.width)),
+                                   toPixels(Twips((row - 0.5) * cell.height))));
     };
     const QColor surface = at(3, 30);
     EXPECT_EQ(at(4, 2), QColor(Qt::black));

@@ -220,7 +220,7 @@ TEST_F(OutputFormTest, TheSurfaceHasTheSizeOfItsGrid) {
   open(kReportButtons);
   const CellSize cell = output.form().cell();
   EXPECT_EQ(surface()->size(), QSize(60 * cell.width / 15, 10 * cell.height / 15));
-  EXPECT_EQ(output.form().height(), surface()->height() + toPixels(2 * 405));
+  EXPECT_EQ(output.form().height(), surface()->height() + toPixels(Twips(2 * 405)));
 }
 
 TEST_F(OutputFormTest, FramesArePaintedThroughTheCentresOfTheirCells) {
@@ -228,14 +228,14 @@ TEST_F(OutputFormTest, FramesArePaintedThroughTheCentresOfTheirCells) {
   output.CharFrame(2, 3, 8, 20, 3, "");
   output.refresh();
   for (const ColouredLine& line : frameLines({2, 3, 8, 20, 3}, output.form().cell(), kWhite)) {
-    const QPoint middle(toPixels((line.x1 + line.x2) / 2), toPixels((line.y1 + line.y2) / 2));
+    const QPoint middle(toPixels(Twips((line.x1 + line.x2) / 2)), toPixels(Twips((line.y1 + line.y2) / 2)));
     EXPECT_EQ(pixelAt(surface(), middle), QColor(line.colour.rgb()));
   }
   EXPECT_EQ(pixelAt(surface(), QPoint(2, 2)), QColor(Qt::white));
   // No line goes on behind its corner.
   const CellSize cell = output.form().cell();
-  const int left = toPixels(2.5 * cell.width), right = toPixels(19.5 * cell.width);
-  const int top = toPixels(1.5 * cell.height), bottom = toPixels(7.5 * cell.height);
+  const int left = toPixels(Twips(2.5 * cell.width)), right = toPixels(Twips(19.5 * cell.width));
+  const int top = toPixels(Twips(1.5 * cell.height)), bottom = toPixels(Twips(7.5 * cell.height));
   for (const int x : {left, right}) {
     for (const int y : {top - 3, bottom + 3}) EXPECT_EQ(pixelAt(surface(), QPoint(x, y)), QColor(Qt::white));
   }
@@ -250,7 +250,7 @@ TEST_F(OutputFormTest, ACharacterFillsTheCellOfItsRowAndColumn) {
   output.print("\xDB");  // a full block
   output.refresh();
   const CellSize cell = output.form().cell();
-  const QSize size(toPixels(cell.width), toPixels(cell.height));
+  const QSize size(toPixels(Twips(cell.width)), toPixels(Twips(cell.height)));
   const auto middle = [&](int row, int col) {
     return QPoint((col - 1) * size.width() + size.width() / 2, (row - 1) * size.height() + size.height() / 2);
   };
@@ -274,7 +274,7 @@ TEST_F(OutputFormTest, ButtonsStandInTheMiddleOfTheirStrips) {
     for (int i = 0; i < 4; ++i) {
       const QRect place = control<QPushButton>(&output.form(), QString("CmdOut(%1)").arg(i))->geometry();
       EXPECT_NEAR(place.center().x(), (2 * i + 1) * width / 8.0, 1);
-      EXPECT_NEAR(place.top(), toPixels(output.form().model().OutPixelH + 405 / 2.0), 1);
+      EXPECT_NEAR(place.top(), toPixels(Twips(output.form().model().OutPixelH + 405 / 2.0)), 1);
     }
   }
 }

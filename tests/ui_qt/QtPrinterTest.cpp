@@ -48,10 +48,10 @@ class QtPrinterTest : public testing::Test {
 
 TEST_F(QtPrinterTest, WithoutAPrinterThePageIsA4) {
   EXPECT_FALSE(printer.present());
-  EXPECT_NEAR(printer.Width(), 11426, 30);
-  EXPECT_NEAR(printer.Height(), 16358, 30);
+  EXPECT_NEAR(printer.Width().value(), 11426, 30);
+  EXPECT_NEAR(printer.Height().value(), 16358, 30);
   printer.setOrientation(kLandscape);
-  EXPECT_NEAR(printer.Width(), 16358, 30);
+  EXPECT_NEAR(printer.Width().value(), 16358, 30);
   EXPECT_EQ(printer.Orientation(), kLandscape);
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/Length.h"
+
 namespace vk {
 namespace {
 
@@ -35,8 +37,8 @@ std::vector<ColouredLine> frameLines(const GridFrame& frame, CellSize cell, Colo
   const Sides raised{dark, dark, light, light};
   const Sides engraved{dark, light, dark, dark};
   const Corners outer = corners(frame, cell);
-  const Corners inner{outer.x1 + kTwipsPerPixel, outer.y1 + kTwipsPerPixel, outer.x2 - kTwipsPerPixel,
-                      outer.y2 - kTwipsPerPixel};
+  const Corners inner{outer.x1 + kNominalTwipsPerPixel, outer.y1 + kNominalTwipsPerPixel,
+                      outer.x2 - kNominalTwipsPerPixel, outer.y2 - kNominalTwipsPerPixel};
   std::vector<ColouredLine> lines;
   addRectangle(lines, outer, raised);
   addRectangle(lines, inner, frame.style == 3 ? engraved : raised);

@@ -5,6 +5,7 @@
 #include "base/Colour.h"
 #include "platform/CharGrid.h"
 #include "ui/layout/Geometry.h"
+#include "ui/layout/TextMeasure.h"
 
 namespace vk {
 
@@ -14,6 +15,11 @@ struct CellSize {
   int height = 0;  ///< `InpCellH`
   bool operator==(const CellSize&) const = default;
 };
+
+/// The cell of a fixed-width font, measured on the letter "A".
+inline CellSize cellOf(const TextMeasure& font) {
+  return {static_cast<int>(font.width("A").value()), static_cast<int>(font.height().value())};
+}
 
 /// A line one pixel thick from one end to the other, both included; twips.
 struct ColouredLine {

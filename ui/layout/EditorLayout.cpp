@@ -20,25 +20,25 @@ constexpr double kPaletteLeft = 150;
 constexpr double kPaletteTop = 200;
 
 double widestCharacter(const TextMeasure& font) {
-  int widest = 0;
+  Twips widest;
   for (int code = kFirstPaletteCode; code < kFirstPaletteCode + kPaletteCells; ++code) {
     widest = std::max(widest, font.width(std::string(1, static_cast<char>(code))));
   }
-  return widest;
+  return widest.value();
 }
 
 }  // namespace
 
 EditorLayout layoutEditor(CellSize cell, const Rect& owner, const Size& around) {
   const Size control{kColumns * cell.width + kControlMargin, kRows * cell.height + kControlMargin};
-  const Size form{control.width + around.width, control.height + around.height};
+  const Size form = control + around;
   return {{owner.left + (owner.width - form.width) / 2, owner.top + kEditorBelowOwnersTop, form.width,
            form.height},
           control};
 }
 
 PaletteLayout layoutPalette(const TextMeasure& font) {
-  const Size cell{kCellWidths * widestCharacter(font), font.height() + kCellExtraHeight};
+  const Size cell{kCellWidths * widestCharacter(font), font.height().value() + kCellExtraHeight};
   PaletteLayout layout;
   layout.FraIns = {kPaletteColumns * cell.width + kPaletteMargin,
                    kPaletteRows * cell.height + kPaletteMargin};

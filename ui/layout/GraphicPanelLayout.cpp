@@ -16,14 +16,14 @@ constexpr double kPictureAspect = 2.0 / 3;  // of the main window's client area
 
 template <class Texts>
 double widest(const TextMeasure& font, const Texts& texts) {
-  double width = 0;
-  for (const char* text : texts) width = std::max<double>(width, font.width(text));
-  return width;
+  Twips width;
+  for (const char* text : texts) width = std::max(width, font.width(text));
+  return width.value();
 }
 
 void placeScales(GraphicPanelLayout& layout, const TextMeasure& font, double captionHeight) {
-  const double legend = widest(font, kScaleLegends), value = 2 * font.width("2.0");
-  const double textHeight = font.height();
+  const double legend = widest(font, kScaleLegends), value = 2 * font.width("2.0").value();
+  const double textHeight = font.height().value();
   for (std::size_t i = 0; i < kScaleLegends.size(); ++i) {
     const double top = captionHeight + kHalf + static_cast<double>(i) * (kScrollHeight + kHalf / 2);
     const double textTop = top + (kScrollHeight - textHeight) / 2;
@@ -32,12 +32,12 @@ void placeScales(GraphicPanelLayout& layout, const TextMeasure& font, double cap
     layout.LblFctVal[i] = {layout.VScFct[i].right() + kHalf, textTop, value, textHeight};
   }
   layout.FraGraIng.width =
-      std::max(layout.LblFctVal[0].right() + kHalf, font.width(kScaleFrameCaption) + kUnit);
+      std::max(layout.LblFctVal[0].right() + kHalf, font.width(kScaleFrameCaption).value() + kUnit);
   layout.FraGraIng.height = layout.VScFct[3].bottom() + kHalf;
 }
 
 void placeOptions(GraphicPanelLayout& layout, const TextMeasure& font, double captionHeight) {
-  const double width = widest(font, kPaperOptions) + kOptionMark, height = font.height() + 60;
+  const double width = widest(font, kPaperOptions) + kOptionMark, height = font.height().value() + 60;
   for (std::size_t i = 0; i < kPaperOptions.size(); ++i) {
     const double top = captionHeight + kHalf + static_cast<double>(i) * (height + kHalf / 2);
     layout.OptOri[i] = {kHalf, top, width, height};
@@ -49,7 +49,7 @@ void placeOptions(GraphicPanelLayout& layout, const TextMeasure& font, double ca
 
 GraphicPanelLayout layoutGraphicPanel(const TextMeasure& font) {
   GraphicPanelLayout layout;
-  const double captionHeight = font.height();
+  const double captionHeight = font.height().value();
   placeScales(layout, font, captionHeight);
   placeOptions(layout, font, captionHeight);
 
@@ -59,7 +59,7 @@ GraphicPanelLayout layoutGraphicPanel(const TextMeasure& font) {
   screen.left = kUnit;
   screen.top = kUnit;
   screen.height = height - layout.FraGraOri.height - kHalf;
-  screen.width = std::max(screen.height / kPictureAspect, font.width(kPaperFrameCaption) + kUnit);
+  screen.width = std::max(screen.height / kPictureAspect, font.width(kPaperFrameCaption).value() + kUnit);
   layout.Image1 = {0.1 * screen.width, 0.15 * screen.height, 0.8 * screen.width, 0.8 * screen.height};
   layout.FraGraOri.left = screen.left;
   layout.FraGraOri.top = screen.bottom() + kHalf;

@@ -54,7 +54,7 @@ std::vector<PlacedText> placeTexts(const InputTables& tables, CellSize cell, con
     const auto& [row, col, alignment] = tables.InpTextPos[i];
     std::string text = trim(tables.InpTexts[i]);
     if (length(text) > tables.InpCols) text = shortened(text, tables.InpCols - kColumnsOfFrames);
-    const double left = columnLeft(col, cell) + alignmentOffset(alignment, font.width(text));
+    const double left = columnLeft(col, cell) + alignmentOffset(alignment, font.width(text).value());
     texts.push_back({left, rowTop(row, cell), text});
   }
   return texts;
@@ -78,7 +78,8 @@ void placeForm(InputLayout& layout, const InputTables& tables, const InputSurrou
 }
 
 void placeButtons(InputLayout& layout, const InputTables& tables, const TextMeasure& buttonFont) {
-  const double width = 1.2 * std::max(buttonFont.width(kGiveUpButton), buttonFont.width(kExecuteButton));
+  const double width =
+      1.2 * std::max(buttonFont.width(kGiveUpButton), buttonFont.width(kExecuteButton)).value();
   const double height = 1.5 * layout.cell.height;
   const double top = tables.InpRows * layout.cell.height;
   const double formWidth = tables.InpCols * layout.cell.width;
@@ -90,7 +91,7 @@ void placeButtons(InputLayout& layout, const InputTables& tables, const TextMeas
 
 InputLayout layoutInput(const InputTables& tables, const InputSurroundings& around) {
   InputLayout layout;
-  layout.cell = {around.font->width("A"), around.font->height()};
+  layout.cell = cellOf(*around.font);
   placeForm(layout, tables, around);
   placeButtons(layout, tables, *around.buttonFont);
   layout.lblVal = fieldRects(tables, layout.cell);

@@ -19,11 +19,11 @@ struct Measures {
 Measures measure(const MessageRequest& request, const TextMeasure& font) {
   Measures m{};
   for (const WindowText& caption : request.captions) {
-    m.button = std::max(m.button, 1.2 * font.width(caption.bytes()));
+    m.button = std::max(m.button, 1.2 * font.width(caption.bytes()).value());
   }
   m.gap = 0.2 * m.button;
-  m.letter = font.width("A");
-  m.text = std::min<double>(MaxLineWidth(font, request.text.bytes()), kLettersOfWidestText * m.letter);
+  m.letter = font.width("A").value();
+  m.text = std::min(MaxLineWidth(font, request.text.bytes()).value(), kLettersOfWidestText * m.letter);
   // QUIRK: the pitch comes from the width of the letter, not its height; the dialogs are spaced by it.
   m.linePitch = 2 * m.letter;
   return m;
@@ -32,7 +32,7 @@ Measures measure(const MessageRequest& request, const TextMeasure& font) {
 /// The longest prefix of at least one character that fits.
 std::size_t fittingPrefix(const TextMeasure& font, std::string_view text, double maxWidth) {
   std::size_t count = 1;
-  while (count < text.size() && font.width(text.substr(0, count + 1)) <= maxWidth) ++count;
+  while (count < text.size() && font.width(text.substr(0, count + 1)).value() <= maxWidth) ++count;
   return count;
 }
 
@@ -41,7 +41,7 @@ std::size_t lastFittingBlank(const TextMeasure& font, std::string_view text, dou
   std::size_t best = std::string_view::npos;
   for (std::size_t blank = text.find(' '); blank != std::string_view::npos;
        blank = text.find(' ', blank + 1)) {
-    if (font.width(text.substr(0, blank)) > maxWidth) break;
+    if (font.width(text.substr(0, blank)).value() > maxWidth) break;
     best = blank;
   }
   return best;
@@ -114,15 +114,15 @@ std::vector<std::string> paragraphs(std::string_view text) {
   return result;
 }
 
-int MaxLineWidth(const TextMeasure& font, std::string_view text) {
-  int widest = 0;
+Twips MaxLineWidth(const TextMeasure& font, std::string_view text) {
+  Twips widest;
   for (const std::string& paragraph : paragraphs(text)) widest = std::max(widest, font.width(paragraph));
   return widest;
 }
 
 std::vector<std::string> WrapText(const TextMeasure& font, std::string_view paragraph, double maxWidth) {
   std::vector<std::string> lines;
-  while (!paragraph.empty() && font.width(paragraph) > maxWidth) {
+  while (!paragraph.empty() && font.width(paragraph).value() > maxWidth) {
     const std::size_t blank = lastFittingBlank(font, paragraph, maxWidth);
     const bool atBlank = blank != std::string_view::npos;
     const std::size_t cut = atBlank ? blank : fittingPrefix(font, paragraph, maxWidth);
@@ -165,8 +165,8 @@ MessageLayout layoutMessage(const MessageRequest& request, const TextMeasure& fo
   }
   layout.buttons = placeButtons(request.captions.size(), m, layout.content.width,
                                 1.5 * kMargin + blockHeight + m.gap, around.buttonHeight);
-  const Size window{layout.content.width + around.frame.width, layout.content.height + around.frame.height};
-  layout.form = placeMessage(window, request.posX, request.posY, around.owner, around.screen);
+  layout.form =
+      placeMessage(layout.content + around.frame, request.posX, request.posY, around.owner, around.screen);
   return layout;
 }
 

@@ -40,7 +40,7 @@ struct MessageLayout {
 std::vector<std::string> paragraphs(std::string_view text);
 
 /// Width of the widest paragraph.
-int MaxLineWidth(const TextMeasure& font, std::string_view text);
+Twips MaxLineWidth(const TextMeasure& font, std::string_view text);
 
 /// The lines, not wider than `maxWidth`, into which a paragraph breaks: at the last blank that fits, which is
 /// dropped, or inside a word that alone is too wide. An empty paragraph has no line.

@@ -48,10 +48,10 @@ constexpr int kNoCell = kPaletteCells - 1;
 class SignMeasure : public TextMeasure {
  public:
   explicit SignMeasure(const QFont& font) : metrics_(font) {}
-  int width(std::string_view text) const override {
+  Twips width(std::string_view text) const override {
     return toTwips(metrics_.horizontalAdvance(fromCp437(text)));
   }
-  int height() const override { return toTwips(metrics_.height()); }
+  Twips height() const override { return toTwips(metrics_.height()); }
 
  private:
   QFontMetrics metrics_;
@@ -87,7 +87,7 @@ FraIns::FraIns(QWidget* form, const QFont& font, const QFont& captionFont)
 }
 
 void FraIns::buildCells(const PaletteLayout& layout) {
-  setFixedSize(toPixels(layout.FraIns.width), toPixels(layout.FraIns.height));
+  setFixedSize(toPixels(layout.FraIns));
   for (std::size_t i = 0; i < LblChr_.size(); ++i) {
     const int cell = static_cast<int>(i);
     LblChr_[i] = new LblChr(this, cell, layout.LblChr[i]);

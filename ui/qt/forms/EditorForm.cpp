@@ -118,9 +118,9 @@ void FrmEdi::showEditor(const WindowText& caption, const std::string& text, Edit
 void FrmEdi::placeForm() {
   const Size frame = services_.windows.frame();
   const Size menus = toTwips(QSize(0, menuBar()->sizeHint().height()));
-  const EditorLayout layout = layoutEditor(cellOf(box().font()), services_.windows.place(Form::kMain),
-                                           {frame.width, frame.height + menus.height});
-  resize(toPixels(layout.control.width), toPixels(layout.control.height + menus.height));
+  const EditorLayout layout =
+      layoutEditor(cellOf(box().font()), services_.windows.place(Form::kMain), frame + menus);
+  resize(toPixels(layout.control + menus));
   services_.windows.settle(*this, Form::kMain, layout.form);
 }
 

@@ -32,8 +32,8 @@ QListWidget* FunctionForm::makeList(const char* name, const char* meaning, int c
   list->setAccessibleName(meaning);
   list->setFont(listFont());
   const CellSize cell = cellOf(listFont());
-  list->setFixedHeight(toPixels(kRows * cell.height) + 2 * list->frameWidth() + 8);
-  list->setMinimumWidth(toPixels(columns * cell.width));
+  list->setFixedHeight(toPixels(Twips(kRows * cell.height)) + 2 * list->frameWidth() + 8);
+  list->setMinimumWidth(toPixels(Twips(columns * cell.width)));
   return list;
 }
 
@@ -52,8 +52,7 @@ QPushButton* FunctionForm::makeButton(const char* name, const WindowText& captio
 
 bool FunctionForm::runModal(QWidget& first) {
   adjustSize();
-  const Size frame = windows_.frame();
-  const Size outer{toTwips(width()) + frame.width, toTwips(height()) + frame.height};
+  const Size outer = toTwips(size()) + windows_.frame();
   windows_.settle(*this, Form::kMain, placeBeside(windows_.place(Form::kMain), outer));
   accepted_ = false;
   show();

@@ -32,7 +32,7 @@ FraGra::FraGra(QWidget* parent, GraphicPanel& panel, const QFont& font, EventRun
   setAutoFillBackground(true);
   setFont(font);
   const GraphicPanelLayout layout = layoutGraphicPanel(FontMeasure(font));
-  setFixedSize(toPixels(layout.FraGra.width), toPixels(layout.FraGra.height));
+  setFixedSize(toPixels(layout.FraGra));
   buildPictures(layout);
   buildOptions(layout);
   buildScales(layout);

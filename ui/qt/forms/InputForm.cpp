@@ -81,8 +81,7 @@ void InpFrm::build(InputTables& tables, Form caller) {
   const InputLayout& layout = engine_.layout();
   setWindowTitle(fromText(tables.caption));
   setAccessibleName(windowTitle());
-  const Size frame = windows_.frame();
-  size_ = QSize(toPixels(layout.InpFormW - frame.width), toPixels(layout.InpFormH - frame.height));
+  size_ = toPixels(layout.form.size() - windows_.frame());
   setFixedSize(size_);
   windows_.settle(*this, caller, layout.form);
   cmdRin_->setGeometry(toPixels(layout.cmdRin));

@@ -23,7 +23,7 @@ QPlainTextEdit* makeText(QWidget* form, const char* name, const char* meaning, i
   text->setTabChangesFocus(true);
   text->setFont(listFont());
   text->setWordWrapMode(QTextOption::WrapAnywhere);
-  text->setFixedHeight(toPixels(rows * cellOf(listFont()).height) + 2 * text->frameWidth() + 10);
+  text->setFixedHeight(toPixels(Twips(rows * cellOf(listFont()).height)) + 2 * text->frameWidth() + 10);
   return text;
 }
 

@@ -18,7 +18,7 @@ namespace {
 
 constexpr QSize kClientArea(750, 500);
 /// The upper border of a panel is hidden above the client area.
-constexpr double kPanelAbove = 100;
+constexpr Twips kPanelAbove{100};
 /// What a status panel keeps of a long name, in pixels, and an entry of a menu, in characters.
 constexpr int kLeastPanel = 150;
 constexpr int kLongestEntry = 60;

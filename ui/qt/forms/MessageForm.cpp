@@ -69,14 +69,13 @@ int FrmMsg::ask(const MessageRequest& request) {
 MessageSurroundings FrmMsg::surroundings(const MessageRequest& request) const {
   QFont title = font();
   title.setBold(true);
-  const double captionWidth = FontMeasure(title).width(request.caption.bytes()) + toTwips(kTitleBarRest);
-  const double icon = toTwips(kIconPixels);
+  const Twips captionWidth = FontMeasure(title).width(request.caption.bytes()) + toTwips(kTitleBarRest);
   return {windows_.place(request.owner),
           windows_.screenSize(request.owner),
           windows_.frame(),
-          {icon, icon},
+          toTwips(QSize(kIconPixels, kIconPixels)),
           kButtonHeight,
-          captionWidth};
+          captionWidth.value()};
 }
 
 void FrmMsg::build(const MessageRequest& request) {
@@ -84,7 +83,7 @@ void FrmMsg::build(const MessageRequest& request) {
   setWindowTitle(fromText(request.caption));
   setAccessibleName(windowTitle());
   setAccessibleDescription(fromText(request.text));
-  setFixedSize(toPixels(layout_.content.width), toPixels(layout_.content.height));
+  setFixedSize(toPixels(layout_.content));
   windows_.settle(*this, request.owner, layout_.form);
   showIcon(request.icon);
   showButtons(request);
@@ -118,7 +117,8 @@ void FrmMsg::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   const int ascent = QFontMetrics(font()).ascent();
   for (const MessageLine& line : layout_.lines) {
-    painter.drawText(toPixels(line.left), toPixels(line.top) + ascent, fromWindowText(line.text));
+    painter.drawText(toPixels(Twips(line.left), Twips(line.top)) + QPoint(0, ascent),
+                     fromWindowText(line.text));
   }
 }
 

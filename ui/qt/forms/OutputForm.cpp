@@ -44,21 +44,20 @@ void FrmOut::OutShow(const OutputRequest& request) {
   setWindowTitle(fromText(request.caption));
   setAccessibleName(windowTitle());
 
-  int widest = 0;
+  double widest = 0;
   const QFont buttonFont = toolkitFont(services_.FontLabel);
   for (const WindowText& caption : request.captions) {
-    widest = std::max(widest, FontMeasure(buttonFont).width(caption.bytes()));
+    widest = std::max(widest, FontMeasure(buttonFont).width(caption.bytes()).value());
   }
   double buttonWidth = widest + kButtonPadding;
   if (!request.captions.empty()) {
     const double strip = request.cols * cell_.width / static_cast<double>(request.captions.size());
-    buttonWidth = std::max<double>(widest, std::min(buttonWidth, strip - kButtonGap));
+    buttonWidth = std::max(widest, std::min(buttonWidth, strip - kButtonGap));
   }
   const OutputLayout layout = model_.layout(
       cell_,
       {services_.windows.place(request.owner), services_.windows.frame(), {buttonWidth, kBandButtonHeight}});
-  const Size frame = services_.windows.frame();
-  setFixedSize(toPixels(layout.form.width - frame.width), toPixels(layout.form.height - frame.height));
+  setFixedSize(toPixels(layout.form.size() - services_.windows.frame()));
   showContent();
   showButtons(layout);
   services_.windows.settle(*this, request.owner, layout.form);
@@ -70,7 +69,7 @@ void FrmOut::OutShow(const OutputRequest& request) {
 }
 
 void FrmOut::showContent() {
-  const QRect place(0, 0, toPixels(model_.OutPixelW), toPixels(model_.OutPixelH));
+  const QRect place(0, 0, toPixels(Twips(model_.OutPixelW)), toPixels(Twips(model_.OutPixelH)));
   surface_->setGeometry(place);
   surface_->setCell(cell_);
   surface_->setAccessibleName(windowTitle());

@@ -33,7 +33,7 @@ Sel_Fun::Sel_Fun(SelectFunction& engine, const Windows& windows, const FontSpec&
   TxtFun_->setReadOnly(true);
   TxtFun_->setFocusPolicy(Qt::ClickFocus);
   TxtFun_->setFont(listFont());
-  TxtFun_->setMinimumWidth(toPixels(kTextColumns * cellOf(listFont()).width));
+  TxtFun_->setMinimumWidth(toPixels(Twips(kTextColumns * cellOf(listFont()).width)));
   makeButtons();
   arrange();
   connect(LstOut_, &QListWidget::currentRowChanged, this, [this](int row) {

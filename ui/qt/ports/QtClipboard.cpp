@@ -18,7 +18,7 @@ constexpr int kCopyRatio = 2;
 
 QImage gridImage(const CharGrid& grid, const QFont& font) {
   const CellSize cell = cellOf(font);
-  const QSize size(toPixels(grid.cols() * cell.width), toPixels(grid.rows() * cell.height));
+  const QSize size(toPixels(Twips(grid.cols() * cell.width)), toPixels(Twips(grid.rows() * cell.height)));
   QImage image(size * kCopyRatio, QImage::Format_RGB32);
   image.setDevicePixelRatio(kCopyRatio);
   image.fill(Qt::white);

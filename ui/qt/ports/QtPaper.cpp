@@ -5,7 +5,7 @@
 namespace vk {
 
 PrinterMetrics QtPaper::metrics() {
-  const Twips width(printer_.Width()), height(printer_.Height());
+  const Twips width = printer_.Width(), height = printer_.Height();
   return {std::min(width, height), std::max(width, height), printer_.resolution()};
 }
 

@@ -24,7 +24,7 @@ constexpr const char* kClickMeaning =
     "Un clic sulla figura, Invio, Spazio o il tasto Menu offrono: Continua, Esci, Copia, Stampa";
 
 /// A figure steps aside of those that stand where it is to appear, so that their titles can be seen.
-constexpr double kFigureStep = 450;  // twips, to the right and down
+constexpr Twips kFigureStep{450};  // to the right and down
 constexpr int kFigurePlaces = 8;
 
 int screenRatio() {
@@ -53,10 +53,10 @@ void QtPlotWindow::followForm() {
   const QString caption = fromWindowText(device_.Caption());
   setWindowTitle(caption);
   setAccessibleName(caption);
-  setFixedSize(toPixels(device_.Width()), toPixels(device_.Height()));
+  setFixedSize(toPixels(Size{device_.Width(), device_.Height()}));
   if (!isVisible()) {
     const QPoint corner = screen()->availableGeometry().topLeft();
-    move(world_.freePlace(corner + QPoint(toPixels(device_.Left()), toPixels(device_.Top()))));
+    move(world_.freePlace(corner + toPixels(Twips(device_.Left()), Twips(device_.Top()))));
   }
   if (device_.Visible() == isVisible()) return;
   setVisible(device_.Visible());

@@ -14,8 +14,6 @@
 namespace vk {
 namespace {
 
-constexpr double kTwipsOfPoint = 20;
-constexpr double kTwipsOfInch = 1440;
 constexpr double kMarginPoints = 12;  // 1/6 inch
 constexpr double kLineSpacing = 1.2;
 constexpr int kPdfResolution = 1200;
@@ -44,7 +42,7 @@ std::string folderOf(const std::string& name) {
 /// A font in twips, for a painter whose units are twips.
 QFont twipFont(const std::string& face, double points) {
   QFont font = toolkitFont({face, 10, 255});
-  font.setPixelSize(static_cast<int>(points * kTwipsOfPoint));
+  font.setPixelSize(static_cast<int>(points * kTwipsPerPoint));
   return font;
 }
 
@@ -92,12 +90,12 @@ void QtPrinter::setOrientation(Int16 orientation) {
   paper().setPageOrientation(orientation == kLandscape ? QPageLayout::Landscape : QPageLayout::Portrait);
 }
 
-double QtPrinter::Width() {
-  return paper().pageLayout().paintRect(QPageLayout::Point).width() * kTwipsOfPoint;
+Twips QtPrinter::Width() {
+  return toTwips(PointSize(paper().pageLayout().paintRect(QPageLayout::Point).width()));
 }
 
-double QtPrinter::Height() {
-  return paper().pageLayout().paintRect(QPageLayout::Point).height() * kTwipsOfPoint;
+Twips QtPrinter::Height() {
+  return toTwips(PointSize(paper().pageLayout().paintRect(QPageLayout::Point).height()));
 }
 
 double QtPrinter::resolution() {
@@ -159,7 +157,7 @@ void QtPrinter::begin() {
 
 void QtPrinter::scaleToTwips() {
   painter_->resetTransform();
-  painter_->scale(resolution() / kTwipsOfInch, resolution() / kTwipsOfInch);
+  painter_->scale(resolution() / kTwipsPerInch, resolution() / kTwipsPerInch);
 }
 
 QPainter* QtPrinter::page() {
@@ -188,14 +186,14 @@ void QtPrinter::printText(const std::string& text, const std::string& face, doub
   QPainter* painter = page();
   if (painter == nullptr) return;
   painter->setFont(twipFont(face, points));
-  const double lineHeight = kLineSpacing * points * kTwipsOfPoint;
+  const double lineHeight = kLineSpacing * points * kTwipsPerPoint;
   double y = 0;
   for (const std::string& line : textLines(text)) {
-    if (y + lineHeight > Height()) {
+    if (y + lineHeight > Height().value()) {
       newPage();
       y = 0;
     }
-    painter->drawText(QPointF(0, y + points * kTwipsOfPoint), fromCp437(line));
+    painter->drawText(QPointF(0, y + points * kTwipsPerPoint), fromCp437(line));
     y += lineHeight;
   }
 }

@@ -27,8 +27,8 @@ class QtPrinter : public Printer {
   bool present() override;
   Int16 Orientation() override { return orientation_; }
   void setOrientation(Int16 orientation) override;
-  double Width() override;
-  double Height() override;
+  Twips Width() override;
+  Twips Height() override;
   /// Dots per inch.
   double resolution();
   void printText(const std::string& text, const std::string& face, double points) override;

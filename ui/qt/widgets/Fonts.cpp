@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "ui/qt/widgets/TextConversion.h"
+#include "ui/qt/widgets/Twips.h"
 
 namespace vk {
 namespace {
@@ -24,8 +25,8 @@ QFont makeFont(const QString& face, int points, bool fixed) {
 }
 
 /// Whole pixels, so that a cell begins where a pixel begins.
-int wholePixels(double pixels) {
-  return static_cast<int>(std::ceil(pixels - 0.01)) * kTwipsPerPixel;
+Twips wholePixels(double pixels) {
+  return toTwips(static_cast<int>(std::ceil(pixels - 0.01)));
 }
 
 }  // namespace
@@ -53,20 +54,19 @@ QFont formButtonFont() {
   return makeFont(kFixedFace, kGridPoints, true);
 }
 
-int FontMeasure::width(std::string_view text) const {
+Twips FontMeasure::width(std::string_view text) const {
   // The characters of a grid stand in cells, whatever single glyphs measure.
   if (texts_ == Texts::kGrid)
-    return static_cast<int>(text.size()) * wholePixels(metrics_.horizontalAdvance('A'));
+    return static_cast<double>(text.size()) * wholePixels(metrics_.horizontalAdvance('A'));
   return wholePixels(metrics_.horizontalAdvance(fromWindowText(text)));
 }
 
-int FontMeasure::height() const {
+Twips FontMeasure::height() const {
   return wholePixels(metrics_.height());
 }
 
 CellSize cellOf(const QFont& font) {
-  const FontMeasure measure(font, FontMeasure::Texts::kGrid);
-  return {measure.width("A"), measure.height()};
+  return cellOf(FontMeasure(font, FontMeasure::Texts::kGrid));
 }
 
 }  // namespace vk

@@ -24,8 +24,8 @@ class FontMeasure : public TextMeasure {
  public:
   enum class Texts { kWindow, kGrid };
   explicit FontMeasure(const QFont& font, Texts texts = Texts::kWindow) : metrics_(font), texts_(texts) {}
-  int width(std::string_view text) const override;
-  int height() const override;
+  Twips width(std::string_view text) const override;
+  Twips height() const override;
 
  private:
   QFontMetricsF metrics_;

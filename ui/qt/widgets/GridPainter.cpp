@@ -34,7 +34,7 @@ void GridPainter::text(double left, double top, std::string_view text, Colour ba
 }
 
 void GridPainter::frame(const GridFrame& frame, Colour background) {
-  const double pixel = kTwipsPerPixel * unit_;
+  const double pixel = kNominalTwipsPerPixel * unit_;
   for (const ColouredLine& line : frameLines(frame, cell_, background)) {
     const QPointF from(line.x1 * unit_, line.y1 * unit_);
     const QSizeF size((line.x2 - line.x1) * unit_ + pixel, (line.y2 - line.y1) * unit_ + pixel);

@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QPainter>
 
+#include "base/Length.h"
 #include "platform/CharGrid.h"
 #include "ui/layout/CharFrame.h"
 
@@ -15,7 +16,7 @@ inline QColor toColour(Colour colour) {
 /// Paints character cells. Lengths are twips; `unit` is the painter's units for a twip.
 class GridPainter {
  public:
-  GridPainter(QPainter& painter, const QFont& font, CellSize cell, double unit = 1.0 / kTwipsPerPixel);
+  GridPainter(QPainter& painter, const QFont& font, CellSize cell, double unit = 1 / kNominalTwipsPerPixel);
 
   /// A text from this place on, each character in a cell of its own, opaque on `background`.
   void text(double left, double top, std::string_view text, Colour background);

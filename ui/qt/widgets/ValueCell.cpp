@@ -23,7 +23,7 @@ void ValueCell::setText(const std::string& text) {
 void ValueCell::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), toColour(background_));
-  const double free = toTwips(width()) - static_cast<double>(length(text_)) * cell_.width;
+  const double free = toTwips(width()).value() - static_cast<double>(length(text_)) * cell_.width;
   GridPainter(painter, font(), cell_).text(flushRight_ ? free : 0, 0, text_, background_);
   // The fields of neighbouring rows overlap; a line of the form parts them.
   painter.fillRect(QRect(0, 0, width(), 1), palette().window());

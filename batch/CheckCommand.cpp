@@ -8,34 +8,27 @@
 #include "batch/DataInput.h"
 #include "batch/DrawCommand.h"
 #include "batch/TerminalPorts.h"
-#include "data/DataFiles.h"
-#include "expr/FunctionFile.h"
+#include "commands/EditCommands.h"
 #include "gral/ObserverDevice.h"
-#include "session/Session.h"
+#include "session/FileSettings.h"
 
 namespace vk {
 namespace {
 
-/// What the reader of a kind of file finds in one.
-struct FileCheck {
-  bool good = true;
-  std::string report;
-};
+constexpr const char* kGoodFile = ": nessun errore\n";
+constexpr const char* kBadFile = ": il file contiene errori\n";
+constexpr const char* kNoKind = ": si attende un file .DAT, .FCN o .GRA";
 
-using Checker = FileCheck (*)(Files& files, std::string fileName);
+using Checker = TextCheck (*)(const std::string& fileName);
 
-FileCheck checkData(Files& files, std::string fileName) {
-  const std::string errors = readData(files, fileName).errors;
-  return {errors.empty(), errors};
-}
-
-FileCheck checkFunctions(Files& files, std::string fileName) {
-  const ParsedFunctionFile parsed = parseFunctionFile(files.readAll(fileName));
-  return {parsed.ok, parsed.report};
+template <FileKindCode kind>
+TextCheck checkFile(const std::string& fileName) {
+  TerminalFiles files;
+  return checkText(kind, files.readAll(fileName));
 }
 
 /// The figure is drawn on a form that nobody sees: what cannot be drawn is an error too.
-FileCheck checkFigure(Files&, std::string fileName) {
+TextCheck checkFigure(const std::string& fileName) {
   ObserverDevice page;
   const std::string errors = drawGraphicFile(fileName, page);
   return {errors.empty(), errors};
@@ -46,29 +39,29 @@ struct Kind {
   Checker check;
 };
 
-constexpr std::array kKinds{Kind{"DAT", checkData}, Kind{"FCN", checkFunctions}, Kind{"GRA", checkFigure}};
+constexpr std::array kKinds{Kind{"DAT", checkFile<kDataKind>}, Kind{"FCN", checkFile<kFunctionKind>},
+                            Kind{"GRA", checkFigure}};
 
 Checker checkerFor(const std::string& fileName) {
   const auto* kind = std::find_if(kKinds.begin(), kKinds.end(), [&](const Kind& k) {
     return equalIgnoringCase(GetExtensionName(fileName), k.extension);
   });
-  if (kind == kKinds.end()) throw UsageError(shownName(fileName) + ": si attende un file .DAT, .FCN o .GRA");
+  if (kind == kKinds.end()) throw UsageError(shownName(fileName) + kNoKind);
   return kind->check;
 }
 
 }  // namespace
 
 int runCheck(const std::string& fileName) {
-  TerminalFiles files;
   const Checker check = checkerFor(fileName);
-  FileCheck found;
-  usingFile(fileName, [&] { found = check(files, fileName); });
+  TextCheck found;
+  usingFile(fileName, [&] { found = check(fileName); });
   if (found.good) {
-    std::cout << shownName(fileName) << ": nessun errore\n";
+    std::cout << shownName(fileName) << kGoodFile;
     return 0;
   }
   std::cout << terminalText(found.report);
-  std::cerr << shownName(fileName) << ": il file contiene errori\n";
+  std::cerr << shownName(fileName) << kBadFile;
   return 2;
 }
 

@@ -1,11 +1,8 @@
 #include "commands/EditCommands.h"
 
-#include <utility>
-
-#include "base/FlagFor.h"
 #include "commands/FilePicking.h"
-#include "commands/FunctionFiles.h"
 #include "data/DataFiles.h"
+#include "expr/FunctionFile.h"
 #include "session/Session.h"
 
 namespace vk {
@@ -17,17 +14,14 @@ void edit(Session& session, Ports& ports, const WindowText& word, Int16 kind) {
   if (session.ErrFlag == 0) ports.editor.OpenEditor(name, kind);
 }
 
-std::string checkData(Session& session, const std::string& text) {
-  std::string report = parseLines(text).errors;
-  session.ErrFlag = toFlag(!report.empty());
-  return report;
+TextCheck checkData(const std::string& text) {
+  const std::string errors = parseLines(text).errors;
+  return {errors.empty(), errors};
 }
 
-std::string checkFunctions(Session& session, const std::string& text) {
-  const FlagFor trace(session.TraceEnabled, kTrue);
-  const FlagFor check(session.CheckFunctions, kTrue);
-  CheckFunctionText(session, text);
-  return std::exchange(session.TraceText, {});
+TextCheck checkFunctions(const std::string& text) {
+  const ParsedFunctionFile parsed = parseFunctionFile(text);
+  return {parsed.ok, parsed.report};
 }
 
 }  // namespace
@@ -44,12 +38,17 @@ void MenGraModFil(Session& session, Ports& ports) {
   edit(session, ports, kGraphicWord, kGraphicKind);
 }
 
+TextCheck checkText(Int16 kind, const std::string& text) {
+  if (kind == kDataKind) return checkData(text);
+  if (kind == kFunctionKind) return checkFunctions(text);
+  return {};
+}
+
 TextCheck checkText(Session& session, Int16 kind, const std::string& text) {
   session.ErrFlag = 0;
-  std::string report;
-  if (kind == kDataKind) report = checkData(session, text);
-  if (kind == kFunctionKind) report = checkFunctions(session, text);
-  return {session.ErrFlag == 0, report};
+  TextCheck found = checkText(kind, text);
+  session.ErrFlag = toFlag(!found.good);
+  return found;
 }
 
 }  // namespace vk

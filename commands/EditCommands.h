@@ -20,8 +20,10 @@ struct TextCheck {
   std::string report;
 };
 
-/// Runs the reader of the kind over a text, with every check and its report on; graphic files have none. The session
-/// takes over nothing of it; `ErrFlag` is -1 afterwards where the text has errors, else 0.
+/// Runs the reader of the kind over a text, with every check and its report on; graphic files have none.
+TextCheck checkText(Int16 kind, const std::string& text);
+/// The same as a command: `ErrFlag` is -1 afterwards where the text has errors, else 0. The session takes over nothing
+/// of the text.
 TextCheck checkText(Session& session, Int16 kind, const std::string& text);
 
 }  // namespace vk

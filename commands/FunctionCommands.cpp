@@ -31,8 +31,8 @@ void takeFile(Session& session, Ports& ports, const std::string& name, const std
 
 void tellErrors(const Session& session, Ports& ports, const std::string& name) {
   if (session.settings.ShowErrors) {
-    // QUIRK: this window comes up empty, because the reader has shown its report, which stays open, and cleared it.
-    OutputRequest request = reportRequest(kReadFunctions + kErrorListSuffix, session.TraceText);
+    // QUIRK: this window comes up empty; the reader has shown its report, which stays open.
+    OutputRequest request = reportRequest(kReadFunctions + kErrorListSuffix, "");
     request.beside = true;
     ports.output.OutShow(request);
   } else {
@@ -50,11 +50,9 @@ void MenFunLet(Session& session, Ports& ports) {
   const bool chosen = pickFileToRead(session, ports, kReadFunctions, kFunctionKind, name);
   session.files.RecentFun.pick = 0;
   if (!chosen) return;
-  session.TraceText.clear();
-  session.CheckFunctions = kTrue;
-  session.TraceEnabled = session.settings.ShowErrors;
   const std::string path = name;  // the reader folds the name
-  ReadFunctionFile(session, ports.files, ports.output, name, kFalse);
+  ReadFunctionFile(session, ports.files, ports.output, name,
+                   {.trace = session.settings.ShowErrors != kFalse});
   if (session.ErrFlag == 0) {
     takeFile(session, ports, name, path);
   } else {

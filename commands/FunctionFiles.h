@@ -2,25 +2,21 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
+#include "expr/FunctionFile.h"
 #include "platform/Files.h"
 #include "platform/OutputWindow.h"
-#include "session/Session.h"
 
-/// Function files as the commands read them, steered by the session's `TraceEnabled` (write the report) and
-/// `CheckFunctions` (compile each function). The outcome is in `ErrFlag`.
 namespace vk {
+
+struct Session;
 
 /// Reads and checks a function file. `name` is folded to capitals in the caller's variable.
 ///
-/// With `checkOnly` nothing is stored and the report stays in `TraceText`; else the functions replace those of the
-/// file before if no error was found, a report with errors is shown, and `TraceText` is cleared. A file that cannot
-/// be read is a run-time error (`Files::readAll`).
+/// The functions replace those of the file before if no error was found; a report with errors is shown where
+/// functions are compiled and traced. `ErrFlag` is -1 after errors, else 0. A file that cannot be read is a
+/// run-time error (`Files::readAll`).
 void ReadFunctionFile(Session& session, Files& files, OutputWindow& output, std::string& name,
-                      Flag checkOnly);
-
-/// Checks the text of a function file as `ReadFunctionFile` does with `checkOnly`.
-void CheckFunctionText(Session& session, std::string_view text);
+                      FunctionFileChecks checks);
 
 }  // namespace vk

@@ -13,7 +13,7 @@ namespace {
 /// The first function of a file, as the last inner function of the catalogue; gives its index.
 int loadFirstFunction(Session& session, Files& files, std::string fileName) {
   GridOutput report;
-  ReadFunctionFile(session, files, report, fileName, kFalse);
+  ReadFunctionFile(session, files, report, fileName, {});
   loadFunction(session, 1);
   return static_cast<int>(session.loaded.catalogue.inner.size());
 }

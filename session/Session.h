@@ -1,8 +1,5 @@
 #pragma once
 
-#include <array>
-#include <string>
-
 #include "analysis/MonteCarloResult.h"
 #include "analysis/ParameterSet.h"
 #include "analysis/SimulationSettings.h"
@@ -44,11 +41,7 @@ struct Session {
   DesktopSettings settings;
   InputTables input;  ///< of the input form in use
 
-  // Registers and switches of the commands.
-  Int16 ErrFlag;          ///< 0 clear, -1 failed, 32755 cancelled, else a run-time error number
-  Flag TraceEnabled;      ///< compiler and function file reader write their report
-  Flag CheckFunctions;    ///< the function file reader compiles each function
-  std::string TraceText;  ///< the report, lines ended by CR LF
+  Int16 ErrFlag;  ///< of the last command: 0 clear, -1 failed, 32755 cancelled, else a run-time error number
 };
 
 }  // namespace vk

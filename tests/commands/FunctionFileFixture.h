@@ -3,10 +3,12 @@
 #include <string>
 #include <vector>
 
+#include "commands/EditCommands.h"
 #include "commands/FunctionFiles.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedForms.h"
 #include "expr/Catalogue.h"
+#include "session/Session.h"
 
 namespace vk {
 
@@ -22,26 +24,20 @@ inline std::string lines(const std::vector<std::string>& texts) {
 /// Function files in memory, read into a session.
 class FunctionFileTest : public testing::Test {
  protected:
-  FunctionFileTest() {
-    BuildCatalogue(session.loaded.catalogue);
-    session.CheckFunctions = kTrue;
-  }
+  FunctionFileTest() { BuildCatalogue(session.loaded.catalogue); }
 
   /// Reads a file with these bytes; the result is the session's.
-  void read(const std::string& bytes, Flag checkOnly = kFalse) {
+  void read(const std::string& bytes) {
     files.content["f.fcn"] = bytes;
     std::string name = "f.fcn";
-    ReadFunctionFile(session, files, output, name, checkOnly);
+    ReadFunctionFile(session, files, output, name, checks);
   }
   /// The report that a check with the report on gives.
-  std::string report(const std::string& bytes) {
-    session.TraceEnabled = kTrue;
-    read(bytes, kTrue);
-    return session.TraceText;
-  }
+  std::string report(const std::string& bytes) { return checkText(session, kFunctionKind, bytes).report; }
   const std::vector<FunctionFile::Entry>& entries() const { return session.loaded.catalogue.file.entries; }
 
   Session session;
+  FunctionFileChecks checks{.compile = true, .trace = false};
   MemoryFiles files;
   RecordingOutput output;
 };

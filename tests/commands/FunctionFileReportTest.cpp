@@ -48,17 +48,19 @@ TEST_F(FunctionFileTest, TheReportOfTwoFunctionsOfWhichTheFirstIsWrong) {
                 "*********** Fine Funzione: 2\r\n"
                 "\r\n");
   EXPECT_EQ(session.ErrFlag, kTrue);
-  EXPECT_THAT(session.TraceText, HasSubstr("* ERR. Variabile C NON definita"));
+  EXPECT_THAT(report(lines({"A", "A*C", "prima"})), HasSubstr("* ERR. Variabile C NON definita"));
 }
 
 TEST_F(FunctionFileTest, WithoutTheCheckSwitchNothingIsCompiled) {
-  session.CheckFunctions = kFalse;
-  EXPECT_EQ(report(lines({"A", "A*C", "prima"})),
+  const std::string bytes = lines({"A", "A*C", "prima"});
+  checks.compile = false;
+  EXPECT_EQ(parseFunctionFile(bytes, {.compile = false}).report,
             "\r\n"
             "*********** Funzione:      1\r\n"
             "Parametri:   A\r\n"
             "Definizione: A*C\r\n"
             "Descrizione: prima\r\n");
+  read(bytes);
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
@@ -71,11 +73,10 @@ TEST_F(FunctionFileTest, OneBadFunctionRefusesTheWholeFile) {
 }
 
 TEST_F(FunctionFileTest, AGoodFileShowsNoReportWhateverTheOption) {
-  for (const int option : {kTrue, kFalse}) {
-    session.TraceEnabled = option;
+  for (const bool option : {true, false}) {
+    checks.trace = option;
     read(lines({"A", "A*x", "retta"}));
     EXPECT_EQ(session.ErrFlag, 0);
-    EXPECT_EQ(session.TraceText, "");
   }
   EXPECT_TRUE(output.requests.empty());
 }
@@ -83,6 +84,7 @@ TEST_F(FunctionFileTest, AGoodFileShowsNoReportWhateverTheOption) {
 TEST_F(FunctionFileTest, AFileWithErrorsShowsItsReportWithTheOptionOn) {
   const std::string bytes = lines({"A", "A*C", "prima"});
   const std::string expected = report(bytes);
+  checks.trace = true;
   read(bytes);
   ASSERT_EQ(output.requests.size(), 1U);
   const OutputRequest& shown = output.requests[0];
@@ -91,26 +93,23 @@ TEST_F(FunctionFileTest, AFileWithErrorsShowsItsReportWithTheOptionOn) {
   EXPECT_EQ(shown.cols, 80);
   EXPECT_EQ(shown.captions, (std::vector<WindowText>{"&Continua", "&Stampa", "Co&pia"}));
   EXPECT_EQ(shown.text, expected);
-  EXPECT_EQ(session.TraceText, "");
   EXPECT_EQ(session.ErrFlag, kTrue);
 }
 
 TEST_F(FunctionFileTest, AFileWithErrorsShowsNothingWithTheOptionOff) {
   read(lines({"A", "A*C", "prima"}));
   EXPECT_TRUE(output.requests.empty());
-  EXPECT_EQ(session.TraceText, "");
   EXPECT_EQ(session.ErrFlag, kTrue);
 }
 
 TEST_F(FunctionFileTest, AWrongStructureShowsNothingWithoutTheCheckSwitch) {
-  session.CheckFunctions = kFalse;
-  session.TraceEnabled = kTrue;
+  checks = {.compile = false, .trace = true};
   read(lines({"A", "A*x"}));
   EXPECT_TRUE(output.requests.empty());
   EXPECT_EQ(session.ErrFlag, kTrue);
 }
 
-TEST_F(FunctionFileTest, CheckOnlyStoresNothingAndLeavesTheReport) {
+TEST_F(FunctionFileTest, TheCheckOfATextStoresNothingAndShowsNothing) {
   EXPECT_THAT(report(lines({"A", "A*x", "retta"})),
               HasSubstr("O.K.\r\n*********** Fine Funzione: 1\r\n\r\n"));
   EXPECT_EQ(session.ErrFlag, 0);
@@ -118,11 +117,6 @@ TEST_F(FunctionFileTest, CheckOnlyStoresNothingAndLeavesTheReport) {
   EXPECT_THAT(report(lines({"A", "A*C", "cattiva"})), HasSubstr("* ERR. Errori nella Compilazione\r\n"));
   EXPECT_EQ(session.ErrFlag, kTrue);
   EXPECT_TRUE(output.requests.empty());
-}
-
-TEST_F(FunctionFileTest, AReportLeftFromBeforeIsCleared) {
-  session.TraceText = "old";
-  EXPECT_EQ(report(""), kNoFunctionReport);
 }
 
 }  // namespace

@@ -77,7 +77,7 @@ TEST_F(FunctionFileTest, ElevenFunctionsAreCutToTenWithoutAWord) {
   for (const char* number : {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11"}) {
     text += lines({"A", std::string("A*x+") + number, std::string("funzione ") + number});
   }
-  session.TraceEnabled = kTrue;
+  checks.trace = true;
   read(text);
   EXPECT_EQ(session.ErrFlag, 0);
   ASSERT_EQ(entries().size(), 10U);
@@ -109,9 +109,9 @@ TEST_F(FunctionFileTest, ABlankDescriptionLineIsSkippedSoThatTheTriplesShift) {
 TEST_F(FunctionFileTest, TheNameIsFoldedToCapitalsAndFindsTheFileAgain) {
   files.content["/home/lab/onde.fcn"] = lines({"A", "A*x", "retta"});
   std::string name = "/home/lab/onde.fcn";
-  ReadFunctionFile(session, files, output, name, kFalse);
+  ReadFunctionFile(session, files, output, name, checks);
   EXPECT_EQ(name, "/HOME/LAB/ONDE.FCN");
-  ReadFunctionFile(session, files, output, name, kFalse);
+  ReadFunctionFile(session, files, output, name, checks);
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
@@ -119,7 +119,7 @@ TEST_F(FunctionFileTest, OfTwoFilesThatDifferInCaseTheNamedOneIsRead) {
   files.content["LIB.FCN"] = lines({"A", "A*x", "grande"});
   files.content["lib.fcn"] = lines({"A", "A*x", "piccola"});
   std::string name = "lib.fcn";
-  ReadFunctionFile(session, files, output, name, kFalse);
+  ReadFunctionFile(session, files, output, name, checks);
   ASSERT_EQ(entries().size(), 1U);
   EXPECT_EQ(entries()[0].description, "piccola");
 }
@@ -127,14 +127,14 @@ TEST_F(FunctionFileTest, OfTwoFilesThatDifferInCaseTheNamedOneIsRead) {
 TEST_F(FunctionFileTest, AFileThatCannotBeOpenedIsARuntimeError) {
   std::string name = "missing.fcn";
   try {
-    ReadFunctionFile(session, files, output, name, kFalse);
+    ReadFunctionFile(session, files, output, name, checks);
     FAIL() << "no error";
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.number(), kFileNotFound);
   }
   files.readError["locked.fcn"] = kPermissionDenied;
   name = "locked.fcn";
-  EXPECT_THROW(ReadFunctionFile(session, files, output, name, kFalse), RuntimeError);
+  EXPECT_THROW(ReadFunctionFile(session, files, output, name, checks), RuntimeError);
 }
 
 TEST_F(FunctionFileTest, AFileWithLineFeedsAloneReadsLikeItsTwin) {
@@ -270,9 +270,11 @@ TEST_F(FunctionFileTest, ATextIsCheckedAsItsFileIs) {
   for (const char* bytes : {"A\r\nA*x\r\nretta\r\n", "A\r\nA*\r\nretta\r\n", "A\nA*x"}) {
     const std::string expected = report(bytes);
     const Int16 flag = session.ErrFlag;
-    CheckFunctionText(session, bytes);
-    EXPECT_EQ(session.TraceText, expected);
+    checks.trace = true;
+    output.requests.clear();
+    read(bytes);
     EXPECT_EQ(session.ErrFlag, flag);
+    EXPECT_EQ(output.requests.empty() ? "" : output.requests[0].text, flag == 0 ? "" : expected);
   }
 }
 

@@ -78,11 +78,11 @@ class RandomDialogs : public Dialogs {
 };
 
 void expectFlags(const Session& session) {
-  for (const Flag flag : {session.loaded.DataDefined, session.loaded.FunFileRead, session.analysis.FunDefined,
-                          session.analysis.ParametersSet, session.analysis.ParVar, session.loaded.GraDefined,
-                          session.settings.ShowErrors, session.analysis.PropagationMode, session.TraceEnabled,
-                          session.figures.Landscape, session.settings.BeepOn, session.loaded.data.kXpntErr,
-                          session.analysis.SimFirstTime}) {
+  for (const Flag flag :
+       {session.loaded.DataDefined, session.loaded.FunFileRead, session.analysis.FunDefined,
+        session.analysis.ParametersSet, session.analysis.ParVar, session.loaded.GraDefined,
+        session.settings.ShowErrors, session.analysis.PropagationMode, session.figures.Landscape,
+        session.settings.BeepOn, session.loaded.data.kXpntErr, session.analysis.SimFirstTime}) {
     ASSERT_TRUE(flag == -1 || flag == 0) << flag;
   }
 }

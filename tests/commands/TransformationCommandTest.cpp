@@ -62,7 +62,7 @@ class TransformationTest : public PropagationTest {
   ScriptedInputForm form;
 };
 
-// ---- The form ----------------------------------------------------------------------------------------------
+// ---- The form ---------------------------------------------------------------------------------------------
 
 TEST_F(TransformationTest, TheFormWithoutErrorsOfX) {
   form.giveUp();
@@ -104,10 +104,9 @@ TEST_F(TransformationTest, TheFormWithErrorsOfX) {
             "field 9 12 33 [dy] #Function@y@x,y,dx,dy@ @ @ label 9 2 9 [       dy]\n");
 }
 
-// ---- The columns -------------------------------------------------------------------------------------------
+// ---- The columns ------------------------------------------------------------------------------------------
 
 TEST_F(TransformationTest, UnchangedFieldsCopyTheColumnsWithoutCompiling) {
-  session.TraceEnabled = kTrue;
   transform({"t", "s", "x", "y", "dy"});
   EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(1, 2, 3));
   EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(4, 5, 6));
@@ -179,7 +178,7 @@ TEST_F(TransformationTest, ValuesThatCannotBeComputedStandAsTheEvaluationLeftThe
   EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(-1, 0, 0));
 }
 
-// ---- Bad formulas ------------------------------------------------------------------------------------------
+// ---- Bad formulas -----------------------------------------------------------------------------------------
 
 TEST_F(TransformationTest, ABadFormulaIsToldWithItsColumnAndNothingChanges) {
   expectRefusal({"t", "s", "x+", "y", "dy"}, "Errore nella Definizione di  x  <*> per Continuare");
@@ -197,7 +196,7 @@ TEST_F(TransformationTest, ABadErrorOfXIsToldByItsName) {
   expectRefusal({"t", "s", "x", "y", "dz", "dy"}, "Errore nella Definizione di dx  <*> per Continuare");
 }
 
-// ---- The end -----------------------------------------------------------------------------------------------
+// ---- The end ----------------------------------------------------------------------------------------------
 
 TEST_F(TransformationTest, TheMenusFollowAndWhoeverHoldsTheMainWindowKeepsIt) {
   window.shut(Form::kEditor);

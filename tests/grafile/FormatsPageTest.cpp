@@ -75,8 +75,7 @@ TEST_F(FormatsPage, TheDataFileHasItsPoints) {
 
 TEST_F(FormatsPage, TheFunctionFileHasItsFunctions) {
   std::string name = of("fcn")[0].name;
-  session.CheckFunctions = kTrue;
-  ReadFunctionFile(session, files, output, name, kFalse);
+  ReadFunctionFile(session, files, output, name, {});
   EXPECT_EQ(session.ErrFlag, 0);
   const auto& functions = session.loaded.catalogue.file.entries;
   ASSERT_EQ(functions.size(), 2U);

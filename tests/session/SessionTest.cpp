@@ -14,14 +14,12 @@ TEST(Session, EveryFieldHasItsFirstValue) {
   EXPECT_EQ(session.loaded.DataFile, "Nessuno");
   EXPECT_EQ(session.loaded.FunFile, "Nessuno");
   EXPECT_EQ(session.loaded.GraFile, "");
-  for (const Flag flag :
-       {session.loaded.DataDefined, session.loaded.FunFileRead, session.analysis.FunDefined,
-        session.analysis.ParametersSet, session.analysis.ParVar, session.loaded.GraDefined,
-        session.settings.ShowErrors, session.analysis.PropagationMode, session.TraceEnabled}) {
+  for (const Flag flag : {session.loaded.DataDefined, session.loaded.FunFileRead, session.analysis.FunDefined,
+                          session.analysis.ParametersSet, session.analysis.ParVar, session.loaded.GraDefined,
+                          session.settings.ShowErrors, session.analysis.PropagationMode}) {
     EXPECT_EQ(flag, 0);
   }
   EXPECT_EQ(session.ErrFlag, 0);
-  EXPECT_EQ(session.TraceText, "");
   EXPECT_EQ(session.figures.DiffText, "");
   for (const std::string& text : session.figures.GraphText) EXPECT_EQ(text, "");
   for (const float scale : session.figures.GraphScale) EXPECT_EQ(scale, 1.0F);

@@ -205,9 +205,9 @@ TEST_F(MainModTest, FlagsAreExactlyTrueOrFalseAfterEveryCommand) {
     for (const Flag flag :
          {session.loaded.DataDefined, session.loaded.FunFileRead, session.analysis.FunDefined,
           session.analysis.ParametersSet, session.analysis.ParVar, session.loaded.GraDefined,
-          session.settings.ShowErrors, session.TraceEnabled, session.CheckFunctions,
-          session.analysis.PropagationMode, session.analysis.SimFirstTime, session.figures.Landscape,
-          session.settings.BeepOn, session.loaded.data.kXpntErr, panels.PanelClosed}) {
+          session.settings.ShowErrors, session.analysis.PropagationMode, session.analysis.SimFirstTime,
+          session.figures.Landscape, session.settings.BeepOn, session.loaded.data.kXpntErr,
+          panels.PanelClosed}) {
       EXPECT_TRUE(flag == kTrue || flag == kFalse) << control << ": " << flag;
     }
   };

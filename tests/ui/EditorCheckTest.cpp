@@ -113,7 +113,6 @@ TEST_F(EditorTest, VisualizzaShowsTheReportOfTheFunctionReader) {
   EXPECT_NE(report.find("* ERR. Errori nella Compilazione\r\n*********** Fine Funzione: 1\r\n\r\n"),
             std::string::npos)
       << report;
-  EXPECT_EQ(session.TraceText, "");
   expectOpen();
 }
 
@@ -126,22 +125,6 @@ TEST_F(EditorTest, GraphicFilesAreNotChecked) {
   EXPECT_THAT(dialogs.messages, IsEmpty());
 }
 
-TEST_F(EditorTest, TheSwitchesOfTheCheckArePutBack) {
-  for (const char* bytes : {kGoodFunctions, kBadFunctions}) {
-    for (const int trace : {kFalse, kTrue}) {
-      for (const int check : {kFalse, kTrue}) {
-        session.TraceEnabled = trace;
-        session.CheckFunctions = check;
-        open(bytes, kFunctionKind);
-        if (bytes == kBadFunctions) dialogs.press(1);
-        editor.MnuFilSav();
-        EXPECT_EQ(session.TraceEnabled, trace);
-        EXPECT_EQ(session.CheckFunctions, check);
-      }
-    }
-  }
-}
-
 TEST_F(EditorTest, WhatIsCheckedIsTheTextThatWasSavedNotTheFile) {
   open(kGoodData, kDataKind);
   files.readError[kPath] = kDeviceIoError;
@@ -150,7 +133,7 @@ TEST_F(EditorTest, WhatIsCheckedIsTheTextThatWasSavedNotTheFile) {
   EXPECT_TRUE(dialogs.boxes.empty());
 }
 
-TEST_F(EditorTest, ACheckThatBreaksOffIsToldAndPutsItsSwitchesBack) {
+TEST_F(EditorTest, ACheckThatBreaksOffIsTold) {
   open(kGoodFunctions, kFunctionKind);
   std::string names;
   for (int i = 0; i < 40000; ++i) names += "a,";  // more than the compiler can count
@@ -162,8 +145,6 @@ TEST_F(EditorTest, ACheckThatBreaksOffIsToldAndPutsItsSwitchesBack) {
                   "VOR_KEL: Modifica File Funzioni",
                   "Il File Funzioni: /lavoro/prova.txt e` stato Salvato, ma NON puo` essere Controllato!\n" +
                       runtimeErrorText(kOverflow) + "     <*> per Continuare"}));
-  EXPECT_EQ(session.TraceEnabled, kFalse);
-  EXPECT_EQ(session.CheckFunctions, kFalse);
   expectOpen();
 }
 
@@ -193,7 +174,7 @@ TEST_F(EditorTest, TheNextSaveOfAFunctionFileFindsTheSameFile) {
 TEST_F(EditorTest, ALoadedModelIsStillThereBehindTheCheck) {
   files.content["/lib.fcn"] = "A\r\nA*x\r\nproporzionale\r\n";
   std::string name = "/lib.fcn";
-  ReadFunctionFile(session, files, output, name, kFalse);
+  ReadFunctionFile(session, files, output, name, {});
   ASSERT_EQ(session.ErrFlag, 0);
   ASSERT_FALSE(loadFunction(session, 1));
   const FunctionDef before = session.analysis.fun;

@@ -1,11 +1,11 @@
 #include "commands/SimulationCommand.h"
-#include "commands/ExhaustedBox.h"
 
 #include <array>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "commands/DisplayRefresh.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/FitCommand.h"
 #include "commands/FormDescription.h"
 #include "commands/RandomSource.h"
@@ -13,7 +13,7 @@
 namespace vk {
 namespace {
 
-// ---- Texts --------------------------------------------------------------------------------------------------
+// ---- Texts ------------------------------------------------------------------------------------------------
 
 constexpr const char* kSimulationCaption = "VOR_KEL: Simulazione Dati";
 constexpr std::array kPrompts{"x Minimo                  ", "x Massimo                 ",
@@ -32,7 +32,7 @@ constexpr const char* kLimitMoved = "*** Xmin = Xmax: Posto Xmax = Xmin +1\r";
 constexpr const char* kErrorOfYSet = "*** Incertezza di y = 0: Posto Incertezza di y = 1\r";
 constexpr const char* kOverflowWord = "Overflow";
 
-// ---- The form ----------------------------------------------------------------------------------------------
+// ---- The form ---------------------------------------------------------------------------------------------
 
 constexpr int kFieldCount = kPrompts.size();
 constexpr int kRows = 13;
@@ -67,7 +67,7 @@ void describeFields(const Session& session, InputTables& form) {
   }
 }
 
-// ---- The settings ------------------------------------------------------------------------------------------
+// ---- The settings -----------------------------------------------------------------------------------------
 
 SimulationSettings enteredSettings(const InputTables& form) {
   std::array<double, kFieldCount> numbers;
@@ -93,7 +93,7 @@ std::string correctionText(Correction correction, const SimulationSettings& sim,
   return {};
 }
 
-// ---- The data ----------------------------------------------------------------------------------------------
+// ---- The data ---------------------------------------------------------------------------------------------
 
 constexpr const char* kDataName = "SIMULA.DAT";
 
@@ -105,20 +105,19 @@ void takeData(Session& session, const SimulatedData& simulated) {
   session.analysis.SimFirstTime = kFalse;
 }
 
-/// Runs the fit and puts the true values back.
-void fitSimulated(ParameterSet& par, const Array<double>& truth, const std::function<void()>& fit) {
-  fit();
-  for (int i = 1; i <= par.FreeCount; ++i) {
-    const int parameter = par.FreeIndex[i];
-    par.ParValues[parameter] = truth[parameter];
-  }
-}
-
 }  // namespace
 
 void MenDatSim(Session& session, Ports& ports) {
   if (!askSimulation(session, ports.input)) return;
-  SimulateData(session, ports, [&](EvaluationListener& listener) { fitOnScreen(session, ports, listener); });
+  ExhaustedBox listener(ports.dialogs);
+  ParameterSet& par = session.analysis.par;
+  const Array<double> truth = par.ParValues;
+  if (!SimulateData(session, ports, listener)) return;
+  fitOnScreen(session, ports, listener);
+  for (int i = 1; i <= par.FreeCount; ++i) {
+    const int parameter = par.FreeIndex[i];
+    par.ParValues[parameter] = truth[parameter];
+  }
 }
 
 bool askSimulation(Session& session, InputForm& form) {
@@ -159,20 +158,18 @@ std::optional<SimulatedData> simulateUnlessOverflow(Dialogs& dialogs,
   }
 }
 
-void SimulateData(Session& session, Ports& ports, const std::function<void(EvaluationListener&)>& fit) {
+bool SimulateData(Session& session, Ports& ports, EvaluationListener& listener) {
   ParameterSet& par = session.analysis.par;
-  ExhaustedBox listener(ports.dialogs);
   Model& model = session.analysis.model;
   RandomSource source(ports.random);
   const auto simulated = simulateUnlessOverflow(
       ports.dialogs, [&] { return simulate(enteredSettings(session.input), model, par, source, listener); });
-  if (!simulated) return;
+  if (!simulated) return false;
   takeData(session, *simulated);
-  const Array<double> truth = par.ParValues;
   scatterStart(par, source);
   const bool goesOn = acceptCorrections(ports.dialogs, *simulated, par.FreeCount);
   Msg(session, ports.window);
-  if (goesOn) fitSimulated(par, truth, [&] { fit(listener); });
+  return goesOn;
 }
 
 }  // namespace vk

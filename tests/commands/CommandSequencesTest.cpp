@@ -40,8 +40,8 @@ class CommandSequenceTest : public PropagationTest {
     fitted = session.analysis.par.ParValues;
   }
   void simulate() {
-    if (!askSimulation(session, form)) return;
-    SimulateData(session, TestPorts(dialogs, window, random), [this](EvaluationListener&) { fit(); });
+    MenDatSim(session, TestPorts(form, dialogs, window, output, clock, random));
+    fitted = session.analysis.par.FreeValues;  // both are free
   }
 
   ScriptedFunctionForms functions{session};

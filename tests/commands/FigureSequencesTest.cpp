@@ -2,6 +2,7 @@
 
 #include "base/NumberText.h"
 #include "commands/DataCommands.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/FitCommand.h"
 #include "commands/ParameterCommands.h"
 #include "commands/SimulationCommand.h"
@@ -184,8 +185,9 @@ TEST_F(DataFigureSequence, SimulatedDataSurviveAGraphicFile) {
   random.seed(1);
   ScriptedInputForm form;
   form.execute({"0", "10", "20", "0.5", "1", "0", "1"});
-  if (askSimulation(session, form))
-    SimulateData(session, TestPorts(dialogs, window, random), [](EvaluationListener&) {});
+  ExhaustedBox listener(dialogs);
+  ASSERT_TRUE(askSimulation(session, form));
+  ASSERT_TRUE(SimulateData(session, TestPorts(dialogs, window, random), listener));
   ASSERT_EQ(session.loaded.DataFile, "SIMULA.DAT");
   ASSERT_EQ(session.loaded.data.NumPnt, 20);
   expectTheSameFitAfterAGraphicFile();

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "commands/FitCommand.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/ParameterCommands.h"
 #include "doubles/ErrorOf.h"
 #include "doubles/TestPorts.h"
@@ -29,12 +29,14 @@ class SimulationTest : public PropagationTest {
     classifyParameters(session);
   }
 
-  /// The command with the fit of the test.
+  /// The command up to its fit, which the test does.
   void run() {
     CyclingRandom none({0.5F});
     Random& random = random_ == nullptr ? none : *random_;
-    if (askSimulation(session, form_)) {
-      SimulateData(session, TestPorts(dialogs, window, random), [this](EvaluationListener&) { fit(); });
+    ExhaustedBox listener(dialogs);
+    if (askSimulation(session, form_) &&
+        SimulateData(session, TestPorts(dialogs, window, random), listener)) {
+      fit();
     }
   }
   void simulate(const Fields& fields, Random& random) {
@@ -57,7 +59,7 @@ class SimulationTest : public PropagationTest {
     return {part.begin(), part.end()};
   }
 
-  /// What the fit is run with; the real one where a test sets it.
+  /// Stands for the fit.
   std::function<void()> fit = [this] { ++fits; };
   int fits = 0;
   Random* random_ = nullptr;
@@ -66,7 +68,7 @@ class SimulationTest : public PropagationTest {
 
 constexpr const char* kHeader = "Immissione Dati NON Ragionevole! Segue Elenco e Correzione Proposta.\r";
 
-// ---- The form ----------------------------------------------------------------------------------------------
+// ---- The form ---------------------------------------------------------------------------------------------
 
 TEST_F(SimulationTest, TheForm) {
   form_.giveUp();
@@ -117,7 +119,7 @@ TEST_F(SimulationTest, GivingUpLeavesTheSettings) {
   EXPECT_EQ(fits, 1);
 }
 
-// ---- The settings ------------------------------------------------------------------------------------------
+// ---- The settings -----------------------------------------------------------------------------------------
 
 TEST_F(SimulationTest, TheCountIsRoundedWithoutItsSign) {
   const auto count = [&](const std::string& entered) {
@@ -166,7 +168,7 @@ TEST_F(SimulationTest, TheLargestNumberOfPointsIsMade) {
   EXPECT_EQ(session.loaded.data.Xpnt[32767], 32766);
 }
 
-// ---- What is not reasonable --------------------------------------------------------------------------------
+// ---- What is not reasonable -------------------------------------------------------------------------------
 
 TEST_F(SimulationTest, QUIRK_TooFewPointsAreToldWithTheCorrectedCount) {
   EXPECT_EQ(reportOf({"0", "10", "1", "1", "1", "0", "0"}),
@@ -241,7 +243,7 @@ TEST_F(SimulationTest, WithoutFreeParametersASinglePointHasNoStep) {
   EXPECT_EQ(errorOf([&] { simulate({"0", "10", "1", "1", "1", "0", "0"}); }), kDivisionByZero);
 }
 
-// ---- The data ----------------------------------------------------------------------------------------------
+// ---- The data ---------------------------------------------------------------------------------------------
 
 TEST_F(SimulationTest, PointsAreEquallySpacedAndScatteredByTheirErrors) {
   simulate({"1", "3", "5", ".1", "1", "0", "0"});
@@ -333,7 +335,7 @@ TEST_F(SimulationTest, ValuesThatCannotBeComputedGoIntoTheDataAsTheyCome) {
   EXPECT_EQ(fits, 1);
 }
 
-// ---- The fit -----------------------------------------------------------------------------------------------
+// ---- The fit ----------------------------------------------------------------------------------------------
 
 TEST_F(SimulationTest, TheFitStartsFromScatteredValues) {
   fit = [this] {
@@ -370,12 +372,9 @@ TEST_F(SimulationTest, AfterTheFitTheTrueValuesAreBack) {
   set(1, 2, 0);  // b constant
   classifyParameters(session);
   SystemRandom random;
-  double fitted = 0;
-  fit = [&] {
-    MenAdaAda(session, TestPorts(dialogs, window, output, clock));
-    fitted = session.analysis.par.ParValues[2];
-  };
-  simulate({"0", "10", "11", ".5", "1", "0", "0"}, random);
+  form_.execute({"0", "10", "11", ".5", "1", "0", "0"});
+  MenDatSim(session, TestPorts(form_, dialogs, window, output, clock, random));
+  const double fitted = session.analysis.par.FreeValues[1];
   EXPECT_NE(fitted, 1);
   EXPECT_NEAR(fitted, 1, 1);
   EXPECT_EQ(session.analysis.par.ParValues[1], 2);

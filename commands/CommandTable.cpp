@@ -10,8 +10,6 @@
 #include "commands/FitCommand.h"
 #include "commands/FunctionCommands.h"
 #include "commands/ParameterCommands.h"
-#include "commands/Preconditions.h"
-#include "commands/PropagationCommand.h"
 #include "commands/ServiceCommands.h"
 #include "commands/SimulationCommand.h"
 #include "commands/TransformationCommand.h"
@@ -23,7 +21,7 @@ namespace {
 
 using enum CommandKind;
 
-// ---- What the entries depend on ----------------------------------------------------------------------------
+// ---- What the entries depend on ---------------------------------------------------------------------------
 
 bool dataDefined(const Session& session) {
   return session.loaded.DataDefined != kFalse;
@@ -82,7 +80,7 @@ constexpr EnableRule keptBy(Condition condition) {
 }
 constexpr EnableRule kAsAtStart{};
 
-// ---- What they run -----------------------------------------------------------------------------------------
+// ---- What they run ----------------------------------------------------------------------------------------
 
 /// Reads an entry of a recent list.
 template <int index, FileKindCode kind, auto read>
@@ -91,7 +89,7 @@ void readRecent(Session& session, Ports& ports) {
   read(session, ports);
 }
 
-// ---- The table ---------------------------------------------------------------------------------------------
+// ---- The table --------------------------------------------------------------------------------------------
 
 constexpr std::nullopt_t kTop = std::nullopt;
 constexpr bool kOn = true;
@@ -99,12 +97,19 @@ constexpr bool kOff = false;
 constexpr bool kShown = true;
 constexpr bool kHidden = false;
 
+// Captions of several entries.
+constexpr const char* kDataEntry = "&Dati";
+constexpr const char* kReadEntry = "&Lettura File";
+constexpr const char* kEditEntry = "&Modifica File";
+constexpr const char* kShowEntry = "&Visualizza";
+constexpr const char* kSaveGraphicEntry = "Salva File &Grafico";
+
 constexpr std::array kTable{
-    Command{Control::MenDat, "MenDat", kTop, "&Dati", kMenu, kOn, kShown},
-    Command{Control::MenDatLet, "MenDatLet", Control::MenDat, "&Lettura File", kCommand, kOn, kShown,
-            kAsAtStart, MenDatLet, kDataKind},
-    Command{Control::MenDatMod, "MenDatMod", Control::MenDat, "&Modifica File", kCommand, kOn, kShown,
-            kAsAtStart, MenDatMod},
+    Command{Control::MenDat, "MenDat", kTop, kDataEntry, kMenu, kOn, kShown},
+    Command{Control::MenDatLet, "MenDatLet", Control::MenDat, kReadEntry, kCommand, kOn, kShown, kAsAtStart,
+            MenDatLet, kDataKind},
+    Command{Control::MenDatMod, "MenDatMod", Control::MenDat, kEditEntry, kCommand, kOn, kShown, kAsAtStart,
+            MenDatMod},
     Command{Control::MenDatSav, "MenDatSav", Control::MenDat, "Salva con &Nome", kCommand, kOff, kShown,
             follows(dataDefined), MenDatSav},
     Command{Control::MenDatTra, "MenDatTra", Control::MenDat, "&Trasformazione Dati", kCommand, kOff, kShown,
@@ -125,10 +130,10 @@ constexpr std::array kTable{
             kAsAtStart, MenFunSel},
     Command{Control::MenFunVar, "MenFunVar", Control::MenFun, "Sostituzione &Variabili", kNothing, kOff,
             kHidden},
-    Command{Control::MenFunLet, "MenFunLet", Control::MenFun, "&Lettura File", kCommand, kOn, kShown,
-            kAsAtStart, MenFunLet, kFunctionKind},
-    Command{Control::MenFunMod, "MenFunMod", Control::MenFun, "&Modifica File", kCommand, kOn, kShown,
-            kAsAtStart, MenFunMod},
+    Command{Control::MenFunLet, "MenFunLet", Control::MenFun, kReadEntry, kCommand, kOn, kShown, kAsAtStart,
+            MenFunLet, kFunctionKind},
+    Command{Control::MenFunMod, "MenFunMod", Control::MenFun, kEditEntry, kCommand, kOn, kShown, kAsAtStart,
+            MenFunMod},
     Command{Control::MenFunCar, "MenFunCar", Control::MenFun, "&Carica Funzione", kCommand, kOff, kShown,
             needs(functionFileRead), MenFunCar},
     Command{Control::MenFunOld0, "MenFunOld(0)", Control::MenFun, "", kRecent, kOn, kHidden, kAsAtStart,
@@ -141,23 +146,23 @@ constexpr std::array kTable{
             readRecent<3, kFunctionKind, MenFunLet>, kFunctionKind},
 
     Command{Control::MenGra, "MenGra", kTop, "&Grafici", kMenu, kOn, kShown},
-    Command{Control::MenGraDat, "MenGraDat", Control::MenGra, "&Dati", kMenu, kOff, kShown,
+    Command{Control::MenGraDat, "MenGraDat", Control::MenGra, kDataEntry, kMenu, kOff, kShown,
             follows(dataDefined)},
-    Command{Control::MenGraDatVis, "MenGraDatVis", Control::MenGraDat, "&Visualizza", kCommand, kOff, kShown,
+    Command{Control::MenGraDatVis, "MenGraDatVis", Control::MenGraDat, kShowEntry, kCommand, kOff, kShown,
             follows(dataDefined), MenGraDatVis},
-    Command{Control::MenGraDatGra, "MenGraDatGra", Control::MenGraDat, "Salva File &Grafico", kCommand, kOff,
+    Command{Control::MenGraDatGra, "MenGraDatGra", Control::MenGraDat, kSaveGraphicEntry, kCommand, kOff,
             kShown, follows(dataDrawn), MenGraDatGra},
     Command{Control::MenGraFun, "MenGraFun", Control::MenGra, "Dati e &Funzione", kMenu, kOff, kShown,
             follows(drawableOrFree)},
-    Command{Control::MenGraFunVis, "MenGraFunVis", Control::MenGraFun, "&Visualizza", kCommand, kOff, kShown,
+    Command{Control::MenGraFunVis, "MenGraFunVis", Control::MenGraFun, kShowEntry, kCommand, kOff, kShown,
             follows(fitDrawable), MenGraFunVis},
-    Command{Control::MenGraFunGra, "MenGraFunGra", Control::MenGraFun, "Salva File &Grafico", kCommand, kOff,
+    Command{Control::MenGraFunGra, "MenGraFunGra", Control::MenGraFun, kSaveGraphicEntry, kCommand, kOff,
             kShown, follows(functionDrawn), MenGraFunGra},
     Command{Control::MenGraDif, "MenGraDif", Control::MenGra, "D&ifferenze", kMenu, kOff, kShown,
             follows(drawableOrFree)},
-    Command{Control::MenGraDifVis, "MenGraDifVis", Control::MenGraDif, "&Visualizza", kCommand, kOff, kShown,
+    Command{Control::MenGraDifVis, "MenGraDifVis", Control::MenGraDif, kShowEntry, kCommand, kOff, kShown,
             follows(fitDrawable), MenGraDifVis},
-    Command{Control::MenGraDifGra, "MenGraDifGra", Control::MenGraDif, "Salva File &Grafico", kCommand, kOff,
+    Command{Control::MenGraDifGra, "MenGraDifGra", Control::MenGraDif, kSaveGraphicEntry, kCommand, kOff,
             kShown, follows(differencesDrawn), MenGraDifGra},
     Command{Control::MenGraDifSav, "MenGraDifSav", Control::MenGraDif, "Salva File &Differenze", kCommand,
             kOff, kShown, follows(differencesKept), MenGraDifSav},
@@ -217,10 +222,6 @@ std::span<const Command> commandTable() {
 
 const Command& commandOf(Control control) {
   return kTable[static_cast<std::size_t>(control)];
-}
-
-std::string_view controlName(Control control) {
-  return commandOf(control).name;
 }
 
 }  // namespace vk

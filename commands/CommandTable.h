@@ -57,6 +57,4 @@ std::span<const Command> commandTable();
 /// The entry of a control.
 const Command& commandOf(Control control);
 
-std::string_view controlName(Control control);
-
 }  // namespace vk

@@ -10,8 +10,7 @@ namespace {
 
 constexpr const char* kDerivativesFailed = "Errori nel Calcolo delle Derivate Parziali";
 constexpr const char* kSimulationFailed = "Errori nella Simulazione di Monte Carlo";
-constexpr const char* kNoDependence =
-    "Errori nella Simulazione di Monte Carlo\nla funzione NON dipende dalle variabili";
+constexpr const char* kNoDependence = "\nla funzione NON dipende dalle variabili";
 constexpr const char* kFileName = "Mon_Sim.DAT";
 
 }  // namespace
@@ -23,6 +22,8 @@ PropagationResult PropagateErrors(Session& session, Ports& ports) {
   const ParameterSet& par = session.analysis.par;
   PropagationScreen screen(session.analysis.fun.FunctionText, par, ports.output);
   screen.open();
+  // The window can be asked to save while the samples still run. The session gets the histogram only when it is
+  // whole, so that no half-filled one is written, or changed by being written.
   ports.output.setSaveRoutine([&session, &files = ports.files] { SaveMonteCarlo(session, files); });
   ExhaustedBox listener(ports.dialogs);
   Model& model = session.analysis.model;
@@ -44,7 +45,7 @@ void tellFailure(Dialogs& dialogs, PropagationEnd end) {
     case PropagationEnd::kSimulationFailed:
       return dialogs.plainBox(kProgramTitle, kSimulationFailed);
     case PropagationEnd::kNoDependence:
-      return dialogs.plainBox(kProgramTitle, kNoDependence);
+      return dialogs.plainBox(kProgramTitle, std::string(kSimulationFailed) + kNoDependence);
     case PropagationEnd::kCompleted:
       break;
   }

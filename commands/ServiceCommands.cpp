@@ -1,4 +1,5 @@
 #include "commands/ServiceCommands.h"
+
 #include "session/Session.h"
 
 namespace vk {

@@ -1,22 +1,21 @@
 #include "commands/TransformationCommand.h"
-#include "commands/ExhaustedBox.h"
 
 #include "base/Text.h"
 #include "commands/DisplayRefresh.h"
+#include "commands/ExhaustedBox.h"
 #include "commands/FormDescription.h"
-#include "data/DataFiles.h"
 
 namespace vk {
 namespace {
 
-// ---- Texts --------------------------------------------------------------------------------------------------
+// ---- Texts ------------------------------------------------------------------------------------------------
 
 constexpr const char* kTransformationCaption = "VOR_KEL: Trasformazione Dati";
 constexpr const char* kDataFileHead = "File Dati";
 constexpr const char* kLegendX = "Legenda x";
 constexpr const char* kLegendY = "Legenda y";
 
-// ---- The form ----------------------------------------------------------------------------------------------
+// ---- The form ---------------------------------------------------------------------------------------------
 
 constexpr int kColumns = 45;
 constexpr int kPromptWidth = 9;

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "expr/CodeReader.h"
-
 #include "expr/CompiledExpression.h"
 #include "expr/PlainOperations.h"
 

@@ -10,7 +10,8 @@
 namespace vk {
 
 /// The working directory panel `FraDir` without its widgets: four rows of folders, a drive list and a folder
-/// list that follow the selected row: the volume of its folder, the way to it and what is inside. Row 0 is the folder for all files, rows 1 to 3 those for the kinds.
+/// list that follow the selected row: the volume of its folder, the way to it and what is inside. Row 0 is the
+/// folder for all files, rows 1 to 3 those for the kinds.
 class DirectoryPanel {
  public:
   DirectoryPanel(FileSettings& settings, Files& files) : settings_(settings), files_(files) {}

@@ -43,7 +43,6 @@ void InpMod::validateNumber() {
 }
 
 void InpMod::validateFunction(const std::string& remainder) {
-  // QUIRK: the formula is compiled over the session's model; who needs that one must build it anew.
   if (compiler_(remainder + edit_.text)) return;
   // QUIRK: nothing follows the words, no name of a field.
   dialogs_.plainBox(kProgramTitle, kBadDefinition);

@@ -19,7 +19,7 @@ inline constexpr Colour kInpColorField = Colour::fromChannels(230, 230, 230);
 
 class InpMod {
  public:
-  /// Tells whether a definition text compiles into the session's model area.
+  /// Tells whether a definition text compiles.
   using Compiler = std::function<bool(const std::string& definition)>;
 
   InpMod(Dialogs& dialogs, Sound& sound, Compiler compiler)

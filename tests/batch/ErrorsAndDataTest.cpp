@@ -17,7 +17,7 @@ std::string dataFile(const std::string& text = kThreeColumns) {
   return "'" + temporaryFile("IN.DAT", text) + "' ";
 }
 
-// ---- propagate ---------------------------------------------------------------------------------------------
+// ---- propagate --------------------------------------------------------------------------------------------
 
 TEST(BatchPropagate, PrintsTheScreenOfTheProgram) {
   const BatchRun run = batch(kFlat + "--seed 1");
@@ -102,7 +102,7 @@ TEST(BatchPropagate, BadArgumentsAreBadInput) {
   }
 }
 
-// ---- simulate ----------------------------------------------------------------------------------------------
+// ---- simulate ---------------------------------------------------------------------------------------------
 
 TEST(BatchSimulate, WritesTheDataAndPrintsTheScreenOfTheFit) {
   const std::string file = temporaryFile("OUT.DAT", "");
@@ -176,7 +176,7 @@ TEST(BatchSimulate, AFileThatCannotBeWrittenIsBadInputAndCostsNoResult) {
   EXPECT_THAT(run.output, HasSubstr("Completata"));
 }
 
-// ---- transform ---------------------------------------------------------------------------------------------
+// ---- transform --------------------------------------------------------------------------------------------
 
 TEST(BatchTransform, PrintsTheNewDataFile) {
   const BatchRun run = batch("transform " + dataFile() + "--x '-x' --y 'x*y' --title-y lavoro");

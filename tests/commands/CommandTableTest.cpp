@@ -77,10 +77,10 @@ TEST(CommandTable, TheRecentEntriesEndTheirMenusAndAreHidden) {
   for (const Command& command : commandTable()) {
     if (command.kind == CommandKind::kRecent) {
       EXPECT_FALSE(command.visible);
-      const std::string_view parent = controlName(command.parent.value());
+      const std::string_view parent = commandOf(command.parent.value()).name;
       EXPECT_EQ(command.name, std::string(parent) + "Old(" + std::to_string(recent[parent]++) + ")");
     } else if (command.parent) {
-      EXPECT_FALSE(recent.contains(controlName(*command.parent))) << command.name;
+      EXPECT_FALSE(recent.contains(commandOf(*command.parent).name)) << command.name;
     }
   }
   EXPECT_EQ(recent, (std::map<std::string_view, int>{{"MenDat", 4}, {"MenFun", 4}, {"MenGra", 4}}));

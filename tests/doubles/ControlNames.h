@@ -8,7 +8,7 @@ namespace vk {
 
 /// Failures name controls by their names.
 inline std::ostream& operator<<(std::ostream& out, Control control) {
-  return out << controlName(control);
+  return out << commandOf(control).name;
 }
 
 }  // namespace vk

@@ -89,7 +89,7 @@ struct BrokenCommand {
 
 BrokenCommand menuCommand(Control control, const std::string& file = "/neu",
                           std::vector<std::string> fields = {}, bool lists = false) {
-  return {std::string(controlName(control)), [control](BrokenProgram& program) { program.run(control); },
+  return {std::string(commandOf(control).name), [control](BrokenProgram& program) { program.run(control); },
           [=](BrokenProgram& program) {
             program.dialogs.file = file;
             program.input.fields = fields;
@@ -251,9 +251,8 @@ std::string brokenState(const BrokenProgram& program) {
   text << "\ngraphics " << s.loaded.GraFile << ' ' << s.loaded.GraDefined;
   for (const std::string& figure : s.figures.GraphText) text << ' ' << figure.size();
   text << ' ' << s.figures.DiffText.size();
-  text << "\nswitches " << s.TraceEnabled << s.CheckFunctions << s.analysis.PropagationMode
-       << s.settings.ShowErrors << s.analysis.SimFirstTime << ' ' << s.files.DataDir << ' ' << s.files.GraDir
-       << ' ' << s.analysis.monteCarlo.McBinCount;
+  text << "\nswitches " << s.analysis.PropagationMode << s.settings.ShowErrors << s.analysis.SimFirstTime
+       << ' ' << s.files.DataDir << ' ' << s.files.GraDir << ' ' << s.analysis.monteCarlo.McBinCount;
   text << "\nwindows " << program.output.isOpen() << ' ' << program.plots.made() << ' '
        << program.editorForm.visible << ' ' << (program.editorForm.visible ? program.editorForm.text : "")
        << ' ' << program.panels.isOpen() << ' ' << program.window.enabled << ' ' << program.window.caption;

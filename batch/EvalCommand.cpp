@@ -7,6 +7,7 @@
 #include "base/CodePage.h"
 #include "batch/Assignment.h"
 #include "batch/TerminalPorts.h"
+#include "commands/ExhaustedBox.h"
 #include "expr/Compiler.h"
 #include "expr/Formula.h"
 
@@ -14,7 +15,6 @@ namespace vk {
 namespace {
 
 constexpr int kPrintedDigits = 17;
-constexpr const char* kFailure = "Errori nel Calcolo della Funzione";
 
 std::string exactText(double value) {
   std::array<char, 32> buffer{};
@@ -22,19 +22,6 @@ std::string exactText(double value) {
                                  std::chars_format::general, kPrintedDigits);
   return {buffer.data(), end.ptr};
 }
-
-/// Tells of the gamma function that does not converge as the box of the program does.
-class ExhaustedMessage : public EvaluationListener {
- public:
-  void exhausted(Kernel kernel) override {
-    if (kernel == Kernel::kBetaFraction || told_) return;
-    told_ = true;
-    TerminalDialogs().plainBox("D_X2", kFailure);
-  }
-
- private:
-  bool told_ = false;
-};
 
 Formula compiledFormula(const std::string& expression, const std::vector<Assignment>& variables) {
   std::string names;
@@ -57,11 +44,12 @@ int runEval(const EvalArguments& arguments) {
     std::cout << toUtf8(listCode(formula.compiled()), CodePage::kCp437);
     return 0;
   }
-  ExhaustedMessage message;
-  const Evaluation found = formula.value(message);
+  TerminalDialogs dialogs;
+  ExhaustedBox listener(dialogs);
+  const Evaluation found = formula.value(listener);
   std::cout << exactText(found.value) << '\n';
   if (found.fault == Fault::kNone) return 0;
-  std::cerr << kFailure << '\n';
+  std::cerr << kCalculationFailed << '\n';
   return 1;
 }
 

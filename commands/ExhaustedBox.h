@@ -2,6 +2,7 @@
 
 #include "numeric/Fault.h"
 #include "platform/Dialogs.h"
+#include "platform/Texts.h"
 
 namespace vk {
 
@@ -12,7 +13,7 @@ class ExhaustedBox : public EvaluationListener {
   explicit ExhaustedBox(Dialogs& dialogs) : dialogs_(dialogs) {}
   void exhausted(Kernel kernel) override {
     if (kernel == Kernel::kBetaFraction) return;
-    if (!told_) dialogs_.plainBox("D_X2", "Errori nel Calcolo della Funzione");
+    if (!told_) dialogs_.plainBox("D_X2", kCalculationFailed);
     told_ = true;
   }
 

@@ -12,14 +12,12 @@ namespace {
 // ---- Texts -------------------------------------------------------------------------------------------------
 
 constexpr const char* kGraphicFiles = "Grafici";
-constexpr const char* kAllFilesFilter = "Tutti i File (*.*)|*.*|";
 constexpr const char* kFileFilter = "File ";
-constexpr const char* kMissingFile[] = {"Il File ", " Specificato: ", " NON Esiste!"};
+constexpr const char* kMissingFile[] = {" Specificato: ", " NON Esiste!"};
 // QUIRK: the name is missing between the two blanks.
 constexpr const char* kOverwriteQuestion = "FILE  gia` Esistente: Sovrascrivo?";
 constexpr const char* kYesButton = "&Si";
 constexpr const char* kNoButton = "&No";
-constexpr const char* kWrongName[] = {"Specificazione File: ", " ERRATA!"};
 
 // ---- The kinds of file -------------------------------------------------------------------------------------
 
@@ -83,7 +81,7 @@ void rememberPlace(Session& session, const KindOfFile& kind, const std::string& 
 bool wantsAnotherFile(Dialogs& dialogs, const KindOfFile& kind, const std::string& name) {
   return dialogs.Get_Msg(
              {.caption = kReadCaption + kind.label,
-              .text = kMissingFile[0] + kind.label + kMissingFile[1] + WindowText(name) + kMissingFile[2],
+              .text = kTheFile + kind.label + kMissingFile[0] + WindowText(name) + kMissingFile[1],
               .icon = kExclamation,
               .captions = {kContinueButton, kGiveUpButton}}) == 1;
 }

@@ -30,6 +30,10 @@ const std::string kRunning = "in Corso";
 const std::string kCompleted = "Completata";
 const std::string kUnreliable = "NON Affidabile";
 
+const std::string kParameterHead = "Par";
+const std::string kErrorHead = "Errore";
+const std::string kMatrixHead = "Mat. Cor.%";
+
 const std::string kSeconds = "Sec. ";
 const std::string kIterations = "Iter. ";
 const std::string kCountMask = "####";
@@ -135,11 +139,11 @@ void FitScreen::drawTable() {
   drawFrame(kTableTop, 1, kHeaderRule, layout_->width);
   drawFrame(kTableTop, name + 4, bottom, name + 19);
   drawFrame(kTableTop, name + 34, bottom, layout_->width);
-  printAt(kHeaderRow, kNameColumn + (name - kLeastNameWidth) / 2, "Par");
-  printAt(kHeaderRow, name + 9, "Valore");
-  printAt(kHeaderRow, name + 24, "Errore");
+  printAt(kHeaderRow, kNameColumn + (name - kLeastNameWidth) / 2, kParameterHead);
+  printAt(kHeaderRow, name + 9, kValueHead);
+  printAt(kHeaderRow, name + 24, kErrorHead);
   if (layout_->freeCount > 1) {
-    printAt(kHeaderRow, name + 35 + (6 * layout_->freeCount - 10) / 2, "Mat. Cor.%");
+    printAt(kHeaderRow, name + 35 + (6 * layout_->freeCount - 10) / 2, kMatrixHead);
   }
 }
 

@@ -9,8 +9,7 @@
 namespace vk {
 namespace {
 
-constexpr const char* kCurveFailed = "Errori nel Calcolo della Funzione";
-
+constexpr const char* kGraphCaption = "VOR_KEL: Grafico ";
 constexpr Int16 kErrorSound = 1;
 
 FigureSource sourceOf(const Session& session, Model& model, int kind) {
@@ -25,7 +24,7 @@ FigureSource sourceOf(const Session& session, Model& model, int kind) {
 }
 
 void openFigure(Session& session, Device& form, GralCls& drawing, int kind) {
-  drawing.GralCaption = "VOR_KEL: Grafico " + nameOfFigure(kind);
+  drawing.GralCaption = kGraphCaption + nameOfFigure(kind);
   const auto scale = static_cast<double>(session.figures.GraphScale.at(static_cast<std::size_t>(kind - 1)));
   guard(session.ErrFlag, [&] { drawing.GralGrStr(form, paperOrientation(session.figures), scale); });
 }
@@ -52,7 +51,7 @@ void makeFigure(Session& session, Dialogs& dialogs, const FigureSurface& surface
     texts = drawFigure(source, *values, drawing, listener);
     if (texts.failed != 0) session.ErrFlag = kTrue;
   } else if (kind == kFunctionFigure) {
-    dialogs.plainBox(kProgramTitle, kCurveFailed + WindowText(kPressToContinueClose));
+    dialogs.plainBox(kProgramTitle, kCalculationFailed + WindowText(kPressToContinueClose));
   }
   session.figures.GraphText.at(static_cast<std::size_t>(kind)) = texts.graph;
   if (!values || kind == kDifferencesFigure) session.figures.DiffText = texts.differences;

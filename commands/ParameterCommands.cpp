@@ -22,7 +22,7 @@ struct Heads {
   const char* value[2];
   const char* change[2];
 };
-constexpr Heads kParameterHeads{{"Valore", " Iniziale "}, {"  Variazione  ", "0 Cost. 1 Var."}};
+constexpr Heads kParameterHeads{{kValueHead, " Iniziale "}, {"  Variazione  ", "0 Cost. 1 Var."}};
 // \xE5 shows as a small sigma.
 constexpr Heads kErrorHeads{{"Valore ", "Parametro"}, {" Errore ", "\xE5>0, Err.Max.<0 "}};
 

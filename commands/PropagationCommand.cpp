@@ -45,7 +45,7 @@ void tellFailure(Dialogs& dialogs, PropagationEnd end) {
     case PropagationEnd::kSimulationFailed:
       return dialogs.plainBox(kProgramTitle, kSimulationFailed);
     case PropagationEnd::kNoDependence:
-      return dialogs.plainBox(kProgramTitle, std::string(kSimulationFailed) + kNoDependence);
+      return dialogs.plainBox(kProgramTitle, kSimulationFailed + WindowText(kNoDependence));
     case PropagationEnd::kCompleted:
       break;
   }

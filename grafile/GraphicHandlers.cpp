@@ -191,8 +191,8 @@ void GraphicRun::plotFunction(const CommandFields& fields) {
   Int16 flag;
   SubstituteExpression(parameters_, expression, flag,
                        xNarrow_ || yNarrow_ ? Precision::kDouble : Precision::kSingle);
-  if (flag != 0) return fail(described + " Errata");
-  Compilation compiled = compile("y@x@ @ @" + expression);
+  Compilation compiled;
+  if (flag == 0) compiled = compile("y@x@ @ @" + expression);
   if (!compiled.ok) return fail(described + " Errata");
 
   CurveWithGaps curve;

@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "data/DataFiles.h"
 #include "grafile/FunctionLines.h"
+#include "platform/Texts.h"
 
 namespace vk {
 namespace {
@@ -192,9 +193,9 @@ void FigureDrawing::drawDifferences() {
 std::string nameOfFigure(int kind) {
   switch (kind) {
     case kDataFigure:
-      return "Dati";
+      return kDataWord;
     case kFunctionFigure:
-      return "Dati e Funzione";
+      return kDataAndFunction;
     default:
       return "Differenze Dati-Funzione";
   }

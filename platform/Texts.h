@@ -6,6 +6,9 @@ namespace vk {
 /// Title of the plain boxes for which none is told.
 inline constexpr const char* kProgramTitle = "VOR_KEL";
 
+/// Of a function that has no value at a point.
+inline constexpr const char* kCalculationFailed = "Errori nel Calcolo della Funzione";
+
 /// Title of the plain boxes of the fit.
 inline constexpr const char* kErrorTitle = "ERRORE !";
 
@@ -18,6 +21,8 @@ inline constexpr const char* kRetryButton = "&Riprova";
 inline constexpr const char* kPrintButton = "&Stampa";
 inline constexpr const char* kCopyButton = "Co&pia";
 inline constexpr const char* kSaveFileButton = "Salva &File";
+inline constexpr const char* kWideYesButton = "  &Si  ";
+inline constexpr const char* kWideNoButton = "  &No  ";
 
 // What the plain boxes end with.
 inline constexpr const char* kPressToContinue = "     <*> per Continuare";
@@ -28,6 +33,11 @@ inline constexpr const char* kReadCaption = "VOR_KEL: Lettura File ";
 inline constexpr const char* kEditCaption = "VOR_KEL: Modifica File ";
 /// Behind the caption over a list of errors.
 inline constexpr const char* kErrorListSuffix = " - ERRORI";
+
+/// The first filter of the dialogs that ask for a file.
+inline constexpr const char* kAllFilesFilter = "Tutti i File (*.*)|*.*|";
+/// Before and behind the name of a file that cannot be written.
+inline constexpr const char* kWrongName[] = {"Specificazione File: ", " ERRATA!"};
 
 /// Caption of the form and of the screen of the propagation of errors.
 inline constexpr const char* kPropagationCaption = "VOR_KEL: Propagazione Errori";
@@ -40,6 +50,14 @@ inline constexpr const char* kDataWord = "Dati";
 inline constexpr const char* kFunctionsWord = "Funzioni";
 inline constexpr const char* kGraphicWord = "Grafico";
 
+/// What a figure or its file shows.
+inline constexpr const char* kDataAndFunction = "Dati e Funzione";
+
+/// Above numbers.
+inline constexpr const char* kValueHead = "Valore";
+
+/// Before the name of a file.
+inline constexpr const char* kTheFile = "Il File ";
 /// In the place of the name of a file that is not there.
 inline constexpr const char* kNoFile = "Nessuno";
 

@@ -14,14 +14,11 @@ namespace {
 // ---- Texts -------------------------------------------------------------------------------------------------
 
 constexpr std::array<WindowText, 3> kKindWords{kDataWord, kFunctionsWord, kGraphicWord};
-constexpr const char* kTheFile = "Il File ";
 constexpr const char* kNotRead = " NON puo` essere Letto!";
 constexpr const char* kNotSaved = " NON e` stato Salvato!";
 constexpr const char* kNotChecked = " e` stato Salvato, ma NON puo` essere Controllato!";
 constexpr const char* kNotPrinted = " NON e` stato Stampato!";
 constexpr const char* kCreateQuestion[] = {"FILE ", " NON Esistente: lo Creo?"};
-constexpr const char* kWideYesButton = "  &Si  ";
-constexpr const char* kWideNoButton = "  &No  ";
 constexpr const char* kLargeFile =
     " contiene piu` di 40000 caratteri!\rContinuando la Modifica File sara` utilizzato un "
     "insieme di caratteri diverso da quello selezionato.";

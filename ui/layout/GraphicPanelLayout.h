@@ -12,7 +12,7 @@ namespace vk {
 inline constexpr const char* kScreenFrameCaption = "Sfondo Schermo";
 inline constexpr const char* kPaperFrameCaption = "Orientazione Carta";
 inline constexpr const char* kScaleFrameCaption = "Ingrandimento Figure";
-inline constexpr std::array<const char*, 4> kScaleLegends{"Dati", "Dati e Funzione", "Differenze",
+inline constexpr std::array<const char*, 4> kScaleLegends{kDataWord, kDataAndFunction, "Differenze",
                                                           "File Grafico"};
 inline constexpr std::array<const char*, 2> kPaperOptions{"Orizzontale", "Verticale"};
 inline constexpr std::array<WindowText, 2> kGraphicButtons{kGiveUpButton, kAcceptButton};

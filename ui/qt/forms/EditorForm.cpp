@@ -61,7 +61,7 @@ void FrmEdi::buildMenus() {
           [this] { services_.runEvent([this] { MnuModInc_->setEnabled(engine_.canInsert()); }); });
   QMenu* characters = addMenu("MnuChr", "&Caratteri");
   addEntry(characters, "MnuChrIns", "&Inserisci Carattere", &Editor::MnuChrIns);
-  addEntry(menuBar(), "MnuPri", "&Stampa", &Editor::MnuPri);
+  addEntry(menuBar(), "MnuPri", kPrintButton, &Editor::MnuPri);
 }
 
 void FrmEdi::buildBoxes() {

@@ -18,6 +18,8 @@ constexpr double kMarginPoints = 12;  // 1/6 inch
 constexpr double kLineSpacing = 1.2;
 constexpr int kPdfResolution = 1200;
 constexpr const char* kPdfCaption = "VOR_KEL: Stampa su File PDF";
+constexpr const char* kPdfFilter = "File PDF (*.pdf)|*.pdf|";
+constexpr const char* kNamedFile = "Il File: ";
 
 std::vector<std::string> textLines(const std::string& text) {
   std::vector<std::string> lines(1);
@@ -104,9 +106,9 @@ double QtPrinter::resolution() {
 
 bool QtPrinter::mayReplace(const std::string& name) {
   return dialogs_.Get_Msg({.caption = kPdfCaption,
-                           .text = "Il File: " + WindowText(name) + " Esiste: lo Sostituisco?",
+                           .text = kNamedFile + WindowText(name) + " Esiste: lo Sostituisco?",
                            .icon = kQuestion,
-                           .captions = {"  &Si  ", "  &No  "}}) == 1;
+                           .captions = {kWideYesButton, kWideNoButton}}) == 1;
 }
 
 bool QtPrinter::wantsOtherName(const WindowText& text) {
@@ -121,7 +123,7 @@ FileRequest QtPrinter::fileRequest() {
   const std::string name = GetFileName(proposal);
   FileRequest request{.save = true, .caption = kPdfCaption};
   request.folder = folder_.value_or(proposal.empty() ? files_.documentsFolder() : folderOf(proposal));
-  request.filter = "Tutti i File (*.*)|*.*|File PDF (*.pdf)|*.pdf|";
+  request.filter = WindowText(kAllFilesFilter) + kPdfFilter;
   request.filterIndex = 2;
   request.proposedName = name;
   request.defaultExtension = "pdf";
@@ -131,7 +133,7 @@ FileRequest QtPrinter::fileRequest() {
 bool QtPrinter::askForFile() {
   while (const std::optional<std::string> name = dialogs_.fileDialog(fileRequest())) {
     if (!files_.canWrite(*name)) {
-      if (!wantsOtherName("Specificazione File: " + WindowText(*name) + " ERRATA!")) return false;
+      if (!wantsOtherName(kWrongName[0] + WindowText(*name) + kWrongName[1])) return false;
     } else if (!files_.FileExists(*name) || mayReplace(*name)) {
       fileName_ = *name;
       folder_ = folderOf(*name);
@@ -226,7 +228,7 @@ void QtPrinter::writeFile(const std::string& document) {
     } catch (const RuntimeError& error) {
       const WindowText reason =
           error.number() == kDeviceIoError ? "Disco Pieno" : WindowText(runtimeErrorText(error.number()));
-      if (!wantsOtherName("Il File: " + WindowText(fileName_) + " NON e` stato Scritto: " + reason + "!"))
+      if (!wantsOtherName(kNamedFile + WindowText(fileName_) + " NON e` stato Scritto: " + reason + "!"))
         return;
     }
     if (!askForFile()) return;

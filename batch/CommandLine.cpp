@@ -24,6 +24,11 @@
 namespace vk {
 namespace {
 
+// What several subcommands take.
+constexpr const char* kDataFileHelp = "File dati (.DAT)";
+constexpr const char* kDataOutputHelp = "Scrive i dati in questo file";
+constexpr const char* kSeedHelp = "Seme del generatore di numeri casuali";
+
 /// A subcommand and what it runs once the command line is read.
 using Commands = std::map<CLI::App*, std::function<int()>>;
 
@@ -85,7 +90,7 @@ void addJson(CLI::App& command, bool& json) {
 void addFit(CLI::App& app, Commands& commands, const Drawing& drawing) {
   CLI::App* fit = app.add_subcommand("fit", "Adatta una funzione ai dati di un file e stampa il risultato");
   auto args = std::make_shared<FitArguments>();
-  fit->add_option("DATI", args->dataFile, "File dati (.DAT)")->required();
+  fit->add_option("DATI", args->dataFile, kDataFileHelp)->required();
   addModel(*fit, args->model);
   const auto start = addStart(*fit);
   addJson(*fit, args->json);
@@ -106,7 +111,7 @@ void addPropagate(CLI::App& app, Commands& commands) {
   CLI::Option* par = addRepeated(*propagate, "--par",
                                  "NOME=VALORE[,ERRORE] di x o di un parametro: deviazione standard se "
                                  "positivo, errore massimo se negativo");
-  propagate->add_option("--seed", args->seed, "Seme del generatore di numeri casuali");
+  propagate->add_option("--seed", args->seed, kSeedHelp);
   propagate->add_option("--histogram", args->histogramFile, "Scrive l'istogramma come file dati");
   addJson(*propagate, args->json);
   commands[propagate] = [=] {
@@ -127,8 +132,8 @@ void addSimulate(CLI::App& app, Commands& commands) {
   simulate->add_flag("--dy-absolute", args->dyAbsolute, "L'incertezza di y e` assoluta");
   simulate->add_option("--dx", args->dx, "Incertezza di x, in percentuale (0: nessuna)");
   simulate->add_flag("--dx-absolute", args->dxAbsolute, "L'incertezza di x e` assoluta");
-  simulate->add_option("--seed", args->seed, "Seme del generatore di numeri casuali");
-  simulate->add_option("-o,--output", args->outputFile, "Scrive i dati in questo file");
+  simulate->add_option("--seed", args->seed, kSeedHelp);
+  simulate->add_option("-o,--output", args->outputFile, kDataOutputHelp);
   addJson(*simulate, args->json);
   commands[simulate] = [=] {
     args->parameters = start();
@@ -139,14 +144,14 @@ void addSimulate(CLI::App& app, Commands& commands) {
 void addTransform(CLI::App& app, Commands& commands) {
   CLI::App* transform = app.add_subcommand("transform", "Trasforma le colonne di un file dati con formule");
   auto args = std::make_shared<TransformArguments>();
-  transform->add_option("DATI", args->dataFile, "File dati (.DAT)")->required();
+  transform->add_option("DATI", args->dataFile, kDataFileHelp)->required();
   transform->add_option("--x", args->x, "Formula in x, y, dx, dy per la colonna x");
   transform->add_option("--y", args->y, "Formula per la colonna y");
   transform->add_option("--dx", args->dx, "Formula per gli errori di x");
   transform->add_option("--dy", args->dy, "Formula per gli errori di y");
   transform->add_option("--title-x", args->titleX, "Legenda di x");
   transform->add_option("--title-y", args->titleY, "Legenda di y");
-  transform->add_option("-o,--output", args->outputFile, "Scrive i dati in questo file");
+  transform->add_option("-o,--output", args->outputFile, kDataOutputHelp);
   transform->add_flag("--anyway", args->anyway,
                       "Scrive i dati anche se una formula NON e` calcolabile ovunque");
   addJson(*transform, args->json);

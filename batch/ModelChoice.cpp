@@ -18,8 +18,7 @@ void take(Session& session, int inner, int outer) {
   TakeFunction(session, 0, 0);
 }
 
-void takeLoaded(Session& session, int entry) {
-  loadFunction(session, entry);
+void takeLastInner(Session& session) {
   take(session, static_cast<int>(session.loaded.catalogue.inner.size()), 1);
 }
 
@@ -35,14 +34,10 @@ int catalogueIndex(const std::string& text, const std::vector<CatalogueEntry>& l
 }  // namespace
 
 void useFormula(Session& session, const std::string& formula, const std::string& names) {
-  Compilation compiled = compile("y@x@" + names + "@ @" + formula);
+  Compilation compiled = compileFunction(names, formula);
   if (!compiled.ok) throw UsageError(terminalText(compiled.report));
-  Catalogue& catalogue = session.loaded.catalogue;
-  catalogue.inner.push_back(innerEntry({names, formula, formula}));
-  FunctionDef& fun = session.analysis.fun;
-  fun.InnerIndex = static_cast<int>(catalogue.inner.size());
-  fun.OuterIndex = 1;
-  takeFunction(session.analysis, chosenFunction(catalogue, fun, std::move(compiled.code)));
+  session.loaded.catalogue.inner.push_back(innerEntry({names, formula, formula, std::move(compiled.code)}));
+  takeLastInner(session);
 }
 
 void useCatalogue(Session& session, const std::string& pair) {
@@ -60,7 +55,8 @@ void useFunctionFile(Session& session, Files& files, const std::string& fileName
     throw UsageError("--entry: il file " + shownName(fileName) + " contiene le funzioni da 1 a " +
                      std::to_string(count));
   }
-  takeLoaded(session, entry);
+  loadFunction(session, entry);
+  takeLastInner(session);
 }
 
 void chooseModel(Session& session, Files& files, const ModelArguments& model, const std::string& names) {

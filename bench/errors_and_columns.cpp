@@ -13,6 +13,7 @@
 #include "commands/RandomSource.h"
 #include "expr/Catalogue.h"
 #include "platform/system/SystemRandom.h"
+#include "tests/doubles/Choices.h"
 #include "tests/doubles/CountingDialogs.h"
 
 namespace vk {
@@ -22,7 +23,7 @@ namespace {
 Session decayingWave() {
   Session session;
   BuildCatalogue(session.loaded.catalogue);
-  session.loaded.catalogue.file.entries.push_back({"a,b,c", "a*EXP(-b)*SIN(c)", "wave"});
+  session.loaded.catalogue.file.entries.push_back(compiledEntry("a,b,c", "a*EXP(-b)*SIN(c)", "wave"));
   loadFunction(session, 1);
   session.analysis.fun.InnerIndex = kBuiltInInner + 1;
   session.analysis.fun.OuterIndex = 1;

@@ -10,6 +10,7 @@
 #include "commands/FunctionChoice.h"
 #include "commands/ParameterCommands.h"
 #include "expr/Catalogue.h"
+#include "tests/doubles/Choices.h"
 #include "tests/doubles/CountingDialogs.h"
 #include "tests/doubles/EvaluateFunction.h"
 
@@ -37,7 +38,8 @@ const Problem kLarge{"A*EXP(-B*x)*SIN(C*x+D)", "A,B,C,D", {5, 0.3, 4, 0.7}, 3276
 Session sessionOf(const Problem& problem) {
   Session session;
   BuildCatalogue(session.loaded.catalogue);
-  session.loaded.catalogue.file.entries.push_back({problem.names, problem.formula, problem.formula});
+  session.loaded.catalogue.file.entries.push_back(
+      compiledEntry(problem.names, problem.formula, problem.formula));
   loadFunction(session, 1);
   session.analysis.fun.InnerIndex = kBuiltInInner + 1;
   session.analysis.fun.OuterIndex = 1;

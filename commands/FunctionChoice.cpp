@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Text.h"
+#include "expr/Catalogue.h"
 
 namespace vk {
 namespace {
@@ -40,12 +41,9 @@ void TakeFunction(Session& session, Int16 innerBefore, Int16 outerBefore) {
       analysis.FunDefined && analysis.fun.InnerIndex == innerBefore && analysis.fun.OuterIndex == outerBefore;
   if (same) {
     analysis.SimFirstTime = kFalse;
-  } else {
-    takeFunction(analysis, chosenFunction(session.loaded.catalogue, analysis.fun));
+    return;
   }
-}
-
-void takeFunction(AnalysisState& analysis, ChosenFunction chosen) {
+  ChosenFunction chosen = chosenFunction(session.loaded.catalogue, analysis.fun);
   analysis.FunDefined = kTrue;
   analysis.SimFirstTime = kTrue;
   analysis.ParVar = kFalse;

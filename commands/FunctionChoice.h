@@ -1,7 +1,6 @@
 /// Unit FunMod: how a function becomes the current one.
 #pragma once
 
-#include "expr/Catalogue.h"
 #include "session/Session.h"
 
 namespace vk {
@@ -9,9 +8,6 @@ namespace vk {
 /// Makes the pair chosen by the session's indices the current function. `innerBefore`, `outerBefore` are the
 /// indices before the choice: the same pair again keeps its parameters if a function was defined.
 void TakeFunction(Session& session, Int16 innerBefore, Int16 outerBefore);
-
-/// Makes a function the current one, with its parameters all zero.
-void takeFunction(AnalysisState& analysis, ChosenFunction chosen);
 
 /// Adds entry `index` (from 1) of the file read to the inner list; the oldest loaded one leaves a full list.
 /// True when that one was the current function, which is no longer defined then.

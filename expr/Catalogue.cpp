@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/Text.h"
-#include "expr/Compiler.h"
 #include "expr/FormulaText.h"
 
 namespace vk {
@@ -59,14 +58,6 @@ bool dropOldest(Catalogue& catalogue, FunctionDef& fun) {
 }
 
 constexpr const char* kVariableNames = "    y    x";
-
-std::string commaList(const std::string& field) {
-  std::string list;
-  for (int start = 1; start <= length(field); start += kNameSlot) {
-    list += (list.empty() ? "" : ",") + trim(mid(field, start, kNameSlot));
-  }
-  return list;
-}
 
 template <class Entry>
 const Entry& chosen(const std::vector<Entry>& list, int index) {
@@ -124,22 +115,16 @@ std::string ComposeFunctionText(const Catalogue& catalogue, const FunctionDef& f
 
 ChosenFunction chosenFunction(const Catalogue& catalogue, const FunctionDef& fun) {
   const CatalogueEntry& g = chosen(catalogue.inner, fun.InnerIndex);
-  if (fun.InnerIndex <= kBuiltInInner) return chosenFunction(catalogue, fun, {});
-  return chosenFunction(catalogue, fun, compile("y@x@" + commaList(g.names) + "@ @" + g.machine).code);
-}
-
-ChosenFunction chosenFunction(const Catalogue& catalogue, const FunctionDef& fun, CompiledExpression loaded) {
-  const CatalogueEntry& g = chosen(catalogue.inner, fun.InnerIndex);
   const CatalogueEntry& f = chosen(catalogue.outer, fun.OuterIndex);
   ChosenFunction result;
   result.names = kVariableNames + g.names + f.names;
   result.text = compositeText(catalogue, fun);
-  result.model = Model(fun.InnerIndex, fun.OuterIndex, std::move(loaded));
+  result.model = Model(fun.InnerIndex, fun.OuterIndex, g.code);
   return result;
 }
 
 CatalogueEntry innerEntry(const FunctionFile::Entry& entry) {
-  return {entry.description, entry.definition, nameField(entry.parameters)};
+  return {entry.description, entry.definition, nameField(entry.parameters), entry.code};
 }
 
 bool loadFunction(Catalogue& catalogue, FunctionDef& fun, int index) {

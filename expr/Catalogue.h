@@ -21,6 +21,7 @@ struct CatalogueEntry {
   std::string display;  ///< text of lists and reports, code page 437
   std::string machine;  ///< formula of the expression language; for an outer function T stands for the inner
   std::string names;    ///< parameter names, 5 characters each, right-aligned
+  CompiledExpression code{};  ///< of a loaded function
 };
 
 /// The lists from which a model function is composed. Entries count from 1 for the user and the indices of a
@@ -52,10 +53,8 @@ struct ChosenFunction {
 
 /// The function of the indices; an index outside its list is run-time error 9.
 ChosenFunction chosenFunction(const Catalogue& catalogue, const FunctionDef& fun);
-/// The same where a loaded inner function has been compiled already.
-ChosenFunction chosenFunction(const Catalogue& catalogue, const FunctionDef& fun, CompiledExpression loaded);
 
-/// A function of a file as an entry of the inner list.
+/// A compiled function of a file as an entry of the inner list.
 CatalogueEntry innerEntry(const FunctionFile::Entry& entry);
 
 /// Adds entry `index` (from 1) of the file read to the inner list; the oldest loaded one leaves a full list, and the

@@ -200,4 +200,8 @@ Compilation compile(const std::string& definition) {
   return result;
 }
 
+Compilation compileFunction(const std::string& parameters, const std::string& definition) {
+  return compile("y@x@" + parameters + "@ @" + definition);
+}
+
 }  // namespace vk

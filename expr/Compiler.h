@@ -43,6 +43,9 @@ struct Compilation {
 /// Compiles "result@variables@parameters@constants@expression".
 Compilation compile(const std::string& definition);
 
+/// Compiles a function of x with a comma list of parameters.
+Compilation compileFunction(const std::string& parameters, const std::string& definition);
+
 /// The code for people, lines ended by LF: the bytes as "code 4 0 1 | 108 1 0", "map 1 1" and "LastSlot 1",
 /// then a line for each instruction with its name and slots, then a line for each value.
 std::string listCode(const CompiledExpression& compiled);

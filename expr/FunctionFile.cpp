@@ -87,10 +87,10 @@ class FunctionFileCheck {
   }
 
   /// Gives whether all functions are good, as far as they are compiled.
-  bool functions(const FunctionFile& file) {
+  bool functions(FunctionFile& file) {
     bool good = true;
     int number = 0;
-    for (const FunctionFile::Entry& entry : file.entries) {
+    for (FunctionFile::Entry& entry : file.entries) {
       ++number;
       if (checks_.trace) show(number, entry);
       if (checks_.compile && !compiles(number, entry)) good = false;
@@ -109,9 +109,10 @@ class FunctionFileCheck {
     addLine("Descrizione: " + entry.description);
   }
 
-  bool compiles(int number, const FunctionFile::Entry& entry) {
+  bool compiles(int number, FunctionFile::Entry& entry) {
     addLine("Controllo Funzione:");
-    const Compilation compiled = compile("y@x@" + entry.parameters + "@ @" + entry.definition);
+    Compilation compiled = compileFunction(entry.parameters, entry.definition);
+    entry.code = std::move(compiled.code);
     if (checks_.trace) report_ += compiled.report;
     addLine(compiled.ok ? "O.K." : "* ERR. Errori nella Compilazione");
     addLine("*********** Fine Funzione: " + generalText(number));

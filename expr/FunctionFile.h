@@ -5,15 +5,17 @@
 #include <vector>
 
 #include "base/Int16.h"
+#include "expr/CompiledExpression.h"
 
 namespace vk {
 
 /// The functions of the function file read last, at most 10; index 0 is the first.
 struct FunctionFile {
   struct Entry {
-    std::string parameters;   ///< comma list
-    std::string definition;   ///< formula in x
-    std::string description;  ///< free text
+    std::string parameters;     ///< comma list
+    std::string definition;     ///< formula in x
+    std::string description;    ///< free text
+    CompiledExpression code{};  ///< of the definition; as of a failure where it was not compiled
   };
   std::vector<Entry> entries;
   Int16 DescriptionWidth;  ///< longest description, at most 56

@@ -30,7 +30,7 @@ class CatalogueTest : public testing::Test {
   }
   void addToFile(const std::string& parameters, const std::string& definition,
                  const std::string& description) {
-    session.loaded.catalogue.file.entries.push_back({parameters, definition, description});
+    session.loaded.catalogue.file.entries.push_back(compiledEntry(parameters, definition, description));
   }
   /// A file of five functions p*x, p*x*2, ...; `load` takes one of them into the catalogue.
   void readFiveFunctions() {

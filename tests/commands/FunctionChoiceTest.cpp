@@ -58,7 +58,7 @@ TEST_F(CatalogueTest, TheSameIndicesAfterTheFunctionWasDroppedAreANewPair) {
   EXPECT_EQ(session.analysis.SimFirstTime, kTrue);
 }
 
-TEST_F(CatalogueTest, TakingALoadedFunctionCompilesIt) {
+TEST_F(CatalogueTest, TakingALoadedFunctionTakesItsCode) {
   addToFile("A, omeg ,z", "A*SIN(omeg*x)+z", "onda");
   load(1, 1);
   EXPECT_EQ(session.loaded.catalogue.inner[5].names, "    A omeg    z");

@@ -5,6 +5,7 @@
 
 #include "commands/FunctionChoice.h"
 #include "data/DataFiles.h"
+#include "doubles/Choices.h"
 #include "doubles/DrawingLines.h"
 #include "tests/commands/FigureFixture.h"
 
@@ -49,7 +50,7 @@ class MakeGraphTest : public FigureFixture {
   void takeLogarithm(double t) { takeFormula("LOG(x-t)", t); }
   /// A function of a function file with the parameter t.
   void takeFormula(const std::string& formula, double t) {
-    session.loaded.catalogue.file.entries = {{"t", formula, "formula"}};
+    session.loaded.catalogue.file.entries = {compiledEntry("t", formula, "formula")};
     loadFunction(session, 1);
     takeFunction(6, 1, {t});
   }

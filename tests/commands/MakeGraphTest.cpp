@@ -103,7 +103,7 @@ TEST_F(MakeGraphTest, TheTextOfDataAndFunction) {
 
 TEST_F(MakeGraphTest, NamesOfTheHeaderStandInAColumnOfTheWidestName) {
   loadPoints();
-  session.loaded.catalogue.file.entries = {{"k,tau0", "k*x+tau0", "retta"}};
+  session.loaded.catalogue.file.entries = {compiledEntry("k,tau0", "k*x+tau0", "retta")};
   loadFunction(session, 1);
   takeFunction(6, 1, {1, 2});
   makeGraph(kFunctionFigure);
@@ -247,7 +247,7 @@ TEST_F(MakeGraphTest, TheTextOfANarrowFigureDrawsTheSameFigure) {
 TEST_F(MakeGraphTest, TheTextHasTheValuesOfTheParametersWhereSevenDigitsDrawAnotherCurve) {
   // A parabola about 2000, written so that large numbers cancel.
   loadData("A.DAT", {{1990, 1, 0, .1}, {2020, 4, 0, .1}});
-  session.loaded.catalogue.file.entries = {{"a,b", "a*(x*x+4000000)-b*x", "parabola"}};
+  session.loaded.catalogue.file.entries = {compiledEntry("a,b", "a*(x*x+4000000)-b*x", "parabola")};
   loadFunction(session, 1);
   takeFunction(6, 1, {.01, 40});
   makeGraph(kFunctionFigure);

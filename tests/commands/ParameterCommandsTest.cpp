@@ -110,7 +110,7 @@ TEST_F(InitialParametersTest, TheSigmaIsCode229AndTheDeltaCode235) {
 
 TEST_F(InitialParametersTest, LongNamesMoveTheFieldsToTheRight) {
   session.loaded.catalogue.file.entries.push_back(
-      {"a,tau0", "a*x+tau0", "una funzione del file, con un testo lungo, 50!"});
+      compiledEntry("a,tau0", "a*x+tau0", "una funzione del file, con un testo lungo, 50!"));
   loadFunction(session, 1);
   take(6, 1);
   form.giveUp();
@@ -210,7 +210,7 @@ TEST_F(InitialParametersTest, ExponentsAreReadFromTheFields) {
 }
 
 TEST_F(InitialParametersTest, AFunctionWithoutParametersHasNoFields) {
-  session.loaded.catalogue.file.entries.push_back({"", "2*x", "doppio"});
+  session.loaded.catalogue.file.entries.push_back(compiledEntry("", "2*x", "doppio"));
   loadFunction(session, 1);
   take(6, 1);
   enter({});
@@ -273,7 +273,7 @@ TEST_F(InitialParametersTest, AfterAFitTheRightColumnShowsTheErrors) {
 }
 
 TEST_F(InitialParametersTest, ALoadedModelGetsTheValues) {
-  session.loaded.catalogue.file.entries.push_back({"p,q", "p*x+q", "retta"});
+  session.loaded.catalogue.file.entries.push_back(compiledEntry("p,q", "p*x+q", "retta"));
   loadFunction(session, 1);
   take(6, 7);
   enter({"3", "4", "5", "1", "1", "1"});

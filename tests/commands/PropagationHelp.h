@@ -24,7 +24,7 @@ class PropagationTest : public testing::Test {
   /// Makes a formula current as if it came from a function file.
   void load(const std::string& parameters, const std::string& formula,
             const std::string& description = "formula") {
-    session.loaded.catalogue.file.entries = {{parameters, formula, description}};
+    session.loaded.catalogue.file.entries = {compiledEntry(parameters, formula, description)};
     loadFunction(session, 1);
     choose(session, static_cast<int>(session.loaded.catalogue.inner.size()), 1);
   }

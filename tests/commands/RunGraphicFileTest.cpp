@@ -1,4 +1,5 @@
 #include "commands/FunctionChoice.h"
+#include "doubles/Choices.h"
 #include "doubles/EvaluateFunction.h"
 #include "tests/commands/FigureFixture.h"
 
@@ -88,7 +89,7 @@ TEST_F(RunGraphicFileTest, ADataFileThatHasGoneLeavesNoErrorBehind) {
 }
 
 TEST_F(RunGraphicFileTest, ALoadedFunctionAndItsParametersAreAsBefore) {
-  session.loaded.catalogue.file.entries = {{"k,ab", "k*x^2+ab+0.5", "prova"}};
+  session.loaded.catalogue.file.entries = {compiledEntry("k,ab", "k*x^2+ab+0.5", "prova")};
   loadFunction(session, 1);
   takeFunction(6, 7, {2, 3, 4});
   const ParameterSet before = session.analysis.par;

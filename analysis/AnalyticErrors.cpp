@@ -28,16 +28,12 @@ class Surroundings {
     return evaluation.value;
   }
   double derivative(int variable);
-  template <class Statement>
-  void trapped(Statement statement) {
-    if (!guard(statement)) failed = true;
-  }
 
   bool failed = false;
 
  private:
   double valueAt(int variable, double shifted) {
-    trapped([&] { values_[variable] = checked::finite(shifted); });
+    guard(failed, [&] { values_[variable] = checked::finite(shifted); });
     return value();
   }
 
@@ -53,7 +49,7 @@ double Surroundings::derivative(int variable) {
   const double f1 = valueAt(variable, p + h);
   const double f2 = valueAt(variable, p - h);
   double result = 0;
-  trapped([&] { result = checked::divide(checked::finite(f1 - f2), h) / 2; });
+  guard(failed, [&] { result = checked::divide(checked::finite(f1 - f2), h) / 2; });
   values_[variable] = p;
   return result;
 }
@@ -75,8 +71,8 @@ AnalyticErrors analyticErrors(Model& model, const ParameterSet& par, EvaluationL
   for (int i = 0; i <= par.ParCount; ++i) result.Derivatives[i] = around.derivative(i);
   double variance = 0;
   for (int i = 0; i <= par.ParCount; ++i) {
-    around.trapped(
-        [&] { addContribution(par.ParDeltas[i], result.Derivatives[i], result.ErrorMax, variance); });
+    guard(around.failed,
+          [&] { addContribution(par.ParDeltas[i], result.Derivatives[i], result.ErrorMax, variance); });
   }
   result.ErrorSigma = std::sqrt(variance);
   result.failed = around.failed;

@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "base/FlagFor.h"
 #include "base/Guard.h"
 #include "commands/Checkpoint.h"
 #include "commands/DisplayRefresh.h"
@@ -27,7 +26,8 @@ void MainMod::run(Control control) {
   if (running_) return;
   const Command& command = commandOf(control);
   const bool ended = guarded([&] {
-    const FlagFor running(running_, kTrue);
+    running_ = true;
+    const AtEnd idle([this] { running_ = false; });
     if (command.run == nullptr || ports_.panels.isOpen()) return;
     command.run(session_, ports_);
     if (!ports_.panels.isOpen()) Msg(session_, ports_.window);

@@ -26,7 +26,7 @@ class MainMod {
   /// After a reading command that broke off, the next one of its kind asks for the file.
   void run(Control control);
 
-  bool isRunning() const { return running_ != kFalse; }
+  bool isRunning() const { return running_; }
 
   /// Runs any handler of an event. A run-time error that nobody guarded is told and ends the handler, with
   /// everything as it was before (`Checkpoint`), and gives false; nothing is thrown.
@@ -35,7 +35,7 @@ class MainMod {
  private:
   Session& session_;
   Ports ports_;
-  Flag running_;  ///< a command runs
+  bool running_ = false;  ///< a command runs
 };
 
 }  // namespace vk

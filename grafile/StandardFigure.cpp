@@ -45,12 +45,6 @@ class FigureDrawing {
   bool hasFunction() const { return source_.kind != kDataFigure; }
   bool ofDifferences() const { return source_.kind == kDifferencesFigure; }
 
-  /// Runs one statement under the guard of the figure.
-  template <class Statement>
-  void step(Statement&& statement) {
-    guard(failed_, std::forward<Statement>(statement));
-  }
-
   void describeOrigin();
   void placePlotBox();
   void drawAxes();
@@ -65,7 +59,7 @@ class FigureDrawing {
   EvaluationListener& listener_;
   LineText graph_;
   LineText differencesFile_;
-  Int16 failed_ = values_.failed;
+  bool failed_ = values_.failed;
   const double Xi = values_.Xi, Xf = values_.Xf, Yi = values_.Yi, Yf = values_.Yf;
 };
 
@@ -74,7 +68,7 @@ FigureTexts FigureDrawing::draw() {
   placePlotBox();
   drawAxes();
   if (source_.kind == kFunctionFigure) drawFunction();
-  step([&] { drawing_.GralMakeMark(kMarkRadius, kMarkType); });
+  guard(failed_, [&] { drawing_.GralMakeMark(kMarkRadius, kMarkType); });
   graph_ << "%Seleziona il Simbolo"
          << "\\TIPO_SIMBOLO(1.5,5)";
   if (ofDifferences()) {
@@ -109,8 +103,8 @@ void FigureDrawing::placePlotBox() {
   const double XlLog = drawing_.XlLog, XrLog = drawing_.XrLog, YbLog = drawing_.YbLog, YtLog = drawing_.YtLog;
   const double Xcmi = XlLog + 5, Xcmf = XrLog - 2;
   const double Ycmi = YbLog + 4, Ycmf = YtLog - 2;
-  step([&] { drawing_.GralXMap(Xcmi, Xcmf, Xi, Xf); });
-  step([&] { drawing_.GralYMap(Ycmi, Ycmf, Yi, Yf); });
+  guard(failed_, [&] { drawing_.GralXMap(Xcmi, Xcmf, Xi, Xf); });
+  guard(failed_, [&] { drawing_.GralYMap(Ycmi, Ycmf, Yi, Yf); });
   const auto box = [](const char* xi, double left, const char* yi, double bottom, const char* xf,
                       double right, const char* yf, double top) {
     return std::string("\\PARAMETRI(") + xi + "=" + FormatPattern(left) + ", " + yi + "=" +
@@ -129,10 +123,11 @@ void FigureDrawing::placePlotBox() {
 
 void FigureDrawing::drawAxes() {
   const std::string legend = data_.TitleY + (ofDifferences() ? " (Mis.-Calc.)" : "");
-  step([&] { drawing_.GralOaxis(Xi, Xf, Yi, values_.nDivX, kTickLength, false, true, data_.TitleX); });
-  step([&] { drawing_.GralOaxis(Xi, Xf, Yf, values_.nDivX, -kTickLength, false, false, ""); });
-  step([&] { drawing_.GralVaxis(Yi, Yf, Xi, values_.nDivY, kTickLength, false, true, legend); });
-  step([&] { drawing_.GralVaxis(Yi, Yf, Xf, values_.nDivY, -kTickLength, false, false, ""); });
+  guard(failed_,
+        [&] { drawing_.GralOaxis(Xi, Xf, Yi, values_.nDivX, kTickLength, false, true, data_.TitleX); });
+  guard(failed_, [&] { drawing_.GralOaxis(Xi, Xf, Yf, values_.nDivX, -kTickLength, false, false, ""); });
+  guard(failed_, [&] { drawing_.GralVaxis(Yi, Yf, Xi, values_.nDivY, kTickLength, false, true, legend); });
+  guard(failed_, [&] { drawing_.GralVaxis(Yi, Yf, Xf, values_.nDivY, -kTickLength, false, false, ""); });
   graph_ << "%Disegna gli Assi"
          << "\\XASSE(Xi, Xf, Yi, nDivX, 3, 1," + data_.TitleX + ")"
          << "\\XASSE(Xi, Xf, Yf, nDivX, -3, 0)"
@@ -147,7 +142,7 @@ void FigureDrawing::drawFunction() {
   const Array<double>&x = curve.x, &y = curve.y;
   for (int i = 1; i <= curve.segments; ++i) {
     if (curve.failed[i - 1] != kFalse || curve.failed[i] != kFalse) continue;
-    step([&] { drawing_.GralLine(x[i - 1], y[i - 1], x[i], y[i]); });
+    guard(failed_, [&] { drawing_.GralLine(x[i - 1], y[i - 1], x[i], y[i]); });
   }
   const FunctionLines lines = functionLines(source_, values_, listener_);
   graph_ << "%Disegna la Funzione"
@@ -156,8 +151,8 @@ void FigureDrawing::drawFunction() {
 }
 
 void FigureDrawing::drawData() {
-  step([&] { drawing_.GralClip(Xi, Yi, Xf, Yf); });
-  step([&] {
+  guard(failed_, [&] { drawing_.GralClip(Xi, Yi, Xf, Yf); });
+  guard(failed_, [&] {
     drawing_.PlotData(data_.Xpnt, data_.ErrXpnt, data_.Ypnt, data_.ErrYpnt, data_.NumPnt,
                       data_.kXpntErr != kFalse, false, false);
   });
@@ -174,10 +169,10 @@ void FigureDrawing::drawDifferences() {
          << "%2) Inserire nella Riga Successiva il Nome del File"
          << "%\\DATI(inserire il nome del File Differenze)"
          << "%3) e Rimuovere il %";
-  step([&] { drawing_.GralLine(Xi, 0, Xf, 0); });
-  step([&] { drawing_.GralClip(Xi, Yi, Xf, Yf); });
+  guard(failed_, [&] { drawing_.GralLine(Xi, 0, Xf, 0); });
+  guard(failed_, [&] { drawing_.GralClip(Xi, Yi, Xf, Yf); });
   const Array<double>& errors = data_.kXpntErr != kFalse ? data_.ErrEff : data_.ErrYpnt;
-  step([&] {
+  guard(failed_, [&] {
     drawing_.PlotData(data_.Xpnt, data_.ErrXpnt, values_.differences, errors, data_.NumPnt, false, false,
                       false);
   });

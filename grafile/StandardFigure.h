@@ -44,7 +44,7 @@ struct FigureValues {
   Int16 nDivX, nDivY;
   SampledCurve curve;         ///< of the figure with the function
   Array<double> differences;  ///< 1..points, of the figure of the differences
-  Int16 failed;               ///< -1 when a step failed
+  bool failed = false;        ///< in a step
 };
 
 /// Computes what a figure shows. Limits that are equal, but for the rounding of their values, are opened on both
@@ -59,7 +59,7 @@ std::optional<FigureValues> computeFigure(const FigureSource& source, Evaluation
 struct FigureTexts {
   std::string graph;        ///< the graphic file that draws the figure
   std::string differences;  ///< the differences as a data file; only of their figure
-  Int16 failed;             ///< -1 when a step failed, of the computing ones too
+  bool failed = false;      ///< in a step, also of the computing
 };
 
 /// Draws a figure on an open drawing and describes it line by line, side by side.

@@ -21,24 +21,6 @@ constexpr std::array<CommandOfCaption, 4> kCommands{{{kContinueButton, OutputCom
                                                      {kPrintButton, OutputCommand::kPrint},
                                                      {kCopyButton, OutputCommand::kCopy},
                                                      {kSaveFileButton, OutputCommand::kSaveFile}}};
-
-/// Turns the paper for as long as it lives.
-class OrientationFor {
- public:
-  OrientationFor(Printer& printer, Int16 wanted) : printer_(printer), before_(printer.Orientation()) {
-    printer_.setOrientation(wanted);
-  }
-  ~OrientationFor() {
-    guard([&] { printer_.setOrientation(before_); });
-  }
-  OrientationFor(const OrientationFor&) = delete;
-  OrientationFor& operator=(const OrientationFor&) = delete;
-
- private:
-  Printer& printer_;
-  Int16 before_;
-};
-
 }  // namespace
 
 OutputCommand outputCommand(const WindowText& caption) {
@@ -80,7 +62,9 @@ void OutputModel::printOn(Printer& printer, const FontSpec& font) {
 }
 
 void OutputModel::printDrawing(Printer& printer, const FontSpec& font) {
-  const OrientationFor turned(printer, OutPixelW > OutPixelH ? kLandscape : kPortrait);
+  const Int16 before = printer.Orientation();
+  printer.setOrientation(OutPixelW > OutPixelH ? kLandscape : kPortrait);
+  const AtEnd turnBack([&] { guard([&] { printer.setOrientation(before); }); });
   // QUIRK: the margin is an absolute difference, so a drawing wider than the page starts inside it and is cut.
   const double left = std::abs(printer.Width().value() - OutPixelW) / 2;
   const double top = std::abs(printer.Height().value() - OutPixelH) / 2;

@@ -45,20 +45,29 @@ TEST(Array, ChecksEveryIndex) {
 }
 
 TEST(Guard, DropsTheFailingStatementAndGoesOn) {
-  Int16 errFlag;
+  bool failed = false;
   int x = 1;
-  guard(errFlag, [&] { x = Array<int>(2)[5]; });
+  guard(failed, [&] { x = Array<int>(2)[5]; });
   EXPECT_EQ(x, 1);
-  EXPECT_EQ(errFlag, -1);
-  EXPECT_TRUE(guard(errFlag, [&] { x = 2; }));
+  EXPECT_TRUE(failed);
+  guard(failed, [&] { x = 2; });
   EXPECT_EQ(x, 2);
-  EXPECT_EQ(errFlag, -1);
+  EXPECT_TRUE(failed);
+  EXPECT_TRUE(guard([&] { x = 3; }));
 }
 
 TEST(Guard, TakesExhaustedMemoryLikeAnyRunTimeError) {
-  Int16 errFlag;
-  EXPECT_FALSE(guard(errFlag, [] { throw std::bad_alloc(); }));
-  EXPECT_EQ(errFlag, -1);
+  EXPECT_FALSE(guard([] { throw std::bad_alloc(); }));
+}
+
+TEST(AtEnd, RunsHoweverTheBlockIsLeft) {
+  int x = 1;
+  guard([&] {
+    const AtEnd back([&] { x = 3; });
+    x = 2;
+    throw RuntimeError(kOverflow);
+  });
+  EXPECT_EQ(x, 3);
 }
 
 TEST(Rounding, GoesToTheEvenNeighbour) {

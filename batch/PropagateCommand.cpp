@@ -12,10 +12,8 @@
 #include "batch/Json.h"
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
-#include "commands/ExhaustedBox.h"
 #include "commands/PropagationCommand.h"
 #include "commands/PropagationScreen.h"
-#include "commands/RandomSource.h"
 #include "platform/GridOutput.h"
 #include "platform/system/SystemRandom.h"
 #include "session/Session.h"
@@ -85,20 +83,14 @@ int runPropagate(const PropagateArguments& arguments) {
   SystemRandom random;
   TerminalDialogs dialogs;
   GridOutput output;
-  const float seed = Seed(arguments.seed).timer();
+  const float seed = seedFrom(arguments.seed, random);
   chooseModel(session, files, arguments.model, parameterNames(arguments.variables));
   enterErrors(session, arguments.variables);
-  random.seed(seed);
 
   const ParameterSet& par = session.analysis.par;
   const std::string& functionText = session.analysis.fun.FunctionText;
   PropagationScreen screen(functionText, par, output);
-  screen.open();
-  ExhaustedBox listener(dialogs);
-  Model& model = session.analysis.model;
-  RandomSource source(random);
-  PropagationResult result = PropagateErrors(model, par, source, listener, screen);
-  tellFailure(dialogs, result.end);
+  PropagationResult result = PropagateErrors(session.analysis, screen, random, dialogs);
   const bool completed = result.end == PropagationEnd::kCompleted;
   if (arguments.json) {
     std::cout << report(functionText, par, result, seed).text() << '\n';

@@ -9,16 +9,23 @@
 
 namespace vk {
 
-Seed::Seed(const std::string& text) {
-  if (text.empty()) {
-    seed_ = SystemClock().timer();
-    return;
-  }
+namespace {
+
+float seedOf(const std::string& text) {
+  if (text.empty()) return SystemClock().timer();
   const double value = isNumeric(text) ? scanNumber(text) : HUGE_VAL;
   if (std::abs(value) > static_cast<double>(std::numeric_limits<float>::max())) {
     throw UsageError("--seed \"" + text + "\": si attende un numero");
   }
-  seed_ = static_cast<float>(value);
+  return static_cast<float>(value);
+}
+
+}  // namespace
+
+float seedFrom(const std::string& text, Random& random) {
+  const float seed = seedOf(text);
+  random.seed(seed);
+  return seed;
 }
 
 }  // namespace vk

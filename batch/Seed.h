@@ -2,20 +2,12 @@
 
 #include <string>
 
-#include "platform/Clock.h"
+#include "platform/Random.h"
 
 namespace vk {
 
-/// The clock that random generators are seeded from: it stands still at the seed of the command line, or at
-/// the time of day when there is none.
-class Seed : public Clock {
- public:
-  /// A text that is no number raises `UsageError`; the empty text asks for the time of day.
-  explicit Seed(const std::string& text);
-  float timer() override { return seed_; }
-
- private:
-  float seed_;
-};
+/// Seeds a generator with the number of a text, or with the time of day where the text is empty, and gives the seed.
+/// Another text raises `UsageError`.
+float seedFrom(const std::string& text, Random& random);
 
 }  // namespace vk

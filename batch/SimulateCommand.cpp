@@ -78,8 +78,7 @@ int runSimulate(const SimulateArguments& arguments) {
   TerminalDialogs dialogs;
   chooseModel(session, files, arguments.model, parameterNames(arguments.parameters));
   enterStart(session, arguments.parameters);
-  const float seed = Seed(arguments.seed).timer();
-  random.seed(seed);
+  const float seed = seedFrom(arguments.seed, random);
   RandomSource source(random);
 
   ParameterSet& par = session.analysis.par;

@@ -6,7 +6,6 @@
 #include "batch/DataInput.h"
 #include "batch/Json.h"
 #include "batch/TerminalPorts.h"
-#include "commands/ExhaustedBox.h"
 #include "commands/TransformationCommand.h"
 #include "data/DataFiles.h"
 #include "session/Session.h"
@@ -77,12 +76,8 @@ int runTransform(const TransformArguments& arguments) {
   TerminalDialogs dialogs;
   loadData(session, files, dialogs, arguments.dataFile);
   const TransformFormulas formulas = formulasOf(arguments, session.loaded.data);
-  ExhaustedBox listener(dialogs);
-  const TransformResult result = transform(std::move(session.loaded.data), formulas, listener);
-  if (!result.replaced()) {
-    tellBadFormula(dialogs, result);
-    return kExitBadInput;
-  }
+  const TransformResult result = TransformData(session.loaded.data, formulas, dialogs);
+  if (!result.replaced()) return kExitBadInput;
   if (!result.failed.empty()) {
     tellFailedRows(result.failed);
     if (!arguments.anyway) return kExitFailed;

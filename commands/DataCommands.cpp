@@ -14,6 +14,7 @@ const WindowText kReadData = kReadCaption + WindowText(kDataWord);
 constexpr const char* kSaveData = "VOR_KEL: Salva con Nome File Dati";
 const WindowText kReadGraphic = kReadCaption + WindowText(kGraphicWord);
 constexpr const char* kDataFileErrors = "Errori nella Lettura del File Dati: ";
+constexpr const char* kCountsDiffer = "Numero Dati Dichiarati Diverso da Numero Dati Trovati!";
 constexpr const char* kTooFewData = "Il File Contiene Meno di 2 Dati!";
 
 constexpr int kFewestPoints = 2;
@@ -60,8 +61,12 @@ void MenDatLet(Session& session, Ports& ports) {
   if (readDataFile(session, ports)) Msg(session, ports.window);
 }
 
-bool acceptCounts(Dialogs& dialogs, Int16 declaredCount, Int16 validCount) {
+void compareCounts(Dialogs& dialogs, Int16 declaredCount, Int16 validCount) {
   if (declaredCount != validCount) tell(dialogs, kCountsDiffer);
+}
+
+bool acceptCounts(Dialogs& dialogs, Int16 declaredCount, Int16 validCount) {
+  compareCounts(dialogs, declaredCount, validCount);
   if (validCount >= kFewestPoints) return true;
   tell(dialogs, kTooFewData);
   return false;

@@ -9,15 +9,13 @@ namespace vk {
 
 struct Session;
 
-/// The warning on a file that holds more or fewer points than it declares.
-inline constexpr const char* kCountsDiffer = "Numero Dati Dichiarati Diverso da Numero Dati Trovati!";
-
 /// Reads a data file into the session. A file with errors is told and not taken; a file that cannot be opened is
 /// a run-time error. `ErrFlag` is 32755 after a cancel, -1 when no file was taken.
 void MenDatLet(Session& session, Ports& ports);
 
-/// Warns when the declared number of points is not the number found. False when there are fewer than two, which
-/// is told too.
+/// Warns when the declared number of points is not the number found.
+void compareCounts(Dialogs& dialogs, Int16 declaredCount, Int16 validCount);
+/// The same; false when there are fewer than two points, which is told too.
 bool acceptCounts(Dialogs& dialogs, Int16 declaredCount, Int16 validCount);
 
 /// Saves the data set under a name that the user gives; the session goes on with the file that it read. A disk

@@ -13,31 +13,6 @@ constexpr const char* kSimulationFailed = "Errori nella Simulazione di Monte Car
 constexpr const char* kNoDependence = "\nla funzione NON dipende dalle variabili";
 constexpr const char* kFileName = "Mon_Sim.DAT";
 
-}  // namespace
-
-PropagationResult PropagateErrors(Session& session, Ports& ports) {
-  const ShutWindow shut(ports.window, Form::kOutput);
-  ports.random.seed(ports.clock.timer());
-  session.analysis.monteCarlo = {};
-  const ParameterSet& par = session.analysis.par;
-  PropagationScreen screen(session.analysis.fun.FunctionText, par, ports.output);
-  screen.open();
-  // The window can be asked to save while the samples still run. The session gets the histogram only when it is
-  // whole, so that no half-filled one is written, or changed by being written.
-  ports.output.setSaveRoutine([&session, &files = ports.files] { SaveMonteCarlo(session, files); });
-  ExhaustedBox listener(ports.dialogs);
-  Model& model = session.analysis.model;
-  RandomSource random(ports.random);
-  PropagationResult result = PropagateErrors(model, par, random, listener, screen);
-  session.analysis.monteCarlo = result.histogram;
-  if (result.end != PropagationEnd::kCompleted) {
-    tellFailure(ports.dialogs, result.end);
-    ports.output.FrmOut_Exit();
-  }
-  session.ErrFlag = 0;
-  return result;
-}
-
 void tellFailure(Dialogs& dialogs, PropagationEnd end) {
   switch (end) {
     case PropagationEnd::kDerivativesFailed:
@@ -49,6 +24,32 @@ void tellFailure(Dialogs& dialogs, PropagationEnd end) {
     case PropagationEnd::kCompleted:
       break;
   }
+}
+
+}  // namespace
+
+PropagationResult PropagateErrors(Session& session, Ports& ports) {
+  const ShutWindow shut(ports.window, Form::kOutput);
+  ports.random.seed(ports.clock.timer());
+  session.analysis.monteCarlo = {};
+  PropagationScreen screen(session.analysis.fun.FunctionText, session.analysis.par, ports.output);
+  // The window can be asked to save while the samples still run. The session gets the histogram only when it is
+  // whole, so that no half-filled one is written, or changed by being written.
+  ports.output.setSaveRoutine([&session, &files = ports.files] { SaveMonteCarlo(session, files); });
+  PropagationResult result = PropagateErrors(session.analysis, screen, ports.random, ports.dialogs);
+  session.analysis.monteCarlo = result.histogram;
+  if (result.end != PropagationEnd::kCompleted) ports.output.FrmOut_Exit();
+  session.ErrFlag = 0;
+  return result;
+}
+
+PropagationResult PropagateErrors(AnalysisState& analysis, PropagationObserver& screen, Random& random,
+                                  Dialogs& dialogs) {
+  ExhaustedBox listener(dialogs);
+  RandomSource source(random);
+  PropagationResult result = PropagateErrors(analysis.model, analysis.par, source, listener, screen);
+  tellFailure(dialogs, result.end);
+  return result;
 }
 
 void SaveMonteCarlo(Session& session, Files& files) {

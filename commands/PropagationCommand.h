@@ -15,8 +15,9 @@ namespace vk {
 /// "Salva &File" writes it by `SaveMonteCarlo`.
 PropagationResult PropagateErrors(Session& session, Ports& ports);
 
-/// Tells in a box why a propagation has failed; nothing for one that has not.
-void tellFailure(Dialogs& dialogs, PropagationEnd end);
+/// The same on a screen that is open; the generator goes on from where it stands. A box tells of a failure.
+PropagationResult PropagateErrors(AnalysisState& analysis, PropagationObserver& screen, Random& random,
+                                  Dialogs& dialogs);
 
 /// Merges the thin bins of the session's histogram and writes it into "Mon_Sim.DAT" in the folder of data files. A file
 /// that cannot be written is a run-time error.

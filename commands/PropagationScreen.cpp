@@ -41,9 +41,7 @@ PropagationScreen::PropagationScreen(std::string functionText, const ParameterSe
       output_(output),
       width_(par.ParNameWidth),
       columns_(2 * width_ + kColumnsBesideNames),
-      name_(par.name(-1)) {}
-
-void PropagationScreen::open() {
+      name_(par.name(-1)) {
   OutputRequest request;
   request.rows = par_.ParCount + kRowsBesideVariables;
   request.cols = columns_;

@@ -12,11 +12,9 @@ namespace vk {
 /// derivatives, and the distribution of the samples. Texts are code page 437.
 class PropagationScreen : public PropagationObserver {
  public:
-  /// `par` must outlive this object.
+  /// Opens the window and lists the variables with their values and errors. `par` must outlive this object.
   PropagationScreen(std::string functionText, const ParameterSet& par, OutputWindow& output);
 
-  /// Opens the window and lists the variables with their values and errors.
-  void open();
   /// The value of the function and its errors by derivatives.
   void derived(const AnalyticErrors& errors) override;
   void simulationBegins() override;

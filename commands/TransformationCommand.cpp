@@ -69,19 +69,18 @@ void TransformData(Session& session, Ports& ports) {
   const Array<std::string>& fields = session.input.InpValues;
   TransformFormulas formulas{fields[1], fields[2], {}};
   for (int i = kFirstFormula; i <= fields.upper(); ++i) formulas.columns.push_back(fields[i]);
-  ExhaustedBox listener(ports.dialogs);
-  TransformResult result = transform(session.loaded.data, formulas, listener);
-  if (result.replaced()) {
-    session.loaded.data = std::move(result.data);
-  } else {
-    tellBadFormula(ports.dialogs, result);
-  }
+  session.loaded.data = TransformData(session.loaded.data, formulas, ports.dialogs).data;
   ports.window.refresh();
   Msg(session, ports.window);
 }
 
-void tellBadFormula(Dialogs& dialogs, const TransformResult& result) {
-  dialogs.plainBox(kProgramTitle, WindowText(kBadDefinition + result.badColumn + kPressToContinueClose));
+TransformResult TransformData(const DataSet& data, const TransformFormulas& formulas, Dialogs& dialogs) {
+  ExhaustedBox listener(dialogs);
+  TransformResult result = transform(data, formulas, listener);
+  if (!result.replaced()) {
+    dialogs.plainBox(kProgramTitle, WindowText(kBadDefinition + result.badColumn + kPressToContinueClose));
+  }
+  return result;
 }
 
 }  // namespace vk

@@ -11,11 +11,10 @@ namespace vk {
 /// the user gives up.
 void MenDatTra(Session& session, Ports& ports);
 
-/// Replaces titles and columns by what the fields of the form say. When a formula is bad a box tells, and nothing is
-/// changed.
+/// Replaces titles and columns by what the fields of the form say.
 void TransformData(Session& session, Ports& ports);
 
-/// Tells which column's formula is bad.
-void tellBadFormula(Dialogs& dialogs, const TransformResult& result);
+/// Transforms data; when a formula is bad a box tells of which column, and nothing is changed.
+TransformResult TransformData(const DataSet& data, const TransformFormulas& formulas, Dialogs& dialogs);
 
 }  // namespace vk

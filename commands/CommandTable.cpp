@@ -1,6 +1,6 @@
 #include "commands/CommandTable.h"
 
-#include <array>
+#include <iterator>
 
 #include "base/Text.h"
 #include "commands/DataCommands.h"
@@ -80,22 +80,22 @@ constexpr EnableRule keptBy(Condition condition) {
 }
 constexpr EnableRule kAsAtStart{};
 
-// ---- What they run ----------------------------------------------------------------------------------------
+// ---- The entries of recent lists -----------------------------------------------------------------------------
 
-/// Reads an entry of a recent list.
+/// Entry `index`, from 0, of a recent list, which `read` reads.
 template <int index, FileKindCode kind, auto read>
-void readRecent(Session& session, Ports& ports) {
-  pickRecentFile(session, kind, index);
-  read(session, ports);
+constexpr Command recent(Control control, std::string_view name, Control menu) {
+  const auto readEntry = [](Session& session, Ports& ports) {
+    pickRecentFile(session, kind, index);
+    read(session, ports);
+  };
+  return {control, name, menu, "", kRecent, readEntry, kAsAtStart, kind};
 }
 
 // ---- The table --------------------------------------------------------------------------------------------
 
+using C = Control;
 constexpr std::nullopt_t kTop = std::nullopt;
-constexpr bool kOn = true;
-constexpr bool kOff = false;
-constexpr bool kShown = true;
-constexpr bool kHidden = false;
 
 // Captions of several entries.
 constexpr const char* kDataEntry = "&Dati";
@@ -104,110 +104,76 @@ constexpr const char* kEditEntry = "&Modifica File";
 constexpr const char* kShowEntry = "&Visualizza";
 constexpr const char* kSaveGraphicEntry = "Salva File &Grafico";
 
-constexpr std::array kTable{
-    Command{Control::MenDat, "MenDat", kTop, kDataEntry, kMenu, kOn, kShown},
-    Command{Control::MenDatLet, "MenDatLet", Control::MenDat, kReadEntry, kCommand, kOn, kShown, kAsAtStart,
-            MenDatLet, kDataKind},
-    Command{Control::MenDatMod, "MenDatMod", Control::MenDat, kEditEntry, kCommand, kOn, kShown, kAsAtStart,
-            MenDatMod},
-    Command{Control::MenDatSav, "MenDatSav", Control::MenDat, "Salva con &Nome", kCommand, kOff, kShown,
-            follows(dataDefined), MenDatSav},
-    Command{Control::MenDatTra, "MenDatTra", Control::MenDat, "&Trasformazione Dati", kCommand, kOff, kShown,
-            follows(dataDefined), MenDatTra},
-    Command{Control::MenDatSim, "MenDatSim", Control::MenDat, "&Simulazione Dati", kCommand, kOff, kShown,
-            follows(parameterFree), MenDatSim},
-    Command{Control::MenDatOld0, "MenDatOld(0)", Control::MenDat, "", kRecent, kOn, kHidden, kAsAtStart,
-            readRecent<0, kDataKind, MenDatLet>, kDataKind},
-    Command{Control::MenDatOld1, "MenDatOld(1)", Control::MenDat, "", kRecent, kOn, kHidden, kAsAtStart,
-            readRecent<1, kDataKind, MenDatLet>, kDataKind},
-    Command{Control::MenDatOld2, "MenDatOld(2)", Control::MenDat, "", kRecent, kOn, kHidden, kAsAtStart,
-            readRecent<2, kDataKind, MenDatLet>, kDataKind},
-    Command{Control::MenDatOld3, "MenDatOld(3)", Control::MenDat, "", kRecent, kOn, kHidden, kAsAtStart,
-            readRecent<3, kDataKind, MenDatLet>, kDataKind},
+constexpr Command kTable[]{
+    {C::MenDat, "MenDat", kTop, kDataEntry, kMenu},
+    {C::MenDatLet, "MenDatLet", C::MenDat, kReadEntry, kCommand, MenDatLet, kAsAtStart, kDataKind},
+    {C::MenDatMod, "MenDatMod", C::MenDat, kEditEntry, kCommand, MenDatMod},
+    {C::MenDatSav, "MenDatSav", C::MenDat, "Salva con &Nome", kCommand, MenDatSav, follows(dataDefined)},
+    {C::MenDatTra, "MenDatTra", C::MenDat, "&Trasformazione Dati", kCommand, MenDatTra, follows(dataDefined)},
+    {C::MenDatSim, "MenDatSim", C::MenDat, "&Simulazione Dati", kCommand, MenDatSim, follows(parameterFree)},
+    recent<0, kDataKind, MenDatLet>(C::MenDatOld0, "MenDatOld(0)", C::MenDat),
+    recent<1, kDataKind, MenDatLet>(C::MenDatOld1, "MenDatOld(1)", C::MenDat),
+    recent<2, kDataKind, MenDatLet>(C::MenDatOld2, "MenDatOld(2)", C::MenDat),
+    recent<3, kDataKind, MenDatLet>(C::MenDatOld3, "MenDatOld(3)", C::MenDat),
 
-    Command{Control::MenFun, "MenFun", kTop, "&Funzioni", kMenu, kOn, kShown},
-    Command{Control::MenFunSel, "MenFunSel", Control::MenFun, "&Selezione Funzione", kCommand, kOn, kShown,
-            kAsAtStart, MenFunSel},
-    Command{Control::MenFunVar, "MenFunVar", Control::MenFun, "Sostituzione &Variabili", kNothing, kOff,
-            kHidden},
-    Command{Control::MenFunLet, "MenFunLet", Control::MenFun, kReadEntry, kCommand, kOn, kShown, kAsAtStart,
-            MenFunLet, kFunctionKind},
-    Command{Control::MenFunMod, "MenFunMod", Control::MenFun, kEditEntry, kCommand, kOn, kShown, kAsAtStart,
-            MenFunMod},
-    Command{Control::MenFunCar, "MenFunCar", Control::MenFun, "&Carica Funzione", kCommand, kOff, kShown,
-            needs(functionFileRead), MenFunCar},
-    Command{Control::MenFunOld0, "MenFunOld(0)", Control::MenFun, "", kRecent, kOn, kHidden, kAsAtStart,
-            readRecent<0, kFunctionKind, MenFunLet>, kFunctionKind},
-    Command{Control::MenFunOld1, "MenFunOld(1)", Control::MenFun, "", kRecent, kOn, kHidden, kAsAtStart,
-            readRecent<1, kFunctionKind, MenFunLet>, kFunctionKind},
-    Command{Control::MenFunOld2, "MenFunOld(2)", Control::MenFun, "", kRecent, kOn, kHidden, kAsAtStart,
-            readRecent<2, kFunctionKind, MenFunLet>, kFunctionKind},
-    Command{Control::MenFunOld3, "MenFunOld(3)", Control::MenFun, "", kRecent, kOn, kHidden, kAsAtStart,
-            readRecent<3, kFunctionKind, MenFunLet>, kFunctionKind},
+    {C::MenFun, "MenFun", kTop, "&Funzioni", kMenu},
+    {C::MenFunSel, "MenFunSel", C::MenFun, "&Selezione Funzione", kCommand, MenFunSel},
+    {C::MenFunVar, "MenFunVar", C::MenFun, "Sostituzione &Variabili", kNothing},
+    {C::MenFunLet, "MenFunLet", C::MenFun, kReadEntry, kCommand, MenFunLet, kAsAtStart, kFunctionKind},
+    {C::MenFunMod, "MenFunMod", C::MenFun, kEditEntry, kCommand, MenFunMod},
+    {C::MenFunCar, "MenFunCar", C::MenFun, "&Carica Funzione", kCommand, MenFunCar, needs(functionFileRead)},
+    recent<0, kFunctionKind, MenFunLet>(C::MenFunOld0, "MenFunOld(0)", C::MenFun),
+    recent<1, kFunctionKind, MenFunLet>(C::MenFunOld1, "MenFunOld(1)", C::MenFun),
+    recent<2, kFunctionKind, MenFunLet>(C::MenFunOld2, "MenFunOld(2)", C::MenFun),
+    recent<3, kFunctionKind, MenFunLet>(C::MenFunOld3, "MenFunOld(3)", C::MenFun),
 
-    Command{Control::MenGra, "MenGra", kTop, "&Grafici", kMenu, kOn, kShown},
-    Command{Control::MenGraDat, "MenGraDat", Control::MenGra, kDataEntry, kMenu, kOff, kShown,
-            follows(dataDefined)},
-    Command{Control::MenGraDatVis, "MenGraDatVis", Control::MenGraDat, kShowEntry, kCommand, kOff, kShown,
-            follows(dataDefined), MenGraDatVis},
-    Command{Control::MenGraDatGra, "MenGraDatGra", Control::MenGraDat, kSaveGraphicEntry, kCommand, kOff,
-            kShown, follows(dataDrawn), MenGraDatGra},
-    Command{Control::MenGraFun, "MenGraFun", Control::MenGra, "Dati e &Funzione", kMenu, kOff, kShown,
-            follows(drawableOrFree)},
-    Command{Control::MenGraFunVis, "MenGraFunVis", Control::MenGraFun, kShowEntry, kCommand, kOff, kShown,
-            follows(fitDrawable), MenGraFunVis},
-    Command{Control::MenGraFunGra, "MenGraFunGra", Control::MenGraFun, kSaveGraphicEntry, kCommand, kOff,
-            kShown, follows(functionDrawn), MenGraFunGra},
-    Command{Control::MenGraDif, "MenGraDif", Control::MenGra, "D&ifferenze", kMenu, kOff, kShown,
-            follows(drawableOrFree)},
-    Command{Control::MenGraDifVis, "MenGraDifVis", Control::MenGraDif, kShowEntry, kCommand, kOff, kShown,
-            follows(fitDrawable), MenGraDifVis},
-    Command{Control::MenGraDifGra, "MenGraDifGra", Control::MenGraDif, kSaveGraphicEntry, kCommand, kOff,
-            kShown, follows(differencesDrawn), MenGraDifGra},
-    Command{Control::MenGraDifSav, "MenGraDifSav", Control::MenGraDif, "Salva File &Differenze", kCommand,
-            kOff, kShown, follows(differencesKept), MenGraDifSav},
-    Command{Control::MenGraLetFil, "MenGraLetFil", Control::MenGra, "&Lettura File Grafico", kCommand, kOn,
-            kShown, kAsAtStart, MenGraLetFil, kGraphicKind},
-    Command{Control::MenGraModFil, "MenGraModFil", Control::MenGra, "&Modifica File Grafico", kCommand, kOn,
-            kShown, kAsAtStart, MenGraModFil},
-    Command{Control::MenGraVisFil, "MenGraVisFil", Control::MenGra, "&Visualizza File Grafico", kCommand,
-            kOff, kShown, needs(graphicFileChosen), MenGraVisFil},
-    Command{Control::MenGraPriFil, "MenGraPriFil", Control::MenGra, "&Stampa File Grafico", kCommand, kOff,
-            kShown, needs(graphicFileChosen), MenGraPriFil},
-    Command{Control::MenGraOld0, "MenGraOld(0)", Control::MenGra, "", kRecent, kOn, kHidden, kAsAtStart,
-            readRecent<0, kGraphicKind, MenGraLetFil>, kGraphicKind},
-    Command{Control::MenGraOld1, "MenGraOld(1)", Control::MenGra, "", kRecent, kOn, kHidden, kAsAtStart,
-            readRecent<1, kGraphicKind, MenGraLetFil>, kGraphicKind},
-    Command{Control::MenGraOld2, "MenGraOld(2)", Control::MenGra, "", kRecent, kOn, kHidden, kAsAtStart,
-            readRecent<2, kGraphicKind, MenGraLetFil>, kGraphicKind},
-    Command{Control::MenGraOld3, "MenGraOld(3)", Control::MenGra, "", kRecent, kOn, kHidden, kAsAtStart,
-            readRecent<3, kGraphicKind, MenGraLetFil>, kGraphicKind},
+    {C::MenGra, "MenGra", kTop, "&Grafici", kMenu},
+    {C::MenGraDat, "MenGraDat", C::MenGra, kDataEntry, kMenu, nullptr, follows(dataDefined)},
+    {C::MenGraDatVis, "MenGraDatVis", C::MenGraDat, kShowEntry, kCommand, MenGraDatVis, follows(dataDefined)},
+    {C::MenGraDatGra, "MenGraDatGra", C::MenGraDat, kSaveGraphicEntry, kCommand, MenGraDatGra,
+     follows(dataDrawn)},
+    {C::MenGraFun, "MenGraFun", C::MenGra, "Dati e &Funzione", kMenu, nullptr, follows(drawableOrFree)},
+    {C::MenGraFunVis, "MenGraFunVis", C::MenGraFun, kShowEntry, kCommand, MenGraFunVis, follows(fitDrawable)},
+    {C::MenGraFunGra, "MenGraFunGra", C::MenGraFun, kSaveGraphicEntry, kCommand, MenGraFunGra,
+     follows(functionDrawn)},
+    {C::MenGraDif, "MenGraDif", C::MenGra, "D&ifferenze", kMenu, nullptr, follows(drawableOrFree)},
+    {C::MenGraDifVis, "MenGraDifVis", C::MenGraDif, kShowEntry, kCommand, MenGraDifVis, follows(fitDrawable)},
+    {C::MenGraDifGra, "MenGraDifGra", C::MenGraDif, kSaveGraphicEntry, kCommand, MenGraDifGra,
+     follows(differencesDrawn)},
+    {C::MenGraDifSav, "MenGraDifSav", C::MenGraDif, "Salva File &Differenze", kCommand, MenGraDifSav,
+     follows(differencesKept)},
+    {C::MenGraLetFil, "MenGraLetFil", C::MenGra, "&Lettura File Grafico", kCommand, MenGraLetFil, kAsAtStart,
+     kGraphicKind},
+    {C::MenGraModFil, "MenGraModFil", C::MenGra, "&Modifica File Grafico", kCommand, MenGraModFil},
+    {C::MenGraVisFil, "MenGraVisFil", C::MenGra, "&Visualizza File Grafico", kCommand, MenGraVisFil,
+     needs(graphicFileChosen)},
+    {C::MenGraPriFil, "MenGraPriFil", C::MenGra, "&Stampa File Grafico", kCommand, MenGraPriFil,
+     needs(graphicFileChosen)},
+    recent<0, kGraphicKind, MenGraLetFil>(C::MenGraOld0, "MenGraOld(0)", C::MenGra),
+    recent<1, kGraphicKind, MenGraLetFil>(C::MenGraOld1, "MenGraOld(1)", C::MenGra),
+    recent<2, kGraphicKind, MenGraLetFil>(C::MenGraOld2, "MenGraOld(2)", C::MenGra),
+    recent<3, kGraphicKind, MenGraLetFil>(C::MenGraOld3, "MenGraOld(3)", C::MenGra),
 
-    Command{Control::MenAda, "MenAda", kTop, "&Adattamento", kMenu, kOff, kShown,
-            turnedOnBy(functionDefined)},
-    Command{Control::MenAdaPar, "MenAdaPar", Control::MenAda, "&Parametri Iniziali", kCommand, kOff, kShown,
-            turnedOnBy(functionDefined), MenAdaPar},
-    Command{Control::MenAdaAda, "MenAdaAda", Control::MenAda, "&Adattamento Funzione-Dati", kCommand, kOff,
-            kShown, turnedOnBy(parameterFree), MenAdaAda},
+    {C::MenAda, "MenAda", kTop, "&Adattamento", kMenu, nullptr, turnedOnBy(functionDefined)},
+    {C::MenAdaPar, "MenAdaPar", C::MenAda, "&Parametri Iniziali", kCommand, MenAdaPar,
+     turnedOnBy(functionDefined)},
+    {C::MenAdaAda, "MenAdaAda", C::MenAda, "&Adattamento Funzione-Dati", kCommand, MenAdaAda,
+     turnedOnBy(parameterFree)},
 
-    Command{Control::MenSer, "MenSer", kTop, "&Servizi", kMenu, kOn, kShown},
-    Command{Control::MenSerCal, "MenSerCal", Control::MenSer, "&Calcolatrice", kCommand, kOn, kShown,
-            kAsAtStart, MenSerCal},
-    Command{Control::MenSerPro, "MenSerPro", Control::MenSer, "&Propagazione Errori", kCommand, kOff, kShown,
-            keptBy(functionDefined), MenSerPro},
-    Command{Control::MenSerMod, "MenSerMod", Control::MenSer, "&Modifica Diario", kNothing, kOff, kHidden},
-    Command{Control::MenSerOpz, "MenSerOpz", Control::MenSer, "&Opzioni", kMenu, kOn, kShown},
-    Command{Control::MenSerImpDir, "MenSerImpDir", Control::MenSerOpz, "&Directory di Lavoro", kCommand, kOn,
-            kShown, kAsAtStart, MenSerImpDir},
-    Command{Control::MenSerImpGra, "MenSerImpGra", Control::MenSerOpz, "Impostazioni &Grafiche", kCommand,
-            kOn, kShown, kAsAtStart, MenSerImpGra},
-    Command{Control::MenSerErr, "MenSerErr", Control::MenSerOpz, "&Visualizzazione Messaggi Errori", kCheck,
-            kOn, kShown, kAsAtStart, MenSerErr},
+    {C::MenSer, "MenSer", kTop, "&Servizi", kMenu},
+    {C::MenSerCal, "MenSerCal", C::MenSer, "&Calcolatrice", kCommand, MenSerCal},
+    {C::MenSerPro, "MenSerPro", C::MenSer, "&Propagazione Errori", kCommand, MenSerPro,
+     keptBy(functionDefined)},
+    {C::MenSerMod, "MenSerMod", C::MenSer, "&Modifica Diario", kNothing},
+    {C::MenSerOpz, "MenSerOpz", C::MenSer, "&Opzioni", kMenu},
+    {C::MenSerImpDir, "MenSerImpDir", C::MenSerOpz, "&Directory di Lavoro", kCommand, MenSerImpDir},
+    {C::MenSerImpGra, "MenSerImpGra", C::MenSerOpz, "Impostazioni &Grafiche", kCommand, MenSerImpGra},
+    {C::MenSerErr, "MenSerErr", C::MenSerOpz, "&Visualizzazione Messaggi Errori", kCheck, MenSerErr},
 };
 
 static_assert(
     [] {
-      for (std::size_t i = 0; i < kTable.size(); ++i) {
+      for (std::size_t i = 0; i < std::size(kTable); ++i) {
         if (kTable[i].control != static_cast<Control>(i)) return false;
       }
       return true;

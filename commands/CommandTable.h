@@ -19,8 +19,8 @@ enum class CommandKind {
   kMenu,     ///< opens its sub-entries
   kCommand,  ///< runs a command
   kCheck,    ///< runs a command and bears a check mark, off at start
-  kRecent,   ///< an entry of a recent list; its caption is set when a file is put there
-  kNothing,  ///< has no command
+  kRecent,   ///< an entry of a recent list; shown with its caption when a file is put there
+  kNothing,  ///< has no command and is never shown
 };
 
 /// How the refresh of the display follows a rule.
@@ -44,11 +44,13 @@ struct Command {
   std::optional<Control> parent;  ///< menu that holds it; none for the five top menus
   WindowText caption;             ///< "&" before the access key
   CommandKind kind;
-  bool enabled;  ///< at start; the entries that follow the session's flags start off
-  bool visible;
-  EnableRule rule{};
   void (*run)(Session& session, Ports& ports) = nullptr;
+  EnableRule rule{};
   int reads = 0;  ///< `FileKindCode` of what a reading command reads; 0 for any other
+
+  /// At start; what follows the session's flags starts off.
+  bool enabled() const { return kind != CommandKind::kNothing && rule.holds == nullptr; }
+  bool visible() const { return kind != CommandKind::kRecent && kind != CommandKind::kNothing; }
 };
 
 /// All entries in the order of the menus, each behind its parent.

@@ -34,8 +34,8 @@ void setFirstFolders(Session& session, Files& files) {
 
 void setFirstMenus(MainWindow& window) {
   for (const Command& command : commandTable()) {
-    window.setMenuEnabled(command.control, command.enabled);
-    window.setMenuVisible(command.control, command.visible);
+    window.setMenuEnabled(command.control, command.enabled());
+    window.setMenuVisible(command.control, command.visible());
     if (command.kind == CommandKind::kCheck) window.setMenuChecked(command.control, false);
   }
 }

@@ -76,7 +76,7 @@ TEST(CommandTable, TheRecentEntriesEndTheirMenusAndAreHidden) {
   std::map<std::string_view, int> recent;
   for (const Command& command : commandTable()) {
     if (command.kind == CommandKind::kRecent) {
-      EXPECT_FALSE(command.visible);
+      EXPECT_FALSE(command.visible());
       const std::string_view parent = commandOf(command.parent.value()).name;
       EXPECT_EQ(command.name, std::string(parent) + "Old(" + std::to_string(recent[parent]++) + ")");
     } else if (command.parent) {
@@ -91,8 +91,8 @@ TEST(CommandTable, TwoEntriesAreHiddenAndHaveNoCommand) {
     const auto command = std::ranges::find(commandTable(), control, &Command::control);
     ASSERT_NE(command, commandTable().end());
     EXPECT_EQ(command->kind, CommandKind::kNothing);
-    EXPECT_FALSE(command->visible);
-    EXPECT_FALSE(command->enabled);
+    EXPECT_FALSE(command->visible());
+    EXPECT_FALSE(command->enabled());
   }
 }
 

@@ -61,7 +61,7 @@ TEST_F(MainFormTest, TheMenusAreThoseOfTheTable) {
       EXPECT_EQ(at<QMenu>(name)->title(), caption);
     } else {
       EXPECT_EQ(at<QAction>(name)->text(), caption);
-      EXPECT_EQ(at<QAction>(name)->isVisible(), command.visible) << name.toStdString();
+      EXPECT_EQ(at<QAction>(name)->isVisible(), command.visible()) << name.toStdString();
     }
   }
 }

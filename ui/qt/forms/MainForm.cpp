@@ -77,8 +77,8 @@ void Vor_Kel::addMenu(const Command& entry) {
 void Vor_Kel::addEntry(const Command& entry) {
   QAction* action = actions_.at(entry.parent.value())->menu()->addAction(fromText(entry.caption));
   action->setObjectName(controlText(entry.name));
-  action->setEnabled(entry.enabled);
-  action->setVisible(entry.visible);
+  action->setEnabled(entry.enabled());
+  action->setVisible(entry.visible());
   action->setCheckable(entry.kind == CommandKind::kCheck);
   action->setMenuRole(QAction::NoRole);
   actions_[entry.control] = action;

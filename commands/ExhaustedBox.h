@@ -13,13 +13,13 @@ class ExhaustedBox : public EvaluationListener {
   explicit ExhaustedBox(Dialogs& dialogs) : dialogs_(dialogs) {}
   void exhausted(Kernel kernel) override {
     if (kernel == Kernel::kBetaFraction) return;
-    if (!told_) dialogs_.plainBox("D_X2", kCalculationFailed);
-    told_ = true;
+    if (!shown_) dialogs_.plainBox("D_X2", kCalculationFailed);
+    shown_ = true;
   }
 
  private:
   Dialogs& dialogs_;
-  bool told_ = false;
+  bool shown_ = false;
 };
 
 }  // namespace vk

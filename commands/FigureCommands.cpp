@@ -12,11 +12,7 @@ constexpr int kDifferencesFile = 0;
 void drawFigure(Session& session, Ports& ports, FigureKind kind) {
   if (!canDrawFigure(session, ports.dialogs, kind)) return;
   ExhaustedBox listener(ports.dialogs);
-  MakeGraph(session, ports, static_cast<int>(kind), listener);
-}
-
-void save(Session& session, Ports& ports, int kind) {
-  SaveGraphText(session, ports, kind);
+  MakeGraph(session, ports, kind, listener);
 }
 
 }  // namespace
@@ -34,19 +30,19 @@ void MenGraDifVis(Session& session, Ports& ports) {
 }
 
 void MenGraDatGra(Session& session, Ports& ports) {
-  save(session, ports, kDataFigure);
+  SaveGraphText(session, ports, kDataFigure);
 }
 
 void MenGraFunGra(Session& session, Ports& ports) {
-  save(session, ports, kFunctionFigure);
+  SaveGraphText(session, ports, kFunctionFigure);
 }
 
 void MenGraDifGra(Session& session, Ports& ports) {
-  save(session, ports, kDifferencesFigure);
+  SaveGraphText(session, ports, kDifferencesFigure);
 }
 
 void MenGraDifSav(Session& session, Ports& ports) {
-  save(session, ports, kDifferencesFile);
+  SaveGraphText(session, ports, kDifferencesFile);
 }
 
 void MenGraVisFil(Session& session, Ports& ports) {

@@ -43,7 +43,7 @@ void RunGraphicFile(Session& session, Ports& ports, const std::string& fileName,
 /// A failing step sets `ErrFlag` to -1 and the next one goes on. Where the function cannot be computed, its
 /// curve has a gap. More than five such points of the curve, or one of the differences, end the figure: both
 /// texts are empty then and no window is opened.
-void MakeGraph(Session& session, Ports& ports, Int16 kind, EvaluationListener& listener);
+void MakeGraph(Session& session, Ports& ports, int kind, EvaluationListener& listener);
 
 /// What a figure is drawn on.
 struct FigureSurface {
@@ -57,6 +57,6 @@ void makeFigure(Session& session, Dialogs& dialogs, const FigureSurface& surface
 
 /// Asks for a name and writes the graphic text of a figure (1 to 3), or with kind 0 the differences file.
 /// `ErrFlag` is 0 afterwards. A disk that fails while writing is a run-time error.
-void SaveGraphText(Session& session, Ports& ports, Int16 kind);
+void SaveGraphText(Session& session, Ports& ports, int kind);
 
 }  // namespace vk

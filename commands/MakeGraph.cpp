@@ -26,12 +26,13 @@ FigureSource sourceOf(const Session& session, Model& model, int kind) {
 void openFigure(Session& session, Device& form, GralCls& drawing, int kind) {
   drawing.GralCaption = kGraphCaption + nameOfFigure(kind);
   const auto scale = static_cast<double>(session.figures.GraphScale.at(static_cast<std::size_t>(kind - 1)));
-  guard(session.ErrFlag, [&] { drawing.GralGrStr(form, paperOrientation(session.figures), scale); });
+  if (!guard([&] { drawing.GralGrStr(form, paperOrientation(session.figures), scale); }))
+    session.ErrFlag = kTrue;
 }
 
 }  // namespace
 
-void MakeGraph(Session& session, Ports& ports, Int16 kind, EvaluationListener& listener) {
+void MakeGraph(Session& session, Ports& ports, int kind, EvaluationListener& listener) {
   makeFigure(session, ports.dialogs,
              {[&]() -> Device& { return newPlotWindow(ports).device(); }, ports.printer()}, kind, listener,
              [&] { SoundSignal(session.settings, ports.sound, kErrorSound); });
@@ -49,7 +50,7 @@ void makeFigure(Session& session, Dialogs& dialogs, const FigureSurface& surface
     GralCls drawing(surface.printer);
     openFigure(session, surface.newForm(), drawing, kind);
     texts = drawFigure(source, *values, drawing, listener);
-    if (texts.failed != 0) session.ErrFlag = kTrue;
+    if (texts.failed) session.ErrFlag = kTrue;
   } else if (kind == kFunctionFigure) {
     dialogs.plainBox(kProgramTitle, kCalculationFailed + WindowText(kPressToContinueClose));
   }

@@ -27,7 +27,7 @@ constexpr std::array<SavedText, 4> kSavedTexts{{
 
 }  // namespace
 
-void SaveGraphText(Session& session, Ports& ports, Int16 kind) {
+void SaveGraphText(Session& session, Ports& ports, int kind) {
   const auto index = static_cast<std::size_t>(kind);
   const SavedText& saved = kSavedTexts.at(index);
   std::string name = nameWithoutExtension(session.loaded.DataFile) + saved.suffix;

@@ -74,8 +74,7 @@ void DirectoryPanel::storeFolder() {
 }
 
 void DirectoryPanel::selectDrive(int index) {
-  const std::string drive = drives_.at(static_cast<std::size_t>(index));
-  if (guard([&] { showFolder(drive); })) storeFolder();
+  enterFolder(drives_.at(static_cast<std::size_t>(index)));
 }
 
 void DirectoryPanel::accept() {

@@ -22,10 +22,10 @@ class DirectoryPanel {
   /// A click on `LblWrkDir(row)`; -1 selects row 0 as if none had been selected before.
   void clickRow(int row);
 
-  /// The user enters a folder in `Dir1`.
+  /// The user enters a folder in `Dir1`. One that cannot be read changes nothing.
   void enterFolder(const std::string& folder);
 
-  /// The user selects entry `index` of the drive list. A drive that cannot be read changes nothing.
+  /// The same by entry `index` of the drive list.
   void selectDrive(int index);
 
   /// "&Esegui": the session's three folders take rows 1 to 3.

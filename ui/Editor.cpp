@@ -91,9 +91,21 @@ WindowText ownName(const EditedFile& file) {
 
 }  // namespace
 
-void Editor::tell(const EditedFile& file, const WindowText& what, const RuntimeError& error) {
+void Editor::tell(const EditedFile& file, const WindowText& failure, const RuntimeError& error) {
   ports_.dialogs.plainBox(captionOf(file),
-                          what + WindowText("\n" + runtimeErrorText(error.number()) + kPressToContinue));
+                          kTheFile + nameOf(file) + failure +
+                              WindowText("\n" + runtimeErrorText(error.number()) + kPressToContinue));
+}
+
+/// Runs a step; one that fails is told.
+bool Editor::done(const WindowText& failure, const std::function<void()>& step) {
+  try {
+    step();
+    return true;
+  } catch (const RuntimeError& error) {
+    tell(file_, failure, error);
+    return false;
+  }
 }
 
 void Editor::OpenEditor(const std::string& path, Int16 kind) {
@@ -119,7 +131,7 @@ bool Editor::readText(const EditedFile& wanted, std::string& bytes) {
     return true;
   } catch (const RuntimeError& error) {
     if (error.number() == kFileNotFound) return wantsToCreate(wanted);
-    tell(wanted, kTheFile + nameOf(wanted) + kNotRead, error);
+    tell(wanted, kNotRead, error);
     return false;
   }
 }
@@ -140,13 +152,14 @@ bool Editor::wantsLargeFile(const EditedFile& wanted) {
 
 void Editor::MnuFilSav() {
   const std::string text = textOfForm();
-  if (!write(text)) return;
-  const auto found = check(text);
-  if (!found) return;
-  if (found->good) {
+  TextCheck found;
+  if (!done(kNotSaved, [&] { ports_.files.writeAll(file_.path, text); }) ||
+      !done(kNotChecked, [&] { found = checkText(session_, file_.kind, text); })) {
+    form_->focusEditor();
+  } else if (found.good) {
     close();
   } else {
-    tellErrors(found->report);
+    tellErrors(found.report);
   }
 }
 
@@ -154,28 +167,6 @@ void Editor::MnuFilSav() {
 std::string Editor::textOfForm() {
   std::string text = form_->editorText();
   return file_.control == EditControl::kTxtEdiOld ? fileOfLines(text) : text;
-}
-
-bool Editor::write(const std::string& text) {
-  try {
-    ports_.files.writeAll(file_.path, text);
-    return true;
-  } catch (const RuntimeError& error) {
-    tell(file_, kTheFile + nameOf(file_) + kNotSaved, error);
-    form_->focusEditor();
-    return false;
-  }
-}
-
-/// The check of the text just saved; none when the reader could not come to its end, which has been told.
-std::optional<TextCheck> Editor::check(const std::string& text) {
-  try {
-    return checkText(session_, file_.kind, text);
-  } catch (const RuntimeError& error) {
-    tell(file_, kTheFile + nameOf(file_) + kNotChecked, error);
-    form_->focusEditor();
-    return std::nullopt;
-  }
 }
 
 void Editor::tellErrors(const std::string& report) {
@@ -240,12 +231,10 @@ void Editor::LblChr(int cell) {
 
 void Editor::MnuPri() {
   const FontSpec& font = session_.settings.FontEdit;
-  try {
+  done(kNotPrinted, [&] {
     ports_.printer.printText(withoutTabs(form_->editorText()), font.face, font.size);
     ports_.printer.EndDoc();
-  } catch (const RuntimeError& error) {
-    tell(file_, kTheFile + nameOf(file_) + kNotPrinted, error);
-  }
+  });
   form_->focusEditor();
 }
 

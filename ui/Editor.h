@@ -1,8 +1,8 @@
 /// Unit Editor: the small text editor.
 #pragma once
 
+#include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 
 #include "commands/EditCommands.h"
@@ -80,12 +80,11 @@ class Editor : public TextEditor {
   bool wantsToCreate(const EditedFile& wanted);
   bool wantsLargeFile(const EditedFile& wanted);
   std::string textOfForm();
-  bool write(const std::string& text);
-  std::optional<TextCheck> check(const std::string& text);
+  bool done(const WindowText& failure, const std::function<void()>& step);
   void tellErrors(const std::string& report);
   void close();
 
-  void tell(const EditedFile& file, const WindowText& what, const RuntimeError& error);
+  void tell(const EditedFile& file, const WindowText& failure, const RuntimeError& error);
 
   Session& session_;
   EditorPorts ports_;

@@ -14,12 +14,4 @@ FunctionFile::Entry LoadFunction::entry() const {
   return there ? entries[static_cast<std::size_t>(selected_ - 1)] : FunctionFile::Entry{};
 }
 
-std::string LoadFunction::definition() const {
-  return entry().definition;
-}
-
-std::string LoadFunction::parameters() const {
-  return entry().parameters;
-}
-
 }  // namespace vk

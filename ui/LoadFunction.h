@@ -26,13 +26,10 @@ class LoadFunction {
   void select(int entry) { selected_ = entry; }
   int selected() const { return selected_; }
 
-  /// What `TxtDef` and `TxtPar` show for the selected entry; empty without one.
-  std::string definition() const;
-  std::string parameters() const;
-
- private:
+  /// The selected entry, of which `TxtDef` and `TxtPar` show definition and parameters; empty without one.
   FunctionFile::Entry entry() const;
 
+ private:
   const FunctionFile& file_;
   std::vector<std::string> list_;
   int selected_ = 0;

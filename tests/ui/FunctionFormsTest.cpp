@@ -120,11 +120,11 @@ TEST_F(LoadFunctionTest, TheListShowsTheDescriptionsWithTheFirstSelected) {
 }
 
 TEST_F(LoadFunctionTest, DefinitionAndParametersFollowTheSelection) {
-  EXPECT_EQ(form.definition(), "A*x+B");
-  EXPECT_EQ(form.parameters(), "A,B");
+  EXPECT_EQ(form.entry().definition, "A*x+B");
+  EXPECT_EQ(form.entry().parameters, "A,B");
   form.select(2);
-  EXPECT_EQ(form.definition(), "C*x*x");
-  EXPECT_EQ(form.parameters(), "C");
+  EXPECT_EQ(form.entry().definition, "C*x*x");
+  EXPECT_EQ(form.entry().parameters, "C");
 }
 
 TEST_F(LoadFunctionTest, AnotherFileSelectsItsFirstFunction) {
@@ -132,15 +132,15 @@ TEST_F(LoadFunctionTest, AnotherFileSelectsItsFirstFunction) {
   session.loaded.catalogue.file.entries = {{"D", "D", "costante"}};
   form.refill();
   EXPECT_EQ(form.selected(), 1);
-  EXPECT_EQ(form.definition(), "D");
+  EXPECT_EQ(form.entry().definition, "D");
 }
 
 TEST_F(LoadFunctionTest, WithoutAFileNothingIsSelected) {
   session.loaded.catalogue.file = {};
   form.refill();
   EXPECT_EQ(form.selected(), 0);
-  EXPECT_EQ(form.definition(), "");
-  EXPECT_EQ(form.parameters(), "");
+  EXPECT_EQ(form.entry().definition, "");
+  EXPECT_EQ(form.entry().parameters, "");
 }
 
 TEST(LoadFunctionTexts, CaptionAndFrames) {

@@ -1,6 +1,5 @@
 #include "ui/qt/main/Application.h"
 
-#include "expr/Compiler.h"
 #include "ui/PdfProposal.h"
 
 namespace vk {
@@ -36,10 +35,6 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
 
 EventRunner Application::runner() {
   return [this](const std::function<void()>& handler) { mainMod_.guarded(handler); };
-}
-
-InpMod::Compiler Application::compiler() {
-  return [](const std::string& definition) { return compile(definition).ok; };
 }
 
 Device& Application::figurePrinter() {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "commands/CommandDispatch.h"
+#include "expr/Compiler.h"
 #include "platform/system/SystemClock.h"
 #include "platform/system/SystemFiles.h"
 #include "platform/system/SystemRandom.h"
@@ -54,7 +55,6 @@ class Application {
 
  private:
   EventRunner runner();
-  InpMod::Compiler compiler();
   Device& figurePrinter();
   void showMainWindow();
 
@@ -73,7 +73,7 @@ class Application {
   QtPrinter printer_;
   SelectFunction select_{session_};
   LoadFunction load_{session_.loaded.catalogue.file};
-  InpMod input_{dialogs_, sound_, compiler()};
+  InpMod input_{dialogs_, sound_, [](const std::string& definition) { return compile(definition).ok; }};
 
   // The forms, in the order of their making.
   Vor_Kel window_{pump_};

@@ -65,7 +65,8 @@ void start(Session& session, const Problem& problem) {
         problem.solution[static_cast<std::size_t>(i) - 1] * (1 + 0.04 * (i % 3 - 1));
     session.analysis.par.ParDeltas[i] = 1;
   }
-  classifyParameters(session);
+  classifyParameters(session.analysis.par);
+  markParametersSet(session);
 }
 
 void wholeFit(benchmark::State& state, const Problem& problem) {

@@ -70,18 +70,14 @@ void describeHeads(InputTables& form, int half, const std::string& functionText,
                        {5, right, heads.change[1]}});
 }
 
-}  // namespace
-
-void markParametersSet(Session& session) {
-  session.analysis.ParametersSet = kTrue;
-  session.analysis.ParVar = toFlag(session.analysis.par.FreeCount >= 1) & ~session.analysis.PropagationMode;
-}
-
-bool EnterParameters(Session& session, InputForm& form, Flag mode) {
+/// Fills the tables of the input form from the session's parameters and asks. For a propagation the independent
+/// variable is listed first and the second numbers are errors.
+bool EnterParameters(Session& session, InputForm& form) {
   const ParameterSet& par = session.analysis.par;
   const std::string& functionText = session.analysis.fun.FunctionText;
   const int half = halfWidth(functionText);
   InputTables& tables = session.input;
+  const Flag mode = session.analysis.PropagationMode;
   tables.caption = mode ? WindowText(kPropagationCaption) : kParametersCaption;
   tables.InpCols = 2 * half;
   tables.InpRows = par.ParCount + kFirstRow - mode;
@@ -91,6 +87,13 @@ bool EnterParameters(Session& session, InputForm& form, Flag mode) {
   describeFieldCount(tables, (par.ParCount - mode) * 2);
   describeFields(tables, half, par, mode + 1);
   return askForm(session, form);
+}
+
+}  // namespace
+
+void markParametersSet(Session& session) {
+  session.analysis.ParametersSet = kTrue;
+  session.analysis.ParVar = toFlag(session.analysis.par.FreeCount >= 1) & ~session.analysis.PropagationMode;
 }
 
 void StoreParameters(Session& session) {
@@ -111,14 +114,9 @@ void StoreParameters(Session& session, MainWindow& window) {
   Msg(session, window);
 }
 
-void classifyParameters(Session& session) {
-  classifyParameters(session.analysis.par);
-  markParametersSet(session);
-}
-
 void MenAdaPar(Session& session, Ports& ports) {
   session.analysis.PropagationMode = kFalse;
-  if (EnterParameters(session, ports.input, session.analysis.PropagationMode)) {
+  if (EnterParameters(session, ports.input)) {
     StoreParameters(session, ports.window);
   }
 }
@@ -126,7 +124,7 @@ void MenAdaPar(Session& session, Ports& ports) {
 void MenSerPro(Session& session, Ports& ports) {
   if (session.analysis.FunDefined) {
     session.analysis.PropagationMode = kTrue;
-    if (EnterParameters(session, ports.input, session.analysis.PropagationMode)) {
+    if (EnterParameters(session, ports.input)) {
       StoreParameters(session, ports.window);
       PropagateErrors(session, ports);
     }

@@ -7,12 +7,6 @@
 /// they are entered, and the tables that the fit and the propagation read.
 namespace vk {
 
-/// Fills the tables of the input form from the session's parameters and shows it above the main window. True after
-/// "&Esegui".
-/// `mode` is the session's `PropagationMode`: when it is -1 the independent variable is listed first and the
-/// second numbers are errors.
-bool EnterParameters(Session& session, InputForm& form, Flag mode);
-
 /// Takes the field texts of the input form over into the parameters: values in the first half of the fields,
 /// second numbers in the other half. Then sorts them as the next one.
 void StoreParameters(Session& session);
@@ -22,10 +16,6 @@ void StoreParameters(Session& session, MainWindow& window);
 /// The session's parameters have been entered: sets `ParametersSet` and `ParVar`. A loaded model gets the values into
 /// its value table.
 void markParametersSet(Session& session);
-
-/// Sorts the session's parameters, and sets `ParametersSet` and `ParVar`. A loaded model gets the values into its
-/// value table.
-void classifyParameters(Session& session);
 
 /// Command: enter the starting values of a fit.
 void MenAdaPar(Session& session, Ports& ports);

@@ -19,14 +19,6 @@ std::string shortCaption(const std::string& caption) {
   return open == 0 ? caption : left(caption, open - 1);
 }
 
-}  // namespace
-
-PlotWindow& newPlotWindow(Ports& ports) {
-  PlotWindow& plot = ports.plots.create();
-  plot.setClickRoutine([&ports, &plot] { plotWindowClicked(ports, plot); });
-  return plot;
-}
-
 void plotWindowClicked(Ports& ports, PlotWindow& plot) {
   const int action =
       ports.dialogs.Get_Msg({.owner = Form::kActivePlot,
@@ -46,6 +38,14 @@ void plotWindowClicked(Ports& ports, PlotWindow& plot) {
     default:
       break;
   }
+}
+
+}  // namespace
+
+PlotWindow& newPlotWindow(Ports& ports) {
+  PlotWindow& plot = ports.plots.create();
+  plot.setClickRoutine([&ports, &plot] { plotWindowClicked(ports, plot); });
+  return plot;
 }
 
 void printPicture(Device& printer, Device& figure) {

@@ -9,12 +9,9 @@
 /// The plot window `GralFrm`: what it does when the user clicks into it.
 namespace vk {
 
-/// A new plot window whose click asks for an action.
+/// A new plot window. A click asks what to do with the figure, and does it: go on, close, copy or print. What the
+/// printer or the clipboard refuses is passed over.
 PlotWindow& newPlotWindow(Ports& ports);
-
-/// Asks what to do with a figure, and does it: go on, close, copy or print. What the printer or the clipboard
-/// refuses is passed over.
-void plotWindowClicked(Ports& ports, PlotWindow& plot);
 
 /// Prints the picture of a figure centred on the page, on landscape paper if it is wider than high.
 void printPicture(Device& printer, Device& figure);

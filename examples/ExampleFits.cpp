@@ -43,7 +43,8 @@ void prepareExample(Session& session, Files& files, const ExampleFit& example) {
     session.analysis.par.ParValues[i] = example.start.at(static_cast<std::size_t>(i - 1));
     session.analysis.par.ParDeltas[i] = 1;
   }
-  classifyParameters(session);
+  classifyParameters(session.analysis.par);
+  markParametersSet(session);
 }
 
 }  // namespace vk

@@ -180,7 +180,8 @@ class DataFigureSequence : public FigureSequence {
 TEST_F(DataFigureSequence, SimulatedDataSurviveAGraphicFile) {
   takeFunction(2, 1, {2, 1});
   session.analysis.par.ParDeltas[1] = session.analysis.par.ParDeltas[2] = 1;
-  classifyParameters(session);
+  classifyParameters(session.analysis.par);
+  markParametersSet(session);
   SystemRandom random;
   random.seed(1);
   ScriptedInputForm form;
@@ -228,7 +229,8 @@ TEST_F(DataFigureSequence, AFileWithCommentsSurvivesAGraphicFile) {
   MenDatLet(session, TestPorts(files, dialogs, output, window));
   takeFunction(2, 1, {1, 1});
   session.analysis.par.ParDeltas[1] = session.analysis.par.ParDeltas[2] = 1;
-  classifyParameters(session);
+  classifyParameters(session.analysis.par);
+  markParametersSet(session);
   expectTheSameFitAfterAGraphicFile();
 }
 

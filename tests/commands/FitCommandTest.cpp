@@ -33,7 +33,8 @@ class FitCommandTest : public PropagationTest {
     session.loaded.DataDefined = kTrue;
     set(1, 1, 1);
     set(2, 0, 1);
-    classifyParameters(session);
+    classifyParameters(session.analysis.par);
+    markParametersSet(session);
   }
   void fit() { MenAdaAda(session, TestPorts(dialogs, window, output, watch)); }
   void expectRefusal(const std::string& text) {
@@ -59,7 +60,8 @@ TEST_F(FitCommandTest, AFitThatFailsClosesItsScreen) {
   load("a,b", "a*x+0*b");
   set(1, 1, 1);
   set(2, 1, 1);
-  classifyParameters(session);
+  classifyParameters(session.analysis.par);
+  markParametersSet(session);
   dialogs.expectBox();
   fit();
   ASSERT_EQ(dialogs.boxes.size(), 1U);

@@ -26,7 +26,8 @@ class SimulationTest : public PropagationTest {
     choose(session, 2, 1);
     set(1, 2, 1);
     set(2, 1, 1);
-    classifyParameters(session);
+    classifyParameters(session.analysis.par);
+    markParametersSet(session);
   }
 
   /// The command up to its fit, which the test does.
@@ -130,7 +131,8 @@ TEST_F(SimulationTest, TheCountIsRoundedWithoutItsSign) {
   EXPECT_EQ(count("3.6"), 4);
   EXPECT_EQ(count("4.5"), 4);
   set(2, 1, 0);
-  classifyParameters(session);
+  classifyParameters(session.analysis.par);
+  markParametersSet(session);
   EXPECT_EQ(count("2.5"), 2);
 }
 
@@ -239,7 +241,8 @@ TEST_F(SimulationTest, TheSecondButtonGoesOn) {
 TEST_F(SimulationTest, WithoutFreeParametersASinglePointHasNoStep) {
   set(1, 2, 0);
   set(2, 1, 0);
-  classifyParameters(session);
+  classifyParameters(session.analysis.par);
+  markParametersSet(session);
   EXPECT_EQ(errorOf([&] { simulate({"0", "10", "1", "1", "1", "0", "0"}); }), kDivisionByZero);
 }
 
@@ -328,7 +331,8 @@ TEST_F(SimulationTest, FiguresDrawnBeforeAreKept) {
 TEST_F(SimulationTest, ValuesThatCannotBeComputedGoIntoTheDataAsTheyCome) {
   load("a", "LOG(a*x)");
   set(1, 1, 1);
-  classifyParameters(session);
+  classifyParameters(session.analysis.par);
+  markParametersSet(session);
   simulate({"-2", "2", "5", "1", "1", "0", "0"});
   EXPECT_NEAR(session.loaded.data.Ypnt[1], -2 + kDeviate, 1E-12);  // the argument stays where LOG fails
   EXPECT_EQ(session.loaded.data.Ypnt[2], -1);
@@ -370,7 +374,8 @@ TEST_F(SimulationTest, TheGeneratorIsNotSeeded) {
 
 TEST_F(SimulationTest, AfterTheFitTheTrueValuesAreBack) {
   set(1, 2, 0);  // b constant
-  classifyParameters(session);
+  classifyParameters(session.analysis.par);
+  markParametersSet(session);
   SystemRandom random;
   form_.execute({"0", "10", "11", ".5", "1", "0", "0"});
   MenDatSim(session, TestPorts(form_, dialogs, window, output, clock, random));

@@ -3,6 +3,7 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include "base/EncodedText.h"
 #include "platform/FontSpec.h"
 #include "ui/qt/forms/ModalLoop.h"
 #include "ui/qt/forms/Windows.h"

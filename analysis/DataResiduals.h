@@ -1,7 +1,7 @@
 #pragma once
 
+#include <array>
 #include <span>
-#include <vector>
 
 #include "analysis/Fit.h"
 
@@ -19,12 +19,15 @@ class DataResiduals : public Residuals {
   bool ComputeResiduals(std::span<const double> X, std::span<double> F, double& sum) override;
 
  private:
-  bool weigh(std::span<double> F, double& sum) const;
+  static constexpr std::size_t kPiece = 1024;
+
+  bool weigh(std::size_t begin, std::span<double> F, double& sum);
+  bool addOneByOne(std::span<double> F, double& sum) const;
 
   FitProblem problem_;
   ParameterSet& par_;
   std::span<const double> errors_;
-  std::vector<double> model_;
+  std::array<double, kPiece> values_;  // of a piece: the model's, and then the residuals
 };
 
 }  // namespace vk

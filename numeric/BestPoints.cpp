@@ -28,6 +28,12 @@ void BestPoints::begin(double sum, std::span<const double> X, std::span<const do
   hasSecond_ = false;
 }
 
+void BestPoints::beginAtBest(double sum) {
+  best_.position = 0;
+  best_.sum = sum;
+  hasSecond_ = false;
+}
+
 void BestPoints::consider(double position, double sum, std::span<const double> X, std::span<const double> F) {
   if (sum == best_.sum || (hasSecond_ && !(sum < second_.sum))) return;
   hasSecond_ = true;

@@ -21,6 +21,8 @@ class BestPoints {
 
   /// Forgets all and takes the base, at position 0, as the best point.
   void begin(double sum, std::span<const double> X, std::span<const double> F);
+  /// The same where X and F are those of the best point.
+  void beginAtBest(double sum);
   /// Keeps the point if it is better than the second best; equal points are ignored.
   void consider(double position, double sum, std::span<const double> X, std::span<const double> F);
 

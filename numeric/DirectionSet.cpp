@@ -1,8 +1,25 @@
 #include "numeric/DirectionSet.h"
 
 #include <algorithm>
+#include <array>
 
 namespace vk {
+namespace {
+
+/// Dot products of several changes with one vector, in a single walk: each is added up in its own order, but
+/// none has to wait for the last sum of another.
+template <std::size_t Count>
+void dotTogether(const Direction* directions, std::span<const double> b, double* dots) {
+  std::array<const double*, Count> a;
+  for (std::size_t k = 0; k < Count; ++k) a[k] = directions[k].change.data();
+  std::array<double, Count> sums{};
+  for (std::size_t i = 0; i < b.size(); ++i) {
+    for (std::size_t k = 0; k < Count; ++k) sums[k] = sums[k] + a[k][i] * b[i];
+  }
+  std::ranges::copy(sums, dots);
+}
+
+}  // namespace
 
 double dot(std::span<const double> a, std::span<const double> b) {
   double sum = 0;
@@ -30,7 +47,12 @@ void DirectionSet::remove(int r) {
 }
 
 void DirectionSet::project(std::span<const double> residuals, std::span<double> dots) const {
-  for (int k = 0; k < size(); ++k) dots[static_cast<std::size_t>(k)] = dot((*this)[k].change, residuals);
+  const std::size_t count = static_cast<std::size_t>(size());
+  std::size_t k = 0;
+  for (; count - k >= 4; k += 4) dotTogether<4>(&directions_[k], residuals, &dots[k]);
+  if (count - k == 3) dotTogether<3>(&directions_[k], residuals, &dots[k]);
+  if (count - k == 2) dotTogether<2>(&directions_[k], residuals, &dots[k]);
+  if (count - k == 1) dotTogether<1>(&directions_[k], residuals, &dots[k]);
 }
 
 void DirectionSet::solve(std::span<const double> dots, std::span<double> coefficients) const {

@@ -33,7 +33,7 @@ class DirectionSet {
   /// Takes direction r out; the later ones move down, and its place becomes `next`.
   void remove(int r);
 
-  /// Dot products of the changes with a vector of residuals.
+  /// Dot products of the changes with a vector of residuals, each as `dot` gives it.
   void project(std::span<const double> residuals, std::span<double> dots) const;
   /// The inverse times the dots: the coefficients of the linearised least-squares step, but for their sign.
   void solve(std::span<const double> dots, std::span<double> coefficients) const;

@@ -71,7 +71,7 @@ bool Minimiser::search() {
   double s = 0;
   double f = FS;
   double reached = 0;
-  W.best.begin(FS, X, F);
+  result_.iterations == 1 ? W.best.begin(FS, X, F) : W.best.beginAtBest(FS);
   while (!exhausted_) {
     LineSearch(W.search, itest, s, f, kMostSearchValues, kSearchAccuracy / u, kSearchAccuracy, options_.step);
     if (itest != kSearchEvaluate) break;
@@ -117,9 +117,13 @@ void Minimiser::addDirection(double FB) {
   std::vector<double>& e = direction.displacement;
   std::vector<double>& h = direction.change;
   std::ranges::transform(best.X, second.X, e.begin(), std::minus{});
-  std::ranges::transform(best.F, second.F, h.begin(), std::minus{});
-  const double L = dot(h, h);
-  const double P = dot(h, F);
+  double L = 0;
+  double P = 0;
+  for (std::size_t j = 0; j < h.size(); ++j) {
+    h[j] = best.F[j] - second.F[j];
+    L = L + h[j] * h[j];
+    P = P + h[j] * F[j];
+  }
 
   // The change is made orthogonal to the present residuals, as it would be at the minimum.
   double tau = FB == 0 ? 0 : -P / FB;

@@ -37,15 +37,19 @@ bool Minimiser::addFirstDirection(std::size_t i) {
 
   Direction& direction = W.directions.next();
   std::ranges::fill(direction.displacement, 0.0);
-  std::ranges::transform(F, W.base, direction.change.begin(), std::minus{});
-  const double S = dot(direction.change, direction.change);
+  std::vector<double>& h = direction.change;
+  double S = 0;
+  for (std::size_t j = 0; j < h.size(); ++j) {
+    h[j] = F[j] - W.base[j];
+    S = S + h[j] * h[j];
+  }
   if (!(S > 0)) {
     result_.parameter = static_cast<int>(i) + 1;
     return fail(MinimiseEnd::kNoEffect);
   }
   const double q = 1 / std::sqrt(S);
   direction.displacement[i] = E[i] * q;
-  for (double& change : direction.change) change = change * q;
+  for (double& change : h) change = change * q;
   W.directions.add();
   return true;
 }

@@ -94,5 +94,27 @@ TEST(DataResiduals, FailWhenTheLastSquareOverflows) {
   EXPECT_FALSE(r.worked);
 }
 
+TEST(DataResiduals, AddUpManyPointsOneByOneWhereSomeFail) {
+  constexpr int kMany = 5000;
+  Residual r("b*x", "b");
+  std::vector<double> x;
+  std::vector<double> errors;
+  double sum = 0;
+  for (int i = 1; i <= kMany; ++i) {
+    x.push_back(0.37 * i);
+    errors.push_back(i % 700 == 0 && i < 3000 ? 0 : 3);
+    const double residual = errors.back() == 0 ? 7 : x.back() / 3;
+    sum = sum + residual * residual;
+  }
+  r.data(x, std::vector<double>(kMany, 0), errors);
+  r.start({1});
+  r.F.assign(kMany, 7);
+  r.compute({1});
+  EXPECT_TRUE(r.worked);
+  EXPECT_EQ(r.sum, sum);
+  EXPECT_EQ(r.F[699], 7);
+  EXPECT_EQ(r.F[kMany - 1], x.back() / 3);
+}
+
 }  // namespace
 }  // namespace vk

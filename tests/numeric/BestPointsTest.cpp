@@ -20,6 +20,14 @@ TEST(BestPoints, BeginWithTheBaseAndNoSecond) {
   EXPECT_FALSE(search.points.hasSecond());
 }
 
+TEST(BestPoints, BeginAgainAtTheBest) {
+  LineOfPoints search = LineOfPoints(5).tried(1, 4).tried(2, 3);
+  search.points.beginAtBest(3);
+  EXPECT_EQ(search.points.best().position, 0);
+  EXPECT_EQ(search.points.best().F, std::vector<double>{-2});
+  EXPECT_FALSE(search.points.hasSecond());
+}
+
 TEST(BestPoints, TakeALowerFirstPointAsBestBeforeTheBase) {
   const LineOfPoints search = LineOfPoints(5).tried(1, 4);
   EXPECT_EQ(search.points.best().position, 1);

@@ -1,6 +1,7 @@
 #include "numeric/DirectionSet.h"
 
 #include <cmath>
+#include <random>
 
 namespace vk {
 namespace {
@@ -33,6 +34,27 @@ DirectionSet four() {
   add(set, {0, 0, 3, 0}, {1, 0, 1, 1, 0});
   add(set, {0, 0, 0, 4}, {3, -1, 0, 1, 2});
   return set;
+}
+
+TEST(DirectionSet, ProjectsOnEachDirectionInTheOrderOfTheResiduals) {
+  constexpr int kResiduals = 100;
+  std::mt19937 chance(1);
+  std::uniform_real_distribution<double> any(-1, 1);
+  const auto numbers = [&] {
+    std::vector<double> result(kResiduals);
+    for (double& value : result) value = any(chance);
+    return result;
+  };
+  for (int count = 1; count <= 9; ++count) {
+    DirectionSet set(count, kResiduals);
+    for (int k = 0; k < count; ++k) add(set, std::vector<double>(static_cast<std::size_t>(count)), numbers());
+    const std::vector<double> residuals = numbers();
+    std::vector<double> dots(static_cast<std::size_t>(count));
+    set.project(residuals, dots);
+    for (int k = 0; k < count; ++k) {
+      EXPECT_EQ(dots[static_cast<std::size_t>(k)], dot(set[k].change, residuals)) << count << ' ' << k;
+    }
+  }
 }
 
 TEST(DirectionSet, KeepsTheInverseWhenDirectionsAreAdded) {

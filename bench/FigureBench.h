@@ -25,7 +25,7 @@ inline QtGraphics& graphics() {
 
 /// A page whose form at scale 2 has 1000 x 750 nominal pixels.
 inline PrinterMetrics windowPage() {
-  return {750 * kNominalTwipsPerPixel, 1000 * kNominalTwipsPerPixel, 600};
+  return {Twips{750 * kNominalTwipsPerPixel}, Twips{1000 * kNominalTwipsPerPixel}, 600};
 }
 
 template <class Device>

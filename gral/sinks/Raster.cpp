@@ -1,15 +1,14 @@
 #include "gral/sinks/Raster.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstring>
-#include <type_traits>
 
 namespace vk {
 namespace {
 
 constexpr double kFarthestRadius = 1E9;
+/// Half widths of circles up to this radius are kept: marks are many circles of one size.
+constexpr double kLargestKeptRadius = 512;
 constexpr PixelRect kNothing{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
 
 /// The whole number at or above x, within the limits.
@@ -17,46 +16,34 @@ int ceilWithin(double x, int low, int high) {
   return static_cast<int>(std::clamp(std::ceil(x), static_cast<double>(low), static_cast<double>(high)));
 }
 
-bool isPainted(const Brush& brush, int x, int y) {
-  return brush.style == kFillSolid || onHatch(brush.style, x, y, brush.cell);
+int within(std::int64_t value, int low, int high) {
+  return static_cast<int>(std::clamp<std::int64_t>(value, low, high));
 }
 
-/// Sums of the channels of pixels, two pixels at a time: the four 16-bit parts of a number hold a channel
-/// each, for up to 512 pixels.
-class ChannelSums {
- public:
-  void addPair(const std::uint32_t* pixels) {
-    std::uint64_t pair = 0;
-    std::memcpy(&pair, pixels, sizeof pair);
-    redBlue_ += pair & kParts;
-    green_ += pair >> 8 & kParts;
-  }
-  void add(std::uint32_t pixel) {
-    redBlue_ += pixel & kParts;
-    green_ += pixel >> 8 & kParts;
-  }
-  std::uint32_t mean(std::uint32_t count) const {
-    const auto channel = [count](std::uint64_t sum) {
-      return (static_cast<std::uint32_t>((sum & 0xFFFF) + (sum >> 32 & 0xFFFF)) + count / 2) / count;
-    };
-    return 0xFF000000U | channel(redBlue_ >> 16) << 16 | channel(green_) << 8 | channel(redBlue_);
-  }
+/// The whole number at or below x, which fits.
+int floorOf(double x) {
+  const int whole = static_cast<int>(x);
+  return whole - (x < whole ? 1 : 0);
+}
 
- private:
-  static constexpr std::uint64_t kParts = 0x00FF00FF00FF00FF;
-  std::uint64_t redBlue_ = 0, green_ = 0;
-};
+/// How far a circle reaches from its middle, in a row so far from it; -1 outside.
+int halfWidth(double radius, double dy) {
+  const double square = radius * radius - dy * dy;
+  return radius < 0 || square < 0 ? -1 : static_cast<int>(std::min(std::sqrt(square), kFarthestRadius));
+}
 
-/// The mean colour of factor x factor pixels, in rows of this length; a factor that the compiler knows is
-/// faster.
-template <class Factor>
-std::uint32_t meanOf(const std::uint32_t* corner, int rowLength, Factor factor) {
-  ChannelSums sums;
-  for (int j = 0; j < factor; ++j, corner += rowLength) {
-    for (int i = 0; i + 1 < factor; i += 2) sums.addPair(corner + i);
-    if (factor % 2 == 1) sums.add(corner[factor - 1]);
+/// A row is mostly as wide as a pen, for which a loop is faster than a call.
+void paintPixels(std::uint32_t* pixel, int count, std::uint32_t color) {
+  constexpr int kFew = 4;
+  if (count > kFew) {
+    std::fill_n(pixel, count, color);
+  } else {
+    while (count-- > 0) *pixel++ = color;
   }
-  return sums.mean(static_cast<std::uint32_t>(factor * factor));
+}
+
+bool isPainted(const Brush& brush, int x, int y) {
+  return brush.style == kFillSolid || onHatch(brush.style, x, y, brush.cell);
 }
 
 }  // namespace
@@ -82,6 +69,7 @@ void Raster::reset(int width, int height, std::uint32_t color) {
   pixels_.clear();
   clip(nullptr);
   changed_ = {0, 0, width, height};
+  drawn_ = touched_ = kNothing;
 }
 
 void Raster::makePixels() const {
@@ -98,15 +86,17 @@ void Raster::clip(const PixelRect* region) {
   clip_.y2 = std::max(clip_.y1, clip_.y2);
 }
 
-void Raster::touch(const PixelRect& part) {
+void Raster::widenTouched(const PixelRect& part) {
   if (pixels_.empty()) makePixels();
-  changed_ = {std::min(changed_.x1, part.x1), std::min(changed_.y1, part.y1), std::max(changed_.x2, part.x2),
-              std::max(changed_.y2, part.y2)};
+  for (PixelRect* known : {&touched_, &drawn_, &changed_}) {
+    *known = {std::min(known->x1, part.x1), std::min(known->y1, part.y1), std::max(known->x2, part.x2),
+              std::max(known->y2, part.y2)};
+  }
 }
 
 PixelRect Raster::takeChanged() {
   const PixelRect changed = changed_;
-  changed_ = kNothing;
+  changed_ = touched_ = kNothing;
   return changed == kNothing ? PixelRect{} : changed;
 }
 
@@ -120,7 +110,7 @@ void Raster::span(int y, int x1, int x2, std::uint32_t color) {
   x2 = std::min(x2, clip_.x2);
   if (x1 >= x2) return;
   touch({x1, y, x2, y + 1});
-  std::fill_n(&pixels_[index(x1, y)], x2 - x1, color);
+  paintPixels(&pixels_[index(x1, y)], x2 - x1, color);
 }
 
 void Raster::block(const PixelRect& rectangle, std::uint32_t color) {
@@ -128,7 +118,8 @@ void Raster::block(const PixelRect& rectangle, std::uint32_t color) {
                        std::min(rectangle.x2, clip_.x2), std::min(rectangle.y2, clip_.y2)};
   if (seen.x1 >= seen.x2 || seen.y1 >= seen.y2) return;
   touch(seen);
-  for (int y = seen.y1; y < seen.y2; ++y) std::fill_n(&pixels_[index(seen.x1, y)], seen.x2 - seen.x1, color);
+  std::uint32_t* row = &pixels_[index(seen.x1, seen.y1)];
+  for (int y = seen.y1; y < seen.y2; ++y, row += width_) paintPixels(row, seen.x2 - seen.x1, color);
 }
 
 void Raster::paint(int y, int x1, int x2, const Brush& brush) {
@@ -143,37 +134,20 @@ void Raster::paint(int y, int x1, int x2, const Brush& brush) {
 
 void Raster::line(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32_t color) {
   if (!nib.hasRows()) return wideLine(a, b, nib.width(), color);
-  if (a.y == b.y) return horizontalLine(a.y, std::min(a.x, b.x), std::max(a.x, b.x), nib, color);
-  if (a.x == b.x) return verticalLine(a.x, std::min(a.y, b.y), std::max(a.y, b.y), nib, color);
-  slantedLine(a, b, nib, color);
+  if (a.y != b.y && a.x != b.x) return slantedLine(a, b, nib, color);
+  straightLine({std::min(a.x, b.x), std::min(a.y, b.y)}, {std::max(a.x, b.x), std::max(a.y, b.y)}, nib,
+               color);
 }
 
-void Raster::horizontalLine(int y, double x1, double x2, const Nib& nib, std::uint32_t color) {
+/// A line along a side of the picture: the widest row of the tip all along it, the others beyond its ends.
+void Raster::straightLine(PixelPoint low, PixelPoint high, const Nib& nib, std::uint32_t color) {
   for (const Nib::Row& row : nib.rows()) {
-    const int first = ceilWithin(x1 + row.x1, clip_.x1, clip_.x2);
-    const int last = ceilWithin(x2 + row.x2 + 1, clip_.x1, clip_.x2);
-    if (static_cast<double>(y) + row.y < clip_.y1 || static_cast<double>(y) + row.y >= clip_.y2) continue;
-    span(y + row.y, first, last, color);
+    const std::int64_t above = std::int64_t{row.y > 0 ? high.y : low.y} + row.y;
+    const std::int64_t below = std::int64_t{row.y < 0 ? low.y : high.y} + row.y + 1;
+    const int x1 = within(std::int64_t{low.x} + row.x1, clip_.x1, clip_.x2);
+    const int x2 = within(std::int64_t{high.x} + row.x2 + 1, clip_.x1, clip_.x2);
+    block({x1, within(above, clip_.y1, clip_.y2), x2, within(below, clip_.y1, clip_.y2)}, color);
   }
-}
-
-void Raster::verticalLine(int x, double y1, double y2, const Nib& nib, std::uint32_t color) {
-  const std::vector<Nib::Row>& rows = nib.rows();
-  const int first = ceilWithin(y1 + rows.front().y, clip_.y1, clip_.y2);
-  const int last = ceilWithin(y2 + rows.back().y + 1, clip_.y1, clip_.y2);
-  if (static_cast<double>(x) + nib.width() < clip_.x1 || static_cast<double>(x) - nib.width() > clip_.x2)
-    return;
-  const int bodyFirst = ceilWithin(y1, first, last), bodyLast = ceilWithin(y2 + 1, first, last);
-  block({x + nib.row(0).x1, bodyFirst, x + nib.row(0).x2 + 1, bodyLast}, color);
-  // the rows beyond the ends are as wide as the widest part of the tip that reaches them
-  const auto cap = [&](int from, int to, double end) {
-    for (int y = from; y < to; ++y) {
-      const Nib::Row& row = nib.row(static_cast<int>(y - end));
-      span(y, x + row.x1, x + row.x2 + 1, color);
-    }
-  };
-  cap(first, bodyFirst, y1);
-  cap(bodyLast, last, y2);
 }
 
 /// Steps along the longer side, a nib at each step; only the steps that can be seen.
@@ -192,7 +166,7 @@ void Raster::slantedLine(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32
   const double last = std::min({std::max(u1, u2), uHigh, std::floor(std::max(atLow, atHigh))});
   for (double u = first; u <= last; ++u) {
     const int step = static_cast<int>(u);
-    const int across = static_cast<int>(std::floor(v1 + (u - u1) * slope + 0.5));
+    const int across = floorOf(v1 + (u - u1) * slope + 0.5);
     stamp(flat ? step : across, flat ? across : step, nib, color);
   }
 }
@@ -243,35 +217,52 @@ void Raster::polygon(std::span<const PixelPoint> points, const Brush& brush) {
   const auto [lowest, highest] = std::minmax_element(
       points.begin(), points.end(), [](const PixelPoint& a, const PixelPoint& b) { return a.y < b.y; });
   const int first = std::max(lowest->y, clip_.y1), last = std::min(highest->y, clip_.y2);
-  std::vector<double> crossings;
+  edges_.clear();
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    PixelPoint upper = points[i], lower = points[i + 1 < points.size() ? i + 1 : 0];
+    if (upper.y > lower.y) std::swap(upper, lower);
+    if (upper.y >= last || lower.y <= first) continue;
+    const double height = static_cast<double>(lower.y) - upper.y;
+    edges_.push_back({upper, lower.y, (static_cast<double>(lower.x) - upper.x) / height});
+  }
   for (int y = first; y < last; ++y) {
-    crossings.clear();
-    for (std::size_t i = 0; i < points.size(); ++i) {
-      PixelPoint upper = points[i], lower = points[(i + 1) % points.size()];
-      if (upper.y > lower.y) std::swap(upper, lower);
-      if (y < upper.y || y >= lower.y) continue;
-      const double slope =
-          (static_cast<double>(lower.x) - upper.x) / (static_cast<double>(lower.y) - upper.y);
-      crossings.push_back(upper.x + (static_cast<double>(y) - upper.y) * slope);
+    crossings_.clear();
+    for (const Edge& edge : edges_) {
+      if (y < edge.upper.y || y >= edge.lower) continue;
+      crossings_.push_back(edge.upper.x + (static_cast<double>(y) - edge.upper.y) * edge.slope);
     }
-    std::sort(crossings.begin(), crossings.end());
-    for (std::size_t i = 0; i + 1 < crossings.size(); i += 2) {
-      paint(y, ceilWithin(crossings[i], clip_.x1, clip_.x2), ceilWithin(crossings[i + 1], clip_.x1, clip_.x2),
-            brush);
+    std::sort(crossings_.begin(), crossings_.end());
+    for (std::size_t i = 0; i + 1 < crossings_.size(); i += 2) {
+      paint(y, ceilWithin(crossings_[i], clip_.x1, clip_.x2),
+            ceilWithin(crossings_[i + 1], clip_.x1, clip_.x2), brush);
     }
   }
 }
 
+/// The half widths of a circle in the rows from its middle, as far as they are kept.
+const std::vector<int>* Raster::keptHalfWidths(double radius) {
+  if (radius < 0 || radius > kLargestKeptRadius) return nullptr;
+  for (const KeptCircle& circle : circles_) {
+    if (circle.radius == radius) return &circle.halfWidths;
+  }
+  std::swap(circles_[0], circles_[1]);
+  circles_[0] = {radius, {}};
+  for (int dy = 0; dy <= radius + 1; ++dy) circles_[0].halfWidths.push_back(halfWidth(radius, dy));
+  return &circles_[0].halfWidths;
+}
+
 void Raster::ring(PixelPoint centre, double innerRadius, double outerRadius, const Brush& brush) {
-  const auto reach = [](double radius, double dy) {
-    const double square = radius * radius - dy * dy;
-    return radius < 0 || square < 0 ? -1 : static_cast<int>(std::min(std::sqrt(square), kFarthestRadius));
+  const std::vector<int>*outerRows = keptHalfWidths(outerRadius), *innerRows = keptHalfWidths(innerRadius);
+  const auto reach = [](const std::vector<int>* rows, double radius, double dy) {
+    const auto row = static_cast<std::size_t>(std::abs(dy));
+    if (rows == nullptr) return halfWidth(radius, dy);
+    return row < rows->size() ? (*rows)[row] : -1;
   };
   const int first = ceilWithin(centre.y - outerRadius, clip_.y1, clip_.y2);
   const int last = ceilWithin(centre.y + std::floor(outerRadius) + 1, clip_.y1, clip_.y2);
   for (int y = first; y < last; ++y) {
     const double dy = static_cast<double>(y) - centre.y;
-    const int outer = reach(outerRadius, dy), inner = reach(innerRadius, dy);
+    const int outer = reach(outerRows, outerRadius, dy), inner = reach(innerRows, innerRadius, dy);
     if (outer < 0) continue;
     if (inner < 0) {
       paint(y, centre.x - outer, centre.x + outer + 1, brush);
@@ -336,39 +327,15 @@ Picture Raster::stencil(std::span<const RowSpan> area, const Brush& brush, Pixel
 }
 
 void Raster::mask(PixelPoint corner, const GlyphMask& mask, std::uint32_t color) {
-  const std::uint8_t* pixel = mask.pixels.data();
-  for (int row = 0; row < mask.height; ++row) {
-    const int y = corner.y + mask.top + row;
-    for (int column = 0; column < mask.width; ++column, ++pixel) {
-      if (*pixel != 0) set(corner.x + mask.left + column, y, color);
+  const std::uint8_t* row = mask.pixels.data();
+  for (int y = corner.y + mask.top, bottom = y + mask.height; y < bottom; ++y, row += mask.width) {
+    const int left = corner.x + mask.left;
+    for (int x = 0; x < mask.width; ++x) {
+      const int start = x;
+      while (x < mask.width && row[x] != 0) ++x;
+      if (x > start) span(y, left + start, left + x, color);
     }
   }
-}
-
-// ---- The smooth reduction
-
-Picture Raster::reduced(int factor) const {
-  return reduced(factor, {0, 0, width_, height_});
-}
-
-Picture Raster::reduced(int factor, const PixelRect& part) const {
-  if (pixels_.empty()) makePixels();
-  const int x1 = part.x1 / factor, y1 = part.y1 / factor;
-  const int x2 = std::min((part.x2 + factor - 1) / factor, width_ / factor);
-  const int y2 = std::min((part.y2 + factor - 1) / factor, height_ / factor);
-  Picture result;
-  result.width = std::max(0, x2 - x1);
-  result.height = std::max(0, y2 - y1);
-  result.pixels.reserve(static_cast<std::size_t>(result.width) * static_cast<std::size_t>(result.height));
-  for (int y = y1; y < y2; ++y) {
-    for (int x = x1; x < x2; ++x) {
-      const std::uint32_t* corner = &pixels_[index(x * factor, y * factor)];
-      result.pixels.push_back(factor == 4   ? meanOf(corner, width_, std::integral_constant<int, 4>())
-                              : factor == 2 ? meanOf(corner, width_, std::integral_constant<int, 2>())
-                                            : meanOf(corner, width_, factor));
-    }
-  }
-  return result;
 }
 
 }  // namespace vk

@@ -109,20 +109,40 @@ class Raster {
     return static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x);
   }
   void makePixels() const;
-  void touch(const PixelRect& part);
+  void touch(const PixelRect& part) {
+    if (part.x1 < touched_.x1 || part.y1 < touched_.y1 || part.x2 > touched_.x2 || part.y2 > touched_.y2)
+      widenTouched(part);
+  }
+  void widenTouched(const PixelRect& part);
   void paint(int y, int x1, int x2, const Brush& brush);
-  void horizontalLine(int y, double x1, double x2, const Nib& nib, std::uint32_t color);
-  void verticalLine(int x, double y1, double y2, const Nib& nib, std::uint32_t color);
+  void straightLine(PixelPoint low, PixelPoint high, const Nib& nib, std::uint32_t color);
   void slantedLine(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32_t color);
   void stamp(int x, int y, const Nib& nib, std::uint32_t color);
   void wideLine(PixelPoint a, PixelPoint b, int width, std::uint32_t color);
+  const std::vector<int>* keptHalfWidths(double radius);
+
+  /// A side of a polygon; it grows by `slope` to the right from row to row.
+  struct Edge {
+    PixelPoint upper;
+    int lower;
+    double slope;
+  };
+  struct KeptCircle {
+    double radius = -1;
+    std::vector<int> halfWidths;
+  };
 
   int width_ = 0;
   int height_ = 0;
   std::uint32_t ground_ = 0;
   mutable std::vector<std::uint32_t> pixels_;  ///< none as long as all have the colour of the ground
   PixelRect clip_;
-  PixelRect changed_;
+  PixelRect changed_;  ///< since this was last asked
+  PixelRect drawn_;    ///< since the last reset: the other pixels have the colour of the ground
+  PixelRect touched_;  ///< some part of both
+  std::vector<Edge> edges_;
+  std::vector<double> crossings_;
+  KeptCircle circles_[2];  ///< those of one ring
 };
 
 }  // namespace vk

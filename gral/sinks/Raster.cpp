@@ -242,13 +242,16 @@ void Raster::polygon(std::span<const PixelPoint> points, const Brush& brush) {
 /// The half widths of a circle in the rows from its middle, as far as they are kept.
 const std::vector<int>* Raster::keptHalfWidths(double radius) {
   if (radius < 0 || radius > kLargestKeptRadius) return nullptr;
-  for (const KeptCircle& circle : circles_) {
-    if (circle.radius == radius) return &circle.halfWidths;
+  for (std::size_t i = 0; i < circles_.size(); ++i) {
+    if (circles_[i].radius != radius) continue;
+    lastCircle_ = i;
+    return &circles_[i].halfWidths;
   }
-  std::swap(circles_[0], circles_[1]);
-  circles_[0] = {radius, {}};
-  for (int dy = 0; dy <= radius + 1; ++dy) circles_[0].halfWidths.push_back(halfWidth(radius, dy));
-  return &circles_[0].halfWidths;
+  lastCircle_ = 1 - lastCircle_;
+  KeptCircle& circle = circles_[lastCircle_];
+  circle = {radius, {}};
+  for (int dy = 0; dy <= radius + 1; ++dy) circle.halfWidths.push_back(halfWidth(radius, dy));
+  return &circle.halfWidths;
 }
 
 void Raster::ring(PixelPoint centre, double innerRadius, double outerRadius, const Brush& brush) {

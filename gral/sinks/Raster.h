@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -142,7 +143,8 @@ class Raster {
   PixelRect touched_;  ///< some part of both
   std::vector<Edge> edges_;
   std::vector<double> crossings_;
-  KeptCircle circles_[2];  ///< those of one ring
+  std::array<KeptCircle, 2> circles_;  ///< those of one ring
+  std::size_t lastCircle_ = 0;
 };
 
 }  // namespace vk

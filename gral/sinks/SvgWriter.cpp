@@ -5,7 +5,6 @@
 
 #include "base/CodePage.h"
 #include "base/NumberText.h"
-#include "base/Rounding.h"
 #include "gral/sinks/Hatch.h"
 #include "gral/sinks/PictureBoxes.h"
 
@@ -18,17 +17,10 @@ constexpr std::size_t kLongPath = 20000;
 /// Areas without an outline touch one another. Some viewers need not smooth them.
 constexpr const char* kTouching = " shape-rendering=\"crispEdges\"";
 
-std::string number(double value) {
-  constexpr double kHundredths = 100;
-  const double rounded = roundHalfEven(value * kHundredths) / kHundredths;
-  std::string text = generalText(rounded == 0 ? 0.0 : rounded);
-  if (text.front() == '.') text.insert(0, 1, '0');
-  if (text.substr(0, 2) == "-.") text.insert(1, 1, '0');
-  return text;
-}
-
-std::string attribute(const std::string& name, const std::string& value) {
-  return " " + name + "=\"" + value + "\"";
+std::string attribute(std::string_view name, std::string_view value) {
+  std::string text;
+  text.reserve(name.size() + value.size() + 4);
+  return text.append(" ").append(name).append("=\"").append(value).append("\"");
 }
 
 std::string colorText(Colour color) {
@@ -41,7 +33,7 @@ std::string colorText(Colour color) {
 /// The dashes of a pen of this width in twips.
 std::string dashLengths(int style, double width) {
   std::string result;
-  for (const int length : dashesOf(style)) result += (result.empty() ? "" : " ") + number(length * width);
+  for (const int length : dashesOf(style)) result += (result.empty() ? "" : " ") + svgNumber(length * width);
   return result;
 }
 
@@ -49,8 +41,9 @@ std::string dashLengths(int style, double width) {
 /// slanted ones pass its corners, where a short piece of the neighbour's line is drawn along.
 std::string hatchInCell(HatchDirection direction, double cell) {
   constexpr double kWidth = kNominalTwipsPerPixel;
-  const std::string c = number(cell), w = number(kWidth), ww = number(2 * kWidth), m = number(kWidth / 2);
-  const std::string before = number(cell - kWidth), behind = number(cell + kWidth);
+  const std::string c = svgNumber(cell), w = svgNumber(kWidth), ww = svgNumber(2 * kWidth),
+                    m = svgNumber(kWidth / 2);
+  const std::string before = svgNumber(cell - kWidth), behind = svgNumber(cell + kWidth);
   switch (direction) {
     case HatchDirection::kHorizontal:
       return "M0 " + m + "H" + c;
@@ -89,14 +82,14 @@ bool isControl(char c) {
 }  // namespace
 
 SvgWriter::SvgWriter(int pixelRatio, LetterMetrics& letters)
-    : twipsPerPixel_(kNominalTwipsPerPixel / pixelRatio), letters_(letters) {}
+    : twipsPerPixel_(kNominalTwipsPerPixel / pixelRatio), letters_(letters), path_(twipsPerPixel_) {}
 
 std::string SvgWriter::document() {
   closeGroup();
-  const auto points = [](double twips) { return number(twips / kTwipsPerPoint) + "pt"; };
+  const auto points = [](double twips) { return svgNumber(twips / kTwipsPerPoint) + "pt"; };
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\"" +
          attribute("width", points(size_.width)) + attribute("height", points(size_.height)) +
-         attribute("viewBox", "0 0 " + number(size_.width) + " " + number(size_.height)) +
+         attribute("viewBox", "0 0 " + svgNumber(size_.width) + " " + svgNumber(size_.height)) +
          attribute("font-family", kFontFamily) +
          " stroke-linecap=\"round\" stroke-linejoin=\"round\">\n<defs>\n" + definitions_ + "</defs>\n" +
          body_ + "</svg>\n";
@@ -111,7 +104,7 @@ void SvgWriter::clear(const SheetSize& size, Colour background) {
   path_.clear();
   groupOpen_ = false;
   clip_.clear();
-  body_ = "<rect" + attribute("width", number(size.width)) + attribute("height", number(size.height)) +
+  body_ = "<rect" + attribute("width", svgNumber(size.width)) + attribute("height", svgNumber(size.height)) +
           attribute("fill", colorText(background)) + "/>\n";
 }
 
@@ -129,10 +122,10 @@ void SvgWriter::clip(const PixelRect* region) {
   clip_.clear();
   if (region == nullptr) return;
   const auto twips = [this](int pixels) { return pixels * twipsPerPixel_; };
-  const std::string box = attribute("x", number(twips(region->x1))) +
-                          attribute("y", number(twips(region->y1))) +
-                          attribute("width", number(twips(std::max(0, region->x2 - region->x1)))) +
-                          attribute("height", number(twips(std::max(0, region->y2 - region->y1))));
+  const std::string box = attribute("x", svgNumber(twips(region->x1))) +
+                          attribute("y", svgNumber(twips(region->y1))) +
+                          attribute("width", svgNumber(twips(std::max(0, region->x2 - region->x1)))) +
+                          attribute("height", svgNumber(twips(std::max(0, region->y2 - region->y1))));
   clip_ = "clip" + generalText(static_cast<int>(defined_.size()));
   defined_.insert(clip_);
   definitions_ += "<clipPath" + attribute("id", clip_) + "><rect" + box + "/></clipPath>\n";
@@ -149,9 +142,9 @@ std::string SvgWriter::paint() {
     std::string lines;
     for (const HatchDirection direction : hatchDirections(filling_.style))
       lines += hatchInCell(direction, cell);
-    definitions_ += "<pattern" + attribute("id", name) + attribute("width", number(cell)) +
-                    attribute("height", number(cell)) + " patternUnits=\"userSpaceOnUse\"><path" +
-                    attribute("stroke", color) + attribute("stroke-width", number(kNominalTwipsPerPixel)) +
+    definitions_ += "<pattern" + attribute("id", name) + attribute("width", svgNumber(cell)) +
+                    attribute("height", svgNumber(cell)) + " patternUnits=\"userSpaceOnUse\"><path" +
+                    attribute("stroke", color) + attribute("stroke-width", svgNumber(kNominalTwipsPerPixel)) +
                     attribute("d", lines) + "/></pattern>\n";
   }
   return "url(#" + name + ")";
@@ -164,7 +157,7 @@ void SvgWriter::openGroup() {
   const double width = pen_.width * kNominalTwipsPerPixel;
   const std::string dashes = dashLengths(pen_.style, width);
   body_ += "<g" + attribute("stroke", pen_.style == kDrawTransparent ? "none" : colorText(pen_.color)) +
-           attribute("stroke-width", number(width)) + attribute("fill", paint());
+           attribute("stroke-width", svgNumber(width)) + attribute("fill", paint());
   if (!dashes.empty()) body_ += attribute("stroke-dasharray", dashes);
   if (!clip_.empty()) body_ += attribute("clip-path", "url(#" + clip_ + ")");
   body_ += ">\n";
@@ -185,61 +178,62 @@ void SvgWriter::closeGroup() {
 void SvgWriter::flushPath() {
   if (path_.empty()) return;
   openGroup();
-  body_ += "<path fill=\"none\"" + attribute("d", path_) + "/>\n";
+  body_ += "<path fill=\"none\"" + attribute("d", path_.text()) + "/>\n";
   path_.clear();
-  pathEnd_.clear();
 }
 
-void SvgWriter::element(const std::string& text) {
+/// The end of the body, for an element in a group with the present pen.
+std::string& SvgWriter::element() {
   flushPath();
   openGroup();
-  body_ += text + "\n";
+  return body_;
 }
 
 // ---- Primitives
 
 std::string SvgWriter::place(const TwipPoint& point) const {
-  return number(point.x) + " " + number(point.y);
+  return svgNumber(point.x) + " " + svgNumber(point.y);
 }
 
 std::string SvgWriter::place(const PixelPoint& point) const {
   return place(TwipPoint{point.x * twipsPerPixel_, point.y * twipsPerPixel_});
 }
 
-std::string SvgWriter::path(std::span<const PixelPoint> points) const {
-  std::string result;
-  for (const PixelPoint& point : points) result += (result.empty() ? "M" : "L") + place(point);
-  return result;
+std::string SvgWriter::path(std::span<const PixelPoint> points, bool closed) const {
+  SvgPath path(twipsPerPixel_);
+  path.join(points, closed);
+  return attribute("d", path.text());
 }
 
 void SvgWriter::line(const TwipPoint& a, const TwipPoint& b) {
-  const std::string from = place(a), to = place(b);
-  if (path_.empty() || from != pathEnd_) path_ += "M" + from;
-  path_ += "L" + to;
-  pathEnd_ = to;
-  if (path_.size() > kLongPath) flushPath();
+  path_.line(a, b);
+  if (path_.text().size() > kLongPath) flushPath();
 }
 
 void SvgWriter::box(const TwipPoint& a, const TwipPoint& b) {
   element("<path fill=\"none\"" +
-          attribute("d", "M" + place(a) + "H" + number(b.x) + "V" + number(b.y) + "H" + number(a.x) + "Z") +
+          attribute("d", "M" + place(a) + "H" + svgNumber(b.x) + "V" + svgNumber(b.y) + "H" + svgNumber(a.x) +
+                             "Z") +
           "/>");
 }
 
 void SvgWriter::filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) {
   element("<path stroke=\"none\"" + attribute("fill", colorText(color)) +
-          attribute("d", "M" + place(a) + "H" + number(b.x) + "V" + number(b.y) + "H" + number(a.x) + "Z") +
+          attribute("d", "M" + place(a) + "H" + svgNumber(b.x) + "V" + svgNumber(b.y) + "H" + svgNumber(a.x) +
+                             "Z") +
           "/>");
 }
 
 void SvgWriter::circle(const TwipPoint& centre, Twips radius) {
   openFilledGroup();
-  element("<circle" + attribute("cx", number(centre.x)) + attribute("cy", number(centre.y)) +
-          attribute("r", number(std::abs(radius.value()))) + "/>");
+  // There may be very many marks: their middles are as near as the places of paths.
+  element() += "<circle" + attribute("cx", svgNumber(std::round(centre.x))) +
+               attribute("cy", svgNumber(std::round(centre.y))) +
+               attribute("r", svgNumber(std::abs(radius.value()))) + "/>\n";
 }
 
 void SvgWriter::polyline(std::span<const PixelPoint> points) {
-  element("<path fill=\"none\"" + attribute("d", path(points)) + "/>");
+  element("<path fill=\"none\"" + path(points, false) + "/>");
 }
 
 void SvgWriter::bezier(std::span<const PixelPoint> points) {
@@ -252,7 +246,7 @@ void SvgWriter::bezier(std::span<const PixelPoint> points) {
 }
 
 void SvgWriter::figure(std::span<const PixelPoint> points, bool fill, bool stroke) {
-  const std::string outline = attribute("d", path(points) + (fill ? "Z" : ""));
+  const std::string outline = path(points, fill);
   if (!fill) return element("<path fill=\"none\"" + outline + "/>");
   if (stroke) {
     openFilledGroup();
@@ -267,7 +261,7 @@ void SvgWriter::figure(std::span<const PixelPoint> points, bool fill, bool strok
 std::string SvgWriter::touchingOutline() const {
   if (filling_.style != kFillSolid) return attribute("stroke", "none");
   return attribute("stroke", colorText(filling_.color)) +
-         attribute("stroke-width", number(kTouchingOutline)) +
+         attribute("stroke-width", svgNumber(kTouchingOutline)) +
          (dashesOf(pen_.style).empty() ? "" : attribute("stroke-dasharray", "none"));
 }
 
@@ -276,15 +270,15 @@ void SvgWriter::text(const TextRun& run) {
   const double size = toTwips(run.size).value();
   std::string start =
       "<text stroke=\"none\"" + attribute("fill", colorText(pen_.color)) +
-      attribute("font-size", number(size)) +
+      attribute("font-size", svgNumber(size)) +
       attribute("transform", "translate(" + place(run.place) + ")" +
-                                 (run.angle == 0 ? "" : "rotate(" + number(-run.angle) + ")"));
+                                 (run.angle == 0 ? "" : "rotate(" + svgNumber(-run.angle) + ")"));
   double x = 0;
   for (const char c : run.text) {
     const std::string letter = toUtf8(std::string(1, c), symbol ? CodePage::kSymbol : CodePage::kWindows1252);
     if (!isControl(c) && c != ' ') {
-      element(start + attribute("x", number(x)) + attribute("y", number(letters_.ascent(symbol) * size)) +
-              ">" + escaped(letter) + "</text>");
+      element(start + attribute("x", svgNumber(x)) +
+              attribute("y", svgNumber(letters_.ascent(symbol) * size)) + ">" + escaped(letter) + "</text>");
     }
     x += letters_.advance(symbol, static_cast<unsigned char>(c)) * size;
   }
@@ -306,8 +300,8 @@ void SvgWriter::picture(const Picture& picture, const TwipPoint& corner) {
     if (box.color != color) flush();
     color = box.color;
     path += "M" + place(TwipPoint{corner.x + box.x * step, corner.y + box.y * step}) + "h" +
-            number(box.width * step) + "v" + number(box.height * step) + "h-" + number(box.width * step) +
-            "z";
+            svgNumber(box.width * step) + "v" + svgNumber(box.height * step) + "h-" +
+            svgNumber(box.width * step) + "z";
   }
   flush();
 }

@@ -3,7 +3,7 @@
 #include <set>
 #include <string>
 
-#include "gral/DrawingSink.h"
+#include "gral/sinks/SvgPath.h"
 
 namespace vk {
 
@@ -43,10 +43,11 @@ class SvgWriter : public DrawingSink {
   void openGroup();
   void openFilledGroup();
   void closeGroup();
-  void element(const std::string& text);
+  std::string& element();
+  void element(const std::string& text) { element() += text + "\n"; }
   std::string place(const TwipPoint& point) const;
   std::string place(const PixelPoint& point) const;
-  std::string path(std::span<const PixelPoint> points) const;
+  std::string path(std::span<const PixelPoint> points, bool closed) const;
   std::string paint();
   std::string touchingOutline() const;
 
@@ -56,8 +57,7 @@ class SvgWriter : public DrawingSink {
   std::string body_;
   std::string definitions_;
   std::set<std::string> defined_;
-  std::string path_;  ///< lines that wait for their end
-  std::string pathEnd_;
+  SvgPath path_;  ///< lines that wait for their end
   bool groupOpen_ = false;
   Pen pen_;
   Filling filling_, groupFilling_;

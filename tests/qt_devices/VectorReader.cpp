@@ -30,17 +30,14 @@ std::vector<std::string> pathWords(const std::string& text) {
   for (const char c : text) {
     const bool letter = std::isalpha(static_cast<unsigned char>(c)) != 0;
     if (letter) words.emplace_back(1, c);
-    if (letter || c == ' ') {
-      words.emplace_back();
-    } else {
-      words.back() += c;
-    }
+    if (letter || c == ' ' || c == '-') words.emplace_back();
+    if (!letter && c != ' ') words.back() += c;
   }
   std::erase(words, "");
   return words;
 }
 
-/// Reads the path descriptions that the writer uses: M, L, H, V, C, Z and h, v, z.
+/// Reads the path descriptions that the writer uses: M, H, V, C, Z and m, l, h, v, z.
 class PathReader {
  public:
   PathReader(const std::string& text, double penWidth, std::vector<VectorContent::Shape>& shapes)
@@ -57,14 +54,22 @@ class PathReader {
     const double x = number();
     return {x, number()};
   }
+  /// Where the way that is told next leads to.
+  QPointF endOfWay() { return points_.back() + point(); }
   void command(char c) {
     switch (c) {
       case 'M':
         finish();
         points_.push_back(point());
         break;
-      case 'L':
-        points_.push_back(point());
+      case 'm': {
+        const QPointF start = endOfWay();
+        finish();
+        points_.push_back(start);
+        break;
+      }
+      case 'l':
+        points_.push_back(endOfWay());
         break;
       case 'H':
         points_.emplace_back(number(), points_.back().y());

@@ -40,10 +40,9 @@ TEST_F(Svg, HasTheNaturalSizeInPoints) {
 TEST_F(Svg, LinesOfOnePenAreOnePathAndJoinedWhereTheyMeet) {
   writer.pen({});
   writer.line({1, 2}, {3.456, 4});
-  writer.line({3.456, 4}, {-0.5, 0.001});
+  writer.line({3.456, 4}, {-0.4, 0.001});
   writer.line({7, 8}, {9, 10});
-  EXPECT_EQ(body(),
-            kBlackGroup + std::string("<path fill=\"none\" d=\"M1 2L3.46 4L-0.5 0M7 8L9 10\"/>\n</g>\n"));
+  EXPECT_EQ(body(), kBlackGroup + std::string("<path fill=\"none\" d=\"M1 2l2 2l-3-4m7 8l2 2\"/>\n</g>\n"));
 }
 
 TEST_F(Svg, NewPenBeginsANewGroup) {
@@ -53,9 +52,9 @@ TEST_F(Svg, NewPenBeginsANewGroup) {
   writer.line({3, 4}, {5, 6});
   EXPECT_EQ(body(),
             kBlackGroup +
-                std::string("<path fill=\"none\" d=\"M1 2L3 4\"/>\n</g>\n"
+                std::string("<path fill=\"none\" d=\"M1 2l2 2\"/>\n</g>\n"
                             "<g stroke=\"#ff0000\" stroke-width=\"45\" fill=\"none\""
-                            " stroke-dasharray=\"45 135\">\n<path fill=\"none\" d=\"M3 4L5 6\"/>\n</g>\n"));
+                            " stroke-dasharray=\"45 135\">\n<path fill=\"none\" d=\"M3 4l2 2\"/>\n</g>\n"));
 }
 
 TEST_F(Svg, LongPathsAreCut) {
@@ -64,7 +63,7 @@ TEST_F(Svg, LongPathsAreCut) {
   const std::string text = body();
   int paths = 0;
   for (std::size_t at = text.find("<path"); at != std::string::npos; at = text.find("<path", at + 1)) ++paths;
-  EXPECT_GT(paths, 3);
+  EXPECT_GT(paths, 2);
   EXPECT_LT(paths, 20);
 }
 
@@ -85,12 +84,12 @@ TEST_F(Svg, ShapesAreElements) {
             "<circle cx=\"10\" cy=\"20\" r=\"5\"/>\n"
             "<path fill=\"none\" d=\"M1 2H3V4H1Z\"/>\n"
             "<path stroke=\"none\" fill=\"#00ff00\" d=\"M1 2H3V4H1Z\"/>\n"
-            "<path fill=\"none\" d=\"M1 2L3 4L5 6L7 8\"/>\n"
+            "<path fill=\"none\" d=\"M1 2l2 2l2 2l2 2\"/>\n"
             "<path fill=\"none\" d=\"M1 2C3 4 5 6 7 8\"/>\n"
-            "<path d=\"M1 2L3 4L5 6L7 8Z\"/>\n"
-            "<path stroke=\"#ffffff\" stroke-width=\"10\" shape-rendering=\"crispEdges\" d=\"M1 2L3 4L5 6L7 "
-            "8Z\"/>\n"
-            "<path fill=\"none\" d=\"M1 2L3 4L5 6L7 8\"/>\n</g>\n");
+            "<path d=\"M1 2l2 2l2 2l2 2z\"/>\n"
+            "<path stroke=\"#ffffff\" stroke-width=\"10\" shape-rendering=\"crispEdges\" d=\"M1 2l2 2l2 2l2 "
+            "2z\"/>\n"
+            "<path fill=\"none\" d=\"M1 2l2 2l2 2l2 2\"/>\n</g>\n");
 }
 
 TEST_F(Svg, PixelsAreTurnedIntoTwips) {
@@ -98,7 +97,7 @@ TEST_F(Svg, PixelsAreTurnedIntoTwips) {
   coarse.clear({3000, 1500}, kWhite);
   const PixelPoint points[] = {{1, 2}, {3, 4}};
   coarse.polyline(points);
-  EXPECT_NE(coarse.document().find("d=\"M7.5 15L22.5 30\""), std::string::npos);
+  EXPECT_NE(coarse.document().find("d=\"M8 15l15 15\""), std::string::npos);
 }
 
 TEST_F(Svg, LettersStandAtTheirBaseLine) {
@@ -137,8 +136,8 @@ TEST_F(Svg, ClipRegionsAreDefinedAndUsed) {
             "<clipPath id=\"clip0\"><rect x=\"10\" y=\"20\" width=\"100\" height=\"30\"/></clipPath>\n");
   EXPECT_EQ(body(),
             "<g stroke=\"#000000\" stroke-width=\"15\" fill=\"none\" clip-path=\"url(#clip0)\">\n"
-            "<path fill=\"none\" d=\"M1 2L3 4\"/>\n</g>\n" +
-                std::string(kBlackGroup) + "<path fill=\"none\" d=\"M1 2L3 4\"/>\n</g>\n");
+            "<path fill=\"none\" d=\"M1 2l2 2\"/>\n</g>\n" +
+                std::string(kBlackGroup) + "<path fill=\"none\" d=\"M1 2l2 2\"/>\n</g>\n");
 }
 
 /// The slanted lines pass the corners of a cell, and short pieces fill what the neighbour cannot draw there.
@@ -186,7 +185,7 @@ TEST_F(Svg, AreasOfOtherColoursStayInTheirGroup) {
   writer.figure(points, true, false);
   writer.figure(points, false, true);
   writer.figure(points, true, true);
-  const std::string area = "d=\"M0 0L3 0L3 4Z\"/>\n";
+  const std::string area = "d=\"M0 0h3v4z\"/>\n";
   EXPECT_EQ(
       body(),
       "<g stroke=\"#000000\" stroke-width=\"15\" fill=\"#ff0000\">\n"
@@ -194,7 +193,7 @@ TEST_F(Svg, AreasOfOtherColoursStayInTheirGroup) {
           area +
           "<path fill=\"#00ff00\" stroke=\"#00ff00\" stroke-width=\"10\" shape-rendering=\"crispEdges\" " +
           area +
-          "<path fill=\"none\" d=\"M0 0L3 0L3 4\"/>\n</g>\n"
+          "<path fill=\"none\" d=\"M0 0h3v4\"/>\n</g>\n"
           "<g stroke=\"#000000\" stroke-width=\"15\" fill=\"#00ff00\">\n<path " +
           area + "</g>\n");
 }

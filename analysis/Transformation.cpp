@@ -13,8 +13,6 @@ namespace {
 
 constexpr int kColumnName = 2;  // characters
 
-using Column = std::vector<double>;
-
 std::vector<Array<double>*> columnsOf(DataSet& data) {
   if (data.kXpntErr) return {&data.Xpnt, &data.Ypnt, &data.ErrXpnt, &data.ErrYpnt};
   return {&data.Xpnt, &data.Ypnt, &data.ErrYpnt};
@@ -45,6 +43,7 @@ class Transformation {
   std::vector<FailedRows> store();
 
  private:
+  std::span<double> newColumn() { return TransformTable_.emplace_back(data_.NumPnt).span(1, data_.NumPnt); }
   int columnHit(const std::string& formula) const;
   void copy(int hit);
   bool evaluate(const std::string& formula);
@@ -55,7 +54,7 @@ class Transformation {
   std::string names_;
   std::size_t points_;
   std::vector<std::span<const double>> old_;
-  std::vector<Column> TransformTable_;
+  std::vector<Array<double>> TransformTable_;
   std::vector<FailedRows> failed_;
   double copiedLast_ = 0;
 };
@@ -68,11 +67,12 @@ int Transformation::columnHit(const std::string& formula) const {
 
 // QUIRK: a text across two names, such as "yd", is no column, and the value copied last fills the new one.
 void Transformation::copy(int hit) {
-  const bool isName = hit % kColumnName == 1;
-  Column& column = TransformTable_.emplace_back();
-  for (std::size_t i = 0; i < points_; ++i) {
-    if (isName) copiedLast_ = old_[static_cast<std::size_t>(hit / kColumnName)][i];
-    column.push_back(copiedLast_);
+  const std::span<double> column = newColumn();
+  if (hit % kColumnName == 1) {
+    std::ranges::copy(old_[static_cast<std::size_t>(hit / kColumnName)], column.begin());
+    if (!column.empty()) copiedLast_ = column.back();
+  } else {
+    std::ranges::fill(column, copiedLast_);
   }
 }
 
@@ -81,7 +81,7 @@ bool Transformation::evaluate(const std::string& formula) {
   Compilation compiled = compile("y@" + variables + "@ @ @" + formula);
   if (!compiled.ok) return false;
   std::vector<Fault> faults(points_);
-  Formula(std::move(compiled.code)).values(old_, TransformTable_.emplace_back(points_), listener_, faults);
+  Formula(std::move(compiled.code)).values(old_, newColumn(), listener_, faults);
   noteFailures(faults);
   return true;
 }
@@ -96,9 +96,7 @@ void Transformation::noteFailures(const std::vector<Fault>& faults) {
 
 std::vector<FailedRows> Transformation::store() {
   const std::vector<Array<double>*> columns = columnsOf(data_);
-  for (std::size_t k = 0; k < columns.size(); ++k) {
-    std::ranges::copy(TransformTable_[k], columns[k]->span(1, data_.NumPnt).begin());
-  }
+  for (std::size_t k = 0; k < columns.size(); ++k) *columns[k] = std::move(TransformTable_[k]);
   return std::move(failed_);
 }
 

@@ -8,6 +8,7 @@
 
 #include "expr/Compiler.h"
 #include "expr/Model.h"
+#include "numeric/Elementary.h"
 
 namespace vk {
 namespace {
@@ -72,6 +73,7 @@ void evaluated(benchmark::State& state, const Formulas& formula, int inner, Eval
     if (std::fabs(y[i] - expected[i]) > 1E-12) return state.SkipWithError("a wrong value");
   }
   state.SetItemsProcessed(state.iterations() * kPoints);
+  state.SetLabel(std::string(elementary::instructionSet().name));
 }
 
 void compiled(benchmark::State& state, const Formulas& formula) {

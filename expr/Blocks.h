@@ -4,7 +4,7 @@
 #include <span>
 
 #include "base/RuntimeError.h"
-#include "expr/ColumnMachine.h"
+#include "expr/BlockNumber.h"
 #include "numeric/Fault.h"
 
 namespace vk {

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <optional>
 
+#include "expr/BlockNumber.h"
+#include "expr/PlainOperations.h"
 #include "expr/StatisticOperations.h"
 
 namespace vk {
@@ -30,32 +31,15 @@ bool canRun(const CompiledExpression& compiled, const Instruction& instruction) 
   return operation.kind != OpKind::kStatistic || instruction.count >= operation.arity;
 }
 
-const simd::Kernels& wide() {
-  return *elementary::instructionSet().kernels;
-}
+// The kernels stand in the order of the opcodes.
+static_assert(simd::kMinus == kOpMinus - kOpPower && simd::kDivide == kOpDivide - kOpPower);
+static_assert(simd::kSgn == kOpSgn - kOpAbs && simd::kAsin == kOpAsin - kOpAbs &&
+              simd::kCos == kOpCos - kOpAbs);
 
-/// The function of an opcode that a vector of points is computed by.
-std::optional<simd::Function> wideFunction(int opcode) {
-  switch (opcode) {
-    case kOpExp:
-      return simd::kExp;
-    case kOpLog:
-      return simd::kLog;
-    case kOpSin:
-      return simd::kSin;
-    case kOpCos:
-      return simd::kCos;
-    case kOpTan:
-      return simd::kTan;
-    case kOpAtan:
-      return simd::kAtan;
-    default:
-      return std::nullopt;
-  }
-}
-
-simd::Values valuesOf(const Operand& operand) {
-  return operand.column ? simd::Values{operand.column, 1} : simd::Values{&operand.value, 0};
+/// The kernel of an operation of kind `kElementary`.
+int kernelOf(int opcode) {
+  if (opcode == kOpInt) return simd::kInt;
+  return opcode == kOpNegate ? simd::kNegate : opcode - kOpAbs;
 }
 
 }  // namespace
@@ -86,7 +70,7 @@ bool ColumnMachine::run(const CompiledExpression& compiled, std::span<const Inst
   for (const Instruction& instruction : program) {
     if (!execute(compiled.Code, instruction)) return false;
   }
-  result_ = program.empty() ? Operand{} : slots_[static_cast<std::size_t>(program.back().target)];
+  result_ = program.empty() ? simd::Values{} : slots_[static_cast<std::size_t>(program.back().target)];
   return true;
 }
 
@@ -94,8 +78,8 @@ void ColumnMachine::loadOperands(const CompiledExpression& compiled, std::span<c
   for (std::size_t i = 0; i < slots_.size(); ++i) {
     const int index = codeByte(compiled.OperandMap, i);
     const bool varies = index >= 1 && static_cast<std::size_t>(index) <= columns.size();
-    slots_[i] = varies ? Operand{columns[static_cast<std::size_t>(index - 1)], 0}
-                       : Operand{nullptr, compiled.Values[index]};
+    slots_[i] = varies ? simd::Values{columns[static_cast<std::size_t>(index - 1)], 0}
+                       : simd::Values{nullptr, compiled.Values[index]};
   }
 }
 
@@ -128,32 +112,22 @@ double* ColumnMachine::columnFor(int slot) {
 }
 
 bool ColumnMachine::runOperator(const Instruction& instruction) {
-  const Operand left = slots_[static_cast<std::size_t>(instruction.target)];
-  const Operand right = slots_[static_cast<std::size_t>(instruction.right)];
-  return withOperator(instruction.opcode, [&](auto f) {
-    const double* const a = left.column;
-    const double* const b = right.column;
-    const double x = left.value;
-    const double y = right.value;
-    if (!a && !b) return storeForAll(instruction.target, f(x, y));
-    double* const out = columnFor(instruction.target);
-    if (instruction.opcode == kOpPower) return wide().powers(valuesOf(left), valuesOf(right), out, count_);
-    if (!a) return fillColumn(out, count_, [=](std::size_t i) { return f(x, b[i]); });
-    if (!b) return fillColumn(out, count_, [=](std::size_t i) { return f(a[i], y); });
-    return fillColumn(out, count_, [=](std::size_t i) { return f(a[i], b[i]); });
-  });
+  const simd::Values left = slots_[static_cast<std::size_t>(instruction.target)];
+  const simd::Values right = slots_[static_cast<std::size_t>(instruction.right)];
+  if (!left.column && !right.column) {
+    return storeForAll(instruction.target, operatorValue(instruction.opcode, left.value, right.value));
+  }
+  const auto kernel = elementary::kernels().operators[instruction.opcode - kOpPower];
+  return kernel(left, right, columnFor(instruction.target), count_);
 }
 
 bool ColumnMachine::runElementary(const Instruction& instruction) {
-  const Operand argument = slots_[static_cast<std::size_t>(instruction.target)];
-  return withElementary(instruction.opcode, [&](auto f) {
-    const double* const a = argument.column;
-    if (!a) return storeForAll(instruction.target, f(argument.value));
-    if (const std::optional<simd::Function> function = wideFunction(instruction.opcode)) {
-      return wide().block[*function](a, columnFor(instruction.target), count_);
-    }
-    return fillColumn(columnFor(instruction.target), count_, [=](std::size_t i) { return f(a[i]); });
-  });
+  const simd::Values argument = slots_[static_cast<std::size_t>(instruction.target)];
+  if (!argument.column) {
+    return storeForAll(instruction.target, elementaryValue(instruction.opcode, argument.value));
+  }
+  const auto kernel = elementary::kernels().functions[kernelOf(instruction.opcode)];
+  return kernel(argument, columnFor(instruction.target), count_);
 }
 
 bool ColumnMachine::runWithArguments(std::string_view code, const Instruction& instruction) {
@@ -165,14 +139,17 @@ bool ColumnMachine::runWithArguments(std::string_view code, const Instruction& i
   std::array<double, kMostArguments> values;
   const std::span<const double> further(values.data() + 1, arguments_.size() - 1);
   const auto valueAt = [&](std::size_t point) {
-    for (std::size_t i = 0; i < arguments_.size(); ++i) values[i] = arguments_[i].at(point);
+    for (std::size_t i = 0; i < arguments_.size(); ++i) {
+      values[i] = arguments_[i].column ? arguments_[i].column[point] : arguments_[i].value;
+    }
     if (kKinds[static_cast<std::size_t>(instruction.opcode)] == OpKind::kList) {
       return listValue(instruction.opcode, values[0], further, instruction.count);
     }
     const Evaluation found = statisticValue(instruction.opcode, values[0], further, nobody);
     return found.fault == Fault::kNone ? found.value : kNotANumber;
   };
-  const bool uniform = std::ranges::none_of(arguments_, [](const Operand& o) { return o.column; });
+  const bool uniform =
+      std::ranges::none_of(arguments_, [](const simd::Values& argument) { return argument.column; });
   if (uniform) return storeForAll(instruction.target, valueAt(0));
   double* const out = columnFor(instruction.target);
   for (std::size_t i = 0; i < count_; ++i) {

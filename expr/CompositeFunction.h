@@ -1,14 +1,14 @@
 #pragma once
 
-#include <array>
 #include <cmath>
 #include <limits>
 
 #include "base/Array.h"
+#include "expr/BlockNumber.h"
 #include "expr/PlainOperations.h"
 
-/// The composite functions f[g(x)] of the catalogue by plain arithmetic: written once, for one point and for
-/// columns of points. Each is one statement; it failed where its result is not finite.
+/// The composite functions f[g(x)] of the catalogue by plain arithmetic: written once, for one point and for the
+/// points of a block. Each is one statement; it failed where its result is not finite.
 namespace vk {
 
 inline constexpr double kFailed = std::numeric_limits<double>::quiet_NaN();
@@ -25,61 +25,69 @@ inline double entryOf(const Array<double>& table, int index) {
   return index >= 0 && index <= table.upper() ? table[index] : kFailed;
 }
 
-/// Calls `use` with inner function 1..5: double (double x).
-template <class Use>
-auto withInner(int inner, const Array<double>& parameters, Use&& use) {
+/// A step whose infinity the next one would hide; a block is told of each step.
+inline double mustBeFinite(double value) {
+  return isFinite(value) ? value : kFailed;
+}
+inline BlockNumber mustBeFinite(BlockNumber value) {
+  return value;
+}
+
+/// Inner function 1..5 at a point or at those of a block.
+template <class Number>
+Number innerValue(int inner, const Array<double>& parameters, Number x) {
   const double p1 = entryOf(parameters, 1);
   const double p2 = entryOf(parameters, 2);
   const double p3 = entryOf(parameters, 3);
   switch (inner) {
     case 1:
-      return use([=](double) { return p1; });
+      return p1;
     case 2:
-      return use([=](double x) { return x * p1 + p2; });
+      return x * p1 + p2;
     case 3:
-      return use([=](double x) { return x * x * p1 + x * p2 + p3; });
-    case 4:
-      return use([=](double x) { return ((x - p1) * (x - p1) + p2) / p3; });
-    default:
-      return use([=](double x) {
-        const double difference = x * x - p2 * p2;
-        const double divisor = difference * difference + x * x * (p3 * p3);
-        // An infinite divisor would hide behind the quotient 0.
-        return isFinite(divisor) ? p1 / divisor : kFailed;
-      });
+      return x * x * p1 + x * p2 + p3;
+    case 4: {
+      const Number distance = x - p1;
+      return (distance * distance + p2) / p3;
+    }
+    default: {
+      const Number square = x * x;
+      const Number difference = square - p2 * p2;
+      return p1 / mustBeFinite(difference * difference + square * (p3 * p3));
+    }
   }
 }
 
-/// Calls `use` with the outer function: double (double x, double u).
-template <class Use>
-auto withOuter(int outer, const Array<double>& parameters, Use&& use) {
+/// The outer function at a point, or at those of a block.
+template <class Number>
+Number outerValue(int outer, const Array<double>& parameters, Number x, Number u) {
+  using elementary::exp;
+  using elementary::log;
+  using elementary::sin;
+  using std::fabs;
+  using std::sqrt;
   const int k = parameters.upper();
   const double last = entryOf(parameters, k);
-  const double lastButOne = entryOf(parameters, k - 1);
   switch (outer) {
     case 2:
-      return use([](double, double u) { return u * u; });
+      return u * u;
     case 3:
-      return use([](double, double u) { return 1 / u; });
+      return 1 / u;
     // QUIRK: roots and logarithms of |u|, where the same function as a text has none of |u|.
     case 4:
-      return use([](double, double u) { return std::sqrt(std::fabs(u)); });
+      return sqrt(fabs(u));
     case 5:
-      return use([=](double x, double u) { return (x + last) / u; });
+      return (x + last) / u;
     case 6:
-      return use([=](double, double u) { return last * elementary::log(std::fabs(u)); });
+      return last * log(fabs(u));
     case 7:
-      return use([=](double, double u) { return last * elementary::exp(u); });
+      return last * exp(u);
     case 8:
-      return use([=](double, double u) { return last * elementary::sin(u); });
+      return last * sin(u);
     case 9:
-      return use([=](double x, double u) {
-        const double exponent = -last * x;
-        // exp(-infinity) would hide the overflow.
-        return isFinite(exponent) ? lastButOne * elementary::exp(exponent) * elementary::sin(u) : kFailed;
-      });
+      return entryOf(parameters, k - 1) * exp(mustBeFinite(-last * x)) * sin(u);
     default:
-      return use([](double, double u) { return u; });
+      return u;
   }
 }
 

@@ -24,7 +24,7 @@ Evaluation Formula::value(EvaluationListener& listener) {
                          listener);
 }
 
-std::optional<Operand> Formula::block(std::span<const double* const> columns, std::size_t count) {
+std::optional<simd::Values> Formula::block(std::span<const double* const> columns, std::size_t count) {
   if (!columns_.run(compiled_, program_, columns, count)) return std::nullopt;
   return columns_.result();
 }
@@ -37,8 +37,8 @@ Fault Formula::values(std::span<const std::span<const double>> columns, std::spa
   std::vector<const double*> places(variables);
   const auto together = [&](std::size_t begin, std::size_t count) {
     for (std::size_t v = 0; v < variables; ++v) places[v] = columns[v].data() + begin;
-    const std::optional<Operand> found = block(places, count);
-    for (std::size_t i = 0; found && i < count; ++i) result[begin + i] = found->at(i);
+    const std::optional<simd::Values> found = block(places, count);
+    if (found) spread(*found, &result[begin], count);
     return found.has_value();
   };
   const auto single = [&](std::size_t i) {

@@ -39,7 +39,7 @@ class Formula {
 
   /// The values at `count` points, at most `kBlockPoints`, together; nothing when one of them has a fault. Valid
   /// until the next run.
-  std::optional<Operand> block(std::span<const double* const> columns, std::size_t count);
+  std::optional<simd::Values> block(std::span<const double* const> columns, std::size_t count);
 
  private:
   CompiledExpression compiled_;

@@ -25,14 +25,14 @@ Evaluation Model::pointAt(double x, const Array<double>& parameters, EvaluationL
   };
   double u = 0;
   if (isPlainInner(inner_)) {
-    u = stored(withInner(inner_, parameters, [x](auto g) { return g(x); }));
+    u = stored(innerValue(inner_, parameters, x));
   } else {
     loaded_.setValue(1, x);
     const Evaluation inner = loaded_.value(listener);
     u = inner.value;
     fault = inner.fault;
   }
-  const double y = stored(withOuter(outer_, parameters, [x, u](auto f) { return f(x, u); }));
+  const double y = stored(outerValue(outer_, parameters, x, u));
   return {y, fault};
 }
 
@@ -41,33 +41,21 @@ Evaluation Model::at(double x, const Array<double>& parameters, EvaluationListen
   return pointAt(x, parameters, listener);
 }
 
-std::optional<Operand> Model::innerTogether(std::span<const double> x, const Array<double>& parameters) {
-  if (!isPlainInner(inner_)) {
-    const double* const points = x.data();
-    return loaded_.block({&points, 1}, x.size());
-  }
-  const bool good = withInner(inner_, parameters, [&](auto g) {
-    return fillColumn(block_.data(), x.size(),
-                      [points = x.data(), g](std::size_t i) { return g(points[i]); });
-  });
-  return good ? std::optional(Operand{block_.data(), 0}) : std::nullopt;
+std::optional<simd::Values> Model::innerTogether(BlockRoom& room, const double* x,
+                                                 const Array<double>& parameters) {
+  if (!isPlainInner(inner_)) return loaded_.block({&x, 1}, room.count);
+  const simd::Values u = innerValue(inner_, parameters, BlockNumber(room, {x})).values();
+  return u.column || isFinite(u.value) ? std::optional(u) : std::nullopt;
 }
 
 bool Model::together(std::span<const double> x, const Array<double>& parameters, double* result) {
-  const std::optional<Operand> u = innerTogether(x, parameters);
+  BlockRoom room(x.size());
+  const std::optional<simd::Values> u = innerTogether(room, x.data(), parameters);
   if (!u) return false;
-  std::array<double, kBlockPoints> values;
-  const bool good = withOuter(outer_, parameters, [&, points = x.data()](auto f) {
-    if (!u->column) {
-      return fillColumn(values.data(), x.size(),
-                        [points, f, y = u->value](std::size_t i) { return f(points[i], y); });
-    }
-    return fillColumn(values.data(), x.size(),
-                      [points, f, y = u->column](std::size_t i) { return f(points[i], y[i]); });
-  });
+  const BlockNumber y = outerValue(outer_, parameters, BlockNumber(room, {x.data()}), BlockNumber(room, *u));
   // The result may lie where x lies, so it is stored when nothing needs x any more.
-  if (good) std::copy_n(values.data(), x.size(), result);
-  return good;
+  if (room.finite) spread(y.values(), result, x.size());
+  return room.finite;
 }
 
 Fault Model::at(std::span<const double> x, const Array<double>& parameters, std::span<double> result,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <array>
+#include <optional>
 #include <span>
 
 #include "base/Array.h"
@@ -8,6 +8,8 @@
 #include "numeric/Fault.h"
 
 namespace vk {
+
+struct BlockRoom;
 
 /// The model function f[g(x)], ready to be run again and again: a pair of the catalogue by plain arithmetic, or a
 /// loaded inner function by its code, which is read once.
@@ -39,13 +41,13 @@ class Model {
  private:
   Evaluation pointAt(double x, const Array<double>& parameters, EvaluationListener& listener);
   bool together(std::span<const double> x, const Array<double>& parameters, double* result);
-  std::optional<Operand> innerTogether(std::span<const double> x, const Array<double>& parameters);
+  std::optional<simd::Values> innerTogether(BlockRoom& room, const double* x,
+                                            const Array<double>& parameters);
   void setParameters(const Array<double>& parameters);
 
   int inner_ = 0;
   int outer_ = 0;
   Formula loaded_;
-  std::array<double, kBlockPoints> block_{};  // inner values of a block
 };
 
 }  // namespace vk

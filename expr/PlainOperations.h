@@ -7,10 +7,10 @@
 #include "base/Rounding.h"
 #include "expr/Opcodes.h"
 #include "numeric/Elementary.h"
-#include "numeric/ShortPi.h"
+#include "numeric/simd/ShortPi.h"
 
-/// The arithmetic of operators, elementary functions and list functions: written once, for one point and for
-/// columns of points.
+/// The arithmetic of operators, elementary functions and list functions at one point. Blocks of points are computed
+/// by the kernels of Elementary.h, which give the same bits.
 ///
 /// Each of them fails exactly where its result is not finite, if its arguments are finite: no overflow inside
 /// them is hidden by a later step. So whoever calls checks the result and nothing else.
@@ -26,54 +26,52 @@ inline double arcSine(double x) {
   return elementary::atan(x / std::sqrt(1 - x * x));
 }
 
-/// Calls `use` with the function of an operator: double (double x, double y). For opcodes of kind `kOperator`.
-template <class Use>
-auto withOperator(int opcode, Use&& use) {
+/// The value of an operation of kind `kOperator`.
+inline double operatorValue(int opcode, double x, double y) {
   switch (opcode) {
     case kOpPower:
-      return use([](double x, double y) { return elementary::pow(x, y); });
+      return elementary::pow(x, y);
     case kOpTimes:
-      return use([](double x, double y) { return x * y; });
+      return x * y;
     case kOpDivide:
-      return use([](double x, double y) { return x / y; });
+      return x / y;
     case kOpPlus:
-      return use([](double x, double y) { return x + y; });
+      return x + y;
     default:
-      return use([](double x, double y) { return x - y; });
+      return x - y;
   }
 }
 
-/// The same for functions of one argument: double (double x). For opcodes of kind `kElementary`.
-template <class Use>
-auto withElementary(int opcode, Use&& use) {
+/// The value of an operation of kind `kElementary`.
+inline double elementaryValue(int opcode, double x) {
   switch (opcode) {
     case kOpAbs:
-      return use([](double x) { return std::fabs(x); });
+      return std::fabs(x);
     case kOpSqr:
-      return use([](double x) { return std::sqrt(x); });
+      return std::sqrt(x);
     case kOpExp:
-      return use([](double x) { return elementary::exp(x); });
+      return elementary::exp(x);
     case kOpLog:
-      return use([](double x) { return elementary::log(x); });
+      return elementary::log(x);
     case kOpAsin:
-      return use([](double x) { return arcSine(x); });
+      return arcSine(x);
     case kOpAcos:
-      return use([](double x) { return kShortPi / 2 - arcSine(x); });
+      return kShortPi / 2 - arcSine(x);
     case kOpAtan:
-      return use([](double x) { return elementary::atan(x); });
+      return elementary::atan(x);
     case kOpSin:
-      return use([](double x) { return elementary::sin(x); });
+      return elementary::sin(x);
     case kOpCos:
-      return use([](double x) { return elementary::cos(x); });
+      return elementary::cos(x);
     case kOpTan:
-      return use([](double x) { return elementary::tan(x); });
+      return elementary::tan(x);
     // QUIRK: the sign of zero is 1.
     case kOpSgn:
-      return use([](double x) { return x < 0 ? -1.0 : 1.0; });
+      return x < 0 ? -1.0 : 1.0;
     case kOpInt:
-      return use([](double x) { return Int(x); });
+      return Int(x);
     default:
-      return use([](double x) { return -x; });
+      return -x;
   }
 }
 

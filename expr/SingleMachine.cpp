@@ -54,10 +54,10 @@ class Machine {
     const int opcode = instruction.opcode;
     switch (kKinds[static_cast<std::size_t>(opcode)]) {
       case OpKind::kOperator:
-        assign(withOperator(opcode, [this](auto f) { return f(X_, Y_); }));
+        assign(operatorValue(opcode, X_, Y_));
         break;
       case OpKind::kElementary:
-        assign(withElementary(opcode, [this](auto f) { return f(X_); }));
+        assign(elementaryValue(opcode, X_));
         break;
       case OpKind::kList:
         assign(listValue(opcode, X_, further(std::min(further_, instruction.count - 1)), instruction.count));

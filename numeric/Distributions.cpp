@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "numeric/CheckedKernels.h"
-#include "numeric/ShortPi.h"
+#include "numeric/simd/ShortPi.h"
 
 namespace vk {
 namespace {

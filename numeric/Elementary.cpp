@@ -18,11 +18,16 @@ std::vector<InstructionSet> setsOfMachine() {
   return sets;
 }
 
-/// For a single value the registers of two are the quickest, where the set chosen has them.
-const simd::Kernels& ofSingles() {
-  static const simd::Kernels& kernels = *std::min(&instructionSet(), &instructionSetOf("sse4"))->kernels;
-  return kernels;
-}
+// Chosen when the program is loaded, so that no call asks whether they are; what is computed before has the same bits.
+constinit const simd::Kernels* ofBlocks = &simd::kScalar;
+constinit const simd::Kernels* ofSingles = &simd::kScalar;
+
+[[maybe_unused]] const bool kChosen = [] {
+  ofBlocks = instructionSet().kernels;
+  // For a single value the registers of two are the quickest, where the set chosen has them.
+  ofSingles = std::min(&instructionSet(), &instructionSetOf("sse4"))->kernels;
+  return true;
+}();
 
 }  // namespace
 
@@ -45,32 +50,36 @@ const InstructionSet& instructionSet() {
   return set;
 }
 
+const simd::Kernels& kernels() {
+  return *ofBlocks;
+}
+
 double exp(double x) {
-  return ofSingles().single[simd::kExp](x);
+  return ofSingles->exp(x);
 }
 
 double log(double x) {
-  return ofSingles().single[simd::kLog](x);
+  return ofSingles->log(x);
 }
 
 double sin(double x) {
-  return ofSingles().single[simd::kSin](x);
+  return ofSingles->sin(x);
 }
 
 double cos(double x) {
-  return ofSingles().single[simd::kCos](x);
+  return ofSingles->cos(x);
 }
 
 double tan(double x) {
-  return ofSingles().single[simd::kTan](x);
+  return ofSingles->tan(x);
 }
 
 double atan(double x) {
-  return ofSingles().single[simd::kAtan](x);
+  return ofSingles->atan(x);
 }
 
 double pow(double x, double y) {
-  return ofSingles().power(x, y);
+  return ofSingles->pow(x, y);
 }
 
 }  // namespace vk::elementary

@@ -23,6 +23,10 @@ double atan(double x);
 /// 1E-22 to 1E22 is the double next to it.
 double pow(double x, double y);
 
+/// The same and plain arithmetic for blocks of points, with the instruction set that is used. Their results have the
+/// bits of those of the functions and operators for one value.
+const simd::Kernels& kernels();
+
 /// An instruction set that the program can work with.
 struct InstructionSet {
   std::string_view name;

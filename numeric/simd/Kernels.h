@@ -1,6 +1,6 @@
 #pragma once
 
-/// The elementary functions in the registers of one instruction set. All sets give the same bits.
+/// What is computed for each point, in the registers of one instruction set. All sets give the same bits.
 ///
 /// Sources of this folder are compiled for processors that not everybody has. An inline function compiled there
 /// might be the one that the linker keeps for the whole program; so there are only plain declarations here.
@@ -8,21 +8,45 @@ namespace vk::simd {
 
 using Count = decltype(sizeof 0);
 
-enum Function { kExp, kLog, kSin, kCos, kTan, kAtan, kFunctionCount };
-
-/// Values one after the other (step 1), or one value for all points (step 0).
+/// One value for each point, or where there is no column one for all.
 struct Values {
-  const double* first;
-  Count step;
+  const double* column = nullptr;
+  double value = 0;
 };
 
-/// What a set computes. Blocks are of `count` points; a result may replace its argument. They give true when all
+/// Of one argument.
+enum Function {
+  kAbs,
+  kSqr,
+  kExp,
+  kLog,
+  kAsin,
+  kAcos,
+  kAtan,
+  kSin,
+  kCos,
+  kTan,
+  kSgn,
+  kInt,
+  kNegate,
+  kFunctionCount
+};
+
+/// Of two arguments.
+enum Operator { kPower, kTimes, kDivide, kPlus, kMinus, kOperatorCount };
+
+/// What a set computes. Blocks are of `count` points; a result may replace an argument. They give true when all
 /// results are finite.
 struct Kernels {
-  double (*single[kFunctionCount])(double x);
-  bool (*block[kFunctionCount])(const double* x, double* result, Count count);
-  double (*power)(double x, double y);
-  bool (*powers)(Values x, Values y, double* result, Count count);
+  double (*exp)(double x);
+  double (*log)(double x);
+  double (*sin)(double x);
+  double (*cos)(double x);
+  double (*tan)(double x);
+  double (*atan)(double x);
+  double (*pow)(double x, double y);
+  bool (*functions[kFunctionCount])(Values x, double* result, Count count);
+  bool (*operators[kOperatorCount])(Values x, Values y, double* result, Count count);
 };
 
 extern const Kernels kScalar;

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "expr/BlockNumber.h"
 #include "expr/ColumnMachine.h"
 #include "expr/FunctionHelp.h"
 #include "expr/RandomExpressions.h"

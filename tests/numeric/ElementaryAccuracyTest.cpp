@@ -2,6 +2,7 @@
 #include <mpfr.h>
 
 #include <cstdlib>
+#include <map>
 
 #include "ElementaryArguments.h"
 
@@ -37,8 +38,9 @@ class Precise {
   mpfr_t value_;
 };
 
-using PreciseFunction = int (*)(mpfr_t, mpfr_srcptr, mpfr_rnd_t);
-const PreciseFunction kPrecise[] = {mpfr_exp, mpfr_log, mpfr_sin, mpfr_cos, mpfr_tan, mpfr_atan};
+const std::map<simd::Function, int (*)(mpfr_t, mpfr_srcptr, mpfr_rnd_t)> kPrecise{
+    {simd::kExp, mpfr_exp}, {simd::kLog, mpfr_log}, {simd::kSin, mpfr_sin},
+    {simd::kCos, mpfr_cos}, {simd::kTan, mpfr_tan}, {simd::kAtan, mpfr_atan}};
 
 /// Arguments for each function; VOR_ACCURACY_ARGUMENTS sets how many.
 int howMany() {
@@ -64,7 +66,7 @@ TEST(ElementaryAccuracy, FunctionsAreWithinAUnitOfTheLastPlace) {
     for (int i = 0; i < howMany(); ++i) {
       const double x = arguments.of(named.function);
       Precise exact(x);
-      kPrecise[named.function](exact.get(), exact.get(), MPFR_RNDN);
+      kPrecise.at(named.function)(exact.get(), exact.get(), MPFR_RNDN);
       worst.take(named.single(x), x, 0, exact);
     }
     EXPECT_LE(worst.units, 1) << named.name << " of " << worst.x;

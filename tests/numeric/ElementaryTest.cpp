@@ -62,7 +62,7 @@ void expectSameBits(const std::vector<double>& found, const std::vector<double>&
 }
 
 simd::Values column(const std::vector<double>& values) {
-  return {values.data(), 1};
+  return {values.data()};
 }
 
 TEST(Elementary, EveryInstructionSetGivesTheBitsOfTheSingleFunctions) {
@@ -73,9 +73,9 @@ TEST(Elementary, EveryInstructionSetGivesTheBitsOfTheSingleFunctions) {
     for (const elementary::InstructionSet& set : elementary::instructionSets()) {
       SCOPED_TRACE(named.name + " " + std::string(set.name));
       std::vector<double> found(x.size());
-      std::ranges::transform(x, found.begin(), set.kernels->single[named.function]);
+      std::ranges::transform(x, found.begin(), set.kernels->*named.inSet);
       expectSameBits(found, expected);
-      EXPECT_FALSE(set.kernels->block[named.function](x.data(), found.data(), x.size()));
+      EXPECT_FALSE(set.kernels->functions[named.function](column(x), found.data(), x.size()));
       expectSameBits(found, expected);
     }
   }
@@ -88,10 +88,72 @@ TEST(Elementary, EveryInstructionSetGivesTheBitsOfTheSinglePower) {
   for (const elementary::InstructionSet& set : elementary::instructionSets()) {
     SCOPED_TRACE(set.name);
     std::vector<double> found(x.size());
-    std::ranges::transform(x, y, found.begin(), set.kernels->power);
+    std::ranges::transform(x, y, found.begin(), set.kernels->pow);
     expectSameBits(found, expected);
-    EXPECT_FALSE(set.kernels->powers(column(x), column(y), found.data(), x.size()));
+    EXPECT_FALSE(set.kernels->operators[simd::kPower](column(x), column(y), found.data(), x.size()));
     expectSameBits(found, expected);
+  }
+}
+
+/// Plain arithmetic at one point, and the kernel that does it in blocks.
+struct PlainFunction {
+  simd::Function function;
+  double (*plain)(double x);
+};
+struct PlainOperator {
+  simd::Operator op;
+  double (*plain)(double x, double y);
+};
+
+double arcSine(double x) {
+  const double end = x < 0 ? -3.1415926 / 2 : 3.1415926 / 2;
+  return std::fabs(x) >= 1 ? end : elementary::atan(x / std::sqrt(1 - x * x));
+}
+
+TEST(Elementary, EveryInstructionSetDoesPlainFunctionsLikeTheProcessor) {
+  const PlainFunction functions[] = {{simd::kAbs, [](double x) { return std::fabs(x); }},
+                                     {simd::kSqr, [](double x) { return std::sqrt(x); }},
+                                     {simd::kAsin, arcSine},
+                                     {simd::kAcos, [](double x) { return 3.1415926 / 2 - arcSine(x); }},
+                                     {simd::kSgn, [](double x) { return x < 0 ? -1.0 : 1.0; }},
+                                     {simd::kInt, [](double x) { return std::floor(x); }},
+                                     {simd::kNegate, [](double x) { return -x; }}};
+  std::vector<double> x = argumentsOf(simd::kSin, 6000);
+  Arguments arguments;
+  while (x.size() < 12000) x.push_back(arguments.between(-1, 1));
+  for (const elementary::InstructionSet& set : elementary::instructionSets()) {
+    for (const PlainFunction& function : functions) {
+      SCOPED_TRACE(std::string(set.name) + " " + std::to_string(function.function));
+      std::vector<double> found(x.size()), expected(x.size());
+      std::ranges::transform(x, expected.begin(), function.plain);
+      set.kernels->functions[function.function](column(x), found.data(), x.size());
+      expectSameBits(found, expected);
+      set.kernels->functions[function.function]({nullptr, 0.7}, found.data(), x.size());
+      expectSameBits(found, std::vector<double>(x.size(), function.plain(0.7)));
+    }
+  }
+}
+
+TEST(Elementary, EveryInstructionSetDoesPlainOperatorsLikeTheProcessor) {
+  const PlainOperator operators[] = {{simd::kTimes, [](double x, double y) { return x * y; }},
+                                     {simd::kDivide, [](double x, double y) { return x / y; }},
+                                     {simd::kPlus, [](double x, double y) { return x + y; }},
+                                     {simd::kMinus, [](double x, double y) { return x - y; }}};
+  const auto [x, y] = argumentsOfPower(10000);
+  for (const elementary::InstructionSet& set : elementary::instructionSets()) {
+    for (const PlainOperator& op : operators) {
+      SCOPED_TRACE(std::string(set.name) + " " + std::to_string(op.op));
+      std::vector<double> found(x.size()), expected(x.size());
+      std::ranges::transform(x, y, expected.begin(), op.plain);
+      set.kernels->operators[op.op](column(x), column(y), found.data(), x.size());
+      expectSameBits(found, expected);
+      set.kernels->operators[op.op](column(x), {nullptr, 0.7}, found.data(), x.size());
+      std::ranges::transform(x, expected.begin(), [&](double value) { return op.plain(value, 0.7); });
+      expectSameBits(found, expected);
+      set.kernels->operators[op.op]({nullptr, -3}, column(y), found.data(), x.size());
+      std::ranges::transform(y, expected.begin(), [&](double value) { return op.plain(-3, value); });
+      expectSameBits(found, expected);
+    }
   }
 }
 
@@ -101,13 +163,13 @@ TEST(Elementary, OneBaseOrOneExponentForAllPointsGivesTheSameBits) {
     for (const double value : {-2.0, -1.0, 0.0, 0.5, 1.0, 2.0, 3.0, 10.0, 2.37}) {
       SCOPED_TRACE(std::string(set.name) + " " + std::to_string(value));
       std::vector<double> found(x.size()), expected;
-      set.kernels->powers(column(x), {&value, 0}, found.data(), x.size());
+      set.kernels->operators[simd::kPower](column(x), {nullptr, value}, found.data(), x.size());
       for (const double base : x) expected.push_back(elementary::pow(base, value));
       expectSameBits(found, expected);
-      set.kernels->powers({&value, 0}, column(x), found.data(), x.size());
+      set.kernels->operators[simd::kPower]({nullptr, value}, column(x), found.data(), x.size());
       for (std::size_t i = 0; i < x.size(); ++i) expected[i] = elementary::pow(value, x[i]);
       expectSameBits(found, expected);
-      set.kernels->powers({&value, 0}, {&value, 0}, found.data(), x.size());
+      set.kernels->operators[simd::kPower]({nullptr, value}, {nullptr, value}, found.data(), x.size());
       expectSameBits(found, std::vector<double>(x.size(), elementary::pow(value, value)));
     }
   }
@@ -119,7 +181,7 @@ TEST(Elementary, BlocksOfAnyLengthStayWithinTheirPointsAndReplaceTheirArguments)
     for (std::size_t count = 0; count <= 40; ++count) {
       for (std::size_t begin = 0; begin < 3; ++begin) {
         std::vector<double> values = x;
-        set.kernels->block[simd::kSin](&values[begin], &values[begin], count);
+        set.kernels->functions[simd::kSin]({&values[begin]}, &values[begin], count);
         for (std::size_t i = 0; i < x.size(); ++i) {
           const bool within = i >= begin && i < begin + count;
           ASSERT_EQ(asHex(values[i]), asHex(within ? elementary::sin(x[i]) : x[i])) << set.name << " " << i;
@@ -133,11 +195,11 @@ TEST(Elementary, ABlockTellsWhetherAllItsResultsAreFinite) {
   for (const elementary::InstructionSet& set : elementary::instructionSets()) {
     for (std::size_t count = 1; count <= 20; ++count) {
       std::vector<double> x(count, 1.5), found(count);
-      EXPECT_TRUE(set.kernels->block[simd::kLog](x.data(), found.data(), count)) << set.name << count;
+      EXPECT_TRUE(set.kernels->functions[simd::kLog](column(x), found.data(), count)) << set.name << count;
       for (std::size_t wrong = 0; wrong < count; ++wrong) {
         x.assign(count, 1.5);
         x[wrong] = wrong % 2 == 0 ? 0 : -1;
-        EXPECT_FALSE(set.kernels->block[simd::kLog](x.data(), found.data(), count)) << set.name << count;
+        EXPECT_FALSE(set.kernels->functions[simd::kLog](column(x), found.data(), count)) << set.name << count;
       }
     }
   }
@@ -150,7 +212,7 @@ std::vector<std::string> resultLines() {
   for (const NamedFunction& named : kElementary) {
     const std::vector<double> x = argumentsOf(named.function, kSummed);
     std::vector<double> y(x.size());
-    elementary::instructionSet().kernels->block[named.function](x.data(), y.data(), x.size());
+    elementary::kernels().functions[named.function](column(x), y.data(), x.size());
     std::uint64_t sum = 0;
     for (std::size_t i = 0; i < x.size(); ++i) {
       if (i < kListed) lines.push_back(named.name + " " + asHex(x[i]) + " " + asHex(y[i]));
@@ -160,7 +222,7 @@ std::vector<std::string> resultLines() {
   }
   const auto [x, y] = argumentsOfPower(kSummed);
   std::vector<double> power(x.size());
-  elementary::instructionSet().kernels->powers(column(x), column(y), power.data(), x.size());
+  elementary::kernels().operators[simd::kPower](column(x), column(y), power.data(), x.size());
   std::uint64_t sum = 0;
   for (std::size_t i = 0; i < x.size(); ++i) {
     if (i >= x.size() - kListed)

@@ -12,7 +12,9 @@ namespace {
 
 class MenuEntriesTest : public MainFormFixture {
  protected:
-  static QString nameOf(Control control) { return QString::fromStdString(std::string(controlName(control))); }
+  static QString nameOf(Control control) {
+    return QString::fromStdString(std::string(commandOf(control).name));
+  }
   /// The control of an entry, by the name of its action or of its menu.
   static QString nameOf(const QAction* action) {
     return action->menu() == nullptr ? action->objectName() : action->menu()->objectName();

@@ -19,11 +19,11 @@ bool isOneName(const std::string& name) {
 Assignment parseAssignment(const std::string& argument) {
   const int equals = position(argument, "=");
   const std::string name = trim(left(argument, equals - 1));
-  const std::string text = trim(mid(argument, equals + 1));
-  if (equals == 0 || !isOneName(name) || !isNumeric(text)) {
+  const auto value = numberIn(trim(mid(argument, equals + 1)));
+  if (equals == 0 || !isOneName(name) || !value) {
     throw UsageError("\"" + argument + "\": si attende NOME=NUMERO");
   }
-  return {textOfWord(name), scanNumber(text)};
+  return {textOfWord(name), *value};
 }
 
 std::vector<Assignment> parseAssignments(const std::vector<std::string>& arguments) {

@@ -23,7 +23,7 @@ void takeLastInner(Session& session) {
 }
 
 int catalogueIndex(const std::string& text, const std::vector<CatalogueEntry>& list, const char* what) {
-  const double index = isNumeric(text) ? scanNumber(text) : 0;
+  const double index = numberIn(text).value_or(0);
   if (!(index >= 1 && index <= static_cast<double>(list.size())) || index != static_cast<int>(index)) {
     throw UsageError("--catalogue: la funzione " + std::string(what) + " va da 1 a " +
                      std::to_string(list.size()));

@@ -72,9 +72,9 @@ Json report(const std::string& functionText, const ParameterSet& par, const Prop
 EnteredValue parseValueWithError(const std::string& argument) {
   const int comma = position(argument, ",");
   if (comma == 0) return {parseAssignment(argument), 0};
-  const std::string error = trim(mid(argument, comma + 1));
-  if (!isNumeric(error)) throw UsageError("\"" + argument + "\": si attende NOME=NUMERO,ERRORE");
-  return {parseAssignment(left(argument, comma - 1)), scanNumber(error)};
+  const auto error = numberIn(trim(mid(argument, comma + 1)));
+  if (!error) throw UsageError("\"" + argument + "\": si attende NOME=NUMERO,ERRORE");
+  return {parseAssignment(left(argument, comma - 1)), *error};
 }
 
 int runPropagate(const PropagateArguments& arguments) {

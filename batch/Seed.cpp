@@ -13,7 +13,7 @@ namespace {
 
 float seedOf(const std::string& text) {
   if (text.empty()) return SystemClock().timer();
-  const double value = isNumeric(text) ? scanNumber(text) : HUGE_VAL;
+  const double value = numberIn(text).value_or(HUGE_VAL);
   if (std::abs(value) > static_cast<double>(std::numeric_limits<float>::max())) {
     throw UsageError("--seed \"" + text + "\": si attende un numero");
   }

@@ -24,8 +24,8 @@ constexpr int kMostPoints = 32767;
 /// A number of an option; `otherwise` where it is left out.
 double number(const char* option, const std::string& text, double otherwise) {
   if (text.empty()) return otherwise;
-  if (!isNumeric(text)) throw UsageError(std::string(option) + " \"" + text + "\": si attende un numero");
-  return scanNumber(text);
+  if (const auto value = numberIn(text)) return *value;
+  throw UsageError(std::string(option) + " \"" + text + "\": si attende un numero");
 }
 
 /// The program itself would only speak of an overflow.

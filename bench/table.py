@@ -19,6 +19,7 @@ BUILD = ROOT / "build/bench"
 KEPT = ROOT / "bench/baseline.json"
 LARGE = BUILD / "large.dat"
 SMALL = ROOT / "examples/pendulum.dat"
+SHEET = BUILD / "sheet.gra"
 
 
 class Loop:
@@ -79,6 +80,9 @@ def rows():
         yield f"{label}, image", Loop(program, f"onImage/{name}/2"), Loop(program, f"plainImage/{name}"), 1
         yield f"{label}, PDF", Loop(program, f"toPdf/{name}"), Loop(program, f"plainPdf/{name}"), 1
     yield "bars, SVG", Loop("figures", "toSvg/points_with_bars"), Loop("figures", "plainSvg/points_with_bars"), 1
+    for ending in ("png", "svg", "pdf"):
+        yield (f"draw, {ending.upper()}", Process("batch/vor_kel_figures", "draw", SHEET, "-o", BUILD / f"own.{ending}"),
+               Process("bench/plain/plain_draw", BUILD / f"plain.{ending}"), 1)
 
 
 def measured(own, plain, units):
@@ -108,6 +112,11 @@ def write_large():
     LARGE.write_bytes("".join(line + "\r\n" for line in lines).encode())
 
 
+def write_sheet():
+    """A line and a word."""
+    SHEET.write_bytes(b"\\LINEA(2, 18, 26, 10)\r\n\\SCRIVI(5, 12, 1, 0, 12,word)\r\n")
+
+
 def line(name, now, before, worse, label):
     kept = f"{before['ratio']:.2f}" if before else "-"
     quartiles = f"{now['low']:.2f} .. {now['high']:.2f}"
@@ -130,6 +139,7 @@ def main():
     parser.add_argument("words", nargs="*", help="only the figures whose names hold one of these words")
     arguments = parser.parse_args()
     write_large()
+    write_sheet()
     figures = json.loads(KEPT.read_text())["figures"] if KEPT.exists() else {}
     slower = []
     print(f"{'figure':24}{'own':>9}{'plain':>9}{'ratio':>8}  {'quartiles':16}{'kept':>6}")

@@ -8,7 +8,9 @@
 #include <QRawFont>
 #include <array>
 #include <cmath>
+#include <deque>
 #include <map>
+#include <optional>
 #include <tuple>
 
 #include "base/CodePage.h"
@@ -30,37 +32,47 @@ constexpr const char* kFaces[] = {"Liberation Sans", "Arimo",          "Arial", 
 struct Letter {
   double advance = 0;
   QPainterPath outline;
-  int font = 0;
+  std::size_t font = 0;
 };
 
-std::vector<QRawFont> systemFonts() {
-  std::vector<QRawFont> fonts;
-  const QStringList families = QFontDatabase::families();
-  for (const char* face : kFaces) {
-    if (!families.contains(QLatin1String(face))) continue;
-    QFont font{QString::fromLatin1(face)};
-    font.setPixelSize(kOutlineSize);
-    font.setHintingPreference(QFont::PreferNoHinting);
-    fonts.push_back(QRawFont::fromFont(font));
-  }
-  if (fonts.empty()) {
-    QFont font;
-    font.setPixelSize(kOutlineSize);
-    fonts.push_back(QRawFont::fromFont(font));
-  }
-  return fonts;
+QRawFont outlineFont(QFont font) {
+  font.setPixelSize(kOutlineSize);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  return QRawFont::fromFont(font);
 }
 
-Letter letterOf(const std::vector<QRawFont>& fonts, char32_t character) {
+/// The faces that the system has. Each is loaded when a letter needs it: most drawings need but the first.
+class Faces {
+ public:
+  Faces() {
+    const QStringList families = QFontDatabase::families();
+    for (const char* face : kFaces) {
+      if (families.contains(QLatin1String(face))) names_.push_back(QString::fromLatin1(face));
+    }
+    if (names_.empty()) names_.push_back(QFont().family());
+  }
+
+  std::size_t count() const { return names_.size(); }
+  const QRawFont& font(std::size_t index) {
+    while (fonts_.size() <= index) fonts_.push_back(outlineFont(QFont(names_[fonts_.size()])));
+    return fonts_[index];
+  }
+
+ private:
+  std::vector<QString> names_;
+  std::deque<QRawFont> fonts_;
+};
+
+Letter letterOf(Faces& faces, char32_t character) {
   Letter letter;
-  for (std::size_t i = 0; i < fonts.size(); ++i) {
-    if (!fonts[i].supportsCharacter(static_cast<uint>(character))) continue;
-    const QString text = QString::fromUcs4(&character, 1);
-    const QList<quint32> glyphs = fonts[i].glyphIndexesForString(text);
+  for (std::size_t i = 0; i < faces.count(); ++i) {
+    const QRawFont& font = faces.font(i);
+    if (!font.supportsCharacter(static_cast<uint>(character))) continue;
+    const QList<quint32> glyphs = font.glyphIndexesForString(QString::fromUcs4(&character, 1));
     if (glyphs.isEmpty()) continue;
-    letter.font = static_cast<int>(i);
-    letter.advance = fonts[i].advancesForGlyphIndexes(glyphs).value(0).x() / kOutlineSize;
-    letter.outline = fonts[i].pathForGlyph(glyphs.front());
+    letter.font = i;
+    letter.advance = font.advancesForGlyphIndexes(glyphs).value(0).x() / kOutlineSize;
+    letter.outline = font.pathForGlyph(glyphs.front());
     break;
   }
   return letter;
@@ -87,8 +99,8 @@ GlyphMask maskOf(const QPainterPath& shape, const QRect& part) {
 }  // namespace
 
 struct QtLetters::Tables {
-  std::vector<QRawFont> fonts = systemFonts();
-  std::array<std::array<Letter, 256>, 2> letters;
+  Faces faces;
+  std::array<std::array<std::optional<Letter>, 256>, 2> letters;
   using Key = std::tuple<bool, unsigned char, long, long>;
   std::map<Key, GlyphMask> masks;
   std::size_t maskBytes = 0;
@@ -104,18 +116,18 @@ struct QtLetters::Tables {
     return masks[key] = std::move(mask);
   }
 
-  const Letter& letter(bool symbol, unsigned char code) const { return letters[symbol ? 1 : 0][code]; }
+  /// Loaded when it is first asked for; a character below the space has no width and no outline.
+  const Letter& letter(bool symbol, unsigned char code) {
+    std::optional<Letter>& letter = letters[symbol ? 1 : 0][code];
+    if (!letter) {
+      const auto codePage = symbol ? CodePage::kSymbol : CodePage::kWindows1252;
+      letter = code < ' ' ? Letter() : letterOf(faces, toUnicode(static_cast<char>(code), codePage));
+    }
+    return *letter;
+  }
 };
 
-QtLetters::QtLetters() : tables_(std::make_unique<Tables>()) {
-  for (const bool symbol : {false, true}) {
-    for (std::size_t code = 32; code < 256; ++code) {
-      const char c = static_cast<char>(static_cast<unsigned char>(code));
-      const char32_t character = toUnicode(c, symbol ? CodePage::kSymbol : CodePage::kWindows1252);
-      tables_->letters[symbol ? 1 : 0][code] = letterOf(tables_->fonts, character);
-    }
-  }
-}
+QtLetters::QtLetters() : tables_(std::make_unique<Tables>()) {}
 
 QtLetters::~QtLetters() = default;
 
@@ -125,12 +137,12 @@ double QtLetters::advance(bool symbol, unsigned char code) {
 
 // Both layouts have the line of the first font, so that their letters stand on one base line.
 double QtLetters::lineHeight(bool) {
-  const QRawFont& font = tables_->fonts.front();
+  const QRawFont& font = tables_->faces.font(0);
   return (font.ascent() + font.descent()) / kOutlineSize;
 }
 
 double QtLetters::ascent(bool) {
-  return tables_->fonts.front().ascent() / kOutlineSize;
+  return tables_->faces.font(0).ascent() / kOutlineSize;
 }
 
 const GlyphMask& QtLetters::glyph(bool symbol, unsigned char code, double pixels, double angle,
@@ -157,8 +169,7 @@ std::size_t QtLetters::keptBytes() const {
 }
 
 std::string QtLetters::face(bool symbol, unsigned char code) const {
-  const auto font = static_cast<std::size_t>(tables_->letter(symbol, code).font);
-  return tables_->fonts[font].familyName().toStdString();
+  return tables_->faces.font(tables_->letter(symbol, code).font).familyName().toStdString();
 }
 
 }  // namespace vk

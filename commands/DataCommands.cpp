@@ -25,7 +25,7 @@ void tell(Dialogs& dialogs, const WindowText& text) {
 
 void tellErrors(const Session& session, Ports& ports, const std::string& name, const std::string& errors) {
   if (session.settings.ShowErrors != kFalse) {
-    ports.output.OutShow(reportRequest(kReadData + kErrorListSuffix, errors));
+    ports.output.OutShow(reportRequest(kReadData + kErrorListSuffix, Cp437Text(errors)));
   } else {
     tell(ports.dialogs, WindowText(kDataFileErrors + name + "!"));
   }

@@ -223,12 +223,12 @@ void FitScreen::printStatusWord(int row, const std::string& word) {
 }
 
 void FitScreen::drawFrame(int row1, int column1, int row2, int column2, const std::string& title) {
-  ports_.output.CharFrame(row1, column1, row2, column2, kFrameStyle, title);
+  ports_.output.CharFrame(row1, column1, row2, column2, kFrameStyle, Cp437Text(title));
 }
 
 void FitScreen::printAt(int row, int column, const std::string& text) {
   ports_.output.CharLocate(row, column);
-  ports_.output.print(text);
+  ports_.output.print(Cp437Text(text));
 }
 
 }  // namespace vk

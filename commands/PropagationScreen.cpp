@@ -113,7 +113,7 @@ void PropagationScreen::printError(int row, const std::string& label, double err
 
 void PropagationScreen::printAt(int row, int column, const std::string& text) {
   output_.CharLocate(row, column);
-  output_.print(text);
+  output_.print(Cp437Text(text));
 }
 
 }  // namespace vk

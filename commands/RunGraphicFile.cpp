@@ -15,7 +15,7 @@ constexpr const char* kPrinterDevice = "Printer";
 constexpr std::size_t kFileScale = 3;
 
 void showErrors(OutputWindow& output, const std::string& errors, bool onPrinter) {
-  OutputRequest request = reportRequest(kErrorCaption, errors);
+  OutputRequest request = reportRequest(kErrorCaption, Cp437Text(errors));
   request.owner = onPrinter ? Form::kMain : Form::kActivePlot;
   output.OutShow(request);
 }

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "base/CodePage.h"
-
 namespace vk {
 namespace {
 
@@ -31,8 +29,8 @@ const CharGrid::Cell& CharGrid::cell(int row, int col) const {
   return const_cast<CharGrid*>(this)->cell(row, col);
 }
 
-void CharGrid::print(int row, int col, std::string_view text) {
-  for (char c : text) {
+void CharGrid::print(int row, int col, const Cp437Text& text) {
+  for (const char c : text.bytes()) {
     if (contains(row, col)) cell(row, col) = {c, true};
     ++col;
   }
@@ -99,7 +97,7 @@ std::string CharGrid::toUtf8() const {
     std::string line;
     for (int col = 1; col <= cols_; ++col) {
       const unsigned lines = arms[static_cast<std::size_t>((row - 1) * cols_ + col - 1)];
-      line += covers(row, col) || lines == 0 ? vk::toUtf8(std::string(1, at(row, col)), CodePage::kCp437)
+      line += covers(row, col) || lines == 0 ? vk::toUtf8(Cp437Text(std::string(1, at(row, col))))
                                              : kLines[lines];
     }
     result += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
+
+#include "base/EncodedText.h"
 
 namespace vk {
 
@@ -14,7 +15,7 @@ struct GridFrame {
 };
 
 /// A screen of character cells as a value: reports and the fit screen draw into it, the window paints it,
-/// the terminal prints it, tests compare it as text. Characters are code page 437, rows and columns count
+/// the terminal prints it, tests compare it as text. Characters are code page 437; rows and columns count
 /// from 1. What falls outside the grid is dropped.
 class CharGrid {
  public:
@@ -25,7 +26,7 @@ class CharGrid {
   int cols() const { return cols_; }
 
   /// Replaces the cells that the text covers, whatever stood there, frames included.
-  void print(int row, int col, std::string_view text);
+  void print(int row, int col, const Cp437Text& text);
 
   /// Draws a frame over what is there; characters other than blanks stay readable.
   void frame(const GridFrame& frame);

@@ -1,14 +1,12 @@
 #pragma once
 
-#include <string>
-
 #include "platform/CharGrid.h"
 
 namespace vk {
 
-/// A text from the clipboard, code page 437.
+/// A text from the clipboard.
 struct ClipboardText {
-  std::string text{};
+  Cp437Text text{};
   bool complete = true;  ///< false when characters without a place in the code page were left out
 };
 
@@ -18,8 +16,7 @@ class Clipboard {
  public:
   virtual ~Clipboard() = default;
   virtual void clear() = 0;
-  /// Text in code page 437.
-  virtual void setText(const std::string& text) = 0;
+  virtual void setText(const Cp437Text& text) = 0;
   /// A grid of characters and frames as a bitmap, with its text beside it for programs that take no pictures.
   virtual void setGrid(const CharGrid& grid) = 0;
   /// The text on the clipboard; empty when it holds none.

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "base/EncodedText.h"
 
 namespace vk {
@@ -9,7 +7,7 @@ namespace vk {
 /// The controls of the editor, of which one holds the text: the plain box, and the one for large files.
 enum class EditControl { kTxtEdiOld, kTxtEdi };
 
-/// The text editor `FrmEdi`. Texts are 8-bit, code page 437. Each pair of CR and LF ends a line; a CR or LF of its
+/// The text editor `FrmEdi`. Each pair of CR and LF ends a line; a CR or LF of its
 /// own is a character of its line and comes back as such.
 class EditorForm {
  public:
@@ -17,19 +15,19 @@ class EditorForm {
 
   /// Empties the control, gives it the text, and shows the editor, modeless, with the caret at the start and the
   /// palette closed. What was done to an earlier text cannot be undone.
-  virtual void showEditor(const WindowText& caption, const std::string& text, EditControl control) = 0;
+  virtual void showEditor(const WindowText& caption, const Cp437Text& text, EditControl control) = 0;
   /// The editor vanishes; its text stays until the next showing.
   virtual void hideEditor() = 0;
   /// The focus goes back to the control; the editor stays open.
   virtual void focusEditor() = 0;
 
   /// The text as it stands in the control.
-  virtual std::string editorText() = 0;
+  virtual Cp437Text editorText() = 0;
   /// The selected part of it; empty when nothing is selected.
-  virtual std::string SelText() = 0;
+  virtual Cp437Text SelText() = 0;
   /// Puts a text in at `SelStart`, the start of the selection or the caret. What is selected stays, without its
   /// selection; the caret stands at `SelStart`, before the new text.
-  virtual void insertText(const std::string& text) = 0;
+  virtual void insertText(const Cp437Text& text) = 0;
 
   /// Shows the palette and disables the control.
   virtual void showPalette() = 0;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <string>
 
 #include "platform/OutputWindow.h"
 
@@ -13,8 +12,8 @@ class GridOutput : public OutputWindow {
  public:
   void OutShow(const OutputRequest& request) override;
   void CharLocate(int row, int col) override;
-  void print(std::string_view text) override;
-  void CharFrame(int row1, int col1, int row2, int col2, int style, const std::string& title) override;
+  void print(const Cp437Text& text) override;
+  void CharFrame(int row1, int col1, int row2, int col2, int style, const Cp437Text& title) override;
   void refresh() override {}
   void setSaveRoutine(std::function<void()> routine) override { saveRoutine_ = std::move(routine); }
   void FrmOut_Exit() override { open_ = false; }

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "base/EncodedText.h"
@@ -21,7 +19,7 @@ struct OutputRequest {
   Int16 cols = 0;
   std::vector<WindowText> captions{};
   WindowText caption{};
-  std::string text{};  ///< code page 437; text mode when it is not empty after trimming, else drawing mode
+  Cp437Text text{};  ///< text mode when it is not empty after trimming, else drawing mode
   /// A window that is still open stays beside the new one, to be read and closed by the user.
   bool beside = false;
 };
@@ -30,7 +28,7 @@ struct OutputRequest {
 inline const std::vector<WindowText> kReportButtons{kContinueButton, kPrintButton, kCopyButton};
 
 /// The window of the reports that list the errors of a file.
-inline OutputRequest reportRequest(const WindowText& caption, const std::string& text) {
+inline OutputRequest reportRequest(const WindowText& caption, const Cp437Text& text) {
   return {.rows = 25, .cols = 80, .captions = kReportButtons, .caption = caption, .text = text};
 }
 
@@ -46,10 +44,10 @@ class OutputWindow {
   /// Sets the print position to a cell; rows and columns from 1.
   virtual void CharLocate(int row, int col) = 0;
   /// Prints at the print position, opaque, and moves it behind the text.
-  virtual void print(std::string_view text) = 0;
+  virtual void print(const Cp437Text& text) = 0;
   /// A frame through the centres of the corner cells; a title is printed centred in the
   /// row below the top side.
-  virtual void CharFrame(int row1, int col1, int row2, int col2, int style, const std::string& title) = 0;
+  virtual void CharFrame(int row1, int col1, int row2, int col2, int style, const Cp437Text& title) = 0;
 
   /// Shows what has been drawn so far; a long computation calls it now and then.
   virtual void refresh() = 0;

@@ -34,8 +34,8 @@ class Printer {
   virtual Twips Width() = 0;
   virtual Twips Height() = 0;
 
-  /// Prints text lines (code page 437) from the top of the page in a fixed-width font of `points`.
-  virtual void printText(const std::string& text, const std::string& face, double points) = 0;
+  /// Prints text lines from the top of the page in a fixed-width font of `points`.
+  virtual void printText(const Cp437Text& text, const std::string& face, double points) = 0;
 
   /// Prints a grid of characters and frames; it stays text and lines on paper.
   virtual void printGrid(const CharGrid& grid, const GridPlace& place) = 0;

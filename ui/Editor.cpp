@@ -55,10 +55,10 @@ std::string fileOfLines(const std::string& text) {
 }
 
 /// Paper has no tab stops.
-std::string withoutTabs(const std::string& text) {
+Cp437Text withoutTabs(const Cp437Text& text) {
   std::string expanded;
   int column = 0;
-  for (const char c : text) {
+  for (const char c : text.bytes()) {
     if (c == '\t') {
       const int blanks = kTabColumns - column % kTabColumns;
       expanded += repeat(blanks, ' ');
@@ -68,7 +68,7 @@ std::string withoutTabs(const std::string& text) {
       column = c == '\n' ? 0 : column + 1;
     }
   }
-  return expanded;
+  return Cp437Text(expanded);
 }
 
 const WindowText& kindWord(Int16 kind) {
@@ -121,7 +121,7 @@ void Editor::OpenEditor(const std::string& path, Int16 kind) {
   shut_ = std::make_unique<ShutWindow>(ports_.window, Form::kEditor);
   file_ = wanted;
   form_->showEditor(captionOf(wanted) + " " + ownName(wanted),
-                    textOfFile(bytes, wanted.control == EditControl::kTxtEdiOld), wanted.control);
+                    Cp437Text(textOfFile(bytes, wanted.control == EditControl::kTxtEdiOld)), wanted.control);
 }
 
 /// False when the command is to stop.
@@ -165,7 +165,7 @@ void Editor::MnuFilSav() {
 
 /// The text as it goes into the file.
 std::string Editor::textOfForm() {
-  std::string text = form_->editorText();
+  std::string text(form_->editorText().bytes());
   return file_.control == EditControl::kTxtEdiOld ? fileOfLines(text) : text;
 }
 
@@ -181,7 +181,8 @@ void Editor::tellErrors(const std::string& report) {
       return close();
     case kShowErrors: {
       // QUIRK: reports of function files bear the caption of data files as well.
-      OutputRequest request = reportRequest(kReadCaption + kKindWords[0] + kErrorListSuffix, report);
+      OutputRequest request =
+          reportRequest(kReadCaption + kKindWords[0] + kErrorListSuffix, Cp437Text(report));
       request.owner = Form::kEditor;
       return ports_.output.OutShow(request);
     }
@@ -206,7 +207,7 @@ void Editor::MnuModCop() {
 }
 
 bool Editor::canInsert() {
-  return !trim(ports_.clipboard.text().text).empty();
+  return !trim(ports_.clipboard.text().text.bytes()).empty();
 }
 
 void Editor::MnuModInc() {
@@ -224,7 +225,7 @@ void Editor::MnuChrIns() {
 void Editor::LblChr(int cell) {
   // QUIRK: the last cell is the hard blank, which nobody could tell from a blank in a file: it inserts nothing.
   if (cell != kPaletteCells - 1) {
-    form_->insertText(std::string(1, static_cast<char>(cell + kFirstPaletteCode)));
+    form_->insertText(Cp437Text(std::string(1, static_cast<char>(cell + kFirstPaletteCode))));
   }
   form_->hidePalette();
 }

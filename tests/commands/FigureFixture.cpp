@@ -37,13 +37,13 @@ std::vector<std::string> FigureFixture::drawing(const Calls& calls) {
 
 void FigureFixture::expectDraws(const std::string& text, const Calls& calls) {
   EXPECT_EQ(run(text), drawing(calls)) << text;
-  EXPECT_EQ(output.requests.size(), 0U) << text << output.request().text;
+  EXPECT_EQ(output.requests.size(), 0U) << text << output.request().text.bytes();
 }
 
 std::string FigureFixture::errorsOf(const std::string& text) {
   output.requests.clear();
   run(text);
-  return output.requests.empty() ? "" : output.requests.back().text;
+  return output.requests.empty() ? "" : std::string(output.requests.back().text.bytes());
 }
 
 void FigureFixture::loadData(const std::string& name, const std::vector<std::array<double, 4>>& points,

@@ -45,7 +45,7 @@ class FigureSequence : public FigureFixture {
     MenGraLetFil(session, TestPorts(files, dialogs, window));
     const std::size_t shown = output.requests.size();
     MenGraVisFil(session, ports);
-    EXPECT_EQ(output.requests.size(), shown) << output.request().text;
+    EXPECT_EQ(output.requests.size(), shown) << output.request().text.bytes();
     return lastWindow().form.lines();
   }
   std::vector<std::string> lastFigure() { return lastWindow().form.lines(); }

@@ -175,8 +175,8 @@ TEST_F(FunctionCommandsTest, QuirkABadFileWithTheOptionOnShowsItsReportAndThenAn
   ASSERT_EQ(output.requests.size(), 2U);
   const OutputRequest& report = output.requests[0];
   EXPECT_EQ(report.caption, "VOR_KEL: Lettura File Funzioni - Controllo File");
-  EXPECT_THAT(report.text, testing::HasSubstr("* ERR. Variabile z NON definita\r\n"));
-  EXPECT_THAT(report.text, testing::HasSubstr("* ERR. Errori nella Compilazione\r\n"));
+  EXPECT_THAT(report.text.bytes(), testing::HasSubstr("* ERR. Variabile z NON definita\r\n"));
+  EXPECT_THAT(report.text.bytes(), testing::HasSubstr("* ERR. Errori nella Compilazione\r\n"));
   const OutputRequest& second = output.requests[1];
   EXPECT_EQ(second.caption, "VOR_KEL: Lettura File Funzioni - ERRORI");
   EXPECT_EQ(second.rows, 25);

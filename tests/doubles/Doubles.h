@@ -96,7 +96,7 @@ class RecordingPrinter : public Printer {
   void setOrientation(Int16 wanted) override;
   Twips Width() override { return Twips(orientation == kLandscape ? 16000 : 11000); }
   Twips Height() override { return Twips(orientation == kLandscape ? 11000 : 16000); }
-  void printText(const std::string& printed, const std::string& fontFace, double size) override;
+  void printText(const Cp437Text& printed, const std::string& fontFace, double size) override;
   void printGrid(const CharGrid& printed, const GridPlace& where) override;
   void EndDoc() override;
 };
@@ -110,9 +110,9 @@ class RecordingClipboard : public Clipboard {
   std::vector<std::string> calls;  ///< "clear", "text", "grid" in order
 
   void clear() override { calls.emplace_back("clear"), held.clear(), grid = CharGrid(); }
-  void setText(const std::string& text) override { calls.emplace_back("text"), held = text; }
+  void setText(const Cp437Text& text) override { calls.emplace_back("text"), held = text.bytes(); }
   void setGrid(const CharGrid& shown) override { calls.emplace_back("grid"), grid = shown; }
-  ClipboardText text() override { return {held, complete}; }
+  ClipboardText text() override { return {Cp437Text(held), complete}; }
 };
 
 /// A main window that remembers its state instead of showing it.

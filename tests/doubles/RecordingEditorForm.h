@@ -17,20 +17,20 @@ class RecordingEditorForm : public EditorForm {
   bool palette = false;
   std::vector<std::string> calls;  ///< "show", "hide", "focus", "palette", "close palette" in order
 
-  void showEditor(const WindowText& title, const std::string& shown, EditControl which) override {
+  void showEditor(const WindowText& title, const Cp437Text& shown, EditControl which) override {
     calls.emplace_back("show");
     visible = true;
     caption = title.bytes();
-    text = shown;
+    text = shown.bytes();
     control = which;
     SelStart = SelLength = 0;
   }
   void hideEditor() override { calls.emplace_back("hide"), visible = false; }
   void focusEditor() override { calls.emplace_back("focus"); }
-  std::string editorText() override { return text; }
-  std::string SelText() override { return text.substr(SelStart, SelLength); }
-  void insertText(const std::string& inserted) override {
-    text.insert(SelStart, inserted);
+  Cp437Text editorText() override { return Cp437Text(text); }
+  Cp437Text SelText() override { return Cp437Text(text.substr(SelStart, SelLength)); }
+  void insertText(const Cp437Text& inserted) override {
+    text.insert(SelStart, inserted.bytes());
     SelLength = 0;
   }
   void showPalette() override { calls.emplace_back("palette"), palette = true; }

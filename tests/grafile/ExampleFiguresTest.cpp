@@ -19,7 +19,7 @@ class ExampleFigures : public FigureFixture, public ::testing::WithParamInterfac
 TEST_P(ExampleFigures, RunWithoutErrorsAndShowTheirData) {
   const std::string text = files.content.at(GetParam());
   const auto drawn = run(text);
-  EXPECT_TRUE(output.requests.empty()) << output.request().text;
+  EXPECT_TRUE(output.requests.empty()) << output.request().text.bytes();
   EXPECT_GT(drawn.size(), 100U);
   // The curves of the log-log plot have no marks.
   EXPECT_EQ(contains(drawn, "circle "), GetParam() != "loglog.gra");

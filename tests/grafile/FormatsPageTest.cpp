@@ -87,7 +87,7 @@ TEST_F(FormatsPage, TheFunctionFileHasItsFunctions) {
 
 TEST_F(FormatsPage, TheFirstFigureShowsLineDataAndTexts) {
   const auto drawn = run(files.content.at("molla.gra"));
-  EXPECT_TRUE(output.requests.empty()) << output.request().text;
+  EXPECT_TRUE(output.requests.empty()) << output.request().text.bytes();
   int marks = 0;
   for (const std::string& line : drawn) marks += line.starts_with("fill+stroke ");
   EXPECT_EQ(marks, 5);
@@ -96,7 +96,7 @@ TEST_F(FormatsPage, TheFirstFigureShowsLineDataAndTexts) {
 
 TEST_F(FormatsPage, TheHiddenAxisGivesTheFormulaItsRangeOnALogarithmicAxis) {
   const auto drawn = run(files.content.at("potenza.gra"));
-  EXPECT_TRUE(output.requests.empty()) << output.request().text;
+  EXPECT_TRUE(output.requests.empty()) << output.request().text.bytes();
   // From (0.01, 200) above the area to (10, 6.3), in pixels of a form at half size.
   for (const std::string& line : drawn) {
     if (!line.starts_with("polyline ")) continue;

@@ -291,7 +291,7 @@ TEST_F(GraphicCommandsTest, PlacesFarOutsideAreNoErrorsOnAnyDevice) {
   for (const char* device : {"Form", "Printer"}) {
     output.requests.clear();
     run(text, device);
-    EXPECT_TRUE(output.requests.empty()) << device << ": " << output.requests.back().text;
+    EXPECT_TRUE(output.requests.empty()) << device << ": " << output.requests.back().text.bytes();
   }
 }
 
@@ -304,7 +304,7 @@ TEST_F(GraphicCommandsTest, ListOfErrorsIsTheSameOnAllDevices) {
     output.requests.clear();
     run(text, device);
     ASSERT_EQ(output.requests.size(), 1U) << device;
-    errors.push_back(output.requests.back().text);
+    errors.emplace_back(output.requests.back().text.bytes());
   }
   EXPECT_EQ(errors[0], lines({"*** Parametri di TIPO_LINEA Errati", "*** Parametri di CURVA Errati",
                               "*** Parametri di LINEA Errati", "*** Parametri di LINEA Errati",

@@ -55,7 +55,7 @@ TEST(CharGrid, AFrameShowsThroughEarlierBlanksButNotThroughLetters) {
 
 TEST(CharGrid, ShowsCodePage437) {
   CharGrid grid(1, 4);
-  grid.print(1, 1, "X\xFD/\xE6");
+  grid.print(1, 1, Cp437Text(std::string("X\xFD/\xE6")));
   EXPECT_EQ(grid.toUtf8(), "X²/µ\n");
 }
 

@@ -105,7 +105,7 @@ TEST_F(EditorTest, VisualizzaShowsTheReportOfTheFunctionReader) {
   editor.MnuFilSav();
   ASSERT_EQ(output.requests.size(), 1u);
   expectReport(output.requests[0]);
-  const std::string& report = output.requests[0].text;
+  const std::string_view report = output.requests[0].text.bytes();
   EXPECT_NE(report.find("*********** Funzione:      1\r\nParametri:   A,B\r\nDefinizione: A*x+C\r\n"
                         "Descrizione: retta\r\nControllo Funzione:\r\n"),
             std::string::npos)

@@ -6,6 +6,7 @@
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
 #include "doubles/RecordingEditorForm.h"
+#include "doubles/TextComparison.h"
 #include "gral/PlotWindows.h"
 #include "gral/sinks/RecorderDevice.h"
 #include "platform/FunctionForms.h"
@@ -143,8 +144,8 @@ class FaultyOutput : public OutputModel {
   explicit FaultyOutput(PortFault& fault) : fault_(fault) {}
   void OutShow(const OutputRequest& request) override { OutputModel::OutShow(request), fault_.pass(); }
   void CharLocate(int row, int col) override { fault_.pass(), OutputModel::CharLocate(row, col); }
-  void print(std::string_view text) override { fault_.pass(), OutputModel::print(text); }
-  void CharFrame(int row1, int col1, int row2, int col2, int style, const std::string& title) override {
+  void print(const Cp437Text& text) override { fault_.pass(), OutputModel::print(text); }
+  void CharFrame(int row1, int col1, int row2, int col2, int style, const Cp437Text& title) override {
     fault_.pass(), OutputModel::CharFrame(row1, col1, row2, col2, style, title);
   }
   void refresh() override { fault_.pass(); }
@@ -273,11 +274,11 @@ class FaultyPlots : public PlotWindows {
 class FaultyEditorForm : public RecordingEditorForm {
  public:
   explicit FaultyEditorForm(PortFault& fault) : fault_(fault) {}
-  void showEditor(const WindowText& title, const std::string& shown, EditControl which) override {
+  void showEditor(const WindowText& title, const Cp437Text& shown, EditControl which) override {
     RecordingEditorForm::showEditor(title, shown, which), fault_.pass();
   }
   void focusEditor() override { fault_.pass(); }
-  std::string editorText() override { return fault_.pass(), RecordingEditorForm::editorText(); }
+  Cp437Text editorText() override { return fault_.pass(), RecordingEditorForm::editorText(); }
 
  private:
   PortFault& fault_;
@@ -298,7 +299,7 @@ class FaultyClipboard : public RecordingClipboard {
  public:
   explicit FaultyClipboard(PortFault& fault) : fault_(fault) {}
   void clear() override { fault_.pass(), RecordingClipboard::clear(); }
-  void setText(const std::string& text) override { fault_.pass(), RecordingClipboard::setText(text); }
+  void setText(const Cp437Text& text) override { fault_.pass(), RecordingClipboard::setText(text); }
   void setGrid(const CharGrid& shown) override { fault_.pass(), RecordingClipboard::setGrid(shown); }
   ClipboardText text() override { return fault_.pass(), RecordingClipboard::text(); }
 
@@ -315,7 +316,7 @@ class FaultyTextPrinter : public RecordingPrinter {
   void setOrientation(Int16 wanted) override { fault_.pass(), RecordingPrinter::setOrientation(wanted); }
   Twips Width() override { return fault_.pass(), RecordingPrinter::Width(); }
   Twips Height() override { return fault_.pass(), RecordingPrinter::Height(); }
-  void printText(const std::string& printed, const std::string& fontFace, double size) override {
+  void printText(const Cp437Text& printed, const std::string& fontFace, double size) override {
     fault_.pass(), RecordingPrinter::printText(printed, fontFace, size);
   }
   void printGrid(const CharGrid& printed, const GridPlace& where) override {

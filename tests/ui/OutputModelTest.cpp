@@ -13,7 +13,7 @@ constexpr FontSpec kFont{"Courier New", 10, 255};
 class OutputModelTest : public testing::Test {
  protected:
   OutputLayout show(int rows, int cols, std::vector<WindowText> captions, const std::string& text = "") {
-    model.OutShow({Form::kMain, rows, cols, std::move(captions), "Titolo", text});
+    model.OutShow({Form::kMain, rows, cols, std::move(captions), "Titolo", Cp437Text(text)});
     return model.layout(kOutputCell, around);
   }
 

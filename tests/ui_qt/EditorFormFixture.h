@@ -51,7 +51,7 @@ class EditorFormFixture : public testing::Test {
   }
   std::string saved() { return files.content.at(kPath); }
   /// The text of the control, with its line ends.
-  std::string text() { return form.editorText(); }
+  std::string text() { return std::string(form.editorText().bytes()); }
 
   EditorBox* plainBox() { return control<EditorBox>(&form, "TxtEdiOld"); }
   EditorBox* richBox() { return control<EditorBox>(&form, "TxtEdi"); }

@@ -191,7 +191,7 @@ TEST_F(EditorScenarioTest, WhatCannotBeWrittenStaysInTheEditor) {
       boxes[0].startsWith(QString::fromStdString("Il File Grafico: " + path + " NON e` stato Salvato!")))
       << boxes[0].toStdString();
   ASSERT_NE(editor(), nullptr);
-  EXPECT_EQ(editor()->editorText(), "% \\Pagina(1)\r\n");
+  EXPECT_EQ(editor()->editorText().bytes(), "% \\Pagina(1)\r\n");
   EXPECT_FALSE(window().isEnabled());
 
   std::filesystem::create_directory(folder / "chiavetta");

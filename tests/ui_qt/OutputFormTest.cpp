@@ -28,7 +28,7 @@ class OutputFormTest : public testing::Test {
     windows.add(Form::kMain, &owner);
   }
   void open(std::vector<WindowText> captions, const std::string& text = "", int rows = 10, int cols = 60) {
-    output.OutShow({Form::kMain, rows, cols, std::move(captions), "Titolo", text});
+    output.OutShow({Form::kMain, rows, cols, std::move(captions), "Titolo", Cp437Text(text)});
     ASSERT_TRUE(QTest::qWaitForWindowActive(&output.form()));
   }
   void press(int index) {
@@ -126,7 +126,7 @@ TEST_F(OutputFormTest, WhatACommandDrawsFirstIsPaintedAtOnce) {
   const PaintedGrid painted(surface(), output.form().model());
   for (const char* text : {"in Corso", "ancora"}) {
     output.OutShow({Form::kMain, 10, 60, kReportButtons, "Titolo", ""});
-    output.print(text);
+    output.print(Cp437Text(std::string(text)));
     output.refresh();
     EXPECT_THAT(painted.text, testing::StartsWith(text)) << "however soon after the showing";
   }
@@ -247,7 +247,7 @@ TEST_F(OutputFormTest, FramesArePaintedThroughTheCentresOfTheirCells) {
 TEST_F(OutputFormTest, ACharacterFillsTheCellOfItsRowAndColumn) {
   open(kReportButtons);
   output.CharLocate(4, 7);
-  output.print("\xDB");  // a full block
+  output.print(Cp437Text(std::string("\xDB")));  // a full block
   output.refresh();
   const CellSize cell = output.form().cell();
   const QSize size(toPixels(Twips(cell.width)), toPixels(Twips(cell.height)));
@@ -330,7 +330,7 @@ TEST(QtClipboard, HoldsAGridAsBitmapAndAsText) {
   const FontSpec font{"Courier New", 10, 255};
   QtClipboard clipboard(font);
   CharGrid grid(2, 12);
-  grid.print(1, 1, "X\xFD/\xE6 = 1");
+  grid.print(1, 1, Cp437Text(std::string("X\xFD/\xE6 = 1")));
   clipboard.clear();
   clipboard.setGrid(grid);
   const QMimeData* content = QGuiApplication::clipboard()->mimeData();
@@ -342,12 +342,12 @@ TEST(QtClipboard, HoldsAGridAsBitmapAndAsText) {
 TEST(QtClipboard, TakesAndGivesTextsOfCodePage437) {
   const FontSpec font{"Courier New", 10, 255};
   QtClipboard clipboard(font);
-  clipboard.setText("a\xFB\x62");
+  clipboard.setText(Cp437Text(std::string("a\xFB\x62")));
   EXPECT_EQ(QGuiApplication::clipboard()->text(), QString("a√b"));
-  EXPECT_EQ(clipboard.text().text, "a\xFB\x62");
+  EXPECT_EQ(clipboard.text().text.bytes(), "a\xFB\x62");
   EXPECT_TRUE(clipboard.text().complete);
   QGuiApplication::clipboard()->setText("€uro");
-  EXPECT_EQ(clipboard.text().text, "uro");
+  EXPECT_EQ(clipboard.text().text.bytes(), "uro");
   EXPECT_FALSE(clipboard.text().complete);
 }
 

@@ -35,7 +35,7 @@ class QtPrinterTest : public testing::Test {
     return reader.readAllStandardOutput().toStdString();
   }
   void show(int rows, int cols, const std::string& text = "") {
-    model.OutShow({Form::kMain, rows, cols, kReportButtons, "Titolo", text});
+    model.OutShow({Form::kMain, rows, cols, kReportButtons, "Titolo", Cp437Text(text)});
     model.layout({120, 225}, {});
   }
 
@@ -59,7 +59,7 @@ TEST_F(QtPrinterTest, ADrawingBecomesAFileWhoseTextCanBeRead) {
   show(6, 40);
   model.CharFrame(1, 1, 6, 40, 3, "");
   model.CharLocate(3, 4);
-  model.print("X\xFD/\xE6       0.1420E+01");
+  model.print(Cp437Text(std::string("X\xFD/\xE6       0.1420E+01")));
   dialogs.pick(folder / "foglio.pdf");
   model.printOn(printer, kFont);
   EXPECT_THAT(textOf(folder / "foglio.pdf"), HasSubstr("X²/µ"));

@@ -55,7 +55,7 @@ class WatchedText {
     for (const auto* box : editor.findChildren<QPlainTextEdit*>()) revision += box->document()->revision();
     if (open_ && revision == revision_) return text_;
     revision_ = revision;
-    return editor.editorText();
+    return std::string(editor.editorText().bytes());
   }
   void closed() {
     if (walker_.gaveUp) return;

@@ -50,7 +50,7 @@ TEST_F(ShutWindowTest, AReportThatIsClosedBesideTheEditorLeavesTheMainWindowShut
 
   window().close();
   EXPECT_TRUE(exitCodes.empty()) << "no text is lost with the program";
-  EXPECT_EQ(editor()->editorText(), "% \\Pagina(1)\r\n");
+  EXPECT_EQ(editor()->editorText().bytes(), "% \\Pagina(1)\r\n");
   user.at("FrmEdi", [](QWidget* form) { clickMenu(form, "MnuFilSav"); });
   act();
   EXPECT_TRUE(window().isEnabled());

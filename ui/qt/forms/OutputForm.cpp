@@ -77,7 +77,7 @@ void FrmOut::showContent() {
   text_->setGeometry(place);
   text_->setFont(font());
   text_->setVisible(model_.OutTextMode != kFalse);
-  text_->setPlainText(model_.OutTextMode ? fromCp437(model_.request().text) : QString());
+  text_->setPlainText(model_.OutTextMode ? fromText(model_.request().text) : QString());
   text_->setAccessibleName(windowTitle());
 }
 

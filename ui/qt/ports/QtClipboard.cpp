@@ -33,7 +33,7 @@ void QtClipboard::clear() {
   QGuiApplication::clipboard()->clear();
 }
 
-void QtClipboard::setText(const std::string& text) {
+void QtClipboard::setText(const Cp437Text& text) {
   QGuiApplication::clipboard()->setText(fromLines437(text));
 }
 

@@ -11,7 +11,7 @@ class QtClipboard : public Clipboard {
   /// Grids are copied as pictures in this font.
   explicit QtClipboard(const FontSpec& font) : font_(font) {}
   void clear() override;
-  void setText(const std::string& text) override;
+  void setText(const Cp437Text& text) override;
   void setGrid(const CharGrid& grid) override;
   ClipboardText text() override;
 

@@ -23,13 +23,13 @@ void QtOutput::OutShow(const OutputRequest& request) {
   pump_.awaitShowing(form());
 }
 
-void QtOutput::print(std::string_view text) {
+void QtOutput::print(const Cp437Text& text) {
   model().print(text);
   // Not only by `refresh`: a box that follows is not to stand before an old picture.
   form().changed();
 }
 
-void QtOutput::CharFrame(int row1, int col1, int row2, int col2, int style, const std::string& title) {
+void QtOutput::CharFrame(int row1, int col1, int row2, int col2, int style, const Cp437Text& title) {
   model().CharFrame(row1, col1, row2, col2, style, title);
   form().changed();
 }

@@ -18,8 +18,8 @@ class QtOutput : public OutputWindow {
 
   void OutShow(const OutputRequest& request) override;
   void CharLocate(int row, int col) override { model().CharLocate(row, col); }
-  void print(std::string_view text) override;
-  void CharFrame(int row1, int col1, int row2, int col2, int style, const std::string& title) override;
+  void print(const Cp437Text& text) override;
+  void CharFrame(int row1, int col1, int row2, int col2, int style, const Cp437Text& title) override;
   void refresh() override;
   void setSaveRoutine(std::function<void()> routine) override { model().setSaveRoutine(std::move(routine)); }
   void FrmOut_Exit() override { present_->FrmOut_Exit(); }

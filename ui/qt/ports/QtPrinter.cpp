@@ -21,7 +21,7 @@ constexpr const char* kPdfCaption = "VOR_KEL: Stampa su File PDF";
 constexpr const char* kPdfFilter = "File PDF (*.pdf)|*.pdf|";
 constexpr const char* kNamedFile = "Il File: ";
 
-std::vector<std::string> textLines(const std::string& text) {
+std::vector<std::string> textLines(std::string_view text) {
   std::vector<std::string> lines(1);
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == '\n' || text[i] == '\r') {
@@ -184,13 +184,13 @@ void QtPrinter::printGrid(const CharGrid& grid, const GridPlace& place) {
       .grid(grid, place.left, place.top, kWhite);
 }
 
-void QtPrinter::printText(const std::string& text, const std::string& face, double points) {
+void QtPrinter::printText(const Cp437Text& text, const std::string& face, double points) {
   QPainter* painter = page();
   if (painter == nullptr) return;
   painter->setFont(twipFont(face, points));
   const double lineHeight = kLineSpacing * points * kTwipsPerPoint;
   double y = 0;
-  for (const std::string& line : textLines(text)) {
+  for (const std::string& line : textLines(text.bytes())) {
     if (y + lineHeight > Height().value()) {
       newPage();
       y = 0;

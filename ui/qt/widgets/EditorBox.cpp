@@ -34,20 +34,20 @@ void EditorBox::setTextFont(const QFont& font) {
   setTabStopDistance(kTabColumns * QFontMetricsF(font).horizontalAdvance('A'));
 }
 
-void EditorBox::load(std::string_view text) {
+void EditorBox::load(const Cp437Text& text) {
   setPlainText(fromLines437(text));
 }
 
-std::string EditorBox::bytes() const {
+Cp437Text EditorBox::bytes() const {
   // The raw text: the plain one has blanks in place of hard blanks.
   return toLines437(document()->toRawText());
 }
 
-std::string EditorBox::SelText() const {
+Cp437Text EditorBox::SelText() const {
   return toLines437(textCursor().selectedText());
 }
 
-void EditorBox::insertBefore(std::string_view text) {
+void EditorBox::insertBefore(const Cp437Text& text) {
   QTextCursor caret = textCursor();
   const int start = caret.selectionStart();
   caret.setPosition(start);

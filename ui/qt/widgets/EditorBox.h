@@ -2,23 +2,23 @@
 
 #include <QPlainTextEdit>
 #include <functional>
-#include <string>
-#include <string_view>
+
+#include "base/EncodedText.h"
 
 namespace vk {
 
-/// A text control of the editor. It shows 8-bit text of code page 437 and gives every byte back; only characters
+/// A text control of the editor. It shows 8-bit text and gives every byte back; only characters
 /// of that code page come in, however they are entered.
 class EditorBox : public QPlainTextEdit {
  public:
   explicit EditorBox(QWidget* form);
 
   /// Text that stands behind `EditorForm`, lines ended by CR LF.
-  void load(std::string_view text);
-  std::string bytes() const;
-  std::string SelText() const;
+  void load(const Cp437Text& text);
+  Cp437Text bytes() const;
+  Cp437Text SelText() const;
   /// Puts a text in at the start of the selection; the caret stays there, before it.
-  void insertBefore(std::string_view text);
+  void insertBefore(const Cp437Text& text);
 
   /// The font, which gives the tab stops.
   void setTextFont(const QFont& font);

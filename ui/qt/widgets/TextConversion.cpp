@@ -59,13 +59,18 @@ QString fromCp437(std::string_view text) {
   return fromPage(text, CodePage::kCp437);
 }
 
+QString fromText(const Cp437Text& text) {
+  return fromCp437(text.bytes());
+}
+
 std::string toCp437(const QString& text) {
   std::string result;
   for (const char32_t c : text.toStdU32String()) result += fromUnicode(c, CodePage::kCp437).value_or('?');
   return result;
 }
 
-QString fromLines437(std::string_view text) {
+QString fromLines437(const Cp437Text& lines) {
+  const std::string_view text = lines.bytes();
   std::u32string shown;
   shown.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -79,7 +84,7 @@ QString fromLines437(std::string_view text) {
   return QString::fromStdU32String(shown);
 }
 
-std::string toLines437(const QString& text) {
+Cp437Text toLines437(const QString& text) {
   std::string result;
   for (const char32_t c : text.toStdU32String()) {
     if (isLineBreak(c)) {
@@ -88,7 +93,7 @@ std::string toLines437(const QString& text) {
       result += toLineCharacter(c);
     }
   }
-  return result;
+  return Cp437Text(result);
 }
 
 TakenText takeForCp437(const QString& text) {

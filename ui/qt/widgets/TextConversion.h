@@ -11,13 +11,14 @@ namespace vk {
 
 /// A text of grids, lists and the editor, code page 437. Control characters with a sign of their own become it.
 QString fromCp437(std::string_view text);
+QString fromText(const Cp437Text& text);
 /// Back again; a character without a place in the code page becomes "?".
 std::string toCp437(const QString& text);
-/// A text of several lines, code page 437: each pair of CR and LF becomes "\n", and a CR or LF of its own the sign
+/// A text of several lines: each pair of CR and LF becomes "\n", and a CR or LF of its own the sign
 /// that its code has on character screens.
-QString fromLines437(std::string_view text);
+QString fromLines437(const Cp437Text& text);
 /// Back again; every line break of the toolkit becomes the pair.
-std::string toLines437(const QString& text);
+Cp437Text toLines437(const QString& text);
 
 /// What code page 437 takes of a text from outside.
 struct TakenText {

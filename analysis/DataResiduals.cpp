@@ -8,7 +8,8 @@ namespace vk {
 DataResiduals::DataResiduals(const FitProblem& problem, ParameterSet& par, std::span<const double> errors)
     : problem_(problem), par_(par), errors_(errors) {}
 
-bool DataResiduals::ComputeResiduals(std::span<const double> X, std::span<double> F, double& sum) {
+bool DataResiduals::ComputeResiduals(std::span<const double> X, std::span<const double> last,
+                                     std::span<double> F, double& sum) {
   storeFreeValues(par_, X);
   const auto x = problem_.data.Xpnt.span(1, problem_.data.NumPnt);
   bool worked = true;
@@ -18,14 +19,15 @@ bool DataResiduals::ComputeResiduals(std::span<const double> X, std::span<double
     const std::size_t count = std::min(kPiece, F.size() - begin);
     const auto values = std::span(values_).first(count);
     // QUIRK: of a run over the data only the last point's failure is seen.
-    const Fault last = problem_.model.at(x.subspan(begin, count), par_.ParValues, values, problem_.listener);
-    worked = weigh(begin, F.subspan(begin, count), sum) && last == Fault::kNone;
+    const Fault ofLast =
+        problem_.model.at(x.subspan(begin, count), par_.ParValues, values, problem_.listener);
+    worked = weigh(begin, last.subspan(begin, count), F.subspan(begin, count), sum) && ofLast == Fault::kNone;
   }
   return worked;
 }
 
-// Gives whether both statements of the last point worked; one that fails stores nothing.
-bool DataResiduals::weigh(std::size_t begin, std::span<double> F, double& sum) {
+// Gives whether both statements of the last point worked; one that fails leaves what was.
+bool DataResiduals::weigh(std::size_t begin, std::span<const double> last, std::span<double> F, double& sum) {
   const auto y = problem_.data.Ypnt.span(1, problem_.data.NumPnt).subspan(begin);
   const auto errors = errors_.subspan(begin);
   const auto residuals = std::span(values_).first(F.size());
@@ -33,17 +35,17 @@ bool DataResiduals::weigh(std::size_t begin, std::span<double> F, double& sum) {
   // A residual that is not finite, as where the error is 0, shows in the sum.
   double total = sum;
   for (const double residual : residuals) total = total + residual * residual;
-  if (!std::isfinite(total)) return addOneByOne(F, sum);
+  if (!std::isfinite(total)) return addOneByOne(last, F, sum);
   std::ranges::copy(residuals, F.begin());
   sum = total;
   return true;
 }
 
-bool DataResiduals::addOneByOne(std::span<double> F, double& sum) const {
+bool DataResiduals::addOneByOne(std::span<const double> last, std::span<double> F, double& sum) const {
   bool worked = true;
   for (std::size_t j = 0; j < F.size(); ++j) {
     worked = std::isfinite(values_[j]);
-    if (worked) F[j] = values_[j];
+    F[j] = worked ? values_[j] : last[j];
     const double grown = sum + F[j] * F[j];
     if (std::isfinite(grown)) {
       sum = grown;

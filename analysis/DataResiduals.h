@@ -15,14 +15,15 @@ class DataResiduals : public Residuals {
   DataResiduals(const FitProblem& problem, ParameterSet& par, std::span<const double> errors);
 
   /// Leaves X in `ParValues`. Tells of the last point alone: a failure at an earlier one is not noticed, and that
-  /// point takes part with the residual that stood in F.
-  bool ComputeResiduals(std::span<const double> X, std::span<double> F, double& sum) override;
+  /// point takes part with its residual in `last`.
+  bool ComputeResiduals(std::span<const double> X, std::span<const double> last, std::span<double> F,
+                        double& sum) override;
 
  private:
   static constexpr std::size_t kPiece = 1024;
 
-  bool weigh(std::size_t begin, std::span<double> F, double& sum);
-  bool addOneByOne(std::span<double> F, double& sum) const;
+  bool weigh(std::size_t begin, std::span<const double> last, std::span<double> F, double& sum);
+  bool addOneByOne(std::span<const double> last, std::span<double> F, double& sum) const;
 
   FitProblem problem_;
   ParameterSet& par_;

@@ -34,13 +34,14 @@ class WatchedResiduals : public Residuals {
  public:
   WatchedResiduals(Residuals& residuals, FitObserver& observer)
       : residuals_(residuals), observer_(observer) {}
-  bool ComputeResiduals(std::span<const double> X, std::span<double> F, double& sum) override {
+  bool ComputeResiduals(std::span<const double> X, std::span<const double> last, std::span<double> F,
+                        double& sum) override {
     points_ += F.size();
     if (points_ >= kPointsAtOnce) {
       points_ = 0;
       observer_.working();
     }
-    return residuals_.ComputeResiduals(X, F, sum);
+    return residuals_.ComputeResiduals(X, last, F, sum);
   }
 
  private:

@@ -5,32 +5,18 @@
 namespace vk {
 namespace {
 
-TriedPoint emptyPoint(int parameters, int residuals) {
-  return {0, 0, std::vector<double>(static_cast<std::size_t>(parameters)),
-          std::vector<double>(static_cast<std::size_t>(residuals))};
-}
-
 void store(TriedPoint& point, double position, double sum, std::span<const double> X,
            std::span<const double> F) {
   point.position = position;
   point.sum = sum;
   point.X.assign(X.begin(), X.end());
-  point.F.assign(F.begin(), F.end());
+  point.F = F;
 }
 
 }  // namespace
 
-BestPoints::BestPoints(int parameters, int residuals)
-    : best_(emptyPoint(parameters, residuals)), second_(emptyPoint(parameters, residuals)) {}
-
 void BestPoints::begin(double sum, std::span<const double> X, std::span<const double> F) {
   store(best_, 0, sum, X, F);
-  hasSecond_ = false;
-}
-
-void BestPoints::beginAtBest(double sum) {
-  best_.position = 0;
-  best_.sum = sum;
   hasSecond_ = false;
 }
 

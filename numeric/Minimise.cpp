@@ -1,5 +1,7 @@
 #include "numeric/Minimise.h"
 
+#include <algorithm>
+
 #include "numeric/Minimiser.h"
 
 namespace vk {
@@ -32,9 +34,8 @@ void CorrelationMatrix::set(int a, int b, double value) {
 }
 
 MinimiseWork::MinimiseWork(int M, int N)
-    : base(numbers(M)),
+    : residuals{numbers(M), numbers(M), numbers(M)},
       directions(N, M),
-      best(N, M),
       dots(numbers(N)),
       coefficients(numbers(N)),
       step(numbers(N)) {}
@@ -48,6 +49,7 @@ Minimiser::Minimiser(Residuals& residuals, int M, int N, Array<double>& residual
       observer_(observer),
       parameters_(parameters),
       F(residualArray.span(1, M)),
+      places_{residualArray.span(1, M), work.residuals[0], work.residuals[1], work.residuals[2]},
       X(parameters.span(1, N)),
       E(accuracies.span(1, N)) {}
 
@@ -59,12 +61,20 @@ MinimiseResult Minimiser::run() {
   }
   if (result_.end == MinimiseEnd::kCompleted && !errorsAreFinite()) fail(MinimiseEnd::kErrorsNotFinite);
   result_.FS = FS;
+  if (F.data() != places_[0].data()) std::ranges::copy(F, places_[0].begin());
   return result_;
 }
 
 bool Minimiser::computeResiduals(double& sum) {
   ++result_.evaluations;
-  return residuals_.ComputeResiduals(X, F, sum) || fail(MinimiseEnd::kResidualsFailed);
+  // Of no residuals at all every place is free.
+  const auto inUse = [this](std::span<double> place) {
+    return !place.empty() && (place.data() == F.data() || W.best.keeps(place.data()));
+  };
+  const std::span<double> place = *std::ranges::find_if_not(places_, inUse);
+  const bool computed = residuals_.ComputeResiduals(X, F, place, sum);
+  F = place;
+  return computed || fail(MinimiseEnd::kResidualsFailed);
 }
 
 bool Minimiser::fail(MinimiseEnd end) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <span>
 #include <vector>
 
@@ -26,9 +27,10 @@ class Residuals {
  public:
   virtual ~Residuals() = default;
   /// Fills F with the residuals at the parameters X, and `sum` with the sum of their squares. False when that
-  /// failed, which ends the minimisation. A residual that cannot be computed keeps the
-  /// value that stood in F.
-  virtual bool ComputeResiduals(std::span<const double> X, std::span<double> F, double& sum) = 0;
+  /// failed, which ends the minimisation. A residual that cannot be computed is that of `last`, the ones computed
+  /// last, which may stand in F itself.
+  virtual bool ComputeResiduals(std::span<const double> X, std::span<const double> last, std::span<double> F,
+                                double& sum) = 0;
 };
 
 /// Hears how a minimisation goes on.
@@ -88,7 +90,7 @@ struct MinimiseOptions {
 struct MinimiseWork {
   MinimiseWork(int M, int N);
 
-  std::vector<double> base;  ///< residuals at the starting point of a pass
+  std::array<std::vector<double>, 3> residuals;  ///< places for them beside the caller's
   DirectionSet directions;
   BestPoints best;
   LineSearchState search;

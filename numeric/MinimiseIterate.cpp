@@ -71,7 +71,7 @@ bool Minimiser::search() {
   double s = 0;
   double f = FS;
   double reached = 0;
-  result_.iterations == 1 ? W.best.begin(FS, X, F) : W.best.beginAtBest(FS);
+  W.best.begin(FS, X, F);
   while (!exhausted_) {
     LineSearch(W.search, itest, s, f, kMostSearchValues, kSearchAccuracy / u, kSearchAccuracy, options_.step);
     if (itest != kSearchEvaluate) break;
@@ -87,7 +87,7 @@ bool Minimiser::search() {
 
 void Minimiser::moveToBest() {
   std::ranges::copy(W.best.best().X, X.begin());
-  std::ranges::copy(W.best.best().F, F.begin());
+  F = W.best.best().F;
 }
 
 // What the two best points of the search differ by becomes a direction in place of the leaving one. False

@@ -8,12 +8,12 @@ namespace vk {
 
 bool Minimiser::findFirstDirections() {
   if (!computeResiduals(FS)) return false;
-  std::ranges::copy(F, W.base.begin());
+  W.best.begin(FS, X, F);
   W.directions.clear();
   for (std::size_t i = 0; i < X.size(); ++i) {
     if (!addFirstDirection(i)) return false;
   }
-  std::ranges::copy(W.base, F.begin());
+  F = W.best.best().F;
   nf = static_cast<int>(X.size()) + 1;
   result_.iterations = 0;
   untilProgress_ = 0;
@@ -38,9 +38,10 @@ bool Minimiser::addFirstDirection(std::size_t i) {
   Direction& direction = W.directions.next();
   std::ranges::fill(direction.displacement, 0.0);
   std::vector<double>& h = direction.change;
+  const std::span<const double> base = W.best.best().F;
   double S = 0;
   for (std::size_t j = 0; j < h.size(); ++j) {
-    h[j] = F[j] - W.base[j];
+    h[j] = F[j] - base[j];
     S = S + h[j] * h[j];
   }
   if (!(S > 0)) {

@@ -43,7 +43,10 @@ class Minimiser {
   MinimiseWork& W;
   MinimiseObserver& observer_;
   Array<double>& parameters_;
-  std::span<double> F, X, E;
+  std::span<const double> F;  // the residuals of the present point, which stand in one of the places
+  std::array<std::span<double>, 4>
+      places_;  // those of the best two points, of the present one, and a free one
+  std::span<double> X, E;
   MinimiseResult result_;
 
   double FS = 0;             // sum of squares at the present point

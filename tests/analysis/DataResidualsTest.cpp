@@ -16,7 +16,7 @@ struct Residual : FitCase {
   void compute(const std::vector<double>& X) {
     F.resize(static_cast<std::size_t>(points.NumPnt), 0);
     DataResiduals residuals(problem(), par, points.ErrYpnt.span(1, points.NumPnt));
-    worked = residuals.ComputeResiduals(X, F, sum);
+    worked = residuals.ComputeResiduals(X, F, F, sum);
   }
 };
 

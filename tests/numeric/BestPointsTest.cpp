@@ -1,15 +1,21 @@
 #include "numeric/BestPoints.h"
 
+#include <list>
+#include <memory>
+#include <vector>
+
 namespace vk {
 namespace {
 
 // One parameter and one residual, both named by the position.
 struct LineOfPoints {
-  BestPoints points{1, 1};
+  BestPoints points;
+  std::shared_ptr<std::list<double>> residuals = std::make_shared<std::list<double>>(1, 0.0);
 
-  explicit LineOfPoints(double base) { points.begin(base, std::vector<double>{0}, std::vector<double>{0}); }
+  explicit LineOfPoints(double base) { points.begin(base, std::vector<double>{0}, {&residuals->back(), 1}); }
   LineOfPoints& tried(double position, double sum) {
-    points.consider(position, sum, std::vector<double>{position}, std::vector<double>{-position});
+    residuals->push_back(-position);
+    points.consider(position, sum, std::vector<double>{position}, {&residuals->back(), 1});
     return *this;
   }
 };
@@ -20,12 +26,11 @@ TEST(BestPoints, BeginWithTheBaseAndNoSecond) {
   EXPECT_FALSE(search.points.hasSecond());
 }
 
-TEST(BestPoints, BeginAgainAtTheBest) {
-  LineOfPoints search = LineOfPoints(5).tried(1, 4).tried(2, 3);
-  search.points.beginAtBest(3);
-  EXPECT_EQ(search.points.best().position, 0);
-  EXPECT_EQ(search.points.best().F, std::vector<double>{-2});
-  EXPECT_FALSE(search.points.hasSecond());
+TEST(BestPoints, KeepTheResidualsOfTheirPointsAlone) {
+  const LineOfPoints search = LineOfPoints(5).tried(1, 4).tried(2, 3);
+  EXPECT_TRUE(search.points.keeps(search.points.best().F.data()));
+  EXPECT_TRUE(search.points.keeps(search.points.second().F.data()));
+  EXPECT_FALSE(search.points.keeps(&search.residuals->front()));
 }
 
 TEST(BestPoints, TakeALowerFirstPointAsBestBeforeTheBase) {

@@ -53,7 +53,7 @@ void expectNearTrueMinimum(const ModelResiduals& problem, const Values& start) {
   ModelResiduals again = problem;
   Values F(static_cast<std::size_t>(problem.points()));
   double least = 0;
-  again.ComputeResiduals(best, F, least);
+  again.ComputeResiduals(best, F, F, least);
   ASSERT_EQ(fit.result.end, MinimiseEnd::kCompleted);
   for (std::size_t i = 0; i < best.size(); ++i) {
     EXPECT_NEAR(fit.X[i], best[i], 0.05 * fit.result.errors[static_cast<int>(i) + 1])

@@ -23,7 +23,8 @@ class ModelResiduals : public Residuals {
   /// The parameters of each call.
   std::vector<std::vector<double>> tried;
 
-  bool ComputeResiduals(std::span<const double> X, std::span<double> F, double& sum) override {
+  bool ComputeResiduals(std::span<const double> X, std::span<const double>, std::span<double> F,
+                        double& sum) override {
     tried.emplace_back(X.begin(), X.end());
     sum = 0;
     for (std::size_t j = 0; j < x_.size(); ++j) {

@@ -10,6 +10,22 @@ namespace vk {
 /// Points that are computed together; few enough for their columns to stay in the nearest cache.
 inline constexpr std::size_t kBlockPoints = 256;
 
+/// So many points fill each register. Kernels are quickest with full ones, so the last point of a block is repeated
+/// until they are.
+inline constexpr std::size_t kRegisterPoints = 8;
+
+inline std::size_t inFullRegisters(std::size_t points) {
+  return (points + kRegisterPoints - 1) / kRegisterPoints * kRegisterPoints;
+}
+
+/// The column itself where its points fill registers, otherwise its copy in `room`, which they fill.
+inline const double* filledUp(const double* column, std::size_t points, double* room) {
+  if (points % kRegisterPoints == 0) return column;
+  std::copy_n(column, points, room);
+  std::fill(room + points, room + inFullRegisters(points), column[points - 1]);
+  return room;
+}
+
 /// Puts the values at the points of a block into `result`.
 inline void spread(const simd::Values& values, double* result, std::size_t count) {
   if (values.column) {
@@ -19,10 +35,10 @@ inline void spread(const simd::Values& values, double* result, std::size_t count
   }
 }
 
-/// Room for the results of a formula at the points of a block, one column after the other: for 12, of which the
-/// longest pair of the catalogue takes 11.
+/// Room for the arguments and results of a formula at the points of a block, one column after the other: for 12, all of
+/// which the longest pair of the catalogue takes.
 struct BlockRoom {
-  explicit BlockRoom(std::size_t points) : count(points) {}
+  explicit BlockRoom(std::size_t points) : count(inFullRegisters(points)) {}
 
   double* column() { return &columns[kBlockPoints * used++]; }
 

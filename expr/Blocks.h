@@ -9,6 +9,9 @@
 
 namespace vk {
 
+/// Fewer points than these are computed one by one in less time.
+inline constexpr std::size_t kFewestTogether = 3;
+
 /// Computes result[i] at all points in blocks. `together(begin, count)` computes a block and stores it, or gives
 /// false and stores nothing; then `single(i)` computes its points one by one. Gives the fault of the last point;
 /// `faults`, when not empty, gets the fault of each.
@@ -17,7 +20,7 @@ Fault inBlocks(std::span<double> result, std::span<Fault> faults, Together toget
   Fault last = Fault::kNone;
   for (std::size_t begin = 0; begin < result.size(); begin += kBlockPoints) {
     const std::size_t count = std::min(kBlockPoints, result.size() - begin);
-    if (together(begin, count)) {
+    if (count >= kFewestTogether && together(begin, count)) {
       last = Fault::kNone;
       if (!faults.empty()) std::fill_n(&faults[begin], count, last);
       continue;

@@ -64,8 +64,9 @@ void ColumnMachine::placeBuffers(std::span<const Instruction> program) {
 bool ColumnMachine::run(const CompiledExpression& compiled, std::span<const Instruction> program,
                         std::span<const double* const> columns, std::size_t count) {
   if (!usable_) return false;
-  count_ = count;
-  buffers_.resize(written_ * kBlockPoints);
+  points_ = count;
+  count_ = inFullRegisters(count);
+  buffers_.resize((written_ + columns.size()) * kBlockPoints);
   loadOperands(compiled, columns);
   for (const Instruction& instruction : program) {
     if (!execute(compiled.Code, instruction)) return false;
@@ -77,9 +78,10 @@ bool ColumnMachine::run(const CompiledExpression& compiled, std::span<const Inst
 void ColumnMachine::loadOperands(const CompiledExpression& compiled, std::span<const double* const> columns) {
   for (std::size_t i = 0; i < slots_.size(); ++i) {
     const int index = codeByte(compiled.OperandMap, i);
-    const bool varies = index >= 1 && static_cast<std::size_t>(index) <= columns.size();
-    slots_[i] = varies ? simd::Values{columns[static_cast<std::size_t>(index - 1)], 0}
-                       : simd::Values{nullptr, compiled.Values[index]};
+    const auto variable = static_cast<std::size_t>(index - 1);
+    slots_[i] = {nullptr, compiled.Values[index]};
+    if (variable >= columns.size()) continue;
+    slots_[i] = {filledUp(columns[variable], points_, &buffers_[(written_ + variable) * kBlockPoints])};
   }
 }
 
@@ -152,10 +154,11 @@ bool ColumnMachine::runWithArguments(std::string_view code, const Instruction& i
       std::ranges::none_of(arguments_, [](const simd::Values& argument) { return argument.column; });
   if (uniform) return storeForAll(instruction.target, valueAt(0));
   double* const out = columnFor(instruction.target);
-  for (std::size_t i = 0; i < count_; ++i) {
+  for (std::size_t i = 0; i < points_; ++i) {
     out[i] = valueAt(i);
     if (!isFinite(out[i])) return false;
   }
+  std::fill(out + points_, out + count_, out[points_ - 1]);
   return true;
 }
 

@@ -40,11 +40,12 @@ class ColumnMachine {
   double* columnFor(int slot);
 
   bool usable_ = false;
-  std::size_t count_ = 0;
+  std::size_t points_ = 0;  ///< of the block
+  std::size_t count_ = 0;   ///< with those that fill the last register
   std::vector<simd::Values> slots_;
   std::vector<std::size_t> bufferOf_;    ///< for each slot that is written: its place in `buffers_`
   std::size_t written_ = 0;              ///< number of those slots
-  std::vector<double> buffers_;          ///< made at the first run
+  std::vector<double> buffers_;          ///< made at the first run; behind them room for the variables
   std::vector<simd::Values> arguments_;  ///< of the instruction at hand
   simd::Values result_;
 };

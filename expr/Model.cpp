@@ -50,9 +50,10 @@ std::optional<simd::Values> Model::innerTogether(BlockRoom& room, const double* 
 
 bool Model::together(std::span<const double> x, const Array<double>& parameters, double* result) {
   BlockRoom room(x.size());
-  const std::optional<simd::Values> u = innerTogether(room, x.data(), parameters);
+  const double* const points = filledUp(x.data(), x.size(), room.column());
+  const std::optional<simd::Values> u = innerTogether(room, points, parameters);
   if (!u) return false;
-  const BlockNumber y = outerValue(outer_, parameters, BlockNumber(room, {x.data()}), BlockNumber(room, *u));
+  const BlockNumber y = outerValue(outer_, parameters, BlockNumber(room, {points}), BlockNumber(room, *u));
   // The result may lie where x lies, so it is stored when nothing needs x any more.
   if (room.finite) spread(y.values(), result, x.size());
   return room.finite;

@@ -48,7 +48,7 @@ class Process:
         self.command = [BUILD / program, *map(str, words)]
 
     def seconds(self):
-        process = subprocess.Popen(self.command, stdout=subprocess.DEVNULL)
+        process = subprocess.Popen(self.command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         _, status, used = os.wait4(process.pid, 0)
         if status != 0:
             sys.exit(f"{self.command}: status {status}")

@@ -56,7 +56,6 @@ void FraGra::buildPictures(const GraphicPanelLayout& layout) {
     image->setObjectName(indexed("Image1", i));
     image->setAccessibleName(QString("Sfondo %1").arg(picture + 1));
     image->setGeometry(place);
-    image->setPixmap(picturePixmap(picture, place.size(), devicePixelRatioF()));
     image->clicked = [this] {
       handle([this] { panel_.stepPicture(); });
       setFocus();
@@ -64,6 +63,16 @@ void FraGra::buildPictures(const GraphicPanelLayout& layout) {
     Image1_[i] = image;
   }
   showPicture();
+}
+
+/// The pictures are drawn when they are seen first, which is not at the start of the program.
+void FraGra::showEvent(QShowEvent* event) {
+  for (std::size_t i = 0; i < Image1_.size(); ++i) {
+    ClickLabel& image = *Image1_[i];
+    if (image.pixmap().isNull())
+      image.setPixmap(picturePixmap(static_cast<int>(i), image.size(), devicePixelRatioF()));
+  }
+  QFrame::showEvent(event);
 }
 
 void FraGra::showPicture() {

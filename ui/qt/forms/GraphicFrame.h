@@ -27,6 +27,9 @@ class FraGra : public QFrame {
   /// Shows what stands in the engine.
   void sync();
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   void buildPictures(const GraphicPanelLayout& layout);
   /// Shows the present picture alone; the frame's focus goes to it.

@@ -12,14 +12,15 @@ constexpr int kCentred = 1;
 
 void describeFieldCount(InputTables& form, int count) {
   form.InpFieldCount = count;
-  for (auto* texts : {&form.InpValues, &form.InpFieldKinds, &form.InpLabels}) texts->dim(count);
+  for (auto* texts : {&form.InpValues, &form.InpLabels}) texts->dim(count);
+  form.InpFieldKinds.dim(count);
   for (auto* places : {&form.InpFieldPos, &form.InpLabelPos}) places->dim(count);
 }
 
 void describeField(InputTables& form, int i, const FormField& field) {
-  form.InpLabels[i] = field.prompt;
+  form.InpLabels[i] = Cp437Text(field.prompt);
   form.InpLabelPos[i] = {field.row, field.promptColumn, field.promptLength};
-  form.InpValues[i] = field.value;
+  form.InpValues[i] = Cp437Text(field.value);
   form.InpFieldKinds[i] = field.kind;
   form.InpFieldPos[i] = {field.row, field.column, field.width};
 }
@@ -37,7 +38,7 @@ void describeTexts(InputTables& form, std::initializer_list<FormText> texts) {
   form.InpTextPos.dim(form.InpTextCount);
   int i = 0;
   for (const FormText& t : texts) {
-    form.InpTexts[++i] = t.text;
+    form.InpTexts[++i] = Cp437Text(t.text);
     form.InpTextPos[i] = {t.row, t.column, kCentred};
   }
 }

@@ -101,7 +101,7 @@ void StoreParameters(Session& session) {
   const int half = fields.InpFieldCount / 2;
   const auto numbers = [&](int before) {
     std::vector<double> column;
-    for (int j = 1; j <= half; ++j) column.push_back(scanNumber(fields.InpValues[before + j]));
+    for (int j = 1; j <= half; ++j) column.push_back(scanNumber(fields.InpValues[before + j].bytes()));
     return column;
   };
   StoreParameters(session.analysis.par, numbers(0), numbers(half), 1 + session.analysis.PropagationMode);

@@ -72,7 +72,7 @@ void describeFields(const Session& session, InputTables& form) {
 SimulationSettings enteredSettings(const InputTables& form) {
   std::array<double, kFieldCount> numbers;
   for (int i = 1; i <= kFieldCount; ++i)
-    numbers[static_cast<std::size_t>(i - 1)] = scanNumber(form.InpValues[i]);
+    numbers[static_cast<std::size_t>(i - 1)] = scanNumber(form.InpValues[i].bytes());
   return settingsOf(numbers);
 }
 

@@ -66,9 +66,9 @@ void MenDatTra(Session& session, Ports& ports) {
 }
 
 void TransformData(Session& session, Ports& ports) {
-  const Array<std::string>& fields = session.input.InpValues;
-  TransformFormulas formulas{fields[1], fields[2], {}};
-  for (int i = kFirstFormula; i <= fields.upper(); ++i) formulas.columns.push_back(fields[i]);
+  const Array<Cp437Text>& fields = session.input.InpValues;
+  TransformFormulas formulas{std::string(fields[1].bytes()), std::string(fields[2].bytes()), {}};
+  for (int i = kFirstFormula; i <= fields.upper(); ++i) formulas.columns.emplace_back(fields[i].bytes());
   session.loaded.data = TransformData(session.loaded.data, formulas, ports.dialogs).data;
   ports.window.refresh();
   Msg(session, ports.window);

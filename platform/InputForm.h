@@ -11,7 +11,7 @@
 namespace vk {
 
 /// The tables by which a command describes the input form and gets the accepted texts back. Arrays run from
-/// 1; element 0 stays unused. Rows and columns are character cells, from 1. Texts without a type of their own are code page 437.
+/// 1; element 0 stays unused. Rows and columns are character cells, from 1.
 struct InputTables {
   WindowText caption;
   Int16 InpRows;        ///< rows of the grid, buttons not counted
@@ -20,13 +20,13 @@ struct InputTables {
   Int16 InpFrameCount;
   Int16 InpTextCount;
 
-  Array<std::string> InpValues;             ///< in: content of the field; out: the accepted content
+  Array<Cp437Text> InpValues;               ///< in: content of the field; out: the accepted content
   Array<std::string> InpFieldKinds;         ///< "#Number", "#Function@...", "#String", "#File"
   Array<std::array<Int16, 3>> InpFieldPos;  ///< row, column, width + 1 (negative: flush right)
-  Array<std::string> InpLabels;             ///< prompts
+  Array<Cp437Text> InpLabels;               ///< prompts
   Array<std::array<Int16, 3>> InpLabelPos;  ///< row, column, length of the prompt
   Array<std::array<Int16, 5>> InpFrames;    ///< top, left, bottom, right, style
-  Array<std::string> InpTexts;              ///< fixed texts
+  Array<Cp437Text> InpTexts;                ///< fixed texts
   Array<std::array<Int16, 3>> InpTextPos;   ///< row, column, 1 centred / 2 right end / else left end
 };
 

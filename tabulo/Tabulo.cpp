@@ -111,7 +111,7 @@ void Tabulo::layOut() {
 void Tabulo::calculate() {
   const QString text = line_->text();
   line_->setFocus();
-  if (calculator_.enter(toCp437(text))) line_->clear();
+  if (calculator_.enter(std::string(toCp437(text).bytes()))) line_->clear();
   recalled_ = static_cast<int>(calculator_.history().size());
   showState();
 }

@@ -31,19 +31,19 @@ bool InpMod::flushRight(int i) const {
 
 void InpMod::placeEditBox(int field, Colour background) {
   edit_.visible = true;
-  edit_.text = trim(captions_[field]);
+  edit_.text = Cp437Text(trim(captions_[field].bytes()));
   edit_.place = editBoxOn(layout_.lblVal[static_cast<std::size_t>(field)], layout_.cell);
   edit_.background = background;
   edit_.flushRight = flushRight(field);
 }
 
 void InpMod::validateNumber() {
-  InpValid = toFlag(isNumeric(edit_.text));
-  if (InpValid) edit_.text = FormatCompact(scanNumber(edit_.text));
+  InpValid = toFlag(isNumeric(edit_.text.bytes()));
+  if (InpValid) edit_.text = Cp437Text(FormatCompact(scanNumber(edit_.text.bytes())));
 }
 
 void InpMod::validateFunction(const std::string& remainder) {
-  if (compiler_(remainder + edit_.text)) return;
+  if (compiler_(std::string(remainder).append(edit_.text.bytes()))) return;
   // QUIRK: nothing follows the words, no name of a field.
   dialogs_.plainBox(kProgramTitle, kBadDefinition);
   InpValid = kFalse;

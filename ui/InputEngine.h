@@ -45,12 +45,12 @@ class InpMod {
   bool execute();
 
   /// What the user has typed.
-  void setEditText(const std::string& text) { edit_.text = text; }
+  void setEditText(const Cp437Text& text) { edit_.text = text; }
 
   const EditBox& editBox() const { return edit_; }
   const InputLayout& layout() const { return layout_; }
   /// Content of `lblVal`(i).
-  const std::string& caption(int i) const { return captions_[i]; }
+  const Cp437Text& caption(int i) const { return captions_[i]; }
   bool flushRight(int i) const;
   int fieldCount() const { return tables_ == nullptr ? 0 : int{tables_->InpFieldCount}; }
 
@@ -70,7 +70,7 @@ class InpMod {
   Compiler compiler_;
   InputTables* tables_ = nullptr;
   InputLayout layout_;
-  Array<std::string> captions_;
+  Array<Cp437Text> captions_;
   EditBox edit_;
 };
 

@@ -24,14 +24,14 @@ inline std::string describe(const InputTables& form) {
   for (int i = 1; i <= form.InpTexts.upper(); ++i) {
     out << "text";
     place(form.InpTextPos[i]);
-    out << " [" << form.InpTexts[i] << "]\n";
+    out << " [" << form.InpTexts[i].bytes() << "]\n";
   }
   for (int i = 1; i <= form.InpFieldCount; ++i) {
     out << "field";
     place(form.InpFieldPos[i]);
-    out << " [" << form.InpValues[i] << "] " << form.InpFieldKinds[i] << " label";
+    out << " [" << form.InpValues[i].bytes() << "] " << form.InpFieldKinds[i] << " label";
     place(form.InpLabelPos[i]);
-    out << " [" << form.InpLabels[i] << "]\n";
+    out << " [" << form.InpLabels[i].bytes() << "]\n";
   }
   return out.str();
 }

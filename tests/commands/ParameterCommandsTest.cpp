@@ -104,8 +104,8 @@ TEST_F(InitialParametersTest, TheSigmaIsCode229AndTheDeltaCode235) {
   take(1, 1);
   form.giveUp();
   MenSerPro(session, TestPorts(form, window));
-  EXPECT_EQ(code(form.shown[0].InpTexts[6].front()), 229);
-  EXPECT_EQ(code(form.shown[0].InpLabels[3].front()), 235);
+  EXPECT_EQ(code(form.shown[0].InpTexts[6].bytes().front()), 229);
+  EXPECT_EQ(code(form.shown[0].InpLabels[3].bytes().front()), 235);
 }
 
 TEST_F(InitialParametersTest, LongNamesMoveTheFieldsToTheRight) {
@@ -149,9 +149,9 @@ TEST_F(InitialParametersTest, ValuesAreShownInTheirShortForm) {
   session.analysis.par.ParDeltas[3] = 1E-20;
   form.giveUp();
   MenAdaPar(session, TestPorts(form, window));
-  EXPECT_EQ(form.shown[0].InpValues[1], "0.333333E+00");
-  EXPECT_EQ(form.shown[0].InpValues[2], "3");
-  EXPECT_EQ(form.shown[0].InpValues[6], "1E-20");
+  EXPECT_EQ(form.shown[0].InpValues[1].bytes(), "0.333333E+00");
+  EXPECT_EQ(form.shown[0].InpValues[2].bytes(), "3");
+  EXPECT_EQ(form.shown[0].InpValues[6].bytes(), "1E-20");
 }
 
 TEST_F(InitialParametersTest, EnteredValuesSortTheParameters) {
@@ -256,10 +256,10 @@ TEST_F(InitialParametersTest, TheNextShowingStartsFromTheStoredValues) {
   form.giveUp();
   MenAdaPar(session, TestPorts(form, window));
   const InputTables& second = form.shown[1];
-  EXPECT_EQ(second.InpValues[1], "1");
-  EXPECT_EQ(second.InpValues[2], "2");
-  EXPECT_EQ(second.InpValues[3], "1");
-  EXPECT_EQ(second.InpValues[4], "0");
+  EXPECT_EQ(second.InpValues[1].bytes(), "1");
+  EXPECT_EQ(second.InpValues[2].bytes(), "2");
+  EXPECT_EQ(second.InpValues[3].bytes(), "1");
+  EXPECT_EQ(second.InpValues[4].bytes(), "0");
 }
 
 TEST_F(InitialParametersTest, AfterAFitTheRightColumnShowsTheErrors) {
@@ -268,7 +268,7 @@ TEST_F(InitialParametersTest, AfterAFitTheRightColumnShowsTheErrors) {
   session.analysis.par.ParDeltas[1] = 0.125;  // as the fit leaves it
   form.execute({"1", "2", ".125", "0"});
   MenAdaPar(session, TestPorts(form, window));
-  EXPECT_EQ(form.shown[1].InpValues[3], ".125");
+  EXPECT_EQ(form.shown[1].InpValues[3].bytes(), ".125");
   EXPECT_EQ(session.analysis.par.FreeCount, 1);
 }
 

@@ -55,6 +55,11 @@ class SimulationTest : public PropagationTest {
     simulate(fields);
     return std::string(dialogs.messages.back().text.bytes());
   }
+  static Fields values(const InputTables& form) {
+    Fields texts;
+    for (const Cp437Text& value : form.InpValues.span(1, 7)) texts.emplace_back(value.bytes());
+    return texts;
+  }
   std::vector<double> column(const Array<double>& values) const {
     const auto part = values.span(1, session.loaded.data.NumPnt);
     return {part.begin(), part.end()};
@@ -97,8 +102,7 @@ TEST_F(SimulationTest, TheNextFormShowsTheSettingsUsedLast) {
   simulate({"-.5", "1E20", "7", "-2.25", "1", "-.125", "-3"});
   form_.giveUp();
   run();
-  const auto values = form_.shown[1].InpValues.span(1, 7);
-  EXPECT_THAT(values, ElementsAre("-.5", "1E+20", "7", "2.25", "1", ".125", "-3"));
+  EXPECT_THAT(values(form_.shown[1]), ElementsAre("-.5", "1E+20", "7", "2.25", "1", ".125", "-3"));
 }
 
 TEST_F(SimulationTest, AnotherFunctionStartsFromTheFirstValuesAgain) {
@@ -106,7 +110,7 @@ TEST_F(SimulationTest, AnotherFunctionStartsFromTheFirstValuesAgain) {
   choose(session, 1, 1);
   form_.giveUp();
   run();
-  EXPECT_THAT(form_.shown[1].InpValues.span(1, 7), ElementsAre("0", "10", "11", "1", "0", "0", "0"));
+  EXPECT_THAT(values(form_.shown[1]), ElementsAre("0", "10", "11", "1", "0", "0", "0"));
 }
 
 TEST_F(SimulationTest, GivingUpLeavesTheSettings) {

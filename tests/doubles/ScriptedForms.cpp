@@ -51,7 +51,7 @@ bool ScriptedInputForm::InpShow(InputTables& tables, Form caller) {
   answers_.pop_front();
   EXPECT_EQ(static_cast<int>(fields.size()), tables.InpFieldCount) << "fields of: " << tables.caption.bytes();
   for (int i = 1; i <= tables.InpFieldCount && i <= static_cast<int>(fields.size()); ++i) {
-    tables.InpValues[i] = fields[static_cast<std::size_t>(i - 1)];
+    tables.InpValues[i] = Cp437Text(fields[static_cast<std::size_t>(i - 1)]);
   }
   return true;
 }

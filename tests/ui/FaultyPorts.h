@@ -131,7 +131,8 @@ class FaultyInput : public InputForm {
 
   bool InpShow(InputTables& tables, Form) override {
     fault_.pass();
-    for (std::size_t i = 0; i < fields.size(); ++i) tables.InpValues[static_cast<int>(i) + 1] = fields[i];
+    int i = 0;
+    for (const std::string& field : fields) tables.InpValues[++i] = Cp437Text(field);
     return true;
   }
 

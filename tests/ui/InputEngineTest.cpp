@@ -36,7 +36,7 @@ class InpModTest : public testing::Test {
     tables.InpLabelPos.dim(n);
     for (int i = 1; i <= n; ++i) {
       const Field& field = fields[static_cast<std::size_t>(i) - 1];
-      tables.InpValues[i] = field.value;
+      tables.InpValues[i] = Cp437Text(field.value);
       tables.InpFieldKinds[i] = field.kind;
       tables.InpFieldPos[i] = field.position;
       tables.InpLabels[i] = "Campo";
@@ -44,8 +44,8 @@ class InpModTest : public testing::Test {
     }
   }
   void open() { engine.open(tables, around); }
-  void type(const std::string& text) { engine.setEditText(text); }
-  const std::string& box() const { return engine.editBox().text; }
+  void type(const std::string& text) { engine.setEditText(Cp437Text(text)); }
+  std::string_view box() const { return engine.editBox().text.bytes(); }
 
   static constexpr const char* kFormula = "#Function@y@x,y,dx,dy@ @ @";
   Session session;
@@ -116,12 +116,12 @@ TEST_F(InpModTest, ATextWiderThanTheFormIsShortenedInItsMiddle) {
   tables.InpTextCount = 2;
   tables.InpTexts.dim(2);
   tables.InpTextPos.dim(2);
-  tables.InpTexts[1] = std::string(20, 'a') + std::string(20, 'b');  // as wide as the form
-  tables.InpTexts[2] = std::string(20, 'a') + std::string(21, 'b');
+  tables.InpTexts[1] = Cp437Text(std::string(20, 'a') + std::string(20, 'b'));  // as wide as the form
+  tables.InpTexts[2] = Cp437Text(std::string(20, 'a') + std::string(21, 'b'));
   for (int i = 1; i <= 2; ++i) tables.InpTextPos[i] = {2, 20, 1};
   open();
   EXPECT_EQ(engine.layout().texts[0].text, tables.InpTexts[1]);
-  const std::string shown = std::string(16, 'a') + "..." + std::string(16, 'b');
+  const Cp437Text shown(std::string(16, 'a') + "..." + std::string(16, 'b'));
   EXPECT_EQ(engine.layout().texts[1], (PlacedText{19 * 120 - 35 * 60, 240, shown}));
 }
 
@@ -160,7 +160,7 @@ TEST_F(InpModTest, TheBoxShowsTheTrimmedContent) {
   open();
   engine.GoToField(2);
   EXPECT_EQ(box(), "due");
-  EXPECT_EQ(engine.caption(2), "  due ");
+  EXPECT_EQ(engine.caption(2).bytes(), "  due ");
 }
 
 TEST_F(InpModTest, EnterAndArrowDownGoOnAndWrapToFieldOne) {
@@ -192,11 +192,11 @@ TEST_F(InpModTest, ANumberIsRewrittenByItsShortText) {
   open();
   type("1e3");
   engine.GoToField(2);
-  EXPECT_EQ(engine.caption(1), "1000");
+  EXPECT_EQ(engine.caption(1).bytes(), "1000");
   engine.GoToField(1);
   type("0.333333333333333333");
   engine.GoToField(2);
-  EXPECT_EQ(engine.caption(1), "0.333333E+00");
+  EXPECT_EQ(engine.caption(1).bytes(), "0.333333E+00");
   EXPECT_TRUE(sound.tones.empty());
   EXPECT_EQ(sound.beeps, 0);
 }
@@ -212,7 +212,7 @@ TEST_F(InpModTest, ATextThatIsNoNumberGivesThreeBeepsAndTheBoxStays) {
     EXPECT_EQ(box(), bad);
     EXPECT_EQ(engine.InpValid, kFalse);
   }
-  EXPECT_EQ(engine.caption(1), "1");
+  EXPECT_EQ(engine.caption(1).bytes(), "1");
 }
 
 TEST_F(InpModTest, AFormulaIsCompiledBehindTheRemainderOfItsKind) {
@@ -221,7 +221,7 @@ TEST_F(InpModTest, AFormulaIsCompiledBehindTheRemainderOfItsKind) {
   type("x+y");
   engine.GoToField(1);
   EXPECT_THAT(compiled, ElementsAre("y@x,y,dx,dy@ @ @x+y"));
-  EXPECT_EQ(engine.caption(3), "x+y");
+  EXPECT_EQ(engine.caption(3).bytes(), "x+y");
 }
 
 TEST_F(InpModTest, ABadFormulaShowsTheBoxAndThenBeepsThreeTimes) {
@@ -244,7 +244,7 @@ TEST_F(InpModTest, OtherKindsAreNotTested) {
     type("??");
     engine.GoToField(2);
     EXPECT_EQ(engine.InpCurrent, 2) << kind;
-    EXPECT_EQ(engine.caption(1), "??");
+    EXPECT_EQ(engine.caption(1).bytes(), "??");
   }
 }
 
@@ -255,12 +255,12 @@ TEST_F(InpModTest, Target0ShowsAnEmptyTextOverFieldOneAndWhatIsTypedThereIsLost)
   EXPECT_EQ(engine.InpCurrent, 0);
   EXPECT_EQ(box(), "");
   EXPECT_EQ(engine.editBox().place, editBoxOn(engine.layout().lblVal[1], engine.layout().cell));
-  EXPECT_EQ(engine.caption(1), "1");
+  EXPECT_EQ(engine.caption(1).bytes(), "1");
   type("perso");
   engine.keyDown(kKeyEnter);
   EXPECT_EQ(engine.InpCurrent, 1);
   EXPECT_EQ(box(), "1");
-  EXPECT_EQ(engine.caption(1), "1");
+  EXPECT_EQ(engine.caption(1).bytes(), "1");
 }
 
 TEST_F(InpModTest, ArrowUpFromTheTemplateGoesToTheLastField) {
@@ -282,9 +282,9 @@ TEST_F(InpModTest, EseguiHandsTheContentsOver) {
   type("1e3");
   EXPECT_TRUE(engine.execute());
   EXPECT_EQ(engine.InpExecuted, kTrue);
-  EXPECT_EQ(tables.InpValues[1], "1000");
-  EXPECT_EQ(tables.InpValues[2], "  due ");
-  EXPECT_EQ(tables.InpValues[3], "x");
+  EXPECT_EQ(tables.InpValues[1].bytes(), "1000");
+  EXPECT_EQ(tables.InpValues[2].bytes(), "  due ");
+  EXPECT_EQ(tables.InpValues[3].bytes(), "x");
 }
 
 TEST_F(InpModTest, EseguiWithABadFieldLeavesEverythingAsItWas) {
@@ -292,7 +292,7 @@ TEST_F(InpModTest, EseguiWithABadFieldLeavesEverythingAsItWas) {
   type("abc");
   EXPECT_FALSE(engine.execute());
   EXPECT_EQ(engine.InpExecuted, kFalse);
-  EXPECT_EQ(tables.InpValues[1], "1");
+  EXPECT_EQ(tables.InpValues[1].bytes(), "1");
   EXPECT_EQ(box(), "abc");
 }
 
@@ -302,8 +302,8 @@ TEST_F(InpModTest, ABadFieldThatIsGivenUpLeavesTheTables) {
   type("nuovo");
   engine.GoToField(1);
   type("abc");
-  EXPECT_EQ(tables.InpValues[1], "1");
-  EXPECT_EQ(tables.InpValues[2], "  due ");
+  EXPECT_EQ(tables.InpValues[1].bytes(), "1");
+  EXPECT_EQ(tables.InpValues[2].bytes(), "  due ");
 }
 
 TEST_F(InpModTest, AFormWithOneFieldValidatesItAndStays) {

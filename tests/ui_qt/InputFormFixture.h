@@ -46,12 +46,10 @@ class InputFormFixture : public testing::Test {
     tables.InpLabelPos.dim(n);
     for (int i = 1; i <= n; ++i) {
       const Field& field = fields[static_cast<std::size_t>(i) - 1];
-      tables.InpValues[i] = field.value;
+      tables.InpValues[i] = Cp437Text(field.value);
       tables.InpFieldKinds[i] = field.kind;
       tables.InpFieldPos[i] = {3 + i, 10, field.width};
-      tables.InpLabels[i] =
-          "\xEB"
-          "a";
+      tables.InpLabels[i] = Cp437Text(std::string("\xEB") + "a");
       tables.InpLabelPos[i] = {3 + i, 2, 5};
     }
   }

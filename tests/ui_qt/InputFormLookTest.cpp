@@ -43,11 +43,11 @@ TEST_F(InputFormLookTest, ThePlacesOnTheScreenAreThoseOfTheGrid) {
 }
 
 TEST_F(InputFormLookTest, FramesPromptsAndFixedTextsArePainted) {
-  tables.InpLabels[1] = "\xDB";  // a full block, at row 4 and column 2
+  tables.InpLabels[1] = Cp437Text(std::string("\xDB"));  // a full block, at row 4 and column 2
   tables.InpTextCount = 1;
   tables.InpTexts.dim(1);
   tables.InpTextPos.dim(1);
-  tables.InpTexts[1] = " \xDB\xDB ";
+  tables.InpTexts[1] = Cp437Text(std::string(" \xDB\xDB "));
   tables.InpTextPos[1] = {2, 21, 1};
   then([this] {
     const CellSize cell = engine.layout().cell;

@@ -62,7 +62,7 @@ TEST_F(InputFormTest, EseguiHandsOverAndRunsTheActionWhenTheFormIsGone) {
   then([this] { replace("1e3"); });
   execute();
   show();
-  EXPECT_EQ(tables.InpValues[1], "1000");
+  EXPECT_EQ(tables.InpValues[1].bytes(), "1000");
   EXPECT_EQ(executed, true);
   EXPECT_FALSE(form.isVisible());
   EXPECT_FALSE(form.isVisible());
@@ -80,7 +80,7 @@ TEST_F(InputFormTest, EseguiWithABadFieldKeepsTheFormOpenAndRunsNothing) {
   giveUp();
   show();
   EXPECT_EQ(executed, false);
-  EXPECT_EQ(tables.InpValues[1], "1");
+  EXPECT_EQ(tables.InpValues[1].bytes(), "1");
 }
 
 TEST_F(InputFormTest, RinunciaWithABadFieldClosesAndSetsTheFlag) {
@@ -122,8 +122,8 @@ TEST_F(InputFormTest, TabWalksThroughTheFieldsAndWhatWasTypedStays) {
   });
   execute();
   show();
-  EXPECT_EQ(tables.InpValues[1], "25");
-  EXPECT_EQ(tables.InpValues[2], "tre");
+  EXPECT_EQ(tables.InpValues[1].bytes(), "25");
+  EXPECT_EQ(tables.InpValues[2].bytes(), "tre");
 }
 
 TEST_F(InputFormTest, TheFocusThatGoesToAControlOfTheFormLeavesTheField) {
@@ -166,7 +166,7 @@ TEST_F(InputFormTest, AnotherWindowMayTakeTheFocusWithoutBlankingTheField) {
   });
   execute();
   show();
-  EXPECT_EQ(tables.InpValues[1], "25");
+  EXPECT_EQ(tables.InpValues[1].bytes(), "25");
 }
 
 TEST_F(InputFormTest, ABadFormulaShowsTheBoxOnceAndTheFieldStays) {
@@ -207,7 +207,7 @@ TEST_F(InputFormTest, TheTextTypedGoesToTheTableInCodePage437) {
   then([this] { replace(QString("µ²")); });
   execute();
   show();
-  EXPECT_EQ(tables.InpValues[2], "\xE6\xFD");
+  EXPECT_EQ(tables.InpValues[2].bytes(), "\xE6\xFD");
 }
 
 TEST_F(InputFormTest, TheButtonsOfAFormWithoutFieldsAreReachedByTab) {

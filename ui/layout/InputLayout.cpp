@@ -52,10 +52,10 @@ std::vector<PlacedText> placeTexts(const InputTables& tables, CellSize cell, con
   std::vector<PlacedText> texts;
   for (int i = 1; i <= tables.InpTextCount; ++i) {
     const auto& [row, col, alignment] = tables.InpTextPos[i];
-    std::string text = trim(tables.InpTexts[i]);
+    std::string text = trim(tables.InpTexts[i].bytes());
     if (length(text) > tables.InpCols) text = shortened(text, tables.InpCols - kColumnsOfFrames);
     const double left = columnLeft(col, cell) + alignmentOffset(alignment, font.width(text).value());
-    texts.push_back({left, rowTop(row, cell), text});
+    texts.push_back({left, rowTop(row, cell), Cp437Text(text)});
   }
   return texts;
 }

@@ -23,7 +23,7 @@ struct InputSurroundings {
 /// A text printed free of the grid.
 struct PlacedText {
   double left = 0, top = 0;
-  std::string text;
+  Cp437Text text;
   bool operator==(const PlacedText&) const = default;
 };
 
@@ -49,7 +49,7 @@ inline constexpr Colour InpColorEdit = Colour::fromChannels(240, 240, 240);
 struct EditBox {
   bool visible = false;
   Rect place;
-  std::string text;
+  Cp437Text text;
   Colour background = InpColorEdit;
   bool flushRight = false;
 };

@@ -47,7 +47,7 @@ InpFrm::InpFrm(InpMod& engine, const Windows& windows, MainWindow& window)
   connect(cmdEse_, &QPushButton::clicked, this, [this] { loop_.handle([this] { esegui(); }); });
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget* from, QWidget* to) { loop_.handle([&] { focusMoved(from, to); }); });
-  txtGet_->typed = [this](const std::string& text) { engine_.setEditText(text); };
+  txtGet_->typed = [this](const Cp437Text& text) { engine_.setEditText(text); };
   txtGet_->keyDown = [this](int code) {
     bool moved = false;
     loop_.handle([&] { moved = engine_.keyDown(code); });
@@ -100,7 +100,7 @@ void InpFrm::buildFields(const InputTables& tables) {
     label->setObjectName(QString("lblVal(%1)").arg(field));
     label->setGeometry(toPixels(layout.lblVal[i]));
     label->setVisible(field > 0);
-    if (field > 0) label->setAccessibleName(fromCp437(tables.InpLabels[field]));
+    if (field > 0) label->setAccessibleName(fromText(tables.InpLabels[field]));
     label->clicked = [this, field] {
       loop_.handle([&] { engine_.GoToField(field); });
       sync();

@@ -53,7 +53,7 @@ void EntryBox::show(const EditBox& box) {
   colours.setColor(QPalette::Base, toColour(box.background));
   colours.setColor(QPalette::Text, toColour(kBlack));
   setPalette(colours);
-  const QString shown = fromCp437(box.text);
+  const QString shown = fromText(box.text);
   if (text() != shown) setText(shown);
   raise();
 }

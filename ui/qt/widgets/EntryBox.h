@@ -17,7 +17,7 @@ class EntryBox : public QLineEdit {
   void show(const EditBox& box);
 
   std::function<bool(int keyCode)> keyDown;
-  std::function<void(const std::string&)> typed;
+  std::function<void(const Cp437Text&)> typed;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

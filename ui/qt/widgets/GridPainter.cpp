@@ -23,7 +23,8 @@ void GridPainter::character(const QRectF& cell, char c) {
   painter_.drawText(QPointF(cell.left(), cell.top() + baseline_), QString::fromUcs4(&glyph, 1));
 }
 
-void GridPainter::text(double left, double top, std::string_view text, Colour background) {
+void GridPainter::text(double left, double top, const Cp437Text& shown, Colour background) {
+  const std::string_view text = shown.bytes();
   const double width = static_cast<double>(text.size()) * cell_.width;
   painter_.fillRect(QRectF(left * unit_, top * unit_, width * unit_, cell_.height * unit_),
                     toColour(background));

@@ -19,7 +19,7 @@ class GridPainter {
   GridPainter(QPainter& painter, const QFont& font, CellSize cell, double unit = 1 / kNominalTwipsPerPixel);
 
   /// A text from this place on, each character in a cell of its own, opaque on `background`.
-  void text(double left, double top, std::string_view text, Colour background);
+  void text(double left, double top, const Cp437Text& text, Colour background);
   /// A frame through the centres of its corner cells.
   void frame(const GridFrame& frame, Colour background);
   /// A whole grid with its frames, from this place on. Cells that were never printed on let the paper through.

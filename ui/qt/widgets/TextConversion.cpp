@@ -63,10 +63,10 @@ QString fromText(const Cp437Text& text) {
   return fromCp437(text.bytes());
 }
 
-std::string toCp437(const QString& text) {
+Cp437Text toCp437(const QString& text) {
   std::string result;
   for (const char32_t c : text.toStdU32String()) result += fromUnicode(c, CodePage::kCp437).value_or('?');
-  return result;
+  return Cp437Text(result);
 }
 
 QString fromLines437(const Cp437Text& lines) {

@@ -13,7 +13,7 @@ namespace vk {
 QString fromCp437(std::string_view text);
 QString fromText(const Cp437Text& text);
 /// Back again; a character without a place in the code page becomes "?".
-std::string toCp437(const QString& text);
+Cp437Text toCp437(const QString& text);
 /// A text of several lines: each pair of CR and LF becomes "\n", and a CR or LF of its own the sign
 /// that its code has on character screens.
 QString fromLines437(const Cp437Text& text);

@@ -2,8 +2,8 @@
 
 #include <QWidget>
 #include <functional>
-#include <string>
 
+#include "base/EncodedText.h"
 #include "ui/layout/CharFrame.h"
 #include "ui/layout/Geometry.h"
 
@@ -14,8 +14,7 @@ class ValueCell : public QWidget {
  public:
   ValueCell(QWidget* form, CellSize cell, bool flushRight, Colour background);
 
-  /// Text in code page 437.
-  void setText(const std::string& text);
+  void setText(const Cp437Text& text);
   std::function<void()> clicked;
 
  protected:
@@ -26,7 +25,7 @@ class ValueCell : public QWidget {
   CellSize cell_;
   bool flushRight_;
   Colour background_;
-  std::string text_;
+  Cp437Text text_;
 };
 
 }  // namespace vk

@@ -40,7 +40,7 @@ std::span<const InstructionSet> instructionSets();
 /// machine does no harm.
 const InstructionSet& instructionSetOf(std::string_view name);
 
-/// The one that is used: VOR_SIMD of the environment can name it.
+/// The one that is used: VOR_SIMD of the environment can name it, as scalar, sse2, sse4, avx or avx512.
 const InstructionSet& instructionSet();
 
 }  // namespace vk::elementary

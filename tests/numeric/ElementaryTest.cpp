@@ -233,8 +233,8 @@ std::vector<std::string> resultLines() {
   return lines;
 }
 
-/// The bits that were written down with another set, on another machine. Under VOR_RENEW_REFERENCES they are written
-/// down, and the test fails.
+/// The bits that every machine must give, with every set that VOR_SIMD can name. Under VOR_RENEW_REFERENCES they are
+/// written down, and the test fails.
 TEST(Elementary, ResultsAreThoseWrittenDown) {
   std::ostringstream found;
   for (const std::string& line : resultLines()) found << line << "\n";

@@ -18,6 +18,8 @@ struct Centimetre {};  ///< sizes of pages
 inline constexpr double kTwipsPerInch = 1440;
 inline constexpr double kTwipsPerPoint = 20;
 inline constexpr double kCmPerInch = 2.54;
+/// Sizes of marks and ticks are told in mm, places on the page in cm.
+inline constexpr double kMmPerCm = 10;
 /// A nominal pixel has 15 twips on every screen, however fine its own pixels are.
 inline constexpr double kNominalTwipsPerPixel = 15;
 

@@ -1,6 +1,7 @@
 #include "batch/Assignment.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -15,6 +16,12 @@ bool isOneName(const std::string& name) {
 }
 
 }  // namespace
+
+double parseNumber(const char* option, const std::string& text, double most) {
+  const double value = numberIn(text).value_or(HUGE_VAL);
+  if (std::abs(value) <= most) return value;
+  throw UsageError(std::string(option) + " \"" + text + "\": si attende un numero");
+}
 
 Assignment parseAssignment(const std::string& argument) {
   const int equals = position(argument, "=");

@@ -1,9 +1,14 @@
 #pragma once
 
+#include <limits>
 #include <string>
 #include <vector>
 
 namespace vk {
+
+/// The number of an option. Raises `UsageError` for another text, and for a number beyond `most` on either side.
+double parseNumber(const char* option, const std::string& text,
+                   double most = std::numeric_limits<double>::max());
 
 /// "name=value" of a command line.
 struct Assignment {

@@ -31,8 +31,6 @@ int catalogueIndex(const std::string& text, const std::vector<CatalogueEntry>& l
   return static_cast<int>(index);
 }
 
-}  // namespace
-
 void useFormula(Session& session, const std::string& formula, const std::string& names) {
   Compilation compiled = compileFunction(names, formula);
   if (!compiled.ok) throw UsageError(terminalText(compiled.report));
@@ -58,6 +56,8 @@ void useFunctionFile(Session& session, Files& files, const std::string& fileName
   loadFunction(session, entry);
   takeLastInner(session);
 }
+
+}  // namespace
 
 void chooseModel(Session& session, Files& files, const ModelArguments& model, const std::string& names) {
   BuildCatalogue(session.loaded.catalogue);

@@ -20,13 +20,4 @@ struct ModelArguments {
 /// parameters of a formula. What cannot be found or compiled raises `UsageError`.
 void chooseModel(Session& session, Files& files, const ModelArguments& model, const std::string& names);
 
-// The three ways, each with the same promise.
-
-/// A formula in x, with its parameter names as a comma list.
-void useFormula(Session& session, const std::string& formula, const std::string& names);
-/// "f,g": the numbers of the outer and the inner function in the catalogue, from 1.
-void useCatalogue(Session& session, const std::string& pair);
-/// Entry `entry` (from 1) of a function file.
-void useFunctionFile(Session& session, Files& files, const std::string& fileName, int entry);
-
 }  // namespace vk

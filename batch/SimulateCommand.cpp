@@ -4,13 +4,12 @@
 #include <cmath>
 
 #include "base/CodePage.h"
-#include "base/NumberText.h"
+#include "batch/Assignment.h"
 #include "batch/DataInput.h"
 #include "batch/FitCommand.h"
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
 #include "commands/ExhaustedBox.h"
-#include "commands/RandomSource.h"
 #include "commands/SimulationCommand.h"
 #include "data/DataFiles.h"
 #include "platform/system/SystemRandom.h"
@@ -23,9 +22,7 @@ constexpr int kMostPoints = 32767;
 
 /// A number of an option; `otherwise` where it is left out.
 double number(const char* option, const std::string& text, double otherwise) {
-  if (text.empty()) return otherwise;
-  if (const auto value = numberIn(text)) return *value;
-  throw UsageError(std::string(option) + " \"" + text + "\": si attende un numero");
+  return text.empty() ? otherwise : parseNumber(option, text);
 }
 
 /// The program itself would only speak of an overflow.
@@ -36,15 +33,15 @@ double numberOfPoints(const std::string& text, double otherwise) {
                    std::to_string(kMostPoints));
 }
 
-SimulationSettings wantedSettings(const SimulateArguments& arguments) {
+/// The numbers that the fields of the form would have.
+std::array<double, 7> wantedFields(const SimulateArguments& arguments) {
   const SimulationSettings first = firstSettings();
   const double xmin = number("--xmin", arguments.xmin, first.SimXMin);
   const double xmax = number("--xmax", arguments.xmax, first.SimXMax);
   const double points = numberOfPoints(arguments.points, first.SimPoints);
   const double dy = number("--dy", arguments.dy, first.SimErrY);
   const double dx = number("--dx", arguments.dx, first.SimErrX);
-  return settingsOf(
-      std::array{xmin, xmax, points, dy, arguments.dyAbsolute ? 1.0 : 0, dx, arguments.dxAbsolute ? 1.0 : 0});
+  return {xmin, xmax, points, dy, arguments.dyAbsolute ? 1.0 : 0, dx, arguments.dxAbsolute ? 1.0 : 0};
 }
 
 Json settings(const SimulationSettings& sim, float seed) {
@@ -79,27 +76,18 @@ int runSimulate(const SimulateArguments& arguments) {
   chooseModel(session, files, arguments.model, parameterNames(arguments.parameters));
   enterStart(session, arguments.parameters);
   const float seed = seedFrom(arguments.seed, random);
-  RandomSource source(random);
-
-  ParameterSet& par = session.analysis.par;
-  const ParameterSet truth = par;
+  const ParameterSet truth = session.analysis.par;
   ExhaustedBox listener(dialogs);
-  Model& model = session.analysis.model;
-  const SimulationSettings wanted = wantedSettings(arguments);
-  const auto simulated =
-      simulateUnlessOverflow(dialogs, [&] { return simulate(wanted, model, par, source, listener); });
-  if (!simulated) return kExitBadInput;
-  scatterStart(par, source);
-  if (!acceptCorrections(dialogs, *simulated, par.FreeCount)) return kExitBadInput;
-  session.loaded.data = simulated->data;
+  if (!SimulateData(session, wantedFields(arguments), dialogs, random, listener)) return kExitBadInput;
   FitOutcome outcome = fitAtTerminal(session, dialogs, listener, arguments.json);
   if (arguments.json) {
-    outcome.report = Json::Object{{"settings", settings(simulated->settings, seed)},
+    outcome.report = Json::Object{{"settings", settings(session.analysis.sim, seed)},
                                   {"truth", parameters(truth)},
                                   {"fit", outcome.report}};
   }
   printOutcome(outcome, arguments.json);
-  if (!arguments.outputFile.empty()) writeFile(files, arguments.outputFile, dataFileText(simulated->data));
+  if (!arguments.outputFile.empty())
+    writeFile(files, arguments.outputFile, dataFileText(session.loaded.data));
   return outcome.failed ? kExitFailed : kExitDone;
 }
 

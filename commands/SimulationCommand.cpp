@@ -1,7 +1,5 @@
 #include "commands/SimulationCommand.h"
 
-#include <array>
-
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "commands/DisplayRefresh.h"
@@ -69,13 +67,6 @@ void describeFields(const Session& session, InputTables& form) {
 
 // ---- The settings -----------------------------------------------------------------------------------------
 
-SimulationSettings enteredSettings(const InputTables& form) {
-  std::array<double, kFieldCount> numbers;
-  for (int i = 1; i <= kFieldCount; ++i)
-    numbers[static_cast<std::size_t>(i - 1)] = scanNumber(form.InpValues[i].bytes());
-  return settingsOf(numbers);
-}
-
 /// The lines of a correction, each ended by CR.
 std::string correctionText(Correction correction, const SimulationSettings& sim, int freeCount) {
   switch (correction) {
@@ -93,6 +84,21 @@ std::string correctionText(Correction correction, const SimulationSettings& sim,
   return {};
 }
 
+/// Tells what was not reasonable in the settings. True when the user wants to go on with what was corrected, or when
+/// there was nothing.
+bool acceptCorrections(Dialogs& dialogs, const SimulatedData& simulated, int freeCount) {
+  constexpr int kContinue = 2;
+  if (simulated.corrections.empty()) return true;
+  std::string report;
+  for (const Correction correction : simulated.corrections) {
+    report += correctionText(correction, simulated.settings, freeCount);
+  }
+  return dialogs.Get_Msg({.caption = kCorrectionsCaption,
+                          .text = WindowText(kCorrectionsHead + report),
+                          .icon = kExclamation,
+                          .captions = {kGiveUpButton, kContinueButton}}) == kContinue;
+}
+
 // ---- The data ---------------------------------------------------------------------------------------------
 
 constexpr const char* kDataName = "SIMULA.DAT";
@@ -108,11 +114,14 @@ void takeData(Session& session, const SimulatedData& simulated) {
 }  // namespace
 
 void MenDatSim(Session& session, Ports& ports) {
-  if (!askSimulation(session, ports.input)) return;
+  const auto fields = askSimulation(session, ports.input);
+  if (!fields) return;
   ExhaustedBox listener(ports.dialogs);
   ParameterSet& par = session.analysis.par;
   const Array<double> truth = par.ParValues;
-  if (!SimulateData(session, ports, listener)) return;
+  const bool simulated = SimulateData(session, *fields, ports.dialogs, ports.random, listener);
+  Msg(session, ports.window);
+  if (!simulated) return;
   fitOnScreen(session, ports, listener);
   for (int i = 1; i <= par.FreeCount; ++i) {
     const int parameter = par.FreeIndex[i];
@@ -120,7 +129,7 @@ void MenDatSim(Session& session, Ports& ports) {
   }
 }
 
-bool askSimulation(Session& session, InputForm& form) {
+std::optional<std::array<double, 7>> askSimulation(Session& session, InputForm& form) {
   InputTables& tables = session.input;
   describeFields(session, tables);
   tables.InpRows = kRows;
@@ -131,45 +140,28 @@ bool askSimulation(Session& session, InputForm& form) {
   describeTexts(tables, {{1, kSimulationColumns / 2, kFunctionHead},
                          {2, kSimulationColumns / 2, trim(session.analysis.fun.FunctionText)}});
   tables.caption = kSimulationCaption;
-  return askForm(session, form);
+  if (!askForm(session, form)) return std::nullopt;
+  std::array<double, kFieldCount> numbers;
+  for (int i = 1; i <= kFieldCount; ++i)
+    numbers[static_cast<std::size_t>(i - 1)] = scanNumber(tables.InpValues[i].bytes());
+  return numbers;
 }
 
-bool acceptCorrections(Dialogs& dialogs, const SimulatedData& simulated, int freeCount) {
-  constexpr int kContinue = 2;
-  if (simulated.corrections.empty()) return true;
-  std::string report;
-  for (const Correction correction : simulated.corrections) {
-    report += correctionText(correction, simulated.settings, freeCount);
-  }
-  return dialogs.Get_Msg({.caption = kCorrectionsCaption,
-                          .text = WindowText(kCorrectionsHead + report),
-                          .icon = kExclamation,
-                          .captions = {kGiveUpButton, kContinueButton}}) == kContinue;
-}
-
-std::optional<SimulatedData> simulateUnlessOverflow(Dialogs& dialogs,
-                                                    const std::function<SimulatedData()>& simulate) {
+bool SimulateData(Session& session, std::span<const double, 7> fields, Dialogs& dialogs, Random& random,
+                  EvaluationListener& listener) {
+  ParameterSet& par = session.analysis.par;
+  RandomSource source(random);
+  SimulatedData simulated;
   try {
-    return simulate();
+    simulated = simulate(settingsOf(fields), session.analysis.model, par, source, listener);
   } catch (const RuntimeError& error) {
     if (error.number() != kOverflow) throw;
     dialogs.plainBox(kProgramTitle, kOverflowWord);
-    return std::nullopt;
+    return false;
   }
-}
-
-bool SimulateData(Session& session, Ports& ports, EvaluationListener& listener) {
-  ParameterSet& par = session.analysis.par;
-  Model& model = session.analysis.model;
-  RandomSource source(ports.random);
-  const auto simulated = simulateUnlessOverflow(
-      ports.dialogs, [&] { return simulate(enteredSettings(session.input), model, par, source, listener); });
-  if (!simulated) return false;
-  takeData(session, *simulated);
+  takeData(session, simulated);
   scatterStart(par, source);
-  const bool goesOn = acceptCorrections(ports.dialogs, *simulated, par.FreeCount);
-  Msg(session, ports.window);
-  return goesOn;
+  return acceptCorrections(dialogs, simulated, par.FreeCount);
 }
 
 }  // namespace vk

@@ -92,13 +92,12 @@ class LineParser {
     return std::move(reading_);
   }
 
-  void reportLine(std::string_view line, const std::string& reason) {
-    errors_.add("***ERR. Linea " + FormatPattern(number_, "####") + ": " + std::string(line) +
+  void reportLine(std::string_view text, const std::string& reason, const std::string& place = {}) {
+    errors_.add("***ERR. Linea " + FormatPattern(number_, "####") + place + ": " + std::string(text) +
                 std::string(kCrLf) + reason);
   }
   void reportToken(std::size_t index, std::string_view token) {
-    errors_.add("***ERR. Linea " + FormatPattern(number_, "####") + "; Dato " + std::to_string(index) + ": " +
-                std::string(token) + std::string(kCrLf) + "   Dato NON numerico");
+    reportLine(token, "   Dato NON numerico", "; Dato " + std::to_string(index));
   }
   void close(const char* line) { reading_.errors.append(line).append(kCrLf); }
 

@@ -5,13 +5,13 @@
 #include <limits>
 
 #include "base/CheckedMath.h"
+#include "base/Length.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "gral/AxisLabels.h"
 #include "gral/Plotting.h"
 #include "gral/ScaleLabels.h"
-#include "gral/Units.h"
 
 namespace vk {
 namespace {

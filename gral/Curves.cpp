@@ -4,11 +4,11 @@
 #include <vector>
 
 #include "base/CheckedMath.h"
+#include "base/Length.h"
 #include "base/Rounding.h"
 #include "gral/PixelPath.h"
 #include "gral/Plotting.h"
 #include "gral/Spline.h"
-#include "gral/Units.h"
 
 namespace vk {
 namespace {

@@ -3,11 +3,11 @@
 #include <cmath>
 #include <vector>
 
+#include "base/Length.h"
 #include "base/Rounding.h"
 #include "gral/PixelPath.h"
 #include "gral/Plotting.h"
 #include "gral/SavedDrawing.h"
-#include "gral/Units.h"
 
 namespace vk {
 namespace {

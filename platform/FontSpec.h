@@ -7,8 +7,7 @@ namespace vk {
 /// A font of the forms.
 struct FontSpec {
   std::string face;
-  int size;     ///< points
-  int charset;  ///< 0 the text character set, 255 that of the character screens
+  int size;  ///< points
   bool bold = false;
 };
 

@@ -14,8 +14,8 @@ struct DesktopSettings {
   Int16 BeepFreqLow = 500, BeepFreqHigh = 1000;  ///< Hz
   Int16 BeepLenLow = 1, BeepLenHigh = 1;         ///< ms
 
-  FontSpec FontLabel{"Arial", 9, 0};
-  FontSpec FontEdit{"Courier New", 10, 255};
+  FontSpec FontLabel{"Arial", 9};
+  FontSpec FontEdit{"Courier New", 10};
 };
 
 }  // namespace vk

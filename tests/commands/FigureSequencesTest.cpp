@@ -187,8 +187,9 @@ TEST_F(DataFigureSequence, SimulatedDataSurviveAGraphicFile) {
   ScriptedInputForm form;
   form.execute({"0", "10", "20", "0.5", "1", "0", "1"});
   ExhaustedBox listener(dialogs);
-  ASSERT_TRUE(askSimulation(session, form));
-  ASSERT_TRUE(SimulateData(session, TestPorts(dialogs, window, random), listener));
+  const auto fields = askSimulation(session, form);
+  ASSERT_TRUE(fields);
+  ASSERT_TRUE(SimulateData(session, *fields, dialogs, random, listener));
   ASSERT_EQ(session.loaded.DataFile, "SIMULA.DAT");
   ASSERT_EQ(session.loaded.data.NumPnt, 20);
   expectTheSameFitAfterAGraphicFile();

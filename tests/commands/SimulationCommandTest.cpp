@@ -35,10 +35,8 @@ class SimulationTest : public PropagationTest {
     CyclingRandom none({0.5F});
     Random& random = random_ == nullptr ? none : *random_;
     ExhaustedBox listener(dialogs);
-    if (askSimulation(session, form_) &&
-        SimulateData(session, TestPorts(dialogs, window, random), listener)) {
-      fit();
-    }
+    const auto fields = askSimulation(session, form_);
+    if (fields && SimulateData(session, *fields, dialogs, random, listener)) fit();
   }
   void simulate(const Fields& fields, Random& random) {
     form_.execute(fields);
@@ -234,7 +232,6 @@ TEST_F(SimulationTest, TheFirstButtonStopsBeforeTheFitWithTheDataReplaced) {
   EXPECT_EQ(session.loaded.data.NumPnt, 11);
   EXPECT_EQ(session.loaded.DataFile, "SIMULA.DAT");
   EXPECT_EQ(session.loaded.DataDefined, kTrue);
-  EXPECT_EQ(window.panels[1], "Dati: SIMULA.DAT");
 }
 
 TEST_F(SimulationTest, TheSecondButtonGoesOn) {
@@ -321,8 +318,6 @@ TEST_F(SimulationTest, TheSessionHasDataOfItsOwnName) {
   EXPECT_EQ(session.loaded.DataFile, "SIMULA.DAT");
   EXPECT_EQ(session.loaded.DataDefined, kTrue);
   EXPECT_EQ(session.analysis.SimFirstTime, kFalse);
-  EXPECT_EQ(window.panels[1], "Dati: SIMULA.DAT");
-  EXPECT_TRUE(window.menuEnabled[Control::MenDatSav]);
   EXPECT_TRUE(files.written.empty());
 }
 
@@ -391,6 +386,16 @@ TEST_F(SimulationTest, AfterTheFitTheTrueValuesAreBack) {
   EXPECT_GT(session.analysis.par.ParDeltas[2], 0.1);  // the error that the fit has found
   EXPECT_TRUE(output.isOpen());
   EXPECT_THAT(screen(), testing::HasSubstr("Completata"));
+}
+
+TEST_F(SimulationTest, TheWindowShowsTheDataEvenWithoutTheirFit) {
+  form_.execute({"10", "0", "11", "1", "1", "0", "0"});
+  dialogs.press(1);
+  CyclingRandom random({0.5F, 0.75F});
+  MenDatSim(session, TestPorts(form_, dialogs, window, output, random));
+  EXPECT_FALSE(output.isOpen());
+  EXPECT_EQ(window.panels[1], "Dati: SIMULA.DAT");
+  EXPECT_TRUE(window.menuEnabled[Control::MenDatSav]);
 }
 
 }  // namespace

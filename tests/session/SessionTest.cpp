@@ -78,14 +78,13 @@ TEST(Session, TheSimulationStartsFromNothing) {
 
 TEST(Session, HasTheFontsOfTheForms) {
   const Session session;
-  const auto expectFont = [](const FontSpec& font, const char* face, int size, int charset) {
+  const auto expectFont = [](const FontSpec& font, const char* face, int size) {
     EXPECT_EQ(font.face, face);
     EXPECT_EQ(font.size, size);
-    EXPECT_EQ(font.charset, charset);
     EXPECT_FALSE(font.bold);
   };
-  expectFont(session.settings.FontLabel, "Arial", 9, 0);
-  expectFont(session.settings.FontEdit, "Courier New", 10, 255);
+  expectFont(session.settings.FontLabel, "Arial", 9);
+  expectFont(session.settings.FontEdit, "Courier New", 10);
 }
 
 }  // namespace

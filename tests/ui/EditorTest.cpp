@@ -208,7 +208,7 @@ TEST_F(EditorTest, TheLastCellOnlyClosesThePalette) {
 }
 
 TEST_F(EditorTest, StampaPrintsTheTextInFontEdit) {
-  session.settings.FontEdit = {"Courier New", 10, 255};
+  session.settings.FontEdit = {"Courier New", 10};
   printer.orientation = kLandscape;
   open("uno\r\ndue\r\n");
   editor.MnuPri();

@@ -39,7 +39,7 @@ TEST_F(EditorFormTest, OneOfTheTwoControlsIsVisible) {
 }
 
 TEST_F(EditorFormTest, TheControlsHaveTheirFonts) {
-  session.settings.FontEdit = {"Courier New", 10, 255};
+  session.settings.FontEdit = {"Courier New", 10};
   open("uno\r\n");
   EXPECT_EQ(plainBox()->font().pointSize(), 10);
   EXPECT_TRUE(QFontInfo(plainBox()->font()).fixedPitch());
@@ -208,7 +208,7 @@ TEST_F(EditorFormTest, IncollaInsertsBeforeTheSelection) {
 }
 
 TEST_F(EditorFormTest, StampaPrintsInFontEdit) {
-  session.settings.FontEdit = {"Courier New", 9, 255};
+  session.settings.FontEdit = {"Courier New", 9};
   open("uno\r\ndue\r\n");
   choose("MnuPri");
   EXPECT_THAT(printer.calls, ElementsAre("text", "end"));

@@ -327,7 +327,7 @@ TEST_F(OutputFormTest, TheGridCanBeReadByAssistiveTools) {
 }
 
 TEST(QtClipboard, HoldsAGridAsBitmapAndAsText) {
-  const FontSpec font{"Courier New", 10, 255};
+  const FontSpec font{"Courier New", 10};
   QtClipboard clipboard(font);
   CharGrid grid(2, 12);
   grid.print(1, 1, Cp437Text(std::string("X\xFD/\xE6 = 1")));
@@ -340,7 +340,7 @@ TEST(QtClipboard, HoldsAGridAsBitmapAndAsText) {
 }
 
 TEST(QtClipboard, TakesAndGivesTextsOfCodePage437) {
-  const FontSpec font{"Courier New", 10, 255};
+  const FontSpec font{"Courier New", 10};
   QtClipboard clipboard(font);
   clipboard.setText(Cp437Text(std::string("a\xFB\x62")));
   EXPECT_EQ(QGuiApplication::clipboard()->text(), QString("a√b"));

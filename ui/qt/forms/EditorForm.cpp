@@ -14,7 +14,7 @@
 namespace vk {
 namespace {
 
-const FontSpec kLargeFileFont{"terminal", 12, 255};
+const FontSpec kLargeFileFont{"terminal", 12};
 
 }  // namespace
 

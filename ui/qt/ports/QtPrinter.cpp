@@ -43,7 +43,7 @@ std::string folderOf(const std::string& name) {
 
 /// A font in twips, for a painter whose units are twips.
 QFont twipFont(const std::string& face, double points) {
-  QFont font = toolkitFont({face, 10, 255});
+  QFont font = toolkitFont({face, 10});
   font.setPixelSize(static_cast<int>(points * kTwipsPerPoint));
   return font;
 }

@@ -43,7 +43,7 @@ void setUpToolkit(QApplication& toolkit) {
   // One look everywhere: fields and grids have fixed colours, which must suit what surrounds them.
   toolkit.setStyle(new ControlStyle);
   toolkit.setPalette(colours());
-  toolkit.setFont(toolkitFont({"Arial", 10, 0}));
+  toolkit.setFont(toolkitFont({"Arial", 10}));
   installDialogRole();
   toolkit.installTranslator(new ItalianTexts(&toolkit));
   toolkit.setQuitOnLastWindowClosed(false);

@@ -37,7 +37,7 @@ bool isName(const std::string& text) {
 
 }  // namespace
 
-bool Calculator::enter(const std::string& line) {
+bool Calculator::enter(std::string_view line) {
   const std::string typed = trim(line);
   const int equals = position(typed, "=");
   const std::string name = trim(left(typed, equals - 1));

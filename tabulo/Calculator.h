@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -22,7 +23,7 @@ class Calculator {
   using NamedValue = std::pair<std::string, double>;
 
   /// Calculates a line. True when it joins the history; else `error` tells why and nothing else changes.
-  bool enter(const std::string& line);
+  bool enter(std::string_view line);
 
   /// Why the last line failed; empty after a good one.
   const std::string& error() const { return error_; }

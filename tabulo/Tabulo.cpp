@@ -34,10 +34,10 @@ QTreeWidget* makeList(const char* name, const QString& title, const QStringList&
   return list;
 }
 
-void addRow(QTreeWidget* list, const std::string& left, const std::string& right) {
-  auto* row = new QTreeWidgetItem(list, {fromCp437(left), fromCp437(right)});
+void addRow(QTreeWidget* list, const Cp437Text& left, const Cp437Text& right) {
+  auto* row = new QTreeWidgetItem(list, {fromText(left), fromText(right)});
   row->setTextAlignment(1, kResultAlignment);
-  row->setToolTip(0, fromCp437(left));
+  row->setToolTip(0, fromText(left));
 }
 
 }  // namespace
@@ -111,7 +111,7 @@ void Tabulo::layOut() {
 void Tabulo::calculate() {
   const QString text = line_->text();
   line_->setFocus();
-  if (calculator_.enter(std::string(toCp437(text).bytes()))) line_->clear();
+  if (calculator_.enter(toCp437(text).bytes())) line_->clear();
   recalled_ = static_cast<int>(calculator_.history().size());
   showState();
 }
@@ -133,16 +133,19 @@ void Tabulo::recall(int step) {
   const auto& history = calculator_.history();
   const int end = static_cast<int>(history.size());
   recalled_ = std::clamp(recalled_ + step, 0, end);
-  putBack(recalled_ == end ? QString() : fromCp437(history[static_cast<std::size_t>(recalled_)].line));
+  putBack(recalled_ == end ? QString()
+                           : fromText(Cp437Text(history[static_cast<std::size_t>(recalled_)].line)));
 }
 
 void Tabulo::showState() {
   history_->clear();
-  for (const auto& [line, result] : calculator_.history()) addRow(history_, line, result);
+  for (const auto& [line, result] : calculator_.history())
+    addRow(history_, Cp437Text(line), Cp437Text(result));
   history_->scrollToBottom();
   values_->clear();
-  for (const auto& [name, value] : calculator_.values()) addRow(values_, name, generalText(value));
-  error_->setText(fromWindowText(calculator_.error()));
+  for (const auto& [name, value] : calculator_.values())
+    addRow(values_, Cp437Text(name), Cp437Text(generalText(value)));
+  error_->setText(fromText(WindowText(calculator_.error())));
 }
 
 bool Tabulo::eventFilter(QObject* watched, QEvent* event) {

@@ -19,7 +19,7 @@ TEST_F(CharacterPaletteTest, ThePaletteHas16By8CellsOfTheUpperHalf) {
   int widest = 0;
   for (int i = 0; i < 128; ++i) {
     widest = std::max(widest, font.horizontalAdvance(cell(i)->text()));
-    EXPECT_EQ(cell(i)->text(), fromCp437(std::string(1, static_cast<char>(i + 128))));
+    EXPECT_EQ(cell(i)->text(), fromText(Cp437Text(std::string(1, static_cast<char>(i + 128)))));
   }
   const double width = 3 * 15.0 * widest, height = 15.0 * font.height() + 40;
   EXPECT_NEAR(palette()->width(), (16 * width + 300) / 15, 1);

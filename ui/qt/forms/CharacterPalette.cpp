@@ -16,7 +16,7 @@ class LblChr : public QLabel {
     const int code = cell + kFirstPaletteCode;
     setObjectName(QString("LblChr(%1)").arg(cell));
     setTextFormat(Qt::PlainText);
-    setText(fromCp437(std::string(1, static_cast<char>(code))));
+    setText(fromText(Cp437Text(std::string(1, static_cast<char>(code)))));
     setAccessibleName(QString("Carattere %1: %2").arg(code).arg(text()));
     setToolTip(QString("Carattere %1").arg(code));
     setAlignment(Qt::AlignCenter);
@@ -49,7 +49,7 @@ class SignMeasure : public TextMeasure {
  public:
   explicit SignMeasure(const QFont& font) : metrics_(font) {}
   Twips width(std::string_view text) const override {
-    return toTwips(metrics_.horizontalAdvance(fromCp437(text)));
+    return toTwips(metrics_.horizontalAdvance(fromText(Cp437Text(std::string(text)))));
   }
   Twips height() const override { return toTwips(metrics_.height()); }
 

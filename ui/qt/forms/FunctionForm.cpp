@@ -75,7 +75,7 @@ void FunctionForm::closeEvent(QCloseEvent* event) {
 
 void fillList(QListWidget& list, const std::vector<std::string>& texts) {
   list.clear();
-  for (const std::string& text : texts) list.addItem(fromCp437(text));
+  for (const std::string& text : texts) list.addItem(fromText(Cp437Text(text)));
 }
 
 }  // namespace vk

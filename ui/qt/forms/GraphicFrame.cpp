@@ -139,7 +139,7 @@ void FraGra::sync() {
   showPicture();
   for (std::size_t i = 0; i < VScFct_.size(); ++i) {
     VScFct_[i]->setValue(panel_.scrollValue(static_cast<int>(i)));
-    LblFctVal_[i]->setText(fromWindowText(panel_.valueText(static_cast<int>(i))));
+    LblFctVal_[i]->setText(fromText(WindowText(panel_.valueText(static_cast<int>(i)))));
   }
   OptOri_.at(static_cast<std::size_t>(panel_.paperOption()))->setChecked(true);
   syncing_ = false;

@@ -72,8 +72,8 @@ void Loa_Fun::refill() {
 }
 
 void Loa_Fun::changed() {
-  TxtDef_->setPlainText(fromCp437(engine_.entry().definition));
-  TxtPar_->setPlainText(fromCp437(engine_.entry().parameters));
+  TxtDef_->setPlainText(fromText(Cp437Text(engine_.entry().definition)));
+  TxtPar_->setPlainText(fromText(Cp437Text(engine_.entry().parameters)));
 }
 
 int Loa_Fun::ask() {

@@ -118,7 +118,7 @@ void FrmMsg::paintEvent(QPaintEvent* event) {
   const int ascent = QFontMetrics(font()).ascent();
   for (const MessageLine& line : layout_.lines) {
     painter.drawText(toPixels(Twips(line.left), Twips(line.top)) + QPoint(0, ascent),
-                     fromWindowText(line.text));
+                     fromText(WindowText(line.text)));
   }
 }
 

@@ -68,7 +68,7 @@ void Sel_Fun::refill() {
 }
 
 void Sel_Fun::changed() {
-  TxtFun_->setText(fromCp437(engine_.text()));
+  TxtFun_->setText(fromText(Cp437Text(engine_.text())));
   TxtFun_->setCursorPosition(0);
 }
 

@@ -30,7 +30,7 @@ class FilesOfAKind : public QSortFilterProxyModel {
 
   void setPattern(const std::string& pattern) {
     all_ = pattern == kAllFiles;
-    extension_ = fromWindowText(GetExtensionName(pattern));
+    extension_ = fromText(WindowText(GetExtensionName(pattern)));
     invalidateFilter();
   }
   /// The order of the disk: folders apart from files, sizes and dates by their values.
@@ -53,7 +53,7 @@ class FilesOfAKind : public QSortFilterProxyModel {
   bool filterAcceptsRow(int row, const QModelIndex& folder) const override {
     const QModelIndex item = disk()->index(row, 0, folder);
     if (all_ || disk()->isDir(item)) return true;
-    const QString extension = fromWindowText(GetExtensionName(toFileName(disk()->fileName(item))));
+    const QString extension = fromText(WindowText(GetExtensionName(toFileName(disk()->fileName(item)))));
     return extension.compare(extension_, Qt::CaseInsensitive) == 0;
   }
 
@@ -76,7 +76,7 @@ void setTexts(QFileDialog& dialog, bool save) {
 /// The filter that is selected in the dialog; none when it offers none.
 const FileFilter* selectedFilter(const QFileDialog& dialog, const std::vector<FileFilter>& filters) {
   for (const FileFilter& filter : filters) {
-    if (dialog.selectedNameFilter().startsWith(fromWindowText(filter.label))) return &filter;
+    if (dialog.selectedNameFilter().startsWith(fromText(WindowText(filter.label)))) return &filter;
   }
   return nullptr;
 }
@@ -85,7 +85,7 @@ const FileFilter* selectedFilter(const QFileDialog& dialog, const std::vector<Fi
 void setFilters(QFileDialog& dialog, const std::vector<FileFilter>& filters, int selected) {
   QStringList names;
   // The toolkit looks for a pattern in the last parentheses, which are not shown; it lets everything through.
-  for (const FileFilter& filter : filters) names << fromWindowText(filter.label) + " (*)";
+  for (const FileFilter& filter : filters) names << fromText(WindowText(filter.label)) + " (*)";
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(names);
   if (selected >= 1 && selected <= names.size()) dialog.selectNameFilter(names[selected - 1]);

@@ -50,7 +50,7 @@ QtPlotWindow::QtPlotWindow(const World& world, int number)
 }
 
 void QtPlotWindow::followForm() {
-  const QString caption = fromWindowText(device_.Caption());
+  const QString caption = fromText(WindowText(device_.Caption()));
   setWindowTitle(caption);
   setAccessibleName(caption);
   setFixedSize(toPixels(Size{device_.Width(), device_.Height()}));

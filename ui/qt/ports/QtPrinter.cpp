@@ -195,7 +195,7 @@ void QtPrinter::printText(const Cp437Text& text, const std::string& face, double
       newPage();
       y = 0;
     }
-    painter->drawText(QPointF(0, y + points * kTwipsPerPoint), fromCp437(line));
+    painter->drawText(QPointF(0, y + points * kTwipsPerPoint), fromText(Cp437Text(line)));
     y += lineHeight;
   }
 }

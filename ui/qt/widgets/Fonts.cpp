@@ -33,7 +33,7 @@ Twips wholePixels(double pixels) {
 
 QString systemFace(const std::string& face) {
   if (isFixed(face)) return kFixedFace;
-  return face == "Arial" ? QString(kTextFace) : fromWindowText(face);
+  return face == "Arial" ? QString(kTextFace) : fromText(WindowText(face));
 }
 
 QFont toolkitFont(const FontSpec& font) {
@@ -58,7 +58,7 @@ Twips FontMeasure::width(std::string_view text) const {
   // The characters of a grid stand in cells, whatever single glyphs measure.
   if (texts_ == Texts::kGrid)
     return static_cast<double>(text.size()) * wholePixels(metrics_.horizontalAdvance('A'));
-  return wholePixels(metrics_.horizontalAdvance(fromWindowText(text)));
+  return wholePixels(metrics_.horizontalAdvance(fromText(WindowText(std::string(text)))));
 }
 
 Twips FontMeasure::height() const {

@@ -55,12 +55,8 @@ const QString kDoubled(QChar(0xE000));
 
 }  // namespace
 
-QString fromCp437(std::string_view text) {
-  return fromPage(text, CodePage::kCp437);
-}
-
 QString fromText(const Cp437Text& text) {
-  return fromCp437(text.bytes());
+  return fromPage(text.bytes(), CodePage::kCp437);
 }
 
 Cp437Text toCp437(const QString& text) {
@@ -118,14 +114,11 @@ bool fitsCp437(const QString& text) {
   return true;
 }
 
-QString fromWindowText(std::string_view text) {
-  QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-  QString decoded = utf8(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
-  return utf8.hasError() ? fromPage(text, CodePage::kWindows1252) : decoded;
-}
-
 QString fromText(const WindowText& text) {
-  return fromWindowText(text.bytes());
+  const std::string_view bytes = text.bytes();
+  QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+  QString decoded = utf8(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+  return utf8.hasError() ? fromPage(bytes, CodePage::kWindows1252) : decoded;
 }
 
 QString fromCaption(const WindowText& caption) {

@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <string>
-#include <string_view>
 
 #include "base/EncodedText.h"
 
@@ -10,7 +9,6 @@
 namespace vk {
 
 /// A text of grids, lists and the editor, code page 437. Control characters with a sign of their own become it.
-QString fromCp437(std::string_view text);
 QString fromText(const Cp437Text& text);
 /// Back again; a character without a place in the code page becomes "?".
 Cp437Text toCp437(const QString& text);
@@ -33,7 +31,6 @@ bool fitsCp437(const QString& text);
 
 /// A text of menus, captions and boxes: Windows-1252. File names in it are the system's own bytes, so a text
 /// that is valid UTF-8 is read as that.
-QString fromWindowText(std::string_view text);
 QString fromText(const WindowText& text);
 
 /// A caption in which the first "&" marks the access key; every other "&", of a path say, is shown as it is.

@@ -52,7 +52,7 @@ class WatchedResiduals : public Residuals {
   std::size_t points_ = 0;
 };
 
-// ---- Effective errors --------------------------------------------------------------------------------------
+// ---- Effective errors -------------------------------------------------------------------------------------
 
 /// The slopes of the model at all points. One that cannot be computed is that of the point before.
 std::vector<double> slopes(const FitProblem& problem, const ParameterSet& par, double h) {
@@ -98,7 +98,7 @@ Array<double> effectiveErrors(const FitProblem& problem, const ParameterSet& par
   return effective;
 }
 
-// ---- The fit -----------------------------------------------------------------------------------------------
+// ---- The fit ----------------------------------------------------------------------------------------------
 
 class Fit : public MinimiseObserver {
  public:

@@ -80,7 +80,7 @@ constexpr EnableRule keptBy(Condition condition) {
 }
 constexpr EnableRule kAsAtStart{};
 
-// ---- The entries of recent lists -----------------------------------------------------------------------------
+// ---- The entries of recent lists --------------------------------------------------------------------------
 
 /// Entry `index`, from 0, of a recent list, which `read` reads.
 template <int index, FileKindCode kind, auto read>

@@ -9,7 +9,7 @@
 namespace vk {
 namespace {
 
-// ---- Texts -------------------------------------------------------------------------------------------------
+// ---- Texts ------------------------------------------------------------------------------------------------
 
 constexpr const char* kGraphicFiles = "Grafici";
 constexpr const char* kFileFilter = "File ";
@@ -19,7 +19,7 @@ constexpr const char* kOverwriteQuestion = "FILE  gia` Esistente: Sovrascrivo?";
 constexpr const char* kYesButton = "&Si";
 constexpr const char* kNoButton = "&No";
 
-// ---- The kinds of file -------------------------------------------------------------------------------------
+// ---- The kinds of file ------------------------------------------------------------------------------------
 
 /// What the kinds of file differ in.
 struct KindOfFile {

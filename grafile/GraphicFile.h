@@ -40,7 +40,7 @@ class GraphicRun {
   /// The last line drew a function that has no value at the last of its points.
   bool lastPointFailed() const { return lastPointFailed_; }
 
-  // ---- What the commands do; the table of commands tells which is which ------------------------------------
+  // ---- What the commands do; the table of commands tells which is which -----------------------------------
 
   void defineParameters(const CommandFields& fields);
   void setXLog(const CommandFields& fields);

@@ -118,7 +118,7 @@ class Device {
   /// at `CurrentX`, `CurrentY`, which stay.
   void Print(std::string_view text);
 
-  // ---- The graphics context, in pixels ---------------------------------------------------------------------
+  // ---- The graphics context, in pixels --------------------------------------------------------------------
 
   /// Joins the points with the current pen; one point alone draws nothing. Between `BeginPath` and `EndPath`
   /// it adds them to the path.
@@ -154,7 +154,7 @@ class Device {
   /// Writes as `Print` does, with the top left corner at a pixel.
   void TextOut(std::int32_t x, std::int32_t y, std::string_view text);
 
-  // ---- Forms -----------------------------------------------------------------------------------------------
+  // ---- Forms ----------------------------------------------------------------------------------------------
 
   const std::string& Caption() const { return form_.caption; }
   void setCaption(std::string_view caption);
@@ -182,7 +182,7 @@ class Device {
   /// The picture that the form shows.
   Picture Image() { return sink_.image(); }
 
-  // ---- Printers --------------------------------------------------------------------------------------------
+  // ---- Printers -------------------------------------------------------------------------------------------
 
   /// A `PaperOrientation`. Setting it turns the page and renews the scale in its mode.
   Int16 Orientation();

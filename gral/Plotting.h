@@ -52,7 +52,7 @@ class GralCls {
   std::string GralPenTra;      ///< the pen's dash pattern with its phase
   int kGralPen = 0;            ///< index of the pen, 0..4; 0
 
-  // ---- Start and end ---------------------------------------------------------------------------------------
+  // ---- Start and end --------------------------------------------------------------------------------------
 
   /// Opens a drawing. `GralOri` is "LANDSCAPE" in any case, or portrait. A form takes scale/2 times the size
   /// of the page; 2 shows it at natural size. The device outlives the drawing.
@@ -67,7 +67,7 @@ class GralCls {
   void GralHide();
   void GralShow();
 
-  // ---- Mapping and conversions -----------------------------------------------------------------------------
+  // ---- Mapping and conversions ----------------------------------------------------------------------------
 
   /// Log XiL, XfL correspond to Usr XiU, XfU. Equal ends are run-time error 11 and leave the mapping. A range
   /// that `needsDoubles` is mapped in double precision; its fields tell the nearest singles.
@@ -98,7 +98,7 @@ class GralCls {
   float xPixel2Usr(double p) const;
   float yPixel2Usr(double p) const;
 
-  // ---- Pens, lines, clipping -------------------------------------------------------------------------------
+  // ---- Pens, lines, clipping ------------------------------------------------------------------------------
 
   void GralColor(Colour color);
   void GralFillColor(Colour color);
@@ -120,7 +120,7 @@ class GralCls {
   /// Limits drawing to a rectangle in Usr; equal ends give it back.
   void GralClip(double xi, double yi, double xf, double yf);
 
-  // ---- Marks -----------------------------------------------------------------------------------------------
+  // ---- Marks ----------------------------------------------------------------------------------------------
 
   /// Radius in millimetres and type: 1 triangle up, 2 triangle down, 3 square, 4 diamond, 5 circle in white,
   /// 6 to 10 in black, higher ones repeat in black, 0 nothing.
@@ -128,7 +128,7 @@ class GralCls {
   /// The mark at a Usr point. All shapes have the same area.
   void GralMark(double x, double y);
 
-  // ---- Axes ------------------------------------------------------------------------------------------------
+  // ---- Axes -----------------------------------------------------------------------------------------------
 
   /// A horizontal axis at Usr height y with nx intervals. `dy` is the tick length in millimetres, positive
   /// upward; labels stand on the other side. Those of a linear axis are chosen so that they can be read, and the
@@ -146,7 +146,7 @@ class GralCls {
   /// `inn` as 16 bits, rotated left by `ish`.
   Int16 Shift(Int16 inn, Int16 ish);
 
-  // ---- Text ------------------------------------------------------------------------------------------------
+  // ---- Text -----------------------------------------------------------------------------------------------
 
   /// Writes at a Usr point; see `GralWinPrintString`.
   void GralWPrint(double x, double y, double iCentr, Int16 iRot, double iPunti, std::string_view Text);
@@ -164,7 +164,7 @@ class GralCls {
   /// outside is run-time error 9.
   Int16 LetterWidth(int c, int font) const;
 
-  // ---- Curves and data -------------------------------------------------------------------------------------
+  // ---- Curves and data ------------------------------------------------------------------------------------
 
   /// Joins the points 1..np, in Usr, with straight lines under the current pen.
   void GralDraw(const Array<double>& x, const Array<double>& y, int np);
@@ -176,7 +176,7 @@ class GralCls {
   void PlotData(const Array<double>& Xpnt, const Array<double>& ErrXpnt, const Array<double>& Ypnt,
                 const Array<double>& ErrYpnt, int NumPnt, bool kXpntErr, bool iXLog, bool iYLog);
 
-  // ---- Filling, print of the screen ------------------------------------------------------------------------
+  // ---- Filling, print of the screen -----------------------------------------------------------------------
 
   /// Fills the area around a Usr point, up to the colour `LimitColor` on all sides or the clip region, with
   /// the device's filling. A point of that colour has no area.
@@ -185,7 +185,7 @@ class GralCls {
   /// form larger than the sheet begins at half the difference all the same.
   void GralPrintScreen();
 
-  // ---- Contours --------------------------------------------------------------------------------------------
+  // ---- Contours -------------------------------------------------------------------------------------------
 
   /// The level lines of a function over a rectangle in Usr: z(i, j) is its value at grid point i = 1..nx
   /// along x and j = 1..ny along y. Level k = 1..nl, in ascending order, is drawn in colour CLev(k), with the
@@ -193,7 +193,7 @@ class GralCls {
   void GralContour(double xmin, double xmax, double ymin, double ymax, const Array2<float>& z, Int16 nx,
                    Int16 ny, const Array<float>& VLev, const Array<Colour>& CLev, int nl);
 
-  // ---- Surfaces and frames in space --------------------------------------------------------------------------
+  // ---- Surfaces and frames in space -----------------------------------------------------------------------
   //
   // All of these see a box in parallel projection: the centre of its floor stands on the Usr point (Xoc, Yoc),
   // `theta` turns it about the vertical and `phi` raises the viewer, in degrees; Vx, Vy, Vz are its edge

@@ -21,7 +21,7 @@ struct Limits {
   double xstep;
 };
 
-// One call: each road ends in ask() or finish(). Tests are turned so that a value that is no number ends the
+// One call: each path ends in ask() or finish(). Tests are turned so that a value that is no number ends the
 // search instead of going round in it.
 class Call {
  public:

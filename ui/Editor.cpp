@@ -11,7 +11,7 @@
 namespace vk {
 namespace {
 
-// ---- Texts -------------------------------------------------------------------------------------------------
+// ---- Texts ------------------------------------------------------------------------------------------------
 
 constexpr std::array<WindowText, 3> kKindWords{kDataWord, kFunctionsWord, kGraphicWord};
 constexpr const char* kNotRead = " NON puo` essere Letto!";
@@ -27,7 +27,7 @@ constexpr const char* kGoOnButton = "&Continua Modifica";
 constexpr const char* kIgnoreButton = "&Ignora e Esci";
 constexpr const char* kShowErrorsButton = "&Visualizza Errori";
 
-// ---- Files -------------------------------------------------------------------------------------------------
+// ---- Files ------------------------------------------------------------------------------------------------
 
 /// The most bytes that the plain box takes.
 constexpr std::size_t kPlainBoxLimit = 40000;

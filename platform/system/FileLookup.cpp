@@ -56,8 +56,8 @@ std::vector<std::string> lookalikes(const std::string& folder, const std::string
 
 /// The way down from a folder by names that are equal but for the case.
 ///
-/// A folder that led nowhere is not gone through again, whatever road leads there: with links back into a folder the
-/// roads are more than anybody could try.
+/// A folder that led nowhere is not gone through again, whatever path leads there: with links back into a folder the
+/// paths are more than anybody could try.
 class WayDown {
  public:
   explicit WayDown(std::vector<std::string> names) : names_(std::move(names)) {}

@@ -95,7 +95,7 @@ TEST(LinearisedErrors, LeaveValuesAsTheyWere) {
   EXPECT_EQ(fit.par.ParValues, values);
 }
 
-// ---- Steps --------------------------------------------------------------------------------------------------
+// ---- Steps ------------------------------------------------------------------------------------------------
 
 TEST(LinearisedErrors, OfInventedErrorsFarAboveTheScatterAreThoseOfTheNormalEquations) {
   // Points of which nobody knows the errors get 1, though they scatter by 1E-5.

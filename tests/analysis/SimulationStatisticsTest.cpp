@@ -103,7 +103,7 @@ TEST(SimulatedData, FitsOfABellCurveFindTheTruthWithinTheirErrors) {
   expectFair(study({"A*EXP(-((x-m)/s)^2/2)", "A,m,s"}, {100, 5, 1.2}, {0, 10, 41, 3, 1, 0, 0}));
 }
 
-// ---- Samples of a propagation ------------------------------------------------------------------------------
+// ---- Samples of a propagation -----------------------------------------------------------------------------
 
 constexpr int kSeeds = 5;
 

@@ -107,7 +107,7 @@ TEST(FitOnScreen, ClearsTheErrorFlagOrSetsIt) {
   EXPECT_EQ(fit.session.ErrFlag, -1) << "there is no degree of freedom";
 }
 
-// ---- Window and clock --------------------------------------------------------------------------------------
+// ---- Window and clock -------------------------------------------------------------------------------------
 
 /// Looks at the main window, or moves the clock, whenever the screen is drawn.
 struct WatchedOutput : RecordingOutput {

@@ -3,7 +3,7 @@
 namespace vk {
 namespace {
 
-// ---- The window --------------------------------------------------------------------------------------------
+// ---- The window -------------------------------------------------------------------------------------------
 
 TEST(FitScreen, OpensAWindowWithCaptionAndThreeButtons) {
   DrivenScreen fit("y = bx+c", {"b", "c"}, 2);
@@ -162,7 +162,7 @@ TEST(FitScreen, HasNoMatrixForOneFreeParameter) {
   EXPECT_EQ(trim(fit.at(11, 3 + 33, 49)), "");
 }
 
-// ---- Running figures ---------------------------------------------------------------------------------------
+// ---- Running figures --------------------------------------------------------------------------------------
 
 TEST(FitScreen, PrintsTheProgressInItsPlaces) {
   DrivenScreen fit("y", {"a"}, 1);
@@ -233,7 +233,7 @@ TEST(FitScreen, ShowsAsterisksForANumberThatDoesNotFit) {
   EXPECT_EQ(fit.at(5, 26, 21), "X\xFD/\xE6       **********");
 }
 
-// ---- The end -----------------------------------------------------------------------------------------------
+// ---- The end ----------------------------------------------------------------------------------------------
 
 struct Ended : DrivenScreen {
   Ended(bool last, bool unreliable) : DrivenScreen("y = bx+c", {"b", "c", "d"}, 2) {

@@ -24,7 +24,7 @@ class FlatFunction : public PropagationTest {
   CyclingRandom random{{0.5F, 0.25F, 0.5F, 0.75F}};
 };
 
-// ---- The screen --------------------------------------------------------------------------------------------
+// ---- The screen -------------------------------------------------------------------------------------------
 
 TEST_F(FlatFunction, OpensAWindowWithFourButtons) {
   propagate(random);
@@ -105,7 +105,7 @@ TEST_F(FlatFunction, SigmaIsCode229AndDeltaCode235) {
   EXPECT_EQ(mid(output.grid().rowText(5), 36, 10), " Err. Max.");
 }
 
-// ---- The run -----------------------------------------------------------------------------------------------
+// ---- The run ----------------------------------------------------------------------------------------------
 
 TEST_F(FlatFunction, SeedsTheGeneratorOnceFromTheClock) {
   propagate(random);
@@ -182,7 +182,7 @@ TEST_F(FlatFunction, PutsTheValuesBack) {
   EXPECT_EQ(session.ErrFlag, 0);
 }
 
-// ---- Failures ----------------------------------------------------------------------------------------------
+// ---- Failures ---------------------------------------------------------------------------------------------
 
 constexpr const char* kDerivatives = "Errori nel Calcolo delle Derivate Parziali";
 constexpr const char* kSimulation = "Errori nella Simulazione di Monte Carlo";
@@ -271,7 +271,7 @@ TEST_F(FailingPropagation, AFunctionFlatAtTheBaseGetsItsRangeFromSamples) {
   EXPECT_EQ(wide.drawn, 2 * 10200);
 }
 
-// ---- The command -------------------------------------------------------------------------------------------
+// ---- The command ------------------------------------------------------------------------------------------
 
 class PropagationCommand : public PropagationTest {
  protected:

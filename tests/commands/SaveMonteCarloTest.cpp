@@ -144,7 +144,7 @@ TEST_F(SaveMonteCarloTest, AFolderThatCannotBeWrittenIsARunTimeError) {
   EXPECT_EQ(errorOf([&] { save({0, 20}); }), kPathAccessError);
 }
 
-// ---- After a run -------------------------------------------------------------------------------------------
+// ---- After a run ------------------------------------------------------------------------------------------
 
 class SavedPropagation : public SaveMonteCarloTest {
  protected:

@@ -285,7 +285,7 @@ TEST(Compiler, TakesEverythingBehindTheFourthMarkAsTheExpression) {
   EXPECT_THAT(expressionLines("y@x"), ElementsAre(kGrammarLine));
 }
 
-// ---- Any length --------------------------------------------------------------------------------------------
+// ---- Any length -------------------------------------------------------------------------------------------
 // Work that grew with the square of these lengths would not come to its end.
 
 std::string times(int count, const std::string& text) {

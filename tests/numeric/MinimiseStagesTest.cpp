@@ -5,7 +5,7 @@
 namespace vk {
 namespace {
 
-// ---- Stage 1 -----------------------------------------------------------------------------------------------
+// ---- Stage 1 ----------------------------------------------------------------------------------------------
 
 TEST(Minimise, RaisesAnAccuracyThatIsTinyAgainstItsParameter) {
   // 1E-4 / (1 + 200) is below 1E-6: the first difference is taken with 1E-5 * 200.
@@ -36,7 +36,7 @@ TEST(Minimise, GivesUpOnAParameterThatIsZeroWithAccuracyZero) {
   EXPECT_EQ(fit.E[1], 0);
 }
 
-// ---- Stage 2 -----------------------------------------------------------------------------------------------
+// ---- Stage 2 ----------------------------------------------------------------------------------------------
 
 TEST(Minimise, EndsWhenTheStepAndTheSearchBehindItAreSmall) {
   // A hair beside the minimum the first step is below one unit, and so is the distance moved.
@@ -146,7 +146,7 @@ TEST(Minimise, RunsWithMoreParametersThanPoints) {
   for (double value : fit.X) EXPECT_TRUE(std::isfinite(value));
 }
 
-// ---- Stage 3 -----------------------------------------------------------------------------------------------
+// ---- Stage 3 ----------------------------------------------------------------------------------------------
 
 TEST(Minimise, LowersTheAccuracyToATenthOfTheErrorAndRepeats) {
   ModelResiduals residuals(constant, {0, 1, 2}, {1, 2, 3}, {1, 1, 1});

@@ -5,7 +5,7 @@
 namespace vk {
 namespace {
 
-// ---- Solutions that are known otherwise --------------------------------------------------------------------
+// ---- Solutions that are known otherwise -------------------------------------------------------------------
 
 TEST(Minimise, FindsTheWeightedMean) {
   // Weights 1, 1/4, 1: (1 + 3/4 + 8) / (9/4).
@@ -72,7 +72,7 @@ TEST(Minimise, ComesNearTheTrueMinimumOfABellCurve) {
   expectNearTrueMinimum(noisy(bell, {500, 30, 4}, 10, 1, 41, 20), {400, 27, 6});
 }
 
-// ---- A whole run, number for number ------------------------------------------------------------------------
+// ---- A whole run, number for number -----------------------------------------------------------------------
 // The figures come from a plain transcription of the procedure in another language; the model needs only the
 // four operations, so that every machine gets the same digits.
 
@@ -107,7 +107,7 @@ TEST(Minimise, TriesThePointsOfItsSearchesInOrder) {
   EXPECT_NEAR(fit.result.errors[1], 1 / std::sqrt(3), 1E-12);
 }
 
-// ---- Failing residuals -------------------------------------------------------------------------------------
+// ---- Failing residuals ------------------------------------------------------------------------------------
 
 TEST(Minimise, EndsAtOnceWhenTheFirstResidualsFail) {
   ModelResiduals residuals = lineProblem();
@@ -142,7 +142,7 @@ TEST(Minimise, EndsWithoutErrorsWhenTheLastComputationFails) {
   EXPECT_EQ(fit.result.evaluations, 3);
 }
 
-// ---- Progress ----------------------------------------------------------------------------------------------
+// ---- Progress ---------------------------------------------------------------------------------------------
 
 TEST(Minimise, ShowsEachIterationOfOneParameter) {
   ModelResiduals residuals(constant, {0, 1, 2}, {1, 2, 3}, {1, 1, 1});

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <span>
-
 #include "base/Int16.h"
 
 namespace vk {

@@ -1,6 +1,5 @@
 #include "batch/FitReport.h"
 
-#include <algorithm>
 #include <array>
 
 #include "base/CodePage.h"

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "analysis/Simulation.h"
 #include "base/CodePage.h"
 #include "batch/Assignment.h"
 #include "batch/DataInput.h"

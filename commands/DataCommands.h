@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "commands/Ports.h"
 
 /// The commands that read and save data files and choose graphic files, as straight-line code.

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "commands/Ports.h"
 #include "session/Session.h"
 

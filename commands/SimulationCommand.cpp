@@ -1,5 +1,6 @@
 #include "commands/SimulationCommand.h"
 
+#include "analysis/Simulation.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "commands/DisplayRefresh.h"

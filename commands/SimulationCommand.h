@@ -4,7 +4,6 @@
 #include <optional>
 #include <span>
 
-#include "analysis/Simulation.h"
 #include "commands/Ports.h"
 #include "session/Session.h"
 

@@ -37,8 +37,8 @@ inline void spread(const simd::Values& values, double* result, std::size_t count
 
 /// Room for the arguments and results of a formula at the points of a block, one column after the other: for 12, all of
 /// which the longest pair of the catalogue takes.
-struct BlockRoom {
-  explicit BlockRoom(std::size_t points) : count(inFullRegisters(points)) {}
+struct BlockStorage {
+  explicit BlockStorage(std::size_t points) : count(inFullRegisters(points)) {}
 
   double* column() { return &columns[kBlockPoints * used++]; }
 
@@ -53,7 +53,7 @@ struct BlockRoom {
 class BlockNumber {
  public:
   BlockNumber(double value) : values_{nullptr, value} {}  // NOLINT: formulas mix it with constants
-  BlockNumber(BlockRoom& room, simd::Values values) : room_(&room), values_(values) {}
+  BlockNumber(BlockStorage& room, simd::Values values) : room_(&room), values_(values) {}
 
   const simd::Values& values() const { return values_; }
 
@@ -69,19 +69,19 @@ class BlockNumber {
 
  private:
   static BlockNumber combined(simd::Operator op, const BlockNumber& x, const BlockNumber& y) {
-    BlockRoom& room = *(x.room_ ? x.room_ : y.room_);
+    BlockStorage& room = *(x.room_ ? x.room_ : y.room_);
     double* const out = room.column();
     room.finite &= elementary::kernels().operators[op](x.values_, y.values_, out, room.count);
     return {room, {out}};
   }
   static BlockNumber mapped(simd::Function function, const BlockNumber& x) {
-    BlockRoom& room = *x.room_;
+    BlockStorage& room = *x.room_;
     double* const out = room.column();
     room.finite &= elementary::kernels().functions[function](x.values_, out, room.count);
     return {room, {out}};
   }
 
-  BlockRoom* room_ = nullptr;  ///< none for a constant
+  BlockStorage* room_ = nullptr;  ///< none for a constant
   simd::Values values_;
 };
 

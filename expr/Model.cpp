@@ -41,7 +41,7 @@ Evaluation Model::at(double x, const Array<double>& parameters, EvaluationListen
   return pointAt(x, parameters, listener);
 }
 
-std::optional<simd::Values> Model::innerTogether(BlockRoom& room, const double* x,
+std::optional<simd::Values> Model::innerTogether(BlockStorage& room, const double* x,
                                                  const Array<double>& parameters) {
   if (!isPlainInner(inner_)) return loaded_.block({&x, 1}, room.count);
   const simd::Values u = innerValue(inner_, parameters, BlockNumber(room, {x})).values();
@@ -49,7 +49,7 @@ std::optional<simd::Values> Model::innerTogether(BlockRoom& room, const double* 
 }
 
 bool Model::together(std::span<const double> x, const Array<double>& parameters, double* result) {
-  BlockRoom room(x.size());
+  BlockStorage room(x.size());
   const double* const points = filledUp(x.data(), x.size(), room.column());
   const std::optional<simd::Values> u = innerTogether(room, points, parameters);
   if (!u) return false;

@@ -9,7 +9,7 @@
 
 namespace vk {
 
-struct BlockRoom;
+struct BlockStorage;
 
 /// The model function f[g(x)], ready to be run again and again: a pair of the catalogue by plain arithmetic, or a
 /// loaded inner function by its code, which is read once.
@@ -41,7 +41,7 @@ class Model {
  private:
   Evaluation pointAt(double x, const Array<double>& parameters, EvaluationListener& listener);
   bool together(std::span<const double> x, const Array<double>& parameters, double* result);
-  std::optional<simd::Values> innerTogether(BlockRoom& room, const double* x,
+  std::optional<simd::Values> innerTogether(BlockStorage& room, const double* x,
                                             const Array<double>& parameters);
   void setParameters(const Array<double>& parameters);
 

@@ -25,8 +25,7 @@ std::string definition(const ParameterSet& par, int i) {
 bool readBack(const ParameterSet& par, Array<double>& values) {
   for (int i = 1; i <= par.ParCount; ++i) {
     const std::string text = trim(FormatMask(par.ParValues[i], kParameterMask));
-    const double told = scanNumber(text);
-    const float single = static_cast<float>(told);
+    const float single = static_cast<float>(scanNumber(text));
     if (!isNumeric(text) || !std::isfinite(single)) return false;
     values[i] = scanNumber(generalText(single));
   }
@@ -46,8 +45,8 @@ bool looksLikeTheCurve(Model& model, const Array<double>& parameters, const Figu
     y.push_back(curve.y[i]);
   }
   const double unseen = kUnseen * (values.Yf - values.Yi);
-  return eachValue(model, parameters, x, listener, [&](std::size_t i, const Evaluation& told) {
-    return told.fault == Fault::kNone && std::abs(told.value - y[i]) <= unseen;
+  return eachValue(model, parameters, x, listener, [&](std::size_t i, const Evaluation& seen) {
+    return seen.fault == Fault::kNone && std::abs(seen.value - y[i]) <= unseen;
   });
 }
 

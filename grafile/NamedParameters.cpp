@@ -86,9 +86,9 @@ void SubstituteName(const NamedParameters& parameters, std::string& field, Int16
     return;
   }
   const float single = parameters.ParamValues[index];
-  const double told = parameters.ParamDoubles[index];
+  const double value = parameters.ParamDoubles[index];
   field = precision == Precision::kSingle ? generalText(negative ? -single : single)
-                                          : generalText(negative ? -told : told);
+                                          : generalText(negative ? -value : value);
 }
 
 void SubstituteExpression(const NamedParameters& parameters, std::string& expression, Int16& flag,

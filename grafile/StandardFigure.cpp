@@ -1,7 +1,5 @@
 #include "grafile/StandardFigure.h"
 
-#include <utility>
-
 #include "base/Guard.h"
 #include "base/NumberMasks.h"
 #include "base/Text.h"

@@ -102,14 +102,14 @@ class Choice {
   Choice(const LabelledAxis& axis, const PlainLabels& plain) : axis_(axis), plain_(plain) {}
 
   AxisText textFor(std::string_view title) const {
-    const Labelling told = labelling(axis_.from, axis_.to);
-    if (told.isUseful()) return {told.labels(), std::string(title)};
+    const Labelling plain = labelling(axis_.from, axis_.to);
+    if (plain.isUseful()) return {plain.labels(), std::string(title)};
     if (const auto text = divided(axis_.from, axis_.to, title, Crowded::kRefused)) return *text;
-    if (told.isOnlyCrowded()) return {told.thinned(), std::string(title)};
+    if (plain.isOnlyCrowded()) return {plain.thinned(), std::string(title)};
     if (const auto text = differences(title, Crowded::kRefused)) return *text;
     if (const auto text = divided(axis_.from, axis_.to, title, Crowded::kThinned)) return *text;
     if (const auto text = differences(title, Crowded::kThinned)) return *text;
-    return {told.thinned(), std::string(title)};
+    return {plain.thinned(), std::string(title)};
   }
 
  private:

@@ -1,6 +1,5 @@
 #include "gral/CallByName.h"
 
-#include <array>
 #include <utility>
 
 #include "base/Rounding.h"

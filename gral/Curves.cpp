@@ -5,7 +5,6 @@
 
 #include "base/CheckedMath.h"
 #include "base/Length.h"
-#include "base/Rounding.h"
 #include "gral/PixelPath.h"
 #include "gral/Plotting.h"
 #include "gral/Spline.h"

@@ -24,24 +24,24 @@ inline float clampedSingle(double value) {
 }
 
 /// A mapping of Usr to Log in double precision. It counts as long as the single precision fields beside it
-/// are those that it was told with: an application may write them and has the last word.
+/// are those that it was made with: an application may write them and has the last word.
 class NarrowMapping {
  public:
   /// None.
   NarrowMapping() = default;
   /// Log `log` is Usr `usr`, and `scale` the Log units per Usr unit.
-  NarrowMapping(double log, double usr, double scale, float toldEdge, float toldScale)
-      : log_(log), usr_(usr), scale_(scale), toldEdge_(toldEdge), toldScale_(toldScale) {}
+  NarrowMapping(double log, double usr, double scale, float edgeField, float scaleField)
+      : log_(log), usr_(usr), scale_(scale), edgeField_(edgeField), scaleField_(scaleField) {}
 
   bool counts(float edge, float scale) const {
-    return scale_ != 0 && edge == toldEdge_ && scale == toldScale_;
+    return scale_ != 0 && edge == edgeField_ && scale == scaleField_;
   }
   double toLog(double usr) const { return log_ + (usr - usr_) * scale_; }
   double toUsr(double log) const { return usr_ + checked::divide(log - log_, scale_); }
 
  private:
   double log_ = 0, usr_ = 0, scale_ = 0;
-  float toldEdge_ = 0, toldScale_ = 0;
+  float edgeField_ = 0, scaleField_ = 0;
 };
 
 }  // namespace vk

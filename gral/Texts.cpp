@@ -1,6 +1,5 @@
 // Unit GralCls: texts.
 
-#include <algorithm>
 #include <cmath>
 
 #include "base/CheckedMath.h"

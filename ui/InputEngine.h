@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "platform/Dialogs.h"
 #include "platform/InputForm.h"

@@ -1,7 +1,6 @@
 /// Unit FrmOut: the output window without its widgets.
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "platform/Clipboard.h"

@@ -31,7 +31,7 @@ class MonteCarloTest : public ModelTest {
     RandomSource source(*random);
     MonteCarlo simulation(model, par, source, listener);
     simulation.setUpBins({.F0 = F0, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = sigma});
-    end = simulation.run([this](const SampleStatistics& samples) { told.push_back(samples); });
+    end = simulation.run([this](const SampleStatistics& samples) { reported.push_back(samples); });
     histogram = simulation.histogram();
     lastSample = simulation.values();
     return end == MonteCarlo::End::kCompleted;
@@ -43,7 +43,7 @@ class MonteCarloTest : public ModelTest {
     return sum;
   }
 
-  std::vector<SampleStatistics> told;
+  std::vector<SampleStatistics> reported;
   MonteCarlo::End end = MonteCarlo::End::kCompleted;
   MonteCarloResult histogram;
   Array<double> lastSample;  ///< its variables
@@ -84,19 +84,19 @@ TEST_F(MonteCarloTest, SamplesOutsideAllBinsCountInMeanAndSpread) {
   EXPECT_TRUE(sampleAll({-31, 31}));
   EXPECT_EQ(allHits(), 0);
   EXPECT_EQ(histogram.McSamples, 10000);
-  EXPECT_EQ(told.back().count, 10000);
-  EXPECT_EQ(told.back().mean, 0);
-  EXPECT_EQ(told.back().spread, 31);
-  EXPECT_EQ(told.back().meanError, 0.31);
+  EXPECT_EQ(reported.back().count, 10000);
+  EXPECT_EQ(reported.back().mean, 0);
+  EXPECT_EQ(reported.back().spread, 31);
+  EXPECT_EQ(reported.back().meanError, 0.31);
 }
 
 TEST_F(MonteCarloTest, TellsEveryHundredSamples) {
   sampleAll({1, 3});
-  ASSERT_EQ(told.size(), 100U);
-  for (int i = 0; i < 100; ++i) EXPECT_EQ(told[static_cast<std::size_t>(i)].count, 100 * (i + 1));
-  EXPECT_EQ(told[0].mean, 2);
-  EXPECT_EQ(told[0].spread, 1);
-  EXPECT_EQ(told[0].meanError, 0.1);
+  ASSERT_EQ(reported.size(), 100U);
+  for (int i = 0; i < 100; ++i) EXPECT_EQ(reported[static_cast<std::size_t>(i)].count, 100 * (i + 1));
+  EXPECT_EQ(reported[0].mean, 2);
+  EXPECT_EQ(reported[0].spread, 1);
+  EXPECT_EQ(reported[0].meanError, 0.1);
 }
 
 TEST_F(MonteCarloTest, APositiveErrorIsDrawnFromTheNormalDeviates) {
@@ -104,17 +104,17 @@ TEST_F(MonteCarloTest, APositiveErrorIsDrawnFromTheNormalDeviates) {
   // Uniform for x, a pair for c; uniform for x, the stored deviate 0 for c.
   EXPECT_TRUE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F, 0.5F, 0.75F, 0.5F})));
   const double deviate = 0.5 * std::sqrt(8 * std::log(4.0));
-  EXPECT_NEAR(told[0].mean, 5 + deviate, 1E-12);
-  EXPECT_NEAR(told[0].spread, deviate, 1E-9);
+  EXPECT_NEAR(reported[0].mean, 5 + deviate, 1E-12);
+  EXPECT_NEAR(reported[0].spread, deviate, 1E-9);
 }
 
 TEST_F(MonteCarloTest, AMaximumErrorIsUniformOnBothSidesOfTheValue) {
   set(1, 5, -2);
   EXPECT_TRUE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F, 0.0F})));
-  EXPECT_EQ(told[0].mean, 5 + 2);
+  EXPECT_EQ(reported[0].mean, 5 + 2);
   set(1, 5, -2);
   EXPECT_TRUE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F, 0.75F})));
-  EXPECT_EQ(told.back().mean, 5 - 1);
+  EXPECT_EQ(reported.back().mean, 5 - 1);
 }
 
 TEST_F(MonteCarloTest, TheNumberOfABinHasSixteenBits) {

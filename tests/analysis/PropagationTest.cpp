@@ -28,10 +28,10 @@ class PropagateErrorsTest : public ModelTest {
   PropagationResult propagated() {
     CyclingRandom numbers({0.5F, 0.75F, 0.25F, 0.875F});
     RandomSource source(numbers);
-    return PropagateErrors(model, par, source, listener, told);
+    return PropagateErrors(model, par, source, listener, log);
   }
 
-  PropagationLog told;
+  PropagationLog log;
 };
 
 TEST_F(PropagateErrorsTest, TellsOfTheDerivativesAndThenOfTheSamples) {
@@ -42,7 +42,7 @@ TEST_F(PropagateErrorsTest, TellsOfTheDerivativesAndThenOfTheSamples) {
   const Array<double> values = par.ParValues, errors = par.ParDeltas;
   const PropagationResult result = propagated();
   EXPECT_EQ(result.end, PropagationEnd::kCompleted);
-  EXPECT_THAT(told.events, testing::ElementsAre("derived 13", "simulation", "samples 100", "samples 10000"));
+  EXPECT_THAT(log.events, testing::ElementsAre("derived 13", "simulation", "samples 100", "samples 10000"));
   EXPECT_EQ(result.samples.count, 10000);
   EXPECT_EQ(result.histogram.McSamples, 10000);
   EXPECT_EQ(result.histogram.McBinWidth, result.analytic.ErrorSigma / 10);
@@ -55,7 +55,7 @@ TEST_F(PropagateErrorsTest, DrawsNoSamplesWhereTheDerivativesFail) {
   set(1, -1, 0.5);
   const PropagationResult result = propagated();
   EXPECT_EQ(result.end, PropagationEnd::kDerivativesFailed);
-  EXPECT_THAT(told.events, IsEmpty());
+  EXPECT_THAT(log.events, IsEmpty());
   EXPECT_EQ(result.histogram.McBinCount, 0);
 }
 

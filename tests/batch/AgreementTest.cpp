@@ -142,7 +142,7 @@ std::vector<OddFile> oddFiles() {
   };
 }
 
-TEST(OddDataFiles, AreTakenOrRefusedByAllRoadsAlike) {
+TEST(OddDataFiles, AreTakenOrRefusedByAllProgramsAlike) {
   const TemporaryFolder folder;
   for (const OddFile& file : oddFiles()) {
     const std::string path = folder.make(std::string(file.name) + ".DAT", file.bytes);
@@ -151,7 +151,7 @@ TEST(OddDataFiles, AreTakenOrRefusedByAllRoadsAlike) {
   }
 }
 
-TEST(OddDataFiles, AreRefusedByAllRoadsWhereTheyAreNoFiles) {
+TEST(OddDataFiles, AreRefusedByAllProgramsWhereTheyAreNoFiles) {
   const TemporaryFolder folder;
   fs::create_directory(folder / "folder.dat");
   fs::create_symlink("nowhere", folder / "dangling.dat");
@@ -165,7 +165,7 @@ TEST(OddDataFiles, AreRefusedByAllRoadsWhereTheyAreNoFiles) {
 }
 
 // Somebody with all rights reads it all the same, on every road.
-TEST(OddDataFiles, WithoutTheRightToReadThemAreTakenOrRefusedByAllRoadsAlike) {
+TEST(OddDataFiles, WithoutTheRightToReadThemAreTakenOrRefusedByAllProgramsAlike) {
   const TemporaryFolder folder;
   const std::string path = folder.make("unreadable.dat", kHead + kPair);
   ASSERT_EQ(::chmod(path.c_str(), 0), 0);

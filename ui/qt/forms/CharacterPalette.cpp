@@ -3,7 +3,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <algorithm>
 
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"

@@ -3,8 +3,6 @@
 
 #include <QPushButton>
 #include <QWidget>
-#include <functional>
-#include <memory>
 #include <vector>
 
 #include "platform/InputForm.h"

@@ -4,7 +4,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QWidget>
-#include <functional>
 #include <vector>
 
 #include "platform/Clipboard.h"

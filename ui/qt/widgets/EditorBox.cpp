@@ -5,9 +5,7 @@
 #include <QMimeData>
 #include <QTextBlock>
 
-#include "ui/qt/widgets/Fonts.h"
 #include "ui/qt/widgets/TextConversion.h"
-#include "ui/qt/widgets/Twips.h"
 
 namespace vk {
 namespace {

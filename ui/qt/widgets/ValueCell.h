@@ -5,7 +5,6 @@
 
 #include "base/EncodedText.h"
 #include "ui/layout/CharFrame.h"
-#include "ui/layout/Geometry.h"
 
 namespace vk {
 

@@ -1,9 +1,8 @@
-#include "base/CodePage.h"
+#include "ui/SelectFunction.h"
+
 #include "commands/FunctionChoice.h"
 #include "expr/Catalogue.h"
 #include "session/Session.h"
-#include "ui/LoadFunction.h"
-#include "ui/SelectFunction.h"
 
 namespace vk {
 namespace {
@@ -101,53 +100,6 @@ TEST(SelectFunctionTexts, CaptionsAndHeadings) {
 TEST(SelectFunctionPlace, RightOfTheLeftEdgeAndCentredInHeight) {
   EXPECT_EQ(placeBeside({1000, 2000, 9000, 6000}, {3000, 4000}), (Rect{1600, 3000, 3000, 4000}));
   EXPECT_EQ(placeBeside({0, 0, 1000, 1000}, {300, 2000}), (Rect{600, -500, 300, 2000}));
-}
-
-class LoadFunctionTest : public testing::Test {
- protected:
-  LoadFunctionTest() {
-    session.loaded.catalogue.file.entries = {{"A,B", "A*x+B", "retta"}, {"C", "C*x*x", "parabola"}};
-    form.refill();
-  }
-
-  Session session;
-  LoadFunction form{session.loaded.catalogue.file};
-};
-
-TEST_F(LoadFunctionTest, TheListShowsTheDescriptionsWithTheFirstSelected) {
-  EXPECT_THAT(form.list(), ElementsAre("retta", "parabola"));
-  EXPECT_EQ(form.selected(), 1);
-}
-
-TEST_F(LoadFunctionTest, DefinitionAndParametersFollowTheSelection) {
-  EXPECT_EQ(form.entry().definition, "A*x+B");
-  EXPECT_EQ(form.entry().parameters, "A,B");
-  form.select(2);
-  EXPECT_EQ(form.entry().definition, "C*x*x");
-  EXPECT_EQ(form.entry().parameters, "C");
-}
-
-TEST_F(LoadFunctionTest, AnotherFileSelectsItsFirstFunction) {
-  form.select(2);
-  session.loaded.catalogue.file.entries = {{"D", "D", "costante"}};
-  form.refill();
-  EXPECT_EQ(form.selected(), 1);
-  EXPECT_EQ(form.entry().definition, "D");
-}
-
-TEST_F(LoadFunctionTest, WithoutAFileNothingIsSelected) {
-  session.loaded.catalogue.file = {};
-  form.refill();
-  EXPECT_EQ(form.selected(), 0);
-  EXPECT_EQ(form.entry().definition, "");
-  EXPECT_EQ(form.entry().parameters, "");
-}
-
-TEST(LoadFunctionTexts, CaptionAndFrames) {
-  EXPECT_STREQ(kLoadCaption, "VOR_KEL: Carica Funzione");
-  EXPECT_STREQ(kDescriptionFrame, "Descrizione");
-  EXPECT_STREQ(kDefinitionFrame, "Definizione");
-  EXPECT_STREQ(kParametersFrame, "Parametri");
 }
 
 }  // namespace

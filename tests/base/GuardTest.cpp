@@ -1,0 +1,39 @@
+#include "base/Guard.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+#include "base/Array.h"
+
+namespace vk {
+namespace {
+
+TEST(Guard, DropsTheFailingStatementAndGoesOn) {
+  bool failed = false;
+  int x = 1;
+  guard(failed, [&] { x = Array<int>(2)[5]; });
+  EXPECT_EQ(x, 1);
+  EXPECT_TRUE(failed);
+  guard(failed, [&] { x = 2; });
+  EXPECT_EQ(x, 2);
+  EXPECT_TRUE(failed);
+  EXPECT_TRUE(guard([&] { x = 3; }));
+}
+
+TEST(Guard, TakesExhaustedMemoryLikeAnyRunTimeError) {
+  EXPECT_FALSE(guard([] { throw std::bad_alloc(); }));
+}
+
+TEST(AtEnd, RunsHoweverTheBlockIsLeft) {
+  int x = 1;
+  guard([&] {
+    const AtEnd back([&] { x = 3; });
+    x = 2;
+    throw RuntimeError(kOverflow);
+  });
+  EXPECT_EQ(x, 3);
+}
+
+}  // namespace
+}  // namespace vk

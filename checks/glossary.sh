@@ -16,7 +16,7 @@ while IFS='|' read -r _ names _ files _; do
   # shellcheck disable=SC2013
   for name in $(grep -oE '`[^`]+`' <<< "$names" | tr -d '`'); do
     # shellcheck disable=SC2046
-    if ! cat $(grep -oE '`[^`]+`' <<< "$files" | tr -d '`') 2> /dev/null | grep -qw -- "$name"; then
+    if ! grep -qsw -- "$name" $(grep -oE '`[^`]+`' <<< "$files" | tr -d '`'); then
       echo "docs/glossary.md: $name is not in$files"
       status=1
     fi

@@ -15,11 +15,19 @@ constexpr double kSigmasOnEachSide = 3;
 constexpr double kBinsOfSigma = 10;
 constexpr int kSamplesForRange = 200;
 
+static_assert(kSamplesForRange % SampleBlock::kSamples == 0 &&
+              MonteCarlo::kSamples % SampleBlock::kSamples == 0);
+
 }  // namespace
 
 MonteCarlo::MonteCarlo(Model& model, const ParameterSet& par, UniformSource& random,
                        EvaluationListener& listener)
-    : model_(model), par_(par), random_(random), listener_(listener), values_(par.ParValues) {}
+    : model_(model),
+      par_(par),
+      random_(random),
+      listener_(listener),
+      block_(par, random),
+      values_(par.ParValues) {}
 
 template <class Statement>
 void MonteCarlo::trapped(Statement statement) {
@@ -42,13 +50,36 @@ double MonteCarlo::sample() {
   return evaluation.value;
 }
 
+/// Gives the values of samples to `take`, which tells whether it wants the next one. Where one of a block fails or is
+/// not wanted, those up to it are drawn one by one, which is the definition of what they leave behind.
+template <class Take>
+void MonteCarlo::drawSamples(int count, Take take) {
+  for (int begin = 0; begin < count; begin += SampleBlock::kSamples) {
+    const bool together = block_.draw(model_, deviates_);
+    for (int k = 0; k < SampleBlock::kSamples; ++k) {
+      if (together) state_ = End::kCompleted;
+      if (take(together ? block_.value(k) : sample())) continue;
+      if (together) redraw(k + 1);
+      return;
+    }
+    for (int i = 0; together && i <= par_.ParCount; ++i) values_[i] = block_.lastVariable(i);
+  }
+}
+
+void MonteCarlo::redraw(int count) {
+  const End state = state_;
+  block_.giveBack(deviates_);
+  for (int k = 0; k < count; ++k) sample();
+  state_ = state;
+}
+
 void MonteCarlo::findRange(double F0) {
   double hi = lo_ = F0;
-  for (int i = 1; i <= kSamplesForRange; ++i) {
-    const double v = sample();
+  drawSamples(kSamplesForRange, [&](double v) {
     lo_ = std::min(lo_, v);
     hi = std::max(hi, v);
-  }
+    return true;
+  });
   trapped([&] { w_ = checked::finite(hi - lo_) / kBins; });
 }
 
@@ -87,14 +118,14 @@ SampleStatistics MonteCarlo::statistics() {
 MonteCarlo::End MonteCarlo::run(const Observer& observer) {
   Int16& n = histogram_.McSamples;
   state_ = End::kCompleted;
-  while (n < kSamples && state_ == End::kCompleted) {
-    const double v = sample();
+  drawSamples(kSamples, [&](double v) {
     trapped([&] { countHit(v); });
     n += 1;
     trapped([&] { S1_ = checked::finite(S1_ + v); });
     trapped([&] { S2_ = checked::finite(S2_ + v * v); });
     if (n % kSamplesAtOnce == 0) observer(statistics());
-  }
+    return state_ == End::kCompleted;
+  });
   return state_;
 }
 

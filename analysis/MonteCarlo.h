@@ -4,7 +4,7 @@
 
 #include "analysis/AnalyticErrors.h"
 #include "analysis/MonteCarloResult.h"
-#include "numeric/NormalDeviates.h"
+#include "analysis/SampleBlock.h"
 
 namespace vk {
 
@@ -49,6 +49,9 @@ class MonteCarlo {
   template <class Statement>
   void trapped(Statement statement);
   double sample();
+  template <class Take>
+  void drawSamples(int count, Take take);
+  void redraw(int count);
   void findRange(double F0);
   void countHit(double v);
   SampleStatistics statistics();
@@ -58,6 +61,7 @@ class MonteCarlo {
   UniformSource& random_;
   EvaluationListener& listener_;
   GaussianState deviates_;
+  SampleBlock block_;
   Array<double> values_;
   MonteCarloResult histogram_;
   End state_ = End::kCompleted;

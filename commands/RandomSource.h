@@ -10,6 +10,7 @@ class RandomSource : public UniformSource {
  public:
   explicit RandomSource(Random& random) : random_(random) {}
   float next() override { return random_.next(); }
+  void giveBack(std::span<const float> numbers) override { random_.giveBack(numbers); }
 
  private:
   Random& random_;

@@ -35,8 +35,8 @@ inline void spread(const simd::Values& values, double* result, std::size_t count
   }
 }
 
-/// Room for the arguments and results of a formula at the points of a block, one column after the other: for 12, all of
-/// which the longest pair of the catalogue takes.
+/// Room for the arguments and results of a formula at the points of a block, one column after the other: for 20, all of
+/// which the longest pair of the catalogue takes where each point has parameters of its own.
 struct BlockStorage {
   explicit BlockStorage(std::size_t points) : count(inFullRegisters(points)) {}
 
@@ -45,7 +45,7 @@ struct BlockStorage {
   std::size_t count;
   bool finite = true;  ///< so far all results were
   std::size_t used = 0;
-  std::array<double, 12 * kBlockPoints> columns;
+  std::array<double, 20 * kBlockPoints> columns;
 };
 
 /// A number of a formula that is computed at all points of a block together, or one of its constants. So a formula
@@ -61,6 +61,7 @@ class BlockNumber {
   friend BlockNumber operator-(BlockNumber x, BlockNumber y) { return combined(simd::kMinus, x, y); }
   friend BlockNumber operator*(BlockNumber x, BlockNumber y) { return combined(simd::kTimes, x, y); }
   friend BlockNumber operator/(BlockNumber x, BlockNumber y) { return combined(simd::kDivide, x, y); }
+  BlockNumber operator-() const { return mapped(simd::kNegate, *this); }
   friend BlockNumber fabs(BlockNumber x) { return mapped(simd::kAbs, x); }
   friend BlockNumber sqrt(BlockNumber x) { return mapped(simd::kSqr, x); }
   friend BlockNumber exp(BlockNumber x) { return mapped(simd::kExp, x); }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <span>
 
 #include "base/Array.h"
 #include "expr/BlockNumber.h"
@@ -25,6 +26,21 @@ inline double entryOf(const Array<double>& table, int index) {
   return index >= 0 && index <= table.upper() ? table[index] : kFailed;
 }
 
+/// The variables at the points of a block where each has parameters of its own.
+struct ParameterColumns {
+  BlockStorage& room;
+  std::span<const double* const> columns;  ///< x, then parameter 1 to the last
+  std::size_t points;
+
+  int upper() const { return static_cast<int>(columns.size()) - 1; }
+};
+
+inline BlockNumber entryOf(const ParameterColumns& table, int index) {
+  if (index < 0 || index > table.upper()) return {table.room, {nullptr, kFailed}};
+  const double* const column = table.columns[static_cast<std::size_t>(index)];
+  return {table.room, {filledUp(column, table.points, table.room.column())}};
+}
+
 /// A step whose infinity the next one would hide; a block is told of each step.
 inline double mustBeFinite(double value) {
   return isFinite(value) ? value : kFailed;
@@ -34,11 +50,11 @@ inline BlockNumber mustBeFinite(BlockNumber value) {
 }
 
 /// Inner function 1..5 at a point or at those of a block.
-template <class Number>
-Number innerValue(int inner, const Array<double>& parameters, Number x) {
-  const double p1 = entryOf(parameters, 1);
-  const double p2 = entryOf(parameters, 2);
-  const double p3 = entryOf(parameters, 3);
+template <class Parameters, class Number>
+Number innerValue(int inner, const Parameters& parameters, Number x) {
+  const auto p1 = entryOf(parameters, 1);
+  const auto p2 = entryOf(parameters, 2);
+  const auto p3 = entryOf(parameters, 3);
   switch (inner) {
     case 1:
       return p1;
@@ -59,15 +75,15 @@ Number innerValue(int inner, const Array<double>& parameters, Number x) {
 }
 
 /// The outer function at a point, or at those of a block.
-template <class Number>
-Number outerValue(int outer, const Array<double>& parameters, Number x, Number u) {
+template <class Parameters, class Number>
+Number outerValue(int outer, const Parameters& parameters, Number x, Number u) {
   using elementary::exp;
   using elementary::log;
   using elementary::sin;
   using std::fabs;
   using std::sqrt;
   const int k = parameters.upper();
-  const double last = entryOf(parameters, k);
+  const auto last = entryOf(parameters, k);
   switch (outer) {
     case 2:
       return u * u;

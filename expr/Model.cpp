@@ -41,22 +41,29 @@ Evaluation Model::at(double x, const Array<double>& parameters, EvaluationListen
   return pointAt(x, parameters, listener);
 }
 
-std::optional<simd::Values> Model::innerTogether(BlockStorage& room, const double* x,
-                                                 const Array<double>& parameters) {
-  if (!isPlainInner(inner_)) return loaded_.block({&x, 1}, room.count);
-  const simd::Values u = innerValue(inner_, parameters, BlockNumber(room, {x})).values();
-  return u.column || isFinite(u.value) ? std::optional(u) : std::nullopt;
+/// `columns` are those of a loaded inner function: x, and parameters that are not the same at all points.
+template <class Parameters>
+bool Model::together(BlockStorage& room, std::span<const double* const> columns, const Parameters& parameters,
+                     std::span<double> result) {
+  const BlockNumber x(room, {filledUp(columns[0], result.size(), room.column())});
+  std::optional<simd::Values> u;
+  if (isPlainInner(inner_)) {
+    u = innerValue(inner_, parameters, x).values();
+  } else {
+    u = loaded_.block(columns, result.size());
+  }
+  if (!u || !(u->column || isFinite(u->value))) return false;
+  const BlockNumber y = outerValue(outer_, parameters, x, BlockNumber(room, *u));
+  // The result may lie where x lies, so it is stored when nothing needs x any more.
+  if (room.finite) spread(y.values(), result.data(), result.size());
+  return room.finite;
 }
 
-bool Model::together(std::span<const double> x, const Array<double>& parameters, double* result) {
-  BlockStorage room(x.size());
-  const double* const points = filledUp(x.data(), x.size(), room.column());
-  const std::optional<simd::Values> u = innerTogether(room, points, parameters);
-  if (!u) return false;
-  const BlockNumber y = outerValue(outer_, parameters, BlockNumber(room, {points}), BlockNumber(room, *u));
-  // The result may lie where x lies, so it is stored when nothing needs x any more.
-  if (room.finite) spread(y.values(), result, x.size());
-  return room.finite;
+bool Model::together(std::span<const double* const> columns, std::span<double> result) {
+  BlockStorage room(result.size());
+  const auto known = static_cast<std::size_t>(1 + std::max<int>(0, loaded_.compiled().nPar));
+  return together(room, columns.first(std::min(columns.size(), known)),
+                  ParameterColumns{room, columns, result.size()}, result);
 }
 
 Fault Model::at(std::span<const double> x, const Array<double>& parameters, std::span<double> result,
@@ -66,7 +73,9 @@ Fault Model::at(std::span<const double> x, const Array<double>& parameters, std:
   return inBlocks(
       result, faults,
       [&](std::size_t begin, std::size_t count) {
-        return together(x.subspan(begin, count), parameters, &result[begin]);
+        BlockStorage room(count);
+        const double* const column = &x[begin];
+        return together(room, {&column, 1}, parameters, result.subspan(begin, count));
       },
       [&](std::size_t i) { return pointAt(x[i], parameters, listener); });
 }

@@ -38,11 +38,16 @@ class Model {
   Fault at(std::span<const double> x, const Array<double>& parameters, std::span<double> result,
            EvaluationListener& listener, std::span<Fault> faults = {});
 
+  /// The values at n points, at most `kBlockPoints`, that have parameters of their own: `columns[0]` holds their x,
+  /// `columns[k]` their parameter k. They have the bits of those of n single calls. False where a point has a
+  /// fault; then nothing is stored, and nobody has heard of it.
+  bool together(std::span<const double* const> columns, std::span<double> result);
+
  private:
   Evaluation pointAt(double x, const Array<double>& parameters, EvaluationListener& listener);
-  bool together(std::span<const double> x, const Array<double>& parameters, double* result);
-  std::optional<simd::Values> innerTogether(BlockStorage& room, const double* x,
-                                            const Array<double>& parameters);
+  template <class Parameters>
+  bool together(BlockStorage& room, std::span<const double* const> columns, const Parameters& parameters,
+                std::span<double> result);
   void setParameters(const Array<double>& parameters);
 
   int inner_ = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <random>
+#include <vector>
 
 #include "platform/Random.h"
 
@@ -11,10 +12,12 @@ namespace vk {
 class SystemRandom : public Random {
  public:
   float next() override;
+  void giveBack(std::span<const float> numbers) override;
   void seed(float number) override;
 
  private:
   std::mt19937 engine_;
+  std::vector<float> returned_;  ///< the next one last
 };
 
 }  // namespace vk

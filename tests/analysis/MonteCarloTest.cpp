@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "doubles/Doubles.h"
+#include "platform/system/SystemRandom.h"
 #include "tests/analysis/ModelFixture.h"
 
 namespace vk {
@@ -155,6 +156,85 @@ TEST_F(MonteCarloTest, FailuresWhileTheBinsAreSetUpAreForgotten) {
   MonteCarlo simulation(model, par, source, listener);
   simulation.setUpBins({.F0 = -1.7E308, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 1E307});
   EXPECT_EQ(simulation.run([](const SampleStatistics&) {}), MonteCarlo::End::kCompleted);
+}
+
+/// Samples drawn one by one, beside a simulation that starts with the same numbers.
+class MonteCarloBesideSingleSamplesTest : public MonteCarloTest {
+ protected:
+  Evaluation drawOne() {
+    for (int i = 0; i <= par.ParCount; ++i) {
+      const double e = par.ParDeltas[i];
+      const double d = e <= 0 ? e * (2 * static_cast<double>(singleSource.next()) - 1)
+                              : e * GaussianDeviate(singleSource, deviates).value;
+      single[i] = par.ParValues[i] + d;
+    }
+    return model.at(single[0], single, listener);
+  }
+  /// After `samples` more, with faults in none but the last if at all, both have the same to go on with.
+  void expectSameAfter(int samples, const MonteCarlo& simulation) {
+    for (int i = 1; i <= samples; ++i) {
+      const Fault fault = drawOne().fault;
+      EXPECT_TRUE(i == samples || fault == Fault::kNone);
+    }
+    EXPECT_EQ(simulation.values(), single);
+    SystemRandom next = random;
+    SystemRandom nextSingle = singleRandom;
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(next.next(), nextSingle.next());
+  }
+  /// Runs over bins around `F0` until all samples are drawn; a run goes on where the one before has failed.
+  int runsOverBins(double F0, double sigma) {
+    MonteCarlo simulation(model, par, source, listener);
+    simulation.setUpBins({.F0 = F0, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = sigma});
+    single = par.ParValues;
+    int runs = 0;
+    for (int drawn = 0; drawn < MonteCarlo::kSamples && !HasFailure(); ++runs) {
+      end = simulation.run([](const SampleStatistics&) {});
+      const int samples = simulation.histogram().McSamples - drawn;
+      expectSameAfter(samples, simulation);
+      drawn += samples;
+    }
+    return runs;
+  }
+
+  SystemRandom random, singleRandom;
+  RandomSource source{random}, singleSource{singleRandom};
+  GaussianState deviates;
+  Array<double> single;  ///< variables of the sample drawn last
+};
+
+TEST_F(MonteCarloBesideSingleSamplesTest, DrawsTheSameNumbersWithoutAFailure) {
+  load("a,b,c", "a*EXP(-b)*SIN(c)+x");
+  set(0, 1, 0.5), set(1, 5, 0.1), set(2, 0.7, -0.02), set(3, 1.2, 0.05);
+  EXPECT_EQ(runsOverBins(3.3, 1), 1);
+  EXPECT_EQ(end, MonteCarlo::End::kCompleted);
+}
+
+TEST_F(MonteCarloBesideSingleSamplesTest, StandsAtTheSampleWhoseEvaluationFails) {
+  load("a", "LOG(a)");
+  set(1, 2.5, 1);
+  const int runs = runsOverBins(1, 1);
+  EXPECT_GT(runs, 40) << "one sample of 160 is negative";
+  EXPECT_LT(runs, 100);
+}
+
+TEST_F(MonteCarloBesideSingleSamplesTest, StandsAtTheSampleThatOverflowsTheBins) {
+  set(1, 0, 1);
+  const int runs = runsOverBins(0, 1 / 1250.0);
+  EXPECT_GT(runs, 50) << "one sample of 114 lies more than 3277 widths of 1/1250 away";
+  EXPECT_LT(runs, 130);
+}
+
+TEST_F(MonteCarloBesideSingleSamplesTest, StandsWhereSingleSamplesOfTheRangeEnd) {
+  for (const char* formula : {"SIN(a)+x", "LOG(a)"}) {
+    load("a", formula);
+    set(1, 1, 2);
+    MonteCarlo simulation(model, par, source, listener);
+    simulation.setUpBins({.F0 = 1, .Derivatives = {}, .ErrorMax = 0, .ErrorSigma = 0});
+    single = par.ParValues;
+    deviates = {};
+    for (int i = 1; i <= 199; ++i) drawOne();
+    expectSameAfter(1, simulation);
+  }
 }
 
 TEST_F(MonteCarloTest, AnErrorThatLeadsOutOfAllNumbersLeavesTheValueOfTheSampleBefore) {

@@ -22,6 +22,10 @@ float ScriptedRandom::next() {
   return number;
 }
 
+void ScriptedRandom::giveBack(std::span<const float> numbers) {
+  numbers_.insert(numbers_.begin(), numbers.begin(), numbers.end());
+}
+
 void RecordingMainWindow::shut(Form holder) {
   holders.push_back(holder);
   enabled = false;

@@ -3,6 +3,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,7 @@ class ScriptedRandom : public Random {
   ScriptedRandom(std::initializer_list<float> numbers) : numbers_(numbers) {}
   ~ScriptedRandom() override;
   float next() override;
+  void giveBack(std::span<const float> numbers) override;
   void seed(float number) override { seeds.push_back(number); }
 
   std::vector<float> seeds;
@@ -43,6 +45,7 @@ class CyclingRandom : public Random {
  public:
   explicit CyclingRandom(std::vector<float> numbers) : numbers_(std::move(numbers)) {}
   float next() override { return numbers_[static_cast<std::size_t>(drawn++) % numbers_.size()]; }
+  void giveBack(std::span<const float> numbers) override { drawn -= static_cast<int>(numbers.size()); }
   void seed(float number) override { seeds.push_back(number); }
 
   int drawn = 0;

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "expr/CompositeFunction.h"
 #include "expr/EvaluateHelp.h"
 #include "expr/FunctionHelp.h"
 
@@ -61,6 +62,41 @@ TEST_P(CataloguePairs, GiveTheSameValuesAsTheirText) {
     for (const double x : {-2.5, -1.0, 0.0, 0.375, 1.0, 4.75}) {
       expectAgreement(formula, model, parametersOf(parameters), x);
     }
+  }
+}
+
+/// The values of points with parameters of their own, together; empty where one of them has a fault.
+std::vector<double> together(Model& model, const std::vector<Array<double>>& points) {
+  std::vector<std::vector<double>> columns(static_cast<std::size_t>(points[0].upper()) + 1);
+  for (const Array<double>& point : points) {
+    for (int i = 0; i <= point.upper(); ++i) columns[static_cast<std::size_t>(i)].push_back(point[i]);
+  }
+  std::vector<const double*> places;
+  for (const std::vector<double>& column : columns) places.push_back(column.data());
+  std::vector<double> values(points.size());
+  if (!model.together(places, values)) values.clear();
+  return values;
+}
+
+TEST_P(CataloguePairs, GiveTheSameBitsForPointsWithParametersOfTheirOwn) {
+  const auto [inner, outer] = GetParam();
+  const Compiled text =
+      compiled(definitionOf(static_cast<std::size_t>(inner - 1), static_cast<std::size_t>(outer - 1)));
+  NoListener nobody;
+  for (Model model : {Model(inner, outer), Model(kLastPlainInner + 1, 1, text.expression)}) {
+    std::vector<Array<double>> points;
+    std::vector<double> expected;
+    for (int point = 0; point < 21; ++point) {
+      Array<double> variables(text.expression.nPar);
+      for (int i = 0; i <= variables.upper(); ++i) variables[i] = 0.5 + 0.13 * i + 0.03 * point;
+      expected.push_back(model.at(variables[0], variables, nobody).value);
+      points.push_back(std::move(variables));
+    }
+    EXPECT_EQ(together(model, points), expected);
+    points[5][0] = points[5][1] = 1E308;
+    points[5][points[5].upper()] = 1E308;
+    const bool fails = model.at(points[5][0], points[5], nobody).fault != Fault::kNone;
+    EXPECT_EQ(together(model, points).empty(), fails);
   }
 }
 

@@ -16,6 +16,9 @@ class ListedNumbers : public UniformSource {
     numbers_.pop_front();
     return number;
   }
+  void giveBack(std::span<const float> numbers) override {
+    numbers_.insert(numbers_.begin(), numbers.begin(), numbers.end());
+  }
 
  private:
   std::deque<float> numbers_;
@@ -47,6 +50,28 @@ TEST(GaussianDeviate, DrawsAgainOutsideTheUnitCircle) {
   GaussianState state;
   const double fac = std::sqrt(-2 * std::log(0.5) / 0.5);
   EXPECT_EQ(GaussianDeviate(random, state), Evaluation{0.5 * fac});
+}
+
+TEST(Factors, HaveTheBitsOfThoseOfSingleDeviates) {
+  std::vector<double> factors, coordinates, expected;
+  for (float w = 1.0F / 2; w > 1E-7F; w *= 0.61F) {
+    const float numbers[] = {0.25F, 0.5F + w / 2};
+    ListedNumbers random{numbers[0], numbers[1]};
+    const PointInCircle point = drawInCircle(random);
+    EXPECT_EQ(point.s, point.w1 * point.w1 + point.w2 * point.w2);
+    factors.push_back(point.s);
+    coordinates.push_back(point.w2);
+    ListedNumbers again{numbers[0], numbers[1]};
+    GaussianState state;
+    expected.push_back(GaussianDeviate(again, state).value);
+  }
+  EXPECT_TRUE(replaceByFactors(factors));
+  for (std::size_t i = 0; i < factors.size(); ++i) EXPECT_EQ(coordinates[i] * factors[i], expected[i]);
+}
+
+TEST(Factors, AreNoneInTheCentreOfTheCircle) {
+  std::vector<double> factors{0.5, 0, 0.25};
+  EXPECT_FALSE(replaceByFactors(factors));
 }
 
 TEST(GaussianDeviate, FailsInTheLogarithmOfZero) {

@@ -38,5 +38,23 @@ TEST(SystemRandom, WithoutASeedEveryRunDrawsTheSameNumbers) {
   EXPECT_EQ(draw(a, 5), draw(b, 5));
 }
 
+TEST(SystemRandom, GivesAgainWhatItWasGivenBack) {
+  SystemRandom a, b;
+  const auto numbers = draw(a, 5);
+  const std::span<const float> given(numbers);
+  a.giveBack(given.last(3));
+  EXPECT_EQ(draw(a, 1).front(), numbers[2]);
+  a.giveBack(given.first(3));
+  EXPECT_EQ(draw(a, 8), draw(b, 8));
+}
+
+TEST(SystemRandom, ASeedForgetsWhatWasGivenBack) {
+  SystemRandom a, b;
+  a.giveBack(draw(a, 3));
+  a.seed(7);
+  b.seed(7);
+  EXPECT_EQ(draw(a, 5), draw(b, 5));
+}
+
 }  // namespace
 }  // namespace vk

@@ -29,7 +29,7 @@ class SampleBlock {
 
  private:
   /// Remembers the numbers that it gives.
-  class Numbers : public UniformSource {
+  class Numbers final : public UniformSource {
    public:
     explicit Numbers(UniformSource& random) : random_(random) {}
     float next() override { return given_.emplace_back(random_.next()); }

@@ -1,5 +1,7 @@
 #include "platform/system/SystemRandom.h"
 
+#include <cmath>
+
 namespace vk {
 namespace {
 
@@ -36,6 +38,12 @@ TEST(SystemRandom, TheSameSeedGivesTheSameNumbers) {
 TEST(SystemRandom, WithoutASeedEveryRunDrawsTheSameNumbers) {
   SystemRandom a, b;
   EXPECT_EQ(draw(a, 5), draw(b, 5));
+}
+
+TEST(SystemRandom, GivesTheUpperBitsOfTheStandardGenerator) {
+  SystemRandom random;
+  std::mt19937 standard;
+  for (const float number : draw(random, 2000)) ASSERT_EQ(number, std::ldexp(standard() >> 8U, -24));
 }
 
 TEST(SystemRandom, GivesAgainWhatItWasGivenBack) {

@@ -4,6 +4,7 @@
 #include "doubles/ControlNames.h"
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

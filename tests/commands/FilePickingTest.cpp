@@ -4,6 +4,7 @@
 #include "doubles/MemoryFiles.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/TestPorts.h"
+#include "session/Session.h"
 
 namespace vk {
 namespace {

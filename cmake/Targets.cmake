@@ -5,9 +5,9 @@ target_include_directories(vor_flags INTERFACE ${CMAKE_SOURCE_DIR})
 # Results must be the same at every optimisation level: no contraction of a*b+c, no rewriting of pow().
 target_compile_options(vor_flags INTERFACE
   -Wall -Wextra -Wconversion -Wdouble-promotion -Wshadow -ffp-contract=off -fno-builtin-pow)
-# With this analysis g++ 12 drops the value that a variable has before a call assigns to it, although a call that throws
-# assigns nothing; statements under the guard live on that value.
-target_compile_options(vor_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fno-ipa-modref>)
+# g++ 12 removes, as a dead store, what a variable of a class holds before a call assigns to it, although a call that
+# throws assigns nothing; statements under the guard live on that value.
+target_compile_options(vor_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fno-tree-dse>)
 if(VOR_WERROR)
   target_compile_options(vor_flags INTERFACE -Werror)
 endif()

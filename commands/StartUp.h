@@ -12,8 +12,8 @@ namespace vk {
 struct Session;
 
 /// The texts of the five status panels before the first `Msg`.
-inline constexpr std::array<WindowText, 5> kStartPanels{
-    "Dati: Nessuno ", "Fun.: Nessuno ", "Grafici: Nessuno ", "Fun.Att.: NO ", "Par.Var.: NO "};
+inline const std::array<WindowText, 5> kStartPanels{"Dati: Nessuno ", "Fun.: Nessuno ", "Grafici: Nessuno ",
+                                                    "Fun.Att.: NO ", "Par.Var.: NO "};
 
 /// The folder in which work begins: the program's where files can be made in it, else the user's documents,
 /// else the current one.

@@ -13,7 +13,7 @@ namespace {
 
 // ---- Texts ------------------------------------------------------------------------------------------------
 
-constexpr std::array<WindowText, 3> kKindWords{kDataWord, kFunctionsWord, kGraphicWord};
+const std::array<WindowText, 3> kKindWords{kDataWord, kFunctionsWord, kGraphicWord};
 constexpr const char* kNotRead = " NON puo` essere Letto!";
 constexpr const char* kNotSaved = " NON e` stato Salvato!";
 constexpr const char* kNotChecked = " e` stato Salvato, ma NON puo` essere Controllato!";

@@ -15,7 +15,7 @@ inline constexpr const char* kScaleFrameCaption = "Ingrandimento Figure";
 inline constexpr std::array<const char*, 4> kScaleLegends{kDataWord, kDataAndFunction, "Differenze",
                                                           "File Grafico"};
 inline constexpr std::array<const char*, 2> kPaperOptions{"Orizzontale", "Verticale"};
-inline constexpr std::array<WindowText, 2> kGraphicButtons{kGiveUpButton, kAcceptButton};
+inline const std::array<WindowText, 2> kGraphicButtons{kGiveUpButton, kAcceptButton};
 
 /// Where everything stands in the graphic options panel, in twips. Places are within the frame that holds the
 /// control. The sizes follow from the texts, so that the panel fits its content.

@@ -110,7 +110,7 @@ void FraDir::buildRows(const QFont& font) {
 }
 
 void FraDir::buildButtons(std::function<void(int)> button) {
-  constexpr std::array<WindowText, 2> kCaptions{kGiveUpButton, kExecuteButton};
+  const std::array<WindowText, 2> kCaptions{kGiveUpButton, kExecuteButton};
   for (std::size_t i = 0; i < kCaptions.size(); ++i) {
     CmdWrkDir_[i] = new AccessButton(fromCaption(kCaptions[i]), this);
     CmdWrkDir_[i]->setObjectName(QString("CmdWrkDir(%1)").arg(i));

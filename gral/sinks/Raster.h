@@ -100,7 +100,7 @@ class Raster {
   /// The part that has changed since this was last asked; empty when nothing has.
   PixelRect takeChanged();
 
-  /// The picture with each square of factor x factor pixels as one pixel of their mean colour.
+  /// The picture with each square of factor x factor pixels, factor at most 22, as one pixel of their mean colour.
   Picture reduced(int factor) const;
   /// The same of a part, its corners rounded outward to whole squares.
   Picture reduced(int factor, const PixelRect& part) const;

@@ -4,7 +4,7 @@
 
 #include <new>
 
-#include "base/Array.h"
+#include "tests/base/OptimisedGuard.h"
 
 namespace vk {
 namespace {
@@ -19,6 +19,13 @@ TEST(Guard, DropsTheFailingStatementAndGoesOn) {
   EXPECT_EQ(x, 2);
   EXPECT_TRUE(failed);
   EXPECT_TRUE(guard([&] { x = 3; }));
+}
+
+TEST(Guard, ACallThatFailsLeavesWhatTheVariableHadInOptimisedCode) {
+  Array<Int16> numbers(2);
+  numbers[1] = 300;
+  EXPECT_EQ(numberOr(numbers, 1, 7), 300);
+  EXPECT_EQ(numberOr(numbers, 5, 7), 7);
 }
 
 TEST(Guard, TakesExhaustedMemoryLikeAnyRunTimeError) {

@@ -5,7 +5,8 @@
 
 #include "analysis/Fit.h"
 #include "analysis/LinearisedErrors.h"
-#include "tests/analysis/ModelFixture.h"
+#include "expr/FormulaText.h"
+#include "tests/analysis/FormulaModel.h"
 
 namespace vk {
 

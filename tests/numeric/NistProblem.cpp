@@ -1,6 +1,9 @@
 #include "tests/numeric/NistProblem.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <limits>
 #include <sstream>
 #include <stdexcept>
 
@@ -26,6 +29,20 @@ constexpr std::array kMisprints{
     Misprint{"Roszman1", "b1 =", "1.20196866396E-0", "2.0196866396E-01"},
     Misprint{"Rat43", "Degrees of Freedom:", "9", "11"},
 };
+
+constexpr double kCertifiedDigits = 11;
+
+/// The largest difference of values from others in units of a third row; infinite where one is no number.
+double largestDifference(std::span<const double> values, std::span<const double> others,
+                         std::span<const double> units) {
+  double largest = 0;
+  for (std::size_t i = 0; i < others.size(); ++i) {
+    const double difference = std::abs((values[i] - others[i]) / units[i]);
+    if (std::isnan(difference)) return std::numeric_limits<double>::infinity();
+    largest = std::max(largest, difference);
+  }
+  return largest;
+}
 
 /// The lines of a published file, and its faults with their numbers.
 class NistText {
@@ -127,6 +144,14 @@ std::string NistProblem::names() const {
   std::string result;
   for (int i = 1; i <= parameters(); ++i) result += (i > 1 ? ",b" : "b") + std::to_string(i);
   return result;
+}
+
+double NistProblem::digits(std::span<const double> values) const {
+  return std::clamp(-std::log10(largestDifference(values, certified, certified)), 0.0, kCertifiedDigits);
+}
+
+double NistProblem::deviationsOff(std::span<const double> values) const {
+  return largestDifference(values, certified, deviations);
 }
 
 NistProblem parseNist(std::string_view published) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,12 @@ struct NistProblem {
   int points() const { return static_cast<int>(x.size()); }
   /// The comma list b1, b2, ... of the parameters.
   std::string names() const;
+
+  /// How near values of all parameters, from 0, come to the certified ones, by the one that is farthest off.
+  /// Digits: those of the relative difference, from 0 to the 11 that are certified.
+  double digits(std::span<const double> values) const;
+  /// The difference in certified standard deviations; not finite where a value is not.
+  double deviationsOff(std::span<const double> values) const;
 
   std::string name;
   std::array<std::vector<double>, 2> starts;  ///< values of all parameters, the far start first

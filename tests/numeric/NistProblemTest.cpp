@@ -60,6 +60,20 @@ TEST(NistProblem, CorrectsMisprints) {
   EXPECT_EQ(parseNist(published("Rat43")).degreesOfFreedom, 11);
 }
 
+TEST(NistProblem, JudgesValuesByTheOneThatIsFarthestOff) {
+  NistProblem problem;
+  problem.certified = {100, -2};
+  problem.deviations = {10, 0.01};
+  EXPECT_NEAR(problem.digits(std::vector{100.1, -2.0}), 3, 1E-9);
+  EXPECT_NEAR(problem.digits(std::vector{100.0, -2.2}), 1, 1E-9);
+  EXPECT_EQ(problem.digits(problem.certified), 11);
+  EXPECT_EQ(problem.digits(std::vector{1E30, -2.0}), 0);
+  EXPECT_EQ(problem.digits(std::vector{std::nan(""), -2.0}), 0);
+  EXPECT_NEAR(problem.deviationsOff(std::vector{101.0, -2.0}), 0.1, 1E-9);
+  EXPECT_NEAR(problem.deviationsOff(std::vector{100.0, -2.03}), 3, 1E-9);
+  EXPECT_FALSE(std::isfinite(problem.deviationsOff(std::vector{100.0, std::nan("")})));
+}
+
 TEST(NistProblem, TellsWhatIsWrongWithAFile) {
   const std::string good = published("DanWood");
   EXPECT_EQ(faultOf(good), "");

@@ -1,0 +1,153 @@
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "bench/validation/Sections.h"
+#include "platform/system/SystemFiles.h"
+#include "tests/analysis/NistCase.h"
+
+namespace vk {
+namespace {
+
+constexpr double kFewDigits = 4, kManyDigits = 6;
+constexpr double kMuchOff = 0.1;  // certified standard deviations
+
+/// How near values are to the certified ones.
+struct Nearness {
+  double digits, deviationsOff;
+};
+
+/// What a fit said and how good its values are.
+struct Outcome {
+  std::string said;
+  bool completed;                    ///< nothing was said but that it is done
+  std::optional<Nearness> nearness;  ///< missing after a failure
+  int computations;
+
+  bool hasDigits(double digits) const { return nearness && nearness->digits >= digits; }
+  bool misleads() const { return completed && !hasDigits(kManyDigits) && nearness->deviationsOff > kMuchOff; }
+};
+
+/// A kind of fit, from one start of a problem after the other.
+struct Fits {
+  std::string heading;
+  std::vector<Outcome> outcomes;
+};
+
+/// All fits; the problems in the order of `nistFormulas`, each from its first start and then from its second.
+struct Comparison {
+  std::vector<std::string> runs;  ///< problem and start, as cells of a table
+  Fits prescribed{"prescribed", {}};
+
+  std::array<const Fits*, 1> all() const { return {&prescribed}; }
+};
+
+Nearness nearnessOf(const NistProblem& problem, std::span<const double> values) {
+  return {problem.digits(values), problem.deviationsOff(values)};
+}
+
+Outcome outcomeOf(const NistProblem& problem, const FitResult& fit) {
+  const auto values = fit.par.ParValues.span(1, problem.parameters());
+  switch (fit.status) {
+    case FitStatus::kFailed:
+      return {"failed", false, {}, fit.evaluations};
+    case FitStatus::kUnreliable:
+      return {"unreliable", false, nearnessOf(problem, values), fit.evaluations};
+    case FitStatus::kCompleted:
+      break;
+  }
+  return {"completed", true, nearnessOf(problem, values), fit.evaluations};
+}
+
+Comparison compare() {
+  SystemFiles files;
+  Comparison result;
+  for (const NistFormula& formula : nistFormulas()) {
+    const NistProblem problem = parseNist(files.readAll("tests/numeric/nist/" + formula.problem + ".dat"));
+    for (std::size_t start = 0; start < problem.starts.size(); ++start) {
+      FitCase fit = nistCase(problem, formula.formula, problem.starts[start], 1);
+      result.runs.push_back(problem.name + " | " + std::to_string(start + 1));
+      result.prescribed.outcomes.push_back(outcomeOf(problem, fit.fit()));
+    }
+  }
+  return result;
+}
+
+// ---- Tables -----------------------------------------------------------------------------------------------
+
+std::string formatted(const char* format, double value) {
+  std::array<char, 32> text{};
+  return {text.data(), static_cast<std::size_t>(std::snprintf(text.data(), text.size(), format, value))};
+}
+
+int medianComputations(const Fits& fits) {
+  std::vector<int> sorted;
+  for (const Outcome& outcome : fits.outcomes) sorted.push_back(outcome.computations);
+  std::ranges::sort(sorted);
+  return sorted[sorted.size() / 2];
+}
+
+std::string countOf(const Fits& fits, bool (*counts)(const Outcome&)) {
+  return std::to_string(std::ranges::count_if(fits.outcomes, counts));
+}
+
+/// A line of the table of counts, with the figure of each kind of fit.
+template <class Figure>
+void line(std::ostream& page, const Comparison& comparison, const std::string& name, Figure figure) {
+  page << "| " << name;
+  for (const Fits* fits : comparison.all()) page << " | " << figure(*fits);
+  page << " |\n";
+}
+
+void writeSummary(std::ostream& page, const Comparison& comparison) {
+  const std::string count = std::to_string(comparison.runs.size());
+  const auto counts = [&](const std::string& name, bool (*counted)(const Outcome&)) {
+    line(page, comparison, name, [&](const Fits& fits) { return countOf(fits, counted); });
+  };
+  line(page, comparison, "Of " + count + " fits", [](const Fits& fits) { return fits.heading; });
+  line(page, comparison, "---", [](const Fits&) { return "---"; });
+  counts("at least 4 digits", [](const Outcome& outcome) { return outcome.hasDigits(kFewDigits); });
+  counts("at least 6 digits", [](const Outcome& outcome) { return outcome.hasDigits(kManyDigits); });
+  counts("said completed, but below 6 digits and more than 0.1 standard deviations off",
+         [](const Outcome& outcome) { return outcome.misleads(); });
+  line(page, comparison, "computations of all residuals, median", medianComputations);
+}
+
+void writeFits(std::ostream& page, const Comparison& comparison) {
+  page << "\n| Problem | start";
+  for (const Fits* fits : comparison.all())
+    page << " | " << fits->heading << " | digits | off | computations";
+  page << " |\n|---|---";
+  for (std::size_t i = 0; i < comparison.all().size(); ++i) page << "|---|---|---|---";
+  page << "|\n";
+  for (std::size_t run = 0; run < comparison.runs.size(); ++run) {
+    page << "| " << comparison.runs[run];
+    for (const Fits* fits : comparison.all()) {
+      const Outcome& outcome = fits->outcomes[run];
+      const auto& nearness = outcome.nearness;
+      page << " | " << outcome.said << " | " << (nearness ? formatted("%.1f", nearness->digits) : "") << " | "
+           << (nearness ? formatted("%.2g", nearness->deviationsOff) : "") << " | " << outcome.computations;
+    }
+    page << " |\n";
+  }
+}
+
+}  // namespace
+
+void writeCertifiedProblems(std::ostream& page) {
+  const Comparison comparison = compare();
+  writeSummary(page, comparison);
+  page << R"(
+The problems are those of the NIST/ITL Statistical Reference Datasets, nonlinear regression, with one predictor
+(`tests/numeric/nist`), each from its two published starts. Every point has the error 1, as where nothing is known about
+errors. *Digits* are those to which the parameter that is farthest off agrees with its certified value, at most the 11
+certified ones; *off* is its distance in certified standard deviations.
+)";
+  writeFits(page, comparison);
+}
+
+}  // namespace vk

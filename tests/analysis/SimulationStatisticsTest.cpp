@@ -6,6 +6,7 @@
 #include "commands/RandomSource.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/analysis/FitFixture.h"
+#include "tests/analysis/ModelFixture.h"
 
 namespace vk {
 namespace {

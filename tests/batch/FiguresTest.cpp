@@ -136,6 +136,14 @@ TEST(BatchDraw, MakesVectorFiles) {
   EXPECT_THAT(fileContent(pdf), StartsWith("%PDF-"));
 }
 
+TEST(BatchDraw, SharesTheMarksOfALongPdf) {
+  std::string commands;
+  for (int i = 0; i < 1200; ++i) commands += "\\SIMBOLO(" + std::to_string(2 + i % 20) + ",4)\r\n";
+  const std::string figure = temporaryFile("LONG.GRA", commands), pdf = freshPath("long.pdf");
+  EXPECT_EQ(batch("draw '" + figure + "' -o '" + pdf + "'").exitCode, 0);
+  EXPECT_THAT(fileContent(pdf), HasSubstr("/Mark0"));
+}
+
 TEST(BatchDraw, TellsOnAllDevicesWhatTheCheckTells) {
   const std::string data =
       temporaryFile("NEAR.DAT", "t\r\nu\r\n 4\r\n1 2 .5\r\n2 3E12 .5\r\n2.0001 -1E11 1E15\r\n4 1 .5\r\n");

@@ -177,5 +177,19 @@ TEST_F(PdfPages, VeryManyFiguresTakeNoMoreRoomThanWithTheToolkitAndOnePage) {
   EXPECT_LT(found.size(), toolkitsPdf(vectors, letters()).size());
 }
 
+TEST_F(PdfPages, ToolkitDrawsAllWhereThePagesCannotBeJoined) {
+  VectorDevice vectors(letters());
+  drawOn(vectors, drawMarks);
+  PdfPage page(vectors.area(), VectorDevice::kPixelRatio, letters(),
+               folder.filePath(QStringLiteral("missing")));
+  replayAsVectors(vectors.list(), page, letters(), {VectorDevice::kPixelRatio, 1});
+  const std::string found = page.document();
+  EXPECT_EQ(found.find("/Mark0"), std::string::npos);
+  EXPECT_NE(found.find("/Count 1"), std::string::npos);
+  EXPECT_GT(readPdf(found).shapes.size(), 10U * kPoints * 4);
+  const std::string expected = toolkitsPdf(vectors, letters());
+  EXPECT_EQ(pageOf(written("found.pdf", found)), pageOf(written("toolkit.pdf", expected)));
+}
+
 }  // namespace
 }  // namespace vk

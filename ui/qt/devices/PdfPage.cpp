@@ -1,8 +1,8 @@
 #include "ui/qt/devices/PdfPage.h"
 
+#include <QCoreApplication>
+#include <QLibrary>
 #include <QPageSize>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFWriter.hh>
 
 #include "base/RuntimeError.h"
 #include "gral/sinks/PdfContent.h"
@@ -12,32 +12,15 @@ namespace {
 
 /// From so many figures on it is worth to write them beside the toolkit.
 constexpr std::size_t kVeryMany = 1000;
-/// More packing takes five times as long for a tenth of the size.
-constexpr int kFastPacking = 1;
-
-QPDFObjectHandle streamOf(QPDF& file, const std::string& content) {
-  constexpr qsizetype kLengthBefore = 4;  // which the toolkit puts before what it packs
-  const QByteArray packed = qCompress(reinterpret_cast<const uchar*>(content.data()),
-                                      static_cast<qsizetype>(content.size()), kFastPacking);
-  QPDFObjectHandle stream = file.newStream();
-  stream.replaceStreamData(packed.mid(kLengthBefore).toStdString(), QPDFObjectHandle::newName("/FlateDecode"),
-                           QPDFObjectHandle::newNull());
-  return stream;
-}
-
-QPDFObjectHandle objectOf(QPDF& file, const std::string& content) {
-  constexpr double kReach = PdfContent::kObjectReach;
-  QPDFObjectHandle object = streamOf(file, content), dictionary = object.getDict();
-  dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/XObject"));
-  dictionary.replaceKey("/Subtype", QPDFObjectHandle::newName("/Form"));
-  dictionary.replaceKey(
-      "/BBox", QPDFObjectHandle::newArray(QPDFObjectHandle::Rectangle(-kReach, -kReach, kReach, kReach)));
-  return object;
-}
 
 }  // namespace
 
-PdfPage::PdfPage(const SheetSize& size, int pixelRatio, QtLetters& letters) : pixelRatio_(pixelRatio) {
+QString PdfPage::joiningLibrary() {
+  return QCoreApplication::applicationDirPath() + QStringLiteral("/../lib/vor_kel/vor_pdf_pages");
+}
+
+PdfPage::PdfPage(const SheetSize& size, int pixelRatio, QtLetters& letters, const QString& library)
+    : pixelRatio_(pixelRatio), library_(library) {
   buffer_.open(QIODevice::WriteOnly);
   writer_.setCreator(QStringLiteral("Vor_Kel"));
   writer_.setResolution(static_cast<int>(kTwipsPerInch));
@@ -52,7 +35,11 @@ std::string PdfPage::document() {
   drawWaiting();
   painted_.reset();
   painter_.end();
-  return layers_.empty() ? bytes_.toStdString() : laidOver();
+  if (drawn_.layers.empty()) return bytes_.toStdString();
+  drawn_.file = {bytes_.constData(), static_cast<std::size_t>(bytes_.size())};
+  std::string result;
+  layOver_(drawn_, result);
+  return result;
 }
 
 // ---- Who draws what
@@ -86,10 +73,10 @@ void PdfPage::clip(const PixelRect* region) {
 }
 
 void PdfPage::drawWaiting() {
-  if (waiting_.size() < kVeryMany || hatched_) {
-    waiting_.replay(*painted_);
-  } else {
+  if (waiting_.size() >= kVeryMany && !hatched_ && canLayOver()) {
     drawBeside();
+  } else {
+    waiting_.replay(*painted_);
   }
   waiting_.reset();
   hatched_ = filling_.style > kFillTransparent;
@@ -97,47 +84,22 @@ void PdfPage::drawWaiting() {
   fillingBefore_ = filling_;
 }
 
+bool PdfPage::canLayOver() {
+  if (layOver_ == nullptr) layOver_ = reinterpret_cast<LayOver*>(QLibrary::resolve(library_, "layOver"));
+  return layOver_ != nullptr;
+}
+
 void PdfPage::drawBeside() {
-  PdfContent content(pixelRatio_, objects_.size());
+  PdfContent content(pixelRatio_, drawn_.objects.size());
   content.clip(clip_ ? &*clip_ : nullptr);
   content.pen(penBefore_);
   content.filling(fillingBefore_);
   waiting_.replay(content);
-  layers_.push_back(content.operators());
-  for (std::string& object : content.objects()) objects_.push_back(std::move(object));
+  drawn_.layers.push_back(content.operators());
+  for (std::string& object : content.objects()) drawn_.objects.push_back(std::move(object));
   writer_.newPage();
   painted_->pen(pen_);
   painted_->filling(filling_);
-}
-
-// ---- The file
-
-/// The content of the toolkit's pages and the layers in turn, as one page. A page leaves its unit in force for the
-/// layer behind it.
-std::string PdfPage::laidOver() {
-  QPDF file;
-  file.processMemoryFile("figure", bytes_.constData(), static_cast<std::size_t>(bytes_.size()));
-  std::vector<QPDFObjectHandle> pages = file.getAllPages();
-  QPDFObjectHandle page = pages.front(), content = QPDFObjectHandle::newArray();
-  QPDFObjectHandle resources = page.getKey("/Resources");
-  content.appendItem(streamOf(file, "q\n"));
-  for (std::size_t i = 0; i < pages.size(); ++i) {
-    content.appendItem(pages[i].getKey("/Contents"));
-    content.appendItem(streamOf(file, i < layers_.size() ? layers_[i] + "Q q\n" : "Q\n"));
-    if (i == 0) continue;
-    resources.mergeResources(pages[i].getKey("/Resources"));
-    file.removePage(pages[i]);
-  }
-  for (std::size_t i = 0; i < objects_.size(); ++i) {
-    resources.getKey("/XObject").replaceKey(PdfContent::objectName(i), objectOf(file, objects_[i]));
-  }
-  page.replaceKey("/Contents", content);
-  QPDFWriter writer(file);
-  writer.setOutputMemory();
-  writer.setStreamDataMode(qpdf_s_preserve);
-  writer.write();
-  const auto result = writer.getBufferSharedPointer();
-  return {reinterpret_cast<const char*>(result->getBuffer()), result->getSize()};
 }
 
 }  // namespace vk

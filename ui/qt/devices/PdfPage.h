@@ -4,10 +4,10 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <optional>
-#include <vector>
 
 #include "gral/sinks/DisplayList.h"
 #include "ui/qt/devices/PainterSink.h"
+#include "ui/qt/devices/PdfLayers.h"
 
 namespace vk {
 
@@ -15,12 +15,14 @@ namespace vk {
 ///
 /// The toolkit draws letters, pictures and what is little. It takes long over very many lines and marks, and writes
 /// each mark anew, so these are written beside it: what it draws before and after them are pages of its file, which
-/// are laid over one another in the end.
+/// are laid over one another in the end. A library beside the program does that; where it is missing the toolkit draws
+/// all.
 class PdfPage : public DrawingSink {
  public:
-  /// `pixelRatio` pixels of the drawing make a nominal one. The letters must outlive the page. A
-  /// failure of the toolkit is run-time error 57.
-  PdfPage(const SheetSize& size, int pixelRatio, QtLetters& letters);
+  /// `pixelRatio` pixels of the drawing make a nominal one. The letters must outlive the page. `library` is the file
+  /// that exports `layOver`, without prefix and ending. A failure of the toolkit is run-time error 57.
+  PdfPage(const SheetSize& size, int pixelRatio, QtLetters& letters,
+          const QString& library = joiningLibrary());
 
   /// The file. Nothing more can be drawn afterwards.
   std::string document();
@@ -49,10 +51,11 @@ class PdfPage : public DrawingSink {
   void refresh() override {}
 
  private:
+  static QString joiningLibrary();
   DrawingSink& toolkit();
   void drawWaiting();
+  bool canLayOver();
   void drawBeside();
-  std::string laidOver();
 
   int pixelRatio_;
   QByteArray bytes_;
@@ -65,8 +68,9 @@ class PdfPage : public DrawingSink {
   Pen pen_, penBefore_;   ///< now, and at the begin of what waits
   Filling filling_, fillingBefore_;
   std::optional<PixelRect> clip_;
-  std::vector<std::string> layers_;   ///< operators, each over a page of the toolkit
-  std::vector<std::string> objects_;  ///< that they call
+  QString library_;
+  LayOver* layOver_ = nullptr;  ///< none as long as it is not needed
+  PdfLayers drawn_;
 };
 
 }  // namespace vk

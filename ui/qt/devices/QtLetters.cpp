@@ -12,6 +12,7 @@
 #include <map>
 #include <optional>
 #include <tuple>
+#include <utility>
 
 #include "base/CodePage.h"
 
@@ -31,8 +32,9 @@ constexpr const char* kFaces[] = {"Liberation Sans", "Arimo",          "Arial", 
 
 struct Letter {
   double advance = 0;
-  QPainterPath outline;
   std::size_t font = 0;
+  std::optional<quint32> glyph;  ///< in that font, as long as its outline is not read
+  QPainterPath outline;
 };
 
 QRawFont outlineFont(QFont font) {
@@ -72,7 +74,7 @@ Letter letterOf(Faces& faces, char32_t character) {
     if (glyphs.isEmpty()) continue;
     letter.font = i;
     letter.advance = font.advancesForGlyphIndexes(glyphs).value(0).x() / kOutlineSize;
-    letter.outline = font.pathForGlyph(glyphs.front());
+    letter.glyph = glyphs.front();
     break;
   }
   return letter;
@@ -116,14 +118,22 @@ struct QtLetters::Tables {
     return masks[key] = std::move(mask);
   }
 
-  /// Loaded when it is first asked for; a character below the space has no width and no outline.
-  const Letter& letter(bool symbol, unsigned char code) {
+  /// Found when it is first asked for; a character below the space has no width and no outline.
+  Letter& letter(bool symbol, unsigned char code) {
     std::optional<Letter>& letter = letters[symbol ? 1 : 0][code];
     if (!letter) {
       const auto codePage = symbol ? CodePage::kSymbol : CodePage::kWindows1252;
       letter = code < ' ' ? Letter() : letterOf(faces, toUnicode(static_cast<char>(code), codePage));
     }
     return *letter;
+  }
+
+  /// To read an outline takes longer than all else of a letter, and files of vectors need none.
+  const QPainterPath& outline(bool symbol, unsigned char code) {
+    Letter& read = letter(symbol, code);
+    if (read.glyph)
+      read.outline = faces.font(read.font).pathForGlyph(*std::exchange(read.glyph, std::nullopt));
+    return read.outline;
   }
 };
 
@@ -155,7 +165,7 @@ const GlyphMask& QtLetters::glyph(bool symbol, unsigned char code, double pixels
   turn.rotate(-angle);
   turn.scale(pixels / kOutlineSize, pixels / kOutlineSize);
   turn.translate(0, ascent(symbol) * kOutlineSize);
-  const QPainterPath shape = turn.map(tables_->letter(symbol, code).outline);
+  const QPainterPath shape = turn.map(tables_->outline(symbol, code));
   const QRectF box = shape.boundingRect();
   if (box.width() * box.height() > kLargeLetter) {
     const QRectF part(QPointF(seen.x1, seen.y1), QPointF(seen.x2, seen.y2));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <compare>
+#include <optional>
 #include <string>
 
 #include "gral/DrawingSink.h"
@@ -15,22 +17,40 @@ class SvgPath {
  public:
   explicit SvgPath(double twipsPerPixel) : twipsPerPixel_(twipsPerPixel) {}
 
-  const std::string& text() const { return text_; }
-  bool empty() const { return text_.empty(); }
-  void clear() { text_.clear(); }
+  bool empty() const { return text_.empty() && !waiting_; }
+  std::size_t size() const { return text_.size(); }
+  /// The description, which begins anew.
+  std::string take();
   /// From the first point to the last.
   void join(std::span<const PixelPoint> points, bool closed);
-  /// Goes on where the line before has ended.
-  void line(const TwipPoint& from, const TwipPoint& to);
+  /// Goes on where the line before has ended. Of lines without dashes what is drawn counts, not the way: the cap of a
+  /// bar comes before it, and lines are taken from either end.
+  void line(const TwipPoint& from, const TwipPoint& to, bool dashed);
 
  private:
-  void moveTo(long x, long y);
-  void lineTo(long x, long y);
-  void way(char command, long dx, long dy);
+  struct Place {
+    long x, y;
+    auto operator<=>(const Place&) const = default;
+  };
+  struct Line {
+    Place from, to;
+    /// Between its ends, for a line along a side of the page.
+    bool crosses(const Place& place) const;
+  };
+
+  void draw(const Line& line);
+  void drawWaiting();
+  void moveTo(const Place& place);
+  void lineTo(const Place& place);
+  void command(char name, long number);
+  void second(long number);
 
   double twipsPerPixel_;
   std::string text_;
-  long x_ = 0, y_ = 0;
+  char command_ = 0;  ///< the one whose numbers may go on
+  Place pen_{};
+  Line last_{};
+  std::optional<Line> waiting_;  ///< a line without dashes that its cap may come before
 };
 
 }  // namespace vk

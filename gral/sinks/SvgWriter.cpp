@@ -101,7 +101,7 @@ void SvgWriter::clear(const SheetSize& size, Colour background) {
   size_ = size;
   definitions_.clear();
   defined_.clear();
-  path_.clear();
+  path_.take();
   groupOpen_ = false;
   clip_.clear();
   body_ = "<rect" + attribute("width", svgNumber(size.width)) + attribute("height", svgNumber(size.height)) +
@@ -178,8 +178,7 @@ void SvgWriter::closeGroup() {
 void SvgWriter::flushPath() {
   if (path_.empty()) return;
   openGroup();
-  body_ += "<path fill=\"none\"" + attribute("d", path_.text()) + "/>\n";
-  path_.clear();
+  body_ += "<path fill=\"none\"" + attribute("d", path_.take()) + "/>\n";
 }
 
 /// The end of the body, for an element in a group with the present pen.
@@ -202,12 +201,12 @@ std::string SvgWriter::place(const PixelPoint& point) const {
 std::string SvgWriter::path(std::span<const PixelPoint> points, bool closed) const {
   SvgPath path(twipsPerPixel_);
   path.join(points, closed);
-  return attribute("d", path.text());
+  return attribute("d", path.take());
 }
 
 void SvgWriter::line(const TwipPoint& a, const TwipPoint& b) {
-  path_.line(a, b);
-  if (path_.text().size() > kLongPath) flushPath();
+  path_.line(a, b, !dashesOf(pen_.style).empty());
+  if (path_.size() > kLongPath) flushPath();
 }
 
 void SvgWriter::box(const TwipPoint& a, const TwipPoint& b) {
@@ -226,10 +225,11 @@ void SvgWriter::filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) 
 
 void SvgWriter::circle(const TwipPoint& centre, Twips radius) {
   openFilledGroup();
-  // There may be very many marks: their middles are as near as the places of paths.
+  // There may be very many marks: their middles and sizes are as near as the places of paths.
+  const double size = std::abs(radius.value());
   element() += "<circle" + attribute("cx", svgNumber(std::round(centre.x))) +
                attribute("cy", svgNumber(std::round(centre.y))) +
-               attribute("r", svgNumber(std::abs(radius.value()))) + "/>\n";
+               attribute("r", svgNumber(size < 1 ? size : std::round(size))) + "/>\n";
 }
 
 void SvgWriter::polyline(std::span<const PixelPoint> points) {

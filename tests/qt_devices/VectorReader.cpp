@@ -37,14 +37,20 @@ std::vector<std::string> pathWords(const std::string& text) {
   return words;
 }
 
-/// Reads the path descriptions that the writer uses: M, H, V, C, Z and m, l, h, v, z.
+/// Reads the path descriptions that the writer uses: M, H, V, C, Z and m, l, h, v, z, a letter standing once for
+/// those that repeat it.
 class PathReader {
  public:
   PathReader(const std::string& text, double penWidth, std::vector<VectorContent::Shape>& shapes)
       : words_(pathWords(text)), penWidth_(penWidth), shapes_(shapes) {}
 
   void read() {
-    while (at_ < words_.size()) command(words_[at_++][0]);
+    char name = 0;
+    while (at_ < words_.size()) {
+      if (std::isalpha(static_cast<unsigned char>(words_[at_][0])) != 0) name = words_[at_++][0];
+      command(name);
+      if (name == 'm') name = 'l';  // more places after a move are lines
+    }
     finish();
   }
 

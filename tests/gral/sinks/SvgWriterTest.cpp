@@ -42,7 +42,31 @@ TEST_F(Svg, LinesOfOnePenAreOnePathAndJoinedWhereTheyMeet) {
   writer.line({1, 2}, {3.456, 4});
   writer.line({3.456, 4}, {-0.4, 0.001});
   writer.line({7, 8}, {9, 10});
-  EXPECT_EQ(body(), kBlackGroup + std::string("<path fill=\"none\" d=\"M1 2l2 2l-3-4m7 8l2 2\"/>\n</g>\n"));
+  EXPECT_EQ(body(), kBlackGroup + std::string("<path fill=\"none\" d=\"M1 2l2 2-3-4m7 8 2 2\"/>\n</g>\n"));
+}
+
+TEST_F(Svg, CappedBarIsOneWayThereAndBackOnItsCaps) {
+  writer.pen({});
+  writer.line({50, 100}, {50, 20});
+  writer.line({45, 100}, {55, 100});
+  writer.line({45, 20}, {55, 20});
+  EXPECT_EQ(body(), kBlackGroup + std::string("<path fill=\"none\" d=\"M45 100h10-5v-80h5-10\"/>\n</g>\n"));
+}
+
+TEST_F(Svg, DashedLinesAreTakenOnceAndInTheirOrder) {
+  writer.pen({kBlack, 1, kDrawDash});
+  writer.line({50, 100}, {50, 20});
+  writer.line({45, 100}, {55, 100});
+  writer.line({45, 20}, {55, 20});
+  EXPECT_NE(body().find(" d=\"M50 100v-80m-5 80h10m-10-80h10\""), std::string::npos);
+}
+
+TEST_F(Svg, LinesWithoutLengthAreDots) {
+  writer.pen({});
+  writer.line({5, 5}, {5, 5});
+  writer.line({0, 5}, {9, 5});
+  writer.line({4, 5}, {4, 5});
+  EXPECT_NE(body().find(" d=\"M0 5h9-4 0m-1 0h0\""), std::string::npos);
 }
 
 TEST_F(Svg, NewPenBeginsANewGroup) {
@@ -84,12 +108,12 @@ TEST_F(Svg, ShapesAreElements) {
             "<circle cx=\"10\" cy=\"20\" r=\"5\"/>\n"
             "<path fill=\"none\" d=\"M1 2H3V4H1Z\"/>\n"
             "<path stroke=\"none\" fill=\"#00ff00\" d=\"M1 2H3V4H1Z\"/>\n"
-            "<path fill=\"none\" d=\"M1 2l2 2l2 2l2 2\"/>\n"
+            "<path fill=\"none\" d=\"M1 2l2 2 2 2 2 2\"/>\n"
             "<path fill=\"none\" d=\"M1 2C3 4 5 6 7 8\"/>\n"
-            "<path d=\"M1 2l2 2l2 2l2 2z\"/>\n"
-            "<path stroke=\"#ffffff\" stroke-width=\"10\" shape-rendering=\"crispEdges\" d=\"M1 2l2 2l2 2l2 "
+            "<path d=\"M1 2l2 2 2 2 2 2z\"/>\n"
+            "<path stroke=\"#ffffff\" stroke-width=\"10\" shape-rendering=\"crispEdges\" d=\"M1 2l2 2 2 2 2 "
             "2z\"/>\n"
-            "<path fill=\"none\" d=\"M1 2l2 2l2 2l2 2\"/>\n</g>\n");
+            "<path fill=\"none\" d=\"M1 2l2 2 2 2 2 2\"/>\n</g>\n");
 }
 
 TEST_F(Svg, PixelsAreTurnedIntoTwips) {

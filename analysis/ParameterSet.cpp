@@ -59,6 +59,12 @@ void classifyParameters(ParameterSet& par) {
   }
 }
 
+std::vector<double> freeValues(const ParameterSet& par) {
+  std::vector<double> values;
+  for (int i = 1; i <= par.FreeCount; ++i) values.push_back(par.ParValues[par.FreeIndex[i]]);
+  return values;
+}
+
 void storeFreeValues(ParameterSet& par, std::span<const double> X) {
   int i = 0;
   for (const double value : X) par.ParValues[par.FreeIndex[++i]] = value;

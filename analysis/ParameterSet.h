@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
 #include "base/Array.h"
 #include "base/Int16.h"
@@ -43,6 +44,9 @@ void StoreParameters(ParameterSet& par, std::span<const double> values, std::spa
 
 /// Sorts the parameters by their second numbers into free ones, with starting values and steps, and constant ones.
 void classifyParameters(ParameterSet& par);
+
+/// The values of the free parameters, in their order.
+std::vector<double> freeValues(const ParameterSet& par);
 
 /// Writes the free parameters' values to their places among all parameters.
 void storeFreeValues(ParameterSet& par, std::span<const double> X);

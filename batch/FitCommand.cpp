@@ -32,7 +32,7 @@ FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, EvaluationListener&
   if (withReport) {
     Model& model = session.analysis.model;
     const auto linearised =
-        linearisedErrors({session.loaded.data, model, listener}, result.par, result.chi_square);
+        linearisedCovariance({session.loaded.data, model, listener}, result.par, result.chi_square);
     outcome.report = fitReport(session.analysis.fun.FunctionText, result, linearised);
   }
   return outcome;

@@ -9,7 +9,7 @@
 namespace vk {
 namespace {
 
-using Errors = std::optional<Array<double>>;
+using Covariance = std::optional<CovarianceMatrix>;
 
 template <class Number>
 Json orNull(const std::optional<Number>& number) {
@@ -29,19 +29,19 @@ int freeNumber(const FitResult& result, int i) {
   return 0;
 }
 
-Json parameter(const FitResult& result, const Errors& linearised, int i) {
+Json parameter(const FitResult& result, const Covariance& linearised, int i) {
   const int k = freeNumber(result, i);
   const bool hasErrors = k > 0 && result.status != FitStatus::kFailed;
   return Json::Object{
       {"name", toUtf8(result.par.name(i), CodePage::kCp437)},
       {"value", result.par.ParValues[i]},
       {"error", hasErrors ? Json(result.par.ParDeltas[i]) : Json()},
-      {"error_linearised", hasErrors && linearised ? Json((*linearised)[k]) : Json()},
+      {"error_linearised", hasErrors && linearised ? Json(linearised->deviation(k)) : Json()},
       {"free", k > 0},
   };
 }
 
-Json parameters(const FitResult& result, const Errors& linearised) {
+Json parameters(const FitResult& result, const Covariance& linearised) {
   Json::List list;
   for (int i = 1; i <= result.par.ParCount; ++i) list.push_back(parameter(result, linearised, i));
   return list;
@@ -59,7 +59,7 @@ Json correlation(const CorrelationMatrix& matrix) {
 
 }  // namespace
 
-Json fitReport(const std::string& functionText, const FitResult& result, const Errors& linearised) {
+Json fitReport(const std::string& functionText, const FitResult& result, const Covariance& linearised) {
   return Json::Object{
       {"function", toUtf8(trim(functionText), CodePage::kCp437)},
       {"points", result.M},

@@ -44,6 +44,7 @@ awk '
       else if (header ~ /^CLI\//) target = "CLI"
       else if (header ~ /^qpdf\//) target = "PDF"
       else if (header == "sleef.h") target = "SLEEF"
+      else if (header == "cminpack.h") target = "MINPACK"
       else if (header ~ /\.h$/) target = "System"
       else next
       if (own == "" || target == own || permits(allowed[own], target)) next

@@ -15,24 +15,6 @@ std::vector<double> numbers(int count) {
 
 }  // namespace
 
-CorrelationMatrix::CorrelationMatrix(int count) : size_(count), full_(numbers(count * count)) {
-  for (int i = 1; i <= count; ++i) set(i, i, 1);
-}
-
-std::size_t CorrelationMatrix::place(int a, int b) const {
-  if (a < 1 || a > size_ || b < 1 || b > size_) throw RuntimeError(kIndexOutOfRange);
-  return static_cast<std::size_t>((a - 1) * size_ + b - 1);
-}
-
-double CorrelationMatrix::at(int a, int b) const {
-  return full_[place(a, b)];
-}
-
-void CorrelationMatrix::set(int a, int b, double value) {
-  full_[place(a, b)] = value;
-  full_[place(b, a)] = value;
-}
-
 MinimiseWork::MinimiseWork(int M, int N)
     : residuals{numbers(M), numbers(M), numbers(M)},
       directions(N, M),

@@ -7,6 +7,7 @@
 #include "base/Array.h"
 #include "base/Int16.h"
 #include "numeric/BestPoints.h"
+#include "numeric/CovarianceMatrix.h"
 #include "numeric/DirectionSet.h"
 #include "numeric/LineSearch.h"
 
@@ -40,21 +41,6 @@ class MinimiseObserver {
   /// Before the first iteration of a pass and then every N iterations: iterations so far, present sum of
   /// squares and parameters (index from 1).
   virtual void progress(int iteration, double sum, const Array<double>& X) = 0;
-};
-
-/// Correlations of N parameters; indices from 1, symmetric, 1 on the diagonal.
-class CorrelationMatrix {
- public:
-  CorrelationMatrix() = default;
-  explicit CorrelationMatrix(int count);
-  int size() const { return size_; }
-  double at(int a, int b) const;
-  void set(int a, int b, double value);
-
- private:
-  std::size_t place(int a, int b) const;
-  int size_ = 0;
-  std::vector<double> full_;
 };
 
 /// Why a minimisation came to its end.

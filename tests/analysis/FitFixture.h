@@ -85,8 +85,13 @@ struct FitCase {
     complete = result.complete();
     return result;
   }
+  /// The linearised errors, 1..N.
   std::optional<Array<double>> linearised(double chiSquare) {
-    return linearisedErrors(problem(), par, chiSquare);
+    const auto covariance = linearisedCovariance(problem(), par, chiSquare);
+    if (!covariance) return std::nullopt;
+    Array<double> errors(covariance->size());
+    for (int i = 1; i <= errors.upper(); ++i) errors[i] = covariance->deviation(i);
+    return errors;
   }
   double value(int i) const { return par.ParValues[i]; }
   double error(int i) const { return par.ParDeltas[i]; }

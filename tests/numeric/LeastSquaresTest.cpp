@@ -1,0 +1,180 @@
+#include "numeric/LeastSquares.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <numbers>
+
+namespace vk {
+namespace {
+
+using Numbers = std::vector<double>;
+
+/// Residuals given by a function of parameters and the number of the residual.
+class Made : public ResidualFunction {
+ public:
+  using Residual = std::function<double(std::span<const double>, int)>;
+  Made(int count, Residual residual) : count_(count), residual_(std::move(residual)) {}
+
+  std::size_t count() const override { return static_cast<std::size_t>(count_); }
+  void at(std::span<const double> parameters, std::span<double> residuals) override {
+    for (int j = 0; j < count_; ++j) residuals[static_cast<std::size_t>(j)] = residual_(parameters, j);
+  }
+
+ private:
+  int count_;
+  Residual residual_;
+};
+
+double lineAt(std::span<const double> p, int j) {
+  constexpr double kY[] = {3, 5.2, 6.9, 9.1};
+  return p[0] + p[1] * j - kY[j];
+}
+
+TEST(LeastSquares, FindsTheLineAndItsCovariances) {
+  Made function(4, lineAt);
+  const LeastSquaresResult result = leastSquares(function, {{0, 0}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
+  EXPECT_NEAR(result.parameters[0], 3.05, 1E-14);
+  EXPECT_NEAR(result.parameters[1], 2, 1E-14);
+  EXPECT_NEAR(result.sum, 0.0025 + 0.0225 + 0.0225 + 0.0025, 1E-15);
+  // The inverse of (4 6; 6 14).
+  EXPECT_NEAR(result.covariance.at(1, 1), 0.7, 1E-12);
+  EXPECT_NEAR(result.covariance.at(1, 2), -0.3, 1E-12);
+  EXPECT_NEAR(result.covariance.at(2, 2), 0.2, 1E-12);
+  EXPECT_EQ(result.residuals.size(), 4u);
+}
+
+TEST(LeastSquares, GoesThroughACurvedValley) {
+  Made valley(2,
+              [](std::span<const double> p, int j) { return j == 0 ? 10 * (p[1] - p[0] * p[0]) : 1 - p[0]; });
+  const LeastSquaresResult result = leastSquares(valley, {{-1.2, 1}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
+  EXPECT_NEAR(result.parameters[0], 1, 1E-13);
+  EXPECT_NEAR(result.parameters[1], 1, 1E-13);
+}
+
+/// Two minima: sum 1 at +1 and 1 + `more` at -1.
+Made twoMinima(double more) {
+  return {3, [more](std::span<const double> p, int j) {
+            const double side = 1 / (1 + 100 * (p[0] + 1) * (p[0] + 1));
+            return j == 0 ? p[0] * p[0] - 1 : j == 1 ? 1.0 : std::sqrt(more) * side;
+          }};
+}
+
+TEST(LeastSquares, OfTwoStartsTheLowerMinimumGoesOn) {
+  Made function = twoMinima(0.01);
+  EXPECT_NEAR(leastSquares(function, {{-1.3}, {1.3}}).parameters[0], 1, 1E-6);
+  EXPECT_NEAR(leastSquares(function, {{1.3}, {-1.3}}).parameters[0], 1, 1E-6);
+}
+
+TEST(LeastSquares, OfMinimaThatAreTheSameTheFirstStartsGoesOn) {
+  Made function = twoMinima(1E-8);
+  EXPECT_NEAR(leastSquares(function, {{-1.3}, {1.3}}).parameters[0], -1, 1E-3);
+  EXPECT_NEAR(leastSquares(function, {{1.3}, {-1.3}}).parameters[0], 1, 1E-3);
+}
+
+TEST(LeastSquares, CountsWhatBothStartsHaveTaken) {
+  int calls = 0;
+  Made function(4, [&](std::span<const double> p, int j) {
+    calls += j == 0 ? 1 : 0;
+    return lineAt(p, j);
+  });
+  EXPECT_EQ(leastSquares(function, {{0, 0}, {9, 9}}).evaluations, calls);
+}
+
+TEST(LeastSquares, GoesRoundWhereAResidualFails) {
+  // A root that the first steps would take below zero.
+  Made root(3, [](std::span<const double> p, int j) { return std::sqrt(p[0]) * (j + 1) - 0.01 * (j + 1); });
+  const LeastSquaresResult result = leastSquares(root, {{4}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
+  EXPECT_NEAR(result.parameters[0], 1E-4, 1E-14);
+}
+
+TEST(LeastSquares, TellsWhichResidualFailsAtTheStart) {
+  Made root(3, [](std::span<const double> p, int j) { return std::sqrt(p[0] - j); });
+  const LeastSquaresResult result = leastSquares(root, {{1.5}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kFailed);
+  EXPECT_EQ(result.failed, 2u);
+  EXPECT_EQ(result.parameters, Numbers{1.5});
+  EXPECT_EQ(result.covariance.size(), 0);
+}
+
+TEST(LeastSquares, GetsNowhereFromASumThatOverflows) {
+  Made huge(3, [](std::span<const double> p, int j) { return 1E200 * p[0] * (j + 1) - 1E200; });
+  const LeastSquaresResult result = leastSquares(huge, {{3}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kNoProgress);
+  EXPECT_EQ(result.covariance.size(), 0);
+}
+
+TEST(LeastSquares, PassesOverAStartThatFails) {
+  Made root(3, [](std::span<const double> p, int j) { return std::sqrt(p[0]) * (j + 1) - 2; });
+  for (const auto& starts : {std::vector<Numbers>{{-1}, {3}}, {{3}, {-1}}}) {
+    const LeastSquaresResult result = leastSquares(root, starts);
+    EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
+    EXPECT_NEAR(result.parameters[0], 144.0 / 196, 1E-12);
+  }
+}
+
+TEST(LeastSquares, TellsParametersThatCannotBeToldApart) {
+  Made both(4, [](std::span<const double> p, int j) { return (p[0] + p[1]) * j - 3 + 0.1 * (j % 2); });
+  const LeastSquaresResult result = leastSquares(both, {{1, 2}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kSingular);
+  EXPECT_EQ(result.covariance.size(), 0);
+}
+
+TEST(LeastSquares, MoreParametersThanResidualsAreSingular) {
+  Made few(1, [](std::span<const double> p, int) { return p[0] + p[1]; });
+  const LeastSquaresResult result = leastSquares(few, {{1, 2}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kSingular);
+  EXPECT_EQ(result.parameters, (Numbers{1, 2}));
+}
+
+TEST(LeastSquares, TellsWhereNoStepLeadsOn) {
+  // A corner has no derivative to settle.
+  Made corner(2, [](std::span<const double> p, int j) { return j == 0 ? 1 + std::abs(p[0]) : 1.0; });
+  const LeastSquaresResult result = leastSquares(corner, {{3}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kNoProgress);
+}
+
+TEST(LeastSquares, TellsWhenTheEvaluationsWereNotEnough) {
+  // The sum falls for ever: each step is twice as long as the one before.
+  Made endless(
+      2, [](std::span<const double> p, int j) { return j == 0 ? 1 / std::log(2 + std::abs(p[0])) : 0.0; });
+  const LeastSquaresResult result = leastSquares(endless, {{1}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kEvaluations);
+}
+
+TEST(LeastSquares, FindsAnExactSolution) {
+  Made exact(3, [](std::span<const double> p, int j) {
+    return p[0] * std::exp(-p[1] * j) - 2 * std::exp(-0.5 * j);
+  });
+  const LeastSquaresResult result = leastSquares(exact, {{1, 1}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
+  EXPECT_NEAR(result.parameters[0], 2, 1E-14);
+  EXPECT_NEAR(result.parameters[1], 0.5, 1E-14);
+}
+
+// ---- Invariances
+
+TEST(LeastSquares, DoesNotDependOnUnitsOrOnTheOrderOfParameters) {
+  const auto decay = [](double A, double B, double C, int j) {
+    constexpr double kY[] = {6.1, 4.0, 2.9, 2.2, 1.75, 1.5};
+    return A * std::exp(-B * j) + C - kY[j];
+  };
+  Made plain(6, [&](std::span<const double> p, int j) { return decay(p[0], p[1], p[2], j); });
+  Made turned(
+      6, [&](std::span<const double> p, int j) { return decay(1E6 * p[2], 1E-5 * p[0], 1E-3 * p[1], j); });
+  const LeastSquaresResult a = leastSquares(plain, {{4, 1, 0.5}});
+  const LeastSquaresResult b = leastSquares(turned, {{1E5, 500, 4E-6}});
+  ASSERT_EQ(a.end, LeastSquaresEnd::kConverged);
+  ASSERT_EQ(b.end, LeastSquaresEnd::kConverged);
+  EXPECT_NEAR(b.parameters[2] * 1E6 / a.parameters[0], 1, 1E-9);
+  EXPECT_NEAR(b.parameters[0] * 1E-5 / a.parameters[1], 1, 1E-9);
+  EXPECT_NEAR(b.covariance.deviation(3) * 1E6 / a.covariance.deviation(1), 1, 1E-7);
+  EXPECT_NEAR(b.covariance.correlation().at(3, 1), a.covariance.correlation().at(1, 2), 1E-7);
+}
+
+}  // namespace
+}  // namespace vk

@@ -7,17 +7,10 @@
 #include <map>
 
 #include "analysis/LinearisedErrors.h"
-#include "analysis/NistCase.h"
-#include "doubles/Places.h"
+#include "analysis/NistFixture.h"
 #include "numeric/SampleValues.h"
-#include "platform/system/SystemFiles.h"
 
 namespace vk {
-
-void PrintTo(const NistFormula& formula, std::ostream* out) {
-  *out << formula.problem;
-}
-
 namespace {
 
 const std::string kOutside = "the first steps lead to where the model is flat";
@@ -40,17 +33,8 @@ const std::map<std::string, std::array<std::string, 2>> kKnownFailures{
     {"Bennett5", {kNegativeBase, kNegativeBase}},
 };
 
-class Nist : public testing::TestWithParam<NistFormula> {
+class Nist : public NistTest {
  protected:
-  static NistProblem published() {
-    SystemFiles files;
-    return parseNist(files.readAll(sourcePath("tests/numeric/nist/" + GetParam().problem + ".dat")));
-  }
-
-  FitCase fitFrom(const Values& start, double error) const {
-    return nistCase(problem, GetParam().formula, start, error);
-  }
-
   /// The linearised errors are the certified deviations, scaled as the errors of the points are.
   void expectErrors(double error) const {
     const double scale = error / problem.residualDeviation;
@@ -84,8 +68,6 @@ class Nist : public testing::TestWithParam<NistFormula> {
     const std::string reason = known == kKnownFailures.end() ? "" : known->second[start];
     EXPECT_EQ(reachesMinimum(problem.starts[start]), reason.empty()) << reason;
   }
-
-  const NistProblem problem = published();
 };
 
 // The certified values have 11 digits, which is what lets the sum of squares of Lanczos1 go astray.
@@ -117,8 +99,7 @@ TEST_P(Nist, HasTheCertifiedDeviationsWhateverTheErrorsOfThePointsAreSaidToBe) {
   for (const double error : {1E-8, 1.0, 1E8}) expectErrors(error);
 }
 
-INSTANTIATE_TEST_SUITE_P(Problems, Nist, testing::ValuesIn(nistFormulas()),
-                         [](const auto& instance) { return instance.param.problem; });
+INSTANTIATE_TEST_SUITE_P(Problems, Nist, nistProblems(), nistName);
 
 }  // namespace
 }  // namespace vk

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -15,12 +15,14 @@ namespace vk {
 namespace {
 
 constexpr double kFewDigits = 4, kManyDigits = 6;
+constexpr double kSameError = 0.01;  // as a part of it
 // In certified standard deviations.
 constexpr double kMuchOff = 0.1, kNotOff = 1E-4;
 
-/// How near values are to the certified ones.
+/// How near values and errors are to the certified ones.
 struct Nearness {
   double digits, deviationsOff;
+  double errorsOff;  ///< the largest difference of an error from the certified deviation, as a part of that
 };
 
 /// What a fit said and how good its values are.
@@ -48,21 +50,25 @@ struct Comparison {
   std::array<const Fits*, 2> all() const { return {&prescribed, &refined}; }
 };
 
-Nearness nearnessOf(const NistProblem& problem, std::span<const double> values) {
-  return {problem.digits(values), problem.deviationsOff(values)};
+/// `errorOf` gives the error of parameter i, from 1, as the scatter of the points has it.
+template <class ErrorOf>
+Nearness nearnessOf(const NistProblem& problem, const ParameterSet& par, ErrorOf errorOf) {
+  const auto values = par.ParValues.span(1, problem.parameters());
+  double errorsOff = 0;
+  for (int i = 1; i <= problem.parameters(); ++i) {
+    const double part = errorOf(i) / problem.deviations[static_cast<std::size_t>(i) - 1];
+    errorsOff = std::max(errorsOff, std::abs(part - 1));
+  }
+  return {problem.digits(values), problem.deviationsOff(values), errorsOff};
 }
 
 Outcome outcomeOf(const NistProblem& problem, const FitResult& fit) {
-  const auto values = fit.par.ParValues.span(1, problem.parameters());
-  switch (fit.status) {
-    case FitStatus::kFailed:
-      return {"failed", false, {}, fit.evaluations};
-    case FitStatus::kUnreliable:
-      return {"unreliable", false, nearnessOf(problem, values), fit.evaluations};
-    case FitStatus::kCompleted:
-      break;
-  }
-  return {"completed", true, nearnessOf(problem, values), fit.evaluations};
+  if (fit.status == FitStatus::kFailed) return {"failed", false, {}, fit.evaluations};
+  const double scatter = std::sqrt(fit.chi_square / fit.degrees_of_freedom);
+  const Nearness nearness =
+      nearnessOf(problem, fit.par, [&](int i) { return scatter * fit.par.ParDeltas[i]; });
+  const bool completed = fit.status == FitStatus::kCompleted;
+  return {completed ? "completed" : "unreliable", completed, nearness, fit.evaluations};
 }
 
 std::string wordOf(LeastSquaresEnd end) {
@@ -82,9 +88,10 @@ std::string wordOf(LeastSquaresEnd end) {
 }
 
 Outcome outcomeOf(const NistProblem& problem, const RefinedFit& fit) {
-  const auto values = fit.par.ParValues.span(1, problem.parameters());
-  if (fit.end == LeastSquaresEnd::kFailed) return {wordOf(fit.end), false, {}, fit.evaluations};
-  return {wordOf(fit.end), fit.converged(), nearnessOf(problem, values), fit.evaluations};
+  Outcome outcome{wordOf(fit.end), fit.converged(), {}, fit.evaluations};
+  if (fit.covariance.size() > 0)
+    outcome.nearness = nearnessOf(problem, fit.par, [&](int i) { return *fit.scaledError(i); });
+  return outcome;
 }
 
 Comparison compare() {
@@ -147,6 +154,9 @@ void writeSummary(std::ostream& page, const Comparison& comparison) {
   counts("at least 6 digits", [](const Outcome& outcome) { return outcome.hasDigits(kManyDigits); });
   counts("said completed or converged, but below 6 digits and more than 0.1 standard deviations off",
          [](const Outcome& outcome) { return outcome.misleads(); });
+  counts("all errors within 1 % of the certified standard deviations", [](const Outcome& outcome) {
+    return outcome.nearness && outcome.nearness->errorsOff <= kSameError;
+  });
   line(page, comparison, "computations of all residuals, median", medianComputations);
 }
 
@@ -177,10 +187,10 @@ void writeCertifiedProblems(std::ostream& page) {
   page << R"(
 The problems are those of the NIST/ITL Statistical Reference Datasets, nonlinear regression, with one predictor
 (`tests/numeric/nist`), each from its two published starts. Every point has the error 1, as where nothing is known about
-errors. *Digits* are those to which the parameter that is farthest off agrees with its certified value, at most the 11
-certified ones; *off* is the largest distance from a certified value in certified standard deviations, if that is 0.0001
-or more. The refined fit comes after the prescribed one and goes out from its result too, where there is one; its
-computations are counted apart.
+errors; those of the parameters are scaled to the scatter of the points. *Digits* are those to which the parameter that
+is farthest off agrees with its certified value, at most the 11 certified ones; *off* is the largest distance from a
+certified value in certified standard deviations, if that is 0.0001 or more. The refined fit comes after the prescribed
+one and goes out from its result too, where there is one; its computations are counted apart.
 )";
   writeFits(page, comparison);
 }

@@ -9,10 +9,14 @@
 namespace vk {
 namespace {
 
+PixelPoint wholePixel(const PixelPlace& place) {
+  return {toInt32(place.x), toInt32(place.y)};
+}
+
 std::vector<PixelPoint> wholePixels(std::span<const PixelPlace> points) {
   std::vector<PixelPoint> result;
   result.reserve(points.size());
-  for (const PixelPlace& p : points) result.push_back({toInt32(p.x), toInt32(p.y)});
+  for (const PixelPlace& p : points) result.push_back(wholePixel(p));
   return result;
 }
 
@@ -30,12 +34,18 @@ void makePath(Device& device, std::span<const PixelPlace> points) {
   const DrawnBox<unit::Pixel> box = drawnPixels(device);
   const bool whole =
       std::all_of(points.begin(), points.end(), [&](const PixelPlace& p) { return box.holds(p); });
-  std::vector<PixelPoint> outline =
-      wholePixels(whole ? points : cutArea(box, {points.begin(), points.end()}));
-  // What was cut off is no part of a line that is left open.
-  if (!whole && !outline.empty()) outline.push_back(outline.front());
+  std::vector<PixelPlace> cut;
+  if (!whole) {
+    cut = cutArea(box, {points.begin(), points.end()});
+    // What was cut off is no part of a line that is left open.
+    if (!cut.empty()) cut.push_back(cut.front());
+    points = cut;
+  }
   device.BeginPath();
-  device.Polyline(outline);
+  for (const PixelPlace& p : points) {
+    const PixelPoint pixel[] = {wholePixel(p)};
+    device.Polyline(pixel);
+  }
   device.EndPath();
 }
 

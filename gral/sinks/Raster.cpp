@@ -13,7 +13,9 @@ constexpr PixelRect kNothing{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
 
 /// The whole number at or above x, within the limits.
 int ceilWithin(double x, int low, int high) {
-  return static_cast<int>(std::clamp(std::ceil(x), static_cast<double>(low), static_cast<double>(high)));
+  const double near = std::clamp(x, static_cast<double>(low), static_cast<double>(high));
+  const int whole = static_cast<int>(near);
+  return whole + (near > whole ? 1 : 0);
 }
 
 int within(std::int64_t value, int low, int high) {
@@ -155,24 +157,44 @@ void Raster::slantedLine(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32
   const double dx = static_cast<double>(b.x) - a.x, dy = static_cast<double>(b.y) - a.y;
   const bool flat = std::abs(dx) >= std::abs(dy);
   // u runs along the longer side, v across it
-  const double u1 = flat ? a.x : a.y, v1 = flat ? a.y : a.x;
+  const double u1 = flat ? a.x : a.y, v1 = flat ? a.y : a.x, u2 = flat ? b.x : b.y;
   const double slope = flat ? dy / dx : dx / dy;
-  const int margin = nib.width() + 1;
-  const double uLow = (flat ? clip_.x1 : clip_.y1) - margin, uHigh = (flat ? clip_.x2 : clip_.y2) + margin;
-  const double vLow = (flat ? clip_.y1 : clip_.x1) - margin, vHigh = (flat ? clip_.y2 : clip_.x2) + margin;
-  const double atLow = u1 + (vLow - v1) / slope, atHigh = u1 + (vHigh - v1) / slope;
-  const double u2 = flat ? b.x : b.y;
-  const double first = std::max({std::min(u1, u2), uLow, std::ceil(std::min(atLow, atHigh))});
-  const double last = std::min({std::max(u1, u2), uHigh, std::floor(std::max(atLow, atHigh))});
+  double first = std::min(u1, u2), last = std::max(u1, u2);
+  const bool whole = seesWhole(a, nib) && seesWhole(b, nib);
+  if (whole) {
+    const auto [x1, x2] = std::minmax(a.x, b.x);
+    const auto [y1, y2] = std::minmax(a.y, b.y);
+    const Nib::Row& widest = nib.row(0);
+    touch({x1 + widest.x1, y1 + nib.rows().front().y, x2 + widest.x2 + 1, y2 + nib.rows().back().y + 1});
+  } else {
+    const int margin = nib.width() + 1;
+    const double uLow = (flat ? clip_.x1 : clip_.y1) - margin, uHigh = (flat ? clip_.x2 : clip_.y2) + margin;
+    const double vLow = (flat ? clip_.y1 : clip_.x1) - margin, vHigh = (flat ? clip_.y2 : clip_.x2) + margin;
+    const double atLow = u1 + (vLow - v1) / slope, atHigh = u1 + (vHigh - v1) / slope;
+    first = std::max({first, uLow, std::ceil(std::min(atLow, atHigh))});
+    last = std::min({last, uHigh, std::floor(std::max(atLow, atHigh))});
+  }
   for (double u = first; u <= last; ++u) {
     const int step = static_cast<int>(u);
     const int across = floorOf(v1 + (u - u1) * slope + 0.5);
-    stamp(flat ? step : across, flat ? across : step, nib, color);
+    const PixelPoint place{flat ? step : across, flat ? across : step};
+    whole ? stampWhole(place, nib, color) : stamp(place, nib, color);
   }
 }
 
-void Raster::stamp(int x, int y, const Nib& nib, std::uint32_t color) {
-  for (const Nib::Row& row : nib.rows()) span(y + row.y, x + row.x1, x + row.x2 + 1, color);
+bool Raster::seesWhole(PixelPoint place, const Nib& nib) const {
+  const Nib::Row& widest = nib.row(0);
+  return place.x >= clip_.x1 - widest.x1 && place.x < clip_.x2 - widest.x2 &&
+         place.y >= clip_.y1 - nib.rows().front().y && place.y < clip_.y2 - nib.rows().back().y;
+}
+
+void Raster::stampWhole(PixelPoint place, const Nib& nib, std::uint32_t color) {
+  for (const Nib::Row& row : nib.rows())
+    paintPixels(&pixels_[index(place.x + row.x1, place.y + row.y)], row.x2 - row.x1 + 1, color);
+}
+
+void Raster::stamp(PixelPoint place, const Nib& nib, std::uint32_t color) {
+  for (const Nib::Row& row : nib.rows()) span(place.y + row.y, place.x + row.x1, place.x + row.x2 + 1, color);
 }
 
 /// The pixels within half a width of the line, row by row; of an even width the tip's centre lies half a pixel
@@ -221,7 +243,7 @@ void Raster::polygon(std::span<const PixelPoint> points, const Brush& brush) {
   for (std::size_t i = 0; i < points.size(); ++i) {
     PixelPoint upper = points[i], lower = points[i + 1 < points.size() ? i + 1 : 0];
     if (upper.y > lower.y) std::swap(upper, lower);
-    if (upper.y >= last || lower.y <= first) continue;
+    if (upper.y >= last || lower.y <= first || upper.y == lower.y) continue;
     const double height = static_cast<double>(lower.y) - upper.y;
     edges_.push_back({upper, lower.y, (static_cast<double>(lower.x) - upper.x) / height});
   }

@@ -118,7 +118,10 @@ class Raster {
   void paint(int y, int x1, int x2, const Brush& brush);
   void straightLine(PixelPoint low, PixelPoint high, const Nib& nib, std::uint32_t color);
   void slantedLine(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32_t color);
-  void stamp(int x, int y, const Nib& nib, std::uint32_t color);
+  /// All of a nib lies where can be drawn.
+  bool seesWhole(PixelPoint place, const Nib& nib) const;
+  void stampWhole(PixelPoint place, const Nib& nib, std::uint32_t color);
+  void stamp(PixelPoint place, const Nib& nib, std::uint32_t color);
   void wideLine(PixelPoint a, PixelPoint b, int width, std::uint32_t color);
   const std::vector<int>* keptHalfWidths(double radius);
 

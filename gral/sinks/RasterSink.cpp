@@ -39,11 +39,11 @@ PixelPoint RasterSink::ownPixel(const PixelPoint& source) const {
   return {wholePixel(source.x * factor), wholePixel(source.y * factor)};
 }
 
-std::vector<PixelPoint> RasterSink::ownPixels(std::span<const PixelPoint> points) const {
-  std::vector<PixelPoint> result;
-  result.reserve(points.size());
-  for (const PixelPoint& point : points) result.push_back(ownPixel(point));
-  return result;
+std::span<const PixelPoint> RasterSink::ownPixels(std::span<const PixelPoint> points, bool closed) {
+  own_.clear();
+  for (const PixelPoint& point : points) own_.push_back(ownPixel(point));
+  if (closed) own_.push_back(own_.front());
+  return own_;
 }
 
 void RasterSink::clear(const SheetSize& size, Colour background) {
@@ -97,7 +97,7 @@ void RasterSink::bezier(std::span<const PixelPoint> points) {
   constexpr double kPixelsPerStep = 3;
   std::vector<PixelPoint> line{ownPixel(points[0])};
   for (std::size_t k = 0; k + 3 < points.size(); k += 3) {
-    const std::vector<PixelPoint> p = ownPixels(points.subspan(k, 4));
+    const std::span<const PixelPoint> p = ownPixels(points.subspan(k, 4));
     double length = 0;
     for (std::size_t i = 0; i < 3; ++i) {
       length +=
@@ -115,11 +115,9 @@ void RasterSink::bezier(std::span<const PixelPoint> points) {
 }
 
 void RasterSink::figure(std::span<const PixelPoint> points, bool fill, bool strokeToo) {
-  std::vector<PixelPoint> outline = ownPixels(points);
+  const std::span<const PixelPoint> outline = ownPixels(points, fill && strokeToo);
   if (fill) raster_.polygon(outline, brush_);
-  if (!strokeToo) return;
-  if (fill) outline.push_back(outline.front());
-  stroke(outline);
+  if (strokeToo) stroke(outline);
 }
 
 void RasterSink::stroke(std::span<const PixelPoint> points) {

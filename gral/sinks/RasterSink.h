@@ -51,7 +51,8 @@ class RasterSink : public DrawingSink {
  private:
   PixelPoint pixelAt(const TwipPoint& point) const;
   PixelPoint ownPixel(const PixelPoint& source) const;
-  std::vector<PixelPoint> ownPixels(std::span<const PixelPoint> points) const;
+  /// Good until the next call; closed, the first point comes once more at the end.
+  std::span<const PixelPoint> ownPixels(std::span<const PixelPoint> points, bool closed = false);
   void stroke(std::span<const PixelPoint> points);
   void strokeDashed(std::span<const PixelPoint> points, std::span<const int> pattern);
 
@@ -60,6 +61,7 @@ class RasterSink : public DrawingSink {
   double penUnit_;
   GlyphSource& glyphs_;
   Raster raster_;
+  std::vector<PixelPoint> own_;
   Nib nib_;
   int penStyle_ = kDrawSolid;
   std::uint32_t penColor_ = Raster::pixelOf(kBlack);

@@ -150,6 +150,28 @@ TEST_F(RasterPicture, DrawingIsLimitedToTheClipRegion) {
   EXPECT_EQ(raster.at(7, 5), kInk);
 }
 
+TEST_F(RasterPicture, LinesInAClipRegionAreThePartsOfWholeLines) {
+  constexpr PixelRect kRegion{9, 7, 24, 21};
+  std::mt19937 random(5);
+  std::uniform_int_distribution<int> anyX(2, 37), anyY(2, 27), anyWidth(1, 5);
+  for (int i = 0; i < 2000; ++i) {
+    const PixelPoint a{anyX(random), anyY(random)}, b{anyX(random), anyY(random)};
+    const int width = anyWidth(random);
+    clean(40, 30);
+    line(a, b, width);
+    const Raster whole = raster;
+    clean(40, 30);
+    raster.clip(&kRegion);
+    line(a, b, width);
+    for (int y = 0; y < 30; ++y) {
+      for (int x = 0; x < 40; ++x) {
+        const bool inside = x >= kRegion.x1 && x < kRegion.x2 && y >= kRegion.y1 && y < kRegion.y2;
+        ASSERT_EQ(raster.at(x, y), inside ? whole.at(x, y) : kPaper) << a.x << " " << a.y << " " << width;
+      }
+    }
+  }
+}
+
 TEST_F(RasterPicture, RegionThatIsEmptyLetsNothingThrough) {
   for (const PixelRect& region :
        {PixelRect{5, 1, 2, 4}, PixelRect{20, 20, 30, 30}, PixelRect{-9, -9, -1, -1}}) {

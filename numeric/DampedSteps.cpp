@@ -12,7 +12,7 @@ namespace vk {
 namespace {
 
 constexpr int kEvaluationsEach = 400;
-constexpr double kTolerance = 1E-12;  // of the sum and of the parameters; forward differences go no further
+constexpr double kTolerance = 1E-10;  // of the sum and of the parameters; forward differences go no further
 // A hundred, which is usual, leaps from a far start out of the valley that it lies in.
 constexpr double kFirstLength = 1;
 // Above all sums, and far from an overflow.

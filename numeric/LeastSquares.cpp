@@ -13,11 +13,11 @@
 namespace vk {
 namespace {
 
-constexpr double kSameSum = 1E-6;         // as a part of the sum
-constexpr double kSmallStep = 1E-3;       // in standard deviations, by the scatter
-constexpr double kTinyStep = 1E-9;        // no next one is needed
-constexpr double kTinyChange = 1E-10;     // of a parameter, as a part of it
-constexpr double kMoreByRounding = 1E-9;  // of the sum
+constexpr double kSameSum = 1E-6;      // as a part of the sum, as the next one
+constexpr double kSmallStep = 1E-3;    // in standard deviations, by the scatter
+constexpr double kTinyStep = 1E-8;     // no next one is needed
+constexpr double kTinyChange = 1E-10;  // of a parameter, as a part of it
+constexpr double kHardlyMore = 1E-6;
 constexpr int kMostSteps = 30;
 
 /// The undamped steps from where the damped ones have ended.
@@ -71,14 +71,14 @@ bool Polish::linearise() {
   return triangle_.has_value();
 }
 
-// Goes on by the step unless that makes the sum larger.
+// Goes on by the step unless that makes the sum really larger.
 bool Polish::advance(const std::vector<double>& step) {
   std::vector<double> next(result_.parameters), residuals(result_.residuals.size());
   for (std::size_t i = 0; i < next.size(); ++i) next[i] += step[i];
   function_.at(next, residuals);
   ++result_.evaluations;
   const double sum = dot(residuals, residuals);
-  if (!(sum <= result_.sum * (1 + kMoreByRounding))) return false;
+  if (!(sum <= result_.sum * (1 + kHardlyMore))) return false;
   result_.parameters = std::move(next);
   result_.residuals = std::move(residuals);
   result_.sum = sum;
@@ -126,6 +126,12 @@ DampedResult betterOf(DampedResult preferred, DampedResult other) {
   return better;
 }
 
+DampedResult goneOn(ResidualFunction& function, DampedResult from) {
+  DampedResult result = dampedSteps(function, std::move(from.parameters));
+  result.evaluations += from.evaluations;
+  return result;
+}
+
 }  // namespace
 
 LeastSquaresResult leastSquares(ResidualFunction& function, const std::vector<std::vector<double>>& starts) {
@@ -136,6 +142,8 @@ LeastSquaresResult leastSquares(ResidualFunction& function, const std::vector<st
   DampedResult best = dampedSteps(function, starts.front());
   for (auto start = starts.begin() + 1; start != starts.end(); ++start)
     best = betterOf(std::move(best), dampedSteps(function, *start));
+  // Lengths that were scaled where the way began can make the steps in a valley shorter than they need be.
+  if (best.exhausted) best = goneOn(function, std::move(best));
   const std::size_t failed = firstFailure(best.residuals);
   if (std::isfinite(best.sum)) return Polish(function, std::move(best)).run();
   return {.end = failed < best.residuals.size() ? LeastSquaresEnd::kFailed : LeastSquaresEnd::kNoProgress,

@@ -33,6 +33,7 @@ struct LeastSquaresResult {
 /// A minimum of the sum of squares. The starts, at least one, come in the order of preference: of several whose sums
 /// end within a millionth the first goes on, else that with the least sum.
 ///
+/// Where the allowed evaluations are used up before the steps are small, they are granted once more from there.
 /// A start at which a residual cannot be computed is passed over. On the way, a step that leads to such a place is
 /// shortened.
 LeastSquaresResult leastSquares(ResidualFunction& function, const std::vector<std::vector<double>>& starts);

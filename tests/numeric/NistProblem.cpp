@@ -69,9 +69,8 @@ class NistText {
     return first != std::string::npos && lines_[line - 1].compare(first, begin.size(), begin) == 0;
   }
 
-  /// The words behind this beginning of the line; none on a line that does not exist.
+  /// The words behind this beginning of the line.
   std::vector<std::string> words(std::size_t line, std::string_view begin = "") const {
-    if (line > lines_.size()) return {};
     const std::string& text = lines_[line - 1];
     std::istringstream in(text.substr(text.find(begin) + begin.size()));
     std::vector<std::string> result;
@@ -102,6 +101,12 @@ class NistText {
 
   double number(std::string_view begin) const { return numbers(find(begin), 1, begin)[0]; }
 
+  /// The number behind the beginning, which must be this one.
+  int count(std::string_view begin, int expected) const {
+    if (number(begin) != expected) fail(find(begin), "not " + std::to_string(expected));
+    return expected;
+  }
+
   std::size_t last() const { return lines_.size(); }
 
   std::string name = "problem without a name";
@@ -127,14 +132,11 @@ void readParameters(const NistText& text, NistProblem& problem) {
 void readPoints(const NistText& text, NistProblem& problem) {
   const std::string heading = "Data:";
   const std::size_t first = text.find(heading, text.find(heading) + 1) + 1;
-  const auto count = static_cast<std::size_t>(text.number("Number of Observations:"));
-  for (std::size_t line = first; line < first + count; ++line) {
+  for (std::size_t line = first; line <= text.last(); ++line) {
+    if (text.words(line).empty()) continue;
     const std::vector<double> row = text.numbers(line, 2);
     problem.y.push_back(row[0]);
     problem.x.push_back(row[1]);
-  }
-  for (std::size_t line = first + count; line <= text.last(); ++line) {
-    if (!text.words(line).empty()) text.fail(line, "more points than observations");
   }
 }
 
@@ -165,10 +167,9 @@ NistProblem parseNist(std::string_view published) {
   readParameters(text, problem);
   problem.sumOfSquares = text.number("Residual Sum of Squares:");
   problem.residualDeviation = text.number("Residual Standard Deviation:");
-  problem.degreesOfFreedom = static_cast<int>(text.number("Degrees of Freedom:"));
   readPoints(text, problem);
-  if (problem.points() - problem.parameters() != problem.degreesOfFreedom)
-    text.fail(text.find("Degrees of Freedom:"), "not the points without the parameters");
+  text.count("Number of Observations:", problem.points());
+  problem.degreesOfFreedom = text.count("Degrees of Freedom:", problem.points() - problem.parameters());
   return problem;
 }
 

@@ -15,7 +15,7 @@ namespace vk {
 namespace {
 
 constexpr double kFewDigits = 4, kManyDigits = 6;
-constexpr double kSameError = 0.01;  // as a part of it
+constexpr double kSameError = 0.01;  // as a part of the certified deviation
 // In certified standard deviations.
 constexpr double kMuchOff = 0.1, kNotOff = 1E-4;
 

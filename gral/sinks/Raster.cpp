@@ -34,13 +34,12 @@ int halfWidth(double radius, double dy) {
   return radius < 0 || square < 0 ? -1 : static_cast<int>(std::min(std::sqrt(square), kFarthestRadius));
 }
 
-/// A row is mostly as wide as a pen, for which a loop is faster than a call.
+/// At least one pixel. A row is mostly as wide as a thin pen, for which a loop takes longer than a pixel set twice.
 void paintPixels(std::uint32_t* pixel, int count, std::uint32_t color) {
-  constexpr int kFew = 4;
-  if (count > kFew) {
+  if (count > 2) {
     std::fill_n(pixel, count, color);
   } else {
-    while (count-- > 0) *pixel++ = color;
+    pixel[0] = pixel[count - 1] = color;
   }
 }
 
@@ -159,27 +158,29 @@ void Raster::slantedLine(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32
   // u runs along the longer side, v across it
   const double u1 = flat ? a.x : a.y, v1 = flat ? a.y : a.x, u2 = flat ? b.x : b.y;
   const double slope = flat ? dy / dx : dx / dy;
-  double first = std::min(u1, u2), last = std::max(u1, u2);
-  const bool whole = seesWhole(a, nib) && seesWhole(b, nib);
-  if (whole) {
-    const auto [x1, x2] = std::minmax(a.x, b.x);
-    const auto [y1, y2] = std::minmax(a.y, b.y);
-    const Nib::Row& widest = nib.row(0);
-    touch({x1 + widest.x1, y1 + nib.rows().front().y, x2 + widest.x2 + 1, y2 + nib.rows().back().y + 1});
-  } else {
-    const int margin = nib.width() + 1;
-    const double uLow = (flat ? clip_.x1 : clip_.y1) - margin, uHigh = (flat ? clip_.x2 : clip_.y2) + margin;
-    const double vLow = (flat ? clip_.y1 : clip_.x1) - margin, vHigh = (flat ? clip_.y2 : clip_.x2) + margin;
-    const double atLow = u1 + (vLow - v1) / slope, atHigh = u1 + (vHigh - v1) / slope;
-    first = std::max({first, uLow, std::ceil(std::min(atLow, atHigh))});
-    last = std::min({last, uHigh, std::floor(std::max(atLow, atHigh))});
+  const auto eachStep = [&](double first, double last, auto use) {
+    for (double u = first; u <= last; ++u) {
+      const int step = static_cast<int>(u);
+      const int across = floorOf(v1 + (u - u1) * slope + 0.5);
+      flat ? use(step, across) : use(across, step);
+    }
+  };
+  const auto [low, high] = std::minmax(u1, u2);
+  if (seesWhole(a, nib) && seesWhole(b, nib)) {
+    touchLine(a, b, nib);
+    return eachStep(low, high, [&](int x, int y) {
+      for (const Nib::Row& row : nib.rows())
+        paintPixels(&pixels_[index(x + row.x1, y + row.y)], row.x2 - row.x1 + 1, color);
+    });
   }
-  for (double u = first; u <= last; ++u) {
-    const int step = static_cast<int>(u);
-    const int across = floorOf(v1 + (u - u1) * slope + 0.5);
-    const PixelPoint place{flat ? step : across, flat ? across : step};
-    whole ? stampWhole(place, nib, color) : stamp(place, nib, color);
-  }
+  const int margin = nib.width() + 1;
+  const double uLow = (flat ? clip_.x1 : clip_.y1) - margin, uHigh = (flat ? clip_.x2 : clip_.y2) + margin;
+  const double vLow = (flat ? clip_.y1 : clip_.x1) - margin, vHigh = (flat ? clip_.y2 : clip_.x2) + margin;
+  const double atLow = u1 + (vLow - v1) / slope, atHigh = u1 + (vHigh - v1) / slope;
+  eachStep(std::max({low, uLow, std::ceil(std::min(atLow, atHigh))}),
+           std::min({high, uHigh, std::floor(std::max(atLow, atHigh))}), [&](int x, int y) {
+             for (const Nib::Row& row : nib.rows()) span(y + row.y, x + row.x1, x + row.x2 + 1, color);
+           });
 }
 
 bool Raster::seesWhole(PixelPoint place, const Nib& nib) const {
@@ -188,13 +189,10 @@ bool Raster::seesWhole(PixelPoint place, const Nib& nib) const {
          place.y >= clip_.y1 - nib.rows().front().y && place.y < clip_.y2 - nib.rows().back().y;
 }
 
-void Raster::stampWhole(PixelPoint place, const Nib& nib, std::uint32_t color) {
-  for (const Nib::Row& row : nib.rows())
-    paintPixels(&pixels_[index(place.x + row.x1, place.y + row.y)], row.x2 - row.x1 + 1, color);
-}
-
-void Raster::stamp(PixelPoint place, const Nib& nib, std::uint32_t color) {
-  for (const Nib::Row& row : nib.rows()) span(place.y + row.y, place.x + row.x1, place.x + row.x2 + 1, color);
+void Raster::touchLine(PixelPoint a, PixelPoint b, const Nib& nib) {
+  const Nib::Row& widest = nib.row(0);
+  touch({std::min(a.x, b.x) + widest.x1, std::min(a.y, b.y) + nib.rows().front().y,
+         std::max(a.x, b.x) + widest.x2 + 1, std::max(a.y, b.y) + nib.rows().back().y + 1});
 }
 
 /// The pixels within half a width of the line, row by row; of an even width the tip's centre lies half a pixel

@@ -120,8 +120,7 @@ class Raster {
   void slantedLine(PixelPoint a, PixelPoint b, const Nib& nib, std::uint32_t color);
   /// All of a nib lies where can be drawn.
   bool seesWhole(PixelPoint place, const Nib& nib) const;
-  void stampWhole(PixelPoint place, const Nib& nib, std::uint32_t color);
-  void stamp(PixelPoint place, const Nib& nib, std::uint32_t color);
+  void touchLine(PixelPoint a, PixelPoint b, const Nib& nib);
   void wideLine(PixelPoint a, PixelPoint b, int width, std::uint32_t color);
   const std::vector<int>* keptHalfWidths(double radius);
 

@@ -7,14 +7,13 @@
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "commands/FitScreenTexts.h"
 
 namespace vk {
 namespace {
 
 constexpr int kScreenMiddle = 40;
 constexpr int kLeastWidth = 49;
-constexpr int kLeastNameWidth = 3;
-constexpr int kFrameStyle = 3;
 
 constexpr int kWordRow = 4, kOutcomeRow = 5;
 constexpr int kFreedomRow = 4, kChiSquareRow = 5, kConfidenceRow = 6, kTimeRow = 6;
@@ -25,55 +24,24 @@ constexpr int kNameColumn = 3, kSecondsColumn = 3;
 constexpr int kIterationsScreen = 29, kRightScreen = 42, kNumberScreen = 53;
 
 constexpr const char* kCaption = "VOR_KEL: Adattamento Funzione Dati";
-const std::string kMinimisation = "Minimizzazione";
 const std::string kRunning = "in Corso";
 const std::string kCompleted = "Completata";
 const std::string kUnreliable = "NON Affidabile";
 
-const std::string kParameterHead = "Par";
-const std::string kErrorHead = "Errore";
-const std::string kMatrixHead = "Mat. Cor.%";
-
 const std::string kSeconds = "Sec. ";
 const std::string kIterations = "Iter. ";
-const std::string kCountMask = "####";
-const std::string kFreedom = "\xE6               ";
-const std::string kFreedomMask = "#####";
-const std::string kChiSquare = "X\xFD/\xE6       ";
-const std::string kChiSquareMask = "#.####^^^^";
-const std::string kConfidence = "Liv. Conf. ";
-const std::string kConfidenceMask = "###.####";
-const std::string kSmallConfidenceMask = "#.##^^^^";
-constexpr double kSmallConfidence = 0.001;
-const std::string kPerCent = " %";
-
-const std::string kNumberMask = "#.######^^^^";
 const std::string kStartPattern = ".000000E+00";
-const std::string kNoError = "___________";
+const std::string kCountMask = "####";
 constexpr const char* kTooSmall = ") ECCESSIVAMENTE PICCOLO!   <*> per Continuare";
-
-const std::string kMatrixMask = " #####";
-const std::string kNoMatrix = " _____";
 
 std::string titleOf(const std::string& functionText) {
   const std::string title = " " + trim(functionText) + " ";
   return length(title) % 2 == 0 ? title + " " : title;
 }
 
-int nameWidthOf(const ParameterSet& par) {
-  const int width = std::max<int>(kLeastNameWidth, par.ParNameWidth);
-  return width % 2 == 0 ? width + 1 : width;
-}
-
 // Rules, name, two numbers, and the matrix where there is one.
 int tableWidth(int nameWidth, int freeCount) {
   return nameWidth + 34 + (freeCount > 1 ? 2 + 6 * freeCount : 0);
-}
-
-// The name in its field with a blank behind it, unless the name fills the column.
-std::string nameText(const ParameterSet& par, int parameter, int width) {
-  const std::string field = mid(par.ParNames, (parameter - 1) * kNameSlot + 11, kNameSlot);
-  return right(length(trim(field)) < width ? field + " " : field, width);
 }
 
 }  // namespace
@@ -139,7 +107,7 @@ void FitScreen::drawTable() {
   drawFrame(kTableTop, 1, kHeaderRule, layout_->width);
   drawFrame(kTableTop, name + 4, bottom, name + 19);
   drawFrame(kTableTop, name + 34, bottom, layout_->width);
-  printAt(kHeaderRow, kNameColumn + (name - kLeastNameWidth) / 2, kParameterHead);
+  printAt(kHeaderRow, kNameColumn + (name - length(kParameterHead)) / 2, kParameterHead);
   printAt(kHeaderRow, name + 9, kValueHead);
   printAt(kHeaderRow, name + 24, kErrorHead);
   if (layout_->freeCount > 1) {
@@ -192,12 +160,8 @@ void FitScreen::printFigures(const FitProgress& progress) {
     printAt(kChiSquareRow, layout_->fromScreen(kNumberScreen),
             FormatMask(*progress.reducedChiSquare, kChiSquareMask));
   }
-  if (progress.confidence) printConfidence(*progress.confidence);
-}
-
-void FitScreen::printConfidence(double confidence) {
-  const std::string& mask = confidence < kSmallConfidence ? kSmallConfidenceMask : kConfidenceMask;
-  printAt(kConfidenceRow, layout_->fromScreen(kNumberScreen), FormatMask(confidence, mask) + kPerCent);
+  if (progress.confidence)
+    printAt(kConfidenceRow, layout_->fromScreen(kNumberScreen), confidenceText(*progress.confidence));
 }
 
 void FitScreen::printColumn(int column, const Array<double>& numbers) {
@@ -210,10 +174,8 @@ void FitScreen::printMatrix(const CorrelationMatrix& correlation) {
   for (int a = 2; a <= layout_->freeCount; ++a) {
     for (int b = 1; b < a; ++b) {
       // A statement that fails prints nothing.
-      guard([&] {
-        const Int16 perCent = toInt16(100 * correlation.at(a, b));
-        printAt(kHeaderRule + a, layout_->matrixColumn(b), FormatMask(perCent, kMatrixMask));
-      });
+      guard(
+          [&] { printAt(kHeaderRule + a, layout_->matrixColumn(b), correlationText(correlation.at(a, b))); });
     }
   }
 }

@@ -61,7 +61,6 @@ class FitScreen : public FitObserver {
   void drawFrame(int row1, int column1, int row2, int column2, const std::string& title = "");
   void printStatusWord(int row, const std::string& word);
   void printFigures(const FitProgress& progress);
-  void printConfidence(double confidence);
   void printColumn(int column, const Array<double>& numbers);
   void printMatrix(const CorrelationMatrix& correlation);
   void printAt(int row, int column, const std::string& text);

@@ -56,6 +56,10 @@ class EditorFormFixture : public testing::Test {
   EditorBox* plainBox() { return control<EditorBox>(&form, "TxtEdiOld"); }
   EditorBox* richBox() { return control<EditorBox>(&form, "TxtEdi"); }
   QWidget* palette() { return control<QWidget>(&form, "FraIns"); }
+  bool paletteShows() {
+    const auto* palette = form.findChild<QWidget*>("FraIns");
+    return palette != nullptr && palette->isVisible();
+  }
   QLabel* cell(int i) { return control<QLabel>(&form, QString("LblChr(%1)").arg(i)); }
   QAction* entry(const QString& name) { return control<QAction>(&form, name); }
 

@@ -153,7 +153,7 @@ TEST_F(EditorTextTest, NothingIsSearchedBehindThePalette) {
   choose("MnuChrIns");
   key(Qt::Key_F, Qt::ControlModifier);
   EXPECT_FALSE(control<QWidget>(&form, "FindBar")->isVisible());
-  EXPECT_TRUE(palette()->isVisible());
+  EXPECT_TRUE(paletteShows());
 }
 
 }  // namespace

@@ -92,5 +92,16 @@ TEST_F(EventPumpTest, PaintsWhatHasChanged) {
   EXPECT_EQ(window.times, before + 1);
 }
 
+TEST_F(EventPumpTest, AWindowThatIsNotShownIsAwaitedForHalfASecondOfWork) {
+  QWidget window;
+  window.winId();
+  pump.showWaitCursor();
+  QElapsedTimer clock;
+  clock.start();
+  pump.awaitShowing(window);
+  EXPECT_GE(clock.elapsed(), 400);
+  EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
+}
+
 }  // namespace
 }  // namespace vk

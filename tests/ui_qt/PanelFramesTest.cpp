@@ -194,6 +194,21 @@ TEST_F(PanelFramesTest, TheOptionsPanelWorksByItsControls) {
   EXPECT_EQ(session().figures.GraphScale[0], 0.5F);
 }
 
+TEST_F(PanelFramesTest, TheWindowPaintsThePictureThatIsChosenInItsSize) {
+  const auto painted = [this] { return window().centralWidget()->grab().toImage(); };
+  const QSize size = window().size();
+  const QImage first = painted();
+  window().setBackground(1);
+  const QImage second = painted();
+  EXPECT_NE(second, first);
+  window().resize(size + QSize(50, 20));
+  window().setBackground(0);
+  EXPECT_EQ(painted().size(), first.size() + QSize(50, 20));
+  EXPECT_NE(painted().copy(first.rect()), first);
+  window().resize(size);
+  EXPECT_EQ(painted(), first);
+}
+
 TEST_F(PanelFramesTest, ThePictureStepsRound) {
   choose("MenSerImpGra");
   for (int expected : {1, 2, 0}) {

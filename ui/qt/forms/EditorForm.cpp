@@ -29,7 +29,6 @@ FrmEdi::FrmEdi(Editor& engine, const EditorServices& services)
   setContextMenuPolicy(Qt::NoContextMenu);
   buildMenus();
   buildBoxes();
-  buildPalette();
   buildFinding();
 }
 
@@ -87,7 +86,7 @@ void FrmEdi::buildPalette() {
 void FrmEdi::buildFinding() {
   const auto onKey = [this](QKeySequence::StandardKey key, auto action) {
     connect(new QShortcut(key, this), &QShortcut::activated, this, [this, action] {
-      if (!FraIns_->isVisible()) action();
+      if (FraIns_ == nullptr || !FraIns_->isVisible()) action();
     });
   };
   onKey(QKeySequence::Find, [this] { find_->open(box()); });
@@ -136,6 +135,7 @@ void FrmEdi::focusEditor() {
 
 void FrmEdi::showPalette() {
   box().setEnabled(false);
+  if (FraIns_ == nullptr) buildPalette();
   placePalette();
   FraIns_->show();
   FraIns_->raise();
@@ -143,7 +143,7 @@ void FrmEdi::showPalette() {
 }
 
 void FrmEdi::hidePalette() {
-  FraIns_->hide();
+  if (FraIns_ != nullptr) FraIns_->hide();
   box().setEnabled(true);
   box().setFocus();
 }
@@ -154,7 +154,7 @@ void FrmEdi::placePalette() {
 
 void FrmEdi::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  placePalette();
+  if (FraIns_ != nullptr) placePalette();
 }
 
 void FrmEdi::closeEvent(QCloseEvent* event) {

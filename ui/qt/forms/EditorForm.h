@@ -62,7 +62,7 @@ class FrmEdi : public QMainWindow, public EditorForm {
   FindBar* find_;
   QMenu* MnuMod_ = nullptr;
   QAction* MnuModInc_ = nullptr;
-  FraIns* FraIns_ = nullptr;
+  FraIns* FraIns_ = nullptr;  ///< none before it is first shown: its 128 characters take long to measure
 };
 
 }  // namespace vk

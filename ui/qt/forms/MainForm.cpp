@@ -36,12 +36,21 @@ Backdrop::Backdrop(QWidget* parent) : QWidget(parent) {
 
 void Backdrop::setPicture(int picture) {
   picture_ = picture;
+  painted_ = QPixmap();
   update();
 }
 
 void Backdrop::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  paintBackground(painter, rect(), picture_);
+  const double ratio = devicePixelRatioF();
+  // Painted at its place in the window, by which the shades are rounded.
+  const QSize pixels = QSize(x() + width(), y() + height()) * ratio;
+  if (painted_.size() != pixels || painted_.devicePixelRatio() != ratio) {
+    painted_ = QPixmap(pixels);
+    painted_.setDevicePixelRatio(ratio);
+    QPainter painter(&painted_);
+    paintBackground(painter, geometry(), picture_);
+  }
+  QPainter(this).drawPixmap(-pos(), painted_);
 }
 
 Vor_Kel::Vor_Kel(EventPump& pump) : pump_(pump), backdrop_(new Backdrop(this)) {

@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QMainWindow>
+#include <QPixmap>
 #include <array>
 #include <functional>
 #include <map>
@@ -32,6 +33,7 @@ class Backdrop : public QWidget {
 
  private:
   int picture_ = 0;
+  QPixmap painted_;  ///< in the window's size: every turn to another window paints this one again
 };
 
 /// The main window: menus from the table of commands, a status bar of five panels, a picture, two panels.

@@ -2,16 +2,17 @@
 
 #include <QAbstractEventDispatcher>
 #include <QCursor>
-#include <QDeadlineTimer>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QSignalBlocker>
+#include <QTimer>
 #include <QWindow>
 
 namespace vk {
 namespace {
 
 constexpr qint64 kShortestPause = 33;  // ms
-constexpr qint64 kShowingTime = 500;   // ms
+constexpr int kShowingTime = 500;      // ms
 
 /// Eats what the user did.
 class InputTrap : public QObject {
@@ -77,10 +78,14 @@ void EventPump::repaint() {
 }
 
 void EventPump::awaitShowing(const QWidget& window) {
-  const QDeadlineTimer deadline(kShowingTime);
-  const auto wait = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
-  while (!window.windowHandle()->isExposed() && !deadline.hasExpired()) wait();
-  wait();  // for what comes with the showing: the frame, the first painting
+  constexpr auto kNoInput = QEventLoop::ExcludeUserInputEvents;
+  const QSignalBlocker working(QAbstractEventDispatcher::instance());  // it is no wait for the user
+  QTimer patience;
+  patience.setSingleShot(true);
+  patience.start(kShowingTime);
+  while (!window.windowHandle()->isExposed() && patience.isActive())
+    QCoreApplication::processEvents(kNoInput | QEventLoop::WaitForMoreEvents);
+  QCoreApplication::processEvents(kNoInput);  // what comes with the showing: the frame, the first painting
   last_.invalidate();
 }
 

@@ -15,6 +15,12 @@ bool isOneName(const std::string& name) {
   return !name.empty() && name.find_first_of(" ,@") == std::string::npos;
 }
 
+constexpr const char* kAssignment = "NOME=NUMERO";
+
+UsageError notExpected(const std::string& argument, const char* expected) {
+  return UsageError("\"" + argument + "\": si attende " + expected);
+}
+
 }  // namespace
 
 double parseNumber(const char* option, const std::string& text, double most) {
@@ -23,13 +29,17 @@ double parseNumber(const char* option, const std::string& text, double most) {
   throw UsageError(std::string(option) + " \"" + text + "\": si attende un numero");
 }
 
-Assignment parseAssignment(const std::string& argument) {
+NamedText parseNamedText(const std::string& argument, const char* expected) {
   const int equals = position(argument, "=");
-  const std::string name = trim(left(argument, equals - 1));
-  const auto value = numberIn(trim(mid(argument, equals + 1)));
-  if (equals == 0 || !isOneName(name) || !value) {
-    throw UsageError("\"" + argument + "\": si attende NOME=NUMERO");
-  }
+  NamedText result{trim(left(argument, equals - 1)), trim(mid(argument, equals + 1))};
+  if (equals == 0 || !isOneName(result.name)) throw notExpected(argument, expected);
+  return result;
+}
+
+Assignment parseAssignment(const std::string& argument) {
+  const auto [name, text] = parseNamedText(argument, kAssignment);
+  const auto value = numberIn(text);
+  if (!value) throw notExpected(argument, kAssignment);
   return {textOfWord(name), *value};
 }
 

@@ -10,6 +10,15 @@ namespace vk {
 double parseNumber(const char* option, const std::string& text,
                    double most = std::numeric_limits<double>::max());
 
+/// What stands before and behind the "=" of a word, as it was typed.
+struct NamedText {
+  std::string name;
+  std::string text;
+};
+
+/// Raises `UsageError`, which tells what is expected, where the "=" is missing or the name is none or more than one.
+NamedText parseNamedText(const std::string& argument, const char* expected);
+
 /// "name=value" of a command line.
 struct Assignment {
   std::string name;  ///< code page 437

@@ -93,12 +93,15 @@ void addFit(CLI::App& app, Commands& commands, const Drawing& drawing) {
   fit->add_option("DATI", args->dataFile, kDataFileHelp)->required();
   addModel(*fit, args->model);
   const auto start = addStart(*fit);
+  CLI::Option* derive = addRepeated(
+      *fit, "--derive", "NOME=FORMULA: grandezza derivata dai parametri, per esempio 'T=LOG(2)/k'");
   addJson(*fit, args->json);
   fit->add_option("--figure", args->figures.figure, "Grafico di dati e funzione: file .PNG, .SVG o .PDF");
   fit->add_option("--save-gra", args->figures.graphicFile, "Lo stesso come file grafico (.GRA)");
   fit->add_option("--differences", args->figures.differences, "Differenze dati-funzione: file dati (.DAT)");
   commands[fit] = [=] {
     args->parameters = start();
+    args->derived = derive->results();
     return runFit(*args, args->figures.figure.empty() ? nullptr : &figureMaker(drawing));
   };
 }

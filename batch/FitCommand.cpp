@@ -16,7 +16,8 @@
 
 namespace vk {
 
-FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, EvaluationListener& listener, bool withReport) {
+FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, EvaluationListener& listener,
+                         DerivedTable derived, bool withReport) {
   SystemClock clock;
   GridOutput output;
   FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par, {output, dialogs, clock});
@@ -29,11 +30,17 @@ FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, EvaluationListener&
   } else {
     outcome.screen = output.grid().toUtf8();
   }
+  if (!withReport && (derived.empty() || outcome.failed)) return outcome;
+  Model& model = session.analysis.model;
+  const auto linearised =
+      linearisedCovariance({session.loaded.data, model, listener}, result.par, result.chi_square);
+  if (!derived.empty() && !outcome.failed) {
+    outcome.derivedFailed = !derived.compute(result.par, linearised, listener);
+    outcome.screen += derived.screen();
+  }
   if (withReport) {
-    Model& model = session.analysis.model;
-    const auto linearised =
-        linearisedCovariance({session.loaded.data, model, listener}, result.par, result.chi_square);
     outcome.report = fitReport(session.analysis.fun.FunctionText, result, linearised);
+    if (!derived.empty()) outcome.report.add("derived", derived.report());
   }
   return outcome;
 }
@@ -50,10 +57,12 @@ int runFit(const FitArguments& arguments, FigureMaker* maker) {
   loadData(session, files, dialogs, arguments.dataFile);
   chooseModel(session, files, arguments.model, parameterNames(arguments.parameters));
   enterStart(session, arguments.parameters);
+  const DerivedTable derived(arguments.derived, session.analysis.par);
   ExhaustedBox listener(dialogs);
-  const FitOutcome outcome = fitAtTerminal(session, dialogs, listener, arguments.json);
+  const FitOutcome outcome = fitAtTerminal(session, dialogs, listener, derived, arguments.json);
   printOutcome(outcome, arguments.json);
-  return outcome.failed || !figures.write(session, listener) ? kExitFailed : kExitDone;
+  const bool done = !outcome.failed && figures.write(session, listener) && !outcome.derivedFailed;
+  return done ? kExitDone : kExitFailed;
 }
 
 }  // namespace vk

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "batch/DerivedTable.h"
 #include "batch/FitFigures.h"
 #include "batch/Json.h"
 #include "batch/ModelChoice.h"
@@ -18,6 +19,7 @@ struct FitArguments {
   std::string dataFile;
   ModelArguments model;
   std::vector<EnteredValue> parameters;  ///< with a formula also its parameters, in their order
+  std::vector<std::string> derived;      ///< "name=formula" of quantities computed of the parameters
   bool json = false;
   WantedFigures figures;
 };
@@ -25,12 +27,15 @@ struct FitArguments {
 /// What a fit has to say at a terminal.
 struct FitOutcome {
   bool failed = false;
-  std::string screen;  ///< UTF-8; empty after a failure
-  Json report;         ///< null unless it was asked for
+  bool derivedFailed = false;  ///< a derived quantity, or its error, could not be computed
+  std::string screen;          ///< UTF-8; empty after a failure
+  Json report;                 ///< null unless it was asked for
 };
 
-/// Fits the session's model to its data, with the progress and the reason of a failure on the error stream.
-FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, EvaluationListener& listener, bool withReport);
+/// Fits the session's model to its data and computes the derived quantities, with the progress and the reason of a
+/// failure on the error stream.
+FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, EvaluationListener& listener,
+                         DerivedTable derived, bool withReport);
 
 /// Prints the screen, or the report where it was asked for.
 void printOutcome(const FitOutcome& outcome, bool asReport);

@@ -24,6 +24,11 @@ class Json {
   Json(List items) : value_(std::move(items)) {}
   Json(Object members) : value_(std::move(members)) {}
 
+  /// One more member of an object.
+  void add(std::string name, Json value) {
+    std::get<Object>(value_).emplace_back(std::move(name), std::move(value));
+  }
+
   /// The value on several lines, two blanks deeper for each level; ends without a line end.
   std::string text(int depth = 0) const;
 

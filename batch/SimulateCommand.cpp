@@ -80,7 +80,7 @@ int runSimulate(const SimulateArguments& arguments) {
   const ParameterSet truth = session.analysis.par;
   ExhaustedBox listener(dialogs);
   if (!SimulateData(session, wantedFields(arguments), dialogs, random, listener)) return kExitBadInput;
-  FitOutcome outcome = fitAtTerminal(session, dialogs, listener, arguments.json);
+  FitOutcome outcome = fitAtTerminal(session, dialogs, listener, {}, arguments.json);
   if (arguments.json) {
     outcome.report = Json::Object{{"settings", settings(session.analysis.sim, seed)},
                                   {"truth", parameters(truth)},

@@ -9,6 +9,9 @@ namespace vk {
 
 /// A formula in the byte code of a three-address machine without stack, as the compiler leaves it.
 struct CompiledExpression {
+  /// True when variable or parameter `index`, counted from 1 over both, stands in the formula.
+  bool uses(int index) const { return OperandMap.find(static_cast<char>(index)) != std::string::npos; }
+
   Int16 nVar;  ///< variables: Values 1..nVar
   Int16 nPar;  ///< parameters: the nPar values after them
   /// 0..names and literals; 0 is unused. Variables and parameters are filled in by the caller before each

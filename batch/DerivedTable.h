@@ -1,0 +1,40 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "analysis/DerivedQuantities.h"
+#include "batch/Json.h"
+
+namespace vk {
+
+/// The quantities that `fit` is to compute of the fitted parameters.
+class DerivedTable {
+ public:
+  DerivedTable() = default;
+  /// Each word is "name=formula". One that is not, a name that comes twice, and a formula that does not compile over the
+  /// parameters raise `UsageError`.
+  DerivedTable(const std::vector<std::string>& words, const ParameterSet& par);
+
+  bool empty() const { return rows_.empty(); }
+  /// Computes all of them at the fitted parameters. What cannot be computed is told on the error stream; false then.
+  bool compute(const ParameterSet& par, const std::optional<CovarianceMatrix>& covariance,
+               EvaluationListener& listener);
+
+  /// The table as a terminal shows it.
+  std::string screen() const;
+  /// A list of objects; what could not be computed is null.
+  Json report() const;
+
+ private:
+  struct Row {
+    std::string name, text;  ///< code page 437
+    Formula formula;
+    QuantityValue result;
+  };
+
+  std::vector<Row> rows_;
+};
+
+}  // namespace vk

@@ -20,7 +20,8 @@ FigureSource sourceOf(const Session& session, Model& model, int kind) {
           .functionText = session.analysis.fun.FunctionText,
           .expression = ComposeFunctionText(session.loaded.catalogue, session.analysis.fun),
           .model = model,
-          .parameters = session.analysis.par};
+          .parameters = session.analysis.par,
+          .band = session.figures.band ? &*session.figures.band : nullptr};
 }
 
 void openFigure(Session& session, Device& form, GralCls& drawing, int kind) {

@@ -14,6 +14,7 @@ using PointFailed = std::function<void()>;
 
 constexpr int kMostFailedPoints = 5;
 constexpr int kLeastCurveSegments = 50;
+constexpr int kBandSegments = 200;  // about a millimetre each on a page of A4
 
 /// A range of zero has no scale, nor has one that holds nothing but the rounding of its values and could not
 /// be told with 15 digits: it is opened around its value.
@@ -58,6 +59,15 @@ bool sampleFunction(const FigureSource& source, FigureValues& values, Evaluation
                    take);
 }
 
+void findBand(const FigureSource& source, FigureValues& values) {
+  for (int i = 0; i <= kBandSegments; ++i)
+    values.bandX.push_back(values.Xi + i * ((values.Xf - values.Xi) / kBandSegments));
+  ExhaustionWatch watch;
+  const FitProblem problem{source.data, source.model, watch};
+  if (auto widths = bandWidths(problem, source.parameters, *source.band, values.bandX))
+    values.band = std::move(*widths);
+}
+
 /// The differences of data and function; the range of y becomes that of their error bars.
 bool computeDifferences(const FigureSource& source, FigureValues& values, EvaluationListener& listener,
                         const PointFailed& pointFailed) {
@@ -97,6 +107,7 @@ std::optional<FigureValues> computeFigure(const FigureSource& source, Evaluation
   FigureValues values;
   findXLimits(source.data, values);
   if (!findYLimits(source, values, listener, pointFailed)) return std::nullopt;
+  if (source.kind == kFunctionFigure && source.band != nullptr) findBand(source, values);
   return values;
 }
 

@@ -1,5 +1,7 @@
 #include "grafile/StandardFigure.h"
 
+#include <cmath>
+
 #include "base/Guard.h"
 #include "base/NumberMasks.h"
 #include "base/Text.h"
@@ -14,6 +16,9 @@ constexpr const char* kNumberMask = "#.####^^^^";
 constexpr double kTickLength = 3;  // mm
 constexpr double kMarkRadius = 1.5;
 constexpr int kMarkType = 5;
+constexpr double kBandPen = 1;  // tenths of a mm
+constexpr int kSolid = 1;
+constexpr std::size_t kDashes = 2, kDots = 4;  // one piece of so many is drawn
 
 /// A text of lines that end in CR LF.
 class LineText {
@@ -48,6 +53,8 @@ class FigureDrawing {
   void drawAxes();
   void drawFunction();
   void drawData();
+  void drawBand();
+  void drawBeside(const std::vector<double>& widths, std::size_t every);
   void drawDifferences();
 
   const FigureSource& source_;
@@ -73,6 +80,7 @@ FigureTexts FigureDrawing::draw() {
     drawDifferences();
   } else {
     drawData();
+    drawBand();
   }
   return {graph_.text(), differencesFile_.text(), failed_};
 }
@@ -156,6 +164,33 @@ void FigureDrawing::drawData() {
   });
   graph_ << "%Disegna i Dati"
          << "\\Dati(" + source_.dataPath + ")";
+}
+
+void FigureDrawing::drawBand() {
+  const BandWidths& band = values_.band;
+  if (band.values.empty()) return;
+  guard(failed_, [&] { drawing_.GralPen(kBandPen, kSolid); });
+  graph_ << "%Disegna la Banda di Confidenza"
+         << "\\TIPO_LINEA(1,1)";
+  drawBeside(band.confidence, kDashes);
+  if (band.prediction.empty()) return;
+  graph_ << "%Disegna la Banda di Previsione";
+  drawBeside(band.prediction, kDots);
+}
+
+// Below and above the function, of `every` pieces one. The dashes of a line type would begin anew with each piece, and
+// those of a file of points would need the file.
+void FigureDrawing::drawBeside(const std::vector<double>& widths, std::size_t every) {
+  const std::vector<double>& x = values_.bandX;
+  for (const int sign : {-1, 1}) {
+    const auto y = [&](std::size_t i) { return values_.band.values[i] + sign * widths[i]; };
+    for (std::size_t i = 0; i + 1 < x.size(); i += every) {
+      if (!std::isfinite(y(i)) || !std::isfinite(y(i + 1))) continue;
+      guard(failed_, [&] { drawing_.GralLine(x[i], y(i), x[i + 1], y(i + 1)); });
+      graph_ << "\\LINEA(" + FormatPattern(x[i]) + ", " + FormatPattern(y(i)) + ", " +
+                    FormatPattern(x[i + 1]) + ", " + FormatPattern(y(i + 1)) + ")";
+    }
+  }
 }
 
 void FigureDrawing::drawDifferences() {

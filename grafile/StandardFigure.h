@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "analysis/ParameterSet.h"
+#include "analysis/CurveBand.h"
 #include "base/Array.h"
 #include "base/Int16.h"
 #include "data/DataSet.h"
@@ -29,6 +29,7 @@ struct FigureSource {
   std::string expression;    ///< the function in the formula language
   Model& model;
   const ParameterSet& parameters;
+  const CurveBand* band = nullptr;  ///< about the function, where it is asked for
 };
 
 /// A function over the range of x: points 0..segments.
@@ -43,6 +44,8 @@ struct FigureValues {
   double Xi = 0, Xf = 0, Yi = 0, Yf = 0;  ///< limits in user coordinates
   Int16 nDivX, nDivY;
   SampledCurve curve;         ///< of the figure with the function
+  std::vector<double> bandX;  ///< places of the band, over the range of x
+  BandWidths band;            ///< empty without a band, or where it cannot be computed
   Array<double> differences;  ///< 1..points, of the figure of the differences
   bool failed = false;        ///< in a step
 };

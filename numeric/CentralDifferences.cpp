@@ -21,10 +21,11 @@ double lengthOf(std::span<const double> column) {
   return std::sqrt(dot(column, column));
 }
 
-// Columns without length have lost the parameter in rounding and agree on nothing.
+// A parameter without any effect has one that is known: none.
 double disagreement(std::span<const double> before, std::span<const double> now) {
   double sum = 0;
   for (std::size_t j = 0; j < now.size(); ++j) sum += (now[j] - before[j]) * (now[j] - before[j]);
+  if (sum == 0) return 0;
   const double part = std::sqrt(sum) / lengthOf(now);
   return std::isfinite(part) ? part : kNoAgreement;
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
+#include "analysis/CurveBand.h"
 #include "base/Int16.h"
 
 namespace vk {
@@ -11,6 +13,7 @@ namespace vk {
 struct FigureSettings {
   std::array<std::string, 4> GraphText;  ///< 1 data, 2 data and function, 3 differences
   std::string DiffText;
+  std::optional<CurveBand> band;  ///< about the function of its figure; nobody gets one unasked
   std::array<float, 4> GraphScale{1, 1, 1, 1};
   std::array<float, 4> GraphScaleSaved{1, 1, 1, 1};
   Flag Landscape = kTrue;

@@ -132,8 +132,9 @@ TEST(LeastSquares, MoreParametersThanResidualsAreSingular) {
 }
 
 TEST(LeastSquares, TellsWhereNoStepLeadsOn) {
-  // A corner has no derivative to settle.
-  Made corner(2, [](std::span<const double> p, int j) { return j == 0 ? 1 + std::abs(p[0]) : 1.0; });
+  // At a corner the derivatives by differences are not those of either side.
+  Made corner(
+      2, [](std::span<const double> p, int j) { return j == 0 ? 1 + std::abs(p[0]) + 0.3 * p[0] : 1.0; });
   const LeastSquaresResult result = leastSquares(corner, {{3}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kNoProgress);
 }

@@ -8,5 +8,7 @@ namespace vk {
 
 /// Fits of problems with certified results.
 void writeCertifiedProblems(std::ostream& page);
+/// Errors, correlations, probabilities and bands of fits of simulated data, whose true values are known.
+void writeCalibration(std::ostream& page);
 
 }  // namespace vk

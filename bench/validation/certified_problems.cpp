@@ -1,13 +1,13 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "analysis/RefinedFit.h"
 #include "bench/validation/Sections.h"
+#include "bench/validation/Statistics.h"
 #include "platform/system/SystemFiles.h"
 #include "tests/analysis/NistCase.h"
 
@@ -113,11 +113,6 @@ Comparison compare() {
 }
 
 // ---- Tables -----------------------------------------------------------------------------------------------
-
-std::string formatted(const char* format, double value) {
-  std::array<char, 32> text{};
-  return {text.data(), static_cast<std::size_t>(std::snprintf(text.data(), text.size(), format, value))};
-}
 
 /// A distance as far as it matters.
 std::string distance(double deviations) {

@@ -12,6 +12,7 @@ struct Section {
 
 constexpr Section kSections[]{
     {"Certified regression problems", vk::writeCertifiedProblems},
+    {"Simulated data", vk::writeCalibration},
 };
 
 }  // namespace

@@ -70,10 +70,14 @@ AnalyticErrors analyticErrors(Model& model, const ParameterSet& par, EvaluationL
   result.Derivatives.dim(par.ParCount);
   for (int i = 0; i <= par.ParCount; ++i) result.Derivatives[i] = around.derivative(i);
   double variance = 0;
+  const auto add = [&](double error, double derivative) {
+    guard(around.failed, [&] { addContribution(error, derivative, result.ErrorMax, variance); });
+  };
   for (int i = 0; i <= par.ParCount; ++i) {
-    guard(around.failed,
-          [&] { addContribution(par.ParDeltas[i], result.Derivatives[i], result.ErrorMax, variance); });
+    if (!par.correlated.has(i)) add(par.ParDeltas[i], result.Derivatives[i]);
   }
+  // Errors that belong together have one contribution.
+  if (!par.correlated.empty()) add(par.correlated.deviation(result.Derivatives), 1);
   result.ErrorSigma = std::sqrt(variance);
   result.failed = around.failed;
   return result;

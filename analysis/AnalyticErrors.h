@@ -15,7 +15,7 @@ struct AnalyticErrors {
   bool failed = false;    ///< the last evaluation, or a sum after it, could not be computed
 };
 
-/// Computes them from the errors in `ParDeltas`.
+/// Computes them from the errors in `ParDeltas`. Those that are correlated make one contribution together.
 AnalyticErrors analyticErrors(Model& model, const ParameterSet& par, EvaluationListener& listener);
 
 }  // namespace vk

@@ -27,11 +27,19 @@ MonteCarlo::MonteCarlo(Model& model, const ParameterSet& par, UniformSource& ran
       random_(random),
       listener_(listener),
       block_(par, random),
-      values_(par.ParValues) {}
+      values_(par.ParValues),
+      correlatedDeviates_(par.ParCount) {}
 
 template <class Statement>
 void MonteCarlo::trapped(Statement statement) {
   if (!guard(statement)) state_ = binsReady_ && w_ == 0 ? End::kNoWidth : End::kFailed;
+}
+
+double MonteCarlo::normalError(int i) {
+  const double deviate = normalDeviate(random_, deviates_);
+  if (!par_.correlated.has(i)) return checked::finite(par_.ParDeltas[i] * deviate);
+  correlatedDeviates_[i] = deviate;
+  return checked::finite(par_.correlated.error(i, [&](int k) { return correlatedDeviates_[k]; }));
 }
 
 // QUIRK: the evaluation clears a failure of the errors.
@@ -39,10 +47,7 @@ double MonteCarlo::sample() {
   double d = 0;
   for (int i = 0; i <= par_.ParCount; ++i) {
     const double e = par_.ParDeltas[i];
-    trapped([&] {
-      d = e <= 0 ? e * (2 * static_cast<double>(random_.next()) - 1)
-                 : checked::finite(e * normalDeviate(random_, deviates_));
-    });
+    trapped([&] { d = e <= 0 ? e * (2 * static_cast<double>(random_.next()) - 1) : normalError(i); });
     trapped([&] { values_[i] = checked::finite(par_.ParValues[i] + d); });
   }
   const Evaluation evaluation = model_.at(values_[0], values_, listener_);

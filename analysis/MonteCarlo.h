@@ -48,6 +48,7 @@ class MonteCarlo {
  private:
   template <class Statement>
   void trapped(Statement statement);
+  double normalError(int i);
   double sample();
   template <class Take>
   void drawSamples(int count, Take take);
@@ -63,6 +64,7 @@ class MonteCarlo {
   GaussianState deviates_;
   SampleBlock block_;
   Array<double> values_;
+  Array<double> correlatedDeviates_;  ///< of the sample that is drawn one by one
   MonteCarloResult histogram_;
   End state_ = End::kCompleted;
   bool binsReady_ = false;

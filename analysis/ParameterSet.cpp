@@ -37,6 +37,7 @@ void StoreParameters(ParameterSet& par, std::span<const double> values, std::spa
   par.ParDeltas.dim(last);
   std::ranges::copy(values, par.ParValues.span(first, last).begin());
   std::ranges::copy(seconds, par.ParDeltas.span(first, last).begin());
+  par.correlated = {};
   classifyParameters(par);
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/CorrelatedErrors.h"
 #include "base/Array.h"
 #include "base/Int16.h"
 #include "expr/FunctionDef.h"
@@ -28,6 +29,8 @@ struct ParameterSet {
   /// Second numbers 0..ParCount: for a fit 0 means constant, anything else free; for error propagation the
   /// error (positive: standard deviation, negative: maximum error). A fit leaves the errors here.
   Array<double> ParDeltas;
+  /// For a propagation: those of the errors, all of them standard deviations, that are not independent; as a rule none.
+  CorrelatedErrors correlated;
 
   // The tables below are 0..ParCount+1, used from 1.
   Array<double> FreeValues;  ///< values of the free parameters
@@ -38,7 +41,7 @@ struct ParameterSet {
 };
 
 /// Takes over values and second numbers of the variables from `first` on (0 the independent variable, 1 the first
-/// parameter), and sorts the parameters.
+/// parameter), and sorts the parameters. The errors are independent then.
 void StoreParameters(ParameterSet& par, std::span<const double> values, std::span<const double> seconds,
                      int first);
 

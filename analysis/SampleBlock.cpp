@@ -42,14 +42,34 @@ bool SampleBlock::makeDeviates(GaussianState& deviates) {
   return true;
 }
 
-bool SampleBlock::makeVariables() {
+void SampleBlock::makeErrors() {
   const std::span<const double> errors = par_.ParDeltas.span(0, par_.ParCount);
+  std::vector<double> units(errors.begin(), errors.end());
+  for (int i = 0; i < variables_; ++i) {
+    if (par_.correlated.has(i)) units[static_cast<std::size_t>(i)] = 1;
+  }
   auto deviate = normal_.begin();
   for (std::size_t sample = 0; sample < kSamples; ++sample) {
     for (std::size_t i = 0; i < errors.size(); ++i) {
-      if (!(errors[i] <= 0)) columns_[i][sample] = errors[i] * *deviate++;
+      if (!(errors[i] <= 0)) columns_[i][sample] = units[i] * *deviate++;
     }
   }
+  correlateErrors();
+}
+
+// From the last variable down, since each takes its own deviate and those of variables before it.
+void SampleBlock::correlateErrors() {
+  for (int i = variables_ - 1; i >= 0; --i) {
+    if (!par_.correlated.has(i)) continue;
+    for (std::size_t sample = 0; sample < kSamples; ++sample) {
+      const auto deviate = [&](int k) { return columns_[static_cast<std::size_t>(k)][sample]; };
+      columns_[static_cast<std::size_t>(i)][sample] = par_.correlated.error(i, deviate);
+    }
+  }
+}
+
+bool SampleBlock::makeVariables() {
+  makeErrors();
   bool finite = true;
   const auto plus = elementary::kernels().operators[simd::kPlus];
   for (int i = 0; i < variables_; ++i) {

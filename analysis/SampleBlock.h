@@ -44,6 +44,8 @@ class SampleBlock {
 
   void drawNumbers();
   bool makeDeviates(GaussianState& deviates);
+  void makeErrors();
+  void correlateErrors();
   bool makeVariables();
 
   const ParameterSet& par_;

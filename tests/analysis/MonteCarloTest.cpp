@@ -6,6 +6,7 @@
 
 #include "doubles/Doubles.h"
 #include "platform/system/SystemRandom.h"
+#include "tests/analysis/CorrelatedPair.h"
 #include "tests/analysis/ModelFixture.h"
 
 namespace vk {
@@ -164,8 +165,16 @@ class MonteCarloBesideSingleSamplesTest : public MonteCarloTest {
   Evaluation drawOne() {
     for (int i = 0; i <= par.ParCount; ++i) {
       const double e = par.ParDeltas[i];
-      const double d = e <= 0 ? e * (2 * static_cast<double>(singleSource.next()) - 1)
-                              : e * GaussianDeviate(singleSource, deviates).value;
+      double d = 0;
+      if (e <= 0) {
+        d = e * (2 * static_cast<double>(singleSource.next()) - 1);
+      } else if (const double deviate = GaussianDeviate(singleSource, deviates).value;
+                 par.correlated.has(i)) {
+        correlated[i] = deviate;
+        d = par.correlated.error(i, [&](int k) { return correlated[k]; });
+      } else {
+        d = e * deviate;
+      }
       single[i] = par.ParValues[i] + d;
     }
     return model.at(single[0], single, listener);
@@ -199,7 +208,8 @@ class MonteCarloBesideSingleSamplesTest : public MonteCarloTest {
   SystemRandom random, singleRandom;
   RandomSource source{random}, singleSource{singleRandom};
   GaussianState deviates;
-  Array<double> single;  ///< variables of the sample drawn last
+  Array<double> correlated{5};  ///< deviates of the correlated variables
+  Array<double> single;         ///< variables of the sample drawn last
 };
 
 TEST_F(MonteCarloBesideSingleSamplesTest, DrawsTheSameNumbersWithoutAFailure) {
@@ -207,6 +217,15 @@ TEST_F(MonteCarloBesideSingleSamplesTest, DrawsTheSameNumbersWithoutAFailure) {
   set(0, 1, 0.5), set(1, 5, 0.1), set(2, 0.7, -0.02), set(3, 1.2, 0.05);
   EXPECT_EQ(runsOverBins(3.3, 1), 1);
   EXPECT_EQ(end, MonteCarlo::End::kCompleted);
+}
+
+TEST_F(MonteCarloBesideSingleSamplesTest, DrawsTheSameNumbersOfCorrelatedErrors) {
+  for (const char* formula : {"a*EXP(-b)*SIN(c)+x", "LOG(a-4.2)+b+c+x"}) {
+    load("a,b,c", formula);
+    set(0, 1, 0.5), set(1, 5, 0.3), set(2, 0.7, -0.02), set(3, 1.2, 0.05);
+    par.correlated = correlatedErrors({1, 3}, {0.3, 0.05}, -0.9);
+    EXPECT_GT(runsOverBins(3.3, 1), formula[0] == 'L' ? 5 : 0);
+  }
 }
 
 TEST_F(MonteCarloBesideSingleSamplesTest, StandsAtTheSampleWhoseEvaluationFails) {

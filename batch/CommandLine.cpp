@@ -95,6 +95,11 @@ void addFit(CLI::App& app, Commands& commands, const Drawing& drawing) {
   const auto start = addStart(*fit);
   CLI::Option* derive = addRepeated(
       *fit, "--derive", "NOME=FORMULA: grandezza derivata dai parametri, per esempio 'T=LOG(2)/k'");
+  CLI::Option* refine =
+      fit->add_flag("--refine", args->refine, "Cerca anche il minimo esatto, con gli errori lineari");
+  fit->add_option("--x-errors", args->xErrors,
+                  "Errori di x nel minimo esatto: effective (varianza efficace) o orthogonal (distanza)")
+      ->needs(refine);
   addJson(*fit, args->json);
   fit->add_option("--figure", args->figures.figure, "Grafico di dati e funzione: file .PNG, .SVG o .PDF");
   fit->add_option("--save-gra", args->figures.graphicFile, "Lo stesso come file grafico (.GRA)");

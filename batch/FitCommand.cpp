@@ -10,39 +10,111 @@
 #include "commands/ExhaustedBox.h"
 #include "commands/FitCommand.h"
 #include "commands/FitScreen.h"
+#include "commands/RefinedTable.h"
 #include "platform/GridOutput.h"
 #include "platform/system/SystemClock.h"
 #include "session/Session.h"
 
 namespace vk {
+namespace {
 
-FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, EvaluationListener& listener,
-                         DerivedTable derived, bool withReport) {
+/// A fit of the session's model and what is made of it.
+class TerminalFit {
+ public:
+  TerminalFit(Session& session, EvaluationListener& listener, FitWishes wishes)
+      : session_(session),
+        listener_(listener),
+        wishes_(std::move(wishes)),
+        problem_{session.loaded.data, session.analysis.model, listener},
+        start_(session.analysis.par) {}
+
+  FitOutcome run(Dialogs& dialogs) {
+    fit(dialogs);
+    if (wishes_.refine) refine(*wishes_.refine);
+    if (outcome_.fitted && (wishes_.report || !wishes_.derived.empty()))
+      linearised_ = linearisedCovariance(problem_, result_.par, result_.chi_square);
+    if (!wishes_.derived.empty() && (outcome_.fitted || outcome_.converged)) derive();
+    if (wishes_.report) report();
+    return std::move(outcome_);
+  }
+
+ private:
+  void fit(Dialogs& dialogs);
+  void refine(XErrors xErrors);
+  void derive();
+  void report();
+
+  Session& session_;
+  EvaluationListener& listener_;
+  FitWishes wishes_;
+  const FitProblem problem_;
+  const ParameterSet start_;
+  FitResult result_;
+  std::optional<CovarianceMatrix> linearised_;
+  RefinedFit refined_;
+  std::vector<FitWarning> warnings_;
+  FitOutcome outcome_;
+};
+
+void TerminalFit::fit(Dialogs& dialogs) {
   SystemClock clock;
   GridOutput output;
-  FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par, {output, dialogs, clock});
+  FitScreen screen(session_.analysis.fun.FunctionText, session_.analysis.par, {output, dialogs, clock});
   TerminalProgress observer(screen);
-  const FitResult result = FitData(session, listener, observer);
-  FitOutcome outcome;
-  outcome.failed = result.status == FitStatus::kFailed;
-  if (outcome.failed) {
-    std::cerr << "Adattamento non riuscito: " << result.reason << '\n';
+  result_ = FitData(session_, listener_, observer);
+  outcome_.fitted = result_.status != FitStatus::kFailed;
+  if (outcome_.fitted) {
+    outcome_.screen = output.grid().toUtf8();
   } else {
-    outcome.screen = output.grid().toUtf8();
+    std::cerr << "Adattamento non riuscito: " << result_.reason << '\n';
   }
-  if (!withReport && (derived.empty() || outcome.failed)) return outcome;
-  Model& model = session.analysis.model;
-  const auto linearised =
-      linearisedCovariance({session.loaded.data, model, listener}, result.par, result.chi_square);
-  if (!derived.empty() && !outcome.failed) {
-    outcome.derivedFailed = !derived.compute(result.par, linearised, listener);
-    outcome.screen += derived.screen();
+}
+
+void TerminalFit::refine(XErrors xErrors) {
+  refined_ = vk::refine(problem_, start_, &result_, xErrors);
+  warnings_ = fitWarnings(problem_.data, result_, refined_);
+  outcome_.converged = refined_.converged();
+  outcome_.screen += refinedTable(problem_.data, refined_, warnings_).toUtf8();
+  if (!outcome_.fitted && outcome_.converged)
+    std::cerr << "La seconda minimizzazione ha raggiunto il minimo\n";
+}
+
+void TerminalFit::derive() {
+  std::optional<CovarianceMatrix> covariance = linearised_;
+  if (outcome_.converged)
+    covariance = refined_.covariance.size() > 0 ? std::optional(refined_.covariance) : std::nullopt;
+  const ParameterSet& par = outcome_.converged ? refined_.par : result_.par;
+  outcome_.derivedFailed = !wishes_.derived.compute(par, covariance, listener_);
+  outcome_.screen += wishes_.derived.screen();
+}
+
+void TerminalFit::report() {
+  const FunctionDef& fun = session_.analysis.fun;
+  const FitOrigin origin{wishes_.dataFile, fun.FunctionText,
+                         ComposeFunctionText(session_.loaded.catalogue, fun), start_};
+  outcome_.report = fitReport(origin, result_, linearised_);
+  if (wishes_.refine) {
+    outcome_.report.add("refined", refinedReport(problem_.data, refined_));
+    outcome_.report.add("warnings", warningsReport(warnings_));
   }
-  if (withReport) {
-    outcome.report = fitReport(session.analysis.fun.FunctionText, result, linearised);
-    if (!derived.empty()) outcome.report.add("derived", derived.report());
+  if (!wishes_.derived.empty()) outcome_.report.add("derived", wishes_.derived.report());
+}
+
+/// How `--refine` is to treat errors in x.
+std::optional<XErrors> refineWish(const FitArguments& arguments, const DataSet& data) {
+  if (!arguments.refine) return std::nullopt;
+  if (arguments.xErrors.empty()) return XErrors::kEffective;
+  if (data.kXpntErr == kFalse) throw UsageError("--x-errors: i dati non hanno errori di x");
+  for (const XErrors choice : {XErrors::kEffective, XErrors::kOrthogonal}) {
+    if (textOf(choice).word == arguments.xErrors) return choice;
   }
-  return outcome;
+  throw UsageError("--x-errors: si attende effective o orthogonal");
+}
+
+}  // namespace
+
+FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, EvaluationListener& listener, FitWishes wishes) {
+  return TerminalFit(session, listener, std::move(wishes)).run(dialogs);
 }
 
 void printOutcome(const FitOutcome& outcome, bool asReport) {
@@ -57,12 +129,16 @@ int runFit(const FitArguments& arguments, FigureMaker* maker) {
   loadData(session, files, dialogs, arguments.dataFile);
   chooseModel(session, files, arguments.model, parameterNames(arguments.parameters));
   enterStart(session, arguments.parameters);
-  const DerivedTable derived(arguments.derived, session.analysis.par);
+  FitWishes wishes{.report = arguments.json,
+                   .refine = refineWish(arguments, session.loaded.data),
+                   .derived = {arguments.derived, session.analysis.par},
+                   .dataFile = shownName(arguments.dataFile)};
   ExhaustedBox listener(dialogs);
-  const FitOutcome outcome = fitAtTerminal(session, dialogs, listener, derived, arguments.json);
+  const FitOutcome outcome = fitAtTerminal(session, dialogs, listener, std::move(wishes));
   printOutcome(outcome, arguments.json);
-  const bool done = !outcome.failed && figures.write(session, listener) && !outcome.derivedFailed;
-  return done ? kExitDone : kExitFailed;
+  const bool done =
+      outcome.fitted ? figures.write(session, listener) : outcome.converged && !arguments.figures.any();
+  return done && !outcome.derivedFailed ? kExitDone : kExitFailed;
 }
 
 }  // namespace vk

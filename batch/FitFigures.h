@@ -11,6 +11,8 @@ struct Session;
 
 /// The files that `fit` makes of its figures; what has no name is not made.
 struct WantedFigures {
+  bool any() const { return !figure.empty() || !graphicFile.empty() || !differences.empty(); }
+
   std::string figure;       ///< data and function, drawn
   std::string graphicFile;  ///< the same as a graphic file
   std::string differences;  ///< differences of data and function, as a data file

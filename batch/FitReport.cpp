@@ -21,50 +21,75 @@ const char* statusName(FitStatus status) {
   return kNames.at(static_cast<std::size_t>(status));
 }
 
+Json nameOf(const ParameterSet& par, int i) {
+  return toUtf8(par.name(i), CodePage::kCp437);
+}
+
 /// Number of parameter i among the free ones, from 1; 0 for a constant one.
-int freeNumber(const FitResult& result, int i) {
-  for (int k = 1; k <= result.N; ++k) {
-    if (result.par.FreeIndex[k] == i) return k;
+int freeNumber(const ParameterSet& par, int i) {
+  for (int k = 1; k <= par.FreeCount; ++k) {
+    if (par.FreeIndex[k] == i) return k;
   }
   return 0;
 }
 
-Json parameter(const FitResult& result, const Covariance& linearised, int i) {
-  const int k = freeNumber(result, i);
+Json parameter(const FitOrigin& origin, const FitResult& result, const Covariance& linearised, int i) {
+  const int k = freeNumber(origin.start, i);
   const bool hasErrors = k > 0 && result.status != FitStatus::kFailed;
   return Json::Object{
-      {"name", toUtf8(result.par.name(i), CodePage::kCp437)},
+      {"name", nameOf(result.par, i)},
       {"value", result.par.ParValues[i]},
       {"error", hasErrors ? Json(result.par.ParDeltas[i]) : Json()},
       {"error_linearised", hasErrors && linearised ? Json(linearised->deviation(k)) : Json()},
       {"free", k > 0},
+      {"start", origin.start.ParValues[i]},
   };
 }
 
-Json parameters(const FitResult& result, const Covariance& linearised) {
+Json refinedParameter(const RefinedFit& refined, int i) {
+  const int k = freeNumber(refined.par, i);
+  const bool hasValue = k == 0 || refined.end != LeastSquaresEnd::kFailed;
+  const bool hasErrors = k > 0 && refined.covariance.size() > 0;
+  return Json::Object{
+      {"name", nameOf(refined.par, i)},
+      {"value", hasValue ? Json(refined.par.ParValues[i]) : Json()},
+      {"error", hasErrors ? Json(refined.error(k)) : Json()},
+      {"error_scaled", hasErrors ? orNull(refined.scaledError(k)) : Json()},
+      {"free", k > 0},
+  };
+}
+
+/// A list of what `item` gives for 1 to `count`.
+template <class Item>
+Json list(int count, const Item& item) {
   Json::List list;
-  for (int i = 1; i <= result.par.ParCount; ++i) list.push_back(parameter(result, linearised, i));
+  for (int i = 1; i <= count; ++i) list.push_back(item(i));
   return list;
 }
 
-Json correlation(const CorrelationMatrix& matrix) {
-  Json::List rows;
-  for (int a = 1; a <= matrix.size(); ++a) {
-    Json::List row;
-    for (int b = 1; b <= matrix.size(); ++b) row.emplace_back(matrix.at(a, b));
-    rows.emplace_back(std::move(row));
-  }
-  return rows;
+Json matrix(const CorrelationMatrix& matrix) {
+  return list(matrix.size(),
+              [&](int a) { return list(matrix.size(), [&](int b) { return Json(matrix.at(a, b)); }); });
+}
+
+Json wordOf(const FitText& text) {
+  return std::string(text.word);
 }
 
 }  // namespace
 
-Json fitReport(const std::string& functionText, const FitResult& result, const Covariance& linearised) {
+Json fitReport(const FitOrigin& origin, const FitResult& result, const Covariance& linearised) {
+  const bool hasLinearised = linearised && result.status != FitStatus::kFailed;
   return Json::Object{
-      {"function", toUtf8(trim(functionText), CodePage::kCp437)},
+      {"schema_version", kSchemaVersion},
+      {"data_file", origin.dataFile.empty() ? Json() : Json(origin.dataFile)},
+      {"function", toUtf8(trim(origin.functionText), CodePage::kCp437)},
+      {"formula", toUtf8(origin.formula, CodePage::kCp437)},
       {"points", result.M},
-      {"parameters", parameters(result, linearised)},
-      {"correlation", correlation(result.correlation)},
+      {"parameters",
+       list(result.par.ParCount, [&](int i) { return parameter(origin, result, linearised, i); })},
+      {"correlation", matrix(result.correlation)},
+      {"correlation_linearised", hasLinearised ? matrix(linearised->correlation()) : Json()},
       {"chi_square", result.chi_square},
       {"degrees_of_freedom", result.degrees_of_freedom},
       {"reduced_chi_square", orNull(result.reduced_chi_square)},
@@ -75,6 +100,26 @@ Json fitReport(const std::string& functionText, const FitResult& result, const C
       {"status", statusName(result.status)},
       {"reason", result.reason},
   };
+}
+
+Json refinedReport(const DataSet& data, const RefinedFit& refined) {
+  const CovarianceMatrix& covariance = refined.covariance;
+  Json::Object report{
+      {"parameters", list(refined.par.ParCount, [&](int i) { return refinedParameter(refined, i); })},
+      {"correlation", covariance.size() > 0 ? matrix(covariance.correlation()) : Json()},
+      {"chi_square", refined.chiSquare},
+      {"confidence_percent", orNull(refined.confidencePercent)},
+      {"x_errors", data.kXpntErr ? wordOf(textOf(refined.xErrors)) : Json()},
+      {"stop_reason", wordOf(textOf(refined.end))},
+  };
+  if (refined.failedPoint > 0) report.emplace_back("failed_point", refined.failedPoint);
+  return report;
+}
+
+Json warningsReport(const std::vector<FitWarning>& warnings) {
+  Json::List words;
+  for (const FitWarning& warning : warnings) words.push_back(wordOf(textOf(warning.kind)));
+  return words;
 }
 
 }  // namespace vk

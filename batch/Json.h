@@ -7,6 +7,9 @@
 
 namespace vk {
 
+/// Of the objects that are printed: one more when a key goes or changes its meaning.
+inline constexpr int kSchemaVersion = 1;
+
 /// A JSON value that is built once and written out. Texts are UTF-8. Numbers are written with the digits that
 /// bring them back exactly; one that is not finite is written as null.
 class Json {

@@ -56,6 +56,7 @@ Json report(const std::string& functionText, const ParameterSet& par, const Prop
   const bool hasDerivatives = result.end != PropagationEnd::kDerivativesFailed;
   const auto known = [&](double number) { return hasDerivatives ? Json(number) : Json(); };
   return Json::Object{
+      {"schema_version", kSchemaVersion},
       {"function", toUtf8(trim(functionText), CodePage::kCp437)},
       {"variables", variables(par, result)},
       {"value", known(result.analytic.F0)},

@@ -80,16 +80,17 @@ int runSimulate(const SimulateArguments& arguments) {
   const ParameterSet truth = session.analysis.par;
   ExhaustedBox listener(dialogs);
   if (!SimulateData(session, wantedFields(arguments), dialogs, random, listener)) return kExitBadInput;
-  FitOutcome outcome = fitAtTerminal(session, dialogs, listener, {}, arguments.json);
+  FitOutcome outcome = fitAtTerminal(session, dialogs, listener, {.report = arguments.json});
   if (arguments.json) {
-    outcome.report = Json::Object{{"settings", settings(session.analysis.sim, seed)},
+    outcome.report = Json::Object{{"schema_version", kSchemaVersion},
+                                  {"settings", settings(session.analysis.sim, seed)},
                                   {"truth", parameters(truth)},
                                   {"fit", outcome.report}};
   }
   printOutcome(outcome, arguments.json);
   if (!arguments.outputFile.empty())
     writeFile(files, arguments.outputFile, dataFileText(session.loaded.data));
-  return outcome.failed ? kExitFailed : kExitDone;
+  return outcome.fitted ? kExitDone : kExitFailed;
 }
 
 }  // namespace vk

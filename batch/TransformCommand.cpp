@@ -59,6 +59,7 @@ Json column(const Array<double>& values, int count) {
 
 Json report(const DataSet& data) {
   return Json::Object{
+      {"schema_version", kSchemaVersion},
       {"title_x", toUtf8(data.TitleX, CodePage::kCp437)},
       {"title_y", toUtf8(data.TitleY, CodePage::kCp437)},
       {"x", column(data.Xpnt, data.NumPnt)},

@@ -233,7 +233,8 @@ TEST(BatchTransform, GivesTheColumnsAsOneObject) {
   const BatchRun run = batch("transform " + dataFile() + "--title-x tempo --json");
   EXPECT_EQ(run.exitCode, 0);
   EXPECT_EQ(run.output,
-            "{\n  \"title_x\": \"tempo\",\n  \"title_y\": \"s\",\n  \"x\": [\n    1,\n    3\n  ],\n"
+            "{\n  \"schema_version\": 1,\n  \"title_x\": \"tempo\",\n  \"title_y\": \"s\",\n  \"x\": [\n    "
+            "1,\n    3\n  ],\n"
             "  \"y\": [\n    2,\n    4\n  ],\n  \"dx\": null,\n  \"dy\": [\n    0.1,\n    0.2\n  ]\n}\n");
 }
 

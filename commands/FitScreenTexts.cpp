@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kLeastNameWidth = 3;
 const std::string kSmallConfidenceMask = "#.##^^^^";
+const std::string kMatrixMask = " #####";
 constexpr double kSmallConfidence = 0.001;
 
 }  // namespace

@@ -25,7 +25,6 @@ inline const std::string kPerCent = " %";
 
 inline const std::string kNumberMask = "#.######^^^^";
 inline const std::string kNoError = "___________";
-inline const std::string kMatrixMask = " #####";
 inline const std::string kNoMatrix = " _____";
 
 inline constexpr int kFrameStyle = 3;

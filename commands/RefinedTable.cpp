@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/Guard.h"
 #include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -171,9 +172,12 @@ void Table::drawMatrix() {
   const CorrelationMatrix correlation = refined_.covariance.correlation();
   for (int a = 1; a <= free_; ++a, ++row_) {
     print(row_, kTextMargin, nameText(par_, par_.FreeIndex[a], name_));
-    for (int b = 1; b <= free_; ++b)
-      print(row_, nameRule_ + 1 + kMatrixStep * (b - 1),
-            b < a ? correlationText(correlation.at(a, b)) : kNoMatrix);
+    for (int b = 1; b <= free_; ++b) {
+      std::string text = kNoMatrix;
+      // Of variances beyond the range of numbers there is none.
+      if (b < a) guard([&] { text = correlationText(correlation.at(a, b)); });
+      print(row_, nameRule_ + 1 + kMatrixStep * (b - 1), text);
+    }
   }
 }
 

@@ -171,5 +171,19 @@ TEST(FitWarnings, HaveStableWords) {
   EXPECT_EQ(textOf(XErrors::kOrthogonal).word, "orthogonal");
 }
 
+TEST(FitWarnings, HaveSentencesThatAnyTerminalShows) {
+  std::vector<FitText> texts{textOf(XErrors::kEffective), textOf(XErrors::kOrthogonal)};
+  for (int kind = 0; kind <= static_cast<int>(Kind::kErrorsInvented); ++kind)
+    texts.push_back(textOf(static_cast<Kind>(kind)));
+  for (int end = 0; end <= static_cast<int>(LeastSquaresEnd::kFailed); ++end)
+    texts.push_back(textOf(static_cast<LeastSquaresEnd>(end)));
+  for (const FitText& text : texts) {
+    EXPECT_TRUE(!text.line.empty() && !text.line.ends_with('.')) << text.word;
+    EXPECT_TRUE(text.sentence.ends_with('.')) << text.word;
+    for (const char c : std::string(text.line) + std::string(text.sentence))
+      EXPECT_TRUE(c >= ' ' && c < 127) << text.word;
+  }
+}
+
 }  // namespace
 }  // namespace vk

@@ -1,5 +1,7 @@
 #include "commands/RefinedTable.h"
 
+#include <gmock/gmock.h>
+
 #include "tests/analysis/FitFixture.h"
 #include "tests/numeric/SampleValues.h"
 
@@ -145,21 +147,59 @@ TEST(RefinedTable, HasNoScaledErrorsWithoutADegreeOfFreedom) {
 )");
 }
 
-TEST(RefinedTable, GrowsWithTheMatrix) {
+/// A minimum of `count` parameters, the first `free` of them free, that is not correlated.
+RefinedFit minimum(int count, int free) {
   RefinedFit refined;
   refined.end = LeastSquaresEnd::kConverged;
   std::vector<std::string> names;
-  for (int i = 1; i <= 12; ++i) names.push_back("p" + std::to_string(i));
+  for (int i = 1; i <= count; ++i) names.push_back("p" + std::to_string(i));
   refined.par = parametersOf(names);
+  for (int i = 1; i <= free; ++i) refined.par.ParDeltas[i] = 1;
+  classifyParameters(refined.par);
+  refined.covariance = CovarianceMatrix(free);
+  for (int i = 1; i <= free; ++i) refined.covariance.set(i, i, 1);
+  return refined;
+}
+
+TEST(RefinedTable, GrowsWithTheMatrix) {
   for (const int free : {2, 8, 11, 12}) {
-    for (int i = 1; i <= 12; ++i) refined.par.ParDeltas[i] = i <= free ? 1 : 0;
-    classifyParameters(refined.par);
-    refined.covariance = CovarianceMatrix(free);
-    for (int i = 1; i <= free; ++i) refined.covariance.set(i, i, 1);
-    const CharGrid grid = refinedTable(DataSet(), refined, {});
+    const CharGrid grid = refinedTable(DataSet(), minimum(12, free), {});
     EXPECT_EQ(grid.cols(), std::max(53, 9 + 6 * free)) << free;
     EXPECT_EQ(grid.rows(), 8 + 3 + 12 + 3 + free) << free;
   }
+}
+
+TEST(RefinedTable, HasNoCorrelationsOfVariancesThatAreTooSmall) {
+  RefinedFit refined = minimum(2, 2);
+  refined.covariance.set(1, 2, 0.5);
+  EXPECT_THAT(refinedTable(DataSet(), refined, {}).rowText(17), testing::HasSubstr("    50 _____ "));
+  refined.covariance.set(2, 2, 0);
+  EXPECT_THAT(refinedTable(DataSet(), refined, {}).rowText(17), testing::HasSubstr(" _____ _____ "));
+}
+
+TEST(RefinedTable, DividesLongWarningsAtBlanks) {
+  const std::vector<FitWarning> warnings{
+      {FitWarningKind::kChiSquareHigh, {}},
+      {FitWarningKind::kChiSquareLow, {}},
+      {FitWarningKind::kCorrelationHigh, {"p1-p2", "p1-p3", "p1-p4", "p1-p5", "p2-p3"}},
+      {FitWarningKind::kErrorAboveValue, {"p1"}},
+      {FitWarningKind::kFitOffMinimum, {"p1", "p2"}},
+      {FitWarningKind::kFitErrorWrong, {"p1", "p2", "p3", "p4", "p5"}},
+      {FitWarningKind::kErrorsInvented, {}},
+  };
+  const CharGrid grid = refinedTable(DataSet(), minimum(1, 1), warnings);
+  std::string lines;
+  for (int row = 13; row < grid.rows(); ++row) lines += trim(grid.rowText(row)) + "\n";
+  EXPECT_EQ(lines,
+            "- Chi quadro troppo grande\n"
+            "- Chi quadro troppo piccolo\n"
+            "- Correlazione oltre 98 %: p1-p2, p1-p3, p1-p4,\n"
+            "p1-p5, p2-p3\n"
+            "- Errore maggiore del valore: p1\n"
+            "- Adattamento lontano dal minimo: p1, p2\n"
+            "- Errore dell'adattamento inesatto: p1, p2, p3,\n"
+            "p4, p5\n"
+            "- Errori di y tutti uguali a 1\n");
 }
 
 }  // namespace

@@ -4,14 +4,16 @@
 
 namespace vk {
 
-CorrelatedErrors::CorrelatedErrors(std::span<const int> variables, const CholeskyFactor& factor) {
+CorrelatedErrors::CorrelatedErrors(std::span<const int> variables, std::span<const double> deviations,
+                                   const CholeskyFactor& factor) {
   if (variables.empty()) return;
   rows_.resize(static_cast<std::size_t>(variables.back()) + 1);
   for (std::size_t a = 0; a < variables.size(); ++a) {
     std::vector<double>& row = rows_[static_cast<std::size_t>(variables[a])];
     row.resize(static_cast<std::size_t>(variables[a]) + 1);
     const std::span<const double> parts = factor.row(static_cast<int>(a) + 1);
-    for (std::size_t b = 0; b <= a; ++b) row[static_cast<std::size_t>(variables[b])] = parts[b];
+    for (std::size_t b = 0; b <= a; ++b)
+      row[static_cast<std::size_t>(variables[b])] = deviations[a] * parts[b];
   }
 }
 

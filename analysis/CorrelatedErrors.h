@@ -14,8 +14,9 @@ class CorrelatedErrors {
  public:
   /// Of no variable.
   CorrelatedErrors() = default;
-  /// Of variables in ascending order, whose covariances have this factor.
-  CorrelatedErrors(std::span<const int> variables, const CholeskyFactor& factor);
+  /// Of variables in ascending order, with their standard deviations and the factor of their correlations.
+  CorrelatedErrors(std::span<const int> variables, std::span<const double> deviations,
+                   const CholeskyFactor& factor);
 
   bool empty() const { return rows_.empty(); }
   /// True for one of the variables.

@@ -10,11 +10,6 @@
 namespace vk {
 namespace {
 
-/// The compiler gets the names in one list: each must count as one there.
-bool isOneName(const std::string& name) {
-  return !name.empty() && name.find_first_of(" ,@") == std::string::npos;
-}
-
 constexpr const char* kAssignment = "NOME=NUMERO";
 
 UsageError notExpected(const std::string& argument, const char* expected) {
@@ -27,6 +22,11 @@ double parseNumber(const char* option, const std::string& text, double most) {
   const double value = numberIn(text).value_or(HUGE_VAL);
   if (std::abs(value) <= most) return value;
   throw UsageError(std::string(option) + " \"" + text + "\": si attende un numero");
+}
+
+// The compiler gets the names in such a list.
+bool isOneName(const std::string& name) {
+  return !name.empty() && name.find_first_of(" ,@") == std::string::npos;
 }
 
 NamedText parseNamedText(const std::string& argument, const char* expected) {

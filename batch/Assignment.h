@@ -10,6 +10,9 @@ namespace vk {
 double parseNumber(const char* option, const std::string& text,
                    double most = std::numeric_limits<double>::max());
 
+/// False for a text that would not count as one name in a list of names.
+bool isOneName(const std::string& name);
+
 /// What stands before and behind the "=" of a word, as it was typed.
 struct NamedText {
   std::string name;

@@ -119,6 +119,8 @@ void addPropagate(CLI::App& app, Commands& commands) {
   CLI::Option* par = addRepeated(*propagate, "--par",
                                  "NOME=VALORE[,ERRORE] di x o di un parametro: deviazione standard se "
                                  "positivo, errore massimo se negativo");
+  propagate->add_option("--from-fit", args->fitResult,
+                        "Valori, errori e correlazioni dei parametri da un risultato di fit --json");
   propagate->add_option("--seed", args->seed, kSeedHelp);
   propagate->add_option("--histogram", args->histogramFile, "Scrive l'istogramma come file dati");
   addJson(*propagate, args->json);

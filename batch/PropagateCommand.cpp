@@ -9,6 +9,7 @@
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "batch/DataInput.h"
+#include "batch/FittedVariables.h"
 #include "batch/Json.h"
 #include "batch/Seed.h"
 #include "batch/TerminalPorts.h"
@@ -20,6 +21,8 @@
 
 namespace vk {
 namespace {
+
+constexpr const char* kCorrelated = "Parametri con errori correlati da ";
 
 const char* statusName(PropagationEnd end) {
   constexpr std::array kNames{"completed", "derivatives_failed", "simulation_failed", "no_dependence"};
@@ -68,6 +71,19 @@ Json report(const std::string& functionText, const ParameterSet& par, const Prop
   };
 }
 
+/// Chooses the model and enters its variables; gives the name of the file where some of them come from a fit.
+std::string enterVariables(Session& session, Files& files, const PropagateArguments& arguments) {
+  if (arguments.fitResult.empty()) {
+    chooseModel(session, files, arguments.model, parameterNames(arguments.variables));
+    enterErrors(session, arguments.variables);
+    return {};
+  }
+  const FittedParameters fitted = readFitResult(files, arguments.fitResult);
+  enterFitted(session, files, arguments.model, fitted, arguments.variables);
+  if (!fitted.converged) std::cerr << fitted.file << ": valori che NON sono di un minimo\n";
+  return fitted.file;
+}
+
 }  // namespace
 
 EnteredValue parseValueWithError(const std::string& argument) {
@@ -85,8 +101,7 @@ int runPropagate(const PropagateArguments& arguments) {
   TerminalDialogs dialogs;
   GridOutput output;
   const float seed = seedFrom(arguments.seed, random);
-  chooseModel(session, files, arguments.model, parameterNames(arguments.variables));
-  enterErrors(session, arguments.variables);
+  const std::string fitFile = enterVariables(session, files, arguments);
 
   const ParameterSet& par = session.analysis.par;
   const std::string& functionText = session.analysis.fun.FunctionText;
@@ -94,9 +109,12 @@ int runPropagate(const PropagateArguments& arguments) {
   PropagationResult result = PropagateErrors(session.analysis, screen, random, dialogs);
   const bool completed = result.end == PropagationEnd::kCompleted;
   if (arguments.json) {
-    std::cout << report(functionText, par, result, seed).text() << '\n';
+    Json object = report(functionText, par, result, seed);
+    if (!fitFile.empty()) object.add("fit_file", fitFile);
+    std::cout << object.text() << '\n';
   } else if (completed) {
     std::cout << output.grid().toUtf8();
+    if (!fitFile.empty()) std::cout << kCorrelated << fitFile << '\n';
   }
   if (!completed) return kExitFailed;
   if (!arguments.histogramFile.empty()) {

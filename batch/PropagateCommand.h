@@ -11,9 +11,11 @@ namespace vk {
 /// `propagate`: the error of a function by derivatives and by simulation.
 struct PropagateArguments {
   ModelArguments model;
-  std::vector<EnteredValue> variables;  ///< with a formula also its parameters, in their order
-  std::string seed;                     ///< empty for the time of day
-  std::string histogramFile;            ///< where the histogram goes as a data file; empty for nowhere
+  std::string fitResult;  ///< the file of a result of `fit` with correlated parameters; empty for none
+  std::vector<EnteredValue>
+      variables;              ///< independent ones; with a formula also its parameters, in their order
+  std::string seed;           ///< empty for the time of day
+  std::string histogramFile;  ///< where the histogram goes as a data file; empty for nowhere
   bool json = false;
 };
 

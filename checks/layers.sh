@@ -43,6 +43,7 @@ awk '
       else if (header ~ /^Q[A-Zt]/) target = "Qt"
       else if (header ~ /^CLI\//) target = "CLI"
       else if (header ~ /^qpdf\//) target = "PDF"
+      else if (header ~ /^nlohmann\//) target = "JSON"
       else if (header == "sleef.h") target = "SLEEF"
       else if (header == "cminpack.h") target = "MINPACK"
       else if (header ~ /\.h$/) target = "System"

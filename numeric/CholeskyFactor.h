@@ -8,7 +8,7 @@
 
 namespace vk {
 
-/// The lower triangle L of a covariance matrix L L'. Such a matrix may be singular: a variable that those before it
+/// The lower triangle L of a matrix L L' of correlations or covariances. Such a matrix may be singular: a variable that those before it
 /// settle has a 0 on the diagonal.
 class CholeskyFactor {
  public:

@@ -11,7 +11,7 @@ inline CorrelatedErrors correlatedErrors(std::array<int, 2> variables, std::arra
                                          double correlation) {
   CorrelationMatrix matrix(2);
   matrix.set(1, 2, correlation);
-  return {variables, CholeskyFactor::of(covarianceOf(deviations, matrix)).value()};
+  return {variables, deviations, CholeskyFactor::of(matrix).value()};
 }
 
 }  // namespace vk

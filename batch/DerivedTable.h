@@ -9,6 +9,14 @@
 
 namespace vk {
 
+/// What a fit has found, of which quantities are computed.
+struct FittedValues {
+  const ParameterSet& par;
+  std::optional<CovarianceMatrix> covariance;  ///< of the free parameters
+  bool refined = false;                        ///< the errors can also be scaled ...
+  std::optional<double> reducedChiSquare;      ///< ... by this, where there is a degree of freedom
+};
+
 /// The quantities that `fit` is to compute of the fitted parameters.
 class DerivedTable {
  public:
@@ -18,9 +26,8 @@ class DerivedTable {
   DerivedTable(const std::vector<std::string>& words, const ParameterSet& par);
 
   bool empty() const { return rows_.empty(); }
-  /// Computes all of them at the fitted parameters. What cannot be computed is told on the error stream; false then.
-  bool compute(const ParameterSet& par, const std::optional<CovarianceMatrix>& covariance,
-               EvaluationListener& listener);
+  /// Computes all of them. What cannot be computed is told on the error stream; false then.
+  bool compute(const FittedValues& fitted, EvaluationListener& listener);
 
   /// The table as a terminal shows it.
   std::string screen() const;
@@ -34,7 +41,11 @@ class DerivedTable {
     QuantityValue result;
   };
 
+  std::optional<double> scaledError(const Row& row) const;
+
   std::vector<Row> rows_;
+  bool refined_ = false;
+  std::optional<double> scale_;
 };
 
 }  // namespace vk

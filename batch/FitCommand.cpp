@@ -80,11 +80,13 @@ void TerminalFit::refine(XErrors xErrors) {
 }
 
 void TerminalFit::derive() {
-  std::optional<CovarianceMatrix> covariance = linearised_;
-  if (outcome_.converged)
-    covariance = refined_.covariance.size() > 0 ? std::optional(refined_.covariance) : std::nullopt;
-  const ParameterSet& par = outcome_.converged ? refined_.par : result_.par;
-  outcome_.derivedFailed = !wishes_.derived.compute(par, covariance, listener_);
+  FittedValues fitted{.par = outcome_.converged ? refined_.par : result_.par,
+                      .covariance = linearised_,
+                      .refined = outcome_.converged,
+                      .reducedChiSquare = refined_.reducedChiSquare};
+  if (fitted.refined)
+    fitted.covariance = refined_.covariance.size() > 0 ? std::optional(refined_.covariance) : std::nullopt;
+  outcome_.derivedFailed = !wishes_.derived.compute(fitted, listener_);
   outcome_.screen += wishes_.derived.screen();
 }
 

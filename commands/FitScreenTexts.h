@@ -12,6 +12,7 @@ inline const std::string kMinimisation = "Minimizzazione";
 
 inline const std::string kParameterHead = "Par";
 inline const std::string kErrorHead = "Errore";
+inline const std::string kScaledHead = "Err. Scalato";
 inline const std::string kMatrixHead = "Mat. Cor.%";
 
 // Figures of a fit, in the rows of its status block.

@@ -15,7 +15,6 @@ namespace vk {
 namespace {
 
 constexpr const char* kHeading = "Minimo e Errori Lineari";
-const std::string kScaledHead = "Err. Scalato";
 const std::string kPoint = " Punto ";
 
 const std::string kNoFigure = "__________";

@@ -34,6 +34,27 @@ TEST(BatchDerive, PrintsATableUnderTheReportOfTheFit) {
 )");
 }
 
+TEST(BatchDerive, AtTheMinimumErrorsAreScaledToo) {
+  // Chi-square is 6, for two degrees of freedom.
+  const std::string words = "fit '" +
+                            temporaryFile("MEAN.DAT",
+                                          "x\r\ny\r\n 3\r\n1 2 .1\r\n2 2.1732050808 .1\r\n"
+                                          "3 1.8267949192 .1\r\n") +
+                            "' --catalogue 1,1 --par c=1 --derive 'twice=2*c' --refine ";
+  const BatchRun run = batch(words);
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_THAT(run.output, EndsWith(R"(
+┌──────────────────────────────────────────────────────────────┐
+│            Grandezze Derivate con Errori Lineari             │
+├───────┬──────────────┬──────────────┬──────────────┬─────────┤
+│ Nome  │    Valore    │    Errore    │ Err. Scalato │ Formula │
+├───────┼──────────────┼──────────────┼──────────────┼─────────┤
+│ twice │ 0.400000E+01 │ 0.115470E+00 │ 0.200000E+00 │ 2*c     │
+└───────┴──────────────┴──────────────┴──────────────┴─────────┘
+)"));
+  EXPECT_THAT(batch(words + "--json").output, HasSubstr("\"error_scaled\": 0.2"));
+}
+
 TEST(BatchDerive, GivesAListInTheObject) {
   const BatchRun run = batch(line() + "--json --derive ' µ = 0*b ' --derive 'one=1'");
   EXPECT_EQ(run.exitCode, 0) << run.errors;

@@ -79,8 +79,8 @@ TEST(FitResultFile, AFileThatIsNoJsonIsRefused) {
   EXPECT_EQ(refusal("A = 3"), "R.JSON: JSON errato al byte 1");
   EXPECT_EQ(refusal("{\"parameters\": [}"), "R.JSON: JSON errato al byte 17");
   EXPECT_EQ(refusal(std::string("\x89PNG\r\n\x1A\n\0\0", 10)), "R.JSON: JSON errato al byte 1");
-  EXPECT_EQ(refusal(with(kResult, "\"A\"", "\"\xE6\"")), "R.JSON: JSON errato al byte 29");
-  EXPECT_EQ(refusal(with(kResult, "514.13", "NaN")), "R.JSON: JSON errato al byte 42");
+  EXPECT_EQ(refusal(with(kResult, "\"A\"", "\"\xE6\"")), "R.JSON: JSON errato al byte 31");
+  EXPECT_EQ(refusal(with(kResult, "514.13", "NaN")), "R.JSON: JSON errato al byte 43");
   EXPECT_EQ(refusal(with(kResult, "514.13", "1e999")), "R.JSON: un numero e` fuori dai limiti");
   EXPECT_EQ(refusal(std::string(100000, '[')), "R.JSON: JSON errato al byte 100001");
   EXPECT_EQ(refusal(std::string(100000, '[') + std::string(100000, ']')), "R.JSON: si attende un oggetto");

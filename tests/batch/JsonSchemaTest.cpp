@@ -135,6 +135,8 @@ TEST(JsonSchema, HoldsWithoutADegreeOfFreedom) {
 
 TEST(JsonSchema, HoldsForPropagation) {
   EXPECT_EQ(objectOf("propagate --function 'a*x' --par a=2,.5 --par x=3,-.25 --seed 7")["schema_version"], 1);
+  const std::string fit = temporaryFile("FIT.JSON", objectOf(kDecayFit).dump());
+  EXPECT_EQ(objectOf("propagate --from-fit '" + fit + "' --function 'LOG(2)/k' --seed 7")["fit_file"], fit);
   EXPECT_EQ(objectOf("propagate --catalogue 1,1 --par c=3", 1)["samples"], nullptr);
   EXPECT_EQ(objectOf("propagate --function 'SQR(a)' --par a=0,1", 1)["value"], nullptr);
 }

@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <cmath>
+#include <nlohmann/json.hpp>
+
 #include "batch/BatchRun.h"
 
 namespace vk {
@@ -51,6 +54,27 @@ TEST(BatchFromFit, OneParameterIsAsOneThatIsTyped) {
   EXPECT_EQ(run.exitCode, 0) << run.errors;
   const std::size_t same = typed.output.rfind("\n}");
   EXPECT_EQ(run.output, typed.output.substr(0, same) + ",\n  \"fit_file\": \"" + resultFile() + "\"\n}\n");
+}
+
+TEST(BatchFromFit, AFitGoesOnToItsQuantities) {
+  for (const char* option : {"", " --refine"}) {
+    const std::string fit =
+        batch(
+            "fit examples/decay.dat --file examples/lab.fcn --entry 1 --par A=400 --par k=0.2 --par b=5 "
+            "--derive 'ratio=A/k' --json" +
+            std::string(option))
+            .output;
+    const BatchRun run = batch("propagate --from-fit '" + temporaryFile("FIT.JSON", fit) +
+                               "' --function 'A/k' --seed 1 --json");
+    ASSERT_EQ(run.exitCode, 0) << run.errors;
+    const auto derived = nlohmann::json::parse(fit)["derived"][0];
+    const auto found = nlohmann::json::parse(run.output);
+    const double error = derived["error"];
+    EXPECT_DOUBLE_EQ(found["value"], derived["value"]) << option;
+    EXPECT_NEAR(found["error_sigma"].get<double>() / error, 1, 1E-5) << option;
+    // Four deviations of the spread, and a hundredth for what is not linear.
+    EXPECT_NEAR(found["samples"]["spread"].get<double>() / error, 1, 4 / std::sqrt(2E4) + 0.01) << option;
+  }
 }
 
 TEST(BatchFromFit, OtherVariablesAreIndependent) {

@@ -126,7 +126,7 @@ TEST(BatchRefine, DerivesQuantitiesFromTheMinimum) {
   EXPECT_EQ(batch(farLine(derived)).output, "");
   const BatchRun run = batch(farLine(derived + "--refine"));
   EXPECT_EQ(run.exitCode, 0) << run.errors;
-  EXPECT_THAT(run.output, HasSubstr("│ T    │ 0.199000E+01 │ 0.316228E-01 │ a       │"));
+  EXPECT_THAT(run.output, HasSubstr("│ T    │ 0.199000E+01 │ 0.316228E-01 │ 0.597216E-01 │ a       │"));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "analysis/WeightedResiduals.h"
@@ -31,8 +32,8 @@ struct RefinedFit {
 
 /// Makes the chi-square least, from the starting values `start` and from the result of the fit where it has one
 /// (status not `kFailed`). Parameters that are constant in `start` stay. Errors in x count at the slope of the present
-/// parameters, or by the distance from the curve.
-RefinedFit refine(const FitProblem& problem, const ParameterSet& start, const FitResult* fit,
-                  XErrors xErrors);
+/// parameters, or by the distance from the curve. `working` runs now and then, of which many points make a long time.
+RefinedFit refine(const FitProblem& problem, const ParameterSet& start, const FitResult* fit, XErrors xErrors,
+                  const std::function<void()>& working = {});
 
 }  // namespace vk

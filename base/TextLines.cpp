@@ -17,6 +17,18 @@ std::optional<std::string_view> TextLines::next() {
   return line;
 }
 
+std::vector<std::string> wrapped(const std::string& text, int width) {
+  std::vector<std::string> lines(1);
+  std::string_view rest = text;
+  for (;;) {
+    const std::string word(takeField(rest, [](char c) { return c == ' '; }));
+    if (word.empty()) return lines;
+    const bool begun = lines.back().find_first_not_of(' ') != std::string::npos;
+    if (begun && length(lines.back()) + 1 + length(word) > width) lines.emplace_back(" ");
+    lines.back() += (lines.back().empty() ? "" : " ") + word;
+  }
+}
+
 std::string_view trimmedLine(std::string_view line) {
   line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
   return line.substr(0, line.find_last_not_of(' ') + 1);

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vk {
 
@@ -36,6 +37,10 @@ std::string_view takeField(std::string_view& rest, Separates separates) {
   rest = {end, rest.end()};
   return {start, end};
 }
+
+/// The text in lines of at most `width` characters, divided at blanks; all but the first one indented. A longer word has a
+/// line of its own.
+std::vector<std::string> wrapped(const std::string& text, int width);
 
 /// The line without the blanks at its ends. Only blanks count: tabs stay.
 std::string_view trimmedLine(std::string_view line);

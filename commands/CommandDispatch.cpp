@@ -6,6 +6,7 @@
 #include "commands/Checkpoint.h"
 #include "commands/DisplayRefresh.h"
 #include "commands/FilePicking.h"
+#include "commands/FitCommand.h"
 #include "commands/StartUp.h"
 #include "session/Session.h"
 #include "session/SoundSignal.h"
@@ -34,6 +35,11 @@ void MainMod::run(Control control) {
   });
   // The entry that is picked may be what failed; it would fail at every reading, and nobody would be asked.
   if (!ended && command.reads != 0) recentList(session_, command.reads).pick = 0;
+}
+
+void MainMod::diagnose() {
+  if (running_ || ports_.panels.isOpen()) return;
+  guarded([this] { showDiagnosis(session_, ports_); });
 }
 
 bool MainMod::guarded(const std::function<void()>& handler) {

@@ -26,6 +26,9 @@ class MainMod {
   /// After a reading command that broke off, the next one of its kind asks for the file.
   void run(Control control);
 
+  /// The key F2 was pressed: opens the diagnosis of the last fit, except where a command runs or a panel is open.
+  void diagnose();
+
   bool isRunning() const { return running_; }
 
   /// Runs any handler of an event. A run-time error that nobody guarded is told and ends the handler, with

@@ -1,6 +1,7 @@
 #include "commands/FitCommand.h"
 
 #include "commands/ExhaustedBox.h"
+#include "commands/FitDiagnosis.h"
 #include "commands/FitScreen.h"
 #include "commands/Preconditions.h"
 
@@ -16,7 +17,25 @@ void fitOnScreen(Session& session, Ports& ports, EvaluationListener& listener) {
   FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par,
                    {ports.output, ports.dialogs, ports.clock});
   const ShutWindow shut(ports.window, Form::kOutput);
-  FitData(session, listener, screen);
+  auto record = std::make_shared<FitRecord>();
+  record->start = session.analysis.par;
+  record->result = FitData(session, listener, screen);
+  record->functionText = session.analysis.fun.FunctionText;
+  record->data = session.loaded.data;
+  record->model = session.analysis.model;
+  session.analysis.lastFit = std::move(record);
+  ports.output.setDetail({kDiagnosisMeaning, [&] { showDiagnosis(session, ports); }});
+}
+
+void showDiagnosis(Session& session, Ports& ports) {
+  const std::shared_ptr<const FitRecord> fit = session.analysis.lastFit;
+  if (!fit) return;
+  const ShutWindow shut(ports.window, Form::kOutput);
+  ExhaustedBox listener(ports.dialogs);
+  Model model = fit->model;
+  const RefinedFit refined = refine({fit->data, model, listener}, fit->start, &fit->result,
+                                    XErrors::kEffective, [&] { ports.output.refresh(); });
+  ports.report.show(fitDiagnosis(*fit, refined));
 }
 
 FitResult FitData(Session& session, EvaluationListener& listener, FitObserver& observer) {

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "gral/PlotWindows.h"
+#include "gral/ReportWindow.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -33,6 +34,7 @@ struct Ports {
   TextEditor& editor;
   SettingsPanels& panels;
   PlotWindows& plots;
+  ReportWindow& report;
   std::function<Device&()> printer;  ///< asked for when a figure is drawn: to find the system's takes time
 };
 

@@ -24,18 +24,6 @@ constexpr int kHeadRows = 3;  // of a section: its rule, its head, a rule
 constexpr int kTextMargin = 3;
 constexpr int kMatrixStep = 6;
 
-/// The text in lines of at most `width` characters, divided at blanks; all but the first one indented.
-std::vector<std::string> wrapped(const std::string& text, int width) {
-  std::vector<std::string> lines(1);
-  std::string_view rest = text;
-  for (;;) {
-    const std::string word(takeField(rest, [](char c) { return c == ' '; }));
-    if (word.empty()) return lines;
-    if (length(lines.back()) + 1 + length(word) > width) lines.emplace_back(" ");
-    lines.back() += (lines.back().empty() ? "" : " ") + word;
-  }
-}
-
 /// A warning or a reason in the lines of a section.
 void addRemark(std::vector<std::string>& lines, const std::string& text, int width) {
   for (const std::string& line : wrapped("- " + text, width)) lines.push_back(line);

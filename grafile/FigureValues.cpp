@@ -16,16 +16,6 @@ constexpr int kMostFailedPoints = 5;
 constexpr int kLeastCurveSegments = 50;
 constexpr int kBandSegments = 200;  // about a millimetre each on a page of A4
 
-/// A range of zero has no scale, nor has one that holds nothing but the rounding of its values and could not
-/// be told with 15 digits: it is opened around its value.
-void openRange(double& low, double& high) {
-  constexpr double kRounding = 1E-13;
-  if (high - low > kRounding * std::max(std::abs(low), std::abs(high))) return;
-  const double d = low == 0 ? 1 : std::abs(low) / 2;
-  low -= d;
-  high += d;
-}
-
 void findXLimits(const DataSet& data, FigureValues& values) {
   guard(values.failed, [&] { RangeOf(values.Xi, values.Xf, data.Xpnt, data.NumPnt); });
   openRange(values.Xi, values.Xf);

@@ -30,6 +30,14 @@ void NiceLimits(double& low, double& high, Int16& divisions) {
   high = newHigh;
 }
 
+void openRange(double& low, double& high) {
+  constexpr double kRounding = 1E-13;
+  if (high - low > kRounding * std::max(std::abs(low), std::abs(high))) return;
+  const double d = low == 0 ? 1 : std::abs(low) / 2;
+  low -= d;
+  high += d;
+}
+
 void RangeOf(double& min, double& max, const Array<double>& values, int count) {
   const auto range = values.span(1, count);
   if (range.empty()) return;

@@ -54,6 +54,17 @@ void CharGrid::frame(const GridFrame& frame) {
   }
 }
 
+void CharGrid::place(const CharGrid& other, int row, int col) {
+  const int down = row - 1, right = col - 1;
+  for (const GridFrame& f : other.frames())
+    frame({f.row1 + down, f.col1 + right, f.row2 + down, f.col2 + right, f.style});
+  for (int i = 1; i <= other.rows(); ++i) {
+    for (int j = 1; j <= other.cols(); ++j) {
+      if (other.covers(i, j) && contains(i + down, j + right)) cell(i + down, j + right) = other.cell(i, j);
+    }
+  }
+}
+
 char CharGrid::at(int row, int col) const {
   return contains(row, col) ? cell(row, col).character : ' ';
 }

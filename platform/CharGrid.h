@@ -31,6 +31,9 @@ class CharGrid {
   /// Draws a frame over what is there; characters other than blanks stay readable.
   void frame(const GridFrame& frame);
 
+  /// Draws another grid over this one, its first cell on this one.
+  void place(const CharGrid& other, int row, int col);
+
   /// The character of a cell, a blank where none was printed.
   char at(int row, int col) const;
   /// True when a character was printed there after the last frame through that cell.

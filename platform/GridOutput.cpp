@@ -9,6 +9,7 @@ namespace vk {
 
 void GridOutput::OutShow(const OutputRequest& request) {
   request_ = request;
+  detail_ = {};
   textMode_ = !trim(request.text.bytes()).empty();
   grid_ = CharGrid(request.rows, request.cols);
   CharLocate(1, 1);

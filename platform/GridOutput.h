@@ -16,6 +16,7 @@ class GridOutput : public OutputWindow {
   void CharFrame(int row1, int col1, int row2, int col2, int style, const Cp437Text& title) override;
   void refresh() override {}
   void setSaveRoutine(std::function<void()> routine) override { saveRoutine_ = std::move(routine); }
+  void setDetail(OutputDetail detail) override { detail_ = std::move(detail); }
   void FrmOut_Exit() override { open_ = false; }
   int opened() const override { return opened_; }
   void closeSince(int opened) override {
@@ -27,6 +28,7 @@ class GridOutput : public OutputWindow {
   const OutputRequest& request() const { return request_; }
   const CharGrid& grid() const { return grid_; }
   const std::function<void()>& saveRoutine() const { return saveRoutine_; }
+  const OutputDetail& detail() const { return detail_; }
 
  private:
   OutputRequest request_;
@@ -37,6 +39,7 @@ class GridOutput : public OutputWindow {
   bool open_ = false;
   bool textMode_ = false;
   std::function<void()> saveRoutine_;
+  OutputDetail detail_;
 };
 
 }  // namespace vk

@@ -24,6 +24,12 @@ struct OutputRequest {
   bool beside = false;
 };
 
+/// What F2 and the menu key open beside an output window whose command has more to tell.
+struct OutputDetail {
+  WindowText meaning{};  ///< for the user
+  std::function<void()> open{};
+};
+
 /// The three buttons of nearly every report.
 inline const std::vector<WindowText> kReportButtons{kContinueButton, kPrintButton, kCopyButton};
 
@@ -54,6 +60,9 @@ class OutputWindow {
 
   /// What "Salva &File" runs; set by the command that offers the button.
   virtual void setSaveRoutine(std::function<void()> routine) = 0;
+
+  /// What the window can tell beyond what it shows; gone with what it shows.
+  virtual void setDetail(OutputDetail detail) = 0;
 
   /// Closes the window and refreshes its owner. Does nothing when it is closed.
   virtual void FrmOut_Exit() = 0;

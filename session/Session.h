@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "analysis/MonteCarloResult.h"
 #include "analysis/ParameterSet.h"
 #include "analysis/SimulationSettings.h"
@@ -10,6 +12,7 @@
 #include "session/DesktopSettings.h"
 #include "session/FigureSettings.h"
 #include "session/FileSettings.h"
+#include "session/FitRecord.h"
 #include "session/LoadedFiles.h"
 
 namespace vk {
@@ -29,6 +32,7 @@ struct AnalysisState {
   SimulationSettings sim;
   Flag SimFirstTime = kTrue;
   MonteCarloResult monteCarlo;
+  std::shared_ptr<const FitRecord> lastFit;  ///< none before the first
 };
 
 /// All that a running program knows. Whoever needs a part of it is given that part; two sessions can live side by

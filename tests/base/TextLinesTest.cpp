@@ -48,6 +48,13 @@ TEST(TextLines, KeepEveryByte) {
   EXPECT_THAT(linesOf(longLine + "\r\n"), ElementsAre(longLine));
 }
 
+TEST(WrappedText, IsDividedAtBlanksAndIndentedBehindItsFirstLine) {
+  EXPECT_THAT(wrapped("uno due tre quattro", 9), ElementsAre("uno due", "  tre", "  quattro"));
+  EXPECT_THAT(wrapped("precipitevolissimevolmente no", 10),
+              ElementsAre("precipitevolissimevolmente", "  no"));
+  EXPECT_THAT(wrapped("", 10), ElementsAre(""));
+}
+
 TEST(DataLines, AreCleanWithoutTheBlanksAtTheirEndsAndWithTabsAsBlanks) {
   EXPECT_EQ(cleanLine("  a\tb  c \t "), "a b  c  ");
   EXPECT_EQ(cleanLine("   "), "");

@@ -8,6 +8,7 @@
 #include "commands/Ports.h"
 #include "doubles/Doubles.h"
 #include "doubles/MemoryFiles.h"
+#include "doubles/RecordingReport.h"
 #include "doubles/ScriptedDialogs.h"
 #include "gral/NoPrinter.h"
 #include "platform/GridOutput.h"
@@ -58,6 +59,7 @@ class TestPorts {
                pick<TextEditor>(forms_, given...),
                pick<SettingsPanels>(forms_, given...),
                pick<PlotWindows>(plots_, given...),
+               pick<ReportWindow>(report_, given...),
                [&printer = pick<Device>(printer_, given...)]() -> Device& { return printer; }} {}
   TestPorts(const TestPorts&) = delete;
   TestPorts& operator=(const TestPorts&) = delete;
@@ -86,6 +88,7 @@ class TestPorts {
   RecordingProcess process_;
   ScriptedRandom random_{};
   UnexpectedPlots plots_;
+  RecordingReport report_;
   NoPrinter printer_;
   Ports ports_;
 };

@@ -21,6 +21,17 @@ TEST(CharGrid, DropsWhatFallsOutside) {
   EXPECT_EQ(grid.toUtf8(), " ab\nr\n");
 }
 
+TEST(CharGrid, TakesInAnotherOne) {
+  CharGrid inner(3, 4), outer(4, 6);
+  inner.frame({1, 1, 3, 4, 3});
+  inner.print(2, 2, "ab");
+  outer.print(1, 1, "x");
+  outer.place(inner, 2, 2);
+  EXPECT_EQ(outer.toUtf8(), "x\n ┌──┐\n │ab│\n └──┘\n");
+  outer.place(inner, 4, 6);
+  EXPECT_EQ(outer.at(4, 6), ' ') << "what falls outside is dropped";
+}
+
 TEST(CharGrid, JoinsFramesWhereTheyMeet) {
   CharGrid grid(5, 7);
   grid.frame({1, 1, 5, 7, 3});

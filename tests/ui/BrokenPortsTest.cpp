@@ -4,6 +4,7 @@
 #include "commands/CommandTable.h"
 #include "commands/DisplayRefresh.h"
 #include "doubles/ControlNames.h"
+#include "doubles/RecordingReport.h"
 #include "session/Session.h"
 #include "ui/Editor.h"
 #include "ui/FaultyPorts.h"
@@ -39,10 +40,11 @@ class BrokenProgram {
   FaultyEditorForm editorForm{faults.editor};
   Editor editor{session, {files, dialogs, window, output, clipboard, textPrinter, sound}};
   FaultyPlots plots{faults.plots};
+  RecordingReport report;
   FaultyDevice printer{faults.printer, PrinterMetrics{}};
   MainMod mainMod{session,
                   {files, dialogs, window, input, output, functions, clock, sound, process, random, editor,
-                   panels, plots, [this]() -> Device& { return printer; }}};
+                   panels, plots, report, [this]() -> Device& { return printer; }}};
 };
 
 BrokenProgram::BrokenProgram() {

@@ -153,6 +153,7 @@ class FaultyOutput : public OutputModel {
   void setSaveRoutine(std::function<void()> routine) override {
     fault_.pass(), OutputModel::setSaveRoutine(std::move(routine));
   }
+  void setDetail(OutputDetail detail) override { fault_.pass(), OutputModel::setDetail(std::move(detail)); }
 
  private:
   PortFault& fault_;

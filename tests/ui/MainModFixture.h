@@ -7,6 +7,7 @@
 #include "doubles/MemoryFiles.h"
 #include "doubles/RecordingEditorForm.h"
 #include "doubles/RecordingPlots.h"
+#include "doubles/RecordingReport.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
 #include "session/Session.h"
@@ -79,11 +80,12 @@ class MainModTest : public testing::Test {
   RecordingEditorForm editorForm;
   Editor editor{session, {files, dialogs, window, output, clipboard, printer, sound}};
   RecordingPlotWindows plots;
+  RecordingReport report;
   RecorderDevice figurePrinter{PrinterMetrics{}};
   std::function<void()> atShowing = [] {};
   MainMod mainMod{session,
                   {files, dialogs, window, input, output, functions, clock, sound, process, random, editor,
-                   panels, plots, [this]() -> Device& { return figurePrinter; }}};
+                   panels, plots, report, [this]() -> Device& { return figurePrinter; }}};
 };
 
 }  // namespace vk

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
+#include <QShortcut>
 #include <QStatusBar>
 #include <algorithm>
 
@@ -60,6 +61,9 @@ Vor_Kel::Vor_Kel(EventPump& pump) : pump_(pump), backdrop_(new Backdrop(this)) {
   setMenuBar(new TopMenuBar(this));
   buildMenus();
   buildStatusBar();
+  connect(new QShortcut(Qt::Key_F2, this), &QShortcut::activated, this, [this] {
+    if (diagnosis) diagnosis();
+  });
   setCaption(kProgramTitle);
 }
 

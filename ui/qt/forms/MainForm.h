@@ -48,6 +48,8 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
 
   /// Runs the command of a control.
   std::function<void(Control)> command;
+  /// The user asks for more than the last fit showed, by F2.
+  std::function<void()> diagnosis;
   /// The window is being closed: ends the program, or gives false and it stays.
   std::function<bool()> unload;
   /// The user turns to the window while this form holds it shut.

@@ -1,7 +1,6 @@
 #include "ui/qt/forms/OutputForm.h"
 
 #include <QCloseEvent>
-#include <QShortcut>
 
 #include "ui/qt/widgets/AccessButton.h"
 #include "ui/qt/widgets/Fonts.h"
@@ -22,7 +21,7 @@ constexpr double kButtonGap = 120;
 FrmOut::FrmOut(const OutputServices& services)
     : QWidget(nullptr, kOwnedWindow),
       services_(services),
-      surface_(new OutputSurface(this, model_)),
+      surface_(new OutputSurface(this, model_.grid())),
       text_(new QPlainTextEdit(this)) {
   setObjectName("FrmOut");
   QPalette colours = palette();
@@ -35,10 +34,16 @@ FrmOut::FrmOut(const OutputServices& services)
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
     connect(new QShortcut(key, this), &QShortcut::activated, this, [this] { pressFirst(); });
   }
+  for (const Qt::Key key : {Qt::Key_F2, Qt::Key_Menu}) {
+    detailKeys_.push_back(new QShortcut(key, this));
+    connect(detailKeys_.back(), &QShortcut::activated, this,
+            [this] { services_.runEvent(model_.detail().open); });
+  }
 }
 
 void FrmOut::OutShow(const OutputRequest& request) {
   model_.OutShow(request);
+  showDetail();
   setFont(toolkitFont(services_.FontEdit));
   cell_ = cellOf(font());
   setWindowTitle(fromText(request.caption));
@@ -66,6 +71,18 @@ void FrmOut::OutShow(const OutputRequest& request) {
   raise();
   activateWindow();
   changed();
+}
+
+void FrmOut::setDetail(OutputDetail detail) {
+  model_.setDetail(std::move(detail));
+  showDetail();
+}
+
+void FrmOut::showDetail() {
+  const OutputDetail& detail = model_.detail();
+  surface_->setToolTip(fromText(detail.meaning));
+  setAccessibleDescription(fromText(detail.meaning));
+  for (QShortcut* key : detailKeys_) key->setEnabled(detail.open != nullptr);
 }
 
 void FrmOut::showContent() {

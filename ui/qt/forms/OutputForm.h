@@ -3,6 +3,7 @@
 
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QWidget>
 #include <vector>
 
@@ -32,6 +33,8 @@ class FrmOut : public QWidget {
 
   void OutShow(const OutputRequest& request);
   void FrmOut_Exit();
+  /// Tells the user of the keys that open more, and takes them.
+  void setDetail(OutputDetail detail);
   /// Marks the surface as changed.
   void changed();
 
@@ -43,6 +46,7 @@ class FrmOut : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void showDetail();
   void showContent();
   void showButtons(const OutputLayout& layout);
   void addButton();
@@ -55,6 +59,7 @@ class FrmOut : public QWidget {
   OutputSurface* surface_;
   QPlainTextEdit* text_;
   std::vector<QPushButton*> buttons_;
+  std::vector<QShortcut*> detailKeys_;  ///< on where there is a detail
 };
 
 }  // namespace vk

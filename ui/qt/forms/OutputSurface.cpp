@@ -28,7 +28,7 @@ QAccessibleInterface* surfaceText(const QString&, QObject* object) {
 
 }  // namespace
 
-OutputSurface::OutputSurface(QWidget* form, const OutputModel& model) : QWidget(form), model_(model) {
+OutputSurface::OutputSurface(QWidget* form, const CharGrid& grid) : QWidget(form), grid_(grid) {
   setObjectName("Surface");
   setAttribute(Qt::WA_OpaquePaintEvent);
   QAccessible::installFactory(surfaceText);
@@ -40,13 +40,13 @@ void OutputSurface::setCell(CellSize cell) {
 }
 
 QString OutputSurface::gridText() const {
-  return QString::fromStdString(model_.grid().toUtf8());
+  return QString::fromStdString(grid_.toUtf8());
 }
 
 void OutputSurface::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::white);
-  GridPainter(painter, font(), cell_).grid(model_.grid(), 0, 0, kWhite);
+  GridPainter(painter, font(), cell_).grid(grid_, 0, 0, kWhite);
 }
 
 }  // namespace vk

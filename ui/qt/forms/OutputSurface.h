@@ -2,14 +2,16 @@
 
 #include <QWidget>
 
-#include "ui/OutputModel.h"
+#include "platform/CharGrid.h"
+#include "ui/layout/CharFrame.h"
 
 namespace vk {
 
-/// What an output window draws its grid on. Assistive tools read the grid as the description of the surface.
+/// What a window draws a grid of characters on. Assistive tools read the grid as the description of the surface.
 class OutputSurface : public QWidget {
  public:
-  OutputSurface(QWidget* form, const OutputModel& model);
+  /// The grid, whose content may change, outlives the surface.
+  OutputSurface(QWidget* form, const CharGrid& grid);
 
   /// Cells of this size, in the font of the form.
   void setCell(CellSize cell);
@@ -20,7 +22,7 @@ class OutputSurface : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  const OutputModel& model_;
+  const CharGrid& grid_;
   CellSize cell_;
 };
 

@@ -11,7 +11,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
       forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &editForm_, &message_},
       mainMod_(session_,
                {files_, dialogs_, window_, inputForm_, output_, functions_, clock_, sound_, process_, random_,
-                editor_, panels_, plots_, [this]() -> Device& { return figurePrinter(); }}) {
+                editor_, panels_, plots_, report_, [this]() -> Device& { return figurePrinter(); }}) {
   windows_.add(Form::kMain, &window_);
   windows_.add(Form::kInput, &inputForm_);
   windows_.add(Form::kOutput, &output_.form());
@@ -24,6 +24,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
   panels_.setView(window_);
   editor_.setForm(editForm_);
   window_.command = [this](Control control) { mainMod_.run(control); };
+  window_.diagnosis = [this] { mainMod_.diagnose(); };
   window_.unload = [this] {
     // A figure that is being drawn needs its window to the end of its command.
     if (mainMod_.isRunning()) return false;
@@ -58,6 +59,7 @@ void Application::unload() {
   for (QWidget* form : forms_) form->hide();
   output_.hideAll();
   plots_.closeAll();
+  report_.hide();
   quit_(0);
 }
 

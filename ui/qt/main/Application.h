@@ -27,6 +27,7 @@
 #include "ui/qt/ports/QtPaper.h"
 #include "ui/qt/ports/QtPlotWindow.h"
 #include "ui/qt/ports/QtPrinter.h"
+#include "ui/qt/ports/QtReportWindow.h"
 #include "ui/qt/widgets/EventPump.h"
 
 namespace vk {
@@ -90,6 +91,9 @@ class Application {
   QtPaper paper_{printer_};
   std::optional<PrinterDevice> figurePrinter_;  ///< none before the first figure
   QtPlotWindows plots_{graphics_, pump_, runner()};
+
+  QtReportWindow report_{{settings_.FontEdit, settings_.FontLabel, windows_, graphics_, printer_,
+                          [this]() -> Device& { return figurePrinter(); }, runner()}};
 
   QtFunctionForms functions_{selectForm_, loadForm_};
   MainPanels panels_{session_, files_, window_};

@@ -22,6 +22,7 @@ class QtOutput : public OutputWindow {
   void CharFrame(int row1, int col1, int row2, int col2, int style, const Cp437Text& title) override;
   void refresh() override;
   void setSaveRoutine(std::function<void()> routine) override { model().setSaveRoutine(std::move(routine)); }
+  void setDetail(OutputDetail detail) override { form().setDetail(std::move(detail)); }
   void FrmOut_Exit() override { present_->FrmOut_Exit(); }
   int opened() const override { return opened_; }
   void closeSince(int opened) override;

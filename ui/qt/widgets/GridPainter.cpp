@@ -3,6 +3,8 @@
 #include <QFontMetricsF>
 
 #include "base/CodePage.h"
+#include "ui/qt/widgets/Fonts.h"
+#include "ui/qt/widgets/Twips.h"
 
 namespace vk {
 
@@ -57,6 +59,18 @@ void GridPainter::grid(const CharGrid& grid, double left, double top, Colour bac
     }
   }
   painter_.restore();
+}
+
+QImage gridImage(const CharGrid& grid, const QFont& font) {
+  constexpr int kRatio = 2;
+  const CellSize cell = cellOf(font);
+  const QSize size(toPixels(Twips(grid.cols() * cell.width)), toPixels(Twips(grid.rows() * cell.height)));
+  QImage image(size * kRatio, QImage::Format_RGB32);
+  image.setDevicePixelRatio(kRatio);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  GridPainter(painter, font, cell).grid(grid, 0, 0, kWhite);
+  return image;
 }
 
 }  // namespace vk

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QImage>
 #include <QPainter>
 
 #include "base/Length.h"
@@ -34,5 +35,8 @@ class GridPainter {
   double unit_;
   double baseline_;
 };
+
+/// A picture of the grid in a fixed-width font, for documents: two points of it are one of the screen's.
+QImage gridImage(const CharGrid& grid, const QFont& font);
 
 }  // namespace vk

@@ -4,7 +4,6 @@
 
 #include "base/CodePage.h"
 #include "base/Text.h"
-#include "session/Session.h"
 
 namespace vk {
 namespace {
@@ -35,12 +34,12 @@ int freeNumber(const ParameterSet& par, int i) {
 
 Json parameter(const FitOrigin& origin, const FitResult& result, const Covariance& linearised, int i) {
   const int k = freeNumber(origin.start, i);
-  const bool hasErrors = k > 0 && result.status != FitStatus::kFailed;
+  const bool hasError = k > 0 && result.status != FitStatus::kFailed;
   return Json::Object{
       {"name", nameOf(result.par, i)},
       {"value", result.par.ParValues[i]},
-      {"error", hasErrors ? Json(result.par.ParDeltas[i]) : Json()},
-      {"error_linearised", hasErrors && linearised ? Json(linearised->deviation(k)) : Json()},
+      {"error", hasError ? Json(result.par.ParDeltas[i]) : Json()},
+      {"error_linearised", k > 0 && linearised ? Json(linearised->deviation(k)) : Json()},
       {"free", k > 0},
       {"start", origin.start.ParValues[i]},
   };
@@ -79,7 +78,6 @@ Json wordOf(const FitText& text) {
 }  // namespace
 
 Json fitReport(const FitOrigin& origin, const FitResult& result, const Covariance& linearised) {
-  const bool hasLinearised = linearised && result.status != FitStatus::kFailed;
   return Json::Object{
       {"schema_version", kSchemaVersion},
       {"data_file", origin.dataFile.empty() ? Json() : Json(origin.dataFile)},
@@ -89,7 +87,7 @@ Json fitReport(const FitOrigin& origin, const FitResult& result, const Covarianc
       {"parameters",
        list(result.par.ParCount, [&](int i) { return parameter(origin, result, linearised, i); })},
       {"correlation", matrix(result.correlation)},
-      {"correlation_linearised", hasLinearised ? matrix(linearised->correlation()) : Json()},
+      {"correlation_linearised", linearised ? matrix(linearised->correlation()) : Json()},
       {"chi_square", result.chi_square},
       {"degrees_of_freedom", result.degrees_of_freedom},
       {"reduced_chi_square", orNull(result.reduced_chi_square)},

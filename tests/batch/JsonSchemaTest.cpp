@@ -1,11 +1,10 @@
 #include <gmock/gmock.h>
 
+#include <rapidjson/document.h>
+#include <rapidjson/schema.h>
+
 #include <nlohmann/json.hpp>
 #include <set>
-#include <valijson/adapters/nlohmann_json_adapter.hpp>
-#include <valijson/schema.hpp>
-#include <valijson/schema_parser.hpp>
-#include <valijson/validator.hpp>
 
 #include "analysis/FitWarnings.h"
 #include "batch/BatchRun.h"
@@ -29,11 +28,13 @@ Document schemaOf(const std::string& command = "") {
   return schema;
 }
 
-bool fits(const Document& object, const Document& schemaText) {
-  const valijson::adapters::NlohmannJsonAdapter text(schemaText), target(object);
-  valijson::Schema schema;
-  valijson::SchemaParser().populateSchema(text, schema);
-  return valijson::Validator().validate(schema, target, nullptr);
+bool fits(const Document& object, const Document& schema) {
+  rapidjson::Document rules, values;
+  rules.Parse(schema.dump().c_str());
+  values.Parse(object.dump().c_str());
+  const rapidjson::SchemaDocument compiled(rules);
+  rapidjson::SchemaValidator validator(compiled);
+  return !values.HasParseError() && values.Accept(validator);
 }
 
 /// A run that prints an object, its command first.
@@ -205,7 +206,9 @@ void collect(const Document& part, std::set<std::string>& names) {
     for (const auto& member : part["properties"].items()) names.insert(member.key());
   }
   if (part.is_object() && part.contains("enum")) {
-    for (const Document& word : part["enum"]) names.insert(word.is_null() ? "null" : word.get<std::string>());
+    for (const Document& word : part["enum"]) {
+      if (word.is_string()) names.insert(word);
+    }
   }
   if (part.is_structured()) {
     for (const Document& inner : part) collect(inner, names);

@@ -10,5 +10,9 @@ namespace vk {
 void writeCertifiedProblems(std::ostream& page);
 /// Errors, correlations, probabilities and bands of fits of simulated data, whose true values are known.
 void writeCalibration(std::ostream& page);
+/// Errors and correlations of the same fits asked in other ways.
+void writeOtherWays(std::ostream& page);
+/// Propagated errors by derivatives and by simulation.
+void writePropagation(std::ostream& page);
 
 }  // namespace vk

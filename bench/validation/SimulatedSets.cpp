@@ -3,21 +3,11 @@
 #include "analysis/NormalDeviate.h"
 #include "analysis/Simulation.h"
 #include "bench/validation/Statistics.h"
-#include "commands/RandomSource.h"
-#include "platform/system/SystemRandom.h"
 
 namespace vk {
 namespace {
 
 constexpr double kScatterOfStart = 0.05;
-
-/// The generator of the program at the beginning of a sequence.
-struct SeededSource {
-  explicit SeededSource(int seed) { random.seed(static_cast<float>(seed)); }
-
-  SystemRandom random;
-  RandomSource source{random};
-};
 
 }  // namespace
 

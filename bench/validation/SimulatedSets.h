@@ -8,9 +8,19 @@
 #include <vector>
 
 #include "analysis/SimulationSettings.h"
+#include "commands/RandomSource.h"
+#include "platform/system/SystemRandom.h"
 #include "tests/analysis/FitFixture.h"
 
 namespace vk {
+
+/// The generator of the program at the beginning of a sequence.
+struct SeededSource {
+  explicit SeededSource(int seed) { random.seed(static_cast<float>(seed)); }
+
+  SystemRandom random;
+  RandomSource source{random};
+};
 
 /// What is simulated: a model with its true values, where it is measured and how well.
 struct SimulatedModel {

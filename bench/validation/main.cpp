@@ -13,6 +13,8 @@ struct Section {
 constexpr Section kSections[]{
     {"Certified regression problems", vk::writeCertifiedProblems},
     {"Simulated data", vk::writeCalibration},
+    {"The same fit asked in other ways", vk::writeOtherWays},
+    {"Propagation of errors", vk::writePropagation},
 };
 
 }  // namespace

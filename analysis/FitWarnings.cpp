@@ -66,7 +66,7 @@ class Diagnosis {
       : dy_(data.ErrYpnt.span(1, data.NumPnt)), fit_(fit), refined_(refined) {
     const bool equal = !dy_.empty() && std::ranges::count(dy_, dy_.front()) == data.NumPnt;
     scaled_ = equal && refined.reducedChiSquare;
-    invented_ = equal && dy_.front() == 1;
+    invented_ = haveInventedErrors(data);
   }
 
   std::vector<FitWarning> warnings() && {
@@ -135,6 +135,11 @@ class Diagnosis {
 };
 
 }  // namespace
+
+bool haveInventedErrors(const DataSet& data) {
+  const auto dy = data.ErrYpnt.span(1, data.NumPnt);
+  return !dy.empty() && std::ranges::all_of(dy, [](double error) { return error == 1; });
+}
 
 std::vector<FitWarning> fitWarnings(const DataSet& data, const FitResult& fit, const RefinedFit& refined) {
   return Diagnosis(data, fit, refined).warnings();

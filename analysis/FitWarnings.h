@@ -34,6 +34,9 @@ struct FitWarning {
 /// since their size is often a guess there, else of `error`.
 std::vector<FitWarning> fitWarnings(const DataSet& data, const FitResult& fit, const RefinedFit& refined);
 
+/// All errors of y are 1.
+bool haveInventedErrors(const DataSet& data);
+
 /// How a thing is called. Italian in ASCII, with "`" for an accent.
 struct FitText {
   std::string_view word;      ///< for programs; it never changes

@@ -100,9 +100,16 @@ void addFit(CLI::App& app, Commands& commands, const Drawing& drawing) {
   fit->add_option("--x-errors", args->xErrors,
                   "Errori di x nel minimo esatto: effective (varianza efficace) o orthogonal (distanza)")
       ->needs(refine);
+  fit->add_flag("--profile", args->profile,
+                "Intervalli di confidenza al 68.27 e al 95 % dal profilo di chi quadro")
+      ->needs(refine);
   addJson(*fit, args->json);
   fit->add_option("--figure", args->figures.figure, "Grafico di dati e funzione: file .PNG, .SVG o .PDF");
   fit->add_option("--save-gra", args->figures.graphicFile, "Lo stesso come file grafico (.GRA)");
+  CLI::Option* band = fit->add_option("--band", args->figures.band,
+                                      "Banda di confidenza della funzione nel grafico: 68 o 95 (per cento)");
+  fit->add_flag("--prediction", args->figures.prediction, "Anche la banda di previsione di un'altra misura")
+      ->needs(band);
   fit->add_option("--differences", args->figures.differences, "Differenze dati-funzione: file dati (.DAT)");
   commands[fit] = [=] {
     args->parameters = start();

@@ -9,20 +9,16 @@
 #include "base/Text.h"
 #include "batch/Assignment.h"
 #include "batch/TerminalPorts.h"
+#include "commands/ColumnTable.h"
 #include "commands/FitScreenTexts.h"
-#include "platform/GridOutput.h"
 #include "platform/Texts.h"
 
 namespace vk {
 namespace {
 
-constexpr int kTitleRule = 3, kHeaderRow = 4, kHeaderRule = 5;
-constexpr int kBesideCells = 3;  // a rule, and a blank on each side
-
 const std::string kTitle = "Grandezze Derivate con Errori Lineari";
 constexpr const char* kNameHead = "Nome";
 constexpr const char* kFormulaHead = "Formula";
-constexpr int kNumberWidth = 12;
 
 Formula compiled(const std::string& word, const std::string& text, const ParameterSet& par) {
   Compilation compilation = compileQuantity(text, par);
@@ -39,49 +35,8 @@ Formula compiled(const std::string& word, const std::string& text, const Paramet
   return Formula(std::move(compilation.code));
 }
 
-/// The head of a column of numbers, in its middle.
-std::string numberHead(const std::string& head) {
-  const int before = (kNumberWidth - length(head)) / 2;
-  return repeat(before, ' ') + head + repeat(kNumberWidth - before - length(head), ' ');
-}
-
 std::string numberText(const std::optional<double>& number) {
   return number ? FormatMask(*number, kNumberMask) : kNoError;
-}
-
-/// The cells of a column, from its head down.
-using Column = std::vector<std::string>;
-
-int widthOf(const Column& column) {
-  int width = 0;
-  for (const std::string& cell : column) width = std::max(width, length(cell));
-  return width;
-}
-
-std::string drawn(const std::vector<Column>& columns) {
-  const int rows = kHeaderRule + static_cast<int>(columns.front().size());
-  int width = 1;
-  for (const Column& column : columns) width += widthOf(column) + kBesideCells;
-  GridOutput output;
-  OutputRequest request;
-  request.rows = rows;
-  request.cols = width;
-  output.OutShow(request);
-  output.CharFrame(1, 1, kTitleRule, width, kFrameStyle, Cp437Text(kTitle));
-  int begin = 1;
-  for (const Column& column : columns) {
-    const int end = begin + widthOf(column) + kBesideCells;
-    output.CharFrame(kTitleRule, begin, kHeaderRule, end, kFrameStyle, {});
-    output.CharFrame(kTitleRule, begin, rows, end, kFrameStyle, {});
-    int row = kHeaderRow;
-    for (const std::string& cell : column) {
-      output.CharLocate(row, begin + 2);
-      output.print(Cp437Text(cell));
-      row += row == kHeaderRow ? kHeaderRule + 1 - kHeaderRow : 1;
-    }
-    begin = end;
-  }
-  return output.grid().toUtf8();
 }
 
 }  // namespace
@@ -122,7 +77,7 @@ std::optional<double> DerivedTable::scaledError(const Row& row) const {
 }
 
 std::string DerivedTable::screen() const {
-  Column names{kNameHead}, values{numberHead(kValueHead)}, errors{numberHead(kErrorHead)},
+  TableColumn names{kNameHead}, values{numberHead(kValueHead)}, errors{numberHead(kErrorHead)},
       scaled{numberHead(kScaledHead)}, formulas{kFormulaHead};
   for (const Row& row : rows_) {
     names.push_back(row.name);
@@ -131,8 +86,9 @@ std::string DerivedTable::screen() const {
     scaled.push_back(numberText(scaledError(row)));
     formulas.push_back(row.text);
   }
-  return refined_ ? drawn({names, values, errors, scaled, formulas})
-                  : drawn({names, values, errors, formulas});
+  const std::vector<TableColumn> columns = refined_ ? std::vector{names, values, errors, scaled, formulas}
+                                                    : std::vector{names, values, errors, formulas};
+  return columnTable(kTitle, columns).toUtf8();
 }
 
 Json DerivedTable::report() const {

@@ -1,10 +1,12 @@
 #include "batch/FitCommand.h"
 
+#include <cmath>
 #include <iostream>
 
 #include "analysis/LinearisedErrors.h"
 #include "batch/DataInput.h"
 #include "batch/FitReport.h"
+#include "batch/ProfileTable.h"
 #include "batch/TerminalPorts.h"
 #include "batch/TerminalProgress.h"
 #include "commands/ExhaustedBox.h"
@@ -31,9 +33,11 @@ class TerminalFit {
   FitOutcome run(Dialogs& dialogs) {
     fit(dialogs);
     if (wishes_.refine) refine(*wishes_.refine);
-    if (outcome_.fitted && (wishes_.report || !wishes_.derived.empty()))
+    if (wishes_.profile && refined_.covariance.size() > 0) profile();
+    if (outcome_.fitted && (wishes_.report || wishes_.band || !wishes_.derived.empty()))
       linearised_ = linearisedCovariance(problem_, result_.par, result_.chi_square);
     if (!wishes_.derived.empty() && (outcome_.fitted || outcome_.converged)) derive();
+    if (outcome_.fitted && wishes_.band) addBand(*wishes_.band);
     if (wishes_.report) report();
     return std::move(outcome_);
   }
@@ -41,8 +45,11 @@ class TerminalFit {
  private:
   void fit(Dialogs& dialogs);
   void refine(XErrors xErrors);
+  void profile();
   void derive();
+  void addBand(const BandWish& wish);
   void report();
+  std::optional<CovarianceMatrix> covariance() const;
 
   Session& session_;
   EvaluationListener& listener_;
@@ -53,6 +60,7 @@ class TerminalFit {
   std::optional<CovarianceMatrix> linearised_;
   RefinedFit refined_;
   std::vector<FitWarning> warnings_;
+  std::vector<ProfileIntervals> intervals_;
   FitOutcome outcome_;
 };
 
@@ -79,15 +87,38 @@ void TerminalFit::refine(XErrors xErrors) {
     std::cerr << "La seconda minimizzazione ha raggiunto il minimo\n";
 }
 
+void TerminalFit::profile() {
+  intervals_ = profileIntervals(problem_, refined_);
+  outcome_.screen += profileScreen(refined_.par, intervals_);
+}
+
+/// The covariances of the true minimum where there is one.
+std::optional<CovarianceMatrix> TerminalFit::covariance() const {
+  if (!outcome_.converged) return linearised_;
+  return refined_.covariance.size() > 0 ? std::optional(refined_.covariance) : std::nullopt;
+}
+
 void TerminalFit::derive() {
-  FittedValues fitted{.par = outcome_.converged ? refined_.par : result_.par,
-                      .covariance = linearised_,
-                      .refined = outcome_.converged,
-                      .reducedChiSquare = refined_.reducedChiSquare};
-  if (fitted.refined)
-    fitted.covariance = refined_.covariance.size() > 0 ? std::optional(refined_.covariance) : std::nullopt;
+  const FittedValues fitted{.par = outcome_.converged ? refined_.par : result_.par,
+                            .covariance = covariance(),
+                            .refined = outcome_.converged,
+                            .reducedChiSquare = refined_.reducedChiSquare};
   outcome_.derivedFailed = !wishes_.derived.compute(fitted, listener_);
   outcome_.screen += wishes_.derived.screen();
+}
+
+// Where nobody knows the errors of the points, their scatter tells that of the function.
+void TerminalFit::addBand(const BandWish& wish) {
+  const auto known = covariance();
+  outcome_.bandFailed = !known;
+  if (!known) {
+    std::cerr << kNoBand;
+    return;
+  }
+  const bool invented = haveInventedErrors(problem_.data) && result_.reduced_chi_square;
+  const double scatter = invented ? std::sqrt(*result_.reduced_chi_square) : 1;
+  const double factor = scatter * intervalFactor(wish.percent, invented ? result_.degrees_of_freedom : 0);
+  session_.figures.band = CurveBand{*known, factor, wish.prediction};
 }
 
 void TerminalFit::report() {
@@ -99,6 +130,7 @@ void TerminalFit::report() {
     outcome_.report.add("refined", refinedReport(problem_.data, refined_));
     outcome_.report.add("warnings", warningsReport(warnings_));
   }
+  if (!intervals_.empty()) outcome_.report.add("profile", profileReport(refined_.par, intervals_));
   if (!wishes_.derived.empty()) outcome_.report.add("derived", wishes_.derived.report());
 }
 
@@ -133,6 +165,8 @@ int runFit(const FitArguments& arguments, FigureMaker* maker) {
   enterStart(session, arguments.parameters);
   FitWishes wishes{.report = arguments.json,
                    .refine = refineWish(arguments, session.loaded.data),
+                   .profile = arguments.profile,
+                   .band = bandWish(arguments.figures),
                    .derived = {arguments.derived, session.analysis.par},
                    .dataFile = shownName(arguments.dataFile)};
   ExhaustedBox listener(dialogs);
@@ -140,7 +174,7 @@ int runFit(const FitArguments& arguments, FigureMaker* maker) {
   printOutcome(outcome, arguments.json);
   const bool done =
       outcome.fitted ? figures.write(session, listener) : outcome.converged && !arguments.figures.any();
-  return done && !outcome.derivedFailed ? kExitDone : kExitFailed;
+  return done && !outcome.derivedFailed && !outcome.bandFailed ? kExitDone : kExitFailed;
 }
 
 }  // namespace vk

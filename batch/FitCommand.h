@@ -23,6 +23,7 @@ struct FitArguments {
   std::vector<EnteredValue> parameters;  ///< with a formula also its parameters, in their order
   std::vector<std::string> derived;      ///< "name=formula" of quantities computed of the parameters
   bool refine = false;                   ///< finds the true minimum too
+  bool profile = false;                  ///< and the intervals about it
   std::string xErrors;                   ///< the word of an `XErrors`; empty for the first one
   bool json = false;
   WantedFigures figures;
@@ -32,6 +33,8 @@ struct FitArguments {
 struct FitWishes {
   bool report = false;
   std::optional<XErrors> refine{};  ///< the true minimum is sought, with this account of errors in x
+  bool profile = false;             ///< and the intervals about it
+  std::optional<BandWish> band{};   ///< goes to the figures of the session
   DerivedTable derived{};
   std::string dataFile{};  ///< of the report; empty for data of no file
 };
@@ -41,6 +44,7 @@ struct FitOutcome {
   bool fitted = false;
   bool converged = false;      ///< to the true minimum
   bool derivedFailed = false;  ///< a derived quantity, or its error, could not be computed
+  bool bandFailed = false;     ///< the figures have none, though it was asked for
   std::string screen;          ///< UTF-8; empty without a result
   Json report;                 ///< null unless it was asked for
 };

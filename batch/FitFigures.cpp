@@ -1,5 +1,6 @@
 #include "batch/FitFigures.h"
 
+#include <array>
 #include <iostream>
 
 #include "base/Text.h"
@@ -24,7 +25,24 @@ std::string asSaved(const std::string& text) {
   return text + std::string(kCrLf);
 }
 
+/// What `--band` can say, and the probability.
+struct BandWord {
+  const char* word;
+  double percent;
+};
+constexpr std::array kBandWords{BandWord{"68", 68.27}, BandWord{"95", 95}};
+
 }  // namespace
+
+std::optional<BandWish> bandWish(const WantedFigures& wanted) {
+  if (wanted.band.empty()) return std::nullopt;
+  if (wanted.figure.empty() && wanted.graphicFile.empty())
+    throw UsageError("--band: serve --figure o --save-gra");
+  for (const BandWord& band : kBandWords) {
+    if (wanted.band == band.word) return BandWish{band.percent, wanted.prediction};
+  }
+  throw UsageError("--band: si attende 68 o 95");
+}
 
 void drawFigure(Session& session, int kind, Device& page, EvaluationListener& listener) {
   TerminalDialogs dialogs;
@@ -50,10 +68,12 @@ bool FitFigures::writeFunction(Session& session, EvaluationListener& listener) {
   drawFigure(session, kFunctionFigure, *form_.device, listener);
   const std::string& text = session.figures.GraphText[kFunctionFigure];
   if (!isComplete(text)) return false;
+  const bool banded = !session.figures.band || session.ErrFlag == kFalse;
+  if (!banded) std::cerr << kNoBand;
   TerminalFiles files;
   if (!wanted_.figure.empty()) writeFile(files, wanted_.figure, form_.bytes());
   if (!wanted_.graphicFile.empty()) writeFile(files, wanted_.graphicFile, asSaved(text));
-  return true;
+  return banded;
 }
 
 bool FitFigures::writeDifferences(Session& session, EvaluationListener& listener) const {

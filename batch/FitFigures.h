@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "batch/FigureMaker.h"
@@ -9,6 +10,12 @@ namespace vk {
 
 struct Session;
 
+/// A band about the function in the figures.
+struct BandWish {
+  double percent = 0;       ///< probability that it holds the true function
+  bool prediction = false;  ///< also the band of a further measurement
+};
+
 /// The files that `fit` makes of its figures; what has no name is not made.
 struct WantedFigures {
   bool any() const { return !figure.empty() || !graphicFile.empty() || !differences.empty(); }
@@ -16,7 +23,15 @@ struct WantedFigures {
   std::string figure;       ///< data and function, drawn
   std::string graphicFile;  ///< the same as a graphic file
   std::string differences;  ///< differences of data and function, as a data file
+  std::string band;         ///< "68" or "95", per cent of the band about the function; empty without one
+  bool prediction = false;  ///< also the band of a further measurement
 };
+
+/// The band that is asked for. Another word, and a band without a figure that could show it, raise `UsageError`.
+std::optional<BandWish> bandWish(const WantedFigures& wanted);
+
+/// Said where a band cannot be computed.
+inline constexpr const char* kNoBand = "fit: la banda di confidenza NON si puo` calcolare\n";
 
 /// Draws a standard figure of the session (`FigureKind`) on a page of A4; its texts stay in the session.
 void drawFigure(Session& session, int kind, Device& page, EvaluationListener& listener);

@@ -12,7 +12,7 @@
 namespace vk {
 namespace {
 
-constexpr const char* kCaption = "VOR_KEL: Diagnosi dell'Adattamento";
+constexpr const char* kDiagnosisCaption = "VOR_KEL: Diagnosi dell'Adattamento";
 constexpr const char* kFigureName = "Scarti e loro Istogramma";
 constexpr int kMargin = 2;  // columns beside the text; the table has its frame there
 
@@ -63,7 +63,7 @@ FigureReport fitDiagnosis(const FitRecord& fit, const RefinedFit& refined) {
   // The minimiser counts what the model has more than the data.
   std::ranges::transform(residuals, residuals.begin(), std::negate<>());
   const ResidualFigure figure(fit.data.TitleX, fit.data.Xpnt.span(1, fit.data.NumPnt), residuals);
-  return {.caption = kCaption,
+  return {.caption = kDiagnosisCaption,
           .text = page(fit.functionText, refinedTable(fit.data, refined, warnings),
                        remarks(fit, refined, warnings)),
           .figureName = kFigureName,

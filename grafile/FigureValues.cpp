@@ -54,8 +54,9 @@ void findBand(const FigureSource& source, FigureValues& values) {
     values.bandX.push_back(values.Xi + i * ((values.Xf - values.Xi) / kBandSegments));
   ExhaustionWatch watch;
   const FitProblem problem{source.data, source.model, watch};
-  if (auto widths = bandWidths(problem, source.parameters, *source.band, values.bandX))
-    values.band = std::move(*widths);
+  auto widths = bandWidths(problem, source.parameters, *source.band, values.bandX);
+  values.failed = values.failed || !widths;
+  if (widths) values.band = std::move(*widths);
 }
 
 /// The differences of data and function; the range of y becomes that of their error bars.

@@ -45,7 +45,7 @@ struct FigureValues {
   Int16 nDivX, nDivY;
   SampledCurve curve;         ///< of the figure with the function
   std::vector<double> bandX;  ///< places of the band, over the range of x
-  BandWidths band;            ///< empty without a band, or where it cannot be computed
+  BandWidths band;  ///< empty without a band, and where it cannot be computed, which is a failed step
   Array<double> differences;  ///< 1..points, of the figure of the differences
   bool failed = false;        ///< in a step
 };

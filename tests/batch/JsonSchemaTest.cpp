@@ -76,7 +76,9 @@ TEST(JsonSchema, HoldsForAFit) {
 }
 
 TEST(JsonSchema, HoldsForAMinimum) {
-  const Document fit = objectOf(kDecayFit + "--refine --derive 'T=LOG(2)/k'");
+  const Document fit = objectOf(kDecayFit + "--refine --profile --derive 'T=LOG(2)/k'");
+  ASSERT_EQ(fit["profile"].size(), 2u);
+  EXPECT_EQ(fit["profile"][0]["intervals"][1]["percent"], 95);
   const Document& refined = fit["refined"];
   EXPECT_EQ(refined["stop_reason"], "converged");
   EXPECT_EQ(refined["x_errors"], nullptr);

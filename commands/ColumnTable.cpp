@@ -1,0 +1,51 @@
+#include "commands/ColumnTable.h"
+
+#include <algorithm>
+
+#include "base/Text.h"
+#include "commands/FitScreenTexts.h"
+
+namespace vk {
+namespace {
+
+constexpr int kTitleRow = 2, kTitleRule = 3, kHeaderRow = 4, kHeaderRule = 5;
+constexpr int kMargin = 2;
+constexpr int kBesideCells = 3;  // a rule, and a blank on each side
+
+int widthOf(const TableColumn& column) {
+  int width = 0;
+  for (const std::string& cell : column) width = std::max(width, length(cell));
+  return width;
+}
+
+}  // namespace
+
+std::string numberHead(const std::string& head) {
+  const int left = (length(kNumberMask) - length(head)) / 2;
+  return repeat(left, ' ') + head + repeat(length(kNumberMask) - left - length(head), ' ');
+}
+
+CharGrid columnTable(const std::string& title, const std::vector<TableColumn>& columns) {
+  const int rows = kHeaderRule + static_cast<int>(columns.front().size());
+  int width = 1;
+  for (const TableColumn& column : columns) width += widthOf(column) + kBesideCells;
+  width = std::max(width, length(title) + kBesideCells + 1);
+  CharGrid grid(rows, width);
+  grid.frame({1, 1, kTitleRule, width, kFrameStyle});
+  grid.print(kTitleRow, (width + 2 - length(title)) / 2, Cp437Text(title));
+  int begin = 1;
+  for (const TableColumn& column : columns) {
+    const int end = &column == &columns.back() ? width : begin + widthOf(column) + kBesideCells;
+    grid.frame({kTitleRule, begin, kHeaderRule, end, kFrameStyle});
+    grid.frame({kTitleRule, begin, rows, end, kFrameStyle});
+    int row = kHeaderRow;
+    for (const std::string& cell : column) {
+      grid.print(row, begin + kMargin, Cp437Text(cell));
+      row += row == kHeaderRow ? kHeaderRule + 1 - kHeaderRow : 1;
+    }
+    begin = end;
+  }
+  return grid;
+}
+
+}  // namespace vk

@@ -1,7 +1,6 @@
 #include "analysis/DerivedQuantities.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -13,7 +12,7 @@ namespace {
 
 constexpr double kStepOfValue = 0.1;
 // A change by so small a part of the quantity over the error of a parameter is none.
-constexpr double kNoChange = 1E-10;
+constexpr double kNoChange = 1E-11;
 constexpr double kSmallest = 1E-100;  // its square is a number, too
 constexpr double kRounding = std::numeric_limits<double>::epsilon();
 

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <nlohmann/json.hpp>
-#include <string_view>
 
 #include "batch/Assignment.h"
 #include "batch/DataInput.h"
@@ -70,10 +69,14 @@ nlohmann::json parsed(const std::string& bytes, const std::string& file) {
   }
 }
 
+// A name that is none is not told: it could steer the terminal.
 std::string nameIn(const Value& value) {
   const std::string name = value.text();
-  if (!isOneName(name) || name == "x") value.refuse("si attende il nome di un parametro");
-  return textOfWord(name);
+  try {
+    if (isOneName(name) && name != "x") return textOfWord(name);
+  } catch (const UsageError&) {
+  }
+  value.refuse("si attende il nome di un parametro");
 }
 
 /// The error of a free parameter.
@@ -109,6 +112,7 @@ void readCorrelation(const Value& value, const std::vector<int>& free, Correlati
 struct Keys {
   const char* error;
   const char* correlation;
+  const char* hint = "";  ///< where there are no correlations
 };
 
 FittedParameters parametersIn(const Value& result, const Keys& keys, const std::string& file) {
@@ -122,7 +126,7 @@ FittedParameters parametersIn(const Value& result, const Keys& keys, const std::
     if (isFree) free.push_back(static_cast<int>(fitted.parameters.size()));
   }
   fitted.correlation = CorrelationMatrix(static_cast<int>(fitted.parameters.size()));
-  readCorrelation(result.member(keys.correlation, kAge), free, fitted.correlation);
+  readCorrelation(result.member(keys.correlation, keys.hint), free, fitted.correlation);
   factorOf(fitted.correlation, file);
   return fitted;
 }
@@ -140,7 +144,7 @@ FittedParameters readFitResult(Files& files, const std::string& fileName) {
       fitted = parametersIn(refined, {"error", "correlation"}, file);
       fitted.converged = refined.member("stop_reason").text() == "converged";
     } else {
-      fitted = parametersIn(whole, {"error_linearised", "correlation_linearised"}, file);
+      fitted = parametersIn(whole, {"error_linearised", "correlation_linearised", kAge}, file);
     }
   });
   return fitted;

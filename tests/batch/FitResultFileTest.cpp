@@ -65,8 +65,6 @@ TEST(FitResultFile, PrefersTheMinimum) {
 
 TEST(FitResultFile, TakesNamesOfTheCodePage) {
   EXPECT_EQ(read(with(kResult, "\"A\"", "\"\\u00b5\"")).parameters.front().name, "\xE6");
-  EXPECT_EQ(refusal(with(kResult, "\"A\"", "\"€\"")),
-            "\"€\": un carattere non esiste nella tabella dei codici 437");
 }
 
 TEST(FitResultFile, CorrelationsMayBeWhole) {
@@ -98,7 +96,7 @@ TEST(FitResultFile, AnotherObjectIsRefused) {
   EXPECT_EQ(refusal(with(kResult, "true", "1")), "R.JSON: parameters[0]: free: si attende true o false");
   EXPECT_EQ(refusal(with(kResult, "14.2099", "-1")),
             "R.JSON: parameters[0]: error_linearised: si attende un numero non negativo");
-  for (const char* name : {"", "A,B", "A B", "x"}) {
+  for (const char* name : {"", "A,B", "A B", "x", "€", "\\u0085[2J", "\\n"}) {
     EXPECT_EQ(refusal(with(kResult, "\"A\"", "\"" + std::string(name) + "\"")),
               "R.JSON: parameters[0]: name: si attende il nome di un parametro");
   }
@@ -120,6 +118,8 @@ TEST(FitResultFile, AResultFromBeforeTheCorrelationsIsRefused) {
   EXPECT_EQ(refusal(with(kResult, "correlation_linearised", "other")),
             "R.JSON: manca \"correlation_linearised\": il file e` di una versione precedente, ripetere "
             "l'adattamento con fit --json");
+  EXPECT_EQ(refusal(with(kRefined, "\"correlation\"", "\"other\"")),
+            "R.JSON: refined: manca \"correlation\"");
 }
 
 TEST(FitResultFile, ImpossibleCorrelationsAreRefused) {

@@ -14,6 +14,7 @@ void MenAdaAda(Session& session, Ports& ports) {
 
 void fitOnScreen(Session& session, Ports& ports, EvaluationListener& listener) {
   if (!canFit(session, ports)) return;
+  ports.report.close();  // beside this fit it would be taken for its own
   FitScreen screen(session.analysis.fun.FunctionText, session.analysis.par,
                    {ports.output, ports.dialogs, ports.clock});
   const ShutWindow shut(ports.window, Form::kOutput);

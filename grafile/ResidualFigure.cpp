@@ -28,7 +28,8 @@ constexpr double kTick = 1.8;             // mm
 constexpr double kLeastRange = 3;
 constexpr double kFar = 2;
 constexpr std::size_t kManyPoints = 1000;
-constexpr int kCurveSegments = 80;
+constexpr int kCurveSegments = 40;  // on either side
+constexpr double kCurveEnd = 4;
 constexpr int kHollow = 5, kFull = 10;  // circles
 constexpr int kThin = 1, kThick = 4;    // tenths of a millimetre
 constexpr int kFullLine = 1, kDashedLine = 2, kDottedLine = 3;
@@ -138,9 +139,10 @@ void ResidualDrawing::drawBars(const std::vector<int>& counts) {
 
 /// The normal distribution with `scale` in its middle.
 void ResidualDrawing::drawNormalCurve(double scale) {
+  const double end = std::min(kCurveEnd, y_.high);
   std::vector<double> x, y;
-  for (int i = 0; i <= kCurveSegments; ++i) {
-    y.push_back(y_.low + (y_.high - y_.low) * i / kCurveSegments);
+  for (int i = -kCurveSegments; i <= kCurveSegments; ++i) {
+    y.push_back(end * i / kCurveSegments);
     x.push_back(scale * std::exp(-y.back() * y.back() / 2));
   }
   drawing_.GralPen(kThick, kFullLine);
@@ -201,9 +203,11 @@ std::string describe(const ResidualFigure& figure) {
   const auto beyond = std::ranges::count_if(pulls, [&](double pull) { return size(pull) > kFar; });
   const auto largest = std::ranges::max_element(pulls, {}, size);
   const double place = figure.x[static_cast<std::size_t>(largest - pulls.begin())];
-  std::string text = "Scarti divisi per i loro errori: " + generalText(static_cast<int>(pulls.size())) +
-                     " punti, " + generalText(static_cast<int>(beyond)) + " oltre 2, il maggiore " +
-                     trim(FormatMask(*largest, "#####.##")) + " a x = " + shortNumber(place);
+  const auto count = static_cast<int>(pulls.size());
+  std::string text = "Scarti divisi per i loro errori: " + generalText(count) +
+                     (count == 1 ? " punto, " : " punti, ") + generalText(static_cast<int>(beyond)) +
+                     " oltre 2, il maggiore " + trim(FormatMask(*largest, "#####.##")) +
+                     " a x = " + shortNumber(place);
   if (figure.missing > 0) text += ", " + generalText(figure.missing) + " NON calcolabili";
   return text;
 }

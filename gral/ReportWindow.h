@@ -28,6 +28,8 @@ class ReportWindow {
   virtual ~ReportWindow() = default;
   /// Opens the window, or brings it forward with this report in place of the one that it shows.
   virtual void show(FigureReport report) = 0;
+  /// Closes the window, if it is open.
+  virtual void close() = 0;
 };
 
 }  // namespace vk

@@ -49,6 +49,9 @@ keys alt+e
 sleep 1
 keys alt+a a
 picture fit 'VOR_KEL: Adattamento Funzione Dati'
+keys F2
+picture diagnosis "VOR_KEL: Diagnosi dell'Adattamento"
+keys Escape
 keys alt+c
 sleep 1
 keys alt+g f Return

@@ -101,6 +101,14 @@ TEST(FitDiagnosis, IsOfTheFitOnTheScreenWhateverHasBeenReadSince) {
   EXPECT_EQ(fit.diagnosis(), before);
 }
 
+TEST(FitDiagnosis, ClosesWithTheNextFit) {
+  FitAndDiagnosis fit("b*x+c", "b,c");
+  line(fit).diagnosis();
+  EXPECT_TRUE(fit.report.open);
+  fit.run();
+  EXPECT_FALSE(fit.report.open);
+}
+
 TEST(FitDiagnosis, ShutsTheMainWindowWhileItComputes) {
   FitAndDiagnosis fit("b*x+c", "b,c");
   line(fit);

@@ -11,7 +11,9 @@ namespace vk {
 class RecordingReport : public ReportWindow {
  public:
   std::vector<FigureReport> reports;
-  void show(FigureReport report) override { reports.push_back(std::move(report)); }
+  bool open = false;
+  void show(FigureReport report) override { open = true, reports.push_back(std::move(report)); }
+  void close() override { open = false; }
 };
 
 }  // namespace vk

@@ -48,10 +48,10 @@ TEST(ResidualFigure, IsToldInWords) {
   EXPECT_EQ(describe({"t", kX, kPulls}),
             "Scarti divisi per i loro errori: 6 punti, 2 oltre 2, il maggiore -2.75 a x = 4");
   EXPECT_EQ(describe({"t", std::vector{.5}, std::vector{0.}}),
-            "Scarti divisi per i loro errori: 1 punti, 0 oltre 2, il maggiore 0.00 a x = .5");
+            "Scarti divisi per i loro errori: 1 punto, 0 oltre 2, il maggiore 0.00 a x = .5");
   EXPECT_EQ(
       describe({"t", std::vector{1., 2.}, std::vector{kNoNumber, 3.}}),
-      "Scarti divisi per i loro errori: 1 punti, 1 oltre 2, il maggiore 3.00 a x = 2, 1 NON calcolabili");
+      "Scarti divisi per i loro errori: 1 punto, 1 oltre 2, il maggiore 3.00 a x = 2, 1 NON calcolabili");
   EXPECT_EQ(describe({"t", std::vector{1.}, std::vector{kNoNumber}}), "Scarti NON Calcolabili");
   EXPECT_EQ(describe({"t", std::vector{1., 2.}, std::vector<double>()}), "Scarti NON Calcolabili");
 }

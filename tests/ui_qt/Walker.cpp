@@ -54,9 +54,9 @@ void Walker::pressAny(QWidget* window) {
 }
 
 void Walker::anyKey(QWidget* target) {
-  static constexpr Qt::Key kKeys[]{Qt::Key_Return, Qt::Key_Up,     Qt::Key_Down,      Qt::Key_Tab,
-                                   Qt::Key_Escape, Qt::Key_Space,  Qt::Key_Backspace, Qt::Key_Home,
-                                   Qt::Key_End,    Qt::Key_Backtab};
+  static constexpr Qt::Key kKeys[]{Qt::Key_Return, Qt::Key_Up,      Qt::Key_Down,      Qt::Key_Tab,
+                                   Qt::Key_Escape, Qt::Key_Space,   Qt::Key_Backspace, Qt::Key_Home,
+                                   Qt::Key_End,    Qt::Key_Backtab, Qt::Key_F2};
   static const QString kTyped = QString("0123456789.-+eEx*()a²µ,");
   if (chance(60)) return typeText(target, QString(anyOf(kTyped)));
   QTest::keyClick(target, kKeys[random(static_cast<int>(std::size(kKeys)))]);
@@ -108,6 +108,8 @@ void Walker::roam() {
   }
   if (output != nullptr && chance(tidiness)) return chance(80) ? pressAny(output) : keyTo(output);
   if (editor != nullptr) return edit(editor);
+  if (QWidget* diagnosis = windowNamed("FrmDia"); diagnosis != nullptr && chance(30))
+    return chance(50) ? pressAny(diagnosis) : keyTo(diagnosis);
   QWidget* figure = windowNamed("GralFrm");
   if (figure != nullptr && chance(15)) return lookAt(figure);
   for (const char* panel : {"FraDir", "FraGra"}) {

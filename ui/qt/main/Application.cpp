@@ -59,7 +59,7 @@ void Application::unload() {
   for (QWidget* form : forms_) form->hide();
   output_.hideAll();
   plots_.closeAll();
-  report_.hide();
+  report_.close();
   quit_(0);
 }
 

@@ -51,7 +51,7 @@ QtReportWindow::QtReportWindow(const ReportServices& services)
   all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   all->addLayout(content, 1);
   addButtons();
-  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
+  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QtReportWindow::close);
 }
 
 void QtReportWindow::addButtons() {
@@ -70,7 +70,7 @@ void QtReportWindow::addButtons() {
     row->addStretch();
     return button;
   };
-  AccessButton* first = add(kContinueButton, &QtReportWindow::hide);
+  AccessButton* first = add(kContinueButton, &QtReportWindow::close);
   add(kPrintButton, &QtReportWindow::print);
   add(kCopyButton, &QtReportWindow::copy);
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})

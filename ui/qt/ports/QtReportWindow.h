@@ -33,6 +33,7 @@ class QtReportWindow : public QWidget, public ReportWindow {
   explicit QtReportWindow(const ReportServices& services);
 
   void show(FigureReport report) override;
+  void close() override { hide(); }
 
  private:
   void addButtons();

@@ -15,6 +15,8 @@ constexpr double kStepOfValue = 0.1;
 constexpr double kNoChange = 1E-11;
 constexpr double kSmallest = 1E-100;  // its square is a number, too
 constexpr double kRounding = std::numeric_limits<double>::epsilon();
+// Where correlations leave less of a variance, its digits come from rounding.
+constexpr double kLeftOfVariance = 1E3 * kRounding;
 
 /// A quantity as a function of one parameter. Beside it stand a line, without whose length the differences of a
 /// quantity that does not change would have nothing to be compared with, and a jump as high as the rounding, by which
@@ -51,6 +53,7 @@ class QuantityOfParameter : public ResidualFunction {
 std::optional<double> errorOf(Formula& quantity, double value, const ParameterSet& par,
                               const CovarianceMatrix& covariance, EvaluationListener& listener) {
   std::vector<double> gradient;
+  double largest = 0;
   for (int k = 1; k <= covariance.size(); ++k) {
     const int i = par.FreeIndex[k];
     const double at = par.ParValues[i], error = covariance.deviation(k);
@@ -60,9 +63,11 @@ std::optional<double> errorOf(Formula& quantity, double value, const ParameterSe
     quantity.setValue(i, at);
     if (!column) return std::nullopt;
     gradient.push_back(column->values[0]);
+    largest += std::abs(gradient.back()) * error;
   }
-  const double error = std::sqrt(std::max(0.0, covariance.variance(gradient)));
-  return std::isfinite(error) ? std::optional(error) : std::nullopt;
+  const double variance = covariance.variance(gradient);
+  if (!std::isfinite(variance) || variance < kLeftOfVariance * largest * largest) return std::nullopt;
+  return std::sqrt(variance);
 }
 
 }  // namespace

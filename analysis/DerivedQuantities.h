@@ -25,7 +25,7 @@ struct QuantityValue {
 };
 
 /// Computes a quantity at `ParValues`, and its error to first order of `covariance`, that of the free parameters.
-/// Constant ones are exact. Without a covariance there is no error.
+/// Constant ones are exact. Without a covariance there is no error, nor where correlations leave of it but rounding.
 QuantityValue quantityOf(Formula& quantity, const ParameterSet& par,
                          const std::optional<CovarianceMatrix>& covariance, EvaluationListener& listener);
 

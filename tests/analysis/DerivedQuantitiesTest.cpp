@@ -45,12 +45,20 @@ TEST_F(DerivedQuantityTest, HasTheErrorOfItsParameter) {
 TEST_F(DerivedQuantityTest, KnowsWhatTheCorrelationTakesAway) {
   // Relative errors of .02 each: together sqrt(2)*.02 where they are independent, nearly nothing where they are not.
   const auto part = [&](double correlation) {
-    return of("A/k", covariance(8, 0.004, correlation)).error.value() / 2000;
+    return of("A/k", covariance(8, 0.004, correlation)).error.value_or(-1) / 2000;
   };
   EXPECT_NEAR(part(0), 0.02 * std::sqrt(2), 1E-10);
   EXPECT_NEAR(part(0.99), 0.02 * std::sqrt(2 * 0.01), 1E-10);
   EXPECT_NEAR(part(-1), 0.04, 1E-10);
-  EXPECT_NEAR(part(1), 0, 1E-9);
+  EXPECT_NEAR(part(1 - 1E-10), 0.02 * std::sqrt(2 * 1E-10), 1E-11);
+}
+
+TEST_F(DerivedQuantityTest, HasNoErrorWhereOnlyRoundingIsLeftOfIt) {
+  for (const double correlation : {1.0, 1 - 1E-15}) {
+    const QuantityValue ratio = of("A/k", covariance(8, 0.004, correlation));
+    EXPECT_TRUE(ratio.value.has_value());
+    EXPECT_FALSE(ratio.error.has_value());
+  }
 }
 
 TEST_F(DerivedQuantityTest, TakesConstantParametersAsExact) {

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <random>
+
 #include "batch/TerminalPorts.h"
 #include "doubles/MemoryFiles.h"
 
@@ -10,6 +12,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::FieldsAre;
+using ::testing::StartsWith;
 
 const std::string kResult = R"({"parameters": [
   {"name": "A", "value": 514.13, "error": 99, "error_linearised": 14.2099, "free": true},
@@ -140,6 +143,28 @@ TEST(FitResultFile, ImpossibleCorrelationsAreRefused) {
   const std::string three =
       with(kResult, "[[1, 0.5644], [0.5644, 1]]", "[[1, 0.9, 0.9], [0.9, 1, -0.9], [0.9, -0.9, 1]]");
   EXPECT_EQ(refusal(with(three, "\"free\": true}]", third)), "R.JSON: nessun errore ha queste correlazioni");
+}
+
+TEST(FitResultFile, WhateverStandsInAFileIsTakenOrRefused) {
+  std::mt19937 random(1);
+  const auto below = [&](std::size_t count) { return random() % count; };
+  const std::vector<std::string> pieces{"1e308", "-1", "null", "true", "\"",    "[",
+                                        "]",     "{",  "}",    ",",    "[[1]]", "\xFF"};
+  int taken = 0, refused = 0;
+  for (int i = 0; i < 3000; ++i) {
+    std::string bytes = i % 2 == 0 ? kResult : kRefined;
+    for (std::size_t changes = 1 + below(2); changes > 0; --changes)
+      bytes.replace(below(bytes.size()), below(8), pieces[below(pieces.size())]);
+    try {
+      for (const FittedParameter& parameter : read(bytes).parameters) EXPECT_GE(parameter.error, 0) << bytes;
+      ++taken;
+    } catch (const UsageError& error) {
+      EXPECT_THAT(error.what(), StartsWith("R.JSON: ")) << bytes;
+      ++refused;
+    }
+  }
+  EXPECT_GT(taken, 10);
+  EXPECT_GT(refused, 1000);
 }
 
 }  // namespace

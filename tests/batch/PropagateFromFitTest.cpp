@@ -77,6 +77,24 @@ TEST(BatchFromFit, AFitGoesOnToItsQuantities) {
   }
 }
 
+TEST(BatchFromFit, FarFromTheOriginHugeErrorsLeaveTheSameSmallOne) {
+  std::string points = "t\r\ns\r\n 5\r\n";
+  for (const char* point : {"1001 3.1 .1", "1002 2.2 .1", "1003 2.1 .1", "1004 3.0 .1", "1005 5.2 .1"})
+    points += std::string(point) + "\r\n";
+  const std::string data = temporaryFile("FAR.DAT", points);
+  const auto deviation = [&](const std::string& model, const std::string& quantity) {
+    const std::string fit = batch("fit '" + data + "' " + model + " --refine --json").output;
+    const BatchRun run = batch("propagate --from-fit '" + temporaryFile("FIT.JSON", fit) + "' --function '" +
+                               quantity + "' --seed 1 --json");
+    return nlohmann::json::parse(run.output)["error_sigma"].get<double>();
+  };
+  const double near =
+      deviation("--function 'a*(x-1003)^2+b*(x-1003)+c' --par a=1 --par b=1 --par c=1", "a*2.25+b*1.5+c");
+  const double far = deviation("--function 'a*x*x+b*x+c' --par a=1 --par b=-2000 --par c=1000000",
+                               "a*1004.5*1004.5+b*1004.5+c");
+  EXPECT_NEAR(far / near, 1, 1E-3);
+}
+
 TEST(BatchFromFit, OtherVariablesAreIndependent) {
   const BatchRun run = batch(fromFit("--function 'A*EXP(-k*x)*f+c' --par f=1,-.1 --par x=2,.01"));
   EXPECT_EQ(run.exitCode, 0) << run.errors;

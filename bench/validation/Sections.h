@@ -14,5 +14,7 @@ void writeCalibration(std::ostream& page);
 void writeOtherWays(std::ostream& page);
 /// Propagated errors by derivatives and by simulation.
 void writePropagation(std::ostream& page);
+/// Special functions and distributions beside those of MPFR.
+void writeFunctions(std::ostream& page);
 
 }  // namespace vk

@@ -15,6 +15,7 @@ constexpr Section kSections[]{
     {"Simulated data", vk::writeCalibration},
     {"The same fit asked in other ways", vk::writeOtherWays},
     {"Propagation of errors", vk::writePropagation},
+    {"Special functions and distributions", vk::writeFunctions},
 };
 
 }  // namespace

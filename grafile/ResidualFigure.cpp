@@ -33,7 +33,8 @@ constexpr double kCurveEnd = 4;
 constexpr int kHollow = 5, kFull = 10;  // circles
 constexpr int kThin = 1, kThick = 4;    // tenths of a millimetre
 constexpr int kFullLine = 1, kDashedLine = 2, kDottedLine = 3;
-const Colour kBarColour = Colour::fromRgb(0xD0D0D0), kLineColour = Colour::fromRgb(0x606060);
+const Colour kBarColour = Colour::fromRgb(0xD0D0D0), kLineColour = Colour::fromRgb(0x606060),
+             kDenseColour = Colour::fromRgb(0xA0A0A0);
 
 /// An axis whose ends are round numbers.
 struct RoundAxis {
@@ -54,6 +55,12 @@ RoundAxis axisOfX(const std::vector<double>& x) {
   auto [low, high] = std::ranges::minmax(x);
   openRange(low, high);
   return {low, high};
+}
+
+/// Of the circles, in millimetres: all of them together cover no more than a few hundred do.
+double markRadius(std::size_t count) {
+  constexpr double kLargest = 0.9, kSmallest = 0.12, kFewPoints = 300;
+  return std::clamp(kLargest * std::sqrt(kFewPoints / static_cast<double>(count)), kSmallest, kLargest);
 }
 
 /// How many pulls fall into the parts of their axis.
@@ -103,13 +110,19 @@ void ResidualDrawing::drawPoints() {
   const RoundAxis x = axisOfX(figure_.x);
   drawing_.GralXMap(area_.left, split_ - kGap, x.low, x.high);
   drawing_.GralYMap(area_.bottom, area_.top, y_.low, y_.high);
-  levels(x);
   const std::size_t count = figure_.x.size();
-  const double radius = count <= kManyPoints ? 0.9 : 0.4;
+  const bool dense = count > kManyPoints;  // marks would cover the lines
+  if (dense) {
+    drawing_.GralColor(kDenseColour);
+  } else {
+    levels(x);
+  }
+  const double radius = markRadius(count);
   for (std::size_t i = 0; i < count; ++i) {
     drawing_.GralMakeMark(radius, std::abs(figure_.pulls[i]) > kFar ? kFull : kHollow);
     drawing_.GralMark(figure_.x[i], figure_.pulls[i]);
   }
+  if (dense) levels(x);
   box(x, figure_.titleX, kTitleY);
 }
 

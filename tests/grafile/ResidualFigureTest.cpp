@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 #include "gral/Plotting.h"
 #include "gral/sinks/RecorderDevice.h"
@@ -61,6 +62,21 @@ TEST(ResidualFigure, ShowsEachPointAndTellsAxes) {
   EXPECT_EQ(beginningWith(lines, "circle"), 6);
   for (const char* text : {"t (s)", "(Mis.-Calc.) / Errore", "Punti"})
     EXPECT_THAT(written(lines), testing::HasSubstr(text));
+}
+
+TEST(ResidualFigure, ShowsItsLinesAboveManyPoints) {
+  const auto lineBehindPoints = [](std::size_t count) {
+    const std::vector<double> zeros(count);
+    std::vector<double> x(count);
+    std::iota(x.begin(), x.end(), 0);
+    const auto lines = drawn({"t", x, zeros});
+    const auto of = [&](const char* what) {
+      return std::ranges::find_if(lines, [&](const std::string& line) { return line.starts_with(what); });
+    };
+    return of("pen 606060") > of("circle");
+  };
+  EXPECT_FALSE(lineBehindPoints(1000));
+  EXPECT_TRUE(lineBehindPoints(1001));
 }
 
 TEST(ResidualFigure, CountsTheResidualsOfEachHalfErrorInBars) {

@@ -130,20 +130,6 @@ const std::array<char32_t, 256>& tableOf(CodePage page) {
   return kCp437;
 }
 
-void appendUtf8(std::string& out, char32_t c) {
-  const auto continuation = [&](int shift) { out += static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
-  if (c < 0x80) {
-    out += static_cast<char>(c);
-  } else if (c < 0x800) {
-    out += static_cast<char>(0xC0 | (c >> 6));
-    continuation(0);
-  } else {
-    out += static_cast<char>(0xE0 | (c >> 12));
-    continuation(6);
-    continuation(0);
-  }
-}
-
 /// How many bytes the character has that begins with this one; 0 when none does.
 int sequenceLength(char first) {
   const auto byte = static_cast<unsigned char>(first);
@@ -190,6 +176,25 @@ std::optional<char> fromUnicode(char32_t c, CodePage page) {
     if (table[i] == c) return static_cast<char>(i);
   }
   return std::nullopt;
+}
+
+void appendUtf8(std::string& out, char32_t c) {
+  const auto continuation = [&](int shift) { out += static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
+  if (c < 0x80) {
+    out += static_cast<char>(c);
+  } else if (c < 0x800) {
+    out += static_cast<char>(0xC0 | (c >> 6));
+    continuation(0);
+  } else if (c < 0x10000) {
+    out += static_cast<char>(0xE0 | (c >> 12));
+    continuation(6);
+    continuation(0);
+  } else {
+    out += static_cast<char>(0xF0 | (c >> 18));
+    continuation(12);
+    continuation(6);
+    continuation(0);
+  }
 }
 
 std::string toUtf8(std::string_view text, CodePage page) {

@@ -24,6 +24,9 @@ std::optional<char> fromUnicode(char32_t c, CodePage page);
 /// The text in UTF-8, for terminals and files of other programs.
 std::string toUtf8(std::string_view text, CodePage page);
 
+/// Puts a character in UTF-8 behind a text.
+void appendUtf8(std::string& out, char32_t c);
+
 /// The characters of a text in UTF-8; nothing when the bytes are no UTF-8.
 std::optional<std::u32string> decodeUtf8(std::string_view bytes);
 

@@ -14,6 +14,7 @@
 #include "batch/EvalCommand.h"
 #include "batch/ExitCode.h"
 #include "batch/FitCommand.h"
+#include "batch/ImportCommand.h"
 #include "batch/PropagateCommand.h"
 #include "batch/SimulateCommand.h"
 #include "batch/TerminalPorts.h"
@@ -183,6 +184,25 @@ void addCheck(CLI::App& app, Commands& commands) {
   commands[check] = [=] { return runCheck(*fileName); };
 }
 
+void addImport(CLI::App& app, Commands& commands) {
+  CLI::App* import =
+      app.add_subcommand("import", "Legge tabelle di altri programmi (CSV, testo) e scrive file dati");
+  auto args = std::make_shared<ImportArguments>();
+  import->add_option("FILE", args->files, "Tabelle da leggere")->required();
+  import->add_option("-o,--output", args->output, "File dati da scrivere; per piu` tabelle una cartella");
+  import->add_option("--encoding", args->encoding,
+                     "Codifica dei caratteri, per esempio utf-8 o windows-1252");
+  import->add_option("--separator", args->separator, "Separatore: tab, spazio, ',', ';' o '|'");
+  import->add_option("--decimal", args->decimal, "Segno decimale: ',' o '.'");
+  import->add_option("--header", args->header, "Numero delle righe sopra i punti");
+  import->add_option("--columns", args->columns, "x,y[,dx],dy: colonne da usare, per numero o nome");
+  import->add_option("--dy", args->dy, "Errori di y: un valore, una percentuale (2%) o sqrt");
+  import->add_option("--every", args->every, "Tiene un punto ogni tanti");
+  import->add_option("--average", args->average, "Sostituisce tanti punti con la loro media");
+  import->add_flag("--preview", args->preview, "Mostra i primi dieci punti e non scrive nulla");
+  commands[import] = [=] { return runImport(*args); };
+}
+
 // A formula may begin with a sign, which the option reader would take for an option: the words are left to us.
 void addEval(CLI::App& app, Commands& commands) {
   CLI::App* eval = app.add_subcommand("eval", "Calcola una formula: eval FORMULA [NOME=VALORE ...]");
@@ -277,6 +297,7 @@ int run(std::vector<std::string> words, const Drawing& drawing, std::string& nam
   addFit(app, commands, drawing);
   addDraw(app, commands, drawing);
   addCheck(app, commands);
+  addImport(app, commands);
   addEval(app, commands);
   addPropagate(app, commands);
   addSimulate(app, commands);

@@ -54,6 +54,8 @@ TEST_F(DiagnosisScenarioTest, F2AndTheMenuKeyOpenItAndEscapeClosesIt) {
   EXPECT_EQ(shown(), nullptr) << "nobody has asked";
   EXPECT_EQ(windowNamed("FrmOut")->accessibleDescription(),
             "F2 o il tasto Menu mostrano la Diagnosi dell'Adattamento");
+  EXPECT_EQ(control<QWidget>(windowNamed("FrmOut"), "Surface")->toolTip(),
+            windowNamed("FrmOut")->accessibleDescription());
   for (const Qt::Key key : {Qt::Key_F2, Qt::Key_Menu}) {
     press("FrmOut", key);
     ASSERT_NE(shown(), nullptr);

@@ -30,17 +30,6 @@ std::size_t mantissaLength(std::string_view text) {
   return end - start > 1 ? end : 0;
 }
 
-/// End of the longest well-formed number that starts at 0, whatever its size; 0 when there is none.
-std::size_t numberLength(std::string_view text) {
-  const std::size_t mantissa = mantissaLength(text);
-  if (mantissa == 0 || mantissa >= text.size()) return mantissa;
-  if (const char e = upper(text[mantissa]); e != 'E' && e != 'D') return mantissa;
-  std::size_t digits = mantissa + 1;
-  if (digits < text.size() && (text[digits] == '+' || text[digits] == '-')) ++digits;
-  const std::size_t end = skipDigits(text, digits);
-  return end > digits ? end : mantissa;
-}
-
 /// The exponent written behind a mantissa; one that is larger than any text is long stops at 1E15.
 long writtenExponent(std::string_view exponent) {
   constexpr long kMost = 1'000'000'000'000'000;
@@ -143,6 +132,16 @@ DecimalDigits decimalDigits(double value, int significant) {
   std::from_chars(text.data() + e + 2, text.data() + text.size(), result.exponent);
   result.exponent = (negative ? -result.exponent : result.exponent) + 1;
   return result;
+}
+
+std::size_t numberLength(std::string_view text) {
+  const std::size_t mantissa = mantissaLength(text);
+  if (mantissa == 0 || mantissa >= text.size()) return mantissa;
+  if (const char e = upper(text[mantissa]); e != 'E' && e != 'D') return mantissa;
+  std::size_t digits = mantissa + 1;
+  if (digits < text.size() && (text[digits] == '+' || text[digits] == '-')) ++digits;
+  const std::size_t end = skipDigits(text, digits);
+  return end > digits ? end : mantissa;
 }
 
 std::optional<double> numberIn(std::string_view text) {

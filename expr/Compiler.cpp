@@ -200,8 +200,16 @@ Compilation compile(const std::string& definition) {
   return result;
 }
 
+bool isOfNames(CompileFaultKind kind) {
+  return kind <= CompileFaultKind::kNameTaken;
+}
+
+std::string functionDefinition(const std::string& parameters, const std::string& formula) {
+  return "y@x@" + parameters + "@ @" + formula;
+}
+
 Compilation compileFunction(const std::string& parameters, const std::string& definition) {
-  return compile("y@x@" + parameters + "@ @" + definition);
+  return compile(functionDefinition(parameters, definition));
 }
 
 }  // namespace vk

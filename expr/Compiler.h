@@ -14,7 +14,7 @@ enum class CompileFaultKind {
   kNameStart,       ///< a name that does not begin with a letter
   kNameCharacter,   ///< a character that no name may have
   kNameMissing,     ///< an empty name; the report passes over it
-  kNameTaken,       ///< a name that stands for something else already
+  kNameTaken,       ///< a name that stands for something else already; the last that is of the names
   kParentheses,     ///< not as many opened as closed
   kOperandTooLong,  ///< a name in the expression
   kUnknownName,     ///< in the expression
@@ -43,7 +43,12 @@ struct Compilation {
 /// Compiles "result@variables@parameters@constants@expression".
 Compilation compile(const std::string& definition);
 
-/// Compiles a function of x with a comma list of parameters.
+/// True for what is wrong with the lists of names, not with the expression.
+bool isOfNames(CompileFaultKind kind);
+
+/// The definition of a function of x with a comma list of parameters.
+std::string functionDefinition(const std::string& parameters, const std::string& formula);
+/// Compiles it.
 Compilation compileFunction(const std::string& parameters, const std::string& definition);
 
 /// The code for people, lines ended by LF: the bytes as "code 4 0 1 | 108 1 0", "map 1 1" and "LastSlot 1",

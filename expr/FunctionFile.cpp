@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "expr/Compiler.h"
+#include "expr/FormulaAdvice.h"
 
 namespace vk {
 namespace {
@@ -115,6 +116,8 @@ class FunctionFileCheck {
     entry.code = std::move(compiled.code);
     if (checks_.trace) report_ += compiled.report;
     addLine(compiled.ok ? "O.K." : "* ERR. Errori nella Compilazione");
+    if (!compiled.ok)
+      report_ += adviceLines(functionDefinition(entry.parameters, entry.definition), compiled);
     addLine("*********** Fine Funzione: " + generalText(number));
     addLine("");
     return compiled.ok;

@@ -47,13 +47,6 @@ bool isExponentSign(const std::string& text, std::size_t begin, std::size_t at) 
          upper(text[at - 1]) == 'E';
 }
 
-/// QUIRK: only operators, commas and ")" end a name or number; "(" and "#" are swallowed.
-std::size_t endOfToken(const std::string& text, std::size_t begin) {
-  std::size_t at = begin + 1;
-  while (at < text.size() && (!isOneOf(text[at], kTokenEnds) || isExponentSign(text, begin, at))) ++at;
-  return at;
-}
-
 class Walk {
  public:
   Walk(TokenText& into, CompilerReport& report) : into_(into), report_(report) {}
@@ -61,7 +54,7 @@ class Walk {
   void over(const TracedText& text) {
     for (std::size_t at = 0; at < text.size();) {
       const bool standsForItself = isOneOf(text[at], kSelfStanding);
-      const std::size_t end = standsForItself ? copyFrom(text, at) : endOfToken(text.text(), at);
+      const std::size_t end = standsForItself ? copyFrom(text, at) : endOfOperand(text.text(), at);
       if (!standsForItself) addOperand(text, at, end);
       at = end;
     }
@@ -136,6 +129,13 @@ constexpr std::array kGrammar{
 
 std::string numberDigits(int number) {
   return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+// QUIRK: only operators, commas and ")" end a name or number; "(" and "#" are swallowed.
+std::size_t endOfOperand(const std::string& text, std::size_t begin) {
+  std::size_t at = begin + 1;
+  while (at < text.size() && (!isOneOf(text[at], kTokenEnds) || isExponentSign(text, begin, at))) ++at;
+  return at;
 }
 
 TracedText prepareExpression(const TracedText& expression) {

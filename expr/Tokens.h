@@ -30,6 +30,9 @@ struct TokenText {
 /// The digits of an operand or function number, at least two.
 std::string numberDigits(int number);
 
+/// Where the name or number ends that begins at `begin` in a text without blanks.
+std::size_t endOfOperand(const std::string& text, std::size_t begin);
+
 /// The expression without blanks, in parentheses, signs turned into operators, function names into tokens.
 TracedText prepareExpression(const TracedText& expression);
 

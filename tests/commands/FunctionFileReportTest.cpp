@@ -35,6 +35,8 @@ TEST_F(FunctionFileTest, TheReportOfTwoFunctionsOfWhichTheFirstIsWrong) {
             "Controllo Funzione:\r\n" +
                 compilerReport("y@x@A@ @A*C") +
                 "* ERR. Errori nella Compilazione\r\n"
+                "A*C\r\n"
+                "  ^ \"C\" non e` definita\r\n"
                 "*********** Fine Funzione: 1\r\n"
                 "\r\n"
                 "\r\n"
@@ -49,6 +51,22 @@ TEST_F(FunctionFileTest, TheReportOfTwoFunctionsOfWhichTheFirstIsWrong) {
                 "\r\n");
   EXPECT_EQ(session.ErrFlag, kTrue);
   EXPECT_THAT(report(lines({"A", "A*C", "prima"})), HasSubstr("* ERR. Variabile C NON definita"));
+}
+
+TEST_F(FunctionFileTest, TheReportOfAnExpressionAtFaultSaysWhatWasMeant) {
+  EXPECT_THAT(report(lines({"a", "a*x+sen(x)", "onda"})),
+              HasSubstr("* ERR. Errori nella Compilazione\r\n"
+                        "a*x+sen(x)\r\n"
+                        "    ^ \"sen\" non e` una funzione: forse SIN\r\n"
+                        "*********** Fine Funzione: 1\r\n"));
+  EXPECT_THAT(report(lines({"alpha", "2*x", "retta"})),
+              HasSubstr("* ERR. Errori nella Compilazione\r\n*********** Fine Funzione: 1\r\n"));
+}
+
+// The number and the letter behind it compile, as 2.
+TEST_F(FunctionFileTest, TheReportOfAnExpressionThatCompilesHasNoAdvice) {
+  EXPECT_THAT(report(lines({"a", "a*2x", "retta"})), HasSubstr("O.K.\r\n*********** Fine Funzione: 1\r\n"));
+  EXPECT_EQ(session.ErrFlag, 0);
 }
 
 TEST_F(FunctionFileTest, WithoutTheCheckSwitchNothingIsCompiled) {

@@ -110,7 +110,8 @@ TEST_F(EditorTest, VisualizzaShowsTheReportOfTheFunctionReader) {
                         "Descrizione: retta\r\nControllo Funzione:\r\n"),
             std::string::npos)
       << report;
-  EXPECT_NE(report.find("* ERR. Errori nella Compilazione\r\n*********** Fine Funzione: 1\r\n\r\n"),
+  EXPECT_NE(report.find("* ERR. Errori nella Compilazione\r\nA*x+C\r\n    ^ \"C\" non e` definita\r\n"
+                        "*********** Fine Funzione: 1\r\n\r\n"),
             std::string::npos)
       << report;
   expectOpen();

@@ -9,6 +9,9 @@
 #include "batch/DrawCommand.h"
 #include "batch/TerminalPorts.h"
 #include "commands/EditCommands.h"
+#include "data/DataFiles.h"
+#include "data/DataWarnings.h"
+#include "data/foreign/ForeignFile.h"
 #include "gral/ObserverDevice.h"
 #include "session/FileSettings.h"
 
@@ -18,20 +21,49 @@ namespace {
 constexpr const char* kGoodFile = ": nessun errore\n";
 constexpr const char* kBadFile = ": il file contiene errori\n";
 constexpr const char* kNoKind = ": si attende un file .DAT, .FCN o .GRA";
+constexpr const char* kWarning = ": attenzione: ";
 
-using Checker = TextCheck (*)(const std::string& fileName);
+/// What was found in a file: the program's own list, and what it does not tell.
+struct Findings {
+  TextCheck check;
+  std::string cause;  ///< why it is no data file, and the way out; empty if unknown
+  std::vector<std::string> warnings;
+};
 
-template <FileKindCode kind>
-TextCheck checkFile(const std::string& fileName) {
-  TerminalFiles files;
-  return checkText(kind, files.readAll(fileName));
+using Checker = Findings (*)(const std::string& fileName);
+
+/// The name as a word of the shell.
+std::string shellWord(const std::string& fileName) {
+  const auto plain = [](char c) { return isLetter(c) || isDigit(c) || position("._/-+", {&c, 1}) > 0; };
+  const std::string name = shownName(fileName);
+  return std::all_of(name.begin(), name.end(), plain) ? name : "'" + name + "'";
+}
+
+std::string causeOf(const std::string& fileName, const std::string& bytes) {
+  const LikelyCause cause = likelyCause(readForeign(bytes));
+  return shownName(cause.text) + (cause.cured ? ": vor_kel_batch import " + shellWord(fileName) : "");
+}
+
+Findings checkData(const std::string& fileName) {
+  const std::string bytes = TerminalFiles().readAll(fileName);
+  Findings found{checkText(kDataKind, bytes), {}, {}};
+  if (found.check.good) {
+    found.warnings = dataWarnings(parseLines(bytes).data);
+  } else {
+    found.cause = causeOf(fileName, bytes);
+  }
+  return found;
+}
+
+Findings checkFunctions(const std::string& fileName) {
+  return {checkText(kFunctionKind, TerminalFiles().readAll(fileName)), {}, {}};
 }
 
 /// The figure is drawn on a form that nobody sees: what cannot be drawn is an error too.
-TextCheck checkFigure(const std::string& fileName) {
+Findings checkFigure(const std::string& fileName) {
   ObserverDevice page;
   const std::string errors = drawGraphicFile(fileName, page);
-  return {errors.empty(), errors};
+  return {{errors.empty(), errors}, {}, {}};
 }
 
 struct Kind {
@@ -39,30 +71,34 @@ struct Kind {
   Checker check;
 };
 
-constexpr std::array kKinds{Kind{"DAT", checkFile<kDataKind>}, Kind{"FCN", checkFile<kFunctionKind>},
-                            Kind{"GRA", checkFigure}};
+constexpr std::array kKinds{Kind{"DAT", checkData}, Kind{"FCN", checkFunctions}, Kind{"GRA", checkFigure}};
 
 Checker checkerFor(const std::string& fileName) {
   const auto* kind = std::find_if(kKinds.begin(), kKinds.end(), [&](const Kind& k) {
     return equalIgnoringCase(GetExtensionName(fileName), k.extension);
   });
-  if (kind == kKinds.end()) throw UsageError(shownName(fileName) + kNoKind);
-  return kind->check;
+  if (kind != kKinds.end()) return kind->check;
+  std::string cause;
+  usingFile(fileName, [&] { cause = causeOf(fileName, TerminalFiles().readAll(fileName)); });
+  throw UsageError(shownName(fileName) + kNoKind + (cause.empty() ? "" : "; " + cause));
 }
 
 }  // namespace
 
 int runCheck(const std::string& fileName) {
   const Checker check = checkerFor(fileName);
-  TextCheck found;
+  Findings found;
   usingFile(fileName, [&] { found = check(fileName); });
-  if (found.good) {
-    std::cout << shownName(fileName) << kGoodFile;
-    return 0;
+  const std::string name = shownName(fileName);
+  if (found.check.good) {
+    std::cout << name << kGoodFile;
+    for (const std::string& warning : found.warnings) std::cerr << name << kWarning << warning << '\n';
+    return kExitDone;
   }
-  std::cout << terminalText(found.report);
-  std::cerr << shownName(fileName) << kBadFile;
-  return 2;
+  std::cout << terminalText(found.check.report);
+  if (!found.cause.empty()) std::cout << found.cause << '\n';
+  std::cerr << name << kBadFile;
+  return kExitBadInput;
 }
 
 }  // namespace vk

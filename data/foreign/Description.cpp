@@ -31,12 +31,26 @@ std::string pointsText(const DataSet& data) {
   return counted(static_cast<std::size_t>(static_cast<int>(data.NumPnt)), "punto", "punti");
 }
 
-bool isCsv(const ForeignReading& reading) {
-  return reading.dialect.separator == ',' || reading.dialect.separator == ';';
-}
-
-bool hasDecimalComma(const ForeignReading& reading) {
-  return reading.hasDecimals && reading.dialect.decimal == ',';
+/// The first thing that a data file has otherwise; empty where only single lines are wrong.
+std::string differenceFromDataFiles(const ForeignReading& reading) {
+  const std::string comma =
+      reading.hasDecimals && reading.dialect.decimal == ',' ? " con virgola decimale" : "";
+  const char separator = reading.dialect.separator;
+  const Encoding encoding = reading.encoding;
+  if (encoding == Encoding::kUtf16Le || encoding == Encoding::kUtf16Be) {
+    return "sembra un testo " + std::string(encodingName(encoding));
+  }
+  if (separator == ',' || separator == ';') return "sembra un file CSV" + comma;
+  if (separator == '|') return "sembra una tabella con separatore '|'" + comma;
+  if (!comma.empty()) return "sembra una tabella" + comma;
+  if (reading.errorsMissing) return "sembra una tabella di due colonne, senza errori";
+  if (!reading.counted || reading.header.axes.empty()) {
+    return "sembra una tabella senza le tre linee iniziali (due titoli e il numero dei punti)";
+  }
+  if (reading.mixedLineEnds) return "le linee non finiscono tutte allo stesso modo";
+  if (!reading.leftOut.empty()) return {};
+  return reading.roles.dx == Roles::kNone ? "la terza linea annuncia errori di x, che mancano"
+                                          : "la terza linea non annuncia gli errori di x";
 }
 
 }  // namespace
@@ -57,22 +71,13 @@ std::string descriptionOf(const ForeignReading& reading) {
   return text;
 }
 
-std::string likelyCause(const ForeignReading& reading) {
-  if (reading.isDataFile) return {};
-  if (!reading.refusal.empty()) return reading.refusal;
-  const char* comma = hasDecimalComma(reading) ? " con virgola decimale" : "";
-  if (isCsv(reading)) return std::string("sembra un file CSV") + comma;
-  const Encoding encoding = reading.encoding;
-  if (encoding == Encoding::kUtf16Le || encoding == Encoding::kUtf16Be) {
-    return "sembra un testo " + std::string(encodingName(encoding));
-  }
-  if (reading.dialect.separator == '|') return std::string("sembra una tabella con separatore '|'") + comma;
-  if (hasDecimalComma(reading)) return std::string("sembra una tabella") + comma;
-  if (reading.errorsMissing) return "sembra una tabella di due colonne, senza errori";
-  if (!reading.counted || reading.header.axes.empty()) {
-    return "sembra una tabella senza le tre linee iniziali (due titoli e il numero dei punti)";
-  }
-  return {};
+LikelyCause likelyCause(const ForeignReading& reading) {
+  // The list of errors tells too few points itself.
+  if (reading.isDataFile || reading.refusal == kTooFewPoints) return {};
+  // A refusal that has an option for it ends with one.
+  if (!reading.refusal.empty()) return {reading.refusal, reading.refusal.find("--") != std::string::npos};
+  const std::string text = differenceFromDataFiles(reading);
+  return {text, !text.empty()};
 }
 
 }  // namespace vk

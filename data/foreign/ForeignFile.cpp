@@ -33,6 +33,16 @@ bool mayBeDataFile(std::string_view bytes) {
   return false;
 }
 
+bool hasMixedLineEnds(std::string_view text) {
+  const auto pairs = [&] {
+    std::ptrdiff_t count = 0;
+    for (auto at = text.find(kCrLf); at != std::string_view::npos; at = text.find(kCrLf, at + 2)) ++count;
+    return count;
+  };
+  const auto returns = std::count(text.begin(), text.end(), '\r');
+  return returns > 0 && (returns != std::count(text.begin(), text.end(), '\n') || returns != pairs());
+}
+
 /// A cell in a message, not too long for it.
 std::string quoted(std::string_view cell) {
   constexpr std::size_t kMost = 24;
@@ -208,6 +218,7 @@ void read(std::string_view bytes, const ForeignOptions& options, ForeignReading&
   }
   if (!reading.isDataFile) {
     const std::string text = decodeText(bytes, reading.encoding);
+    reading.mixedLineEnds = hasMixedLineEnds(text);
     setPoints(reading, Reader(options, reading).read(text), options);
   } else if (options.changesPoints()) {
     setPoints(reading, pointsOf(reading.data), options);

@@ -45,8 +45,9 @@ struct ForeignReading {
       false;  ///< it is a data file as it stands; what follows but for the data is not looked at then
   Encoding encoding = Encoding::kAscii;
   Dialect dialect;
-  bool hasDecimals = false;  ///< some number has the decimal sign
-  bool losesDigits = false;  ///< some number has more digits than are written
+  bool hasDecimals = false;    ///< some number has the decimal sign
+  bool losesDigits = false;    ///< some number has more digits than are written
+  bool mixedLineEnds = false;  ///< the lines do not end as those of data files, all with CR LF or all with LF
   ForeignHeader header;
   bool counted = false;  ///< the last line of the header is a count of points
   Roles roles;
@@ -61,8 +62,14 @@ ForeignReading readForeign(std::string_view bytes, const ForeignOptions& options
 /// What was taken, in one line of UTF-8: "UTF-8, separatore ';', virgola decimale, 2 righe di intestazione, ...".
 std::string descriptionOf(const ForeignReading& reading);
 
-/// Why the file is no data file, in one line of UTF-8, as far as that can be told from how it was read: "sembra un
-/// file CSV con virgola decimale". Empty for a data file and for one with faults in single lines.
-std::string likelyCause(const ForeignReading& reading);
+/// Why a file is no data file.
+struct LikelyCause {
+  std::string text;    ///< one line of UTF-8: "sembra un file CSV con virgola decimale"; empty if unknown
+  bool cured = false;  ///< by an import
+};
+
+/// The likely cause, as far as it can be told from how the file was read. Unknown for a data file and for one with
+/// faults in single lines.
+LikelyCause likelyCause(const ForeignReading& reading);
 
 }  // namespace vk

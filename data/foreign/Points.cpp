@@ -53,7 +53,7 @@ double errorOfMean(const double* errors, std::size_t count) {
 }
 
 void checkCount(std::size_t count) {
-  if (count < kLeastPoints) throw Refusal("un file dati contiene almeno due punti");
+  if (count < kLeastPoints) throw Refusal(kTooFewPoints);
   if (count <= kMostPoints) return;
   const std::string least = std::to_string((count + kMostPoints - 1) / kMostPoints);
   throw Refusal(std::to_string(count) + " punti, piu` di 32767: --every " + least + " ne tiene uno ogni " +

@@ -7,6 +7,9 @@
 
 namespace vk {
 
+/// The refusal of a file with too little in it.
+inline constexpr const char* kTooFewPoints = "un file dati contiene almeno due punti";
+
 /// Points in any number, as columns of one length.
 struct PointColumns {
   std::vector<double> x, y;

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "data/DataSet.h"
+
+namespace vk {
+
+/// What is odd about the points of a good data file, each in one line of ASCII: errors of y that are 0 or below, and
+/// columns that seem to have changed places. Points are named by their number, from 1.
+std::vector<std::string> dataWarnings(const DataSet& data);
+
+}  // namespace vk

@@ -2,7 +2,7 @@
 
 #include "analysis/NormalDeviate.h"
 #include "analysis/Simulation.h"
-#include "bench/validation/Statistics.h"
+#include "bench/validation/NumberCell.h"
 
 namespace vk {
 namespace {

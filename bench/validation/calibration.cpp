@@ -6,37 +6,39 @@
 
 #include "analysis/CurveBand.h"
 #include "analysis/RefinedFit.h"
+#include "bench/validation/NumberCell.h"
 #include "bench/validation/Sections.h"
 #include "bench/validation/SimulatedSets.h"
-#include "bench/validation/Statistics.h"
+#include "tests/analysis/Statistics.h"
 
 namespace vk {
 namespace {
 
-constexpr int kSets = 10000;
+constexpr int kSetsOfModel = 10000;
 constexpr int kLongSets = 1000, kLongPoints = 1000;
 // Where the bands are looked at, as parts of the range of x.
 constexpr std::array kPlaces{0.2, 0.5, 0.8};
 
 /// What one fit of a set says, and how far it is from the truth in units of the errors that it tells.
-struct Outcome {
+struct Finding {
   bool completed = false;      ///< nothing was said but that it is done
   bool hasErrors = false;      ///< a positive one for each parameter; without them all below is empty
   std::vector<double> values;  ///< of the parameters
   std::vector<double> pulls;
   CorrelationMatrix correlation;
   std::optional<double> probability;  ///< of a larger chi-square, 0..1
-  std::vector<double> curve,
-      furtherPoints;  ///< at each place: of the curve, and of a further measurement there
+  // At each place.
+  std::vector<double> curve;
+  std::vector<double> furtherPoints;  ///< of measurements that took no part in the fit
 };
 
 /// A kind of fit of all sets.
-struct Fits {
+struct FitsOfSets {
   std::string heading;
-  std::vector<Outcome> outcomes;
+  std::vector<Finding> findings;
 };
 
-/// Measurements at the places that took no part in the fit.
+/// Measurements at the places, for after the fit.
 struct FurtherPoints {
   std::vector<double> x, y;
 };
@@ -53,7 +55,7 @@ FurtherPoints furtherPoints(const SimulatedModel& model, int seed) {
   return points;
 }
 
-void lookAtBands(Outcome& outcome, const SimulatedModel& model, FitCase& fit, const FurtherPoints& further,
+void lookAtBands(Finding& finding, const SimulatedModel& model, FitCase& fit, const FurtherPoints& further,
                  const CovarianceMatrix& covariance) {
   std::vector<double> x;
   for (const double part : kPlaces) x.push_back(model.place(part));
@@ -65,41 +67,41 @@ void lookAtBands(Outcome& outcome, const SimulatedModel& model, FitCase& fit, co
   };
   const std::size_t count = kPlaces.size();
   for (std::size_t k = 0; k < count; ++k) {
-    outcome.curve.push_back((valueAt(x[k]) - model.at(x[k])) / bands->confidence[k]);
-    outcome.furtherPoints.push_back((further.y[k] - valueAt(further.x[k])) / bands->prediction[count + k]);
+    finding.curve.push_back((valueAt(x[k]) - model.at(x[k])) / bands->confidence[k]);
+    finding.furtherPoints.push_back((further.y[k] - valueAt(further.x[k])) / bands->prediction[count + k]);
   }
 }
 
 /// What is said by a fit that ended at these parameters, which stay in `fit`.
-Outcome outcomeOf(const SimulatedModel& model, FitCase& fit, const ParameterSet& par,
+Finding findingOf(const SimulatedModel& model, FitCase& fit, const ParameterSet& par,
                   const CovarianceMatrix& covariance, std::optional<double> confidencePercent) {
-  Outcome outcome;
+  Finding finding;
   fit.par = par;
-  outcome.values = freeValues(par);
+  finding.values = freeValues(par);
   for (int i = 1; i <= covariance.size(); ++i) {
     const auto at = static_cast<std::size_t>(i) - 1;
     if (!(covariance.deviation(i) > 0)) return {};
-    outcome.pulls.push_back((outcome.values[at] - model.truth[at]) / covariance.deviation(i));
+    finding.pulls.push_back((finding.values[at] - model.truth[at]) / covariance.deviation(i));
   }
-  outcome.hasErrors = covariance.size() > 0;
-  outcome.correlation = covariance.correlation();
-  if (confidencePercent) outcome.probability = *confidencePercent / 100;
-  return outcome;
+  finding.hasErrors = covariance.size() > 0;
+  finding.correlation = covariance.correlation();
+  if (confidencePercent) finding.probability = *confidencePercent / 100;
+  return finding;
 }
 
 /// All kinds of fits of one set.
-std::vector<Outcome> outcomesOf(const SimulatedModel& model, int seed, bool withBands) {
+std::vector<Finding> findingsOf(const SimulatedModel& model, int seed, bool withBands) {
   FitCase fit = simulatedSet(model, seed);
   const ParameterSet start = fit.par;
   const FurtherPoints further = furtherPoints(model, seed);
   const FitResult prescribed = fit.fit();
-  std::vector<Outcome> outcomes;
+  std::vector<Finding> findings;
   const auto add = [&](bool completed, const ParameterSet& par, const CovarianceMatrix& covariance,
                        std::optional<double> confidencePercent) {
-    Outcome outcome = outcomeOf(model, fit, par, covariance, confidencePercent);
-    outcome.completed = completed;
-    if (withBands && outcome.hasErrors) lookAtBands(outcome, model, fit, further, covariance);
-    outcomes.push_back(std::move(outcome));
+    Finding finding = findingOf(model, fit, par, covariance, confidencePercent);
+    finding.completed = completed;
+    if (withBands && finding.hasErrors) lookAtBands(finding, model, fit, further, covariance);
+    findings.push_back(std::move(finding));
   };
   const bool failed = prescribed.status == FitStatus::kFailed;
   add(prescribed.status == FitStatus::kCompleted, prescribed.par,
@@ -112,48 +114,48 @@ std::vector<Outcome> outcomesOf(const SimulatedModel& model, int seed, bool with
   };
   addRefined(XErrors::kEffective);
   if (model.hasXErrors()) addRefined(XErrors::kOrthogonal);
-  return outcomes;
+  return findings;
 }
 
-std::vector<Fits> fitsOf(const SimulatedModel& model, int firstSeed, int sets, bool withBands) {
-  std::vector<Fits> kinds{{"prescribed", {}}, {"refined", {}}};
+std::vector<FitsOfSets> fitsOf(const SimulatedModel& model, int firstSeed, int sets, bool withBands) {
+  std::vector<FitsOfSets> kinds{{"prescribed", {}}, {"refined", {}}};
   if (model.hasXErrors()) kinds.push_back({"by distance", {}});
-  for (Fits& fits : kinds) fits.outcomes.resize(static_cast<std::size_t>(sets));
+  for (FitsOfSets& fits : kinds) fits.findings.resize(static_cast<std::size_t>(sets));
   doAll(sets, [&](int set) {
-    std::vector<Outcome> outcomes = outcomesOf(model, firstSeed + set, withBands);
+    std::vector<Finding> findings = findingsOf(model, firstSeed + set, withBands);
     for (std::size_t kind = 0; kind < kinds.size(); ++kind)
-      kinds[kind].outcomes[static_cast<std::size_t>(set)] = std::move(outcomes[kind]);
+      kinds[kind].findings[static_cast<std::size_t>(set)] = std::move(findings[kind]);
   });
   return kinds;
 }
 
-/// One number of each outcome that has errors.
+/// One number of each finding that has errors.
 template <class Number>
-std::vector<double> columnOf(const Fits& fits, Number number) {
+std::vector<double> columnOf(const FitsOfSets& fits, Number number) {
   std::vector<double> column;
-  for (const Outcome& outcome : fits.outcomes) {
-    if (outcome.hasErrors) column.push_back(number(outcome));
+  for (const Finding& finding : fits.findings) {
+    if (finding.hasErrors) column.push_back(number(finding));
   }
   return column;
 }
 
-std::vector<double> pullsOf(const Fits& fits, std::size_t i) {
-  return columnOf(fits, [i](const Outcome& outcome) { return outcome.pulls[i]; });
+std::vector<double> pullsOf(const FitsOfSets& fits, std::size_t i) {
+  return columnOf(fits, [i](const Finding& finding) { return finding.pulls[i]; });
 }
 
 // ---- Tables
 
 /// A row of a table: its name, and a text for each kind of fit.
 template <class Text>
-void row(std::ostream& page, const std::vector<Fits>& kinds, const std::string& name, Text text) {
+void row(std::ostream& page, const std::vector<FitsOfSets>& kinds, const std::string& name, Text text) {
   page << "| " << name;
-  for (const Fits& fits : kinds) page << " | " << text(fits);
+  for (const FitsOfSets& fits : kinds) page << " | " << text(fits);
   page << " |\n";
 }
 
-void heading(std::ostream& page, const std::vector<Fits>& kinds, const std::string& name) {
-  row(page, kinds, name, [](const Fits& fits) { return fits.heading; });
-  row(page, kinds, "---", [](const Fits&) { return "---"; });
+void heading(std::ostream& page, const std::vector<FitsOfSets>& kinds, const std::string& name) {
+  row(page, kinds, name, [](const FitsOfSets& fits) { return fits.heading; });
+  row(page, kinds, "---", [](const FitsOfSets&) { return "---"; });
 }
 
 /// The parts of deviations in units of their errors that lie in the intervals of 68.27 and 95 per cent.
@@ -162,61 +164,63 @@ std::string coverage(const std::vector<double>& pulls) {
          formatted("%.1f", 100 * within(pulls, intervalFactor(95, 0)));
 }
 
-void writePulls(std::ostream& page, const std::vector<Fits>& kinds, const std::vector<std::string>& names) {
+void writePulls(std::ostream& page, const std::vector<FitsOfSets>& kinds,
+                const std::vector<std::string>& names) {
   heading(page, kinds, "Mean and width of the pulls, % within 68.27 and 95 %");
   for (std::size_t i = 0; i < names.size(); ++i) {
-    row(page, kinds, names[i], [&](const Fits& fits) {
+    row(page, kinds, names[i], [&](const FitsOfSets& fits) {
       const std::vector<double> pulls = pullsOf(fits, i);
       return formatted("%.2f", mean(pulls)) + ", " + formatted("%.2f", width(pulls)) + "; " + coverage(pulls);
     });
   }
 }
 
-void writeBands(std::ostream& page, const std::vector<Fits>& kinds, const SimulatedModel& model) {
+void writeBands(std::ostream& page, const std::vector<FitsOfSets>& kinds, const SimulatedModel& model) {
   for (std::size_t k = 0; k < kPlaces.size(); ++k) {
     const std::string place = " at x = " + formatted("%g", model.place(kPlaces[k]));
-    row(page, kinds, "curve" + place + ", % within its bands", [&](const Fits& fits) {
-      return coverage(columnOf(fits, [&](const Outcome& outcome) { return outcome.curve.at(k); }));
+    row(page, kinds, "curve" + place + ", % within its bands", [&](const FitsOfSets& fits) {
+      return coverage(columnOf(fits, [&](const Finding& finding) { return finding.curve.at(k); }));
     });
-    row(page, kinds, "further point" + place + ", % within its bands", [&](const Fits& fits) {
-      return coverage(columnOf(fits, [&](const Outcome& outcome) { return outcome.furtherPoints.at(k); }));
+    row(page, kinds, "further point" + place + ", % within its bands", [&](const FitsOfSets& fits) {
+      return coverage(columnOf(fits, [&](const Finding& finding) { return finding.furtherPoints.at(k); }));
     });
   }
 }
 
-void writeCounts(std::ostream& page, const std::vector<Fits>& kinds) {
-  const auto count = [&](const std::string& name, bool Outcome::*counted) {
-    row(page, kinds, name,
-        [&](const Fits& fits) { return std::to_string(std::ranges::count_if(fits.outcomes, counted)); });
+void writeCounts(std::ostream& page, const std::vector<FitsOfSets>& kinds) {
+  const auto count = [&](const std::string& name, bool Finding::*counted) {
+    row(page, kinds, name, [&](const FitsOfSets& fits) {
+      return std::to_string(std::ranges::count_if(fits.findings, counted));
+    });
   };
-  count("said completed or converged", &Outcome::completed);
-  count("tells a positive error for each parameter", &Outcome::hasErrors);
-  const auto probability = [](const Outcome& outcome) { return outcome.probability.value_or(0); };
+  count("said completed or converged", &Finding::completed);
+  count("tells a positive error for each parameter", &Finding::hasErrors);
+  const auto probability = [](const Finding& finding) { return finding.probability.value(); };
   row(page, kinds, "chi-square probability: mean, distance from the uniform distribution",
-      [&](const Fits& fits) {
+      [&](const FitsOfSets& fits) {
         const std::vector<double> column = columnOf(fits, probability);
         return formatted("%.3f", mean(column)) + ", " + formatted("%.3f", distanceFromUniform(column));
       });
 }
 
 /// The correlation of the values over all sets, and what single fits tell of it.
-std::string correlations(const Fits& fits, std::size_t i, std::size_t j) {
-  const auto told = columnOf(fits, [&](const Outcome& outcome) {
-    return outcome.correlation.at(static_cast<int>(i) + 1, static_cast<int>(j) + 1);
+std::string correlations(const FitsOfSets& fits, std::size_t i, std::size_t j) {
+  const auto told = columnOf(fits, [&](const Finding& finding) {
+    return finding.correlation.at(static_cast<int>(i) + 1, static_cast<int>(j) + 1);
   });
   const auto value = [&](std::size_t k) {
-    return columnOf(fits, [k](const Outcome& outcome) { return outcome.values[k]; });
+    return columnOf(fits, [k](const Finding& finding) { return finding.values[k]; });
   };
   return formatted("%.2f", correlation(value(i), value(j))) + "; " + formatted("%.2f", mean(told)) + " +- " +
          formatted("%.2f", width(told));
 }
 
-void writeCorrelations(std::ostream& page, const std::vector<Fits>& kinds,
+void writeCorrelations(std::ostream& page, const std::vector<FitsOfSets>& kinds,
                        const std::vector<std::string>& names) {
   for (std::size_t i = 0; i < names.size(); ++i) {
     for (std::size_t j = i + 1; j < names.size(); ++j) {
       row(page, kinds, "correlation of " + names[i] + " and " + names[j] + ": of the sets; told",
-          [&](const Fits& fits) { return correlations(fits, i, j); });
+          [&](const FitsOfSets& fits) { return correlations(fits, i, j); });
     }
   }
 }
@@ -224,7 +228,7 @@ void writeCorrelations(std::ostream& page, const std::vector<Fits>& kinds,
 // ---- Parts of the section
 
 /// A line of the first table: the smallest and the largest width of the pulls of a parameter.
-std::string widths(const Fits& fits, std::size_t parameters) {
+std::string widths(const FitsOfSets& fits, std::size_t parameters) {
   std::vector<double> all;
   for (std::size_t i = 0; i < parameters; ++i) all.push_back(width(pullsOf(fits, i)));
   const auto [least, most] = std::ranges::minmax(all);
@@ -232,13 +236,14 @@ std::string widths(const Fits& fits, std::size_t parameters) {
 }
 
 /// The table of all models, and behind it those of each.
-class Report {
+class CalibrationReport {
  public:
   void add(const SimulatedModel& model) {
-    const std::vector<Fits> kinds = fitsOf(model, seed_, kSets, true);
-    seed_ += kSets;
+    const std::vector<FitsOfSets> kinds = fitsOf(model, seed_, kSetsOfModel, true);
+    seed_ += kSetsOfModel;
     const std::vector<std::string> names = splitItems(model.names);
-    row(summary_, kinds, model.name, [&](const Fits& fits) { return widths(fits, model.parameters()); });
+    row(summary_, kinds, model.name,
+        [&](const FitsOfSets& fits) { return widths(fits, model.parameters()); });
     parts_ << "\n### " << model.name << "\n\n" << model.description() << "\n\n";
     writePulls(parts_, kinds, names);
     writeBands(parts_, kinds, model);
@@ -248,9 +253,9 @@ class Report {
 
   void addLongLine() {
     const SimulatedModel model{"", "b*x+c", "b,c", {2, 1}, measured(0, 10, kLongPoints, 0.6, 0.3)};
-    const std::vector<Fits> kinds = fitsOf(model, seed_, kLongSets, false);
+    const std::vector<FitsOfSets> kinds = fitsOf(model, seed_, kLongSets, false);
     row(summary_, kinds, "Mean pull of the slope, many points with dx",
-        [](const Fits& fits) { return formatted("%.2f", mean(pullsOf(fits, 0))); });
+        [](const FitsOfSets& fits) { return formatted("%.2f", mean(pullsOf(fits, 0))); });
     parts_ << "\n### Many points with dx\n\n" << model.description() << " " << kLongSets << " sets.\n\n";
     writePulls(parts_, kinds, splitItems(model.names));
   }
@@ -266,11 +271,11 @@ class Report {
 }  // namespace
 
 void writeCalibration(std::ostream& page) {
-  Report report;
+  CalibrationReport report;
   for (const SimulatedModel& model : simulatedModels()) report.add(model);
   report.addLongLine();
   page << "| Width of the pulls | prescribed | refined | by distance |\n|---|---|---|---|\n"
-       << report.summary() << "\nEach model was simulated " << kSets
+       << report.summary() << "\nEach model was simulated " << kSetsOfModel
        << R"( times, with the noise of the program's own generator, and fitted from values that are
 up to 5 % off. The *pull* of a parameter is its difference from the true value in units of the error that the fit
 tells: over the sets its mean should be 0 and its width (standard deviation) 1, which so many sets tell to 0.01. Then

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "analysis/RefinedFit.h"
+#include "bench/validation/NumberCell.h"
 #include "bench/validation/Sections.h"
-#include "bench/validation/Statistics.h"
 #include "platform/system/SystemFiles.h"
 #include "tests/analysis/NistCase.h"
 

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "bench/validation/NumberCell.h"
 #include "bench/validation/Precise.h"
 #include "bench/validation/Sections.h"
-#include "bench/validation/Statistics.h"
 #include "numeric/Distributions.h"
 #include "numeric/SpecialFunctions.h"
 

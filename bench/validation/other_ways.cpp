@@ -5,16 +5,16 @@
 #include <sstream>
 
 #include "analysis/RefinedFit.h"
+#include "bench/validation/NumberCell.h"
 #include "bench/validation/Sections.h"
 #include "bench/validation/SimulatedSets.h"
-#include "bench/validation/Statistics.h"
 #include "platform/system/SystemFiles.h"
 #include "tests/analysis/FitTask.h"
 
 namespace vk {
 namespace {
 
-constexpr int kSets = 100;  // of each model
+constexpr int kSetsAsked = 100;  // of each model
 constexpr double kSame = 1E-6;
 
 /// The same fit asked first in one way, and then in others.
@@ -81,10 +81,10 @@ Changes largestOf(const std::vector<Question>& questions, XErrors xErrors) {
 
 std::vector<Question> simulated(const SimulatedModel& model) {
   std::vector<Question> questions;
-  for (int set = 1; set <= kSets; ++set) {
+  for (int set = 1; set <= kSetsAsked; ++set) {
     const FitCase fit = simulatedSet(model, set);
     const FitTask task = taskOf(model.formula, model.names, freeValues(fit.par), fit.points);
-    questions.push_back(questionOf(task, freeValues(simulatedSet(model, kSets + set).par)));
+    questions.push_back(questionOf(task, freeValues(simulatedSet(model, kSetsAsked + set).par)));
   }
   return questions;
 }
@@ -100,7 +100,7 @@ std::string textOf(double change) {
   return "1e" + std::to_string(power);
 }
 
-class Report {
+class ReportOfWays {
  public:
   void add(const std::string& name, const Changes& changes) {
     table_ << "| " << name;
@@ -144,7 +144,7 @@ class Report {
 }  // namespace
 
 void writeOtherWays(std::ostream& page) {
-  Report report;
+  ReportOfWays report;
   for (const SimulatedModel& model : simulatedModels()) {
     const std::vector<Question> questions = simulated(model);
     report.add(model.name, largestOf(questions, XErrors::kEffective));
@@ -163,7 +163,7 @@ The same points were fitted with their lines in another order, from another star
 one), in other units of x, y and the parameters, and with the parameters named and ordered in another way. The table has
 the largest change of the errors, as a part of them, and of the correlations, up to 1E-6 the power of ten that it does
 not exceed; of the simulated models )"
-       << kSets << R"( sets were fitted. *No errors*: one of the fits failed, or told the error 0.
+       << kSetsAsked << R"( sets were fitted. *No errors*: one of the fits failed, or told the error 0.
 )";
   report.writeAll(page);
 }

@@ -2,11 +2,12 @@
 
 #include <cmath>
 
+#include "bench/validation/NumberCell.h"
 #include "bench/validation/Sections.h"
 #include "bench/validation/SimulatedSets.h"
-#include "bench/validation/Statistics.h"
 #include "numeric/Elementary.h"
 #include "tests/analysis/CorrelatedPair.h"
+#include "tests/analysis/Statistics.h"
 
 namespace vk {
 namespace {

@@ -7,6 +7,7 @@
 #include "platform/system/SystemRandom.h"
 #include "tests/analysis/FitFixture.h"
 #include "tests/analysis/ModelFixture.h"
+#include "tests/analysis/Statistics.h"
 
 namespace vk {
 namespace {
@@ -16,34 +17,22 @@ constexpr double kLargestMean = 0.08;
 constexpr double kLargestWidthError = 0.05;
 constexpr double kLeastProbability = 0.01;
 
-double mean(const std::vector<double>& values) {
-  double sum = 0;
-  for (const double value : values) sum += value;
-  return sum / static_cast<double>(values.size());
-}
-
-double width(const std::vector<double>& values) {
-  const double m = mean(values);
-  double sum = 0;
-  for (const double value : values) sum += (value - m) * (value - m);
-  return std::sqrt(sum / static_cast<double>(values.size() - 1));
-}
-
 /// Probability of at least this distance from the uniform distribution on 0..1, by Kolmogorov and Smirnov.
-double uniformProbability(std::vector<double> values) {
-  std::ranges::sort(values);
+double uniformProbability(const std::vector<double>& values) {
   const auto n = static_cast<double>(values.size());
-  double distance = 0;
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    const auto below = static_cast<double>(i);
-    distance = std::max({distance, values[i] - below / n, (below + 1) / n - values[i]});
-  }
+  const double distance = distanceFromUniform(values);
   const double lambda = (std::sqrt(n) + 0.12 + 0.11 / std::sqrt(n)) * distance;
   double probability = 0;
   for (int k = 1; k <= 100; ++k) {
     probability += (k % 2 == 1 ? 2 : -2) * std::exp(-2 * k * k * lambda * lambda);
   }
   return probability;
+}
+
+TEST(Statistics, TellSpreadAndCorrelationOfColumns) {
+  EXPECT_DOUBLE_EQ(width({1, 2, 6}), std::sqrt(7));
+  EXPECT_DOUBLE_EQ(correlation({1, 2, 3}, {1, 4, 4}), std::sqrt(0.75));
+  EXPECT_DOUBLE_EQ(within({-1, 1, 1.5, -2}, 1), 0.5);
 }
 
 TEST(UniformProbability, TellsUniformNumbersFromOthers) {

@@ -16,7 +16,7 @@
 namespace vk {
 namespace {
 
-const std::string kTitle = "Grandezze Derivate con Errori Lineari";
+const std::string kDerivedTitle = "Grandezze Derivate con Errori Lineari";
 constexpr const char* kNameHead = "Nome";
 constexpr const char* kFormulaHead = "Formula";
 
@@ -88,7 +88,7 @@ std::string DerivedTable::screen() const {
   }
   const std::vector<TableColumn> columns = refined_ ? std::vector{names, values, errors, scaled, formulas}
                                                     : std::vector{names, values, errors, formulas};
-  return columnTable(kTitle, columns).toUtf8();
+  return columnTable(kDerivedTitle, columns).toUtf8();
 }
 
 Json DerivedTable::report() const {

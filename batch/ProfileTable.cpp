@@ -10,7 +10,7 @@
 namespace vk {
 namespace {
 
-const std::string kTitle = "Intervalli di Confidenza dal Profilo di X\xFD";
+const std::string kProfileTitle = "Intervalli di Confidenza dal Profilo di X\xFD";
 
 std::string endText(const std::optional<double>& end) {
   return end ? FormatMask(*end, kNumberMask) : kNoError;
@@ -31,7 +31,7 @@ std::string profileScreen(const ParameterSet& par, const std::vector<ProfileInte
       columns[2 * level + 2].push_back(endText(intervals[k][level].high));
     }
   }
-  return columnTable(kTitle, columns).toUtf8();
+  return columnTable(kProfileTitle, columns).toUtf8();
 }
 
 Json profileReport(const ParameterSet& par, const std::vector<ProfileIntervals>& intervals) {

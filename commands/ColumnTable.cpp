@@ -8,8 +8,8 @@
 namespace vk {
 namespace {
 
-constexpr int kTitleRow = 2, kTitleRule = 3, kHeaderRow = 4, kHeaderRule = 5;
-constexpr int kMargin = 2;
+constexpr int kTableTitleRow = 2, kTableTitleRule = 3, kHeadsRow = 4, kHeadsRule = 5;
+constexpr int kCellMargin = 2;
 constexpr int kBesideCells = 3;  // a rule, and a blank on each side
 
 int widthOf(const TableColumn& column) {
@@ -26,22 +26,22 @@ std::string numberHead(const std::string& head) {
 }
 
 CharGrid columnTable(const std::string& title, const std::vector<TableColumn>& columns) {
-  const int rows = kHeaderRule + static_cast<int>(columns.front().size());
+  const int rows = kHeadsRule + static_cast<int>(columns.front().size());
   int width = 1;
   for (const TableColumn& column : columns) width += widthOf(column) + kBesideCells;
   width = std::max(width, length(title) + kBesideCells + 1);
   CharGrid grid(rows, width);
-  grid.frame({1, 1, kTitleRule, width, kFrameStyle});
-  grid.print(kTitleRow, (width + 2 - length(title)) / 2, Cp437Text(title));
+  grid.frame({1, 1, kTableTitleRule, width, kFrameStyle});
+  grid.print(kTableTitleRow, (width + 2 - length(title)) / 2, Cp437Text(title));
   int begin = 1;
   for (const TableColumn& column : columns) {
     const int end = &column == &columns.back() ? width : begin + widthOf(column) + kBesideCells;
-    grid.frame({kTitleRule, begin, kHeaderRule, end, kFrameStyle});
-    grid.frame({kTitleRule, begin, rows, end, kFrameStyle});
-    int row = kHeaderRow;
+    grid.frame({kTableTitleRule, begin, kHeadsRule, end, kFrameStyle});
+    grid.frame({kTableTitleRule, begin, rows, end, kFrameStyle});
+    int row = kHeadsRow;
     for (const std::string& cell : column) {
-      grid.print(row, begin + kMargin, Cp437Text(cell));
-      row += row == kHeaderRow ? kHeaderRule + 1 - kHeaderRow : 1;
+      grid.print(row, begin + kCellMargin, Cp437Text(cell));
+      row += row == kHeadsRow ? kHeadsRule + 1 - kHeadsRow : 1;
     }
     begin = end;
   }

@@ -12,7 +12,7 @@ using testing::HasSubstr;
 using testing::Not;
 
 /// A line by three points with errors of .1: its slope has the error .1/sqrt(2), the value in the middle .1/sqrt(3).
-std::string line(const std::string& dy = ".1") {
+std::string lineFit(const std::string& dy = ".1") {
   const std::string points = " 3\r\n1 3 " + dy + "\r\n2 5 " + dy + "\r\n3 7.3 " + dy + "\r\n";
   return "fit '" + temporaryFile("LINE.DAT", "x\r\ny\r\n" + points) +
          "' --catalogue 1,2 --par b=1 --par c=0 ";
@@ -21,8 +21,8 @@ std::string line(const std::string& dy = ".1") {
 // ---- Intervals
 
 TEST(BatchProfile, PrintsIntervalsUnderTheMinimum) {
-  const std::string plain = batch(line() + "--refine").output;
-  const BatchRun run = batch(line() + "--refine --profile");
+  const std::string plain = batch(lineFit() + "--refine").output;
+  const BatchRun run = batch(lineFit() + "--refine --profile");
   EXPECT_EQ(run.exitCode, 0);
   ASSERT_EQ(run.output.substr(0, plain.size()), plain);
   EXPECT_EQ(run.output.substr(plain.size()),
@@ -48,7 +48,7 @@ TEST(BatchProfile, LeavesOpenEndsBlankAndConstantParametersOut) {
 }
 
 TEST(BatchProfile, NeedsTheMinimum) {
-  const BatchRun run = batch(line() + "--profile");
+  const BatchRun run = batch(lineFit() + "--profile");
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_THAT(run.errors, HasSubstr("--profile richiede --refine"));
 }
@@ -57,7 +57,7 @@ TEST(BatchProfile, NeedsTheMinimum) {
 
 std::string savedFigure(const std::string& dy, const std::string& words) {
   const std::string file = temporaryFile("BAND.GRA", "");
-  const BatchRun run = batch(line(dy) + "--save-gra '" + file + "' " + words);
+  const BatchRun run = batch(lineFit(dy) + "--save-gra '" + file + "' " + words);
   EXPECT_EQ(run.exitCode, 0) << run.errors;
   return fileContent(file);
 }
@@ -91,13 +91,13 @@ TEST(BatchBand, OfInventedErrorsIsTheScattersByStudent) {
 }
 
 TEST(BatchBand, NeedsAFigureAndAPercentage) {
-  const BatchRun alone = batch(line() + "--band 68");
+  const BatchRun alone = batch(lineFit() + "--band 68");
   EXPECT_EQ(alone.exitCode, 2);
   EXPECT_THAT(alone.errors, EndsWith("--band: serve --figure o --save-gra\n"));
-  const BatchRun other = batch(line() + "--band 90 --save-gra /tmp/BAND.GRA");
+  const BatchRun other = batch(lineFit() + "--band 90 --save-gra /tmp/BAND.GRA");
   EXPECT_EQ(other.exitCode, 2);
   EXPECT_THAT(other.errors, EndsWith("--band: si attende 68 o 95\n"));
-  const BatchRun bare = batch(line() + "--prediction --save-gra /tmp/BAND.GRA");
+  const BatchRun bare = batch(lineFit() + "--prediction --save-gra /tmp/BAND.GRA");
   EXPECT_EQ(bare.exitCode, 2);
   EXPECT_THAT(bare.errors, HasSubstr("--prediction richiede --band"));
 }

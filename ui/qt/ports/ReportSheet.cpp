@@ -10,15 +10,15 @@
 namespace vk {
 namespace {
 
-constexpr double kTextShare = 0.6;      // of the height of the page, at most
-constexpr double kFigureHeight = 0.65;  // of its width
-constexpr double kGap = 400;            // twips between text and figure
+constexpr double kSheetTextShare = 0.6;  // of the height of the page, at most
+constexpr double kFigureHeight = 0.65;   // of its width
+constexpr double kGap = 400;             // twips between text and figure
 
 /// Where the text stands: centred at the top.
 GridPlace placeOf(const CharGrid& text, const FontSpec& font, const SheetSize& page) {
   const CellSize cell = cellOf(toolkitFont(font));
   const double width = text.cols() * cell.width, height = text.rows() * cell.height;
-  const double scale = std::min({1.0, page.width / width, kTextShare * page.height / height});
+  const double scale = std::min({1.0, page.width / width, kSheetTextShare * page.height / height});
   return {.left = (page.width - scale * width) / 2,
           .top = 0,
           .cellWidth = scale * cell.width,

@@ -28,6 +28,7 @@ namespace {
 // What several subcommands take.
 constexpr const char* kDataFileHelp = "File dati (.DAT)";
 constexpr const char* kDataOutputHelp = "Scrive i dati in questo file";
+constexpr const char* kJsonHelp = "Stampa il risultato come oggetto JSON";
 constexpr const char* kSeedHelp = "Seme del generatore di numeri casuali";
 
 /// A subcommand and what it runs once the command line is read.
@@ -85,13 +86,33 @@ std::function<std::vector<EnteredValue>()> addStart(CLI::App& command) {
 }
 
 void addJson(CLI::App& command, bool& json) {
-  command.add_flag("--json", json, "Stampa il risultato come oggetto JSON");
+  command.add_flag("--json", json, kJsonHelp);
+}
+
+/// The forms of a fit; one at most.
+void addForms(CLI::App& fit, FitForm& form) {
+  struct FormOption {
+    FitForm form;
+    const char *name, *help;
+  };
+  constexpr std::array kForms{
+      FormOption{FitForm::kJson, "--json", kJsonHelp},
+      FormOption{FitForm::kJsonLines, "--json-lines", "Un oggetto JSON su una riga per ogni file"},
+      FormOption{FitForm::kCsv, "--csv", "Una riga di valori separati da virgole per ogni file"},
+  };
+  std::vector<CLI::Option*> others;
+  for (const FormOption& option : kForms) {
+    CLI::Option* flag = fit.add_flag_callback(
+        option.name, [&form, option] { form = option.form; }, option.help);
+    for (CLI::Option* other : others) flag->excludes(other);
+    others.push_back(flag);
+  }
 }
 
 void addFit(CLI::App& app, Commands& commands, const Drawing& drawing) {
   CLI::App* fit = app.add_subcommand("fit", "Adatta una funzione ai dati di un file e stampa il risultato");
   auto args = std::make_shared<FitArguments>();
-  fit->add_option("DATI", args->dataFile, kDataFileHelp)->required();
+  fit->add_option("DATI", args->dataFiles, "File dati (.DAT), anche piu` di uno")->required();
   addModel(*fit, args->model);
   const auto start = addStart(*fit);
   CLI::Option* derive = addRepeated(
@@ -104,7 +125,8 @@ void addFit(CLI::App& app, Commands& commands, const Drawing& drawing) {
   fit->add_flag("--profile", args->profile,
                 "Intervalli di confidenza al 68.27 e al 95 % dal profilo di chi quadro")
       ->needs(refine);
-  addJson(*fit, args->json);
+  addForms(*fit, args->form);
+  fit->add_option("--jobs", args->jobs, "Quanti file alla volta (1)");
   fit->add_option("--figure", args->figures.figure, "Grafico di dati e funzione: file .PNG, .SVG o .PDF");
   fit->add_option("--save-gra", args->figures.graphicFile, "Lo stesso come file grafico (.GRA)");
   CLI::Option* band = fit->add_option("--band", args->figures.band,

@@ -34,15 +34,17 @@ class DerivedTable {
   /// A list of objects; what could not be computed is null.
   Json report() const;
 
- private:
+  /// A quantity; what could not be computed of the result is missing.
   struct Row {
     std::string name, text;  ///< code page 437
     Formula formula;
     QuantityValue result;
   };
-
+  const std::vector<Row>& rows() const { return rows_; }
+  /// The error as the scatter of the points has it; missing where it is not known.
   std::optional<double> scaledError(const Row& row) const;
 
+ private:
   std::vector<Row> rows_;
   bool refined_ = false;
   std::optional<double> scale_;

@@ -5,7 +5,9 @@
 
 #include "analysis/LinearisedErrors.h"
 #include "batch/DataInput.h"
+#include "batch/FitCsv.h"
 #include "batch/FitReport.h"
+#include "batch/ManyFits.h"
 #include "batch/ProfileTable.h"
 #include "batch/TerminalPorts.h"
 #include "batch/TerminalProgress.h"
@@ -27,18 +29,22 @@ class TerminalFit {
       : session_(session),
         listener_(listener),
         wishes_(std::move(wishes)),
-        problem_{session.loaded.data, session.analysis.model, listener},
-        start_(session.analysis.par) {}
+        problem_{session.loaded.data, session.analysis.model, listener} {
+    outcome_.dataFile = std::move(wishes_.dataFile);
+    found_ = std::move(wishes_.wanted);
+    found_.start = session.analysis.par;
+  }
 
   FitOutcome run(Dialogs& dialogs) {
     fit(dialogs);
-    if (wishes_.refine) refine(*wishes_.refine);
-    if (wishes_.profile && refined_.covariance.size() > 0) profile();
-    if (outcome_.fitted && (wishes_.report || wishes_.band || !wishes_.derived.empty()))
-      linearised_ = linearisedCovariance(problem_, result_.par, result_.chi_square);
-    if (!wishes_.derived.empty() && (outcome_.fitted || outcome_.converged)) derive();
-    if (outcome_.fitted && wishes_.band) addBand(*wishes_.band);
-    if (wishes_.report) report();
+    if (found_.xErrors) refine(*found_.xErrors);
+    if (found_.profile && found_.refined.covariance.size() > 0) profile();
+    const bool needsErrors = wishes_.form != FitForm::kScreen || wishes_.band || !found_.derived.empty();
+    if (found_.fitted() && needsErrors)
+      found_.linearised = linearisedCovariance(problem_, found_.result.par, found_.result.chi_square);
+    if (!found_.derived.empty() && (found_.fitted() || outcome_.converged())) derive();
+    if (found_.fitted() && wishes_.band) addBand(*wishes_.band);
+    if (wishes_.form == FitForm::kJson || wishes_.form == FitForm::kJsonLines) report();
     return std::move(outcome_);
   }
 
@@ -55,13 +61,9 @@ class TerminalFit {
   EvaluationListener& listener_;
   FitWishes wishes_;
   const FitProblem problem_;
-  const ParameterSet start_;
-  FitResult result_;
-  std::optional<CovarianceMatrix> linearised_;
-  RefinedFit refined_;
   std::vector<FitWarning> warnings_;
-  std::vector<ProfileIntervals> intervals_;
   FitOutcome outcome_;
+  FitFindings& found_ = outcome_.found;
 };
 
 void TerminalFit::fit(Dialogs& dialogs) {
@@ -69,42 +71,40 @@ void TerminalFit::fit(Dialogs& dialogs) {
   GridOutput output;
   FitScreen screen(session_.analysis.fun.FunctionText, session_.analysis.par, {output, dialogs, clock});
   TerminalProgress observer(screen);
-  result_ = FitData(session_, listener_, observer);
-  outcome_.fitted = result_.status != FitStatus::kFailed;
-  if (outcome_.fitted) {
+  found_.result = FitData(session_, listener_, observer);
+  if (found_.fitted()) {
     outcome_.screen = output.grid().toUtf8();
   } else {
-    std::cerr << "Adattamento non riuscito: " << result_.reason << '\n';
+    std::cerr << "Adattamento non riuscito: " << found_.result.reason << '\n';
   }
 }
 
 void TerminalFit::refine(XErrors xErrors) {
-  refined_ = vk::refine(problem_, start_, &result_, xErrors);
-  warnings_ = fitWarnings(problem_.data, result_, refined_);
-  outcome_.converged = refined_.converged();
-  outcome_.screen += refinedTable(problem_.data, refined_, warnings_).toUtf8();
-  if (!outcome_.fitted && outcome_.converged)
+  found_.refined = vk::refine(problem_, found_.start, &found_.result, xErrors);
+  warnings_ = fitWarnings(problem_.data, found_.result, found_.refined);
+  outcome_.screen += refinedTable(problem_.data, found_.refined, warnings_).toUtf8();
+  if (!outcome_.fitted() && outcome_.converged())
     std::cerr << "La seconda minimizzazione ha raggiunto il minimo\n";
 }
 
 void TerminalFit::profile() {
-  intervals_ = profileIntervals(problem_, refined_);
-  outcome_.screen += profileScreen(refined_.par, intervals_);
+  found_.intervals = profileIntervals(problem_, found_.refined);
+  outcome_.screen += profileScreen(found_.refined.par, found_.intervals);
 }
 
 /// The covariances of the true minimum where there is one.
 std::optional<CovarianceMatrix> TerminalFit::covariance() const {
-  if (!outcome_.converged) return linearised_;
-  return refined_.covariance.size() > 0 ? std::optional(refined_.covariance) : std::nullopt;
+  if (!outcome_.converged()) return found_.linearised;
+  return found_.refined.covariance.size() > 0 ? std::optional(found_.refined.covariance) : std::nullopt;
 }
 
 void TerminalFit::derive() {
-  const FittedValues fitted{.par = outcome_.converged ? refined_.par : result_.par,
+  const FittedValues fitted{.par = outcome_.converged() ? found_.refined.par : found_.result.par,
                             .covariance = covariance(),
-                            .refined = outcome_.converged,
-                            .reducedChiSquare = refined_.reducedChiSquare};
-  outcome_.derivedFailed = !wishes_.derived.compute(fitted, listener_);
-  outcome_.screen += wishes_.derived.screen();
+                            .refined = outcome_.converged(),
+                            .reducedChiSquare = found_.refined.reducedChiSquare};
+  outcome_.derivedFailed = !found_.derived.compute(fitted, listener_);
+  outcome_.screen += found_.derived.screen();
 }
 
 // Where nobody knows the errors of the points, their scatter tells that of the function.
@@ -115,66 +115,116 @@ void TerminalFit::addBand(const BandWish& wish) {
     std::cerr << kNoBand;
     return;
   }
-  const bool invented = haveInventedErrors(problem_.data) && result_.reduced_chi_square;
-  const double scatter = invented ? std::sqrt(*result_.reduced_chi_square) : 1;
-  const double factor = scatter * intervalFactor(wish.percent, invented ? result_.degrees_of_freedom : 0);
+  const bool invented = haveInventedErrors(problem_.data) && found_.result.reduced_chi_square;
+  const double scatter = invented ? std::sqrt(*found_.result.reduced_chi_square) : 1;
+  const double factor =
+      scatter * intervalFactor(wish.percent, invented ? found_.result.degrees_of_freedom : 0);
   session_.figures.band = CurveBand{*known, factor, wish.prediction};
 }
 
 void TerminalFit::report() {
   const FunctionDef& fun = session_.analysis.fun;
-  const FitOrigin origin{wishes_.dataFile, fun.FunctionText,
-                         ComposeFunctionText(session_.loaded.catalogue, fun), start_};
-  outcome_.report = fitReport(origin, result_, linearised_);
-  if (wishes_.refine) {
-    outcome_.report.add("refined", refinedReport(problem_.data, refined_));
+  const FitOrigin origin{outcome_.dataFile, fun.FunctionText,
+                         ComposeFunctionText(session_.loaded.catalogue, fun), found_.start};
+  outcome_.report = fitReport(origin, found_.result, found_.linearised);
+  if (found_.xErrors) {
+    outcome_.report.add("refined", refinedReport(problem_.data, found_.refined));
     outcome_.report.add("warnings", warningsReport(warnings_));
   }
-  if (!intervals_.empty()) outcome_.report.add("profile", profileReport(refined_.par, intervals_));
-  if (!wishes_.derived.empty()) outcome_.report.add("derived", wishes_.derived.report());
+  if (!found_.intervals.empty())
+    outcome_.report.add("profile", profileReport(found_.refined.par, found_.intervals));
+  if (!found_.derived.empty()) outcome_.report.add("derived", found_.derived.report());
 }
 
 /// How `--refine` is to treat errors in x.
-std::optional<XErrors> refineWish(const FitArguments& arguments, const DataSet& data) {
+std::optional<XErrors> refineWish(const FitArguments& arguments) {
   if (!arguments.refine) return std::nullopt;
   if (arguments.xErrors.empty()) return XErrors::kEffective;
-  if (data.kXpntErr == kFalse) throw UsageError("--x-errors: i dati non hanno errori di x");
   for (const XErrors choice : {XErrors::kEffective, XErrors::kOrthogonal}) {
     if (textOf(choice).word == arguments.xErrors) return choice;
   }
   throw UsageError("--x-errors: si attende effective o orthogonal");
 }
 
+int runOneFit(const FitArguments& arguments, FigureMaker* maker) {
+  FitFigures figures(arguments.figures, maker);
+  Session session;
+  TerminalFiles files;
+  TerminalDialogs dialogs;
+  const std::string& dataFile = arguments.dataFiles.front();
+  loadData(session, files, dialogs, dataFile);
+  chooseFitModel(session, files, arguments);
+  const FitOutcome outcome = fitLoaded(session, arguments, dataFile);
+  printOutcome(outcome, arguments.form);
+  if (!outcome.fitted()) return outcome.done() && !arguments.figures.any() ? kExitDone : kExitFailed;
+  ExhaustedBox listener(dialogs);
+  return figures.write(session, listener) && outcome.done() ? kExitDone : kExitFailed;
+}
+
+void requireSense(const FitArguments& arguments) {
+  constexpr int kMostJobs = 1000;
+  if (arguments.jobs < 1 || arguments.jobs > kMostJobs)
+    throw UsageError("--jobs: si attende un numero da 1 a " + std::to_string(kMostJobs));
+  const bool single = arguments.dataFiles.size() == 1 && !hasLines(arguments.form);
+  if (!single && arguments.form == FitForm::kJson)
+    throw UsageError("--json: per piu` di un file serve --json-lines");
+  if (!single && (arguments.figures.any() || !arguments.figures.band.empty()))
+    throw UsageError("Grafici e differenze: solo di un file alla volta, senza --csv e --json-lines");
+}
+
 }  // namespace
+
+void chooseFitModel(Session& session, Files& files, const FitArguments& arguments) {
+  chooseModel(session, files, arguments.model, parameterNames(arguments.parameters));
+  enterStart(session, arguments.parameters);
+}
 
 FitOutcome fitAtTerminal(Session& session, Dialogs& dialogs, EvaluationListener& listener, FitWishes wishes) {
   return TerminalFit(session, listener, std::move(wishes)).run(dialogs);
 }
 
-void printOutcome(const FitOutcome& outcome, bool asReport) {
-  std::cout << (asReport ? outcome.report.text() + "\n" : outcome.screen);
+void printOutcome(const FitOutcome& outcome, FitForm form) {
+  switch (form) {
+    case FitForm::kScreen:
+      std::cout << outcome.screen;
+      break;
+    case FitForm::kJson:
+      std::cout << outcome.report.text() << '\n';
+      break;
+    case FitForm::kJsonLines:
+      std::cout << outcome.report.line() << '\n';
+      break;
+    case FitForm::kCsv:
+      std::cout << csvLine(outcome.dataFile, outcome.found) << '\n';
+      break;
+  }
+}
+
+FitFindings wantedFindings(const Session& session, const FitArguments& arguments) {
+  FitFindings wanted;
+  wanted.start = session.analysis.par;
+  wanted.xErrors = refineWish(arguments);
+  wanted.profile = arguments.profile;
+  wanted.derived = {arguments.derived, session.analysis.par};
+  return wanted;
+}
+
+FitOutcome fitLoaded(Session& session, const FitArguments& arguments, const std::string& dataFile) {
+  if (!arguments.xErrors.empty() && session.loaded.data.kXpntErr == kFalse)
+    throw UsageError("--x-errors: i dati non hanno errori di x");
+  TerminalDialogs dialogs;
+  ExhaustedBox listener(dialogs);
+  return fitAtTerminal(session, dialogs, listener,
+                       {.form = arguments.form,
+                        .wanted = wantedFindings(session, arguments),
+                        .band = bandWish(arguments.figures),
+                        .dataFile = shownName(dataFile)});
 }
 
 int runFit(const FitArguments& arguments, FigureMaker* maker) {
-  FitFigures figures(arguments.figures, maker);
-  Session session;
-  TerminalFiles files;
-  TerminalDialogs dialogs;
-  loadData(session, files, dialogs, arguments.dataFile);
-  chooseModel(session, files, arguments.model, parameterNames(arguments.parameters));
-  enterStart(session, arguments.parameters);
-  FitWishes wishes{.report = arguments.json,
-                   .refine = refineWish(arguments, session.loaded.data),
-                   .profile = arguments.profile,
-                   .band = bandWish(arguments.figures),
-                   .derived = {arguments.derived, session.analysis.par},
-                   .dataFile = shownName(arguments.dataFile)};
-  ExhaustedBox listener(dialogs);
-  const FitOutcome outcome = fitAtTerminal(session, dialogs, listener, std::move(wishes));
-  printOutcome(outcome, arguments.json);
-  const bool done =
-      outcome.fitted ? figures.write(session, listener) : outcome.converged && !arguments.figures.any();
-  return done && !outcome.derivedFailed && !outcome.bandFailed ? kExitDone : kExitFailed;
+  requireSense(arguments);
+  const bool single = arguments.dataFiles.size() == 1 && !hasLines(arguments.form);
+  return single ? runOneFit(arguments, maker) : runManyFits(arguments);
 }
 
 }  // namespace vk

@@ -15,21 +15,8 @@ Json orNull(const std::optional<Number>& number) {
   return number ? Json(*number) : Json();
 }
 
-const char* statusName(FitStatus status) {
-  constexpr std::array kNames{"completed", "unreliable", "failed"};
-  return kNames.at(static_cast<std::size_t>(status));
-}
-
 Json nameOf(const ParameterSet& par, int i) {
   return toUtf8(par.name(i), CodePage::kCp437);
-}
-
-/// Number of parameter i among the free ones, from 1; 0 for a constant one.
-int freeNumber(const ParameterSet& par, int i) {
-  for (int k = 1; k <= par.FreeCount; ++k) {
-    if (par.FreeIndex[k] == i) return k;
-  }
-  return 0;
 }
 
 Json parameter(const FitOrigin& origin, const FitResult& result, const Covariance& linearised, int i) {
@@ -76,6 +63,18 @@ Json wordOf(const FitText& text) {
 }
 
 }  // namespace
+
+const char* statusName(FitStatus status) {
+  constexpr std::array kNames{"completed", "unreliable", "failed"};
+  return kNames.at(static_cast<std::size_t>(status));
+}
+
+int freeNumber(const ParameterSet& par, int i) {
+  for (int k = 1; k <= par.FreeCount; ++k) {
+    if (par.FreeIndex[k] == i) return k;
+  }
+  return 0;
+}
 
 Json fitReport(const FitOrigin& origin, const FitResult& result, const Covariance& linearised) {
   return Json::Object{

@@ -9,6 +9,12 @@
 
 namespace vk {
 
+/// The word of the status of a fit.
+const char* statusName(FitStatus status);
+
+/// Number of parameter i among the free ones, from 1; 0 for a constant one.
+int freeNumber(const ParameterSet& par, int i);
+
 /// What a fit began with.
 struct FitOrigin {
   std::string dataFile;      ///< as a terminal shows it; empty for data of no file

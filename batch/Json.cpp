@@ -30,20 +30,23 @@ std::string quoted(const std::string& text) {
   return result + "\"";
 }
 
-/// Items between brackets, one on a line.
+/// Items between brackets, one on a line; below depth 0 all of them on one.
 std::string block(const std::vector<std::string>& items, char open, char close, int depth) {
   if (items.empty()) return {open, close};
-  const auto indent = [](int level) { return "\n" + std::string(static_cast<std::size_t>(2 * level), ' '); };
+  const auto indent = [&](int level) {
+    return depth < 0 ? "" : "\n" + std::string(static_cast<std::size_t>(2 * level), ' ');
+  };
   std::string result(1, open);
-  for (std::size_t i = 0; i < items.size(); ++i) result += (i == 0 ? "" : ",") + indent(depth + 1) + items[i];
+  for (std::size_t i = 0; i < items.size(); ++i)
+    result += (i == 0 ? "" : depth < 0 ? ", " : ",") + indent(depth + 1) + items[i];
   return result + indent(depth) + close;
 }
 
 }  // namespace
 
-std::string Json::text(int depth) const {
+std::string Json::written(int depth) const {
   struct Writer {
-    int depth;
+    int depth, inner;
     std::string operator()(std::monostate) const { return "null"; }
     std::string operator()(bool value) const { return value ? "true" : "false"; }
     std::string operator()(int value) const { return std::to_string(value); }
@@ -51,16 +54,16 @@ std::string Json::text(int depth) const {
     std::string operator()(const std::string& value) const { return quoted(value); }
     std::string operator()(const List& list) const {
       std::vector<std::string> items;
-      for (const Json& item : list) items.push_back(item.text(depth + 1));
+      for (const Json& item : list) items.push_back(item.written(inner));
       return block(items, '[', ']', depth);
     }
     std::string operator()(const Object& object) const {
       std::vector<std::string> items;
-      for (const auto& [name, value] : object) items.push_back(quoted(name) + ": " + value.text(depth + 1));
+      for (const auto& [name, value] : object) items.push_back(quoted(name) + ": " + value.written(inner));
       return block(items, '{', '}', depth);
     }
   };
-  return std::visit(Writer{depth}, value_);
+  return std::visit(Writer{depth, depth < 0 ? depth : depth + 1}, value_);
 }
 
 }  // namespace vk

@@ -33,9 +33,14 @@ class Json {
   }
 
   /// The value on several lines, two blanks deeper for each level; ends without a line end.
-  std::string text(int depth = 0) const;
+  std::string text() const { return written(0); }
+  /// The value on one line, without its end.
+  std::string line() const { return written(kOneLine); }
 
  private:
+  static constexpr int kOneLine = -1;  ///< in place of a depth
+  std::string written(int depth) const;
+
   std::variant<std::monostate, bool, int, double, std::string, List, Object> value_;
 };
 

@@ -80,17 +80,18 @@ int runSimulate(const SimulateArguments& arguments) {
   const ParameterSet truth = session.analysis.par;
   ExhaustedBox listener(dialogs);
   if (!SimulateData(session, wantedFields(arguments), dialogs, random, listener)) return kExitBadInput;
-  FitOutcome outcome = fitAtTerminal(session, dialogs, listener, {.report = arguments.json});
+  const FitForm form = arguments.json ? FitForm::kJson : FitForm::kScreen;
+  FitOutcome outcome = fitAtTerminal(session, dialogs, listener, {.form = form});
   if (arguments.json) {
     outcome.report = Json::Object{{"schema_version", kSchemaVersion},
                                   {"settings", settings(session.analysis.sim, seed)},
                                   {"truth", parameters(truth)},
                                   {"fit", outcome.report}};
   }
-  printOutcome(outcome, arguments.json);
+  printOutcome(outcome, form);
   if (!arguments.outputFile.empty())
     writeFile(files, arguments.outputFile, dataFileText(session.loaded.data));
-  return outcome.fitted ? kExitDone : kExitFailed;
+  return outcome.fitted() ? kExitDone : kExitFailed;
 }
 
 }  // namespace vk

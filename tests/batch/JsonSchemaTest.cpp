@@ -5,6 +5,7 @@
 
 #include <nlohmann/json.hpp>
 #include <set>
+#include <sstream>
 
 #include "analysis/FitWarnings.h"
 #include "batch/BatchRun.h"
@@ -73,6 +74,27 @@ TEST(JsonSchema, HoldsForAFit) {
   EXPECT_EQ(fit["correlation_linearised"][0][0], 1);
   EXPECT_FALSE(fit.contains("refined"));
   EXPECT_FALSE(fit.contains("warnings"));
+}
+
+TEST(JsonSchema, HoldsForEachLine) {
+  const std::string points = measured(" 3\r\n1 2.1 .1\r\n2 3.9 .1\r\n3 6.2 .1\r\n");
+  const std::string model = "--catalogue 1,2 --par b=1 --par c=0 ";
+  const BatchRun run = batch("fit " + points + "none.dat " + points + model + "--json-lines");
+  EXPECT_EQ(run.exitCode, 1);
+  const Document alone = Document::parse(batch("fit " + points + model + "--json").output);
+  std::vector<Document> objects;
+  std::istringstream lines(run.output);
+  for (std::string line; std::getline(lines, line);) objects.push_back(Document::parse(line));
+  ASSERT_EQ(objects.size(), 3u);
+  EXPECT_EQ(objects[0], alone);
+  EXPECT_EQ(objects[1], Document({{"schema_version", 1},
+                                  {"data_file", "none.dat"},
+                                  {"status", "refused"},
+                                  {"reason", "Impossibile trovare il file"}}));
+  EXPECT_TRUE(fits(objects[1], schemaOf("file_without_fit")));
+  EXPECT_FALSE(fits(objects[1], schemaOf("fit")));
+  EXPECT_TRUE(fits(objects[1], schemaOf()));
+  EXPECT_EQ(objects[2], alone);
 }
 
 TEST(JsonSchema, HoldsForAMinimum) {

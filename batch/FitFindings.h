@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "analysis/ProfileIntervals.h"
+#include "batch/DerivedTable.h"
+
+namespace vk {
+
+/// All that a fit at a terminal was asked for and has found.
+struct FitFindings {
+  bool fitted() const { return result.status != FitStatus::kFailed; }
+
+  ParameterSet start;
+  FitResult result;
+  std::optional<CovarianceMatrix> linearised;  ///< of the free parameters at the result
+  std::optional<XErrors> xErrors;  ///< the true minimum is wanted, with this account of errors in x
+  RefinedFit refined;
+  bool profile = false;                     ///< intervals about the minimum are wanted
+  std::vector<ProfileIntervals> intervals;  ///< of the free parameters; none without a minimum with errors
+  DerivedTable derived;
+};
+
+}  // namespace vk

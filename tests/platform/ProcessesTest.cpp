@@ -1,0 +1,121 @@
+#include "platform/system/Processes.h"
+
+#include <gmock/gmock.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <iostream>
+#include <thread>
+#include <vector>
+
+#include "base/RuntimeError.h"
+
+namespace vk {
+namespace {
+
+using ::testing::ElementsAre;
+
+/// What the processes left, in the order in which it was taken.
+std::vector<ProcessEnd> endsOf(int count, int jobs, const std::function<int(int)>& task) {
+  std::vector<ProcessEnd> ends;
+  runInProcesses(count, jobs, task, [&](int number, const ProcessEnd& end) {
+    EXPECT_EQ(number, static_cast<int>(ends.size()));
+    ends.push_back(end);
+    return true;
+  });
+  return ends;
+}
+
+int tell(int number) {
+  std::cout << "out " << number;
+  std::cerr << "err " << number;
+  return number;
+}
+
+TEST(Processes, GiveWhatTheyWriteAndTheirExitCodes) {
+  const std::vector<ProcessEnd> ends = endsOf(3, 2, tell);
+  ASSERT_EQ(ends.size(), 3u);
+  for (int i = 0; i < 3; ++i) {
+    const ProcessEnd& end = ends[static_cast<std::size_t>(i)];
+    EXPECT_EQ(end.output, "out " + std::to_string(i));
+    EXPECT_EQ(end.errors, "err " + std::to_string(i));
+    EXPECT_EQ(end.exitCode, i);
+    EXPECT_EQ(end.signal, 0);
+  }
+}
+
+TEST(Processes, KeepTheOrderWhereTheFirstIsTheSlowest) {
+  const auto ends = endsOf(6, 3, [](int number) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(number == 0 ? 60 : 1));
+    return tell(number);
+  });
+  std::vector<int> codes;
+  for (const ProcessEnd& end : ends) codes.push_back(end.exitCode);
+  EXPECT_THAT(codes, ElementsAre(0, 1, 2, 3, 4, 5));
+}
+
+TEST(Processes, GiveMoreThanAPipeHolds) {
+  const std::string much(1'000'000, 'x');
+  const auto ends = endsOf(2, 2, [&](int) {
+    std::cerr << much;
+    std::cout << much;
+    return 0;
+  });
+  ASSERT_EQ(ends.size(), 2u);
+  EXPECT_EQ(ends[1].output, much);
+  EXPECT_EQ(ends[1].errors, much);
+}
+
+TEST(Processes, OneThatIsKilledTakesNoOtherWithIt) {
+  const auto ends = endsOf(3, 1, [](int number) {
+    if (number == 1) ::raise(SIGKILL);
+    return tell(number);
+  });
+  ASSERT_EQ(ends.size(), 3u);
+  EXPECT_EQ(ends[1].signal, SIGKILL);
+  EXPECT_EQ(ends[1].output, "");
+  EXPECT_EQ(ends[2].output, "out 2");
+}
+
+TEST(Processes, NoneGoOnWhenNothingMoreIsTaken) {
+  int taken = 0;
+  runInProcesses(
+      4, 4,
+      [](int number) {
+        if (number > 0) std::this_thread::sleep_for(std::chrono::seconds(60));
+        return 0;
+      },
+      [&](int, const ProcessEnd&) { return ++taken < 1; });
+  EXPECT_EQ(taken, 1);
+}
+
+TEST(Processes, FewerRunAtOnceWhereTheSystemHasNoMoreFiles) {
+  rlimit before{};
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+  rlimit few = before;
+  few.rlim_cur = 20;
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+  EXPECT_EQ(endsOf(40, 40, tell).size(), 40u);
+  few.rlim_cur = 3;
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+  EXPECT_THROW(endsOf(1, 1, tell), RuntimeError);
+  ::setrlimit(RLIMIT_NOFILE, &before);
+}
+
+TEST(SignalHold, LetsAnEndingSignalThroughAfterwards) {
+  const auto ends = endsOf(1, 1, [](int) {
+    {
+      const SignalHold whole;
+      ::raise(SIGINT);
+      std::cout << "whole line\n" << std::flush;
+    }
+    return 0;
+  });
+  EXPECT_EQ(ends[0].output, "whole line\n");
+  EXPECT_EQ(ends[0].signal, SIGINT);
+}
+
+}  // namespace
+}  // namespace vk

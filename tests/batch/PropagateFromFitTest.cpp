@@ -129,7 +129,7 @@ TEST(BatchFromFit, AMissingOrDoubledParameterIsBadInput) {
 TEST(BatchFromFit, ANameOfTwoFittedParametersCannotBeTaken) {
   const std::string file = temporaryFile("TWICE.JSON", R"({"parameters": [
   {"name": "A", "value": 2, "error_linearised": 1, "free": true},
-  {"name": "k", "value": 3, "error_linearised": 1, "free": true},
+  {"name": "k", "value": 3, "error_linearised": 0.1, "free": true},
   {"name": "A", "value": 4, "error_linearised": 1, "free": true}],
  "correlation_linearised": [[1, 0, 0], [0, 1, 0], [0, 0, 1]]})");
   const BatchRun run = batch("propagate --from-fit '" + file + "' --function 'A/k'");

@@ -97,6 +97,8 @@ void addForms(CLI::App& fit, FitForm& form) {
   };
   constexpr std::array kForms{
       FormOption{FitForm::kJson, "--json", kJsonHelp},
+      FormOption{FitForm::kRounded, "--rounded", "Stampa solo valori ed errori, arrotondati insieme"},
+      FormOption{FitForm::kLatex, "--latex", "Tabella LaTeX di valori arrotondati e correlazioni"},
       FormOption{FitForm::kJsonLines, "--json-lines", "Un oggetto JSON su una riga per ogni file"},
       FormOption{FitForm::kCsv, "--csv", "Una riga di valori separati da virgole per ogni file"},
   };

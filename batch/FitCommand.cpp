@@ -9,6 +9,7 @@
 #include "batch/FitReport.h"
 #include "batch/ManyFits.h"
 #include "batch/ProfileTable.h"
+#include "batch/RoundedFit.h"
 #include "batch/TerminalPorts.h"
 #include "batch/TerminalProgress.h"
 #include "commands/ExhaustedBox.h"
@@ -55,7 +56,6 @@ class TerminalFit {
   void derive();
   void addBand(const BandWish& wish);
   void report();
-  std::optional<CovarianceMatrix> covariance() const;
 
   Session& session_;
   EvaluationListener& listener_;
@@ -92,15 +92,9 @@ void TerminalFit::profile() {
   outcome_.screen += profileScreen(found_.refined.par, found_.intervals);
 }
 
-/// The covariances of the true minimum where there is one.
-std::optional<CovarianceMatrix> TerminalFit::covariance() const {
-  if (!outcome_.converged()) return found_.linearised;
-  return found_.refined.covariance.size() > 0 ? std::optional(found_.refined.covariance) : std::nullopt;
-}
-
 void TerminalFit::derive() {
-  const FittedValues fitted{.par = outcome_.converged() ? found_.refined.par : found_.result.par,
-                            .covariance = covariance(),
+  const FittedValues fitted{.par = found_.par(),
+                            .covariance = found_.covariance(),
                             .refined = outcome_.converged(),
                             .reducedChiSquare = found_.refined.reducedChiSquare};
   outcome_.derivedFailed = !found_.derived.compute(fitted, listener_);
@@ -109,7 +103,7 @@ void TerminalFit::derive() {
 
 // Where nobody knows the errors of the points, their scatter tells that of the function.
 void TerminalFit::addBand(const BandWish& wish) {
-  const auto known = covariance();
+  const auto known = found_.covariance();
   outcome_.bandFailed = !known;
   if (!known) {
     std::cerr << kNoBand;
@@ -190,6 +184,12 @@ void printOutcome(const FitOutcome& outcome, FitForm form) {
       break;
     case FitForm::kJson:
       std::cout << outcome.report.text() << '\n';
+      break;
+    case FitForm::kRounded:
+      std::cout << roundedLines(outcome.found);
+      break;
+    case FitForm::kLatex:
+      std::cout << latexTable(outcome.found, outcome.dataFile);
       break;
     case FitForm::kJsonLines:
       std::cout << outcome.report.line() << '\n';

@@ -16,7 +16,7 @@ namespace vk {
 struct Session;
 
 /// In which form a fit is printed; the last two give one line for each.
-enum class FitForm { kScreen, kJson, kJsonLines, kCsv };
+enum class FitForm { kScreen, kRounded, kJson, kLatex, kJsonLines, kCsv };
 inline bool hasLines(FitForm form) {
   return form >= FitForm::kJsonLines;
 }
@@ -48,7 +48,7 @@ struct FitOutcome {
   bool fitted() const { return found.fitted(); }
   bool converged() const { return found.refined.converged(); }  ///< to the true minimum
   /// True where all that was asked for is there, if need be the minimum in place of a fit.
-  bool done() const { return (fitted() || converged()) && !derivedFailed && !bandFailed; }
+  bool done() const { return found.hasValues() && !derivedFailed && !bandFailed; }
 
   std::string dataFile;
   FitFindings found;

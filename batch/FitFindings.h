@@ -11,6 +11,14 @@ namespace vk {
 /// All that a fit at a terminal was asked for and has found.
 struct FitFindings {
   bool fitted() const { return result.status != FitStatus::kFailed; }
+  bool hasValues() const { return fitted() || refined.converged(); }
+  /// The parameters of the true minimum where there is one, else those of the fit.
+  const ParameterSet& par() const { return refined.converged() ? refined.par : result.par; }
+  /// The covariances that belong to them.
+  std::optional<CovarianceMatrix> covariance() const {
+    if (!refined.converged()) return linearised;
+    return refined.covariance.size() > 0 ? std::optional(refined.covariance) : std::nullopt;
+  }
 
   ParameterSet start;
   FitResult result;

@@ -107,7 +107,7 @@ std::string ManyFits::lineWithout(int i, const char* status, const std::string& 
 
 void ManyFits::take(int i, const ProcessEnd& end) {
   const std::string name = shownName(file(i));
-  const bool asLines = hasLines(arguments_.form);
+
   std::string output = end.output, errors = end.errors;
   if (end.signal != 0) {
     const std::string reason = "processo terminato dal segnale " + std::to_string(end.signal);
@@ -115,7 +115,8 @@ void ManyFits::take(int i, const ProcessEnd& end) {
     errors += (errors.empty() || errors.ends_with('\n') ? "" : "\n") + reason;
   }
   failed_ |= end.signal != 0 || end.exitCode != kExitDone;
-  if (!asLines && !output.empty()) std::cout << name << ":\n";
+  const bool named = arguments_.form == FitForm::kScreen || arguments_.form == FitForm::kRounded;
+  if (named && !output.empty()) std::cout << name << ":\n";
   std::cout << output << std::flush;
   std::istringstream lines(errors);
   for (std::string line; std::getline(lines, line);) std::cerr << name << ": " << line << '\n';

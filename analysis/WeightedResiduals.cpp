@@ -11,6 +11,7 @@ namespace {
 constexpr double kSlopeStep = 1E-3;  // of the range of x
 constexpr int kMostMoves = 50;
 constexpr double kSmallMove = 1E-11;  // in units of dx
+constexpr double kLeastShare = 1E-6;  // of dy beside dx: with less the rounding of y would decide
 
 /// The places of a slope, in steps from the point.
 constexpr std::array kPlaces{-2, -1, 0, 1, 2};
@@ -103,13 +104,17 @@ void EffectiveResiduals::at(std::span<const double> parameters, std::span<double
   }
 }
 
+double OrthogonalResiduals::errorOfY(std::size_t j) const {
+  return std::max(std::abs(dy_[j]), kLeastShare * std::abs(slope_[j] * dx_[j]));
+}
+
 // Moves each foot once towards the place of least distance, or half way back to the best one so far. False when all
 // stood there already.
 bool OrthogonalResiduals::moveFeet() {
   bool moved = false;
   for (std::size_t j = 0; j < shifts_.size(); ++j) {
     const double e = value_[j] - y_[j], s = slope_[j], t = shifts_[j];
-    const double vx = dx_[j] * dx_[j], vy = dy_[j] * dy_[j];
+    const double ey = errorOfY(j), vx = dx_[j] * dx_[j], vy = ey * ey;
     if (vx == 0) continue;
     const double distance = e * e / vy + t * t / vx;
     double next = (t + best_[j]) / 2;
@@ -131,10 +136,12 @@ void OrthogonalResiduals::at(std::span<const double> parameters, std::span<doubl
   best_ = shifts_;
   distances_.assign(count(), std::numeric_limits<double>::infinity());
   compute(shifts_);
+  // At the foot next to nothing may be left of the difference in y, and of its sign.
+  for (std::size_t j = 0; j < residuals.size(); ++j) residuals[j] = value_[j] - y_[j];
   for (int k = 0; k < kMostMoves && moveFeet(); ++k) compute(shifts_);
   for (std::size_t j = 0; j < residuals.size(); ++j) {
-    const double e = (value_[j] - y_[j]) / dy_[j], along = dx_[j] == 0 ? 0 : shifts_[j] / dx_[j];
-    residuals[j] = std::copysign(std::sqrt(e * e + along * along), e);
+    const double e = (value_[j] - y_[j]) / errorOfY(j), along = dx_[j] == 0 ? 0 : shifts_[j] / dx_[j];
+    residuals[j] = std::copysign(std::sqrt(e * e + along * along), residuals[j]);
   }
 }
 

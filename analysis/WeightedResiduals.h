@@ -77,10 +77,11 @@ class OrthogonalResiduals : public SlopeFunction {
   void at(std::span<const double> parameters, std::span<double> residuals) override;
 
  private:
+  double errorOfY(std::size_t j) const;
   bool moveFeet();
 
-  Column shifts_, best_,
-      distances_;  // of the feet; the squares of the least distances so far, where they are
+  Column shifts_, best_;  // of the feet: now, and at the least distances so far
+  Column distances_;      // the squares of those
 };
 
 /// How errors in x are taken into account.

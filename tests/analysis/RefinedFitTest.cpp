@@ -123,6 +123,19 @@ TEST(RefinedFit, OfALineByDistanceIsThatByTheEffectiveVariance) {
   EXPECT_NEAR((chiSquare(b, c + h) - chiSquare(b, c - h)) / h, 0, 1E-5);
 }
 
+TEST(RefinedFit, TakesTheDistanceAlongXOfPointsWithoutErrorsInY) {
+  FitCase fit("b*x+c", "b,c");
+  fit.data({0.1, 0.9, 2.2, 2.9, 4.1, 5.3}, {1.1, 2.8, 5.3, 6.7, 9.4, 11.2}, {0, 0, 0, 0, 0, 0},
+           {0.1, 0.2, 0.1, 0.1, 0.2, 0.1});
+  fit.start({1, 0.5});
+  const RefinedFit effective = refined(fit), orthogonal = refined(fit, XErrors::kOrthogonal);
+  ASSERT_TRUE(effective.converged() && orthogonal.converged());
+  for (int i = 1; i <= 2; ++i) {
+    EXPECT_NEAR(orthogonal.par.ParValues[i] / effective.par.ParValues[i], 1, 1E-6);
+    EXPECT_NEAR(orthogonal.error(i) / effective.error(i), 1, 1E-4);
+  }
+}
+
 TEST(RefinedFit, TakesTheDistanceFromACurve) {
   // From (0, 1) the nearest places of y = a x^2 with a = 1 are at x^2 = 1/2: squared distance 3/4.
   FitCase fit("a*x*x", "a");

@@ -10,7 +10,7 @@ namespace vk {
 namespace {
 
 constexpr double kFarthest = 1000;  // errors from the value
-constexpr double kAccuracy = 1E-7;  // of the number of errors
+constexpr double kAccuracy = 1E-7;  // of the number of errors, in chi-square or distance
 constexpr int kMostTrials = 60;
 
 /// One parameter moved away from the minimum, the other free ones following it.
@@ -73,11 +73,12 @@ std::optional<double> Profile::side(int sign, double errors) {
     atHigh = growth(sign * high);
   }
   double distance = high, now = atHigh;
-  for (int k = 0; k < kMostTrials && std::abs(now - errors) > kAccuracy * errors; ++k) {
+  const double accuracy = kAccuracy * errors;
+  for (int k = 0; k < kMostTrials && std::abs(now - errors) > accuracy && high - low > accuracy; ++k) {
     const double secant = low + (high - low) * (errors - atLow) / (atHigh - atLow);
     const double middle = (low + high) / 2;
-    // Where the secant gets stuck at one end, as beside a pole, halving goes on.
-    distance = std::isfinite(secant) && k % 3 != 2 ? secant : middle;
+    // Where the secant gets stuck at one end, as beside a pole or where the function ends, halving goes on.
+    distance = secant > low && secant < high && k % 3 != 2 ? secant : middle;
     now = growth(sign * distance);
     (now < errors ? low : high) = distance;
     (now < errors ? atLow : atHigh) = now;

@@ -64,6 +64,13 @@ TEST(ProfileIntervals, EndWhereTheFunctionDoes) {
   EXPECT_NEAR(*intervals[0][1].low, 0.020018 * 0.020018, 1E-8);
 }
 
+TEST(ProfileIntervals, EndWhereTheFunctionDoesAlthoughTheChiSquareIsSmallThere) {
+  FitCase fit("SQR(a)+0*x", "a");
+  fit.data({0, 1}, {1, 1}, {1, 1});
+  fit.start({1.2});
+  EXPECT_NEAR(*intervalsOf(fit)[0][1].low, 0, 5E-7);
+}
+
 TEST(ProfileIntervals, LeaveConstantParametersOut) {
   FitCase fit("b*x+c", "b,c");
   fit.data(kFive, kLineY, kTenths);

@@ -20,8 +20,7 @@ constexpr std::array kWarningTexts{
         "descrive i dati, o i loro errori sono troppo piccoli."},
     FitText{"chi_square_low", "Chi quadro troppo piccolo",
             "Il chi quadro e` molto minore dei gradi di liberta` (probabilita` oltre 99.9 %): gli errori dei "
-            "dati "
-            "sono troppo grandi, o i punti NON sono indipendenti."},
+            "dati sono troppo grandi, o i punti NON sono indipendenti."},
     FitText{
         "correlation_high", "Correlazione oltre 98 %",
         "I dati distinguono appena questi parametri: uno compensa l'altro, e l'errore di ciascuno vale solo "
@@ -32,12 +31,10 @@ constexpr std::array kWarningTexts{
             "L'adattamento si e` fermato a piu` di 0.1 errori dal minimo: vale il valore di questa tabella."},
     FitText{"fit_error_wrong", "Errore dell'adattamento inesatto",
             "L'errore dell'adattamento si scosta di oltre un fattore 1.5 da quello lineare: vale quello di "
-            "questa "
-            "tabella."},
+            "questa tabella."},
     FitText{"errors_invented", "Errori di y tutti uguali a 1",
             "Gli errori di y sono tutti 1, come dove NON sono noti: il chi quadro NON giudica la funzione, e "
-            "degli "
-            "errori vale quello scalato."},
+            "degli errori vale quello scalato."},
 };
 
 constexpr std::array kEndTexts{

@@ -74,9 +74,9 @@ FitFindings wantedFindings(const Session& session, const FitArguments& arguments
 /// Fits the session's model to its data, which come from the file, as the arguments ask for it.
 FitOutcome fitLoaded(Session& session, const FitArguments& arguments, const std::string& dataFile);
 
-/// Runs the fits and prints them. The figures asked for show the fit of a single file. Gives 0, or 1 when something failed;
-/// a fit that failed is made good by a minimum that was found. Bad arguments, and a single bad file, raise `UsageError`.
-/// `maker` is needed only for a figure that is drawn.
+/// Runs the fits and prints them. The figures asked for show the fit of a single file. Gives 0, or 1 when something
+/// failed; a fit that failed is made good by a minimum that was found. Bad arguments, and a single bad file, raise
+/// `UsageError`. `maker` is needed only for a figure that is drawn.
 int runFit(const FitArguments& arguments, FigureMaker* maker);
 
 }  // namespace vk

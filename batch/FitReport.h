@@ -24,8 +24,7 @@ struct FitOrigin {
 };
 
 /// The result of a fit as one object. `linearised` are the usual least-squares covariances of the free parameters;
-/// missing after a failure.
-/// Errors of constant parameters, and what could not be computed, are null.
+/// missing after a failure. Errors of constant parameters, and what could not be computed, are null.
 Json fitReport(const FitOrigin& origin, const FitResult& result,
                const std::optional<CovarianceMatrix>& linearised);
 

@@ -8,8 +8,8 @@
 
 namespace vk {
 
-/// The lower triangle L of a matrix L L' of correlations or covariances. Such a matrix may be singular: a variable that those before it
-/// settle has a 0 on the diagonal.
+/// The lower triangle L of a matrix L L' of correlations or covariances. Such a matrix may be singular: a variable
+/// that those before it settle has a 0 on the diagonal.
 class CholeskyFactor {
  public:
   /// Nothing for a matrix that is not positive semidefinite, as far as its digits tell.

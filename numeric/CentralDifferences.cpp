@@ -75,6 +75,8 @@ std::optional<DerivativeColumn> CentralDifferences::by(std::size_t i, double ste
   for (int k = 1; k <= kMostQuarterings && best.disagreement > kFullAgreement; ++k) {
     step /= 4;
     std::optional<Column> now = differences(i, step);
+    // So short a step is lost in the rounding.
+    if (before && now && lengthOf(*now) == 0 && lengthOf(*before) > 0) break;
     const double apart = before && now ? disagreement(*before, *now) : kNoAgreement;
     if (apart < best.disagreement) best = {*now, step, apart};
     before = std::move(now);

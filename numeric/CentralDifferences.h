@@ -29,7 +29,7 @@ class CentralDifferences {
   int evaluations() const { return evaluations_; }
 
   /// The column of parameter i, from 0: of the steps `step`, `step`/4, ... at most 15, that which agrees best with
-  /// the one before. Nothing where no two agree to a thousandth.
+  /// the one before; they end where rounding leaves no change. Nothing where no two agree to a thousandth.
   std::optional<DerivativeColumn> by(std::size_t i, double step);
 
  private:

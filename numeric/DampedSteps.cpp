@@ -46,7 +46,8 @@ int residualsOf(void* calls, int count, int parameters, const double* at, double
 
 DampedResult dampedSteps(ResidualFunction& function, std::vector<double> start) {
   const std::size_t M = function.count(), N = start.size();
-  DampedResult result{.parameters = std::move(start), .residuals = std::vector<double>(M), .errors = {}};
+  DampedResult result{
+      .start = start, .parameters = std::move(start), .residuals = std::vector<double>(M), .errors = {}};
   result.errors.resize(N);
   function.at(result.parameters, result.residuals);
   result.evaluations = 1;

@@ -9,6 +9,7 @@ namespace vk {
 /// Where the damped steps from a start have ended.
 struct DampedResult {
   bool exhausted = false;  ///< by the evaluations that are allowed, 400 for each parameter and 400 more
+  std::vector<double> start;
   std::vector<double> parameters;  ///< the start where a residual cannot be computed there
   std::vector<double> residuals;
   std::vector<double> errors;  ///< of the parameters, roughly; 0 where the derivatives do not tell

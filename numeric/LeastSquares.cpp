@@ -17,6 +17,8 @@ constexpr double kSameSum = 1E-6;      // as a part of the sum, as the next one
 constexpr double kSmallStep = 1E-3;    // in standard deviations, by the scatter
 constexpr double kTinyStep = 1E-8;     // no next one is needed
 constexpr double kTinyChange = 1E-10;  // of a parameter, as a part of it
+constexpr double kStepOfSize = 1E-6;   // at least, of the size that the start tells
+constexpr double kRounding = 1E-13;    // of that size
 constexpr double kHardlyMore = 1E-6;
 constexpr int kMostSteps = 30;
 
@@ -32,6 +34,7 @@ class Polish {
   bool isSmall(const std::vector<double>& step, double length) const;
 
   ResidualFunction& function_;
+  std::vector<double> sizes_;  // by the start, for parameters of which nothing but rounding is left
   std::vector<double> steps_;  // of the differences, first ones
   bool exhausted_;
   std::optional<NormalTriangle> triangle_;
@@ -46,8 +49,11 @@ Polish::Polish(ResidualFunction& function, DampedResult start)
   result_.evaluations = start.evaluations;
   const int freedom = static_cast<int>(function.count()) - static_cast<int>(start.errors.size());
   const double scatter = scatterOf(start.sum, freedom);
-  for (std::size_t i = 0; i < start.errors.size(); ++i)
-    steps_.push_back(firstStep(result_.parameters[i], start.errors[i], scatter));
+  for (std::size_t i = 0; i < start.errors.size(); ++i) {
+    sizes_.push_back(firstStep(start.start[i], 0, 0));
+    const double step = firstStep(result_.parameters[i], start.errors[i], scatter);
+    steps_.push_back(std::max(step, kStepOfSize * sizes_[i]));
+  }
 }
 
 // The steps that have agreed best are tried first the next time. False where the derivatives do not settle or depend
@@ -89,7 +95,8 @@ bool Polish::advance(const std::vector<double>& step) {
 bool Polish::isSmall(const std::vector<double>& step, double length) const {
   if (length <= kSmallStep) return true;
   for (std::size_t i = 0; i < step.size(); ++i) {
-    if (!(std::abs(step[i]) <= kTinyChange * std::abs(result_.parameters[i]))) return false;
+    const double tiny = std::max(kTinyChange * std::abs(result_.parameters[i]), kRounding * sizes_[i]);
+    if (!(std::abs(step[i]) <= tiny)) return false;
   }
   return true;
 }
@@ -128,17 +135,27 @@ DampedResult betterOf(DampedResult preferred, DampedResult other) {
 
 DampedResult goneOn(ResidualFunction& function, DampedResult from) {
   DampedResult result = dampedSteps(function, std::move(from.parameters));
+  result.start = std::move(from.start);
   result.evaluations += from.evaluations;
+  return result;
+}
+
+// More parameters than residuals.
+LeastSquaresResult undetermined(ResidualFunction& function, const std::vector<double>& start) {
+  LeastSquaresResult result{.end = LeastSquaresEnd::kSingular,
+                            .parameters = start,
+                            .residuals = std::vector<double>(function.count()),
+                            .covariance = {},
+                            .evaluations = 1};
+  function.at(start, result.residuals);
+  result.sum = dot(result.residuals, result.residuals);
   return result;
 }
 
 }  // namespace
 
 LeastSquaresResult leastSquares(ResidualFunction& function, const std::vector<std::vector<double>>& starts) {
-  if (function.count() < starts.front().size()) {
-    return {
-        .end = LeastSquaresEnd::kSingular, .parameters = starts.front(), .residuals = {}, .covariance = {}};
-  }
+  if (function.count() < starts.front().size()) return undetermined(function, starts.front());
   DampedResult best = dampedSteps(function, starts.front());
   for (auto start = starts.begin() + 1; start != starts.end(); ++start)
     best = betterOf(std::move(best), dampedSteps(function, *start));

@@ -14,8 +14,10 @@ enum class LeastSquaresEnd {
   kConverged,
   kNoProgress,   ///< no further step makes the sum less, although the last one was not small
   kEvaluations,  ///< the residuals were computed as often as is allowed before the steps became small
-  kSingular,     ///< parameters cannot be told apart, or there are more of them than residuals
-  kFailed,       ///< a residual cannot be computed
+  /// Parameters cannot be told apart, or have errors beyond the range of numbers, or there are more of them than
+  /// residuals, which are those of the first start then.
+  kSingular,
+  kFailed,  ///< a residual cannot be computed
 };
 
 /// Where a minimisation ended. Indices count from 0.
@@ -24,9 +26,9 @@ struct LeastSquaresResult {
   std::size_t failed = 0;          ///< the first residual that could not be computed
   std::vector<double> parameters;  ///< after a failure the start
   std::vector<double> residuals;
-  double sum = 0;  ///< of their squares; infinite after a failure
-  CovarianceMatrix
-      covariance;  ///< the inverse of J'J; of size 0 where derivatives do not settle or depend on one another
+  double sum = 0;  ///< of their squares; not finite after a failure
+  /// The inverse of J'J; of size 0 where derivatives do not settle or depend on one another.
+  CovarianceMatrix covariance;
   int evaluations = 0;  ///< computations of the residuals
 };
 

@@ -32,6 +32,10 @@ std::optional<NormalTriangle> NormalTriangle::of(std::vector<Column> columns, Co
     for (std::size_t l = k + 1; l < n; ++l) R[k][l] = takeOut(columns[k], columns[l]);
     result.dots_.push_back(takeOut(columns[k], F));
   }
+  const CovarianceMatrix covariance = result.covariance();
+  for (int i = 1; i <= covariance.size(); ++i) {
+    if (!(covariance.at(i, i) > 0 && std::isfinite(covariance.at(i, i)))) return std::nullopt;
+  }
   return result;
 }
 

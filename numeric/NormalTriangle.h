@@ -14,7 +14,7 @@ class NormalTriangle {
   using Column = std::vector<double>;
 
   /// `columns` are those of J. Nothing when a column depends on the ones before it, as far as can be told of
-  /// columns known to the part `tolerance` of their length.
+  /// columns known to the part `tolerance` of their length, or when a variance is beyond the range of numbers.
   static std::optional<NormalTriangle> of(std::vector<Column> columns, Column F, double tolerance);
 
   /// s, which makes the sum of squares least.

@@ -124,11 +124,23 @@ TEST(LeastSquares, TellsParametersThatCannotBeToldApart) {
   EXPECT_EQ(result.covariance.size(), 0);
 }
 
-TEST(LeastSquares, MoreParametersThanResidualsAreSingular) {
+TEST(LeastSquares, MoreParametersThanResidualsAreSingularWhereTheyStart) {
   Made few(1, [](std::span<const double> p, int) { return p[0] + p[1]; });
   const LeastSquaresResult result = leastSquares(few, {{1, 2}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kSingular);
   EXPECT_EQ(result.parameters, (Numbers{1, 2}));
+  EXPECT_EQ(result.residuals, Numbers{3});
+  EXPECT_EQ(result.sum, 9);
+  EXPECT_EQ(result.evaluations, 1);
+}
+
+TEST(LeastSquares, VariancesBeyondTheRangeOfNumbersAreSingular) {
+  for (const double slope : {1E-160, 1E160}) {
+    Made line(2, [&](std::span<const double> p, int j) { return slope * p[0] + (j == 0 ? 1 : -1); });
+    const LeastSquaresResult result = leastSquares(line, {{1 / slope}});
+    EXPECT_EQ(result.end, LeastSquaresEnd::kSingular) << slope;
+    EXPECT_EQ(result.covariance.size(), 0) << slope;
+  }
 }
 
 TEST(LeastSquares, TellsWhereNoStepLeadsOn) {
@@ -155,6 +167,21 @@ TEST(LeastSquares, FindsAnExactSolution) {
   EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
   EXPECT_NEAR(result.parameters[0], 2, 1E-14);
   EXPECT_NEAR(result.parameters[1], 0.5, 1E-14);
+}
+
+TEST(LeastSquares, FindsParametersThatAreZeroInAnExactSolution) {
+  for (const double start : {0.0, 1.0, -3.0}) {
+    for (const double error : {1E-6, 1.0, 1E6}) {
+      Made line(7, [&](std::span<const double> p, int j) {
+        const double x = 0.5 + 9 * j / 6.0;
+        return (p[0] / x + p[1] - 3 / x) / error;
+      });
+      const LeastSquaresResult result = leastSquares(line, {{2.7, start}});
+      EXPECT_EQ(result.end, LeastSquaresEnd::kConverged) << start << ", " << error;
+      EXPECT_NEAR(result.parameters[1], 0, 1E-14);
+      EXPECT_GT(result.covariance.size(), 0) << start << ", " << error;
+    }
+  }
 }
 
 // ---- Invariances

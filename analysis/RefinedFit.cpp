@@ -59,7 +59,7 @@ RefinedFit refine(const FitProblem& problem, const ParameterSet& start, const Fi
   result.residuals = std::move(minimum.residuals);
   result.chiSquare = minimum.sum;
   result.degreesOfFreedom = problem.data.NumPnt - start.FreeCount;
-  if (result.degreesOfFreedom > 0 && minimum.end != LeastSquaresEnd::kFailed) {
+  if (result.degreesOfFreedom > 0 && std::isfinite(minimum.sum)) {
     result.reducedChiSquare = minimum.sum / result.degreesOfFreedom;
     result.confidencePercent = confidence(result.degreesOfFreedom, minimum.sum);
   }

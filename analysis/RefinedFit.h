@@ -24,7 +24,8 @@ struct RefinedFit {
   std::vector<double> residuals;  ///< (f - y) / error at the minimum, one for each point
   double chiSquare = 0;
   int degreesOfFreedom = 0;
-  std::optional<double> reducedChiSquare;   ///< missing, as the next one, without a degree of freedom
+  /// Missing, as the next one, without a degree of freedom and where the chi-square is no number.
+  std::optional<double> reducedChiSquare;
   std::optional<double> confidencePercent;  ///< probability of a larger chi-square
   CovarianceMatrix covariance;              ///< of the free parameters; of size 0 where the end leaves none
   int evaluations = 0;                      ///< computations of all residuals

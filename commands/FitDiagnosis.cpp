@@ -1,6 +1,7 @@
 #include "commands/FitDiagnosis.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/NumberMasks.h"
 #include "base/Text.h"
@@ -28,7 +29,7 @@ std::string chiSquareText(const RefinedFit& refined) {
 std::vector<std::string> remarks(const FitRecord& fit, const RefinedFit& refined,
                                  const std::vector<FitWarning>& warnings) {
   std::vector<std::string> list;
-  if (refined.end != LeastSquaresEnd::kFailed) list.push_back(chiSquareText(refined));
+  if (std::isfinite(refined.chiSquare)) list.push_back(chiSquareText(refined));
   const auto add = [&](const FitText& text) {
     list.push_back(std::string(text.line) + ": " + std::string(text.sentence));
   };

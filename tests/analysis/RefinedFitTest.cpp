@@ -90,6 +90,16 @@ TEST(RefinedFit, TellsThePointThatFails) {
   EXPECT_FALSE(result.confidencePercent.has_value());
 }
 
+TEST(RefinedFit, HasNoReducedChiSquareBeyondTheRangeOfNumbers) {
+  FitCase fit("a*x", "a");
+  fit.data({1, 2}, {1E200, 2E200}, {1, 1});
+  fit.start({1});
+  const RefinedFit result = refine(fit.problem(), fit.par, nullptr, XErrors::kEffective);
+  EXPECT_EQ(result.end, LeastSquaresEnd::kNoProgress);
+  EXPECT_FALSE(result.reducedChiSquare.has_value());
+  EXPECT_FALSE(result.confidencePercent.has_value());
+}
+
 // ---- Errors in x
 
 FitCase lineWithXErrors() {

@@ -136,6 +136,16 @@ TEST(FitDiagnosis, TellsThatThereAreTooFewPoints) {
   fit.run();
   EXPECT_THAT(fit.diagnosis(), HasSubstr("Parametri Dipendenti"));
   EXPECT_THAT(fit.diagnosis(), HasSubstr("qualcuno va tenuto costante"));
+  EXPECT_THAT(fit.figure(), HasSubstr("1 punto"));
+}
+
+TEST(FitDiagnosis, TellsNoChiSquareBeyondTheRangeOfNumbers) {
+  FitAndDiagnosis fit("a*x", "a");
+  fit.data({1, 2}, {1E200, 2E200}, {1, 1});
+  fit.start({1});
+  fit.run();
+  EXPECT_THAT(fit.diagnosis(), HasSubstr("Senza Progresso"));
+  EXPECT_THAT(fit.diagnosis(), testing::Not(HasSubstr("Inf")));
 }
 
 TEST(FitDiagnosis, TellsAPointWithoutAValue) {

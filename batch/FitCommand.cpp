@@ -39,7 +39,7 @@ class TerminalFit {
   FitOutcome run(Dialogs& dialogs) {
     fit(dialogs);
     if (found_.xErrors) refine(*found_.xErrors);
-    if (found_.profile && found_.refined.covariance.size() > 0) profile();
+    if (found_.profile && outcome_.converged()) profile();
     const bool needsErrors = wishes_.form != FitForm::kScreen || wishes_.band || !found_.derived.empty();
     if (found_.fitted() && needsErrors)
       found_.linearised = linearisedCovariance(problem_, found_.result.par, found_.result.chi_square);

@@ -53,6 +53,17 @@ TEST(BatchProfile, NeedsTheMinimum) {
   EXPECT_THAT(run.errors, HasSubstr("--profile richiede --refine"));
 }
 
+TEST(BatchProfile, HasNoIntervalsAboutValuesThatAreNoMinimum) {
+  // The steeper the function, the better it leaves the middle point alone.
+  const std::string file =
+      temporaryFile("STEEP.DAT", "x\r\ny\r\n 3\r\n1 -2.707 .1\r\n2 1.343 .1\r\n3 -2.867 .1\r\n");
+  const std::string fit = "fit '" + file + "' --function 'a*EXP(b*x)' --par a=1.5 --par b=1.08 --refine ";
+  const BatchRun plain = batch(fit), profile = batch(fit + "--profile");
+  EXPECT_THAT(plain.output, HasSubstr("Troppi Calcoli"));
+  EXPECT_THAT(plain.output, HasSubstr("Mat. Cor.%"));
+  EXPECT_EQ(profile.output, plain.output);
+}
+
 // ---- Bands
 
 std::string savedFigure(const std::string& dy, const std::string& words) {

@@ -5,6 +5,7 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,7 +28,6 @@ namespace {
 
 // What several subcommands take.
 constexpr const char* kDataFileHelp = "File dati (.DAT)";
-constexpr const char* kDataOutputHelp = "Scrive i dati in questo file";
 constexpr const char* kJsonHelp = "Stampa il risultato come oggetto JSON";
 constexpr const char* kSeedHelp = "Seme del generatore di numeri casuali";
 
@@ -87,6 +87,11 @@ std::function<std::vector<EnteredValue>()> addStart(CLI::App& command) {
 
 void addJson(CLI::App& command, bool& json) {
   command.add_flag("--json", json, kJsonHelp);
+}
+
+void addDataOutput(CLI::App& command, std::string& file, std::optional<int>& digits) {
+  command.add_option("-o,--output", file, "Scrive i dati in questo file");
+  command.add_option("--digits", digits, "Cifre significative dei dati scritti, da 1 a 17 (6)");
 }
 
 /// The forms of a fit; one at most.
@@ -175,7 +180,7 @@ void addSimulate(CLI::App& app, Commands& commands) {
   simulate->add_option("--dx", args->dx, "Incertezza di x, in percentuale (0: nessuna)");
   simulate->add_flag("--dx-absolute", args->dxAbsolute, "L'incertezza di x e` assoluta");
   simulate->add_option("--seed", args->seed, kSeedHelp);
-  simulate->add_option("-o,--output", args->outputFile, kDataOutputHelp);
+  addDataOutput(*simulate, args->outputFile, args->digits);
   addJson(*simulate, args->json);
   commands[simulate] = [=] {
     args->parameters = start();
@@ -193,7 +198,7 @@ void addTransform(CLI::App& app, Commands& commands) {
   transform->add_option("--dy", args->dy, "Formula per gli errori di y");
   transform->add_option("--title-x", args->titleX, "Legenda di x");
   transform->add_option("--title-y", args->titleY, "Legenda di y");
-  transform->add_option("-o,--output", args->outputFile, kDataOutputHelp);
+  addDataOutput(*transform, args->outputFile, args->digits);
   transform->add_flag("--anyway", args->anyway,
                       "Scrive i dati anche se una formula NON e` calcolabile ovunque");
   addJson(*transform, args->json);

@@ -1,5 +1,6 @@
 #include "batch/DataInput.h"
 
+#include <iostream>
 #include <utility>
 
 #include "commands/DataCommands.h"
@@ -21,6 +22,21 @@ void loadData(Session& session, Files& files, Dialogs& dialogs, const std::strin
 
 void writeFile(Files& files, const std::string& fileName, const std::string& bytes) {
   usingFile(fileName, [&] { files.writeAll(fileName, bytes); });
+}
+
+int dataDigits(const std::optional<int>& wanted) {
+  const int digits = wanted.value_or(kDataDigits);
+  if (digits < 1 || digits > kMostDataDigits)
+    throw UsageError("--digits: si attende un numero da 1 a " + std::to_string(kMostDataDigits));
+  return digits;
+}
+
+void writeData(Files& files, const std::string& fileName, const DataSet& data,
+               const std::optional<int>& digits) {
+  writeFile(files, fileName, dataFileText(data, dataDigits(digits)));
+  if (!digits && losesDigits(data))
+    std::cerr << shownName(fileName) << ": dati arrotondati a " << kDataDigits
+              << " cifre (--digits ne scrive fino a " << kMostDataDigits << ")\n";
 }
 
 }  // namespace vk

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "base/RuntimeError.h"
@@ -9,6 +10,7 @@
 
 namespace vk {
 
+struct DataSet;
 struct Session;
 
 /// Checks and loads a data file. Its errors raise `UsageError` with the program's own list; a declared count
@@ -17,6 +19,14 @@ void loadData(Session& session, Files& files, Dialogs& dialogs, const std::strin
 
 /// Writes a file that the command line names; one that cannot be written raises `UsageError`.
 void writeFile(Files& files, const std::string& fileName, const std::string& bytes);
+
+/// How many digits written data are to have; another number than 1 to 17 raises `UsageError`. Nothing is the number that
+/// data files have as a rule.
+int dataDigits(const std::optional<int>& wanted);
+
+/// Writes data as `writeFile` does. Where nobody chose the digits and some are lost, that is told on the error stream.
+void writeData(Files& files, const std::string& fileName, const DataSet& data,
+               const std::optional<int>& digits);
 
 /// Runs a statement that reads or writes a file; one that cannot be read or written is bad input and raises
 /// `UsageError`.

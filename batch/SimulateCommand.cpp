@@ -70,6 +70,7 @@ Json parameters(const ParameterSet& par) {
 }  // namespace
 
 int runSimulate(const SimulateArguments& arguments) {
+  dataDigits(arguments.digits);
   Session session;
   TerminalFiles files;
   SystemRandom random;
@@ -90,7 +91,7 @@ int runSimulate(const SimulateArguments& arguments) {
   }
   printOutcome(outcome, form);
   if (!arguments.outputFile.empty())
-    writeFile(files, arguments.outputFile, dataFileText(session.loaded.data));
+    writeData(files, arguments.outputFile, session.loaded.data, arguments.digits);
   return outcome.fitted() ? kExitDone : kExitFailed;
 }
 

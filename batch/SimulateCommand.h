@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,9 @@ struct SimulateArguments {
   std::vector<EnteredValue> parameters;    ///< with a formula also its parameters, in their order
   std::string xmin, xmax, points, dy, dx;  ///< numbers as typed; empty when left out
   bool dyAbsolute = false, dxAbsolute = false;
-  std::string seed;        ///< empty for the time of day
-  std::string outputFile;  ///< where the data go; empty for nowhere
+  std::string seed;           ///< empty for the time of day
+  std::string outputFile;     ///< where the data go; empty for nowhere
+  std::optional<int> digits;  ///< of the data; by default those that data files have
   bool json = false;
 };
 

@@ -72,6 +72,7 @@ Json report(const DataSet& data) {
 }  // namespace
 
 int runTransform(const TransformArguments& arguments) {
+  const int digits = dataDigits(arguments.digits);
   Session session;
   TerminalFiles files;
   TerminalDialogs dialogs;
@@ -83,12 +84,11 @@ int runTransform(const TransformArguments& arguments) {
     tellFailedRows(result.failed);
     if (!arguments.anyway) return kExitFailed;
   }
-  const std::string text = dataFileText(result.data);
-  if (!arguments.outputFile.empty()) writeFile(files, arguments.outputFile, text);
+  if (!arguments.outputFile.empty()) writeData(files, arguments.outputFile, result.data, arguments.digits);
   if (arguments.json) {
     std::cout << report(result.data).text() << '\n';
   } else if (arguments.outputFile.empty()) {
-    std::cout << terminalText(text);
+    std::cout << terminalText(dataFileText(result.data, digits));
   }
   return result.failed.empty() ? kExitDone : kExitFailed;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace vk {
@@ -9,7 +10,8 @@ struct TransformArguments {
   std::string dataFile;
   std::string titleX, titleY;
   std::string x, y, dx, dy;
-  std::string outputFile;  ///< where the data go; empty for standard output
+  std::string outputFile;     ///< where the data go; empty for standard output
+  std::optional<int> digits;  ///< of the data; by default those that data files have
   bool json = false;
   bool anyway = false;  ///< write also when a formula failed in some rows
 };

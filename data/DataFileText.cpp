@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "base/NumberMasks.h"
 #include "base/NumberText.h"
@@ -14,6 +15,18 @@ const NumberMask kPointMask(" ##.#####^^^^ ");
 
 /// Rounded up to the digits of a mask, a number beyond this one would be none any more.
 constexpr double kLargestWritten = 1.79E308;
+
+/// As the mask of points has it, with another number of digits.
+std::string pointField(double value, int digits) {
+  if (digits == kDataDigits || !std::isfinite(value)) return dataField(value, kPointMask);
+  // Rounded to few digits the largest numbers would be none any more.
+  const double bound = digits < kMostDataDigits ? kLargestWritten : std::numeric_limits<double>::max();
+  value = std::clamp(value, -bound, bound);
+  auto [text, exponent] = decimalDigits(value, digits);
+  if (digits > 1) text.insert(1, ".");
+  const bool isZero = value == 0;
+  return (value < 0 ? " -" : "  ") + text + exponentText(isZero ? 0 : exponent - 1) + " ";
+}
 
 }  // namespace
 
@@ -35,17 +48,25 @@ std::string dataField(double value, const NumberMask& mask) {
   return inMask(text.starts_with('.') ? "0" + text : text, mask);
 }
 
-std::string dataFileText(const DataSet& data) {
+std::string dataFileText(const DataSet& data, int digits) {
   const std::string lineEnd(kCrLf);
   const bool hasXErrors = data.kXpntErr != kFalse;
   std::string text = dataTitle(data.TitleX) + lineEnd + dataTitle(data.TitleY) + lineEnd +
                      signedText(data.NumPnt) + (hasXErrors ? " 1" : "") + lineEnd;
   for (int i = 1; i <= data.NumPnt; ++i) {
-    text += dataField(data.Xpnt[i], kPointMask) + dataField(data.Ypnt[i], kPointMask);
-    if (hasXErrors) text += dataField(data.ErrXpnt[i], kPointMask);
-    text += dataField(data.ErrYpnt[i], kPointMask) + lineEnd;
+    text += pointField(data.Xpnt[i], digits) + pointField(data.Ypnt[i], digits);
+    if (hasXErrors) text += pointField(data.ErrXpnt[i], digits);
+    text += pointField(data.ErrYpnt[i], digits) + lineEnd;
   }
   return text;
+}
+
+bool losesDigits(const DataSet& data) {
+  const auto comesBack = [](double value) { return scanNumber(pointField(value, kDataDigits)) == value; };
+  for (const Array<double>* column : {&data.Xpnt, &data.Ypnt, &data.ErrXpnt, &data.ErrYpnt}) {
+    if (!std::ranges::all_of(column->span(1, data.NumPnt), comesBack)) return true;
+  }
+  return false;
 }
 
 }  // namespace vk

@@ -52,7 +52,15 @@ std::string dataTitle(std::string_view text);
 /// place, so that every finite number can be read back.
 std::string dataField(double value, const NumberMask& mask);
 
-/// The data set as the text of a data file, CR LF line ends.
-std::string dataFileText(const DataSet& data);
+/// Significant digits of the numbers of a data file, unless more or fewer are wanted.
+inline constexpr int kDataDigits = 6;
+/// So many bring every number back exactly.
+inline constexpr int kMostDataDigits = 17;
+
+/// The data set as the text of a data file, CR LF line ends, with 1 to 17 digits.
+std::string dataFileText(const DataSet& data, int digits = kDataDigits);
+
+/// True when that text does not bring every number back.
+bool losesDigits(const DataSet& data);
 
 }  // namespace vk

@@ -305,5 +305,32 @@ TEST(BatchTransform, ABadFormulaIsBadInput) {
   EXPECT_EQ(batch("transform /nowhere/at/all.dat").exitCode, 2);
 }
 
+TEST(BatchDigits, LostOnesAreToldOnceUnlessTheyWereChosen) {
+  const std::string data = temporaryFile("A.DAT", "x\r\ny\r\n 2\r\n1 2 .5\r\n2 3 .5\r\n");
+  const std::string out = temporaryFile("OUT.DAT", "");
+  const std::string thirds = "transform '" + data + "' --y 'y/3' -o '" + out + "'";
+  EXPECT_EQ(batch(thirds).errors, out + ": dati arrotondati a 6 cifre (--digits ne scrive fino a 17)\n");
+  EXPECT_THAT(fileContent(out), HasSubstr("  6.66667E-01 "));
+  EXPECT_EQ(batch(thirds + " --digits 6").errors, "");
+  EXPECT_EQ(batch(thirds + " --digits 17").errors, "");
+  EXPECT_THAT(fileContent(out), HasSubstr("  6.6666666666666663E-01 "));
+  EXPECT_EQ(batch("transform '" + data + "' -o '" + out + "'").errors, "");
+}
+
+TEST(BatchDigits, GoFromOneToSeventeen) {
+  const std::string data = temporaryFile("A.DAT", "x\r\ny\r\n 2\r\n1 2 .5\r\n2 3 .5\r\n");
+  const std::string simulate = "simulate --catalogue 1,2 --par b=2 --par c=1 --seed 1";
+  for (const std::string& words : {"transform '" + data + "'", simulate}) {
+    for (const char* digits : {"0", "-1", "18"}) {
+      const BatchRun run = batch(words + " --digits " + digits);
+      EXPECT_EQ(run.exitCode, 2);
+      EXPECT_EQ(run.output, "");
+      EXPECT_EQ(run.errors, "--digits: si attende un numero da 1 a 17\n");
+    }
+  }
+  EXPECT_THAT(batch("transform '" + data + "' --digits 2").output,
+              HasSubstr("  1.0E+00   2.0E+00   5.0E-01 "));
+}
+
 }  // namespace
 }  // namespace vk

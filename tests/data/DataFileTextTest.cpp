@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <limits>
 #include <random>
 
 #include "base/NumberMasks.h"
@@ -26,6 +27,45 @@ TEST(DataFileText, HasTwoTitlesTheCountAndALineForEachPoint) {
             "t (s)\r\ns (m)\r\n 2\r\n"
             "  1.23450E+03  -1.23000E-03   1.00000E-01 \r\n"
             "  0.00000E+00   0.00000E+00   0.00000E+00 \r\n");
+}
+
+/// The same point twice, since no file may have less.
+DataSet equalPoints(double x, double y, double error) {
+  DataSet data;
+  data.allocate(2, kFalse);
+  for (int i = 1; i <= 2; ++i) {
+    data.Xpnt[i] = x;
+    data.Ypnt[i] = y;
+    data.ErrYpnt[i] = error;
+  }
+  return data;
+}
+
+TEST(DataFileText, HasAsManyDigitsAsAreWanted) {
+  const DataSet data = equalPoints(2. / 3, -1.5, 0);
+  const std::string head = "-\r\n-\r\n 2\r\n";
+  const auto twice = [](const std::string& line) { return line + line; };
+  EXPECT_EQ(dataFileText(data, 6), dataFileText(data));
+  EXPECT_EQ(dataFileText(data, 1), head + twice("  7E-01  -2E+00   0E+00 \r\n"));
+  EXPECT_EQ(dataFileText(data, 9), head + twice("  6.66666667E-01  -1.50000000E+00   0.00000000E+00 \r\n"));
+}
+
+TEST(DataFileText, BringsEveryNumberBackWithSeventeenDigits) {
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  const DataSet data = equalPoints(kLargest, -0.1, std::numeric_limits<double>::denorm_min());
+  const DataReading reading = parseLines(dataFileText(data, kMostDataDigits));
+  EXPECT_EQ(reading.errors, "");
+  EXPECT_EQ(reading.data.Xpnt[1], kLargest);
+  EXPECT_EQ(reading.data.Ypnt[1], -0.1);
+  EXPECT_EQ(reading.data.ErrYpnt[1], std::numeric_limits<double>::denorm_min());
+  EXPECT_EQ(parseLines(dataFileText(data, 3)).errors, "");
+}
+
+TEST(DataFileText, LosesDigitsWhereANumberHasMoreThanSix) {
+  EXPECT_FALSE(losesDigits(equalPoints(1.23456, -2e10, 0.1)));
+  EXPECT_TRUE(losesDigits(equalPoints(1.234567, 1, 1)));
+  EXPECT_TRUE(losesDigits(equalPoints(1, 1, 1. / 3)));
+  EXPECT_FALSE(losesDigits(DataSet()));
 }
 
 TEST(DataFileText, WithXErrorsHasAMarkAndAColumnMore) {

@@ -54,7 +54,7 @@ bool isOperator(char c) {
 bool isSign(char c) {
   return c == '+' || c == '-';
 }
-bool isNameCharacter(char c) {
+bool continuesName(char c) {
   return isLetter(c) || isDigit(c) || c == '_';
 }
 
@@ -122,7 +122,7 @@ class Reader {
       operand_ ? operatorForOperand() : operatorBehindOperand();
     } else if (numberLength(std::string_view(text_).substr(at_, 2)) > 0) {
       number();
-    } else if (isNameCharacter(c)) {
+    } else if (continuesName(c)) {
       name();
     } else {
       unknownCharacter();
@@ -160,7 +160,7 @@ class Reader {
   }
 
   std::size_t endOfName(std::size_t at) const {
-    while (at < text_.size() && isNameCharacter(text_[at])) ++at;
+    while (at < text_.size() && continuesName(text_[at])) ++at;
     return at;
   }
   std::size_t endOfNumber(std::size_t at) const {
@@ -244,7 +244,7 @@ class Reader {
     const std::string number = text_.substr(at_, end - at_);
     beginOperand(number);
     std::size_t tailEnd = end;
-    while (tailEnd < text_.size() && (isNameCharacter(text_[tailEnd]) || text_[tailEnd] == '.')) ++tailEnd;
+    while (tailEnd < text_.size() && (continuesName(text_[tailEnd]) || text_[tailEnd] == '.')) ++tailEnd;
     const std::string tail = text_.substr(end, tailEnd - end);
     const bool called = tailEnd < text_.size() && text_[tailEnd] == '(';
     const std::size_t begin = at_;

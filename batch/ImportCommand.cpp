@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <iostream>
 #include <map>
 #include <optional>
+#include <span>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -94,6 +96,15 @@ ForeignOptions optionsOf(const ImportArguments& arguments) {
   return options;
 }
 
+/// True when both names mean one place, where the case of letters does not matter.
+bool areSame(const std::string& one, const std::string& other) {
+  const auto place = [](const std::string& name) {
+    std::error_code ignored;
+    return upper(std::filesystem::weakly_canonical(name, ignored).string());
+  };
+  return place(one) == place(other);
+}
+
 /// The names of the data files, one for each file; empty for standard output.
 std::vector<std::string> outputsOf(const ImportArguments& arguments, Files& files) {
   if (arguments.preview) return std::vector<std::string>(arguments.files.size());
@@ -106,6 +117,8 @@ std::vector<std::string> outputsOf(const ImportArguments& arguments, Files& file
   for (const std::string& file : arguments.files) {
     const std::string name = GetFileName(file);
     outputs.push_back(joinPath(arguments.output, name.substr(0, name.find_last_of('.')) + ".DAT"));
+    if (areSame(file, outputs.back()))
+      throw UsageError("import: " + shownName(file) + " andrebbe su se stesso");
     const auto [other, isNew] = taken.emplace(upper(outputs.back()), file);
     if (!isNew) {
       throw UsageError("import: " + shownName(other->second) + " e " + shownName(file) +

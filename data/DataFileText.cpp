@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -16,9 +18,26 @@ const NumberMask kPointMask(" ##.#####^^^^ ");
 /// Rounded up to the digits of a mask, a number beyond this one would be none any more.
 constexpr double kLargestWritten = 1.79E308;
 
+/// `dataField(value, kPointMask)`. Long files are nothing but such fields, so the usual ones are made in place: 15
+/// digits as everywhere, rounded to six.
+std::string sixDigits(double value) {
+  constexpr std::ptrdiff_t kUsualLength = 20;  // "d.dddddddddddddde+dd"
+  constexpr std::size_t kLast = 6;             // place of the sixth digit
+  std::array<char, 32> digits{};
+  char* const end =
+      std::to_chars(digits.begin(), digits.end(), std::fabs(value), std::chars_format::scientific, 14).ptr;
+  const bool up = digits[kLast + 1] >= '5';
+  const bool carries = up && digits[kLast] == '9';
+  if (end - digits.begin() != kUsualLength || value == 0 || carries) return dataField(value, kPointMask);
+  if (up) ++digits[kLast];
+  std::string field(value < 0 ? " -" : "  ");
+  field.append(digits.begin(), kLast + 1).append("E").append(end - 3, end).append(" ");
+  return field;
+}
+
 /// As the mask of points has it, with another number of digits.
 std::string pointField(double value, int digits) {
-  if (digits == kDataDigits || !std::isfinite(value)) return dataField(value, kPointMask);
+  if (digits == kDataDigits || !std::isfinite(value)) return sixDigits(value);
   // Rounded to few digits the largest numbers would be none any more.
   const double bound = digits < kMostDataDigits ? kLargestWritten : std::numeric_limits<double>::max();
   value = std::clamp(value, -bound, bound);

@@ -1,6 +1,7 @@
 #include "data/foreign/Cells.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 
 #include "base/NumberText.h"
@@ -120,6 +121,18 @@ std::string plainNumber(std::string_view cell, const Dialect& dialect) {
   return rest.find_first_of(".,") == std::string_view::npos ? plain.append(rest) : std::string();
 }
 
+/// The number in a cell that has no other sign than one decimal comma, as most have; nothing for any other cell.
+std::optional<double> commaNumber(std::string_view cell) {
+  std::array<char, 32> plain{};
+  const auto comma = cell.find(',');
+  if (comma == std::string_view::npos) return cell.find('.') == comma ? numberIn(cell) : std::nullopt;
+  if (cell.size() > plain.size() || comma + 1 == cell.size() || !isDigit(cell[comma + 1]))
+    return std::nullopt;
+  std::copy(cell.begin(), cell.end(), plain.begin());
+  plain[comma] = '.';
+  return numberIn({plain.data(), cell.size()});
+}
+
 }  // namespace
 
 void splitCells(std::string_view line, const Dialect& dialect, std::vector<std::string_view>& cells) {
@@ -143,9 +156,7 @@ std::string cellText(std::string_view cell) {
 }
 
 std::optional<double> cellNumber(std::string_view cell, const Dialect& dialect) {
-  if (dialect.decimal == '.') {
-    if (const auto value = numberIn(cell)) return value;
-  }
+  if (const auto value = dialect.decimal == '.' ? numberIn(cell) : commaNumber(cell)) return value;
   const char first = cell.empty() ? ' ' : cell.front();
   if (!isDigit(first) && first != '+' && first != '-' && first != dialect.decimal) return std::nullopt;
   return numberIn(plainNumber(cell, dialect));

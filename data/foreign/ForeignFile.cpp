@@ -33,6 +33,20 @@ bool mayBeDataFile(std::string_view bytes) {
   return false;
 }
 
+/// True when the third line is no row of a table. Of four columns without titles the reader of data files would take
+/// the first two rows for titles and the third for the count.
+bool hasCountLine(std::string_view bytes) {
+  constexpr int kCountLine = 3;
+  TextLines lines(bytes);
+  int significant = 0;
+  while (const auto line = lines.next()) {
+    if (isComment(*line) || ++significant < kCountLine) continue;
+    std::array<std::string_view, 3> place;
+    return SplitBlanks(*line, place).size() < place.size();
+  }
+  return false;
+}
+
 bool hasMixedLineEnds(std::string_view text) {
   const auto pairs = [&] {
     std::ptrdiff_t count = 0;
@@ -201,7 +215,7 @@ bool leavesReadingOpen(const ForeignOptions& options) {
 void setPoints(ForeignReading& reading, PointColumns points, const ForeignOptions& options) {
   if (options.dy) setErrors(points, *options.dy);
   keepEvery(points, options.every);
-  average(points, options.average);
+  if (options.average > 1) average(points, options.average);  // one error alone keeps its sign
   reading.errorsMissing = points.dy.empty();
   DataSet data = dataSetOf(points);
   data.TitleX = reading.data.TitleX;
@@ -211,7 +225,8 @@ void setPoints(ForeignReading& reading, PointColumns points, const ForeignOption
 
 void read(std::string_view bytes, const ForeignOptions& options, ForeignReading& reading) {
   reading.encoding = options.encoding ? *options.encoding : guessEncoding(bytes);
-  if (leavesReadingOpen(options) && reading.encoding != Encoding::kUtf8Bom && mayBeDataFile(bytes)) {
+  if (leavesReadingOpen(options) && reading.encoding != Encoding::kUtf8Bom && mayBeDataFile(bytes) &&
+      hasCountLine(bytes)) {
     DataReading own = parseLines(bytes);
     reading.isDataFile = own.errors.empty();
     if (reading.isDataFile) reading.data = std::move(own.data);

@@ -7,7 +7,6 @@
 namespace vk {
 namespace {
 
-constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kBlanks = " \t\f\v";
 constexpr std::string_view kCellEnds = ",;|\t";
 constexpr int kMostJoined = 8;  // lines of one cell: beyond these a quote is a stray sign
@@ -33,13 +32,15 @@ bool opensQuote(std::string_view line) {
 /// Walks over all lines, blank ones included.
 class Walk {
  public:
-  explicit Walk(std::string_view text) : text_(text) {}
+  explicit Walk(std::string_view text) : text_(text), feed_(find('\n', 0)), return_(find('\r', 0)) {}
 
   bool next() {
     if (at_ >= text_.size()) return false;
-    const std::size_t end = std::min(text_.find_first_of(kLineEnds, at_), text_.size());
+    const std::size_t end = std::min(feed_, return_);
     line_ = text_.substr(at_, end - at_);
-    at_ = end + (text_.substr(end, 2) == kLineEnds ? 2 : 1);
+    at_ = end + (return_ + 1 == feed_ ? 2 : 1);
+    if (feed_ < at_) feed_ = find('\n', at_);
+    if (return_ < at_) return_ = find('\r', at_);
     ++number_;
     return true;
   }
@@ -47,8 +48,11 @@ class Walk {
   int number() const { return number_; }
 
  private:
+  std::size_t find(char c, std::size_t from) const { return std::min(text_.find(c, from), text_.size()); }
+
   std::string_view text_, line_;
   std::size_t at_ = 0;
+  std::size_t feed_, return_;  ///< the next ones, the size of the text where there is none
   int number_ = 0;
 };
 

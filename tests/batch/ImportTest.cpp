@@ -163,6 +163,17 @@ TEST(BatchImport, SeveralFilesWithoutAFolderOfTheirOwnAreRefused) {
   EXPECT_EQ(batch("import " + file(kTable) + "-o /nowhere/at/all.DAT").exitCode, 2);
 }
 
+TEST(BatchImport, NoFileOfAFolderIsReplacedByItsOwnImport) {
+  const std::string in = temporaryFile("dati.dat", kTable);
+  const std::string folder = std::filesystem::path(in).parent_path().string();
+  EXPECT_EQ(batch("import '" + in + "' -o '" + folder + "/.'").errors,
+            "import: " + in + " andrebbe su se stesso\n");
+  EXPECT_EQ(fileContent(in), kTable);
+  const BatchRun run = batch("import '" + folder + "'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_THAT(run.errors, StartsWith(folder + ": "));
+}
+
 TEST(BatchImport, MorePointsThanADataFileHoldsAreThinnedOnDemand) {
   std::string table;
   for (int i = 0; i < 40000; ++i) table += std::to_string(i) + ";" + std::to_string(i % 2) + ",5;0,2\n";

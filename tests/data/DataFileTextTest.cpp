@@ -221,5 +221,22 @@ TEST(DataFileText, WhatIsWrittenReadsBackEqual) {
   }
 }
 
+TEST(DataFileText, FieldsAreThoseOfTheMask) {
+  const NumberMask mask(" ##.#####^^^^ ");
+  std::mt19937_64 chance(5);
+  std::vector<double> values{0.0,      -0.0,  1.0,     9.9999995, 9.999995, -9.999985,
+                             1.000005, 1E100, -1E-100, 5E-324,    1.7E308,  999999.5};
+  for (int i = 0; i < 20000; ++i) values.push_back(std::bit_cast<double>(chance()));
+  for (int i = 0; i < 20000; ++i) values.push_back(static_cast<double>(chance() % 20000000) / 1E7 - 1);
+  std::erase_if(values, [](double value) { return std::isnan(value); });
+  DataSet data;
+  data.allocate(2, kFalse);
+  for (const double value : values) {
+    data.Xpnt[1] = value;
+    const std::string line = dataField(value, mask) + dataField(0, mask) + dataField(0, mask) + "\r\n";
+    ASSERT_EQ(dataFileText(data).substr(10, line.size()), line) << value;
+  }
+}
+
 }  // namespace
 }  // namespace vk

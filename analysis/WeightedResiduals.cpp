@@ -4,13 +4,14 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 namespace vk {
 namespace {
 
 constexpr double kSlopeStep = 1E-3;  // of the range of x
 constexpr int kMostMoves = 50;
-constexpr double kSmallMove = 1E-11;  // in units of dx
+constexpr double kSmallMove = 1E-9;   // in units of dx; the distance feels its square
 constexpr double kLeastShare = 1E-6;  // of dy beside dx: with less the rounding of y would decide
 
 /// The places of a slope, in steps from the point.
@@ -77,27 +78,33 @@ SlopeFunction::SlopeFunction(const FitProblem& problem, const ParameterSet& par)
       value_(x_.size()),
       slope_(x_.size()),
       curvature_(x_.size()),
+      all_(x_.size()),
       step_(stepFor(x_)),
       places_(kPlaces.size() * x_.size()),
-      sides_(places_.size()) {}
+      sides_(places_.size()) {
+  std::iota(all_.begin(), all_.end(), std::size_t{0});
+}
 
-void SlopeFunction::compute(std::span<const double> shifts) {
-  for (std::size_t j = 0; j < x_.size(); ++j) {
-    for (std::size_t k = 0; k < kPlaces.size(); ++k)
-      places_[kPlaces.size() * j + k] = x_[j] + shifts[j] + kPlaces[k] * step_;
+void SlopeFunction::compute(std::span<const double> shifts, std::span<const std::size_t> points) {
+  const std::size_t count = kPlaces.size() * points.size();
+  std::size_t next = 0;
+  for (const std::size_t j : points) {
+    for (const int place : kPlaces) places_[next++] = x_[j] + shifts[j] + place * step_;
   }
-  model(places_, sides_);
-  for (std::size_t j = 0; j < x_.size(); ++j) {
-    const auto sides = std::span(sides_).subspan(kPlaces.size() * j, kPlaces.size());
-    value_[j] = sides[kPlaces.size() / 2];
-    slope_[j] = slopeOf(sides, step_);
-    curvature_[j] = curvatureOf(sides, step_);
+  model(std::span(places_).first(count), std::span(sides_).first(count));
+  std::span<const double> sides(sides_);
+  for (const std::size_t j : points) {
+    const auto ofPoint = sides.first(kPlaces.size());
+    sides = sides.subspan(kPlaces.size());
+    value_[j] = ofPoint[kPlaces.size() / 2];
+    slope_[j] = slopeOf(ofPoint, step_);
+    curvature_[j] = curvatureOf(ofPoint, step_);
   }
 }
 
 void EffectiveResiduals::at(std::span<const double> parameters, std::span<double> residuals) {
   setFreeValues(parameters);
-  compute(Column(count()));
+  compute(Column(count()), all_);
   for (std::size_t j = 0; j < residuals.size(); ++j) {
     const double byX = slope_[j] * dx_[j];
     residuals[j] = (value_[j] - y_[j]) / std::sqrt(dy_[j] * dy_[j] + byX * byX);
@@ -108,26 +115,22 @@ double OrthogonalResiduals::errorOfY(std::size_t j) const {
   return std::max(std::abs(dy_[j]), kLeastShare * std::abs(slope_[j] * dx_[j]));
 }
 
-// Moves each foot once towards the place of least distance, or half way back to the best one so far. False when all
-// stood there already.
-bool OrthogonalResiduals::moveFeet() {
-  bool moved = false;
-  for (std::size_t j = 0; j < shifts_.size(); ++j) {
-    const double e = value_[j] - y_[j], s = slope_[j], t = shifts_[j];
-    const double ey = errorOfY(j), vx = dx_[j] * dx_[j], vy = ey * ey;
-    if (vx == 0) continue;
-    const double distance = e * e / vy + t * t / vx;
-    double next = (t + best_[j]) / 2;
-    if (distance <= distances_[j]) {
-      distances_[j] = distance;
-      best_[j] = t;
-      const double newton = vy + (s * s + e * curvature_[j]) * vx;
-      next = t - (e * s * vx + t * vy) / (newton > 0 ? newton : vy + s * s * vx);
-    }
-    moved = moved || std::abs(next - t) > kSmallMove * std::abs(dx_[j]);
-    shifts_[j] = next;
+// Moves once towards the place of least distance, or half way back to the best one so far. False where the foot stood
+// there already.
+bool OrthogonalResiduals::moveFoot(std::size_t j) {
+  const double e = value_[j] - y_[j], s = slope_[j], t = shifts_[j];
+  const double ey = errorOfY(j), vx = dx_[j] * dx_[j], vy = ey * ey;
+  if (vx == 0) return false;
+  const double distance = e * e / vy + t * t / vx;
+  double next = (t + best_[j]) / 2;
+  if (distance <= distances_[j]) {
+    distances_[j] = distance;
+    best_[j] = t;
+    const double newton = vy + (s * s + e * curvature_[j]) * vx;
+    next = t - (e * s * vx + t * vy) / (newton > 0 ? newton : vy + s * s * vx);
   }
-  return moved;
+  shifts_[j] = next;
+  return std::abs(next - t) > kSmallMove * std::abs(dx_[j]);
 }
 
 void OrthogonalResiduals::at(std::span<const double> parameters, std::span<double> residuals) {
@@ -135,10 +138,14 @@ void OrthogonalResiduals::at(std::span<const double> parameters, std::span<doubl
   shifts_.assign(count(), 0);
   best_ = shifts_;
   distances_.assign(count(), std::numeric_limits<double>::infinity());
-  compute(shifts_);
+  compute(shifts_, all_);
   // At the foot next to nothing may be left of the difference in y, and of its sign.
   for (std::size_t j = 0; j < residuals.size(); ++j) residuals[j] = value_[j] - y_[j];
-  for (int k = 0; k < kMostMoves && moveFeet(); ++k) compute(shifts_);
+  std::vector<std::size_t> moving = all_;
+  for (int k = 0; k < kMostMoves && !moving.empty(); ++k) {
+    std::erase_if(moving, [this](std::size_t j) { return !moveFoot(j); });
+    compute(shifts_, moving);
+  }
   for (std::size_t j = 0; j < residuals.size(); ++j) {
     const double e = (value_[j] - y_[j]) / errorOfY(j), along = dx_[j] == 0 ? 0 : shifts_[j] / dx_[j];
     residuals[j] = std::copysign(std::sqrt(e * e + along * along), residuals[j]);

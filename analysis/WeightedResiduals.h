@@ -50,11 +50,12 @@ class WeightedResiduals : public DataFunction {
 class SlopeFunction : public DataFunction {
  protected:
   SlopeFunction(const FitProblem& problem, const ParameterSet& par);
-  /// Fills `value_`, `slope_` and `curvature_` at the points moved by the shifts.
-  void compute(std::span<const double> shifts);
+  /// Fills `value_`, `slope_` and `curvature_` of some points, from 0, at their places moved by the shifts.
+  void compute(std::span<const double> shifts, std::span<const std::size_t> points);
 
   std::span<const double> dx_, dy_;
   Column value_, slope_, curvature_;
+  std::vector<std::size_t> all_;  ///< points
 
  private:
   double step_;
@@ -78,7 +79,7 @@ class OrthogonalResiduals : public SlopeFunction {
 
  private:
   double errorOfY(std::size_t j) const;
-  bool moveFeet();
+  bool moveFoot(std::size_t j);
 
   Column shifts_, best_;  // of the feet: now, and at the least distances so far
   Column distances_;      // the squares of those

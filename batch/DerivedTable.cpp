@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "batch/Assignment.h"
 #include "batch/TerminalPorts.h"
+#include "batch/TypedFormula.h"
 #include "commands/ColumnTable.h"
 #include "commands/FitScreenTexts.h"
 #include "platform/Texts.h"
@@ -30,6 +31,9 @@ Formula compiled(const std::string& word, const std::string& text, const Paramet
     }
     refuse(why);
   }
+  std::vector<std::string> names;
+  for (int i = 1; i <= par.ParCount; ++i) names.push_back(par.name(i));
+  refuseDoubtful(text, names);
   const int shared = ambiguousParameter(compilation.code, par);
   if (shared > 0) refuse("piu` di un parametro ha il nome " + terminalText(par.name(shared)));
   return Formula(std::move(compilation.code));

@@ -7,9 +7,11 @@
 #include "base/CodePage.h"
 #include "batch/Assignment.h"
 #include "batch/TerminalPorts.h"
+#include "batch/TypedFormula.h"
 #include "commands/ExhaustedBox.h"
 #include "expr/Compiler.h"
 #include "expr/Formula.h"
+#include "expr/FormulaText.h"
 
 namespace vk {
 namespace {
@@ -28,6 +30,7 @@ Formula compiledFormula(const std::string& expression, const std::vector<Assignm
   for (const Assignment& variable : variables) names += (names.empty() ? "" : ",") + variable.name;
   Compilation compiled = compile("y@" + names + "@ @ @" + expression);
   if (!compiled.ok) throw UsageError(terminalText(compiled.report));
+  refuseDoubtful(expression, splitItems(names));
   Formula formula(std::move(compiled.code));
   for (std::size_t i = 0; i < variables.size(); ++i) {
     formula.setValue(static_cast<int>(i) + 1, variables[i].value);

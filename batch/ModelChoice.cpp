@@ -4,9 +4,11 @@
 #include "base/Text.h"
 #include "batch/DataInput.h"
 #include "batch/TerminalPorts.h"
+#include "batch/TypedFormula.h"
 #include "commands/FunctionChoice.h"
 #include "expr/Catalogue.h"
 #include "expr/Compiler.h"
+#include "expr/FormulaText.h"
 #include "session/Session.h"
 
 namespace vk {
@@ -34,6 +36,7 @@ int catalogueIndex(const std::string& text, const std::vector<CatalogueEntry>& l
 void useFormula(Session& session, const std::string& formula, const std::string& names) {
   Compilation compiled = compileFunction(names, formula);
   if (!compiled.ok) throw UsageError(terminalText(compiled.report));
+  refuseDoubtful(formula, splitItems("x," + names));
   session.loaded.catalogue.inner.push_back(innerEntry({names, formula, formula, std::move(compiled.code)}));
   takeLastInner(session);
 }

@@ -6,6 +6,7 @@
 #include "batch/DataInput.h"
 #include "batch/Json.h"
 #include "batch/TerminalPorts.h"
+#include "batch/TypedFormula.h"
 #include "commands/TransformationCommand.h"
 #include "data/DataFiles.h"
 #include "session/Session.h"
@@ -80,6 +81,7 @@ int runTransform(const TransformArguments& arguments) {
   const TransformFormulas formulas = formulasOf(arguments, session.loaded.data);
   const TransformResult result = TransformData(session.loaded.data, formulas, dialogs);
   if (!result.replaced()) return kExitBadInput;
+  for (const std::string& formula : formulas.columns) refuseDoubtful(formula, {"x", "y", "dx", "dy"});
   if (!result.failed.empty()) {
     tellFailedRows(result.failed);
     if (!arguments.anyway) return kExitFailed;

@@ -27,7 +27,7 @@ void FigureView::show(const FigureReport& report) {
 /// The page is as large as the view, so that letters keep their size.
 void FigureView::draw() {
   if (report_ == nullptr || size().isEmpty()) return;
-  const auto [shorter, longer] = std::minmax(width(), height());
+  const auto [shorter, longer] = std::minmax({width(), height()});
   NoPrinter page({.shortSide = toTwips(shorter), .longSide = toTwips(longer)});
   device_.emplace(graphics_.letters(), std::max(1, static_cast<int>(std::ceil(devicePixelRatioF()))));
   guard([&] {

@@ -129,8 +129,10 @@ bool OrthogonalResiduals::moveFoot(std::size_t j) {
     const double newton = vy + (s * s + e * curvature_[j]) * vx;
     next = t - (e * s * vx + t * vy) / (newton > 0 ? newton : vy + s * s * vx);
   }
+  // A foot that stays has its value there, so that the distance feels the square of what is left alone.
+  if (!(std::abs(next - t) > kSmallMove * std::abs(dx_[j]))) return false;
   shifts_[j] = next;
-  return std::abs(next - t) > kSmallMove * std::abs(dx_[j]);
+  return true;
 }
 
 void OrthogonalResiduals::at(std::span<const double> parameters, std::span<double> residuals) {

@@ -46,13 +46,9 @@ std::string causeOf(const std::string& fileName, const std::string& bytes) {
 
 Findings checkData(const std::string& fileName) {
   const std::string bytes = TerminalFiles().readAll(fileName);
-  Findings found{checkText(kDataKind, bytes), {}, {}};
-  if (found.check.good) {
-    found.warnings = dataWarnings(parseLines(bytes).data);
-  } else {
-    found.cause = causeOf(fileName, bytes);
-  }
-  return found;
+  const DataReading read = parseLines(bytes);
+  if (read.errors.empty()) return {{true, {}}, {}, dataWarnings(read.data)};
+  return {{false, read.errors}, causeOf(fileName, bytes), {}};
 }
 
 Findings checkFunctions(const std::string& fileName) {

@@ -88,7 +88,7 @@ int runCheck(const std::string& fileName) {
   const std::string name = shownName(fileName);
   if (found.check.good) {
     std::cout << name << kGoodFile;
-    for (const std::string& warning : found.warnings) std::cerr << name << kWarning << warning << '\n';
+    for (const std::string& warning : found.warnings) std::clog << name << kWarning << warning << '\n';
     return kExitDone;
   }
   std::cout << terminalText(found.check.report);

@@ -7,7 +7,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "batch/CheckCommand.h"
@@ -16,23 +15,28 @@
 #include "batch/ExitCode.h"
 #include "batch/FitCommand.h"
 #include "batch/ImportCommand.h"
+#include "batch/OptionTexts.h"
 #include "batch/PropagateCommand.h"
 #include "batch/SimulateCommand.h"
 #include "batch/TerminalPorts.h"
 #include "batch/TransformCommand.h"
 #include "platform/system/HandOver.h"
 #include "platform/system/SystemFiles.h"
+#include "platform/system/Terminal.h"
 
 namespace vk {
 namespace {
 
+constexpr const char* kProgramName = "vor_kel_batch";
+
 // What several subcommands take.
 constexpr const char* kDataFileHelp = "File dati (.DAT)";
 constexpr const char* kJsonHelp = "Stampa il risultato come oggetto JSON";
+constexpr const char* kHelpHelp = "Mostra questo aiuto";
 constexpr const char* kSeedHelp = "Seme del generatore di numeri casuali";
 
-/// A subcommand and what it runs once the command line is read.
-using Commands = std::map<CLI::App*, std::function<int()>>;
+/// What a command runs once the command line is read.
+using Action = std::function<int()>;
 
 /// What draws: the toolkit where this program has it, else the program beside it.
 struct Drawing {
@@ -116,130 +120,120 @@ void addForms(CLI::App& fit, FitForm& form) {
   }
 }
 
-void addFit(CLI::App& app, Commands& commands, const Drawing& drawing) {
-  CLI::App* fit = app.add_subcommand("fit", "Adatta una funzione ai dati di un file e stampa il risultato");
+Action addFit(CLI::App& fit, const Drawing& drawing) {
   auto args = std::make_shared<FitArguments>();
-  fit->add_option("DATI", args->dataFiles, "File dati (.DAT), anche piu` di uno")->required();
-  addModel(*fit, args->model);
-  const auto start = addStart(*fit);
+  fit.add_option("DATI", args->dataFiles, "File dati (.DAT), anche piu` di uno")->required();
+  addModel(fit, args->model);
+  const auto start = addStart(fit);
   CLI::Option* derive = addRepeated(
-      *fit, "--derive", "NOME=FORMULA: grandezza derivata dai parametri, per esempio 'T=LOG(2)/k'");
+      fit, "--derive", "NOME=FORMULA: grandezza derivata dai parametri, per esempio 'T=LOG(2)/k'");
   CLI::Option* refine =
-      fit->add_flag("--refine", args->refine, "Cerca anche il minimo esatto, con gli errori lineari");
-  fit->add_option("--x-errors", args->xErrors,
-                  "Errori di x nel minimo esatto: effective (varianza efficace) o orthogonal (distanza)")
+      fit.add_flag("--refine", args->refine, "Cerca anche il minimo esatto, con gli errori lineari");
+  fit.add_option("--x-errors", args->xErrors,
+                 "Errori di x nel minimo esatto: effective (varianza efficace) o orthogonal (distanza)")
       ->needs(refine);
-  fit->add_flag("--profile", args->profile,
-                "Intervalli di confidenza al 68.27 e al 95 % dal profilo di chi quadro")
+  fit.add_flag("--profile", args->profile,
+               "Intervalli di confidenza al 68.27 e al 95 % dal profilo di chi quadro")
       ->needs(refine);
-  addForms(*fit, args->form);
-  fit->add_option("--jobs", args->jobs, "Quanti file alla volta (1)");
-  fit->add_option("--figure", args->figures.figure, "Grafico di dati e funzione: file .PNG, .SVG o .PDF");
-  fit->add_option("--save-gra", args->figures.graphicFile, "Lo stesso come file grafico (.GRA)");
-  CLI::Option* band = fit->add_option("--band", args->figures.band,
-                                      "Banda di confidenza della funzione nel grafico: 68 o 95 (per cento)");
-  fit->add_flag("--prediction", args->figures.prediction, "Anche la banda di previsione di un'altra misura")
+  addForms(fit, args->form);
+  fit.add_option("--jobs", args->jobs, "Quanti file alla volta (1)");
+  fit.add_option("--figure", args->figures.figure, "Grafico di dati e funzione: file .PNG, .SVG o .PDF");
+  fit.add_option("--save-gra", args->figures.graphicFile, "Lo stesso come file grafico (.GRA)");
+  CLI::Option* band = fit.add_option("--band", args->figures.band,
+                                     "Banda di confidenza della funzione nel grafico: 68 o 95 (per cento)");
+  fit.add_flag("--prediction", args->figures.prediction, "Anche la banda di previsione di un'altra misura")
       ->needs(band);
-  fit->add_option("--differences", args->figures.differences, "Differenze dati-funzione: file dati (.DAT)");
-  commands[fit] = [=] {
+  fit.add_option("--differences", args->figures.differences, "Differenze dati-funzione: file dati (.DAT)");
+  return [=] {
     args->parameters = start();
     args->derived = derive->results();
     return runFit(*args, args->figures.figure.empty() ? nullptr : &figureMaker(drawing));
   };
 }
 
-void addPropagate(CLI::App& app, Commands& commands) {
-  CLI::App* propagate =
-      app.add_subcommand("propagate", "Propaga gli errori attraverso una funzione, anche per simulazione");
+Action addPropagate(CLI::App& propagate, const Drawing&) {
   auto args = std::make_shared<PropagateArguments>();
-  addModel(*propagate, args->model);
-  CLI::Option* par = addRepeated(*propagate, "--par",
+  addModel(propagate, args->model);
+  CLI::Option* par = addRepeated(propagate, "--par",
                                  "NOME=VALORE[,ERRORE] di x o di un parametro: deviazione standard se "
                                  "positivo, errore massimo se negativo");
-  propagate->add_option("--from-fit", args->fitResult,
-                        "Valori, errori e correlazioni dei parametri da un risultato di fit --json");
-  propagate->add_option("--seed", args->seed, kSeedHelp);
-  propagate->add_option("--histogram", args->histogramFile, "Scrive l'istogramma come file dati");
-  addJson(*propagate, args->json);
-  commands[propagate] = [=] {
+  propagate.add_option("--from-fit", args->fitResult,
+                       "Valori, errori e correlazioni dei parametri da un risultato di fit --json");
+  propagate.add_option("--seed", args->seed, kSeedHelp);
+  propagate.add_option("--histogram", args->histogramFile, "Scrive l'istogramma come file dati");
+  addJson(propagate, args->json);
+  return [=] {
     for (const std::string& word : par->results()) args->variables.push_back(parseValueWithError(word));
     return runPropagate(*args);
   };
 }
 
-void addSimulate(CLI::App& app, Commands& commands) {
-  CLI::App* simulate = app.add_subcommand("simulate", "Simula dati da una funzione e li adatta");
+Action addSimulate(CLI::App& simulate, const Drawing&) {
   auto args = std::make_shared<SimulateArguments>();
-  addModel(*simulate, args->model);
-  const auto start = addStart(*simulate);
-  simulate->add_option("--xmin", args->xmin, "x minimo (0)");
-  simulate->add_option("--xmax", args->xmax, "x massimo (10)");
-  simulate->add_option("--points", args->points, "Numero dei punti (11)");
-  simulate->add_option("--dy", args->dy, "Incertezza di y, in percentuale (1)");
-  simulate->add_flag("--dy-absolute", args->dyAbsolute, "L'incertezza di y e` assoluta");
-  simulate->add_option("--dx", args->dx, "Incertezza di x, in percentuale (0: nessuna)");
-  simulate->add_flag("--dx-absolute", args->dxAbsolute, "L'incertezza di x e` assoluta");
-  simulate->add_option("--seed", args->seed, kSeedHelp);
-  addDataOutput(*simulate, args->outputFile, args->digits);
-  addJson(*simulate, args->json);
-  commands[simulate] = [=] {
+  addModel(simulate, args->model);
+  const auto start = addStart(simulate);
+  simulate.add_option("--xmin", args->xmin, "x minimo (0)");
+  simulate.add_option("--xmax", args->xmax, "x massimo (10)");
+  simulate.add_option("--points", args->points, "Numero dei punti (11)");
+  simulate.add_option("--dy", args->dy, "Incertezza di y, in percentuale (1)");
+  simulate.add_flag("--dy-absolute", args->dyAbsolute, "L'incertezza di y e` assoluta");
+  simulate.add_option("--dx", args->dx, "Incertezza di x, in percentuale (0: nessuna)");
+  simulate.add_flag("--dx-absolute", args->dxAbsolute, "L'incertezza di x e` assoluta");
+  simulate.add_option("--seed", args->seed, kSeedHelp);
+  addDataOutput(simulate, args->outputFile, args->digits);
+  addJson(simulate, args->json);
+  return [=] {
     args->parameters = start();
     return runSimulate(*args);
   };
 }
 
-void addTransform(CLI::App& app, Commands& commands) {
-  CLI::App* transform = app.add_subcommand("transform", "Trasforma le colonne di un file dati con formule");
+Action addTransform(CLI::App& transform, const Drawing&) {
   auto args = std::make_shared<TransformArguments>();
-  transform->add_option("DATI", args->dataFile, kDataFileHelp)->required();
-  transform->add_option("--x", args->x, "Formula in x, y, dx, dy per la colonna x");
-  transform->add_option("--y", args->y, "Formula per la colonna y");
-  transform->add_option("--dx", args->dx, "Formula per gli errori di x");
-  transform->add_option("--dy", args->dy, "Formula per gli errori di y");
-  transform->add_option("--title-x", args->titleX, "Legenda di x");
-  transform->add_option("--title-y", args->titleY, "Legenda di y");
-  addDataOutput(*transform, args->outputFile, args->digits);
-  transform->add_flag("--anyway", args->anyway,
-                      "Scrive i dati anche se una formula NON e` calcolabile ovunque");
-  addJson(*transform, args->json);
-  commands[transform] = [=] { return runTransform(*args); };
+  transform.add_option("DATI", args->dataFile, kDataFileHelp)->required();
+  transform.add_option("--x", args->x, "Formula in x, y, dx, dy per la colonna x");
+  transform.add_option("--y", args->y, "Formula per la colonna y");
+  transform.add_option("--dx", args->dx, "Formula per gli errori di x");
+  transform.add_option("--dy", args->dy, "Formula per gli errori di y");
+  transform.add_option("--title-x", args->titleX, "Legenda di x");
+  transform.add_option("--title-y", args->titleY, "Legenda di y");
+  addDataOutput(transform, args->outputFile, args->digits);
+  transform.add_flag("--anyway", args->anyway,
+                     "Scrive i dati anche se una formula NON e` calcolabile ovunque");
+  addJson(transform, args->json);
+  return [=] { return runTransform(*args); };
 }
 
-void addCheck(CLI::App& app, Commands& commands) {
-  CLI::App* check = app.add_subcommand(
-      "check", "Controlla un file dati, funzioni o grafico e stampa l'elenco degli errori");
+Action addCheck(CLI::App& check, const Drawing&) {
   auto fileName = std::make_shared<std::string>();
-  check->add_option("FILE", *fileName, "File .DAT, .FCN o .GRA")->required();
-  commands[check] = [=] { return runCheck(*fileName); };
+  check.add_option("FILE", *fileName, "File .DAT, .FCN o .GRA")->required();
+  return [=] { return runCheck(*fileName); };
 }
 
-void addImport(CLI::App& app, Commands& commands) {
-  CLI::App* import =
-      app.add_subcommand("import", "Legge tabelle di altri programmi (CSV, testo) e scrive file dati");
+Action addImport(CLI::App& import, const Drawing&) {
   auto args = std::make_shared<ImportArguments>();
-  import->add_option("FILE", args->files, "Tabelle da leggere")->required();
-  import->add_option("-o,--output", args->output, "File dati da scrivere; per piu` tabelle una cartella");
-  import->add_option("--encoding", args->encoding,
-                     "Codifica dei caratteri, per esempio utf-8 o windows-1252");
-  import->add_option("--separator", args->separator, "Separatore: tab, spazio, ',', ';' o '|'");
-  import->add_option("--decimal", args->decimal, "Segno decimale: ',' o '.'");
-  import->add_option("--header", args->header, "Numero delle righe sopra i punti");
-  import->add_option("--columns", args->columns, "x,y[,dx],dy: colonne da usare, per numero o nome");
-  import->add_option("--dy", args->dy, "Errori di y: un valore, una percentuale (2%) o sqrt");
-  import->add_option("--every", args->every, "Tiene un punto ogni tanti");
-  import->add_option("--average", args->average, "Sostituisce tanti punti con la loro media");
-  import->add_flag("--preview", args->preview, "Mostra i primi dieci punti e non scrive nulla");
-  commands[import] = [=] { return runImport(*args); };
+  import.add_option("FILE", args->files, "Tabelle da leggere")->required();
+  import.add_option("-o,--output", args->output, "File dati da scrivere; per piu` tabelle una cartella");
+  import.add_option("--encoding", args->encoding, "Codifica dei caratteri, per esempio utf-8 o windows-1252");
+  import.add_option("--separator", args->separator, "Separatore: tab, spazio, ',', ';' o '|'");
+  import.add_option("--decimal", args->decimal, "Segno decimale: ',' o '.'");
+  import.add_option("--header", args->header, "Numero delle righe sopra i punti");
+  import.add_option("--columns", args->columns, "x,y[,dx],dy: colonne da usare, per numero o nome");
+  import.add_option("--dy", args->dy, "Errori di y: un valore, una percentuale (2%) o sqrt");
+  import.add_option("--every", args->every, "Tiene un punto ogni tanti");
+  import.add_option("--average", args->average, "Sostituisce tanti punti con la loro media");
+  import.add_flag("--preview", args->preview, "Mostra i primi dieci punti e non scrive nulla");
+  return [=] { return runImport(*args); };
 }
 
 // A formula may begin with a sign, which the option reader would take for an option: the words are left to us.
-void addEval(CLI::App& app, Commands& commands) {
-  CLI::App* eval = app.add_subcommand("eval", "Calcola una formula: eval FORMULA [NOME=VALORE ...]");
+Action addEval(CLI::App& eval, const Drawing&) {
   auto args = std::make_shared<EvalArguments>();
-  eval->add_flag("--list", args->list, "Stampa il codice compilato");
-  eval->allow_extras();
-  commands[eval] = [=] {
-    std::vector<std::string> words = eval->remaining();
+  eval.set_help_flag("--help", kHelpHelp);
+  eval.add_flag("--list", args->list, "Stampa il codice compilato");
+  eval.allow_extras();
+  return [args, &eval] {
+    std::vector<std::string> words = eval.remaining();
     if (words.empty()) throw UsageError("eval: manca la formula");
     args->expression = words.front();
     args->assignments.assign(words.begin() + 1, words.end());
@@ -247,106 +241,77 @@ void addEval(CLI::App& app, Commands& commands) {
   };
 }
 
-void addDraw(CLI::App& app, Commands& commands, const Drawing& drawing) {
-  CLI::App* draw = app.add_subcommand("draw", "Disegna un file grafico");
+Action addDraw(CLI::App& draw, const Drawing& drawing) {
   auto args = std::make_shared<DrawArguments>();
-  draw->add_option("GRAFICO", args->graphicFile, "File grafico (.GRA)")->required();
-  draw->add_option("-o,--output", args->figure, "Grafico: file .PNG, .SVG o .PDF")->required();
-  draw->add_flag("--anyway", args->anyway, "Disegna quello che si puo` anche con righe errate");
-  commands[draw] = [=] { return runDraw(*args, figureMaker(drawing)); };
+  draw.add_option("GRAFICO", args->graphicFile, "File grafico (.GRA)")->required();
+  draw.add_option("-o,--output", args->figure, "Grafico: file .PNG, .SVG o .PDF")->required();
+  draw.add_flag("--anyway", args->anyway, "Disegna quello che si puo` anche con righe errate");
+  return [=] { return runDraw(*args, figureMaker(drawing)); };
 }
 
 /// The words of the command line. "eval" takes all of its words as they are, so a "--" in front of them says
-/// nothing new; the option reader would give what follows it to nobody.
+/// nothing new; the option reader would give what follows it to nobody. A formula may begin with "-h".
 std::vector<std::string> commandLine(int argc, char** argv) {
   std::vector<std::string> words(argv + 1, argv + argc);
   if (!words.empty() && words.front() == "eval") std::erase(words, "--");
+  if (words == std::vector<std::string>{"eval", "-h"}) words.back() = "--help";
   return words;
 }
 
-/// A text of the option reader and the program's own for it.
-struct Phrase {
-  const char* theirs;
-  const char* ours;
+struct Command {
+  const char *name, *help;
+  Action (*add)(CLI::App& command, const Drawing& drawing);  ///< adds its options
 };
 
-constexpr std::array kLabels{
-    Phrase{"Usage", "Uso"},           Phrase{"OPTIONS", "OPZIONI"},
-    Phrase{"SUBCOMMAND", "COMANDO"},  Phrase{"Positionals", "Argomenti"},
-    Phrase{"REQUIRED", "NECESSARIO"}, Phrase{"TEXT", "TESTO"},
-    Phrase{"INT", "NUMERO"},          Phrase{"Needs", "Con"},
-    Phrase{"Excludes", "Senza"},
+constexpr std::array kCommands{
+    Command{"fit", "Adatta una funzione ai dati di un file e stampa il risultato", addFit},
+    Command{"draw", "Disegna un file grafico", addDraw},
+    Command{"check", "Controlla un file dati, funzioni o grafico e stampa l'elenco degli errori", addCheck},
+    Command{"import", "Legge tabelle di altri programmi (CSV, testo) e scrive file dati", addImport},
+    Command{"eval", "Calcola una formula: eval FORMULA [NOME=VALORE ...]", addEval},
+    Command{"propagate", "Propaga gli errori attraverso una funzione, anche per simulazione", addPropagate},
+    Command{"simulate", "Simula dati da una funzione e li adatta", addSimulate},
+    Command{"transform", "Trasforma le colonne di un file dati con formule", addTransform},
 };
 
-constexpr std::array kComplaints{
-    Phrase{"A subcommand is required", "Si attende un comando"},
-    Phrase{" is required", ": manca"},
-    Phrase{"The following argument was not expected", "Argomento sconosciuto"},
-    Phrase{"The following arguments were not expected", "Argomenti sconosciuti"},
-    Phrase{"Could not convert", "Valore errato"},
-    Phrase{" requires ", " richiede "},
-    Phrase{" excludes ", " esclude "},
-    Phrase{"1 required TEXT missing", "manca il valore"},
-    Phrase{"1 required INT missing", "manca il numero"},
-};
-
-std::string complaint(const CLI::App*, const CLI::Error& error) {
-  std::string text = error.what();
-  for (const Phrase& phrase : kComplaints) {
-    const auto at = text.find(phrase.theirs);
-    if (at != std::string::npos) text.replace(at, std::string_view(phrase.theirs).size(), phrase.ours);
-  }
-  return text + "\nL'opzione --help elenca comandi e argomenti.\n";
-}
-
-constexpr const char* kOptionGroup = "Opzioni";
-
-/// The words of the help and of the complaints; to be set before anything is added.
-void speakItalian(CLI::App& app) {
-  for (const Phrase& label : kLabels) app.get_formatter()->label(label.theirs, label.ours);
-  app.option_defaults()->group(kOptionGroup);
-  app.failure_message(complaint);
-}
-
-/// The headings of what the option reader has put into groups of its own.
-void nameGroups(const Commands& commands) {
-  for (const auto& [command, action] : commands) {
-    command->group("Comandi");
-    command->get_help_ptr()->group(kOptionGroup);
-  }
+/// Adds what every command takes. What is no error goes to the stream of notes, and is never written then.
+void addCommon(CLI::App& command) {
+  command.set_version_flag("--version", std::string(kProgramName) + " " VOR_VERSION, "Mostra la versione");
+  command.add_flag_callback(
+      "--quiet", [] { std::clog.setstate(std::ios::failbit); }, "Nessuna nota: soltanto gli errori");
 }
 
 /// Runs the command that the words name; `name` becomes its name.
 int run(std::vector<std::string> words, const Drawing& drawing, std::string& name) {
-  CLI::App app("Vor_Kel da terminale: analisi di dati misurati", name);
+  CLI::App app("Vor_Kel da terminale: analisi di dati misurati", kProgramName);
   speakItalian(app);
-  app.set_help_flag("--help", "Mostra questo aiuto");
+  app.set_help_flag("-h,--help", kHelpHelp);
   app.require_subcommand(1);
-  Commands commands;
-  addFit(app, commands, drawing);
-  addDraw(app, commands, drawing);
-  addCheck(app, commands);
-  addImport(app, commands);
-  addEval(app, commands);
-  addPropagate(app, commands);
-  addSimulate(app, commands);
-  addTransform(app, commands);
-  nameGroups(commands);
+  addCommon(app);
+  std::map<const CLI::App*, Action> actions;
+  for (const Command& entry : kCommands) {
+    CLI::App* command = app.add_subcommand(entry.name, entry.help);
+    actions[command] = entry.add(*command, drawing);
+    addCommon(*command);
+    nameGroups(*command);
+  }
   try {
     std::ranges::reverse(words);  // the reader takes them from the end
     app.parse(words);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? kExitDone : kExitBadInput;
+    if (error.get_exit_code() != 0) throw UsageError(complaintAbout(app, error));
+    return app.exit(error);
   }
-  CLI::App* command = app.get_subcommands().front();
+  const CLI::App* command = app.get_subcommands().front();
   name = command->get_name();
-  return commands.at(command)();
+  return actions.at(command)();
 }
 
 }  // namespace
 
 int runCommandLine(int argc, char** argv, FigureMaker* figures) {
-  std::string name = "vor_kel_batch";
+  endWithReader();
+  std::string name = kProgramName;
   return exitCodeOf(name, [&] { return run(commandLine(argc, argv), {figures, argv}, name); });
 }
 

@@ -9,13 +9,14 @@
 
 namespace vk {
 
-void loadData(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName) {
+void loadData(Session& session, Files& files, const std::string& fileName) {
   usingFile(fileName, [&] {
     DataReading reading = readData(files, fileName);
     if (!reading.errors.empty()) {
       throw UsageError(shownName(fileName) + ":\n" + terminalText(reading.errors));
     }
-    compareCounts(dialogs, reading.declaredCount, reading.data.NumPnt);
+    TerminalDialogs notes(std::clog);
+    compareCounts(notes, reading.declaredCount, reading.data.NumPnt);
     LoadDataFile(session.loaded, fileName, std::move(reading.data));
   });
 }
@@ -35,7 +36,7 @@ void writeData(Files& files, const std::string& fileName, const DataSet& data,
                const std::optional<int>& digits) {
   writeFile(files, fileName, dataFileText(data, dataDigits(digits)));
   if (!digits && losesDigits(data))
-    std::cerr << shownName(fileName) << ": dati arrotondati a " << kDataDigits
+    std::clog << shownName(fileName) << ": dati arrotondati a " << kDataDigits
               << " cifre (--digits ne scrive fino a " << kMostDataDigits << ")\n";
 }
 

@@ -5,7 +5,6 @@
 
 #include "base/RuntimeError.h"
 #include "batch/TerminalPorts.h"
-#include "platform/Dialogs.h"
 #include "platform/Files.h"
 
 namespace vk {
@@ -14,8 +13,8 @@ struct DataSet;
 struct Session;
 
 /// Checks and loads a data file. Its errors raise `UsageError` with the program's own list; a declared count
-/// that differs from the points found is a warning through `dialogs`, as in the program.
-void loadData(Session& session, Files& files, Dialogs& dialogs, const std::string& fileName);
+/// that differs from the points found is a note, as in the program.
+void loadData(Session& session, Files& files, const std::string& fileName);
 
 /// Writes a file that the command line names; one that cannot be written raises `UsageError`.
 void writeFile(Files& files, const std::string& fileName, const std::string& bytes);

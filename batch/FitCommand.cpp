@@ -84,7 +84,7 @@ void TerminalFit::refine(XErrors xErrors) {
   warnings_ = fitWarnings(problem_.data, found_.result, found_.refined);
   outcome_.screen += refinedTable(problem_.data, found_.refined, warnings_).toUtf8();
   if (!outcome_.fitted() && outcome_.converged())
-    std::cerr << "La seconda minimizzazione ha raggiunto il minimo\n";
+    std::clog << "La seconda minimizzazione ha raggiunto il minimo\n";
 }
 
 void TerminalFit::profile() {
@@ -146,7 +146,7 @@ int runOneFit(const FitArguments& arguments, FigureMaker* maker) {
   TerminalFiles files;
   TerminalDialogs dialogs;
   const std::string& dataFile = arguments.dataFiles.front();
-  loadData(session, files, dialogs, dataFile);
+  loadData(session, files, dataFile);
   chooseFitModel(session, files, arguments);
   const FitOutcome outcome = fitLoaded(session, arguments, dataFile);
   printOutcome(outcome, arguments.form);

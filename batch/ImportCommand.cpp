@@ -131,10 +131,10 @@ std::vector<std::string> outputsOf(const ImportArguments& arguments, Files& file
 void tellLeftOut(const std::string& name, const std::vector<LeftOutLine>& lines) {
   constexpr std::size_t kMostTold = 20;
   for (const LeftOutLine& line : std::span(lines).first(std::min(lines.size(), kMostTold))) {
-    std::cerr << name << ": riga " << line.number << " tralasciata: " << shownName(line.reason) << '\n';
+    std::clog << name << ": riga " << line.number << " tralasciata: " << shownName(line.reason) << '\n';
   }
   if (lines.size() > kMostTold)
-    std::cerr << name << ": altre righe tralasciate: " << lines.size() - kMostTold << '\n';
+    std::clog << name << ": altre righe tralasciate: " << lines.size() - kMostTold << '\n';
 }
 
 /// The titles and the first ten points.
@@ -164,7 +164,7 @@ void importFile(Files& files, const std::string& file, const std::string& output
     writeFile(files, output, text);
   }
   tellLeftOut(name, reading.leftOut);
-  std::cerr << name << ": " << descriptionOf(reading) << '\n';
+  std::clog << name << ": " << descriptionOf(reading) << '\n';
 }
 
 }  // namespace

@@ -26,10 +26,10 @@ class Progress {
   ~Progress() { clear(); }
 
   void show(int done) const {
-    if (visible_) std::cerr << '\r' << done << '/' << count_ << std::flush;
+    if (visible_) std::clog << '\r' << done << '/' << count_ << std::flush;
   }
   void clear() const {
-    if (visible_) std::cerr << "\r\x1B[K" << std::flush;
+    if (visible_) std::clog << "\r\x1B[K" << std::flush;
   }
 
  private:
@@ -83,8 +83,7 @@ int ManyFits::fit(int i) {
     return code;
   };
   try {
-    TerminalDialogs dialogs;
-    loadData(session_, files_, dialogs, file(i));
+    loadData(session_, files_, file(i));
     const FitOutcome outcome = fitLoaded(session_, arguments_, file(i));
     printOutcome(outcome, arguments_.form);
     return outcome.done() ? kExitDone : kExitFailed;

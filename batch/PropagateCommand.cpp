@@ -80,7 +80,7 @@ std::string enterVariables(Session& session, Files& files, const PropagateArgume
   }
   const FittedParameters fitted = readFitResult(files, arguments.fitResult);
   enterFitted(session, files, arguments.model, fitted, arguments.variables);
-  if (!fitted.converged) std::cerr << fitted.file << ": valori che NON sono di un minimo\n";
+  if (!fitted.converged) std::clog << fitted.file << ": valori che NON sono di un minimo\n";
   return fitted.file;
 }
 

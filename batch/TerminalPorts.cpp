@@ -9,10 +9,10 @@
 namespace vk {
 namespace {
 
-void tell(const WindowText& title, const WindowText& text) {
+void tell(std::ostream& stream, const WindowText& title, const WindowText& text) {
   std::string lines = toUtf8(title + ": " + text);
   std::replace(lines.begin(), lines.end(), '\r', '\n');
-  std::cerr << lines << '\n';
+  stream << lines << '\n';
 }
 
 constexpr int kFirstHighCode = 0x80;
@@ -92,12 +92,12 @@ void TerminalFiles::writeAll(const std::string& path, std::string_view bytes) {
 }
 
 int TerminalDialogs::Get_Msg(const MessageRequest& request) {
-  tell(request.caption, request.text);
+  tell(stream_, request.caption, request.text);
   return 1;
 }
 
 void TerminalDialogs::plainBox(const WindowText& title, const WindowText& text) {
-  tell(title, text);
+  tell(stream_, title, text);
 }
 
 std::optional<std::string> TerminalDialogs::fileDialog(const FileRequest&) {

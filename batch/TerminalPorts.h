@@ -1,5 +1,6 @@
 #pragma once
 
+#include <iostream>
 #include <stdexcept>
 
 #include "platform/Dialogs.h"
@@ -25,12 +26,17 @@ std::string shownName(const std::string& fileName);
 /// character without a place in the code page, or a line end, raises `UsageError`.
 std::string textOfWord(const std::string& word);
 
-/// Nobody sits at a terminal run: messages go to the error stream and the first button is taken.
+/// Nobody sits at a terminal run: messages go to a stream and the first button is taken. Errors belong to `std::cerr`,
+/// notes that somebody may do without to `std::clog`.
 class TerminalDialogs : public Dialogs {
  public:
+  explicit TerminalDialogs(std::ostream& stream = std::cerr) : stream_(stream) {}
   int Get_Msg(const MessageRequest& request) override;
   void plainBox(const WindowText& title, const WindowText& text) override;
   std::optional<std::string> fileDialog(const FileRequest& request) override;
+
+ private:
+  std::ostream& stream_;
 };
 
 /// The disk as the command line names it: a pipe is as good as a file.

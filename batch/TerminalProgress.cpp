@@ -12,7 +12,7 @@ TerminalProgress::TerminalProgress(FitObserver& screen)
 void TerminalProgress::progress(const FitProgress& progress) {
   screen_.progress(progress);
   if (!visible_) return;
-  std::cerr << "\rIter. " << progress.iteration << std::flush;
+  std::clog << "\rIter. " << progress.iteration << std::flush;
   written_ = true;
 }
 
@@ -28,7 +28,7 @@ void TerminalProgress::failed(const FitFailure& failure) {
 }
 
 void TerminalProgress::clearLine() {
-  if (written_) std::cerr << "\r\x1B[K" << std::flush;
+  if (written_) std::clog << "\r\x1B[K" << std::flush;
   written_ = false;
 }
 

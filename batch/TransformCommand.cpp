@@ -77,7 +77,7 @@ int runTransform(const TransformArguments& arguments) {
   Session session;
   TerminalFiles files;
   TerminalDialogs dialogs;
-  loadData(session, files, dialogs, arguments.dataFile);
+  loadData(session, files, arguments.dataFile);
   const TransformFormulas formulas = formulasOf(arguments, session.loaded.data);
   const TransformResult result = TransformData(session.loaded.data, formulas, dialogs);
   if (!result.replaced()) return kExitBadInput;

@@ -39,7 +39,7 @@ FittedParameters read(const std::string& bytes) {
 }
 
 /// Why the file is refused.
-std::string refusal(const std::string& bytes) {
+std::string refusalFor(const std::string& bytes) {
   try {
     read(bytes);
   } catch (const UsageError& error) {
@@ -76,58 +76,58 @@ TEST(FitResultFile, CorrelationsMayBeWhole) {
 }
 
 TEST(FitResultFile, AFileThatIsNoJsonIsRefused) {
-  EXPECT_EQ(refusal(""), "R.JSON: JSON errato al byte 1");
-  EXPECT_EQ(refusal("A = 3"), "R.JSON: JSON errato al byte 1");
-  EXPECT_EQ(refusal("{\"parameters\": [}"), "R.JSON: JSON errato al byte 17");
-  EXPECT_EQ(refusal(std::string("\x89PNG\r\n\x1A\n\0\0", 10)), "R.JSON: JSON errato al byte 1");
-  EXPECT_EQ(refusal(with(kResult, "\"A\"", "\"\xE6\"")), "R.JSON: JSON errato al byte 31");
-  EXPECT_EQ(refusal(with(kResult, "514.13", "NaN")), "R.JSON: JSON errato al byte 43");
-  EXPECT_EQ(refusal(with(kResult, "514.13", "1e999")), "R.JSON: un numero e` fuori dai limiti");
-  EXPECT_EQ(refusal(std::string(100000, '[')), "R.JSON: JSON errato al byte 100001");
-  EXPECT_EQ(refusal(std::string(100000, '[') + std::string(100000, ']')), "R.JSON: si attende un oggetto");
+  EXPECT_EQ(refusalFor(""), "R.JSON: JSON errato al byte 1");
+  EXPECT_EQ(refusalFor("A = 3"), "R.JSON: JSON errato al byte 1");
+  EXPECT_EQ(refusalFor("{\"parameters\": [}"), "R.JSON: JSON errato al byte 17");
+  EXPECT_EQ(refusalFor(std::string("\x89PNG\r\n\x1A\n\0\0", 10)), "R.JSON: JSON errato al byte 1");
+  EXPECT_EQ(refusalFor(with(kResult, "\"A\"", "\"\xE6\"")), "R.JSON: JSON errato al byte 31");
+  EXPECT_EQ(refusalFor(with(kResult, "514.13", "NaN")), "R.JSON: JSON errato al byte 43");
+  EXPECT_EQ(refusalFor(with(kResult, "514.13", "1e999")), "R.JSON: un numero e` fuori dai limiti");
+  EXPECT_EQ(refusalFor(std::string(100000, '[')), "R.JSON: JSON errato al byte 100001");
+  EXPECT_EQ(refusalFor(std::string(100000, '[') + std::string(100000, ']')), "R.JSON: si attende un oggetto");
 }
 
 TEST(FitResultFile, AnotherObjectIsRefused) {
-  EXPECT_EQ(refusal("[1, 2]"), "R.JSON: si attende un oggetto");
-  EXPECT_EQ(refusal("{}"), "R.JSON: manca \"parameters\"");
-  EXPECT_EQ(refusal("{\"parameters\": 3}"), "R.JSON: parameters: si attende un elenco");
-  EXPECT_EQ(refusal("{\"parameters\": [3]}"), "R.JSON: parameters[0]: si attende un oggetto");
-  EXPECT_EQ(refusal(with(kResult, "\"value\": 514.13, ", "")), "R.JSON: parameters[0]: manca \"value\"");
-  EXPECT_EQ(refusal(with(kResult, "514.13", "\"514\"")),
+  EXPECT_EQ(refusalFor("[1, 2]"), "R.JSON: si attende un oggetto");
+  EXPECT_EQ(refusalFor("{}"), "R.JSON: manca \"parameters\"");
+  EXPECT_EQ(refusalFor("{\"parameters\": 3}"), "R.JSON: parameters: si attende un elenco");
+  EXPECT_EQ(refusalFor("{\"parameters\": [3]}"), "R.JSON: parameters[0]: si attende un oggetto");
+  EXPECT_EQ(refusalFor(with(kResult, "\"value\": 514.13, ", "")), "R.JSON: parameters[0]: manca \"value\"");
+  EXPECT_EQ(refusalFor(with(kResult, "514.13", "\"514\"")),
             "R.JSON: parameters[0]: value: si attende un numero");
-  EXPECT_EQ(refusal(with(kResult, "\"A\"", "1")), "R.JSON: parameters[0]: name: si attende un testo");
-  EXPECT_EQ(refusal(with(kResult, "true", "1")), "R.JSON: parameters[0]: free: si attende true o false");
-  EXPECT_EQ(refusal(with(kResult, "14.2099", "-1")),
+  EXPECT_EQ(refusalFor(with(kResult, "\"A\"", "1")), "R.JSON: parameters[0]: name: si attende un testo");
+  EXPECT_EQ(refusalFor(with(kResult, "true", "1")), "R.JSON: parameters[0]: free: si attende true o false");
+  EXPECT_EQ(refusalFor(with(kResult, "14.2099", "-1")),
             "R.JSON: parameters[0]: error_linearised: si attende un numero non negativo");
   for (const char* name : {"", "A,B", "A B", "x", "€", "\\u0085[2J", "\\n"}) {
-    EXPECT_EQ(refusal(with(kResult, "\"A\"", "\"" + std::string(name) + "\"")),
+    EXPECT_EQ(refusalFor(with(kResult, "\"A\"", "\"" + std::string(name) + "\"")),
               "R.JSON: parameters[0]: name: si attende il nome di un parametro");
   }
 }
 
 TEST(FitResultFile, AFitWithoutErrorsIsRefused) {
   const std::string none = ": null, l'adattamento non ha dato questo valore";
-  EXPECT_EQ(refusal(with(kResult, "14.2099", "null")), "R.JSON: parameters[0]: error_linearised" + none);
-  EXPECT_EQ(refusal(with(kResult, "[[1, 0.5644], [0.5644, 1]]", "null")),
+  EXPECT_EQ(refusalFor(with(kResult, "14.2099", "null")), "R.JSON: parameters[0]: error_linearised" + none);
+  EXPECT_EQ(refusalFor(with(kResult, "[[1, 0.5644], [0.5644, 1]]", "null")),
             "R.JSON: correlation_linearised" + none);
-  EXPECT_EQ(refusal(with(kRefined, "[[1, -0.25], [-0.25, 1]]", "null")),
+  EXPECT_EQ(refusalFor(with(kRefined, "[[1, -0.25], [-0.25, 1]]", "null")),
             "R.JSON: refined: correlation" + none);
-  EXPECT_EQ(refusal(with(kRefined, "\"error\": 14,", "\"error\": null,")),
+  EXPECT_EQ(refusalFor(with(kRefined, "\"error\": 14,", "\"error\": null,")),
             "R.JSON: refined: parameters[0]: error" + none);
-  EXPECT_EQ(refusal("{\"refined\": null}"), "R.JSON: refined" + none);
+  EXPECT_EQ(refusalFor("{\"refined\": null}"), "R.JSON: refined" + none);
 }
 
 TEST(FitResultFile, AResultFromBeforeTheCorrelationsIsRefused) {
-  EXPECT_EQ(refusal(with(kResult, "correlation_linearised", "other")),
+  EXPECT_EQ(refusalFor(with(kResult, "correlation_linearised", "other")),
             "R.JSON: manca \"correlation_linearised\": il file e` di una versione precedente, ripetere "
             "l'adattamento con fit --json");
-  EXPECT_EQ(refusal(with(kRefined, "\"correlation\"", "\"other\"")),
+  EXPECT_EQ(refusalFor(with(kRefined, "\"correlation\"", "\"other\"")),
             "R.JSON: refined: manca \"correlation\"");
 }
 
 TEST(FitResultFile, ImpossibleCorrelationsAreRefused) {
   const auto refusalOf = [](const std::string& matrix) {
-    return refusal(with(kResult, "[[1, 0.5644], [0.5644, 1]]", matrix));
+    return refusalFor(with(kResult, "[[1, 0.5644], [0.5644, 1]]", matrix));
   };
   const std::string place = "R.JSON: correlation_linearised: ";
   EXPECT_EQ(refusalOf("[[1, 0.5], [0.4, 1]]"), place + "la matrice non e` simmetrica");
@@ -142,7 +142,8 @@ TEST(FitResultFile, ImpossibleCorrelationsAreRefused) {
   {"name": "b", "value": 1, "error": 1, "error_linearised": 1, "free": true}])";
   const std::string three =
       with(kResult, "[[1, 0.5644], [0.5644, 1]]", "[[1, 0.9, 0.9], [0.9, 1, -0.9], [0.9, -0.9, 1]]");
-  EXPECT_EQ(refusal(with(three, "\"free\": true}]", third)), "R.JSON: nessun errore ha queste correlazioni");
+  EXPECT_EQ(refusalFor(with(three, "\"free\": true}]", third)),
+            "R.JSON: nessun errore ha queste correlazioni");
 }
 
 TEST(FitResultFile, WhateverStandsInAFileIsTakenOrRefused) {

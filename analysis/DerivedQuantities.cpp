@@ -72,10 +72,10 @@ std::optional<double> errorOf(Formula& quantity, double value, const ParameterSe
 
 }  // namespace
 
-Compilation compileQuantity(const std::string& formula, const ParameterSet& par) {
+std::string quantityDefinition(const std::string& formula, const ParameterSet& par) {
   std::string names;
   for (int i = 1; i <= par.ParCount; ++i) names += (i == 1 ? "" : ",") + par.name(i);
-  return compile("y@" + names + "@ @ @" + formula);
+  return "y@" + names + "@ @ @" + formula;
 }
 
 int ambiguousParameter(const CompiledExpression& quantity, const ParameterSet& par) {

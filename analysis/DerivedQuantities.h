@@ -4,15 +4,14 @@
 #include <string>
 
 #include "analysis/ParameterSet.h"
-#include "expr/Compiler.h"
 #include "expr/Formula.h"
 #include "numeric/CovarianceMatrix.h"
 
 /// Quantities computed of fitted parameters, as a half life of a decay constant.
 namespace vk {
 
-/// Compiles a formula whose variables are the parameters, in their order.
-Compilation compileQuantity(const std::string& formula, const ParameterSet& par);
+/// The definition, for the compiler, of a formula whose variables are the parameters, in their order.
+std::string quantityDefinition(const std::string& formula, const ParameterSet& par);
 
 /// The first parameter in the formula that shares its name with another one, so that nobody can tell which is meant;
 /// 0 where there is none.

@@ -77,8 +77,7 @@ void Transformation::copy(int hit) {
 }
 
 bool Transformation::evaluate(const std::string& formula) {
-  const std::string variables = data_.kXpntErr ? "x,y,dx,dy" : "x,y,dy";
-  Compilation compiled = compile("y@" + variables + "@ @ @" + formula);
+  Compilation compiled = compile(columnDefinition(data_, formula));
   if (!compiled.ok) return false;
   std::vector<Fault> faults(points_);
   Formula(std::move(compiled.code)).values(old_, newColumn(), listener_, faults);
@@ -104,6 +103,10 @@ std::vector<FailedRows> Transformation::store() {
 
 std::string columnNames(const DataSet& data) {
   return data.kXpntErr ? " x ydxdy" : " x ydy";
+}
+
+std::string columnDefinition(const DataSet& data, const std::string& formula) {
+  return (data.kXpntErr ? "y@x,y,dx,dy@ @ @" : "y@x,y,dy@ @ @") + formula;
 }
 
 TransformResult transform(DataSet data, const TransformFormulas& formulas, EvaluationListener& listener) {

@@ -12,6 +12,9 @@ namespace vk {
 /// The names of the columns of a data set, each of two characters: " x", " y", "dx" where there are errors of x, "dy".
 std::string columnNames(const DataSet& data);
 
+/// The definition of a formula of the columns, for the compiler.
+std::string columnDefinition(const DataSet& data, const std::string& formula);
+
 /// What shall become of a data set.
 struct TransformFormulas {
   std::string TitleX, TitleY;

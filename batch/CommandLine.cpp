@@ -33,6 +33,7 @@ constexpr const char* kProgramName = "vor_kel_batch";
 constexpr const char* kDataFileHelp = "File dati (.DAT)";
 constexpr const char* kJsonHelp = "Stampa il risultato come oggetto JSON";
 constexpr const char* kHelpHelp = "Mostra questo aiuto";
+constexpr const char* kTraceHelp = "Mostra anche quello che riferisce il compilatore delle formule";
 constexpr const char* kSeedHelp = "Seme del generatore di numeri casuali";
 
 /// What a command runs once the command line is read.
@@ -62,6 +63,7 @@ void addModel(CLI::App& command, ModelArguments& model) {
       command.add_option("--catalogue", model.catalogue, "Numeri f,g delle funzioni f[g(x)] del catalogo");
   CLI::Option* file = command.add_option("--file", model.functionFile, "File funzioni (.FCN)");
   CLI::Option* entry = command.add_option("--entry", model.entry, "Numero della funzione nel file funzioni");
+  command.add_flag("--trace", model.trace, kTraceHelp);
   function->excludes(catalogue)->excludes(file);
   catalogue->excludes(file);
   file->needs(entry);
@@ -201,6 +203,7 @@ Action addTransform(CLI::App& transform, const Drawing&) {
   transform.add_flag("--anyway", args->anyway,
                      "Scrive i dati anche se una formula NON e` calcolabile ovunque");
   addJson(transform, args->json);
+  transform.add_flag("--trace", args->trace, kTraceHelp);
   return [=] { return runTransform(*args); };
 }
 
@@ -231,6 +234,7 @@ Action addEval(CLI::App& eval, const Drawing&) {
   auto args = std::make_shared<EvalArguments>();
   eval.set_help_flag("--help", kHelpHelp);
   eval.add_flag("--list", args->list, "Stampa il codice compilato");
+  eval.add_flag("--trace", args->trace, kTraceHelp);
   eval.allow_extras();
   return [args, &eval] {
     std::vector<std::string> words = eval.remaining();

@@ -21,22 +21,13 @@ const std::string kDerivedTitle = "Grandezze Derivate con Errori Lineari";
 constexpr const char* kNameHead = "Nome";
 constexpr const char* kFormulaHead = "Formula";
 
-Formula compiled(const std::string& word, const std::string& text, const ParameterSet& par) {
-  Compilation compilation = compileQuantity(text, par);
-  const auto refuse = [&](const std::string& why) { throw UsageError("\"" + word + "\": " + why); };
-  if (!compilation.ok) {
-    std::string why = "formula errata";
-    for (const CompileFault& fault : compilation.faults) {
-      if (!fault.text.empty()) why += "\n" + terminalText(fault.text);
-    }
-    refuse(why);
+Formula compiled(const std::string& word, const std::string& text, const ParameterSet& par, bool trace) {
+  Formula formula(compileTyped(quantityDefinition(text, par), trace));
+  const int shared = ambiguousParameter(formula.compiled(), par);
+  if (shared > 0) {
+    throw UsageError("\"" + word + "\": piu` di un parametro ha il nome " + terminalText(par.name(shared)));
   }
-  std::vector<std::string> names;
-  for (int i = 1; i <= par.ParCount; ++i) names.push_back(par.name(i));
-  refuseDoubtful(text, names);
-  const int shared = ambiguousParameter(compilation.code, par);
-  if (shared > 0) refuse("piu` di un parametro ha il nome " + terminalText(par.name(shared)));
-  return Formula(std::move(compilation.code));
+  return formula;
 }
 
 std::string numberText(const std::optional<double>& number) {
@@ -45,14 +36,14 @@ std::string numberText(const std::optional<double>& number) {
 
 }  // namespace
 
-DerivedTable::DerivedTable(const std::vector<std::string>& words, const ParameterSet& par) {
+DerivedTable::DerivedTable(const std::vector<std::string>& words, const ParameterSet& par, bool trace) {
   for (const std::string& word : words) {
     const NamedText given = parseNamedText(word, "NOME=FORMULA");
     Row row{textOfWord(given.name), textOfWord(given.text), {}, {}};
     const auto same = [&](const Row& before) { return before.name == row.name; };
     if (std::ranges::any_of(rows_, same))
       throw UsageError(terminalText(row.name) + ": formula data piu` di una volta");
-    row.formula = compiled(word, row.text, par);
+    row.formula = compiled(word, row.text, par, trace);
     rows_.push_back(std::move(row));
   }
 }

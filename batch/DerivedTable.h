@@ -21,9 +21,9 @@ struct FittedValues {
 class DerivedTable {
  public:
   DerivedTable() = default;
-  /// Each word is "name=formula". One that is not, a name that comes twice, and a formula that does not compile over the
-  /// parameters raise `UsageError`.
-  DerivedTable(const std::vector<std::string>& words, const ParameterSet& par);
+  /// Each word is "name=formula". One that is not, a name that comes twice, and a bad formula of the
+  /// parameters raise `UsageError`. With `trace` the compiler's reports are told.
+  DerivedTable(const std::vector<std::string>& words, const ParameterSet& par, bool trace);
 
   bool empty() const { return rows_.empty(); }
   /// Computes all of them. What cannot be computed is told on the error stream; false then.

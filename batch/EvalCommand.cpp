@@ -11,7 +11,6 @@
 #include "commands/ExhaustedBox.h"
 #include "expr/Compiler.h"
 #include "expr/Formula.h"
-#include "expr/FormulaText.h"
 
 namespace vk {
 namespace {
@@ -25,13 +24,12 @@ std::string exactText(double value) {
   return {buffer.data(), end.ptr};
 }
 
-Formula compiledFormula(const std::string& expression, const std::vector<Assignment>& variables) {
+Formula compiledFormula(const EvalArguments& arguments) {
+  const std::vector<Assignment> variables = parseAssignments(arguments.assignments);
   std::string names;
   for (const Assignment& variable : variables) names += (names.empty() ? "" : ",") + variable.name;
-  Compilation compiled = compile("y@" + names + "@ @ @" + expression);
-  if (!compiled.ok) throw UsageError(terminalText(compiled.report));
-  refuseDoubtful(expression, splitItems(names));
-  Formula formula(std::move(compiled.code));
+  const std::string definition = "y@" + names + "@ @ @" + textOfWord(arguments.expression);
+  Formula formula(compileTyped(definition, arguments.trace));
   for (std::size_t i = 0; i < variables.size(); ++i) {
     formula.setValue(static_cast<int>(i) + 1, variables[i].value);
   }
@@ -41,8 +39,7 @@ Formula compiledFormula(const std::string& expression, const std::vector<Assignm
 }  // namespace
 
 int runEval(const EvalArguments& arguments) {
-  Formula formula =
-      compiledFormula(textOfWord(arguments.expression), parseAssignments(arguments.assignments));
+  Formula formula = compiledFormula(arguments);
   if (arguments.list) {
     std::cout << toUtf8(listCode(formula.compiled()), CodePage::kCp437);
     return 0;

@@ -205,7 +205,7 @@ FitFindings wantedFindings(const Session& session, const FitArguments& arguments
   wanted.start = session.analysis.par;
   wanted.xErrors = refineWish(arguments);
   wanted.profile = arguments.profile;
-  wanted.derived = {arguments.derived, session.analysis.par};
+  wanted.derived = {arguments.derived, session.analysis.par, arguments.model.trace};
   return wanted;
 }
 

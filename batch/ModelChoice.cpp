@@ -8,7 +8,6 @@
 #include "commands/FunctionChoice.h"
 #include "expr/Catalogue.h"
 #include "expr/Compiler.h"
-#include "expr/FormulaText.h"
 #include "session/Session.h"
 
 namespace vk {
@@ -33,11 +32,9 @@ int catalogueIndex(const std::string& text, const std::vector<CatalogueEntry>& l
   return static_cast<int>(index);
 }
 
-void useFormula(Session& session, const std::string& formula, const std::string& names) {
-  Compilation compiled = compileFunction(names, formula);
-  if (!compiled.ok) throw UsageError(terminalText(compiled.report));
-  refuseDoubtful(formula, splitItems("x," + names));
-  session.loaded.catalogue.inner.push_back(innerEntry({names, formula, formula, std::move(compiled.code)}));
+void useFormula(Session& session, const std::string& formula, const std::string& names, bool trace) {
+  CompiledExpression code = compileTyped(functionDefinition(names, formula), trace);
+  session.loaded.catalogue.inner.push_back(innerEntry({names, formula, formula, std::move(code)}));
   takeLastInner(session);
 }
 
@@ -65,7 +62,7 @@ void useFunctionFile(Session& session, Files& files, const std::string& fileName
 void chooseModel(Session& session, Files& files, const ModelArguments& model, const std::string& names) {
   BuildCatalogue(session.loaded.catalogue);
   if (!model.function.empty()) {
-    useFormula(session, textOfWord(model.function), names);
+    useFormula(session, textOfWord(model.function), names, model.trace);
   } else if (!model.catalogue.empty()) {
     useCatalogue(session, model.catalogue);
   } else if (!model.functionFile.empty()) {

@@ -14,6 +14,7 @@ struct ModelArguments {
   std::string catalogue;     ///< "f,g": numbers of the outer and the inner function, from 1
   std::string functionFile;  ///< a function file ...
   int entry = 0;             ///< ... and its entry, from 1
+  bool trace = false;        ///< tell also what the compiler reports
 };
 
 /// Builds the catalogue and makes the model the session's current one. `names` is the comma list of the

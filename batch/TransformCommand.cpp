@@ -2,12 +2,13 @@
 
 #include <iostream>
 
+#include "analysis/Transformation.h"
 #include "base/CodePage.h"
 #include "batch/DataInput.h"
 #include "batch/Json.h"
 #include "batch/TerminalPorts.h"
 #include "batch/TypedFormula.h"
-#include "commands/TransformationCommand.h"
+#include "commands/ExhaustedBox.h"
 #include "data/DataFiles.h"
 #include "session/Session.h"
 
@@ -27,6 +28,12 @@ TransformFormulas formulasOf(const TransformArguments& arguments, const DataSet&
   if (hasXErrors) formulas.columns.push_back(entered(arguments.dx, "dx"));
   formulas.columns.push_back(entered(arguments.dy, "dy"));
   return formulas;
+}
+
+void requireFormulas(const TransformArguments& arguments, const DataSet& data) {
+  for (const std::string* word : {&arguments.x, &arguments.y, &arguments.dx, &arguments.dy}) {
+    if (!word->empty()) compileTyped(columnDefinition(data, textOfWord(*word)), arguments.trace);
+  }
 }
 
 /// "3, 7-9, 12": row numbers, three or more that follow one another as a range.
@@ -79,9 +86,9 @@ int runTransform(const TransformArguments& arguments) {
   TerminalDialogs dialogs;
   loadData(session, files, arguments.dataFile);
   const TransformFormulas formulas = formulasOf(arguments, session.loaded.data);
-  const TransformResult result = TransformData(session.loaded.data, formulas, dialogs);
-  if (!result.replaced()) return kExitBadInput;
-  for (const std::string& formula : formulas.columns) refuseDoubtful(formula, {"x", "y", "dx", "dy"});
+  requireFormulas(arguments, session.loaded.data);
+  ExhaustedBox listener(dialogs);
+  const TransformResult result = transform(session.loaded.data, formulas, listener);
   if (!result.failed.empty()) {
     tellFailedRows(result.failed);
     if (!arguments.anyway) return kExitFailed;

@@ -14,11 +14,12 @@ struct TransformArguments {
   std::optional<int> digits;  ///< of the data; by default those that data files have
   bool json = false;
   bool anyway = false;  ///< write also when a formula failed in some rows
+  bool trace = false;   ///< tell also what the compiler reports
 };
 
 /// Transforms the data and writes them as a data file, or as JSON. Gives 0. Rows whose formula cannot be computed
-/// are told with their numbers and give 1; nothing is written then, unless it is wanted anyway. A bad formula,
-/// which is told, gives 2; other bad arguments and bad files raise `UsageError`.
+/// are told with their numbers and give 1; nothing is written then, unless it is wanted anyway. Bad formulas
+/// and other bad arguments, and bad files, raise `UsageError`.
 int runTransform(const TransformArguments& arguments);
 
 }  // namespace vk

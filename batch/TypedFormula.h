@@ -1,12 +1,14 @@
 #pragma once
 
 #include <string>
-#include <vector>
+
+#include "expr/CompiledExpression.h"
 
 namespace vk {
 
-/// Refuses a formula of the command line that the language takes in a sense that nobody means, as "2x" for 2: raises
-/// `UsageError` with the formula and, below its place, what is wrong. The formula compiles; `names` have values in it.
-void refuseDoubtful(const std::string& formula, const std::vector<std::string>& names);
+/// The compiled formula of a definition "result@variables@parameters@constants@formula" that somebody has typed. One that
+/// does not compile, or does so in a sense that nobody means, as "2x" for 2, raises `UsageError` with the formula and, below
+/// its place, what is wrong. With `trace` the compiler's report comes first, on the error stream.
+CompiledExpression compileTyped(const std::string& definition, bool trace);
 
 }  // namespace vk

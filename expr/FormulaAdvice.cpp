@@ -7,7 +7,6 @@
 #include "base/NearWord.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "expr/FormulaText.h"
 #include "expr/FormulaWords.h"
 #include "expr/Opcodes.h"
 #include "expr/Tokens.h"
@@ -132,7 +131,7 @@ class Reader {
   void unknownCharacter() {
     const std::string meant = signMeantBy(text_[at_]);
     tell(AdviceKind::kCharacter, at_, text_.substr(at_, 1), meant);
-    if (numberLength(meant) > 0) return endOperand(meant, at_ + 1);
+    if (operand_ || numberLength(meant) > 0) return endOperand(meant, at_ + 1);
     ++at_;
   }
 
@@ -335,32 +334,6 @@ class Reader {
   std::vector<FormulaAdvice> advice_;
 };
 
-constexpr const char* kNotCompiled = "la formula NON si compila";
-
-/// A definition as the advice needs it.
-struct DefinitionParts {
-  std::string formula;
-  int first = 0;  ///< character of the definition where the formula begins
-  std::vector<std::string> names;
-};
-
-DefinitionParts partsOf(const std::string& definition) {
-  constexpr int kNameFields = 4;  // the result's among them, which no formula can use
-  DefinitionParts parts;
-  std::size_t begin = 0;
-  for (int field = 0; field < kNameFields; ++field) {
-    const std::size_t mark = std::min(definition.find('@', begin), definition.size());
-    const std::string list = StripBlanks(definition.substr(begin, mark - begin));
-    if (field > 0)
-      std::ranges::copy(splitItems(list.substr(0, list.find('/'))), std::back_inserter(parts.names));
-    begin = std::min(mark + 1, definition.size());
-  }
-  begin = std::min(definition.find_first_not_of(' ', begin), definition.size());
-  parts.formula = trimRight(definition.substr(begin));
-  parts.first = static_cast<int>(begin);
-  return parts;
-}
-
 }  // namespace
 
 std::vector<FormulaAdvice> adviseOn(const std::string& formula, const std::vector<std::string>& names) {
@@ -380,19 +353,6 @@ std::string adviceLines(const std::string& formula, const std::vector<FormulaAdv
     lines += kCrLf;
   }
   return lines;
-}
-
-std::string adviceLines(const std::string& definition, const Compilation& compiled) {
-  const DefinitionParts parts = partsOf(definition);
-  std::vector<FormulaAdvice> advice = adviseOn(parts.formula, parts.names);
-  if (advice.empty()) {
-    for (const CompileFault& fault : compiled.faults) {
-      if (isOfNames(fault.kind)) continue;
-      advice.push_back({AdviceKind::kRefused, std::max(fault.first - parts.first, 0),
-                        fault.text.empty() ? kNotCompiled : fault.text});
-    }
-  }
-  return adviceLines(parts.formula, advice);
 }
 
 }  // namespace vk

@@ -46,4 +46,7 @@ std::string adviceLines(const std::string& formula, const std::vector<FormulaAdv
 /// of it: not empty where the expression was refused. A fault of the names is none of the expression.
 std::string adviceLines(const std::string& definition, const Compilation& compiled);
 
+/// What the compiler says of a fault in a definition, in one line.
+std::string faultText(const std::string& definition, const CompileFault& fault);
+
 }  // namespace vk

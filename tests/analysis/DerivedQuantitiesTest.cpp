@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "analysis/ModelFixture.h"
+#include "expr/Compiler.h"
 
 namespace vk {
 namespace {
@@ -28,7 +29,7 @@ class DerivedQuantityTest : public testing::Test {
   }
 
   QuantityValue of(const std::string& text, const std::optional<CovarianceMatrix>& errors) {
-    Formula formula(compileQuantity(text, par).code);
+    Formula formula(compile(quantityDefinition(text, par)).code);
     return quantityOf(formula, par, errors, listener);
   }
 
@@ -103,16 +104,16 @@ TEST_F(DerivedQuantityTest, HasNoErrorWithoutACovariance) {
 }
 
 TEST_F(DerivedQuantityTest, NamesOnlyParameters) {
-  EXPECT_TRUE(compileQuantity("A*k+b", par).ok);
-  const Compilation wrong = compileQuantity("A*x", par);
+  EXPECT_TRUE(compile(quantityDefinition("A*k+b", par)).ok);
+  const Compilation wrong = compile(quantityDefinition("A*x", par));
   EXPECT_FALSE(wrong.ok);
   EXPECT_EQ(wrong.faults.front().kind, CompileFaultKind::kUnknownName);
 }
 
 TEST_F(DerivedQuantityTest, ANameOfSeveralParametersIsAmbiguousWhereItIsUsed) {
   const ParameterSet twice = parametersOf({"k", "A", "b", "A"});
-  EXPECT_EQ(ambiguousParameter(compileQuantity("A/k", twice).code, twice), 2);
-  EXPECT_EQ(ambiguousParameter(compileQuantity("b/k", twice).code, twice), 0);
+  EXPECT_EQ(ambiguousParameter(compile(quantityDefinition("A/k", twice)).code, twice), 2);
+  EXPECT_EQ(ambiguousParameter(compile(quantityDefinition("b/k", twice)).code, twice), 0);
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ TEST(BatchEval, AFormulaThatDoesNotCompileIsBadInput) {
   const BatchRun run = batch("eval 'a*2' x=1");
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_EQ(run.output, "");
-  EXPECT_THAT(run.errors, HasSubstr("* ERR. Variabile a NON definita"));
+  EXPECT_EQ(run.errors, "a*2\n^ \"a\" non e` definita\n");
 }
 
 TEST(BatchEval, AssignmentsNeedANameAndANumber) {

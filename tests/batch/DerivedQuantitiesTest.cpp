@@ -82,10 +82,10 @@ TEST(BatchDerive, WhatIsWrongIsToldBeforeTheFit) {
       {"T", "\"T\": si attende NOME=FORMULA\n"},
       {"=k", "\"=k\": si attende NOME=FORMULA\n"},
       {"a b=k", "\"a b=k\": si attende NOME=FORMULA\n"},
-      {"T=", "\"T=\": formula errata\nScrittura dell'Espressione Errata\n"},
-      {"T=LOG(2)/q", "\"T=LOG(2)/q\": formula errata\nVariabile q NON definita\n"},
-      {"T=x*k", "\"T=x*k\": formula errata\nVariabile x NON definita\n"},
-      {"T=(k", "\"T=(k\": formula errata\n 1Parentesi Aperte e  0 Chiuse\n"},
+      {"T=", "\n^ manca un valore\n"},
+      {"T=LOG(2)/q", "LOG(2)/q\n       ^ \"q\" non e` definita\n"},
+      {"T=x*k", "x*k\n^ \"x\" non e` definita\n"},
+      {"T=(k", "(k\n^ parentesi mai chiusa\n"},
       {"T=€", "\"€\": un carattere non esiste nella tabella dei codici 437\n"},
   };
   for (const auto& [word, complaint] : cases) {

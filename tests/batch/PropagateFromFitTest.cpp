@@ -117,7 +117,7 @@ TEST(BatchFromFit, AMissingOrDoubledParameterIsBadInput) {
   EXPECT_EQ(twice.errors, "k: valore dato piu` di una volta\n");
   const BatchRun none = batch(fromFit("--function 'A/q'"));
   EXPECT_EQ(none.exitCode, 2);
-  EXPECT_THAT(none.errors, HasSubstr("* ERR. Variabile q NON definita\n"));
+  EXPECT_EQ(none.errors, "A/q\n  ^ \"q\" non e` definita\n");
   const BatchRun missing = batch(fromFit("--catalogue 1,2"));
   EXPECT_EQ(missing.exitCode, 2);
   EXPECT_EQ(missing.errors, "Manca il valore del parametro b\n");

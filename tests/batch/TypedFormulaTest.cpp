@@ -6,6 +6,7 @@ namespace vk {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 
 /// What is said of a formula that is refused.
 std::string refusal(const std::string& words) {
@@ -19,21 +20,97 @@ std::string pairOfPoints() {
   return "'" + temporaryFile("D.DAT", "x\r\ny\r\n 3\r\n1 3 .1\r\n2 5 .1\r\n3 7 .1\r\n") + "' ";
 }
 
-TEST(TypedFormula, IsRefusedWhereItWouldPassInAnotherSense) {
-  EXPECT_EQ(refusal("eval '2x' x=3"), "2x\n^ \"2x\" non e` un numero: forse 2*x\n");
-  EXPECT_THAT(refusal("eval '2,5'"), HasSubstr("2,5\n ^ "));
-  EXPECT_THAT(refusal("eval '1.5.2'"), HasSubstr("1.5.2\n^ "));
-  EXPECT_THAT(refusal("eval '3A' A=1"), HasSubstr("3A\n^ "));
+/// The words that fit a formula at three points.
+std::string fitOf(const std::string& formula) {
+  return "fit " + pairOfPoints() + "--function '" + formula + "' --par a=1 ";
+}
+
+TEST(TypedFormula, IsRefusedWithThePlaceAndWhatWasMeant) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"a*x+sen(x)", "    ^ \"sen\" non e` una funzione: forse SIN"},
+      {"sqrt(x)", "^ \"sqrt\" non e` una funzione: forse SQR"},
+      {"a*ln(x)", "  ^ \"ln\" non e` una funzione: forse LOG"},
+      {"EPX(x)", "^ \"EPX\" non e` una funzione: forse EXP"},
+      {"2*pi*x", "  ^ \"pi\" non e` definita: forse 3.1415926"},
+      {"a*X", "  ^ \"X\" non e` definita: forse x"},
+      {"x*tua", "  ^ \"tua\" non e` definita: forse tau"},
+      {"alpha*x", "^ \"alpha\" ha piu` di 4 caratteri: forse alph"},
+      {"x^-1", " ^ \"^-\": due segni di seguito: forse x^(-1)"},
+      {"x**2", " ^ \"**\" non e` un segno: forse ^"},
+      {"2x", "^ \"2x\" non e` un numero: forse 2*x"},
+      {"2,5", " ^ la virgola separa solo gli argomenti di una funzione: forse 2.5"},
+      {"a*(2,5)", "    ^ la virgola separa solo gli argomenti di una funzione: forse 2.5"},
+      {"1.5.2", "^ \"1.5.2\" non e` un numero"},
+      {"3A", "^ \"3A\" non e` un numero: forse 3*A"},
+      {"(a", "^ parentesi mai chiusa"},
+      {"µ*x", "^ \"µ\" non e` un segno delle formule"},
+      // The compiler refuses these two, and has its own reason at most.
+      {"a+123456789012345678901",
+       "  ^ \"123456789012345678901\": Nome piu` Lungo di 20 Caratteri, Troncato a 12345678901234567890"},
+      {"D_P(1,2)+ABS(x)", "^ la formula NON si compila"},
+  };
+  for (const auto& [formula, line] : cases) {
+    EXPECT_EQ(refusal("eval '" + std::string(formula) + "' a=1 tau=1 x=3"),
+              std::string(formula) + "\n" + line + "\n");
+  }
 }
 
 TEST(TypedFormula, IsRefusedByEveryCommand) {
-  EXPECT_THAT(refusal("fit " + pairOfPoints() + "--function 'b*x+2c' --par b=1 --par c=1"),
-              HasSubstr("b*x+2c\n    ^ "));
-  EXPECT_THAT(refusal("fit " + pairOfPoints() + "--catalogue 1,2 --par b=1 --par c=1 --derive 'T=2b'"),
-              HasSubstr("2b\n^ "));
-  EXPECT_THAT(refusal("propagate --function '2a' --par a=1,.1"), HasSubstr("2a\n^ "));
-  EXPECT_THAT(refusal("simulate --function '2a' --par a=1"), HasSubstr("2a\n^ "));
-  EXPECT_THAT(refusal("transform " + pairOfPoints() + "--y '2y'"), HasSubstr("2y\n^ "));
+  const std::string told =
+      "2a+sen(a)\n^ \"2a\" non e` un numero: forse 2*a\n   ^ \"sen\" non e` una funzione: forse SIN\n";
+  const std::string wrong = " '2a+sen(a)' ", data = pairOfPoints();
+  for (const std::string& words :
+       {"eval" + wrong + "a=1", "fit " + data + "--function" + wrong + "--par a=1",
+        fitOf("a*x") + "--derive 'T='" + wrong.substr(1),
+        "fit " + data + data + "--csv --function" + wrong + "--par a=1",
+        "propagate --function" + wrong + "--par a=1,.1", "simulate --function" + wrong + "--par a=1"}) {
+    EXPECT_EQ(refusal(words), told) << words;
+  }
+  for (const char* option : {"--x", "--y", "--dy"}) {
+    EXPECT_EQ(refusal("transform " + data + option + " 'dy*yd'"), "dy*yd\n   ^ \"yd\" non e` definita\n");
+  }
+  EXPECT_EQ(refusal("transform " + data + "--y ' dx'"), "dx\n^ \"dx\" non e` definita\n");
+}
+
+TEST(TypedFormula, OfWrongNamesIsRefusedInOneLine) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"alpha=1", "\"alpha\": Nome piu` Lungo di 4 Caratteri, Troncato a alph\n"},
+      {"5a=1", "\"5a\": il Nome NON Inizia con una Lettera\n"},
+      {"a-b=1", "\"a-b\": -    Carattere NON Valido\n"},
+  };
+  for (const auto& [assignment, line] : cases) {
+    EXPECT_EQ(refusal("eval x x=2 " + std::string(assignment)), line);
+    EXPECT_EQ(refusal(fitOf("a*x") + "--par " + assignment), line);
+  }
+}
+
+TEST(TypedFormula, HasTheReportOfTheCompilerWhereItIsAskedFor) {
+  const std::string report =
+      "*** Controllo Sintattico delle Variabili...\n"
+      "# Variabili: 1\n"
+      "* x             O.K.\n"
+      "*** Controllo Sintattico dei Parametri...\n"
+      "# Parametri: 0\n"
+      "*** Controllo Sintattico delle Costanti...\n"
+      "# Costanti: 0\n"
+      "*** Controllo della Funzione\n";
+  EXPECT_EQ(refusal("eval --trace 'x+q' x=2"),
+            report + "* ERR. Variabile q NON definita\nx+q\n  ^ \"q\" non e` definita\n");
+  const BatchRun good = batch("eval 'x+1' x=2 --trace");
+  EXPECT_EQ(good.output, "3\n");
+  EXPECT_EQ(good.errors, report);
+  for (const std::string& words :
+       {fitOf("a*x"), fitOf("a*x") + "--derive T=a", std::string("propagate --function a --par a=1,.1"),
+        std::string("simulate --function a*x --par a=1"), "transform " + pairOfPoints() + "--x x+1"}) {
+    EXPECT_THAT(batch(words + " --trace").errors, HasSubstr("*** Controllo della Funzione\n")) << words;
+    EXPECT_THAT(batch(words).errors, Not(HasSubstr("***"))) << words;
+  }
+}
+
+TEST(TypedFormula, HasTheOptionForTheReportInTheHelpOfEveryCommandThatTakesOne) {
+  for (const char* command : {"eval", "fit", "propagate", "simulate", "transform"}) {
+    EXPECT_THAT(batch(std::string(command) + " --help").output, HasSubstr("--trace")) << command;
+  }
 }
 
 TEST(TypedFormula, IsTakenAsItStandsWhereItMeansThat) {

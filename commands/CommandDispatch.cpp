@@ -5,6 +5,7 @@
 #include "base/Guard.h"
 #include "commands/Checkpoint.h"
 #include "commands/DisplayRefresh.h"
+#include "commands/FileOpening.h"
 #include "commands/FilePicking.h"
 #include "commands/FitCommand.h"
 #include "commands/StartUp.h"
@@ -23,18 +24,29 @@ void MainMod::StartUp(const std::function<void()>& showMainWindow) {
   guarded([this] { Msg(session_, ports_.window); });
 }
 
-void MainMod::run(Control control) {
-  if (running_) return;
-  const Command& command = commandOf(control);
-  const bool ended = guarded([&] {
+bool MainMod::runCommand(const std::function<void()>& command) {
+  if (running_) return true;
+  return guarded([&] {
     running_ = true;
     const AtEnd idle([this] { running_ = false; });
-    if (command.run == nullptr || ports_.panels.isOpen()) return;
-    command.run(session_, ports_);
+    if (ports_.panels.isOpen()) return;
+    command();
     if (!ports_.panels.isOpen()) Msg(session_, ports_.window);
   });
+}
+
+void MainMod::run(Control control) {
+  const Command& command = commandOf(control);
+  if (command.run == nullptr) return;
+  const bool ended = runCommand([&] { command.run(session_, ports_); });
   // The entry that is picked may be what failed; it would fail at every reading, and nobody would be asked.
   if (!ended && command.reads != 0) recentList(session_, command.reads).pick = 0;
+}
+
+bool MainMod::open(const std::string& path) {
+  bool read = false;
+  runCommand([&] { read = openFile(session_, ports_, path); });
+  return read;
 }
 
 void MainMod::diagnose() {

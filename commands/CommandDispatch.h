@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <utility>
 
 #include "commands/CommandTable.h"
@@ -26,6 +27,10 @@ class MainMod {
   /// After a reading command that broke off, the next one of its kind asks for the file.
   void run(Control control);
 
+  /// A file was dropped on the window or named on the command line: reads it (`openFile`) as a menu entry would. True
+  /// when it was read.
+  bool open(const std::string& path);
+
   /// The key F2 was pressed: opens the diagnosis of the last fit, except where a command runs or a panel is open.
   void diagnose();
 
@@ -36,6 +41,9 @@ class MainMod {
   bool guarded(const std::function<void()>& handler);
 
  private:
+  /// Runs a command where none runs and no panel is open, and renews menus and status bar. False when it broke off.
+  bool runCommand(const std::function<void()>& command);
+
   Session& session_;
   Ports ports_;
   bool running_ = false;  ///< a command runs

@@ -1,6 +1,8 @@
 #include "commands/FilePicking.h"
 
 #include <array>
+#include <optional>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -61,6 +63,12 @@ FileRequest requestFor(const Session& session, const WindowText& caption, const 
           .defaultExtension = extension};
 }
 
+/// The answer of the dialog, or the file that the program was handed in its stead.
+std::optional<std::string> chooseFile(Session& session, Dialogs& dialogs, const FileRequest& request) {
+  if (!session.files.handed.empty()) return std::exchange(session.files.handed, {});
+  return dialogs.fileDialog(request);
+}
+
 /// What stands before the first occurrence of the file's own name in its path, without the final separator; a
 /// file of the root has the folder "/".
 std::string folderBefore(const std::string& path, const std::string& fileName) {
@@ -117,7 +125,8 @@ void PickFile(Session& session, Ports& ports, const WindowText& caption, std::st
   const KindOfFile& which = kindOf(kind);
   std::string proposed = name;
   for (;;) {
-    const auto chosen = ports.dialogs.fileDialog(requestFor(session, caption, proposed, which, mode));
+    const auto chosen =
+        chooseFile(session, ports.dialogs, requestFor(session, caption, proposed, which, mode));
     if (!chosen) {
       session.ErrFlag = kCancelled;
       return;
@@ -204,6 +213,11 @@ void showRecentFiles(const Session& session, MainWindow& window, Int16 kind) {
 
 void pickRecentFile(Session& session, Int16 kind, int index) {
   recentList(session, kind).pick = index + 1;
+}
+
+void handFile(Session& session, Int16 kind, const std::string& path) {
+  recentList(session, kind).pick = 0;
+  session.files.handed = path;
 }
 
 }  // namespace vk

@@ -29,6 +29,7 @@ struct FileSettings {
   std::array<std::string, 4> WorkDir;  ///< rows 0 all, 1 data, 2 functions, 3 graphics
   Int16 WorkRow;
   RecentList RecentData, RecentFun, RecentGra;
+  std::string handed;  ///< file that the next file dialog answers with, instead of being shown; empty to ask
 };
 
 }  // namespace vk

@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QMenuBar>
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QUrl>
 #include <algorithm>
 
 #include "ui/qt/widgets/Fonts.h"
@@ -58,6 +60,7 @@ Vor_Kel::Vor_Kel(EventPump& pump) : pump_(pump), backdrop_(new Backdrop(this)) {
   setObjectName("Vor_Kel");
   setCentralWidget(backdrop_);
   setContextMenuPolicy(Qt::NoContextMenu);
+  setAcceptDrops(true);
   setMenuBar(new TopMenuBar(this));
   buildMenus();
   buildStatusBar();
@@ -249,6 +252,33 @@ bool Vor_Kel::event(QEvent* event) {
   const bool turnedTo = event->type() == QEvent::WindowActivate || event->type() == QEvent::MouseButtonPress;
   if (turnedTo && !holders_.empty() && turnedToWhileShut) turnedToWhileShut(holders_.back());
   return QMainWindow::event(event);
+}
+
+/// True for files of the machine, where a menu entry could be chosen as well.
+bool Vor_Kel::isOpenFor(const QMimeData& dropped) const {
+  const QList<QUrl> urls = dropped.urls();
+  return isEnabled() && menuBar()->isEnabled() && QApplication::activeModalWidget() == nullptr &&
+         !urls.isEmpty() && std::ranges::all_of(urls, &QUrl::isLocalFile);
+}
+
+void Vor_Kel::dragEnterEvent(QDragEnterEvent* event) {
+  event->setDropAction(Qt::CopyAction);
+  event->setAccepted(isOpenFor(*event->mimeData()));
+}
+
+void Vor_Kel::dropEvent(QDropEvent* event) {
+  // Whoever proposes to move a file would delete it behind a drop that was taken as a move.
+  event->setDropAction(Qt::CopyAction);
+  event->setAccepted(isOpenFor(*event->mimeData()));
+  if (!event->isAccepted()) return;
+  std::vector<std::string> names;
+  for (const QUrl& url : event->mimeData()->urls()) names.push_back(toFileName(url.toLocalFile()));
+  // The program that the files come from waits for the end of the drop, which no box of ours may hold up.
+  const auto open = [this, names = std::move(names)] {
+    activateWindow();
+    if (openFiles) openFiles(names);
+  };
+  QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
 }
 
 void Vor_Kel::closeEvent(QCloseEvent* event) {

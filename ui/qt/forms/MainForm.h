@@ -4,10 +4,12 @@
 #include <QAction>
 #include <QLabel>
 #include <QMainWindow>
+#include <QMimeData>
 #include <QPixmap>
 #include <array>
 #include <functional>
 #include <map>
+#include <string>
 #include <vector>
 
 #include "commands/CommandTable.h"
@@ -50,6 +52,8 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
   std::function<void(Control)> command;
   /// The user asks for more than the last fit showed, by F2.
   std::function<void()> diagnosis;
+  /// Files were dropped on the window: their full names.
+  std::function<void(const std::vector<std::string>&)> openFiles;
   /// The window is being closed: ends the program, or gives false and it stays.
   std::function<bool()> unload;
   /// The user turns to the window while this form holds it shut.
@@ -73,6 +77,8 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
 
  protected:
   bool event(QEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
@@ -86,6 +92,7 @@ class Vor_Kel : public QMainWindow, public MainWindow, public PanelView {
   QFrame* frame(Panel panel) const;
   void placePanel(QFrame* frame);
   void followHolders();
+  bool isOpenFor(const QMimeData& dropped) const;
   void applyMenuStates();
 
   EventPump& pump_;

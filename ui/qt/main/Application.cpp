@@ -1,5 +1,7 @@
 #include "ui/qt/main/Application.h"
 
+#include <filesystem>
+
 #include "ui/PdfProposal.h"
 
 namespace vk {
@@ -24,6 +26,7 @@ Application::Application(Files& files, std::function<void(int)> quit, bool usePr
   panels_.setView(window_);
   editor_.setForm(editForm_);
   window_.command = [this](Control control) { mainMod_.run(control); };
+  window_.openFiles = [this](const std::vector<std::string>& names) { open(names); };
   window_.diagnosis = [this] { mainMod_.diagnose(); };
   window_.unload = [this] {
     // A figure that is being drawn needs its window to the end of its command.
@@ -45,6 +48,12 @@ Device& Application::figurePrinter() {
 
 void Application::StartUp() {
   mainMod_.StartUp([this] { showMainWindow(); });
+}
+
+void Application::open(const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
+    if (!mainMod_.open(std::filesystem::absolute(name).lexically_normal().string())) return;
+  }
 }
 
 void Application::showMainWindow() {

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "commands/CommandDispatch.h"
@@ -41,6 +42,8 @@ class Application {
 
   /// Shows the main window and the welcome; the program is ready afterwards.
   void StartUp();
+  /// Reads files in turn, up to the first that is not read.
+  void open(const std::vector<std::string>& names);
   /// Work begins that is known to take long.
   void showWaitCursor() { pump_.showWaitCursor(); }
   /// Unloads every form, in the order in which they were made, and ends the program.

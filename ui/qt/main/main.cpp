@@ -16,5 +16,9 @@ int main(int argc, char** argv) {
   });
   files.onLongRead = [&] { application.showWaitCursor(); };
   application.StartUp();
+  // What begins with "-" is meant for programs that have options.
+  std::vector<std::string> names(argv + 1, argv + argc);
+  std::erase_if(names, [](const std::string& name) { return name.starts_with('-'); });
+  if (!ended) application.open(names);
   return ended ? exitCode : QCoreApplication::exec();
 }

@@ -28,6 +28,11 @@ constexpr std::array kCommands{
     GraphicCommand{"SPEZZATA", "", 0, kPlain, &GraphicRun::joinFile},
     GraphicCommand{"CURVA", "", 0, kPlain, &GraphicRun::curveFile},
     GraphicCommand{"FUNZIONE", "", 0, kPlain, &GraphicRun::plotFunction},
+    GraphicCommand{"COLORE", "", 0, kPlain, &GraphicRun::chooseColour},
+    GraphicCommand{"TITOLO", "", 0, kFigureText, &GraphicRun::writeTitle},
+    GraphicCommand{"CHIAVE", "xy", 0, kFigureText, &GraphicRun::addKey},
+    GraphicCommand{"BANDA", "", 0, kPlain, &GraphicRun::fillBand},
+    GraphicCommand{"RIQUADRO", "", 2, kNone, &GraphicRun::frameBox},
 };
 
 }  // namespace

@@ -8,6 +8,12 @@
 
 namespace vk {
 
+GraphicRun::GraphicRun(Files& files, GralCls& drawing, EvaluationListener& listener, Int16 errorFlag)
+    : files_(files), drawing_(drawing), listener_(listener), errorFlag_(errorFlag) {
+  const double width = drawing.XrLog, height = drawing.YtLog;
+  box_ = {{0, width, 0, width}, {0, height, 0, height}};
+}
+
 void GraphicRun::runText(std::string_view text) {
   TextLines lines(text);
   while (const auto first = lines.next()) {

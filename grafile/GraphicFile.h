@@ -8,6 +8,7 @@
 #include "data/DataSet.h"
 #include "data/ErrorList.h"
 #include "grafile/NamedParameters.h"
+#include "grafile/PlotBox.h"
 #include "gral/Plotting.h"
 #include "numeric/Fault.h"
 #include "platform/Files.h"
@@ -24,12 +25,16 @@ struct CommandFields {
   std::string text;
 };
 
+/// The values of a formula on points 1.. of x; not a number where it has none.
+struct FormulaCurve {
+  Array<double> x, y;
+};
+
 /// One run through the lines of a graphic file: draws what they say and lists what is wrong with them.
 class GraphicRun {
  public:
-  /// With an error flag other than 0 every command fails.
-  GraphicRun(Files& files, GralCls& drawing, EvaluationListener& listener, Int16 errorFlag = 0)
-      : files_(files), drawing_(drawing), listener_(listener), errorFlag_(errorFlag) {}
+  /// The drawing is open. With an error flag other than 0 every command fails.
+  GraphicRun(Files& files, GralCls& drawing, EvaluationListener& listener, Int16 errorFlag = 0);
 
   /// Runs all lines of a text. A last line that asks for a continuation is run-time error 62.
   void runText(std::string_view text);
@@ -61,12 +66,21 @@ class GraphicRun {
   void joinFile(const CommandFields& fields);
   void curveFile(const CommandFields& fields);
   void plotFunction(const CommandFields& fields);
+  void chooseColour(const CommandFields& fields);
+  void writeTitle(const CommandFields& fields);
+  void addKey(const CommandFields& fields);
+  void fillBand(const CommandFields& fields);
+  void frameBox(const CommandFields& fields);
 
  private:
   void runLine(const std::string& line);
   void obey(const std::string& line);
   void fail(const std::string& message) { failure_ = message; }
   std::optional<DataSet> readData(const std::string& name);
+  std::optional<DataSet> readBand(const std::string& name);
+  std::optional<FormulaCurve> sampleFormula(const std::string& formula);
+  void fillBetween(const Array<double>& x, const Array<double>& low, const Array<double>& high,
+                   const std::string& described);
   bool isNarrow(char axis) const { return axis == 'x' ? xNarrow_ : axis == 'y' && yNarrow_; }
   void keepDoubles(std::string_view kinds, CommandFields& fields) const;
 
@@ -77,6 +91,8 @@ class GraphicRun {
   NamedParameters parameters_;
   bool xNarrow_ = false, yNarrow_ = false;  // parameters keep their doubles on this axis
   Int16 xLog_, yLog_;
+  PlotBox box_;  // of the last scales; before them the page
+  bool linesSeen_ = true;
   std::string xLegend_, yLegend_;
   double FunXMin_ = 0, FunXMax_ = 0;
   std::string failure_;  // of the present line; empty while it is good

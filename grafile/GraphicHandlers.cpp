@@ -1,7 +1,10 @@
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
+#include <limits>
 #include <utility>
+#include <vector>
 
 #include "base/CheckedMath.h"
 #include "base/Guard.h"
@@ -12,11 +15,15 @@
 #include "expr/Compiler.h"
 #include "expr/Formula.h"
 #include "grafile/GraphicFile.h"
+#include "gral/PixelPath.h"
+#include "gral/SavedDrawing.h"
 
 namespace vk {
 namespace {
 
 constexpr int kCurvePoints = 200;
+constexpr const char* kWrong = " Errato";
+constexpr const char* kNowhere = " NON Calcolabile";
 
 /// The values 1..count as an axis takes them: on a logarithmic one the decimal logarithms of the absolute
 /// values. That of 0 is run-time error 5.
@@ -28,44 +35,44 @@ Array<double> onAxis(const Array<double>& values, int count, Int16 logarithmic) 
   return result;
 }
 
-/// The same for one point of a curve, where it stands; false when the axis has no place for it.
-bool placeOnAxis(double& value, Int16 logarithmic) {
-  if (logarithmic != 0) value = std::log10(std::abs(value));
-  return std::isfinite(value);
+/// The same for one point of a curve; not finite where the axis has no place for it.
+double placeOnAxis(double value, Int16 logarithmic) {
+  return logarithmic != 0 ? std::log10(std::abs(value)) : value;
 }
 
-/// A curve with gaps where its function cannot be computed.
-struct CurveWithGaps {
-  Array<double> x{kCurvePoints}, y{kCurvePoints};
-  Array<Fault> faults{kCurvePoints};
-
-  bool has(int point) const { return faults[point] == Fault::kNone; }
-  bool hasPoints() const { return std::ranges::count(faults.span(1, kCurvePoints), Fault::kNone) > 0; }
-  /// Takes the points to the axes; those that have no place there fall out.
-  void placeOn(Int16 xLogarithmic, Int16 yLogarithmic);
-  /// Each piece between two gaps is a line of its own, which begins its dashes anew. A point alone makes none.
-  void draw(GralCls& drawing) const;
-};
-
-void CurveWithGaps::placeOn(Int16 xLogarithmic, Int16 yLogarithmic) {
-  for (int i = 1; i <= kCurvePoints; ++i) {
-    if (!placeOnAxis(x[i], xLogarithmic) || !placeOnAxis(y[i], yLogarithmic)) faults[i] = Fault::kDomain;
+/// Calls `draw(first, last)` for each row of at least two points of 1..count that `has` tells of.
+template <class Has, class Draw>
+void eachPiece(int count, Has has, Draw draw) {
+  int first = 1;
+  for (int i = 1; i <= count + 1; ++i) {
+    if (i <= count && has(i)) continue;
+    if (i - first > 1) draw(first, i - 1);
+    first = i + 1;
   }
 }
 
-void CurveWithGaps::draw(GralCls& drawing) const {
-  Array<double> pieceX(kCurvePoints), pieceY(kCurvePoints);
-  int count = 0;
-  for (int i = 1; i <= kCurvePoints; ++i) {
-    if (has(i)) {
-      ++count;
-      pieceX[count] = x[i];
-      pieceY[count] = y[i];
-    }
-    if (has(i) && i < kCurvePoints) continue;
-    if (count > 1) drawing.GralDraw(pieceX, pieceY, count);
-    count = 0;
-  }
+/// Elements first..last as 1..
+Array<double> pieceOf(const Array<double>& values, int first, int last) {
+  Array<double> piece(last - first + 1);
+  std::ranges::copy(values.span(first, last), piece.span(1, piece.upper()).begin());
+  return piece;
+}
+
+std::string describedFile(const std::string& name) {
+  return "*** File Dati " + upper(name);
+}
+
+std::string describedFormula(const std::string& formula) {
+  return "*** Funzione " + formula;
+}
+
+/// Six hexadecimal digits and nothing else, else run-time error 5.
+Colour colourOf(const std::string& digits) {
+  std::uint32_t rgb = 0;
+  const char* const end = digits.data() + digits.size();
+  const auto [behind, error] = std::from_chars(digits.data(), end, rgb, 16);
+  if (digits.size() != 6 || error != std::errc() || behind != end) throw RuntimeError(kInvalidCall);
+  return Colour::fromRgb(rgb);
 }
 
 }  // namespace
@@ -87,6 +94,7 @@ void GraphicRun::scaleX(const CommandFields& fields) {
   const auto& user = narrow ? fields.doubles : fields.numbers;
   drawing_.GralXMap(fields.numbers[1], fields.numbers[2], user[3], user[4]);
   xNarrow_ = narrow;
+  box_.x = {fields.numbers[1], fields.numbers[2], user[3], user[4]};
 }
 
 void GraphicRun::scaleY(const CommandFields& fields) {
@@ -94,6 +102,7 @@ void GraphicRun::scaleY(const CommandFields& fields) {
   const auto& user = narrow ? fields.doubles : fields.numbers;
   drawing_.GralYMap(fields.numbers[1], fields.numbers[2], user[3], user[4]);
   yNarrow_ = narrow;
+  box_.y = {fields.numbers[1], fields.numbers[2], user[3], user[4]};
 }
 
 void GraphicRun::limitArea(const CommandFields& fields) {
@@ -145,6 +154,7 @@ void GraphicRun::chooseMark(const CommandFields& fields) {
 
 void GraphicRun::chooseLine(const CommandFields& fields) {
   drawing_.GralPen(fields.numbers[1], fields.integers[1]);
+  linesSeen_ = fields.numbers[1] > 0;
 }
 
 void GraphicRun::drawMark(const CommandFields& fields) {
@@ -158,7 +168,7 @@ std::optional<DataSet> GraphicRun::readData(const std::string& name) {
     FreeFieldReading reading = parseFreeFields(text);
     if (reading.complete) return std::move(reading.data);
   }
-  fail("*** File Dati " + upper(name) + " Errato");
+  fail(describedFile(name) + kWrong);
   return std::nullopt;
 }
 
@@ -183,29 +193,126 @@ void GraphicRun::curveFile(const CommandFields& fields) {
                      data->NumPnt);
 }
 
-void GraphicRun::plotFunction(const CommandFields& fields) {
-  const std::string described = "*** Funzione " + fields.text;
-  if (FunXMax_ - FunXMin_ == 0) return fail(described + " NON Calcolabile (Intervallo x NON Definito)");
+std::optional<FormulaCurve> GraphicRun::sampleFormula(const std::string& formula) {
+  const std::string described = describedFormula(formula);
+  const auto refuse = [&](const char* reason) {
+    fail(described + reason);
+    return std::nullopt;
+  };
+  if (FunXMax_ - FunXMin_ == 0) return refuse(" NON Calcolabile (Intervallo x NON Definito)");
 
-  std::string expression = fields.text;
+  std::string expression = formula;
   Int16 flag;
   SubstituteExpression(parameters_, expression, flag,
                        xNarrow_ || yNarrow_ ? Precision::kDouble : Precision::kSingle);
   Compilation compiled;
   if (flag == 0) compiled = compile("y@x@ @ @" + expression);
-  if (!compiled.ok) return fail(described + " Errata");
+  if (!compiled.ok) return refuse(" Errata");
 
-  CurveWithGaps curve;
-  auto& [x, y, faults] = curve;
+  FormulaCurve curve{Array<double>(kCurvePoints), Array<double>(kCurvePoints)};
+  auto& [x, y] = curve;
+  Array<Fault> faults(kCurvePoints);
   const double step = checked::finite((FunXMax_ - FunXMin_) / (kCurvePoints - 1));
   for (int i = 1; i <= kCurvePoints; ++i) x[i] = FunXMin_ + (i - 1) * step;
   const std::array<std::span<const double>, 1> columns{x.span(1, kCurvePoints)};
   const Fault last = Formula(std::move(compiled.code))
                          .values(columns, y.span(1, kCurvePoints), listener_, faults.span(1, kCurvePoints));
-  lastPointFailed_ = last != Fault::kNone;
-  curve.placeOn(xLog_, yLog_);
-  if (!curve.hasPoints()) return fail(described + " NON Calcolabile");
-  curve.draw(drawing_);
+  lastPointFailed_ = lastPointFailed_ || last != Fault::kNone;
+  for (int i = 1; i <= kCurvePoints; ++i) {
+    if (faults[i] != Fault::kNone) y[i] = std::numeric_limits<double>::quiet_NaN();
+  }
+  return curve;
+}
+
+void GraphicRun::plotFunction(const CommandFields& fields) {
+  auto curve = sampleFormula(fields.text);
+  if (!curve) return;
+  auto& [x, y] = *curve;
+  for (int i = 1; i <= kCurvePoints; ++i) {
+    x[i] = placeOnAxis(x[i], xLog_);
+    y[i] = placeOnAxis(y[i], yLog_);
+  }
+  bool hasPoints = false;
+  const auto has = [&](int i) {
+    const bool finite = std::isfinite(x[i]) && std::isfinite(y[i]);
+    hasPoints = hasPoints || finite;
+    return finite;
+  };
+  // Each piece between two gaps is a line of its own, which begins its dashes anew.
+  eachPiece(kCurvePoints, has, [&](int first, int last) {
+    drawing_.GralDraw(pieceOf(x, first, last), pieceOf(y, first, last), last - first + 1);
+  });
+  if (!hasPoints) fail(describedFormula(fields.text) + kNowhere);
+}
+
+void GraphicRun::chooseColour(const CommandFields& fields) {
+  const Colour colour = colourOf(trim(fields.text));
+  drawing_.GralColor(colour);
+  drawing_.GralMarkColor = colour;
+}
+
+void GraphicRun::writeTitle(const CommandFields& fields) {
+  drawTitle(drawing_, box_, trim(fields.text));
+}
+
+void GraphicRun::addKey(const CommandFields& fields) {
+  drawKey(drawing_, fields.numbers[1], fields.numbers[2], linesSeen_, trim(fields.text));
+}
+
+void GraphicRun::frameBox(const CommandFields& fields) {
+  drawFrame(drawing_, box_, fields.integers[1], fields.integers[2], {xLog_ != 0, yLog_ != 0});
+}
+
+/// The columns of a band stand in place of x, y and its error. Nothing when the line has failed.
+std::optional<DataSet> GraphicRun::readBand(const std::string& name) {
+  DataReading reading;
+  if (!guard([&] { reading = vk::readData(files_, name); })) {
+    fail(describedFile(name) + kWrong);
+  } else if (!reading.errors.empty() || reading.data.kXpntErr != kFalse) {
+    fail(describedFile(name) + kWrong + " (Servono 3 Colonne: x, Minimo, Massimo)");
+  } else {
+    return std::move(reading.data);
+  }
+  return std::nullopt;
+}
+
+void GraphicRun::fillBand(const CommandFields& fields) {
+  const auto semicolon = fields.text.find(';');
+  if (semicolon == std::string::npos) {
+    if (const auto data = readBand(fields.text)) {
+      fillBetween(data->Xpnt, data->Ypnt, data->ErrYpnt, describedFile(fields.text));
+    }
+    return;
+  }
+  const auto low = sampleFormula(trim(fields.text.substr(0, semicolon)));
+  if (!low) return;
+  const auto high = sampleFormula(trim(fields.text.substr(semicolon + 1)));
+  if (high) fillBetween(low->x, low->y, high->y, describedFormula(fields.text));
+}
+
+/// Where a border has no place the band has a gap; one that is not above 0 leaves a logarithmic scale at its lower end.
+void GraphicRun::fillBetween(const Array<double>& x, const Array<double>& low, const Array<double>& high,
+                             const std::string& described) {
+  const auto atX = [&](int i) { return placeOnAxis(x[i], xLog_); };
+  const auto border = [&](double value) {
+    return yLog_ != 0 && value <= 0 ? box_.y.lower() : placeOnAxis(value, yLog_);
+  };
+  const auto has = [&](int i) {
+    return std::isfinite(atX(i)) && std::isfinite(border(low[i])) && std::isfinite(border(high[i]));
+  };
+  const SavedDrawing saved(*drawing_.GralDev);
+  drawing_.GralDev->setFillStyle(kFillSolid);
+  drawing_.GralDev->setFillColor(lightTint(drawing_.GralDev->ForeColor()));
+  bool filled = false;
+  eachPiece(x.upper(), has, [&](int first, int last) {
+    std::vector<PixelPlace> outline;
+    for (int i = first; i <= last; ++i) outline.push_back(drawing_.pixelOfUsr(atX(i), border(low[i])));
+    for (int i = last; i >= first; --i) outline.push_back(drawing_.pixelOfUsr(atX(i), border(high[i])));
+    makePath(*drawing_.GralDev, outline);
+    drawing_.GralDev->FillPath();
+    filled = true;
+  });
+  if (!filled) fail(described + kNowhere);
 }
 
 }  // namespace vk

@@ -28,7 +28,7 @@ void GralCls::GralMark(double x, double y) {
   const SavedDrawing saved(*GralDev);
   GralDev->setDrawStyle(kDrawSolid);
   GralDev->setFillStyle(kFillSolid);
-  GralDev->setFillColor(GralMarkTyp > kShapes ? kBlack : kWhite);
+  GralDev->setFillColor(GralMarkTyp > kShapes ? GralMarkColor : kWhite);
   const int shape = (GralMarkTyp - 1) % kShapes + 1;
   if (shape == kShapes) {
     GralDev->Circle(px, py, R);
@@ -44,8 +44,8 @@ void GralCls::outlineMark(int shape, double px, double py, double R) {
   const double t = std::sqrt(4 / root3 * A);
   switch (shape) {
     case 1:
-      // QUIRK: the upward triangle alone is outlined in black whatever the colour.
-      GralDev->setForeColor(kBlack);
+      // QUIRK: the upward triangle alone is outlined in this colour, mostly black, whatever that of the lines.
+      GralDev->setForeColor(GralMarkColor);
       return polygonMark(
           {{px - t / 2, py + t / 2 / root3}, {px, py - t / root3}, {px + t / 2, py + t / 2 / root3}});
     case 2:

@@ -40,6 +40,7 @@ class GralCls {
   std::string GralCaption;     ///< caption of a form; set before `GralGrStr`
   float GralMarkDim = 0;       ///< radius of the circular mark in millimetres, 1.5
   Int16 GralMarkTyp;           ///< type of the mark, 5
+  Colour GralMarkColor;        ///< inside of the full marks, and outline of the upward triangle; black
   float XlLog = 0, XrLog = 0;  ///< left and right edge in Log: 0, page width
   float xScaleL2S = 0;         ///< Scr units per Log unit, positive
   float YtLog = 0, YbLog = 0;  ///< top and bottom edge in Log: page height, 0

@@ -21,6 +21,7 @@ void GralCls::GralGrStr(Device& GralOut, std::string_view GralOri, double scale)
   FontName = "Arial";
   GralMarkDim = 1.5F;
   GralMarkTyp = 5;
+  GralMarkColor = kBlack;
   fScale = toSingle(scale);
   const PageSize sides = pageSize();
   Orientation = equalIgnoringCase(GralOri, "LANDSCAPE") ? kLandscape : kPortrait;

@@ -55,7 +55,7 @@ class FormatsPage : public FigureFixture {
 TEST_F(FormatsPage, HasExamplesOfEachKind) {
   EXPECT_EQ(of("dat").size(), 1U);
   EXPECT_EQ(of("fcn").size(), 1U);
-  EXPECT_EQ(of("gra").size(), 3U);
+  EXPECT_EQ(of("gra").size(), 4U);
   EXPECT_EQ(of("errors").size(), 1U);
 }
 
@@ -112,6 +112,16 @@ TEST_F(FormatsPage, TheHiddenAxisGivesTheFormulaItsRangeOnALogarithmicAxis) {
     return;
   }
   FAIL() << "no curve";
+}
+
+TEST_F(FormatsPage, TheFigureWithABandHasItsParts) {
+  const auto drawn = run(files.content.at("banda.gra"));
+  EXPECT_TRUE(output.requests.empty()) << output.request().text.bytes();
+  const auto place = [&](const char* begin) {
+    return std::ranges::find_if(drawn, [&](const std::string& line) { return line.starts_with(begin); });
+  };
+  EXPECT_LT(place("fill "), place("polyline "));
+  EXPECT_NE(place("polyline "), drawn.end());
 }
 
 TEST_F(FormatsPage, TheFileWithErrorsGivesItsList) {

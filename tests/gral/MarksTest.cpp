@@ -88,7 +88,7 @@ TEST_F(Marks, HaveTheirPointAtTheCentreOfMass) {
   }
 }
 
-// QUIRK: the upward triangle keeps a black outline.
+// QUIRK: the upward triangle keeps the outline of full marks, black if nothing else is said.
 TEST_F(Marks, AreOutlinedInTheColourSaveTheUpwardTriangle) {
   drawing.GralColor(Colour::fromBgr(0x0000FF));
   for (int type = 1; type <= 11; ++type) {
@@ -96,6 +96,18 @@ TEST_F(Marks, AreOutlinedInTheColourSaveTheUpwardTriangle) {
     const std::string expected = type % 5 == 1 ? "pen 000000 width 1 solid" : "pen FF0000 width 1 solid";
     EXPECT_EQ(mark(type)[0], expected) << type;
   }
+}
+
+TEST_F(Marks, FullOnesAndTheUpwardTriangleHaveAColourOfTheirOwn) {
+  drawing.GralMarkColor = Colour::fromRgb(0x0072B2);
+  form.forget();
+  EXPECT_EQ(mark(6)[0], "pen 0072B2 width 1 solid");
+  for (int type = 7; type <= 10; ++type) {
+    form.forget();
+    EXPECT_EQ(mark(type)[1], "filling 0072B2 solid") << type;
+  }
+  form.forget();
+  EXPECT_EQ(mark(5)[1], "filling FFFFFF solid");
 }
 
 TEST_F(Marks, RestoreTheSettings) {

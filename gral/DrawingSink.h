@@ -80,6 +80,8 @@ class LetterMetrics {
   virtual double advance(bool symbol, unsigned char code) = 0;
   virtual double lineHeight(bool symbol) = 0;
   virtual double ascent(bool symbol) = 0;
+  /// What programs that set a text add to the width of a letter before another one.
+  virtual double kerning(bool, unsigned char, unsigned char) { return 0; }
 };
 
 /// Letter widths that depend on nothing outside the program: those of a common sans-serif face, in steps of

@@ -1,34 +1,12 @@
 #include "gral/sinks/SvgPath.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <utility>
 
-#include "base/Rounding.h"
+#include "gral/sinks/SvgMarkup.h"
 
 namespace vk {
-namespace {
-
-void append(std::string& text, long number) {
-  char digits[24];
-  text.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
-}
-
-}  // namespace
-
-std::string svgNumber(double value) {
-  constexpr long kHundredths = 100, kTenths = 10;
-  const long hundredths = std::lround(roundHalfEven(value * kHundredths));
-  const long size = std::abs(hundredths), part = size % kHundredths;
-  std::string text = hundredths < 0 ? "-" : "";
-  append(text, size / kHundredths);
-  if (part == 0) return text;
-  text += part < kTenths ? ".0" : ".";
-  append(text, part % kTenths == 0 ? part / kTenths : part);
-  return text;
-}
-
 bool SvgPath::Line::crosses(const Place& place) const {
   const auto inside = [](long a, long b, long value) {
     return std::min(a, b) < value && value < std::max(a, b);
@@ -39,14 +17,14 @@ bool SvgPath::Line::crosses(const Place& place) const {
 
 void SvgPath::second(long number) {
   if (number >= 0) text_ += ' ';
-  append(text_, number);
+  svgAppend(text_, number);
 }
 
 /// The first number of a command, whose letter is left out where it repeats the one before.
 void SvgPath::command(char name, long number) {
   if (name == command_) return second(number);
   text_ += name;
-  append(text_, number);
+  svgAppend(text_, number);
   command_ = name;
 }
 

@@ -8,9 +8,6 @@
 
 namespace vk {
 
-/// A number of an SVG document, to the hundredth.
-std::string svgNumber(double value);
-
 /// The description of a path. Its places are whole twips, a tenth of a pixel at 300 to the inch at most from where
 /// they were; each is told as the way from the one before, which is shorter than the place.
 class SvgPath {

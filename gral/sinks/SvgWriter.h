@@ -4,13 +4,14 @@
 #include <string>
 
 #include "gral/sinks/SvgPath.h"
+#include "gral/sinks/TextLine.h"
 
 namespace vk {
 
 /// Writes a drawing as a scalable picture: an SVG document whose unit is the twip, at its natural size.
 ///
-/// Lines that follow one another with the same pen become one path. Letters stay letters, in "Arial" or what
-/// the viewer has for it, each at its own place.
+/// Lines that follow one another with the same pen become one path, letters of a line one text, in "Arial" or what
+/// the viewer has for it, each letter at its own place.
 ///
 /// It is a writer of our own because the toolkit's (QSvgGenerator of Qt 6.4) leaves out clip regions.
 class SvgWriter : public DrawingSink {
@@ -39,7 +40,7 @@ class SvgWriter : public DrawingSink {
   void refresh() override {}
 
  private:
-  void flushPath();
+  void flush();
   void openGroup();
   void openFilledGroup();
   void closeGroup();
@@ -58,6 +59,7 @@ class SvgWriter : public DrawingSink {
   std::string definitions_;
   std::set<std::string> defined_;
   SvgPath path_;  ///< lines that wait for their end
+  TextLineReader text_;
   bool groupOpen_ = false;
   Pen pen_;
   Filling filling_, groupFilling_;

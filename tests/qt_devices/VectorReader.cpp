@@ -129,15 +129,35 @@ std::vector<double> numbersIn(const std::string& text) {
   return numbers;
 }
 
-VectorContent::Letter svgLetter(const QXmlStreamReader& xml) {
-  const auto place = numbersIn(xml.attributes().value(QLatin1String("transform")).toString().toStdString());
-  QTransform turn;
-  turn.translate(place[0], place[1]);
-  const double rotation = place.size() > 2 ? place[2] : 0;
-  turn.rotate(rotation);
-  return {turn.map(QPointF(attribute(xml, "x"), attribute(xml, "y"))), attribute(xml, "font-size"),
-          -rotation};
-}
+/// The letters of a text and of the pieces in it, each of which tells what differs.
+class SvgTextReader {
+ public:
+  explicit SvgTextReader(std::vector<VectorContent::Letter>& letters) : letters_(letters) {}
+
+  void text(const QXmlStreamReader& xml) {
+    const auto place = numbersIn(textOf(xml, "transform"));
+    angle_ = place.size() > 2 ? -place[2] : 0;
+    toPage_ = QTransform::fromTranslate(place[0], place[1]);
+    toPage_.rotate(-angle_);
+    size_ = attribute(xml, "font-size");
+    piece(xml);
+  }
+  void piece(const QXmlStreamReader& xml) {
+    const double size = xml.attributes().hasAttribute("font-size") ? attribute(xml, "font-size") : size_;
+    for (const double x : numbersIn(textOf(xml, "x"))) {
+      letters_.push_back({toPage_.map(QPointF(x, attribute(xml, "y"))), size, angle_});
+    }
+  }
+
+ private:
+  static std::string textOf(const QXmlStreamReader& xml, const char* name) {
+    return xml.attributes().value(QLatin1String(name)).toString().toStdString();
+  }
+
+  std::vector<VectorContent::Letter>& letters_;
+  QTransform toPage_;
+  double angle_ = 0, size_ = 0;
+};
 
 /// The unpacked stream of an object of a PDF file.
 std::string streamOf(const std::string& bytes, const std::string& number) {
@@ -298,6 +318,7 @@ class PdfOperators {
 VectorContent readSvg(const std::string& bytes) {
   VectorContent content;
   QXmlStreamReader xml(QByteArray::fromStdString(bytes));
+  SvgTextReader texts(content.letters);
   double penWidth = 0;
   bool inDefinitions = false;
   while (!xml.atEnd()) {
@@ -326,7 +347,9 @@ VectorContent readSvg(const std::string& bytes) {
       }
       content.shapes.push_back(circle);
     } else if (name == "text") {
-      content.letters.push_back(svgLetter(xml));
+      texts.text(xml);
+    } else if (name == "tspan") {
+      texts.piece(xml);
     }
   }
   if (xml.hasError()) throw std::runtime_error("the SVG file is not well formed");

@@ -1,11 +1,13 @@
 #include "ui/qt/devices/PainterSink.h"
 
+#include <QGlyphRun>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
-#include "base/CodePage.h"
 #include "gral/sinks/Hatch.h"
 #include "gral/sinks/PictureBoxes.h"
+#include "ui/qt/devices/FontGlyph.h"
 #include "ui/qt/devices/QtPicture.h"
 
 namespace vk {
@@ -45,23 +47,25 @@ PainterSink::PainterSink(QPainter& painter, QtLetters& letters, double twipsPerP
       letters_(letters),
       twipsPerPixel_(twipsPerPixel),
       twipsPerPenUnit_(twipsPerPenUnit),
-      area_(area) {
+      area_(area),
+      text_(letters) {
   showWholeArea();
   pen({});
 }
 
 PainterSink::~PainterSink() {
-  flushLines();
+  flush();
 }
 
 void PainterSink::clear(const SheetSize& size, Colour background) {
   lines_ = QPainterPath();
+  text_.take();
   showWholeArea();
   painter_.fillRect(QRectF(0, 0, size.width, size.height), colorOf(background));
 }
 
 void PainterSink::pen(const Pen& pen) {
-  flushLines();
+  flush();
   pen_ = QPen(colorOf(pen.color), pen.width * twipsPerPenUnit_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
   const std::span<const int> dashes = dashesOf(pen.style);
   if (!dashes.empty()) pen_.setDashPattern(QList<qreal>(dashes.begin(), dashes.end()));
@@ -69,7 +73,7 @@ void PainterSink::pen(const Pen& pen) {
 }
 
 void PainterSink::filling(const Filling& filling) {
-  flushLines();
+  flush();
   filling_ = filling;
 }
 
@@ -83,26 +87,26 @@ QPainterPath PainterSink::path(std::span<const PixelPoint> points) const {
   return path;
 }
 
-void PainterSink::flushLines() {
-  if (lines_.isEmpty()) return;
-  painter_.strokePath(lines_, pen_);
-  lines_ = QPainterPath();
+void PainterSink::flush() {
+  if (!lines_.isEmpty()) painter_.strokePath(std::exchange(lines_, {}), pen_);
+  if (!text_.empty()) drawText(text_.take());
 }
 
 void PainterSink::line(const TwipPoint& a, const TwipPoint& b) {
+  if (!text_.empty()) flush();
   const QPointF from = place(a);
   if (lines_.isEmpty() || lines_.currentPosition() != from) lines_.moveTo(from);
   lines_.lineTo(place(b));
-  if (lines_.elementCount() > kLongPath) flushLines();
+  if (lines_.elementCount() > kLongPath) flush();
 }
 
 void PainterSink::stroke(const QPainterPath& path) {
-  flushLines();
+  flush();
   painter_.strokePath(path, pen_);
 }
 
 void PainterSink::drawArea(const QPainterPath& path, const QPen& outline) {
-  flushLines();
+  flush();
   if (filling_.style > kFillTransparent) {
     painter_.save();
     painter_.setClipPath(path, painter_.hasClipping() ? Qt::IntersectClip : Qt::ReplaceClip);
@@ -124,7 +128,7 @@ void PainterSink::box(const TwipPoint& a, const TwipPoint& b) {
 }
 
 void PainterSink::filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) {
-  flushLines();
+  flush();
   painter_.fillRect(QRectF(place(a), place(b)).normalized(), colorOf(color));
 }
 
@@ -161,29 +165,41 @@ QPen PainterSink::touchingOutline() const {
 }
 
 void PainterSink::text(const TextRun& run) {
-  flushLines();
-  const bool symbol = isSymbolFont(run.fontName);
-  const double size = toTwips(run.size).value();
+  if (!text_.continues(run)) flush();
+  text_.add(run);
+}
+
+/// Letters of one font that follow one another go out together, blanks among them: so they are read as words.
+void PainterSink::drawText(const TextLine& line) {
   painter_.save();
   painter_.setPen(pen_.color());
-  painter_.translate(place(run.place));
-  painter_.rotate(-run.angle);
-  double x = 0;
-  for (const char c : run.text) {
-    const auto code = static_cast<unsigned char>(c);
-    const char32_t character = toUnicode(c, symbol ? CodePage::kSymbol : CodePage::kWindows1252);
-    QFont font(QString::fromStdString(letters_.face(symbol, code)));
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(size))));
-    painter_.setFont(font);
-    if (code > ' ')
-      painter_.drawText(QPointF(x, letters_.ascent(symbol) * size), QString::fromUcs4(&character, 1));
-    x += letters_.advance(symbol, code) * size;
+  painter_.translate(place(line.place));
+  painter_.rotate(-line.angle);
+  QGlyphRun run;
+  QList<quint32> numbers;
+  QList<QPointF> places;
+  const auto draw = [&] {
+    run.setGlyphIndexes(std::exchange(numbers, {}));
+    run.setPositions(std::exchange(places, {}));
+    painter_.drawGlyphRun(QPointF(), run);
+  };
+  for (const TextLine::Letter& letter : line.letters) {
+    const int pixels = std::max(1, static_cast<int>(std::lround(letter.size)));
+    const auto glyph = letters_.fontGlyph(letter.symbol, static_cast<unsigned char>(letter.code), pixels);
+    if (!glyph) continue;
+    if (run.rawFont() != glyph->font) {
+      if (!numbers.isEmpty()) draw();
+      run.setRawFont(glyph->font);
+    }
+    numbers.append(glyph->number);
+    places.append(QPointF(letter.x, letter.base));
   }
+  if (!numbers.isEmpty()) draw();
   painter_.restore();
 }
 
 void PainterSink::clip(const PixelRect* region) {
-  flushLines();
+  flush();
   if (region == nullptr) return showWholeArea();
   const QRectF limits(place(PixelPoint{region->x1, region->y1}), place(PixelPoint{region->x2, region->y2}));
   painter_.setClipRect(area_.isNull() ? limits : limits & area_);
@@ -195,7 +211,7 @@ void PainterSink::showWholeArea() {
 }
 
 void PainterSink::picture(const Picture& picture, const TwipPoint& corner) {
-  flushLines();
+  flush();
   const QRectF whole(place(corner), QSizeF(picture.width, picture.height) * picture.twipsPerPixel);
   if (picture.source) return drawAgain(*picture.source, whole);
   if (isStencil(picture)) return fillBoxes(picture, whole.topLeft());

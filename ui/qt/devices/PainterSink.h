@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "gral/DrawingSink.h"
+#include "gral/sinks/TextLine.h"
 #include "ui/qt/devices/QtLetters.h"
 
 namespace vk {
@@ -34,12 +34,14 @@ class PainterSink : public DrawingSink {
   /// Draws the picture again where its source is known, else copies its pixels.
   void picture(const Picture& picture, const TwipPoint& corner) override;
   void refresh() override {}
+  /// Draws what waits for more of its kind.
+  void flush();
 
  private:
   void showWholeArea();
   void drawAgain(const PictureSource& source, const QRectF& place);
   void fillBoxes(const Picture& stencil, const QPointF& corner);
-  void flushLines();
+  void drawText(const TextLine& line);
   static QPointF place(const TwipPoint& point) { return {point.x, point.y}; }
   QPointF place(const PixelPoint& point) const;
   QPainterPath path(std::span<const PixelPoint> points) const;
@@ -55,6 +57,7 @@ class PainterSink : public DrawingSink {
   QPen pen_;
   Filling filling_;
   QPainterPath lines_;  ///< that wait for others with the same pen
+  TextLineReader text_;
 };
 
 }  // namespace vk

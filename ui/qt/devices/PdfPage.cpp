@@ -97,6 +97,7 @@ void PdfPage::drawBeside() {
   waiting_.replay(content);
   drawn_.layers.push_back(content.operators());
   for (std::string& object : content.objects()) drawn_.objects.push_back(std::move(object));
+  painted_->flush();
   writer_.newPage();
   painted_->pen(pen_);
   painted_->filling(filling_);

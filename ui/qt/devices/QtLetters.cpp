@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "base/CodePage.h"
+#include "ui/qt/devices/FontGlyph.h"
 
 namespace vk {
 namespace {
@@ -33,8 +34,8 @@ constexpr const char* kFaces[] = {"Liberation Sans", "Arimo",          "Arial", 
 struct Letter {
   double advance = 0;
   std::size_t font = 0;
-  std::optional<quint32> glyph;  ///< in that font, as long as its outline is not read
-  QPainterPath outline;
+  std::optional<quint32> glyph;  ///< in that font
+  std::optional<QPainterPath> outline;
 };
 
 QRawFont outlineFont(QFont font) {
@@ -105,6 +106,7 @@ struct QtLetters::Tables {
   std::array<std::array<std::optional<Letter>, 256>, 2> letters;
   using Key = std::tuple<bool, unsigned char, long, long>;
   std::map<Key, GlyphMask> masks;
+  std::map<std::pair<std::size_t, int>, QRawFont> sized;
   std::size_t maskBytes = 0;
   GlyphMask unkept;
 
@@ -131,9 +133,9 @@ struct QtLetters::Tables {
   /// To read an outline takes longer than all else of a letter, and files of vectors need none.
   const QPainterPath& outline(bool symbol, unsigned char code) {
     Letter& read = letter(symbol, code);
-    if (read.glyph)
-      read.outline = faces.font(read.font).pathForGlyph(*std::exchange(read.glyph, std::nullopt));
-    return read.outline;
+    if (!read.outline)
+      read.outline = read.glyph ? faces.font(read.font).pathForGlyph(*read.glyph) : QPainterPath();
+    return *read.outline;
   }
 };
 
@@ -153,6 +155,27 @@ double QtLetters::lineHeight(bool) {
 
 double QtLetters::ascent(bool) {
   return tables_->faces.font(0).ascent() / kOutlineSize;
+}
+
+double QtLetters::kerning(bool symbol, unsigned char code, unsigned char next) {
+  const Letter first = tables_->letter(symbol, code), second = tables_->letter(symbol, next);
+  if (!first.glyph || !second.glyph || first.font != second.font) return 0;
+  const QList<QPointF> advances =
+      tables_->faces.font(first.font)
+          .advancesForGlyphIndexes({*first.glyph, *second.glyph},
+                                   QRawFont::KernedAdvances | QRawFont::SeparateAdvances);
+  return advances.value(0).x() / kOutlineSize - first.advance;
+}
+
+std::optional<FontGlyph> QtLetters::fontGlyph(bool symbol, unsigned char code, int pixels) {
+  const Letter& letter = tables_->letter(symbol, code);
+  if (!letter.glyph) return std::nullopt;
+  QRawFont& font = tables_->sized[{letter.font, pixels}];
+  if (!font.isValid()) {
+    font = tables_->faces.font(letter.font);
+    font.setPixelSize(pixels);
+  }
+  return FontGlyph{font, *letter.glyph};
 }
 
 const GlyphMask& QtLetters::glyph(bool symbol, unsigned char code, double pixels, double angle,

@@ -11,6 +11,7 @@
 #include "commands/EditCommands.h"
 #include "data/DataFiles.h"
 #include "data/DataWarnings.h"
+#include "data/foreign/Choices.h"
 #include "data/foreign/ForeignFile.h"
 #include "gral/ObserverDevice.h"
 #include "session/FileSettings.h"
@@ -41,7 +42,7 @@ std::string shellWord(const std::string& fileName) {
 
 std::string causeOf(const std::string& fileName, const std::string& bytes) {
   const LikelyCause cause = likelyCause(readForeign(bytes));
-  return shownName(cause.text) + (cause.cured ? ": vor_kel_batch import " + shellWord(fileName) : "");
+  return shownName(cause.text) + (cause.cured ? kTerminalCure + shellWord(fileName) : "");
 }
 
 Findings checkData(const std::string& fileName) {

@@ -2,9 +2,14 @@
 
 #include <utility>
 
+#include "base/CodePage.h"
+#include "base/Text.h"
+#include "base/TextLines.h"
 #include "commands/DisplayRefresh.h"
 #include "commands/FilePicking.h"
 #include "data/DataFiles.h"
+#include "data/foreign/Choices.h"
+#include "data/foreign/ForeignFile.h"
 #include "session/Session.h"
 
 namespace vk {
@@ -23,9 +28,22 @@ void tell(Dialogs& dialogs, const WindowText& text) {
   dialogs.Get_Msg({.caption = kReadData, .text = text, .icon = kExclamation, .captions = {kContinueButton}});
 }
 
-void tellErrors(const Session& session, Ports& ports, const std::string& name, const std::string& errors) {
+/// Why the text is perhaps none of a data file, and the way out; empty where nothing is known.
+std::string likelyCauseLines(const std::string& text) {
+  constexpr int kWidth = 78;
+  const LikelyCause cause = likelyCause(readForeign(text));
+  const std::string told = inWindowWords(cause.text) + (cause.cured ? kWindowCure : "");
+  std::string lines;
+  for (const std::string& line : wrapped(fromUtf8(told, CodePage::kCp437), kWidth))
+    lines.append(line).append(kCrLf);
+  return cause.text.empty() ? "" : lines;
+}
+
+void tellErrors(const Session& session, Ports& ports, const std::string& name, const std::string& errors,
+                const std::string& text) {
   if (session.settings.ShowErrors != kFalse) {
-    ports.output.OutShow(reportRequest(kReadData + kErrorListSuffix, Cp437Text(errors)));
+    ports.output.OutShow(
+        reportRequest(kReadData + kErrorListSuffix, Cp437Text(errors + likelyCauseLines(text))));
   } else {
     tell(ports.dialogs, WindowText(kDataFileErrors + name + "!"));
   }
@@ -41,10 +59,11 @@ void forgetFigures(Session& session) {
 bool readDataFile(Session& session, Ports& ports) {
   std::string name;
   if (!pickFileToRead(session, ports, kReadData, kDataKind, name)) return true;
-  DataReading reading = readData(ports.files, name);
+  const std::string text = ports.files.readAll(name);
+  DataReading reading = parseLines(text);
   session.ErrFlag = toFlag(!reading.errors.empty());
   if (session.ErrFlag != 0) {
-    tellErrors(session, ports, name, reading.errors);
+    tellErrors(session, ports, name, reading.errors, text);
     return true;
   }
   if (!acceptCounts(ports.dialogs, reading.declaredCount, reading.data.NumPnt)) return false;

@@ -90,6 +90,27 @@ TEST_F(DataCommandsTest, WithErrorsAndLongMessagesTheListIsShown) {
   EXPECT_EQ(session.ErrFlag, -1);
 }
 
+TEST_F(DataCommandsTest, TheListEndsWithTheLikelyCauseInTheWordsOfTheWindows) {
+  const struct {
+    const char* text;
+    const char* cause;
+  } kCases[]{
+      {"t;v;e\n1,5;2;0,1\n2,5;4;0,1\n3;6;0,1\n",
+       "sembra un file CSV con virgola decimale: trascinarlo sulla finestra principale\r\n"},
+      {"a;b;c;d;\x82\n1;2;3;4;5\n2;3;4;5;6\n",
+       "5 colonne di numeri: 1 (a), 2 (b), 3 (c), 4 (d), 5 (\x82); indicare quali usare\r\n"
+       "  con Colonne x,y[,dx],dy: trascinarlo sulla finestra principale\r\n"},
+      {"t\n", "nessuna riga contiene almeno due numeri\r\n"},
+  };
+  session.settings.ShowErrors = kTrue;
+  for (const auto& each : kCases) {
+    files.content["/x/A.DAT"] = each.text;
+    read("/x/A.DAT");
+    EXPECT_TRUE(output.requests.back().text.bytes().ends_with(each.cause))
+        << output.requests.back().text.bytes();
+  }
+}
+
 TEST_F(DataCommandsTest, WithErrorsAndShortMessagesOneQuestionTells) {
   files.content["/x/A.DAT"] = kBad;
   dialogs.press(1);

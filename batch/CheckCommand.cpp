@@ -8,13 +8,14 @@
 #include "batch/DataInput.h"
 #include "batch/DrawCommand.h"
 #include "batch/TerminalPorts.h"
+#include "batch/TypedFormula.h"
 #include "commands/EditCommands.h"
 #include "data/DataFiles.h"
 #include "data/DataWarnings.h"
 #include "data/foreign/Choices.h"
 #include "data/foreign/ForeignFile.h"
+#include "expr/FunctionFile.h"
 #include "gral/ObserverDevice.h"
-#include "session/FileSettings.h"
 
 namespace vk {
 namespace {
@@ -22,7 +23,6 @@ namespace {
 constexpr const char* kGoodFile = ": nessun errore\n";
 constexpr const char* kBadFile = ": il file contiene errori\n";
 constexpr const char* kNoKind = ": si attende un file .DAT, .FCN o .GRA";
-constexpr const char* kWarning = ": attenzione: ";
 
 /// What was found in a file: the program's own list, and what it does not tell.
 struct Findings {
@@ -53,7 +53,10 @@ Findings checkData(const std::string& fileName) {
 }
 
 Findings checkFunctions(const std::string& fileName) {
-  return {checkText(kFunctionKind, TerminalFiles().readAll(fileName)), {}, {}};
+  const ParsedFunctionFile parsed = parseFunctionFile(TerminalFiles().readAll(fileName));
+  Findings found{{parsed.ok, parsed.report}, {}, {}};
+  for (const DoubtfulFunction& function : parsed.doubtful) found.warnings.push_back(doubtText(function));
+  return found;
 }
 
 /// The figure is drawn on a form that nobody sees: what cannot be drawn is an error too.
@@ -87,9 +90,9 @@ int runCheck(const std::string& fileName) {
   Findings found;
   usingFile(fileName, [&] { found = check(fileName); });
   const std::string name = shownName(fileName);
+  for (const std::string& warning : found.warnings) std::clog << warningLine(fileName, warning);
   if (found.check.good) {
     std::cout << name << kGoodFile;
-    for (const std::string& warning : found.warnings) std::clog << name << kWarning << warning << '\n';
     return kExitDone;
   }
   std::cout << terminalText(found.check.report);

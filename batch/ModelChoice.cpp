@@ -1,5 +1,7 @@
 #include "batch/ModelChoice.h"
 
+#include <iostream>
+
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "batch/DataInput.h"
@@ -44,14 +46,20 @@ void useCatalogue(Session& session, const std::string& pair) {
   take(session, catalogueIndex(trim(mid(pair, comma + 1)), session.loaded.catalogue.inner, "g"), outer);
 }
 
-void useFunctionFile(Session& session, Files& files, const std::string& fileName, int entry) {
-  ParsedFunctionFile parsed = parseFunctionFile(files.readAll(fileName));
+void useFunctionFile(Session& session, Files& files, const ModelArguments& model) {
+  const std::string& fileName = model.functionFile;
+  const int entry = model.entry;
+  ParsedFunctionFile parsed = parseFunctionFile(files.readAll(fileName), {.trace = model.trace});
   if (!parsed.ok) throw UsageError(shownName(fileName) + ":\n" + terminalText(parsed.report));
+  if (model.trace) std::cerr << terminalText(parsed.report);
   session.loaded.catalogue.file = std::move(parsed.file);
   const auto count = static_cast<int>(session.loaded.catalogue.file.entries.size());
   if (entry < 1 || entry > count) {
     throw UsageError("--entry: il file " + shownName(fileName) + " contiene le funzioni da 1 a " +
                      std::to_string(count));
+  }
+  for (const DoubtfulFunction& function : parsed.doubtful) {
+    if (function.number == entry) std::clog << warningLine(fileName, doubtText(function));
   }
   loadFunction(session, entry);
   takeLastInner(session);
@@ -66,7 +74,7 @@ void chooseModel(Session& session, Files& files, const ModelArguments& model, co
   } else if (!model.catalogue.empty()) {
     useCatalogue(session, model.catalogue);
   } else if (!model.functionFile.empty()) {
-    usingFile(model.functionFile, [&] { useFunctionFile(session, files, model.functionFile, model.entry); });
+    usingFile(model.functionFile, [&] { useFunctionFile(session, files, model); });
   } else {
     throw UsageError("Si attende --function, --catalogue o --file");
   }

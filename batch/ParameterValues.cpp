@@ -1,6 +1,7 @@
 #include "batch/ParameterValues.h"
 
 #include <algorithm>
+#include <iostream>
 
 #include "batch/TerminalPorts.h"
 #include "commands/ParameterCommands.h"
@@ -38,6 +39,17 @@ void enter(Session& session, std::vector<EnteredValue> values, int first) {
   markParametersSet(session);
 }
 
+/// Tells the constant parameters that the formula of the model has not.
+void tellUnused(const Session& session) {
+  const CompiledExpression& formula = session.analysis.model.loaded();
+  const ParameterSet& par = session.analysis.par;
+  for (int i = 1; i <= formula.nPar; ++i) {
+    const bool constant = par.ParDeltas[i] == 0;
+    if (constant && !formula.uses(i + formula.nVar))
+      std::clog << "parametro " << terminalText(par.name(i)) << ": non compare nella formula\n";
+  }
+}
+
 }  // namespace
 
 std::string parameterNames(const std::vector<EnteredValue>& values) {
@@ -52,6 +64,7 @@ std::string parameterNames(const std::vector<EnteredValue>& values) {
 void enterStart(Session& session, const std::vector<EnteredValue>& values) {
   enter(session, values, 1);
   if (session.analysis.par.FreeCount == 0) throw UsageError("Nessun parametro variabile (--par)");
+  tellUnused(session);
 }
 
 void enterErrors(Session& session, const std::vector<EnteredValue>& values) {

@@ -72,6 +72,10 @@ std::string shownName(const std::string& fileName) {
   return name;
 }
 
+std::string warningLine(const std::string& fileName, const std::string& warning) {
+  return shownName(fileName) + ": attenzione: " + warning + "\n";
+}
+
 std::string textOfWord(const std::string& word) {
   const auto characters = decodeUtf8(word);
   if (!characters) return word;

@@ -22,6 +22,8 @@ class UsageError : public std::runtime_error {
 std::string terminalText(const std::string& text);
 /// The name of a file as a terminal shows it, with signs for control characters as well: always one line.
 std::string shownName(const std::string& fileName);
+/// The line that warns of something in a file.
+std::string warningLine(const std::string& fileName, const std::string& warning);
 /// A word of the command line as texts are inside: UTF-8 becomes code page 437, anything else is taken as it is. A
 /// character without a place in the code page, or a line end, raises `UsageError`.
 std::string textOfWord(const std::string& word);

@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "base/Text.h"
 #include "batch/TerminalPorts.h"
 #include "expr/Compiler.h"
 #include "expr/FormulaAdvice.h"
@@ -14,6 +15,11 @@ CompiledExpression compileTyped(const std::string& definition, bool trace) {
   if (!lines.empty()) throw UsageError(terminalText(lines));
   if (!compiled.ok) throw UsageError(terminalText(faultText(definition, compiled.faults.front())));
   return std::move(compiled.code);
+}
+
+std::string doubtText(const DoubtfulFunction& function) {
+  return "riga " + std::to_string(function.line) + ", funzione " + std::to_string(function.number) + ":\n" +
+         terminalText(function.text.substr(0, function.text.size() - kCrLf.size()));
 }
 
 }  // namespace vk

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "expr/CompiledExpression.h"
+#include "expr/FunctionFile.h"
 
 namespace vk {
 
@@ -10,5 +11,9 @@ namespace vk {
 /// does not compile, or does so in a sense that nobody means, as "2x" for 2, raises `UsageError` with the formula and, below
 /// its place, what is wrong. With `trace` the compiler's report comes first, on the error stream.
 CompiledExpression compileTyped(const std::string& definition, bool trace);
+
+/// What is told of a function of a file that passes in a sense that nobody means: its line and number, and below them the
+/// formula with what is wrong; without an end of the last line.
+std::string doubtText(const DoubtfulFunction& function);
 
 }  // namespace vk

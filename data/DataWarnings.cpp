@@ -1,8 +1,12 @@
 #include "data/DataWarnings.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <span>
+
+#include "base/NumberText.h"
+#include "data/DataFiles.h"
 
 namespace vk {
 namespace {
@@ -28,6 +32,14 @@ bool areBeyond(Column errors, double size) {
   return !constant && 10 * beyond >= 9 * std::ssize(errors);
 }
 
+/// True for a title that is a row of so many numbers.
+bool isPoint(const std::string& title, std::size_t columns) {
+  std::array<std::string_view, 5> tokens;
+  const auto fields = SplitBlanks(title, tokens);
+  return fields.size() == columns &&
+         std::ranges::all_of(fields, [](std::string_view field) { return numberIn(field).has_value(); });
+}
+
 }  // namespace
 
 std::vector<std::string> dataWarnings(const DataSet& data) {
@@ -36,6 +48,10 @@ std::vector<std::string> dataWarnings(const DataSet& data) {
   const auto [leastX, mostX] = std::minmax_element(x.begin(), x.end());
   const auto [leastY, mostY] = std::minmax_element(y.begin(), y.end());
   std::vector<std::string> warnings;
+  // A point in the place of the count announces errors of x, and four columns pass.
+  const std::size_t columns = data.kXpntErr ? 4 : 3;
+  if (isPoint(data.TitleX, columns) && isPoint(data.TitleY, columns))
+    warnings.emplace_back("i titoli sembrano punti; senza le tre linee iniziali: import --header 0");
   if (const std::string text = errorsWarning(data.ErrYpnt.span(1, data.NumPnt)); !text.empty()) {
     warnings.push_back(text);
   }

@@ -1,12 +1,15 @@
 #include "expr/FunctionFile.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "expr/Compiler.h"
 #include "expr/FormulaAdvice.h"
+#include "expr/FormulaText.h"
 
 namespace vk {
 namespace {
@@ -22,11 +25,20 @@ constexpr char kJoin = '&';
 struct Records {
   std::string text;
   std::size_t count = 0;
+  std::vector<std::pair<std::size_t, int>>
+      lines{};  ///< where each line of the file begins in the text, and its number
+
+  /// The line of a place in the text.
+  int lineOf(std::size_t at) const {
+    const auto behind = std::ranges::upper_bound(lines, at, {}, &std::pair<std::size_t, int>::first);
+    return std::prev(behind)->second;
+  }
 };
 
-void addRecordLine(Records& records, std::string_view line) {
+void addRecordLine(Records& records, std::string_view line, int number) {
   if (line.empty() || line.front() == '%' || line.front() == '#') return;
   const bool ends = line.back() != kJoin;
+  records.lines.emplace_back(records.text.size(), number);
   records.text += line.substr(0, line.size() - (ends ? 0 : 1));
   if (!ends) return;
   records.text += kJoin;
@@ -37,7 +49,8 @@ Records collectRecords(std::string_view text) {
   Records records;
   records.text.reserve(text.size() + 1);
   TextLines lines(text);
-  while (const auto line = lines.next()) addRecordLine(records, trimmedLine(*line));
+  int number = 0;
+  while (const auto line = lines.next()) addRecordLine(records, trimmedLine(*line), ++number);
   return records;
 }
 
@@ -69,11 +82,12 @@ FunctionFile splitFunctions(const Records& records) {
 /// One check of a file, which writes its report.
 class FunctionFileCheck {
  public:
-  FunctionFileCheck(FunctionFileChecks checks, std::string& report) : checks_(checks), report_(report) {}
+  FunctionFileCheck(FunctionFileChecks checks, const Records& records, ParsedFunctionFile& result)
+      : checks_(checks), records_(records), report_(result.report), doubtful_(result.doubtful) {}
 
   /// Gives whether the records make whole functions, at least one.
-  bool structure(std::size_t records) {
-    const bool whole = records % kRecordsPerFunction == 0 && records <= kMostRecords;
+  bool structure() {
+    const bool whole = records_.count % kRecordsPerFunction == 0 && records_.count <= kMostRecords;
     if (!whole) {
       for (const char* line :
            {"*** ERR. Struttura del File Funzioni NON Corretta!", "***      Successione: #",
@@ -82,7 +96,7 @@ class FunctionFileCheck {
         addLine(line);
       }
     }
-    const bool some = records >= kRecordsPerFunction;
+    const bool some = records_.count >= kRecordsPerFunction;
     if (!some) addLine("*** ERR. Il File NON Contiene Funzioni!");
     return whole && some;
   }
@@ -91,10 +105,14 @@ class FunctionFileCheck {
   bool functions(FunctionFile& file) {
     bool good = true;
     int number = 0;
+    std::size_t begin = 0;
     for (FunctionFile::Entry& entry : file.entries) {
       ++number;
       if (checks_.trace) show(number, entry);
       if (checks_.compile && !compiles(number, entry)) good = false;
+      if (!entry.code.Code.empty()) doubt(number, entry, begin + entry.parameters.size() + 1);
+      begin +=
+          entry.parameters.size() + entry.definition.size() + entry.description.size() + kRecordsPerFunction;
     }
     return good;
   }
@@ -123,8 +141,18 @@ class FunctionFileCheck {
     return compiled.ok;
   }
 
+  /// `begin` is the place of the formula among the records.
+  void doubt(int number, const FunctionFile::Entry& entry, std::size_t begin) {
+    const auto advice = adviseOn(entry.definition, splitItems(StripBlanks("x," + entry.parameters)));
+    if (advice.empty()) return;
+    const int line = records_.lineOf(begin + static_cast<std::size_t>(advice.front().first));
+    doubtful_.push_back({number, line, adviceLines(entry.definition, advice)});
+  }
+
   FunctionFileChecks checks_;
+  const Records& records_;
   std::string& report_;
+  std::vector<DoubtfulFunction>& doubtful_;
 };
 
 }  // namespace
@@ -132,8 +160,8 @@ class FunctionFileCheck {
 ParsedFunctionFile parseFunctionFile(std::string_view text, FunctionFileChecks checks) {
   ParsedFunctionFile result;
   const Records records = collectRecords(text);
-  FunctionFileCheck check(checks, result.report);
-  const bool structured = check.structure(records.count);
+  FunctionFileCheck check(checks, records, result);
+  const bool structured = check.structure();
   result.file = splitFunctions(records);
   result.ok = check.functions(result.file) && structured;
   return result;

@@ -27,11 +27,19 @@ struct FunctionFileChecks {
   bool trace = true;    ///< the report shows each function, and the compiler's report on it
 };
 
+/// A function that compiles in a sense that nobody means, as "2x" for 2.
+struct DoubtfulFunction {
+  int number = 0;    ///< from 1
+  int line = 0;      ///< of the file, from 1, where the first fault stands
+  std::string text;  ///< the formula and, below its places, what is wrong; lines ended by CR LF
+};
+
 /// A function file, parsed.
 struct ParsedFunctionFile {
   FunctionFile file;
-  std::string report;  ///< lines ended by CR LF
-  bool ok = false;     ///< whole records, at least one, and all functions good as far as they were compiled
+  std::vector<DoubtfulFunction> doubtful;  ///< in their order, as far as they were compiled
+  std::string report;                      ///< lines ended by CR LF
+  bool ok = false;  ///< whole records, at least one, and all functions good as far as they were compiled
 };
 
 /// Parses the bytes of a function file: three records for each function, "&" at the end joins lines, "%" and "#"

@@ -7,6 +7,7 @@ namespace {
 
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 
 /// What is said of a formula that is refused.
 std::string refusal(const std::string& words) {
@@ -117,6 +118,74 @@ TEST(TypedFormula, IsTakenAsItStandsWhereItMeansThat) {
   for (const char* formula : {"1E-3", "25E+1", "2*x", "SUM(1,2)", "D_N(x,0,1)", "( 2 * x )^(-1)"}) {
     EXPECT_EQ(batch("eval '" + std::string(formula) + "' x=3").exitCode, 0) << formula;
   }
+}
+
+/// A file of three functions: a good one, a doubtful one, and a third one.
+std::string functionFile(const std::string& third) {
+  return temporaryFile("F.FCN",
+                       "a\na*x\nretta\n% which compiles as 2\na\na*2x\ndoppia\na\n" + third + "\nterza\n");
+}
+
+constexpr const char* kDoubt =
+    ": attenzione: riga 6, funzione 2:\na*2x\n  ^ \"2x\" non e` un numero: forse 2*x\n";
+
+TEST(FunctionOfAFile, ThatWouldPassInAnotherSenseIsAWarningOfCheck) {
+  const std::string good = functionFile("a/x");
+  const BatchRun run = batch("check '" + good + "'");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.output, good + ": nessun errore\n");
+  EXPECT_EQ(run.errors, good + kDoubt);
+  const std::string bad = functionFile("a/q");
+  const BatchRun refused = batch("check '" + bad + "'");
+  EXPECT_EQ(refused.exitCode, 2);
+  EXPECT_EQ(refused.errors, bad + kDoubt + bad + ": il file contiene errori\n");
+}
+
+TEST(FunctionOfAFile, ThatWouldPassInAnotherSenseIsAWarningWhereItIsUsed) {
+  const std::string file = functionFile("a/x");
+  const std::string model = "--file '" + file + "' --par a=1 --entry ";
+  for (const std::string& command : {"fit " + pairOfPoints(), std::string("simulate --seed 1 ")}) {
+    EXPECT_EQ(batch(command + model + "2").errors, file + kDoubt) << command;
+    EXPECT_EQ(batch(command + model + "1").errors, "") << command;
+  }
+  EXPECT_THAT(batch("propagate " + model + "2").errors, StartsWith(file + kDoubt));
+  const std::string fit = "fit " + pairOfPoints() + model + "2 --json ";
+  EXPECT_EQ(batch(fit).exitCode, 0);
+  EXPECT_EQ(batch(fit + "--quiet").errors, "");
+  EXPECT_EQ(batch(fit + "--quiet").output, batch(fit).output);
+  EXPECT_EQ(batch("fit " + pairOfPoints() + pairOfPoints() + model + "2 --csv --jobs 2").errors,
+            file + kDoubt);
+}
+
+TEST(FunctionOfAFile, ThatDoesNotCompileIsToldWithItsPlace) {
+  const std::string file = functionFile("a*sen(x)");
+  const std::string words = "fit " + pairOfPoints() + "--file '" + file + "' --entry 1 --par a=1";
+  EXPECT_EQ(refusal(words), file +
+                                ":\nControllo Funzione:\nO.K.\n*********** Fine Funzione: 1\n\n"
+                                "Controllo Funzione:\nO.K.\n*********** Fine Funzione: 2\n\n"
+                                "Controllo Funzione:\n* ERR. Errori nella Compilazione\n"
+                                "a*sen(x)\n  ^ \"sen\" non e` una funzione: forse SIN\n"
+                                "*********** Fine Funzione: 3\n");
+  EXPECT_THAT(refusal(words + " --trace"), HasSubstr("* ERR. Variabile sen( NON definita\n"));
+}
+
+TEST(ConstantParameter, ThatTheFormulaLacksIsToldAndKept) {
+  const std::string told = "parametro B: non compare nella formula\n";
+  const std::string file = temporaryFile("B.FCN", "a,B\na*x\nretta\n");
+  for (const std::string& words :
+       {fitOf("a*x") + "--fixed B=2",
+        "fit " + pairOfPoints() + "--file '" + file + "' --entry 1 --par a=1 --fixed B=2",
+        std::string("simulate --function a*x --par a=1 --fixed B=2 --seed 1")}) {
+    const BatchRun run = batch(words);
+    EXPECT_EQ(run.exitCode, 0) << words;
+    EXPECT_EQ(run.errors, told) << words;
+    EXPECT_THAT(run.output, HasSubstr("│  B  │  .200000E+01 │")) << words;
+  }
+  EXPECT_EQ(batch(fitOf("a*x+B") + "--fixed B=2").errors, "");
+  EXPECT_EQ(batch("fit " + pairOfPoints() + "--catalogue 1,2 --par b=1 --fixed c=1").errors, "");
+  const BatchRun free = batch(fitOf("a*x") + "--par B=2");
+  EXPECT_EQ(free.exitCode, 1);
+  EXPECT_THAT(free.errors, HasSubstr("un parametro variabile NON cambia i residui\n"));
 }
 
 }  // namespace

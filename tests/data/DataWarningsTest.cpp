@@ -10,6 +10,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::SizeIs;
 
 std::vector<std::string> warningsOf(const std::string& points, const char* count = "3") {
   const DataReading reading = parseLines(std::string("x\ny\n") + count + "\n" + points);
@@ -24,6 +25,16 @@ TEST(DataWarnings, OrdinaryPointsHaveNone) {
   EXPECT_THAT(warningsOf("1 .01 1\n2 .02 1\n3 .03 1\n"), IsEmpty());
   // Errors of x in a small unit beside y in a large one.
   EXPECT_THAT(warningsOf("100 .1 5 .01\n200 .2 6 .01\n300 .3 7 .01\n", "3 1"), IsEmpty());
+}
+
+TEST(DataWarnings, TitlesThatSeemToBePointsAreSeen) {
+  const auto warnings = [](const char* text) { return dataWarnings(parseLines(text).data); };
+  EXPECT_THAT(warnings("1 2 .1 .1\n2 3\t.1 .1\n3 4 .1 .1\n4 5 .1 .1\n5 6 .1 .1\n"),
+              ElementsAre("i titoli sembrano punti; senza le tre linee iniziali: import --header 0"));
+  EXPECT_THAT(warnings("1 2 .1\n2 3 .1\n2\n4 5 .1\n5 6 .1\n"), SizeIs(1));
+  EXPECT_THAT(warnings("1 2 .1 .1\ny\n2 1\n4 5 .1 .1\n5 6 .1 .1\n"), IsEmpty());
+  EXPECT_THAT(warnings("1\n2\n2\n4 5 .1\n5 6 .1\n"), IsEmpty());
+  EXPECT_THAT(warnings("1 2 3 4 5\n2 3 4 5 6\n2 1\n4 5 .1 .1\n5 6 .1 .1\n"), IsEmpty());
 }
 
 TEST(DataWarnings, ErrorsThatAreNoneAreCounted) {

@@ -37,5 +37,30 @@ TEST(ParseFunctionFile, CompilesAndTracesOnlyWhenAsked) {
   EXPECT_THAT(untraced.report, HasSubstr("* ERR. Errori nella Compilazione\r\n"));
 }
 
+TEST(ParseFunctionFile, TellsFunctionsThatPassInASenseThatNobodyMeans) {
+  const ParsedFunctionFile parsed = parseFunctionFile(
+      "# two good ones and two doubtful ones\n"
+      "a, b\n\n  a*x+b\nretta\n"
+      "a\na*x+&\n  2a+2,5\ndue\n"
+      "a\na*SIN(x)\nonda\n"
+      "a\n  a*3A\nquattro\n");
+  EXPECT_TRUE(parsed.ok);
+  ASSERT_EQ(parsed.doubtful.size(), 2U);
+  EXPECT_EQ(parsed.doubtful[0].number, 2);
+  EXPECT_EQ(parsed.doubtful[0].line, 8);
+  EXPECT_EQ(parsed.doubtful[0].text,
+            "a*x+2a+2,5\r\n"
+            "    ^ \"2a\" non e` un numero: forse 2*a\r\n"
+            "        ^ la virgola separa solo gli argomenti di una funzione: forse 2.5\r\n");
+  EXPECT_EQ(parsed.doubtful[1].number, 4);
+  EXPECT_EQ(parsed.doubtful[1].line, 14);
+}
+
+TEST(ParseFunctionFile, DoubtsOnlyWhatItHasCompiled) {
+  const std::string text = "a\n2a\nprima\na\n2a+q\nseconda\n";
+  EXPECT_EQ(parseFunctionFile(text, {.compile = false}).doubtful.size(), 0U);
+  EXPECT_EQ(parseFunctionFile(text).doubtful.size(), 1U);
+}
+
 }  // namespace
 }  // namespace vk

@@ -20,6 +20,11 @@ namespace vk {
 struct AxisText;
 struct LabelledAxis;
 
+/// Size of a text that is written, in cm on the page; the height is that of a line.
+struct TextExtent {
+  double width, height;
+};
+
 /// The plotting library: one instance for one drawing, the same calls for a form and for the printer.
 ///
 /// A point passes through four systems. Usr is the caller's own; Log is centimetres on the page, (0,0) at its
@@ -159,6 +164,8 @@ class GralCls {
   /// from the Symbol font.
   void GralWinPrintString(double xxx, double yyy, double iCentr, Int16 iRot, double iPointIn, double ibold,
                           std::string_view b);
+  /// How much room such a text takes on the page.
+  TextExtent GralTextExtent(double iPointIn, std::string_view b);
   /// Measures the letters 32..128 of both fonts at the present size.
   void MakLenLett();
   /// What was measured, in twips: code 0..128 in font 1 (text) or 2 (Symbol); 0 below code 32. An index

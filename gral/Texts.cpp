@@ -69,6 +69,16 @@ std::vector<double> GralCls::letterAdvances(const std::vector<MarkupLetter>& let
   return advances;
 }
 
+TextExtent GralCls::GralTextExtent(double iPointIn, std::string_view b) {
+  GralDev->setFontSize(iPointIn * static_cast<double>(fScaleEff));
+  MakLenLett();
+  double width = 0;
+  for (const double advance : letterAdvances(readMarkup(b))) width += advance;
+  const double height = std::abs(GralDev->TextHeight("A"));
+  return {std::abs(width / static_cast<double>(xScaleL2S)),
+          std::abs(height / static_cast<double>(yScaleL2S))};
+}
+
 void GralCls::GralWinPrintString(double xxx, double yyy, double iCentr, Int16 iRot, double iPointIn, double,
                                  std::string_view b) {
   const double size = iPointIn * static_cast<double>(fScaleEff);

@@ -52,6 +52,16 @@ TEST_F(Texts, ExponentIsThreeQuartersInSizeAndRaisedByAQuarterLine) {
   EXPECT_EQ(runs[3].size.value(), 7.5);
 }
 
+TEST_F(Texts, TellTheirSizeOnThePage) {
+  const TextExtent normal = drawing.GralTextExtent(10, "10^{-2}");
+  EXPECT_NEAR(normal.width, (2 * 120 + 0.75 * 2 * 120) / kTwipsPerLogX, 1E-4);
+  EXPECT_NEAR(normal.height, 2 * kHalfTextLine / kTwipsPerLogY, 1E-4);
+  EXPECT_EQ(drawing.GralTextExtent(10, "").width, 0);
+  // On paper as in a form at another scale.
+  open(1);
+  EXPECT_NEAR(drawing.GralTextExtent(10, "10^{-2}").width, normal.width, 0.02);
+}
+
 TEST_F(Texts, ScriptTakesOneCharacterOrAGroup) {
   const auto up = print("a^bc");
   ASSERT_EQ(shown(up), "abc");

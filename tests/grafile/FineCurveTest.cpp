@@ -1,0 +1,67 @@
+#include "grafile/FineCurve.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace vk {
+namespace {
+
+using Function = double (*)(double);
+
+FineCurve sampled(const CurveRange& range, Function function) {
+  return sampleFinely(range, [&](std::span<const double> x) {
+    std::vector<double> y;
+    for (const double place : x) y.push_back(function(place));
+    return y;
+  });
+}
+
+double widestStep(const FineCurve& curve, double from, double to) {
+  double widest = 0;
+  for (std::size_t i = 1; i < curve.x.size(); ++i) {
+    if (curve.x[i - 1] >= from && curve.x[i] <= to) widest = std::max(widest, curve.x[i] - curve.x[i - 1]);
+  }
+  return widest;
+}
+
+TEST(FineCurve, HasFourHundredPlacesWhereItIsStraight) {
+  const FineCurve line = sampled({-1, 7, 3, 1}, [](double x) { return 2 * x - 1; });
+  ASSERT_EQ(line.x.size(), 400U);
+  EXPECT_EQ(line.x.front(), -1);
+  EXPECT_EQ(line.x.back(), 7);
+  EXPECT_EQ(line.y.front(), -3);
+  EXPECT_TRUE(std::ranges::is_sorted(line.x));
+}
+
+TEST(FineCurve, IsFinerWhereItBends) {
+  // A peak that is a hundredth of the range wide and 10 cm high.
+  const auto peak = [](double x) { return std::exp(-x * x / (2 * 1E-6)); };
+  const FineCurve curve = sampled({-0.5, 0.5, 20, 10}, peak);
+  EXPECT_NEAR(widestStep(curve, 0.2, 0.5), 1. / 399, 1E-9);
+  EXPECT_LE(widestStep(curve, -0.001, 0.001), 1. / 399 / 8);
+  EXPECT_LT(curve.x.size(), 800U);
+  for (std::size_t i = 1; i < curve.x.size(); ++i) {
+    const double middle = (curve.x[i - 1] + curve.x[i]) / 2;
+    EXPECT_NEAR((curve.y[i - 1] + curve.y[i]) / 2, peak(middle), 0.01) << middle;
+  }
+}
+
+TEST(FineCurve, FindsItsEnds) {
+  const FineCurve root = sampled({-1, 1, 10, 10}, [](double x) {
+    return x < 0.3 ? std::numeric_limits<double>::quiet_NaN() : std::sqrt(x - 0.3);
+  });
+  const auto first = std::ranges::find_if(root.y, [](double y) { return std::isfinite(y); });
+  EXPECT_NEAR(root.x[static_cast<std::size_t>(first - root.y.begin())], 0.3, 2. / 399 / 32);
+}
+
+TEST(FineCurve, EndsAtNoise) {
+  const FineCurve noise = sampled({0, 1, 10, 10}, [](double x) { return std::sin(x * x * 1E9); });
+  EXPECT_GT(noise.x.size(), 10000U);
+  EXPECT_LE(noise.x.size(), 20000U);
+}
+
+}  // namespace
+}  // namespace vk

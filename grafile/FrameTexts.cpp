@@ -86,8 +86,7 @@ double heightOfTitle(GralCls& drawing, const std::string& title) {
 
 FrameTexts frameTexts(GralCls& drawing, const PlotBox& box, const BoxAxes& axes) {
   FrameTexts texts;
-  if (axes.numbersX)
-    texts.x = axisTexts(drawing, box.x, axes.nx, axes.logarithmic.x, false, axes.titleX);
+  if (axes.numbersX) texts.x = axisTexts(drawing, box.x, axes.nx, axes.logarithmic.x, false, axes.titleX);
   texts.y = axisTexts(drawing, box.y, axes.ny, axes.logarithmic.y, true, axes.titleY);
   return texts;
 }

@@ -32,7 +32,7 @@ constexpr std::array kCommands{
     GraphicCommand{"TITOLO", "", 0, kFigureText, &GraphicRun::writeTitle},
     GraphicCommand{"CHIAVE", "xy", 0, kFigureText, &GraphicRun::addKey},
     GraphicCommand{"BANDA", "", 0, kPlain, &GraphicRun::fillBand},
-    GraphicCommand{"RIQUADRO", "", 2, kNone, &GraphicRun::frameBox},
+    GraphicCommand{"RIQUADRO", "", 3, kNone, &GraphicRun::frameBox},
 };
 
 }  // namespace

@@ -1,12 +1,16 @@
 /// Unit GralPlt: the interpreter of graphic files.
 #pragma once
 
+#include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/DataSet.h"
 #include "data/ErrorList.h"
+#include "expr/Formula.h"
 #include "grafile/NamedParameters.h"
 #include "grafile/PlotBox.h"
 #include "gral/Plotting.h"
@@ -35,6 +39,10 @@ class GraphicRun {
  public:
   /// The drawing is open. With an error flag other than 0 every command fails.
   GraphicRun(Files& files, GralCls& drawing, EvaluationListener& listener, Int16 errorFlag = 0);
+
+  /// From now on a file of this name, as commands tell it, holds these data; the columns of a band stand in place of x,
+  /// y and its error.
+  void know(const std::string& name, DataSet data);
 
   /// Runs all lines of a text. A last line that asks for a continuation is run-time error 62.
   void runText(std::string_view text);
@@ -78,7 +86,10 @@ class GraphicRun {
   void fail(const std::string& message) { failure_ = message; }
   std::optional<DataSet> readData(const std::string& name);
   std::optional<DataSet> readBand(const std::string& name);
-  std::optional<FormulaCurve> sampleFormula(const std::string& formula);
+  std::optional<Formula> readFormula(const std::string& formula);
+  std::vector<double> valuesOf(Formula& formula, std::span<const double> x);
+  std::optional<FormulaCurve> sampleFormula(const std::string& text);
+  std::optional<FormulaCurve> sampleFinely(const std::string& text);
   void fillBetween(const Array<double>& x, const Array<double>& low, const Array<double>& high,
                    const std::string& described);
   bool isNarrow(char axis) const { return axis == 'x' ? xNarrow_ : axis == 'y' && yNarrow_; }
@@ -91,8 +102,10 @@ class GraphicRun {
   NamedParameters parameters_;
   bool xNarrow_ = false, yNarrow_ = false;  // parameters keep their doubles on this axis
   Int16 xLog_, yLog_;
-  PlotBox box_;  // of the last scales; before them the page
+  PlotBox box_;          // of the last scales; before them the page
+  bool framed_ = false;  // by a box with numbers, over which functions run
   bool linesSeen_ = true;
+  std::map<std::string, DataSet> known_;
   std::string xLegend_, yLegend_;
   double FunXMin_ = 0, FunXMax_ = 0;
   std::string failure_;  // of the present line; empty while it is good

@@ -13,7 +13,8 @@
 #include "base/Text.h"
 #include "data/DataFiles.h"
 #include "expr/Compiler.h"
-#include "expr/Formula.h"
+#include "grafile/FineCurve.h"
+#include "grafile/FrameTexts.h"
 #include "grafile/GraphicFile.h"
 #include "gral/PixelPath.h"
 #include "gral/SavedDrawing.h"
@@ -163,6 +164,7 @@ void GraphicRun::drawMark(const CommandFields& fields) {
 
 /// The data of a file; nothing when the line has failed.
 std::optional<DataSet> GraphicRun::readData(const std::string& name) {
+  if (const auto found = known_.find(name); found != known_.end()) return found->second;
   std::string text;
   if (guard([&] { text = files_.readAll(name); })) {
     FreeFieldReading reading = parseFreeFields(text);
@@ -193,7 +195,7 @@ void GraphicRun::curveFile(const CommandFields& fields) {
                      data->NumPnt);
 }
 
-std::optional<FormulaCurve> GraphicRun::sampleFormula(const std::string& formula) {
+std::optional<Formula> GraphicRun::readFormula(const std::string& formula) {
   const std::string described = describedFormula(formula);
   const auto refuse = [&](const char* reason) {
     fail(described + reason);
@@ -208,27 +210,63 @@ std::optional<FormulaCurve> GraphicRun::sampleFormula(const std::string& formula
   Compilation compiled;
   if (flag == 0) compiled = compile("y@x@ @ @" + expression);
   if (!compiled.ok) return refuse(" Errata");
+  return Formula(std::move(compiled.code));
+}
 
-  FormulaCurve curve{Array<double>(kCurvePoints), Array<double>(kCurvePoints)};
-  auto& [x, y] = curve;
-  Array<Fault> faults(kCurvePoints);
-  const double step = checked::finite((FunXMax_ - FunXMin_) / (kCurvePoints - 1));
-  for (int i = 1; i <= kCurvePoints; ++i) x[i] = FunXMin_ + (i - 1) * step;
-  const std::array<std::span<const double>, 1> columns{x.span(1, kCurvePoints)};
-  const Fault last = Formula(std::move(compiled.code))
-                         .values(columns, y.span(1, kCurvePoints), listener_, faults.span(1, kCurvePoints));
-  lastPointFailed_ = lastPointFailed_ || last != Fault::kNone;
-  for (int i = 1; i <= kCurvePoints; ++i) {
+/// The values of a formula; not a number where it has none.
+std::vector<double> GraphicRun::valuesOf(Formula& formula, std::span<const double> x) {
+  std::vector<double> y(x.size());
+  std::vector<Fault> faults(x.size());
+  const std::array columns{x};
+  formula.values(columns, y, listener_, faults);
+  for (std::size_t i = 0; i < x.size(); ++i) {
     if (faults[i] != Fault::kNone) y[i] = std::numeric_limits<double>::quiet_NaN();
   }
+  return y;
+}
+
+std::optional<FormulaCurve> GraphicRun::sampleFormula(const std::string& text) {
+  auto formula = readFormula(text);
+  if (!formula) return std::nullopt;
+  FormulaCurve curve{Array<double>(kCurvePoints), Array<double>(kCurvePoints)};
+  const double step = checked::finite((FunXMax_ - FunXMin_) / (kCurvePoints - 1));
+  for (int i = 1; i <= kCurvePoints; ++i) {
+    const double place = FunXMin_ + (i - 1) * step;
+    curve.x[i] = framed_ && xLog_ != 0 ? std::pow(10, place) : place;
+  }
+  const std::vector<double> y = valuesOf(*formula, curve.x.span(1, kCurvePoints));
+  std::ranges::copy(y, curve.y.span(1, kCurvePoints).begin());
+  lastPointFailed_ = lastPointFailed_ || std::isnan(y.back());
+  return curve;
+}
+
+/// A curve in a frame with numbers, in user coordinates: even along the axis and finer where it bends.
+std::optional<FormulaCurve> GraphicRun::sampleFinely(const std::string& text) {
+  auto formula = readFormula(text);
+  if (!formula) return std::nullopt;
+  const auto values = [&](std::span<const double> places) {
+    std::vector<double> x(places.begin(), places.end());
+    if (xLog_ != 0) std::ranges::transform(x, x.begin(), [](double u) { return std::pow(10, u); });
+    std::vector<double> y = valuesOf(*formula, x);
+    if (yLog_ != 0) std::ranges::transform(y, y.begin(), [](double v) { return std::log10(v); });
+    return y;
+  };
+  const FineCurve fine =
+      vk::sampleFinely({box_.x.lower(), box_.x.upper(), box_.x.cmPerUnit(), box_.y.cmPerUnit()}, values);
+  lastPointFailed_ = lastPointFailed_ || std::isnan(fine.y.back());
+  const int count = static_cast<int>(fine.x.size());
+  FormulaCurve curve{Array<double>(count), Array<double>(count)};
+  std::ranges::copy(fine.x, curve.x.span(1, count).begin());
+  std::ranges::copy(fine.y, curve.y.span(1, count).begin());
   return curve;
 }
 
 void GraphicRun::plotFunction(const CommandFields& fields) {
-  auto curve = sampleFormula(fields.text);
+  auto curve = framed_ ? sampleFinely(fields.text) : sampleFormula(fields.text);
   if (!curve) return;
   auto& [x, y] = *curve;
-  for (int i = 1; i <= kCurvePoints; ++i) {
+  const int count = x.upper();
+  for (int i = 1; !framed_ && i <= count; ++i) {
     x[i] = placeOnAxis(x[i], xLog_);
     y[i] = placeOnAxis(y[i], yLog_);
   }
@@ -239,7 +277,7 @@ void GraphicRun::plotFunction(const CommandFields& fields) {
     return finite;
   };
   // Each piece between two gaps is a line of its own, which begins its dashes anew.
-  eachPiece(kCurvePoints, has, [&](int first, int last) {
+  eachPiece(count, has, [&](int first, int last) {
     drawing_.GralDraw(pieceOf(x, first, last), pieceOf(y, first, last), last - first + 1);
   });
   if (!hasPoints) fail(describedFormula(fields.text) + kNowhere);
@@ -260,11 +298,26 @@ void GraphicRun::addKey(const CommandFields& fields) {
 }
 
 void GraphicRun::frameBox(const CommandFields& fields) {
-  drawFrame(drawing_, box_, fields.integers[1], fields.integers[2], {xLog_ != 0, yLog_ != 0});
+  constexpr int kOnlyY = 2;
+  const auto& n = fields.integers;
+  const LogAxes logarithmic{xLog_ != 0, yLog_ != 0};
+  drawFrame(drawing_, box_, n[1], n[2], logarithmic);
+  framed_ = n[3] != 0;
+  if (!framed_) return;
+  FunXMin_ = box_.x.lower();
+  FunXMax_ = box_.x.upper();
+  drawTexts(
+      drawing_, box_,
+      frameTexts(drawing_, box_, {n[1], n[2], logarithmic, n[3] != kOnlyY, trim(xLegend_), trim(yLegend_)}));
+}
+
+void GraphicRun::know(const std::string& name, DataSet data) {
+  known_.insert_or_assign(name, std::move(data));
 }
 
 /// The columns of a band stand in place of x, y and its error. Nothing when the line has failed.
 std::optional<DataSet> GraphicRun::readBand(const std::string& name) {
+  if (const auto found = known_.find(name); found != known_.end()) return found->second;
   DataReading reading;
   if (!guard([&] { reading = vk::readData(files_, name); })) {
     fail(describedFile(name) + kWrong);

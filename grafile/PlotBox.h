@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "gral/Plotting.h"
@@ -13,6 +14,7 @@ struct PlotSide {
   double fromCm, toCm, from, to;
   double lower() const { return std::min(from, to); }
   double upper() const { return std::max(from, to); }
+  double cmPerUnit() const { return std::abs((toCm - fromCm) / (to - from)); }
 };
 
 struct PlotBox {

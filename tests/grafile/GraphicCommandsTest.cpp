@@ -13,7 +13,7 @@ TEST_F(GraphicCommandsTest, TheTableHasEveryCommandOfTheLanguage) {
                       {"YASSE", 5, 1},        {"XLEGENDA", 0, 0},   {"YLEGENDA", 0, 0}, {"SCRIVI", 2, 3},
                       {"TIPO_SIMBOLO", 1, 1}, {"TIPO_LINEA", 1, 1}, {"SIMBOLO", 2, 0},  {"DATI", 0, 0},
                       {"SPEZZATA", 0, 0},     {"CURVA", 0, 0},      {"FUNZIONE", 0, 0}, {"COLORE", 0, 0},
-                      {"TITOLO", 0, 0},       {"CHIAVE", 2, 0},     {"BANDA", 0, 0},    {"RIQUADRO", 0, 2}};
+                      {"TITOLO", 0, 0},       {"CHIAVE", 2, 0},     {"BANDA", 0, 0},    {"RIQUADRO", 0, 3}};
   ASSERT_EQ(graphicCommands().size(), std::size(rows));
   std::size_t i = 0;
   for (const Row& row : rows) {

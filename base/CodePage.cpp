@@ -1,6 +1,8 @@
 #include "base/CodePage.h"
 
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 namespace vk {
 namespace {
@@ -156,6 +158,15 @@ std::optional<char32_t> character(std::string_view sequence) {
   return c;
 }
 
+/// Takes the first character out of the front; nothing where there is none.
+std::optional<char32_t> takeCharacter(std::string_view& bytes) {
+  const auto length = static_cast<std::size_t>(sequenceLength(bytes.front()));
+  if (length == 0 || bytes.size() < length) return std::nullopt;
+  const auto c = character(bytes.substr(0, length));
+  if (c) bytes.remove_prefix(length);
+  return c;
+}
+
 }  // namespace
 
 char32_t toUnicode(char c, CodePage page) {
@@ -203,15 +214,32 @@ std::string toUtf8(std::string_view text, CodePage page) {
   return result;
 }
 
+std::size_t leadingAscii(std::string_view bytes) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+  std::size_t i = 0;
+  // Long files are nothing but ASCII as a rule: eight bytes at a time.
+  for (std::uint64_t eight = 0; i + sizeof eight <= bytes.size(); i += sizeof eight) {
+    std::memcpy(&eight, bytes.data() + i, sizeof eight);
+    if ((eight & kHighBits) != 0) break;
+  }
+  while (i < bytes.size() && static_cast<unsigned char>(bytes[i]) < 0x80) ++i;
+  return i;
+}
+
+std::size_t leadingUtf8(std::string_view bytes) {
+  std::string_view rest = bytes;
+  do {
+    rest.remove_prefix(leadingAscii(rest));
+  } while (!rest.empty() && takeCharacter(rest));
+  return bytes.size() - rest.size();
+}
+
 std::optional<std::u32string> decodeUtf8(std::string_view bytes) {
   std::u32string result;
   while (!bytes.empty()) {
-    const int length = sequenceLength(bytes.front());
-    if (length == 0 || bytes.size() < static_cast<std::size_t>(length)) return std::nullopt;
-    const auto c = character(bytes.substr(0, static_cast<std::size_t>(length)));
+    const auto c = takeCharacter(bytes);
     if (!c) return std::nullopt;
     result += *c;
-    bytes.remove_prefix(static_cast<std::size_t>(length));
   }
   return result;
 }
@@ -234,6 +262,8 @@ char32_t unifiedForCp437(char32_t c) {
       return U'\u00DF';
     case U'\u2211':
       return U'\u03A3';
+    case U'\u2126':
+      return U'\u03A9';
     default:
       return c;
   }

@@ -159,7 +159,7 @@ void importFile(Files& files, const std::string& file, const std::string& output
   const bool unchanged = reading.isDataFile && !options.changesPoints();
   const std::string text = preview ? previewOf(reading.data) : unchanged ? bytes : dataFileText(reading.data);
   if (output.empty()) {
-    std::cout << terminalText(text);
+    std::cout << terminalFile(text);
   } else {
     writeFile(files, output, text);
   }

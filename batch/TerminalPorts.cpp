@@ -4,7 +4,9 @@
 #include <iostream>
 
 #include "base/CodePage.h"
+#include "base/FileText.h"
 #include "base/Text.h"
+#include "base/TextLines.h"
 
 namespace vk {
 namespace {
@@ -41,7 +43,41 @@ std::string visibleSign(char c) {
   }
 }
 
+enum class Tabs { kStay, kAreSigns };
+
+/// A text in UTF-8 without control characters. In one that is none, bytes above 127 are unknown characters.
+std::string visibleText(std::string_view text, Tabs tabs) {
+  const bool utf8 = leadingUtf8(text) == text.size();
+  std::string shown;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (isControl(c) && (c != '\t' || tabs == Tabs::kAreSigns)) {
+      shown += visibleSign(c);
+    } else if (!utf8 && code(c) >= kFirstHighCode) {
+      shown += kUnknown;
+    } else if (isHighControl(text.substr(i))) {
+      shown += kUnknown;
+      ++i;
+    } else {
+      shown += c;
+    }
+  }
+  return shown;
+}
+
 }  // namespace
+
+std::string terminalFile(const std::string& bytes) {
+  const FileText file(bytes);
+  const std::string_view text = file.text();
+  TextLines lines(text);
+  std::string shown;
+  while (const auto line = lines.next()) {
+    shown += file.isUtf8() ? visibleText(*line, Tabs::kStay) : terminalText(std::string(*line));
+    if (line->end() != text.end()) shown += '\n';
+  }
+  return shown;
+}
 
 std::string terminalText(const std::string& text) {
   std::string lines;
@@ -54,22 +90,7 @@ std::string terminalText(const std::string& text) {
 }
 
 std::string shownName(const std::string& fileName) {
-  const bool utf8 = decodeUtf8(fileName).has_value();
-  std::string name;
-  for (std::size_t i = 0; i < fileName.size(); ++i) {
-    const char c = fileName[i];
-    if (isControl(c)) {
-      name += visibleSign(c);
-    } else if (!utf8 && code(c) >= kFirstHighCode) {
-      name += kUnknown;
-    } else if (isHighControl(std::string_view(fileName).substr(i))) {
-      name += kUnknown;
-      ++i;
-    } else {
-      name += c;
-    }
-  }
-  return name;
+  return visibleText(fileName, Tabs::kAreSigns);
 }
 
 std::string warningLine(const std::string& fileName, const std::string& warning) {

@@ -17,9 +17,11 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// A report or a file of the program as a terminal shows it: UTF-8 with bare line feeds. Control characters become
-/// the signs of the code page, so that no file can steer the terminal; tabs stay.
+/// A report, code page 437, as a terminal shows it: UTF-8 with bare line feeds. Control characters become the signs
+/// of the code page, so that no file can steer the terminal; tabs stay.
 std::string terminalText(const std::string& text);
+/// A data file as a terminal shows it, in the same way.
+std::string terminalFile(const std::string& bytes);
 /// The name of a file as a terminal shows it, with signs for control characters as well: always one line.
 std::string shownName(const std::string& fileName);
 /// The line that warns of something in a file.

@@ -1,19 +1,29 @@
 #include "batch/TransformCommand.h"
 
+#include <algorithm>
 #include <iostream>
 
 #include "analysis/Transformation.h"
-#include "base/CodePage.h"
 #include "batch/DataInput.h"
 #include "batch/Json.h"
 #include "batch/TerminalPorts.h"
 #include "batch/TypedFormula.h"
 #include "commands/ExhaustedBox.h"
 #include "data/DataFiles.h"
+#include "data/FigureText.h"
 #include "session/Session.h"
 
 namespace vk {
 namespace {
+
+/// A title of the command line. Bytes that are no UTF-8 are those of an old file.
+std::string titleOfWord(const std::string& word) {
+  const std::string title = figureText(FileText(word), word);
+  if (word.find_first_of("\r\n") != std::string::npos ||
+      std::count(title.begin(), title.end(), '?') != std::count(word.begin(), word.end(), '?'))
+    throw UsageError("\"" + shownName(word) + "\": un carattere non puo` stare in un titolo");
+  return title;
+}
 
 /// What the command line asks for; what it leaves out stays as it is.
 TransformFormulas formulasOf(const TransformArguments& arguments, const DataSet& data) {
@@ -22,8 +32,9 @@ TransformFormulas formulasOf(const TransformArguments& arguments, const DataSet&
   const auto entered = [](const std::string& word, const std::string& otherwise) {
     return word.empty() ? otherwise : textOfWord(word);
   };
-  TransformFormulas formulas{
-      entered(arguments.titleX, data.TitleX), entered(arguments.titleY, data.TitleY), {}};
+  TransformFormulas formulas{arguments.titleX.empty() ? data.TitleX : titleOfWord(arguments.titleX),
+                             arguments.titleY.empty() ? data.TitleY : titleOfWord(arguments.titleY),
+                             {}};
   formulas.columns = {entered(arguments.x, "x"), entered(arguments.y, "y")};
   if (hasXErrors) formulas.columns.push_back(entered(arguments.dx, "dx"));
   formulas.columns.push_back(entered(arguments.dy, "dy"));
@@ -68,8 +79,8 @@ Json column(const Array<double>& values, int count) {
 Json report(const DataSet& data) {
   return Json::Object{
       {"schema_version", kSchemaVersion},
-      {"title_x", toUtf8(data.TitleX, CodePage::kCp437)},
-      {"title_y", toUtf8(data.TitleY, CodePage::kCp437)},
+      {"title_x", utf8OfFigureText(data.TitleX)},
+      {"title_y", utf8OfFigureText(data.TitleY)},
       {"x", column(data.Xpnt, data.NumPnt)},
       {"y", column(data.Ypnt, data.NumPnt)},
       {"dx", data.kXpntErr ? column(data.ErrXpnt, data.NumPnt) : Json()},
@@ -97,7 +108,7 @@ int runTransform(const TransformArguments& arguments) {
   if (arguments.json) {
     std::cout << report(result.data).text() << '\n';
   } else if (arguments.outputFile.empty()) {
-    std::cout << terminalText(dataFileText(result.data, digits));
+    std::cout << terminalFile(dataFileText(result.data, digits));
   }
   return result.failed.empty() ? kExitDone : kExitFailed;
 }

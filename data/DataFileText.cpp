@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "data/DataFiles.h"
+#include "data/FigureText.h"
 
 namespace vk {
 namespace {
@@ -70,8 +71,9 @@ std::string dataField(double value, const NumberMask& mask) {
 std::string dataFileText(const DataSet& data, int digits) {
   const std::string lineEnd(kCrLf);
   const bool hasXErrors = data.kXpntErr != kFalse;
-  std::string text = dataTitle(data.TitleX) + lineEnd + dataTitle(data.TitleY) + lineEnd +
-                     signedText(data.NumPnt) + (hasXErrors ? " 1" : "") + lineEnd;
+  std::string text = utf8OfFigureText(dataTitle(data.TitleX)) + lineEnd +
+                     utf8OfFigureText(dataTitle(data.TitleY)) + lineEnd + signedText(data.NumPnt) +
+                     (hasXErrors ? " 1" : "") + lineEnd;
   for (int i = 1; i <= data.NumPnt; ++i) {
     text += pointField(data.Xpnt[i], digits) + pointField(data.Ypnt[i], digits);
     if (hasXErrors) text += pointField(data.ErrXpnt[i], digits);

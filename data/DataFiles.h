@@ -8,7 +8,7 @@
 #include "data/DataSet.h"
 #include "platform/Files.h"
 
-/// Data files: two titles, a count line and a table of points; 8-bit text with CR LF line ends. Lines that are
+/// Data files: two titles, a count line and a table of points; UTF-8 or 8-bit text (`FileText`) with CR LF line ends. Lines that are
 /// empty or begin with "%" are comments. A file without any carriage return is read as if each line feed were
 /// the pair; its last line may lack the line end.
 namespace vk {
@@ -41,9 +41,6 @@ FreeFieldReading parseFreeFields(std::string_view text);
 /// stand.
 std::span<const std::string_view> SplitBlanks(std::string_view line, std::span<std::string_view> tokens);
 
-/// The text with the characters above 127 of the old 8-bit code as text markup; unknown ones become "??".
-std::string TranslateDosText(std::string_view text);
-
 /// A title that a data file can hold, so that what is shown is what will be read back: without blanks at its ends
 /// and with tabs as blanks. A blank one is "-", and "- " stands before one that begins with "%".
 std::string dataTitle(std::string_view text);
@@ -57,7 +54,7 @@ inline constexpr int kDataDigits = 6;
 /// So many bring every number back exactly.
 inline constexpr int kMostDataDigits = 17;
 
-/// The data set as the text of a data file, CR LF line ends, with 1 to 17 digits.
+/// The data set as the text of a data file, UTF-8 with CR LF line ends, with 1 to 17 digits.
 std::string dataFileText(const DataSet& data, int digits = kDataDigits);
 
 /// True when that text does not bring every number back.

@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "data/DataFiles.h"
+#include "data/FigureText.h"
 
 namespace vk {
 namespace {
@@ -42,7 +43,7 @@ bool readPoints(std::string_view text, DataSet& data) {
   return complete;
 }
 
-FreeFieldReading readPlain(std::string_view text, bool exact) {
+FreeFieldReading readPlain(const FileText& file, std::string_view text, bool exact) {
   FreeFieldReading reading;
   TextLines lines(text);
   const auto titleX = lines.next();
@@ -52,8 +53,8 @@ FreeFieldReading readPlain(std::string_view text, bool exact) {
   Flag hasXErrors;
   reading.count = readCount(*countLine, exact, hasXErrors);
   if (reading.count == 0) return reading;
-  reading.data.TitleX = TranslateDosText(*titleX);
-  reading.data.TitleY = TranslateDosText(*titleY);
+  reading.data.TitleX = figureText(file, *titleX);
+  reading.data.TitleY = figureText(file, *titleY);
   reading.data.allocate(reading.count, hasXErrors);
   const auto behindHeader = static_cast<std::size_t>(countLine->data() + countLine->size() - text.data());
   reading.complete = readPoints(text.substr(behindHeader), reading.data);
@@ -76,10 +77,11 @@ std::string withoutComments(std::string_view text) {
 }  // namespace
 
 FreeFieldReading parseFreeFields(std::string_view text) {
-  FreeFieldReading plain = readPlain(text, true);
+  const FileText file(text);
+  FreeFieldReading plain = readPlain(file, file.text(), true);
   if (plain.complete) return plain;
   // Commented data files, the saved differences among them, are to be plotted too.
-  FreeFieldReading uncommented = readPlain(withoutComments(text), false);
+  FreeFieldReading uncommented = readPlain(file, withoutComments(file.text()), false);
   return uncommented.complete || plain.count == 0 ? uncommented : plain;
 }
 

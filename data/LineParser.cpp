@@ -11,6 +11,7 @@
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "data/ErrorList.h"
+#include "data/FigureText.h"
 
 namespace vk {
 namespace {
@@ -23,45 +24,13 @@ constexpr int kLeastPoints = 2;
 constexpr std::ptrdiff_t kMostPoints = 32767;
 constexpr std::ptrdiff_t kShortestPoint = 5;  // characters
 
-struct Translation {
-  int code;
-  const char* text;
-};
-
-/// Signs of the old 8-bit code and the markup that draws them.
-constexpr std::array<Translation, 18> kTranslations{{
-    {159, "A"},
-    {171, "1/2"},
-    {172, "1/4"},
-    {224, "\\\\a"},
-    {225, "\\\\b"},
-    {226, "\\\\G"},
-    {227, "\\\\p"},
-    {228, "\\\\S"},
-    {229, "\\\\s"},
-    {230, "\\\\m"},
-    {231, "\\\\g"},
-    {232, "\\\\f"},
-    {233, "\\\\q"},
-    {234, "\\\\W"},
-    {235, "\\\\d"},
-    {248, "^o"},
-    {252, "^n"},
-    {253, "^2"},
-}};
-
-/// The markup of a sign above 127.
-const char* markupOf(char c) {
-  for (const Translation& translation : kTranslations) {
-    if (translation.code == code(c)) return translation.text;
-  }
-  return "??";
-}
-
 /// One reading of the lines of a data file.
 class LineParser {
  public:
-  DataReading parse(std::string_view text) {
+  explicit LineParser(std::string_view bytes) : file_(bytes) {}
+
+  DataReading parse() {
+    const std::string_view text = file_.text();
     TextLines lines(text);
     while (const auto line = lines.next()) {
       left_ = text.end() - line->begin();
@@ -77,14 +46,14 @@ class LineParser {
     ++number_;
     if (isComment(line)) return;
     ++significant_;
-    if (significant_ == 1) reading_.data.TitleX = dataTitle(TranslateDosText(line));
-    if (significant_ == kTitleLines) reading_.data.TitleY = dataTitle(TranslateDosText(line));
+    if (significant_ == 1) reading_.data.TitleX = dataTitle(figureText(file_, line));
+    if (significant_ == kTitleLines) reading_.data.TitleY = dataTitle(figureText(file_, line));
     if (significant_ == kCountLine) takeCounts(line);
     if (significant_ > kCountLine) takePoint(line);
   }
 
   DataReading finish() {
-    reading_.errors = errors_.text();
+    reading_.errors = file_.gridText(errors_.text());
     if (significant_ < kLeastLines) close("***ERR. un File Dati DEVE Contenere almeno 5 Linee");
     if (points_ < kLeastPoints) close("***ERR. un File Dati DEVE Contenere almeno 2 Linee di Dati");
     if (tooMany_) close("***ERR. un File Dati NON PUO` Contenere piu` di 32767 Linee di Dati");
@@ -150,6 +119,7 @@ class LineParser {
     data.ErrYpnt[points_] = point[data.kXpntErr != kFalse ? 3 : 2];
   }
 
+  FileText file_;
   std::ptrdiff_t left_ = 0;  // characters from the present line on
   int number_ = 0;           // of the line, comments included
   int significant_ = 0;      // lines so far that are no comments
@@ -162,7 +132,7 @@ class LineParser {
 }  // namespace
 
 DataReading parseLines(std::string_view text) {
-  return LineParser().parse(text);
+  return LineParser(text).parse();
 }
 
 DataReading readData(Files& files, const std::string& fileName) {
@@ -177,19 +147,6 @@ std::span<const std::string_view> SplitBlanks(std::string_view line, std::span<s
     ++count;
   }
   return tokens.first(count);
-}
-
-std::string TranslateDosText(std::string_view text) {
-  std::string result;
-  result.reserve(text.size());
-  for (const char c : text) {
-    if (code(c) <= 127) {
-      result += c;
-    } else {
-      result += markupOf(c);
-    }
-  }
-  return result;
 }
 
 }  // namespace vk

@@ -97,7 +97,7 @@ const std::vector<Sample>& samples() {
       {"pendulum.dat", "Deflection of a damped torsion pendulum.", "t (s)", "Angolo (gradi)", 41, 61, 0, 12,
        [](double x) { return 31 * std::exp(-0.16 * x) * std::sin(2.4 * x + 0.5); }, constant(0.6), 0},
       {"thermocouple.dat", "Voltage of a thermocouple against a reference thermometer: a calibration.",
-       "T (\xF8"
+       "T (\xB0"
        "C)",
        "U (mV)", 53, 21, 0, 200, [](double x) { return 2.4e-5 * x * x + 0.0388 * x + 0.01; }, constant(0.03),
        0},

@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "data/DataFiles.h"
+#include "data/FigureText.h"
 #include "grafile/GraphicCommand.h"
 
 namespace vk {

@@ -57,13 +57,19 @@ Int16 GralCls::LetterWidth(int c, int font) const {
   return LetterWidths[c][static_cast<std::size_t>(font)];
 }
 
-/// The width of each letter at its own size. A letter that is not in the table keeps the width of the one
-/// before it.
+/// The width of each letter at its own size. Letters of the text font behind the table are measured where there are
+/// any; a sign of the Symbol font keeps the width of the letter before it.
 std::vector<double> GralCls::letterAdvances(const std::vector<MarkupLetter>& letters) const {
   std::vector<double> advances;
   Int16 width = 0;
   for (const MarkupLetter& letter : letters) {
-    guard([&] { width = LetterWidth(code(letter.character), letter.symbol ? kSymbolFont : kTextFont); });
+    guard([&] {
+      const int c = code(letter.character);
+      if (c > kLastLetter && !letter.symbol)
+        width = toInt16(GralDev->TextWidth({&letter.character, 1}));
+      else
+        width = LetterWidth(c, letter.symbol ? kSymbolFont : kTextFont);
+    });
     advances.push_back(scaleOf(letter) * width);
   }
   return advances;

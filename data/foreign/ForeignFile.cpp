@@ -8,8 +8,8 @@
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "data/DataFiles.h"
+#include "data/FigureText.h"
 #include "data/foreign/Refusal.h"
-#include "data/foreign/Titles.h"
 
 namespace vk {
 namespace {
@@ -31,6 +31,13 @@ bool mayBeDataFile(std::string_view bytes) {
     rest = start == std::string_view::npos ? std::string_view() : rest.substr(0, start);
   }
   return false;
+}
+
+/// A title in UTF-8. A cell between quotes may hold line ends.
+std::string titleOf(std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return code(c) < ' '; }, ' ');
+  return dataTitle(figureTextOfUtf8(text));
 }
 
 /// True when the third line is no row of a table. Of four columns without titles the reader of data files would take
@@ -193,8 +200,8 @@ class Reader {
       if (!header.axes.empty()) return header.axes[axis];
       return column < header.names.size() && !header.names[column].empty() ? header.names[column] : otherwise;
     };
-    reading_.data.TitleX = titleOfUtf8(name(0, reading_.roles.x, "x"));
-    reading_.data.TitleY = titleOfUtf8(name(1, reading_.roles.y, "y"));
+    reading_.data.TitleX = titleOf(name(0, reading_.roles.x, "x"));
+    reading_.data.TitleY = titleOf(name(1, reading_.roles.y, "y"));
   }
 
   const ForeignOptions& options_;
@@ -225,8 +232,7 @@ void setPoints(ForeignReading& reading, PointColumns points, const ForeignOption
 
 void read(std::string_view bytes, const ForeignOptions& options, ForeignReading& reading) {
   reading.encoding = options.encoding ? *options.encoding : guessEncoding(bytes);
-  if (leavesReadingOpen(options) && reading.encoding != Encoding::kUtf8Bom && mayBeDataFile(bytes) &&
-      hasCountLine(bytes)) {
+  if (leavesReadingOpen(options) && mayBeDataFile(bytes) && hasCountLine(FileText(bytes).text())) {
     DataReading own = parseLines(bytes);
     reading.isDataFile = own.errors.empty();
     if (reading.isDataFile) reading.data = std::move(own.data);

@@ -101,7 +101,7 @@ std::vector<OddFile> oddFiles() {
       {"comments_only", repeated("% nota\r\n", 100), false},
       {"comments_everywhere", "%\r\nx\r\n%\r\ny\r\n\r\n2\r\n%\r\n" + kPair + "%", true},
       {"byte_order_mark", "\xEF\xBB\xBF" + kHead + kPair, true},
-      {"mark_before_a_comment", "\xEF\xBB\xBF% nota\r\n" + kHead + kPair, false},
+      {"mark_before_a_comment", "\xEF\xBB\xBF% nota\r\n" + kHead + kPair, true},
       {"two_byte_characters", "\xFF\xFEx" + kNul + "\r" + kNul + "\n" + kNul, false},
       {"nul_in_a_title", "x" + kNul + "\r\ny\r\n2\r\n" + kPair, true},
       {"nul_in_a_number", kHead + "1" + kNul + " 2 .1\r\n2 4 .1\r\n", false},

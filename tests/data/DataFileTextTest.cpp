@@ -6,11 +6,13 @@
 #include <limits>
 #include <random>
 
+#include "base/CodePage.h"
 #include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "data/DataFiles.h"
+#include "data/FigureText.h"
 
 namespace vk {
 namespace {
@@ -169,7 +171,8 @@ std::string anyTitle(std::mt19937_64& chance) {
     const char c = chance() % 2 == 0 ? often[chance() % often.size()] : static_cast<char>(chance() % 256);
     if (c != '\n' || !title.ends_with('\r')) title += c;
   }
-  return dataTitle(TranslateDosText(title));
+  const std::string utf8 = toUtf8(title, CodePage::kWindows1252);
+  return dataTitle(chance() % 2 == 0 ? TranslateDosText(title) : figureTextOfUtf8(utf8));
 }
 
 /// Points of a data file come back as their fields tell them.

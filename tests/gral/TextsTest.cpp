@@ -247,34 +247,26 @@ TEST_F(Texts, OnAPrinterUnrotatedStandWhereTheyAreCalculated) {
   expectAt(runs[0], 1000, 2000 - 230);
 }
 
-TEST_F(Texts, CharacterAbove128KeepsTheWidthOfTheOneBefore) {
+TEST_F(Texts, DepartureACharacterAbove128HasItsOwnWidth) {
   const auto runs = print(
       "M\xE8"
       "a\xE8"
       "b");
   ASSERT_EQ(runs.size(), 5U);
+  const int width = static_cast<int>(form.TextWidth("\xE8"));
   expectAt(runs[1], 1180, 1885);
-  expectAt(runs[2], 1360, 1885);
-  expectAt(runs[3], 1480, 1885);
-  expectAt(runs[4], 1600, 1885);
-}
-
-TEST_F(Texts, CharacterAbove128AtTheStartHasNoWidth) {
-  const auto runs = print(
-      "\xE8"
-      "a");
-  expectAt(runs[1], 1000, 1885);
-  expectAt(print("\xE8", 2)[0], 1001, 1885);
+  expectAt(runs[2], 1180 + width, 1885);
+  expectAt(runs[3], 1300 + width, 1885);
+  expectAt(runs[4], 1300 + 2 * width, 1885);
 }
 
 TEST_F(Texts, CharacterBelow32HasNoWidth) {
   const auto runs = print(
-      "a\x05\xE8"
+      "a\x05"
       "b");
-  ASSERT_EQ(runs.size(), 4U);
+  ASSERT_EQ(runs.size(), 3U);
   expectAt(runs[1], 1120, 1885);
   expectAt(runs[2], 1120, 1885);
-  expectAt(runs[3], 1120, 1885);
 }
 
 TEST_F(Texts, Code128IsStillInTheTable) {

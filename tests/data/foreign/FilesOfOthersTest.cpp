@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "data/DataFiles.h"
+#include "data/FigureText.h"
 #include "data/foreign/ForeignFile.h"
 #include "doubles/Places.h"
 
@@ -67,7 +68,7 @@ TEST(FilesOfOthers, EachIsUnderstoodOrRefusedWithItsCause) {
     EXPECT_EQ(refused ? reading.refusal : descriptionOf(reading), expected.line);
     EXPECT_EQ(reading.refusal.empty(), !refused);
     if (refused) continue;
-    EXPECT_EQ(reading.data.TitleX + " | " + reading.data.TitleY, expected.titles);
+    EXPECT_EQ(utf8OfFigureText(reading.data.TitleX + " | " + reading.data.TitleY), expected.titles);
     EXPECT_EQ(shownPoints(reading.data), expected.points);
   }
 }

@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "batch/DataInput.h"
 #include "batch/DrawCommand.h"
+#include "batch/FileKind.h"
 #include "batch/TerminalPorts.h"
 #include "batch/TypedFormula.h"
 #include "commands/EditCommands.h"
@@ -16,6 +17,7 @@
 #include "data/foreign/ForeignFile.h"
 #include "expr/FunctionFile.h"
 #include "gral/ObserverDevice.h"
+#include "platform/system/Descriptors.h"
 
 namespace vk {
 namespace {
@@ -31,7 +33,7 @@ struct Findings {
   std::vector<std::string> warnings;
 };
 
-using Checker = Findings (*)(const std::string& fileName);
+using Checker = Findings (*)(const std::string& fileName, const std::string& bytes);
 
 /// The name as a word of the shell.
 std::string shellWord(const std::string& fileName) {
@@ -40,55 +42,55 @@ std::string shellWord(const std::string& fileName) {
   return std::all_of(name.begin(), name.end(), plain) ? name : "'" + name + "'";
 }
 
+/// Why the bytes are no data file, and the command that cures it.
 std::string causeOf(const std::string& fileName, const std::string& bytes) {
   const LikelyCause cause = likelyCause(readForeign(bytes));
+  const auto content = kindOfContent(bytes);
+  if (content == FileKind::kGraphic || (content == FileKind::kFunctions && !cause.cured))
+    return whyNot(FileKind::kData, bytes);
   return shownName(cause.text) + (cause.cured ? kTerminalCure + shellWord(fileName) : "");
 }
 
-Findings checkData(const std::string& fileName) {
-  const std::string bytes = TerminalFiles().readAll(fileName);
+Findings checkData(const std::string& fileName, const std::string& bytes) {
   const DataReading read = parseLines(bytes);
   if (read.errors.empty()) return {{true, {}}, {}, dataWarnings(read.data)};
   return {{false, read.errors}, causeOf(fileName, bytes), {}};
 }
 
-Findings checkFunctions(const std::string& fileName) {
-  const ParsedFunctionFile parsed = parseFunctionFile(TerminalFiles().readAll(fileName));
-  Findings found{{parsed.ok, parsed.report}, {}, {}};
+Findings checkFunctions(const std::string&, const std::string& bytes) {
+  const ParsedFunctionFile parsed = parseFunctionFile(bytes);
+  Findings found{{parsed.ok, parsed.report}, parsed.ok ? "" : whyNot(FileKind::kFunctions, bytes), {}};
   for (const DoubtfulFunction& function : parsed.doubtful) found.warnings.push_back(doubtText(function));
   return found;
 }
 
 /// The figure is drawn on a form that nobody sees: what cannot be drawn is an error too.
-Findings checkFigure(const std::string& fileName) {
+Findings checkFigure(const std::string& fileName, const std::string& bytes) {
   ObserverDevice page;
-  const std::string errors = drawGraphicFile(fileName, page);
+  const std::string errors = drawGraphicFile(fileName, bytes, page);
   return {{errors.empty(), errors}, {}, {}};
 }
 
-struct Kind {
-  const char* extension;
-  Checker check;
-};
+/// By kinds of file.
+constexpr std::array<Checker, 3> kCheckers{checkData, checkFunctions, checkFigure};
 
-constexpr std::array kKinds{Kind{"DAT", checkData}, Kind{"FCN", checkFunctions}, Kind{"GRA", checkFigure}};
-
-Checker checkerFor(const std::string& fileName) {
-  const auto* kind = std::find_if(kKinds.begin(), kKinds.end(), [&](const Kind& k) {
-    return equalIgnoringCase(GetExtensionName(fileName), k.extension);
-  });
-  if (kind != kKinds.end()) return kind->check;
-  std::string cause;
-  usingFile(fileName, [&] { cause = causeOf(fileName, TerminalFiles().readAll(fileName)); });
+/// The kind of a file; a stream has no name that tells it. Another ending than the three raises `UsageError`.
+FileKind kindOf(const std::string& fileName, const std::string& bytes) {
+  if (const auto kind = kindOfName(fileName)) return *kind;
+  if (fileName == kStandardStream || descriptorOf(fileName))
+    return kindOfContent(bytes).value_or(FileKind::kData);
+  const std::string cause = causeOf(fileName, bytes);
   throw UsageError(shownName(fileName) + kNoKind + (cause.empty() ? "" : "; " + cause));
 }
 
 }  // namespace
 
 int runCheck(const std::string& fileName) {
-  const Checker check = checkerFor(fileName);
   Findings found;
-  usingFile(fileName, [&] { found = check(fileName); });
+  usingFile(fileName, [&] {
+    const std::string bytes = TerminalFiles().readAll(fileName);
+    found = kCheckers.at(static_cast<std::size_t>(kindOf(fileName, bytes)))(fileName, bytes);
+  });
   const std::string name = shownName(fileName);
   for (const std::string& warning : found.warnings) std::clog << warningLine(fileName, warning);
   if (found.check.good) {

@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <iostream>
 #include <map>
 #include <optional>
+#include <streambuf>
 #include <string>
 #include <vector>
 
@@ -13,6 +15,7 @@
 #include "batch/DrawCommand.h"
 #include "batch/EvalCommand.h"
 #include "batch/ExitCode.h"
+#include "batch/FileOptions.h"
 #include "batch/FitCommand.h"
 #include "batch/ImportCommand.h"
 #include "batch/OptionTexts.h"
@@ -30,38 +33,40 @@ namespace {
 constexpr const char* kProgramName = "vor_kel_batch";
 
 // What several subcommands take.
-constexpr const char* kDataFileHelp = "File dati (.DAT)";
 constexpr const char* kJsonHelp = "Stampa il risultato come oggetto JSON";
 constexpr const char* kHelpHelp = "Mostra questo aiuto";
 constexpr const char* kTraceHelp = "Mostra anche quello che riferisce il compilatore delle formule";
+constexpr const char* kFormatHelp = "Formato del grafico, se il nome del file non lo dice";
 constexpr const char* kSeedHelp = "Seme del generatore di numeri casuali";
 
 /// What a command runs once the command line is read.
 using Action = std::function<int()>;
 
-/// What draws: the toolkit where this program has it, else the program beside it.
-struct Drawing {
-  FigureMaker* maker;
+/// What commands share.
+struct Setup {
+  FigureMaker* maker;  ///< the toolkit where this program has it; else the program beside it draws
   char** argv;
+  FileOptions files{};
 };
 
 /// The maker of figures. A program without one goes on as the one that has it.
-FigureMaker& figureMaker(const Drawing& drawing) {
-  if (drawing.maker == nullptr) {
+FigureMaker& figureMaker(const Setup& setup) {
+  if (setup.maker == nullptr) {
     const std::string program = joinPath(SystemFiles().programFolder(), kFigureProgram);
-    handOver(program, drawing.argv);
+    handOver(program, setup.argv);
     throw UsageError("Per disegnare serve il programma " + program);
   }
-  return *drawing.maker;
+  return *setup.maker;
 }
 
 /// The options that name the model function.
-void addModel(CLI::App& command, ModelArguments& model) {
+void addModel(CLI::App& command, Setup& setup, ModelArguments& model) {
   CLI::Option* function =
       command.add_option("--function", model.function, "Formula in x, per esempio 'A*EXP(-B*x)+C'");
   CLI::Option* catalogue =
       command.add_option("--catalogue", model.catalogue, "Numeri f,g delle funzioni f[g(x)] del catalogo");
-  CLI::Option* file = command.add_option("--file", model.functionFile, "File funzioni (.FCN)");
+  CLI::Option* file =
+      setup.files.reads(command.add_option("--file", model.functionFile, "File funzioni"), "FCN");
   CLI::Option* entry = command.add_option("--entry", model.entry, "Numero della funzione nel file funzioni");
   command.add_flag("--trace", model.trace, kTraceHelp);
   function->excludes(catalogue)->excludes(file);
@@ -91,12 +96,16 @@ std::function<std::vector<EnteredValue>()> addStart(CLI::App& command) {
   };
 }
 
+void addFormat(CLI::App& command, std::string& format) {
+  command.add_option("--format", format, kFormatHelp)->type_name("png|svg|pdf");
+}
+
 void addJson(CLI::App& command, bool& json) {
   command.add_flag("--json", json, kJsonHelp);
 }
 
-void addDataOutput(CLI::App& command, std::string& file, std::optional<int>& digits) {
-  command.add_option("-o,--output", file, "Scrive i dati in questo file");
+void addDataOutput(CLI::App& command, Setup& setup, std::string& file, std::optional<int>& digits) {
+  setup.files.writes(command.add_option("-o,--output", file, "Scrive i dati in questo file"), "DAT");
   command.add_option("--digits", digits, "Cifre significative dei dati scritti, da 1 a 17 (6)");
 }
 
@@ -122,47 +131,57 @@ void addForms(CLI::App& fit, FitForm& form) {
   }
 }
 
-Action addFit(CLI::App& fit, const Drawing& drawing) {
+Action addFit(CLI::App& fit, Setup& setup) {
   auto args = std::make_shared<FitArguments>();
-  fit.add_option("DATI", args->dataFiles, "File dati (.DAT), anche piu` di uno")->required();
-  addModel(fit, args->model);
+  setup.files.reads(fit.add_option("DATI", args->dataFiles, "File dati, anche piu` di uno"), "DAT")
+      ->required();
+  addModel(fit, setup, args->model);
   const auto start = addStart(fit);
   CLI::Option* derive = addRepeated(
       fit, "--derive", "NOME=FORMULA: grandezza derivata dai parametri, per esempio 'T=LOG(2)/k'");
   CLI::Option* refine =
       fit.add_flag("--refine", args->refine, "Cerca anche il minimo esatto, con gli errori lineari");
   fit.add_option("--x-errors", args->xErrors,
-                 "Errori di x nel minimo esatto: effective (varianza efficace) o orthogonal (distanza)")
+                 "Errori di x nel minimo esatto: con la varianza efficace o con la distanza")
+      ->type_name("effective|orthogonal")
       ->needs(refine);
   fit.add_flag("--profile", args->profile,
                "Intervalli di confidenza al 68.27 e al 95 % dal profilo di chi quadro")
       ->needs(refine);
   addForms(fit, args->form);
   fit.add_option("--jobs", args->jobs, "Quanti file alla volta (1)");
-  fit.add_option("--figure", args->figures.figure, "Grafico di dati e funzione: file .PNG, .SVG o .PDF");
-  fit.add_option("--save-gra", args->figures.graphicFile, "Lo stesso come file grafico (.GRA)");
+  setup.files.writes(fit.add_option("--figure", args->figures.figure, "Grafico di dati e funzione"),
+                     "PNG|SVG|PDF");
+  addFormat(fit, args->figures.format);
+  setup.files.writes(fit.add_option("--save-gra", args->figures.graphicFile, "Lo stesso come file grafico"),
+                     "GRA");
   CLI::Option* band = fit.add_option("--band", args->figures.band,
-                                     "Banda di confidenza della funzione nel grafico: 68 o 95 (per cento)");
+                                     "Banda di confidenza della funzione nel grafico, in per cento")
+                          ->type_name("68|95");
   fit.add_flag("--prediction", args->figures.prediction, "Anche la banda di previsione di un'altra misura")
       ->needs(band);
-  fit.add_option("--differences", args->figures.differences, "Differenze dati-funzione: file dati (.DAT)");
-  return [=] {
+  setup.files.writes(fit.add_option("--differences", args->figures.differences, "Differenze dati-funzione"),
+                     "DAT");
+  return [=, &setup] {
     args->parameters = start();
     args->derived = derive->results();
-    return runFit(*args, args->figures.figure.empty() ? nullptr : &figureMaker(drawing));
+    return runFit(*args, args->figures.figure.empty() ? nullptr : &figureMaker(setup));
   };
 }
 
-Action addPropagate(CLI::App& propagate, const Drawing&) {
+Action addPropagate(CLI::App& propagate, Setup& setup) {
   auto args = std::make_shared<PropagateArguments>();
-  addModel(propagate, args->model);
+  addModel(propagate, setup, args->model);
   CLI::Option* par = addRepeated(propagate, "--par",
                                  "NOME=VALORE[,ERRORE] di x o di un parametro: deviazione standard se "
                                  "positivo, errore massimo se negativo");
-  propagate.add_option("--from-fit", args->fitResult,
-                       "Valori, errori e correlazioni dei parametri da un risultato di fit --json");
+  setup.files.reads(
+      propagate.add_option("--from-fit", args->fitResult,
+                           "Valori, errori e correlazioni dei parametri da un risultato di fit --json"),
+      "JSON");
   propagate.add_option("--seed", args->seed, kSeedHelp);
-  propagate.add_option("--histogram", args->histogramFile, "Scrive l'istogramma come file dati");
+  setup.files.writes(
+      propagate.add_option("--histogram", args->histogramFile, "Scrive l'istogramma come file dati"), "DAT");
   addJson(propagate, args->json);
   return [=] {
     for (const std::string& word : par->results()) args->variables.push_back(parseValueWithError(word));
@@ -170,9 +189,9 @@ Action addPropagate(CLI::App& propagate, const Drawing&) {
   };
 }
 
-Action addSimulate(CLI::App& simulate, const Drawing&) {
+Action addSimulate(CLI::App& simulate, Setup& setup) {
   auto args = std::make_shared<SimulateArguments>();
-  addModel(simulate, args->model);
+  addModel(simulate, setup, args->model);
   const auto start = addStart(simulate);
   simulate.add_option("--xmin", args->xmin, "x minimo (0)");
   simulate.add_option("--xmax", args->xmax, "x massimo (10)");
@@ -182,7 +201,7 @@ Action addSimulate(CLI::App& simulate, const Drawing&) {
   simulate.add_option("--dx", args->dx, "Incertezza di x, in percentuale (0: nessuna)");
   simulate.add_flag("--dx-absolute", args->dxAbsolute, "L'incertezza di x e` assoluta");
   simulate.add_option("--seed", args->seed, kSeedHelp);
-  addDataOutput(simulate, args->outputFile, args->digits);
+  addDataOutput(simulate, setup, args->outputFile, args->digits);
   addJson(simulate, args->json);
   return [=] {
     args->parameters = start();
@@ -190,16 +209,16 @@ Action addSimulate(CLI::App& simulate, const Drawing&) {
   };
 }
 
-Action addTransform(CLI::App& transform, const Drawing&) {
+Action addTransform(CLI::App& transform, Setup& setup) {
   auto args = std::make_shared<TransformArguments>();
-  transform.add_option("DATI", args->dataFile, kDataFileHelp)->required();
+  setup.files.reads(transform.add_option("DATI", args->dataFile, "File dati"), "DAT")->required();
   transform.add_option("--x", args->x, "Formula in x, y, dx, dy per la colonna x");
   transform.add_option("--y", args->y, "Formula per la colonna y");
   transform.add_option("--dx", args->dx, "Formula per gli errori di x");
   transform.add_option("--dy", args->dy, "Formula per gli errori di y");
   transform.add_option("--title-x", args->titleX, "Legenda di x");
   transform.add_option("--title-y", args->titleY, "Legenda di y");
-  addDataOutput(transform, args->outputFile, args->digits);
+  addDataOutput(transform, setup, args->outputFile, args->digits);
   transform.add_flag("--anyway", args->anyway,
                      "Scrive i dati anche se una formula NON e` calcolabile ovunque");
   addJson(transform, args->json);
@@ -207,16 +226,18 @@ Action addTransform(CLI::App& transform, const Drawing&) {
   return [=] { return runTransform(*args); };
 }
 
-Action addCheck(CLI::App& check, const Drawing&) {
+Action addCheck(CLI::App& check, Setup& setup) {
   auto fileName = std::make_shared<std::string>();
-  check.add_option("FILE", *fileName, "File .DAT, .FCN o .GRA")->required();
+  setup.files.reads(check.add_option("FILE", *fileName, "File da controllare"), "DAT|FCN|GRA")->required();
   return [=] { return runCheck(*fileName); };
 }
 
-Action addImport(CLI::App& import, const Drawing&) {
+Action addImport(CLI::App& import, Setup& setup) {
   auto args = std::make_shared<ImportArguments>();
-  import.add_option("FILE", args->files, "Tabelle da leggere")->required();
-  import.add_option("-o,--output", args->output, "File dati da scrivere; per piu` tabelle una cartella");
+  setup.files.reads(import.add_option("FILE", args->files, "Tabelle da leggere"), "")->required();
+  setup.files.writes(
+      import.add_option("-o,--output", args->output, "File dati da scrivere; per piu` tabelle una cartella"),
+      "DAT");
   import.add_option("--encoding", args->encoding, "Codifica dei caratteri, per esempio utf-8 o windows-1252");
   import.add_option("--separator", args->separator, "Separatore: tab, spazio, ',', ';' o '|'");
   import.add_option("--decimal", args->decimal, "Segno decimale: ',' o '.'");
@@ -230,7 +251,7 @@ Action addImport(CLI::App& import, const Drawing&) {
 }
 
 // A formula may begin with a sign, which the option reader would take for an option: the words are left to us.
-Action addEval(CLI::App& eval, const Drawing&) {
+Action addEval(CLI::App& eval, Setup&) {
   auto args = std::make_shared<EvalArguments>();
   eval.set_help_flag("--help", kHelpHelp);
   eval.add_flag("--list", args->list, "Stampa il codice compilato");
@@ -245,12 +266,13 @@ Action addEval(CLI::App& eval, const Drawing&) {
   };
 }
 
-Action addDraw(CLI::App& draw, const Drawing& drawing) {
+Action addDraw(CLI::App& draw, Setup& setup) {
   auto args = std::make_shared<DrawArguments>();
-  draw.add_option("GRAFICO", args->graphicFile, "File grafico (.GRA)")->required();
-  draw.add_option("-o,--output", args->figure, "Grafico: file .PNG, .SVG o .PDF")->required();
+  setup.files.reads(draw.add_option("GRAFICO", args->graphicFile, "File grafico"), "GRA")->required();
+  setup.files.writes(draw.add_option("-o,--output", args->figure, "Grafico"), "PNG|SVG|PDF")->required();
+  addFormat(draw, args->format);
   draw.add_flag("--anyway", args->anyway, "Disegna quello che si puo` anche con righe errate");
-  return [=] { return runDraw(*args, figureMaker(drawing)); };
+  return [=, &setup] { return runDraw(*args, figureMaker(setup)); };
 }
 
 /// The words of the command line. "eval" takes all of its words as they are, so a "--" in front of them says
@@ -264,7 +286,7 @@ std::vector<std::string> commandLine(int argc, char** argv) {
 
 struct Command {
   const char *name, *help;
-  Action (*add)(CLI::App& command, const Drawing& drawing);  ///< adds its options
+  Action (*add)(CLI::App& command, Setup& setup);  ///< adds its options
 };
 
 constexpr std::array kCommands{
@@ -278,15 +300,25 @@ constexpr std::array kCommands{
     Command{"transform", "Trasforma le colonne di un file dati con formule", addTransform},
 };
 
-/// Adds what every command takes. What is no error goes to the stream of notes, and is never written then.
+/// Takes what nobody wants to read.
+class Silence : public std::streambuf {
+  int_type overflow(int_type c) override { return traits_type::not_eof(c); }
+};
+
+// It serves the stream of notes to the very end of the program, so nobody deletes it.
+void silenceNotes() {
+  static auto* silence = new Silence;
+  std::clog.rdbuf(silence);
+}
+
+/// Adds what every command takes.
 void addCommon(CLI::App& command) {
   command.set_version_flag("--version", std::string(kProgramName) + " " VOR_VERSION, "Mostra la versione");
-  command.add_flag_callback(
-      "--quiet", [] { std::clog.setstate(std::ios::failbit); }, "Nessuna nota: soltanto gli errori");
+  command.add_flag_callback("--quiet", silenceNotes, "Nessuna nota: soltanto gli errori");
 }
 
 /// Runs the command that the words name; `name` becomes its name.
-int run(std::vector<std::string> words, const Drawing& drawing, std::string& name) {
+int run(std::vector<std::string> words, Setup setup, std::string& name) {
   CLI::App app("Vor_Kel da terminale: analisi di dati misurati", kProgramName);
   speakItalian(app);
   app.set_help_flag("-h,--help", kHelpHelp);
@@ -295,7 +327,7 @@ int run(std::vector<std::string> words, const Drawing& drawing, std::string& nam
   std::map<const CLI::App*, Action> actions;
   for (const Command& entry : kCommands) {
     CLI::App* command = app.add_subcommand(entry.name, entry.help);
-    actions[command] = entry.add(*command, drawing);
+    actions[command] = entry.add(*command, setup);
     addCommon(*command);
     nameGroups(*command);
   }
@@ -306,6 +338,7 @@ int run(std::vector<std::string> words, const Drawing& drawing, std::string& nam
     if (error.get_exit_code() != 0) throw UsageError(complaintAbout(app, error));
     return app.exit(error);
   }
+  setup.files.claimStreams();
   const CLI::App* command = app.get_subcommands().front();
   name = command->get_name();
   return actions.at(command)();

@@ -15,7 +15,7 @@ void loadData(Session& session, Files& files, const std::string& fileName) {
     if (!reading.errors.empty()) {
       throw UsageError(shownName(fileName) + ":\n" + terminalText(reading.errors));
     }
-    TerminalDialogs notes(std::clog);
+    TerminalDialogs notes(shownName(fileName), std::clog);
     compareCounts(notes, reading.declaredCount, reading.data.NumPnt);
     LoadDataFile(session.loaded, fileName, std::move(reading.data));
   });

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "batch/DataInput.h"
+#include "batch/FileKind.h"
 #include "batch/TerminalPorts.h"
 #include "commands/ExhaustedBox.h"
 #include "commands/PlotWindowCommands.h"
@@ -11,28 +12,30 @@
 
 namespace vk {
 
-std::string drawGraphicFile(const std::string& fileName, Device& page) {
+std::string drawGraphicFile(const std::string& fileName, const std::string& bytes, Device& page) {
+  const std::string why = whyNot(FileKind::kGraphic, bytes);
+  if (!why.empty()) throw UsageError(shownName(fileName) + ": non e` un file grafico: " + why);
   TerminalFiles files;
-  TerminalDialogs dialogs;
+  TerminalDialogs dialogs("draw");
   ExhaustedBox listener(dialogs);
-  const std::string text = files.readAll(fileName);
   NoPrinter printer;
   GralCls drawing(printer);
   drawing.GralGrStr(page, paperOrientation(FigureSettings{}), 1);
   GraphicRun run(files, drawing, listener);
-  run.runText(text);
+  run.runText(bytes);
   drawing.GralGrEnd();
   return run.errors();
 }
 
 int runDraw(const DrawArguments& arguments, FigureMaker& maker) {
-  FigureForm form = maker.formFor(arguments.figure);
+  FigureForm form = maker.formFor(arguments.figure, arguments.format);
   TerminalFiles files;
   std::string errors;
-  usingFile(arguments.graphicFile, [&] { errors = drawGraphicFile(arguments.graphicFile, *form.device); });
+  const std::string& name = arguments.graphicFile;
+  usingFile(name, [&] { errors = drawGraphicFile(name, files.readAll(name), *form.device); });
   if (errors.empty() || arguments.anyway) writeFile(files, arguments.figure, form.bytes());
   if (errors.empty()) return kExitDone;
-  std::cerr << shownName(arguments.graphicFile) << ":\n" << terminalText(errors);
+  std::cerr << shownName(name) << ":\n" << terminalText(errors);
   return kExitBadInput;
 }
 

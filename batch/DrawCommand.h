@@ -11,6 +11,7 @@ namespace vk {
 struct DrawArguments {
   std::string graphicFile;
   std::string figure;   ///< the file to be made
+  std::string format;   ///< its format where the name does not tell it
   bool anyway = false;  ///< also a figure with wrong lines is to be written, as far as they are good
 };
 
@@ -18,7 +19,8 @@ struct DrawArguments {
 /// and an old file stays as it is. Files that cannot be read or written raise `UsageError`.
 int runDraw(const DrawArguments& arguments, FigureMaker& maker);
 
-/// Draws a graphic file on a page of A4 and gives the list of its errors, CR LF ended.
-std::string drawGraphicFile(const std::string& fileName, Device& page);
+/// Draws the bytes of a graphic file on a page of A4 and gives the list of its errors, CR LF ended. What is no graphic file
+/// raises `UsageError`.
+std::string drawGraphicFile(const std::string& fileName, const std::string& bytes, Device& page);
 
 }  // namespace vk

@@ -44,7 +44,7 @@ int runEval(const EvalArguments& arguments) {
     std::cout << toUtf8(listCode(formula.compiled()), CodePage::kCp437);
     return 0;
   }
-  TerminalDialogs dialogs;
+  TerminalDialogs dialogs("eval");
   ExhaustedBox listener(dialogs);
   const Evaluation found = formula.value(listener);
   std::cout << exactText(found.value) << '\n';

@@ -19,9 +19,9 @@ class FigureMaker {
  public:
   virtual ~FigureMaker() = default;
 
-  /// A form for a file of this name, whose ending tells the format: PNG, SVG or PDF. Another ending raises
-  /// `UsageError`.
-  virtual FigureForm formFor(const std::string& fileName) = 0;
+  /// A form for a file in this format: PNG, SVG or PDF. Where it is empty, the ending of the name tells it. Another word
+  /// raises `UsageError`.
+  virtual FigureForm formFor(const std::string& fileName, const std::string& format) = 0;
 };
 
 }  // namespace vk

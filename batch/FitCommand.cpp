@@ -23,6 +23,12 @@
 namespace vk {
 namespace {
 
+/// Why a fit failed, with the name of the parameter that is to blame.
+std::string reasonOf(const FitFailure& failure, const ParameterSet& par, const std::string& reason) {
+  if (failure.end != MinimiseEnd::kNoEffect) return reason;
+  return "il parametro " + terminalText(par.name(par.FreeIndex[failure.parameter])) + " NON cambia i residui";
+}
+
 /// A fit of the session's model and what is made of it.
 class TerminalFit {
  public:
@@ -75,7 +81,8 @@ void TerminalFit::fit(Dialogs& dialogs) {
   if (found_.fitted()) {
     outcome_.screen = output.grid().toUtf8();
   } else {
-    std::cerr << "Adattamento non riuscito: " << found_.result.reason << '\n';
+    std::cerr << "Adattamento non riuscito: "
+              << reasonOf(observer.failure(), session_.analysis.par, found_.result.reason) << '\n';
   }
 }
 
@@ -144,7 +151,7 @@ int runOneFit(const FitArguments& arguments, FigureMaker* maker) {
   FitFigures figures(arguments.figures, maker);
   Session session;
   TerminalFiles files;
-  TerminalDialogs dialogs;
+  TerminalDialogs dialogs("fit");
   const std::string& dataFile = arguments.dataFiles.front();
   loadData(session, files, dataFile);
   chooseFitModel(session, files, arguments);
@@ -212,7 +219,7 @@ FitFindings wantedFindings(const Session& session, const FitArguments& arguments
 FitOutcome fitLoaded(Session& session, const FitArguments& arguments, const std::string& dataFile) {
   if (!arguments.xErrors.empty() && session.loaded.data.kXpntErr == kFalse)
     throw UsageError("--x-errors: i dati non hanno errori di x");
-  TerminalDialogs dialogs;
+  TerminalDialogs dialogs("fit");
   ExhaustedBox listener(dialogs);
   return fitAtTerminal(session, dialogs, listener,
                        {.form = arguments.form,

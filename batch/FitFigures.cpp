@@ -45,7 +45,7 @@ std::optional<BandWish> bandWish(const WantedFigures& wanted) {
 }
 
 void drawFigure(Session& session, int kind, Device& page, EvaluationListener& listener) {
-  TerminalDialogs dialogs;
+  TerminalDialogs dialogs("fit");
   NoPrinter printer;
   makeFigure(session, dialogs, {[&]() -> Device& { return page; }, printer}, kind, listener, [] {});
 }
@@ -54,7 +54,7 @@ FitFigures::FitFigures(const WantedFigures& wanted, FigureMaker* maker) : wanted
   if (wanted.figure.empty()) {
     form_.device = std::make_unique<ObserverDevice>();
   } else {
-    form_ = maker->formFor(wanted.figure);
+    form_ = maker->formFor(wanted.figure, wanted.format);
   }
 }
 

@@ -21,6 +21,7 @@ struct WantedFigures {
   bool any() const { return !figure.empty() || !graphicFile.empty() || !differences.empty(); }
 
   std::string figure;       ///< data and function, drawn
+  std::string format;       ///< of that drawing where its name does not tell it
   std::string graphicFile;  ///< the same as a graphic file
   std::string differences;  ///< differences of data and function, as a data file
   std::string band;         ///< "68" or "95", per cent of the band about the function; empty without one

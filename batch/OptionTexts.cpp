@@ -32,8 +32,6 @@ constexpr std::array kComplaints{
     Phrase{"Could not convert", "Valore errato"},
     Phrase{" requires ", " richiede "},
     Phrase{" excludes ", " esclude "},
-    Phrase{"1 required TEXT missing", "manca il valore"},
-    Phrase{"1 required INT missing", "manca il numero"},
 };
 
 constexpr const char* kOptionGroup = "Opzioni";
@@ -46,6 +44,9 @@ std::string translated(std::string text) {
     const auto at = text.find(phrase.theirs);
     if (at != std::string::npos) text.replace(at, std::string_view(phrase.theirs).size(), phrase.ours);
   }
+  if (const auto at = text.find("1 required "); at != std::string::npos)
+    text.replace(at, std::string::npos,
+                 text.ends_with("INT missing") ? "manca il numero" : "manca il valore");
   return text;
 }
 

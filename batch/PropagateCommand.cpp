@@ -98,7 +98,7 @@ int runPropagate(const PropagateArguments& arguments) {
   Session session;
   TerminalFiles files;
   SystemRandom random;
-  TerminalDialogs dialogs;
+  TerminalDialogs dialogs("propagate");
   GridOutput output;
   const float seed = seedFrom(arguments.seed, random);
   const std::string fitFile = enterVariables(session, files, arguments);

@@ -74,7 +74,7 @@ int runSimulate(const SimulateArguments& arguments) {
   Session session;
   TerminalFiles files;
   SystemRandom random;
-  TerminalDialogs dialogs;
+  TerminalDialogs dialogs("simulate");
   chooseModel(session, files, arguments.model, parameterNames(arguments.parameters));
   enterStart(session, arguments.parameters);
   const float seed = seedFrom(arguments.seed, random);

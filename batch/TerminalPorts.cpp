@@ -7,15 +7,33 @@
 #include "base/FileText.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
+#include "expr/FormulaText.h"
+#include "platform/Texts.h"
+#include "platform/system/Descriptors.h"
 
 namespace vk {
 namespace {
 
-void tell(std::ostream& stream, const WindowText& title, const WindowText& text) {
-  std::string lines = toUtf8(title + ": " + text);
-  std::replace(lines.begin(), lines.end(), '\r', '\n');
-  stream << lines << '\n';
+constexpr const char* kLineStarts = "\r\n";
+
+/// The paragraphs of a box as one line, without what tells how to close it.
+std::string onOneLine(std::string box) {
+  box.erase(std::min(box.find(trim(kPressToContinue)), box.size()));
+  std::string line;
+  while (!box.empty()) {
+    const auto end = std::min(box.find_first_of(kLineStarts), box.size());
+    const std::string paragraph = trim(box.substr(0, end));
+    box.erase(0, std::min(end + 1, box.size()));
+    if (paragraph.empty()) continue;
+    if (!line.empty()) line += position("!.:", line.substr(line.size() - 1)) > 0 ? " " : "; ";
+    line += paragraph;
+  }
+  ReplaceAll(line, "  ", " ");
+  return line;
 }
+
+// The numbers of the standard streams.
+constexpr int kInput = 0, kOutput = 1;
 
 constexpr int kFirstHighCode = 0x80;
 constexpr const char* kUnknown = "\uFFFD";
@@ -111,18 +129,27 @@ std::string textOfWord(const std::string& word) {
   return text;
 }
 
+std::string TerminalFiles::readAll(const std::string& path) {
+  return path == kStandardStream ? readFromDescriptor(kInput, kLargestFile) : SystemFiles::readAll(path);
+}
+
 void TerminalFiles::writeAll(const std::string& path, std::string_view bytes) {
   std::cout.flush();
+  if (path == kStandardStream) return writeToDescriptor(kOutput, bytes);
   SystemFiles::writeAll(path, bytes);
 }
 
+void TerminalDialogs::tell(const WindowText& text) {
+  stream_ << subject_ << ": " << onOneLine(toUtf8(text)) << '\n';
+}
+
 int TerminalDialogs::Get_Msg(const MessageRequest& request) {
-  tell(stream_, request.caption, request.text);
+  tell(request.text);
   return 1;
 }
 
-void TerminalDialogs::plainBox(const WindowText& title, const WindowText& text) {
-  tell(stream_, title, text);
+void TerminalDialogs::plainBox(const WindowText&, const WindowText& text) {
+  tell(text);
 }
 
 std::optional<std::string> TerminalDialogs::fileDialog(const FileRequest&) {

@@ -30,23 +30,31 @@ std::string warningLine(const std::string& fileName, const std::string& warning)
 /// character without a place in the code page, or a line end, raises `UsageError`.
 std::string textOfWord(const std::string& word);
 
-/// Nobody sits at a terminal run: messages go to a stream and the first button is taken. Errors belong to `std::cerr`,
-/// notes that somebody may do without to `std::clog`.
+/// Nobody sits at a terminal run: the first button is taken, and each message becomes one line of a stream, behind the
+/// name of the command or file that it is about. Errors belong to `std::cerr`, notes to `std::clog`.
 class TerminalDialogs : public Dialogs {
  public:
-  explicit TerminalDialogs(std::ostream& stream = std::cerr) : stream_(stream) {}
+  explicit TerminalDialogs(std::string subject, std::ostream& stream = std::cerr)
+      : subject_(std::move(subject)), stream_(stream) {}
   int Get_Msg(const MessageRequest& request) override;
   void plainBox(const WindowText& title, const WindowText& text) override;
   std::optional<std::string> fileDialog(const FileRequest& request) override;
 
  private:
+  void tell(const WindowText& text);
+
+  std::string subject_;
   std::ostream& stream_;
 };
+
+/// The name of standard input for a file that is read, and of standard output for one that is written.
+inline constexpr const char* kStandardStream = "-";
 
 /// The disk as the command line names it: a pipe is as good as a file.
 class TerminalFiles : public SystemFiles {
  public:
   TerminalFiles() : SystemFiles(Streams::kTaken) {}
+  std::string readAll(const std::string& path) override;
   /// What was printed before comes first, also where the file is the output itself.
   void writeAll(const std::string& path, std::string_view bytes) override;
 };

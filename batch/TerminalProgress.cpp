@@ -21,10 +21,10 @@ void TerminalProgress::finished(const FitFinal& final) {
   screen_.finished(final);
 }
 
-// The screen may tell of the failure first, as of all that happened before.
+// The screen would number what is to be told by name.
 void TerminalProgress::failed(const FitFailure& failure) {
-  screen_.failed(failure);
   clearLine();
+  failure_ = failure;
 }
 
 void TerminalProgress::clearLine() {

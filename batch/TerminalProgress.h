@@ -4,7 +4,7 @@
 
 namespace vk {
 
-/// Passes a fit on to its screen and, where a person looks on, shows the iterations on the error stream.
+/// Passes a fit that goes well on to its screen and, where a person looks on, shows the iterations on the error stream.
 class TerminalProgress : public FitObserver {
  public:
   explicit TerminalProgress(FitObserver& screen);
@@ -15,12 +15,16 @@ class TerminalProgress : public FitObserver {
   void working() override { screen_.working(); }
   void failed(const FitFailure& failure) override;
 
+  /// Of the fit that ended so.
+  const FitFailure& failure() const { return failure_; }
+
  private:
   void clearLine();
 
   FitObserver& screen_;
   bool visible_;
   bool written_ = false;
+  FitFailure failure_;
 };
 
 }  // namespace vk

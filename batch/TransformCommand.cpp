@@ -94,7 +94,7 @@ int runTransform(const TransformArguments& arguments) {
   const int digits = dataDigits(arguments.digits);
   Session session;
   TerminalFiles files;
-  TerminalDialogs dialogs;
+  TerminalDialogs dialogs("transform");
   loadData(session, files, arguments.dataFile);
   const TransformFormulas formulas = formulasOf(arguments, session.loaded.data);
   requireFormulas(arguments, session.loaded.data);

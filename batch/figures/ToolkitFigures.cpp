@@ -32,12 +32,13 @@ constexpr std::array kFormats{
 
 }  // namespace
 
-FigureForm ToolkitFigures::formFor(const std::string& fileName) {
-  for (const Format& format : kFormats) {
-    if (equalIgnoringCase(GetExtensionName(fileName), format.extension))
-      return format.make(graphics_.letters());
+FigureForm ToolkitFigures::formFor(const std::string& fileName, const std::string& format) {
+  const std::string wanted = format.empty() ? GetExtensionName(fileName) : format;
+  for (const Format& known : kFormats) {
+    if (equalIgnoringCase(wanted, known.extension)) return known.make(graphics_.letters());
   }
-  throw UsageError(shownName(fileName) + ": si attende un nome .PNG, .SVG o .PDF");
+  if (!format.empty()) throw UsageError("--format: si attende png, svg o pdf");
+  throw UsageError(shownName(fileName) + ": si attende un nome .PNG, .SVG o .PDF, o --format");
 }
 
 }  // namespace vk

@@ -69,15 +69,24 @@ bool isOf(const Kind& kind, std::string_view bytes) {
          tail.find(kind.inside) != std::string_view::npos;
 }
 
-}  // namespace
-
-void refuseOtherKinds(std::string_view bytes) {
+const Kind* kindOf(std::string_view bytes) {
   const std::string_view mark = "\xEF\xBB\xBF";
   if (bytes.starts_with(mark)) bytes.remove_prefix(mark.size());
   bytes.remove_prefix(std::min(bytes.find_first_not_of(" \r\n"), bytes.size()));
-  for (const Kind& kind : kKinds) {
-    if (isOf(kind, bytes)) throw Refusal(std::string("sembra ") + kind.name + ": " + kind.wayOut);
-  }
+  const auto* kind = std::ranges::find_if(kKinds, [&](const Kind& k) { return isOf(k, bytes); });
+  return kind == kKinds.end() ? nullptr : kind;
+}
+
+}  // namespace
+
+std::string_view nameOfOtherKind(std::string_view bytes) {
+  const Kind* kind = kindOf(bytes);
+  return kind == nullptr ? "" : kind->name;
+}
+
+void refuseOtherKinds(std::string_view bytes) {
+  if (const Kind* kind = kindOf(bytes))
+    throw Refusal(std::string("sembra ") + kind->name + ": " + kind->wayOut);
 }
 
 }  // namespace vk

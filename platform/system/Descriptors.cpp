@@ -44,6 +44,12 @@ std::optional<int> descriptorOf(const std::string& path) {
   return std::nullopt;
 }
 
+std::string readFromDescriptor(int descriptor, std::size_t limit) {
+  const OpenFile file(descriptor);
+  if (!file.isOpen()) throw systemError(errno);
+  return file.readToEnd(limit);
+}
+
 void writeToDescriptor(int descriptor, std::string_view bytes) {
   OpenFile file(descriptor);
   if (!file.isOpen()) throw systemError(errno);

@@ -10,6 +10,10 @@ namespace vk {
 /// for any other path.
 std::optional<int> descriptorOf(const std::string& path);
 
+/// All bytes that are left of what the process has open under this number. A read that breaks off, or more than `limit`
+/// bytes, is run-time error 57.
+std::string readFromDescriptor(int descriptor, std::size_t limit);
+
 /// Writes to what the process has open under this number, where it stands: what was written before and what others
 /// write after stays. Errors as those of `writeSafely`.
 void writeToDescriptor(int descriptor, std::string_view bytes);

@@ -9,6 +9,7 @@
 #include <cerrno>
 
 #include "base/RuntimeError.h"
+#include "platform/system/SystemError.h"
 
 namespace vk {
 namespace {
@@ -52,7 +53,7 @@ std::string OpenFile::readToEnd(std::size_t limit) const {
     const ssize_t count = ::read(handle_, buffer.data(), buffer.size());
     if (count == 0) return bytes;
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) throw RuntimeError(kDeviceIoError);
+    if (count < 0) throw systemError(errno);
     bytes.append(buffer.data(), static_cast<std::size_t>(count));
     if (bytes.size() > limit) throw RuntimeError(kDeviceIoError);
   }

@@ -25,7 +25,7 @@ class OpenFile {
   /// Locks the file until it is closed. False when somebody else holds the lock.
   bool lock() const;
 
-  /// All bytes from here to the end. One that breaks off, or is longer than `limit`, is run-time error 57.
+  /// All bytes from here to the end. One that breaks off, or is longer than `limit`, is run-time error 57; a folder 75.
   std::string readToEnd(std::size_t limit) const;
 
   /// The number of the system's error, 0 when all bytes were taken.

@@ -15,6 +15,7 @@ RuntimeError systemError(int error) {
     case ELOOP:
       return RuntimeError(kPathAccessError, kAccessDenied);
     case EISDIR:
+      return RuntimeError(kPathAccessError, kIsFolder);
     case ETXTBSY:
     case ENAMETOOLONG:
       return RuntimeError(kPathAccessError);

@@ -53,7 +53,7 @@ std::string entryToRead(const std::string& path) {
     if (endsRefused(path)) throw RuntimeError(kPermissionDenied, kAccessDenied);
     throw RuntimeError(isFolder(findEntry(folderOf(path))) ? kFileNotFound : kPathNotFound);
   }
-  if (isFolder(entry)) throw RuntimeError(kPathAccessError);
+  if (isFolder(entry)) throw RuntimeError(kPathAccessError, kIsFolder);
   return entry;
 }
 
@@ -123,6 +123,7 @@ std::string SystemFiles::readAll(const std::string& path) {
 void SystemFiles::writeAll(const std::string& path, std::string_view bytes) {
   const std::string entry = resolveForWriting(path);
   if (refuses(entry)) throw RuntimeError(kDeviceIoError);
+  if (isFolder(entry)) throw RuntimeError(kPathAccessError, kIsFolder);
   const auto descriptor = streams_ == Streams::kTaken ? descriptorOf(entry) : std::nullopt;
   if (descriptor) return writeToDescriptor(*descriptor, bytes);
   writeSafely(entry, bytes);

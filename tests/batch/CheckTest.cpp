@@ -71,5 +71,52 @@ TEST(BatchCheck, WhatIsOddAboutAGoodFileIsAWarning) {
   EXPECT_EQ(run.errors, file + ": attenzione: dy nullo o negativo nel punto 2\n");
 }
 
+// What may stand in a file of each kind, and why it is no other.
+TEST(BatchCheck, TellsWhatAFileOfAnotherKindIs) {
+  const std::string image = "\x89PNG\r\n\x1A\n0", figure = "\\SIMBOLO(3,4)\r\n",
+                    data = "t\nV\n2\n1 2 .1\n3 4 .1\n", functions = "b,c\nb*x+c\nRetta\n";
+  struct Case {
+    const char* name;
+    std::string bytes;
+    const char *last, *told;  ///< the last line of the list, and why it is no figure
+  };
+  for (const Case& c : {
+           Case{"A.FCN", "", "il file e` vuoto", nullptr},
+           Case{"A.FCN", image, "sembra un'immagine", nullptr},
+           Case{"A.FCN", figure, "sembra un file grafico (.GRA)", nullptr},
+           Case{"A.FCN", data, "sembra un file dati (.DAT)", nullptr},
+           Case{"A.DAT", functions, "sembra un file funzioni (.FCN)", nullptr},
+           Case{"A.DAT", figure, "sembra un file grafico (.GRA)", nullptr},
+           Case{"A.GRA", "\r\n", nullptr, "il file e` vuoto"},
+           Case{"A.GRA", image, nullptr, "sembra un'immagine"},
+           Case{"A.GRA", "%PDF-1.4\n", nullptr, "sembra un documento PDF"},
+           Case{"A.GRA", data, nullptr, "sembra un file dati (.DAT)"},
+           Case{"A.GRA", functions, nullptr, "sembra un file funzioni (.FCN)"},
+           Case{"A.GRA", "% note\nuna nota\n", nullptr, "non contiene comandi"},
+       }) {
+    if (c.last != nullptr) {
+      EXPECT_EQ(lastLine(c.bytes, c.name), c.last);
+      continue;
+    }
+    const std::string file = temporaryFile(c.name, c.bytes), drawing = temporaryFile("OUT.svg", "old");
+    const std::string told = file + ": non e` un file grafico: " + c.told + "\n";
+    EXPECT_EQ(batch("check '" + file + "'").errors, told);
+    const BatchRun draw = batch("draw '" + file + "' --anyway -o '" + drawing + "'");
+    EXPECT_EQ(draw.exitCode, 2) << c.told;
+    EXPECT_EQ(draw.errors, told);
+    EXPECT_EQ(fileContent(drawing), "old");
+  }
+}
+
+TEST(BatchCheck, AFolderIsToldAsSuch) {
+  for (const char* words :
+       {"check tests", "check tests/", "draw tests -o x.svg", "fit tests --catalogue 1,2 --par b=1 --par c=0",
+        "import tests", "simulate --catalogue 1,2 --par b=1 --par c=0 -o tests"}) {
+    const BatchRun run = batch(words);
+    EXPECT_EQ(run.exitCode, 2) << words;
+    EXPECT_THAT(run.errors, HasSubstr(": e` una cartella\n")) << words;
+  }
+}
+
 }  // namespace
 }  // namespace vk

@@ -83,11 +83,11 @@ TEST(BatchPropagate, AFailedPropagationHasExitCodeOne) {
   const BatchRun flat = batch("propagate --catalogue 1,1 --par c=3 --json");
   EXPECT_EQ(flat.exitCode, 1);
   EXPECT_EQ(flat.errors,
-            "VOR_KEL: Errori nella Simulazione di Monte Carlo\nla funzione NON dipende dalle variabili\n");
+            "propagate: Errori nella Simulazione di Monte Carlo; la funzione NON dipende dalle variabili\n");
   EXPECT_THAT(flat.output, HasSubstr("\"status\": \"no_dependence\""));
   const BatchRun root = batch("propagate --function 'SQR(a)' --par a=0,1 --json");
   EXPECT_EQ(root.exitCode, 1);
-  EXPECT_EQ(root.errors, "VOR_KEL: Errori nel Calcolo delle Derivate Parziali\n");
+  EXPECT_EQ(root.errors, "propagate: Errori nel Calcolo delle Derivate Parziali\n");
   EXPECT_THAT(root.output, HasSubstr("\"value\": null"));
   EXPECT_THAT(root.output, HasSubstr("\"samples\": null"));
 }

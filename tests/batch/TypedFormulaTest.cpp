@@ -185,7 +185,7 @@ TEST(ConstantParameter, ThatTheFormulaLacksIsToldAndKept) {
   EXPECT_EQ(batch("fit " + pairOfPoints() + "--catalogue 1,2 --par b=1 --fixed c=1").errors, "");
   const BatchRun free = batch(fitOf("a*x") + "--par B=2");
   EXPECT_EQ(free.exitCode, 1);
-  EXPECT_THAT(free.errors, HasSubstr("un parametro variabile NON cambia i residui\n"));
+  EXPECT_THAT(free.errors, HasSubstr("il parametro B NON cambia i residui\n"));
 }
 
 }  // namespace

@@ -11,7 +11,9 @@
 #include <string>
 #include <vector>
 
+#include "batch/CatalogueCommand.h"
 #include "batch/CheckCommand.h"
+#include "batch/CompletionCommand.h"
 #include "batch/DrawCommand.h"
 #include "batch/EvalCommand.h"
 #include "batch/ExitCode.h"
@@ -238,9 +240,11 @@ Action addImport(CLI::App& import, Setup& setup) {
   setup.files.writes(
       import.add_option("-o,--output", args->output, "File dati da scrivere; per piu` tabelle una cartella"),
       "DAT");
-  import.add_option("--encoding", args->encoding, "Codifica dei caratteri, per esempio utf-8 o windows-1252");
-  import.add_option("--separator", args->separator, "Separatore: tab, spazio, ',', ';' o '|'");
-  import.add_option("--decimal", args->decimal, "Segno decimale: ',' o '.'");
+  import.add_option("--encoding", args->encoding, "Codifica dei caratteri, per esempio utf-8 o windows-1252")
+      ->type_name("utf-8|utf-16le|utf-16be|latin-1|windows-1252|cp437");
+  import.add_option("--separator", args->separator, "Separatore: tab, spazio, ',', ';' o '|'")
+      ->type_name("tab|virgola|punto-e-virgola|barra|spazio");
+  import.add_option("--decimal", args->decimal, "Segno decimale: ',' o '.'")->type_name("virgola|punto");
   import.add_option("--header", args->header, "Numero delle righe sopra i punti");
   import.add_option("--columns", args->columns, "x,y[,dx],dy: colonne da usare, per numero o nome");
   import.add_option("--dy", args->dy, "Errori di y: un valore, una percentuale (2%) o sqrt");
@@ -284,6 +288,16 @@ std::vector<std::string> commandLine(int argc, char** argv) {
   return words;
 }
 
+Action addCatalogue(CLI::App& catalogue, Setup&) {
+  auto json = std::make_shared<bool>(false);
+  addJson(catalogue, *json);
+  return [=] { return runCatalogue(*json); };
+}
+
+Action addCompletion(CLI::App& completion, Setup&) {
+  return [&completion] { return runCompletion(*completion.get_parent()); };
+}
+
 struct Command {
   const char *name, *help;
   Action (*add)(CLI::App& command, Setup& setup);  ///< adds its options
@@ -298,6 +312,9 @@ constexpr std::array kCommands{
     Command{"propagate", "Propaga gli errori attraverso una funzione, anche per simulazione", addPropagate},
     Command{"simulate", "Simula dati da una funzione e li adatta", addSimulate},
     Command{"transform", "Trasforma le colonne di un file dati con formule", addTransform},
+    Command{"catalogue", "Elenca le funzioni del catalogo", addCatalogue},
+    Command{"completion", "Stampa il completamento dei comandi per bash: source <(vor_kel_batch completion)",
+            addCompletion},
 };
 
 /// Takes what nobody wants to read.

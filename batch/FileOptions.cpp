@@ -9,7 +9,7 @@ namespace vk {
 namespace {
 
 CLI::Option* withEndings(CLI::Option* option, const std::string& endings) {
-  return option->type_name(endings.empty() ? "FILE" : "FILE." + endings);
+  return option->type_name(kFileType + (endings.empty() ? "" : "." + endings));
 }
 
 /// True when one of the options names the standard stream; more than one such name raises `UsageError`.
@@ -23,6 +23,12 @@ bool claimsStream(const std::vector<const CLI::Option*>& options, const char* tw
 }
 
 }  // namespace
+
+std::string endingsOf(const CLI::Option& option) {
+  const std::string type = option.get_type_name();
+  const auto point = type.find('.');
+  return point == std::string::npos ? "" : type.substr(point + 1);
+}
 
 CLI::Option* FileOptions::reads(CLI::Option* option, const std::string& endings) {
   read_.push_back(option);

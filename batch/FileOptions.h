@@ -6,6 +6,12 @@
 
 namespace vk {
 
+/// The type of such an option in the help, before its endings.
+inline constexpr const char* kFileType = "FILE";
+
+/// The endings of the files that an option names, as "PNG|SVG"; empty for any.
+std::string endingsOf(const CLI::Option& option);
+
 /// The options of a command line that name files. "-" is the standard stream.
 class FileOptions {
  public:

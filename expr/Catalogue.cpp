@@ -10,7 +10,6 @@ namespace {
 
 constexpr int kShownLength = 60;
 constexpr int kShownPart = 28;
-constexpr char kInnerMark = 'T';
 
 // The outer functions that the rules of the texts name.
 constexpr int kReciprocal = 3;

@@ -16,11 +16,15 @@ inline constexpr int kBuiltInInner = 5;
 /// The inner list never grows beyond this.
 inline constexpr int kMostInner = 9;
 
+/// What stands for the inner function in the formulas of the outer ones.
+inline constexpr char kInnerMark = 'T';
+
 /// One function of the catalogue.
 struct CatalogueEntry {
   std::string display;  ///< text of lists and reports, code page 437
-  std::string machine;  ///< formula of the expression language; for an outer function T stands for the inner
-  std::string names;    ///< parameter names, 5 characters each, right-aligned
+  std::string
+      machine;  ///< formula of the expression language; for an outer function with the mark of the inner
+  std::string names;          ///< parameter names, 5 characters each, right-aligned
   CompiledExpression code{};  ///< of a loaded function
 };
 

@@ -211,6 +211,17 @@ TEST(JsonSchema, RefusesBrokenObjects) {
   }
 }
 
+TEST(JsonSchema, HoldsForTheCatalogue) {
+  const Document catalogue = objectOf("catalogue");
+  ASSERT_EQ(catalogue["outer"].size(), 9u);
+  ASSERT_EQ(catalogue["inner"].size(), 5u);
+  EXPECT_EQ(catalogue["outer"][8], Document({{"number", 9},
+                                             {"function", "A exp[-Bx] sin(u)"},
+                                             {"formula", "A*EXP(-B*x)*SIN(u)"},
+                                             {"parameters", {"A", "B"}}}));
+  EXPECT_EQ(catalogue["inner"][2]["function"], "ax\u00B2+bx+c");
+}
+
 // ---- What else knows the keys and words
 
 TEST(JsonSchema, KnowsAllWords) {

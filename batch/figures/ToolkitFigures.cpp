@@ -11,12 +11,18 @@
 namespace vk {
 namespace {
 
-/// A form of a device, and the operation that gives its file.
-template <class FormDevice, auto bytes>
-FigureForm makeForm(QtLetters& letters) {
-  auto device = std::make_unique<FormDevice>(letters);
-  FormDevice* form = device.get();
-  return {std::move(device), [form] { return (form->*bytes)(); }};
+FigureForm makeImage(QtLetters& letters) {
+  auto device = std::make_unique<ImageDevice>(letters);
+  ImageDevice* form = device.get();
+  return {std::move(device), [form] { return form->png(); }};
+}
+
+/// A form of vectors, and the operation that gives its file.
+template <auto bytes>
+FigureForm makeVectors(QtLetters& letters) {
+  auto device = std::make_unique<VectorDevice>(letters);
+  const VectorDevice* form = device.get();
+  return {std::move(device), [form] { return (form->*bytes)({}); }};
 }
 
 struct Format {
@@ -25,9 +31,9 @@ struct Format {
 };
 
 constexpr std::array kFormats{
-    Format{"PNG", makeForm<ImageDevice, &ImageDevice::png>},
-    Format{"SVG", makeForm<VectorDevice, &VectorDevice::svg>},
-    Format{"PDF", makeForm<VectorDevice, &VectorDevice::pdf>},
+    Format{"PNG", makeImage},
+    Format{"SVG", makeVectors<&VectorDevice::svg>},
+    Format{"PDF", makeVectors<&VectorDevice::pdf>},
 };
 
 }  // namespace

@@ -46,7 +46,7 @@ std::string svgEscaped(std::string_view utf8) {
       result += "&lt;";
     } else if (c == '>') {
       result += "&gt;";
-    } else {
+    } else if (static_cast<unsigned char>(c) >= ' ') {
       result += c;
     }
   }

@@ -20,7 +20,7 @@ std::string svgColour(Colour color);
 /// An attribute with a blank before it; the value holds no mark-up.
 std::string svgAttribute(std::string_view name, std::string_view value);
 
-/// A text in UTF-8 as the content of an element.
+/// A text in UTF-8 as the content of an element, without control characters.
 std::string svgEscaped(std::string_view utf8);
 
 }  // namespace vk

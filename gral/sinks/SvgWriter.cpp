@@ -54,15 +54,31 @@ SvgWriter::SvgWriter(int pixelRatio, LetterMetrics& letters)
       path_(twipsPerPixel_),
       text_(letters) {}
 
-std::string SvgWriter::document() {
+std::string SvgWriter::document(const FigureSheet& sheet) {
   closeGroup();
+  const SheetSize size = sheet.sizeFor(size_);
+  const TwipPoint corner = -1 * sheet.cornerOf(size_);
   const auto points = [](double twips) { return svgNumber(twips / kTwipsPerPoint) + "pt"; };
-  return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\"" +
-         svgAttribute("width", points(size_.width)) + svgAttribute("height", points(size_.height)) +
-         svgAttribute("viewBox", "0 0 " + svgNumber(size_.width) + " " + svgNumber(size_.height)) +
-         svgAttribute("font-family", kFontFamily) +
-         " stroke-linecap=\"round\" stroke-linejoin=\"round\">\n<defs>\n" + definitions_ + "</defs>\n" +
-         body_ + "</svg>\n";
+  const std::string width = svgNumber(size.width), height = svgNumber(size.height);
+  const FigureWords& words = sheet.words;
+  std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\"" +
+                     svgAttribute("width", points(size.width)) + svgAttribute("height", points(size.height)) +
+                     svgAttribute("viewBox", place(corner) + " " + width + " " + height) +
+                     svgAttribute("font-family", kFontFamily) +
+                     " stroke-linecap=\"round\" stroke-linejoin=\"round\"" +
+                     (words.title.empty() ? "" : " role=\"img\"") + ">\n";
+  if (!words.title.empty()) text += "<title>" + svgEscaped(words.title) + "</title>\n";
+  if (!words.description.empty()) text += "<desc>" + svgEscaped(words.description) + "</desc>\n";
+  text += "<defs>\n" + definitions_ + "</defs>\n";
+  if (!sheet.transparent) {
+    text += "<rect" +
+            (corner == TwipPoint{}
+                 ? ""
+                 : svgAttribute("x", svgNumber(corner.x)) + svgAttribute("y", svgNumber(corner.y))) +
+            svgAttribute("width", width) + svgAttribute("height", height) +
+            svgAttribute("fill", svgColour(ground_)) + "/>\n";
+  }
+  return text + body_ + "</svg>\n";
 }
 
 // ---- State
@@ -75,9 +91,8 @@ void SvgWriter::clear(const SheetSize& size, Colour background) {
   text_.take();
   groupOpen_ = false;
   clip_.clear();
-  body_ = "<rect" + svgAttribute("width", svgNumber(size.width)) +
-          svgAttribute("height", svgNumber(size.height)) + svgAttribute("fill", svgColour(background)) +
-          "/>\n";
+  ground_ = background;
+  body_.clear();
 }
 
 void SvgWriter::pen(const Pen& pen) {

@@ -3,6 +3,7 @@
 #include <set>
 #include <string>
 
+#include "gral/FigureSheet.h"
 #include "gral/sinks/SvgPath.h"
 #include "gral/sinks/TextLine.h"
 
@@ -20,7 +21,7 @@ class SvgWriter : public DrawingSink {
   SvgWriter(int pixelRatio, LetterMetrics& letters);
 
   /// The document of what was drawn since the last `clear`. Nothing more can be drawn afterwards.
-  std::string document();
+  std::string document(const FigureSheet& sheet = {});
 
   void clear(const SheetSize& size, Colour background) override;
   void pen(const Pen& pen) override;
@@ -55,6 +56,7 @@ class SvgWriter : public DrawingSink {
   double twipsPerPixel_;
   LetterMetrics& letters_;
   SheetSize size_;
+  Colour ground_ = kWhite;
   std::string body_;
   std::string definitions_;
   std::set<std::string> defined_;

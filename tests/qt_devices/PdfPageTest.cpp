@@ -180,7 +180,7 @@ TEST_F(PdfPages, VeryManyFiguresTakeNoMoreRoomThanWithTheToolkitAndOnePage) {
 TEST_F(PdfPages, ToolkitDrawsAllWhereThePagesCannotBeJoined) {
   VectorDevice vectors(letters());
   drawOn(vectors, drawMarks);
-  PdfPage page(vectors.area(), VectorDevice::kPixelRatio, letters(),
+  PdfPage page(vectors.area(), VectorDevice::kPixelRatio, letters(), {},
                folder.filePath(QStringLiteral("missing")));
   replayAsVectors(vectors.list(), page, letters(), {VectorDevice::kPixelRatio, 1});
   const std::string found = page.document();

@@ -191,7 +191,13 @@ TEST_F(PlotWindowTest, CopyIsABitmapWithVectorsBesideIt) {
   const QImage image = QGuiApplication::clipboard()->image();
   EXPECT_EQ(image.size(), QSize(545, 381));
   EXPECT_EQ(image.pixelColor(250, 150), QColor(Qt::black));
-  EXPECT_TRUE(content->data("image/svg+xml").startsWith("<?xml"));
+  const QImage png = QImage::fromData(content->data("image/png"), "PNG");
+  EXPECT_EQ(png.convertToFormat(QImage::Format_RGB32), image.convertToFormat(QImage::Format_RGB32));
+  EXPECT_EQ(png.dotsPerMeterX(), qRound(96 / 0.0254));
+  const QByteArray svg = content->data("image/svg+xml");
+  EXPECT_TRUE(svg.startsWith("<?xml"));
+  EXPECT_TRUE(svg.contains("<title>" + window.windowTitle().toUtf8() + "</title>"));
+  EXPECT_TRUE(content->data("application/pdf").startsWith("%PDF-"));
 }
 
 TEST_F(PlotWindowTest, SvgHoldsOnlyWhatIsSeen) {

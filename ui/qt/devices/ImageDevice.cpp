@@ -1,9 +1,7 @@
 #include "ui/qt/devices/ImageDevice.h"
 
-#include <QBuffer>
-#include <QImage>
-
 #include "base/RuntimeError.h"
+#include "ui/qt/devices/PngFile.h"
 #include "ui/qt/devices/QtPicture.h"
 
 namespace vk {
@@ -28,16 +26,7 @@ std::string ImageDevice::png() {
 }
 
 std::string pngOf(const Picture& picture) {
-  QImage image = imageOf(picture).copy();
-  constexpr double kInchesPerMeter = 100 / kCmPerInch;
-  const int dotsPerMeter = static_cast<int>(kTwipsPerInch / picture.twipsPerPixel * kInchesPerMeter + 0.5);
-  image.setDotsPerMeterX(dotsPerMeter);
-  image.setDotsPerMeterY(dotsPerMeter);
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  image.save(&buffer, "PNG");
-  return bytes.toStdString();
+  return pngOf(imageOf(picture).copy(), kTwipsPerInch / picture.twipsPerPixel);
 }
 
 }  // namespace vk

@@ -61,7 +61,7 @@ void PainterSink::clear(const SheetSize& size, Colour background) {
   lines_ = QPainterPath();
   text_.take();
   showWholeArea();
-  painter_.fillRect(QRectF(0, 0, size.width, size.height), colorOf(background));
+  if (!groundKept_) painter_.fillRect(QRectF(0, 0, size.width, size.height), colorOf(background));
 }
 
 void PainterSink::pen(const Pen& pen) {

@@ -34,6 +34,8 @@ class PainterSink : public DrawingSink {
   /// Draws the picture again where its source is known, else copies its pixels.
   void picture(const Picture& picture, const TwipPoint& corner) override;
   void refresh() override {}
+  /// Leaves what is under the drawing: to clear it paints nothing.
+  void keepGround() { groundKept_ = true; }
   /// Draws what waits for more of its kind.
   void flush();
 
@@ -54,6 +56,7 @@ class PainterSink : public DrawingSink {
   double twipsPerPixel_;
   double twipsPerPenUnit_;
   QRectF area_;
+  bool groundKept_ = false;
   QPen pen_;
   Filling filling_;
   QPainterPath lines_;  ///< that wait for others with the same pen

@@ -3,9 +3,12 @@
 #include <QCoreApplication>
 #include <QLibrary>
 #include <QPageSize>
+#include <cmath>
 
 #include "base/RuntimeError.h"
 #include "gral/sinks/PdfContent.h"
+#include "gral/sinks/PdfFile.h"
+#include "gral/sinks/SvgMarkup.h"
 
 namespace vk {
 namespace {
@@ -13,33 +16,46 @@ namespace {
 /// From so many figures on it is worth to write them beside the toolkit.
 constexpr std::size_t kVeryMany = 1000;
 
+/// The toolkit has pages of whole points: on one that is asked for, the drawing is cut behind them.
+QSizeF pointsOf(const FigureSheet& sheet, const SheetSize& drawing) {
+  const SheetSize size = sheet.sizeFor(drawing);
+  const QSizeF points(size.width / kTwipsPerPoint, size.height / kTwipsPerPoint);
+  return sheet.size.width > 0 ? QSizeF(std::ceil(points.width()), std::ceil(points.height())) : points;
+}
+
 }  // namespace
 
 QString PdfPage::joiningLibrary() {
   return QCoreApplication::applicationDirPath() + QStringLiteral("/../lib/vor_kel/vor_pdf_pages");
 }
 
-PdfPage::PdfPage(const SheetSize& size, int pixelRatio, QtLetters& letters, const QString& library)
-    : pixelRatio_(pixelRatio), library_(library) {
+PdfPage::PdfPage(const SheetSize& drawing, int pixelRatio, QtLetters& letters, const FigureSheet& sheet,
+                 const QString& library)
+    : sheet_(sheet), corner_(sheet.cornerOf(drawing)), pixelRatio_(pixelRatio), library_(library) {
   buffer_.open(QIODevice::WriteOnly);
   writer_.setCreator(QStringLiteral("Vor_Kel"));
   writer_.setResolution(static_cast<int>(kTwipsPerInch));
   writer_.setPageMargins(QMarginsF(0, 0, 0, 0));
-  const QSizeF points(size.width / kTwipsPerPoint, size.height / kTwipsPerPoint);
-  writer_.setPageSize(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch));
+  writer_.setPageSize(
+      QPageSize(pointsOf(sheet, drawing), QPageSize::Point, QString(), QPageSize::ExactMatch));
   if (!painter_.begin(&writer_)) throw RuntimeError(kDeviceIoError);
+  painter_.translate(corner_.x, corner_.y);
   painted_.emplace(painter_, letters, kNominalTwipsPerPixel / pixelRatio, kNominalTwipsPerPixel);
+  if (sheet.transparent) painted_->keepGround();
 }
 
 std::string PdfPage::document() {
   drawWaiting();
   painted_.reset();
   painter_.end();
-  if (drawn_.layers.empty()) return bytes_.toStdString();
-  drawn_.file = {bytes_.constData(), static_cast<std::size_t>(bytes_.size())};
-  std::string result;
-  layOver_(drawn_, result);
-  return result;
+  std::string file = bytes_.toStdString();
+  dropCreationDate(file);
+  if (!drawn_.layers.empty()) {
+    const std::string pages = std::move(file);
+    drawn_.file = pages;
+    layOver_(drawn_, file);
+  }
+  return withSheet(std::move(file), sheet_);
 }
 
 // ---- Who draws what
@@ -95,7 +111,8 @@ void PdfPage::drawBeside() {
   content.pen(penBefore_);
   content.filling(fillingBefore_);
   waiting_.replay(content);
-  drawn_.layers.push_back(content.operators());
+  drawn_.layers.push_back("1 0 0 1 " + svgNumber(corner_.x) + " " + svgNumber(corner_.y) + " cm\n" +
+                          content.operators());
   for (std::string& object : content.objects()) drawn_.objects.push_back(std::move(object));
   painted_->flush();
   writer_.newPage();

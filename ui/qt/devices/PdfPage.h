@@ -5,13 +5,14 @@
 #include <QPdfWriter>
 #include <optional>
 
+#include "gral/FigureSheet.h"
 #include "gral/sinks/DisplayList.h"
 #include "ui/qt/devices/PainterSink.h"
 #include "ui/qt/devices/PdfLayers.h"
 
 namespace vk {
 
-/// A drawing as a PDF file with one page of its size.
+/// A drawing as a PDF file with one page, the same whenever it is made.
 ///
 /// The toolkit draws letters, pictures and what is little. It takes long over very many lines and marks, and writes
 /// each mark anew, so these are written beside it: what it draws before and after them are pages of its file, which
@@ -19,9 +20,10 @@ namespace vk {
 /// all.
 class PdfPage : public DrawingSink {
  public:
-  /// `pixelRatio` pixels of the drawing make a nominal one. The letters must outlive the page. `library` is the file
-  /// that exports `layOver`, without prefix and ending. A failure of the toolkit is run-time error 57.
-  PdfPage(const SheetSize& size, int pixelRatio, QtLetters& letters,
+  /// A drawing of this size, of which `pixelRatio` pixels make a nominal one. The letters must outlive the page.
+  /// `library` is the file that exports `layOver`, without prefix and ending. A failure of the toolkit is run-time
+  /// error 57.
+  PdfPage(const SheetSize& drawing, int pixelRatio, QtLetters& letters, const FigureSheet& sheet = {},
           const QString& library = joiningLibrary());
 
   /// The file. Nothing more can be drawn afterwards.
@@ -57,6 +59,8 @@ class PdfPage : public DrawingSink {
   bool canLayOver();
   void drawBeside();
 
+  FigureSheet sheet_;
+  TwipPoint corner_;  ///< of the drawing on the sheet
   int pixelRatio_;
   QByteArray bytes_;
   QBuffer buffer_{&bytes_};

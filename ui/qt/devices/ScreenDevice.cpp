@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/CodePage.h"
 #include "gral/sinks/FloodPictures.h"
-#include "ui/qt/devices/VectorDevice.h"
 
 namespace vk {
 namespace {
@@ -50,8 +50,20 @@ Picture ScreenDevice::image() {
   return picture;
 }
 
+DrawingFiles ScreenDevice::files() const {
+  return {list_, area(), pixelRatio_, fonts_};
+}
+
+FigureSheet ScreenDevice::sheet() const {
+  return {.words = {toUtf8(Caption(), CodePage::kWindows1252), {}}};
+}
+
 std::string ScreenDevice::svg() const {
-  return svgOf(list_, pixelRatio_, fonts_);
+  return files().svg(sheet());
+}
+
+std::string ScreenDevice::pdf() const {
+  return files().pdf(sheet());
 }
 
 // What was drawn before can no longer be seen.

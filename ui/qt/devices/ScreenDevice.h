@@ -6,7 +6,7 @@
 #include "gral/sinks/DisplayList.h"
 #include "gral/sinks/RasterSink.h"
 #include "gral/sinks/TeeSink.h"
-#include "ui/qt/devices/QtLetters.h"
+#include "ui/qt/devices/VectorDevice.h"
 
 namespace vk {
 
@@ -33,10 +33,13 @@ class ScreenDevice : private ScreenParts, private TeeSink, public Device {
   int reduction() const { return pixelRatio_ / screenRatio_; }
   int screenRatio() const { return screenRatio_; }
 
-  /// The picture as a file of the SVG format.
+  /// The picture as a file of the SVG format and of the PDF format, with its caption as the title.
   std::string svg() const;
+  std::string pdf() const;
 
  private:
+  DrawingFiles files() const;
+  FigureSheet sheet() const;
   void clear(const SheetSize& size, Colour background) override;
   void refresh() override;
   void formChanged() override;

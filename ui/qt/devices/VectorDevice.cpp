@@ -1,8 +1,13 @@
 #include "ui/qt/devices/VectorDevice.h"
 
+#include <QImage>
+#include <QPainter>
+#include <cmath>
+
 #include "gral/sinks/FloodPictures.h"
 #include "gral/sinks/SvgWriter.h"
 #include "ui/qt/devices/PdfPage.h"
+#include "ui/qt/devices/PngFile.h"
 
 namespace vk {
 
@@ -11,24 +16,55 @@ VectorDevice::VectorDevice(QtLetters& letters)
   Cls();
 }
 
-std::string VectorDevice::svg() const {
-  return svgOf(*this, kPixelRatio, fonts_);
+DrawingFiles VectorDevice::files() const {
+  return {*this, area(), kPixelRatio, fonts_};
 }
 
-std::string VectorDevice::pdf() const {
-  return pdfOf(*this, area(), kPixelRatio, fonts_);
+std::string VectorDevice::svg(const FigureSheet& sheet) const {
+  return files().svg(sheet);
 }
 
-std::string svgOf(const DisplayList& list, int pixelRatio, QtLetters& letters) {
+std::string VectorDevice::pdf(const FigureSheet& sheet) const {
+  return files().pdf(sheet);
+}
+
+std::string VectorDevice::png(const FigureSheet& sheet) const {
+  return files().png(sheet);
+}
+
+void DrawingFiles::drawOn(DrawingSink& sink) const {
+  replayAsVectors(list, sink, letters, {static_cast<double>(pixelRatio), 1});
+}
+
+std::string DrawingFiles::svg(const FigureSheet& sheet) const {
   SvgWriter writer(pixelRatio, letters);
-  replayAsVectors(list, writer, letters, {static_cast<double>(pixelRatio), 1});
-  return writer.document();
+  drawOn(writer);
+  return writer.document(sheet);
 }
 
-std::string pdfOf(const DisplayList& list, const SheetSize& size, int pixelRatio, QtLetters& letters) {
-  PdfPage page(size, pixelRatio, letters);
-  replayAsVectors(list, page, letters, {static_cast<double>(pixelRatio), 1});
+std::string DrawingFiles::pdf(const FigureSheet& sheet) const {
+  PdfPage page(size, pixelRatio, letters, sheet);
+  drawOn(page);
   return page.document();
+}
+
+std::string DrawingFiles::png(const FigureSheet& sheet) const {
+  const double pixelsPerTwip = sheet.dpi / kTwipsPerInch;
+  const SheetSize whole = sheet.sizeFor(size);
+  const auto pixels = [&](double twips) { return static_cast<int>(std::lround(twips * pixelsPerTwip)); };
+  QImage image(pixels(whole.width), pixels(whole.height), QImage::Format_ARGB32_Premultiplied);
+  image.fill(sheet.transparent ? Qt::transparent : Qt::white);
+  {
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(pixelsPerTwip, pixelsPerTwip);
+    const TwipPoint corner = sheet.cornerOf(size);
+    painter.translate(corner.x, corner.y);
+    PainterSink sink(painter, letters, kNominalTwipsPerPixel / pixelRatio, kNominalTwipsPerPixel);
+    sink.keepGround();
+    drawOn(sink);
+  }
+  return pngOf(sheet.transparent ? image : image.convertToFormat(QImage::Format_RGB32), sheet.dpi);
 }
 
 }  // namespace vk

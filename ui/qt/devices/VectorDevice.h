@@ -3,10 +3,13 @@
 #include <string>
 
 #include "gral/Device.h"
+#include "gral/FigureSheet.h"
 #include "gral/sinks/DisplayList.h"
 #include "ui/qt/devices/QtLetters.h"
 
 namespace vk {
+
+struct DrawingFiles;
 
 /// A form that keeps its drawing as lines and letters and gives it as files of vectors. Its pixels are
 /// twips.
@@ -17,18 +20,33 @@ class VectorDevice : private DisplayList, public Device {
   /// The letters must outlive the device.
   explicit VectorDevice(QtLetters& letters);
 
-  /// The drawing so far as a file of the SVG format, and of the PDF format with one page of its size.
-  std::string svg() const;
-  std::string pdf() const;
+  /// The drawing so far as a file of the SVG format, of the PDF format with one page, and as pixels of the PNG format,
+  /// smoothed.
+  std::string svg(const FigureSheet& sheet = {}) const;
+  std::string pdf(const FigureSheet& sheet = {}) const;
+  std::string png(const FigureSheet& sheet = {}) const;
 
   const DisplayList& list() const { return *this; }
 
  private:
+  DrawingFiles files() const;
+
   QtLetters& fonts_;
 };
 
-/// The drawing of a form as such files: its size, and `pixelRatio` pixels to the nominal one.
-std::string svgOf(const DisplayList& list, int pixelRatio, QtLetters& letters);
-std::string pdfOf(const DisplayList& list, const SheetSize& size, int pixelRatio, QtLetters& letters);
+/// The drawing of a form of a size, with `pixelRatio` pixels to the nominal one, as such files.
+struct DrawingFiles {
+  const DisplayList& list;
+  SheetSize size;
+  int pixelRatio;
+  QtLetters& letters;
+
+  std::string svg(const FigureSheet& sheet) const;
+  std::string pdf(const FigureSheet& sheet) const;
+  std::string png(const FigureSheet& sheet) const;
+
+ private:
+  void drawOn(DrawingSink& sink) const;
+};
 
 }  // namespace vk

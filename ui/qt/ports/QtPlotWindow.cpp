@@ -13,6 +13,7 @@
 #include <array>
 #include <cmath>
 
+#include "ui/qt/devices/ImageDevice.h"
 #include "ui/qt/devices/QtPicture.h"
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
@@ -125,7 +126,12 @@ void QtPlotWindow::copyPicture() {
   const Picture picture = device_.Image();
   auto* content = new QMimeData;  // the clipboard takes it over
   content->setImageData(imageOf(picture).copy());
-  content->setData(QStringLiteral("image/svg+xml"), QByteArray::fromStdString(device_.svg()));
+  const auto add = [content](const QString& format, const std::string& file) {
+    content->setData(format, QByteArray::fromStdString(file));
+  };
+  add(QStringLiteral("image/png"), pngOf(picture));
+  add(QStringLiteral("image/svg+xml"), device_.svg());
+  add(QStringLiteral("application/pdf"), device_.pdf());
   QGuiApplication::clipboard()->clear();
   QGuiApplication::clipboard()->setMimeData(content);
 }

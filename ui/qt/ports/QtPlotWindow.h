@@ -33,7 +33,7 @@ class QtPlotWindow : public QWidget, public PlotWindow {
 
   Device& device() override { return device_; }
   void setClickRoutine(std::function<void()> routine) override { click_ = std::move(routine); }
-  /// A bitmap, and beside it the same as SVG.
+  /// A bitmap in the pixels of the screen, and beside it the same as files: PNG, SVG, PDF.
   void copyPicture() override;
 
  protected:

@@ -58,6 +58,7 @@ extern "C" Q_DECL_EXPORT void layOver(const PdfLayers& drawn, std::string& resul
   QPDFWriter writer(file);
   writer.setOutputMemory();
   writer.setStreamDataMode(qpdf_s_preserve);
+  writer.setDeterministicID(true);
   writer.write();
   const auto buffer = writer.getBufferSharedPointer();
   result.assign(reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize());

@@ -26,7 +26,7 @@ class Histogram {
   }
 
   void mergeThinTails();
-  std::string lines() const;
+  std::string lines(std::optional<int> digits) const;
 
  private:
   int count() const { return bins_.McBinCount; }
@@ -66,7 +66,7 @@ void Histogram::mergeThinTails() {
 }
 
 /// The count of the bins that have hits, and a line for each of them.
-std::string Histogram::lines() const {
+std::string Histogram::lines(std::optional<int> digits) const {
   std::string points;
   int filled = 0;
   for (int b = 1; b <= count(); ++b) {
@@ -74,7 +74,7 @@ std::string Histogram::lines() const {
     if (h <= 0) continue;
     const double q = checked::divide(1, checked::finite(bins_.McSamples * BinWidths_[b]));
     for (const double number : {bins_.McBinCentre[b], h * q, std::sqrt(h) * q}) {
-      points += dataField(number, kMask);
+      points += digits ? dataField(number, *digits) : dataField(number, kMask);
     }
     points += kCrLf;
     ++filled;
@@ -84,11 +84,12 @@ std::string Histogram::lines() const {
 
 }  // namespace
 
-std::string monteCarloFileText(MonteCarloResult& histogram, const std::string& functionText) {
+std::string monteCarloFileText(MonteCarloResult& histogram, const std::string& functionText,
+                               std::optional<int> digits) {
   Histogram bins(histogram);
   bins.mergeThinTails();
   const std::string lineEnd(kCrLf);
-  return kTitleX + trim(functionText) + lineEnd + kTitleY + lineEnd + bins.lines();
+  return kTitleX + trim(functionText) + lineEnd + kTitleY + lineEnd + bins.lines(digits);
 }
 
 }  // namespace vk

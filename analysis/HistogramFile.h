@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "analysis/MonteCarloResult.h"
@@ -7,7 +8,8 @@
 namespace vk {
 
 /// Merges the thin bins at the tails of the histogram and gives it as a data file of a probability density with
-/// errors, CR LF line ends.
-std::string monteCarloFileText(MonteCarloResult& histogram, const std::string& functionText);
+/// errors, CR LF line ends; with 5 significant digits, unless others are wanted.
+std::string monteCarloFileText(MonteCarloResult& histogram, const std::string& functionText,
+                               std::optional<int> digits = std::nullopt);
 
 }  // namespace vk

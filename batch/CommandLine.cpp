@@ -39,6 +39,7 @@ constexpr const char* kJsonHelp = "Stampa il risultato come oggetto JSON";
 constexpr const char* kHelpHelp = "Mostra questo aiuto";
 constexpr const char* kTraceHelp = "Mostra anche quello che riferisce il compilatore delle formule";
 constexpr const char* kFormatHelp = "Formato del grafico, se il nome del file non lo dice";
+constexpr const char* kDigitsHelp = "Cifre significative dei dati scritti, da 1 a 17 (6)";
 constexpr const char* kSeedHelp = "Seme del generatore di numeri casuali";
 
 /// What a command runs once the command line is read.
@@ -108,7 +109,7 @@ void addJson(CLI::App& command, bool& json) {
 
 void addDataOutput(CLI::App& command, Setup& setup, std::string& file, std::optional<int>& digits) {
   setup.files.writes(command.add_option("-o,--output", file, "Scrive i dati in questo file"), "DAT");
-  command.add_option("--digits", digits, "Cifre significative dei dati scritti, da 1 a 17 (6)");
+  command.add_option("--digits", digits, kDigitsHelp);
 }
 
 /// The forms of a fit; one at most.
@@ -162,8 +163,11 @@ Action addFit(CLI::App& fit, Setup& setup) {
                           ->type_name("68|95");
   fit.add_flag("--prediction", args->figures.prediction, "Anche la banda di previsione di un'altra misura")
       ->needs(band);
-  setup.files.writes(fit.add_option("--differences", args->figures.differences, "Differenze dati-funzione"),
-                     "DAT");
+  CLI::Option* differences =
+      fit.add_option("--differences", args->figures.differences, "Differenze dati-funzione");
+  setup.files.writes(differences, "DAT");
+  fit.add_option("--digits", args->figures.digits, "Cifre significative delle differenze, da 1 a 17 (6)")
+      ->needs(differences);
   return [=, &setup] {
     args->parameters = start();
     args->derived = derive->results();
@@ -182,8 +186,11 @@ Action addPropagate(CLI::App& propagate, Setup& setup) {
                            "Valori, errori e correlazioni dei parametri da un risultato di fit --json"),
       "JSON");
   propagate.add_option("--seed", args->seed, kSeedHelp);
-  setup.files.writes(
-      propagate.add_option("--histogram", args->histogramFile, "Scrive l'istogramma come file dati"), "DAT");
+  CLI::Option* histogram =
+      propagate.add_option("--histogram", args->histogramFile, "Scrive l'istogramma come file dati");
+  setup.files.writes(histogram, "DAT");
+  propagate.add_option("--digits", args->digits, "Cifre significative dell'istogramma, da 1 a 17 (5)")
+      ->needs(histogram);
   addJson(propagate, args->json);
   return [=] {
     for (const std::string& word : par->results()) args->variables.push_back(parseValueWithError(word));
@@ -248,6 +255,7 @@ Action addImport(CLI::App& import, Setup& setup) {
   import.add_option("--header", args->header, "Numero delle righe sopra i punti");
   import.add_option("--columns", args->columns, "x,y[,dx],dy: colonne da usare, per numero o nome");
   import.add_option("--dy", args->dy, "Errori di y: un valore, una percentuale (2%) o sqrt");
+  import.add_option("--digits", args->digits, kDigitsHelp);
   import.add_option("--every", args->every, "Tiene un punto ogni tanti");
   import.add_option("--average", args->average, "Sostituisce tanti punti con la loro media");
   import.add_flag("--preview", args->preview, "Mostra i primi dieci punti e non scrive nulla");

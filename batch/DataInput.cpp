@@ -32,12 +32,16 @@ int dataDigits(const std::optional<int>& wanted) {
   return digits;
 }
 
+void tellLostDigits(const std::string& fileName, const DataSet& data, const std::optional<int>& digits) {
+  if (digits || !losesDigits(data)) return;
+  std::clog << shownName(fileName) << ": dati arrotondati a " << kDataDigits
+            << " cifre (--digits ne scrive fino a " << kMostDataDigits << ")\n";
+}
+
 void writeData(Files& files, const std::string& fileName, const DataSet& data,
                const std::optional<int>& digits) {
   writeFile(files, fileName, dataFileText(data, dataDigits(digits)));
-  if (!digits && losesDigits(data))
-    std::clog << shownName(fileName) << ": dati arrotondati a " << kDataDigits
-              << " cifre (--digits ne scrive fino a " << kMostDataDigits << ")\n";
+  tellLostDigits(fileName, data, digits);
 }
 
 }  // namespace vk

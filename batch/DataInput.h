@@ -23,7 +23,10 @@ void writeFile(Files& files, const std::string& fileName, const std::string& byt
 /// data files have as a rule.
 int dataDigits(const std::optional<int>& wanted);
 
-/// Writes data as `writeFile` does. Where nobody chose the digits and some are lost, that is told on the error stream.
+/// Where nobody chose the digits of written data and some are lost, that is told.
+void tellLostDigits(const std::string& fileName, const DataSet& data, const std::optional<int>& digits);
+
+/// Writes data as `writeFile` does, and tells lost digits.
 void writeData(Files& files, const std::string& fileName, const DataSet& data,
                const std::optional<int>& digits);
 

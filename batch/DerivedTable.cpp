@@ -30,6 +30,12 @@ Formula compiled(const std::string& word, const std::string& text, const Paramet
   return formula;
 }
 
+/// Also the letters beyond ASCII, which no formula could use.
+bool beginsAName(char c) {
+  constexpr int kHighCodes = 0x80;
+  return isLetter(c) || code(c) >= kHighCodes;
+}
+
 std::string numberText(const std::optional<double>& number) {
   return number ? FormatMask(*number, kNumberMask) : kNoError;
 }
@@ -40,6 +46,8 @@ DerivedTable::DerivedTable(const std::vector<std::string>& words, const Paramete
   for (const std::string& word : words) {
     const NamedText given = parseNamedText(word, "NOME=FORMULA");
     Row row{textOfWord(given.name), textOfWord(given.text), {}, {}};
+    if (!beginsAName(row.name.front()))
+      throw UsageError("\"" + word + "\": un nome comincia con una lettera");
     const auto same = [&](const Row& before) { return before.name == row.name; };
     if (std::ranges::any_of(rows_, same))
       throw UsageError(terminalText(row.name) + ": formula data piu` di una volta");

@@ -51,6 +51,7 @@ void drawFigure(Session& session, int kind, Device& page, EvaluationListener& li
 }
 
 FitFigures::FitFigures(const WantedFigures& wanted, FigureMaker* maker) : wanted_(wanted) {
+  dataDigits(wanted.digits);
   if (wanted.figure.empty()) {
     form_.device = std::make_unique<ObserverDevice>();
   } else {
@@ -79,6 +80,7 @@ bool FitFigures::writeFunction(Session& session, EvaluationListener& listener) {
 bool FitFigures::writeDifferences(Session& session, EvaluationListener& listener) const {
   if (wanted_.differences.empty()) return true;
   ObserverDevice page;
+  session.figures.DiffDigits = wanted_.digits;
   drawFigure(session, kDifferencesFigure, page, listener);
   if (!isComplete(session.figures.DiffText)) return false;
   TerminalFiles files;

@@ -20,12 +20,13 @@ struct BandWish {
 struct WantedFigures {
   bool any() const { return !figure.empty() || !graphicFile.empty() || !differences.empty(); }
 
-  std::string figure;       ///< data and function, drawn
-  std::string format;       ///< of that drawing where its name does not tell it
-  std::string graphicFile;  ///< the same as a graphic file
-  std::string differences;  ///< differences of data and function, as a data file
-  std::string band;         ///< "68" or "95", per cent of the band about the function; empty without one
-  bool prediction = false;  ///< also the band of a further measurement
+  std::string figure;         ///< data and function, drawn
+  std::string format;         ///< of that drawing where its name does not tell it
+  std::string graphicFile;    ///< the same as a graphic file
+  std::string differences;    ///< differences of data and function, as a data file
+  std::optional<int> digits;  ///< of the differences; by default those that they have
+  std::string band;           ///< "68" or "95", per cent of the band about the function; empty without one
+  bool prediction = false;    ///< also the band of a further measurement
 };
 
 /// The band that is asked for. Another word, and a band without a figure that could show it, raise `UsageError`.

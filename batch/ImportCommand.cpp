@@ -138,9 +138,9 @@ void tellLeftOut(const std::string& name, const std::vector<LeftOutLine>& lines)
 }
 
 /// The titles and the first ten points.
-std::string previewOf(const DataSet& data) {
+std::string previewOf(const DataSet& data, int digits) {
   constexpr int kShown = 13;
-  const std::string text = dataFileText(data);
+  const std::string text = dataFileText(data, digits);
   std::string shown;
   TextLines lines(text);
   for (int i = 0; i < kShown; ++i) {
@@ -150,18 +150,20 @@ std::string previewOf(const DataSet& data) {
 }
 
 void importFile(Files& files, const std::string& file, const std::string& output,
-                const ForeignOptions& options, bool preview) {
+                const ForeignOptions& options, const ImportArguments& arguments) {
   std::string bytes;
   usingFile(file, [&] { bytes = files.readAll(file); });
   const ForeignReading reading = readForeign(bytes, options);
   const std::string name = shownName(file);
   if (!reading.refusal.empty()) throw UsageError(name + ": " + shownName(reading.refusal));
-  const bool unchanged = reading.isDataFile && !options.changesPoints();
-  const std::string text = preview ? previewOf(reading.data) : unchanged ? bytes : dataFileText(reading.data);
-  if (output.empty()) {
-    std::cout << terminalFile(text);
+  const int digits = dataDigits(arguments.digits);
+  const bool unchanged = reading.isDataFile && !options.changesPoints() && !arguments.digits;
+  if (arguments.preview) {
+    std::cout << terminalFile(previewOf(reading.data, digits));
   } else {
-    writeFile(files, output, text);
+    const std::string text = unchanged ? bytes : dataFileText(reading.data, digits);
+    output.empty() ? void(std::cout << terminalFile(text)) : writeFile(files, output, text);
+    if (!unchanged) tellLostDigits(output.empty() ? file : output, reading.data, arguments.digits);
   }
   tellLeftOut(name, reading.leftOut);
   std::clog << name << ": " << descriptionOf(reading) << '\n';
@@ -170,13 +172,14 @@ void importFile(Files& files, const std::string& file, const std::string& output
 }  // namespace
 
 int runImport(const ImportArguments& arguments) {
+  dataDigits(arguments.digits);
   const ForeignOptions options = optionsOf(arguments);
   TerminalFiles files;
   const std::vector<std::string> outputs = outputsOf(arguments, files);
   int code = kExitDone;
   for (std::size_t i = 0; i < outputs.size(); ++i) {
     try {
-      importFile(files, arguments.files[i], outputs[i], options, arguments.preview);
+      importFile(files, arguments.files[i], outputs[i], options, arguments);
     } catch (const UsageError& error) {
       std::cerr << error.what() << '\n';
       code = kExitBadInput;

@@ -95,6 +95,7 @@ EnteredValue parseValueWithError(const std::string& argument) {
 }
 
 int runPropagate(const PropagateArguments& arguments) {
+  dataDigits(arguments.digits);
   Session session;
   TerminalFiles files;
   SystemRandom random;
@@ -118,7 +119,8 @@ int runPropagate(const PropagateArguments& arguments) {
   }
   if (!completed) return kExitFailed;
   if (!arguments.histogramFile.empty()) {
-    writeFile(files, arguments.histogramFile, monteCarloFileText(result.histogram, functionText));
+    writeFile(files, arguments.histogramFile,
+              monteCarloFileText(result.histogram, functionText, arguments.digits));
   }
   return kExitDone;
 }

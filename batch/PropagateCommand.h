@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,7 @@ struct PropagateArguments {
       variables;              ///< independent ones; with a formula also its parameters, in their order
   std::string seed;           ///< empty for the time of day
   std::string histogramFile;  ///< where the histogram goes as a data file; empty for nowhere
+  std::optional<int> digits;  ///< of the histogram; by default those that it has
   bool json = false;
 };
 

@@ -21,7 +21,8 @@ FigureSource sourceOf(const Session& session, Model& model, int kind) {
           .expression = ComposeFunctionText(session.loaded.catalogue, session.analysis.fun),
           .model = model,
           .parameters = session.analysis.par,
-          .band = session.figures.band ? &*session.figures.band : nullptr};
+          .band = session.figures.band ? &*session.figures.band : nullptr,
+          .digits = session.figures.DiffDigits};
 }
 
 void openFigure(Session& session, Device& form, GralCls& drawing, int kind) {

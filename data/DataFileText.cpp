@@ -36,16 +36,14 @@ std::string sixDigits(double value) {
   return field;
 }
 
-/// As the mask of points has it, with another number of digits.
-std::string pointField(double value, int digits) {
-  if (digits == kDataDigits || !std::isfinite(value)) return sixDigits(value);
-  // Rounded to few digits the largest numbers would be none any more.
-  const double bound = digits < kMostDataDigits ? kLargestWritten : std::numeric_limits<double>::max();
-  value = std::clamp(value, -bound, bound);
-  auto [text, exponent] = decimalDigits(value, digits);
-  if (digits > 1) text.insert(1, ".");
-  const bool isZero = value == 0;
-  return (value < 0 ? " -" : "  ") + text + exponentText(isZero ? 0 : exponent - 1) + " ";
+/// True when six digits bring a number back: its shortest text tells, but for an exponent of three digits.
+bool comesBack(double value) {
+  constexpr std::ptrdiff_t kLongest = 11;  // "d.ddddde+dd"
+  std::array<char, 32> digits{};
+  char* const end =
+      std::to_chars(digits.begin(), digits.end(), std::fabs(value), std::chars_format::scientific).ptr;
+  if (end - digits.begin() > 4 && end[-4] == 'e') return end - digits.begin() <= kLongest;
+  return scanNumber(dataField(value, kDataDigits)) == value;
 }
 
 }  // namespace
@@ -68,6 +66,17 @@ std::string dataField(double value, const NumberMask& mask) {
   return inMask(text.starts_with('.') ? "0" + text : text, mask);
 }
 
+std::string dataField(double value, int digits) {
+  if (digits == kDataDigits || !std::isfinite(value)) return sixDigits(value);
+  // Rounded to few digits the largest numbers would be none any more.
+  const double bound = digits < kMostDataDigits ? kLargestWritten : std::numeric_limits<double>::max();
+  value = std::clamp(value, -bound, bound);
+  auto [text, exponent] = decimalDigits(value, digits);
+  if (digits > 1) text.insert(1, ".");
+  const bool isZero = value == 0;
+  return (value < 0 ? " -" : "  ") + text + exponentText(isZero ? 0 : exponent - 1) + " ";
+}
+
 std::string dataFileText(const DataSet& data, int digits) {
   const std::string lineEnd(kCrLf);
   const bool hasXErrors = data.kXpntErr != kFalse;
@@ -75,15 +84,14 @@ std::string dataFileText(const DataSet& data, int digits) {
                      utf8OfFigureText(dataTitle(data.TitleY)) + lineEnd + signedText(data.NumPnt) +
                      (hasXErrors ? " 1" : "") + lineEnd;
   for (int i = 1; i <= data.NumPnt; ++i) {
-    text += pointField(data.Xpnt[i], digits) + pointField(data.Ypnt[i], digits);
-    if (hasXErrors) text += pointField(data.ErrXpnt[i], digits);
-    text += pointField(data.ErrYpnt[i], digits) + lineEnd;
+    text += dataField(data.Xpnt[i], digits) + dataField(data.Ypnt[i], digits);
+    if (hasXErrors) text += dataField(data.ErrXpnt[i], digits);
+    text += dataField(data.ErrYpnt[i], digits) + lineEnd;
   }
   return text;
 }
 
 bool losesDigits(const DataSet& data) {
-  const auto comesBack = [](double value) { return scanNumber(pointField(value, kDataDigits)) == value; };
   for (const Array<double>* column : {&data.Xpnt, &data.Ypnt, &data.ErrXpnt, &data.ErrYpnt}) {
     if (!std::ranges::all_of(column->span(1, data.NumPnt), comesBack)) return true;
   }

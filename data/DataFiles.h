@@ -49,6 +49,9 @@ std::string dataTitle(std::string_view text);
 /// place, so that every finite number can be read back.
 std::string dataField(double value, const NumberMask& mask);
 
+/// A number of a data file with 1 to 17 significant digits, between blanks.
+std::string dataField(double value, int digits);
+
 /// Significant digits of the numbers of a data file, unless more or fewer are wanted.
 inline constexpr int kDataDigits = 6;
 /// So many bring every number back exactly.

@@ -209,10 +209,11 @@ void FigureDrawing::drawDifferences() {
     drawing_.PlotData(data_.Xpnt, data_.ErrXpnt, values_.differences, errors, data_.NumPnt, false, false,
                       false);
   });
+  const auto field = [this](double value) {
+    return source_.digits ? dataField(value, *source_.digits) : dataField(value, kNumberMask);
+  };
   for (int i = 1; i <= data_.NumPnt; ++i) {
-    differencesFile_ << dataField(data_.Xpnt[i], kNumberMask) + " " +
-                            dataField(values_.differences[i], kNumberMask) + " " +
-                            dataField(errors[i], kNumberMask);
+    differencesFile_ << field(data_.Xpnt[i]) + " " + field(values_.differences[i]) + " " + field(errors[i]);
   }
 }
 

@@ -30,6 +30,7 @@ struct FigureSource {
   Model& model;
   const ParameterSet& parameters;
   const CurveBand* band = nullptr;  ///< about the function, where it is asked for
+  std::optional<int> digits{};      ///< of the differences file, where others than its own are wanted
 };
 
 /// A function over the range of x: points 0..segments.

@@ -162,14 +162,4 @@ std::optional<double> cellNumber(std::string_view cell, const Dialect& dialect) 
   return numberIn(plainNumber(cell, dialect));
 }
 
-std::size_t significantDigits(std::string_view cell) {
-  std::size_t digits = 0, needed = 0;
-  for (const char c : cell.substr(0, cell.find_first_of("EeDd"))) {
-    if (!isDigit(c) || (c == '0' && digits == 0)) continue;
-    ++digits;
-    if (c != '0') needed = digits;
-  }
-  return needed;
-}
-
 }  // namespace vk

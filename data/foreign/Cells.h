@@ -33,7 +33,4 @@ std::string cellText(std::string_view cell);
 /// for any other cell.
 std::optional<double> cellNumber(std::string_view cell, const Dialect& dialect);
 
-/// How many digits a number needs, as it is written in a cell: without zeros at its ends, and without its exponent.
-std::size_t significantDigits(std::string_view cell);
-
 }  // namespace vk

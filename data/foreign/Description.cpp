@@ -67,7 +67,6 @@ std::string descriptionOf(const ForeignReading& reading) {
   if (!reading.leftOut.empty())
     text += ", " + counted(reading.leftOut.size(), "riga tralasciata", "righe tralasciate");
   if (reading.errorsMissing) text += "; errori assenti: dy = 1";
-  if (reading.losesDigits) text += "; cifre oltre la sesta arrotondate";
   return text;
 }
 

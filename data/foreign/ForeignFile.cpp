@@ -93,8 +93,6 @@ class Reader {
   }
 
  private:
-  static constexpr std::size_t kDigits = 6;  // of the numbers of data files
-
   /// The lines that may hold points.
   Lines belowHeader(Lines lines) const {
     const int header = options_.headerLines.value_or(0);
@@ -182,8 +180,6 @@ class Reader {
   void note(std::string_view cell) {
     if (!reading_.hasDecimals)
       reading_.hasDecimals = cell.find(reading_.dialect.decimal) != std::string_view::npos;
-    if (!reading_.losesDigits)
-      reading_.losesDigits = cell.size() > kDigits && significantDigits(cell) > kDigits;
   }
 
   void keep(const std::array<double, 4>& values) {

@@ -46,7 +46,6 @@ struct ForeignReading {
   Encoding encoding = Encoding::kAscii;
   Dialect dialect;
   bool hasDecimals = false;    ///< some number has the decimal sign
-  bool losesDigits = false;    ///< some number has more digits than are written
   bool mixedLineEnds = false;  ///< the lines do not end as those of data files, all with CR LF or all with LF
   ForeignHeader header;
   bool counted = false;  ///< the last line of the header is a count of points

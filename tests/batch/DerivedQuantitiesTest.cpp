@@ -81,6 +81,7 @@ TEST(BatchDerive, WhatIsWrongIsToldBeforeTheFit) {
   const std::pair<const char*, const char*> cases[] = {
       {"T", "\"T\": si attende NOME=FORMULA\n"},
       {"=k", "\"=k\": si attende NOME=FORMULA\n"},
+      {"5=A", "\"5=A\": un nome comincia con una lettera\n"},
       {"a b=k", "\"a b=k\": si attende NOME=FORMULA\n"},
       {"T=", "\n^ manca un valore\n"},
       {"T=LOG(2)/q", "LOG(2)/q\n       ^ \"q\" non e` definita\n"},

@@ -4,6 +4,7 @@
 namespace vk {
 namespace {
 
+using ::testing::ContainsRegex;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
@@ -321,7 +322,47 @@ TEST(BatchDigits, LostOnesAreToldOnceUnlessTheyWereChosen) {
   EXPECT_EQ(batch("transform '" + data + "' -o '" + out + "'").errors, "");
 }
 
+TEST(BatchDigits, OfAnImportAreLostOrChosenAsThoseOfOtherData) {
+  const std::string table = temporaryFile("T.CSV", "a,b,c\n1,2.3456789,0.1\n2,3.5,0.1\n");
+  const std::string out = temporaryFile("T.DAT", "");
+  const std::string words = "import '" + table + "'", output = words + " -o '" + out + "'";
+  const std::string lost = ": dati arrotondati a 6 cifre (--digits ne scrive fino a 17)\n";
+  const std::string taken =
+      table + ": ASCII, separatore ',', punto decimale, 1 riga di intestazione, colonne 1, 2 e 3, 2 punti\n";
+  EXPECT_EQ(batch(output).errors, out + lost + taken);
+  EXPECT_THAT(fileContent(out), HasSubstr("2.34568E+00"));
+  EXPECT_EQ(batch(words).errors, table + lost + taken);
+  EXPECT_EQ(batch(words + " --preview").errors, taken);
+  EXPECT_EQ(batch(output + " --digits 8").errors, taken);
+  EXPECT_THAT(fileContent(out), HasSubstr("2.3456789E+00"));
+  // A data file stays as it is, unless digits are chosen.
+  EXPECT_THAT(batch("import '" + out + "'").output, HasSubstr("2.3456789E+00"));
+  EXPECT_THAT(batch("import '" + out + "' --digits 2").output, HasSubstr("2.3E+00"));
+}
+
+TEST(BatchDigits, OfDifferencesAndHistogramsCanBeChosen) {
+  const std::string out = temporaryFile("OUT.DAT", "");
+  const std::string fit =
+      "fit examples/ohm.dat --catalogue 1,2 --par b=1 --par c=1 --differences '" + out + "'";
+  EXPECT_EQ(batch(fit + " --digits 17").exitCode, 0);
+  EXPECT_THAT(fileContent(out),
+              ContainsRegex("\r\n  [0-9][.][0-9]{16}E[-+][0-9]{2} +-?[0-9][.][0-9]{16}E[-+][0-9]{2} "));
+  EXPECT_EQ(batch("check '" + out + "'").exitCode, 0);
+  const std::string propagate = "propagate --function a*2 --par a=5,0.1 --seed 1 --histogram '" + out + "'";
+  EXPECT_EQ(batch(propagate + " --digits 3").exitCode, 0);
+  EXPECT_THAT(fileContent(out),
+              ContainsRegex("\r\n  [0-9][.][0-9]{2}E[-+][0-9]{2} +[0-9][.][0-9]{2}E[-+][0-9]{2} "));
+  EXPECT_EQ(batch("check '" + out + "'").exitCode, 0);
+}
+
 TEST(BatchDigits, GoFromOneToSeventeen) {
+  const std::string fit = "fit examples/ohm.dat --catalogue 1,2 --par b=1 --par c=1 --digits ";
+  EXPECT_THAT(batch(fit + "3").errors, StartsWith("--digits richiede --differences\n"));
+  for (const std::string& words :
+       {fit + "0 --differences /nowhere/d.dat", std::string("import examples/ohm.dat --digits 18"),
+        std::string("propagate --function a --par a=1,.1 --histogram /nowhere/h.dat --digits -1")}) {
+    EXPECT_EQ(batch(words).errors, "--digits: si attende un numero da 1 a 17\n") << words;
+  }
   const std::string data = temporaryFile("A.DAT", "x\r\ny\r\n 2\r\n1 2 .5\r\n2 3 .5\r\n");
   const std::string simulate = "simulate --catalogue 1,2 --par b=2 --par c=1 --seed 1";
   for (const std::string& words : {"transform '" + data + "'", simulate}) {

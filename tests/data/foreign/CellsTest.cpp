@@ -60,13 +60,5 @@ TEST(Cells, GroupsOfThreeDigitsMayBeSetApart) {
   EXPECT_EQ(cellNumber("12 345", {',', '.'}), std::nullopt);
 }
 
-TEST(Cells, DigitsThatANumberNeedsAreCounted) {
-  EXPECT_EQ(significantDigits("-0.001230"), 3U);
-  EXPECT_EQ(significantDigits("1.234.567,5"), 8U);
-  EXPECT_EQ(significantDigits("1200000"), 2U);
-  EXPECT_EQ(significantDigits("1.5E-100"), 2U);
-  EXPECT_EQ(significantDigits("0"), 0U);
-}
-
 }  // namespace
 }  // namespace vk

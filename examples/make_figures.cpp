@@ -36,7 +36,7 @@ std::string withDifferences(std::string text, const std::string& fileName) {
 
 void makeFigures(const ExampleFit& example, const std::string& folder) {
   TerminalFiles files;
-  TerminalDialogs dialogs;
+  TerminalDialogs dialogs("make_figures");
   Session session;
   prepareExample(session, files, example);
   ExhaustedBox listener(dialogs);

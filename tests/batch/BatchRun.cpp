@@ -49,4 +49,14 @@ BatchRun batch(const std::string& words, const std::string& piped, const std::st
   return {WEXITSTATUS(status), output.empty() ? fileContent(out) : "", fileContent(err)};
 }
 
+BatchRun shell(std::string line) {
+  const std::string program = "'" + builtPath("batch/vor_kel_batch") + "' ";
+  for (std::size_t at = 0; (at = line.find("VOR ", at)) != std::string::npos;) line.replace(at, 4, program);
+  const std::string script = temporaryFile("script", "cd '" + sourcePath("") + "'\n" + line + "\n");
+  const std::string out = temporaryFile("out", ""), err = temporaryFile("err", "");
+  const int status =
+      std::system(("bash '" + script + "' > '" + out + "' 2> '" + err + "' < /dev/null").c_str());
+  return {WEXITSTATUS(status), fileContent(out), fileContent(err)};
+}
+
 }  // namespace vk

@@ -16,6 +16,9 @@ struct BatchRun {
 /// `output`, what is printed goes to that file.
 BatchRun batch(const std::string& words, const std::string& piped = "", const std::string& output = "");
 
+/// Runs a line of bash from the root of the sources, with nothing on standard input; "VOR" in it is the program.
+BatchRun shell(std::string line);
+
 /// A file of the test's own with this content; gives its path.
 std::string temporaryFile(const std::string& name, const std::string& content);
 

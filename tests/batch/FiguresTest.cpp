@@ -194,5 +194,28 @@ TEST(BatchFit, AWrongEndingOfAFigureIsToldBeforeTheFit) {
   EXPECT_EQ(run.errors, "out.gif: si attende un nome .PNG, .SVG o .PDF, o --format\n");
 }
 
+// What the toolkit misses around it is nothing that a user could mend.
+TEST(BatchDraw, SaysNothingOfItsSurroundings) {
+  const BatchRun run = shell(
+      "cd examples; env -i LC_ALL=it_IT.UTF-8 HOME=/nonexistent "
+      "QT_DEBUG_PLUGINS=1 "
+      "VOR draw sheet.gra -o - --format svg");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.errors, "");
+  EXPECT_THAT(run.output, HasSubstr("</svg>"));
+}
+
+TEST(BatchDraw, TheFormatStandsInTheNameOrInAnOption) {
+  const std::string figure = temporaryFile("A.GRA", "\\SIMBOLO(3,4)\r\n"), odd = freshPath("figure");
+  EXPECT_EQ(batch("draw '" + figure + "' -o -").errors,
+            "-: si attende un nome .PNG, .SVG o .PDF, o --format\n");
+  EXPECT_EQ(batch("draw '" + figure + "' -o x --format gif").errors, "--format: si attende png, svg o pdf\n");
+  EXPECT_EQ(batch("draw '" + figure + "' -o '" + odd + "' --format PDF").errors, "");
+  EXPECT_THAT(fileContent(odd), StartsWith("%PDF-"));
+  const BatchRun fit = batch(std::string(kOhm) + "--figure - --format png");
+  EXPECT_THAT(fit.output, StartsWith(kPngStart));
+  EXPECT_THAT(fit.errors, HasSubstr("Completata"));
+}
+
 }  // namespace
 }  // namespace vk

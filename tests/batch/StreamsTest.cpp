@@ -1,27 +1,11 @@
-#include <sys/wait.h>
-
-#include <cstdlib>
 #include <sstream>
 
 #include "batch/BatchRun.h"
-#include "doubles/Places.h"
 
 namespace vk {
 namespace {
 
 using ::testing::HasSubstr;
-
-const std::string kProgram = "'" + builtPath("batch/vor_kel_batch") + "' ";
-
-/// Runs a line of the shell from the root of the sources; "VOR" in it is the program.
-BatchRun shell(std::string line) {
-  for (std::size_t at = 0; (at = line.find("VOR ", at)) != std::string::npos;) line.replace(at, 4, kProgram);
-  const std::string script = temporaryFile("script", "cd '" + sourcePath("") + "'\n" + line + "\n");
-  const std::string out = temporaryFile("out", ""), err = temporaryFile("err", "");
-  const int status =
-      std::system(("bash '" + script + "' > '" + out + "' 2> '" + err + "' < /dev/null").c_str());
-  return {WEXITSTATUS(status), fileContent(out), fileContent(err)};
-}
 
 /// The text with "#" for the name of a file where a line begins or ends with it.
 std::string withoutName(const std::string& text, const std::string& name) {

@@ -1,5 +1,6 @@
 #include "data/ErrorList.h"
 
+#include "base/NumberMasks.h"
 #include "base/Text.h"
 
 namespace vk {
@@ -14,6 +15,12 @@ std::string ErrorList::text() const {
   if (count_ <= kMostEntries) return entries_;
   const std::string others = std::to_string(count_ - kMostEntries);
   return entries_ + "***ERR. ... e altri " + others + " errori" + std::string(kCrLf);
+}
+
+std::string lineError(int line, std::string_view text, const std::string& reason, std::size_t token) {
+  const std::string place = token == 0 ? "" : "; Dato " + std::to_string(token);
+  return "***ERR. Linea " + FormatPattern(line, "####") + place + ": " + std::string(text) +
+         std::string(kCrLf) + reason;
 }
 
 }  // namespace vk

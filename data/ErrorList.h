@@ -22,4 +22,11 @@ class ErrorList {
   int count_ = 0;
 };
 
+/// What is said of a token that is none.
+inline constexpr const char* kNoNumber = "   Dato NON numerico";
+
+/// An entry for a line of a file by its number, perhaps for one of its tokens, from 1: what stands there, and on a line
+/// of its own what is wrong with it.
+std::string lineError(int line, std::string_view text, const std::string& reason, std::size_t token = 0);
+
 }  // namespace vk

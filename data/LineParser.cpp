@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "base/Guard.h"
-#include "base/NumberMasks.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
@@ -61,12 +60,11 @@ class LineParser {
     return std::move(reading_);
   }
 
-  void reportLine(std::string_view text, const std::string& reason, const std::string& place = {}) {
-    errors_.add("***ERR. Linea " + FormatPattern(number_, "####") + place + ": " + std::string(text) +
-                std::string(kCrLf) + reason);
+  void reportLine(std::string_view text, const std::string& reason) {
+    errors_.add(lineError(number_, text, reason));
   }
   void reportToken(std::size_t index, std::string_view token) {
-    reportLine(token, "   Dato NON numerico", "; Dato " + std::to_string(index));
+    errors_.add(lineError(number_, token, kNoNumber, index));
   }
   void close(const char* line) { reading_.errors.append(line).append(kCrLf); }
 

@@ -33,6 +33,10 @@ constexpr std::array kCommands{
     GraphicCommand{"CHIAVE", "xy", 0, kFigureText, &GraphicRun::addKey},
     GraphicCommand{"BANDA", "", 0, kPlain, &GraphicRun::fillBand},
     GraphicCommand{"RIQUADRO", "", 3, kNone, &GraphicRun::frameBox},
+    GraphicCommand{"CONTORNI", "", 3, kPlain, &GraphicRun::drawContourLines},
+    GraphicCommand{"RIQUADRO3D", ".....", 2, kPlain, &GraphicRun::drawSpaceFrame},
+    GraphicCommand{"SUPERFICIE", ".....", 2, kPlain, &GraphicRun::drawSurface},
+    GraphicCommand{"COLONNE", ".....", 1, kPlain, &GraphicRun::drawColumns},
 };
 
 }  // namespace

@@ -10,9 +10,12 @@
 
 #include "data/DataSet.h"
 #include "data/ErrorList.h"
+#include "data/GridFile.h"
 #include "expr/Formula.h"
+#include "grafile/GridLevels.h"
 #include "grafile/NamedParameters.h"
 #include "grafile/PlotBox.h"
+#include "grafile/SpaceFigure.h"
 #include "gral/Plotting.h"
 #include "numeric/Fault.h"
 #include "platform/Files.h"
@@ -50,6 +53,9 @@ class GraphicRun {
   /// The messages of the lines that failed, CR LF ended.
   std::string errors() const { return errors_.text(); }
 
+  /// What is drawn and shows something else than people think, CR LF ended lines.
+  std::string warnings() const { return warnings_.text(); }
+
   /// The last line drew a function that has no value at the last of its points.
   bool lastPointFailed() const { return lastPointFailed_; }
 
@@ -79,6 +85,10 @@ class GraphicRun {
   void addKey(const CommandFields& fields);
   void fillBand(const CommandFields& fields);
   void frameBox(const CommandFields& fields);
+  void drawContourLines(const CommandFields& fields);
+  void drawSpaceFrame(const CommandFields& fields);
+  void drawSurface(const CommandFields& fields);
+  void drawColumns(const CommandFields& fields);
 
  private:
   void runLine(const std::string& line);
@@ -92,6 +102,12 @@ class GraphicRun {
   std::optional<FormulaCurve> sampleFinely(const std::string& text);
   void fillBetween(const Array<double>& x, const Array<double>& low, const Array<double>& high,
                    const std::string& described);
+  std::optional<Grid> readGrid(const std::string& text);
+  std::vector<double> levelsOf(const std::string& text, int count, const HeightRange& range) const;
+  static SpaceView viewOf(const CommandFields& fields);
+  template <class Draw>
+  void drawInSpace(const char* command, const SpaceView& view, const Grid& grid, Draw draw);
+  void warn(const std::string& command, const SpaceView& view, const char* what);
   bool isNarrow(char axis) const { return axis == 'x' ? xNarrow_ : axis == 'y' && yNarrow_; }
   void keepDoubles(std::string_view kinds, CommandFields& fields) const;
 
@@ -109,7 +125,7 @@ class GraphicRun {
   std::string xLegend_, yLegend_;
   double FunXMin_ = 0, FunXMax_ = 0;
   std::string failure_;  // of the present line; empty while it is good
-  ErrorList errors_;
+  ErrorList errors_, warnings_;
   bool lastPointFailed_ = false;
 };
 

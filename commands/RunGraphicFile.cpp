@@ -39,8 +39,9 @@ void RunGraphicFile(Session& session, Ports& ports, const std::string& fileName,
     // Each line clears the register; a file without any leaves what stood in it.
     if (!text.empty()) session.ErrFlag = toFlag(run.lastPointFailed());
     // QUIRK: a function that cannot be computed at its last point, drawn by the last line, opens an empty list.
-    const bool wrong = !run.errors().empty() || session.ErrFlag != 0;
-    if (wrong && session.settings.ShowErrors != kFalse) showErrors(ports.output, run.errors(), onPrinter);
+    const std::string told = run.errors() + run.warnings();
+    const bool wrong = !told.empty() || session.ErrFlag != 0;
+    if (wrong && session.settings.ShowErrors != kFalse) showErrors(ports.output, told, onPrinter);
     drawing.GralGrEnd();
   } catch (...) {
     drawing.GralGrAbort();

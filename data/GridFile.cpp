@@ -6,11 +6,13 @@
 #include <utility>
 #include <vector>
 
+#include "base/FileText.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "data/DataFiles.h"
 #include "data/ErrorList.h"
+#include "data/FigureText.h"
 
 namespace vk {
 namespace {
@@ -43,16 +45,18 @@ std::optional<int> sideIn(std::string_view token) {
 /// One reading of the lines of a grid file.
 class GridParser {
  public:
-  GridReading parse(std::string_view text) {
-    TextLines lines(text);
+  explicit GridParser(std::string_view bytes) : file_(bytes) {}
+
+  GridReading parse() {
+    TextLines lines(file_.text());
     while (const auto line = lines.next()) {
       ++number_;
       if (isComment(*line)) continue;
       take(*line);
       // Without its counts nothing can be said of the lines behind them.
-      if (significant_ == kCounts && nx_ == 0) return {errors_.text(), {}};
+      if (significant_ == kCounts && nx_ == 0) return {file_.gridText(errors_.text()), {}};
     }
-    std::string errors = errors_.text();
+    std::string errors = file_.gridText(errors_.text());
     if (significant_ < kPlacesY) {
       errors += "***ERR. un File Griglia DEVE Contenere 3 Titoli, nx e ny, le x, le y e le righe di z\r\n";
     } else if (rows_ != ny_) {
@@ -68,7 +72,7 @@ class GridParser {
     ++significant_;
     std::string* const titles[] = {&grid_.titleX, &grid_.titleY, &grid_.titleZ};
     if (significant_ <= kTitles) {
-      *titles[significant_ - 1] = dataTitle(TranslateDosText(line));
+      *titles[significant_ - 1] = dataTitle(figureText(file_, line));
     } else if (significant_ == kCounts) {
       takeCounts(line);
     } else if (significant_ == kPlacesX) {
@@ -133,6 +137,7 @@ class GridParser {
     errors_.add(lineError(number_, shortened(line, kShownLength), reason));
   }
 
+  FileText file_;
   int number_ = 0;       // of the line, comments included
   int significant_ = 0;  // lines so far that are no comments
   int nx_ = 0, ny_ = 0, rows_ = 0;
@@ -142,8 +147,8 @@ class GridParser {
 
 }  // namespace
 
-GridReading parseGrid(std::string_view text) {
-  return GridParser().parse(text);
+GridReading parseGrid(std::string_view bytes) {
+  return GridParser(bytes).parse();
 }
 
 }  // namespace vk

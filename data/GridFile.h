@@ -28,7 +28,7 @@ struct GridReading {
 /// A side of a grid has at most so many points, and at least two.
 inline constexpr int kMostGridPoints = 500;
 
-/// Checks every line of the text of a grid file and takes it when all are good.
-GridReading parseGrid(std::string_view text);
+/// Checks every line of a grid file and takes it when all are good.
+GridReading parseGrid(std::string_view bytes);
 
 }  // namespace vk

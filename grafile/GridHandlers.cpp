@@ -48,7 +48,7 @@ std::vector<double> GraphicRun::levelsOf(const std::string& text, int count, con
     require(level.has_value());
     levels.push_back(*level);
   }
-  require(static_cast<int>(levels.size()) <= kMostLevels);
+  require(!levels.empty() && static_cast<int>(levels.size()) <= kMostLevels);
   std::ranges::sort(levels);
   const auto [twice, end] = std::ranges::unique(levels);
   levels.erase(twice, end);
@@ -56,9 +56,12 @@ std::vector<double> GraphicRun::levelsOf(const std::string& text, int count, con
 }
 
 void GraphicRun::warn(const std::string& command, const SpaceView& view, const char* what) {
-  warnings_.add("*** " + command + " con theta = " + generalText(view.theta) +
-                " e phi = " + generalText(view.phi) + ": " + what +
-                " (meglio theta = " + generalText(kGoodTheta) + " e phi = " + generalText(kGoodPhi) + ")");
+  const auto angles = [](double theta, double phi) {
+    return "theta = " + generalText(theta) + " e phi = " + generalText(phi);
+  };
+  const std::string better = angles(kGoodTheta, kGoodPhi), present = angles(view.theta, view.phi);
+  warnings_.add("*** " + command + " con " + present + ": " + what +
+                (present == better ? "" : " (meglio " + better + ")"));
 }
 
 void GraphicRun::drawContourLines(const CommandFields& fields) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "base/CheckedMath.h"
 #include "base/Length.h"
@@ -18,7 +19,7 @@ namespace {
 
 constexpr double kPageMargin = 2.5;                                   // cm, where labels have their place
 constexpr double kSpaceTick = 0.5, kLabelGap = 0.3, kTitleGap = 0.6;  // cm
-constexpr double kLabelPoints = 14, kAxisTitlePoints = 16;
+constexpr double kLeastPoints = 8, kMostPoints = 14, kPointsPerCm = 1.4, kTitlePointsPerLabel = 1.15;
 constexpr double kCmOfPoint = 2.54 / 72, kCapitalHeight = 0.75;
 constexpr int kHeightIntervals = 5, kMostIntervals = 6;
 
@@ -54,6 +55,13 @@ Array<float> hsbOf(Colour colour) {
   hsb[2] = single(room > 0 ? span / room : 0);
   hsb[3] = single(brightness);
   return hsb;
+}
+
+/// The ends of a side in cm, with room for labels where it is that of the page.
+std::pair<double, double> roomOf(const PlotSide& side, double page) {
+  const double low = std::min(side.fromCm, side.toCm), high = std::max(side.fromCm, side.toCm);
+  const double margin = low == 0 && high == page ? kPageMargin : 0;
+  return {low + margin, high - margin};
 }
 
 /// A zonotope of three edges: the outline of a box.
@@ -99,6 +107,7 @@ SpaceFigure::SpaceFigure(GralCls& drawing, const PlotBox& plot, const SpaceView&
     view_.zTo = std::ceil(high / step) * step;
   }
   place();
+  labelPoints_ = std::clamp(kPointsPerCm * place_.Vx, kLeastPoints, kMostPoints);
   // The library keeps distances in user units from the box, which are to be centimetres.
   drawing.GralXMap(plot.x.fromCm, plot.x.toCm, plot.x.fromCm, plot.x.toCm);
   drawing.GralYMap(plot.y.fromCm, plot.y.toCm, plot.y.fromCm, plot.y.toCm);
@@ -109,7 +118,7 @@ SpaceFigure::~SpaceFigure() {
   drawing_.GralYMap(plot_.y.fromCm, plot_.y.toCm, plot_.y.from, plot_.y.to);
 }
 
-/// Finds the box that is as large as the plot box and the page allow, in its middle.
+/// Finds the box that is as large as the plot box allows, in its middle.
 void SpaceFigure::place() {
   const BoxProjection box({0, 0, view_.theta, view_.phi, 1, 1, view_.height});
   UsrPoint low = box.corner, high = box.corner;
@@ -117,12 +126,8 @@ void SpaceFigure::place() {
     low = low + UsrPoint{std::min(edge.x, 0.0), std::min(edge.y, 0.0)};
     high = high + UsrPoint{std::max(edge.x, 0.0), std::max(edge.y, 0.0)};
   }
-  const auto within = [](const PlotSide& side, double page) {
-    return std::pair(std::max(std::min(side.fromCm, side.toCm), kPageMargin),
-                     std::min(std::max(side.fromCm, side.toCm), page - kPageMargin));
-  };
-  const auto [left, right] = within(plot_.x, static_cast<double>(drawing_.XrLog));
-  const auto [bottom, top] = within(plot_.y, static_cast<double>(drawing_.YtLog));
+  const auto [left, right] = roomOf(plot_.x, drawing_.XrLog);
+  const auto [bottom, top] = roomOf(plot_.y, drawing_.YtLog);
   const double size = std::min((right - left) / (high.x - low.x), (top - bottom) / (high.y - low.y));
   if (!(size > 0)) throw RuntimeError(kInvalidCall);
   const UsrPoint middle = 0.5 * size * (low + high);
@@ -146,7 +151,7 @@ bool SpaceFigure::hidesRightly() const {
 
 double SpaceFigure::widthOf(const std::string& text) const {
   const SavedDrawing saved(*drawing_.GralDev);
-  drawing_.GralDev->setFontSize(kLabelPoints);
+  drawing_.GralDev->setFontSize(labelPoints_);
   std::string plain;
   for (const MarkupLetter& letter : readMarkup(text)) plain += letter.character;
   return drawing_.GralDev->TextWidth(plain) / kTwipsPerPoint * kCmOfPoint;
@@ -185,15 +190,15 @@ void SpaceFigure::addLabels(std::vector<Label>& labels, const Ticks& ticks, cons
   double reach = 0;
   for (int k = 1; k <= ticks.at.upper(); ++k) {
     const double share = static_cast<double>(ticks.at[k]) / ticks.length;
-    labels.push_back({clear + share * edge, place, 0, kLabelPoints, ticks.texts[k - 1], true});
+    labels.push_back({clear + share * edge, place, 0, labelPoints_, ticks.texts[k - 1], true});
     for (const UsrPoint& corner : cornersOf(labels.back()))
       reach = std::max(reach, dot(normal, corner - begin));
   }
   double slope = std::atan2(edge.y, edge.x) / BoxProjection::kRadians;
   if (slope > kUpright) slope -= 180;
   if (slope < kUpright - 180) slope += 180;
-  labels.push_back({begin + 0.5 * edge + (reach + kTitleGap) * normal, 1, toInt32(slope), kAxisTitlePoints,
-                    ticks.title, false});
+  labels.push_back({begin + 0.5 * edge + (reach + kTitleGap) * normal, 1, toInt32(slope),
+                    kTitlePointsPerLabel * labelPoints_, ticks.title, false});
 }
 
 /// The corners of a text that is not turned.

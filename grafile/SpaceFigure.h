@@ -63,6 +63,7 @@ class SpaceFigure {
   SpaceView view_;
   const Grid& grid_;
   BoxView place_{};
+  double labelPoints_;
 };
 
 }  // namespace vk

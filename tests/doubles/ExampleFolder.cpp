@@ -12,7 +12,7 @@ std::map<std::string, std::string> exampleFiles() {
   std::map<std::string, std::string> content;
   for (const auto& entry : std::filesystem::directory_iterator(sourcePath("examples"))) {
     const std::string extension = entry.path().extension();
-    if (extension != ".dat" && extension != ".fcn" && extension != ".gra") continue;
+    if (extension != ".dat" && extension != ".fcn" && extension != ".gra" && extension != ".grd") continue;
     content[entry.path().filename()] = disk.readAll(entry.path());
   }
   return content;

@@ -8,12 +8,13 @@ TEST_F(GraphicCommandsTest, TheTableHasEveryCommandOfTheLanguage) {
     const char* name;
     int numeric, integer;
   };
-  const Row rows[] = {{"PARAMETRI", 0, 0},    {"XLOG", 0, 0},       {"YLOG", 0, 0},     {"XSCALA", 4, 0},
-                      {"YSCALA", 4, 0},       {"AREA", 4, 0},       {"LINEA", 4, 0},    {"XASSE", 5, 1},
-                      {"YASSE", 5, 1},        {"XLEGENDA", 0, 0},   {"YLEGENDA", 0, 0}, {"SCRIVI", 2, 3},
-                      {"TIPO_SIMBOLO", 1, 1}, {"TIPO_LINEA", 1, 1}, {"SIMBOLO", 2, 0},  {"DATI", 0, 0},
-                      {"SPEZZATA", 0, 0},     {"CURVA", 0, 0},      {"FUNZIONE", 0, 0}, {"COLORE", 0, 0},
-                      {"TITOLO", 0, 0},       {"CHIAVE", 2, 0},     {"BANDA", 0, 0},    {"RIQUADRO", 0, 3}};
+  const Row rows[] = {{"PARAMETRI", 0, 0},    {"XLOG", 0, 0},       {"YLOG", 0, 0},       {"XSCALA", 4, 0},
+                      {"YSCALA", 4, 0},       {"AREA", 4, 0},       {"LINEA", 4, 0},      {"XASSE", 5, 1},
+                      {"YASSE", 5, 1},        {"XLEGENDA", 0, 0},   {"YLEGENDA", 0, 0},   {"SCRIVI", 2, 3},
+                      {"TIPO_SIMBOLO", 1, 1}, {"TIPO_LINEA", 1, 1}, {"SIMBOLO", 2, 0},    {"DATI", 0, 0},
+                      {"SPEZZATA", 0, 0},     {"CURVA", 0, 0},      {"FUNZIONE", 0, 0},   {"COLORE", 0, 0},
+                      {"TITOLO", 0, 0},       {"CHIAVE", 2, 0},     {"BANDA", 0, 0},      {"RIQUADRO", 0, 3},
+                      {"CONTORNI", 0, 3},     {"RIQUADRO3D", 5, 2}, {"SUPERFICIE", 5, 2}, {"COLONNE", 5, 1}};
   ASSERT_EQ(graphicCommands().size(), std::size(rows));
   std::size_t i = 0;
   for (const Row& row : rows) {

@@ -55,7 +55,8 @@ class FormatsPage : public FigureFixture {
 TEST_F(FormatsPage, HasExamplesOfEachKind) {
   EXPECT_EQ(of("dat").size(), 1U);
   EXPECT_EQ(of("fcn").size(), 1U);
-  EXPECT_EQ(of("gra").size(), 4U);
+  EXPECT_EQ(of("gra").size(), 5U);
+  EXPECT_EQ(of("grd").size(), 1U);
   EXPECT_EQ(of("errors").size(), 1U);
 }
 
@@ -122,6 +123,15 @@ TEST_F(FormatsPage, TheFigureWithABandHasItsParts) {
   };
   EXPECT_LT(place("fill "), place("polyline "));
   EXPECT_NE(place("polyline "), drawn.end());
+}
+
+TEST_F(FormatsPage, TheGridIsDrawnAsContoursAndInSpace) {
+  const GridReading read = parseGrid(files.content.at("sella.grd"));
+  EXPECT_EQ(read.errors, "");
+  EXPECT_EQ(read.grid.z(5, 2), 3.75);
+  const auto drawn = run(files.content.at("sella.gra"));
+  EXPECT_TRUE(output.requests.empty()) << output.request().text.bytes();
+  EXPECT_TRUE(contains(drawn, "fill "));
 }
 
 TEST_F(FormatsPage, TheFileWithErrorsGivesItsList) {

@@ -121,6 +121,7 @@ TEST(BatchStreams, WhatIsWrongWithAStreamIsTold) {
   for (const Case& c : {
            Case{"VOR transform examples/ohm.dat -o - > /dev/full", "-: Disco pieno\n", 2},
            Case{"VOR transform examples/ohm.dat -o - >&-", "-: Errore di I/O della periferica\n", 2},
+           Case{"VOR transform examples/ohm.dat --json -o - > /dev/null 2>&-", "", 0},
            Case{"VOR transform - <&-", "-: Errore di I/O della periferica\n", 2},
            Case{"VOR transform - < tests", "-: e` una cartella\n", 2},
            Case{"VOR check - < /dev/null", "-: il file contiene errori\n", 2},

@@ -306,6 +306,8 @@ Action addCompletion(CLI::App& completion, Setup&) {
   return [&completion] { return runCompletion(*completion.get_parent()); };
 }
 
+constexpr const char* kCompletion = "completion";
+
 struct Command {
   const char *name, *help;
   Action (*add)(CLI::App& command, Setup& setup);  ///< adds its options
@@ -321,7 +323,7 @@ constexpr std::array kCommands{
     Command{"simulate", "Simula dati da una funzione e li adatta", addSimulate},
     Command{"transform", "Trasforma le colonne di un file dati con formule", addTransform},
     Command{"catalogue", "Elenca le funzioni del catalogo", addCatalogue},
-    Command{"completion", "Stampa il completamento dei comandi per bash: source <(vor_kel_batch completion)",
+    Command{kCompletion, "Stampa il completamento dei comandi per bash: source <(vor_kel_batch completion)",
             addCompletion},
 };
 
@@ -342,6 +344,13 @@ void addCommon(CLI::App& command) {
   command.add_flag_callback("--quiet", silenceNotes, "Nessuna nota: soltanto gli errori");
 }
 
+/// True for a command that may be meant. To make the options of the others would take a good part of a short run; only the
+/// completion needs them all.
+bool isNamed(const std::vector<std::string>& words, const std::string& command) {
+  return std::ranges::any_of(words,
+                             [&](const std::string& word) { return word == command || word == kCompletion; });
+}
+
 /// Runs the command that the words name; `name` becomes its name.
 int run(std::vector<std::string> words, Setup setup, std::string& name) {
   CLI::App app("Vor_Kel da terminale: analisi di dati misurati", kProgramName);
@@ -352,8 +361,10 @@ int run(std::vector<std::string> words, Setup setup, std::string& name) {
   std::map<const CLI::App*, Action> actions;
   for (const Command& entry : kCommands) {
     CLI::App* command = app.add_subcommand(entry.name, entry.help);
-    actions[command] = entry.add(*command, setup);
-    addCommon(*command);
+    if (isNamed(words, entry.name)) {
+      actions[command] = entry.add(*command, setup);
+      addCommon(*command);
+    }
     nameGroups(*command);
   }
   try {

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/CheckedMath.h"
+#include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "data/DataFiles.h"
@@ -89,7 +90,8 @@ std::string monteCarloFileText(MonteCarloResult& histogram, const std::string& f
   Histogram bins(histogram);
   bins.mergeThinTails();
   const std::string lineEnd(kCrLf);
-  return kTitleX + trim(functionText) + lineEnd + kTitleY + lineEnd + bins.lines(digits);
+  return kTitleX + toUtf8(trim(functionText), CodePage::kCp437) + lineEnd + kTitleY + lineEnd +
+         bins.lines(digits);
 }
 
 }  // namespace vk

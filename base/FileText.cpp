@@ -19,7 +19,7 @@ struct Replacement {
 
 // What is typed where there is no key for a sign.
 constexpr std::array kTyped{
-    Replacement{U'\u00B3', "^3"}, Replacement{U'\u00B9', "^1"},  Replacement{U'\u00D7', "x"},
+    Replacement{U'\u00B3', "^3"}, Replacement{U'\u00B9', "^1"},  Replacement{U'\u00D7', "*"},
     Replacement{U'\u207B', "^-"}, Replacement{U'\u20AC', "EUR"}, Replacement{U'\u2013', "-"},
     Replacement{U'\u2014', "-"},  Replacement{U'\u2212', "-"},   Replacement{U'\u201C', "\""},
     Replacement{U'\u201D', "\""}, Replacement{U'\u2018', "'"},   Replacement{U'\u2019', "'"},

@@ -4,6 +4,7 @@
 #include <array>
 #include <iostream>
 
+#include "base/FileText.h"
 #include "base/Text.h"
 #include "batch/DataInput.h"
 #include "batch/DrawCommand.h"
@@ -71,6 +72,11 @@ Findings checkFigure(const std::string& fileName, const std::string& bytes) {
   return {{errors.empty(), errors}, {}, {}};
 }
 
+std::string signWarning(int line) {
+  return "linea " + std::to_string(line) +
+         ": un byte non e` UTF-8: il testo e` letto con la tabella dei codici 437";
+}
+
 /// By kinds of file.
 constexpr std::array<Checker, 3> kCheckers{checkData, checkFunctions, checkFigure};
 
@@ -90,6 +96,7 @@ int runCheck(const std::string& fileName) {
   usingFile(fileName, [&] {
     const std::string bytes = TerminalFiles().readAll(fileName);
     found = kCheckers.at(static_cast<std::size_t>(kindOf(fileName, bytes)))(fileName, bytes);
+    if (const int line = FileText(bytes).lineOfSign(); line != 0) found.warnings.push_back(signWarning(line));
   });
   const std::string name = shownName(fileName);
   for (const std::string& warning : found.warnings) std::clog << warningLine(fileName, warning);

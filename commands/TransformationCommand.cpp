@@ -4,6 +4,7 @@
 #include "commands/DisplayRefresh.h"
 #include "commands/ExhaustedBox.h"
 #include "commands/FormDescription.h"
+#include "data/FigureText.h"
 
 namespace vk {
 namespace {
@@ -38,11 +39,21 @@ void addField(InputTables& form, int i, const std::string& prompt, const std::st
                  .value = value});
 }
 
+/// A title as its field shows it.
+std::string titleField(const std::string& title) {
+  return gridTextOfUtf8(utf8OfFigureText(title));
+}
+
+/// The title of a field. One that was not touched keeps the letters that the field cannot show.
+std::string enteredTitle(const Cp437Text& field, const std::string& title) {
+  return field.bytes() == titleField(title) ? title : figureTextOfUtf8(toUtf8(field));
+}
+
 void describeFields(InputTables& form, const DataSet& data) {
   const int count = 5 - data.kXpntErr;
   describeFieldCount(form, count);
-  addField(form, 1, kLegendX, data.TitleX, kTextKind);
-  addField(form, 2, kLegendY, data.TitleY, kTextKind);
+  addField(form, 1, kLegendX, titleField(data.TitleX), kTextKind);
+  addField(form, 2, kLegendY, titleField(data.TitleY), kTextKind);
   addField(form, 3, "x", "x", kFormulaKind);
   addField(form, 4, "y", "y", kFormulaKind);
   if (data.kXpntErr) addField(form, 5, "dx", "dx", kFormulaKind);
@@ -67,7 +78,8 @@ void MenDatTra(Session& session, Ports& ports) {
 
 void TransformData(Session& session, Ports& ports) {
   const Array<Cp437Text>& fields = session.input.InpValues;
-  TransformFormulas formulas{std::string(fields[1].bytes()), std::string(fields[2].bytes()), {}};
+  const DataSet& data = session.loaded.data;
+  TransformFormulas formulas{enteredTitle(fields[1], data.TitleX), enteredTitle(fields[2], data.TitleY), {}};
   for (int i = kFirstFormula; i <= fields.upper(); ++i) formulas.columns.emplace_back(fields[i].bytes());
   session.loaded.data = TransformData(session.loaded.data, formulas, ports.dialogs).data;
   ports.window.refresh();

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "base/FileText.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
@@ -159,7 +160,8 @@ class FunctionFileCheck {
 
 ParsedFunctionFile parseFunctionFile(std::string_view text, FunctionFileChecks checks) {
   ParsedFunctionFile result;
-  const Records records = collectRecords(text);
+  const FileText file(text);
+  const Records records = collectRecords(file.gridText(file.text()));
   FunctionFileCheck check(checks, records, result);
   const bool structured = check.structure();
   result.file = splitFunctions(records);

@@ -42,7 +42,7 @@ struct ParsedFunctionFile {
   bool ok = false;  ///< whole records, at least one, and all functions good as far as they were compiled
 };
 
-/// Parses the bytes of a function file: three records for each function, "&" at the end joins lines, "%" and "#"
+/// Parses the bytes of a function file, whose texts become those of code page 437: three records for each function, "&" at the end joins lines, "%" and "#"
 /// begin comments.
 ParsedFunctionFile parseFunctionFile(std::string_view text, FunctionFileChecks checks = {});
 

@@ -16,7 +16,8 @@ GraphicRun::GraphicRun(Files& files, GralCls& drawing, EvaluationListener& liste
 }
 
 void GraphicRun::runText(std::string_view text) {
-  TextLines lines(text);
+  file_ = FileText(text);
+  TextLines lines(file_.text());
   while (const auto first = lines.next()) {
     std::string line(trimmedLine(*first));
     while (line.ends_with('&')) {
@@ -49,7 +50,7 @@ void GraphicRun::obey(const std::string& line) {
     ParseFields(parameters_, mid(line, open + 1, length(line) - open - 1), fields.numbers, fields.integers,
                 fields.text, command->numericFields(), command->integerFields, flag, &fields.doubles);
     keepDoubles(command->numericKinds, fields);
-    if (command->text == TextField::kFigureText) fields.text = TranslateDosText(fields.text);
+    if (command->text == TextField::kFigureText) fields.text = figureText(file_, fields.text);
     if (flag == 0) (this->*command->handler)(fields);
   });
   if (!done || flag != 0) fail("*** Parametri di " + std::string(command->name) + " Errati");

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/FileText.h"
 #include "data/DataSet.h"
 #include "data/ErrorList.h"
 #include "data/GridFile.h"
@@ -47,14 +48,14 @@ class GraphicRun {
   /// y and its error.
   void know(const std::string& name, DataSet data);
 
-  /// Runs all lines of a text. A last line that asks for a continuation is run-time error 62.
+  /// Runs all lines of a text (`FileText`), which must stay. A last line that asks for a continuation is run-time error 62.
   void runText(std::string_view text);
 
-  /// The messages of the lines that failed, CR LF ended.
-  std::string errors() const { return errors_.text(); }
+  /// The messages of the lines that failed, CR LF ended, code page 437.
+  std::string errors() const { return file_.gridText(errors_.text()); }
 
   /// What is drawn and shows something else than people think, CR LF ended lines.
-  std::string warnings() const { return warnings_.text(); }
+  std::string warnings() const { return file_.gridText(warnings_.text()); }
 
   /// The last line drew a function that has no value at the last of its points.
   bool lastPointFailed() const { return lastPointFailed_; }
@@ -125,6 +126,7 @@ class GraphicRun {
   std::string xLegend_, yLegend_;
   double FunXMin_ = 0, FunXMax_ = 0;
   std::string failure_;  // of the present line; empty while it is good
+  FileText file_{{}};    // what is run
   ErrorList errors_, warnings_;
   bool lastPointFailed_ = false;
 };

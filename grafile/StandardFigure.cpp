@@ -2,10 +2,12 @@
 
 #include <cmath>
 
+#include "base/CodePage.h"
 #include "base/Guard.h"
 #include "base/NumberMasks.h"
 #include "base/Text.h"
 #include "data/DataFiles.h"
+#include "data/FigureText.h"
 #include "grafile/FunctionLines.h"
 #include "platform/Texts.h"
 
@@ -90,7 +92,7 @@ void FigureDrawing::describeOrigin() {
   LineText header;
   header << "%File Dati: " + source_.dataName;
   if (hasFunction()) {
-    header << "%Funzione : " + source_.functionText << "%Parametri: ";
+    header << "%Funzione : " + toUtf8(source_.functionText, CodePage::kCp437) << "%Parametri: ";
     for (int i = 1; i <= par.ParCount; ++i) {
       const std::string name = par.name(i);
       const std::string margin = repeat(par.ParNameWidth - length(name), ' ');
@@ -102,7 +104,8 @@ void FigureDrawing::describeOrigin() {
   if (!ofDifferences()) return;
   differencesFile_ << "%File Dati Differenze Dati-Funzione";
   differencesFile_.append(header);
-  differencesFile_ << "" << dataTitle(data_.TitleX) << dataTitle(data_.TitleY) << signedText(data_.NumPnt);
+  differencesFile_ << "" << utf8OfFigureText(dataTitle(data_.TitleX))
+                   << utf8OfFigureText(dataTitle(data_.TitleY)) << signedText(data_.NumPnt);
 }
 
 void FigureDrawing::placePlotBox() {
@@ -135,9 +138,9 @@ void FigureDrawing::drawAxes() {
   guard(failed_, [&] { drawing_.GralVaxis(Yi, Yf, Xi, values_.nDivY, kTickLength, false, true, legend); });
   guard(failed_, [&] { drawing_.GralVaxis(Yi, Yf, Xf, values_.nDivY, -kTickLength, false, false, ""); });
   graph_ << "%Disegna gli Assi"
-         << "\\XASSE(Xi, Xf, Yi, nDivX, 3, 1," + data_.TitleX + ")"
+         << "\\XASSE(Xi, Xf, Yi, nDivX, 3, 1," + utf8OfFigureText(data_.TitleX) + ")"
          << "\\XASSE(Xi, Xf, Yf, nDivX, -3, 0)"
-         << "\\YASSE(Yi, Yf, Xi, nDivY, 3, 1," + legend + ")"
+         << "\\YASSE(Yi, Yf, Xi, nDivY, 3, 1," + utf8OfFigureText(legend) + ")"
          << "\\YASSE(Yi, Yf, Xf, nDivY, -3, 0)"
          << "%Limita l'Area del Disegno"
          << "\\AREA(Xi, Yi, Xf, Yf)";

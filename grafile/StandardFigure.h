@@ -25,7 +25,7 @@ struct FigureSource {
   const DataSet& data;
   std::string dataName;      ///< of the data file, as it is shown
   std::string dataPath;      ///< as it was opened
-  std::string functionText;  ///< as it is shown
+  std::string functionText;  ///< as it is shown, code page 437
   std::string expression;    ///< the function in the formula language
   Model& model;
   const ParameterSet& parameters;

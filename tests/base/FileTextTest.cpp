@@ -43,7 +43,7 @@ TEST(FileText, GoesToGridsInTheirCodePage) {
   EXPECT_EQ(FileText("é").gridText("é² αΣ∑ß"), "\x82\xFD \xE0\xE4\xE4\xE1");
   EXPECT_EQ(FileText("\x82").gridText("\x82 é"), "\x82 é");
   EXPECT_EQ(gridTextOfUtf8("È Ø Ã – “a” 3 × 4 € ≤ λ \u4E16 \U0001F600"),
-            "E` O A - \"a\" 3 x 4 EUR \xF3 ? ? ?");
+            "E` O A - \"a\" 3 * 4 EUR \xF3 ? ? ?");
 }
 
 }  // namespace

@@ -48,6 +48,25 @@ TEST(BatchCheck, NamesCausesThatNeedMoreThanAnImport) {
             "vor_kel_batch import FILE");
 }
 
+TEST(BatchCheck, NamesTheLineOfTheByteThatIsNoUtf8) {
+  const std::string told = "linea 2: un byte non e` UTF-8: il testo e` letto con la tabella dei codici 437\n";
+  const std::string old = temporaryFile("IN.DAT", "Età\nV\x85\n2\n1 2 .1\n3 4 .1\n");
+  const BatchRun good = batch("check '" + old + "'");
+  EXPECT_EQ(good.exitCode, 0);
+  EXPECT_EQ(good.errors, old + ": attenzione: " + told);
+  for (const auto& [name, content] :
+       {std::pair{"A.FCN", "% Età\na\x85\n"}, std::pair{"A.GRA", "% Età\n\\x\x85\n"},
+        std::pair{"A.DAT", "% Età\nx\x85\n"}}) {
+    const std::string file = temporaryFile(name, content);
+    const BatchRun run = batch("check '" + file + "'");
+    EXPECT_EQ(run.exitCode, 2) << name;
+    EXPECT_THAT(run.errors, HasSubstr(file + ": attenzione: " + told)) << name;
+  }
+  const std::string utf8 = temporaryFile("IN.DAT", "Età\n\u4E16\n2\n1 2 .1\n3 4 .1\n");
+  EXPECT_EQ(batch("check '" + utf8 + "'").errors, "");
+  EXPECT_THAT(batch("check '" + temporaryFile("IN.FCN", "a\na*è\nEtà\n") + "'").output, HasSubstr("a*è"));
+}
+
 TEST(BatchCheck, SaysNothingBehindFaultsOfSingleLines) {
   EXPECT_EQ(lastLine("t\nV\n3\n1 2 .1\n3 4 due\n5 6 .1\n"), "   Dato NON numerico");
 }

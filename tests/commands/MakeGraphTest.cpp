@@ -1,3 +1,6 @@
+#include <gmock/gmock.h>
+
+#include "base/FileText.h"
 #include "base/NumberMasks.h"
 #include "tests/commands/MakeGraphFixture.h"
 
@@ -312,6 +315,31 @@ TEST_F(MakeGraphTest, ANewFigureReplacesItsTextAndTurnsItsEntriesOn) {
   session.analysis.par.ParValues[1] = 1;
   makeGraph(kDifferencesFigure);
   EXPECT_NE(session.figures.GraphText[3], first);
+}
+
+TEST_F(MakeGraphTest, WhatIsSavedIsInUtf8AndDrawsTheSameFigure) {
+  loadPoints();
+  takeFunction(2, 7, {.25, -1, 12.5});
+  session.loaded.data.TitleX = "Velocit\xE0 (\\\\mm)";
+  session.loaded.data.TitleY = "\xC8 \xB1 1";
+  session.analysis.fun.FunctionText = " y = ax\xFD ";
+  files.content["/D/A.DAT"] = dataFileText(session.loaded.data);
+  const auto drawn = makeGraph(kFunctionFigure);
+  const std::string& text = session.figures.GraphText[kFunctionFigure];
+  EXPECT_THAT(text, testing::HasSubstr("%Funzione :  y = ax² \r\n"));
+  EXPECT_THAT(text, testing::HasSubstr(",Velocità (\\\\mm))\r\n"));
+  EXPECT_THAT(text, testing::HasSubstr(",È ± 1)\r\n"));
+  EXPECT_TRUE(FileText(text).isUtf8());
+  const auto texts = [](const std::vector<std::string>& lines) {
+    std::vector<std::string> found;
+    std::ranges::copy_if(lines, std::back_inserter(found),
+                         [](auto& line) { return line.starts_with("text"); });
+    return found;
+  };
+  EXPECT_EQ(texts(run(text)), texts(drawn));
+  makeGraph(kDifferencesFigure);
+  EXPECT_EQ(parseLines(session.figures.DiffText).data.TitleX, session.loaded.data.TitleX);
+  EXPECT_EQ(parseLines(session.figures.DiffText).data.TitleY, session.loaded.data.TitleY);
 }
 
 TEST_F(MakeGraphTest, TheFunctionStaysAsItIs) {

@@ -66,6 +66,12 @@ TEST_F(SaveMonteCarloTest, WritesADataFileOfThreeColumns) {
             "   4.5000E+00   8.0000E-02   2.0000E-02\r\n");
 }
 
+TEST_F(SaveMonteCarloTest, IsInUtf8) {
+  session.analysis.fun.FunctionText = " y = ax\xFD+\x85 ";
+  EXPECT_EQ(save({0, 20})[0], "Sim. M.C. per y = ax\u00B2+\u00E0");
+  EXPECT_EQ(parseLines(files.content.at(kFile)).data.TitleX, "Sim. M.C. per y = ax^2+\xE0");
+}
+
 TEST_F(SaveMonteCarloTest, TheCountIsThatOfTheLinesWithoutTheEmptyBins) {
   const std::vector<std::string> lines = save({0, 0, 3, 0, 4, 0});
   EXPECT_EQ(lines[2], " 2");

@@ -273,6 +273,21 @@ TEST_F(TransformationTest, TransformedDataAreSavedAndReadBack) {
   EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(5, 7, 9));
 }
 
+TEST_F(TransformationTest, TitlesAreShownAndTakenInTheCodePageOfTheFields) {
+  session.loaded.data.TitleX = "Velocit\xE0 \xB1 \\\\m";
+  transform({"Velocit\x85 \xF1 \\\\m", "\x8A \xF1 \xE6m (\xF8\x43)", "x", "y", "dy"});
+  EXPECT_EQ(form.shown.back().InpValues[1].bytes(), "Velocit\x85 \xF1 \\\\m");
+  EXPECT_EQ(session.loaded.data.TitleX, "Velocit\xE0 \xB1 \\\\m");
+  EXPECT_EQ(session.loaded.data.TitleY, "\xE8 \xB1 \\\\mm (^oC)");
+}
+
+TEST_F(TransformationTest, ATitleThatIsNotTouchedKeepsWhatItsFieldCannotShow) {
+  session.loaded.data.TitleX = session.loaded.data.TitleY = "\xC8 \x80";
+  transform({"E` EUR", "E` EUR!", "x", "y", "dy"});
+  EXPECT_EQ(session.loaded.data.TitleX, "\xC8 \x80");
+  EXPECT_EQ(session.loaded.data.TitleY, "E` EUR!");
+}
+
 TEST_F(TransformationTest, DepartureTitlesThatNoFileCanHoldAreChangedInTheSessionToo) {
   transform({"", "% di luce", "x", "y", "dy"});
   EXPECT_EQ(session.loaded.data.TitleX, "-");

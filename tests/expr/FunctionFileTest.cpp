@@ -19,6 +19,17 @@ TEST(ParseFunctionFile, GivesTheFunctionsOfATextWithTheReportOnThem) {
               HasSubstr("Controllo Funzione:\r\n" + compile("y@x@A,B@ @A*SIN(x)+B").report + "O.K.\r\n"));
 }
 
+TEST(ParseFunctionFile, TakesTextsInUtf8AsThoseOfItsListsAndReports) {
+  const ParsedFunctionFile utf8 = parseFunctionFile("\xEF\xBB\xBF% È\na\na*x\nVelocità (µm²), È λ\n");
+  ASSERT_EQ(utf8.file.entries.size(), 1U);
+  EXPECT_TRUE(utf8.ok);
+  EXPECT_EQ(utf8.file.entries[0].description, "Velocit\x85 (\xE6m\xFD), E` ?");
+  EXPECT_EQ(utf8.file.DescriptionWidth, 20);
+  EXPECT_THAT(utf8.report, HasSubstr("Descrizione: Velocit\x85 (\xE6m\xFD), E` ?\r\n"));
+  const ParsedFunctionFile old = parseFunctionFile("a\na*x\nVelocità \x85\n");
+  EXPECT_EQ(old.file.entries[0].description, "Velocità \x85");
+}
+
 TEST(ParseFunctionFile, GivesTheFunctionsOfAFileWithErrorsAsWell) {
   const ParsedFunctionFile parsed = parseFunctionFile("A\nA*C\nprima\nB\n");
   EXPECT_FALSE(parsed.ok);

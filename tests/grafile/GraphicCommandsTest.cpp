@@ -138,6 +138,34 @@ TEST_F(GraphicCommandsTest, OldSignsInTextsBecomeMarkup) {
               });
 }
 
+TEST_F(GraphicCommandsTest, TextsInUtf8KeepTheirLetters) {
+  expectDraws(
+      lines({"\xEF\xBB\xBF\\XASSE(1,16,2,5,3,1,Velocità (µm))", "\\SCRIVI(5,6,0,0,12,&", "Più È ±\u4E16)"}),
+      [](GralCls& d) {
+        d.GralOaxis(1, 16, 2, 5, 3, false, true, "Velocit\xE0 (\\\\mm)");
+        d.GralWPrint(5, 6, 0, 0, 12, "Pi\xF9 \xC8 \xB1?");
+      });
+  expectDraws(lines({"\\SCRIVI(5,6,0,0,12,è)", "% \xE0"}),
+              [](GralCls& d) { d.GralWPrint(5, 6, 0, 0, 12, "????"); });
+}
+
+TEST_F(GraphicCommandsTest, FileNamesKeepTheirBytes) {
+  addThreePoints();
+  const std::string three = files.content["THREE.DAT"];
+  files.content["Più.DAT"] = files.content["\xE8.DAT"] = three;
+  for (const char* name : {"Più.DAT", "\xE8.DAT"}) {
+    expectDraws(lines({"\\SPEZZATA(" + std::string(name) + ")"}), [](GralCls& d) {
+      d.GralDraw(column({1, 2, 4}), column({2, 3, 1}), 3);
+    });
+  }
+}
+
+TEST_F(GraphicCommandsTest, ErrorsQuoteLinesAsReportsShowThem) {
+  EXPECT_EQ(errorsOf("\\SCRIVO(è)"), "***\\SCRIVO(\x8A) Comando Errato\r\n");
+  EXPECT_EQ(errorsOf("\\SCRIVO(\x8A)"), "***\\SCRIVO(\x8A) Comando Errato\r\n");
+  EXPECT_EQ(errorsOf("\\DATI(è)"), "*** File Dati \x8A Errato\r\n");
+}
+
 TEST_F(GraphicCommandsTest, ParametersStandForNumbers) {
   expectDraws(lines({"\\PARAMETRI(a1=2.5, k=1.6)", "\\XSCALA(0,20,-10,10)", "\\TIPO_SIMBOLO(a1,k)",
                      "\\SIMBOLO(-a1, 1)"}),

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "base/FileText.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "data/DataFiles.h"
@@ -30,7 +31,7 @@ struct LineCounts {
 
 LineCounts countLines(const std::string& bytes) {
   LineCounts count;
-  TextLines lines(bytes);
+  TextLines lines(FileText(bytes).text());
   while (const auto next = lines.next()) {
     const std::string line = trim(*next);
     if (line.empty() || line.front() == '%') continue;

@@ -264,7 +264,7 @@ std::optional<FormulaCurve> GraphicRun::sampleFinely(const std::string& text) {
 void GraphicRun::plotFunction(const CommandFields& fields) {
   auto curve = framed_ ? sampleFinely(fields.text) : sampleFormula(fields.text);
   if (!curve) return;
-  auto& [x, y] = *curve;
+  Array<double>&x = curve->x, &y = curve->y;
   const int count = x.upper();
   for (int i = 1; !framed_ && i <= count; ++i) {
     x[i] = placeOnAxis(x[i], xLog_);

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Makes sure of the Italian locale, whose decimal comma the tests need.
+# Makes sure of the locales that the tests need: the Italian one for its decimal comma, the Turkish one for its dotless i.
 set -euo pipefail
-locale -a | grep -qi '^it_IT\.utf-\?8$' && exit 0
 as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo)
-"${as_root[@]}" localedef -i it_IT -f UTF-8 it_IT.UTF-8
+for name in it_IT tr_TR; do
+  locale -a | grep -qi "^$name\.utf-\?8$" || "${as_root[@]}" localedef -i $name -f UTF-8 $name.UTF-8
+done

@@ -105,24 +105,5 @@ TEST(BatchUsage, AReaderThatHasGoneEndsTheProgramWithoutAWord) {
   EXPECT_EQ(fileContent(err), "");
 }
 
-// Neither texts nor numbers depend on the user's language, and nobody misses a home.
-TEST(BatchUsage, SurroundingsChangeNothing) {
-  for (const std::string& words : {
-           std::string("fit examples/ohm.dat --catalogue 1,2 --par b=1 --par c=0 --refine"),
-           std::string("import tests/files/it-csv-utf8.csv"),
-           std::string("fit examples/ohm.dat --catalogue 1,2 --par b=1.5 --par c=0 --csv --jobs 2"),
-           std::string("eval 'LOG(-1.5)'"),
-       }) {
-    const BatchRun usual = batch(words);
-    for (const std::string surroundings :
-         {"LC_ALL=C", "LC_ALL=it_IT.UTF-8", "LC_ALL=tr_TR.UTF-8 HOME=/nonexistent"}) {
-      const BatchRun other = shell("env -i " + surroundings + " VOR " + words);
-      EXPECT_EQ(other.output, usual.output) << surroundings << words;
-      EXPECT_EQ(other.errors, usual.errors) << surroundings << words;
-      EXPECT_EQ(other.exitCode, usual.exitCode) << surroundings << words;
-    }
-  }
-}
-
 }  // namespace
 }  // namespace vk

@@ -10,7 +10,6 @@
 
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "base/TextLines.h"
 #include "batch/DataInput.h"
 #include "batch/TerminalPorts.h"
 #include "data/DataFiles.h"
@@ -137,18 +136,6 @@ void tellLeftOut(const std::string& name, const std::vector<LeftOutLine>& lines)
     std::clog << name << ": altre righe tralasciate: " << lines.size() - kMostTold << '\n';
 }
 
-/// The titles and the first ten points.
-std::string previewOf(const DataSet& data, int digits) {
-  constexpr int kShown = 13;
-  const std::string text = dataFileText(data, digits);
-  std::string shown;
-  TextLines lines(text);
-  for (int i = 0; i < kShown; ++i) {
-    if (const auto line = lines.next()) shown.append(*line).append(kCrLf);
-  }
-  return shown;
-}
-
 void importFile(Files& files, const std::string& file, const std::string& output,
                 const ForeignOptions& options, const ImportArguments& arguments) {
   std::string bytes;
@@ -157,9 +144,9 @@ void importFile(Files& files, const std::string& file, const std::string& output
   const std::string name = shownName(file);
   if (!reading.refusal.empty()) throw UsageError(name + ": " + shownName(reading.refusal));
   const int digits = dataDigits(arguments.digits);
-  const bool unchanged = reading.isDataFile && !options.changesPoints() && !arguments.digits;
+  const bool unchanged = keepsText(reading, options) && !arguments.digits;
   if (arguments.preview) {
-    std::cout << terminalFile(previewOf(reading.data, digits));
+    std::cout << terminalFile(importPreview(reading, digits));
   } else {
     const std::string text = unchanged ? bytes : dataFileText(reading.data, digits);
     output.empty() ? void(std::cout << terminalFile(text)) : writeFile(files, output, text);

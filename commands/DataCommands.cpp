@@ -93,8 +93,13 @@ bool acceptCounts(Dialogs& dialogs, Int16 declaredCount, Int16 validCount) {
 
 void MenDatSav(Session& session, Ports& ports) {
   std::string name;
-  if (!pickFileToSave(session, ports, kSaveData, kDataKind, name)) return;
-  ports.files.writeAll(name, dataFileText(session.loaded.data));
+  saveDataText(session, ports, dataFileText(session.loaded.data), name);
+}
+
+bool saveDataText(Session& session, Ports& ports, const std::string& text, std::string& name) {
+  if (!pickFileToSave(session, ports, kSaveData, kDataKind, name)) return false;
+  ports.files.writeAll(name, text);
+  return true;
 }
 
 void MenGraLetFil(Session& session, Ports& ports) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "commands/Ports.h"
 
 /// The commands that read and save data files and choose graphic files, as straight-line code.
@@ -19,6 +21,10 @@ bool acceptCounts(Dialogs& dialogs, Int16 declaredCount, Int16 validCount);
 /// Saves the data set under a name that the user gives; the session goes on with the file that it read. A disk
 /// that fails while writing is a run-time error.
 void MenDatSav(Session& session, Ports& ports);
+
+/// Asks for the name of a data file, where `name` is proposed and takes the answer, and writes the text. False when the
+/// user stopped. A disk that fails while writing is a run-time error.
+bool saveDataText(Session& session, Ports& ports, const std::string& text, std::string& name);
 
 /// Chooses the graphic file that the figure commands run; it is read when it is shown.
 void MenGraLetFil(Session& session, Ports& ports);

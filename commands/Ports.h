@@ -8,6 +8,7 @@
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/FunctionForms.h"
+#include "platform/ImportForm.h"
 #include "platform/InputForm.h"
 #include "platform/MainWindow.h"
 #include "platform/OutputWindow.h"
@@ -27,6 +28,7 @@ struct Ports {
   InputForm& input;
   OutputWindow& output;
   FunctionForms& functions;
+  ImportForm& importForm;
   Clock& clock;
   Sound& sound;
   Process& process;

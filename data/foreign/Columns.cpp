@@ -133,6 +133,12 @@ std::vector<std::size_t> Roles::columns() const {
   return columns;
 }
 
+Roles usualRoles(const TableShape& shape) {
+  if (shape.numbered.size() < kLeastNumbers) return {};
+  if (shape.numbered.size() > kMostColumns) return {shape.numbered[0], shape.numbered[1]};
+  return inOrder(shape.numbered);
+}
+
 Roles rolesOf(const TableShape& shape, const std::vector<std::string>& names,
               const std::vector<std::string>& wanted) {
   if (wanted.empty()) {

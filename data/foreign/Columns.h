@@ -29,6 +29,9 @@ struct Roles {
   std::vector<std::size_t> columns() const;
 };
 
+/// The roles of the columns of numbers, by their count; of more than four, the first two are x and y.
+Roles usualRoles(const TableShape& shape);
+
 /// The roles of the columns of numbers, by their count, or those of the columns that are `wanted`: x, y[, dx][, dy],
 /// each by its number, from 1, or its name. `names` are those of all columns, or none. Too few or too many columns, a
 /// wanted one that is not there, and names that contradict the order are a `Refusal`.

@@ -82,10 +82,12 @@ class Reader {
     const Lines below = belowHeader(lines);
     if (below.empty()) throw Refusal("il file non contiene dati");
     reading_.dialect = guessDialect(below, options_.dialect);
-    shape_ = shapeOf(sampleOf(below), reading_.dialect);
+    reading_.shape = shapeOf(sampleOf(below), reading_.dialect);
     const std::size_t first = options_.headerLines ? lines.size() - below.size() : firstRow(lines);
+    if (first < lines.size()) reading_.firstLine = lines[first].number;
     readHeaderOf(Lines(lines).first(first), Lines(lines).subspan(first));
-    reading_.roles = rolesOf(shape_, reading_.header.names, options_.columns);
+    reading_.roles =
+        options_.roles ? *options_.roles : rolesOf(reading_.shape, reading_.header.names, options_.columns);
     columns_ = reading_.roles.columns();
     for (const ForeignLine& line : Lines(lines).subspan(first)) takeRow(line);
     nameAxes();
@@ -117,7 +119,8 @@ class Reader {
     const auto isRow = [&](const ForeignLine& line) {
       if (isComment(line)) return false;
       split(line);
-      return cells_.size() == shape_.cells && 2 * numbers() >= std::ssize(shape_.numbered) && numbers() > 1;
+      return cells_.size() == reading_.shape.cells && 2 * numbers() >= std::ssize(reading_.shape.numbered) &&
+             numbers() > 1;
     };
     return static_cast<std::size_t>(std::find_if(lines.begin(), lines.end(), isRow) - lines.begin());
   }
@@ -144,7 +147,7 @@ class Reader {
       // A row with a cell less above the others must not pass for a title.
       if (numbers() > 1 && numbers() == std::ssize(cells_)) leaveOutCount(line);
     }
-    reading_.header = readHeader(above, reading_.dialect, shape_.cells, reading_.counted);
+    reading_.header = readHeader(above, reading_.dialect, reading_.shape.cells, reading_.counted);
     reading_.header.lines -= static_cast<int>(reading_.leftOut.size());
   }
 
@@ -152,14 +155,15 @@ class Reader {
     reading_.leftOut.push_back({line.number, std::move(reason)});
   }
   void leaveOutCount(const ForeignLine& line) {
-    leaveOut(line, std::to_string(cells_.size()) + " celle invece di " + std::to_string(shape_.cells));
+    leaveOut(line,
+             std::to_string(cells_.size()) + " celle invece di " + std::to_string(reading_.shape.cells));
   }
 
   void takeRow(const ForeignLine& line) {
     if (isComment(line)) return;
     split(line);
     if (cells_.empty()) return;
-    for (std::size_t i = shape_.cells; i < cells_.size(); ++i) {
+    for (std::size_t i = reading_.shape.cells; i < cells_.size(); ++i) {
       // Words behind the numbers are a remark.
       if (cellNumber(cells_[i], reading_.dialect)) return leaveOutCount(line);
     }
@@ -202,7 +206,6 @@ class Reader {
 
   const ForeignOptions& options_;
   ForeignReading& reading_;
-  TableShape shape_;
   std::vector<std::size_t> columns_;
   std::vector<std::string_view> cells_;  // of the present line
   PointColumns points_;
@@ -211,7 +214,7 @@ class Reader {
 /// True when no option says how the file is to be read.
 bool leavesReadingOpen(const ForeignOptions& options) {
   return !options.encoding && !options.dialect.separator && !options.dialect.decimal &&
-         !options.headerLines && options.columns.empty();
+         !options.headerLines && options.columns.empty() && !options.roles;
 }
 
 /// The data set of the points as the options want them, with the titles that it has.
@@ -252,6 +255,30 @@ ForeignReading readForeign(std::string_view bytes, const ForeignOptions& options
     reading.refusal = refusal.what();
   }
   return reading;
+}
+
+bool keepsText(const ForeignReading& reading, const ForeignOptions& options) {
+  return reading.isDataFile && !options.changesPoints();
+}
+
+std::string importPreview(const ForeignReading& reading, int digits) {
+  constexpr int kShown = 13;
+  const std::string text = dataFileText(reading.data, digits);
+  std::string shown;
+  TextLines lines(text);
+  for (int i = 0; i < kShown; ++i) {
+    if (const auto line = lines.next()) shown.append(*line).append(kCrLf);
+  }
+  return shown;
+}
+
+std::string whyNoText(std::string_view bytes) {
+  try {
+    guessEncoding(bytes);
+  } catch (const Refusal& refusal) {
+    return refusal.what();
+  }
+  return {};
 }
 
 }  // namespace vk

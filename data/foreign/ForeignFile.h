@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/DataFiles.h"
 #include "data/DataSet.h"
 #include "data/foreign/Cells.h"
 #include "data/foreign/Columns.h"
@@ -24,6 +25,7 @@ struct ForeignOptions {
   std::optional<int> headerLines;  ///< lines of the file above the points, comments and blank ones included
   std::vector<std::string>
       columns;                  ///< x, y[, dx][, dy], by number, from 1, or name; empty for the usual order
+  std::optional<Roles> roles;   ///< the same, settled; wins over `columns`
   std::optional<ErrorRule> dy;  ///< wins over a column of errors
   std::size_t every = 1;        ///< one point of so many is kept
   std::size_t average = 1;      ///< so many points become their mean
@@ -47,6 +49,8 @@ struct ForeignReading {
   Dialect dialect;
   bool hasDecimals = false;    ///< some number has the decimal sign
   bool mixedLineEnds = false;  ///< the lines do not end as those of data files, all with CR LF or all with LF
+  TableShape shape;            ///< no cells as long as the table has not been made out
+  int firstLine = 0;           ///< of the points, in the file; 0 if unknown
   ForeignHeader header;
   bool counted = false;  ///< the last line of the header is a count of points
   Roles roles;
@@ -57,6 +61,15 @@ struct ForeignReading {
 
 /// Reads the bytes of any file. A data file is taken as such, unless an option says how it is to be read.
 ForeignReading readForeign(std::string_view bytes, const ForeignOptions& options = {});
+
+/// True for a data file of which no option changes the points: an import takes its text as it stands.
+bool keepsText(const ForeignReading& reading, const ForeignOptions& options);
+
+/// The titles and the first ten points as the text of a data file, with 1 to 17 digits.
+std::string importPreview(const ForeignReading& reading, int digits = kDataDigits);
+
+/// Why a file is no text, and the way out, in one line of UTF-8; empty for a text.
+std::string whyNoText(std::string_view bytes);
 
 /// What was taken, in one line of UTF-8: "UTF-8, separatore ';', virgola decimale, 2 righe di intestazione, ...".
 std::string descriptionOf(const ForeignReading& reading);

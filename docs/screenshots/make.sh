@@ -15,6 +15,7 @@ sleep 1
 openbox &> /dev/null & # windows get the focus, and menus open by key, only under a window manager
 sleep 1
 "$program" &> /dev/null &
+first=$!
 
 window() { xdotool search --sync --onlyvisible --name "^$1\$" | head -n 1; }
 picture() { # file, name of the window
@@ -56,4 +57,9 @@ keys alt+c
 sleep 1
 keys alt+g f Return
 picture figure 'VOR_KEL: Grafico Dati e Funzione'
+kill "$first"
+"$program" "$root/tests/files/it-csv-utf8.csv" &> /dev/null &
+window 'VOR_KEL Versione Windows 98' > /dev/null
+keys Return
+picture import 'VOR_KEL: Importazione Tabella'
 echo "Made $(ls "$here"/*.png | wc -l) pictures in $here"

@@ -16,11 +16,18 @@
 namespace vk {
 
 /// Forms that nobody may show.
-class UnexpectedForms : public InputForm, public FunctionForms, public TextEditor, public SettingsPanels {
+class UnexpectedForms : public InputForm,
+                        public FunctionForms,
+                        public ImportForm,
+                        public TextEditor,
+                        public SettingsPanels {
  public:
   bool InpShow(InputTables&, Form) override { return ADD_FAILURE() << "unexpected input form", false; }
   bool selectFunction() override { return ADD_FAILURE() << "unexpected selection form", false; }
   int chooseLoadedFunction() override { return ADD_FAILURE() << "unexpected load form", 0; }
+  void show(const std::string&, std::string, const std::function<bool(const std::string&)>&) override {
+    ADD_FAILURE() << "unexpected import form";
+  }
   void refillSelection() override {}
   void refillLoadList() override {}
   void OpenEditor(const std::string&, Int16) override { ADD_FAILURE() << "unexpected editor"; }
@@ -52,6 +59,7 @@ class TestPorts {
                pick<InputForm>(forms_, given...),
                pick<OutputWindow>(output_, given...),
                pick<FunctionForms>(forms_, given...),
+               pick<ImportForm>(forms_, given...),
                pick<Clock>(clock_, given...),
                pick<Sound>(sound_, given...),
                pick<Process>(process_, given...),

@@ -5,6 +5,7 @@
 #include "commands/DisplayRefresh.h"
 #include "doubles/ControlNames.h"
 #include "doubles/RecordingReport.h"
+#include "doubles/TestPorts.h"
 #include "session/Session.h"
 #include "ui/Editor.h"
 #include "ui/FaultyPorts.h"
@@ -29,6 +30,7 @@ class BrokenProgram {
   FaultyInput input{faults.input};
   FaultyOutput output{faults.output};
   FaultyForms functions{faults.functions, session};
+  UnexpectedForms forms;
   FaultyClock clock{faults.clock};
   FaultySound sound{faults.sound};
   FaultyProcess process{faults.process};
@@ -43,8 +45,8 @@ class BrokenProgram {
   RecordingReport report;
   FaultyDevice printer{faults.printer, PrinterMetrics{}};
   MainMod mainMod{session,
-                  {files, dialogs, window, input, output, functions, clock, sound, process, random, editor,
-                   panels, plots, report, [this]() -> Device& { return printer; }}};
+                  {files, dialogs, window, input, output, functions, forms, clock, sound, process, random,
+                   editor, panels, plots, report, [this]() -> Device& { return printer; }}};
 };
 
 BrokenProgram::BrokenProgram() {

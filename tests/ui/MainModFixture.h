@@ -10,6 +10,7 @@
 #include "doubles/RecordingReport.h"
 #include "doubles/ScriptedDialogs.h"
 #include "doubles/ScriptedForms.h"
+#include "doubles/TestPorts.h"
 #include "session/Session.h"
 #include "ui/Editor.h"
 #include "ui/MainPanels.h"
@@ -69,6 +70,7 @@ class MainModTest : public testing::Test {
   ScriptedInputForm input;
   RecordingOutput output;
   ScriptedFunctionForms functions{session};
+  UnexpectedForms forms;
   StillClock clock;
   RecordingSound sound;
   RecordingProcess process;
@@ -84,8 +86,8 @@ class MainModTest : public testing::Test {
   RecorderDevice figurePrinter{PrinterMetrics{}};
   std::function<void()> atShowing = [] {};
   MainMod mainMod{session,
-                  {files, dialogs, window, input, output, functions, clock, sound, process, random, editor,
-                   panels, plots, report, [this]() -> Device& { return figurePrinter; }}};
+                  {files, dialogs, window, input, output, functions, forms, clock, sound, process, random,
+                   editor, panels, plots, report, [this]() -> Device& { return figurePrinter; }}};
 };
 
 }  // namespace vk

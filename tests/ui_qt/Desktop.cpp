@@ -1,8 +1,10 @@
 #include "ui_qt/Desktop.h"
 
+#include <QDropEvent>
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 
 namespace vk {
 
@@ -10,6 +12,31 @@ void Desktop::start() {
   user.press("FrmMsg", "CmdMsg(0)");
   application.StartUp();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+}
+
+bool Desktop::drop(const QList<QUrl>& urls) {
+  QMimeData data;
+  data.setUrls(urls);
+  const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+  QDragEnterEvent enter(QPoint(40, 80), actions, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(&window(), &enter);
+  QDropEvent release(QPointF(40, 80), actions, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(&window(), &release);
+  EXPECT_EQ(enter.isAccepted(), release.isAccepted());
+  EXPECT_EQ(release.dropAction(), Qt::CopyAction) << "a move would delete the file";
+  return release.isAccepted();
+}
+
+bool Desktop::drop(const std::vector<std::string>& names) {
+  QList<QUrl> urls;
+  for (const std::string& name : names) urls << QUrl::fromLocalFile(QString::fromStdString(name));
+  return drop(urls);
+}
+
+void Desktop::open(const std::vector<std::string>& names) {
+  EXPECT_TRUE(drop(names));
+  QCoreApplication::processEvents();
+  act();
 }
 
 void Desktop::enterFields(const std::vector<QString>& fields) {

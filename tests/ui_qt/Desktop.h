@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QUrl>
 #include <vector>
 
 #include "base/RuntimeError.h"
@@ -48,6 +49,11 @@ class Desktop : public testing::Test {
   void start();
   /// Runs the steps that the user has been given.
   void act() { user.finish(); }
+  /// Drops on the main window what a file manager would; true when the window takes it.
+  bool drop(const QList<QUrl>& urls);
+  bool drop(const std::vector<std::string>& names);
+  /// Drops files that are taken, and runs the steps of the user meanwhile.
+  void open(const std::vector<std::string>& names);
   /// Enters the texts of the input form field by field.
   void enterFields(const std::vector<QString>& fields);
   /// The same, and presses "&Esegui".

@@ -1,6 +1,3 @@
-#include <QDropEvent>
-#include <QMimeData>
-#include <QUrl>
 #include <filesystem>
 
 #include "ui_qt/MainFormFixture.h"
@@ -10,33 +7,8 @@ namespace {
 
 const char* const kFunctions = "a,k\r\na*EXP(-k*x)\r\nDecadimento\r\n";
 
-/// Drops on the main window what a file manager would.
 class FileOpeningTest : public MainFormFixture {
  protected:
-  /// True when the window takes it.
-  bool drop(const QList<QUrl>& urls) {
-    QMimeData data;
-    data.setUrls(urls);
-    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
-    QDragEnterEvent enter(QPoint(40, 80), actions, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window(), &enter);
-    QDropEvent release(QPointF(40, 80), actions, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window(), &release);
-    EXPECT_EQ(enter.isAccepted(), release.isAccepted());
-    EXPECT_EQ(release.dropAction(), Qt::CopyAction) << "a move would delete the file";
-    return release.isAccepted();
-  }
-  bool drop(const std::vector<std::string>& names) {
-    QList<QUrl> urls;
-    for (const std::string& name : names) urls << QUrl::fromLocalFile(QString::fromStdString(name));
-    return drop(urls);
-  }
-  /// The same, and lets the user answer what comes.
-  void open(const std::vector<std::string>& names) {
-    EXPECT_TRUE(drop(names));
-    QCoreApplication::processEvents();
-    act();
-  }
   std::string dropped(const std::string& name, const std::string& bytes) {
     const std::string path = folder.make(name, bytes);
     open({path});

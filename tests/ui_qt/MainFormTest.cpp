@@ -40,7 +40,7 @@ TEST_F(FirstMomentTest, TheWelcomeStandsBeforeAWindowWithTheTextsOfTheStart) {
 TEST_F(MainFormTest, TheFormsAreMadeInTheirOrder) {
   std::vector<std::string> names;
   for (const QWidget* form : application.forms()) names.push_back(form->objectName().toStdString());
-  EXPECT_THAT(names, ElementsAre("Sel_Fun", "Loa_Fun", "FrmOut", "InpFrm", "FrmEdi", "FrmMsg"));
+  EXPECT_THAT(names, ElementsAre("Sel_Fun", "Loa_Fun", "FrmOut", "InpFrm", "FrmEdi", "FrmImp", "FrmMsg"));
 }
 
 TEST_F(MainFormTest, TheClientAreaHasItsSizeAndTheWindowStandsInTheMiddle) {

@@ -16,6 +16,7 @@
 #include "ui/InputEngine.h"
 #include "ui/MainPanels.h"
 #include "ui/qt/forms/EditorForm.h"
+#include "ui/qt/forms/ImportWindow.h"
 #include "ui/qt/forms/InputForm.h"
 #include "ui/qt/forms/MainForm.h"
 #include "ui/qt/forms/MessageForm.h"
@@ -88,6 +89,7 @@ class Application {
   InpFrm inputForm_{input_, windows_, window_};
   Editor editor_{session_, {files_, dialogs_, window_, output_, clipboard_, printer_, sound_}};
   FrmEdi editForm_{editor_, {settings_.FontEdit, settings_.FontLabel, windows_, sound_, runner()}};
+  FrmImp importForm_{windows_, settings_.FontLabel};
   FrmMsg message_{windows_, settings_.FontLabel};
   std::vector<QWidget*> forms_;
   QtGraphics graphics_;

@@ -15,6 +15,7 @@ struct CurveBand {
   CovarianceMatrix covariance;  ///< of the free parameters
   double factor = 1;            ///< half width in standard deviations
   bool prediction = false;      ///< also that in which a further measurement would lie
+  double percent = 0;           ///< the probability that this is, for the key of a figure
 };
 
 /// Half widths of the bands at some places. Not finite where the model has no value.

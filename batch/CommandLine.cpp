@@ -163,6 +163,10 @@ Action addFit(CLI::App& fit, Setup& setup) {
                           ->type_name("68|95");
   fit.add_flag("--prediction", args->figures.prediction, "Anche la banda di previsione di un'altra misura")
       ->needs(band);
+  fit.add_option("--style", args->figures.style, "Grafico a colori, con chiave, che riempie la pagina")
+      ->type_name(kModernStyle);
+  fit.add_flag("--residuals", args->figures.residuals,
+               "Sotto il grafico gli scarti divisi per i loro errori, nello stile modern");
   CLI::Option* differences =
       fit.add_option("--differences", args->figures.differences, "Differenze dati-funzione");
   setup.files.writes(differences, "DAT");

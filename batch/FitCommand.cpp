@@ -120,7 +120,7 @@ void TerminalFit::addBand(const BandWish& wish) {
   const double scatter = invented ? std::sqrt(*found_.result.reduced_chi_square) : 1;
   const double factor =
       scatter * intervalFactor(wish.percent, invented ? found_.result.degrees_of_freedom : 0);
-  session_.figures.band = CurveBand{*known, factor, wish.prediction};
+  session_.figures.band = CurveBand{*known, factor, wish.prediction, wish.percent};
 }
 
 void TerminalFit::report() {

@@ -6,7 +6,9 @@
 #include "base/Text.h"
 #include "batch/DataInput.h"
 #include "commands/FigureCommands.h"
+#include "commands/PlotWindowCommands.h"
 #include "grafile/FigureKind.h"
+#include "grafile/ModernFigure.h"
 #include "gral/NoPrinter.h"
 #include "gral/ObserverDevice.h"
 #include "session/Session.h"
@@ -32,6 +34,19 @@ struct BandWord {
 };
 constexpr std::array kBandWords{BandWord{"68", 68.27}, BandWord{"95", 95}};
 
+void requireStyle(const WantedFigures& wanted) {
+  if (wanted.modern() && wanted.figure.empty() && wanted.graphicFile.empty())
+    throw UsageError("--style, --residuals: serve --figure o --save-gra");
+  if (!wanted.style.empty() && wanted.style != kModernStyle)
+    throw UsageError(std::string("--style: si attende ") + kModernStyle);
+}
+
+/// How the names of the files begin that a graphic file needs beside it; that of a stream has none.
+std::string besideFile(const std::string& name) {
+  if (name == kStandardStream) return "grafico";
+  return name.substr(0, name.size() - std::min(name.size(), GetExtensionName(name).size() + 1));
+}
+
 }  // namespace
 
 std::optional<BandWish> bandWish(const WantedFigures& wanted) {
@@ -52,6 +67,7 @@ void drawFigure(Session& session, int kind, Device& page, EvaluationListener& li
 
 FitFigures::FitFigures(const WantedFigures& wanted, FigureMaker* maker) : wanted_(wanted) {
   dataDigits(wanted.digits);
+  requireStyle(wanted);
   if (wanted.figure.empty()) {
     form_.device = std::make_unique<ObserverDevice>();
   } else {
@@ -64,16 +80,37 @@ bool FitFigures::write(Session& session, EvaluationListener& listener) {
   return writeDifferences(session, listener) && function;
 }
 
+/// The figure as the style has it. A function that cannot be computed leaves no text.
+FigureTexts FitFigures::drawFunction(Session& session, EvaluationListener& listener) {
+  if (!wanted_.modern()) {
+    drawFigure(session, kFunctionFigure, *form_.device, listener);
+    return {.graph = session.figures.GraphText[kFunctionFigure], .failed = session.ErrFlag != kFalse};
+  }
+  FigureSource source = figureSource(session, kFunctionFigure);
+  source.residuals = wanted_.residuals;
+  source.beside = besideFile(wanted_.graphicFile);
+  const auto values = computeFigure(source, listener, [] {});
+  if (!values) return {};
+  NoPrinter printer;
+  TerminalFiles files;
+  GralCls drawing(printer);
+  drawing.GralGrStr(*form_.device, paperOrientation(session.figures), 1);
+  FigureTexts texts = drawModern(source, *values, files, drawing, listener);
+  drawing.GralGrEnd();
+  return texts;
+}
+
 bool FitFigures::writeFunction(Session& session, EvaluationListener& listener) {
   if (wanted_.figure.empty() && wanted_.graphicFile.empty()) return true;
-  drawFigure(session, kFunctionFigure, *form_.device, listener);
-  const std::string& text = session.figures.GraphText[kFunctionFigure];
-  if (!isComplete(text)) return false;
-  const bool banded = !session.figures.band || session.ErrFlag == kFalse;
+  const FigureTexts texts = drawFunction(session, listener);
+  if (!isComplete(texts.graph)) return false;
+  const bool banded = !session.figures.band || !texts.failed;
   if (!banded) std::cerr << kNoBand;
   TerminalFiles files;
   if (!wanted_.figure.empty()) writeFile(files, wanted_.figure, form_.bytes());
-  if (!wanted_.graphicFile.empty()) writeFile(files, wanted_.graphicFile, asSaved(text));
+  if (wanted_.graphicFile.empty()) return banded;
+  writeFile(files, wanted_.graphicFile, asSaved(texts.graph));
+  for (const auto& [name, text] : texts.files) writeFile(files, name, text);
   return banded;
 }
 

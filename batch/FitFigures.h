@@ -4,6 +4,7 @@
 #include <string>
 
 #include "batch/FigureMaker.h"
+#include "grafile/StandardFigure.h"
 #include "numeric/Fault.h"
 
 namespace vk {
@@ -27,7 +28,13 @@ struct WantedFigures {
   std::optional<int> digits;  ///< of the differences; by default those that they have
   std::string band;           ///< "68" or "95", per cent of the band about the function; empty without one
   bool prediction = false;    ///< also the band of a further measurement
+  std::string style;          ///< `kModernStyle`, or empty for the standard one
+  bool residuals = false;     ///< a second box below with the residuals; the style is modern then
+
+  bool modern() const { return residuals || !style.empty(); }
 };
+
+inline constexpr const char* kModernStyle = "modern";
 
 /// The band that is asked for. Another word, and a band without a figure that could show it, raise `UsageError`.
 std::optional<BandWish> bandWish(const WantedFigures& wanted);
@@ -50,6 +57,7 @@ class FitFigures {
 
  private:
   bool writeFunction(Session& session, EvaluationListener& listener);
+  FigureTexts drawFunction(Session& session, EvaluationListener& listener);
   bool writeDifferences(Session& session, EvaluationListener& listener) const;
 
   WantedFigures wanted_;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "commands/Ports.h"
+#include "grafile/StandardFigure.h"
 #include "session/Session.h"
 
 /// The commands of the menu "Grafici" that draw, save and run figures, as straight-line code.
@@ -44,6 +45,9 @@ void RunGraphicFile(Session& session, Ports& ports, const std::string& fileName,
 /// curve has a gap. More than five such points of the curve, or one of the differences, end the figure: both
 /// texts are empty then and no window is opened.
 void MakeGraph(Session& session, Ports& ports, int kind, EvaluationListener& listener);
+
+/// What a standard figure of the session is made of; it refers to the session.
+FigureSource figureSource(Session& session, int kind);
 
 /// What a figure is drawn on.
 struct FigureSurface {

@@ -12,19 +12,6 @@ namespace {
 constexpr const char* kGraphCaption = "VOR_KEL: Grafico ";
 constexpr Int16 kErrorSound = 1;
 
-FigureSource sourceOf(const Session& session, Model& model, int kind) {
-  return {.kind = kind,
-          .data = session.loaded.data,
-          .dataName = session.loaded.DataFile,
-          .dataPath = session.loaded.DataPath,
-          .functionText = session.analysis.fun.FunctionText,
-          .expression = ComposeFunctionText(session.loaded.catalogue, session.analysis.fun),
-          .model = model,
-          .parameters = session.analysis.par,
-          .band = session.figures.band ? &*session.figures.band : nullptr,
-          .digits = session.figures.DiffDigits};
-}
-
 void openFigure(Session& session, Device& form, GralCls& drawing, int kind) {
   drawing.GralCaption = kGraphCaption + nameOfFigure(kind);
   const auto scale = static_cast<double>(session.figures.GraphScale.at(static_cast<std::size_t>(kind - 1)));
@@ -33,6 +20,19 @@ void openFigure(Session& session, Device& form, GralCls& drawing, int kind) {
 }
 
 }  // namespace
+
+FigureSource figureSource(Session& session, int kind) {
+  return {.kind = kind,
+          .data = session.loaded.data,
+          .dataName = session.loaded.DataFile,
+          .dataPath = session.loaded.DataPath,
+          .functionText = session.analysis.fun.FunctionText,
+          .expression = ComposeFunctionText(session.loaded.catalogue, session.analysis.fun),
+          .model = session.analysis.model,
+          .parameters = session.analysis.par,
+          .band = session.figures.band ? &*session.figures.band : nullptr,
+          .digits = session.figures.DiffDigits};
+}
 
 void MakeGraph(Session& session, Ports& ports, int kind, EvaluationListener& listener) {
   makeFigure(session, ports.dialogs,
@@ -43,8 +43,7 @@ void MakeGraph(Session& session, Ports& ports, int kind, EvaluationListener& lis
 
 void makeFigure(Session& session, Dialogs& dialogs, const FigureSurface& surface, int kind,
                 EvaluationListener& listener, const std::function<void()>& pointFailed) {
-  Model& model = session.analysis.model;
-  const FigureSource source = sourceOf(session, model, kind);
+  const FigureSource source = figureSource(session, kind);
   FigureTexts texts;
   const auto values = computeFigure(source, listener, pointFailed);
   session.ErrFlag = toFlag(!values && kind == kDifferencesFigure);

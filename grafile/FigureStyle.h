@@ -4,12 +4,6 @@
 
 namespace vk {
 
-/// How the generator's figures look.
-enum class FigureLook {
-  kPlain,   ///< one box in black at a fixed place of the page
-  kModern,  ///< a box as large as its texts let it be, colours and a key
-};
-
 /// The measures of modern figures. Lengths on the page are those of its full scale, as texts have them.
 struct FigureStyle {
   double labelPoints = 16;            ///< of numbers at the axes, and of the key

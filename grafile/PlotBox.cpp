@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/Rounding.h"
+#include "gral/SavedDrawing.h"
 
 namespace vk {
 namespace {
@@ -79,7 +80,13 @@ void drawKey(GralCls& drawing, double x, double y, bool withLine, const std::str
     drawing.GralDraw(ofX, ofY, 2);
   }
   if (drawing.GralMarkDim > 0) drawing.GralMark(behind(kSampleLength / 2), y);
+  const SavedDrawing saved(*drawing.GralDev);
+  drawing.GralColor(kBlack);  // samples may be pale
   drawing.GralWPrint(behind(kSampleLength + kTextGap), y, 0, 0, kKeyPoints, text);
+}
+
+double keyWidth(GralCls& drawing, const std::string& text) {
+  return kSampleLength + kTextGap + drawing.GralTextExtent(kKeyPoints, text).width;
 }
 
 Colour lightTint(Colour colour) {

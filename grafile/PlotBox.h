@@ -37,6 +37,9 @@ void drawTitle(GralCls& drawing, const PlotBox& box, const std::string& text);
 /// and a text behind it. A mark without radius is left out.
 void drawKey(GralCls& drawing, double x, double y, bool withLine, const std::string& text);
 
+/// How far such an entry reaches to the right, in cm.
+double keyWidth(GralCls& drawing, const std::string& text);
+
 /// A light tint of a colour. Tints of dark colours are one and the same light grey on a printer without colours.
 Colour lightTint(Colour colour);
 

@@ -22,21 +22,6 @@ constexpr double kBandPen = 1;  // tenths of a mm
 constexpr int kSolid = 1;
 constexpr std::size_t kDashes = 2, kDots = 4;  // one piece of so many is drawn
 
-/// A text of lines that end in CR LF.
-class LineText {
- public:
-  LineText& operator<<(const std::string& line) {
-    text_ += line;
-    text_ += kCrLf;
-    return *this;
-  }
-  void append(const LineText& other) { text_ += other.text_; }
-  const std::string& text() const { return text_; }
-
- private:
-  std::string text_;
-};
-
 /// One figure while it is drawn.
 class FigureDrawing {
  public:
@@ -47,7 +32,6 @@ class FigureDrawing {
   FigureTexts draw();
 
  private:
-  bool hasFunction() const { return source_.kind != kDataFigure; }
   bool ofDifferences() const { return source_.kind == kDifferencesFigure; }
 
   void describeOrigin();
@@ -84,26 +68,15 @@ FigureTexts FigureDrawing::draw() {
     drawData();
     drawBand();
   }
-  return {graph_.text(), differencesFile_.text(), failed_};
+  return {.graph = graph_.text(), .differences = differencesFile_.text(), .failed = failed_};
 }
 
 void FigureDrawing::describeOrigin() {
-  const ParameterSet& par = source_.parameters;
-  LineText header;
-  header << "%File Dati: " + source_.dataName;
-  if (hasFunction()) {
-    header << "%Funzione : " + toUtf8(source_.functionText, CodePage::kCp437) << "%Parametri: ";
-    for (int i = 1; i <= par.ParCount; ++i) {
-      const std::string name = par.name(i);
-      const std::string margin = repeat(par.ParNameWidth - length(name), ' ');
-      header << "%          " + margin + name + " = " + FormatMask(par.ParValues[i], kNumberMask);
-    }
-  }
   graph_ << "%File Grafico " + nameOfFigure(source_.kind);
-  graph_.append(header);
+  graph_.append(originOf(source_));
   if (!ofDifferences()) return;
   differencesFile_ << "%File Dati Differenze Dati-Funzione";
-  differencesFile_.append(header);
+  differencesFile_.append(originOf(source_));
   differencesFile_ << "" << utf8OfFigureText(dataTitle(data_.TitleX))
                    << utf8OfFigureText(dataTitle(data_.TitleY)) << signedText(data_.NumPnt);
 }
@@ -221,6 +194,20 @@ void FigureDrawing::drawDifferences() {
 }
 
 }  // namespace
+
+LineText originOf(const FigureSource& source) {
+  const ParameterSet& par = source.parameters;
+  LineText header;
+  header << "%File Dati: " + source.dataName;
+  if (source.kind == kDataFigure) return header;
+  header << "%Funzione : " + toUtf8(source.functionText, CodePage::kCp437) << "%Parametri: ";
+  for (int i = 1; i <= par.ParCount; ++i) {
+    const std::string name = par.name(i);
+    const std::string margin = repeat(par.ParNameWidth - length(name), ' ');
+    header << "%          " + margin + name + " = " + FormatMask(par.ParValues[i], kNumberMask);
+  }
+  return header;
+}
 
 std::string nameOfFigure(int kind) {
   switch (kind) {

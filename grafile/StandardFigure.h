@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -11,6 +12,7 @@
 #include "data/DataSet.h"
 #include "expr/Model.h"
 #include "grafile/FigureKind.h"
+#include "grafile/LineText.h"
 #include "gral/Plotting.h"
 
 /// The figures of data and function that the program draws by itself.
@@ -31,7 +33,12 @@ struct FigureSource {
   const ParameterSet& parameters;
   const CurveBand* band = nullptr;  ///< about the function, where it is asked for
   std::optional<int> digits{};      ///< of the differences file, where others than its own are wanted
+  bool residuals = false;           ///< those of a modern figure stand below it
+  std::string beside{};  ///< how the names of the files begin that its graphic file needs beside it
 };
+
+/// Which data and which function a figure shows, as notes.
+LineText originOf(const FigureSource& source);
 
 /// A function over the range of x: points 0..segments.
 struct SampledCurve {
@@ -61,9 +68,11 @@ std::optional<FigureValues> computeFigure(const FigureSource& source, Evaluation
 
 /// The texts of a figure, with lines that end in CR LF.
 struct FigureTexts {
-  std::string graph;        ///< the graphic file that draws the figure
-  std::string differences;  ///< the differences as a data file; only of their figure
-  bool failed = false;      ///< in a step, also of the computing
+  std::string graph{};        ///< the graphic file that draws the figure
+  std::string differences{};  ///< the differences as a data file; only of their figure
+  std::map<std::string, std::string>
+      files{};          ///< names and texts of those that the graphic file needs beside it
+  bool failed = false;  ///< in a step, also of the computing
 };
 
 /// Draws a figure on an open drawing and describes it line by line, side by side.

@@ -64,6 +64,27 @@ TEST(BatchFit, SavesTheTextsOfItsFiguresAsTheProgramDoes) {
   EXPECT_EQ(batch("check '" + differences + "'").exitCode, 0);
 }
 
+TEST(BatchFit, AModernFigureIsThatOfItsGraphicFile) {
+  const std::string figure = freshPath("OUT.GRA"), image = freshPath("A.PNG"), again = freshPath("B.PNG");
+  const BatchRun run =
+      batch(kOhm + ("--residuals --band 68 --save-gra '" + figure) + "' --figure '" + image + "'");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_THAT(fileContent(figure), HasSubstr("\\CHIAVE("));
+  EXPECT_EQ(batch("draw '" + figure + "' -o '" + again + "'").exitCode, 0);
+  EXPECT_THAT(fileContent(image), StartsWith(kPngStart));
+  EXPECT_TRUE(fileContent(image) == fileContent(again));
+  for (const char* ending : {"_banda.dat", "_scarti.dat"}) {
+    const std::string beside = figure.substr(0, figure.size() - 4) + ending;
+    EXPECT_EQ(batch("check '" + beside + "'").exitCode, 0) << beside;
+  }
+}
+
+TEST(BatchFit, RefusesAStyleThatNobodyKnowsOrSees) {
+  EXPECT_THAT(batch(std::string(kOhm) + "--style modern").errors, HasSubstr("serve --figure o --save-gra"));
+  EXPECT_THAT(batch(std::string(kOhm) + "--style bello --save-gra /nowhere.gra").errors,
+              HasSubstr("--style: si attende modern"));
+}
+
 TEST(BatchFit, AFigureThatCannotBeWrittenIsBadInput) {
   const BatchRun run = batch(std::string(kOhm) + "--save-gra /nowhere/at/all.gra");
   EXPECT_EQ(run.exitCode, 2);

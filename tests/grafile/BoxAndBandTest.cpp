@@ -76,6 +76,12 @@ TEST_F(BoxAndBandTest, AKeyHasASampleOfLineAndMark) {
               });
 }
 
+TEST_F(BoxAndBandTest, ATextOfAKeyIsBlackAndTheColourGoesOn) {
+  EXPECT_EQ(run(lines({"\\COLORE(D55E00)", "\\CHIAVE(5,4,ab)", "\\LINEA(1,2,3,4)"})),
+            run(lines({"\\COLORE(D55E00)", "\\CHIAVE(5,4,)", "\\COLORE(000000)", "\\SCRIVI(6.8,4,0,0,16,ab)",
+                       "\\COLORE(D55E00)", "\\LINEA(1,2,3,4)"})));
+}
+
 TEST_F(BoxAndBandTest, AKeyGoesToTheRightOnAnAxisThatIsTurnedRound) {
   expectDraws("\\XSCALA(4,18,10,0)\r\n\\CHIAVE(5,4,a)\r\n", [](GralCls& d) {
     d.GralXMap(4, 18, 10, 0);

@@ -114,13 +114,19 @@ class Reader {
                          [&](auto cell) { return cellNumber(cell, reading_.dialect).has_value(); });
   }
 
+  /// True for a line whose last cell, such as a remark, is there but empty.
+  bool endsInEmptyCell(const ForeignLine& line) const {
+    return cells_.size() < reading_.shape.cells && !line.text.empty() &&
+           line.text.back() == reading_.dialect.separator && line.text.back() != ' ';
+  }
+
   /// The place of the first line that looks like most of those with numbers.
   std::size_t firstRow(Lines lines) {
     const auto isRow = [&](const ForeignLine& line) {
       if (isComment(line)) return false;
       split(line);
-      return cells_.size() == reading_.shape.cells && 2 * numbers() >= std::ssize(reading_.shape.numbered) &&
-             numbers() > 1;
+      return (cells_.size() == reading_.shape.cells || endsInEmptyCell(line)) &&
+             2 * numbers() >= std::ssize(reading_.shape.numbered) && numbers() > 1;
     };
     return static_cast<std::size_t>(std::find_if(lines.begin(), lines.end(), isRow) - lines.begin());
   }

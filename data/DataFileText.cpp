@@ -57,7 +57,7 @@ std::string dataTitle(std::string_view text) {
 
 std::string dataField(double value, const NumberMask& mask) {
   if (std::isfinite(value)) value = std::clamp(value, -kLargestWritten, kLargestWritten);
-  const std::string field = FormatMask(value, mask);
+  std::string field = FormatMask(value, mask);
   if (field.find('*') == std::string::npos) return field;
   // The third digit of an exponent takes the place of the last decimal.
   std::string pattern = mask.pattern;

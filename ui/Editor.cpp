@@ -1,7 +1,10 @@
 #include "ui/Editor.h"
 
 #include <array>
+#include <optional>
 
+#include "base/CodePage.h"
+#include "base/FileText.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "commands/DisplayRefresh.h"
@@ -52,6 +55,31 @@ std::string fileOfLines(const std::string& text) {
   const std::size_t whole = lastEnd == std::string::npos ? 0 : lastEnd + kCrLf.size();
   if (trim(std::string_view(text).substr(whole)).empty()) return text.substr(0, whole);
   return text + std::string(kCrLf);
+}
+
+/// A text in UTF-8 in the code page of the control; nothing where that lacks a character.
+std::optional<std::string> inCodePage(std::string_view utf8) {
+  std::string text;
+  for (const char32_t c : decodeUtf8(utf8).value_or(std::u32string())) {
+    const auto sign = c < 0x80 ? static_cast<char>(c) : fromUnicode(c, CodePage::kCp437);
+    if (!sign || (c >= 0x80 && code(*sign) < 0x80)) return std::nullopt;
+    text += *sign;
+  }
+  return text;
+}
+
+/// A text of the control in UTF-8. One that could not be shown is UTF-8 but for the signs that were entered.
+std::string inUtf8(std::string_view text, bool isShown) {
+  std::string utf8;
+  while (!text.empty()) {
+    const std::size_t kept = isShown ? leadingAscii(text) : leadingUtf8(text);
+    utf8 += text.substr(0, kept);
+    text.remove_prefix(kept);
+    if (text.empty()) break;
+    appendUtf8(utf8, toUnicode(text.front(), CodePage::kCp437));
+    text.remove_prefix(1);
+  }
+  return utf8;
 }
 
 /// Paper has no tab stops.
@@ -118,10 +146,22 @@ void Editor::OpenEditor(const std::string& path, Int16 kind) {
     if (!wantsLargeFile(wanted)) return;
     wanted.control = EditControl::kTxtEdi;
   }
+  takeSpelling(wanted, bytes);
   shut_ = std::make_unique<ShutWindow>(ports_.window, Form::kEditor);
   file_ = wanted;
   form_->showEditor(captionOf(wanted) + " " + ownName(wanted),
                     Cp437Text(textOfFile(bytes, wanted.control == EditControl::kTxtEdiOld)), wanted.control);
+}
+
+/// The bytes become those that the control shows.
+void Editor::takeSpelling(EditedFile& wanted, std::string& bytes) {
+  const FileText file(bytes);
+  wanted.isOld = file.lineOfSign() != 0;
+  const auto shown = wanted.isOld ? std::nullopt : inCodePage(file.text());
+  wanted.isShown = shown.has_value();
+  if (!shown) return;
+  wanted.mark = bytes.substr(0, bytes.size() - file.text().size());
+  bytes = *shown;
 }
 
 /// False when the command is to stop.
@@ -166,7 +206,8 @@ void Editor::MnuFilSav() {
 /// The text as it goes into the file.
 std::string Editor::textOfForm() {
   std::string text(form_->editorText().bytes());
-  return file_.control == EditControl::kTxtEdiOld ? fileOfLines(text) : text;
+  if (file_.control == EditControl::kTxtEdiOld) text = fileOfLines(text);
+  return file_.isOld ? text : file_.mark + inUtf8(text, file_.isShown);
 }
 
 void Editor::tellErrors(const std::string& report) {

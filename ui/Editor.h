@@ -37,6 +37,9 @@ struct EditedFile {
   std::string path;
   Int16 kind = kGraphicKind;  ///< `FileKindCode`
   EditControl control = EditControl::kTxtEdiOld;
+  bool isOld = false;    ///< of 8-bit signs, which come back as they are; else it is saved in UTF-8
+  bool isShown = false;  ///< in the code page of the control, which has a place for all its characters
+  std::string mark{};    ///< its byte order mark
 };
 
 /// The small text editor for data, function and graphic files. It changes the file, never what the session has
@@ -77,6 +80,7 @@ class Editor : public TextEditor {
 
  private:
   bool readText(const EditedFile& wanted, std::string& bytes);
+  static void takeSpelling(EditedFile& wanted, std::string& bytes);
   bool wantsToCreate(const EditedFile& wanted);
   bool wantsLargeFile(const EditedFile& wanted);
   std::string textOfForm();

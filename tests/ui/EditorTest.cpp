@@ -72,6 +72,41 @@ TEST_F(EditorTest, ASmallFileBehindALargeOneHasThePlainBoxAgain) {
   EXPECT_EQ(form.control, EditControl::kTxtEdiOld);
 }
 
+TEST_F(EditorTest, AFileInUtf8IsShownInTheCodePageAndSavedInUtf8) {
+  open("\xEF\xBB\xBF% Velocità ±5 µm\r\n", kGraphicKind);
+  EXPECT_EQ(form.text,
+            "% Velocit\x85 \xF1"
+            "5 \xE6m\r\n");
+  form.text += "% pi\x97\r\n";
+  editor.MnuFilSav();
+  EXPECT_EQ(files.content[kPath], "\xEF\xBB\xBF% Velocità ±5 µm\r\n% più\r\n");
+  expectClosed();
+}
+
+TEST_F(EditorTest, WhatIsEnteredInAFileWithoutHighSignsIsSavedInUtf8) {
+  open("% a\x15\r\n", kGraphicKind);
+  form.text += "% \x85\xE1\r\n";
+  editor.MnuFilSav();
+  EXPECT_EQ(files.content[kPath], "% a\x15\r\n% àß\r\n");
+}
+
+TEST_F(EditorTest, AFileOf8BitSignsStaysOne) {
+  open("% \xE0 è\r\n", kGraphicKind);
+  EXPECT_EQ(form.text, "% \xE0 è\r\n");
+  form.text += "% \x85\r\n";
+  editor.MnuFilSav();
+  EXPECT_EQ(files.content[kPath], "% \xE0 è\r\n% \x85\r\n");
+}
+
+TEST_F(EditorTest, CharactersThatCannotBeShownComeBack) {
+  for (const std::string line : {"% È à – \u4E16 §\r\n", "% §\r\n"}) {
+    open(line, kGraphicKind);
+    form.text += "% pi\x97 \x85\r\n";
+    editor.MnuFilSav();
+    EXPECT_EQ(files.content[kPath], line + "% più à\r\n");
+  }
+}
+
 TEST_F(EditorTest, TheCaptionTellsKindAndFile) {
   open("", kDataKind);
   EXPECT_EQ(form.caption, "VOR_KEL: Modifica File Dati prova.txt");

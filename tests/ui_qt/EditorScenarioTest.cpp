@@ -140,7 +140,7 @@ TEST_F(EditorScenarioTest, ANewFunctionFileIsWrittenReadLoadedAndFitted) {
   chooseInEditor("MnuFilSav");
   act();
   EXPECT_EQ(editor(), nullptr) << "the check has found no error";
-  EXPECT_EQ(folder.bytesOf("nuovo.fcn"), "A,k\r\nA*EXP&\r\n(-k*x)\r\ndecadimento \xE6s\r\n");
+  EXPECT_EQ(folder.bytesOf("nuovo.fcn"), "A,k\r\nA*EXP&\r\n(-k*x)\r\ndecadimento µs\r\n");
   EXPECT_EQ(session().loaded.FunFileRead, kFalse) << "saving does not read";
 
   user.choose("MenFunLet");

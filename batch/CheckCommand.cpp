@@ -14,6 +14,7 @@
 #include "commands/EditCommands.h"
 #include "data/DataFiles.h"
 #include "data/DataWarnings.h"
+#include "data/GridFile.h"
 #include "data/foreign/Choices.h"
 #include "data/foreign/ForeignFile.h"
 #include "expr/FunctionFile.h"
@@ -25,7 +26,7 @@ namespace {
 
 constexpr const char* kGoodFile = ": nessun errore\n";
 constexpr const char* kBadFile = ": il file contiene errori\n";
-constexpr const char* kNoKind = ": si attende un file .DAT, .FCN o .GRA";
+constexpr const char* kNoKind = ": si attende un file .DAT, .GRD, .FCN o .GRA";
 
 /// What was found in a file: the program's own list, and what it does not tell.
 struct Findings {
@@ -68,8 +69,13 @@ Findings checkFunctions(const std::string&, const std::string& bytes) {
 /// The figure is drawn on a form that nobody sees: what cannot be drawn is an error too.
 Findings checkFigure(const std::string& fileName, const std::string& bytes) {
   ObserverDevice page;
-  const std::string errors = drawGraphicFile(fileName, bytes, page);
-  return {{errors.empty(), errors}, {}, {}};
+  const DrawnFigure drawn = drawGraphicFile(fileName, bytes, page);
+  return {{drawn.errors.empty(), drawn.errors}, {}, drawn.warnings};
+}
+
+Findings checkGrid(const std::string&, const std::string& bytes) {
+  const std::string errors = parseGrid(bytes).errors;
+  return {{errors.empty(), errors}, errors.empty() ? "" : whyNot(FileKind::kGrid, bytes), {}};
 }
 
 std::string signWarning(int line) {
@@ -78,9 +84,9 @@ std::string signWarning(int line) {
 }
 
 /// By kinds of file.
-constexpr std::array<Checker, 3> kCheckers{checkData, checkFunctions, checkFigure};
+constexpr std::array<Checker, 4> kCheckers{checkData, checkFunctions, checkFigure, checkGrid};
 
-/// The kind of a file; a stream has no name that tells it. Another ending than the three raises `UsageError`.
+/// The kind of a file; a stream has no name that tells it. Another ending than the four raises `UsageError`.
 FileKind kindOf(const std::string& fileName, const std::string& bytes) {
   if (const auto kind = kindOfName(fileName)) return *kind;
   if (fileName == kStandardStream || descriptorOf(fileName))

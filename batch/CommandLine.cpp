@@ -241,7 +241,8 @@ Action addTransform(CLI::App& transform, Setup& setup) {
 
 Action addCheck(CLI::App& check, Setup& setup) {
   auto fileName = std::make_shared<std::string>();
-  setup.files.reads(check.add_option("FILE", *fileName, "File da controllare"), "DAT|FCN|GRA")->required();
+  setup.files.reads(check.add_option("FILE", *fileName, "File da controllare"), "DAT|GRD|FCN|GRA")
+      ->required();
   return [=] { return runCheck(*fileName); };
 }
 
@@ -282,12 +283,28 @@ Action addEval(CLI::App& eval, Setup&) {
   };
 }
 
+void addGridFigure(CLI::App& draw, Setup& setup, DrawArguments& args) {
+  CLI::Option* grid = draw.add_option("--grid", args.gridFile, "Disegna una griglia con linee di livello");
+  setup.files.reads(grid, "GRD");
+  const auto ofGrid = [&](CLI::Option* option) { return option->needs(grid); };
+  CLI::Option* surface = ofGrid(draw.add_flag("--surface", args.surface, "La griglia come superficie"));
+  CLI::Option* columns = ofGrid(draw.add_flag("--columns", args.columns, "La griglia come colonne"));
+  surface->excludes(columns);
+  ofGrid(draw.add_option("--theta", args.theta,
+                         "Angolo in gradi attorno alla verticale, con --surface o --columns"));
+  ofGrid(draw.add_option("--phi", args.phi, "Angolo in gradi da cui si guarda, fra 0 e 180"));
+  ofGrid(draw.add_option("--levels", args.levels, "Circa quanti livelli")->check(CLI::Range(1, 50)));
+  setup.files.writes(ofGrid(draw.add_option("--save-gra", args.savedFile, "Lo stesso come file grafico")),
+                     "GRA");
+}
+
 Action addDraw(CLI::App& draw, Setup& setup) {
   auto args = std::make_shared<DrawArguments>();
-  setup.files.reads(draw.add_option("GRAFICO", args->graphicFile, "File grafico"), "GRA")->required();
+  setup.files.reads(draw.add_option("GRAFICO", args->graphicFile, "File grafico"), "GRA");
   setup.files.writes(draw.add_option("-o,--output", args->figure, "Grafico"), "PNG|SVG|PDF")->required();
   addFormat(draw, args->format);
   draw.add_flag("--anyway", args->anyway, "Disegna quello che si puo` anche con righe errate");
+  addGridFigure(draw, setup, *args);
   return [=, &setup] { return runDraw(*args, figureMaker(setup)); };
 }
 
@@ -319,8 +336,9 @@ struct Command {
 
 constexpr std::array kCommands{
     Command{"fit", "Adatta una funzione ai dati di un file e stampa il risultato", addFit},
-    Command{"draw", "Disegna un file grafico", addDraw},
-    Command{"check", "Controlla un file dati, funzioni o grafico e stampa l'elenco degli errori", addCheck},
+    Command{"draw", "Disegna un file grafico o un file griglia", addDraw},
+    Command{"check", "Controlla un file dati, griglia, funzioni o grafico e stampa l'elenco degli errori",
+            addCheck},
     Command{"import", "Legge tabelle di altri programmi (CSV, testo) e scrive file dati", addImport},
     Command{"eval", "Calcola una formula: eval FORMULA [NOME=VALORE ...]", addEval},
     Command{"propagate", "Propaga gli errori attraverso una funzione, anche per simulazione", addPropagate},

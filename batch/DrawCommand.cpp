@@ -7,12 +7,37 @@
 #include "batch/TerminalPorts.h"
 #include "commands/ExhaustedBox.h"
 #include "commands/PlotWindowCommands.h"
+#include "data/GridFile.h"
 #include "grafile/GraphicFile.h"
+#include "grafile/GridFigure.h"
 #include "gral/NoPrinter.h"
 
 namespace vk {
+namespace {
 
-std::string drawGraphicFile(const std::string& fileName, const std::string& bytes, Device& page) {
+/// Draws the grid by a graphic file of its own, which is written where that is wished.
+DrawnFigure drawGrid(const DrawArguments& arguments, const std::string& bytes, Device& page) {
+  const bool inSpace = arguments.surface || arguments.columns;
+  if (!inSpace && (arguments.theta || arguments.phi)) {
+    throw UsageError("draw: --theta e --phi vogliono --surface o --columns");
+  }
+  const GridReading read = parseGrid(bytes);
+  if (!read.errors.empty()) return {read.errors, {}};
+  GridFigure figure;
+  if (arguments.surface) figure.kind = GridFigureKind::kSurface;
+  if (arguments.columns) figure.kind = GridFigureKind::kColumns;
+  figure.theta = arguments.theta.value_or(figure.theta);
+  figure.phi = arguments.phi.value_or(figure.phi);
+  figure.levels = arguments.levels.value_or(figure.levels);
+  const std::string text = gridFigureText(read.grid, arguments.gridFile, figure);
+  TerminalFiles files;
+  if (!arguments.savedFile.empty()) writeFile(files, arguments.savedFile, text);
+  return drawGraphicFile(arguments.gridFile, text, page);
+}
+
+}  // namespace
+
+DrawnFigure drawGraphicFile(const std::string& fileName, const std::string& bytes, Device& page) {
   const std::string why = whyNot(FileKind::kGraphic, bytes);
   if (!why.empty()) throw UsageError(shownName(fileName) + ": non e` un file grafico: " + why);
   TerminalFiles files;
@@ -24,18 +49,25 @@ std::string drawGraphicFile(const std::string& fileName, const std::string& byte
   GraphicRun run(files, drawing, listener);
   run.runText(bytes);
   drawing.GralGrEnd();
-  return run.errors();
+  return {run.errors(), run.warnings()};
 }
 
 int runDraw(const DrawArguments& arguments, FigureMaker& maker) {
+  const bool ofGrid = !arguments.gridFile.empty();
+  if (ofGrid != arguments.graphicFile.empty())
+    throw UsageError("draw: serve un file grafico, oppure --grid FILE");
   FigureForm form = maker.formFor(arguments.figure, arguments.format);
   TerminalFiles files;
-  std::string errors;
-  const std::string& name = arguments.graphicFile;
-  usingFile(name, [&] { errors = drawGraphicFile(name, files.readAll(name), *form.device); });
-  if (errors.empty() || arguments.anyway) writeFile(files, arguments.figure, form.bytes());
-  if (errors.empty()) return kExitDone;
-  std::cerr << shownName(name) << ":\n" << terminalText(errors);
+  DrawnFigure drawn;
+  const std::string& name = ofGrid ? arguments.gridFile : arguments.graphicFile;
+  usingFile(name, [&] {
+    const std::string bytes = files.readAll(name);
+    drawn = ofGrid ? drawGrid(arguments, bytes, *form.device) : drawGraphicFile(name, bytes, *form.device);
+  });
+  for (const std::string& warning : drawn.warnings) std::clog << warningLine(name, warning);
+  if (drawn.errors.empty() || arguments.anyway) writeFile(files, arguments.figure, form.bytes());
+  if (drawn.errors.empty()) return kExitDone;
+  std::cerr << shownName(name) << ":\n" << terminalText(drawn.errors);
   return kExitBadInput;
 }
 

@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "data/DataFiles.h"
+#include "data/GridFile.h"
 #include "data/foreign/BinaryKinds.h"
 #include "expr/FunctionFile.h"
 #include "platform/Files.h"
@@ -22,6 +23,7 @@ constexpr std::array kKindNames{
     KindName{FileKind::kData, "DAT", "un file dati (.DAT)"},
     KindName{FileKind::kFunctions, "FCN", "un file funzioni (.FCN)"},
     KindName{FileKind::kGraphic, "GRA", "un file grafico (.GRA)"},
+    KindName{FileKind::kGrid, "GRD", "un file griglia (.GRD)"},
 };
 
 /// The lines that count, and those of them that are commands of a graphic file.
@@ -55,6 +57,7 @@ std::optional<FileKind> kindOfContent(const std::string& bytes) {
   const LineCounts count = countLines(bytes);
   if (2 * count.commands > count.all) return FileKind::kGraphic;
   if (parseLines(bytes).errors.empty()) return FileKind::kData;
+  if (parseGrid(bytes).errors.empty()) return FileKind::kGrid;
   if (parseFunctionFile(bytes).ok) return FileKind::kFunctions;
   return std::nullopt;
 }

@@ -6,7 +6,7 @@
 namespace vk {
 
 /// The files that the program reads.
-enum class FileKind { kData, kFunctions, kGraphic };
+enum class FileKind { kData, kFunctions, kGraphic, kGrid };
 
 /// The kind that the ending of a name tells, in any case of the letters.
 std::optional<FileKind> kindOfName(const std::string& fileName);

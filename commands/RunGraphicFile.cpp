@@ -11,6 +11,7 @@ namespace {
 
 constexpr const char* kFigureCaption = "VOR_KEL: Visualizza File Grafico";
 constexpr const char* kErrorCaption = "VOR_KEL: File Grafico - Controllo File";
+constexpr const char* kWarning = "*** Attenzione: ";
 constexpr const char* kPrinterDevice = "Printer";
 constexpr std::size_t kFileScale = 3;
 
@@ -39,7 +40,8 @@ void RunGraphicFile(Session& session, Ports& ports, const std::string& fileName,
     // Each line clears the register; a file without any leaves what stood in it.
     if (!text.empty()) session.ErrFlag = toFlag(run.lastPointFailed());
     // QUIRK: a function that cannot be computed at its last point, drawn by the last line, opens an empty list.
-    const std::string told = run.errors() + run.warnings();
+    std::string told = run.errors();
+    for (const std::string& warning : run.warnings()) told += kWarning + warning + std::string(kCrLf);
     const bool wrong = !told.empty() || session.ErrFlag != 0;
     if (wrong && session.settings.ShowErrors != kFalse) showErrors(ports.output, told, onPrinter);
     drawing.GralGrEnd();

@@ -54,8 +54,8 @@ class GraphicRun {
   /// The messages of the lines that failed, CR LF ended, code page 437.
   std::string errors() const { return file_.gridText(errors_.text()); }
 
-  /// What is drawn and shows something else than people think, CR LF ended lines.
-  std::string warnings() const { return file_.gridText(warnings_.text()); }
+  /// What is drawn and shows something else than people think; ASCII.
+  const std::vector<std::string>& warnings() const { return warnings_; }
 
   /// The last line drew a function that has no value at the last of its points.
   bool lastPointFailed() const { return lastPointFailed_; }
@@ -127,7 +127,8 @@ class GraphicRun {
   double FunXMin_ = 0, FunXMax_ = 0;
   std::string failure_;  // of the present line; empty while it is good
   FileText file_{{}};    // what is run
-  ErrorList errors_, warnings_;
+  ErrorList errors_;
+  std::vector<std::string> warnings_;
   bool lastPointFailed_ = false;
 };
 

@@ -60,8 +60,8 @@ void GraphicRun::warn(const std::string& command, const SpaceView& view, const c
     return "theta = " + generalText(theta) + " e phi = " + generalText(phi);
   };
   const std::string better = angles(kGoodTheta, kGoodPhi), present = angles(view.theta, view.phi);
-  warnings_.add("*** " + command + " con " + present + ": " + what +
-                (present == better ? "" : " (meglio " + better + ")"));
+  warnings_.push_back(command + " con " + present + ": " + what +
+                      (present == better ? "" : " (meglio " + better + ")"));
 }
 
 void GraphicRun::drawContourLines(const CommandFields& fields) {
@@ -71,7 +71,7 @@ void GraphicRun::drawContourLines(const CommandFields& fields) {
   require(i[2] >= kPresentColour && i[2] <= kColours);
   const auto levels = levelsOf(fields.text, i[1], heightRange(*grid));
   if (!drawContours(drawing_, box_, *grid, levels, i[2], i[3] != 0)) {
-    warnings_.add("*** CONTORNI: nessun livello cade fra i valori di z");
+    warnings_.emplace_back("CONTORNI: nessun livello cade fra i valori di z");
   }
 }
 

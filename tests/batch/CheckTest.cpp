@@ -77,7 +77,7 @@ TEST(BatchCheck, TheCauseOfOtherEndingsIsToldToo) {
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_EQ(run.errors,
             file +
-                ": si attende un file .DAT, .FCN o .GRA; sembra un file CSV con virgola decimale: "
+                ": si attende un file .DAT, .GRD, .FCN o .GRA; sembra un file CSV con virgola decimale: "
                 "vor_kel_batch import '" +
                 file + "'\n");
 }

@@ -189,6 +189,57 @@ TEST(BatchDraw, TellsOnAllDevicesWhatTheCheckTells) {
   }
 }
 
+constexpr const char* kGrid = "x\r\ny\r\nz\r\n3 3\r\n0 1 2\r\n0 1 2\r\n0 1 2\r\n1 2 3\r\n2 3 5\r\n";
+
+TEST(BatchDraw, DrawsAGridByAGraphicFileThatItCanSave) {
+  const std::string grid = temporaryFile("A.GRD", kGrid), figure = freshPath("A.GRA");
+  for (const std::string kind : {"", " --surface --levels 5", " --columns --theta 117 --phi 145"}) {
+    const std::string made = freshPath("A.svg"), again = freshPath("B.svg");
+    const BatchRun run =
+        batch("draw --grid '" + grid + "' -o '" + made + "' --save-gra '" + figure + "'" + kind);
+    EXPECT_EQ(run.exitCode, 0) << run.errors;
+    EXPECT_EQ(run.errors, "");
+    EXPECT_THAT(fileContent(made), HasSubstr("</svg>"));
+    EXPECT_EQ(batch("check '" + figure + "'").exitCode, 0);
+    EXPECT_EQ(batch("draw '" + figure + "' -o '" + again + "'").exitCode, 0);
+    EXPECT_EQ(fileContent(again), fileContent(made));
+  }
+}
+
+TEST(BatchDraw, TellsFromWhereAGridIsSeenWrongly) {
+  const std::string grid = temporaryFile("A.GRD", kGrid), figure = freshPath("A.GRA");
+  const BatchRun run = batch("draw --grid '" + grid + "' -o '" + freshPath("A.svg") + "' --save-gra '" +
+                             figure + "' --columns --theta 75");
+  EXPECT_EQ(run.exitCode, 0);
+  const std::string told =
+      "COLONNE con theta = 75 e phi = 125: le parti lontane coprono le vicine (meglio theta = 110 "
+      "e phi = 125)\n";
+  EXPECT_THAT(run.errors, HasSubstr(grid + ": attenzione: " + told));
+  EXPECT_THAT(batch("check '" + figure + "'").errors, HasSubstr(figure + ": attenzione: " + told));
+}
+
+TEST(BatchDraw, AGridWithErrorsIsBadInput) {
+  const std::string grid = temporaryFile("A.GRD", "x\r\ny\r\nz\r\n2 2\r\n0 1\r\n0 1\r\n0 1\r\n1 due\r\n");
+  const std::string list = "***ERR. Linea 8; Dato 2: due\n   Dato NON numerico\n";
+  const BatchRun run = batch("draw --grid '" + grid + "' -o '" + freshPath("A.svg") + "'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.errors, grid + ":\n" + list);
+  const BatchRun check = batch("check '" + grid + "'");
+  EXPECT_EQ(check.exitCode, 2);
+  EXPECT_EQ(check.output, list);
+  EXPECT_EQ(batch("check '" + temporaryFile("B.GRD", kGrid) + "'").exitCode, 0);
+}
+
+TEST(BatchDraw, OptionsOfAGridThatDoNotGoTogetherAreBadUsage) {
+  const std::string grid = " --grid '" + temporaryFile("A.GRD", kGrid) + "'";
+  const std::string out = " -o '" + freshPath("A.svg") + "'";
+  for (const std::string words :
+       {std::string(""), grid + " a.gra", grid + " --theta 110", std::string(" a.gra --surface"),
+        grid + " --surface --columns", grid + " --levels 0", grid + " --surface --phi 200"}) {
+    EXPECT_EQ(batch("draw" + out + words).exitCode, 2) << words;
+  }
+}
+
 TEST(BatchDraw, BadNamesAreBadInput) {
   const std::string figure = temporaryFile("A.GRA", "\\SIMBOLO(3,4)\r\n");
   EXPECT_EQ(batch("draw '" + figure + "'").exitCode, 2);

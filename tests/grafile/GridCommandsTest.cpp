@@ -168,10 +168,10 @@ TEST_F(GridCommandsTest, TellsFromWhereTheCellsHideWrongly) {
     const std::string angles = std::to_string(theta) + "," + std::to_string(phi);
     return warningsOf("\\COLONNE(" + angles + ",.5,0,0,1,slope.grd)\r\n");
   };
-  EXPECT_EQ(
-      told(75, 125),
-      "*** COLONNE con theta = 75 e phi = 125: le parti lontane coprono le vicine (meglio theta = 110 e phi "
-      "= 125)\r\n");
+  EXPECT_EQ(told(75, 125),
+            "*** Attenzione: COLONNE con theta = 75 e phi = 125: le parti lontane coprono le vicine (meglio "
+            "theta = 110 e phi "
+            "= 125)\r\n");
   for (const auto& [theta, phi] : {std::pair{90, 125},
                                    {117, 145},
                                    {134, 91},
@@ -200,25 +200,25 @@ TEST_F(GridCommandsTest, TellsFromWhereTheCellsHideWrongly) {
 }
 
 TEST_F(GridCommandsTest, TellsWhenLabelsOverlap) {
-  EXPECT_EQ(
-      warningsOf("\\RIQUADRO3D(91,179,.5,0,0,0,0,slope.grd)\r\n"),
-      "*** RIQUADRO3D con theta = 91 e phi = 179: le etichette si sovrappongono (meglio theta = 110 e phi = "
-      "125)\r\n");
+  EXPECT_EQ(warningsOf("\\RIQUADRO3D(91,179,.5,0,0,0,0,slope.grd)\r\n"),
+            "*** Attenzione: RIQUADRO3D con theta = 91 e phi = 179: le etichette si sovrappongono (meglio "
+            "theta = 110 e phi = "
+            "125)\r\n");
   EXPECT_EQ(warningsOf("\\RIQUADRO3D(117,145,.5,0,0,1,0,slope.grd)\r\n"), "");
 }
 
 TEST_F(GridCommandsTest, LabelsOfASmallBoxOverlapFromEachSide) {
   EXPECT_EQ(
       warningsOf("\\XSCALA(5,7,0,1)\r\n\\YSCALA(5,7,0,1)\r\n\\RIQUADRO3D(110,125,.5,0,0,0,0,slope.grd)\r\n"),
-      "*** RIQUADRO3D con theta = 110 e phi = 125: le etichette si sovrappongono\r\n");
+      "*** Attenzione: RIQUADRO3D con theta = 110 e phi = 125: le etichette si sovrappongono\r\n");
 }
 
 TEST_F(GridCommandsTest, TellsThatNoLevelIsSeen) {
   EXPECT_EQ(warningsOf("\\CONTORNI(0,0,0,slope.grd;11,12)\r\n"),
-            "*** CONTORNI: nessun livello cade fra i valori di z\r\n");
+            "*** Attenzione: CONTORNI: nessun livello cade fra i valori di z\r\n");
   files.content["FLAT.GRD"] = lines({"x", "y", "z", "2 2", "0 1", "0 1", "3 3", "3 3"});
   EXPECT_EQ(warningsOf("\\CONTORNI(5,0,0,flat.grd)\r\n"),
-            "*** CONTORNI: nessun livello cade fra i valori di z\r\n");
+            "*** Attenzione: CONTORNI: nessun livello cade fra i valori di z\r\n");
   EXPECT_EQ(warningsOf(
                 lines({"\\RIQUADRO3D(110,125,.5,0,0,0,0,flat.grd)",
                        "\\SUPERFICIE(110,125,.5,0,0,3,5,flat.grd)", "\\COLONNE(110,125,.5,0,0,0,flat.grd)"})),

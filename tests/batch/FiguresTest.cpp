@@ -233,7 +233,7 @@ TEST(BatchDraw, AGridWithErrorsIsBadInput) {
 TEST(BatchDraw, OptionsOfAGridThatDoNotGoTogetherAreBadUsage) {
   const std::string grid = " --grid '" + temporaryFile("A.GRD", kGrid) + "'";
   const std::string out = " -o '" + freshPath("A.svg") + "'";
-  for (const std::string words :
+  for (const std::string& words :
        {std::string(""), grid + " a.gra", grid + " --theta 110", std::string(" a.gra --surface"),
         grid + " --surface --columns", grid + " --levels 0", grid + " --surface --phi 200"}) {
     EXPECT_EQ(batch("draw" + out + words).exitCode, 2) << words;

@@ -19,6 +19,7 @@
 #include "batch/ExitCode.h"
 #include "batch/FileOptions.h"
 #include "batch/FitCommand.h"
+#include "batch/GridOptions.h"
 #include "batch/ImportCommand.h"
 #include "batch/OptionTexts.h"
 #include "batch/PropagateCommand.h"
@@ -283,28 +284,13 @@ Action addEval(CLI::App& eval, Setup&) {
   };
 }
 
-void addGridFigure(CLI::App& draw, Setup& setup, DrawArguments& args) {
-  CLI::Option* grid = draw.add_option("--grid", args.gridFile, "Disegna una griglia con linee di livello");
-  setup.files.reads(grid, "GRD");
-  const auto ofGrid = [&](CLI::Option* option) { return option->needs(grid); };
-  CLI::Option* surface = ofGrid(draw.add_flag("--surface", args.surface, "La griglia come superficie"));
-  CLI::Option* columns = ofGrid(draw.add_flag("--columns", args.columns, "La griglia come colonne"));
-  surface->excludes(columns);
-  ofGrid(draw.add_option("--theta", args.theta,
-                         "Angolo in gradi attorno alla verticale, con --surface o --columns"));
-  ofGrid(draw.add_option("--phi", args.phi, "Angolo in gradi da cui si guarda, fra 0 e 180"));
-  ofGrid(draw.add_option("--levels", args.levels, "Circa quanti livelli")->check(CLI::Range(1, 50)));
-  setup.files.writes(ofGrid(draw.add_option("--save-gra", args.savedFile, "Lo stesso come file grafico")),
-                     "GRA");
-}
-
 Action addDraw(CLI::App& draw, Setup& setup) {
   auto args = std::make_shared<DrawArguments>();
   setup.files.reads(draw.add_option("GRAFICO", args->graphicFile, "File grafico"), "GRA");
   setup.files.writes(draw.add_option("-o,--output", args->figure, "Grafico"), "PNG|SVG|PDF")->required();
   addFormat(draw, args->format);
   draw.add_flag("--anyway", args->anyway, "Disegna quello che si puo` anche con righe errate");
-  addGridFigure(draw, setup, *args);
+  addGridFigure(draw, setup.files, *args);
   return [=, &setup] { return runDraw(*args, figureMaker(setup)); };
 }
 

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "batch/DrawCommand.h"
+#include "batch/FileOptions.h"
+
+namespace vk {
+
+/// The options of `draw` for a grid file.
+void addGridFigure(CLI::App& draw, FileOptions& files, DrawArguments& args);
+
+}  // namespace vk

@@ -1,0 +1,10 @@
+f(x) = N*exp(-(x-m)**2/(2*s**2)) + a + b*x
+N = 150; m = 660; s = 10; a = 100; b = -0.1
+set fit quiet logfile "/dev/null"
+fit f(x) "fit.dat" skip 4 using 1:2:3 yerrors via N, m, s, a, b
+set xlabel "E (keV)"
+set ylabel "Conteggi"
+set samples 400
+unset key
+plot f(x) linewidth 2 linecolor "black", \
+  "fit.dat" skip 4 with yerrorbars pointtype 6 pointsize 1.5 linecolor "black"

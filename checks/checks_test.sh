@@ -94,6 +94,32 @@ file docs/glossary.md '# Glossary'
 expect refused glossary "a page without rows"
 
 begin
+file CMakeLists.txt 'project(vor_kel VERSION 1.2 LANGUAGES CXX)'
+file CHANGELOG.md '# Changes' '## [1.2] - unreleased' '## [1.1]'
+file CONTRIBUTING.md 'The type `base/A.h` is [there](base/A.h).'
+file base/A.h
+file docs/architecture.md '```mermaid' '```'
+while IFS= read -r library; do file "$library/README.md" 'May use: .'; done < <(sed -n 's/^\([a-z/]*\):.*/\1/p' "$root/checks/layers.txt")
+"$made/checks/picture.sh" --renew
+expect held documents "pages as they should be"
+file base/README.md 'May use: Qt.'
+expect "base/README.md does not say" documents "a page that allows more"
+"$made/checks/picture.sh" --renew
+echo 'gral/new: gral' >> "$made/checks/layers.txt"
+file gral/new/README.md 'May use: gral.'
+expect "shows other libraries" documents "a library that the picture lacks"
+"$made/checks/picture.sh" --renew
+file CHANGELOG.md '## [1.1]'
+expect "version 1.1" documents "a changelog without the newest version"
+file CHANGELOG.md '## [1.2]'
+rm "$made/base/A.h"
+expect 'no base/A.h' documents "a file that has gone"
+file CONTRIBUTING.md '[there](docs/gone.md#part)'
+expect "no docs/gone.md" documents "a page that has gone"
+file CONTRIBUTING.md '[there](docs/architecture.md#part), [elsewhere](https://example.org/page)'
+expect held documents "links that lead somewhere"
+
+begin
 file base/A.cpp '// QUIRK: odd'
 expect "base has intended oddities" quirks "an oddity without a test"
 file tests/base/ATest.cpp 'TEST(A, QUIRK_IsOdd) {}'

@@ -17,6 +17,7 @@
 #include "batch/DrawCommand.h"
 #include "batch/EvalCommand.h"
 #include "batch/ExitCode.h"
+#include "batch/FigureArguments.h"
 #include "batch/FileOptions.h"
 #include "batch/FitCommand.h"
 #include "batch/GridOptions.h"
@@ -39,7 +40,6 @@ constexpr const char* kProgramName = "vor_kel_batch";
 constexpr const char* kJsonHelp = "Stampa il risultato come oggetto JSON";
 constexpr const char* kHelpHelp = "Mostra questo aiuto";
 constexpr const char* kTraceHelp = "Mostra anche quello che riferisce il compilatore delle formule";
-constexpr const char* kFormatHelp = "Formato del grafico, se il nome del file non lo dice";
 constexpr const char* kDigitsHelp = "Cifre significative dei dati scritti, da 1 a 17 (6)";
 constexpr const char* kSeedHelp = "Seme del generatore di numeri casuali";
 
@@ -100,10 +100,6 @@ std::function<std::vector<EnteredValue>()> addStart(CLI::App& command) {
   };
 }
 
-void addFormat(CLI::App& command, std::string& format) {
-  command.add_option("--format", format, kFormatHelp)->type_name("png|svg|pdf");
-}
-
 void addJson(CLI::App& command, bool& json) {
   command.add_flag("--json", json, kJsonHelp);
 }
@@ -155,8 +151,8 @@ Action addFit(CLI::App& fit, Setup& setup) {
   addForms(fit, args->form);
   fit.add_option("--jobs", args->jobs, "Quanti file alla volta (1)");
   setup.files.writes(fit.add_option("--figure", args->figures.figure, "Grafico di dati e funzione"),
-                     "PNG|SVG|PDF");
-  addFormat(fit, args->figures.format);
+                     "PNG|SVG|PDF|EPS");
+  addFigureOptions(fit, args->figures.options)->excludes(fit.get_option("--portrait"));
   setup.files.writes(fit.add_option("--save-gra", args->figures.graphicFile, "Lo stesso come file grafico"),
                      "GRA");
   CLI::Option* band = fit.add_option("--band", args->figures.band,
@@ -287,8 +283,8 @@ Action addEval(CLI::App& eval, Setup&) {
 Action addDraw(CLI::App& draw, Setup& setup) {
   auto args = std::make_shared<DrawArguments>();
   setup.files.reads(draw.add_option("GRAFICO", args->graphicFile, "File grafico"), "GRA");
-  setup.files.writes(draw.add_option("-o,--output", args->figure, "Grafico"), "PNG|SVG|PDF")->required();
-  addFormat(draw, args->format);
+  setup.files.writes(draw.add_option("-o,--output", args->figure, "Grafico"), "PNG|SVG|PDF|EPS")->required();
+  addFigureOptions(draw, args->options)->excludes(draw.get_option("--scale"));
   draw.add_flag("--anyway", args->anyway, "Disegna quello che si puo` anche con righe errate");
   addGridFigure(draw, setup.files, *args);
   return [=, &setup] { return runDraw(*args, figureMaker(setup)); };

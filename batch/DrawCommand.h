@@ -13,7 +13,7 @@ namespace vk {
 struct DrawArguments {
   std::string graphicFile;
   std::string figure;  ///< the file to be made
-  std::string format;  ///< its format where the name does not tell it
+  FigureOptions options{};
   std::string gridFile;
   bool surface = false, columns = false;  ///< of the grid; else contours
   std::optional<double> theta, phi;
@@ -30,9 +30,11 @@ int runDraw(const DrawArguments& arguments, FigureMaker& maker);
 struct DrawnFigure {
   std::string errors;
   std::vector<std::string> warnings;
+  FigureWords words;
 };
 
-/// Draws the bytes of a graphic file on a page of A4. What is no graphic file raises `UsageError`.
-DrawnFigure drawGraphicFile(const std::string& fileName, const std::string& bytes, Device& page);
+/// Draws the bytes of a graphic file on a form as a page. What is no graphic file raises `UsageError`.
+DrawnFigure drawGraphicFile(const std::string& fileName, const std::string& bytes, Device& form,
+                            const FigurePage& page = {});
 
 }  // namespace vk

@@ -6,7 +6,7 @@
 #include "base/Text.h"
 #include "batch/DataInput.h"
 #include "commands/FigureCommands.h"
-#include "commands/PlotWindowCommands.h"
+#include "grafile/FigureDescription.h"
 #include "grafile/FigureKind.h"
 #include "grafile/ModernFigure.h"
 #include "gral/NoPrinter.h"
@@ -59,10 +59,13 @@ std::optional<BandWish> bandWish(const WantedFigures& wanted) {
   throw UsageError("--band: si attende 68 o 95");
 }
 
-void drawFigure(Session& session, int kind, Device& page, EvaluationListener& listener) {
+void drawFigure(Session& session, int kind, Device& form, EvaluationListener& listener,
+                const FigurePage& page) {
   TerminalDialogs dialogs("fit");
-  NoPrinter printer;
-  makeFigure(session, dialogs, {[&]() -> Device& { return page; }, printer}, kind, listener, [] {});
+  NoPrinter printer(page.sides);
+  session.figures.Landscape = toFlag(!page.portrait);
+  session.figures.GraphScale.at(static_cast<std::size_t>(kind - 1)) = static_cast<float>(page.scale);
+  makeFigure(session, dialogs, {[&]() -> Device& { return form; }, printer}, kind, listener, [] {});
 }
 
 FitFigures::FitFigures(const WantedFigures& wanted, FigureMaker* maker) : wanted_(wanted) {
@@ -71,7 +74,7 @@ FitFigures::FitFigures(const WantedFigures& wanted, FigureMaker* maker) : wanted
   if (wanted.figure.empty()) {
     form_.device = std::make_unique<ObserverDevice>();
   } else {
-    form_ = maker->formFor(wanted.figure, wanted.format);
+    form_ = maker->formFor(wanted.figure, wanted.options);
   }
 }
 
@@ -81,9 +84,10 @@ bool FitFigures::write(Session& session, EvaluationListener& listener) {
 }
 
 /// The figure as the style has it. A function that cannot be computed leaves no text.
-FigureTexts FitFigures::drawFunction(Session& session, EvaluationListener& listener) {
+FigureTexts FitFigures::drawFunction(Session& session, EvaluationListener& listener, Device& form,
+                                     const FigurePage& page) const {
   if (!wanted_.modern()) {
-    drawFigure(session, kFunctionFigure, *form_.device, listener);
+    drawFigure(session, kFunctionFigure, form, listener, page);
     return {.graph = session.figures.GraphText[kFunctionFigure], .failed = session.ErrFlag != kFalse};
   }
   FigureSource source = figureSource(session, kFunctionFigure);
@@ -91,24 +95,33 @@ FigureTexts FitFigures::drawFunction(Session& session, EvaluationListener& liste
   source.beside = besideFile(wanted_.graphicFile);
   const auto values = computeFigure(source, listener, [] {});
   if (!values) return {};
-  NoPrinter printer;
+  NoPrinter printer(page.sides);
   TerminalFiles files;
   GralCls drawing(printer);
-  drawing.GralGrStr(*form_.device, paperOrientation(session.figures), 1);
+  drawing.GralGrStr(form, page.orientation(), page.scale);
   FigureTexts texts = drawModern(source, *values, files, drawing, listener);
   drawing.GralGrEnd();
   return texts;
 }
 
+/// The graphic file tells of the page of A4, whatever is asked of the drawing.
 bool FitFigures::writeFunction(Session& session, EvaluationListener& listener) {
   if (wanted_.figure.empty() && wanted_.graphicFile.empty()) return true;
-  const FigureTexts texts = drawFunction(session, listener);
+  const FigureOptions& options = wanted_.options;
+  FigureTexts texts = drawFunction(session, listener, *form_.device, filledPage(options));
   if (!isComplete(texts.graph)) return false;
   const bool banded = !session.figures.band || !texts.failed;
   if (!banded) std::cerr << kNoBand;
   TerminalFiles files;
-  if (!wanted_.figure.empty()) writeFile(files, wanted_.figure, form_.bytes());
+  if (!wanted_.figure.empty()) {
+    const std::string title = nameOfFigure(kFunctionFigure) + ": " + GetFileName(session.loaded.DataFile);
+    writeFile(files, wanted_.figure, form_.bytes(describeFigure(texts.graph, title)));
+  }
   if (wanted_.graphicFile.empty()) return banded;
+  if (!options.size.empty() || options.portrait) {
+    ObserverDevice page;
+    texts = drawFunction(session, listener, page, {});
+  }
   writeFile(files, wanted_.graphicFile, asSaved(texts.graph));
   for (const auto& [name, text] : texts.files) writeFile(files, name, text);
   return banded;

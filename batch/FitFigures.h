@@ -22,7 +22,7 @@ struct WantedFigures {
   bool any() const { return !figure.empty() || !graphicFile.empty() || !differences.empty(); }
 
   std::string figure;         ///< data and function, drawn
-  std::string format;         ///< of that drawing where its name does not tell it
+  FigureOptions options{};    ///< of that drawing
   std::string graphicFile;    ///< the same as a graphic file
   std::string differences;    ///< differences of data and function, as a data file
   std::optional<int> digits;  ///< of the differences; by default those that they have
@@ -42,8 +42,9 @@ std::optional<BandWish> bandWish(const WantedFigures& wanted);
 /// Said where a band cannot be computed.
 inline constexpr const char* kNoBand = "fit: la banda di confidenza NON si puo` calcolare\n";
 
-/// Draws a standard figure of the session (`FigureKind`) on a page of A4; its texts stay in the session.
-void drawFigure(Session& session, int kind, Device& page, EvaluationListener& listener);
+/// Draws a standard figure of the session (`FigureKind`) on a form as a page; its texts stay in the session.
+void drawFigure(Session& session, int kind, Device& form, EvaluationListener& listener,
+                const FigurePage& page = {});
 
 /// The figures of a fit that is still to run.
 class FitFigures {
@@ -57,7 +58,8 @@ class FitFigures {
 
  private:
   bool writeFunction(Session& session, EvaluationListener& listener);
-  FigureTexts drawFunction(Session& session, EvaluationListener& listener);
+  FigureTexts drawFunction(Session& session, EvaluationListener& listener, Device& form,
+                           const FigurePage& page) const;
   bool writeDifferences(Session& session, EvaluationListener& listener) const;
 
   WantedFigures wanted_;

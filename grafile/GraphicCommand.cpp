@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "base/Text.h"
+#include "base/TextLines.h"
+#include "data/FigureText.h"
+
 namespace vk {
 namespace {
 
@@ -49,6 +53,34 @@ const GraphicCommand* findGraphicCommand(std::string_view name) {
   const auto found = std::find_if(kCommands.begin(), kCommands.end(),
                                   [&](const GraphicCommand& command) { return command.name == name; });
   return found == kCommands.end() ? nullptr : &*found;
+}
+
+GraphicLine readGraphicLine(const std::string& line) {
+  const int open = position(line, "(");
+  if (!line.starts_with('\\') || open == 0 || !line.ends_with(')')) return {nullptr, {}};
+  return {findGraphicCommand(upper(trim(mid(line, 2, open - 2)))),
+          mid(line, open + 1, length(line) - open - 1)};
+}
+
+void readFields(const NamedParameters& parameters, const FileText& file, const GraphicLine& line,
+                CommandFields& fields, Int16& flag) {
+  ParseFields(parameters, line.arguments, fields.numbers, fields.integers, fields.text,
+              line.command->numericFields(), line.command->integerFields, flag, &fields.doubles);
+  if (line.command->text == TextField::kFigureText) fields.text = figureText(file, fields.text);
+}
+
+void eachGraphicLine(std::string_view text, const std::function<void(const std::string&)>& take) {
+  TextLines lines(text);
+  while (const auto first = lines.next()) {
+    std::string line(trimmedLine(*first));
+    while (line.ends_with('&')) {
+      const auto more = lines.next();
+      if (!more) throw RuntimeError(kInputPastEnd);
+      line.pop_back();
+      line += trimmedLine(*more);
+    }
+    take(line);
+  }
 }
 
 }  // namespace vk

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "grafile/GraphicFile.h"
@@ -25,6 +27,21 @@ struct GraphicCommand {
 
   int numericFields() const { return static_cast<int>(numericKinds.size()); }
 };
+
+/// A line of a graphic file that is a command: where it is none, `command` is.
+struct GraphicLine {
+  const GraphicCommand* command;
+  std::string arguments;
+};
+GraphicLine readGraphicLine(const std::string& line);
+
+/// The fields of a line of a file with a command. An unknown name of a parameter sets the flag to -1.
+void readFields(const NamedParameters& parameters, const FileText& file, const GraphicLine& line,
+                CommandFields& fields, Int16& flag);
+
+/// Calls `take` with each line of a graphic file, those that are continued as one. A last line that asks for a
+/// continuation is run-time error 62.
+void eachGraphicLine(std::string_view text, const std::function<void(const std::string&)>& take);
 
 /// All commands.
 std::span<const GraphicCommand> graphicCommands();

@@ -1,10 +1,6 @@
 #include "grafile/GraphicFile.h"
 
 #include "base/Guard.h"
-#include "base/Text.h"
-#include "base/TextLines.h"
-#include "data/DataFiles.h"
-#include "data/FigureText.h"
 #include "grafile/GraphicCommand.h"
 
 namespace vk {
@@ -17,17 +13,7 @@ GraphicRun::GraphicRun(Files& files, GralCls& drawing, EvaluationListener& liste
 
 void GraphicRun::runText(std::string_view text) {
   file_ = FileText(text);
-  TextLines lines(file_.text());
-  while (const auto first = lines.next()) {
-    std::string line(trimmedLine(*first));
-    while (line.ends_with('&')) {
-      const auto more = lines.next();
-      if (!more) throw RuntimeError(kInputPastEnd);
-      line.pop_back();
-      line += trimmedLine(*more);
-    }
-    runLine(line);
-  }
+  eachGraphicLine(file_.text(), [this](const std::string& line) { runLine(line); });
 }
 
 void GraphicRun::runLine(const std::string& line) {
@@ -39,18 +25,15 @@ void GraphicRun::runLine(const std::string& line) {
 }
 
 void GraphicRun::obey(const std::string& line) {
-  const int open = position(line, "(");
-  const bool closed = open > 0 && line.ends_with(')');
-  const GraphicCommand* command = closed ? findGraphicCommand(upper(trim(mid(line, 2, open - 2)))) : nullptr;
+  const GraphicLine read = readGraphicLine(line);
+  const GraphicCommand* command = read.command;
   if (command == nullptr) return fail("***" + line + " Comando Errato");
 
   Int16 flag = errorFlag_;
   const bool done = guard([&] {
     CommandFields fields;
-    ParseFields(parameters_, mid(line, open + 1, length(line) - open - 1), fields.numbers, fields.integers,
-                fields.text, command->numericFields(), command->integerFields, flag, &fields.doubles);
+    readFields(parameters_, file_, read, fields, flag);
     keepDoubles(command->numericKinds, fields);
-    if (command->text == TextField::kFigureText) fields.text = figureText(file_, fields.text);
     if (flag == 0) (this->*command->handler)(fields);
   });
   if (!done || flag != 0) fail("*** Parametri di " + std::string(command->name) + " Errati");

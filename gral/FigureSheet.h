@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 #include "gral/DeviceTypes.h"
@@ -11,19 +12,27 @@ struct FigureWords {
   std::string title, description;
 };
 
+/// How a drawing stands on its sheet, in twips.
+struct DrawingPlace {
+  SheetSize sheet;
+  double scale = 1;
+  TwipPoint corner = {};
+};
+
 /// The sheet that a drawing becomes a file on.
 struct FigureSheet {
-  SheetSize size = {};  ///< the drawing stands in its middle; without one, that of the drawing
-  int dpi = 192;        ///< pixels of an image to the inch
+  SheetSize size =
+      {};  ///< the drawing fills it as far as its sides allow, in its middle; without one, that of the drawing
+  int dpi = 192;  ///< pixels of an image to the inch
   bool transparent = false;
   FigureWords words = {};
 
-  /// The size for a drawing of this one.
-  const SheetSize& sizeFor(const SheetSize& drawing) const { return size.width > 0 ? size : drawing; }
-  /// Where the drawing's corner stands.
-  TwipPoint cornerOf(const SheetSize& drawing) const {
-    const SheetSize sheet = sizeFor(drawing);
-    return {(sheet.width - drawing.width) / 2, (sheet.height - drawing.height) / 2};
+  bool sized() const { return size.width > 0; }
+  DrawingPlace placeFor(const SheetSize& drawing) const {
+    if (!sized()) return {drawing};
+    const double scale = std::min(size.width / drawing.width, size.height / drawing.height);
+    return {
+        size, scale, {(size.width - scale * drawing.width) / 2, (size.height - scale * drawing.height) / 2}};
   }
 };
 

@@ -8,7 +8,7 @@ namespace vk {
 /// Figures as images and vector files by the toolkit, without a screen.
 class ToolkitFigures : public FigureMaker {
  public:
-  FigureForm formFor(const std::string& fileName, const std::string& format) override;
+  FigureForm formFor(const std::string& fileName, const FigureOptions& options) override;
 
  private:
   QtGraphics graphics_;

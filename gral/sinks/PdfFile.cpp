@@ -127,7 +127,7 @@ void dropCreationDate(std::string& file) {
 
 std::string withSheet(std::string file, const FigureSheet& sheet) {
   const FigureWords& words = sheet.words;
-  const bool sized = sheet.size.width > 0, told = !words.title.empty() || !words.description.empty();
+  const bool sized = sheet.sized(), told = !words.title.empty() || !words.description.empty();
   if (!sized && !told) return file;
   PdfUpdate update(std::move(file));
   const std::string pages = update.content(numberBehind(update.content(update.root()), "/Pages"));

@@ -56,14 +56,14 @@ SvgWriter::SvgWriter(int pixelRatio, LetterMetrics& letters)
 
 std::string SvgWriter::document(const FigureSheet& sheet) {
   closeGroup();
-  const SheetSize size = sheet.sizeFor(size_);
-  const TwipPoint corner = -1 * sheet.cornerOf(size_);
+  const auto [size, scale, place] = sheet.placeFor(size_);
+  const TwipPoint corner = -1 / scale * place;
   const auto points = [](double twips) { return svgNumber(twips / kTwipsPerPoint) + "pt"; };
-  const std::string width = svgNumber(size.width), height = svgNumber(size.height);
+  const std::string width = svgNumber(size.width / scale), height = svgNumber(size.height / scale);
   const FigureWords& words = sheet.words;
   std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\"" +
                      svgAttribute("width", points(size.width)) + svgAttribute("height", points(size.height)) +
-                     svgAttribute("viewBox", place(corner) + " " + width + " " + height) +
+                     svgAttribute("viewBox", this->place(corner) + " " + width + " " + height) +
                      svgAttribute("font-family", kFontFamily) +
                      " stroke-linecap=\"round\" stroke-linejoin=\"round\"" +
                      (words.title.empty() ? "" : " role=\"img\"") + ">\n";

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <list>
@@ -193,6 +194,27 @@ void runInProcesses(int count, int jobs, const std::function<int(int)>& task,
       if (!take(taken++, next->second)) return;
     }
   }
+}
+
+ProcessEnd runProgram(const std::vector<std::string>& words, std::string_view input) {
+  constexpr int kNotFound = 127;
+  const auto run = [&](int) {
+    std::FILE* const file = std::tmpfile();
+    if (file == nullptr || std::fwrite(input.data(), 1, input.size(), file) != input.size()) return kNotFound;
+    std::rewind(file);
+    ::dup2(::fileno(file), STDIN_FILENO);
+    std::vector<char*> arguments;
+    for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+    arguments.push_back(nullptr);
+    ::execvp(arguments.front(), arguments.data());
+    return kNotFound;
+  };
+  ProcessEnd result;
+  runInProcesses(1, 1, run, [&](int, const ProcessEnd& end) {
+    result = end;
+    return true;
+  });
+  return result;
 }
 
 SignalHold::SignalHold() {

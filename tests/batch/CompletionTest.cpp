@@ -68,7 +68,7 @@ TEST(BatchCompletion, OffersWhatMayFollow) {
       {"fit dati.dat --x-errors e", {"effective"}},
       {"draw ''", {"A.GRA", "sotto"}},
       {"draw A.GRA -o ''", {"b.png", "sotto"}},
-      {"draw A.GRA --format ''", {"pdf", "png", "svg"}},
+      {"draw A.GRA --format ''", {"eps", "pdf", "png", "svg"}},
       {"check ''", {"A.GRA", "DATI.DAT", "LIB.FCN", "dati.dat", "sotto", "un nome.DAT"}},
       {"import n", {"note.txt"}},
       {"import --decimal ''", {"punto", "virgola"}},

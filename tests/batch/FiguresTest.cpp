@@ -191,6 +191,11 @@ TEST(BatchDraw, TellsOnAllDevicesWhatTheCheckTells) {
 
 constexpr const char* kGrid = "x\r\ny\r\nz\r\n3 3\r\n0 1 2\r\n0 1 2\r\n0 1 2\r\n1 2 3\r\n2 3 5\r\n";
 
+/// What follows the title, which is the name of the file that was drawn.
+std::string behindTitle(const std::string& svg) {
+  return svg.substr(svg.find("</title>"));
+}
+
 TEST(BatchDraw, DrawsAGridByAGraphicFileThatItCanSave) {
   const std::string grid = temporaryFile("A.GRD", kGrid), figure = freshPath("A.GRA");
   for (const std::string kind : {"", " --surface --levels 5", " --columns --theta 117 --phi 145"}) {
@@ -202,7 +207,7 @@ TEST(BatchDraw, DrawsAGridByAGraphicFileThatItCanSave) {
     EXPECT_THAT(fileContent(made), HasSubstr("</svg>"));
     EXPECT_EQ(batch("check '" + figure + "'").exitCode, 0);
     EXPECT_EQ(batch("draw '" + figure + "' -o '" + again + "'").exitCode, 0);
-    EXPECT_EQ(fileContent(again), fileContent(made));
+    EXPECT_EQ(behindTitle(fileContent(again)), behindTitle(fileContent(made)));
   }
 }
 
@@ -263,7 +268,7 @@ TEST(BatchFit, AWrongEndingOfAFigureIsToldBeforeTheFit) {
   const BatchRun run = batch(std::string(kOhm) + "--figure out.gif");
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_EQ(run.output, "");
-  EXPECT_EQ(run.errors, "out.gif: si attende un nome .PNG, .SVG o .PDF, o --format\n");
+  EXPECT_EQ(run.errors, "out.gif: si attende un nome .PNG, .SVG, .PDF o .EPS, o --format\n");
 }
 
 // What the toolkit misses around it is nothing that a user could mend.
@@ -280,8 +285,9 @@ TEST(BatchDraw, SaysNothingOfItsSurroundings) {
 TEST(BatchDraw, TheFormatStandsInTheNameOrInAnOption) {
   const std::string figure = temporaryFile("A.GRA", "\\SIMBOLO(3,4)\r\n"), odd = freshPath("figure");
   EXPECT_EQ(batch("draw '" + figure + "' -o -").errors,
-            "-: si attende un nome .PNG, .SVG o .PDF, o --format\n");
-  EXPECT_EQ(batch("draw '" + figure + "' -o x --format gif").errors, "--format: si attende png, svg o pdf\n");
+            "-: si attende un nome .PNG, .SVG, .PDF o .EPS, o --format\n");
+  EXPECT_EQ(batch("draw '" + figure + "' -o x --format gif").errors,
+            "--format: si attende png, svg, pdf o eps\n");
   EXPECT_EQ(batch("draw '" + figure + "' -o '" + odd + "' --format PDF").errors, "");
   EXPECT_THAT(fileContent(odd), StartsWith("%PDF-"));
   const BatchRun fit = batch(std::string(kOhm) + "--figure - --format png");

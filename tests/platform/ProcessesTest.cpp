@@ -119,5 +119,19 @@ TEST(SignalHold, LetsAnEndingSignalThroughAfterwards) {
   EXPECT_EQ(ends[0].signal, SIGINT);
 }
 
+TEST(Programs, TakeAnInputAndGiveTheirOutput) {
+  const std::string input(200000, 'a');
+  const ProcessEnd end = runProgram({"tr", "a", "b"}, input);
+  EXPECT_EQ(end.exitCode, 0);
+  EXPECT_EQ(end.output, std::string(200000, 'b'));
+}
+
+TEST(Programs, TellTheirErrorsAndThatTheyAreMissing) {
+  const ProcessEnd end = runProgram({"sh", "-c", "echo said >&2; exit 3"});
+  EXPECT_EQ(end.exitCode, 3);
+  EXPECT_EQ(end.errors, "said\n");
+  EXPECT_EQ(runProgram({"no-such-program-anywhere"}).exitCode, 127);
+}
+
 }  // namespace
 }  // namespace vk

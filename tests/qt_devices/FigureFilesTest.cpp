@@ -72,29 +72,45 @@ class FigureFiles : public DevicesFixture {
 TEST_F(FigureFiles, SvgIsWellFormedAndTellsItsWords) {
   const std::string svg = drawn(drawWords).svg(wholeSheet());
   EXPECT_EQ(told(QStringLiteral("xmllint"), {QStringLiteral("--noout"), written(svg)}), "");
-  EXPECT_THAT(
-      svg, HasSubstr(" width=\"340.16pt\" height=\"226.77pt\" viewBox=\"-1354.07 -842.72 6803.15 4535.43\""));
+  EXPECT_THAT(svg, HasSubstr(" width=\"340.16pt\" height=\"226.77pt\" viewBox=\"-90 0 4275 2850\""));
   EXPECT_THAT(svg, HasSubstr(" role=\"img\">\n<title>Title &lt;1&gt;</title>\n"
                              "<desc>Perch\xC3\xA9 \xF0\x9D\x94\x98 &amp; more</desc>\n<defs>"));
 }
 
-TEST_F(FigureFiles, DrawingStandsInTheMiddleOfItsSheet) {
-  const VectorDevice& figure = drawn(drawWords);
-  EXPECT_DOUBLE_EQ(figure.area().width, 4095);
-  const QImage found = page(figure.pdf(wholeSheet()));
-  const QImage alone = page(figure.pdf());
-  EXPECT_EQ(found.size(), QSize(709, 473));
-  // 1354 and 843 twips are 141 and 88 pixels.
-  int same = 0, all = 0;
-  for (int y = 0; y < alone.height(); ++y) {
-    for (int x = 0; x < alone.width(); ++x) {
-      if (qGray(alone.pixel(x, y)) > 128) continue;
-      ++all;
-      if (qGray(found.pixel(x + 141, y + 88)) < 240) ++same;
+/// The box around the dark pixels.
+QRect inkOf(const QImage& image) {
+  QRect box;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (qGray(image.pixel(x, y)) < 128) box |= QRect(x, y, 1, 1);
     }
   }
-  EXPECT_GT(all, 500);
-  EXPECT_GT(same, all * 9 / 10);
+  return box;
+}
+
+TEST_F(FigureFiles, DrawingFillsItsSheetAndStandsInTheMiddle) {
+  for (auto* draw : {drawWords, drawMany}) {
+    const VectorDevice& figure = drawn(draw);
+    ASSERT_DOUBLE_EQ(figure.area().width, 4095);
+    ASSERT_DOUBLE_EQ(figure.area().height, 2850);
+    FigureSheet sheet = wholeSheet();
+    sheet.dpi = 150;
+    const QImage found = page(figure.pdf(sheet));
+    const QImage image = QImage::fromData(QByteArray::fromStdString(figure.png(sheet)), "PNG");
+    EXPECT_EQ(image.size(), QSize(709, 472));
+    EXPECT_EQ(found.size(), QSize(709, 473));  // a page begins with the pixel in which it begins
+    const QRect alone = inkOf(page(figure.pdf()));
+    // The sheet is 8 cm high, and 143 twips, which are 15 pixels, remain on either side of the drawing.
+    const double scale = 8 * kTwipsPerCm / 2850;
+    const QRectF expected(15 + scale * alone.left(), scale * alone.top(), scale * alone.width(),
+                          scale * alone.height());
+    for (const QRect& ink : {inkOf(found), inkOf(image)}) {
+      EXPECT_NEAR(ink.left(), expected.left(), 2);
+      EXPECT_NEAR(ink.top(), expected.top(), 2);
+      EXPECT_NEAR(ink.width(), expected.width(), 3);
+      EXPECT_NEAR(ink.height(), expected.height(), 3);
+    }
+  }
 }
 
 TEST_F(FigureFiles, PdfIsSoundAndTellsItsWords) {

@@ -5,6 +5,7 @@
 #include <QPageSize>
 #include <cmath>
 
+#include "base/NumberText.h"
 #include "base/RuntimeError.h"
 #include "gral/sinks/PdfContent.h"
 #include "gral/sinks/PdfFile.h"
@@ -17,10 +18,9 @@ namespace {
 constexpr std::size_t kVeryMany = 1000;
 
 /// The toolkit has pages of whole points: on one that is asked for, the drawing is cut behind them.
-QSizeF pointsOf(const FigureSheet& sheet, const SheetSize& drawing) {
-  const SheetSize size = sheet.sizeFor(drawing);
+QSizeF pointsOf(const FigureSheet& sheet, const SheetSize& size) {
   const QSizeF points(size.width / kTwipsPerPoint, size.height / kTwipsPerPoint);
-  return sheet.size.width > 0 ? QSizeF(std::ceil(points.width()), std::ceil(points.height())) : points;
+  return sheet.sized() ? QSizeF(std::ceil(points.width()), std::ceil(points.height())) : points;
 }
 
 }  // namespace
@@ -31,15 +31,16 @@ QString PdfPage::joiningLibrary() {
 
 PdfPage::PdfPage(const SheetSize& drawing, int pixelRatio, QtLetters& letters, const FigureSheet& sheet,
                  const QString& library)
-    : sheet_(sheet), corner_(sheet.cornerOf(drawing)), pixelRatio_(pixelRatio), library_(library) {
+    : sheet_(sheet), place_(sheet.placeFor(drawing)), pixelRatio_(pixelRatio), library_(library) {
   buffer_.open(QIODevice::WriteOnly);
   writer_.setCreator(QStringLiteral("Vor_Kel"));
   writer_.setResolution(static_cast<int>(kTwipsPerInch));
   writer_.setPageMargins(QMarginsF(0, 0, 0, 0));
   writer_.setPageSize(
-      QPageSize(pointsOf(sheet, drawing), QPageSize::Point, QString(), QPageSize::ExactMatch));
+      QPageSize(pointsOf(sheet, place_.sheet), QPageSize::Point, QString(), QPageSize::ExactMatch));
   if (!painter_.begin(&writer_)) throw RuntimeError(kDeviceIoError);
-  painter_.translate(corner_.x, corner_.y);
+  painter_.translate(place_.corner.x, place_.corner.y);
+  painter_.scale(place_.scale, place_.scale);
   painted_.emplace(painter_, letters, kNominalTwipsPerPixel / pixelRatio, kNominalTwipsPerPixel);
   if (sheet.transparent) painted_->keepGround();
 }
@@ -111,8 +112,9 @@ void PdfPage::drawBeside() {
   content.pen(penBefore_);
   content.filling(fillingBefore_);
   waiting_.replay(content);
-  drawn_.layers.push_back("1 0 0 1 " + svgNumber(corner_.x) + " " + svgNumber(corner_.y) + " cm\n" +
-                          content.operators());
+  const std::string scale = generalText(place_.scale);
+  drawn_.layers.push_back(scale + " 0 0 " + scale + " " + svgNumber(place_.corner.x) + " " +
+                          svgNumber(place_.corner.y) + " cm\n" + content.operators());
   for (std::string& object : content.objects()) drawn_.objects.push_back(std::move(object));
   painted_->flush();
   writer_.newPage();

@@ -60,7 +60,7 @@ class PdfPage : public DrawingSink {
   void drawBeside();
 
   FigureSheet sheet_;
-  TwipPoint corner_;  ///< of the drawing on the sheet
+  DrawingPlace place_;
   int pixelRatio_;
   QByteArray bytes_;
   QBuffer buffer_{&bytes_};

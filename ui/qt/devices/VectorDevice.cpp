@@ -50,16 +50,16 @@ std::string DrawingFiles::pdf(const FigureSheet& sheet) const {
 
 std::string DrawingFiles::png(const FigureSheet& sheet) const {
   const double pixelsPerTwip = sheet.dpi / kTwipsPerInch;
-  const SheetSize whole = sheet.sizeFor(size);
+  const DrawingPlace place = sheet.placeFor(size);
   const auto pixels = [&](double twips) { return static_cast<int>(std::lround(twips * pixelsPerTwip)); };
-  QImage image(pixels(whole.width), pixels(whole.height), QImage::Format_ARGB32_Premultiplied);
+  QImage image(pixels(place.sheet.width), pixels(place.sheet.height), QImage::Format_ARGB32_Premultiplied);
   image.fill(sheet.transparent ? Qt::transparent : Qt::white);
   {
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(pixelsPerTwip, pixelsPerTwip);
-    const TwipPoint corner = sheet.cornerOf(size);
-    painter.translate(corner.x, corner.y);
+    painter.translate(place.corner.x, place.corner.y);
+    painter.scale(place.scale, place.scale);
     PainterSink sink(painter, letters, kNominalTwipsPerPixel / pixelRatio, kNominalTwipsPerPixel);
     sink.keepGround();
     drawOn(sink);

@@ -1,0 +1,153 @@
+#include "batch/FigureOptions.h"
+
+#include <filesystem>
+
+#include "batch/BatchRun.h"
+#include "batch/TerminalPorts.h"
+
+namespace vk {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+constexpr double kTwipsPerCm = kTwipsPerInch / kCmPerInch;
+constexpr const char* kOhm = "fit examples/ohm.dat --catalogue 1,2 --par b=40 --par c=0 ";
+
+std::string figureFile() {
+  return temporaryFile(
+      "A.GRA", "\\XASSE(0,1,2,2,2,1,Tempo (s))\r\n\\SCRIVI(5,5,0,0,20,parole)\r\n\\LINEA(2,3,15,12)\r\n");
+}
+
+std::string freshFile(const std::string& name) {
+  const std::string path = temporaryFile(name, "");
+  std::filesystem::remove(path);
+  return path;
+}
+
+TEST(FigureOptions, SizesAreCmOrMm) {
+  for (const char* word : {"12x8cm", "120x80mm", "12.0x8.cm"}) {
+    const SheetSize size = sheetOf({.size = word}).size;
+    EXPECT_NEAR(size.width, 12 * kTwipsPerCm, 1E-9) << word;
+    EXPECT_NEAR(size.height, 8 * kTwipsPerCm, 1E-9) << word;
+  }
+  EXPECT_FALSE(sheetOf({}).sized());
+}
+
+/// What refuses the options; empty where nothing does.
+std::string refusal(const FigureOptions& options) {
+  try {
+    sheetOf(options);
+    return "";
+  } catch (const UsageError& error) {
+    return error.what();
+  }
+}
+
+TEST(FigureOptions, BadSizesAreRefusedInTheirWords) {
+  for (const char* word : {"12", "12x8", "12x8in", "x8cm", "12xcm", "12x8 cm", "12*8cm", "axbcm", "12x8x3cm",
+                           "nanx8", "12x8cmcm"}) {
+    EXPECT_THAT(refusal({.size = word}), HasSubstr("si attende LARGHEZZAxALTEZZA in cm o mm")) << word;
+  }
+  for (const char* word : {"0x8cm", "12x0cm", "-12x8cm", "12x1.9cm", "101x8cm", "1E300x8cm", "12x1001mm",
+                           "nanx8cm", "infx8cm"}) {
+    EXPECT_EQ(refusal({.size = word}), "--size: si attendono lati in cm da 2 a 100") << word;
+  }
+  EXPECT_EQ(refusal({.scale = 0}), "--scale: si attende un numero da .1 a 5");
+  EXPECT_EQ(refusal({.scale = 5.1}), "--scale: si attende un numero da .1 a 5");
+  EXPECT_EQ(refusal({.dpi = 29}), "--dpi: si attende un numero da 30 a 1200");
+  EXPECT_EQ(refusal({.dpi = 1201}), "--dpi: si attende un numero da 30 a 1200");
+  EXPECT_EQ(refusal({.size = "2x100cm", .scale = .1, .dpi = 1200}), "");
+}
+
+TEST(FigureOptions, PagesThatFollowTheSheetKeepTheSizeOfLetters) {
+  const FigurePage page = filledPage({.size = "12x8cm"});
+  EXPECT_FALSE(page.portrait);
+  EXPECT_EQ(page.scale, 1);
+  EXPECT_NEAR(page.sides.longSide.value(), 24 * kTwipsPerCm, 1E-9);
+  EXPECT_NEAR(page.sides.shortSide.value(), 16 * kTwipsPerCm, 1E-9);
+  const FigurePage large = filledPage({.size = "8x12cm", .scale = 2});
+  EXPECT_TRUE(large.portrait);
+  EXPECT_EQ(large.scale, 2);
+  // 8 cm at this scale are less than letters and margins need: the page is larger, in the same form.
+  EXPECT_NEAR(large.sides.shortSide.value(), 14 * kTwipsPerCm, 1E-9);
+  EXPECT_NEAR(large.sides.longSide.value(), 21 * kTwipsPerCm, 1E-9);
+}
+
+TEST(BatchDraw, MakesFiguresOfASizeADensityAndNoGround) {
+  const std::string figure = figureFile(), svg = freshFile("S.svg"), png = freshFile("S.png");
+  EXPECT_EQ(batch("draw '" + figure + "' -o '" + svg + "' --size 120x80mm").exitCode, 0);
+  EXPECT_THAT(fileContent(svg), HasSubstr(" width=\"340.16pt\" height=\"226.77pt\""));
+  EXPECT_THAT(fileContent(svg), HasSubstr("<title>A.GRA</title>\n<desc>Asse x: Tempo (s), da 0 a 1.</desc>"));
+  EXPECT_THAT(fileContent(svg), HasSubstr(">parole</text>"));
+  EXPECT_EQ(batch("draw '" + figure + "' -o '" + png + "' --size 12x8cm --dpi 300 --transparent").exitCode,
+            0);
+  const std::string bytes = fileContent(png);
+  // width, height, 8 bits of colour with opacity; 11811 points to the metre
+  EXPECT_EQ(bytes.substr(16, 10), std::string("\0\0\x05\x89\0\0\x03\xB1\x08\x06", 10));
+  EXPECT_THAT(bytes, HasSubstr(std::string("pHYs\0\0\x2E\x23\0\0\x2E\x23\x01", 13)));
+}
+
+TEST(BatchDraw, MakesUprightPagesAndOtherScales) {
+  const std::string figure = figureFile(), upright = freshFile("U.svg"), large = freshFile("L.svg");
+  EXPECT_EQ(batch("draw '" + figure + "' -o '" + upright + "' --portrait").exitCode, 0);
+  EXPECT_THAT(fileContent(upright), HasSubstr("viewBox=\"0 0 5715 8175\""));
+  EXPECT_EQ(batch("draw '" + figure + "' -o '" + large + "' --scale 2").exitCode, 0);
+  EXPECT_THAT(fileContent(large), HasSubstr("viewBox=\"0 0 16365 11415\""));
+}
+
+TEST(BatchDraw, MakesEncapsulatedPostScript) {
+  const std::string eps = freshFile("E.eps");
+  const BatchRun run = batch("draw '" + figureFile() + "' -o '" + eps + "' --size 12x8cm");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_THAT(fileContent(eps), StartsWith("%!PS-Adobe-3.0 EPSF-3.0"));
+  EXPECT_THAT(fileContent(eps), HasSubstr("%%HiResBoundingBox: 0 0.23 340.16 227"));
+}
+
+TEST(BatchDraw, BadWishesForAFigureLeaveNoFile) {
+  const std::string draw = "draw '" + figureFile() + "' -o '", png = freshFile("B.png"),
+                    svg = freshFile("B.svg");
+  const struct {
+    std::string words;
+    const char* complaint;
+  } cases[] = {{png + "' --size 0x3cm", "--size: si attendono lati in cm da 2 a 100"},
+               {svg + "' --dpi 300", "--dpi: solo per figure .PNG"},
+               {png + "' --dpi high", "--dpi"},
+               {png + "' --size 12x8cm --scale 2", "--size esclude --scale"},
+               {png + "' --scale 5 --dpi 1200", "--dpi: la figura avrebbe troppi punti"}};
+  for (const auto& [words, complaint] : cases) {
+    const BatchRun run = batch(draw + words);
+    EXPECT_EQ(run.exitCode, 2) << words;
+    EXPECT_THAT(run.errors, HasSubstr(complaint)) << words;
+  }
+  EXPECT_FALSE(std::filesystem::exists(png));
+  EXPECT_FALSE(std::filesystem::exists(svg));
+}
+
+TEST(BatchFit, FigureOfASizeKeepsItsLettersAndTheGraphicFile) {
+  const std::string svg = freshFile("F.svg"), small = freshFile("G.svg"), saved = freshFile("F.GRA"),
+                    alone = freshFile("G.GRA");
+  EXPECT_EQ(batch(kOhm + ("--figure '" + svg) + "'").exitCode, 0);
+  EXPECT_EQ(batch(kOhm + ("--figure '" + small) + "' --size 9x7cm --save-gra '" + saved + "'").exitCode, 0);
+  EXPECT_EQ(batch(kOhm + ("--save-gra '" + alone) + "'").exitCode, 0);
+  EXPECT_THAT(fileContent(small), HasSubstr(" width=\"255.12pt\" height=\"198.43pt\""));
+  EXPECT_THAT(fileContent(small),
+              HasSubstr("<title>Dati e Funzione: ohm.dat</title>\n<desc>Asse x: I (A), da 0 a .25. "
+                        "Asse y: U (V), da 0 a 12. Funzione: b*x+c. Dati: ohm.dat.</desc>"));
+  for (const std::string& file : {svg, small}) {
+    EXPECT_THAT(fileContent(file), HasSubstr("font-size=\"170.08\"")) << file;
+    EXPECT_THAT(fileContent(file), HasSubstr(">I (A)</text>")) << file;
+  }
+  EXPECT_EQ(fileContent(saved), fileContent(alone));
+}
+
+TEST(BatchFit, SameFigureIsTheSameFile) {
+  const std::string first = freshFile("1.pdf"), second = freshFile("2.pdf");
+  for (const std::string& file : {first, second})
+    EXPECT_EQ(batch(kOhm + ("--figure '" + file) + "'").exitCode, 0);
+  EXPECT_EQ(fileContent(first), fileContent(second));
+}
+
+}  // namespace
+}  // namespace vk

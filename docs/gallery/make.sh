@@ -8,7 +8,3 @@ cmake --build "$build" --target gallery vor_kel_batch vor_kel_figures
 QT_QPA_PLATFORM=offscreen "$build/docs/gallery/gallery" "$here"
 cd "$here/figures"
 PATH=$build/batch:$PATH bash -e <(awk '/^```/ { inside = $0 == "```sh"; next } inside' ../README.md) > /dev/null
-cd "$here/../../examples"
-for figure in band hills; do
-  "$build/batch/vor_kel_batch" draw "$figure.gra" -o "$here/$figure.png"
-done

@@ -5,6 +5,7 @@ fit f(x) "fit.dat" skip 4 using 1:2:3 yerrors via N, m, s, a, b
 set xlabel "E (keV)"
 set ylabel "Conteggi"
 set samples 400
-unset key
-plot f(x) linewidth 2 linecolor "black", \
-  "fit.dat" skip 4 with yerrorbars pointtype 6 pointsize 1.5 linecolor "black"
+set mxtics
+set mytics
+plot f(x) title "y = Picco su fondo lineare" linewidth 2 linecolor "#0072B2", \
+  "fit.dat" skip 4 with yerrorbars title "fit.dat" pointtype 6 pointsize 1.5 linecolor "black"

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
-#include "doubles/Places.h"
+#include "doubles/ExampleFolder.h"
+#include "expr/Catalogue.h"
 #include "expr/CompileHelp.h"
+#include "expr/FunctionFile.h"
 #include "expr/RandomExpressions.h"
 
 namespace vk {
@@ -147,6 +149,36 @@ TEST(FormulaAdvice, HasNothingToSayOnFormulasOfTheGrammar) {
   for (int i = 0; i < 3000; ++i) {
     const std::string formula = textOf(*maker.make(4));
     ASSERT_THAT(told(formula), IsEmpty()) << formula;
+  }
+}
+
+/// The functions of all function files of the samples, and the composites of the catalogue.
+std::vector<std::string> knownDefinitions() {
+  std::vector<std::string> definitions;
+  for (const auto& [name, bytes] : exampleFiles()) {
+    if (!name.ends_with(".fcn")) continue;
+    const ParsedFunctionFile parsed = parseFunctionFile(bytes);
+    EXPECT_TRUE(parsed.ok && parsed.doubtful.empty()) << name << parsed.report;
+    for (const FunctionFile::Entry& entry : parsed.file.entries)
+      definitions.push_back(functionDefinition(entry.parameters, entry.definition));
+  }
+  Catalogue catalogue;
+  BuildCatalogue(catalogue);
+  FunctionDef fun;
+  for (fun.InnerIndex = 1; fun.InnerIndex <= static_cast<int>(catalogue.inner.size()); ++fun.InnerIndex) {
+    for (fun.OuterIndex = 1; fun.OuterIndex <= static_cast<int>(catalogue.outer.size()); ++fun.OuterIndex)
+      definitions.push_back(functionDefinition("a,b,c,m,A,B", ComposeFunctionText(catalogue, fun)));
+  }
+  return definitions;
+}
+
+TEST(FormulaAdvice, HasNothingToSayOnTheFunctionsThatComeWithTheProgram) {
+  const std::vector<std::string> definitions = knownDefinitions();
+  EXPECT_GT(definitions.size(), 45U + 5U);
+  for (const std::string& definition : definitions) {
+    const Compilation compiled = compile(definition);
+    EXPECT_TRUE(compiled.ok) << definition;
+    EXPECT_EQ(adviceLines(definition, compiled), "");
   }
 }
 

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "base/CheckedMath.h"
-#include "base/Length.h"
 #include "base/Rounding.h"
 #include "grafile/GridLevels.h"
 #include "grafile/NiceLimits.h"
@@ -149,12 +148,10 @@ bool SpaceFigure::hidesRightly() const {
   return sign * up > kRounding && sign * across(ey, ez) > -kRounding && sign * across(ez, ex) > -kRounding;
 }
 
-double SpaceFigure::widthOf(const std::string& text) const {
-  const SavedDrawing saved(*drawing_.GralDev);
-  drawing_.GralDev->setFontSize(labelPoints_);
-  std::string plain;
-  for (const MarkupLetter& letter : readMarkup(text)) plain += letter.character;
-  return drawing_.GralDev->TextWidth(plain) / kTwipsPerPoint * kCmOfPoint;
+/// The view as the drawing library takes it: from Xoc to Vz.
+std::array<float, 7> SpaceFigure::singles() const {
+  return {single(place_.Xoc), single(place_.Yoc), single(place_.theta), single(place_.phi),
+          single(place_.Vx),  single(place_.Vy),  single(place_.Vz)};
 }
 
 SpaceFigure::Ticks SpaceFigure::ticksOf(double from, double to, double length,
@@ -203,7 +200,8 @@ void SpaceFigure::addLabels(std::vector<Label>& labels, const Ticks& ticks, cons
 
 /// The corners of a text that is not turned.
 std::array<UsrPoint, 4> SpaceFigure::cornersOf(const Label& label) const {
-  const double width = widthOf(label.text), height = kCapitalHeight * label.points * kCmOfPoint;
+  const double width = drawing_.GralTextExtent(label.points, label.text).width,
+               height = kCapitalHeight * label.points * kCmOfPoint;
   const UsrPoint low = label.at - UsrPoint{width * label.place / 2, height / 2};
   return {low, low + UsrPoint{width, 0}, low + UsrPoint{0, height}, low + UsrPoint{width, height}};
 }
@@ -227,12 +225,6 @@ bool SpaceFigure::areClear(const std::vector<Label>& labels) const {
   return true;
 }
 
-void SpaceFigure::write(const std::vector<Label>& labels) const {
-  for (const Label& label : labels) {
-    drawing_.GralWPrint(label.at.x, label.at.y, label.place, label.degrees, label.points, label.text);
-  }
-}
-
 void SpaceFigure::outline(const UsrPoint& corner, const UsrPoint& edge1, const UsrPoint& edge2) const {
   const UsrPoint opposite = corner + edge1 + edge2;
   for (const UsrPoint& end : {corner, opposite}) {
@@ -251,10 +243,7 @@ bool SpaceFigure::drawFrame(bool greyWalls) {
   const auto count = [](const Ticks& ticks) { return Int16(ticks.at.upper()); };
   // The texts of the library do not follow the scale of the drawing: it draws the lines.
   Array<std::string> sx(count(x)), sy(count(y)), sz(count(z));
-  const auto view =
-      std::to_array({single(place_.Xoc), single(place_.Yoc), single(place_.theta), single(place_.phi),
-                     single(place_.Vx), single(place_.Vy), single(place_.Vz)});
-  const auto& [Xoc, Yoc, theta, phi, Vx, Vy, Vz] = view;
+  const auto [Xoc, Yoc, theta, phi, Vx, Vy, Vz] = singles();
   if (greyWalls) {
     drawing_.Frame3D(Xoc, Yoc, theta, phi, Vx, Vy, Vz, x.at, y.at, z.at, count(x), count(y), count(z), sx, sy,
                      sz, count(x), count(y), count(z), false, true, false, Array<float>(3));
@@ -272,7 +261,9 @@ bool SpaceFigure::drawFrame(bool greyWalls) {
   addLabels(labels, x, corner + ey, ex, -1 * box.ez);
   addLabels(labels, y, corner + ez, ey, -1 * box.ex);
   addLabels(labels, z, corner + ex, ez, -1 * box.ey);
-  write(labels);
+  for (const Label& label : labels) {
+    drawing_.GralWPrint(label.at.x, label.at.y, label.place, label.degrees, label.points, label.text);
+  }
   return areClear(labels);
 }
 
@@ -308,15 +299,14 @@ void SpaceFigure::drawSurface(int style, const std::vector<double>& levels) {
   const SavedDrawing saved(*drawing_.GralDev);
   // On shades of its own colour the mesh would not be seen.
   if (style == kColourShades) drawing_.GralColor(kBlack);
-  drawing_.Surf3D(single(place_.Xoc), single(place_.Yoc), single(place_.theta), single(place_.phi),
-                  single(place_.Vx), single(place_.Vy), single(place_.Vz), heights(), grid_.nx(), grid_.ny(),
-                  grey, style == kColourShades, shaded, level, n, hsb, colours);
+  const auto [Xoc, Yoc, theta, phi, Vx, Vy, Vz] = singles();
+  drawing_.Surf3D(Xoc, Yoc, theta, phi, Vx, Vy, Vz, heights(), grid_.nx(), grid_.ny(), grey,
+                  style == kColourShades, shaded, level, n, hsb, colours);
 }
 
 void SpaceFigure::drawColumns(bool grey) {
-  drawing_.GralLego3d(single(place_.Xoc), single(place_.Yoc), single(place_.theta), single(place_.phi),
-                      single(place_.Vx), single(place_.Vy), single(place_.Vz), heights(), grid_.nx(),
-                      grid_.ny(), grey, false);
+  const auto [Xoc, Yoc, theta, phi, Vx, Vy, Vz] = singles();
+  drawing_.GralLego3d(Xoc, Yoc, theta, phi, Vx, Vy, Vz, heights(), grid_.nx(), grid_.ny(), grey, false);
 }
 
 }  // namespace vk

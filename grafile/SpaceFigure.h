@@ -54,9 +54,8 @@ class SpaceFigure {
   void outline(const UsrPoint& corner, const UsrPoint& edge1, const UsrPoint& edge2) const;
   void addLabels(std::vector<Label>& labels, const Ticks& ticks, const UsrPoint& begin, const UsrPoint& edge,
                  const UsrPoint& outward) const;
-  void write(const std::vector<Label>& labels) const;
   bool areClear(const std::vector<Label>& labels) const;
-  double widthOf(const std::string& text) const;
+  std::array<float, 7> singles() const;
 
   GralCls& drawing_;
   const PlotBox& plot_;

@@ -87,6 +87,9 @@ file expr/A.cpp 'CmpLine();'
 expect held glossary "two names in two files"
 file expr/A.h '/// Unit CmpModule.'
 expect "CmpMod is not in" glossary "a name that has gone"
+file expr/B.h '/// Unit FunMod: functions.'
+expect "there is no FunMod" glossary "a unit that the page lacks"
+rm "$made/expr/B.h"
 file expr/A.h '/// Unit CmpMod, CmpLine.'
 rm "$made/expr/A.cpp"
 expect "there is no expr/A.cpp" glossary "a file that has gone"

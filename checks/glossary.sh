@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Fails when a file that the glossary names does not hold one of the names told for it.
+# Fails when a file that the glossary names does not hold one of the names told for it, and when it lacks a unit or a
+# form that a header names.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -22,4 +23,12 @@ while IFS='|' read -r _ names _ files _; do
     fi
   done
 done <<< "$rows"
+
+# shellcheck disable=SC2046
+for name in $(grep -rhoE '^/// (Unit|Form) [A-Za-z0-9_]+:' --include='*.h' \
+  $(sed -n 's/^\([a-z]*\):.*/\1/p' checks/layers.txt) 2> /dev/null | sed 's/.* //; s/://' | sort -u); do
+  grep -qF "| \`$name\` |" docs/glossary.md && continue
+  echo "docs/glossary.md: there is no $name"
+  status=1
+done
 exit $status

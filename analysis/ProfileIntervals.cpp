@@ -54,7 +54,7 @@ double Profile::sumAt(double distance) {
     const double slope = minimum_.covariance.at(k, i_) / minimum_.error(i_);
     start.push_back(minimum_.par.ParValues[minimum_.par.FreeIndex[k]] + distance * slope);
   }
-  return dampedSteps(*function, std::move(start)).sum;
+  return dampedSteps(*function, start).sum;
 }
 
 // The root of what the chi-square has grown by, with the sign of the distance: nearly the distance itself.

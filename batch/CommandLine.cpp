@@ -338,7 +338,7 @@ class Silence : public std::streambuf {
 
 // It serves the stream of notes to the very end of the program, so nobody deletes it.
 void silenceNotes() {
-  static auto* silence = new Silence;
+  static auto* silence = new Silence;  // NOLINT: nobody else sees it
   std::clog.rdbuf(silence);
 }
 

@@ -57,11 +57,12 @@ std::vector<std::string> dataWarnings(const DataSet& data) {
   }
   // Errors that stand in the place of y are all positive.
   if (*leastY > 0 && areBeyond(data.ErrYpnt.span(1, data.NumPnt), *mostY)) {
-    warnings.push_back("le colonne y e dy sembrano scambiate: gli errori superano ogni y");
+    warnings.emplace_back("le colonne y e dy sembrano scambiate: gli errori superano ogni y");
   }
   const double range = *mostX - *leastX;
   if (data.kXpntErr && *leastY > 0 && *mostY < range && areBeyond(data.ErrXpnt.span(1, data.NumPnt), range)) {
-    warnings.push_back("le colonne y e dx sembrano scambiate: gli errori di x superano l'intervallo delle x");
+    warnings.emplace_back(
+        "le colonne y e dx sembrano scambiate: gli errori di x superano l'intervallo delle x");
   }
   return warnings;
 }

@@ -296,7 +296,7 @@ class Reader {
   }
 
   std::string functionFor(const std::string& name) const {
-    const std::string meant = functionMeantBy(name);
+    std::string meant = functionMeantBy(name);
     if (!meant.empty()) return meant;
     const std::string product =
         productFor(name, [](const std::string& rest) { return functionNamed(rest) != nullptr; });
@@ -306,7 +306,7 @@ class Reader {
   std::string nameFor(const std::string& name) const {
     const auto same = [&](const std::string& known) { return equalIgnoringCase(known, name); };
     if (const auto known = std::ranges::find_if(names_, same); known != names_.end()) return *known;
-    const std::string meant = valueMeantBy(name);
+    std::string meant = valueMeantBy(name);
     if (!meant.empty()) return meant;
     const std::string product = productFor(name, [&](const std::string& rest) { return isKnown(rest); });
     return product.empty() ? nearWord(name, names_) : product;

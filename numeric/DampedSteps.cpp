@@ -44,10 +44,9 @@ int residualsOf(void* calls, int count, int parameters, const double* at, double
 
 }  // namespace
 
-DampedResult dampedSteps(ResidualFunction& function, std::vector<double> start) {
+DampedResult dampedSteps(ResidualFunction& function, const std::vector<double>& start) {
   const std::size_t M = function.count(), N = start.size();
-  DampedResult result{
-      .start = start, .parameters = std::move(start), .residuals = std::vector<double>(M), .errors = {}};
+  DampedResult result{.start = start, .parameters = start, .residuals = std::vector<double>(M), .errors = {}};
   result.errors.resize(N);
   function.at(result.parameters, result.residuals);
   result.evaluations = 1;

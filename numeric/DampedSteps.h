@@ -19,6 +19,6 @@ struct DampedResult {
 
 /// Least squares with derivatives by forward differences: the method of Levenberg and Marquardt as MINPACK's lmdif has
 /// it. The first step is at most one scaled length long. There must be at least as many residuals as parameters.
-DampedResult dampedSteps(ResidualFunction& function, std::vector<double> start);
+DampedResult dampedSteps(ResidualFunction& function, const std::vector<double>& start);
 
 }  // namespace vk

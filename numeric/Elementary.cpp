@@ -19,8 +19,10 @@ std::vector<InstructionSet> setsOfMachine() {
 }
 
 // Chosen when the program is loaded, so that no call asks whether they are; what is computed before has the same bits.
+// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables)
 constinit const simd::Kernels* ofBlocks = &simd::kScalar;
 constinit const simd::Kernels* ofSingles = &simd::kScalar;
+// NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
 
 [[maybe_unused]] const bool kChosen = [] {
   ofBlocks = instructionSet().kernels;

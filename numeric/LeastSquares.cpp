@@ -134,7 +134,7 @@ DampedResult betterOf(DampedResult preferred, DampedResult other) {
 }
 
 DampedResult goneOn(ResidualFunction& function, DampedResult from) {
-  DampedResult result = dampedSteps(function, std::move(from.parameters));
+  DampedResult result = dampedSteps(function, from.parameters);
   result.start = std::move(from.start);
   result.evaluations += from.evaluations;
   return result;

@@ -95,7 +95,7 @@ std::string findEntry(const std::string& path) {
 
 std::string resolveForWriting(const std::string& path) {
   if (isLink(path)) return path;  // also one that leads nowhere yet
-  if (const std::string entry = findEntry(path); !entry.empty()) return entry;
+  if (std::string entry = findEntry(path); !entry.empty()) return entry;
   const std::string folder = folderOf(path);
   const std::string found = findEntry(folder);
   return joinPath(found.empty() ? folder : found, GetFileName(path));

@@ -43,9 +43,9 @@ PaletteLayout layoutPalette(const TextMeasure& font) {
   layout.FraIns = {kPaletteColumns * cell.width + kPaletteMargin,
                    kPaletteRows * cell.height + kPaletteMargin};
   for (int i = 0; i < kPaletteCells; ++i) {
-    layout.LblChr[static_cast<std::size_t>(i)] = {i % kPaletteColumns * cell.width + kPaletteLeft,
-                                                  i / kPaletteColumns * cell.height + kPaletteTop, cell.width,
-                                                  cell.height};
+    const int row = i / kPaletteColumns, column = i % kPaletteColumns;
+    layout.LblChr[static_cast<std::size_t>(i)] = {column * cell.width + kPaletteLeft,
+                                                  row * cell.height + kPaletteTop, cell.width, cell.height};
   }
   return layout;
 }

@@ -4,6 +4,7 @@
 #include <QLibrary>
 #include <QPageSize>
 #include <cmath>
+#include <utility>
 
 #include "base/NumberText.h"
 #include "base/RuntimeError.h"
@@ -52,7 +53,7 @@ std::string PdfPage::document() {
   std::string file = bytes_.toStdString();
   dropCreationDate(file);
   if (!drawn_.layers.empty()) {
-    const std::string pages = std::move(file);
+    const std::string pages = std::exchange(file, {});
     drawn_.file = pages;
     layOver_(drawn_, file);
   }

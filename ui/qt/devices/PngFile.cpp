@@ -1,6 +1,7 @@
 #include "ui/qt/devices/PngFile.h"
 
 #include <QBuffer>
+#include <cmath>
 
 #include "base/Length.h"
 
@@ -8,7 +9,7 @@ namespace vk {
 
 std::string pngOf(QImage image, double dotsPerInch) {
   constexpr double kInchesPerMeter = 100 / kCmPerInch;
-  const int dotsPerMeter = static_cast<int>(dotsPerInch * kInchesPerMeter + 0.5);
+  const int dotsPerMeter = static_cast<int>(std::lround(dotsPerInch * kInchesPerMeter));
   image.setDotsPerMeterX(dotsPerMeter);
   image.setDotsPerMeterY(dotsPerMeter);
   QByteArray bytes;

@@ -51,7 +51,7 @@ void QtDialogs::plainBox(const WindowText& title, const WindowText& text) {
 
 std::optional<std::string> QtDialogs::fileDialog(const FileRequest& request) {
   QWidget* owner = inFront();
-  const std::optional<std::string> name = askFileName(request, owner);
+  std::optional<std::string> name = askFileName(request, owner);
   activate(owner);
   return name;
 }

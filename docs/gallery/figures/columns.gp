@@ -10,4 +10,4 @@ set grid x y z vertical
 set pm3d depthorder base border linecolor "black" linewidth 0.5
 set pm3d lighting primary 0.5
 unset key
-splot "columns.grd" skip 7 matrix using (-22.5+$1*5):(-17.5+$2*5):3 with boxes fillcolor "#56B4E9"
+splot "columns.grd" skip 7 matrix using (-22.5+$1*5):(-17.5+$2*5):3 with boxes fillcolor "#DDDDDD"

@@ -101,10 +101,11 @@ file CMakeLists.txt 'project(vor_kel VERSION 1.2 LANGUAGES CXX)'
 file CHANGELOG.md '# Changes' '## [1.2] - unreleased' '## [1.1]'
 file CONTRIBUTING.md 'The type `base/A.h` is [there](base/A.h).'
 file base/A.h
-file docs/architecture.md '```mermaid' '```'
+file docs/architecture.md '# Architecture' '```mermaid' '```' 'The end.'
 while IFS= read -r library; do file "$library/README.md" 'May use: .'; done < <(sed -n 's/^\([a-z/]*\):.*/\1/p' "$root/checks/layers.txt")
 "$made/checks/picture.sh" --renew
 expect held documents "pages as they should be"
+grep -qx 'The end.' "$made/docs/architecture.md" || { echo "checks/picture.sh: takes what stands behind the picture"; exit 1; }
 file base/README.md 'May use: Qt.'
 expect "base/README.md does not say" documents "a page that allows more"
 "$made/checks/picture.sh" --renew

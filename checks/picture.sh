@@ -38,7 +38,7 @@ page=docs/architecture.md
 {
   sed '/^```mermaid$/,$d' "$page"
   echo "$drawn"
-  sed '1,/^```mermaid$/d' "$page" | sed '1,/^```$/d'
+  sed '1,/^```mermaid$/d' "$page" | sed '0,/^```$/d'
 } > "$page.new"
 mv "$page.new" "$page"
 while IFS=: read -r library below; do

@@ -36,6 +36,10 @@ NamedText parseNamedText(const std::string& argument, const char* expected) {
   return result;
 }
 
+void refuseSecondValue(const std::string& name) {
+  throw UsageError(terminalText(name) + ": valore dato piu` di una volta");
+}
+
 Assignment parseAssignment(const std::string& argument) {
   const auto [name, text] = parseNamedText(argument, kAssignment);
   const auto value = numberIn(text);
@@ -48,8 +52,7 @@ std::vector<Assignment> parseAssignments(const std::vector<std::string>& argumen
   for (const std::string& argument : arguments) {
     const Assignment next = parseAssignment(argument);
     const auto same = [&](const Assignment& before) { return before.name == next.name; };
-    if (std::ranges::any_of(result, same))
-      throw UsageError(terminalText(next.name) + ": valore dato piu` di una volta");
+    if (std::ranges::any_of(result, same)) refuseSecondValue(next.name);
     result.push_back(next);
   }
   return result;

@@ -28,6 +28,9 @@ struct Assignment {
   double value = 0;
 };
 
+/// Raises `UsageError` for a second value of a name of code page 437.
+[[noreturn]] void refuseSecondValue(const std::string& name);
+
 /// Raises `UsageError` where the "=" is missing, the name is none or more than one, or the value is no number.
 Assignment parseAssignment(const std::string& argument);
 /// The same for each of the arguments; no name may come twice.

@@ -1,6 +1,5 @@
 #include "batch/CheckCommand.h"
 
-#include <algorithm>
 #include <array>
 #include <iostream>
 
@@ -15,8 +14,6 @@
 #include "data/DataFiles.h"
 #include "data/DataWarnings.h"
 #include "data/GridFile.h"
-#include "data/foreign/Choices.h"
-#include "data/foreign/ForeignFile.h"
 #include "expr/FunctionFile.h"
 #include "gral/ObserverDevice.h"
 #include "platform/system/Descriptors.h"
@@ -36,22 +33,6 @@ struct Findings {
 };
 
 using Checker = Findings (*)(const std::string& fileName, const std::string& bytes);
-
-/// The name as a word of the shell.
-std::string shellWord(const std::string& fileName) {
-  const auto plain = [](char c) { return isLetter(c) || isDigit(c) || position("._/-+", {&c, 1}) > 0; };
-  const std::string name = shownName(fileName);
-  return std::all_of(name.begin(), name.end(), plain) ? name : "'" + name + "'";
-}
-
-/// Why the bytes are no data file, and the command that cures it.
-std::string causeOf(const std::string& fileName, const std::string& bytes) {
-  const LikelyCause cause = likelyCause(readForeign(bytes));
-  const auto content = kindOfContent(bytes);
-  if (content == FileKind::kGraphic || (content == FileKind::kFunctions && !cause.cured))
-    return whyNot(FileKind::kData, bytes);
-  return shownName(cause.text) + (cause.cured ? kTerminalCure + shellWord(fileName) : "");
-}
 
 Findings checkData(const std::string& fileName, const std::string& bytes) {
   const DataReading read = parseLines(bytes);

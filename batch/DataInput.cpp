@@ -1,19 +1,43 @@
 #include "batch/DataInput.h"
 
+#include <algorithm>
 #include <iostream>
 #include <utility>
 
+#include "base/Text.h"
+#include "batch/FileKind.h"
 #include "commands/DataCommands.h"
 #include "data/DataFiles.h"
+#include "data/foreign/Choices.h"
+#include "data/foreign/ForeignFile.h"
 #include "session/Session.h"
 
 namespace vk {
+namespace {
+
+/// The name as a word of the shell.
+std::string shellWord(const std::string& fileName) {
+  const auto plain = [](char c) { return isLetter(c) || isDigit(c) || position("._/-+", {&c, 1}) > 0; };
+  const std::string name = shownName(fileName);
+  return std::all_of(name.begin(), name.end(), plain) ? name : "'" + name + "'";
+}
+
+}  // namespace
+
+std::string causeOf(const std::string& fileName, const std::string& bytes) {
+  const LikelyCause cause = likelyCause(readForeign(bytes));
+  const auto content = kindOfContent(bytes);
+  if (content == FileKind::kGraphic || (content == FileKind::kFunctions && !cause.cured))
+    return whyNot(FileKind::kData, bytes);
+  return shownName(cause.text) + (cause.cured ? kTerminalCure + shellWord(fileName) : "");
+}
 
 void loadData(Session& session, Files& files, const std::string& fileName) {
   usingFile(fileName, [&] {
-    DataReading reading = readData(files, fileName);
+    const std::string bytes = files.readAll(fileName);
+    DataReading reading = parseLines(bytes);
     if (!reading.errors.empty()) {
-      throw UsageError(shownName(fileName) + ":\n" + terminalText(reading.errors));
+      throw UsageError(shownName(fileName) + ":\n" + terminalText(reading.errors) + causeOf(fileName, bytes));
     }
     TerminalDialogs notes(shownName(fileName), std::clog);
     compareCounts(notes, reading.declaredCount, reading.data.NumPnt);

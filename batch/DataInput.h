@@ -12,7 +12,10 @@ namespace vk {
 struct DataSet;
 struct Session;
 
-/// Checks and loads a data file. Its errors raise `UsageError` with the program's own list; a declared count
+/// Why the bytes of a file are no data, and the command that cures it; empty if unknown.
+std::string causeOf(const std::string& fileName, const std::string& bytes);
+
+/// Checks and loads a data file. Its errors raise `UsageError` with the program's own list and the cause; a declared count
 /// that differs from the points found is a note, as in the program.
 void loadData(Session& session, Files& files, const std::string& fileName);
 

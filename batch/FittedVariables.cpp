@@ -22,8 +22,7 @@ void append(Values& values, const Values& others) {
 Values valuesOf(const FittedParameters& fitted, const Values& others) {
   Values values;
   for (const FittedParameter& parameter : fitted.parameters) {
-    if (hasName(others, parameter.name))
-      throw UsageError(terminalText(parameter.name) + ": valore dato piu` di una volta");
+    if (hasName(others, parameter.name)) refuseSecondValue(parameter.name);
     values.push_back({{parameter.name, parameter.value}, parameter.error});
   }
   return values;

@@ -95,13 +95,13 @@ ForeignOptions optionsOf(const ImportArguments& arguments) {
   return options;
 }
 
-/// True when both names mean one place, where the case of letters does not matter.
+/// True when both names mean one place, where the case of letters does not matter. Pipes have none.
 bool areSame(const std::string& one, const std::string& other) {
   const auto place = [](const std::string& name) {
     std::error_code ignored;
     return upper(std::filesystem::weakly_canonical(name, ignored).string());
   };
-  return place(one) == place(other);
+  return !place(one).empty() && place(one) == place(other);
 }
 
 /// The names of the data files, one for each file; empty for standard output.
@@ -110,14 +110,20 @@ std::vector<std::string> outputsOf(const ImportArguments& arguments, Files& file
   const bool folder = !arguments.output.empty() && files.isWritableFolder(arguments.output);
   if (!folder && arguments.files.size() > 1)
     throw UsageError("import: per piu` file -o deve essere una cartella");
-  if (!folder) return {arguments.output};
+  const auto refuseItself = [](const std::string& file, const std::string& output) {
+    if (file != kStandardStream && areSame(file, output))
+      throw UsageError("import: " + shownName(file) + " andrebbe su se stesso");
+  };
+  if (!folder) {
+    refuseItself(arguments.files.front(), arguments.output);
+    return {arguments.output};
+  }
   std::vector<std::string> outputs;
   std::map<std::string, std::string> taken;
   for (const std::string& file : arguments.files) {
     const std::string name = GetFileName(file);
     outputs.push_back(joinPath(arguments.output, name.substr(0, name.find_last_of('.')) + ".DAT"));
-    if (areSame(file, outputs.back()))
-      throw UsageError("import: " + shownName(file) + " andrebbe su se stesso");
+    refuseItself(file, outputs.back());
     const auto [other, isNew] = taken.emplace(upper(outputs.back()), file);
     if (!isNew) {
       throw UsageError("import: " + shownName(other->second) + " e " + shownName(file) +

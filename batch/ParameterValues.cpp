@@ -23,6 +23,13 @@ EnteredValue takeValue(std::vector<EnteredValue>& values, const std::string& nam
   return value;
 }
 
+[[noreturn]] void refuseLeftOver(const ParameterSet& par, const std::string& name) {
+  for (int i = 0; i <= par.ParCount; ++i) {
+    if (par.name(i) == name) refuseSecondValue(name);
+  }
+  throw UsageError("La funzione non ha il parametro " + terminalText(name));
+}
+
 /// Enters the numbers of the variables from `first` on.
 void enter(Session& session, std::vector<EnteredValue> values, int first) {
   ParameterSet& par = session.analysis.par;
@@ -32,9 +39,7 @@ void enter(Session& session, std::vector<EnteredValue> values, int first) {
     numbers.push_back(entered.assignment.value);
     seconds.push_back(entered.second);
   }
-  if (!values.empty()) {
-    throw UsageError("La funzione non ha il parametro " + terminalText(values.front().assignment.name));
-  }
+  if (!values.empty()) refuseLeftOver(par, values.front().assignment.name);
   StoreParameters(par, numbers, seconds, first);
   markParametersSet(session);
 }

@@ -137,5 +137,16 @@ TEST(BatchCheck, AFolderIsToldAsSuch) {
   }
 }
 
+TEST(BatchData, OfAnotherProgramAreRefusedWithTheirCure) {
+  const std::string table = temporaryFile("TABLE.DAT", "t;V;dV\n1,5;2,5;0,1\n2,5;3;0,1\n");
+  for (const std::string words : {"fit --catalogue 1,2 --par b=1 --par c=0 '", "transform '"}) {
+    const BatchRun run = batch(words + table + "'");
+    EXPECT_EQ(run.exitCode, 2) << words;
+    EXPECT_THAT(run.errors,
+                EndsWith("\nsembra un file CSV con virgola decimale: vor_kel_batch import " + table + "\n"))
+        << words;
+  }
+}
+
 }  // namespace
 }  // namespace vk

@@ -68,6 +68,8 @@ TEST(BatchEval, AValueThatIsGivenTwiceIsBadInput) {
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_EQ(run.output, "");
   EXPECT_THAT(run.errors, HasSubstr("x: valore dato piu` di una volta"));
+  const std::string fit = "fit examples/ohm.dat --catalogue 1,2 --par b=1 --par c=0 --par b=2";
+  EXPECT_EQ(batch(fit).errors, "b: valore dato piu` di una volta\n");
 }
 
 TEST(BatchEval, TheReportOfTheCompilerHasTheLineEndsOfATerminal) {

@@ -163,11 +163,13 @@ TEST(BatchImport, SeveralFilesWithoutAFolderOfTheirOwnAreRefused) {
   EXPECT_EQ(batch("import " + file(kTable) + "-o /nowhere/at/all.DAT").exitCode, 2);
 }
 
-TEST(BatchImport, NoFileOfAFolderIsReplacedByItsOwnImport) {
+TEST(BatchImport, NoFileIsReplacedByItsOwnImport) {
   const std::string in = temporaryFile("dati.dat", kTable);
   const std::string folder = std::filesystem::path(in).parent_path().string();
-  EXPECT_EQ(batch("import '" + in + "' -o '" + folder + "/.'").errors,
-            "import: " + in + " andrebbe su se stesso\n");
+  for (const std::string& output : {folder + "/.", in, folder + "/DATI.DAT"}) {
+    EXPECT_EQ(batch("import '" + in + "' -o '" + output + "'").errors,
+              "import: " + in + " andrebbe su se stesso\n");
+  }
   EXPECT_EQ(fileContent(in), kTable);
   const BatchRun run = batch("import '" + folder + "'");
   EXPECT_EQ(run.exitCode, 2);

@@ -50,8 +50,7 @@ std::vector<double> GraphicRun::levelsOf(const std::string& text, int count, con
   }
   require(!levels.empty() && static_cast<int>(levels.size()) <= kMostLevels);
   std::ranges::sort(levels);
-  const auto [twice, end] = std::ranges::unique(levels);
-  levels.erase(twice, end);
+  levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
   return levels;
 }
 

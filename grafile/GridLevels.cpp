@@ -87,8 +87,7 @@ std::vector<double> roundLevels(const HeightRange& range, int most) {
     const double level = (first + i) * step;
     if (level > range.low && level < range.high) levels.push_back(level);
   }
-  const auto [twice, end] = std::ranges::unique(levels);
-  levels.erase(twice, end);
+  levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
   return levels;
 }
 

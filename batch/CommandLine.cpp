@@ -160,6 +160,7 @@ Action addFit(CLI::App& fit, Setup& setup) {
                           ->type_name("68|95");
   fit.add_flag("--prediction", args->figures.prediction, "Anche la banda di previsione di un'altra misura")
       ->needs(band);
+  addShow(fit, args->figures.show);
   fit.add_option("--style", args->figures.style, "Grafico a colori, con chiave, che riempie la pagina")
       ->type_name(kModernStyle);
   fit.add_flag("--residuals", args->figures.residuals,
@@ -172,7 +173,8 @@ Action addFit(CLI::App& fit, Setup& setup) {
   return [=, &setup] {
     args->parameters = start();
     args->derived = derive->results();
-    return runFit(*args, args->figures.figure.empty() ? nullptr : &figureMaker(setup));
+    const bool draws = !args->figures.figure.empty() || !args->figures.show.empty();
+    return runFit(*args, draws ? &figureMaker(setup) : nullptr);
   };
 }
 
@@ -283,10 +285,12 @@ Action addEval(CLI::App& eval, Setup&) {
 Action addDraw(CLI::App& draw, Setup& setup) {
   auto args = std::make_shared<DrawArguments>();
   setup.files.reads(draw.add_option("GRAFICO", args->graphicFile, "File grafico"), "GRA");
-  setup.files.writes(draw.add_option("-o,--output", args->figure, "Grafico"), "PNG|SVG|PDF|EPS")->required();
+  setup.files.writes(draw.add_option("-o,--output", args->figure, "Grafico"), "PNG|SVG|PDF|EPS");
+  addShow(draw, args->show);
   addFigureOptions(draw, args->options)->excludes(draw.get_option("--scale"));
   draw.add_flag("--anyway", args->anyway, "Disegna quello che si puo` anche con righe errate");
   addGridFigure(draw, setup.files, *args);
+  addSheet(draw, setup.files, *args);
   return [=, &setup] { return runDraw(*args, figureMaker(setup)); };
 }
 
@@ -296,6 +300,7 @@ std::vector<std::string> commandLine(int argc, char** argv) {
   std::vector<std::string> words(argv + 1, argv + argc);
   if (!words.empty() && words.front() == "eval") std::erase(words, "--");
   if (words == std::vector<std::string>{"eval", "-h"}) words.back() = "--help";
+  if (!words.empty() && words.front() != "eval") nameShownForm(words);
   return words;
 }
 
@@ -318,7 +323,7 @@ struct Command {
 
 constexpr std::array kCommands{
     Command{"fit", "Adatta una funzione ai dati di un file e stampa il risultato", addFit},
-    Command{"draw", "Disegna un file grafico o un file griglia", addDraw},
+    Command{"draw", "Disegna un file grafico, un file griglia, o dati e formule", addDraw},
     Command{"check", "Controlla un file dati, griglia, funzioni o grafico e stampa l'elenco degli errori",
             addCheck},
     Command{"import", "Legge tabelle di altri programmi (CSV, testo) e scrive file dati", addImport},

@@ -1,6 +1,15 @@
 #include "batch/FigureArguments.h"
 
+#include <algorithm>
+
+#include "batch/TerminalPicture.h"
+
 namespace vk {
+namespace {
+
+constexpr const char* kShow = "--show";
+
+}  // namespace
 
 CLI::Option* addFigureOptions(CLI::App& command, FigureOptions& options) {
   command.add_option("--format", options.format, "Formato del grafico, se il nome del file non lo dice")
@@ -12,6 +21,15 @@ CLI::Option* addFigureOptions(CLI::App& command, FigureOptions& options) {
   command.add_option("--dpi", options.dpi, "Punti per pollice di un'immagine .PNG (192)");
   command.add_flag("--transparent", options.transparent, "Senza sfondo");
   return size;
+}
+
+void addShow(CLI::App& command, std::string& show) {
+  command.add_option(kShow, show, "Mostra il grafico nel terminale (blocks)")
+      ->type_name(std::string("=") + kBlocks + "|" + kSixel);
+}
+
+void nameShownForm(std::vector<std::string>& words) {
+  std::ranges::replace(words, kShow, std::string(kShow) + "=" + kBlocks);
 }
 
 }  // namespace vk

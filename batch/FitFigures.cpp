@@ -5,6 +5,7 @@
 
 #include "base/Text.h"
 #include "batch/DataInput.h"
+#include "batch/TerminalPicture.h"
 #include "commands/FigureCommands.h"
 #include "grafile/FigureDescription.h"
 #include "grafile/FigureKind.h"
@@ -35,8 +36,8 @@ struct BandWord {
 constexpr std::array kBandWords{BandWord{"68", 68.27}, BandWord{"95", 95}};
 
 void requireStyle(const WantedFigures& wanted) {
-  if (wanted.modern() && wanted.figure.empty() && wanted.graphicFile.empty())
-    throw UsageError("--style, --residuals: serve --figure o --save-gra");
+  if (wanted.modern() && !wanted.drawn())
+    throw UsageError("--style, --residuals: serve --figure, --save-gra o --show");
   if (!wanted.style.empty() && wanted.style != kModernStyle)
     throw UsageError(std::string("--style: si attende ") + kModernStyle);
 }
@@ -51,8 +52,7 @@ std::string besideFile(const std::string& name) {
 
 std::optional<BandWish> bandWish(const WantedFigures& wanted) {
   if (wanted.band.empty()) return std::nullopt;
-  if (wanted.figure.empty() && wanted.graphicFile.empty())
-    throw UsageError("--band: serve --figure o --save-gra");
+  if (!wanted.drawn()) throw UsageError("--band: serve --figure, --save-gra o --show");
   for (const BandWord& band : kBandWords) {
     if (wanted.band == band.word) return BandWish{band.percent, wanted.prediction};
   }
@@ -71,6 +71,10 @@ void drawFigure(Session& session, int kind, Device& form, EvaluationListener& li
 FitFigures::FitFigures(const WantedFigures& wanted, FigureMaker* maker) : wanted_(wanted) {
   dataDigits(wanted.digits);
   requireStyle(wanted);
+  if (!wanted.show.empty()) {
+    requireShowWord(wanted.show);
+    shown_ = shownForm(*maker);
+  }
   if (wanted.figure.empty()) {
     form_.device = std::make_unique<ObserverDevice>();
   } else {
@@ -106,7 +110,7 @@ FigureTexts FitFigures::drawFunction(Session& session, EvaluationListener& liste
 
 /// The graphic file tells of the page of A4, whatever is asked of the drawing.
 bool FitFigures::writeFunction(Session& session, EvaluationListener& listener) {
-  if (wanted_.figure.empty() && wanted_.graphicFile.empty()) return true;
+  if (!wanted_.drawn()) return true;
   const FigureOptions& options = wanted_.options;
   FigureTexts texts = drawFunction(session, listener, *form_.device, filledPage(options));
   if (!isComplete(texts.graph)) return false;
@@ -116,6 +120,10 @@ bool FitFigures::writeFunction(Session& session, EvaluationListener& listener) {
   if (!wanted_.figure.empty()) {
     const std::string title = nameOfFigure(kFunctionFigure) + ": " + GetFileName(session.loaded.DataFile);
     writeFile(files, wanted_.figure, form_.bytes(describeFigure(texts.graph, title)));
+  }
+  if (!wanted_.show.empty()) {
+    drawFunction(session, listener, *shown_.device, {});
+    showPicture(shown_.device->Image(), wanted_.show);
   }
   if (wanted_.graphicFile.empty()) return banded;
   if (!options.size.empty() || options.portrait) {

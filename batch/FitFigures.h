@@ -19,7 +19,8 @@ struct BandWish {
 
 /// The files that `fit` makes of its figures; what has no name is not made.
 struct WantedFigures {
-  bool any() const { return !figure.empty() || !graphicFile.empty() || !differences.empty(); }
+  bool drawn() const { return !figure.empty() || !graphicFile.empty() || !show.empty(); }
+  bool any() const { return drawn() || !differences.empty(); }
 
   std::string figure;         ///< data and function, drawn
   FigureOptions options{};    ///< of that drawing
@@ -29,6 +30,7 @@ struct WantedFigures {
   std::string band;           ///< "68" or "95", per cent of the band about the function; empty without one
   bool prediction = false;    ///< also the band of a further measurement
   std::string style;          ///< `kModernStyle`, or empty for the standard one
+  std::string show;           ///< how a terminal shows that drawing; empty where none does
   bool residuals = false;     ///< a second box below with the residuals; the style is modern then
 
   bool modern() const { return residuals || !style.empty(); }
@@ -63,7 +65,7 @@ class FitFigures {
   bool writeDifferences(Session& session, EvaluationListener& listener) const;
 
   WantedFigures wanted_;
-  FigureForm form_;
+  FigureForm form_, shown_;
 };
 
 }  // namespace vk

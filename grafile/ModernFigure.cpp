@@ -16,13 +16,6 @@ namespace {
 constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
 constexpr int kLongestEntry = 40;
 
-/// The signs of markup stand for nothing in a name.
-std::string inKey(std::string name) {
-  std::ranges::replace_if(
-      name, [](char c) { return std::string_view("_^{}\\").find(c) != std::string_view::npos; }, ' ');
-  return name;
-}
-
 /// Takes the points of a column at which a value can be drawn.
 DataSet dataOf(std::span<const double> x, std::span<const double> y, std::span<const double> third) {
   std::vector<std::size_t> good;
@@ -85,7 +78,7 @@ SheetData ModernFigure::residuals() const {
 
 std::string ModernFigure::functionName() const {
   const std::string name = trim(source_.functionText);
-  return length(name) <= kLongestEntry ? TranslateDosText(inKey(name)) : "Funzione";
+  return length(name) <= kLongestEntry ? TranslateDosText(formulaInKey(name)) : "Funzione";
 }
 
 void ModernFigure::addBands(PlotSheet& sheet) const {
@@ -111,7 +104,7 @@ PlotSheet ModernFigure::sheet() {
       (LineText() << "%File Grafico " + nameOfFigure(source_.kind)).text() + originOf(source_).text();
   sheet.titleX = data.TitleX;
   sheet.titleY = data.TitleY;
-  sheet.points = {{figureTextOfUtf8(inKey(source_.dataName)), source_.dataPath, data}};
+  sheet.points = {{figureTextOfUtf8(nameInKey(source_.dataName)), source_.dataPath, data}};
   if (source_.kind != kFunctionFigure) return sheet;
   sheet.curves = {{functionName(), functionLines(source_, values_, listener_),
                    [&source = source_, &listener = listener_](std::span<const double> x) {

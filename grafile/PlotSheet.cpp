@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/NumberMasks.h"
+#include "base/Text.h"
 #include "data/FigureText.h"
 #include "grafile/FigureStyle.h"
 #include "grafile/GraphicFile.h"
@@ -210,6 +211,34 @@ void SheetWriter::writeResiduals() {
 }
 
 }  // namespace
+
+std::string nameInKey(std::string name) {
+  constexpr std::string_view kMarkup = "_^{}\\";
+  std::ranges::replace_if(
+      name, [&](char c) { return kMarkup.find(c) != std::string_view::npos; }, ' ');
+  return name;
+}
+
+std::string formulaInKey(const std::string& formula) {
+  std::string text;
+  for (std::size_t i = 0; i < formula.size(); ++i) {
+    if (formula[i] != '^') {
+      text += nameInKey({formula[i]});
+      continue;
+    }
+    std::size_t end = i + 1;
+    int open = 0;
+    while (end < formula.size()) {
+      const char c = formula[end];
+      if (open == 0 && !isLetter(c) && !isDigit(c) && c != '.' && c != '(') break;
+      open += c == '(' ? 1 : c == ')' ? -1 : 0;
+      ++end;
+    }
+    text += "^{" + nameInKey(formula.substr(i + 1, end - i - 1)) + "}";
+    i = end - 1;
+  }
+  return text;
+}
 
 std::string sheetText(const PlotSheet& sheet, GralCls& drawing) {
   return SheetWriter(sheet, drawing).text();

@@ -42,6 +42,12 @@ struct PlotSheet {
 /// The title of the axis of the residuals.
 inline constexpr const char* kResidualTitle = "Scarti / \\\\s";
 
+/// A name as a key shows it: the signs of markup, which cannot be written, are blanks.
+std::string nameInKey(std::string name);
+
+/// A formula as a key shows it: powers are raised.
+std::string formulaInKey(const std::string& formula);
+
 /// The graphic file that draws the sheet on a page like that of the open drawing.
 std::string sheetText(const PlotSheet& sheet, GralCls& drawing);
 

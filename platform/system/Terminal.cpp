@@ -1,5 +1,6 @@
 #include "platform/system/Terminal.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -8,6 +9,12 @@ namespace vk {
 
 bool errorStreamIsTerminal() {
   return isatty(STDERR_FILENO) == 1;
+}
+
+std::optional<int> terminalColumns() {
+  winsize size{};
+  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return std::nullopt;
+  return size.ws_col;
 }
 
 void endWithReader() {

@@ -1,9 +1,14 @@
 #pragma once
 
+#include <optional>
+
 namespace vk {
 
 /// True when the standard error stream is a terminal that a person looks at.
 bool errorStreamIsTerminal();
+
+/// How many columns the terminal behind the standard output has; nothing where it is none or does not tell.
+std::optional<int> terminalColumns();
 
 /// From here on the program ends without a word where the reader of its output has gone, as other programs of a pipe do,
 /// whatever it has inherited.

@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <filesystem>
+#include <map>
 
 #include "base/NumberText.h"
 #include "batch/BatchRun.h"
@@ -79,8 +81,38 @@ TEST(BatchFit, AModernFigureIsThatOfItsGraphicFile) {
   }
 }
 
+TEST(BatchDraw, PutsDataAndFormulasOnOneSheetAndShowsIt) {
+  const std::string figure = freshPath("OUT.GRA"), image = freshPath("A.PNG"), again = freshPath("B.PNG");
+  const BatchRun run =
+      batch("draw --data examples/ohm.dat --data examples/decay.dat --function 'x^2' --save-gra '" + figure +
+            "' --show -o '" + image + "'");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_THAT(run.output, HasSubstr("\u2580"));
+  EXPECT_EQ(std::ranges::count(run.output, '\n'), 28);
+  for (const char* line :
+       {"\\DATI(examples/ohm.dat)", "\\DATI(examples/decay.dat)", "\\FUNZIONE(x^2)", ", x^{2})"})
+    EXPECT_THAT(fileContent(figure), HasSubstr(line));
+  EXPECT_EQ(batch("draw '" + figure + "' -o '" + again + "'").exitCode, 0);
+  EXPECT_TRUE(fileContent(image) == fileContent(again));
+}
+
+TEST(BatchDraw, TellsWhatIsMissing) {
+  const std::map<std::string, std::string> complaints{
+      {"", "draw: serve un file grafico, oppure --grid FILE, o --data e --function\n"},
+      {"--function x", "draw: serve --output o --show\n"},
+      {"--function x --show=kitty", "--show: si attende blocks o sixel\n"},
+      {"--function x --show --xmin 3 --xmax 3", "--xmin: deve essere minore di --xmax\n"},
+      {"examples/sheet.gra --show --save-gra /nowhere", "--save-gra: serve --grid, --data o --function\n"}};
+  for (const auto& [words, complaint] : complaints) {
+    const BatchRun run = batch("draw " + words);
+    EXPECT_EQ(run.exitCode, 2) << words;
+    EXPECT_THAT(run.errors, HasSubstr(complaint)) << words;
+  }
+}
+
 TEST(BatchFit, RefusesAStyleThatNobodyKnowsOrSees) {
-  EXPECT_THAT(batch(std::string(kOhm) + "--style modern").errors, HasSubstr("serve --figure o --save-gra"));
+  EXPECT_THAT(batch(std::string(kOhm) + "--style modern").errors,
+              HasSubstr("serve --figure, --save-gra o --show"));
   EXPECT_THAT(batch(std::string(kOhm) + "--style bello --save-gra /nowhere.gra").errors,
               HasSubstr("--style: si attende modern"));
 }

@@ -104,7 +104,7 @@ TEST(BatchBand, OfInventedErrorsIsTheScattersByStudent) {
 TEST(BatchBand, NeedsAFigureAndAPercentage) {
   const BatchRun alone = batch(lineFit() + "--band 68");
   EXPECT_EQ(alone.exitCode, 2);
-  EXPECT_THAT(alone.errors, EndsWith("--band: serve --figure o --save-gra\n"));
+  EXPECT_THAT(alone.errors, EndsWith("--band: serve --figure, --save-gra o --show\n"));
   const BatchRun other = batch(lineFit() + "--band 90 --save-gra /tmp/BAND.GRA");
   EXPECT_EQ(other.exitCode, 2);
   EXPECT_THAT(other.errors, EndsWith("--band: si attende 68 o 95\n"));

@@ -161,6 +161,14 @@ TEST_F(PlotSheetTest, AKeyWithoutChoiceIsLeftOutAndALongOneShortened) {
   EXPECT_NE(name.find("..."), std::string::npos);
 }
 
+TEST_F(PlotSheetTest, NamesHaveNoMarkupAndFormulasRaisePowers) {
+  EXPECT_EQ(nameInKey("my_data^{2}.dat"), "my data  2 .dat");
+  EXPECT_EQ(formulaInKey("a*x^2+b_1"), "a*x^{2}+b 1");
+  EXPECT_EQ(formulaInKey("x^0.5-2"), "x^{0.5}-2");
+  EXPECT_EQ(formulaInKey("x^(a-(b+1))*y"), "x^{(a-(b+1))}*y");
+  EXPECT_EQ(formulaInKey("x^"), "x^{}");
+}
+
 TEST_F(PlotSheetTest, ResidualsStandBelowOnTheSameX) {
   const SheetLayout layout = layOut(wholeSheet(), d);
   EXPECT_EQ(layout.lower.x.fromCm, layout.box.x.fromCm);

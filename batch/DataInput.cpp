@@ -19,7 +19,10 @@ namespace {
 std::string shellWord(const std::string& fileName) {
   const auto plain = [](char c) { return isLetter(c) || isDigit(c) || position("._/-+", {&c, 1}) > 0; };
   const std::string name = shownName(fileName);
-  return std::all_of(name.begin(), name.end(), plain) ? name : "'" + name + "'";
+  if (std::all_of(name.begin(), name.end(), plain)) return name;
+  std::string word = "'";
+  for (const char c : name) word += c == '\'' ? "'\\''" : std::string{c};
+  return word + "'";
 }
 
 }  // namespace

@@ -148,5 +148,14 @@ TEST(BatchData, OfAnotherProgramAreRefusedWithTheirCure) {
   }
 }
 
+TEST(BatchCheck, TheCureIsALineOfTheShell) {
+  const std::string table = temporaryFile("l'altra tabella.DAT", "t;V\n1,5;2,5\n2,5;3\n");
+  const std::string report = batch("check \"" + table + "\"").output;
+  const auto cure = report.find("vor_kel_batch import ");
+  ASSERT_NE(cure, std::string::npos) << report;
+  EXPECT_EQ(shell("vor_kel_batch() { VOR \"$@\"; }\n" + report.substr(cure)).output,
+            batch("import \"" + table + "\"").output);
+}
+
 }  // namespace
 }  // namespace vk

@@ -40,7 +40,7 @@ struct Place {
 /// What a sheet shows, as places in user coordinates.
 class Shown {
  public:
-  explicit Shown(const PlotSheet& sheet) : sheet_(sheet) {
+  explicit Shown(const PlotSheet& sheet) {
     for (const SheetData& set : sheet.points) addPoints(set.data);
     Range range;
     for (const Place& place : places_) range.add(place.x);
@@ -65,7 +65,6 @@ class Shown {
   void addCurve(const SheetCurve& curve);
   void addBand(const DataSet& band);
 
-  const PlotSheet& sheet_;
   std::vector<Place> places_;
 };
 

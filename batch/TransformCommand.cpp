@@ -18,7 +18,7 @@ namespace {
 
 /// A title of the command line. Bytes that are no UTF-8 are those of an old file.
 std::string titleOfWord(const std::string& word) {
-  const std::string title = figureText(FileText(word), word);
+  std::string title = figureText(FileText(word), word);
   if (word.find_first_of("\r\n") != std::string::npos ||
       std::count(title.begin(), title.end(), '?') != std::count(word.begin(), word.end(), '?'))
     throw UsageError("\"" + shownName(word) + "\": un carattere non puo` stare in un titolo");

@@ -117,7 +117,7 @@ void ParseFields(const NamedParameters& parameters, const std::string& text, Arr
   std::string left = text + ",";
   const auto nextField = [&] {
     const auto comma = std::min(left.find(','), left.size());
-    const std::string field = left.substr(0, comma);
+    std::string field = left.substr(0, comma);
     left.erase(0, comma + 1);
     return field;
   };

@@ -48,7 +48,7 @@ bool endsRefused(const std::string& path) {
 
 /// The entry to be read; a missing one is told apart by its folder.
 std::string entryToRead(const std::string& path) {
-  const std::string entry = findEntry(path);
+  std::string entry = findEntry(path);
   if (entry.empty()) {
     if (endsRefused(path)) throw RuntimeError(kPermissionDenied, kAccessDenied);
     throw RuntimeError(isFolder(findEntry(folderOf(path))) ? kFileNotFound : kPathNotFound);
@@ -145,7 +145,7 @@ std::string SystemFiles::programFolder() {
 }
 
 std::string SystemFiles::documentsFolder() {
-  const std::string home = homeFolder();
+  std::string home = homeFolder();
   const std::string named = documentsFolderOf(textOfSystem(joinPath(configFolder(), "user-dirs.dirs")), home);
   for (const std::string& folder : {named, joinPath(home, "Documents")}) {
     if (isFolder(folder)) return folder;

@@ -244,16 +244,6 @@ std::optional<std::u32string> decodeUtf8(std::string_view bytes) {
   return result;
 }
 
-std::string fromUtf8(std::string_view text, CodePage page) {
-  const auto characters = decodeUtf8(text);
-  if (!characters) return std::string(text);
-  std::string bytes;
-  for (const char32_t c : *characters) {
-    bytes += fromUnicode(page == CodePage::kCp437 ? unifiedForCp437(c) : c, page).value_or('?');
-  }
-  return bytes;
-}
-
 char32_t unifiedForCp437(char32_t c) {
   switch (c) {
     case U'\u03BC':

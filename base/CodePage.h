@@ -34,9 +34,6 @@ std::size_t leadingUtf8(std::string_view bytes);
 /// The characters of a text in UTF-8; nothing when the bytes are no UTF-8.
 std::optional<std::u32string> decodeUtf8(std::string_view bytes);
 
-/// A text in UTF-8 in a code page; what has no place there is "?". Bytes that are no UTF-8 stay.
-std::string fromUtf8(std::string_view text, CodePage page);
-
 /// What code page 437 has for a character: its micro sign, sharp s, capital sigma and omega serve as Greek mu, Greek
 /// beta, the sign of a sum and that of ohms as well. Other characters stay themselves, with a place or without.
 char32_t unifiedForCp437(char32_t c);

@@ -45,6 +45,22 @@ using Cp437Text = EncodedText<CodePage::kCp437>;
 /// A text of menus, captions and boxes. File names in it are the system's own bytes.
 using WindowText = EncodedText<CodePage::kWindows1252>;
 
+/// A plain text that bears its encoding: code page 437, or UTF-8, which has a place for every letter.
+class PlainText {
+ public:
+  PlainText() = default;
+  PlainText(const Cp437Text& text) : bytes_(text.bytes()) {}
+  PlainText(std::string bytes, bool isUtf8) : bytes_(std::move(bytes)), isUtf8_(isUtf8) {}
+
+  /// The bytes, as long as the text lives.
+  std::string_view bytes() const { return bytes_; }
+  bool isUtf8() const { return isUtf8_; }
+
+ private:
+  std::string bytes_;
+  bool isUtf8_ = false;
+};
+
 /// The text in UTF-8, for terminals and files of other programs.
 template <CodePage page>
 std::string toUtf8(const EncodedText<page>& text) {

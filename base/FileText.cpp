@@ -65,8 +65,10 @@ std::string FileText::gridText(std::string_view piece) const {
 }
 
 std::string gridTextOfUtf8(std::string_view utf8) {
+  const auto characters = decodeUtf8(utf8);
+  if (!characters) return std::string(utf8);
   std::string text;
-  for (const char32_t c : decodeUtf8(utf8).value_or(std::u32string())) {
+  for (const char32_t c : *characters) {
     const auto sign = c < 0x80 ? static_cast<char>(c) : fromUnicode(unifiedForCp437(c), CodePage::kCp437);
     text += sign ? std::string(1, *sign) : typedFor(c);
   }

@@ -27,7 +27,8 @@ class FileText {
   bool utf8_ = false;
 };
 
-/// A text in UTF-8 in code page 437, with `typedFor` in place of what that lacks.
+/// A text in UTF-8 in code page 437, with `typedFor` in place of what that lacks. Bytes that are no UTF-8
+/// stay.
 std::string gridTextOfUtf8(std::string_view utf8);
 
 /// What is typed in ASCII for a character above 127, "E`" for example; "?" for most.

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "base/CodePage.h"
+#include "base/FileText.h"
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "commands/DisplayRefresh.h"
@@ -34,8 +34,7 @@ std::string likelyCauseLines(const std::string& text) {
   const LikelyCause cause = likelyCause(readForeign(text));
   const std::string told = inWindowWords(cause.text) + (cause.cured ? kWindowCure : "");
   std::string lines;
-  for (const std::string& line : wrapped(fromUtf8(told, CodePage::kCp437), kWidth))
-    lines.append(line).append(kCrLf);
+  for (const std::string& line : wrapped(gridTextOfUtf8(told), kWidth)) lines.append(line).append(kCrLf);
   return cause.text.empty() ? "" : lines;
 }
 

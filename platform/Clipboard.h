@@ -6,8 +6,9 @@ namespace vk {
 
 /// A text from the clipboard.
 struct ClipboardText {
-  Cp437Text text{};
+  PlainText text{};      ///< in code page 437
   bool complete = true;  ///< false when characters without a place in the code page were left out
+  PlainText whole{};     ///< all of it, in UTF-8
 };
 
 /// The clipboard, as far as texts go; windows put their pictures there themselves. Lines of texts end in CR LF,
@@ -16,7 +17,7 @@ class Clipboard {
  public:
   virtual ~Clipboard() = default;
   virtual void clear() = 0;
-  virtual void setText(const Cp437Text& text) = 0;
+  virtual void setText(const PlainText& text) = 0;
   /// A grid of characters and frames as a bitmap, with its text beside it for programs that take no pictures.
   virtual void setGrid(const CharGrid& grid) = 0;
   /// The text on the clipboard; empty when it holds none.

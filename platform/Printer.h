@@ -35,7 +35,7 @@ class Printer {
   virtual Twips Height() = 0;
 
   /// Prints text lines from the top of the page in a fixed-width font of `points`.
-  virtual void printText(const Cp437Text& text, const std::string& face, double points) = 0;
+  virtual void printText(const PlainText& text, const std::string& face, double points) = 0;
 
   /// Prints a grid of characters and frames; it stays text and lines on paper.
   virtual void printGrid(const CharGrid& grid, const GridPlace& place) = 0;

@@ -1,7 +1,6 @@
 #include "ui/Editor.h"
 
 #include <array>
-#include <optional>
 
 #include "base/CodePage.h"
 #include "base/FileText.h"
@@ -57,33 +56,15 @@ std::string fileOfLines(const std::string& text) {
   return text + std::string(kCrLf);
 }
 
-/// A text in UTF-8 in the code page of the control; nothing where that lacks a character.
-std::optional<std::string> inCodePage(std::string_view utf8) {
-  std::string text;
-  for (const char32_t c : decodeUtf8(utf8).value_or(std::u32string())) {
-    const auto sign = c < 0x80 ? static_cast<char>(c) : fromUnicode(c, CodePage::kCp437);
-    if (!sign || (c >= 0x80 && code(*sign) < 0x80)) return std::nullopt;
-    text += *sign;
-  }
-  return text;
-}
-
-/// A text of the control in UTF-8. One that could not be shown is UTF-8 but for the signs that were entered.
-std::string inUtf8(std::string_view text, bool isShown) {
+/// A text of code page 437 in UTF-8. Below 128 it stays as it is: control characters are no signs in a file.
+std::string inUtf8(std::string_view text) {
   std::string utf8;
-  while (!text.empty()) {
-    const std::size_t kept = isShown ? leadingAscii(text) : leadingUtf8(text);
-    utf8 += text.substr(0, kept);
-    text.remove_prefix(kept);
-    if (text.empty()) break;
-    appendUtf8(utf8, toUnicode(text.front(), CodePage::kCp437));
-    text.remove_prefix(1);
-  }
+  for (const char c : text) appendUtf8(utf8, code(c) < 0x80 ? code(c) : toUnicode(c, CodePage::kCp437));
   return utf8;
 }
 
 /// Paper has no tab stops.
-Cp437Text withoutTabs(const Cp437Text& text) {
+PlainText withoutTabs(const PlainText& text) {
   std::string expanded;
   int column = 0;
   for (const char c : text.bytes()) {
@@ -93,10 +74,11 @@ Cp437Text withoutTabs(const Cp437Text& text) {
       column += blanks;
     } else {
       expanded += c;
-      column = c == '\n' ? 0 : column + 1;
+      const bool goesOn = text.isUtf8() && (code(c) & 0xC0U) == 0x80;
+      column = c == '\n' ? 0 : column + (goesOn ? 0 : 1);
     }
   }
-  return Cp437Text(expanded);
+  return {expanded, text.isUtf8()};
 }
 
 const WindowText& kindWord(Int16 kind) {
@@ -146,22 +128,21 @@ void Editor::OpenEditor(const std::string& path, Int16 kind) {
     if (!wantsLargeFile(wanted)) return;
     wanted.control = EditControl::kTxtEdi;
   }
-  takeSpelling(wanted, bytes);
+  takeEncoding(wanted, bytes);
   shut_ = std::make_unique<ShutWindow>(ports_.window, Form::kEditor);
   file_ = wanted;
   form_->showEditor(captionOf(wanted) + " " + ownName(wanted),
-                    Cp437Text(textOfFile(bytes, wanted.control == EditControl::kTxtEdiOld)), wanted.control);
+                    {textOfFile(bytes, wanted.control == EditControl::kTxtEdiOld), wanted.isUtf8},
+                    wanted.control);
 }
 
-/// The bytes become those that the control shows.
-void Editor::takeSpelling(EditedFile& wanted, std::string& bytes) {
+/// The bytes lose their byte order mark.
+void Editor::takeEncoding(EditedFile& wanted, std::string& bytes) {
   const FileText file(bytes);
   wanted.isOld = file.lineOfSign() != 0;
-  const auto shown = wanted.isOld ? std::nullopt : inCodePage(file.text());
-  wanted.isShown = shown.has_value();
-  if (!shown) return;
+  wanted.isUtf8 = file.isUtf8();
   wanted.mark = bytes.substr(0, bytes.size() - file.text().size());
-  bytes = *shown;
+  bytes.erase(0, wanted.mark.size());
 }
 
 /// False when the command is to stop.
@@ -207,7 +188,7 @@ void Editor::MnuFilSav() {
 std::string Editor::textOfForm() {
   std::string text(form_->editorText().bytes());
   if (file_.control == EditControl::kTxtEdiOld) text = fileOfLines(text);
-  return file_.isOld ? text : file_.mark + inUtf8(text, file_.isShown);
+  return file_.mark + (file_.isOld || file_.isUtf8 ? text : inUtf8(text));
 }
 
 void Editor::tellErrors(const std::string& report) {
@@ -248,15 +229,16 @@ void Editor::MnuModCop() {
 }
 
 bool Editor::canInsert() {
-  return !trim(ports_.clipboard.text().text.bytes()).empty();
+  const ClipboardText clipboard = ports_.clipboard.text();
+  return !trim((file_.isUtf8 ? clipboard.whole : clipboard.text).bytes()).empty();
 }
 
 void Editor::MnuModInc() {
   const ClipboardText clipboard = ports_.clipboard.text();
-  if (!clipboard.complete) ports_.sound.beep();
+  if (!clipboard.complete && !file_.isUtf8) ports_.sound.beep();
   // QUIRK: a selection is not replaced and the caret stays before the new text, so that the same text can be put
   // in at once more.
-  form_->insertText(clipboard.text);
+  form_->insertText(file_.isUtf8 ? clipboard.whole : clipboard.text);
 }
 
 void Editor::MnuChrIns() {

@@ -37,9 +37,9 @@ struct EditedFile {
   std::string path;
   Int16 kind = kGraphicKind;  ///< `FileKindCode`
   EditControl control = EditControl::kTxtEdiOld;
-  bool isOld = false;    ///< of 8-bit signs, which come back as they are; else it is saved in UTF-8
-  bool isShown = false;  ///< in the code page of the control, which has a place for all its characters
-  std::string mark{};    ///< its byte order mark
+  bool isOld = false;   ///< of 8-bit signs, which come back as they are; else it is saved in UTF-8
+  bool isUtf8 = false;  ///< shown as such, so that every letter can be entered
+  std::string mark{};   ///< its byte order mark
 };
 
 /// The small text editor for data, function and graphic files. It changes the file, never what the session has
@@ -63,8 +63,8 @@ class Editor : public TextEditor {
   void MnuModCop();
   /// True when there is something to insert: the clipboard holds text that is not blank.
   bool canInsert();
-  /// Inserts the text of the clipboard at `SelStart`. Characters without a place in the code page are left out
-  /// with a beep.
+  /// Inserts the text of the clipboard at `SelStart`. Where the file is not in UTF-8, characters without a place in
+  /// the code page are left out with a beep.
   void MnuModInc();
 
   void MnuChrIns();
@@ -80,7 +80,7 @@ class Editor : public TextEditor {
 
  private:
   bool readText(const EditedFile& wanted, std::string& bytes);
-  static void takeSpelling(EditedFile& wanted, std::string& bytes);
+  static void takeEncoding(EditedFile& wanted, std::string& bytes);
   bool wantsToCreate(const EditedFile& wanted);
   bool wantsLargeFile(const EditedFile& wanted);
   std::string textOfForm();

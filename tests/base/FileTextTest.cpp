@@ -44,6 +44,7 @@ TEST(FileText, GoesToGridsInTheirCodePage) {
   EXPECT_EQ(FileText("\x82").gridText("\x82 é"), "\x82 é");
   EXPECT_EQ(gridTextOfUtf8("È Ø Ã – “a” 3 × 4 € ≤ λ \u4E16 \U0001F600"),
             "E` O A - \"a\" 3 * 4 EUR \xF3 ? ? ?");
+  EXPECT_EQ(gridTextOfUtf8("è \xFF"), "è \xFF") << "no UTF-8";
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ void RecordingPrinter::setOrientation(Int16 wanted) {
   calls.emplace_back(wanted == kLandscape ? "landscape" : "portrait");
 }
 
-void RecordingPrinter::printText(const Cp437Text& printed, const std::string& fontFace, double size) {
+void RecordingPrinter::printText(const PlainText& printed, const std::string& fontFace, double size) {
   calls.emplace_back("text");
   text = printed.bytes();
   face = fontFace;

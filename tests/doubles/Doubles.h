@@ -99,7 +99,7 @@ class RecordingPrinter : public Printer {
   void setOrientation(Int16 wanted) override;
   Twips Width() override { return Twips(orientation == kLandscape ? 16000 : 11000); }
   Twips Height() override { return Twips(orientation == kLandscape ? 11000 : 16000); }
-  void printText(const Cp437Text& printed, const std::string& fontFace, double size) override;
+  void printText(const PlainText& printed, const std::string& fontFace, double size) override;
   void printGrid(const CharGrid& printed, const GridPlace& where) override;
   void EndDoc() override;
 };
@@ -109,13 +109,14 @@ class RecordingClipboard : public Clipboard {
  public:
   std::string held;
   bool complete = true;  ///< whether all characters of what is held have a place in the code page
+  std::string whole;     ///< all of what is held, in UTF-8
   CharGrid grid;
   std::vector<std::string> calls;  ///< "clear", "text", "grid" in order
 
   void clear() override { calls.emplace_back("clear"), held.clear(), grid = CharGrid(); }
-  void setText(const Cp437Text& text) override { calls.emplace_back("text"), held = text.bytes(); }
+  void setText(const PlainText& text) override { calls.emplace_back("text"), held = text.bytes(); }
   void setGrid(const CharGrid& shown) override { calls.emplace_back("grid"), grid = shown; }
-  ClipboardText text() override { return {Cp437Text(held), complete}; }
+  ClipboardText text() override { return {Cp437Text(held), complete, {whole, true}}; }
 };
 
 /// A main window that remembers its state instead of showing it.

@@ -1,8 +1,11 @@
+#include <random>
+
 #include "tests/ui/EditorFixture.h"
 
 namespace vk {
 namespace {
 
+using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -72,15 +75,55 @@ TEST_F(EditorTest, ASmallFileBehindALargeOneHasThePlainBoxAgain) {
   EXPECT_EQ(form.control, EditControl::kTxtEdiOld);
 }
 
-TEST_F(EditorTest, AFileInUtf8IsShownInTheCodePageAndSavedInUtf8) {
-  open("\xEF\xBB\xBF% Velocità ±5 µm\r\n", kGraphicKind);
-  EXPECT_EQ(form.text,
-            "% Velocit\x85 \xF1"
-            "5 \xE6m\r\n");
-  form.text += "% pi\x97\r\n";
-  editor.MnuFilSav();
-  EXPECT_EQ(files.content[kPath], "\xEF\xBB\xBF% Velocità ±5 µm\r\n% più\r\n");
-  expectClosed();
+TEST_F(EditorTest, AFileInUtf8IsShownAndSavedSo) {
+  for (const std::string mark : {"", "\xEF\xBB\xBF"}) {
+    const std::string line = "% Velocità È – λ € \u4E16 ±5 µm §\x15\r\n";
+    open(mark + line, kGraphicKind);
+    EXPECT_TRUE(form.isUtf8);
+    EXPECT_EQ(form.text, line);
+    form.text += "% più €\r\n";
+    editor.MnuFilSav();
+    EXPECT_EQ(files.content[kPath], mark + line + "% più €\r\n");
+    expectClosed();
+  }
+}
+
+TEST_F(EditorTest, AnyTextInUtf8ComesBack) {
+  const std::u32string signs = U"aZ 9%\t\r\n\0\x15à§ßÈÀ–λ€\u0301\u2028\u4E16\uFEFF\U0001F40D"s;
+  std::mt19937 chance(16);
+  for (int i = 0; i < 500; ++i) {
+    std::string bytes(i % 2 == 0 ? "" : "\xEF\xBB\xBF");
+    for (int n = 0; n < 60; ++n) appendUtf8(bytes, signs[chance() % signs.size()]);
+    bytes += "È\r\n";
+    EXPECT_EQ(saved(bytes), bytes) << testing::PrintToString(bytes);
+  }
+}
+
+TEST_F(EditorTest, LineEndsOfAFileInUtf8AreThoseOfAnyFile) {
+  EXPECT_EQ(saved("È\nλ\n"), "È\r\nλ\r\n");
+  EXPECT_EQ(saved("\xEF\xBB\xBF€\r\nÈ"), "\xEF\xBB\xBF€\r\nÈ\r\n");
+  EXPECT_EQ(saved("\xEF\xBB\xBF"), "\xEF\xBB\xBF");
+  std::string large = "\xEF\xBB\xBF";
+  while (large.size() <= 40000) large += "È\r\n";
+  dialogs.press(2);
+  EXPECT_EQ(saved(large + "€"), large + "€");
+}
+
+TEST_F(EditorTest, IntoAFileInUtf8EveryLetterIsPasted) {
+  open("È\r\n");
+  clipboard.held = "uro";
+  clipboard.complete = false;
+  clipboard.whole = "€uro";
+  editor.MnuModInc();
+  EXPECT_EQ(form.text, "€uroÈ\r\n");
+  EXPECT_EQ(sound.beeps, 0);
+  clipboard.held = "";
+  clipboard.whole = "€";
+  EXPECT_TRUE(editor.canInsert());
+  clipboard.whole = "  ";
+  EXPECT_FALSE(editor.canInsert());
+  editor.LblChr(0);
+  EXPECT_EQ(form.text, "Ç€uroÈ\r\n");
 }
 
 TEST_F(EditorTest, WhatIsEnteredInAFileWithoutHighSignsIsSavedInUtf8) {
@@ -96,15 +139,6 @@ TEST_F(EditorTest, AFileOf8BitSignsStaysOne) {
   form.text += "% \x85\r\n";
   editor.MnuFilSav();
   EXPECT_EQ(files.content[kPath], "% \xE0 è\r\n% \x85\r\n");
-}
-
-TEST_F(EditorTest, CharactersThatCannotBeShownComeBack) {
-  for (const std::string line : {"% È à – \u4E16 §\r\n", "% §\r\n"}) {
-    open(line, kGraphicKind);
-    form.text += "% pi\x97 \x85\r\n";
-    editor.MnuFilSav();
-    EXPECT_EQ(files.content[kPath], line + "% più à\r\n");
-  }
 }
 
 TEST_F(EditorTest, TheCaptionTellsKindAndFile) {
@@ -258,6 +292,9 @@ TEST_F(EditorTest, StampaSetsTabsOnEveryEighthColumn) {
   open("\ta\r\nabc\t\tb\tc\r\n12345678\t|\r\n");
   editor.MnuPri();
   EXPECT_EQ(printer.text, "        a\r\nabc             b       c\r\n12345678        |\r\n");
+  open("\tÈ€\t|\r\n");
+  editor.MnuPri();
+  EXPECT_EQ(printer.text, "        È€      |\r\n") << "letters have one column";
 }
 
 TEST_F(EditorTest, APrinterThatFailsIsTold) {

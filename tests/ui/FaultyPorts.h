@@ -276,11 +276,11 @@ class FaultyPlots : public PlotWindows {
 class FaultyEditorForm : public RecordingEditorForm {
  public:
   explicit FaultyEditorForm(PortFault& fault) : fault_(fault) {}
-  void showEditor(const WindowText& title, const Cp437Text& shown, EditControl which) override {
+  void showEditor(const WindowText& title, const PlainText& shown, EditControl which) override {
     RecordingEditorForm::showEditor(title, shown, which), fault_.pass();
   }
   void focusEditor() override { fault_.pass(); }
-  Cp437Text editorText() override { return fault_.pass(), RecordingEditorForm::editorText(); }
+  PlainText editorText() override { return fault_.pass(), RecordingEditorForm::editorText(); }
 
  private:
   PortFault& fault_;
@@ -301,7 +301,7 @@ class FaultyClipboard : public RecordingClipboard {
  public:
   explicit FaultyClipboard(PortFault& fault) : fault_(fault) {}
   void clear() override { fault_.pass(), RecordingClipboard::clear(); }
-  void setText(const Cp437Text& text) override { fault_.pass(), RecordingClipboard::setText(text); }
+  void setText(const PlainText& text) override { fault_.pass(), RecordingClipboard::setText(text); }
   void setGrid(const CharGrid& shown) override { fault_.pass(), RecordingClipboard::setGrid(shown); }
   ClipboardText text() override { return fault_.pass(), RecordingClipboard::text(); }
 
@@ -318,7 +318,7 @@ class FaultyTextPrinter : public RecordingPrinter {
   void setOrientation(Int16 wanted) override { fault_.pass(), RecordingPrinter::setOrientation(wanted); }
   Twips Width() override { return fault_.pass(), RecordingPrinter::Width(); }
   Twips Height() override { return fault_.pass(), RecordingPrinter::Height(); }
-  void printText(const Cp437Text& printed, const std::string& fontFace, double size) override {
+  void printText(const PlainText& printed, const std::string& fontFace, double size) override {
     fault_.pass(), RecordingPrinter::printText(printed, fontFace, size);
   }
   void printGrid(const CharGrid& printed, const GridPlace& where) override {

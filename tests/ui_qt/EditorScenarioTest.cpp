@@ -177,6 +177,19 @@ TEST_F(EditorScenarioTest, ThePrintedTextCanBeRead) {
   EXPECT_TRUE(window().isEnabled());
 }
 
+TEST_F(EditorScenarioTest, LettersOfUtf8AreTypedPrintedAndSaved) {
+  folder.make("f.gra", "% È – 5 €\r\n\\Pagina(1)\r\n");
+  edit("MenGraModFil", "f.gra");
+  write("% λ À");
+  key(Qt::Key_Return);
+  chooseInEditor("MnuPri");
+  user.file(QString::fromStdString(folder / "f.pdf"));
+  chooseInEditor("MnuFilSav");
+  act();
+  EXPECT_THAT(printed("f.pdf"), HasSubstr("% λ À\n% È – 5 €"));
+  EXPECT_EQ(folder.bytesOf("f.gra"), "% λ À\r\n% È – 5 €\r\n\\Pagina(1)\r\n");
+}
+
 TEST_F(EditorScenarioTest, WhatCannotBeWrittenStaysInTheEditor) {
   const std::string path = folder.make("chiavetta/f.gra", "\\Pagina(1)\r\n");
   edit("MenGraModFil", path);

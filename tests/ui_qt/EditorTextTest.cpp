@@ -30,6 +30,55 @@ TEST_F(EditorTextTest, EveryByteComesBackFromBothControls) {
   EXPECT_EQ(saved(), large);
 }
 
+TEST_F(EditorTextTest, EveryCharacterOfUtf8ComesBack) {
+  std::string all = "\uFEFF";
+  for (char32_t c = 0; c < 0x20000; ++c) {
+    if (c == 0xD800) c = 0xE000;
+    if (c % 64 == 0) all += "\r\n";
+    appendUtf8(all, c);
+  }
+  all += "\r\n";
+  EditorBox box(nullptr);
+  box.load({all, true});
+  EXPECT_TRUE(box.bytes().bytes() == all);
+  EXPECT_EQ(box.blockCount(), 0x1F800 / 64 + 2);
+}
+
+TEST_F(EditorTextTest, AFileInUtf8IsShownByItsLetters) {
+  const std::string line = "\xEF\xBB\xBF% È à – λ € \u4E16 \U0001F40D\r \n|\u2028♪§\r\n";
+  open(line);
+  EXPECT_EQ(plainBox()->toPlainText().left(16), "% È à – λ € 世 \U0001F40D");
+  EXPECT_EQ(plainBox()->blockCount(), 2);
+  EXPECT_FALSE(form.grab().isNull());
+  choose("MnuFilSav");
+  EXPECT_EQ(saved(), line);
+}
+
+TEST_F(EditorTextTest, EveryLetterIsTypedAndPastedIntoAFileInUtf8) {
+  openLarge("È\r\n");
+  write("λ€è");
+  onClipboard("a–\r\nÀ♪\u2028");
+  key(Qt::Key_V, Qt::ControlModifier);
+  choose("MnuModInc");
+  choose("MnuChrIns");
+  QTest::mouseClick(cell(0), Qt::LeftButton);
+  EXPECT_EQ(text().substr(0, text().find("riga")), "λ€èa–\r\nÀ♪\r\nÇa–\r\nÀ♪\r\nÈ\r\n");
+  EXPECT_EQ(sound.beeps, 0);
+  key(Qt::Key_Home, Qt::ControlModifier);
+  for (int i = 0; i < 6; ++i) key(Qt::Key_Right, Qt::ShiftModifier);
+  choose("MnuModCop");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "λ€èa–\n");
+}
+
+TEST_F(EditorTextTest, TheNextFileHasItsOwnEncoding) {
+  open("È\r\n");
+  choose("MnuFilRin");
+  open("\x8A\r\n");
+  write("€è");
+  EXPECT_EQ(text(), "\x8A\x8A\r\n");
+  EXPECT_EQ(sound.beeps, 1);
+}
+
 TEST_F(EditorTextTest, TypedCharactersAreThoseOfTheCodePage) {
   open("");
   write("è µ²≥½");
@@ -57,13 +106,15 @@ TEST_F(EditorTextTest, OfAPastedTextWhatHasAPlaceIsTaken) {
 }
 
 TEST_F(EditorTextTest, WhatIsCopiedByKeysComesBackByteForByte) {
-  const std::string line = "a\xFF\x80\t\x01|\r\n";
-  open(line);
-  key(Qt::Key_A, Qt::ControlModifier);
-  key(Qt::Key_C, Qt::ControlModifier);
-  key(Qt::Key_Home, Qt::ControlModifier);
-  key(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(text(), line + line);
+  for (const std::string line : {"a\xFF\x80\t\x01|\r\n", "È\t\r|\n\u240A\u2028\U0001F40D\r\n"}) {
+    open(line);
+    key(Qt::Key_A, Qt::ControlModifier);
+    key(Qt::Key_C, Qt::ControlModifier);
+    key(Qt::Key_Home, Qt::ControlModifier);
+    key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(text(), line + line);
+    choose("MnuFilRin");
+  }
   EXPECT_EQ(sound.beeps, 0);
 }
 

@@ -94,7 +94,7 @@ void FrmEdi::buildFinding() {
   onKey(QKeySequence::FindPrevious, [this] { find_->find(true); });
 }
 
-void FrmEdi::showEditor(const WindowText& caption, const Cp437Text& text, EditControl control) {
+void FrmEdi::showEditor(const WindowText& caption, const PlainText& text, EditControl control) {
   control_ = control;
   const bool plain = control == EditControl::kTxtEdiOld;
   setWindowTitle(fromText(caption));

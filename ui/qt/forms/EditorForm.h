@@ -29,12 +29,12 @@ class FrmEdi : public QMainWindow, public EditorForm {
  public:
   FrmEdi(Editor& engine, const EditorServices& services);
 
-  void showEditor(const WindowText& caption, const Cp437Text& text, EditControl control) override;
+  void showEditor(const WindowText& caption, const PlainText& text, EditControl control) override;
   void hideEditor() override;
   void focusEditor() override;
-  Cp437Text editorText() override { return box().bytes(); }
-  Cp437Text SelText() override { return box().SelText(); }
-  void insertText(const Cp437Text& text) override { box().insertBefore(text); }
+  PlainText editorText() override { return box().bytes(); }
+  PlainText SelText() override { return box().SelText(); }
+  void insertText(const PlainText& text) override { box().insertBefore(text); }
   void showPalette() override;
   void hidePalette() override;
 

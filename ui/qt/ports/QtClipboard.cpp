@@ -13,8 +13,8 @@ void QtClipboard::clear() {
   QGuiApplication::clipboard()->clear();
 }
 
-void QtClipboard::setText(const Cp437Text& text) {
-  QGuiApplication::clipboard()->setText(fromLines437(text));
+void QtClipboard::setText(const PlainText& text) {
+  QGuiApplication::clipboard()->setText(fromLines(text));
 }
 
 void QtClipboard::setGrid(const CharGrid& grid) {
@@ -25,8 +25,9 @@ void QtClipboard::setGrid(const CharGrid& grid) {
 }
 
 ClipboardText QtClipboard::text() {
-  const TakenText taken = takeForCp437(QGuiApplication::clipboard()->text());
-  return {toLines437(taken.text), taken.complete};
+  const QString held = QGuiApplication::clipboard()->text();
+  const TakenText taken = takeForCp437(held);
+  return {toLines(taken.text, false), taken.complete, toLines(withLineFeeds(held), true)};
 }
 
 }  // namespace vk

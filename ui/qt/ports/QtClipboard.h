@@ -5,13 +5,13 @@
 
 namespace vk {
 
-/// The clipboard of the desktop. Texts are those of code page 437.
+/// The clipboard of the desktop.
 class QtClipboard : public Clipboard {
  public:
   /// Grids are copied as pictures in this font.
   explicit QtClipboard(const FontSpec& font) : font_(font) {}
   void clear() override;
-  void setText(const Cp437Text& text) override;
+  void setText(const PlainText& text) override;
   void setGrid(const CharGrid& grid) override;
   ClipboardText text() override;
 

@@ -184,7 +184,7 @@ void QtPrinter::printGrid(const CharGrid& grid, const GridPlace& place) {
       .grid(grid, place.left, place.top, kWhite);
 }
 
-void QtPrinter::printText(const Cp437Text& text, const std::string& face, double points) {
+void QtPrinter::printText(const PlainText& text, const std::string& face, double points) {
   QPainter* painter = page();
   if (painter == nullptr) return;
   painter->setFont(twipFont(face, points));
@@ -195,7 +195,8 @@ void QtPrinter::printText(const Cp437Text& text, const std::string& face, double
       newPage();
       y = 0;
     }
-    painter->drawText(QPointF(0, y + points * kTwipsPerPoint), fromText(Cp437Text(line)));
+    painter->drawText(QPointF(0, y + points * kTwipsPerPoint),
+                      text.isUtf8() ? QString::fromStdString(line) : fromText(Cp437Text(line)));
     y += lineHeight;
   }
 }

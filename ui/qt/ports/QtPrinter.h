@@ -31,7 +31,7 @@ class QtPrinter : public Printer {
   Twips Height() override;
   /// Dots per inch.
   double resolution();
-  void printText(const Cp437Text& text, const std::string& face, double points) override;
+  void printText(const PlainText& text, const std::string& face, double points) override;
   void printGrid(const CharGrid& grid, const GridPlace& place) override;
   void EndDoc() override;
   /// Drops the document that has not ended.

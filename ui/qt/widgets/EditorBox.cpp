@@ -32,31 +32,33 @@ void EditorBox::setTextFont(const QFont& font) {
   setTabStopDistance(kTabColumns * QFontMetricsF(font).horizontalAdvance('A'));
 }
 
-void EditorBox::load(const Cp437Text& text) {
-  setPlainText(fromLines437(text));
+void EditorBox::load(const PlainText& text) {
+  isUtf8_ = text.isUtf8();
+  setPlainText(fromLines(text));
 }
 
-Cp437Text EditorBox::bytes() const {
+PlainText EditorBox::bytes() const {
   // The raw text: the plain one has blanks in place of hard blanks.
-  return toLines437(document()->toRawText());
+  return toLines(document()->toRawText(), isUtf8_);
 }
 
-Cp437Text EditorBox::SelText() const {
-  return toLines437(textCursor().selectedText());
+PlainText EditorBox::SelText() const {
+  return toLines(textCursor().selectedText(), isUtf8_);
 }
 
-void EditorBox::insertBefore(const Cp437Text& text) {
+void EditorBox::insertBefore(const PlainText& text) {
   QTextCursor caret = textCursor();
   const int start = caret.selectionStart();
   caret.setPosition(start);
   caret.beginEditBlock();  // undone by itself, not with what was typed before it
-  caret.insertText(fromLines437(text));
+  caret.insertText(fromLines(text));
   caret.endEditBlock();
   caret.setPosition(start);
   setTextCursor(caret);
 }
 
 QString EditorBox::take(const QString& text) {
+  if (isUtf8_) return withLineFeeds(text);
   const TakenText taken = takeForCp437(text);
   if (!taken.complete && refused) refused();
   return taken.text;
@@ -81,7 +83,7 @@ void EditorBox::inputMethodEvent(QInputMethodEvent* event) {
 
 QMimeData* EditorBox::createMimeDataFromSelection() const {
   auto* content = new QMimeData;
-  content->setText(fromLines437(SelText()));
+  content->setText(fromLines(SelText()));
   return content;
 }
 

@@ -7,18 +7,18 @@
 
 namespace vk {
 
-/// A text control of the editor. It shows 8-bit text and gives every byte back; only characters
-/// of that code page come in, however they are entered.
+/// A text control of the editor. It gives every byte back. Into 8-bit text only characters of its code page come,
+/// however they are entered, into UTF-8 all.
 class EditorBox : public QPlainTextEdit {
  public:
   explicit EditorBox(QWidget* form);
 
   /// Text that stands behind `EditorForm`, lines ended by CR LF.
-  void load(const Cp437Text& text);
-  Cp437Text bytes() const;
-  Cp437Text SelText() const;
+  void load(const PlainText& text);
+  PlainText bytes() const;
+  PlainText SelText() const;
   /// Puts a text in at the start of the selection; the caret stays there, before it.
-  void insertBefore(const Cp437Text& text);
+  void insertBefore(const PlainText& text);
 
   /// The font, which gives the tab stops.
   void setTextFont(const QFont& font);
@@ -34,6 +34,8 @@ class EditorBox : public QPlainTextEdit {
 
  private:
   QString take(const QString& text);
+
+  bool isUtf8_ = false;
 };
 
 }  // namespace vk

@@ -2,44 +2,51 @@
 
 #include <QFile>
 #include <QStringDecoder>
+#include <array>
+#include <span>
 
 #include "base/CodePage.h"
-#include "base/Text.h"
 
 namespace vk {
 namespace {
 
 /// Signs of the two codes that a text of lines keeps for its line ends.
-constexpr char32_t kSignOfCr = 0x266A;
-constexpr char32_t kSignOfLf = 0x25D9;
+constexpr char16_t kSignOfCr = 0x266A;
+constexpr char16_t kSignOfLf = 0x25D9;
 
-constexpr char32_t kLineSeparator = 0x2028;
-constexpr char32_t kParagraphSeparator = 0x2029;
+struct StandIn {
+  char16_t character, shown;
+};
 
-bool isLineBreak(char32_t c) {
-  return c == '\n' || c == kLineSeparator || c == kParagraphSeparator;
+constexpr std::array kOf437{StandIn{u'\r', kSignOfCr}, StandIn{u'\n', kSignOfLf}};
+/// The toolkit makes line breaks of these characters. CR and LF show the signs of their names; the others are stood for
+/// by one half of a pair of 16 bits, which by itself no text in UTF-8 holds.
+constexpr std::array kOfUtf8{
+    StandIn{u'\r', 0x240D},  StandIn{u'\n', 0x240A},  StandIn{0x240D, 0xDC0D}, StandIn{0x240A, 0xDC0A},
+    StandIn{0x2028, 0xDC28}, StandIn{0x2029, 0xDC29}, StandIn{0xFDD0, 0xDCD0}, StandIn{0xFDD1, 0xDCD1},
+};
+
+std::span<const StandIn> standIns(bool isUtf8) {
+  if (isUtf8) return kOfUtf8;
+  return kOf437;
 }
 
-char32_t fromLineCharacter(char c) {
-  switch (c) {
-    case '\r':
-      return kSignOfCr;
-    case '\n':
-      return kSignOfLf;
-    default:
-      return toUnicode(c, CodePage::kCp437);
+QChar shownFor(QChar c, bool isUtf8) {
+  for (const StandIn& one : standIns(isUtf8)) {
+    if (c == one.character) return one.shown;
   }
+  return c;
 }
 
-char toLineCharacter(char32_t c) {
-  switch (c) {
-    case kSignOfCr:
-      return '\r';
-    case kSignOfLf:
-      return '\n';
-    default:
-      return fromUnicode(c, CodePage::kCp437).value_or('?');
+QChar characterOf(QChar shown, bool isUtf8) {
+  for (const StandIn& one : standIns(isUtf8)) {
+    if (shown == one.shown) return one.character;
   }
+  return shown;
+}
+
+bool isLineBreak(QChar c) {
+  return c == '\n' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
 }
 
 bool hasPlace(char32_t c) {
@@ -48,6 +55,14 @@ bool hasPlace(char32_t c) {
 
 QString fromPage(std::string_view text, CodePage page) {
   return QString::fromStdU32String(toUnicode(text, page));
+}
+
+QString decoded(const PlainText& text) {
+  if (!text.isUtf8()) return fromPage(text.bytes(), CodePage::kCp437);
+  const std::string_view bytes = text.bytes();
+  QStringDecoder utf8(QStringDecoder::Utf8,
+                      QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+  return utf8(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
 }
 
 /// Stands for a doubled "&" while a caption is worked on; no text of ours holds it.
@@ -65,39 +80,39 @@ Cp437Text toCp437(const QString& text) {
   return Cp437Text(result);
 }
 
-QString fromLines437(const Cp437Text& lines) {
-  const std::string_view text = lines.bytes();
-  std::u32string shown;
-  shown.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text.substr(i, 2) == kCrLf) {
-      shown += U'\n';
-      ++i;
-    } else {
-      shown += fromLineCharacter(text[i]);
-    }
+QString fromLines(const PlainText& text) {
+  QStringList lines = decoded(text).split("\r\n");
+  for (QString& line : lines) {
+    for (QChar& c : line) c = shownFor(c, text.isUtf8());
   }
-  return QString::fromStdU32String(shown);
+  return lines.join('\n');
 }
 
-Cp437Text toLines437(const QString& text) {
-  std::string result;
-  for (const char32_t c : text.toStdU32String()) {
+PlainText toLines(const QString& text, bool isUtf8) {
+  QString lines;
+  bool isPair = false;
+  for (const QChar c : text) {
     if (isLineBreak(c)) {
-      result += kCrLf;
+      lines += "\r\n";
     } else {
-      result += toLineCharacter(c);
+      lines += isPair ? c : characterOf(c, isUtf8);
     }
+    isPair = c.isHighSurrogate();
   }
-  return Cp437Text(result);
+  if (isUtf8) return {lines.toStdString(), true};
+  return toCp437(lines);
+}
+
+QString withLineFeeds(const QString& text) {
+  QString unified = text.normalized(QString::NormalizationForm_C);
+  unified.replace("\r\n", "\n").replace('\r', '\n');
+  return unified.replace(QChar::LineSeparator, '\n').replace(QChar::ParagraphSeparator, '\n');
 }
 
 TakenText takeForCp437(const QString& text) {
   TakenText taken;
-  QString unified = text.normalized(QString::NormalizationForm_C);
-  unified.replace("\r\n", "\n").replace('\r', '\n');
-  for (const char32_t c : unified.toStdU32String()) {
-    const char32_t known = isLineBreak(c) ? U'\n' : unifiedForCp437(c);
+  for (const char32_t c : withLineFeeds(text).toStdU32String()) {
+    const char32_t known = unifiedForCp437(c);
     if (hasPlace(known)) {
       taken.text += QString::fromUcs4(&known, 1);
     } else {

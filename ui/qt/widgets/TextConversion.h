@@ -12,18 +12,21 @@ namespace vk {
 QString fromText(const Cp437Text& text);
 /// Back again; a character without a place in the code page becomes "?".
 Cp437Text toCp437(const QString& text);
-/// A text of several lines: each pair of CR and LF becomes "\n", and a CR or LF of its own the sign
-/// that its code has on character screens.
-QString fromLines437(const Cp437Text& text);
+/// A text of several lines: each pair of CR and LF becomes "\n". A CR or LF of its own becomes a sign: in code page
+/// 437 that of its code on character screens, in UTF-8 that of its name.
+QString fromLines(const PlainText& text);
 /// Back again; every line break of the toolkit becomes the pair.
-Cp437Text toLines437(const QString& text);
+PlainText toLines(const QString& text, bool isUtf8);
+
+/// A text from outside: letters and their accents are one, line breaks of any kind "\n".
+QString withLineFeeds(const QString& text);
 
 /// What code page 437 takes of a text from outside.
 struct TakenText {
   QString text;
   bool complete = true;  ///< false when characters without a place were left out
 };
-/// Letters that the code page keeps under a lookalike become that one; line breaks of any kind become "\n".
+/// The text `withLineFeeds`; letters that the code page keeps under a lookalike become that one.
 TakenText takeForCp437(const QString& text);
 
 /// True when every character of the text has a place in code page 437.

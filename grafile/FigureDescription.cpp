@@ -15,20 +15,20 @@ namespace vk {
 namespace {
 
 /// Commands that show what their text names.
-struct Shown {
+struct DescribedCommand {
   std::string_view command;
   const char* word;
   bool file = false;
 };
-constexpr std::array kShown{Shown{"DATI", "Dati", true},
-                            Shown{"SPEZZATA", "Spezzata", true},
-                            Shown{"CURVA", "Curva", true},
-                            Shown{"CONTORNI", "Contorni", true},
-                            Shown{"SUPERFICIE", "Superficie", true},
-                            Shown{"COLONNE", "Colonne", true},
-                            Shown{"BANDA", "Banda"},
-                            Shown{"FUNZIONE", "Funzione"},
-                            Shown{"CHIAVE", "Chiave"}};
+constexpr std::array kDescribed{DescribedCommand{"DATI", "Dati", true},
+                                DescribedCommand{"SPEZZATA", "Spezzata", true},
+                                DescribedCommand{"CURVA", "Curva", true},
+                                DescribedCommand{"CONTORNI", "Contorni", true},
+                                DescribedCommand{"SUPERFICIE", "Superficie", true},
+                                DescribedCommand{"COLONNE", "Colonne", true},
+                                DescribedCommand{"BANDA", "Banda"},
+                                DescribedCommand{"FUNZIONE", "Funzione"},
+                                DescribedCommand{"CHIAVE", "Chiave"}};
 
 /// The letters of a text with markup, in UTF-8.
 std::string lettersOf(const std::string& text) {
@@ -77,7 +77,8 @@ class Description {
       if (fields.integers[1] != 0) axis("Asse y", text, fields, yLog_);
     } else if (name == "TITOLO") {
       words_.title = text;
-    } else if (const auto* shown = std::ranges::find(kShown, name, &Shown::command); shown != kShown.end()) {
+    } else if (const auto* shown = std::ranges::find(kDescribed, name, &DescribedCommand::command);
+               shown != kDescribed.end()) {
       say(shown->word, trim(shown->file ? GetFileName(text) : text));
     }
   }

@@ -38,6 +38,12 @@ std::string temporaryFile(const std::string& name, const std::string& content) {
   return path;
 }
 
+std::string freshPath(const std::string& name) {
+  const std::string path = temporaryFile(name, "");
+  std::filesystem::remove(path);
+  return path;
+}
+
 BatchRun batch(const std::string& words, const std::string& piped, const std::string& output) {
   const std::string out = output.empty() ? temporaryFile("stdout", "") : output;
   const std::string err = temporaryFile("stderr", "");

@@ -13,17 +13,10 @@ using ::testing::Not;
 using ::testing::StartsWith;
 
 constexpr double kTwipsPerCm = kTwipsPerInch / kCmPerInch;
-constexpr const char* kOhm = "fit examples/ohm.dat --catalogue 1,2 --par b=40 --par c=0 ";
 
 std::string figureFile() {
   return temporaryFile(
       "A.GRA", "\\XASSE(0,1,2,2,2,1,Tempo (s))\r\n\\SCRIVI(5,5,0,0,20,parole)\r\n\\LINEA(2,3,15,12)\r\n");
-}
-
-std::string freshFile(const std::string& name) {
-  const std::string path = temporaryFile(name, "");
-  std::filesystem::remove(path);
-  return path;
 }
 
 TEST(FigureOptions, SizesAreCmOrMm) {
@@ -76,7 +69,7 @@ TEST(FigureOptions, PagesThatFollowTheSheetKeepTheSizeOfLetters) {
 }
 
 TEST(BatchDraw, MakesFiguresOfASizeADensityAndNoGround) {
-  const std::string figure = figureFile(), svg = freshFile("S.svg"), png = freshFile("S.png");
+  const std::string figure = figureFile(), svg = freshPath("S.svg"), png = freshPath("S.png");
   EXPECT_EQ(batch("draw '" + figure + "' -o '" + svg + "' --size 120x80mm").exitCode, 0);
   EXPECT_THAT(fileContent(svg), HasSubstr(" width=\"340.16pt\" height=\"226.77pt\""));
   EXPECT_THAT(fileContent(svg), HasSubstr("<title>A.GRA</title>\n<desc>Asse x: Tempo (s), da 0 a 1.</desc>"));
@@ -90,7 +83,7 @@ TEST(BatchDraw, MakesFiguresOfASizeADensityAndNoGround) {
 }
 
 TEST(BatchDraw, MakesUprightPagesAndOtherScales) {
-  const std::string figure = figureFile(), upright = freshFile("U.svg"), large = freshFile("L.svg");
+  const std::string figure = figureFile(), upright = freshPath("U.svg"), large = freshPath("L.svg");
   EXPECT_EQ(batch("draw '" + figure + "' -o '" + upright + "' --portrait").exitCode, 0);
   EXPECT_THAT(fileContent(upright), HasSubstr("viewBox=\"0 0 5715 8175\""));
   EXPECT_EQ(batch("draw '" + figure + "' -o '" + large + "' --scale 2").exitCode, 0);
@@ -98,7 +91,7 @@ TEST(BatchDraw, MakesUprightPagesAndOtherScales) {
 }
 
 TEST(BatchDraw, MakesEncapsulatedPostScript) {
-  const std::string eps = freshFile("E.eps");
+  const std::string eps = freshPath("E.eps");
   const BatchRun run = batch("draw '" + figureFile() + "' -o '" + eps + "' --size 12x8cm");
   EXPECT_EQ(run.exitCode, 0) << run.errors;
   EXPECT_THAT(fileContent(eps), StartsWith("%!PS-Adobe-3.0 EPSF-3.0"));
@@ -106,8 +99,8 @@ TEST(BatchDraw, MakesEncapsulatedPostScript) {
 }
 
 TEST(BatchDraw, BadWishesForAFigureLeaveNoFile) {
-  const std::string draw = "draw '" + figureFile() + "' -o '", png = freshFile("B.png"),
-                    svg = freshFile("B.svg");
+  const std::string draw = "draw '" + figureFile() + "' -o '", png = freshPath("B.png"),
+                    svg = freshPath("B.svg");
   const struct {
     std::string words;
     const char* complaint;
@@ -126,11 +119,12 @@ TEST(BatchDraw, BadWishesForAFigureLeaveNoFile) {
 }
 
 TEST(BatchFit, FigureOfASizeKeepsItsLettersAndTheGraphicFile) {
-  const std::string svg = freshFile("F.svg"), small = freshFile("G.svg"), saved = freshFile("F.GRA"),
-                    alone = freshFile("G.GRA");
-  EXPECT_EQ(batch(kOhm + ("--figure '" + svg) + "'").exitCode, 0);
-  EXPECT_EQ(batch(kOhm + ("--figure '" + small) + "' --size 9x7cm --save-gra '" + saved + "'").exitCode, 0);
-  EXPECT_EQ(batch(kOhm + ("--save-gra '" + alone) + "'").exitCode, 0);
+  const std::string svg = freshPath("F.svg"), small = freshPath("G.svg"), saved = freshPath("F.GRA"),
+                    alone = freshPath("G.GRA");
+  EXPECT_EQ(batch(kFitOhm + ("--figure '" + svg) + "'").exitCode, 0);
+  EXPECT_EQ(batch(kFitOhm + ("--figure '" + small) + "' --size 9x7cm --save-gra '" + saved + "'").exitCode,
+            0);
+  EXPECT_EQ(batch(kFitOhm + ("--save-gra '" + alone) + "'").exitCode, 0);
   EXPECT_THAT(fileContent(small), HasSubstr(" width=\"255.12pt\" height=\"198.43pt\""));
   EXPECT_THAT(fileContent(small),
               HasSubstr("<title>Dati e Funzione: ohm.dat</title>\n<desc>Asse x: I (A), da 0 a .25. "
@@ -143,9 +137,9 @@ TEST(BatchFit, FigureOfASizeKeepsItsLettersAndTheGraphicFile) {
 }
 
 TEST(BatchFit, SameFigureIsTheSameFile) {
-  const std::string first = freshFile("1.pdf"), second = freshFile("2.pdf");
+  const std::string first = freshPath("1.pdf"), second = freshPath("2.pdf");
   for (const std::string& file : {first, second})
-    EXPECT_EQ(batch(kOhm + ("--figure '" + file) + "'").exitCode, 0);
+    EXPECT_EQ(batch(kFitOhm + ("--figure '" + file) + "'").exitCode, 0);
   EXPECT_EQ(fileContent(first), fileContent(second));
 }
 

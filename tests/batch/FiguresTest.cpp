@@ -13,15 +13,7 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-constexpr const char* kOhm = "fit examples/ohm.dat --catalogue 1,2 --par b=40 --par c=0 ";
 constexpr const char* kPngStart = "\x89PNG\r\n";
-
-/// A path in the folder of the test, where nothing stands yet.
-std::string freshPath(const std::string& name) {
-  const std::string path = temporaryFile(name, "");
-  std::filesystem::remove(path);
-  return path;
-}
 
 /// A sample file, with the names of other samples as they are from the root of the sources.
 std::string sampleText(const std::string& name) {
@@ -57,7 +49,7 @@ TEST(BatchCheck, AGraphicFileThatEndsTooSoonIsBadInput) {
 
 TEST(BatchFit, SavesTheTextsOfItsFiguresAsTheProgramDoes) {
   const std::string figure = freshPath("OUT.GRA"), differences = freshPath("OUT.DAT");
-  const BatchRun run = batch(kOhm + ("--save-gra '" + figure) + "' --differences '" + differences + "'");
+  const BatchRun run = batch(kFitOhm + ("--save-gra '" + figure) + "' --differences '" + differences + "'");
   EXPECT_EQ(run.exitCode, 0) << run.errors;
   EXPECT_THAT(run.output, HasSubstr("y = bx+c"));
   EXPECT_EQ(fileContent(figure), sampleText("ohm_fun.gra") + "\r\n");
@@ -69,7 +61,7 @@ TEST(BatchFit, SavesTheTextsOfItsFiguresAsTheProgramDoes) {
 TEST(BatchFit, AModernFigureIsThatOfItsGraphicFile) {
   const std::string figure = freshPath("OUT.GRA"), image = freshPath("A.PNG"), again = freshPath("B.PNG");
   const BatchRun run =
-      batch(kOhm + ("--residuals --band 68 --save-gra '" + figure) + "' --figure '" + image + "'");
+      batch(kFitOhm + ("--residuals --band 68 --save-gra '" + figure) + "' --figure '" + image + "'");
   EXPECT_EQ(run.exitCode, 0) << run.errors;
   EXPECT_THAT(fileContent(figure), HasSubstr("\\CHIAVE("));
   EXPECT_EQ(batch("draw '" + figure + "' -o '" + again + "'").exitCode, 0);
@@ -111,14 +103,14 @@ TEST(BatchDraw, TellsWhatIsMissing) {
 }
 
 TEST(BatchFit, RefusesAStyleThatNobodyKnowsOrSees) {
-  EXPECT_THAT(batch(std::string(kOhm) + "--style modern").errors,
+  EXPECT_THAT(batch(std::string(kFitOhm) + "--style modern").errors,
               HasSubstr("serve --figure, --save-gra o --show"));
-  EXPECT_THAT(batch(std::string(kOhm) + "--style bello --save-gra /nowhere.gra").errors,
+  EXPECT_THAT(batch(std::string(kFitOhm) + "--style bello --save-gra /nowhere.gra").errors,
               HasSubstr("--style: si attende modern"));
 }
 
 TEST(BatchFit, AFigureThatCannotBeWrittenIsBadInput) {
-  const BatchRun run = batch(std::string(kOhm) + "--save-gra /nowhere/at/all.gra");
+  const BatchRun run = batch(std::string(kFitOhm) + "--save-gra /nowhere/at/all.gra");
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_EQ(run.errors, "/nowhere/at/all.gra: Impossibile trovare il percorso\n");
 }
@@ -289,15 +281,15 @@ TEST(BatchDraw, BadNamesAreBadInput) {
 
 TEST(BatchFit, DrawsDataAndFunctionBesideItsReport) {
   const std::string image = freshPath("OUT.png"), figure = freshPath("OUT.GRA");
-  const BatchRun run = batch(kOhm + ("--figure '" + image) + "' --save-gra '" + figure + "'");
+  const BatchRun run = batch(kFitOhm + ("--figure '" + image) + "' --save-gra '" + figure + "'");
   EXPECT_EQ(run.exitCode, 0) << run.errors;
-  EXPECT_EQ(run.output, batch(kOhm).output);
+  EXPECT_EQ(run.output, batch(kFitOhm).output);
   EXPECT_THAT(fileContent(image), StartsWith(kPngStart));
   EXPECT_EQ(fileContent(figure), sampleText("ohm_fun.gra") + "\r\n");
 }
 
 TEST(BatchFit, AWrongEndingOfAFigureIsToldBeforeTheFit) {
-  const BatchRun run = batch(std::string(kOhm) + "--figure out.gif");
+  const BatchRun run = batch(std::string(kFitOhm) + "--figure out.gif");
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_EQ(run.output, "");
   EXPECT_EQ(run.errors, "out.gif: si attende un nome .PNG, .SVG, .PDF o .EPS, o --format\n");
@@ -322,7 +314,7 @@ TEST(BatchDraw, TheFormatStandsInTheNameOrInAnOption) {
             "--format: si attende png, svg, pdf o eps\n");
   EXPECT_EQ(batch("draw '" + figure + "' -o '" + odd + "' --format PDF").errors, "");
   EXPECT_THAT(fileContent(odd), StartsWith("%PDF-"));
-  const BatchRun fit = batch(std::string(kOhm) + "--figure - --format png");
+  const BatchRun fit = batch(std::string(kFitOhm) + "--figure - --format png");
   EXPECT_THAT(fit.output, StartsWith(kPngStart));
   EXPECT_THAT(fit.errors, HasSubstr("Completata"));
 }

@@ -77,7 +77,8 @@ function(vor_test name)
   vor_run(${target} "${TEST_SHARES}")
 endfunction()
 
-# vor_run(target shares): the tests of the program as so many tests of the run ("" is one), which run side by side.
+# vor_run(target shares): the tests of the program as so many tests of the run ("" is one), which run side by side. What
+# has many shares takes long, so that it begins first and no processor waits for it at the end.
 # Forms are driven by real events, without a screen.
 function(vor_run target shares)
   if(shares STREQUAL "")
@@ -86,7 +87,7 @@ function(vor_run target shares)
   foreach(share RANGE 1 ${shares})
     math(EXPR index "${share} - 1")
     add_test(NAME ${target}_${share} COMMAND ${target})
-    set_tests_properties(${target}_${share} PROPERTIES TIMEOUT 120 ENVIRONMENT
+    set_tests_properties(${target}_${share} PROPERTIES TIMEOUT 120 COST ${shares} ENVIRONMENT
       "QT_QPA_PLATFORM=offscreen;GTEST_TOTAL_SHARDS=${shares};GTEST_SHARD_INDEX=${index}")
   endforeach()
 endfunction()

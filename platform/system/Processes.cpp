@@ -200,7 +200,8 @@ ProcessEnd runProgram(const std::vector<std::string>& words, std::string_view in
   constexpr int kNotFound = 127;
   const auto run = [&](int) {
     std::FILE* const file = std::tmpfile();
-    if (file == nullptr || std::fwrite(input.data(), 1, input.size(), file) != input.size()) return kNotFound;
+    if (file == nullptr) return kNotFound;
+    if (!input.empty() && std::fwrite(input.data(), 1, input.size(), file) != input.size()) return kNotFound;
     std::rewind(file);
     ::dup2(::fileno(file), STDIN_FILENO);
     std::vector<char*> arguments;

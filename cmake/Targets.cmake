@@ -29,12 +29,14 @@ if(VOR_SANITIZE)
   # follows a null pointer stops anyway, and the class of what it works on is the library's, which asks all.
   target_compile_options(vor_flags INTERFACE
     $<$<BOOL:$<TARGET_PROPERTY:VOR_FEWER_CHECKS>>:-fno-sanitize=null,alignment,vptr;-g0>)
+  # To optimise all those checks takes longer than to run them where little is computed.
+  target_compile_options(vor_flags INTERFACE $<$<BOOL:$<TARGET_PROPERTY:VOR_GLUE>>:-O0>)
 endif()
 
-# vor_library(name [DEPENDS library ...] [WITHOUT file ...]): the static library vor_<name> from the sources of the
-# present folder.
+# vor_library(name [GLUE] [DEPENDS library ...] [WITHOUT file ...]): the static library vor_<name> from the sources of
+# the present folder. Glue hands numbers and texts on, and computes little.
 function(vor_library name)
-  cmake_parse_arguments(LIBRARY "" "" "DEPENDS;WITHOUT" ${ARGN})
+  cmake_parse_arguments(LIBRARY "GLUE" "" "DEPENDS;WITHOUT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   foreach(file ${LIBRARY_WITHOUT})
     list(REMOVE_ITEM sources ${CMAKE_CURRENT_SOURCE_DIR}/${file})
@@ -43,6 +45,7 @@ function(vor_library name)
   if(sources)
     add_library(vor_${name} STATIC ${sources})
     target_link_libraries(vor_${name} PUBLIC $<BUILD_INTERFACE:vor_flags> ${LIBRARY_DEPENDS})
+    set_target_properties(vor_${name} PROPERTIES VOR_GLUE ${LIBRARY_GLUE})
   else()
     add_library(vor_${name} INTERFACE)
     target_link_libraries(vor_${name} INTERFACE $<BUILD_INTERFACE:vor_flags> ${LIBRARY_DEPENDS})

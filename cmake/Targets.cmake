@@ -29,8 +29,9 @@ if(VOR_SANITIZE)
   # follows a null pointer stops anyway, and the class of what it works on is the library's, which asks all.
   target_compile_options(vor_flags INTERFACE
     $<$<BOOL:$<TARGET_PROPERTY:VOR_FEWER_CHECKS>>:-fno-sanitize=null,alignment,vptr;-g0>)
-  # To optimise all those checks takes longer than to run them where little is computed.
-  target_compile_options(vor_flags INTERFACE $<$<BOOL:$<TARGET_PROPERTY:VOR_GLUE>>:-O0>)
+  # To optimise all those checks takes longer than to run them where little is computed; a null pointer stops there too.
+  target_compile_options(vor_flags INTERFACE
+    $<$<BOOL:$<TARGET_PROPERTY:VOR_GLUE>>:-O0;-fno-sanitize=null,alignment>)
 endif()
 
 # vor_library(name [GLUE] [DEPENDS library ...] [WITHOUT file ...]): the static library vor_<name> from the sources of

@@ -13,9 +13,9 @@ namespace {
 #ifdef __SANITIZE_ADDRESS__
 constexpr int kSteps = 10'000, kStepsWithFaults = 2'000;
 #else
-constexpr int kSteps = 2'000, kStepsWithFaults = 20'000;
+constexpr int kSteps = 2'000, kStepsWithFaults = 6'000;
 #endif
-/// Another length of the walk with faults is asked for by the environment: VOR_WALK_STEPS=100000.
+/// Another length of the walk with faults is asked for by the environment, as checks/full does: VOR_WALK_STEPS=20000.
 int faultySteps() {
   const int wanted = qEnvironmentVariableIntValue("VOR_WALK_STEPS");
   return wanted > 0 ? wanted : kStepsWithFaults;

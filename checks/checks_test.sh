@@ -18,12 +18,12 @@ repeated() { # count, line
   for ((i = 0; i < $1; i++)); do echo "$2"; done
 }
 verdict() { # check
-  if "$made/checks/$1.sh" > "$made/said" 2>&1; then echo held; else echo refused; fi
+  if "$made/checks/$1.sh" ${2:+"$2"} > "$made/said" 2>&1; then echo held; else echo refused; fi
 }
-expect() { # "held", "refused" or a part of what is said then, check, and what the checkout is
+expect() { # "held", "refused" or a part of what is said then, check, what the checkout is, argument of the check
   case $1 in
-    held | refused) [ "$(verdict "$2")" = "$1" ] ;;
-    *) [ "$(verdict "$2")" = refused ] && grep -qF -- "$1" "$made/said" ;;
+    held | refused) [ "$(verdict "$2" "${4:-}")" = "$1" ] ;;
+    *) [ "$(verdict "$2" "${4:-}")" = refused ] && grep -qF -- "$1" "$made/said" ;;
   esac || { echo "checks/$2.sh: $3 does not give \"$1\" but:"; cat "$made/said"; exit 1; }
 }
 
@@ -122,6 +122,26 @@ file CONTRIBUTING.md '[there](docs/gone.md#part)'
 expect "no docs/gone.md" documents "a page that has gone"
 file CONTRIBUTING.md '[there](docs/architecture.md#part), [elsewhere](https://example.org/page)'
 expect held documents "links that lead somewhere"
+
+page() { # "held" or a part of what is said, what the page is, its lines
+  file docs/manuale/a.md "${@:3}"
+  expect "$1" commands "$2" "$made"
+}
+begin
+file examples/ohm.dat '1 2'
+page held "commands as they are shown" '```sh' 'cat ohm.dat; echo err >&2; false' '```' '' '```text' '1 2' 'err' '```' '```' 'false' '```'
+page '+1 2' "another print" '```sh' 'cat ohm.dat' '```' '```text' '1 3' '```'
+"$made/checks/commands.sh" "$made" --renew
+expect held commands "a page that was renewed" "$made"
+page 'a command fails' "a failing command" '```sh' 'false' 'true' '```'
+page 'no command prints' "a print of nothing" '```sh' 'true' '```' '```text' '```' '```text' '```'
+page 'at the margin' "a command in a list" '- first' '  ```sh' '  true' '  ```'
+page 'does not end' "an open block" '```sh' 'true'
+page 'no page shows' "a page without commands" '```' 'true' '```'
+file examples/lab/a.md '```sh' 'cat a.dat' '```'
+file examples/lab/a.dat
+file README.md '```sh' 'cat examples/lab/a.dat' '```'
+expect held commands "commands in the folders of their pages" "$made"
 
 begin
 file base/A.cpp '// QUIRK: odd'

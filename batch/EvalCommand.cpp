@@ -47,10 +47,12 @@ int runEval(const EvalArguments& arguments) {
   TerminalDialogs dialogs("eval");
   ExhaustedBox listener(dialogs);
   const Evaluation found = formula.value(listener);
+  if (found.fault != Fault::kNone) {
+    std::cerr << kCalculationFailed << '\n';
+    return 1;
+  }
   std::cout << exactText(found.value) << '\n';
-  if (found.fault == Fault::kNone) return 0;
-  std::cerr << kCalculationFailed << '\n';
-  return 1;
+  return 0;
 }
 
 }  // namespace vk

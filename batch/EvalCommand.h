@@ -13,8 +13,8 @@ struct EvalArguments {
   bool trace = false;                    ///< tell also what the compiler reports
 };
 
-/// Prints the value with 17 significant digits; gives 0, or 1 when the evaluation failed. A bad formula
-/// raises `UsageError`.
+/// Prints the value with 17 significant digits; gives 0, or 1 when the evaluation failed, which has no value to
+/// print. A bad formula raises `UsageError`.
 int runEval(const EvalArguments& arguments);
 
 }  // namespace vk

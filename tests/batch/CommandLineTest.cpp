@@ -28,11 +28,13 @@ TEST(BatchEval, TakesAFormulaThatBeginsWithASign) {
   EXPECT_EQ(batch("eval 'x+y' x=-3 y=1E2").output, "97\n");
 }
 
-TEST(BatchEval, AFailedEvaluationHasExitCodeOne) {
-  const BatchRun run = batch("eval 'LOG(-1)'");
-  EXPECT_EQ(run.exitCode, 1);
-  EXPECT_EQ(run.output, "-1\n");
-  EXPECT_FALSE(run.errors.empty());
+TEST(BatchEval, AFailedEvaluationHasExitCodeOneAndNoValue) {
+  for (const char* words : {"eval 'LOG(-1)'", "eval 1/x x=0", "eval '1+EXP(1000)'"}) {
+    const BatchRun run = batch(words);
+    EXPECT_EQ(run.exitCode, 1) << words;
+    EXPECT_EQ(run.output, "") << words;
+    EXPECT_EQ(run.errors, "Errori nel Calcolo della Funzione\n") << words;
+  }
 }
 
 TEST(BatchEval, AFormulaThatDoesNotCompileIsBadInput) {

@@ -6,6 +6,8 @@
 #include <limits>
 #include <numeric>
 
+#include "expr/Formula.h"
+
 namespace vk {
 namespace {
 
@@ -52,9 +54,7 @@ DataFunction::DataFunction(const FitProblem& problem, const ParameterSet& par)
 void DataFunction::model(std::span<const double> x, std::span<double> result) {
   faults_.resize(x.size());
   problem_.model.at(x, par_.ParValues, result, problem_.listener, faults_);
-  for (std::size_t j = 0; j < result.size(); ++j) {
-    if (faults_[j] != Fault::kNone) result[j] = std::numeric_limits<double>::quiet_NaN();
-  }
+  dropFaulty(result, faults_);
 }
 
 // ---- Given errors

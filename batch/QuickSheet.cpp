@@ -1,6 +1,5 @@
 #include "batch/QuickSheet.h"
 
-#include <limits>
 #include <memory>
 
 #include "batch/DataInput.h"
@@ -26,14 +25,7 @@ SheetCurve curveOf(const std::string& text, EvaluationListener& listener) {
   const std::string expression = textOfWord(text);
   const auto formula = std::make_shared<Formula>(compileTyped("y@x@ @ @" + expression, false));
   const auto values = [formula, &listener](std::span<const double> x) {
-    std::vector<double> y(x.size());
-    std::vector<Fault> faults(x.size());
-    const std::array columns{x};
-    formula->values(columns, y, listener, faults);
-    for (std::size_t i = 0; i < x.size(); ++i) {
-      if (faults[i] != Fault::kNone) y[i] = std::numeric_limits<double>::quiet_NaN();
-    }
-    return y;
+    return formula->valuesAt(x, listener);
   };
   return {TranslateDosText(formulaInKey(expression)), {"", expression}, values};
 }

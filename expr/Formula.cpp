@@ -1,6 +1,8 @@
 #include "expr/Formula.h"
 
 #include <algorithm>
+#include <array>
+#include <limits>
 
 #include "expr/Blocks.h"
 #include "expr/SingleMachine.h"
@@ -46,6 +48,20 @@ Fault Formula::values(std::span<const std::span<const double>> columns, std::spa
     return value(listener);
   };
   return inBlocks(result, faults, together, single);
+}
+
+std::vector<double> Formula::valuesAt(std::span<const double> x, EvaluationListener& listener) {
+  std::vector<double> found(x.size());
+  std::vector<Fault> faults(x.size());
+  values(std::array{x}, found, listener, faults);
+  dropFaulty(found, faults);
+  return found;
+}
+
+void dropFaulty(std::span<double> values, std::span<const Fault> faults) {
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (faults[i] != Fault::kNone) values[i] = std::numeric_limits<double>::quiet_NaN();
+  }
 }
 
 Evaluation evaluate(const std::string& code, std::span<double> slots, EvaluationListener& listener) {

@@ -37,6 +37,9 @@ class Formula {
   Fault values(std::span<const std::span<const double>> columns, std::span<double> result,
                EvaluationListener& listener, std::span<Fault> faults = {});
 
+  /// The values at these places of the first variable; not a number where the expression has none.
+  std::vector<double> valuesAt(std::span<const double> x, EvaluationListener& listener);
+
   /// The values at `count` points, at most `kBlockPoints`, together; nothing when one of them has a fault. Valid
   /// until the next run.
   std::optional<simd::Values> block(std::span<const double* const> columns, std::size_t count);
@@ -46,6 +49,9 @@ class Formula {
   std::vector<Instruction> program_;
   ColumnMachine columns_;
 };
+
+/// Puts not-a-number in the place of each value that has a fault.
+void dropFaulty(std::span<double> values, std::span<const Fault> faults);
 
 /// Runs a code over loaded slots, where it is run only once.
 Evaluation evaluate(const std::string& code, std::span<double> slots, EvaluationListener& listener);

@@ -98,7 +98,6 @@ class GraphicRun {
   std::optional<DataSet> readData(const std::string& name);
   std::optional<DataSet> readBand(const std::string& name);
   std::optional<Formula> readFormula(const std::string& formula);
-  std::vector<double> valuesOf(Formula& formula, std::span<const double> x);
   std::optional<FormulaCurve> sampleFormula(const std::string& text);
   std::optional<FormulaCurve> sampleFinely(const std::string& text);
   void fillBetween(const Array<double>& x, const Array<double>& low, const Array<double>& high,

@@ -1,8 +1,6 @@
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
-#include <limits>
 #include <utility>
 #include <vector>
 
@@ -213,18 +211,6 @@ std::optional<Formula> GraphicRun::readFormula(const std::string& formula) {
   return Formula(std::move(compiled.code));
 }
 
-/// The values of a formula; not a number where it has none.
-std::vector<double> GraphicRun::valuesOf(Formula& formula, std::span<const double> x) {
-  std::vector<double> y(x.size());
-  std::vector<Fault> faults(x.size());
-  const std::array columns{x};
-  formula.values(columns, y, listener_, faults);
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    if (faults[i] != Fault::kNone) y[i] = std::numeric_limits<double>::quiet_NaN();
-  }
-  return y;
-}
-
 std::optional<FormulaCurve> GraphicRun::sampleFormula(const std::string& text) {
   auto formula = readFormula(text);
   if (!formula) return std::nullopt;
@@ -234,7 +220,7 @@ std::optional<FormulaCurve> GraphicRun::sampleFormula(const std::string& text) {
     const double place = FunXMin_ + (i - 1) * step;
     curve.x[i] = framed_ && xLog_ != 0 ? std::pow(10, place) : place;
   }
-  const std::vector<double> y = valuesOf(*formula, curve.x.span(1, kCurvePoints));
+  const std::vector<double> y = formula->valuesAt(curve.x.span(1, kCurvePoints), listener_);
   std::ranges::copy(y, curve.y.span(1, kCurvePoints).begin());
   lastPointFailed_ = lastPointFailed_ || std::isnan(y.back());
   return curve;
@@ -247,7 +233,7 @@ std::optional<FormulaCurve> GraphicRun::sampleFinely(const std::string& text) {
   const auto values = [&](std::span<const double> places) {
     std::vector<double> x(places.begin(), places.end());
     if (xLog_ != 0) std::ranges::transform(x, x.begin(), [](double u) { return std::pow(10, u); });
-    std::vector<double> y = valuesOf(*formula, x);
+    std::vector<double> y = formula->valuesAt(x, listener_);
     if (yLog_ != 0) std::ranges::transform(y, y.begin(), [](double v) { return std::log10(v); });
     return y;
   };

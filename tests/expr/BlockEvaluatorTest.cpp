@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include <cmath>
 
 #include "expr/BlockNumber.h"
@@ -7,6 +9,9 @@
 
 namespace vk {
 namespace {
+
+using testing::ElementsAre;
+using testing::IsNan;
 
 /// Points of more than two blocks, with awkward ones strewn in: most blocks hold some, one holds none.
 std::vector<double> awkwardPoints(ExpressionMaker& maker) {
@@ -191,6 +196,14 @@ TEST(FormulaValues, MayReplaceTheirColumn) {
     Formula(compiled).values(columns, x, nobody);
     EXPECT_EQ(x, expected.values) << text;
   }
+}
+
+TEST(FormulaValues, AtPlacesAreNotANumberWhereThereIsNone) {
+  NoListener nobody;
+  Formula root(formula("SQR(x)"));
+  const std::vector<double> y = root.valuesAt(std::vector<double>{4, -1, 9, -2}, nobody);
+  EXPECT_THAT(y, ElementsAre(2, IsNan(), 3, IsNan()));
+  EXPECT_TRUE(root.valuesAt({}, nobody).empty());
 }
 
 TEST(FormulaValues, RefuseColumnsThatAreTooShort) {

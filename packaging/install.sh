@@ -1,10 +1,17 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing. Usage: packaging/install.sh build|run|test|tools
+# Installs the Debian packages that are missing for a purpose of packages.txt. Usage: packaging/install.sh PURPOSE
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 
-wanted=$(awk -F: -v last="$1" '/^[a-z]/ { print $2; if ($1 == last) exit }' "$here/packages.txt")
+packages_for() { # purpose
+  local line word
+  line=$(grep "^$1: " "$here/packages.txt") || { echo "packages.txt has no purpose $1" >&2; exit 1; }
+  for word in ${line#*: }; do
+    if [[ $word == +* ]]; then packages_for "${word#+}"; else echo "$word"; fi
+  done
+}
 missing=()
+wanted=$(packages_for "$1")
 for package in $wanted; do
   dpkg-query -W -f '${Status}' "$package" 2> /dev/null | grep -q 'ok installed' || missing+=("$package")
 done

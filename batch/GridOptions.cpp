@@ -12,7 +12,8 @@ void addGridFigure(CLI::App& draw, FileOptions& files, DrawArguments& args) {
   ofGrid(draw.add_option("--theta", args.theta,
                          "Angolo in gradi attorno alla verticale, con --surface o --columns"));
   ofGrid(draw.add_option("--phi", args.phi, "Angolo in gradi da cui si guarda, fra 0 e 180"));
-  ofGrid(draw.add_option("--levels", args.levels, "Circa quanti livelli")->check(CLI::Range(1, 50)));
+  ofGrid(draw.add_option("--levels", args.levels, "Circa quanti livelli, da 1 a 50")
+             ->check(CLI::Range(1, 50).description("")));
 }
 
 void addSheet(CLI::App& draw, FileOptions& files, DrawArguments& args) {

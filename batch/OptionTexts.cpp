@@ -20,8 +20,8 @@ constexpr std::array kLabels{
     Phrase{"Usage", "Uso"},           Phrase{"OPTIONS", "OPZIONI"},
     Phrase{"SUBCOMMAND", "COMANDO"},  Phrase{"Positionals", "Argomenti"},
     Phrase{"REQUIRED", "NECESSARIO"}, Phrase{"TEXT", "TESTO"},
-    Phrase{"INT", "NUMERO"},          Phrase{"Needs", "Con"},
-    Phrase{"Excludes", "Senza"},
+    Phrase{"INT", "NUMERO"},          Phrase{"FLOAT", "NUMERO"},
+    Phrase{"Needs", "Con"},           Phrase{"Excludes", "Senza"},
 };
 
 constexpr std::array kComplaints{

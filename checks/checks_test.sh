@@ -17,13 +17,13 @@ file() { # path, lines
 repeated() { # count, line
   for ((i = 0; i < $1; i++)); do echo "$2"; done
 }
-verdict() { # check
-  if "$made/checks/$1.sh" ${2:+"$2"} > "$made/said" 2>&1; then echo held; else echo refused; fi
+verdict() { # check, its arguments
+  if "$made/checks/$1.sh" "${@:2}" > "$made/said" 2>&1; then echo held; else echo refused; fi
 }
-expect() { # "held", "refused" or a part of what is said then, check, what the checkout is, argument of the check
+expect() { # "held", "refused" or a part of what is said then, check, what the checkout is, arguments of the check
   case $1 in
-    held | refused) [ "$(verdict "$2" "${4:-}")" = "$1" ] ;;
-    *) [ "$(verdict "$2" "${4:-}")" = refused ] && grep -qF -- "$1" "$made/said" ;;
+    held | refused) [ "$(verdict "$2" "${@:4}")" = "$1" ] ;;
+    *) [ "$(verdict "$2" "${@:4}")" = refused ] && grep -qF -- "$1" "$made/said" ;;
   esac || { echo "checks/$2.sh: $3 does not give \"$1\" but:"; cat "$made/said"; exit 1; }
 }
 
@@ -142,6 +142,32 @@ file examples/lab/a.md '```sh' 'cat a.dat' '```'
 file examples/lab/a.dat
 file README.md '```sh' 'cat examples/lab/a.dat' '```'
 expect held commands "commands in the folders of their pages" "$made"
+
+begin
+file vor_kel_batch '#!/bin/sh' "sed -n \"/^:\$1$/,/^:/p\" \"\$0\" | sed 1d | sed '\$d'; exit" \
+  ':--help' 'Analisi' 'Uso: p COMANDO' '' 'Opzioni:' '  --help                      Aiuto' '' 'Comandi:' \
+  '  fit                         Adatta' \
+  ':fit' 'Adatta' 'Uso: p fit DATI' '' 'Argomenti:' '  DATI FILE.DAT NECESSARIO a b c' '                              File dati' \
+  '' 'Opzioni:' '  --help                      Aiuto' ':'
+chmod +x "$made/vor_kel_batch"
+file docs/man/it/a.1.md
+file docs/man/en/a.1.md
+file docs/man/en.txt '# Commands' 'Adatta' '  Fits' '' 'File dati' '  Data file' 'Aiuto' '  Help' 'NUMERO' '  NUMBER'
+expect held man "a help in English" "$made"
+file docs/man/it/b.1.md
+expect "one language" man "a page in Italian only" "$made"
+rm "$made/docs/man/it/b.1.md"
+file docs/man/en.txt 'Adatta' '  Fits' 'File dati' '  Data file'
+expect "> Aiuto" man "a text without English" "$made"
+file docs/man/en.txt 'Adatta' '  Fits' 'File dati' '  Data file' 'Aiuto' '  Help' 'Altro' '  Else'
+expect "< Altro" man "English for a text that has gone" "$made"
+file docs/man/en.txt 'Adatta' '  Fits' 'File dati' '  Data file' 'Aiuto' '  Help'
+file pages/man1/a.1 '.TH a 1' '.SH NAME' 'a \- b'
+file pages/it/man1/a.1 '.TH a 1' '.SH NOME' 'a \- b'
+expect held man "pages as they should be" "$made" "$made/pages"
+file pages/man1/a.1 '.TH a 1' '.SH NAMES' 'a \- b' '.XY' '.PP' '[b](c.md)'
+expect "XY" man "a page that man warns of" "$made" "$made/pages"
+for fault in "no name" "shows Markdown"; do grep -q "$fault" "$made/said" || { cat "$made/said"; exit 1; }; done
 
 begin
 file base/A.cpp '// QUIRK: odd'

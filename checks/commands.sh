@@ -14,7 +14,7 @@ renew=
 cd "$(dirname "$0")/.."
 if [ $# -eq 0 ]; then
   shopt -s nullglob globstar
-  set -- README*.md docs/manuale/*.md examples/**/*.md
+  set -- README*.md docs/manuale/*.md docs/man/*/*.md examples/**/*.md
 fi
 export PATH="$programs:$PATH" LC_ALL=C.UTF-8 PYTHONUTF8=1
 made=$(mktemp -d)

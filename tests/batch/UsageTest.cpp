@@ -36,6 +36,14 @@ TEST(BatchUsage, TheShortOptionHelpsToo) {
   EXPECT_EQ(batch("eval -h h=3").errors, batch("eval -- -h h=3").errors);
 }
 
+TEST(BatchUsage, TheHelpNamesValuesInItalian) {
+  for (const char* words :
+       {"fit --help", "draw --help", "import --help", "propagate --help", "simulate --help"}) {
+    for (const char* english : {"TEXT", "INT", "FLOAT", "REQUIRED"})
+      EXPECT_THAT(batch(words).output, ::testing::Not(HasSubstr(english))) << words;
+  }
+}
+
 TEST(BatchUsage, UnknownWordsAreNamedWithTheNearestKnownOne) {
   struct Case {
     const char *words, *told;

@@ -176,6 +176,27 @@ file tests/base/ATest.cpp 'TEST(A, QUIRK_IsOdd) {}'
 expect held quirks "an oddity with a test"
 
 begin
+(cd "$made" && mkdir -p docs examples $(sed -n 's/^\([a-z]*\):.*/\1/p' checks/layers.txt))
+file base/A.cpp
+file tests/base/sub/ATest.cpp 'TEST(A, Holds) {'
+file ui/qt/forms/B.cpp
+file tests/ui/OtherTest.cpp 'TEST_F(Other, ShowsB) {'
+file tests/table.txt '# source, tests, test' 'ui/qt/forms/B ui/OtherTest ShowsB'
+expect held tests "one source with tests of its name and one in the table"
+file ui/qt/forms/C.cpp
+file tests/ui/CTest.cpp 'TEST(C, Holds) {'
+expect "ui/qt/forms/C.cpp: no tests" tests "a source whose name only tests of another program have"
+file tests/ui_qt/CTest.cpp 'TEST(C, Holds) {'
+expect held tests "tests in the program of the source"
+file tests/ui_qt/BTest.cpp 'TEST(B, Holds) {'
+expect "ui/qt/forms/B is found by its name" tests "a line too many"
+rm "$made/tests/ui_qt/BTest.cpp"
+file tests/ui/OtherTest.cpp '// TEST_F(Other, ShowsB) {'
+expect "tests/ui/OtherTest.cpp has no ShowsB" tests "a test that has gone"
+rm "$made/ui/qt/forms/B.cpp"
+expect "there is no ui/qt/forms/B.cpp" tests "a source that has gone"
+
+begin
 file base/A.cpp 'int a;'
 expect held format "a source as it should be laid out"
 file base/A.cpp 'int  a;'

@@ -25,3 +25,5 @@ for name in vor_kel.1.md tabulo.1.md vor_kel_batch.1.md vor_kel_formati.5.md; do
   page it it "Manuale di Vor_Kel" $name
   page en . "Manual of Vor_Kel" $name
 done
+# The program that draws is not called by people; its name leads to the page that tells of it.
+for tree in . it; do echo ".so man1/vor_kel_batch.1" > "$made/$tree/man1/vor_kel_figures.1"; done

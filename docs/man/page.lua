@@ -112,7 +112,7 @@ local function codes(names)
 end
 
 local function prose(text)
-  local last = text:match("[.]$") and "" or "."
+  local last = text:match("[.:]$") and "" or "."
   local inlines = pandoc.List()
   -- Quoted parts and options are typed as they stand.
   for word in (text .. last):gmatch("%S+") do
@@ -196,7 +196,7 @@ local function usage(command)
   local meaning, typed = text:match("^(.-): (.+)$")
   local arguments = typed and typed:match("^" .. command .. "( .+)$")
   local line = page.usage:gsub("^%S+%s*", ""):gsub("%u%u%u%u+", valueName) .. (arguments or "")
-  local about = prose(meaning or text)
+  local about = prose(arguments and meaning or typed and meaning .. ":" or text)
   if typed and not arguments then about:extend({ pandoc.Space(), code(typed) }) end
   return { pandoc.Para({ code("vor_kel_batch " .. command), pandoc.Space(), pandoc.Str(line) }), pandoc.Para(about) }
 end

@@ -51,6 +51,7 @@ DrawnFigure drawGraphicFile(const std::string& fileName, const std::string& byte
   GralCls drawing(printer);
   drawing.GralGrStr(form, page.orientation(), page.scale);
   GraphicRun run(files, drawing, listener);
+  run.seekIn({folderOf(fileName)});
   run.runText(bytes);
   drawing.GralGrEnd();
   return {run.errors(), run.warnings(), describeFigure(bytes, GetFileName(fileName))};

@@ -36,6 +36,7 @@ void RunGraphicFile(Session& session, Ports& ports, const std::string& fileName,
   try {
     ExhaustedBox listener(ports.dialogs);
     GraphicRun run(ports.files, drawing, listener, errorFlag);
+    run.seekIn({session.files.DataDir, folderOf(fileName)});
     run.runText(text);
     // Each line clears the register; a file without any leaves what stood in it.
     if (!text.empty()) session.ErrFlag = toFlag(run.lastPointFailed());

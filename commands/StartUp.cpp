@@ -20,10 +20,10 @@ constexpr const char* kWelcome =
 }  // namespace
 
 std::string workingFolder(Files& files) {
-  for (const std::string& folder : {files.programFolder(), files.documentsFolder()}) {
-    if (files.isWritableFolder(folder)) return folder;
-  }
-  return files.currentFolder();
+  if (std::string folder = files.programFolder(); files.isWritableFolder(folder)) return folder;
+  if (files.startedAtTerminal()) return files.currentFolder();
+  std::string documents = files.documentsFolder();
+  return files.isWritableFolder(documents) ? documents : files.currentFolder();
 }
 
 void setFirstFolders(Session& session, Files& files) {

@@ -23,6 +23,7 @@ class OneFile : public Files {
   std::string programFolder() override { return "/"; }
   std::string documentsFolder() override { return "/"; }
   std::string currentFolder() override { return "/"; }
+  bool startedAtTerminal() override { return false; }
   bool isWritableFolder(const std::string&) override { return false; }
   std::vector<std::string> drives() override { return {}; }
   std::vector<std::string> subfolders(const std::string&) override { return {}; }

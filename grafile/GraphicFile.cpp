@@ -39,6 +39,16 @@ void GraphicRun::obey(const std::string& line) {
   if (!done || flag != 0) fail("*** Parametri di " + std::string(command->name) + " Errati");
 }
 
+/// The path of a file that a command names. A name that leads nowhere stays, to be told.
+std::string GraphicRun::placeOf(const std::string& name) const {
+  const bool full = name.starts_with('/') || name.starts_with('\\');
+  if (full || files_.FileExists(name)) return name;
+  for (const std::string& folder : folders_) {
+    if (std::string path = joinPath(folder, name); files_.FileExists(path)) return path;
+  }
+  return name;
+}
+
 /// On an axis that singles cannot resolve, coordinates are the doubles of their parameters.
 void GraphicRun::keepDoubles(std::string_view kinds, CommandFields& fields) const {
   int i = 0;

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/FileText.h"
@@ -47,6 +48,9 @@ class GraphicRun {
   /// From now on a file of this name, as commands tell it, holds these data; the columns of a band stand in place of x,
   /// y and its error.
   void know(const std::string& name, DataSet data);
+
+  /// Files that are not where their names lead are sought in these folders, in turn.
+  void seekIn(std::vector<std::string> folders) { folders_ = std::move(folders); }
 
   /// Runs all lines of a text (`FileText`), which must stay. A last line that asks for a continuation is run-time error 62.
   void runText(std::string_view text);
@@ -95,6 +99,7 @@ class GraphicRun {
   void runLine(const std::string& line);
   void obey(const std::string& line);
   void fail(const std::string& message) { failure_ = message; }
+  std::string placeOf(const std::string& name) const;
   std::optional<DataSet> readData(const std::string& name);
   std::optional<DataSet> readBand(const std::string& name);
   std::optional<Formula> readFormula(const std::string& formula);
@@ -122,6 +127,7 @@ class GraphicRun {
   bool framed_ = false;  // by a box with numbers, over which functions run
   bool linesSeen_ = true;
   std::map<std::string, DataSet> known_;
+  std::vector<std::string> folders_;
   std::string xLegend_, yLegend_;
   double FunXMin_ = 0, FunXMax_ = 0;
   std::string failure_;  // of the present line; empty while it is good

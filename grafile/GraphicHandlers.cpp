@@ -164,7 +164,7 @@ void GraphicRun::drawMark(const CommandFields& fields) {
 std::optional<DataSet> GraphicRun::readData(const std::string& name) {
   if (const auto found = known_.find(name); found != known_.end()) return found->second;
   std::string text;
-  if (guard([&] { text = files_.readAll(name); })) {
+  if (guard([&] { text = files_.readAll(placeOf(name)); })) {
     FreeFieldReading reading = parseFreeFields(text);
     if (reading.complete) return std::move(reading.data);
   }
@@ -305,7 +305,7 @@ void GraphicRun::know(const std::string& name, DataSet data) {
 std::optional<DataSet> GraphicRun::readBand(const std::string& name) {
   if (const auto found = known_.find(name); found != known_.end()) return found->second;
   DataReading reading;
-  if (!guard([&] { reading = vk::readData(files_, name); })) {
+  if (!guard([&] { reading = vk::readData(files_, placeOf(name)); })) {
     fail(describedFile(name) + kWrong);
   } else if (!reading.errors.empty() || reading.data.kXpntErr != kFalse) {
     fail(describedFile(name) + kWrong + " (Servono 3 Colonne: x, Minimo, Massimo)");

@@ -26,7 +26,7 @@ void require(bool condition) {
 std::optional<Grid> GraphicRun::readGrid(const std::string& text) {
   const std::string name = trim(text.substr(0, text.find(';')));
   GridReading reading;
-  if (guard([&] { reading = parseGrid(files_.readAll(name)); }) && reading.errors.empty()) {
+  if (guard([&] { reading = parseGrid(files_.readAll(placeOf(name))); }) && reading.errors.empty()) {
     return std::move(reading.grid);
   }
   fail("*** File Griglia " + upper(name) + " Errato");

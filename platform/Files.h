@@ -39,6 +39,9 @@ class Files {
   virtual std::string documentsFolder() = 0;
   virtual std::string currentFolder() = 0;
 
+  /// True when the user has started the program at a terminal: the current folder is of his choice then.
+  virtual bool startedAtTerminal() = 0;
+
   /// True when files can be made in the folder.
   virtual bool isWritableFolder(const std::string& folder) = 0;
 
@@ -54,6 +57,8 @@ class Files {
 std::string GetFileName(std::string_view path);
 /// The part of the file name behind its last point, without the point; empty when there is none.
 std::string GetExtensionName(std::string_view path);
+/// The part before the last separator: the root for an entry of the root, "." for a bare name.
+std::string folderOf(std::string_view path);
 /// Folder and name with one separator between.
 std::string joinPath(std::string_view folder, std::string_view name);
 

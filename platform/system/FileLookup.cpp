@@ -101,11 +101,4 @@ std::string resolveForWriting(const std::string& path) {
   return joinPath(found.empty() ? folder : found, GetFileName(path));
 }
 
-std::string folderOf(const std::string& path) {
-  const std::string plain = withSlashes(path);
-  const auto separator = plain.rfind('/');
-  if (separator == std::string::npos) return ".";
-  return plain.substr(0, std::max<std::size_t>(separator, 1));
-}
-
 }  // namespace vk

@@ -13,7 +13,4 @@ std::string findEntry(const std::string& path);
 /// stands. A folder that is not found stays as it is written.
 std::string resolveForWriting(const std::string& path);
 
-/// The part before the last separator: "/" for an entry of the root, "." for a bare name.
-std::string folderOf(const std::string& path);
-
 }  // namespace vk

@@ -19,6 +19,7 @@
 #include "platform/system/Places.h"
 #include "platform/system/SafeWrite.h"
 #include "platform/system/SystemError.h"
+#include "platform/system/Terminal.h"
 
 namespace vk {
 namespace {
@@ -157,6 +158,10 @@ std::string SystemFiles::currentFolder() {
   std::error_code error;
   const fs::path folder = fs::current_path(error);
   return error ? "/" : folder.string();
+}
+
+bool SystemFiles::startedAtTerminal() {
+  return belongsToTerminal();
 }
 
 bool SystemFiles::isWritableFolder(const std::string& folder) {

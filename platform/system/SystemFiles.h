@@ -36,6 +36,7 @@ class SystemFiles : public Files {
   std::string programFolder() override;
   std::string documentsFolder() override;
   std::string currentFolder() override;
+  bool startedAtTerminal() override;
   bool isWritableFolder(const std::string& folder) override;
   std::vector<std::string> drives() override;
   std::vector<std::string> subfolders(const std::string& folder) override;

@@ -1,11 +1,21 @@
 #include "platform/system/Terminal.h"
 
+#include <fcntl.h>
+#include <linux/kd.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <csignal>
 
+#include "platform/system/OpenFile.h"
+
 namespace vk {
+
+bool belongsToTerminal() {
+  const OpenFile terminal("/dev/tty", O_RDONLY | O_NOCTTY | O_NONBLOCK);
+  char keyboard = 0;
+  return terminal.isOpen() && ioctl(terminal.handle(), KDGKBTYPE, &keyboard) != 0;
+}
 
 bool errorStreamIsTerminal() {
   return isatty(STDERR_FILENO) == 1;

@@ -4,6 +4,10 @@
 
 namespace vk {
 
+/// True when the process belongs to a terminal, wherever its streams lead. A console at which a whole desktop was started
+/// is none for the programs of that desktop.
+bool belongsToTerminal();
+
 /// True when the standard error stream is a terminal that a person looks at.
 bool errorStreamIsTerminal();
 

@@ -37,7 +37,7 @@ TEST(BatchStreams, EveryFileThatIsReadMayBeStandardInputOrAPipe) {
            Case{"transform FILE --y '2*y'", "examples/ohm.dat"},
            Case{"check FILE", "examples/ohm.dat"},
            Case{"check FILE", "examples/lab.fcn"},
-           Case{"check FILE", "examples/sheet.gra"},
+           Case{"check FILE", "tests/grafile/errors/several.gra"},
            Case{"import FILE --quiet", "tests/files/it-csv-utf8.csv"},
            Case{"propagate --function 'b*2+c' --from-fit FILE --seed 1", fit.c_str()},
            Case{"simulate --file FILE --entry 1 --par A=400 --par k=.2 --par b=5 --seed 1",

@@ -1,3 +1,5 @@
+#include <set>
+
 #include "commands/FunctionChoice.h"
 #include "doubles/Choices.h"
 #include "doubles/EvaluateFunction.h"
@@ -70,6 +72,24 @@ TEST_F(RunGraphicFileTest, DepartureAGeneratedFigureNamesTheDataFileAsItWasOpene
   MakeGraph(session, ports, kDataFigure, kernels);
   EXPECT_THAT(session.figures.GraphText[1], testing::HasSubstr("%File Dati: /DATA/OWN.DAT\r\n"));
   EXPECT_THAT(session.figures.GraphText[1], testing::HasSubstr("\\Dati(/data/own.dat)\r\n"));
+}
+
+TEST_F(RunGraphicFileTest, DepartureFilesAreSoughtInTheCurrentFolderThenAmongTheDataThenBesideTheFigure) {
+  session.files.DataDir = "/data";
+  const auto foldersRead = [&] {
+    files.read.clear();
+    run(lines({"\\DATI(t)", "\\SPEZZATA(t)", "\\CURVA(t)", "\\BANDA(t)", "\\CONTORNI(3,0,0,t)",
+               "\\SUPERFICIE(40,30,5,0,9,1,3,t)", "\\COLONNE(40,30,5,0,9,1,t)",
+               "\\RIQUADRO3D(1,2,3,0,9,1,1,t)"}));
+    std::multiset<std::string> folders;
+    for (const std::string& name : files.read) folders.insert(folderOf(name));
+    return folders;
+  };
+  EXPECT_EQ(foldersRead().count("."), 8U) << "where they are not";
+  for (const std::string folder : {"/", "/data", "."}) {
+    files.content[folder == "." ? "t" : joinPath(folder, "t")] = "";
+    EXPECT_EQ(foldersRead().count(folder), folder == "/" ? 9U : 8U) << folder;
+  }
 }
 
 TEST_F(RunGraphicFileTest, WithoutDataThereAreNoneAfterwards) {

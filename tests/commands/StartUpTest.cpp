@@ -21,9 +21,13 @@ TEST(StartUp, TheFoldersAreTheProgramsWhereItCanBeWritten) {
   for (const std::string& folder : session.files.WorkDir) EXPECT_EQ(folder, "/program");
 }
 
-TEST(StartUp, OtherwiseTheFoldersAreTheDocumentsOrTheCurrentOne) {
+TEST(StartUp, DepartureAShutProgramFolderGivesWayToTheCurrentOneAtATerminalElseToTheDocuments) {
   MemoryFiles files;
-  files.notWritable.insert("/program");
+  files.atTerminal = true;
+  EXPECT_EQ(workingFolder(files), "/program");
+  files.notWritable = {"/program", "/current"};
+  EXPECT_EQ(workingFolder(files), "/current") << "people who went there to look";
+  files.atTerminal = false;
   EXPECT_EQ(workingFolder(files), "/documents");
   files.notWritable.insert("/documents");
   EXPECT_EQ(workingFolder(files), "/current");

@@ -17,6 +17,7 @@ class MemoryFiles : public Files {
   std::map<std::string, int> readError;   ///< run-time error that reading this file raises
   std::map<std::string, int> writeError;  ///< run-time error that writing this file raises
   std::set<std::string> notWritable;      ///< files for which `canWrite` is false
+  bool atTerminal = false;                ///< where the program was started
   std::vector<std::string> read;          ///< names in the order in which they were read
   std::vector<std::string> written;       ///< names in the order in which they were written
 
@@ -28,6 +29,7 @@ class MemoryFiles : public Files {
   std::string programFolder() override { return "/program"; }
   std::string documentsFolder() override { return "/documents"; }
   std::string currentFolder() override { return "/current"; }
+  bool startedAtTerminal() override { return atTerminal; }
   bool isWritableFolder(const std::string& folder) override { return !notWritable.contains(folder); }
   std::vector<std::string> drives() override { return {"/"}; }
   std::vector<std::string> subfolders(const std::string&) override { return {}; }

@@ -16,6 +16,13 @@ TEST(FileNames, ExtensionIsBehindTheLastPointOfTheName) {
   EXPECT_EQ(GetExtensionName("X."), "");
 }
 
+TEST(FileNames, StandInTheFolderBeforeTheLastSeparator) {
+  EXPECT_EQ(folderOf("/home/u/X.DAT"), "/home/u");
+  EXPECT_EQ(folderOf("C:\\A\\X.DAT"), "C:\\A");
+  EXPECT_EQ(folderOf("/X.DAT"), "/");
+  EXPECT_EQ(folderOf("X.DAT"), ".");
+}
+
 TEST(FileNames, AreJoinedByOneSeparator) {
   EXPECT_EQ(joinPath("/a", "b"), "/a/b");
   EXPECT_EQ(joinPath("/", "b"), "/b");

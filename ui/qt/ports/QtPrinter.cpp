@@ -35,12 +35,6 @@ std::vector<std::string> textLines(std::string_view text) {
   return lines;
 }
 
-/// The folder of a full name, without the separator behind it.
-std::string folderOf(const std::string& name) {
-  const std::string folder = name.substr(0, name.size() - GetFileName(name).size());
-  return folder.size() > 1 ? folder.substr(0, folder.size() - 1) : folder;
-}
-
 /// A font in twips, for a painter whose units are twips.
 QFont twipFont(const std::string& face, double points) {
   QFont font = toolkitFont({face, 10});

@@ -150,22 +150,24 @@ file vor_kel_batch '#!/bin/sh' "sed -n \"/^:\$1$/,/^:/p\" \"\$0\" | sed 1d | sed
   ':fit' 'Adatta' 'Uso: p fit DATI' '' 'Argomenti:' '  DATI FILE.DAT NECESSARIO a b c' '                              File dati' \
   '' 'Opzioni:' '  --help                      Aiuto' ':'
 chmod +x "$made/vor_kel_batch"
-file docs/man/it/a.1.md
-file docs/man/en/a.1.md
+for language in it en; do file docs/man/$language/vor_kel_batch.1.md '<!-- usage fit -->'; done
 file docs/man/en.txt '# Commands' 'Adatta' '  Fits' '' 'File dati' '  Data file' 'Aiuto' '  Help' 'NUMERO' '  NUMBER'
 expect held man "a help in English" "$made"
 file docs/man/it/b.1.md
 expect "one language" man "a page in Italian only" "$made"
 rm "$made/docs/man/it/b.1.md"
+file docs/man/en/vor_kel_batch.1.md
+expect "en/vor_kel_batch.1.md does not tell of fit" man "a page without a command" "$made"
+file docs/man/en/vor_kel_batch.1.md '<!-- usage fit -->'
 file docs/man/en.txt 'Adatta' '  Fits' 'File dati' '  Data file'
 expect "> Aiuto" man "a text without English" "$made"
 file docs/man/en.txt 'Adatta' '  Fits' 'File dati' '  Data file' 'Aiuto' '  Help' 'Altro' '  Else'
 expect "< Altro" man "English for a text that has gone" "$made"
 file docs/man/en.txt 'Adatta' '  Fits' 'File dati' '  Data file' 'Aiuto' '  Help'
-file pages/man1/a.1 '.TH a 1' '.SH NAME' 'a \- b'
-file pages/it/man1/a.1 '.TH a 1' '.SH NOME' 'a \- b'
+file pages/man1/vor_kel_batch.1 '.TH vor_kel_batch 1' '.SH NAME' 'vor_kel_batch \- b'
+file pages/it/man1/vor_kel_batch.1 '.TH vor_kel_batch 1' '.SH NOME' 'vor_kel_batch \- b'
 expect held man "pages as they should be" "$made" "$made/pages"
-file pages/man1/a.1 '.TH a 1' '.SH NAMES' 'a \- b' '.XY' '.PP' '[b](c.md)'
+file pages/man1/vor_kel_batch.1 '.TH vor_kel_batch 1' '.SH NAMES' 'vor_kel_batch \- b' '.XY' '.PP' '[b](c.md)'
 expect "XY" man "a page that man warns of" "$made" "$made/pages"
 for fault in "no name" "shows Markdown"; do grep -q "$fault" "$made/said" || { cat "$made/said"; exit 1; }; done
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Fails when docs/man/en.txt lacks a text of the help of vor_kel_batch or has too much, and when a page for man stands in
-# one language only. With the folder of the made pages (docs/man/make.sh) it fails, too, when man warns of one, when one has
-# no name to be found by, and when one shows what only Markdown means.
+# Fails when docs/man/en.txt lacks a text of the help of vor_kel_batch or has too much, when a page for man lacks a command,
+# and when one stands in one language only. With the folder of the made pages (docs/man/make.sh) it fails, too, when man
+# warns of one, when one has no name to be found by, and when one shows signs that only Markdown understands.
 # Usage: checks/man.sh PROGRAMS [PAGES]: PROGRAMS holds vor_kel_batch.
 set -euo pipefail
 program=$(realpath "$1")/vor_kel_batch
@@ -30,6 +30,11 @@ if ! difference=$(diff <(grep -vE '^(  .*|#.*|[A-Z]*)$' docs/man/en.txt | sort) 
   grep '^[<>]' <<< "$difference"
   status=1
 fi
+for command in $commands; do
+  for page in docs/man/*/vor_kel_batch.1.md; do
+    grep -qxF "<!-- usage $command -->" "$page" || { echo "$page does not tell of $command"; status=1; }
+  done
+done
 diff <(cd docs/man/it && ls) <(cd docs/man/en && ls) || { echo "a page stands in one language only"; status=1; }
 
 [ -n "$pages" ] || exit $status

@@ -9,12 +9,13 @@ local format = "commonmark+pipe_tables+definition_lists"
 local lang, program, root
 local helps = {}   -- the parsed help of each command, "" for the program's own
 local listed = {}  -- "fit --json" is true once it stands in the page
+local english = {}  -- the texts of en.txt by the Italian ones
+local used = {}     -- which of them the page has
 
 local words = {
   it = { needs = "Richiede", excludes = "Esclude" },
   en = { needs = "Needs", excludes = "Excludes" },
 }
-local english, used = {}, {}
 
 local function readAll(path)
   local file = assert(io.open(path))
@@ -37,7 +38,8 @@ end
 -- A text of the help in the language of the page.
 local function told(text)
   if lang == "it" then
-    return (text:gsub("che`", "ché"):gsub("[aeiou]`", { ["a`"] = "à", ["e`"] = "è", ["i`"] = "ì", ["o`"] = "ò", ["u`"] = "ù" }))
+    local accented = { ["a`"] = "à", ["e`"] = "è", ["i`"] = "ì", ["o`"] = "ò", ["u`"] = "ù" }
+    return (text:gsub("che`", "ché"):gsub("[aeiou]`", accented))
   end
   used[text] = true
   return english[text] or error("docs/man/en.txt lacks: " .. text)
@@ -98,28 +100,24 @@ local function isCommon(entry)
   return false
 end
 
-local function code(text)
-  return pandoc.Code(text)
-end
-
 local function codes(names)
   local inlines = pandoc.List()
   for i, name in ipairs(names) do
     if i > 1 then inlines:extend({ pandoc.Str(","), pandoc.Space() }) end
-    inlines:insert(code(name))
+    inlines:insert(pandoc.Code(name))
   end
   return inlines
 end
 
+-- A sentence, with options as they are typed.
 local function prose(text)
   local last = text:match("[.:]$") and "" or "."
   local inlines = pandoc.List()
-  -- Quoted parts and options are typed as they stand.
   for word in (text .. last):gmatch("%S+") do
     if #inlines > 0 then inlines:insert(pandoc.Space()) end
     local name, rest = word:match("^(%-%-%a[%a-]*)(.*)$")
     if name then
-      inlines:extend({ code(name), pandoc.Str(rest) })
+      inlines:extend({ pandoc.Code(name), pandoc.Str(rest) })
     else
       inlines:insert(pandoc.Str(word))
     end
@@ -127,6 +125,7 @@ local function prose(text)
   return inlines
 end
 
+-- Adds "Needs --grid."
 local function sentence(inlines, word, names)
   if #names == 0 then return end
   inlines:extend({ pandoc.Space(), pandoc.Str(word), pandoc.Space() })
@@ -197,12 +196,8 @@ local function usage(command)
   local arguments = typed and typed:match("^" .. command .. "( .+)$")
   local line = page.usage:gsub("^%S+%s*", ""):gsub("%u%u%u%u+", valueName) .. (arguments or "")
   local about = prose(arguments and meaning or typed and meaning .. ":" or text)
-  if typed and not arguments then about:extend({ pandoc.Space(), code(typed) }) end
-  return { pandoc.Para({ code("vor_kel_batch " .. command), pandoc.Space(), pandoc.Str(line) }), pandoc.Para(about) }
-end
-
-local function headingText(block)
-  return pandoc.utils.stringify(block)
+  if typed and not arguments then about:extend({ pandoc.Space(), pandoc.Code(typed) }) end
+  return { pandoc.Para({ pandoc.Code("vor_kel_batch " .. command), pandoc.Space(), pandoc.Str(line) }), pandoc.Para(about) }
 end
 
 -- A page without its title, its parts as parts of ours; or what stands below one heading.
@@ -211,10 +206,10 @@ local function from(file, heading)
   local level = heading == "" and 1 or nil
   for _, block in ipairs(pandoc.read(readAll(root .. "/" .. file), format).blocks) do
     if block.t == "Header" and heading ~= "" and (not level or block.level <= level) then
-      level = headingText(block) == heading and block.level or nil
+      level = pandoc.utils.stringify(block) == heading and block.level or nil
     elseif block.t == "Header" and heading == "" then
       if block.level == 2 then
-        blocks:insert(pandoc.Header(1, pandoc.Str(pandoc.text.upper(headingText(block)))))
+        blocks:insert(pandoc.Header(1, pandoc.Str(pandoc.text.upper(pandoc.utils.stringify(block)))))
       elseif block.level > 2 then
         blocks:insert(pandoc.Header(2, block.content))
       end
@@ -266,10 +261,12 @@ local function complete(document)
 end
 
 -- What is typed has signs that roff would replace by prettier ones.
+local escapes = {
+  ["\\"] = "\\[rs]", ["'"] = "\\[aq]", ['"'] = "\\[dq]", ["`"] = "\\[ga]", ["^"] = "\\[ha]", ["~"] = "\\[ti]",
+  ["-"] = "\\-",
+}
 local function verbatim(text)
-  return (text:gsub("[\\'\"`^~-]", {
-    ["\\"] = "\\[rs]", ["'"] = "\\[aq]", ['"'] = "\\[dq]", ["`"] = "\\[ga]", ["^"] = "\\[ha]", ["~"] = "\\[ti]", ["-"] = "\\-",
-  }))
+  return (text:gsub("[\\'\"`^~-]", escapes))
 end
 
 local function codeBlock(block)
@@ -286,19 +283,19 @@ end
 -- Two columns become terms and what they mean: a page is too narrow for them.
 local function tableOf(block)
   if hasImage(block) then return {} end
+  local inlines = pandoc.utils.blocks_to_inlines
   local simple = pandoc.utils.to_simple_table(block)
-  if #simple.headers ~= 2 then return block end
-  local items = pandoc.List()
-  local head = simple.headers
+  local head, items = simple.headers, pandoc.List()
+  if #head ~= 2 then return block end
   if #head[1] > 0 and #head[2] > 0 then
-    items:insert({ { pandoc.Emph(pandoc.utils.blocks_to_inlines(head[1])) }, { { pandoc.Plain({ pandoc.Emph(pandoc.utils.blocks_to_inlines(head[2])) }) } } })
+    items:insert({ { pandoc.Emph(inlines(head[1])) }, { { pandoc.Plain({ pandoc.Emph(inlines(head[2])) }) } } })
   end
-  for _, row in ipairs(simple.rows) do items:insert({ pandoc.utils.blocks_to_inlines(row[1]), { row[2] } }) end
+  for _, row in ipairs(simple.rows) do items:insert({ inlines(row[1]), { row[2] } }) end
   return pandoc.DefinitionList(items)
 end
 
 local function link(inline)
-  if inline.target:match("formats%.md") then return { code("vor_kel_formati"), pandoc.Str("(5)") } end
+  if inline.target:match("formats%.md") then return { pandoc.Code("vor_kel_formati"), pandoc.Str("(5)") } end
   return pandoc.Emph(inline.content)
 end
 

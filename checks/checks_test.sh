@@ -142,6 +142,8 @@ file examples/lab/a.md '```sh' 'cat a.dat' '```'
 file examples/lab/a.dat
 file README.md '```sh' 'cat examples/lab/a.dat' '```'
 expect held commands "commands in the folders of their pages" "$made"
+file examples/lab/a.md '```sh' 'echo 2 > a.dat' '```'
+expect 'another a.dat' commands "a sample that its page makes otherwise" "$made"
 
 begin
 file vor_kel_batch '#!/bin/sh' "sed -n \"/^:\$1$/,/^:/p\" \"\$0\" | sed 1d | sed '\$d'; exit" \

@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
 # Runs the commands in the pages that users read, and fails where they print something else than the page shows.
 # Usage: checks/commands.sh FOLDER [--renew] [PAGE ...]: FOLDER holds vor_kel_batch, a PAGE is one of this checkout (all
-# of them without), and --renew writes into the pages what their commands print.
+# of them without), and --renew writes into the pages what their commands print, and the files that they make.
 #
 # A block "sh" is run by bash. The block "text" behind it is what it prints, both streams together; without one it must
-# succeed. Blocks of other names are left alone. The commands of a page run one after the other in a copy of its folder
+# succeed. A file that stands beside a page of the samples and is made by its commands is made as it is kept.
+# Blocks of other names are left alone. The commands of a page run one after the other in a copy of its folder
 # where that is one of the samples, above a copy of examples/ for a page at the root, and within it for all others.
 set -euo pipefail
 programs=$(cd "$1" && pwd)
@@ -49,6 +50,17 @@ renewed() { # page, folder
     !/^ *```/ && !left_out { print }' "$1"
 }
 
+# Fails where commands have left another file than the one that is kept.
+compare_files() { # folder, its copy in which the commands ran
+  local name
+  while IFS= read -r name; do
+    cmp -s "$1/$name" "$2/$name" && continue
+    [ -z "$renew" ] || { cp "$2/$name" "$1/$name"; continue; }
+    echo "$1: the commands of the page leave another $name"
+    status=1
+  done < <(find "$1" -maxdepth 1 -type f -printf '%f\n')
+}
+
 run() { # page, folder for the work
   local page=$1 blocks=$2/blocks place=$2/examples count command stops
   mkdir -p "$blocks"
@@ -77,6 +89,7 @@ run() { # page, folder for the work
     diff -U1 "$command.text" "$command.printed" | tail -n +3 || true
     status=1
   done
+  [[ $page != examples/* ]] || compare_files "$(dirname "$page")" "$place"
   [ -n "$renew" ] || return 0
   renewed "$page" "$blocks" > "$2/page"
   cat "$2/page" > "$page"

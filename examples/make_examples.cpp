@@ -6,35 +6,17 @@
 #include <cmath>
 #include <functional>
 #include <iostream>
-#include <numbers>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "base/Text.h"
 #include "data/DataFiles.h"
+#include "examples/Noise.h"
 #include "platform/system/SystemFiles.h"
 
 namespace {
 
 using namespace vk;
-
-/// Normal deviates by Box and Muller over a generator that the language standard fixes bit for bit; the
-/// library's own distributions differ from one library to the next.
-class Noise {
- public:
-  explicit Noise(unsigned seed) : generator_(seed) {}
-
-  double operator()() {
-    const double radius = std::sqrt(-2 * std::log(uniform()));
-    return radius * std::cos(2 * std::numbers::pi * uniform());
-  }
-
- private:
-  double uniform() { return (static_cast<double>(generator_()) + 1) / 4294967297.0; }
-
-  std::mt19937 generator_;
-};
 
 /// One sample: what the instrument would read without errors, and how large its errors are.
 struct Sample {

@@ -20,7 +20,7 @@ class Array {
 
   /// Allocates anew as 0..upper; nothing of the old content stays. A negative upper is run-time error 9.
   void dim(int upper) { items_.assign(length(upper), T{}); }
-  /// Changes the upper index and keeps what fits.
+  /// Changes the upper index and keeps what fits; new elements are value-initialised. Fails as `dim` does.
   void redim(int upper) { items_.resize(length(upper)); }
   /// Gives the memory back; upper() is -1 afterwards.
   void erase() { items_.clear(); }

@@ -23,6 +23,7 @@ inline constexpr double kMmPerCm = 10;
 /// A nominal pixel has 15 twips on every screen, however fine its own pixels are.
 inline constexpr double kNominalTwipsPerPixel = 15;
 
+/// A length in a unit, which is made of a plain number and gives it back by name only.
 template <class Unit>
 class Length {
  public:

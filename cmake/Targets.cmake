@@ -1,5 +1,7 @@
 # How every target is built: one language level, one set of warnings, one arithmetic.
 
+include(CMakePackageConfigHelpers)
+
 add_library(vor_flags INTERFACE)
 target_include_directories(vor_flags INTERFACE ${CMAKE_SOURCE_DIR})
 # Results must be the same at every optimisation level: no contraction of a*b+c, no rewriting of pow().
@@ -96,31 +98,45 @@ function(vor_run target shares)
   endforeach()
 endfunction()
 
-# vor_package(name [LIBRARIES library ...] HEADERS folder ... [NEEDS package ...]): installs the library as the CMake
-# package vor_<name> with the target vor::<name>, in an install component of that name. The libraries are installed
-# with it; packages that it needs are found by its users.
+# vor_package(name [LIBRARIES library ...] [NEEDS package ...] HEADERS header ... [PARTS header ...]): installs the
+# library as the CMake package vor_<name> with the target vor::<name>, in the component of developers. With it go the
+# libraries of which it is made, each of which is in no other package; the packages that it needs are found by its
+# users. HEADERS are those that the README of the folder tells of, PARTS what they include beside one another.
+add_custom_target(development)
 function(vor_package name)
-  cmake_parse_arguments(PACKAGE "" "" "LIBRARIES;HEADERS;NEEDS" ${ARGN})
+  cmake_parse_arguments(PACKAGE "" "" "LIBRARIES;NEEDS;HEADERS;PARTS" ${ARGN})
   foreach(library ${PACKAGE_LIBRARIES} ${name})
     list(APPEND targets vor_${library})
     target_include_directories(vor_${library} INTERFACE $<INSTALL_INTERFACE:include/vor_kel>)
     target_compile_features(vor_${library} PUBLIC cxx_std_20)
-    set_target_properties(vor_${library} PROPERTIES EXPORT_NAME ${library})
+    # Shared libraries can be made of it; nobody puts functions of their own in the place of some.
+    target_compile_options(vor_${library} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
+    set_target_properties(vor_${library} PROPERTIES EXPORT_NAME ${library} POSITION_INDEPENDENT_CODE ON)
   endforeach()
-  list(REMOVE_DUPLICATES targets)
-  install(TARGETS ${targets} EXPORT vor_${name} ARCHIVE DESTINATION lib COMPONENT ${name})
-  foreach(folder ${PACKAGE_HEADERS})
-    file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.h)
-    install(FILES ${headers} DESTINATION include/vor_kel/${folder} COMPONENT ${name})
+  add_dependencies(development ${targets})
+
+  set(folder lib/cmake/vor_${name})
+  install(TARGETS ${targets} EXPORT vor_${name} ARCHIVE DESTINATION lib COMPONENT development)
+  install(EXPORT vor_${name} NAMESPACE vor:: FILE vor_${name}Targets.cmake DESTINATION ${folder}
+    COMPONENT development)
+  foreach(header ${PACKAGE_HEADERS} ${PACKAGE_PARTS})
+    cmake_path(GET header PARENT_PATH place)
+    install(FILES ${CMAKE_SOURCE_DIR}/${header} DESTINATION include/vor_kel/${place} COMPONENT development)
   endforeach()
-  install(EXPORT vor_${name} NAMESPACE vor:: FILE vor_${name}Targets.cmake
-    DESTINATION lib/cmake/vor_${name} COMPONENT ${name})
-  set(config "include(CMakeFindDependencyMacro)\n")
+
+  set(config "include(CMakeFindDependencyMacro)\nlist(PREPEND CMAKE_MODULE_PATH \${CMAKE_CURRENT_LIST_DIR})\n")
   foreach(need ${PACKAGE_NEEDS})
+    if(need MATCHES "^vor_")
+      string(APPEND need " ${PROJECT_VERSION} EXACT")
+    elseif(EXISTS ${CMAKE_SOURCE_DIR}/cmake/Find${need}.cmake)
+      install(FILES ${CMAKE_SOURCE_DIR}/cmake/Find${need}.cmake DESTINATION ${folder} COMPONENT development)
+    endif()
     string(APPEND config "find_dependency(${need})\n")
   endforeach()
-  string(APPEND config "include(\${CMAKE_CURRENT_LIST_DIR}/vor_${name}Targets.cmake)\n")
-  file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/vor_${name}Config.cmake "${config}")
-  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vor_${name}Config.cmake
-    DESTINATION lib/cmake/vor_${name} COMPONENT ${name})
+  string(APPEND config "list(POP_FRONT CMAKE_MODULE_PATH)\n"
+    "include(\${CMAKE_CURRENT_LIST_DIR}/vor_${name}Targets.cmake)\n")
+  set(written ${CMAKE_CURRENT_BINARY_DIR}/vor_${name})
+  file(CONFIGURE OUTPUT ${written}Config.cmake CONTENT "${config}" @ONLY)
+  write_basic_package_version_file(${written}ConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+  install(FILES ${written}Config.cmake ${written}ConfigVersion.cmake DESTINATION ${folder} COMPONENT development)
 endfunction()

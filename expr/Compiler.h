@@ -40,7 +40,10 @@ struct Compilation {
   bool ok = false;
 };
 
-/// Compiles "result@variables@parameters@constants@expression".
+/// Compiles "result@variables@parameters@constants@expression". Nobody reads the name of the result. The others are
+/// comma lists of names of at most four characters; behind the names of the constants come "/" and the list of their
+/// values. Variables and parameters count from 1, one behind the other. docs/formats.md tells the language of
+/// expressions.
 Compilation compile(const std::string& definition);
 
 /// True for what is wrong with the lists of names, not with the expression.
@@ -48,7 +51,7 @@ bool isOfNames(CompileFaultKind kind);
 
 /// The definition of a function of x with a comma list of parameters.
 std::string functionDefinition(const std::string& parameters, const std::string& formula);
-/// Compiles it.
+/// Compiles it: x is variable 1, the parameters count from 2 on.
 Compilation compileFunction(const std::string& parameters, const std::string& definition);
 
 /// The code for people, lines ended by LF: the bytes as "code 4 0 1 | 108 1 0", "map 1 1" and "LastSlot 1",

@@ -13,7 +13,7 @@ struct FunctionDef {
   std::string FunctionText;  ///< display text, code page 437
 };
 
-/// Characters of a name in a field of parameter names.
+/// Characters of a name in a field of parameter names, where it stands at the right.
 inline constexpr int kNameSlot = 5;
 
 }  // namespace vk

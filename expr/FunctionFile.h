@@ -42,8 +42,8 @@ struct ParsedFunctionFile {
   bool ok = false;  ///< whole records, at least one, and all functions good as far as they were compiled
 };
 
-/// Parses the bytes of a function file, whose texts become those of code page 437: three records for each function, "&" at the end joins lines, "%" and "#"
-/// begin comments.
+/// Parses the bytes of a function file, whose texts become those of code page 437: three records for each function, "&"
+/// at the end joins lines, "%" and "#" begin comments.
 ParsedFunctionFile parseFunctionFile(std::string_view text, FunctionFileChecks checks = {});
 
 }  // namespace vk

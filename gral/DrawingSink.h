@@ -33,8 +33,8 @@ inline constexpr double kTouchingOutline = kNominalTwipsPerPixel * 2 / 3;
 std::span<const int> dashesOf(int style);
 
 /// What a drawing consists of, one call for one primitive: the end to which a device draws. Pixels are those of
-/// the device's graphics context. Pen and filling are announced when a primitive uses others than the one
-/// before; texts take the colour of the pen.
+/// the device's graphics context, places are twips from the top left corner of the drawing area. Pen and filling are
+/// announced when a primitive uses others than the one before; texts take the colour of the pen.
 class DrawingSink {
  public:
   virtual ~DrawingSink() = default;
@@ -43,19 +43,28 @@ class DrawingSink {
   virtual void clear(const SheetSize& size, Colour background) = 0;
   virtual void pen(const Pen& pen) = 0;
   virtual void filling(const Filling& filling) = 0;
+  /// With the pen, both ends included.
   virtual void line(const TwipPoint& from, const TwipPoint& to) = 0;
+  /// The outline of the rectangle between two corners, with the pen.
   virtual void box(const TwipPoint& a, const TwipPoint& b) = 0;
+  /// Its inside in a colour, without outline.
   virtual void filledBox(const TwipPoint& a, const TwipPoint& b, Colour color) = 0;
+  /// Outline with the pen, inside with the filling.
   virtual void circle(const TwipPoint& centre, Twips radius) = 0;
+  /// Straight lines from point to point, two or more, with the pen.
   virtual void polyline(std::span<const PixelPoint> points) = 0;
+  /// Curves of third degree through the points 0, 3, 6, ...; the others are control points.
   virtual void bezier(std::span<const PixelPoint> points) = 0;
+  /// The closed polygon: its inside with the filling, its outline with the pen, or both.
   virtual void figure(std::span<const PixelPoint> points, bool fill, bool stroke) = 0;
-  /// The area around a pixel, up to a colour.
+  /// The area around a pixel, up to a colour, with the filling.
   virtual void floodFill(const PixelPoint& start, Colour limit) = 0;
   virtual void text(const TextRun& run) = 0;
-  /// None for no limit.
+  /// Limits what follows; none for no limit.
   virtual void clip(const PixelRect* region) = 0;
+  /// In its natural size, with its top left corner there.
   virtual void picture(const Picture& picture, const TwipPoint& corner) = 0;
+  /// Shows what was drawn so far.
   virtual void refresh() = 0;
 
   // What a form or a printer does beside drawing.

@@ -27,7 +27,9 @@ struct FigureSheet {
   bool transparent = false;
   FigureWords words = {};
 
+  /// It has a size of its own.
   bool sized() const { return size.width > 0; }
+  /// Where a drawing of this size stands on it.
   DrawingPlace placeFor(const SheetSize& drawing) const {
     if (!sized()) return {drawing};
     const double scale = std::min(size.width / drawing.width, size.height / drawing.height);

@@ -36,6 +36,7 @@ using TwipPoint = PlanePoint<unit::Twip>;
 /// A place in pixels that is not yet rounded to one.
 using PixelPlace = PlanePoint<unit::Pixel>;
 
+/// A place in twips, in pixels of a device.
 constexpr PixelPlace toPixels(const TwipPoint& point, double twipsPerPixel) {
   const double perTwip = 1 / twipsPerPixel;
   return {perTwip * point.x, perTwip * point.y};

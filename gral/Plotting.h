@@ -69,6 +69,7 @@ class GralCls {
   void GralGrAbort();
   /// Clears the form. Its name in the table of names is `GralCls`.
   void GralClear();
+  /// Shows what was drawn so far on a form, and hides or shows the form. A printer has none of these.
   void GralRefresh();
   void GralHide();
   void GralShow();
@@ -106,8 +107,10 @@ class GralCls {
 
   // ---- Pens, lines, clipping ------------------------------------------------------------------------------
 
+  /// The colour of lines and texts, and that of fillings.
   void GralColor(Colour color);
   void GralFillColor(Colour color);
+  /// One of `FillStyles`: its last three bits.
   void GralFillStyle(Int16 iFillStyle);
   /// Pen of `fdim` tenths of a millimetre and of line type `itra`, from 1; types repeat after five: solid,
   /// dash, dot, dash-dot, dash-dot-dot. A type below 1 is refused by the device.

@@ -20,7 +20,7 @@ struct DerivativeColumn {
 /// point fails gives nothing: without that point the column would be that of other data.
 class CentralDifferences {
  public:
-  /// The function must outlive this.
+  /// The function, which is called once here, must outlive this.
   CentralDifferences(ResidualFunction& function, std::vector<double> parameters);
 
   /// The residuals at the parameters.
@@ -49,7 +49,7 @@ class CentralDifferences {
 /// step, so that one which the points' errors have made larger than their scatter shows is cut down to that.
 double firstStep(double value, double error, double scatter);
 
-/// The scatter to give to `firstStep`: at most 1.
+/// The scatter to give to `firstStep`: at most 1, and 0 without degrees of freedom.
 double scatterOf(double chiSquare, int degreesOfFreedom);
 
 }  // namespace vk

@@ -15,7 +15,7 @@ class CholeskyFactor {
   /// Nothing for a matrix that is not positive semidefinite, as far as its digits tell.
   static std::optional<CholeskyFactor> of(const SymmetricMatrix& matrix);
 
-  /// Row a of L, from 1: a numbers.
+  /// Row a of L, from 1 to the size of the matrix: a numbers.
   std::span<const double> row(int a) const { return rows_[static_cast<std::size_t>(a) - 1]; }
 
  private:

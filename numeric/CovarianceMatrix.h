@@ -9,10 +9,11 @@ namespace vk {
 class SymmetricMatrix {
  public:
   SymmetricMatrix() = default;
-  /// Full of zeros.
+  /// Full of zeros; `count`, from 0 on, is N.
   explicit SymmetricMatrix(int count);
   int size() const { return size_; }
   double at(int a, int b) const { return full_[place(a, b)]; }
+  /// Element (a, b), and with it (b, a).
   void set(int a, int b, double value);
 
  private:
@@ -33,15 +34,15 @@ class CovarianceMatrix : public SymmetricMatrix {
  public:
   using SymmetricMatrix::SymmetricMatrix;
 
-  /// The standard deviation of parameter i.
+  /// The standard deviation of parameter i: the root of its variance.
   double deviation(int i) const;
-  /// The covariances in units of the deviations.
+  /// The covariances in units of the deviations; not a number for parameters whose variance is 0.
   CorrelationMatrix correlation() const;
-  /// The variance of a quantity whose derivatives by the parameters are the gradient, `size()` numbers.
+  /// The variance g'Cg of a quantity whose derivatives g by the parameters are the gradient, `size()` numbers.
   double variance(std::span<const double> gradient) const;
 };
 
-/// The covariances that belong to deviations, 1..N, and correlations.
+/// The covariances that belong to the deviations of N parameters, N numbers, and their correlations.
 CovarianceMatrix covarianceOf(std::span<const double> deviations, const CorrelationMatrix& correlation);
 
 }  // namespace vk

@@ -27,13 +27,14 @@ struct LeastSquaresResult {
   std::vector<double> parameters;  ///< after a failure the start
   std::vector<double> residuals;
   double sum = 0;  ///< of their squares; not finite after a failure
-  /// The inverse of J'J; of size 0 where derivatives do not settle or depend on one another.
+  /// The inverse of J'J, where J holds the derivatives of the residuals: the covariances of the parameters where the
+  /// residuals are in units of their errors. Of size 0 where derivatives do not settle or depend on one another.
   CovarianceMatrix covariance;
   int evaluations = 0;  ///< computations of the residuals
 };
 
-/// A minimum of the sum of squares. The starts, at least one, come in the order of preference: of several whose sums
-/// end within a millionth the first goes on, else that with the least sum.
+/// A minimum of the sum of squares. The starts, at least one, have one number for each parameter and come in the order
+/// of preference: of several whose sums end within a millionth the first goes on, else that with the least sum.
 ///
 /// Where the allowed evaluations are used up before the steps are small, they are granted once more from there.
 /// A start at which a residual cannot be computed is passed over. On the way, a step that leads to such a place is

@@ -72,8 +72,9 @@ struct MinimiseOptions {
   double step = 0.5;   ///< first step of each search, in units of the linearised step
 };
 
-/// Work space of a minimisation; can serve several of the same size.
+/// Work space of a minimisation; can serve several of the same size. What it is made of is nobody else's.
 struct MinimiseWork {
+  /// For M residuals and N parameters.
   MinimiseWork(int M, int N);
 
   std::array<std::vector<double>, 3> residuals;  ///< places for them beside the caller's
@@ -87,7 +88,8 @@ struct MinimiseWork {
 ///
 /// F (1..M) holds the residuals, X (1..N) the parameters, in and out. E (1..N) is the accuracy asked for, the
 /// step of the first differences and the unit of the step lengths; it is lowered where the errors ask for it,
-/// and the minimisation is then repeated, at most 3 times. After a failure X is the point tried last.
+/// and the minimisation is then repeated, at most 3 times. After a failure X is the point tried last. Arrays that are
+/// shorter are run-time error 9.
 MinimiseResult Minimise(Residuals& residuals, Int16 M, Int16 N, Array<double>& F, Array<double>& X,
                         Array<double>& E, const MinimiseOptions& options, MinimiseWork& W,
                         MinimiseObserver& observer);

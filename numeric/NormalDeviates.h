@@ -28,6 +28,7 @@ struct PointInCircle {
   double s;  ///< w1^2 + w2^2, below 1
 };
 
+/// The first point within, of pairs of numbers that are spread over the square around the circle.
 PointInCircle drawInCircle(UniformSource& source);
 
 /// Puts sqrt(-2 ln(s)/s) in the place of each s, in (0,1) all of them, with the bits that `GaussianDeviate` takes.

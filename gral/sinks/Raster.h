@@ -65,6 +65,7 @@ class Raster {
   void reset(int width, int height, std::uint32_t color);
   int width() const { return width_; }
   int height() const { return height_; }
+  /// The pixel (x, y) from 0, 0xFFRRGGBB, which must be one of the picture; and all of them, row by row.
   std::uint32_t at(int x, int y) const { return pixels()[index(x, y)]; }
   const std::vector<std::uint32_t>& pixels() const {
     if (pixels_.empty()) makePixels();
@@ -90,11 +91,14 @@ class Raster {
   /// The area around a pixel up to the pixels of a colour, within the clip region; pixels touch along their
   /// sides. Empty when the pixel has that colour or lies outside.
   std::vector<RowSpan> areaAround(PixelPoint start, std::uint32_t limit) const;
+  /// Such an area with a brush.
   void paint(std::span<const RowSpan> area, const Brush& brush);
   /// What `paint` would paint, with its top left corner; its other pixels are 0.
   Picture stencil(std::span<const RowSpan> area, const Brush& brush, PixelPoint& corner) const;
 
+  /// A letter, whose cell has its top left corner there.
   void mask(PixelPoint corner, const GlyphMask& mask, std::uint32_t color);
+  /// A single pixel.
   void set(int x, int y, std::uint32_t color);
 
   /// The part that has changed since this was last asked; empty when nothing has.

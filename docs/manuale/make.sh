@@ -14,6 +14,7 @@ trap 'rm -rf "$made"' EXIT
 export LC_ALL=C.UTF-8
 
 chapters=(manuale/[0-9]*.md)
+laboratory=(../examples/laboratorio/README.md ../examples/laboratorio/*/README.md)
 english=(formats.md json.md many-files.md departures.md validation.md gallery/README.md)
 
 name() { basename "$1" .md; } # of a page
@@ -22,8 +23,10 @@ html() { # what pandoc makes of a page with this template, without breaking line
   source_of "$1" | pandoc --from gfm --to html5 --wrap none --columns 10000 --no-highlight --toc --toc-depth 2 \
     --template "manuale/style/$2" -M "pagetitle=$(title "$1")" "${@:3}"
 }
-# The pages of a manual stand in the folder itself, all others below it as they do below docs/.
-links() { sed -E "s#(href|src)=\"$1#\1=\"#g; s#(href=\"[^\":]*)\.md([\"\#])#\1.html\2#g"; }
+# The pages of a manual stand in the folder itself, all others below it as they do below docs/ and examples/.
+links() {
+  sed -E "s#(href|src)=\"$1#\1=\"#g; s#(href=\"[^\":]*)\.md([\"\#])#\1.html\2#g; s#href=\"\.\./examples/#href=\"#g"
+}
 
 # The gallery without its second part, which is for those who work on the drawing library.
 source_of() { sed '/^## What the drawing library draws/,$d' "$1"; }
@@ -46,6 +49,16 @@ page() { # page, the one before it, the one behind it
 pages=(manuale/indice.md "${chapters[@]}")
 for ((i = 0; i < ${#pages[@]}; i++)); do
   page "${pages[i]}" "$([ $i -eq 0 ] || echo "${pages[i - 1]}")" "${pages[i + 1]:-}"
+done
+for example in "${laboratory[@]}"; do
+  place=$(dirname "${example#../examples/}")
+  up=$(sed 's#[^/][^/]*#..#g' <<< "$place")/
+  mkdir -p "$out/$place"
+  html "$example" page.html -V lang=it -V "version=$version" -V "up=$up" -V "chapters=$(chapter_list "$example" "$up")" |
+    sed -E "s#href=\"(\.\./)*docs/manuale/#href=\"$up#g" | links manuale/ > "$out/$place/README.html"
+done
+for example in ../examples/laboratorio/*/figura.png; do
+  cp "$example" "$out/${example#../examples/}"
 done
 for english_page in "${english[@]}"; do
   up=$(dirname "$english_page" | sed 's/^\.$//; s#[^/][^/]*#../#')

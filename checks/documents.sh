@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Fails when a page links a file that does not exist, when the newest version of CHANGELOG.md is not the project's, when
-# pages for developers show other libraries than checks/layers.txt, and when they name a file that there is not.
+# pages for developers show other libraries than checks/layers.txt, when they name a file that there is not, and when a
+# picture of the windows is shown nowhere or taken by no script.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 status=0
@@ -33,6 +34,16 @@ while IFS=: read -r library below; do
   echo "$library/README.md does not say what checks/layers.txt does: checks/picture.sh --renew"
   status=1
 done < <(grep '^[a-z]' checks/layers.txt)
+
+# checks/pictures.sh compares them with the windows, which takes longer.
+shopt -s nullglob
+shown=$(cat README*.md docs/manuale/*.md)
+taken=$(sed -n 's/^picture \([a-z-]*\) .*/\1/p' docs/screenshots/make.sh)
+for name in $(printf '%s\n' docs/screenshots/*.png | sed 's#.*/##; s/\.png$//') $taken; do
+  [ -e "docs/screenshots/$name.png" ] && grep -qx "$name" <<< "$taken" && grep -qF "screenshots/$name.png" <<< "$shown" && continue
+  echo "docs/screenshots/$name.png is not there, docs/screenshots/make.sh does not take it, or no page shows it"
+  status=1
+done
 
 files=$(find . -path ./build -prune -o -type f -print)
 while IFS=: read -r page name; do

@@ -101,6 +101,10 @@ file CMakeLists.txt 'project(vor_kel VERSION 1.2 LANGUAGES CXX)'
 file CHANGELOG.md '# Changes' '## [1.2] - unreleased' '## [1.1]'
 file CONTRIBUTING.md 'The type `base/A.h` is [there](base/A.h).'
 file base/A.h
+file docs/screenshots/make.sh '# Takes pictures.'
+file docs/manuale/a.md '![Fit](../screenshots/fit.png)'
+file docs/screenshots/fit.png
+file docs/screenshots/make.sh 'picture fit FIT'
 file docs/architecture.md '# Architecture' '```mermaid' '```' 'The end.'
 while IFS= read -r library; do file "$library/README.md" 'May use: .'; done < <(sed -n 's/^\([a-z/]*\):.*/\1/p' "$root/checks/layers.txt")
 "$made/checks/picture.sh" --renew
@@ -122,6 +126,20 @@ file CONTRIBUTING.md '[there](docs/gone.md#part)'
 expect "no docs/gone.md" documents "a page that has gone"
 file CONTRIBUTING.md '[there](docs/architecture.md#part), [elsewhere](https://example.org/page)'
 expect held documents "links that lead somewhere"
+file docs/screenshots/old.png
+expect 'screenshots/old.png' documents "a picture that is shown nowhere"
+rm "$made/docs/screenshots/"*.png
+expect 'screenshots/fit.png' documents "a picture that was not taken"
+
+begin
+file docs/manuale/parole.txt fit
+file docs/manuale/99-glossario.md "Così dell'\`errror\` è [sull'errore](a.md), dell'*errore* e \`due" 'rihge`.' '' \
+  '| errore | fault | sì |' '' '```' 'sbaliato' '```'
+expect held spelling "a page with code and English words"
+file examples/laboratorio/a/README.md "La riga è sbaliata."
+expect 'examples/laboratorio/a/README.md: is "sbaliata" a word?' spelling "a word with a fault"
+file examples/laboratorio/a/README.md "E' una riga."
+expect 'an apostrophe' spelling "an apostrophe for an accent"
 
 page() { # "held" or a part of what is said, what the page is, its lines
   file docs/manuale/a.md "${@:3}"

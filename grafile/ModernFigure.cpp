@@ -78,7 +78,7 @@ SheetData ModernFigure::residuals() const {
 
 std::string ModernFigure::functionName() const {
   const std::string name = trim(source_.functionText);
-  return length(name) <= kLongestEntry ? TranslateDosText(formulaInKey(name)) : "Funzione";
+  return length(name) <= kLongestEntry ? formulaInKey(name) : "Funzione";
 }
 
 void ModernFigure::addBands(PlotSheet& sheet) const {

@@ -210,6 +210,14 @@ void SheetWriter::writeResiduals() {
   text_ << command("DATI", sheet_.residuals->file);
 }
 
+/// Signs of the old 8-bit code as markup; the root, for which old texts have none, is that of the Greek font.
+std::string drawnSigns(std::string_view text) {
+  constexpr char kRoot = '\xFB';
+  std::string drawn;
+  for (const char& c : text) drawn += c == kRoot ? "\\\\\xD6" : TranslateDosText({&c, 1});
+  return drawn;
+}
+
 }  // namespace
 
 std::string nameInKey(std::string name) {
@@ -237,7 +245,7 @@ std::string formulaInKey(const std::string& formula) {
     text += "^{" + nameInKey(formula.substr(i + 1, end - i - 1)) + "}";
     i = end - 1;
   }
-  return text;
+  return drawnSigns(text);
 }
 
 std::string sheetText(const PlotSheet& sheet, GralCls& drawing) {

@@ -45,7 +45,7 @@ inline constexpr const char* kResidualTitle = "Scarti / \\\\s";
 /// A name as a key shows it: the signs of markup, which cannot be written, are blanks.
 std::string nameInKey(std::string name);
 
-/// A formula as a key shows it: powers are raised.
+/// A formula in the old 8-bit code as a key shows it: powers are raised, signs are markup.
 std::string formulaInKey(const std::string& formula);
 
 /// The graphic file that draws the sheet on a page like that of the open drawing.

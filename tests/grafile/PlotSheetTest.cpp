@@ -167,6 +167,7 @@ TEST_F(PlotSheetTest, NamesHaveNoMarkupAndFormulasRaisePowers) {
   EXPECT_EQ(formulaInKey("x^0.5-2"), "x^{0.5}-2");
   EXPECT_EQ(formulaInKey("x^(a-(b+1))*y"), "x^{(a-(b+1))}*y");
   EXPECT_EQ(formulaInKey("x^"), "x^{}");
+  EXPECT_EQ(formulaInKey("y = \xFB(ax\xFD+b)"), "y = \\\\\xD6(ax^2+b)") << "the root of the Greek font";
 }
 
 TEST_F(PlotSheetTest, ResidualsStandBelowOnTheSameX) {

@@ -27,7 +27,7 @@ SheetCurve curveOf(const std::string& text, EvaluationListener& listener) {
   const auto values = [formula, &listener](std::span<const double> x) {
     return formula->valuesAt(x, listener);
   };
-  return {TranslateDosText(formulaInKey(expression)), {"", expression}, values};
+  return {formulaInKey(expression), {"", expression}, values};
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "base/NumberMasks.h"
@@ -19,9 +20,52 @@ const NumberMask kPointMask(" ##.#####^^^^ ");
 /// Rounded up to the digits of a mask, a number beyond this one would be none any more.
 constexpr double kLargestWritten = 1.79E308;
 
-/// `dataField(value, kPointMask)`. Long files are nothing but such fields, so the usual ones are made in place: 15
-/// digits as everywhere, rounded to six.
+/// The powers of ten that a double holds exactly.
+constexpr std::array kTens{1E0,  1E1,  1E2,  1E3,  1E4,  1E5,  1E6,  1E7,  1E8,  1E9,  1E10, 1E11,
+                           1E12, 1E13, 1E14, 1E15, 1E16, 1E17, 1E18, 1E19, 1E20, 1E21, 1E22};
+
+/// A number of six digits: `digits`, from 100000 to 999999, times 10 to the power `exponent` - 5.
+struct SixDigits {
+  int digits = 0, exponent = 0;
+};
+
+enum class Found { kYes, kNo, kOutOfReach };
+
+/// Looks for the number of six digits, without its sign, that reads back as this one. One product or quotient of a
+/// whole number and a power of ten gives the double nearest to the exact result where both are exact, so this asks
+/// for no text; where the power is none of `kTens`, nothing is known.
+Found findSixDigits(double value, SixDigits& found) {
+  constexpr double kLog2 = 0.30103;
+  constexpr int kBeyond = 1000000;
+  const double size = std::fabs(value);
+  if (!(size >= 1E-16 && size <= 1E26)) return Found::kOutOfReach;
+  for (found.exponent = static_cast<int>(std::floor(std::ilogb(size) * kLog2));; ++found.exponent) {
+    const int shift = 5 - found.exponent;
+    const double ten = kTens.at(static_cast<std::size_t>(std::abs(shift)));
+    found.digits = static_cast<int>((shift > 0 ? size * ten : size / ten) + 0.5);
+    // The power of two may tell an exponent that is one too small.
+    if (found.digits >= kBeyond) continue;
+    return (shift > 0 ? found.digits / ten : found.digits * ten) == size ? Found::kYes : Found::kNo;
+  }
+}
+
+std::string fieldOf(const SixDigits& number, bool negative) {
+  std::string field = negative ? " -0.00000E+00 " : "  0.00000E+00 ";
+  const auto put = [&field](std::size_t place, int digit) { field[place] = static_cast<char>('0' + digit); };
+  int rest = number.digits;
+  for (std::size_t place = 8; place > 3; --place, rest /= 10) put(place, rest % 10);
+  put(2, rest);
+  if (number.exponent < 0) field[10] = '-';
+  put(11, std::abs(number.exponent) / 10);
+  put(12, std::abs(number.exponent) % 10);
+  return field;
+}
+
+/// `dataField(value, kPointMask)`. Long files are nothing but such fields, so the usual ones are made in place: those
+/// of numbers of six digits at once, others from 15 digits as everywhere, rounded to six.
 std::string sixDigits(double value) {
+  SixDigits found;
+  if (findSixDigits(value, found) == Found::kYes) return fieldOf(found, value < 0);
   constexpr std::ptrdiff_t kUsualLength = 20;  // "d.dddddddddddddde+dd"
   constexpr std::size_t kLast = 6;             // place of the sixth digit
   std::array<char, 32> digits{};
@@ -36,14 +80,12 @@ std::string sixDigits(double value) {
   return field;
 }
 
-/// True when six digits bring a number back: its shortest text tells, but for an exponent of three digits.
+/// True when six digits bring a number back.
 bool comesBack(double value) {
-  constexpr std::ptrdiff_t kLongest = 11;  // "d.ddddde+dd"
-  std::array<char, 32> digits{};
-  char* const end =
-      std::to_chars(digits.begin(), digits.end(), std::fabs(value), std::chars_format::scientific).ptr;
-  if (end - digits.begin() > 4 && end[-4] == 'e') return end - digits.begin() <= kLongest;
-  return scanNumber(dataField(value, kDataDigits)) == value;
+  SixDigits found;
+  const Found answer = findSixDigits(value, found);
+  if (answer != Found::kOutOfReach) return answer == Found::kYes;
+  return value == 0 || scanNumber(dataField(value, kDataDigits)) == value;
 }
 
 }  // namespace
@@ -84,9 +126,11 @@ std::string dataFileText(const DataSet& data, int digits) {
                      utf8OfFigureText(dataTitle(data.TitleY)) + lineEnd + signedText(data.NumPnt) +
                      (hasXErrors ? " 1" : "") + lineEnd;
   for (int i = 1; i <= data.NumPnt; ++i) {
-    text += dataField(data.Xpnt[i], digits) + dataField(data.Ypnt[i], digits);
+    text += dataField(data.Xpnt[i], digits);
+    text += dataField(data.Ypnt[i], digits);
     if (hasXErrors) text += dataField(data.ErrXpnt[i], digits);
-    text += dataField(data.ErrYpnt[i], digits) + lineEnd;
+    text += dataField(data.ErrYpnt[i], digits);
+    text += lineEnd;
   }
   return text;
 }

@@ -97,7 +97,11 @@ std::string decodeUtf16(std::string_view bytes, bool highFirst) {
     const auto low = static_cast<char32_t>(code(bytes[highFirst ? i + 1 : i]));
     const char32_t c = high << 8 | low;
     // What takes two of these has no place in a title.
-    appendUtf8(text, c >= 0xD800 && c < 0xE000 ? kUnknown : c);
+    if (c < 0x80) {
+      text += static_cast<char>(c);
+    } else {
+      appendUtf8(text, c >= 0xD800 && c < 0xE000 ? kUnknown : c);
+    }
   }
   return text;
 }

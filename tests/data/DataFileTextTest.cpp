@@ -110,6 +110,21 @@ TEST(DataField, IsTheMasksWhereItTakesTheNumber) {
   }
 }
 
+TEST(DataField, OfSixDigitsIsTheMasksForNumbersOfAnyLength) {
+  std::mt19937_64 chance(3);
+  for (int i = 0; i < 2500; ++i) {
+    std::string digits = std::to_string(chance());
+    digits.resize(1 + chance() % 9);
+    const int exponent = static_cast<int>(chance() % 81) - 40;
+    const double value = std::stod((chance() % 2 == 0 ? "-" : "") + digits + "E" + std::to_string(exponent));
+    for (const double near : {value, std::nextafter(value, 0), std::nextafter(value, 2 * value)}) {
+      const std::string field = FormatMask(near, " ##.#####^^^^ ");
+      ASSERT_EQ(dataField(near, kDataDigits), field) << near;
+      ASSERT_EQ(losesDigits(equalPoints(near, 1, 1)), scanNumber(field) != near) << near;
+    }
+  }
+}
+
 TEST(DataField, DepartureGivesADecimalForTheThirdDigitOfAnExponent) {
   EXPECT_EQ(dataField(-1E-120, " ##.#####^^^^ "), " -1.0000E-120 ");
   EXPECT_EQ(dataField(-1E-120, "  ##.####^^^^"), "  -1.000E-120");

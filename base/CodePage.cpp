@@ -1,5 +1,6 @@
 #include "base/CodePage.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -167,6 +168,28 @@ std::optional<char32_t> takeCharacter(std::string_view& bytes) {
   return c;
 }
 
+/// Of the Latin letters those of Windows-1252.
+char32_t smallLetter(char32_t c) {
+  const auto isWithin = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
+  if (isWithin(U'A', U'Z') || (isWithin(U'À', U'Þ') && c != U'×') || isWithin(U'Α', U'Ω')) return c + 32;
+  switch (c) {
+    case U'Œ':
+    case U'Š':
+    case U'Ž':
+      return c + 1;
+    case U'Ÿ':
+      return U'ÿ';
+    case U'ς':
+      return U'σ';
+    case U'\u00B5':  // micro
+      return U'μ';
+    case U'\u2126':  // ohm
+      return U'ω';
+    default:
+      return c;
+  }
+}
+
 }  // namespace
 
 char32_t toUnicode(char c, CodePage page) {
@@ -242,6 +265,11 @@ std::optional<std::u32string> decodeUtf8(std::string_view bytes) {
     result += *c;
   }
   return result;
+}
+
+bool equalIgnoringLetterCase(std::string_view a, std::string_view b) {
+  const auto first = decodeUtf8(a), second = decodeUtf8(b);
+  return first && second ? std::ranges::equal(*first, *second, {}, smallLetter, smallLetter) : a == b;
 }
 
 char32_t unifiedForCp437(char32_t c) {

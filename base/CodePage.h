@@ -34,6 +34,9 @@ std::size_t leadingUtf8(std::string_view bytes);
 /// The characters of a text in UTF-8; nothing when the bytes are no UTF-8.
 std::optional<std::u32string> decodeUtf8(std::string_view bytes);
 
+/// True when both texts in UTF-8 are the same but for the case of their Latin and Greek letters; the micro sign is mu.
+bool equalIgnoringLetterCase(std::string_view a, std::string_view b);
+
 /// What code page 437 has for a character: its micro sign, sharp s, capital sigma and omega serve as Greek mu, Greek
 /// beta, the sign of a sum and that of ohms as well. Other characters stay themselves, with a place or without.
 char32_t unifiedForCp437(char32_t c);

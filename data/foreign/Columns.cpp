@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 
+#include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "data/foreign/Refusal.h"
@@ -52,9 +53,16 @@ std::string_view bareName(std::string_view name) {
 
 std::size_t columnNamed(const std::string& word, const TableShape& shape,
                         const std::vector<std::string>& names) {
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (equalIgnoringCase(names[i], word) || equalIgnoringCase(bareName(names[i]), word)) return i;
-  }
+  const auto column = [&](bool (*same)(std::string_view, std::string_view)) {
+    const auto isMeant = [&](const std::string& name) {
+      return same(name, word) || same(bareName(name), word);
+    };
+    return static_cast<std::size_t>(std::ranges::find_if(names, isMeant) - names.begin());
+  };
+  // "t" and "T" may stand side by side.
+  const auto isWord = [](std::string_view a, std::string_view b) { return a == b; };
+  if (const std::size_t i = column(isWord); i < names.size()) return i;
+  if (const std::size_t i = column(equalIgnoringLetterCase); i < names.size()) return i;
   const auto number = numberIn(word);
   for (std::size_t i = 0; i < shape.cells; ++i) {
     if (number == static_cast<double>(i + 1)) return i;
@@ -87,7 +95,7 @@ std::string_view errorOf(std::string_view name) {
 void refuseOtherOrder(const std::vector<std::size_t>& columns, const std::vector<std::string>& names) {
   if (columns.size() < 3 || columns.back() >= names.size()) return;
   const auto of = errorOf(names[columns[1]]);
-  if (of.empty() || !equalIgnoringCase(of, bareName(names[columns[0]]))) return;
+  if (of.empty() || !equalIgnoringLetterCase(of, bareName(names[columns[0]]))) return;
   const auto number = [&](std::size_t i) { return std::to_string(columns[i] + 1); };
   std::string usual = number(0);
   for (std::size_t i = 1; i < columns.size(); ++i) usual += "," + number(i);

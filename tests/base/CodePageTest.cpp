@@ -47,6 +47,18 @@ TEST(CodePage, WhatIsNoUtf8IsNotRead) {
   }
 }
 
+TEST(CodePage, CaseIsIgnoredInLatinAndGreekLetters) {
+  for (const auto& [a, b] : {std::pair{"ETÀ", "età"}, {"ΔΣΩ µ", "δςω μ"}, {"ŸŠŽŒÞ z", "ÿšžœþ Z"}}) {
+    EXPECT_TRUE(equalIgnoringLetterCase(a, b)) << a;
+    EXPECT_TRUE(equalIgnoringLetterCase(b, a)) << a;
+  }
+  for (const auto& [a, b] : {std::pair{"à", "a"}, {"×", "÷"}, {"@[", "`{"}, {"t", "tt"}, {"ß", "ÿ"}}) {
+    EXPECT_FALSE(equalIgnoringLetterCase(a, b)) << a;
+  }
+  EXPECT_TRUE(equalIgnoringLetterCase("\x85", "\x85"));
+  EXPECT_FALSE(equalIgnoringLetterCase("\x85", "\x84"));
+}
+
 TEST(CodePage, GreekLettersThatLookLikeOthersAreThose) {
   EXPECT_EQ(fromUnicode(unifiedForCp437(U'\u03BC'), CodePage::kCp437), '\xE6');
   EXPECT_EQ(fromUnicode(unifiedForCp437(U'\u03B2'), CodePage::kCp437), '\xE1');

@@ -101,6 +101,15 @@ TEST(BatchImport, EveryGuessCanBeOverruled) {
   EXPECT_THAT(batch("import --columns t,Q " + five).errors,
               EndsWith(": --columns: non c'e` una colonna \"Q\"; colonne di numeri: 1 (n), 2 (t), 3 (V), 4 "
                        "(dt), 5 (dV)\n"));
+  for (const char* columns : {"ETÀ,δV", "età,Δv"}) {
+    EXPECT_THAT(
+        batch(std::string("import --columns ") + columns + " " + file("n;Età;ΔV (V)\n1;2;3\n4;5;6\n")).output,
+        StartsWith("Età\n"));
+  }
+  // Names that differ by their case only are two.
+  const std::string cases = file("t;T;V\n1;2;3\n4;5;6\n");
+  EXPECT_THAT(batch("import --columns T,V " + cases).output, StartsWith("T\nV\n 2\n  2.00000E+00 "));
+  EXPECT_THAT(batch("import --columns t,v " + cases).output, StartsWith("t\nV\n 2\n  1.00000E+00 "));
   const std::string open = file("1,250;3,125\n1,500;4,250\n");
   EXPECT_THAT(batch("import --decimal , " + open).output, HasSubstr(" 2\n  1.25000E+00   3.12500E+00 "));
   EXPECT_THAT(batch("import --decimal . " + open).output, HasSubstr(" 2\n  1.25000E+03   3.12500E+03 "));

@@ -36,7 +36,7 @@ using Checker = Findings (*)(const std::string& fileName, const std::string& byt
 
 Findings checkData(const std::string& fileName, const std::string& bytes) {
   const DataReading read = parseLines(bytes);
-  if (read.errors.empty()) return {{true, {}}, {}, dataWarnings(read.data)};
+  if (read.errors.empty()) return {{true, {}}, {}, dataWarnings(read)};
   return {{false, read.errors}, causeOf(fileName, bytes), {}};
 }
 

@@ -42,7 +42,8 @@ bool isPoint(const std::string& title, std::size_t columns) {
 
 }  // namespace
 
-std::vector<std::string> dataWarnings(const DataSet& data) {
+std::vector<std::string> dataWarnings(const DataReading& reading) {
+  const DataSet& data = reading.data;
   const Column x = data.Xpnt.span(1, data.NumPnt);
   const Column y = data.Ypnt.span(1, data.NumPnt);
   const auto [leastX, mostX] = std::minmax_element(x.begin(), x.end());
@@ -52,6 +53,9 @@ std::vector<std::string> dataWarnings(const DataSet& data) {
   const std::size_t columns = data.kXpntErr ? 4 : 3;
   if (isPoint(data.TitleX, columns) && isPoint(data.TitleY, columns))
     warnings.emplace_back("i titoli sembrano punti; senza le tre linee iniziali: import --header 0");
+  else if (reading.declaredCount != data.NumPnt)
+    warnings.push_back("la terza linea annuncia " + std::to_string(reading.declaredCount) +
+                       " punti, ma sono " + std::to_string(data.NumPnt));
   if (const std::string text = errorsWarning(data.ErrYpnt.span(1, data.NumPnt)); !text.empty()) {
     warnings.push_back(text);
   }

@@ -15,7 +15,7 @@ using ::testing::SizeIs;
 std::vector<std::string> warningsOf(const std::string& points, const char* count = "3") {
   const DataReading reading = parseLines(std::string("x\ny\n") + count + "\n" + points);
   EXPECT_EQ(reading.errors, "");
-  return dataWarnings(reading.data);
+  return dataWarnings(reading);
 }
 
 TEST(DataWarnings, OrdinaryPointsHaveNone) {
@@ -28,13 +28,20 @@ TEST(DataWarnings, OrdinaryPointsHaveNone) {
 }
 
 TEST(DataWarnings, TitlesThatSeemToBePointsAreSeen) {
-  const auto warnings = [](const char* text) { return dataWarnings(parseLines(text).data); };
+  const auto warnings = [](const char* text) { return dataWarnings(parseLines(text)); };
   EXPECT_THAT(warnings("1 2 .1 .1\n2 3\t.1 .1\n3 4 .1 .1\n4 5 .1 .1\n5 6 .1 .1\n"),
               ElementsAre("i titoli sembrano punti; senza le tre linee iniziali: import --header 0"));
   EXPECT_THAT(warnings("1 2 .1\n2 3 .1\n2\n4 5 .1\n5 6 .1\n"), SizeIs(1));
   EXPECT_THAT(warnings("1 2 .1 .1\ny\n2 1\n4 5 .1 .1\n5 6 .1 .1\n"), IsEmpty());
   EXPECT_THAT(warnings("1\n2\n2\n4 5 .1\n5 6 .1\n"), IsEmpty());
   EXPECT_THAT(warnings("1 2 3 4 5\n2 3 4 5 6\n2 1\n4 5 .1 .1\n5 6 .1 .1\n"), IsEmpty());
+}
+
+TEST(DataWarnings, AnotherNumberOfPointsThanTheCountLineTellsIsSeen) {
+  EXPECT_THAT(warningsOf("1 2 .1\n2 3 .1\n", "5"), ElementsAre("la terza linea annuncia 5 punti, ma sono 2"));
+  EXPECT_THAT(warningsOf("1 2 .1 0\n2 3 .1 -1\n", "1 1"),
+              ElementsAre("la terza linea annuncia 1 punti, ma sono 2",
+                          "dy nullo o negativo in 2 punti, il primo il 1"));
 }
 
 TEST(DataWarnings, ErrorsThatAreNoneAreCounted) {

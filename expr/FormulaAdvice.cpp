@@ -45,6 +45,14 @@ std::string adviceText(AdviceKind kind, const std::string& culprit, const std::s
          (meant.empty() ? "" : ": forse " + meant);
 }
 
+/// A name that the language takes for one that is too long: its beginning, and the digits at its end, which tell it from
+/// its likes.
+std::string shorterName(const std::string& name) {
+  const std::size_t digits =
+      std::min<std::size_t>(name.size() - 1 - name.find_last_not_of("0123456789"), kNameWidth - 1);
+  return left(name, kNameWidth - static_cast<int>(digits)) + name.substr(name.size() - digits);
+}
+
 constexpr std::string_view kOperators = "+-*/^";
 
 bool isOperator(char c) {
@@ -292,7 +300,7 @@ class Reader {
     if (isFunction) return tell(AdviceKind::kBareFunction, at_, name);
     const std::string meant = nameFor(name);
     if (length(name) <= kNameWidth) return tell(AdviceKind::kUnknownName, at_, name, meant);
-    tell(AdviceKind::kLongName, at_, name, meant.empty() ? left(name, kNameWidth) : meant);
+    tell(AdviceKind::kLongName, at_, name, meant.empty() ? shorterName(name) : meant);
   }
 
   std::string functionFor(const std::string& name) const {

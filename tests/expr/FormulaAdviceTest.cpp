@@ -57,6 +57,8 @@ TEST(FormulaAdvice, ANameThatThereIsNot) {
   EXPECT_EQ(shown("x/tua"), "x/tua\n  ^ \"tua\" non e` definita: forse tau\n");
   EXPECT_EQ(shown("x+q"), "x+q\n  ^ \"q\" non e` definita\n");
   EXPECT_EQ(shown("x+alpha"), "x+alpha\n  ^ \"alpha\" ha piu` di 4 caratteri: forse alph\n");
+  EXPECT_EQ(shown("speed1"), "speed1\n^ \"speed1\" ha piu` di 4 caratteri: forse spe1\n");
+  EXPECT_EQ(shown("v12345"), "v12345\n^ \"v12345\" ha piu` di 4 caratteri: forse v345\n");
   EXPECT_EQ(shown("SIN*x"), "SIN*x\n^ \"SIN\" e` una funzione e vuole i suoi argomenti\n");
 }
 

@@ -6,6 +6,7 @@
 #include "batch/FileKind.h"
 #include "batch/TerminalPicture.h"
 #include "batch/TerminalPorts.h"
+#include "batch/TypedFormula.h"
 #include "commands/ExhaustedBox.h"
 #include "data/GridFile.h"
 #include "grafile/FigureDescription.h"
@@ -54,7 +55,9 @@ DrawnFigure drawGraphicFile(const std::string& fileName, const std::string& byte
   run.seekIn({folderOf(fileName)});
   run.runText(bytes);
   drawing.GralGrEnd();
-  return {run.errors(), run.warnings(), describeFigure(bytes, GetFileName(fileName))};
+  std::vector<std::string> warnings = run.warnings();
+  for (const std::string& doubt : run.doubts()) warnings.push_back("formula:\n" + doubtLines(doubt));
+  return {run.errors(), warnings, describeFigure(bytes, GetFileName(fileName))};
 }
 
 namespace {

@@ -17,9 +17,13 @@ CompiledExpression compileTyped(const std::string& definition, bool trace) {
   return std::move(compiled.code);
 }
 
+std::string doubtLines(const std::string& lines) {
+  return terminalText(lines.substr(0, lines.size() - kCrLf.size()));
+}
+
 std::string doubtText(const DoubtfulFunction& function) {
   return "riga " + std::to_string(function.line) + ", funzione " + std::to_string(function.number) + ":\n" +
-         terminalText(function.text.substr(0, function.text.size() - kCrLf.size()));
+         doubtLines(function.text);
 }
 
 }  // namespace vk

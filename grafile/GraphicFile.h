@@ -61,6 +61,10 @@ class GraphicRun {
   /// What is drawn and shows something else than people think; ASCII.
   const std::vector<std::string>& warnings() const { return warnings_; }
 
+  /// The formulas that were drawn in a sense that nobody means, as "2x" for 2: each with advice (`adviceLines`), CR LF
+  /// ended, code page 437.
+  const std::vector<std::string>& doubts() const { return doubts_; }
+
   /// The last line drew a function that has no value at the last of its points.
   bool lastPointFailed() const { return lastPointFailed_; }
 
@@ -103,6 +107,7 @@ class GraphicRun {
   std::optional<DataSet> readData(const std::string& name);
   std::optional<DataSet> readBand(const std::string& name);
   std::optional<Formula> readFormula(const std::string& formula);
+  void doubt(const std::string& formula);
   std::optional<FormulaCurve> sampleFormula(const std::string& text);
   std::optional<FormulaCurve> sampleFinely(const std::string& text);
   void fillBetween(const Array<double>& x, const Array<double>& low, const Array<double>& high,
@@ -133,7 +138,7 @@ class GraphicRun {
   std::string failure_;  // of the present line; empty while it is good
   FileText file_{{}};    // what is run
   ErrorList errors_;
-  std::vector<std::string> warnings_;
+  std::vector<std::string> warnings_, doubts_;
   bool lastPointFailed_ = false;
 };
 

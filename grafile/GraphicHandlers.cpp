@@ -11,6 +11,7 @@
 #include "base/Text.h"
 #include "data/DataFiles.h"
 #include "expr/Compiler.h"
+#include "expr/FormulaAdvice.h"
 #include "grafile/FineCurve.h"
 #include "grafile/FrameTexts.h"
 #include "grafile/GraphicFile.h"
@@ -208,7 +209,18 @@ std::optional<Formula> GraphicRun::readFormula(const std::string& formula) {
   Compilation compiled;
   if (flag == 0) compiled = compile("y@x@ @ @" + expression);
   if (!compiled.ok) return refuse(" Errata");
+  doubt(formula);
   return Formula(std::move(compiled.code));
+}
+
+/// Keeps what is to be said of a formula that compiles. Its names are parameters, which may be longer than those of
+/// other formulas.
+void GraphicRun::doubt(const std::string& formula) {
+  std::vector<std::string> names{"x"};
+  for (const auto& [key, place] : parameters_.places) names.push_back(trimLeft(key.substr(1)));
+  std::vector<FormulaAdvice> advice = adviseOn(formula, names);
+  std::erase_if(advice, [](const FormulaAdvice& piece) { return piece.kind == AdviceKind::kLongName; });
+  if (!advice.empty()) doubts_.push_back(file_.gridText(adviceLines(formula, advice)));
 }
 
 std::optional<FormulaCurve> GraphicRun::sampleFormula(const std::string& text) {

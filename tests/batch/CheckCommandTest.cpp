@@ -90,6 +90,23 @@ TEST(BatchCheck, WhatIsOddAboutAGoodFileIsAWarning) {
   EXPECT_EQ(run.errors, file + ": attenzione: dy nullo o negativo nel punto 2\n");
 }
 
+TEST(BatchCheck, AFormulaOfAGraphicFileInAnotherSenseIsAWarning) {
+  const std::string axes = "\\XASSE(0,9,1,3,3,0)\r\n\\YASSE(0,9,1,3,3,0)\r\n\\PARAMETRI(omega=3,a=-1)\r\n";
+  const std::string file = temporaryFile(
+      "A.GRA", axes + "\\FUNZIONE(SIN( omega*x )+a)\r\n\\FUNZIONE(2x+1)\r\n\\FUNZIONE(x*2,5)\r\n");
+  const std::string told = file + ": attenzione: formula:\n2x+1\n^ \"2x\" non e` un numero: forse 2*x\n" +
+                           file +
+                           ": attenzione: formula:\nx*2,5\n   ^ la virgola separa solo gli argomenti di una "
+                           "funzione: forse 2.5\n";
+  const BatchRun check = batch("check '" + file + "'");
+  EXPECT_EQ(check.exitCode, 0);
+  EXPECT_EQ(check.output, file + ": nessun errore\n");
+  EXPECT_EQ(check.errors, told);
+  const BatchRun draw = batch("draw --format svg -o - '" + file + "'");
+  EXPECT_EQ(draw.exitCode, 0);
+  EXPECT_EQ(draw.errors, told);
+}
+
 // What may stand in a file of each kind, and why it is no other.
 TEST(BatchCheck, TellsWhatAFileOfAnotherKindIs) {
   const std::string image = "\x89PNG\r\n\x1A\n0", figure = "\\SIMBOLO(3,4)\r\n",

@@ -99,7 +99,32 @@ std::vector<FailedRows> Transformation::store() {
   return std::move(failed_);
 }
 
+/// "3, 7-9, 12": row numbers, three or more that follow one another as a range.
+std::string rowList(const std::vector<int>& rows, std::size_t most) {
+  std::string list;
+  for (std::size_t i = 0; i < rows.size(); --most) {
+    list += list.empty() ? "" : ", ";
+    if (most == 0) return list + "...";
+    std::size_t last = i;
+    while (last + 1 < rows.size() && rows[last + 1] == rows[last] + 1) ++last;
+    if (last < i + 2) last = i;
+    list += std::to_string(rows[i]);
+    if (last > i) list += "-" + std::to_string(rows[last]);
+    i = last + 1;
+  }
+  return list;
+}
+
 }  // namespace
+
+std::string failedRowsText(const std::vector<FailedRows>& failed, std::size_t most) {
+  std::string text;
+  for (const FailedRows& column : failed) {
+    text += (text.empty() ? "" : "; ") + ("formula di " + column.column) + " NON calcolabile nelle righe " +
+            rowList(column.rows, most);
+  }
+  return text;
+}
 
 std::string columnNames(const DataSet& data) {
   return data.kXpntErr ? " x ydxdy" : " x ydy";

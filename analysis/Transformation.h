@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,10 @@ struct FailedRows {
   std::string column;
   std::vector<int> rows;  ///< from 1, rising
 };
+
+/// "formula di y NON calcolabile nelle righe 3, 7-9; ...": of each column at most so many rows or ranges of rows.
+std::string failedRowsText(const std::vector<FailedRows>& failed,
+                           std::size_t most = std::numeric_limits<std::size_t>::max());
 
 /// What a transformation did.
 struct TransformResult {

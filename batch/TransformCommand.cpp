@@ -47,29 +47,6 @@ void requireFormulas(const TransformArguments& arguments, const DataSet& data) {
   }
 }
 
-/// "3, 7-9, 12": row numbers, three or more that follow one another as a range.
-std::string rowList(const std::vector<int>& rows) {
-  std::string list;
-  for (std::size_t i = 0; i < rows.size();) {
-    std::size_t last = i;
-    while (last + 1 < rows.size() && rows[last + 1] == rows[last] + 1) ++last;
-    if (last < i + 2) last = i;
-    list += (list.empty() ? "" : ", ") + std::to_string(rows[i]);
-    if (last > i) list += "-" + std::to_string(rows[last]);
-    i = last + 1;
-  }
-  return list;
-}
-
-void tellFailedRows(const std::vector<FailedRows>& failed) {
-  std::string line;
-  for (const FailedRows& column : failed) {
-    line += (line.empty() ? "transform: " : "; ") + ("formula di " + column.column) +
-            " NON calcolabile nelle righe " + rowList(column.rows);
-  }
-  std::cerr << line << '\n';
-}
-
 Json column(const Array<double>& values, int count) {
   Json::List list;
   for (const double value : values.span(1, count)) list.emplace_back(value);
@@ -101,7 +78,7 @@ int runTransform(const TransformArguments& arguments) {
   ExhaustedBox listener(dialogs);
   const TransformResult result = transform(session.loaded.data, formulas, listener);
   if (!result.failed.empty()) {
-    tellFailedRows(result.failed);
+    std::cerr << "transform: " << failedRowsText(result.failed) << '\n';
     if (!arguments.anyway) return kExitFailed;
   }
   if (!arguments.outputFile.empty()) writeData(files, arguments.outputFile, result.data, arguments.digits);

@@ -23,6 +23,7 @@ constexpr int kPromptWidth = 9;
 constexpr int kTextColumn = 22;
 constexpr int kFirstFormula = 3;
 constexpr const char* kTextKind = "#String";
+constexpr std::size_t kMostRanges = 5;  // of rows that a box names
 // QUIRK: lists dx for data without errors of x too; such a formula passes the field and fails in the end.
 constexpr const char* kFormulaKind = "#Function@y@x,y,dx,dy@ @ @";
 
@@ -91,6 +92,9 @@ TransformResult TransformData(const DataSet& data, const TransformFormulas& form
   TransformResult result = transform(data, formulas, listener);
   if (!result.replaced()) {
     dialogs.plainBox(kProgramTitle, WindowText(kBadDefinition + result.badColumn + kPressToContinueClose));
+  } else if (!result.failed.empty()) {
+    dialogs.plainBox(kProgramTitle,
+                     WindowText(failedRowsText(result.failed, kMostRanges) + kPressToContinueClose));
   }
   return result;
 }

@@ -45,6 +45,16 @@ TEST_F(TransformTest, NamesTheRowsWhoseFormulaFails) {
   EXPECT_THAT(result.failed[0].rows, ElementsAre(1, 2));
 }
 
+TEST(FailedRows, AreNamedByRangesUpToAsManyAsAreWanted) {
+  const std::vector<FailedRows> failed{{"y", {1, 2, 4, 5, 6, 9}}, {"dy", {3}}};
+  EXPECT_EQ(
+      failedRowsText(failed),
+      "formula di y NON calcolabile nelle righe 1, 2, 4-6, 9; formula di dy NON calcolabile nelle righe 3");
+  EXPECT_EQ(
+      failedRowsText(failed, 3),
+      "formula di y NON calcolabile nelle righe 1, 2, 4-6, ...; formula di dy NON calcolabile nelle righe 3");
+}
+
 TEST_F(TransformTest, GivesTheOldDataBackWhereAFormulaIsBad) {
   const TransformResult result = transformed("x*2", "y+", "dy");
   EXPECT_FALSE(result.replaced());

@@ -173,8 +173,12 @@ TEST_F(TransformationTest, AHitAcrossNamesCountsWithErrorsOfXToo) {
   EXPECT_THAT(column(session.loaded.data.Ypnt), Each(0.03));
 }
 
-TEST_F(TransformationTest, ValuesThatCannotBeComputedStandAsTheEvaluationLeftThem) {
+TEST_F(TransformationTest, DepartureValuesThatCannotBeComputedAreToldAndStandAsTheEvaluationLeftThem) {
+  dialogs.expectBox();
   transform({"t", "s", "x", "LOG(x-2)", "dy"});
+  EXPECT_EQ(
+      dialogs.boxes.back(),
+      (ScriptedDialogs::Box{"VOR_KEL", "formula di y NON calcolabile nelle righe 1, 2  <*> per Continuare"}));
   EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(-1, 0, 0));
 }
 

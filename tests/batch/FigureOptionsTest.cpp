@@ -1,6 +1,9 @@
 #include "batch/FigureOptions.h"
 
+#include <cmath>
 #include <filesystem>
+#include <iomanip>
+#include <sstream>
 
 #include "batch/BatchRun.h"
 #include "batch/TerminalPorts.h"
@@ -95,7 +98,13 @@ TEST(BatchDraw, MakesEncapsulatedPostScript) {
   const BatchRun run = batch("draw '" + figureFile() + "' -o '" + eps + "' --size 12x8cm");
   EXPECT_EQ(run.exitCode, 0) << run.errors;
   EXPECT_THAT(fileContent(eps), StartsWith("%!PS-Adobe-3.0 EPSF-3.0"));
-  EXPECT_THAT(fileContent(eps), HasSubstr("%%HiResBoundingBox: 0 0.23 340.16 227"));
+  // It is made of a PDF page, which has whole points, and at whose top left corner stands the sheet in its exact size.
+  const auto inPoints = [](double cm) { return cm / 2.54 * 72; };
+  const double page = std::ceil(inPoints(8));
+  std::ostringstream box;
+  box << "%%HiResBoundingBox: 0 " << std::setprecision(2) << page - inPoints(8) << " " << std::setprecision(5)
+      << inPoints(12) << " " << page << "\n";
+  EXPECT_THAT(fileContent(eps), HasSubstr(box.str()));
 }
 
 TEST(BatchDraw, BadWishesForAFigureLeaveNoFile) {

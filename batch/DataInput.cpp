@@ -18,7 +18,7 @@ namespace {
 /// The name as a word of the shell.
 std::string shellWord(const std::string& fileName) {
   const auto plain = [](char c) { return isLetter(c) || isDigit(c) || position("._/-+", {&c, 1}) > 0; };
-  const std::string name = shownName(fileName);
+  std::string name = shownName(fileName);
   if (std::all_of(name.begin(), name.end(), plain)) return name;
   std::string word = "'";
   for (const char c : name) word += c == '\'' ? "'\\''" : std::string{c};

@@ -225,6 +225,40 @@ file base/A.cpp 'int  a;'
 expect "A.cpp" format "a source with two blanks"
 
 begin
+rm -rf "$made/checks" && mkdir "$made/checks" && cp "$root/checks/lint" "$root/checks/layers.txt" "$made/checks"
+(cd "$made" && mkdir -p $(sed -n 's/^\([a-z]*\):.*/\1/p' checks/layers.txt))
+looks_at() { # what the checkout is, sources in the order of their names
+  local said
+  said=$("$made/checks/lint" --list | tr '\n' ' ')
+  [ "$said" = "${*:2} " ] || { echo "checks/lint: $1 looks at $said"; exit 1; }
+}
+repository() { git -C "$made" -c user.name=a -c user.email=a "$@" > "$made/said" 2>&1 || { cat "$made/said"; exit 1; }; }
+commit() {
+  repository add -- base ui
+  repository commit -m "$1"
+}
+file base/A.cpp '#include "base/A.h"'
+file base/A.h
+file base/B.h
+file ui/B.cpp '#include "base/B.h"'
+looks_at "an archive" base/A.cpp ui/B.cpp
+repository init -b main
+commit one
+looks_at "a clone of one commit" base/A.cpp ui/B.cpp
+file ui/C.cpp
+commit two
+looks_at "main" ui/C.cpp
+repository switch -c branch
+file base/A.h '//'
+commit three
+file base/B.h '//'
+file base/D.cpp
+looks_at "a branch with work that is not committed" base/A.cpp base/D.cpp ui/B.cpp
+commit four
+repository update-ref refs/remotes/origin/main branch
+looks_at "a branch that has landed" base/D.cpp ui/B.cpp
+
+begin
 file session/Session.h 'Int16 ErrFlag;'
 file platform/Dialogs.h 'class Dialogs;'
 file commands/CommandTable.cpp '"MenDat"'

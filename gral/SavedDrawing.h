@@ -14,6 +14,7 @@ class SavedDrawing {
         fillColor_(device.FillColor()),
         foreColor_(device.ForeColor()),
         fontSize_(device.FontSize()) {}
+  // NOLINTNEXTLINE(bugprone-exception-escape): the device takes what it had.
   ~SavedDrawing() {
     device_.setDrawStyle(drawStyle_);
     device_.setFillStyle(fillStyle_);

@@ -55,13 +55,12 @@ void SvgPath::lineTo(const Place& place) {
 /// At the cap of a bar, a way along what is drawn anyhow is shorter than a move, and a way back after one forward
 /// needs no blank. Elsewhere no line is drawn twice: some viewers make the edges of such lines darker.
 void SvgPath::draw(const Line& line) {
-  if (text_.empty()) {
-    moveTo(line.from);
-  } else if (line.crosses(pen_)) {
+  const bool begun = !text_.empty();
+  if (begun && line.crosses(pen_)) {
     lineTo(std::max(line.from, line.to));
-  } else if (last_.crosses(line.from)) {
+  } else if (begun && last_.crosses(line.from)) {
     lineTo(line.from);
-  } else if (pen_ != line.from && pen_ != line.to) {
+  } else if (!begun || (pen_ != line.from && pen_ != line.to)) {
     moveTo(line.from);
   }
   lineTo(pen_ == line.from ? line.to : line.from);

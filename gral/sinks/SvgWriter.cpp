@@ -121,7 +121,7 @@ void SvgWriter::clip(const PixelRect* region) {
 /// The filling as a colour, or as a pattern that is defined when it is first used.
 std::string SvgWriter::paint() {
   if (filling_.style == kFillTransparent) return "none";
-  const std::string color = svgColour(filling_.color);
+  std::string color = svgColour(filling_.color);
   if (filling_.style == kFillSolid) return color;
   const double cell = kHatchCell * kNominalTwipsPerPixel;
   const std::string name = "hatch" + generalText(filling_.style) + color.substr(1);

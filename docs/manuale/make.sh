@@ -28,8 +28,10 @@ links() {
   sed -E "s#(href|src)=\"$1#\1=\"#g; s#(href=\"[^\":]*)\.md([\"\#])#\1.html\2#g; s#href=\"\.\./examples/#href=\"#g"
 }
 
-# The gallery without its second part, which is for those who work on the drawing library.
-source_of() { sed '/^## What the drawing library draws/,$d' "$1"; }
+# The gallery without its second part, which is for those who work on the drawing library; on paper the first page without
+# its list of chapters, as the pages are numbered in another.
+on_paper=
+source_of() { sed "/^## What the drawing library draws/,\$d; ${on_paper:+/^| Capitolo /,/^\$/d}" "$1"; }
 
 chapter_list() { # the page that is being read, the way up from it to the folder
   local page
@@ -79,14 +81,15 @@ within() {
   links '\.\./' | sed -E 's|href="([0-9]{2}-[a-z-]+)\.html"|href="#\1"|g; s|href="([0-9]{2}-[a-z-]+)\.html#|href="#\1--|g' |
     sed -E 's|<a href="[^#][^"]*"[^>]*>([^<]*(<code>[^<]*</code>)?[^<]*)</a>|\1|g'
 }
+on_paper=yes
 {
   html manuale/indice.md title.html -V lang=it -V "version=$version"
   echo '<nav class="contents"><h1>Indice</h1>'
-  for chapter in "${chapters[@]}"; do
+  for chapter in "${pages[@]}"; do
     html "$chapter" contents.html --id-prefix "$(name "$chapter")--"
   done
   echo '</nav>'
-  for chapter in "${chapters[@]}"; do
+  for chapter in "${pages[@]}"; do
     echo "<section id=\"$(name "$chapter")\">"
     html "$chapter" body.html --id-prefix "$(name "$chapter")--" | within
     echo '</section>'

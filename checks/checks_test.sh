@@ -219,6 +219,17 @@ rm "$made/ui/qt/forms/B.cpp"
 expect "there is no ui/qt/forms/B.cpp" tests "a source that has gone"
 
 begin
+file tests/base/ATest.py 'print("EXPECT_EQ(a(), 2);")'
+file tests/base/ATest.cpp '  EXPECT_EQ(a(), 2);'
+expect held figures "a figure of its generator"
+file tests/base/ATest.cpp '  EXPECT_EQ(a(), 3);'
+expect "tests/base/ATest.cpp has no: EXPECT_EQ(a(), 2);" figures "a figure of somebody else"
+file tests/base/ATest.py 'raise ValueError'
+expect refused figures "a generator that fails"
+file tests/base/ATest.py
+expect "prints nothing" figures "a generator without figures"
+
+begin
 file base/A.cpp 'int a;'
 expect held format "a source as it should be laid out"
 file base/A.cpp 'int  a;'

@@ -91,7 +91,7 @@ TEST(IntervalFactor, IsThatOfTheNormalDistributionOfAKnownDeviation) {
 }
 
 TEST(IntervalFactor, IsStudentsForADeviationFromTheScatter) {
-  // Tables of Student's distribution, two-sided 95 per cent.
+  // Tables of Student's distribution, two-sided 95 per cent; the first is tan(0.95 pi / 2), by CurveBandTest.py.
   EXPECT_NEAR(intervalFactor(95, 1), 12.7062, 1E-3);
   EXPECT_NEAR(intervalFactor(95, 3), 3.18245, 1E-5);
   EXPECT_NEAR(intervalFactor(95, 30), 2.04227, 1E-5);

@@ -36,6 +36,7 @@ std::string lineWithXErrors(const std::string& words) {
                "--catalogue 1,3 --par a=.1 --par b=1 --par c=0 " + words);
 }
 
+// The lines of the parameters come from RefineTest.py.
 TEST(BatchRefine, PrintsTheMinimumBelowTheUnchangedReport) {
   const BatchRun plain = batch(decayed()), refined = batch(decayed("--refine"));
   EXPECT_EQ(refined.exitCode, 0);

@@ -58,6 +58,7 @@ TEST(FitDiagnosis, OpensFromTheScreenOfTheFitAlone) {
   EXPECT_FALSE(fit.output.detail().open) << "another report has nothing of the fit";
 }
 
+// The lines of the parameters come from FitDiagnosisTest.py.
 TEST(FitDiagnosis, ShowsTheTableTheProbabilityAndWhatTheWarningsMean) {
   FitAndDiagnosis fit("b*x+c", "b,c");
   EXPECT_EQ(line(fit).diagnosis(), R"(  y = f(x)

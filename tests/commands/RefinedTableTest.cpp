@@ -16,6 +16,7 @@ std::string tableOf(FitCase& fit, XErrors xErrors = XErrors::kEffective) {
   return refinedTable(fit.points, refined, fitWarnings(fit.points, result, refined)).toUtf8();
 }
 
+// The lines of the parameters come from RefinedTableTest.py.
 TEST(RefinedTable, ShowsFiguresParametersCorrelationsAndWarnings) {
   FitCase fit("A*EXP(-tau*x)+C", "A,tau,C");
   fit.data({0, 1, 2, 3, 4, 5, 6, 7}, {10.2, 7.1, 4.9, 3.9, 2.7, 2.4, 2.1, 1.6}, Values(8, 0.2));

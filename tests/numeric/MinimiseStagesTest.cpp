@@ -49,7 +49,8 @@ TEST(Minimise, EndsWhenTheStepAndTheSearchBehindItAreSmall) {
 }
 
 TEST(Minimise, GoesOnWhenASmallStepTurnsIntoALongSearch) {
-  // First step 0.74 units, but the search goes 1.5 times as far, 1.11 units: a second iteration follows.
+  // First step 0.74 units, but the search goes 1.5 times as far, 1.11 units: a second iteration follows. The sum comes
+  // from MinimiseStagesTest.py.
   ModelResiduals residuals(cubed, {1, 2}, {8.5, 15.5}, {1, 1});
   const Fit fit = minimise(residuals, {0.2}, {2});
   ASSERT_GE(fit.log.entries.size(), 2U);

@@ -73,8 +73,8 @@ TEST(Minimise, ComesNearTheTrueMinimumOfABellCurve) {
 }
 
 // ---- A whole run, number for number -----------------------------------------------------------------------
-// The figures come from a plain transcription of the procedure in another language; the model needs only the
-// four operations, so that every machine gets the same digits.
+// The figures come from MinimiseTest.py, a plain transcription of the procedure; the model needs only the four
+// operations, so that every machine gets the same digits.
 
 TEST(Minimise, FollowsItsProcedureStepByStep) {
   ModelResiduals residuals = hyperbolaProblem();

@@ -4,6 +4,7 @@
 
 #include "tests/numeric/KernelLog.h"
 
+// The figures come from SpecialFunctionsTest.py.
 namespace vk {
 namespace {
 
@@ -30,10 +31,10 @@ TEST(LnGamma, FailsFromZeroDown) {
 TEST(BetaFraction, ConvergesOrTellsThatItDoesNot) {
   KernelLog log;
   EXPECT_NEAR(betaFraction(2, 3, .4, log).value, 2.530864197530863, 1e-14);
-  EXPECT_NEAR(betaFraction(20000, 20000, .5, log).value, 250.66436180064647, 1e-9);
+  EXPECT_NEAR(betaFraction(20000, 20000, .5, log).value, 250.6643618006, 1e-9);
   EXPECT_THAT(log.kernels, IsEmpty());
   const Evaluation reached = betaFraction(50000, 50000, .5, log);
-  EXPECT_NEAR(reached.value, 396.33575860523536, 1e-9);
+  EXPECT_NEAR(reached.value, 396.3357586052, 1e-9);
   EXPECT_EQ(reached.fault, Fault::kExhausted);
   EXPECT_THAT(log.kernels, ElementsAre(Kernel::kBetaFraction));
 }
@@ -72,7 +73,7 @@ TEST(UpperGamma, TellsOfArgumentsOutsideItsDomain) {
 
 TEST(GammaSeries, TellsWhenTheTermsDoNotSuffice) {
   KernelLog log;
-  EXPECT_NEAR(gammaSeries(300, 300, log).value, 0.5076772952754106, 1e-7);
+  EXPECT_NEAR(gammaSeries(300, 300, log).value, 0.5076772953, 1e-7);
   EXPECT_THAT(log.kernels, IsEmpty());
   EXPECT_EQ(gammaSeries(400, 400, log), (Evaluation{0, Fault::kExhausted}));
   EXPECT_THAT(log.kernels, ElementsAre(Kernel::kGammaSeries));
@@ -85,11 +86,11 @@ TEST(GammaSeries, IsZeroAtZero) {
 
 TEST(GammaFraction, TellsTheSameAndGivesItsResultAllTheSame) {
   KernelLog log;
-  EXPECT_NEAR(gammaFraction(2000, 2001, log).value, 0.488109234280292, 1e-7);
+  EXPECT_NEAR(gammaFraction(2000, 2001, log).value, 0.4881092343, 1e-7);
   EXPECT_THAT(log.kernels, IsEmpty());
   // After a hundred terms it is still far from the true value, 0.8875.
   const Evaluation reached = gammaFraction(0.5, 0.01, log);
-  EXPECT_NEAR(reached.value, 0.9242862490084263, 1e-12);
+  EXPECT_NEAR(reached.value, 0.92428624900843, 1e-12);
   EXPECT_EQ(reached.fault, Fault::kExhausted);
   EXPECT_THAT(log.kernels, ElementsAre(Kernel::kGammaFraction));
 }

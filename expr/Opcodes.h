@@ -81,6 +81,7 @@ enum Opcode : int {
 };
 #undef VK_ENUMERATOR
 
+/// Functions of the language.
 inline constexpr int kFunctionCount = kBehindFunctions - kFirstFunction;
 
 // Code that was written down elsewhere holds these numbers.
@@ -99,6 +100,7 @@ struct Operation {
 };
 
 #define VK_ROW(name, text, arity, kind) Operation{kOp##name, text, arity, OpKind::kind},
+/// All rows: the operators, the functions, the wrapper and the negation.
 inline constexpr std::array kOperations{VK_OPERATIONS(VK_ROW) VK_FUNCTIONS(VK_ROW)  //
                                         Operation{kOpClosing, "value", 1, OpKind::kRegister},
                                         Operation{kOpNegate, "negate", 1, OpKind::kElementary}};

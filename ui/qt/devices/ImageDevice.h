@@ -17,6 +17,7 @@ class ImageDevice : private RasterSink, public Device {
   /// What it shows as a file of the PNG format.
   std::string png();
 
+  /// Its own pixels, before they are reduced to what is shown.
   const Raster& raster() const { return RasterSink::raster(); }
 
  private:

@@ -26,6 +26,7 @@ class VectorDevice : private DisplayList, public Device {
   std::string pdf(const FigureSheet& sheet = {}) const;
   std::string png(const FigureSheet& sheet = {}) const;
 
+  /// The drawing so far as the list of its primitives.
   const DisplayList& list() const { return *this; }
 
  private:

@@ -13,7 +13,8 @@ namespace vk {
 /// text, the empty one and one with blanks included, and for a number beyond the range of a double.
 std::optional<double> numberIn(std::string_view text);
 
-/// How many characters of the text, from its first one on, are a number as above, whatever its size; 0 when there is none.
+/// How many characters of the text, from its first one on, are a number as above, whatever its size; 0 when there is
+/// none.
 std::size_t numberLength(std::string_view text);
 
 /// True when there is such a value.

@@ -38,8 +38,8 @@ std::string_view takeField(std::string_view& rest, Separates separates) {
   return {start, end};
 }
 
-/// The text in lines of at most `width` characters, divided at blanks; all but the first one indented. A longer word has a
-/// line of its own.
+/// The text in lines of at most `width` characters, divided at blanks; all but the first one indented. A longer word
+/// has a line of its own.
 std::vector<std::string> wrapped(const std::string& text, int width);
 
 /// The line without the blanks at its ends. Only blanks count: tabs stay.

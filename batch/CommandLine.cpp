@@ -353,8 +353,8 @@ void addCommon(CLI::App& command) {
   command.add_flag_callback("--quiet", silenceNotes, "Nessuna nota: soltanto gli errori");
 }
 
-/// True for a command that may be meant. To make the options of the others would take a good part of a short run; only the
-/// completion needs them all.
+/// True for a command that may be meant. To make the options of the others would take a good part of a short run; only
+/// the completion needs them all.
 bool isNamed(const std::vector<std::string>& words, const std::string& command) {
   return std::ranges::any_of(words,
                              [&](const std::string& word) { return word == command || word == kCompletion; });

@@ -15,15 +15,15 @@ struct Session;
 /// Why the bytes of a file are no data, and the command that cures it; empty if unknown.
 std::string causeOf(const std::string& fileName, const std::string& bytes);
 
-/// Checks and loads a data file. Its errors raise `UsageError` with the program's own list and the cause; a declared count
-/// that differs from the points found is a note, as in the program.
+/// Checks and loads a data file. Its errors raise `UsageError` with the program's own list and the cause; a declared
+/// count that differs from the points found is a note, as in the program.
 void loadData(Session& session, Files& files, const std::string& fileName);
 
 /// Writes a file that the command line names; one that cannot be written raises `UsageError`.
 void writeFile(Files& files, const std::string& fileName, const std::string& bytes);
 
-/// How many digits written data are to have; another number than 1 to 17 raises `UsageError`. Nothing is the number that
-/// data files have as a rule.
+/// How many digits written data are to have; another number than 1 to 17 raises `UsageError`. Nothing is the number
+/// that data files have as a rule.
 int dataDigits(const std::optional<int>& wanted);
 
 /// Where nobody chose the digits of written data and some are lost, that is told.

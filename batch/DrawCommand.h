@@ -25,8 +25,9 @@ struct DrawArguments {
   bool anyway = false;    ///< also a figure with wrong lines is to be written, as far as they are good
 };
 
-/// Draws the figure, writes it and shows it. What looks other than people think is told on the stream of notes. Gives 0, or 2 when a line was wrong: the list of errors goes to the error stream,
-/// and an old file stays as it is. Files that cannot be read or written raise `UsageError`.
+/// Draws the figure, writes it and shows it. What looks other than people think is told on the stream of notes. Gives
+/// 0, or 2 when a line was wrong: the list of errors goes to the error stream, and an old file stays as it is. Files
+/// that cannot be read or written raise `UsageError`.
 int runDraw(const DrawArguments& arguments, FigureMaker& maker);
 
 /// What is said of a figure that was drawn: the list of its errors, CR LF ended, and warnings.

@@ -19,8 +19,9 @@ class FigureMaker {
  public:
   virtual ~FigureMaker() = default;
 
-  /// A form for a file in the format of the options: PNG, SVG, PDF or EPS. Where it is empty, the ending of the name tells
-  /// it. Another word, and bad options, raise `UsageError`; `bytes` does where an image would have too many pixels.
+  /// A form for a file in the format of the options: PNG, SVG, PDF or EPS. Where it is empty, the ending of the name
+  /// tells it. Another word, and bad options, raise `UsageError`; `bytes` does where an image would have too many
+  /// pixels.
   virtual FigureForm formFor(const std::string& fileName, const FigureOptions& options) = 0;
 };
 

@@ -27,15 +27,15 @@ struct FigurePage {
   const char* orientation() const { return portrait ? "PORTRAIT" : "LANDSCAPE"; }
 };
 
-/// The sheet that is asked for. A size with a side that is not from 2 to 100 cm, a density that is not from 30 to 1200, and
-/// a scale that is not from 0.1 to 5 raise `UsageError`.
+/// The sheet that is asked for. A size with a side that is not from 2 to 100 cm, a density that is not from 30 to 1200,
+/// and a scale that is not from 0.1 to 5 raise `UsageError`.
 FigureSheet sheetOf(const FigureOptions& options);
 
 /// The page of A4, which tells places in cm.
 FigurePage wholePage(const FigureOptions& options);
 
-/// A page with the sides of the sheet, for a figure whose places follow them: letters keep their size unless the sheet is
-/// too small for them.
+/// A page with the sides of the sheet, for a figure whose places follow them: letters keep their size unless the sheet
+/// is too small for them.
 FigurePage filledPage(const FigureOptions& options);
 
 }  // namespace vk

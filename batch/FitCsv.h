@@ -5,8 +5,8 @@
 #include "batch/FitFindings.h"
 
 /// Fits as lines of values that commas separate (RFC 4180, but with bare line feeds), in UTF-8. The columns follow from
-/// what was asked for, so all fits of one run have the same ones. A cell is empty where there is nothing to tell; numbers
-/// have the digits that bring them back exactly.
+/// what was asked for, so all fits of one run have the same ones. A cell is empty where there is nothing to tell;
+/// numbers have the digits that bring them back exactly.
 namespace vk {
 
 /// The line of names, for fits that are asked for the same as `wanted`.

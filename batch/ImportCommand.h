@@ -18,9 +18,10 @@ struct ImportArguments {
   bool preview = false;       ///< print the first points and write nothing
 };
 
-/// Reads each file and writes it as a data file; one that is a data file is copied as it is where no option changes
-/// its points or digits. What was taken, and the lines that were left out, are told on the error stream. Gives 0, and 2 when some
-/// file could not be read, understood or written, which is told; the others are done. Bad words raise `UsageError`.
+/// Reads each file and writes it as a data file; one that is a data file is copied as it is where no option changes its
+/// points or digits. What was taken, and the lines that were left out, are told on the error stream. Gives 0, and 2
+/// when some file could not be read, understood or written, which is told; the others are done. Bad words raise
+/// `UsageError`.
 int runImport(const ImportArguments& arguments);
 
 }  // namespace vk

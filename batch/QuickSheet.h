@@ -16,8 +16,8 @@ struct QuickSheetArguments {
   double xmin = 0, xmax = 10;  ///< of a sheet without data
 };
 
-/// All of them in one sheet; the titles are those of the first file. A file or a formula that is wrong raises `UsageError`.
-/// The curves compute by the listener.
+/// All of them in one sheet; the titles are those of the first file. A file or a formula that is wrong raises
+/// `UsageError`. The curves compute by the listener.
 PlotSheet quickSheet(const QuickSheetArguments& arguments, EvaluationListener& listener);
 
 }  // namespace vk

@@ -19,9 +19,9 @@ std::string halfBlocks(const Picture& picture, int columns);
 /// A form whose picture a terminal shows.
 FigureForm shownForm(FigureMaker& maker);
 
-/// Prints the picture as wide as the terminal is, or 80 columns where there is none; sixels as it is, at most as wide as the
-/// terminal shows in letters of the usual size. Nothing is asked of the terminal. Where sixels cannot be made `UsageError` is
-/// raised.
+/// Prints the picture as wide as the terminal is, or 80 columns where there is none; sixels as it is, at most as wide
+/// as the terminal shows in letters of the usual size. Nothing is asked of the terminal. Where sixels cannot be made
+/// `UsageError` is raised.
 void showPicture(const Picture& picture, const std::string& word);
 
 }  // namespace vk

@@ -81,7 +81,8 @@ def rows():
         yield f"{label}, PDF", Loop(program, f"toPdf/{name}"), Loop(program, f"plainPdf/{name}"), 1
     yield "bars, SVG", Loop("figures", "toSvg/points_with_bars"), Loop("figures", "plainSvg/points_with_bars"), 1
     for ending in ("png", "svg", "pdf"):
-        yield (f"draw, {ending.upper()}", Process("batch/vor_kel_figures", "draw", SHEET, "-o", BUILD / f"own.{ending}"),
+        yield (f"draw, {ending.upper()}",
+               Process("batch/vor_kel_figures", "draw", SHEET, "-o", BUILD / f"own.{ending}"),
                Process("bench/plain/plain_draw", BUILD / f"plain.{ending}"), 1)
 
 

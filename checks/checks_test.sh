@@ -234,6 +234,10 @@ file base/A.cpp 'int a;'
 expect held format "a source as it should be laid out"
 file base/A.cpp 'int  a;'
 expect "A.cpp" format "a source with two blanks"
+file base/A.cpp "// $(repeated 117 à | tr -d '\n')"
+expect held format "a comment of letters of two bytes"
+file base/A.cpp "// $(repeated 118 à | tr -d '\n')"
+expect "base/A.cpp:1:" format "a comment of 121 characters"
 
 begin
 rm -rf "$made/checks" && mkdir "$made/checks" && cp "$root/checks/lint" "$root/checks/layers.txt" "$made/checks"

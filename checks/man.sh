@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Fails when docs/man/en.txt lacks a text of the help of vor_kel_batch or has too much, when a page for man lacks a command,
-# and when one stands in one language only. With the folder of the made pages (docs/man/make.sh) it fails, too, when man
-# warns of one, when one has no name to be found by, and when one shows signs that only Markdown understands.
+# Fails when docs/man/en.txt lacks a text of the help of vor_kel_batch or has too much, when a page for man lacks a
+# command, and when one stands in one language only. With the folder of the made pages (docs/man/make.sh) it fails, too,
+# when man warns of one, when one has no name to be found by, and when one shows signs that only Markdown understands.
 # Usage: checks/man.sh PROGRAMS [PAGES]: PROGRAMS holds vor_kel_batch.
 set -euo pipefail
 program=$(realpath "$1")/vor_kel_batch

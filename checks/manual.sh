@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the manual, and fails when a link or an anchor of its pages leads nowhere (without looking at the network), or when
-# words of its PDF stand beyond the margin. Usage: checks/manual.sh [FOLDER, build/manual by default]
+# Makes the manual, and fails when a link or an anchor of its pages leads nowhere (without looking at the network), or
+# when words of its PDF stand beyond the margin. Usage: checks/manual.sh [FOLDER, build/manual by default]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 packaging/install.sh full

@@ -5,7 +5,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 command -v ctags > /dev/null || { echo "ctags is not installed"; exit 1; }
 
-given=" Frame3D GralContour GralFrame3d GralLego3d GralOaxis GralVaxis LineSearch Minimise Minimiser ParseFields PlotData Surf3D "
+given=" Frame3D GralContour GralFrame3d GralLego3d GralOaxis GralVaxis LineSearch Minimise Minimiser ParseFields "
+given+="PlotData Surf3D "
 
 folders=$(find . -mindepth 1 -maxdepth 1 -type d ! -name '.*' ! -name build)
 # shellcheck disable=SC2086
@@ -32,7 +33,9 @@ functions=$(ctags -x --languages=C++ --c++-kinds=fp --fields=+neS \
       return count
     }
     $2 - $1 + 1 > 60 { print $3 ":" $1 ": " $4 " has " $2 - $1 + 1 " lines" }
-    parameters($5) > 7 && $4 !~ /^__anon/ && !index(given, " " $4 " ") { print $3 ":" $1 ": " $4 " has " parameters($5) " parameters" }
+    parameters($5) > 7 && $4 !~ /^__anon/ && !index(given, " " $4 " ") {
+      print $3 ":" $1 ": " $4 " has " parameters($5) " parameters"
+    }
   ')
 
 if [ -n "$long_files$functions" ]; then

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Fails when an Italian page has a word that neither aspell nor docs/manuale/parole.txt knows, or an apostrophe in the place
-# of an accent. Commands, code and the English words of the glossary are left out.
+# Fails when an Italian page has a word that neither aspell nor docs/manuale/parole.txt knows, or an apostrophe in the
+# place of an accent. Commands, code and the English words of the glossary are left out.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 shopt -s nullglob globstar

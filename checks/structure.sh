@@ -75,6 +75,7 @@ writers=$(sources_of $existing | { xargs grep -lE '\bErrFlag\s*=[^=]|guard\([a-z
   { grep -v '^commands/' || true; } | wc -l)
 report "$writers" 0 "sources outside commands/ that write ErrFlag"
 # shellcheck disable=SC2086
-controls=$(sources_of $existing | grep -v '^commands/CommandTable' | { xargs grep -hoE '"Men[A-Z][A-Za-z]+(\(|")' || true; } | wc -l)
+controls=$(sources_of $existing | grep -v '^commands/CommandTable' |
+  { xargs grep -hoE '"Men[A-Z][A-Za-z]+(\(|")' || true; } | wc -l)
 report "$controls" 0 "literal names of menu controls outside their table"
 exit $status

@@ -53,8 +53,8 @@ void showRecentFiles(const Session& session, MainWindow& window, Int16 kind);
 /// Makes the next reading command of this kind take entry `index` (from 0) of its list.
 void pickRecentFile(Session& session, Int16 kind, int index);
 
-/// Makes the next reading command of this kind take a file as if it were chosen in the dialog, also where an entry of its
-/// list is picked; that one is no longer picked then.
+/// Makes the next reading command of this kind take a file as if it were chosen in the dialog, also where an entry of
+/// its list is picked; that one is no longer picked then.
 void handFile(Session& session, Int16 kind, const std::string& path);
 
 }  // namespace vk

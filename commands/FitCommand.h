@@ -14,8 +14,8 @@ void MenAdaAda(Session& session, Ports& ports);
 /// The same as a step of a command, whose listener hears of kernels that run out of their terms.
 void fitOnScreen(Session& session, Ports& ports, EvaluationListener& listener);
 
-/// Opens the diagnosis of the last fit, whatever has been read since; the main window is shut while the minimum is looked
-/// for. Before the first fit nothing happens.
+/// Opens the diagnosis of the last fit, whatever has been read since; the main window is shut while the minimum is
+/// looked for. Before the first fit nothing happens.
 void showDiagnosis(Session& session, Ports& ports);
 
 /// Fits the session's model function to its data, and leaves values, errors and effective errors there. `ErrFlag` is 0

@@ -15,8 +15,8 @@ struct Session;
 inline const std::array<WindowText, 5> kStartPanels{"Dati: Nessuno ", "Fun.: Nessuno ", "Grafici: Nessuno ",
                                                     "Fun.Att.: NO ", "Par.Var.: NO "};
 
-/// The folder in which work begins: the program's where files can be made in it; else the current one where the user has
-/// started the program at a terminal; else his documents, or again the current one where those cannot be written.
+/// The folder in which work begins: the program's where files can be made in it; else the current one where the user
+/// has started the program at a terminal; else his documents, or again the current one where those cannot be written.
 std::string workingFolder(Files& files);
 
 /// Sets the folders of a new session. All other fields have their first values from the start.

@@ -14,8 +14,8 @@ void MenDatTra(Session& session, Ports& ports);
 /// Replaces titles and columns by what the fields of the form say.
 void TransformData(Session& session, Ports& ports);
 
-/// Transforms data; when a formula is bad a box tells of which column, and nothing is changed. A box names the rows that
-/// could not be computed, in which stands what the evaluation left.
+/// Transforms data; when a formula is bad a box tells of which column, and nothing is changed. A box names the rows
+/// that could not be computed, in which stands what the evaluation left.
 TransformResult TransformData(const DataSet& data, const TransformFormulas& formulas, Dialogs& dialogs);
 
 }  // namespace vk

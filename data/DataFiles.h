@@ -8,9 +8,9 @@
 #include "data/DataSet.h"
 #include "platform/Files.h"
 
-/// Data files: two titles, a count line and a table of points; UTF-8 or 8-bit text (`FileText`) with CR LF line ends. Lines that are
-/// empty or begin with "%" are comments. A file without any carriage return is read as if each line feed were
-/// the pair; its last line may lack the line end.
+/// Data files: two titles, a count line and a table of points; UTF-8 or 8-bit text (`FileText`) with CR LF line ends.
+/// Lines that are empty or begin with "%" are comments. A file without any carriage return is read as if each line feed
+/// were the pair; its last line may lack the line end.
 namespace vk {
 
 /// What the parser of lines made of a data file.

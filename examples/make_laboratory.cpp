@@ -1,5 +1,5 @@
-// Makes the data files of laboratorio/: measurements with errors drawn from a fixed sequence, so that every run gives the
-// same bytes. The pages there tell the true values.
+// Makes the data files of laboratorio/: measurements with errors drawn from a fixed sequence, so that every run gives
+// the same bytes. The pages there tell the true values.
 // Usage: make_laboratory FOLDER
 
 #include <cmath>
@@ -19,7 +19,8 @@ using namespace vk;
 
 using Curve = std::function<double(double)>;
 
-/// One column as it is written down: its errors, and the decimals that the instrument shows. An error of 0 is no column.
+/// One column as it is written down: its errors, and the decimals that the instrument shows. An error of 0 is no
+/// column.
 struct Column {
   const char* title;
   Curve error;  ///< as the student states it, from the true value

@@ -45,8 +45,8 @@ std::string adviceText(AdviceKind kind, const std::string& culprit, const std::s
          (meant.empty() ? "" : ": forse " + meant);
 }
 
-/// A name that the language takes for one that is too long: its beginning, and the digits at its end, which tell it from
-/// its likes.
+/// A name that the language takes for one that is too long: its beginning, and the digits at its end, which tell it
+/// from its likes.
 std::string shorterName(const std::string& name) {
   const std::size_t digits =
       std::min<std::size_t>(name.size() - 1 - name.find_last_not_of("0123456789"), kNameWidth - 1);

@@ -34,16 +34,16 @@ struct FormulaAdvice {
   std::string text;  ///< what is wrong and, where it is known, what was meant; code page 437
 };
 
-/// The advice on a formula in which these names have values, in the order of its places; none for a formula that follows
-/// the grammar.
+/// The advice on a formula in which these names have values, in the order of its places; none for a formula that
+/// follows the grammar.
 std::vector<FormulaAdvice> adviseOn(const std::string& formula, const std::vector<std::string>& names);
 
-/// What people are shown of a formula: the formula, and for each piece of advice a line with a "^" below its place. Lines
-/// ended by CR LF; empty without advice.
+/// What people are shown of a formula: the formula, and for each piece of advice a line with a "^" below its place.
+/// Lines ended by CR LF; empty without advice.
 std::string adviceLines(const std::string& formula, const std::vector<FormulaAdvice>& advice);
 
-/// The same on the expression of a definition "result@variables@parameters@constants@expression" and what the compiler said
-/// of it: not empty where the expression was refused. A fault of the names is none of the expression.
+/// The same on the expression of a definition "result@variables@parameters@constants@expression" and what the compiler
+/// said of it: not empty where the expression was refused. A fault of the names is none of the expression.
 std::string adviceLines(const std::string& definition, const Compilation& compiled);
 
 /// What the compiler says of a fault in a definition, in one line.

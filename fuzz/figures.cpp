@@ -32,8 +32,8 @@ class OneFile : public Files {
   std::string bytes_;
 };
 
-/// Any bytes are drawn or listed as errors. What stands behind a line of two percent signs is the file that all commands
-/// find under the name they look for.
+/// Any bytes are drawn or listed as errors. What stands behind a line of two percent signs is the file that all
+/// commands find under the name they look for.
 void probe(std::string_view bytes) {
   constexpr std::string_view kSeparator = "\n%%\n";
   const auto at = bytes.find(kSeparator);

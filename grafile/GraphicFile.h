@@ -52,7 +52,8 @@ class GraphicRun {
   /// Files that are not where their names lead are sought in these folders, in turn.
   void seekIn(std::vector<std::string> folders) { folders_ = std::move(folders); }
 
-  /// Runs all lines of a text (`FileText`), which must stay. A last line that asks for a continuation is run-time error 62.
+  /// Runs all lines of a text (`FileText`), which must stay. A last line that asks for a continuation is run-time error
+  /// 62.
   void runText(std::string_view text);
 
   /// The messages of the lines that failed, CR LF ended, code page 437.

@@ -10,8 +10,8 @@
 #include "gral/Plotting.h"
 #include "platform/Files.h"
 
-/// Figures with colours and a key whose box is as large as the texts about it let it be. Titles and names are texts that
-/// are drawn, with markup.
+/// Figures with colours and a key whose box is as large as the texts about it let it be. Titles and names are texts
+/// that are drawn, with markup.
 namespace vk {
 
 /// Data of a file. A band has the columns x, lower and upper border.

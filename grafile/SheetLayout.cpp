@@ -167,7 +167,8 @@ Margins LayingOut::roomOf(const PlotBox& box, const RoundRange& y, bool numbersX
       frameTexts(drawing_, box, {layout_.x.divisions, y.divisions, {}, numbersX, sheet_.titleX, titleY}));
 }
 
-// The texts depend on the room that the boxes leave, and the boxes on that of the texts: the page is a first guess of them.
+// The texts depend on the room that the boxes leave, and the boxes on that of the texts: the page is a first guess of
+// them.
 void LayingOut::placeBoxes() {
   const double width = static_cast<double>(drawing_.XrLog), height = static_cast<double>(drawing_.YtLog);
   const bool parted = sheet_.residuals.has_value();

@@ -30,8 +30,8 @@ struct SheetLayout {
 /// The names of the key: points, curves, bands; those without a name have no entry. A single one needs no key: empty.
 std::vector<std::string> keyOf(const PlotSheet& sheet);
 
-/// The limits hold all points with their bars, the curves and the bands. The boxes fill the page of the open drawing. The
-/// key stands in the corner where it hides nothing; where there is none, the upper limit is raised for it.
+/// The limits hold all points with their bars, the curves and the bands. The boxes fill the page of the open drawing.
+/// The key stands in the corner where it hides nothing; where there is none, the upper limit is raised for it.
 SheetLayout layOut(const PlotSheet& sheet, GralCls& drawing);
 
 }  // namespace vk

@@ -24,8 +24,8 @@ enum SurfaceStyle : int { kWires, kGreyShades, kColourShades, kBands, kShadedBan
 /// Angles from which all is seen rightly.
 inline constexpr double kGoodTheta = 110, kGoodPhi = 125;
 
-/// Draws the parts of a figure in space, which fit together when they are given the same view and grid. The figure is as
-/// large as the plot box allows; labels stand outside of it. Another view than told above is run-time error 5.
+/// Draws the parts of a figure in space, which fit together when they are given the same view and grid. The figure is
+/// as large as the plot box allows; labels stand outside of it. Another view than told above is run-time error 5.
 class SpaceFigure {
  public:
   /// All of these outlive the figure; the mapping of the drawing is put back at its end.

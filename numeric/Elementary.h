@@ -5,11 +5,11 @@
 
 #include "numeric/simd/Kernels.h"
 
-/// The elementary functions of everything that the program computes, by SLEEF: the same bits on every machine and
-/// with every instruction set, for one value and for many. The error is at most 1 unit in the last place.
+/// The elementary functions of everything that the program computes, by SLEEF: the same bits on every machine and with
+/// every instruction set, for one value and for many. The error is at most 1 unit in the last place.
 ///
-/// Angles are radians, and logarithms natural. Outside its domain a function is infinite or not a number, as in <cmath>; exp and pow are infinite above
-/// 1.79769E308 already, the seventh digit short of the largest double.
+/// Angles are radians, and logarithms natural. Outside its domain a function is infinite or not a number, as in
+/// <cmath>; exp and pow are infinite above 1.79769E308 already, the seventh digit short of the largest double.
 namespace vk::elementary {
 
 double exp(double x);

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes sure of the locales that the tests need: the Italian one for its decimal comma, the Turkish one for its dotless i.
+# Makes sure of the locales of the tests: the Italian one for its decimal comma, the Turkish one for its dotless i.
 set -euo pipefail
 as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo)

@@ -2,8 +2,8 @@
 
 #include <ostream>
 
-/// The sections of docs/validation.md, one source for each. They read the sources of the program below the current folder,
-/// and write the text below their heading: the figures that matter first, then what they are made of.
+/// The sections of docs/validation.md, one source for each. They read the sources of the program below the current
+/// folder, and write the text below their heading: the figures that matter first, then what they are made of.
 namespace vk {
 
 /// Fits of problems with certified results.

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-/// The choices that overrule a guess, as the terminal and the window call them: each has its own names, and the library's
-/// messages use those of the terminal.
+/// The choices that overrule a guess, as the terminal and the window call them: each has its own names, and the
+/// library's messages use those of the terminal.
 namespace vk {
 
 enum class Choice { kEncoding, kSeparator, kDecimal, kHeader, kColumns, kErrors, kEvery, kAverage };

@@ -17,8 +17,8 @@ struct TableLine {
   std::string reason;              ///< why it was left out
 };
 
-/// The first `most` lines of a text that are not blank, and as many of those further down that were left out, split as the
-/// text was read. None of a file that is no text.
+/// The first `most` lines of a text that are not blank, and as many of those further down that were left out, split as
+/// the text was read. None of a file that is no text.
 std::vector<TableLine> tableLines(std::string_view bytes, const ForeignReading& reading, std::size_t most);
 
 }  // namespace vk

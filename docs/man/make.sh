@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the pages for man, in Italian and English, of the Markdown beside this script, of the help of the terminal program,
-# and of the pages on the files. Needs pandoc. Usage: docs/man/make.sh PROGRAM FOLDER
+# Makes the pages for man, in Italian and English, of the Markdown beside this script, of the help of the terminal
+# program, and of the pages on the files. Needs pandoc. Usage: docs/man/make.sh PROGRAM FOLDER
 # PROGRAM is the built vor_kel_batch; FOLDER becomes a tree as man looks through: man1/vor_kel.1, it/man1/vor_kel.1, ...
 set -euo pipefail
 program=$(realpath "$1")

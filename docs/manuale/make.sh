@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes pages for a browser of the manual and of the pages that it leads to, in a folder that begins with indice.html, and
-# one PDF of the manual alone. The same sources give the same bytes.
+# Makes pages for a browser of the manual and of the pages that it leads to, in a folder that begins with indice.html,
+# and one PDF of the manual alone. The same sources give the same bytes.
 # Usage: docs/manuale/make.sh FOLDER [FILE.pdf]
 set -euo pipefail
 [ $# -ge 1 ] || { sed -n 's/^# Usage/Usage/p' "$0"; exit 2; }
@@ -28,8 +28,8 @@ links() {
   sed -E "s#(href|src)=\"$1#\1=\"#g; s#(href=\"[^\":]*)\.md([\"\#])#\1.html\2#g; s#href=\"\.\./examples/#href=\"#g"
 }
 
-# The gallery without its second part, which is for those who work on the drawing library; on paper the first page without
-# its list of chapters, as the pages are numbered in another.
+# The gallery without its second part, which is for those who work on the drawing library; on paper the first page
+# without its list of chapters, as the pages are numbered in another.
 on_paper=
 source_of() { sed "/^## What the drawing library draws/,\$d; ${on_paper:+/^| Capitolo /,/^\$/d}" "$1"; }
 
@@ -75,8 +75,8 @@ cp screenshots/*.png "$out/screenshots"
 cp -r gallery/figures "$out/gallery"
 [ -n "$pdf" ] || exit 0
 
-# In the PDF the chapters are parts of one page: what they call their headings gets their names in front. Links that lead
-# out of the manual stay as words.
+# In the PDF the chapters are parts of one page: what they call their headings gets their names in front. Links that
+# lead out of the manual stay as words.
 within() {
   links '\.\./' | sed -E 's|href="([0-9]{2}-[a-z-]+)\.html"|href="#\1"|g; s|href="([0-9]{2}-[a-z-]+)\.html#|href="#\1--|g' |
     sed -E 's|<a href="[^#][^"]*"[^>]*>([^<]*(<code>[^<]*</code>)?[^<]*)</a>|\1|g'

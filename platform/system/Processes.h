@@ -21,7 +21,8 @@ struct ProcessEnd {
 void runInProcesses(int count, int jobs, const std::function<int(int)>& task,
                     const std::function<bool(int, const ProcessEnd&)>& take);
 
-/// Runs a program, found as a shell finds it, with an input, and waits for its end. Exit code 127: it cannot be started.
+/// Runs a program, found as a shell finds it, with an input, and waits for its end. Exit code 127: it cannot be
+/// started.
 ProcessEnd runProgram(const std::vector<std::string>& words, std::string_view input = {});
 
 /// Holds the signals back with which a person ends a program, as long as it lives: what is being written is written as

@@ -5,8 +5,8 @@
 namespace vk {
 namespace {
 
-/// Each command in the folder of the samples, with "i" in its words, which other languages take for another letter, and with fractions, which they
-/// write with a comma.
+/// Each command in the folder of the samples, with "i" in its words, which other languages take for another letter, and
+/// with fractions, which they write with a comma.
 const std::vector<std::string> kLines{
     "fit ohm.dat --catalogue 1,2 --par b=1.5 --par c=0 --refine",
     "fit PENDULUM.DAT --function 'A*sin(x*b)*Sin(x)+a' --par A=.5 --par a=1 --fixed b=1.5 --csv",

@@ -6,6 +6,7 @@
 int main(int argc, char** argv) {
   QApplication toolkit(argc, argv);
   vk::setUpToolkit(toolkit);
+  toolkit.setWindowIcon(QIcon::fromTheme("tabulo", toolkit.windowIcon()));
   toolkit.setQuitOnLastWindowClosed(true);
   vk::Tabulo window;
   window.show();

@@ -177,22 +177,33 @@ void stopIcon(QPainter& painter) {
 
 constexpr std::array<void (*)(QPainter&), 4> kIcons{questionIcon, exclamationIcon, informationIcon, stopIcon};
 
+/// The picture of packaging/icons/vor_kel.svg, on its field of 256 units.
 QPixmap programPixmap(int pixels) {
   QPixmap pixmap = blankPixmap(pixels, 1);
   QPainter painter(&pixmap);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(pixels / 32.0, pixels / 32.0);
+  painter.scale(pixels / 256.0, pixels / 256.0);
+  QLinearGradient ground(0, 8, 0, 248);
+  ground.setColorAt(0, QColor(0x1b, 0x6c, 0xa8));
+  ground.setColorAt(1, QColor(0x0b, 0x35, 0x58));
   painter.setPen(Qt::NoPen);
-  painter.setBrush(QColor(46, 92, 138));
-  painter.drawRoundedRect(QRectF(1, 1, 30, 30), 6, 6);
-  QPainterPath curve(QPointF(5, 25));
-  curve.cubicTo(13, 25, 12, 6, 16, 6);
-  curve.cubicTo(20, 6, 19, 25, 27, 25);
-  painter.strokePath(curve, QPen(QColor(190, 216, 240), 2.2, Qt::SolidLine, Qt::RoundCap));
-  painter.setBrush(QColor(255, 214, 150));
-  for (const QPointF& point :
-       {QPointF(8.5, 23), QPointF(12.3, 13.5), QPointF(16, 7.5), QPointF(20.4, 15), QPointF(23.6, 22.4)}) {
-    painter.drawEllipse(point, 1.9, 1.9);
+  painter.setBrush(ground);
+  painter.drawRoundedRect(QRectF(8, 8, 240, 240), 48, 48);
+
+  const auto pen = [](const QColor& colour, double width) {
+    return QPen(colour, width, Qt::SolidLine, Qt::RoundCap);
+  };
+  painter.setPen(pen(QColor(0x9f, 0xc5, 0xe0), 12));
+  painter.drawLine(QPointF(40, 216), QPointF(216, 216));
+  QPainterPath curve(QPointF(40, 176));
+  curve.cubicTo(108, 176, 84, 52, 128, 52);
+  curve.cubicTo(172, 52, 148, 176, 216, 176);
+  painter.strokePath(curve, pen(QColor(0xf5, 0xab, 0x1a), 20));
+  painter.setPen(pen(Qt::white, 12));
+  painter.setBrush(Qt::white);
+  for (const QRectF& point : {QRectF(56, 116, 40, 72), QRectF(112, 32, 40, 60), QRectF(160, 124, 40, 72)}) {
+    painter.drawLine(QPointF(point.center().x(), point.top()), QPointF(point.center().x(), point.bottom()));
+    painter.drawEllipse(point.center(), 14, 14);
   }
   return pixmap;
 }

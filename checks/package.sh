@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# Makes the Debian package, has the tools of its formats look at it, and tries it in a bare system (bare_system.sh).
+# Usage: checks/package.sh
+set -euo pipefail
+cd "$(dirname "$0")/.."
+packaging/install.sh full
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+packaging/deb.sh "$work"
+deb=$(ls "$work"/vor-kel_*.deb)
+lintian --fail-on error,warning "$deb"
+
+dpkg-deb -x "$deb" "$work/tree"
+share=$work/tree/usr/share
+desktop-file-validate "$share"/applications/*.desktop
+appstreamcli validate --no-net "$share"/metainfo/*.xml
+find "$share" \( -name '*.xml' -o -name '*.svg' -o -name '*.lang' \) -exec xmllint --nonet --noout {} +
+xmllint --nonet --noout --relaxng /usr/share/gtksourceview-4/language-specs/language2.rng \
+  "$share"/gtksourceview-4/language-specs/*.lang
+
+# Kinds of files by their names, and of graphic files by what is in them; editors know the same.
+kind_is() { # file, kind
+  local found
+  found=$(XDG_DATA_HOME=$work/none XDG_DATA_DIRS=$share:/usr/share gio info -a standard::content-type "$1" | tail -n 1)
+  [ "${found##* }" = "$2" ] || { echo "$1 is taken for:$found" >&2; exit 1; }
+}
+update-mime-database "$share/mime"
+for figure in "$share"/vor_kel/examples/*.gra; do
+  cp "$figure" "$work/figure"
+  kind_is "$work/figure" text/x-vor-kel-figure
+  kind_is "$figure" text/x-vor-kel-figure
+done
+for file in "$share"/vor_kel/examples/*.{gra,fcn}; do
+  [[ $file == *.gra ]] || kind_is "$file" text/x-vor-kel-function
+  QT_QPA_PLATFORM=offscreen XDG_DATA_DIRS=$share kate-syntax-highlighter -o "$work/coloured.html" "$file" 2> "$work/said"
+  [ ! -s "$work/said" ] || { cat "$work/said"; exit 1; }
+  grep -q '<span' "$work/coloured.html" || { echo "$file is not coloured" >&2; exit 1; }
+done
+checks/bare_system.sh "$deb"

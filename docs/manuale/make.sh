@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Makes pages for a browser of the manual and of the pages that it leads to, in a folder that begins with indice.html,
-# and one PDF of the manual alone. The same sources give the same bytes.
+# and one PDF of the manual and the laboratory examples. The same sources give the same bytes.
 # Usage: docs/manuale/make.sh FOLDER [FILE.pdf]
 set -euo pipefail
 [ $# -ge 1 ] || { sed -n 's/^# Usage/Usage/p' "$0"; exit 2; }
@@ -75,23 +75,38 @@ cp screenshots/*.png "$out/screenshots"
 cp -r gallery/figures "$out/gallery"
 [ -n "$pdf" ] || exit 0
 
-# In the PDF the chapters are parts of one page: what they call their headings gets their names in front. Links that
-# lead out of the manual stay as words.
-within() {
-  links '\.\./' | sed -E 's|href="([0-9]{2}-[a-z-]+)\.html"|href="#\1"|g; s|href="([0-9]{2}-[a-z-]+)\.html#|href="#\1--|g' |
-    sed -E 's|<a href="[^#][^"]*"[^>]*>([^<]*(<code>[^<]*</code>)?[^<]*)</a>|\1|g'
+# In the PDF all is one page: what its parts call their headings gets the names of the parts in front. Links that lead
+# out of it stay as words.
+part() { # page
+  case $1 in
+    ../examples/*) dirname "${1#../examples/}" | tr / - ;;
+    *) name "$1" ;;
+  esac
+}
+within() { # page
+  local place
+  place=$(dirname "${1#../examples/}")
+  sed -E "s|src=\"\.\./|src=\"|g; s|src=\"figura|src=\"$place/figura|g" |
+    sed -E 's!href="[^":#]*\b([0-9]{2}-[a-z-]+)/README\.md!href="#laboratorio-\1!g
+      s!href="([^":#]*laboratorio|\.\.)/README\.md!href="#laboratorio!g
+      s!href="[^":#]*\b([0-9]{2}-[a-z-]+|indice)\.md!href="#\1!g
+      s!(href="#[^"#]+)#!\1--!g
+      s!<a href="[^#][^"]*"[^>]*>([^<]*(<code>[^<]*</code>)?[^<]*)</a>!\1!g
+      s!</a> !</a>\&nbsp;!g' # weasyprint may lose a blank behind the number of a page
 }
 on_paper=yes
 {
   html manuale/indice.md title.html -V lang=it -V "version=$version"
   echo '<nav class="contents"><h1>Indice</h1>'
-  for chapter in "${pages[@]}"; do
-    html "$chapter" contents.html --id-prefix "$(name "$chapter")--"
+  for page in "${pages[@]}" "${laboratory[@]}"; do
+    depth=2
+    [[ $page == manuale/* ]] || depth=1
+    html "$page" contents.html --id-prefix "$(part "$page")--" --toc-depth "$depth"
   done
   echo '</nav>'
-  for chapter in "${pages[@]}"; do
-    echo "<section id=\"$(name "$chapter")\">"
-    html "$chapter" body.html --id-prefix "$(name "$chapter")--" | within
+  for page in "${pages[@]}" "${laboratory[@]}"; do
+    echo "<section id=\"$(part "$page")\">"
+    html "$page" body.html --id-prefix "$(part "$page")--" | within "$page"
     echo '</section>'
   done
   echo '</body></html>'

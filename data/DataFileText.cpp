@@ -42,7 +42,7 @@ Found findSixDigits(double value, SixDigits& found) {
   for (found.exponent = static_cast<int>(std::floor(std::ilogb(size) * kLog2));; ++found.exponent) {
     const int shift = 5 - found.exponent;
     const double ten = kTens.at(static_cast<std::size_t>(std::abs(shift)));
-    found.digits = static_cast<int>((shift > 0 ? size * ten : size / ten) + 0.5);
+    found.digits = static_cast<int>(std::lrint(shift > 0 ? size * ten : size / ten));
     // The power of two may tell an exponent that is one too small.
     if (found.digits >= kBeyond) continue;
     return (shift > 0 ? found.digits / ten : found.digits * ten) == size ? Found::kYes : Found::kNo;

@@ -58,10 +58,10 @@ function(vor_library name)
   endif()
 endfunction()
 
-# vor_test(name [LIBRARIES library ...] [LIBS target ...] [WITHOUT file ...] [SHARES n]): one test program from
-# tests/<name>/**/*.cpp, run in n shares.
+# vor_test(name [LIBRARIES library ...] [LIBS target ...] [WITHOUT file ...] [LONG suite ...]): one test program from
+# tests/<name>/**/*.cpp; LONG are the suites that take longest.
 function(vor_test name)
-  cmake_parse_arguments(TEST "" "SHARES" "LIBRARIES;LIBS;WITHOUT" ${ARGN})
+  cmake_parse_arguments(TEST "" "" "LIBRARIES;LIBS;WITHOUT;LONG" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
   foreach(file ${TEST_WITHOUT})
     list(REMOVE_ITEM sources ${CMAKE_CURRENT_SOURCE_DIR}/${name}/${file})
@@ -83,22 +83,30 @@ function(vor_test name)
   # Tests spend their time in the libraries; to optimise their own code would take most of a build.
   target_compile_options(${target} PRIVATE -O0)
   set_target_properties(${target} PROPERTIES VOR_FEWER_CHECKS ON)
-  vor_run(${target} "${TEST_SHARES}")
+  vor_run(${target} LONG ${TEST_LONG} SOURCES ${sources})
 endfunction()
 
-# vor_run(target shares): the tests of the program as so many tests of the run ("" is one), which run side by side. What
-# has many shares takes long, so that it begins first and no processor waits for it at the end.
+# vor_run(target [LONG suite ...] SOURCES file ...): each suite of tests in the sources as a test of the run, named
+# <target>.<suite>, so that a failure tells its subject and all processors have work. What takes long begins first, so
+# that none waits for it at the end. Suites that no source has at this time are run as <target>.others.
 # Forms are driven by real events, without a screen.
-function(vor_run target shares)
-  if(shares STREQUAL "")
-    set(shares 1)
-  endif()
-  foreach(share RANGE 1 ${shares})
-    math(EXPR index "${share} - 1")
-    add_test(NAME ${target}_${share} COMMAND ${target})
-    set_tests_properties(${target}_${share} PROPERTIES TIMEOUT 120 COST ${shares} ENVIRONMENT
-      "QT_QPA_PLATFORM=offscreen;GTEST_TOTAL_SHARDS=${shares};GTEST_SHARD_INDEX=${index}")
+function(vor_run target)
+  cmake_parse_arguments(RUN "" "" "LONG;SOURCES" ${ARGN})
+  foreach(source ${RUN_SOURCES})
+    file(STRINGS ${source} tests REGEX "^TEST(_F|_P)?\\(")
+    list(TRANSFORM tests REPLACE "^TEST[_FP]*\\(([A-Za-z0-9_]+).*" "\\1")
+    list(APPEND suites ${tests})
   endforeach()
+  list(REMOVE_DUPLICATES suites)
+  foreach(suite ${suites})
+    add_test(NAME ${target}.${suite} COMMAND ${target} --gtest_filter=${suite}.*:*/${suite}.*)
+    list(APPEND names ${target}.${suite})
+    string(APPEND known "${suite}.*:*/${suite}.*:")
+  endforeach()
+  add_test(NAME ${target}.others COMMAND ${target} --gtest_filter=-${known})
+  set_tests_properties(${names} ${target}.others PROPERTIES TIMEOUT 120 ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+  list(TRANSFORM RUN_LONG PREPEND ${target}.)
+  set_tests_properties(${RUN_LONG} PROPERTIES COST 100)
 endfunction()
 
 # vor_package(name [LIBRARIES library ...] [NEEDS package ...] HEADERS header ... [PARTS header ...]): installs the

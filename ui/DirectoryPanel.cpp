@@ -1,6 +1,7 @@
 #include "ui/DirectoryPanel.h"
 
 #include "base/Guard.h"
+#include "platform/InstalledFolders.h"
 
 namespace vk {
 namespace {
@@ -20,12 +21,20 @@ void DirectoryPanel::clickRow(int row) {
     row = 0;
     lastRow_ = -1;
     drives_ = files_.drives();
+    examples_ = examplesFolder(files_);
+    if (!examples_.empty()) drives_.push_back(examples_);
   }
   if (row != lastRow_) highlighted_ = row;
   writeCaptions();
   showRow(settings_.WorkDir[static_cast<std::size_t>(row)]);
   settings_.WorkRow = row;
   lastRow_ = row;
+}
+
+const std::string& DirectoryPanel::driveName(int index) const {
+  static const std::string kExamples = "Esempi";
+  const std::string& drive = drives_.at(static_cast<std::size_t>(index));
+  return drive == examples_ ? kExamples : drive;
 }
 
 void DirectoryPanel::writeCaptions() {

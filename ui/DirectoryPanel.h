@@ -36,7 +36,10 @@ class DirectoryPanel {
   /// Row of the label in the highlight colours.
   int highlighted() const { return highlighted_; }
 
+  /// Where the user can start from: the volumes, and behind them the folder of the examples where there is one.
   const std::vector<std::string>& drives() const { return drives_; }
+  /// What entry `index` of the drive list is called: its path, or "Esempi".
+  const std::string& driveName(int index) const;
   int drive() const { return drive_; }
   /// What `Dir1` shows: a folder, the folders above it from the root, and those inside it.
   const std::string& folder() const { return folder_; }
@@ -55,6 +58,7 @@ class DirectoryPanel {
   int highlighted_ = 0;
   Int16 lastRow_ = -1;
   std::vector<std::string> drives_;
+  std::string examples_;
   int drive_ = 0;
   std::string folder_;
   std::vector<std::string> subfolders_;

@@ -62,6 +62,20 @@ TEST_F(DirectoryPanelTest, TheDriveListShowsTheVolumeOfTheRowsFolder) {
   EXPECT_EQ(panel.drive(), 1);
 }
 
+TEST_F(DirectoryPanelTest, TheExamplesAreTheLastPlaceWhereTheyAreInstalled) {
+  EXPECT_EQ(panel.drives(), files.volumes);
+  EXPECT_EQ(panel.driveName(1), "/media/chiave");
+  const std::string examples = "/share/vor_kel/examples";
+  files.content[examples + "/README.md"] = "";
+  files.folders[examples] = {};
+  panel.open();
+  ASSERT_THAT(panel.drives(), ElementsAre("/", "/media/chiave", "/media/rotto", examples));
+  EXPECT_EQ(panel.driveName(3), "Esempi");
+  panel.selectDrive(3);
+  EXPECT_EQ(panel.drive(), 3);
+  EXPECT_THAT(session.files.WorkDir, Each(examples));
+}
+
 TEST_F(DirectoryPanelTest, AFolderThatHasGoneShowsNoneOfTheFormerRowsEntries) {
   session.files.WorkDir[1] = "/media/chiave/perso";
   panel.clickRow(1);

@@ -152,12 +152,11 @@ void FraDir::syncDrives() {
   for (std::size_t i = 0; i < panel_.drives().size(); ++i) {
     const int row = static_cast<int>(i);
     if (row == Drive1_->count()) Drive1_->addItem(QString());
-    const QString volume = fromFileName(panel_.drives()[i]);
-    Drive1_->setItemText(row, volume);
-    Drive1_->setItemData(row, volume, Qt::ToolTipRole);
+    Drive1_->setItemText(row, fromFileName(panel_.driveName(row)));
+    Drive1_->setItemData(row, fromFileName(panel_.drives()[i]), Qt::ToolTipRole);
   }
   Drive1_->setCurrentIndex(panel_.drive());
-  Drive1_->setToolTip(Drive1_->currentText());
+  Drive1_->setToolTip(Drive1_->currentData(Qt::ToolTipRole).toString());
   syncing_ = false;
 }
 

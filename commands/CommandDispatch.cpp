@@ -8,6 +8,7 @@
 #include "commands/FileOpening.h"
 #include "commands/FilePicking.h"
 #include "commands/FitCommand.h"
+#include "commands/ServiceCommands.h"
 #include "commands/StartUp.h"
 #include "session/Session.h"
 #include "session/SoundSignal.h"
@@ -52,6 +53,10 @@ bool MainMod::open(const std::string& path) {
 void MainMod::diagnose() {
   if (running_ || ports_.panels.isOpen()) return;
   guarded([this] { showDiagnosis(session_, ports_); });
+}
+
+void MainMod::help(ManualTopic topic) {
+  guarded([&] { showManual(ports_, topic); });
 }
 
 bool MainMod::guarded(const std::function<void()>& handler) {

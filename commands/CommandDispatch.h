@@ -34,6 +34,9 @@ class MainMod {
   /// The key F2 was pressed: opens the diagnosis of the last fit, except where a command runs or a panel is open.
   void diagnose();
 
+  /// The key F1 was pressed: opens the manual, whatever runs.
+  void help(ManualTopic topic);
+
   bool isRunning() const { return running_; }
 
   /// Runs any handler of an event. A run-time error that nobody guarded is told and ends the handler, with

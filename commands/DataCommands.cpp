@@ -41,8 +41,8 @@ std::string likelyCauseLines(const std::string& text) {
 void tellErrors(const Session& session, Ports& ports, const std::string& name, const std::string& errors,
                 const std::string& text) {
   if (session.settings.ShowErrors != kFalse) {
-    ports.output.OutShow(
-        reportRequest(kReadData + kErrorListSuffix, Cp437Text(errors + likelyCauseLines(text))));
+    ports.output.OutShow(reportRequest(kReadData + kErrorListSuffix,
+                                       Cp437Text(errors + likelyCauseLines(text)), ManualTopic::kDataErrors));
   } else {
     tell(ports.dialogs, WindowText(kDataFileErrors + name + "!"));
   }

@@ -66,6 +66,7 @@ void FitScreen::started(const FitStart& start) {
   request.cols = layout_->width;
   request.captions = kReportButtons;
   request.caption = kCaption;
+  request.topic = ManualTopic::kFit;
   ports_.output.OutShow(request);
   drawTitle();
   drawStatusBlock();

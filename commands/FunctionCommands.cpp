@@ -32,7 +32,8 @@ void takeFile(Session& session, Ports& ports, const std::string& name, const std
 void tellErrors(const Session& session, Ports& ports, const std::string& name) {
   if (session.settings.ShowErrors) {
     // QUIRK: this window comes up empty; the reader has shown its report, which stays open.
-    OutputRequest request = reportRequest(kReadFunctions + kErrorListSuffix, "");
+    OutputRequest request =
+        reportRequest(kReadFunctions + kErrorListSuffix, "", ManualTopic::kFunctionErrors);
     request.beside = true;
     ports.output.OutShow(request);
   } else {

@@ -19,7 +19,8 @@ void ReadFunctionFile(Session& session, Files& files, OutputWindow& output, std:
   if (parsed.ok) {
     session.loaded.catalogue.file = std::move(parsed.file);
   } else if (checks.compile && checks.trace) {
-    output.OutShow(reportRequest(kFunctionCheckCaption, Cp437Text(parsed.report)));
+    output.OutShow(
+        reportRequest(kFunctionCheckCaption, Cp437Text(parsed.report), ManualTopic::kFunctionErrors));
   }
 }
 

@@ -79,6 +79,7 @@ bool EnterParameters(Session& session, InputForm& form) {
   InputTables& tables = session.input;
   const Flag mode = session.analysis.PropagationMode;
   tables.caption = mode ? WindowText(kPropagationCaption) : kParametersCaption;
+  tables.topic = mode ? ManualTopic::kPropagation : ManualTopic::kParameters;
   tables.InpCols = 2 * half;
   tables.InpRows = par.ParCount + kFirstRow - mode;
   describeFrames(tables,

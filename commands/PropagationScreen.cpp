@@ -47,6 +47,7 @@ PropagationScreen::PropagationScreen(std::string functionText, const ParameterSe
   request.cols = columns_;
   request.captions = {kContinueButton, kPrintButton, kCopyButton, kSaveFileButton};
   request.caption = kPropagationCaption;
+  request.topic = ManualTopic::kPropagation;
   output_.OutShow(request);
   output_.CharFrame(1, 1, request.rows, columns_, kRuledFrame, "");
   output_.CharFrame(1, 1, kTitleRule, columns_, kRuledFrame, "");

@@ -16,7 +16,7 @@ constexpr const char* kPrinterDevice = "Printer";
 constexpr std::size_t kFileScale = 3;
 
 void showErrors(OutputWindow& output, const std::string& errors, bool onPrinter) {
-  OutputRequest request = reportRequest(kErrorCaption, Cp437Text(errors));
+  OutputRequest request = reportRequest(kErrorCaption, Cp437Text(errors), ManualTopic::kFigureErrors);
   request.owner = onPrinter ? Form::kMain : Form::kActivePlot;
   output.OutShow(request);
 }

@@ -19,6 +19,11 @@ void MenSerCal(Session&, Ports& ports) {
   ports.dialogs.plainBox(kProgramTitle, kNoCalculator + WindowText(kPressToContinue));
 }
 
+void showManual(Ports& ports, ManualTopic topic) {
+  const WindowText failure = openManual(ports.files, ports.process, topic);
+  if (!failure.bytes().empty()) ports.dialogs.plainBox(kProgramTitle, failure + WindowText(kPressToContinue));
+}
+
 void MenSerImpDir(Session&, Ports& ports) {
   ports.panels.MenSerImpDir();
 }

@@ -141,6 +141,7 @@ std::optional<std::array<double, 7>> askSimulation(Session& session, InputForm& 
   describeTexts(tables, {{1, kSimulationColumns / 2, kFunctionHead},
                          {2, kSimulationColumns / 2, trim(session.analysis.fun.FunctionText)}});
   tables.caption = kSimulationCaption;
+  tables.topic = ManualTopic::kSimulation;
   if (!askForm(session, form)) return std::nullopt;
   std::array<double, kFieldCount> numbers;
   for (int i = 1; i <= kFieldCount; ++i)

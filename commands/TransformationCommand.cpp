@@ -74,6 +74,7 @@ void MenDatTra(Session& session, Ports& ports) {
   describeTexts(tables,
                 {{1, kTextColumn, kDataFileHead}, {2, kTextColumn, FileBaseName(session.loaded.DataFile)}});
   tables.caption = kTransformationCaption;
+  tables.topic = ManualTopic::kTransformation;
   if (askForm(session, ports.input)) TransformData(session, ports);
 }
 

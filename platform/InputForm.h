@@ -7,6 +7,7 @@
 #include "base/EncodedText.h"
 #include "base/Int16.h"
 #include "platform/Form.h"
+#include "platform/ManualPages.h"
 
 namespace vk {
 
@@ -14,6 +15,7 @@ namespace vk {
 /// 1; element 0 stays unused. Rows and columns are character cells, from 1.
 struct InputTables {
   WindowText caption;
+  ManualTopic topic{};
   Int16 InpRows;        ///< rows of the grid, buttons not counted
   Int16 InpCols;        ///< columns of the grid
   Int16 InpFieldCount;  ///< number of fields

@@ -22,4 +22,8 @@ std::string manualFolder(Files& files) {
   return sharedFolder(files, "manuale", "indice.html");
 }
 
+std::string manualSourceFolder(Files& files) {
+  return sharedFolder(files, "docs/manuale", "indice.md");
+}
+
 }  // namespace vk

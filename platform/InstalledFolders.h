@@ -15,4 +15,8 @@ std::string examplesFolder(Files& files);
 /// The folder of the manual's pages for a browser, which begin with "indice.html"; empty when they are not there.
 std::string manualFolder(Files& files);
 
+/// The folder of the manual's pages as they are written, which begin with "indice.md"; empty except in a folder that
+/// the program was built in.
+std::string manualSourceFolder(Files& files);
+
 }  // namespace vk

@@ -7,6 +7,7 @@
 #include "base/Int16.h"
 #include "platform/CharGrid.h"
 #include "platform/Form.h"
+#include "platform/ManualPages.h"
 #include "platform/Texts.h"
 
 namespace vk {
@@ -20,6 +21,7 @@ struct OutputRequest {
   std::vector<WindowText> captions{};
   WindowText caption{};
   Cp437Text text{};  ///< text mode when it is not empty after trimming, else drawing mode
+  ManualTopic topic = ManualTopic::kMainWindow;
   /// A window that is still open stays beside the new one, to be read and closed by the user.
   bool beside = false;
 };
@@ -34,8 +36,9 @@ struct OutputDetail {
 inline const std::vector<WindowText> kReportButtons{kContinueButton, kPrintButton, kCopyButton};
 
 /// The window of the reports that list the errors of a file.
-inline OutputRequest reportRequest(const WindowText& caption, const Cp437Text& text) {
-  return {.rows = 25, .cols = 80, .captions = kReportButtons, .caption = caption, .text = text};
+inline OutputRequest reportRequest(const WindowText& caption, const Cp437Text& text, ManualTopic topic) {
+  return {
+      .rows = 25, .cols = 80, .captions = kReportButtons, .caption = caption, .text = text, .topic = topic};
 }
 
 /// The output window: a grid of character cells that a command draws on, or a text to read. Modeless: the

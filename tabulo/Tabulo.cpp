@@ -42,8 +42,13 @@ void addRow(QTreeWidget* list, const Cp437Text& left, const Cp437Text& right) {
 
 }  // namespace
 
-Tabulo::Tabulo(QWidget* parent) : QWidget(parent) {
+Tabulo::Tabulo(Files& files, Process& process)
+    : helpKey_([&, this](ManualTopic topic) {
+        const WindowText failure = openManual(files, process, topic);
+        if (!failure.bytes().empty()) error_->setText(fromText(failure));
+      }) {
   setObjectName("Tabulo");
+  setManualTopic(*this, ManualTopic::kCalculator);
   setWindowTitle("TABULO");
   setAccessibleName("TABULO: Calcolatrice");
   buildLists();

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include "tabulo/Calculator.h"
+#include "ui/qt/widgets/HelpKey.h"
 
 class QLabel;
 class QLineEdit;
@@ -18,7 +19,8 @@ class Tabulo : public QWidget {
   Q_OBJECT
 
  public:
-  explicit Tabulo(QWidget* parent = nullptr);
+  /// F1 opens the manual of these files by this process.
+  Tabulo(Files& files, Process& process);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -41,6 +43,7 @@ class Tabulo : public QWidget {
   QLabel* error_;
   AccessButton* calculate_;
   AccessButton* clear_;
+  HelpKey helpKey_;
 };
 
 }  // namespace vk

@@ -204,7 +204,8 @@ void Editor::tellErrors(const std::string& report) {
     case kShowErrors: {
       // QUIRK: reports of function files bear the caption of data files as well.
       OutputRequest request =
-          reportRequest(kReadCaption + kKindWords[0] + kErrorListSuffix, Cp437Text(report));
+          reportRequest(kReadCaption + kKindWords[0] + kErrorListSuffix, Cp437Text(report),
+                        file_.kind == kDataKind ? ManualTopic::kDataErrors : ManualTopic::kFunctionErrors);
       request.owner = Form::kEditor;
       return ports_.output.OutShow(request);
     }

@@ -1,6 +1,8 @@
 #include <QApplication>
 
+#include "platform/system/SystemFiles.h"
 #include "tabulo/Tabulo.h"
+#include "ui/qt/widgets/DesktopServices.h"
 #include "ui/qt/widgets/ToolkitSetup.h"
 
 int main(int argc, char** argv) {
@@ -8,7 +10,9 @@ int main(int argc, char** argv) {
   vk::setUpToolkit(toolkit);
   toolkit.setWindowIcon(QIcon::fromTheme("tabulo", toolkit.windowIcon()));
   toolkit.setQuitOnLastWindowClosed(true);
-  vk::Tabulo window;
+  vk::SystemFiles files;
+  vk::QtProcess process;
+  vk::Tabulo window(files, process);
   window.show();
   return QCoreApplication::exec();
 }

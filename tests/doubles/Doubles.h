@@ -81,6 +81,11 @@ class RecordingProcess : public Process {
     started.push_back(program);
     return works;
   }
+  std::vector<std::string> shown;  ///< files, with "#" before their headings
+  bool show(const std::string& path, const std::string& heading) override {
+    shown.push_back(path + (heading.empty() ? "" : "#") + heading);
+    return works;
+  }
 };
 
 /// A printer that writes down what it is asked for. The page is 11000 by 16000 twips, turned by landscape.

@@ -6,6 +6,9 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include "doubles/Doubles.h"
+#include "doubles/MemoryFiles.h"
+
 namespace vk {
 namespace {
 
@@ -26,7 +29,9 @@ class TabuloTest : public ::testing::Test {
     QTest::keyClick(line(), Qt::Key_Return);
   }
 
-  Tabulo window_;
+  MemoryFiles files_;
+  RecordingProcess process_;
+  Tabulo window_{files_, process_};
 };
 
 TEST_F(TabuloTest, EnterCalculatesAndEmptiesTheLine) {
@@ -39,6 +44,15 @@ TEST_F(TabuloTest, EnterCalculatesAndEmptiesTheLine) {
   EXPECT_EQ(history()->topLevelItem(1)->text(1), "5");
   ASSERT_EQ(values()->topLevelItemCount(), 1);
   EXPECT_EQ(values()->topLevelItem(0)->text(1), "2.5");
+}
+
+TEST_F(TabuloTest, F1OpensItsPageOfTheManual) {
+  QTest::keyClick(line(), Qt::Key_F1);
+  EXPECT_EQ(error(), "Manuale NON Trovato!");
+  files_.content["/share/vor_kel/manuale/indice.html"] = "";
+  files_.content["/share/vor_kel/manuale/20-finestre.html"] = "";
+  QTest::keyClick(history(), Qt::Key_F1);
+  EXPECT_EQ(process_.shown, std::vector<std::string>{"/share/vor_kel/manuale/20-finestre.html#calcolatrice"});
 }
 
 TEST_F(TabuloTest, AWrongFormulaStaysInTheLineAndIsExplained) {

@@ -203,6 +203,7 @@ class FaultyProcess : public Process {
  public:
   explicit FaultyProcess(PortFault& fault) : fault_(fault) {}
   bool start(const std::string&) override { return fault_.pass(), true; }
+  bool show(const std::string&, const std::string&) override { return fault_.pass(), true; }
 
  private:
   PortFault& fault_;

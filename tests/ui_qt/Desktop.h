@@ -15,9 +15,10 @@ namespace vk {
 /// The disk of the machine, with the program in a folder of the test and the volumes that the test names.
 class DesktopFiles : public SystemFiles {
  public:
-  explicit DesktopFiles(std::string folder) : folder_(std::move(folder)) {}
-  std::string programFolder() override { return folder_; }
+  explicit DesktopFiles(std::string folder) : programs(folder), folder_(std::move(folder)) {}
+  std::string programFolder() override { return programs; }
   std::string documentsFolder() override { return folder_; }
+  bool startedAtTerminal() override { return false; }
   std::vector<std::string> drives() override { return volumes; }
 
   std::int64_t size(const std::string& path) override { return access(), SystemFiles::size(path); }
@@ -31,6 +32,7 @@ class DesktopFiles : public SystemFiles {
   }
 
   std::vector<std::string> volumes{"/"};
+  std::string programs;            ///< the folder of the program
   int fullFor = 0;                 ///< so many writes find the disk full
   std::function<void()> onAccess;  ///< what it throws is the error of the disk
 
@@ -40,6 +42,16 @@ class DesktopFiles : public SystemFiles {
   }
 
   std::string folder_;
+};
+
+/// Starts programs; what it is to show is written down.
+class DesktopProcess : public QtProcess {
+ public:
+  std::vector<std::string> shown;  ///< files, with "#" before their headings
+  bool show(const std::string& path, const std::string& heading) override {
+    shown.push_back(path + "#" + heading);
+    return true;
+  }
 };
 
 /// The whole program with somebody in front of it. It prints to files.
@@ -74,7 +86,8 @@ class Desktop : public testing::Test {
   DesktopFiles files{folder.path()};
   std::vector<int> exitCodes;
   std::vector<QString> boxes;
-  Application application{files, [this](int code) { exitCodes.push_back(code); }, false};
+  DesktopProcess process;
+  Application application{files, process, [this](int code) { exitCodes.push_back(code); }, false};
   User user;
 };
 

@@ -1,4 +1,4 @@
-#include "ui/qt/ports/DesktopServices.h"
+#include "ui/qt/widgets/DesktopServices.h"
 
 #include <gtest/gtest.h>
 

@@ -10,8 +10,8 @@
 #include "expr/Catalogue.h"
 #include "session/Session.h"
 #include "ui/qt/forms/EditorForm.h"
-#include "ui/qt/ports/DesktopServices.h"
 #include "ui/qt/ports/QtClipboard.h"
+#include "ui/qt/widgets/DesktopServices.h"
 #include "ui_qt/User.h"
 
 namespace vk {

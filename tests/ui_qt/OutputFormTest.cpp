@@ -8,9 +8,9 @@
 
 #include "doubles/Doubles.h"
 #include "session/Session.h"
-#include "ui/qt/ports/DesktopServices.h"
 #include "ui/qt/ports/QtClipboard.h"
 #include "ui/qt/ports/QtOutput.h"
+#include "ui/qt/widgets/DesktopServices.h"
 #include "ui/qt/widgets/EventPump.h"
 #include "ui/qt/widgets/Twips.h"
 #include "ui_qt/User.h"

@@ -7,6 +7,7 @@
 
 #include "platform/Texts.h"
 #include "ui/qt/widgets/AccessButton.h"
+#include "ui/qt/widgets/HelpKey.h"
 #include "ui/qt/widgets/TextConversion.h"
 
 namespace vk {
@@ -76,6 +77,7 @@ FraDir::FraDir(QWidget* parent, DirectoryPanel& panel, const QFont& font, EventR
       Drive1_(new QComboBox(this)),
       Dir1_(new FolderList(this)) {
   setObjectName("FraDir");
+  setManualTopic(*this, ManualTopic::kFolders);
   setAccessibleName("Directory di Lavoro");
   setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
   setAutoFillBackground(true);

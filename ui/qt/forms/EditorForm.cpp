@@ -8,6 +8,7 @@
 
 #include "ui/layout/EditorLayout.h"
 #include "ui/qt/widgets/Fonts.h"
+#include "ui/qt/widgets/HelpKey.h"
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
@@ -26,6 +27,7 @@ FrmEdi::FrmEdi(Editor& engine, const EditorServices& services)
       TxtEdi_(new EditorBox(this)),
       find_(new FindBar(this)) {
   setObjectName("FrmEdi");
+  setManualTopic(*this, ManualTopic::kEditor);
   setContextMenuPolicy(Qt::NoContextMenu);
   buildMenus();
   buildBoxes();

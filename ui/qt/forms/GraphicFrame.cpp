@@ -2,6 +2,7 @@
 
 #include "ui/qt/widgets/AccessButton.h"
 #include "ui/qt/widgets/Fonts.h"
+#include "ui/qt/widgets/HelpKey.h"
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
@@ -27,6 +28,7 @@ FraGra::FraGra(QWidget* parent, GraphicPanel& panel, const QFont& font, EventRun
                std::function<void(int)> button)
     : QFrame(parent), panel_(panel), run_(std::move(run)) {
   setObjectName("FraGra");
+  setManualTopic(*this, ManualTopic::kGraphicSettings);
   setAccessibleName("Impostazioni Grafiche");
   setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
   setAutoFillBackground(true);

@@ -10,6 +10,7 @@
 #include "platform/Texts.h"
 #include "ui/qt/widgets/AccessButton.h"
 #include "ui/qt/widgets/Fonts.h"
+#include "ui/qt/widgets/HelpKey.h"
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
@@ -55,6 +56,7 @@ FrmImp::FrmImp(const Windows& windows, const FontSpec& font)
       FraLin_(new QGroupBox),
       TabLin_(new QTableWidget) {
   setObjectName("FrmImp");
+  setManualTopic(*this, ManualTopic::kImport);
   setFont(toolkitFont(font));
   setWindowTitle(kImportCaption);
   setAccessibleName(kImportCaption);

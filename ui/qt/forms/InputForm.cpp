@@ -7,6 +7,7 @@
 #include "ui/qt/widgets/AccessButton.h"
 #include "ui/qt/widgets/Fonts.h"
 #include "ui/qt/widgets/GridPainter.h"
+#include "ui/qt/widgets/HelpKey.h"
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
@@ -79,6 +80,7 @@ void InpFrm::build(InputTables& tables, Form caller) {
   const FontMeasure button(formButtonFont(), FontMeasure::Texts::kGrid);
   engine_.open(tables, {windows_.place(caller), windows_.frame(), &grid, &button});
   const InputLayout& layout = engine_.layout();
+  setManualTopic(*this, tables.topic);
   setWindowTitle(fromText(tables.caption));
   setAccessibleName(windowTitle());
   size_ = toPixels(layout.form.size() - windows_.frame());

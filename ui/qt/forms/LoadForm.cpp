@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 
 #include "ui/qt/widgets/Fonts.h"
+#include "ui/qt/widgets/HelpKey.h"
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
@@ -42,6 +43,7 @@ Loa_Fun::Loa_Fun(LoadFunction& engine, const Windows& windows, const FontSpec& f
       LstFun_(makeList("LstFun", kDescriptionFrame, kDescriptionColumns)),
       TxtDef_(makeText(this, "TxtDef", kDefinitionFrame, kDefinitionRows)),
       TxtPar_(makeText(this, "TxtPar", kParametersFrame, kParameterRows)) {
+  setManualTopic(*this, ManualTopic::kFunctionLoading);
   makeButtons();
   arrange();
   connect(LstFun_, &QListWidget::currentRowChanged, this,

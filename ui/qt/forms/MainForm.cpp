@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "ui/qt/widgets/Fonts.h"
+#include "ui/qt/widgets/HelpKey.h"
 #include "ui/qt/widgets/Pictures.h"
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/TopMenuBar.h"
@@ -58,6 +59,7 @@ void Backdrop::paintEvent(QPaintEvent*) {
 
 Vor_Kel::Vor_Kel(EventPump& pump) : pump_(pump), backdrop_(new Backdrop(this)) {
   setObjectName("Vor_Kel");
+  setManualTopic(*this, ManualTopic::kMainWindow);
   setCentralWidget(backdrop_);
   setContextMenuPolicy(Qt::NoContextMenu);
   setAcceptDrops(true);

@@ -4,6 +4,7 @@
 
 #include "ui/qt/widgets/AccessButton.h"
 #include "ui/qt/widgets/Fonts.h"
+#include "ui/qt/widgets/HelpKey.h"
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
@@ -46,6 +47,7 @@ void FrmOut::OutShow(const OutputRequest& request) {
   showDetail();
   setFont(toolkitFont(services_.FontEdit));
   cell_ = cellOf(font());
+  setManualTopic(*this, request.topic);
   setWindowTitle(fromText(request.caption));
   setAccessibleName(windowTitle());
 

@@ -4,6 +4,7 @@
 #include <QLabel>
 
 #include "ui/qt/widgets/Fonts.h"
+#include "ui/qt/widgets/HelpKey.h"
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
@@ -28,6 +29,7 @@ Sel_Fun::Sel_Fun(SelectFunction& engine, const Windows& windows, const FontSpec&
       LstOut_(makeList("LstOut", kOuterHeading, kColumns)),
       LstInn_(makeList("LstInn", kInnerHeading, kColumns)),
       TxtFun_(new QLineEdit(this)) {
+  setManualTopic(*this, ManualTopic::kFunctionChoice);
   TxtFun_->setObjectName("TxtFun");
   TxtFun_->setAccessibleName(kSelectHeading);
   TxtFun_->setReadOnly(true);

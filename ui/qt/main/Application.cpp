@@ -6,13 +6,13 @@
 
 namespace vk {
 
-Application::Application(Files& files, std::function<void(int)> quit, bool usePrinters)
+Application::Application(Files& files, Process& process, std::function<void(int)> quit, bool usePrinters)
     : files_(files),
       quit_(std::move(quit)),
       printer_(files_, dialogs_, usePrinters),
       forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &editForm_, &importForm_, &message_},
       mainMod_(session_, {files_, dialogs_, window_, inputForm_, output_, functions_, importForm_, clock_,
-                          sound_, process_, random_, editor_, panels_, plots_, report_,
+                          sound_, process, random_, editor_, panels_, plots_, report_,
                           [this]() -> Device& { return figurePrinter(); }}) {
   windows_.add(Form::kMain, &window_);
   windows_.add(Form::kInput, &inputForm_);

@@ -21,7 +21,6 @@
 #include "ui/qt/forms/MainForm.h"
 #include "ui/qt/forms/MessageForm.h"
 #include "ui/qt/forms/Windows.h"
-#include "ui/qt/ports/DesktopServices.h"
 #include "ui/qt/ports/QtClipboard.h"
 #include "ui/qt/ports/QtDialogs.h"
 #include "ui/qt/ports/QtFunctionForms.h"
@@ -30,16 +29,18 @@
 #include "ui/qt/ports/QtPlotWindow.h"
 #include "ui/qt/ports/QtPrinter.h"
 #include "ui/qt/ports/QtReportWindow.h"
+#include "ui/qt/widgets/DesktopServices.h"
 #include "ui/qt/widgets/EventPump.h"
+#include "ui/qt/widgets/HelpKey.h"
 
 namespace vk {
 
 /// The desktop program: one session, its forms, and the wires between them.
 class Application {
  public:
-  /// `files` is the disk; `quit` ends the event loop with an exit code. Without `usePrinters` all that is printed
-  /// goes to PDF files.
-  Application(Files& files, std::function<void(int)> quit, bool usePrinters = true);
+  /// `files` is the disk, `process` starts other programs; `quit` ends the event loop with an exit code. Without
+  /// `usePrinters` all that is printed goes to PDF files.
+  Application(Files& files, Process& process, std::function<void(int)> quit, bool usePrinters = true);
 
   /// Shows the main window and the welcome; the program is ready afterwards.
   void StartUp();
@@ -71,7 +72,6 @@ class Application {
   Windows windows_;
   SystemClock clock_;
   QtSound sound_;
-  QtProcess process_;
   SystemRandom random_;
   QtClipboard clipboard_{settings_.FontEdit};
   QtDialogs dialogs_{windows_, message_};
@@ -103,6 +103,7 @@ class Application {
   QtFunctionForms functions_{selectForm_, loadForm_};
   MainPanels panels_{session_, files_, window_};
   MainMod mainMod_;
+  HelpKey helpKey_{[this](ManualTopic topic) { mainMod_.help(topic); }};
 };
 
 }  // namespace vk

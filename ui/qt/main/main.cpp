@@ -7,9 +7,10 @@ int main(int argc, char** argv) {
   QApplication toolkit(argc, argv);
   vk::setUpToolkit(toolkit);
   vk::SystemFiles files;
+  vk::QtProcess process;
   bool ended = false;
   int exitCode = 0;
-  vk::Application application(files, [&](int code) {
+  vk::Application application(files, process, [&](int code) {
     ended = true;
     exitCode = code;
     QCoreApplication::exit(code);

@@ -9,6 +9,7 @@
 #include <QTreeView>
 
 #include "platform/Files.h"
+#include "ui/qt/widgets/HelpKey.h"
 #include "ui/qt/widgets/TextConversion.h"
 
 namespace vk {
@@ -132,6 +133,7 @@ std::optional<std::string> askFileName(const FileRequest& request, QWidget* owne
   const std::vector<FileFilter> filters = splitFilter(request.filter);
   QFileDialog dialog(owner, fromText(request.caption));
   dialog.setObjectName("FileDialog");
+  setManualTopic(dialog, ManualTopic::kFileChoice);
   dialog.setAccessibleName(dialog.windowTitle());
   // Dialogs of a desktop insist on files that exist, or ask before they overwrite; both questions are ours.
   dialog.setOption(QFileDialog::DontUseNativeDialog);

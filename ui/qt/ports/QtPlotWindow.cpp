@@ -15,6 +15,7 @@
 
 #include "ui/qt/devices/ImageDevice.h"
 #include "ui/qt/devices/QtPicture.h"
+#include "ui/qt/widgets/HelpKey.h"
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
@@ -37,6 +38,7 @@ int screenRatio() {
 QtPlotWindow::QtPlotWindow(const World& world, int number)
     : world_(world), number_(number), device_(world.graphics.letters(), screenRatio()) {
   setObjectName(QStringLiteral("GralFrm"));
+  setManualTopic(*this, ManualTopic::kFigure);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   setToolTip(kClickMeaning);

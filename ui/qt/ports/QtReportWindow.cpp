@@ -14,6 +14,7 @@
 #include "ui/qt/widgets/AccessButton.h"
 #include "ui/qt/widgets/Fonts.h"
 #include "ui/qt/widgets/GridPainter.h"
+#include "ui/qt/widgets/HelpKey.h"
 #include "ui/qt/widgets/TextConversion.h"
 #include "ui/qt/widgets/Twips.h"
 
@@ -36,6 +37,7 @@ QtReportWindow::QtReportWindow(const ReportServices& services)
       surface_(new OutputSurface(nullptr, report_.text)),
       figure_(new FigureView(services_.graphics)) {
   setObjectName("FrmDia");
+  setManualTopic(*this, ManualTopic::kDiagnosis);
   QPalette colours = palette();
   colours.setColor(QPalette::Window, Qt::white);
   setPalette(colours);

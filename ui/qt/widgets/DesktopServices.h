@@ -17,6 +17,7 @@ class QtSound : public Sound {
 class QtProcess : public Process {
  public:
   bool start(const std::string& program) override;
+  bool show(const std::string& path, const std::string& heading) override;
 };
 
 }  // namespace vk

@@ -133,6 +133,14 @@ file sbagliato.dat 'VOR_KEL: Lettura File Dati'
 picture errors 'VOR_KEL: Lettura File Dati - ERRORI'
 end
 
+# The calculator, which is a program of its own.
+"${program%/*}/tabulo" &> /dev/null &
+running=$!
+window TABULO > /dev/null
+fields 'R=47.2' 'U=4.81' 'U/R' 'ris^2*R'
+picture calculator TABULO
+end
+
 # A table of another program.
 start it-csv-utf8.csv
 picture import 'VOR_KEL: Importazione Tabella'

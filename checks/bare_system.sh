@@ -21,17 +21,21 @@ opens() { # program that must live until it is ended
 
 work() { # as an ordinary user, in a folder of his own
   cd "$(mktemp -d)"
-  local examples=/usr/share/vor_kel/examples version ending
+  local examples=/usr/share/vor_kel/examples version ending figure
   version=$(dpkg-query -W -f '${Version}' vor-kel)
   [[ $(vor_kel_batch --version) == *"$version"* ]] || fail "vor_kel_batch is not of version $version"
   opens vor_kel
   opens tabulo
   vor_kel_batch fit $examples/decay.dat --file $examples/lab.fcn --entry 1 --par A=400 --par k=0.2 --par b=5 > report
   grep -qF 'A  │ 0.514130E+03 │' report || fail "another report: $(cat report)"
-  cp $examples/* . 2> /dev/null || true
+  cp -r $examples/* .
   for ending in png svg pdf; do
     vor_kel_batch draw decay_fun.gra -o "figure.$ending"
     [ "$(stat -c %s "figure.$ending")" -gt 5000 ] || fail "figure.$ending is empty"
+  done
+  # As their pages tell: in the folder of each.
+  for figure in laboratorio/*/*.gra; do
+    (cd "${figure%/*}" && vor_kel_batch draw "${figure##*/}" -o figure.pdf)
   done
   # shellcheck disable=SC1091
   source /usr/share/bash-completion/completions/vor_kel_batch
@@ -44,6 +48,7 @@ inside() {
   # Its triggers keep the lists of programs and of kinds of files.
   apt-get install -q -y --no-install-recommends desktop-file-utils shared-mime-info > /dev/null
   apt-get install -q -y --no-install-recommends /package/*.deb > log 2>&1 || { cat log; exit 1; }
+  left | grep -q /usr/bin/vor_kel || fail "does not see what is there"
   useradd -m user
   mkdir -m 700 /run/user
   chown user /run/user

@@ -25,16 +25,18 @@ kind_is() { # file, kind
   found=$(XDG_DATA_HOME=$work/none XDG_DATA_DIRS=$share:/usr/share gio info -a standard::content-type "$1" | tail -n 1)
   [ "${found##* }" = "$2" ] || { echo "$1 is taken for:$found" >&2; exit 1; }
 }
-update-mime-database "$share/mime"
-for figure in "$share"/vor_kel/examples/*.gra; do
-  cp "$figure" "$work/figure"
-  kind_is "$work/figure" text/x-vor-kel-figure
-  kind_is "$figure" text/x-vor-kel-figure
-done
-for file in "$share"/vor_kel/examples/*.{gra,fcn}; do
-  [[ $file == *.gra ]] || kind_is "$file" text/x-vor-kel-function
+update-mime-database "$share/mime" 2> /dev/null # which would tell that the folder is none of this system's
+while IFS= read -r file; do
+  case $file in
+    *.fcn) kind_is "$file" text/x-vor-kel-function ;;
+    *.gra)
+      kind_is "$file" text/x-vor-kel-figure
+      cp "$file" "$work/figure"
+      kind_is "$work/figure" text/x-vor-kel-figure
+      ;;
+  esac
   QT_QPA_PLATFORM=offscreen XDG_DATA_DIRS=$share kate-syntax-highlighter -o "$work/coloured.html" "$file" 2> "$work/said"
   [ ! -s "$work/said" ] || { cat "$work/said"; exit 1; }
   grep -q '<span' "$work/coloured.html" || { echo "$file is not coloured" >&2; exit 1; }
-done
+done < <(find "$share/vor_kel/examples" -name '*.fcn' -o -name '*.gra')
 checks/bare_system.sh "$deb"

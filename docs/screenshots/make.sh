@@ -8,9 +8,9 @@ root=$(cd "$here/../.." && pwd)
 program=$(cd "${1:-$root/build/run/bin}" && pwd)/vor_kel
 out=${2:-$here}
 mkdir -p "$out"
-work=$(mktemp -d)
 place=/tmp/laboratorio # windows show it
 mkdir "$place" || { echo "move away $place"; exit 1; }
+work=$(mktemp -d)
 trap 'kill $(jobs -p) 2> /dev/null; rm -rf "$work" "$place"' EXIT
 cp "$program" "$root"/examples/*.{dat,fcn,gra} "$root/tests/files/it-csv-utf8.csv" "$place"
 printf '%s\n' 'Massa (g)' 'Allungamento (mm)' 5 '50 20,5 1' '100 39.0 1' '150 61.5' '200 80.0 1' '250 101.5 1' \
@@ -18,7 +18,10 @@ printf '%s\n' 'Massa (g)' 'Allungamento (mm)' 5 '50 20,5 1' '100 39.0 1' '150 61
 
 export XDG_RUNTIME_DIR=$work
 Xvfb -displayfd 3 -screen 0 1000x760x24 3> "$work/display" &> /dev/null &
-until [ -s "$work/display" ]; do sleep 0.2; done
+until [ -s "$work/display" ]; do
+  kill -0 $! # the server has not failed
+  sleep 0.2
+done
 DISPLAY=:$(< "$work/display")
 export DISPLAY
 openbox &> /dev/null & # windows get the focus, and menus open by key, only under a window manager

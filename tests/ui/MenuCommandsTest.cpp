@@ -205,8 +205,16 @@ TEST_F(MainModTest, EachCommandTellsOnceOfAGammaFunctionThatDoesNotConverge) {
   for (int command = 1; command <= 2; ++command) {
     input.execute({"x", "y", "x+0*C_X2(800,800)", "y+0*C_P(400,401)", "dy"});
     dialogs.expectBox();
+    dialogs.expectBox();
     mainMod.run(Control::MenDatTra);
-    expectBox("D_X2", "Errori nel Calcolo della Funzione");
+    using Box = ScriptedDialogs::Box;
+    EXPECT_THAT(
+        dialogs.boxes,
+        ElementsAre(Box{"D_X2", "Errori nel Calcolo della Funzione"},
+                    Box{"VOR_KEL",
+                        "formula di x NON calcolabile nelle righe 1-3; formula di y NON calcolabile nelle "
+                        "righe 1-3  <*> per Continuare"}));
+    dialogs.boxes.clear();
   }
 }
 

@@ -23,9 +23,12 @@ html() { # what pandoc makes of a page with this template, without breaking line
   source_of "$1" | pandoc --from gfm --to html5 --wrap none --columns 10000 --no-highlight --toc --toc-depth 2 \
     --template "manuale/style/$2" -M "pagetitle=$(title "$1")" "${@:3}"
 }
-# The pages of a manual stand in the folder itself, all others below it as they do below docs/ and examples/.
-links() {
-  sed -E "s#(href|src)=\"$1#\1=\"#g; s#(href=\"[^\":]*)\.md([\"\#])#\1.html\2#g; s#href=\"\.\./examples/#href=\"#g"
+# Where a page stands in the folder: those of the manual in itself, all others as they do below docs/ and examples/.
+target() {
+  case $1 in
+    manuale/*) echo "$(name "$1").html" ;;
+    *) sed 's#^../examples/##; s#\.md$#.html#' <<< "$1" ;;
+  esac
 }
 
 # The gallery without its second part, which is for those who work on the drawing library; on paper the first page
@@ -33,41 +36,48 @@ links() {
 on_paper=
 source_of() { sed "/^## What the drawing library draws/,\$d; ${on_paper:+/^| Capitolo /,/^\$/d}" "$1"; }
 
+# Links about the checkout become links about the folder, which stands beside the examples where both are installed.
+links() { # page, the way up from it to the folder
+  local of_manual=
+  [[ $1 != manuale/* ]] || of_manual='s#(href|src)="\.\./#\1="#g'
+  sed -E "$of_manual
+    s#(href|src)=\"(\.\./)*(docs/|manuale/)+#\1=\"$2#g
+    s#href=\"(\.\./)*examples/#href=\"$2../examples/#g
+    s#href=\"(\.\./)*examples/laboratorio/#href=\"$2laboratorio/#g
+    s#(href=\"[^\":]*)\.md([\"\#])#\1.html\2#g"
+}
+
 chapter_list() { # the page that is being read, the way up from it to the folder
   local page
-  for page in manuale/indice.md "${chapters[@]}"; do
-    echo "<li><a href=\"${2:-}$(name "$page").html\"$([ "$page" != "$1" ] || echo ' aria-current="page"')>$(title "$page")</a></li>"
+  for page in "${pages[@]}"; do
+    echo "<li><a href=\"$2$(target "$page")\"$([ "$page" != "$1" ] || echo ' aria-current="page"')>$(title "$page")</a></li>"
   done
 }
 
 page() { # page, the one before it, the one behind it
-  local before=() after=()
-  [ -z "$2" ] || before=(-V "before=$(name "$2").html" -V "before-title=$(title "$2")")
-  [ -z "$3" ] || after=(-V "after=$(name "$3").html" -V "after-title=$(title "$3")")
-  html "$1" page.html -V lang=it -V "version=$version" -V "chapters=$(chapter_list "$1")" \
-    "${before[@]}" "${after[@]}" | links '\.\./' > "$out/$(name "$1").html"
+  local to up lang=en before=() after=()
+  to=$(target "$1")
+  up=$(sed 's#[^/]*$##; s#[^/][^/]*#..#g' <<< "$to")
+  [[ $1 != manuale/* && $1 != ../examples/* ]] || lang=it
+  [ -z "$2" ] || before=(-V "before=$up$(target "$2")" -V "before-title=$(title "$2")")
+  [ -z "$3" ] || after=(-V "after=$up$(target "$3")" -V "after-title=$(title "$3")")
+  mkdir -p "$(dirname "$out/$to")"
+  html "$1" page.html -V "lang=$lang" -V "up=$up" -V "version=$version" -V "chapters=$(chapter_list "$1" "$up")" \
+    "${before[@]}" "${after[@]}" | links "$1" "$up" > "$out/$to"
+}
+in_turn() { # pages
+  local all=("" "$@" "") i
+  for ((i = 1; i <= $#; i++)); do page "${all[i]}" "${all[i - 1]}" "${all[i + 1]}"; done
 }
 
 pages=(manuale/indice.md "${chapters[@]}")
-for ((i = 0; i < ${#pages[@]}; i++)); do
-  page "${pages[i]}" "$([ $i -eq 0 ] || echo "${pages[i - 1]}")" "${pages[i + 1]:-}"
-done
-for example in "${laboratory[@]}"; do
-  place=$(dirname "${example#../examples/}")
-  up=$(sed 's#[^/][^/]*#..#g' <<< "$place")/
-  mkdir -p "$out/$place"
-  html "$example" page.html -V lang=it -V "version=$version" -V "up=$up" -V "chapters=$(chapter_list "$example" "$up")" |
-    sed -E "s#href=\"(\.\./)*docs/manuale/#href=\"$up#g" | links manuale/ > "$out/$place/README.html"
-done
-for example in ../examples/laboratorio/*/figura.png; do
-  cp "$example" "$out/${example#../examples/}"
-done
+in_turn "${pages[@]}"
+in_turn "${laboratory[@]}"
 for english_page in "${english[@]}"; do
-  up=$(dirname "$english_page" | sed 's/^\.$//; s#[^/][^/]*#../#')
-  mkdir -p "$out/$(dirname "$english_page")"
-  html "$english_page" page.html -V lang=en -V "version=$version" -V "up=$up" \
-    -V "chapters=$(chapter_list "$english_page" "$up")" |
-    links "manuale/" > "$out/${english_page%.md}.html"
+  page "$english_page" "" ""
+done
+for figure in ../examples/laboratorio/*/figura.png; do
+  cp "$figure" "$out/${figure#../examples/}"
 done
 mkdir -p "$out/screenshots" "$out/gallery"
 cp manuale/style/manuale.css json.schema.json "$out"

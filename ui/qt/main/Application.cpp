@@ -1,8 +1,11 @@
 #include "ui/qt/main/Application.h"
 
+#include <QApplication>
 #include <filesystem>
 
 #include "ui/PdfProposal.h"
+#include "ui/qt/main/Run.h"
+#include "ui/qt/widgets/ToolkitSetup.h"
 
 namespace vk {
 
@@ -70,6 +73,27 @@ void Application::unload() {
   plots_.closeAll();
   report_.close();
   quit_(0);
+}
+
+int runDesktop(int argc, char** argv) {
+  QApplication toolkit(argc, argv);
+  setUpToolkit(toolkit);
+  SystemFiles files;
+  QtProcess process;
+  bool ended = false;
+  int exitCode = 0;
+  Application application(files, process, [&](int code) {
+    ended = true;
+    exitCode = code;
+    QCoreApplication::exit(code);
+  });
+  files.onLongRead = [&] { application.showWaitCursor(); };
+  application.StartUp();
+  // What begins with "-" is meant for programs that have options.
+  std::vector<std::string> names(argv + 1, argv + argc);
+  std::erase_if(names, [](const std::string& name) { return name.starts_with('-'); });
+  if (!ended) application.open(names);
+  return ended ? exitCode : QCoreApplication::exec();
 }
 
 }  // namespace vk

@@ -48,7 +48,7 @@ inside() {
   # Its triggers keep the lists of programs and of kinds of files.
   apt-get install -q -y --no-install-recommends desktop-file-utils shared-mime-info > /dev/null
   apt-get install -q -y --no-install-recommends /package/*.deb > log 2>&1 || { cat log; exit 1; }
-  left | grep -q /usr/bin/vor_kel || fail "does not see what is there"
+  [[ $(left) == */usr/bin/vor_kel* ]] || fail "does not see what is there"
   useradd -m user
   mkdir -m 700 /run/user
   chown user /run/user

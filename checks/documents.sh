@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Fails when a page links a file that does not exist, when the newest version of CHANGELOG.md is not the project's, when
-# pages for developers show other libraries than checks/layers.txt, when they name a file that there is not, and when a
-# picture of the windows is shown nowhere or taken by no script.
+# pages for developers show other libraries than checks/layers.txt, when they name a file that there is not, when a
+# picture of the windows is shown nowhere or taken by no script, and when what desktops and editors read is no XML.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 status=0
@@ -44,6 +44,10 @@ for name in $(printf '%s\n' docs/screenshots/*.png | sed 's#.*/##; s/\.png$//') 
   echo "docs/screenshots/$name.png is not there, docs/screenshots/make.sh does not take it, or no page shows it"
   status=1
 done
+
+# checks/package.sh looks closer at them, where they are installed.
+[ ! -d packaging ] ||
+  find packaging -regex '.*\.\(xml\|svg\|lang\)\(\.in\)?' -exec xmllint --nonet --noout {} + || status=1
 
 files=$(find . -path ./build -prune -o -type f -print)
 while IFS=: read -r page name; do

@@ -55,7 +55,7 @@ file() { # name for a file dialog, title of the dialog
 fields() { # texts of an input form, each on to the next field
   local text
   for text in "$@"; do
-    xdotool type "$text"
+    xdotool type -- "$text"
     keys Return
   done
 }

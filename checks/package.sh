@@ -19,6 +19,11 @@ find "$share" \( -name '*.xml' -o -name '*.svg' -o -name '*.lang' \) -exec xmlli
 xmllint --nonet --noout --relaxng /usr/share/gtksourceview-4/language-specs/language2.rng \
   "$share"/gtksourceview-4/language-specs/*.lang
 
+# The pages lead to what is installed beside them.
+while IFS=: read -r page link; do
+  [ -e "${page%/*}/$link" ] || { echo "${page#"$share/"}: there is no $link" >&2; exit 1; }
+done < <(find "$share" -name '*.md' -exec grep -oHE '\]\([^):#]+[)#]' {} + | sed 's/](//; s/.$//')
+
 # Kinds of files by their names, and of graphic files by what is in them; editors know the same.
 kind_is() { # file, kind
   local found

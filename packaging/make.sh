@@ -2,7 +2,7 @@
 # Makes the files of an installation that depend on the built program or on other files of the repository.
 # Usage: packaging/make.sh PROGRAM SHARE TREE ID ADDRESS PART ...
 # PROGRAM is the built vor_kel_batch, SHARE the folder of the build that may hold pages for man. TREE becomes what goes
-# below the prefix, of these parts: doc, desktop.
+# below the prefix, of these parts: examples, doc, desktop.
 set -euo pipefail
 program=$1 built=$2 share=$3/share id=$4 address=$5
 here=$(cd "$(dirname "$0")" && pwd)
@@ -12,6 +12,14 @@ filled() { # template, name in it, what stands for it
   local text
   text=$(< "$1")
   echo "${text//@$2@/"$3"}"
+}
+
+examples() { # their pages, which lead to the manual as it is installed
+  local page
+  while IFS= read -r page; do
+    mkdir -p "$share/vor_kel/${page%/*}"
+    sed -E 's#((\.\./)+)docs/manuale/([a-z0-9-]+)\.md#\1manuale/\3.html#g' "$here/../$page" > "$share/vor_kel/$page"
+  done < <(cd "$here/.." && find examples -name '*.md')
 }
 
 doc() {

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "doubles/Tolerances.h"
 #include "tests/analysis/ModelFixture.h"
 
 namespace vk {
@@ -16,7 +17,7 @@ TEST_F(AnalyticErrorsTest, TakesCentralDifferencesOfAThousandthOfTheValue) {
   load("a", "a*a*a");
   set(1, 2, 0);
   // ((p+h)^3 - (p-h)^3) / 2h = 3 p^2 + h^2
-  EXPECT_NEAR(errors().Derivatives[1], 12 + 0.002 * 0.002, 1E-12);
+  EXPECT_NEAR(errors().Derivatives[1], 12 + 0.002 * 0.002, kManyRoundings);
   set(1, 0, 0);
   EXPECT_NEAR(errors().Derivatives[1], 0.001 * 0.001, 1E-18);
 }
@@ -24,7 +25,7 @@ TEST_F(AnalyticErrorsTest, TakesCentralDifferencesOfAThousandthOfTheValue) {
 TEST_F(AnalyticErrorsTest, ANegativeValueStepsBackwards) {
   load("a", "a*a*a");
   set(1, -2, 0);
-  EXPECT_NEAR(errors().Derivatives[1], 12 + 0.002 * 0.002, 1E-12);
+  EXPECT_NEAR(errors().Derivatives[1], 12 + 0.002 * 0.002, kManyRoundings);
 }
 
 TEST_F(AnalyticErrorsTest, TheIndependentVariableIsNumberZero) {
@@ -35,10 +36,10 @@ TEST_F(AnalyticErrorsTest, TheIndependentVariableIsNumberZero) {
   const AnalyticErrors result = errors();
   EXPECT_EQ(result.F0, 13);
   EXPECT_EQ(result.Derivatives.upper(), 2);
-  EXPECT_NEAR(result.Derivatives[0], 3, 1E-10);
-  EXPECT_NEAR(result.Derivatives[1], 4, 1E-10);
-  EXPECT_NEAR(result.Derivatives[2], 1, 1E-10);
-  EXPECT_NEAR(result.ErrorMax, 1.5, 1E-10);
+  EXPECT_NEAR(result.Derivatives[0], 3, kDerived);
+  EXPECT_NEAR(result.Derivatives[1], 4, kDerived);
+  EXPECT_NEAR(result.Derivatives[2], 1, kDerived);
+  EXPECT_NEAR(result.ErrorMax, 1.5, kDerived);
 }
 
 TEST_F(AnalyticErrorsTest, AMaximumErrorIsUniform) {
@@ -47,8 +48,8 @@ TEST_F(AnalyticErrorsTest, AMaximumErrorIsUniform) {
   set(1, 3, -0.25);
   set(2, 1, 0);
   par.ParValues[0] = -7;
-  EXPECT_NEAR(errors().ErrorMax, 7 * 0.25, 1E-10);
-  EXPECT_NEAR(errors().ErrorSigma, 7 * 0.25 / std::sqrt(3), 1E-10);
+  EXPECT_NEAR(errors().ErrorMax, 7 * 0.25, kDerived);
+  EXPECT_NEAR(errors().ErrorSigma, 7 * 0.25 / std::sqrt(3), kDerived);
 }
 
 TEST_F(AnalyticErrorsTest, AStandardDeviationCountsThreefoldAsMaximum) {
@@ -57,8 +58,8 @@ TEST_F(AnalyticErrorsTest, AStandardDeviationCountsThreefoldAsMaximum) {
   set(1, 3, 0.25);
   set(2, 1, 0);
   par.ParValues[0] = -7;
-  EXPECT_NEAR(errors().ErrorSigma, 7 * 0.25, 1E-10);
-  EXPECT_NEAR(errors().ErrorMax, 3 * 7 * 0.25, 1E-10);
+  EXPECT_NEAR(errors().ErrorSigma, 7 * 0.25, kDerived);
+  EXPECT_NEAR(errors().ErrorMax, 3 * 7 * 0.25, kDerived);
 }
 
 TEST_F(AnalyticErrorsTest, ContributionsAddUpAndVariancesInSquares) {
@@ -67,8 +68,8 @@ TEST_F(AnalyticErrorsTest, ContributionsAddUpAndVariancesInSquares) {
   set(1, 3, -0.3);  // slope 2
   set(2, 1, 0.5);   // slope 1
   const AnalyticErrors result = errors();
-  EXPECT_NEAR(result.ErrorMax, 3 * 0.3 + 0.6 + 3 * 0.5, 1E-10);
-  EXPECT_NEAR(result.ErrorSigma, std::sqrt(0.09 + 0.36 / 3 + 0.25), 1E-10);
+  EXPECT_NEAR(result.ErrorMax, 3 * 0.3 + 0.6 + 3 * 0.5, kDerived);
+  EXPECT_NEAR(result.ErrorSigma, std::sqrt(0.09 + 0.36 / 3 + 0.25), kDerived);
 }
 
 TEST_F(AnalyticErrorsTest, LeavesTheValuesAsTheyWere) {

@@ -4,6 +4,7 @@
 
 #include "analysis/Propagation.h"
 #include "commands/RandomSource.h"
+#include "doubles/Tolerances.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/analysis/CorrelatedPair.h"
 #include "tests/analysis/ModelFixture.h"
@@ -79,9 +80,9 @@ class CorrelatedPropagationTest : public ModelTest {
 TEST_F(CorrelatedPropagationTest, ARatioIsKnownBetterThanItsParts) {
   const double ratio = 514 / 0.309, a = 14.1 / 514, k = 0.00955 / 0.309;
   const AnalyticErrors errors = propagated().analytic;
-  EXPECT_NEAR(errors.ErrorSigma, ratio * std::sqrt(a * a + k * k - 2 * 0.7467 * a * k), 1E-3);
+  EXPECT_NEAR(errors.ErrorSigma, ratio * std::sqrt(a * a + k * k - 2 * 0.7467 * a * k), kThreeDigits);
   EXPECT_NEAR(errors.ErrorSigma, 35, 1);
-  EXPECT_NEAR(errors.ErrorMax, 3 * errors.ErrorSigma, 1E-9);
+  EXPECT_NEAR(errors.ErrorMax, 3 * errors.ErrorSigma, kIterated);
   expectAgreement();
   par.correlated = {};
   EXPECT_NEAR(propagated().analytic.ErrorSigma, 69, 1);
@@ -92,14 +93,14 @@ TEST_F(CorrelatedPropagationTest, OtherErrorsComeOnTop) {
   const double before = propagated().analytic.ErrorSigma;
   set(3, 1, 0.02);
   const AnalyticErrors errors = propagated().analytic;
-  EXPECT_NEAR(errors.ErrorSigma, std::hypot(before, 0.02 * errors.F0), 1E-6);
-  EXPECT_NEAR(errors.ErrorMax, 3 * (before + 0.02 * errors.F0), 1E-6);
+  EXPECT_NEAR(errors.ErrorSigma, std::hypot(before, 0.02 * errors.F0), kMinimum);
+  EXPECT_NEAR(errors.ErrorMax, 3 * (before + 0.02 * errors.F0), kMinimum);
   expectAgreement();
 }
 
 TEST_F(CorrelatedPropagationTest, ErrorsThatAreOppositeAddUp) {
   par.correlated = correlatedErrors({1, 2}, {14.1, 0.00955}, -1);
-  EXPECT_NEAR(propagated().analytic.ErrorSigma, 514 / 0.309 * (14.1 / 514 + 0.00955 / 0.309), 1E-3);
+  EXPECT_NEAR(propagated().analytic.ErrorSigma, 514 / 0.309 * (14.1 / 514 + 0.00955 / 0.309), kThreeDigits);
   expectAgreement();
 }
 
@@ -108,9 +109,9 @@ TEST_F(CorrelatedPropagationTest, WithoutACorrelationNothingChanges) {
   const PropagationResult independent = propagated();
   par.correlated = correlatedErrors({1, 2}, {14.1, 0.00955}, 0);
   const PropagationResult result = propagated();
-  EXPECT_NEAR(result.analytic.ErrorSigma, independent.analytic.ErrorSigma, 1E-9);
-  EXPECT_NEAR(result.samples.mean, independent.samples.mean, 1E-9);
-  EXPECT_NEAR(result.samples.spread, independent.samples.spread, 1E-9);
+  EXPECT_NEAR(result.analytic.ErrorSigma, independent.analytic.ErrorSigma, kIterated);
+  EXPECT_NEAR(result.samples.mean, independent.samples.mean, kIterated);
+  EXPECT_NEAR(result.samples.spread, independent.samples.spread, kIterated);
 }
 
 TEST_F(CorrelatedPropagationTest, NewErrorsAreIndependent) {

@@ -4,12 +4,13 @@
 #include <cmath>
 
 #include "analysis/FitFixture.h"
+#include "doubles/Tolerances.h"
 #include "numeric/SampleValues.h"
 
 namespace vk {
 namespace {
 
-constexpr double kNear = 1E-8;
+constexpr double kNear = kByDifferences;
 
 /// A line through points whose errors differ, at its minimum, with the covariances of b and c.
 class CurveBandTest : public testing::Test {
@@ -86,15 +87,15 @@ TEST(CurveBand, IsMissingWhereDerivativesDoNotSettle) {
 }
 
 TEST(IntervalFactor, IsThatOfTheNormalDistributionOfAKnownDeviation) {
-  EXPECT_NEAR(intervalFactor(68.26894921, 0), 1, 1E-6);
+  EXPECT_NEAR(intervalFactor(68.26894921, 0), 1, kMinimum);
   EXPECT_NEAR(intervalFactor(95, 0), 1.959963985, 2E-6);
 }
 
 TEST(IntervalFactor, IsStudentsForADeviationFromTheScatter) {
   // Tables of Student's distribution, two-sided 95 per cent; the first is tan(0.95 pi / 2), by CurveBandTest.py.
-  EXPECT_NEAR(intervalFactor(95, 1), 12.7062, 1E-3);
-  EXPECT_NEAR(intervalFactor(95, 3), 3.18245, 1E-5);
-  EXPECT_NEAR(intervalFactor(95, 30), 2.04227, 1E-5);
+  EXPECT_NEAR(intervalFactor(95, 1), 12.7062, kThreeDigits);
+  EXPECT_NEAR(intervalFactor(95, 3), 3.18245, kSixDigits);
+  EXPECT_NEAR(intervalFactor(95, 30), 2.04227, kSixDigits);
   EXPECT_NEAR(intervalFactor(95, 30000), 1.95999, 1E-4);
 }
 

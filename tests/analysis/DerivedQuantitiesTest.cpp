@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "analysis/ModelFixture.h"
+#include "doubles/Tolerances.h"
 #include "expr/Compiler.h"
 
 namespace vk {
@@ -39,8 +40,8 @@ class DerivedQuantityTest : public testing::Test {
 
 TEST_F(DerivedQuantityTest, HasTheErrorOfItsParameter) {
   const QuantityValue half = of("LOG(2)/k", covariance(7, 0.003, 0.9));
-  EXPECT_THAT(half.value, Optional(DoubleNear(kLog2 / 0.2, 1E-14)));
-  EXPECT_THAT(half.error, Optional(DoubleNear(kLog2 / 0.04 * 0.003, 1E-10)));
+  EXPECT_THAT(half.value, Optional(DoubleNear(kLog2 / 0.2, kFewRoundings)));
+  EXPECT_THAT(half.error, Optional(DoubleNear(kLog2 / 0.04 * 0.003, kDerived)));
 }
 
 TEST_F(DerivedQuantityTest, KnowsWhatTheCorrelationTakesAway) {
@@ -48,9 +49,9 @@ TEST_F(DerivedQuantityTest, KnowsWhatTheCorrelationTakesAway) {
   const auto part = [&](double correlation) {
     return of("A/k", covariance(8, 0.004, correlation)).error.value_or(-1) / 2000;
   };
-  EXPECT_NEAR(part(0), 0.02 * std::sqrt(2), 1E-10);
-  EXPECT_NEAR(part(0.99), 0.02 * std::sqrt(2 * 0.01), 1E-10);
-  EXPECT_NEAR(part(-1), 0.04, 1E-10);
+  EXPECT_NEAR(part(0), 0.02 * std::sqrt(2), kDerived);
+  EXPECT_NEAR(part(0.99), 0.02 * std::sqrt(2 * 0.01), kDerived);
+  EXPECT_NEAR(part(-1), 0.04, kDerived);
   EXPECT_NEAR(part(1 - 1E-10), 0.02 * std::sqrt(2 * 1E-10), 1E-11);
 }
 
@@ -64,25 +65,25 @@ TEST_F(DerivedQuantityTest, HasNoErrorWhereOnlyRoundingIsLeftOfIt) {
 
 TEST_F(DerivedQuantityTest, TakesConstantParametersAsExact) {
   EXPECT_THAT(of("b*b", covariance(8, 0.004, 0)).error, Optional(0));
-  EXPECT_THAT(of("A+b", covariance(8, 0.004, 0)).error, Optional(DoubleNear(8, 1E-9)));
+  EXPECT_THAT(of("A+b", covariance(8, 0.004, 0)).error, Optional(DoubleNear(8, kIterated)));
 }
 
 TEST_F(DerivedQuantityTest, MayHaveNoSlope) {
   EXPECT_THAT(of("A*0", covariance(8, 0.004, 0)).value, Optional(0));
   EXPECT_THAT(of("A*0", covariance(8, 0.004, 0)).error, Optional(0));
   EXPECT_THAT(of("7", covariance(8, 0.004, 0)).error, Optional(0));
-  EXPECT_THAT(of("(A-400)^2", covariance(8, 0.004, 0)).error, Optional(DoubleNear(0, 1E-9)));
-  EXPECT_THAT(of("COS(A-400)", covariance(8, 0.004, 0)).error, Optional(DoubleNear(0, 1E-8)));
+  EXPECT_THAT(of("(A-400)^2", covariance(8, 0.004, 0)).error, Optional(DoubleNear(0, kIterated)));
+  EXPECT_THAT(of("COS(A-400)", covariance(8, 0.004, 0)).error, Optional(DoubleNear(0, kByDifferences)));
 }
 
 TEST_F(DerivedQuantityTest, StaysWithinItsDomain) {
   // The first steps lead to where there is no logarithm.
-  EXPECT_THAT(of("LOG(A-399)", covariance(0.01, 0.004, 0)).error, Optional(DoubleNear(0.01, 1E-10)));
+  EXPECT_THAT(of("LOG(A-399)", covariance(0.01, 0.004, 0)).error, Optional(DoubleNear(0.01, kDerived)));
 }
 
 TEST_F(DerivedQuantityTest, TakesParametersOfAnySize) {
   StoreParameters(par, std::vector{0.0, 1E-20, 5.0}, std::vector{1.0, 1.0, 0.0}, 1);
-  EXPECT_THAT(of("A+1", covariance(1E-9, 1E-22, 0)).error, Optional(DoubleNear(1E-9, 1E-14)));
+  EXPECT_THAT(of("A+1", covariance(1E-9, 1E-22, 0)).error, Optional(DoubleNear(1E-9, kFewRoundings)));
   EXPECT_THAT(of("2*k", covariance(1E-9, 1E-22, 0)).error, Optional(DoubleNear(2E-22, 1E-30)));
   EXPECT_THAT(of("A", covariance(1E-9, 1E-22, 0)).error, Optional(DoubleNear(1E-9, 1E-18)));
 }

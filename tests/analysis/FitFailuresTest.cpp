@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "analysis/FitFixture.h"
+#include "doubles/Tolerances.h"
 #include "numeric/SampleValues.h"
 
 namespace vk {
@@ -85,8 +86,8 @@ TEST(FitData, LeavesOutAPointInTheMiddleWithoutError) {
   fit.start({0.5, 0.5});
   const FitResult result = fit.fit();
   EXPECT_EQ(result.status, FitStatus::kCompleted);
-  EXPECT_NEAR(fit.value(1), 1, 1E-6);
-  EXPECT_NEAR(fit.value(2), 0, 1E-5);
+  EXPECT_NEAR(fit.value(1), 1, kMinimum);
+  EXPECT_NEAR(fit.value(2), 0, kSixDigits);
 }
 
 TEST(FitData, EndsSilentlyWhenTheLastPointHasNoError) {

@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "analysis/FitFixture.h"
+#include "doubles/Tolerances.h"
 #include "numeric/SampleValues.h"
 
 namespace vk {
@@ -20,8 +21,8 @@ TEST(FitData, LeavesValuesAndErrorsInTheParameterTables) {
   fit.start({1, 1});
   const FitResult result = fit.fit();
   EXPECT_EQ(result.status, FitStatus::kCompleted);
-  EXPECT_NEAR(fit.value(1), 1.99, 1E-6);
-  EXPECT_NEAR(fit.value(2), 0.05, 1E-6);
+  EXPECT_NEAR(fit.value(1), 1.99, kMinimum);
+  EXPECT_NEAR(fit.value(2), 0.05, kMinimum);
   // By the formula of the directions; the exact errors are 0.0316 and 0.1049.
   EXPECT_NEAR(fit.error(1), 0.0316, 0.0316);
   EXPECT_NEAR(fit.error(2), 0.1049, 0.1049);
@@ -29,11 +30,11 @@ TEST(FitData, LeavesValuesAndErrorsInTheParameterTables) {
   EXPECT_EQ(result.M, 5);
   EXPECT_EQ(result.N, 2);
   EXPECT_EQ(result.degrees_of_freedom, 3);
-  EXPECT_NEAR(result.chi_square, 10.7, 1E-6);
-  EXPECT_NEAR(*result.reduced_chi_square, 10.7 / 3, 1E-6);
+  EXPECT_NEAR(result.chi_square, 10.7, kMinimum);
+  EXPECT_NEAR(*result.reduced_chi_square, 10.7 / 3, kMinimum);
   // Upper tail of the chi-square distribution with 3 degrees of freedom at 10.7.
   const double tail = std::erfc(std::sqrt(5.35)) + std::sqrt(21.4 / 3.14159265358979) * std::exp(-5.35);
-  EXPECT_NEAR(*result.confidence_percent, 100 * tail, 1E-5);
+  EXPECT_NEAR(*result.confidence_percent, 100 * tail, kSixDigits);
   EXPECT_EQ(result.reason, "");
   EXPECT_EQ(result.correlation.size(), 2);
   EXPECT_TRUE(fit.complete);
@@ -70,10 +71,10 @@ TEST(FitData, KeepsConstantParametersAndTheOrderOfTheFreeOnes) {
   fit.data(kFive, {3, 8, 15, 24, 35}, kTenths);
   fit.start({0.5, 2, 1}, "b");
   const FitResult result = fit.fit();
-  EXPECT_NEAR(fit.value(1), 1, 1E-6);
+  EXPECT_NEAR(fit.value(1), 1, kMinimum);
   EXPECT_EQ(fit.value(2), 2);
   EXPECT_EQ(fit.error(2), 0);
-  EXPECT_NEAR(fit.value(3), 0, 1E-5);
+  EXPECT_NEAR(fit.value(3), 0, kSixDigits);
   ASSERT_EQ(result.N, 2);
   EXPECT_EQ(result.par.FreeIndex[1], 1);
   EXPECT_EQ(result.par.FreeIndex[2], 3);
@@ -87,7 +88,7 @@ TEST(FitData, FitsACompositeOfTheCatalogue) {
   fit.data(x, y, Values(6, 0.1));
   fit.start({-0.2, 0.5, 4}, "c");  // which cannot be told apart from A
   fit.fit();
-  EXPECT_NEAR(fit.value(1), -0.3, 1E-3);
+  EXPECT_NEAR(fit.value(1), -0.3, kThreeDigits);
   EXPECT_EQ(fit.value(2), 0.5);
   EXPECT_NEAR(fit.value(3), 5, 1E-2);
 }
@@ -109,7 +110,7 @@ TEST(FitData, StartsFromTheResultOfTheFitBefore) {
   const int first = fit.fit().evaluations;
   const double slope = fit.value(1);
   EXPECT_LT(fit.fit().evaluations, first);
-  EXPECT_NEAR(fit.value(1), slope, 1E-9);
+  EXPECT_NEAR(fit.value(1), slope, kIterated);
 }
 
 TEST(FitData, RunsOnceWithoutErrorsOfX) {
@@ -144,8 +145,8 @@ TEST(FitData, FitsTwiceWithEffectiveErrors) {
     Sxx += w * data.Xpnt[j] * data.Xpnt[j], Sxy += w * data.Xpnt[j] * data.Ypnt[j];
   }
   const double slope = (S * Sxy - Sx * Sy) / (S * Sxx - Sx * Sx);
-  EXPECT_NEAR(fit.value(1), slope, 1E-6);
-  EXPECT_NEAR(fit.value(2), (Sy - slope * Sx) / S, 1E-6);
+  EXPECT_NEAR(fit.value(1), slope, kMinimum);
+  EXPECT_NEAR(fit.value(2), (Sy - slope * Sx) / S, kMinimum);
   EXPECT_EQ(result.status, FitStatus::kCompleted);
 }
 
@@ -155,9 +156,9 @@ TEST(FitData, TakesTheSlopeOverAHundredthOfTheRangeOnEachSide) {
   fit.data({0, 5, 10}, {0, 125, 1000}, {1, 1, 1}, {1, 1, 1});
   fit.start({1});
   fit.fit();
-  EXPECT_NEAR(fit.points.ErrEff[1], std::sqrt(1 + 0.01 * 0.01), 1E-9);
-  EXPECT_NEAR(fit.points.ErrEff[2], std::sqrt(1 + 75.01 * 75.01), 1E-6);
-  EXPECT_NEAR(fit.points.ErrEff[3], std::sqrt(1 + 300.01 * 300.01), 1E-6);
+  EXPECT_NEAR(fit.points.ErrEff[1], std::sqrt(1 + 0.01 * 0.01), kIterated);
+  EXPECT_NEAR(fit.points.ErrEff[2], std::sqrt(1 + 75.01 * 75.01), kMinimum);
+  EXPECT_NEAR(fit.points.ErrEff[3], std::sqrt(1 + 300.01 * 300.01), kMinimum);
 }
 
 TEST(FitData, CountsTheComputationsOfBothFits) {
@@ -215,8 +216,8 @@ TEST(FitData, RunsWithoutDegreesOfFreedom) {
   fit.data({1, 2}, {3, 5}, {0.1, 0.1});
   fit.start({1, 2});
   const FitResult result = fit.fit();
-  EXPECT_NEAR(fit.value(1), 2, 1E-6);
-  EXPECT_NEAR(fit.value(2), 1, 1E-6);
+  EXPECT_NEAR(fit.value(1), 2, kMinimum);
+  EXPECT_NEAR(fit.value(2), 1, kMinimum);
   EXPECT_EQ(result.degrees_of_freedom, 0);
   EXPECT_FALSE(result.reduced_chi_square.has_value());
   EXPECT_FALSE(result.confidence_percent.has_value());
@@ -238,7 +239,7 @@ TEST(FitData, HasTheConfidenceOfThousandsOfPointsWithoutABox) {
   fit.par.FreeSteps[1] = 1E-3;
   const FitResult result = fit.fit();
   EXPECT_EQ(result.status, FitStatus::kCompleted);
-  EXPECT_NEAR(*result.reduced_chi_square, 0.988, 1E-9);
+  EXPECT_NEAR(*result.reduced_chi_square, 0.988, kIterated);
   // The tail of the chi-square distribution, by Wilson and Hilferty.
   const double z = (std::cbrt(0.988) - (1 - 2 / (9 * 1999.0))) / std::sqrt(2 / (9 * 1999.0));
   EXPECT_NEAR(*result.confidence_percent, 50 * std::erfc(z / std::sqrt(2)), 0.01);
@@ -258,7 +259,8 @@ TEST(FitData, TellsProgressBeforeTheFirstIteration) {
   EXPECT_EQ(fit.log.progresses[0].iteration, 0);
   EXPECT_EQ(fit.log.progresses[0].degreesOfFreedom, 3);
   // 1 + x against y at the start: residuals -0.1, -0.9, -2.2, -2.8, -4.1 over 0.1.
-  EXPECT_NEAR(*fit.log.progresses[0].reducedChiSquare, (0.01 + 0.81 + 4.84 + 7.84 + 16.81) * 100 / 3, 1E-9);
+  EXPECT_NEAR(*fit.log.progresses[0].reducedChiSquare, (0.01 + 0.81 + 4.84 + 7.84 + 16.81) * 100 / 3,
+              kIterated);
 }
 
 TEST(FitData, TwoSessionsAreFittedSideBySide) {
@@ -269,8 +271,8 @@ TEST(FitData, TwoSessionsAreFittedSideBySide) {
   other.start({1});
   other.fit();
   one.fit();
-  EXPECT_NEAR(one.value(1), 1.99, 1E-6);
-  EXPECT_NEAR(other.value(1), 2, 1E-6);
+  EXPECT_NEAR(one.value(1), 1.99, kMinimum);
+  EXPECT_NEAR(other.value(1), 2, kMinimum);
 }
 
 }  // namespace

@@ -5,13 +5,14 @@
 #include "analysis/RefinedFit.h"
 #include "analysis/Simulation.h"
 #include "commands/RandomSource.h"
+#include "doubles/Tolerances.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/analysis/FitTask.h"
 
 namespace vk {
 namespace {
 
-constexpr double kSame = 1E-6;
+constexpr double kSame = kMinimum;
 
 CovarianceMatrix covarianceOfMinimum(const FitTask& task, XErrors xErrors) {
   FitCase fit = task.fitCase();

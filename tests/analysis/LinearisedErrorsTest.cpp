@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "analysis/FitFixture.h"
+#include "doubles/Tolerances.h"
 #include "numeric/SampleValues.h"
 
 namespace vk {
@@ -14,8 +15,8 @@ TEST(LinearisedErrors, AreThoseOfTheNormalEquationsOfALine) {
   fit.start({1, 1});
   const auto errors = fit.linearised(fit.fit().chi_square);
   ASSERT_TRUE(errors.has_value());
-  EXPECT_NEAR((*errors)[1], 0.1 / std::sqrt(10), 1E-9);
-  EXPECT_NEAR((*errors)[2], 0.1 * std::sqrt(1.0 / 5 + 9.0 / 10), 1E-9);
+  EXPECT_NEAR((*errors)[1], 0.1 / std::sqrt(10), kIterated);
+  EXPECT_NEAR((*errors)[2], 0.1 * std::sqrt(1.0 / 5 + 9.0 / 10), kIterated);
 }
 
 TEST(LinearisedErrors, ComeInTheOrderOfTheFreeParameters) {
@@ -24,7 +25,7 @@ TEST(LinearisedErrors, ComeInTheOrderOfTheFreeParameters) {
   fit.start({1, 2, 0}, "a,b");
   const auto errors = fit.linearised(fit.fit().chi_square);
   ASSERT_EQ(errors->upper(), 1);
-  EXPECT_NEAR((*errors)[1], 0.1 / std::sqrt(5), 1E-9);
+  EXPECT_NEAR((*errors)[1], 0.1 / std::sqrt(5), kIterated);
 }
 
 TEST(LinearisedErrors, UseTheEffectiveErrorsOfDataWithErrorsOfX) {
@@ -33,7 +34,7 @@ TEST(LinearisedErrors, UseTheEffectiveErrorsOfDataWithErrorsOfX) {
   fit.start({1, 2});
   const auto errors = fit.linearised(fit.fit().chi_square);
   // Slope 2: each point 0.5; the slope's error is sqrt(2) * 0.5 / 2.
-  EXPECT_NEAR((*errors)[1], std::sqrt(0.5) * 0.5, 1E-6);
+  EXPECT_NEAR((*errors)[1], std::sqrt(0.5) * 0.5, kMinimum);
 }
 
 TEST(LinearisedErrors, DoNotDependOnTheSizeOfTheFitsErrors) {
@@ -46,7 +47,7 @@ TEST(LinearisedErrors, DoNotDependOnTheSizeOfTheFitsErrors) {
     for (int i = 1; i <= 2; ++i) fit.par.ParDeltas[i] = scale * (*before)[i];
     const auto after = fit.linearised(chiSquare);
     ASSERT_TRUE(after.has_value());
-    for (int i = 1; i <= 2; ++i) EXPECT_NEAR((*after)[i] / (*before)[i], 1, 1E-6) << scale;
+    for (int i = 1; i <= 2; ++i) EXPECT_NEAR((*after)[i] / (*before)[i], 1, kMinimum) << scale;
   }
 }
 
@@ -58,9 +59,9 @@ TEST(LinearisedErrors, WithoutADegreeOfFreedomTheFitsErrorsTakeNoPart) {
   for (int i = 1; i <= 2; ++i) fit.par.ParDeltas[i] = 1E8;
   const auto errors = fit.linearised(0);
   ASSERT_TRUE(errors.has_value());
-  EXPECT_NEAR((*errors)[1] / 1E8, 1, 1E-8);
+  EXPECT_NEAR((*errors)[1] / 1E8, 1, kByDifferences);
   // B = LOG(y(0)/y(1)): its error is that of both logarithms.
-  EXPECT_NEAR((*errors)[2] / (1E8 * std::hypot(1 / 1E-5, 1 / 5E-6)), 1, 1E-8);
+  EXPECT_NEAR((*errors)[2] / (1E8 * std::hypot(1 / 1E-5, 1 / 5E-6)), 1, kByDifferences);
 }
 
 TEST(LinearisedErrors, AreMissingWhenParametersCannotBeToldApart) {
@@ -82,7 +83,7 @@ TEST(LinearisedErrors, LeaveOutPointsThatFail) {
   fit.data({1, -1, 2, 3}, {1, 2, 3, 4}, {1, 1, 0, 1});
   fit.start({1});
   const auto errors = fit.linearised(1);
-  EXPECT_NEAR((*errors)[1], 1 / std::sqrt(2), 1E-9);
+  EXPECT_NEAR((*errors)[1], 1 / std::sqrt(2), kIterated);
 }
 
 TEST(LinearisedErrors, LeaveValuesAsTheyWere) {
@@ -113,8 +114,8 @@ TEST(LinearisedErrors, OfInventedErrorsFarAboveTheScatterAreThoseOfTheNormalEqua
     aa += byA * byA, ab += byA * byB, bb += byB * byB;
   }
   const double determinant = aa * bb - ab * ab;
-  EXPECT_NEAR((*errors)[1] / std::sqrt(bb / determinant), 1, 1E-8);
-  EXPECT_NEAR((*errors)[2] / std::sqrt(aa / determinant), 1, 1E-8);
+  EXPECT_NEAR((*errors)[1] / std::sqrt(bb / determinant), 1, kByDifferences);
+  EXPECT_NEAR((*errors)[2] / std::sqrt(aa / determinant), 1, kByDifferences);
 }
 
 TEST(LinearisedErrors, StepFromZeroByTheErrorOrByAHundredth) {
@@ -126,7 +127,7 @@ TEST(LinearisedErrors, StepFromZeroByTheErrorOrByAHundredth) {
     fit.par.ParDeltas[1] = error;
     const auto errors = fit.linearised(1);
     ASSERT_TRUE(errors.has_value()) << frequency;
-    EXPECT_NEAR((*errors)[1] * frequency, 1 / std::sqrt(5), 1E-8) << frequency;
+    EXPECT_NEAR((*errors)[1] * frequency, 1 / std::sqrt(5), kByDifferences) << frequency;
   }
 }
 
@@ -138,7 +139,7 @@ TEST(LinearisedErrors, TakeStepsThatKeepEveryPointOfTheSolution) {
   const auto errors = fit.linearised(1);
   ASSERT_TRUE(errors.has_value());
   const double slopes = 1E6 + 1 / (49.0 * 49) + 1 / (99.0 * 99);
-  EXPECT_NEAR((*errors)[1] * std::sqrt(slopes), 1, 1E-8);
+  EXPECT_NEAR((*errors)[1] * std::sqrt(slopes), 1, kByDifferences);
 }
 
 TEST(LinearisedErrors, AreMissingWhereTheDerivativesNeverSettle) {

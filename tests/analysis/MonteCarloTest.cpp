@@ -1,5 +1,6 @@
 #include "analysis/MonteCarlo.h"
 #include "commands/RandomSource.h"
+#include "doubles/Tolerances.h"
 
 #include <cmath>
 #include <functional>
@@ -106,8 +107,8 @@ TEST_F(MonteCarloTest, APositiveErrorIsDrawnFromTheNormalDeviates) {
   // Uniform for x, a pair for c; uniform for x, the stored deviate 0 for c.
   EXPECT_TRUE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F, 0.5F, 0.75F, 0.5F})));
   const double deviate = 0.5 * std::sqrt(8 * std::log(4.0));
-  EXPECT_NEAR(reported[0].mean, 5 + deviate, 1E-12);
-  EXPECT_NEAR(reported[0].spread, deviate, 1E-9);
+  EXPECT_NEAR(reported[0].mean, 5 + deviate, kManyRoundings);
+  EXPECT_NEAR(reported[0].spread, deviate, kIterated);
 }
 
 TEST_F(MonteCarloTest, AMaximumErrorIsUniformOnBothSidesOfTheValue) {

@@ -8,6 +8,7 @@
 
 #include "analysis/LinearisedErrors.h"
 #include "analysis/NistFixture.h"
+#include "doubles/Tolerances.h"
 #include "numeric/SampleValues.h"
 
 namespace vk {
@@ -46,7 +47,7 @@ class Nist : public NistTest {
     ASSERT_TRUE(errors.has_value()) << error;
     for (int i = 1; i <= problem.parameters(); ++i) {
       const double expected = scale * problem.deviations[static_cast<std::size_t>(i) - 1];
-      EXPECT_NEAR((*errors)[i] / expected, 1, 1E-5) << i << " of " << error;
+      EXPECT_NEAR((*errors)[i] / expected, 1, kSixDigits) << i << " of " << error;
     }
   }
 

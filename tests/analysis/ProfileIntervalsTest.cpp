@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "analysis/FitFixture.h"
+#include "doubles/Tolerances.h"
 #include "numeric/SampleValues.h"
 
 namespace vk {
@@ -24,10 +25,10 @@ TEST(ProfileIntervals, OfALineAreItsErrors) {
   for (int i = 1; i <= 2; ++i) {
     const double value = minimum.par.ParValues[i], error = minimum.error(i);
     const auto& [inner, outer] = intervals[static_cast<std::size_t>(i) - 1];
-    EXPECT_NEAR((*inner.low - value) / error, -1, 1E-5);
-    EXPECT_NEAR((*inner.high - value) / error, 1, 1E-5);
-    EXPECT_NEAR((*outer.low - value) / error, -1.959964, 1E-5);
-    EXPECT_NEAR((*outer.high - value) / error, 1.959964, 1E-5);
+    EXPECT_NEAR((*inner.low - value) / error, -1, kSixDigits);
+    EXPECT_NEAR((*inner.high - value) / error, 1, kSixDigits);
+    EXPECT_NEAR((*outer.low - value) / error, -1.959964, kSixDigits);
+    EXPECT_NEAR((*outer.high - value) / error, 1.959964, kSixDigits);
   }
 }
 
@@ -37,10 +38,10 @@ TEST(ProfileIntervals, LieAskewWhereTheChiSquareDoes) {
   fit.data({0, 1}, {10, 10}, {std::sqrt(2.0), std::sqrt(2.0)});
   fit.start({2});
   const auto intervals = intervalsOf(fit);
-  EXPECT_NEAR(*intervals[0][0].low, std::log(9.0), 1E-6);
-  EXPECT_NEAR(*intervals[0][0].high, std::log(11.0), 1E-6);
-  EXPECT_NEAR(*intervals[0][1].low, std::log(10 - 1.959964), 1E-6);
-  EXPECT_NEAR(*intervals[0][1].high, std::log(10 + 1.959964), 1E-6);
+  EXPECT_NEAR(*intervals[0][0].low, std::log(9.0), kMinimum);
+  EXPECT_NEAR(*intervals[0][0].high, std::log(11.0), kMinimum);
+  EXPECT_NEAR(*intervals[0][1].low, std::log(10 - 1.959964), kMinimum);
+  EXPECT_NEAR(*intervals[0][1].high, std::log(10 + 1.959964), kMinimum);
 }
 
 TEST(ProfileIntervals, AreOpenWhereTheChiSquareStopsGrowing) {
@@ -49,9 +50,9 @@ TEST(ProfileIntervals, AreOpenWhereTheChiSquareStopsGrowing) {
   fit.data({0, 1}, {1.5, 1.5}, {std::sqrt(2.0), std::sqrt(2.0)});
   fit.start({0});
   const auto intervals = intervalsOf(fit);
-  EXPECT_NEAR(*intervals[0][0].low, std::log(0.5), 1E-6);
+  EXPECT_NEAR(*intervals[0][0].low, std::log(0.5), kMinimum);
   EXPECT_FALSE(intervals[0][1].low.has_value());
-  EXPECT_NEAR(*intervals[0][1].high, std::log(1.5 + 1.959964), 1E-6);
+  EXPECT_NEAR(*intervals[0][1].high, std::log(1.5 + 1.959964), kMinimum);
 }
 
 TEST(ProfileIntervals, EndWhereTheFunctionDoes) {
@@ -59,9 +60,9 @@ TEST(ProfileIntervals, EndWhereTheFunctionDoes) {
   fit.data({0, 1}, {1, 1}, {std::sqrt(2.0) / 2, std::sqrt(2.0) / 2});
   fit.start({1.2});
   const auto intervals = intervalsOf(fit);
-  EXPECT_NEAR(*intervals[0][0].low, 0.25, 1E-6);
-  EXPECT_NEAR(*intervals[0][0].high, 2.25, 1E-6);
-  EXPECT_NEAR(*intervals[0][1].low, 0.020018 * 0.020018, 1E-8);
+  EXPECT_NEAR(*intervals[0][0].low, 0.25, kMinimum);
+  EXPECT_NEAR(*intervals[0][0].high, 2.25, kMinimum);
+  EXPECT_NEAR(*intervals[0][1].low, 0.020018 * 0.020018, kByDifferences);
 }
 
 TEST(ProfileIntervals, EndWhereTheFunctionDoesAlthoughTheChiSquareIsSmallThere) {

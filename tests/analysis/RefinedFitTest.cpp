@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "analysis/FitFixture.h"
+#include "doubles/Tolerances.h"
 #include "numeric/SampleValues.h"
 
 namespace vk {
@@ -29,10 +30,10 @@ TEST(RefinedFit, HasTheStandardErrorsOfALine) {
   fit.start({1, 1});
   const RefinedFit result = refined(fit);
   ASSERT_TRUE(result.converged());
-  EXPECT_NEAR(result.error(1), 0.1 / std::sqrt(10), 1E-12);
-  EXPECT_NEAR(result.error(2), 0.1 * std::sqrt(1.0 / 5 + 9.0 / 10), 1E-12);
+  EXPECT_NEAR(result.error(1), 0.1 / std::sqrt(10), kManyRoundings);
+  EXPECT_NEAR(result.error(2), 0.1 * std::sqrt(1.0 / 5 + 9.0 / 10), kManyRoundings);
   EXPECT_EQ(result.degreesOfFreedom, 3);
-  EXPECT_NEAR(*result.scaledError(1), result.error(1) * std::sqrt(result.chiSquare / 3), 1E-15);
+  EXPECT_NEAR(*result.scaledError(1), result.error(1) * std::sqrt(result.chiSquare / 3), kLastBit);
   EXPECT_EQ(result.residuals.size(), 5u);
 }
 
@@ -44,10 +45,10 @@ TEST(RefinedFit, DoesNotDependOnTheOrderOfTheLines) {
     std::ranges::rotate(column->span(1, 8), column->span(1, 8).begin() + 3);
   const RefinedFit after = refined(fit);
   for (int i = 1; i <= 3; ++i) {
-    EXPECT_NEAR(after.par.ParValues[i] / before.par.ParValues[i], 1, 1E-9);
-    EXPECT_NEAR(after.error(i) / before.error(i), 1, 1E-6);
+    EXPECT_NEAR(after.par.ParValues[i] / before.par.ParValues[i], 1, kIterated);
+    EXPECT_NEAR(after.error(i) / before.error(i), 1, kMinimum);
   }
-  EXPECT_NEAR(after.covariance.correlation().at(1, 3), before.covariance.correlation().at(1, 3), 1E-6);
+  EXPECT_NEAR(after.covariance.correlation().at(1, 3), before.covariance.correlation().at(1, 3), kMinimum);
 }
 
 TEST(RefinedFit, DoesNotDependOnTheStart) {
@@ -55,8 +56,8 @@ TEST(RefinedFit, DoesNotDependOnTheStart) {
   const RefinedFit a = refined(near), b = refined(far);
   ASSERT_TRUE(a.converged() && b.converged());
   for (int i = 1; i <= 3; ++i) {
-    EXPECT_NEAR(b.par.ParValues[i] / a.par.ParValues[i], 1, 1E-9);
-    EXPECT_NEAR(b.error(i) / a.error(i), 1, 1E-6);
+    EXPECT_NEAR(b.par.ParValues[i] / a.par.ParValues[i], 1, kIterated);
+    EXPECT_NEAR(b.error(i) / a.error(i), 1, kMinimum);
   }
 }
 
@@ -116,8 +117,8 @@ TEST(RefinedFit, OfALineByDistanceIsThatByTheEffectiveVariance) {
   const RefinedFit effective = refined(fit), orthogonal = refined(fit, XErrors::kOrthogonal);
   ASSERT_TRUE(effective.converged() && orthogonal.converged());
   for (int i = 1; i <= 2; ++i) {
-    EXPECT_NEAR(orthogonal.par.ParValues[i] / effective.par.ParValues[i], 1, 1E-9);
-    EXPECT_NEAR(orthogonal.error(i) / effective.error(i), 1, 1E-6);
+    EXPECT_NEAR(orthogonal.par.ParValues[i] / effective.par.ParValues[i], 1, kIterated);
+    EXPECT_NEAR(orthogonal.error(i) / effective.error(i), 1, kMinimum);
   }
   const auto chiSquare = [&](double b, double c) {
     double sum = 0;
@@ -128,9 +129,9 @@ TEST(RefinedFit, OfALineByDistanceIsThatByTheEffectiveVariance) {
     return sum;
   };
   const double b = effective.par.ParValues[1], c = effective.par.ParValues[2], h = 1E-4;
-  EXPECT_NEAR(chiSquare(b, c), effective.chiSquare, 1E-9);
-  EXPECT_NEAR((chiSquare(b + h, c) - chiSquare(b - h, c)) / h, 0, 1E-5);
-  EXPECT_NEAR((chiSquare(b, c + h) - chiSquare(b, c - h)) / h, 0, 1E-5);
+  EXPECT_NEAR(chiSquare(b, c), effective.chiSquare, kIterated);
+  EXPECT_NEAR((chiSquare(b + h, c) - chiSquare(b - h, c)) / h, 0, kSixDigits);
+  EXPECT_NEAR((chiSquare(b, c + h) - chiSquare(b, c - h)) / h, 0, kSixDigits);
 }
 
 TEST(RefinedFit, TakesTheDistanceAlongXOfPointsWithoutErrorsInY) {
@@ -141,7 +142,7 @@ TEST(RefinedFit, TakesTheDistanceAlongXOfPointsWithoutErrorsInY) {
   const RefinedFit effective = refined(fit), orthogonal = refined(fit, XErrors::kOrthogonal);
   ASSERT_TRUE(effective.converged() && orthogonal.converged());
   for (int i = 1; i <= 2; ++i) {
-    EXPECT_NEAR(orthogonal.par.ParValues[i] / effective.par.ParValues[i], 1, 1E-6);
+    EXPECT_NEAR(orthogonal.par.ParValues[i] / effective.par.ParValues[i], 1, kMinimum);
     EXPECT_NEAR(orthogonal.error(i) / effective.error(i), 1, 1E-4);
   }
 }
@@ -157,8 +158,8 @@ TEST(RefinedFit, TakesTheDistanceFromACurve) {
   // The foot x of (0.2, 1): 2 (x^2 - 1) x + x - 0.2 = 0.
   double x = 0.8;
   for (int k = 0; k < 50; ++k) x -= (2 * (x * x - 1) * x + x - 0.2) / (6 * x * x - 1);
-  EXPECT_NEAR(r[0], -std::hypot(x * x - 1, x - 0.2), 1E-9);
-  EXPECT_NEAR(r[1], 0, 1E-12);
+  EXPECT_NEAR(r[0], -std::hypot(x * x - 1, x - 0.2), kIterated);
+  EXPECT_NEAR(r[1], 0, kManyRoundings);
 }
 
 TEST(RefinedFit, TakesSlopesAtTheEdgeFromTheSideThatWorks) {

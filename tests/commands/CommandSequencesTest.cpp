@@ -5,6 +5,7 @@
 #include "commands/SimulationCommand.h"
 #include "commands/TransformationCommand.h"
 #include "doubles/TestPorts.h"
+#include "doubles/Tolerances.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/commands/PropagationHelp.h"
 
@@ -110,8 +111,8 @@ TEST_F(CommandSequenceTest, SimulatedDataAreSavedReadAndFittedAgain) {
   enterForFit({"1", "0", "1", "1"});
   fit();
   // The file has six digits of each number.
-  EXPECT_NEAR(fitted[1], atOnce[1], 1E-3);
-  EXPECT_NEAR(fitted[2], atOnce[2], 1E-3);
+  EXPECT_NEAR(fitted[1], atOnce[1], kThreeDigits);
+  EXPECT_NEAR(fitted[2], atOnce[2], kThreeDigits);
   EXPECT_NEAR(fitted[1], 2, 0.1);
 }
 
@@ -125,7 +126,7 @@ TEST_F(CommandSequenceTest, TransformedDataAreFittedWithTheModelThatWasThere) {
   MenDatTra(session, TestPorts(form, dialogs, window));
   fit();
   EXPECT_NEAR(session.analysis.par.ParValues[1], 1, 1E-4);
-  EXPECT_NEAR(session.analysis.par.ParValues[2], 0, 1E-3);
+  EXPECT_NEAR(session.analysis.par.ParValues[2], 0, kThreeDigits);
   EXPECT_THAT(screen(), testing::HasSubstr("y = retta"));
 }
 

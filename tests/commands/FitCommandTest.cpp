@@ -3,6 +3,7 @@
 #include "commands/DisplayRefresh.h"
 #include "commands/ParameterCommands.h"
 #include "doubles/TestPorts.h"
+#include "doubles/Tolerances.h"
 #include "tests/commands/PropagationHelp.h"
 
 namespace vk {
@@ -49,7 +50,7 @@ class FitCommandTest : public PropagationTest {
 
 TEST_F(FitCommandTest, FitsAndShowsTheScreen) {
   fit();
-  EXPECT_NEAR(session.analysis.par.ParValues[1], 1.94, 1E-3);
+  EXPECT_NEAR(session.analysis.par.ParValues[1], 1.94, kThreeDigits);
   EXPECT_TRUE(output.isOpen());
   EXPECT_EQ(output.request().caption, "VOR_KEL: Adattamento Funzione Dati");
   EXPECT_THAT(screen(), testing::HasSubstr("Completata"));
@@ -95,7 +96,7 @@ TEST_F(FitCommandTest, AfterAPropagationTheParametersAreMissingUntilTheyAreEnter
   MenAdaPar(session, TestPorts(form, window));
   EXPECT_TRUE(window.menuEnabled[Control::MenDatSim]);
   fit();
-  EXPECT_NEAR(session.analysis.par.ParValues[1], 1.94, 1E-3);
+  EXPECT_NEAR(session.analysis.par.ParValues[1], 1.94, kThreeDigits);
 }
 
 }  // namespace

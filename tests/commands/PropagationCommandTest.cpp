@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "commands/ParameterCommands.h"
 #include "doubles/TestPorts.h"
+#include "doubles/Tolerances.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/commands/PropagationHelp.h"
 
@@ -125,8 +126,8 @@ TEST_F(FlatFunction, LeavesTheHistogramInTheSession) {
   const MonteCarloResult& histogram = session.analysis.monteCarlo;
   EXPECT_EQ(histogram.McBinCount, 60);
   EXPECT_EQ(histogram.McSamples, 10000);
-  EXPECT_NEAR(histogram.McBinWidth, 0.3 / std::sqrt(3) / 10, 1E-12);
-  EXPECT_NEAR(histogram.McBinCentre[1], 3 - 0.3 * std::sqrt(3), 1E-12);
+  EXPECT_NEAR(histogram.McBinWidth, 0.3 / std::sqrt(3) / 10, kManyRoundings);
+  EXPECT_NEAR(histogram.McBinCentre[1], 3 - 0.3 * std::sqrt(3), kManyRoundings);
   double hits = 0;
   for (const double bin : histogram.McBinHits.span(1, 60)) hits += bin;
   EXPECT_EQ(hits, 10000);
@@ -147,10 +148,10 @@ TEST_F(FlatFunction, GivesBackWhatItHasShown) {
   const PropagationResult result = propagate(random);
   EXPECT_EQ(result.end, PropagationEnd::kCompleted);
   EXPECT_EQ(result.analytic.F0, 3);
-  EXPECT_NEAR(result.analytic.ErrorMax, 0.3, 1E-12);
+  EXPECT_NEAR(result.analytic.ErrorMax, 0.3, kManyRoundings);
   EXPECT_EQ(result.samples.count, 10000);
-  EXPECT_NEAR(result.samples.mean, 3, 1E-12);
-  EXPECT_NEAR(result.samples.spread, 0.15, 1E-9);
+  EXPECT_NEAR(result.samples.mean, 3, kManyRoundings);
+  EXPECT_NEAR(result.samples.spread, 0.15, kIterated);
   EXPECT_NEAR(result.samples.meanError, 0.0015, 1E-11);
 }
 

@@ -6,6 +6,7 @@
 #include "commands/ParameterCommands.h"
 #include "doubles/ErrorOf.h"
 #include "doubles/TestPorts.h"
+#include "doubles/Tolerances.h"
 #include "platform/system/SystemRandom.h"
 #include "tests/commands/FormText.h"
 #include "tests/commands/PropagationHelp.h"
@@ -253,19 +254,17 @@ TEST_F(SimulationTest, PointsAreEquallySpacedAndScatteredByTheirErrors) {
   simulate({"1", "3", "5", ".1", "1", "0", "0"});
   EXPECT_THAT(column(session.loaded.data.Xpnt), ElementsAre(1, 1.5, 2, 2.5, 3));
   EXPECT_THAT(column(session.loaded.data.ErrYpnt), testing::Each(0.1));
-  const auto y = column(session.loaded.data.Ypnt);
-  for (std::size_t i = 0; i < 5; ++i) {
-    const double truth = 2 * (1 + 0.5 * static_cast<double>(i)) + 1;
-    EXPECT_NEAR(y[i], truth + (i % 2 == 0 ? 0.1 * kDeviate : 0), 1E-12) << i;
-  }
+  const double d = 0.1 * kDeviate;
+  EXPECT_THAT(column(session.loaded.data.Ypnt),
+              testing::Pointwise(testing::DoubleNear(kManyRoundings), {3 + d, 4.0, 5 + d, 6.0, 7 + d}));
 }
 
 TEST_F(SimulationTest, QUIRK_APercentageKeepsTheSignOfY) {
   simulate({"-3", "2", "6", "10", "0", "0", "0"});
   const auto dy = column(session.loaded.data.ErrYpnt);
   const double truth[] = {-5, -3, -1, 1, 3, 5};
-  for (std::size_t i = 0; i < 6; ++i) EXPECT_NEAR(dy[i], truth[i] / 10, 1E-15) << i;
-  EXPECT_NEAR(session.loaded.data.Ypnt[1], -5 - 0.5 * kDeviate, 1E-12);
+  for (std::size_t i = 0; i < 6; ++i) EXPECT_NEAR(dy[i], truth[i] / 10, kLastBit) << i;
+  EXPECT_NEAR(session.loaded.data.Ypnt[1], -5 - 0.5 * kDeviate, kManyRoundings);
 }
 
 TEST_F(SimulationTest, APercentageOfZeroIsAThousandth) {
@@ -289,8 +288,9 @@ TEST_F(SimulationTest, ErrorsOfXScatterXAndNotTheValueOfY) {
   // Here x gets the deviate and y gets 0.
   CyclingRandom crossed({0.75F, 0.5F});
   simulate({"1", "3", "3", ".1", "1", ".5", "1"}, crossed);
-  const auto x = column(session.loaded.data.Xpnt);
-  for (std::size_t i = 0; i < 3; ++i) EXPECT_NEAR(x[i], 1.0 + static_cast<double>(i) + 0.5 * kDeviate, 1E-12);
+  const double d = 0.5 * kDeviate;
+  EXPECT_THAT(column(session.loaded.data.Xpnt),
+              testing::Pointwise(testing::DoubleNear(kManyRoundings), {1 + d, 2 + d, 3 + d}));
   EXPECT_THAT(column(session.loaded.data.Ypnt), ElementsAre(3, 5, 7));
 }
 
@@ -298,7 +298,7 @@ TEST_F(SimulationTest, APercentageOfXIsTakenBeforeTheScatterAndMayBeZero) {
   CyclingRandom crossed({0.75F, 0.5F});
   simulate({"-1", "1", "3", ".1", "1", "50", "0"}, crossed);
   EXPECT_THAT(column(session.loaded.data.ErrXpnt), ElementsAre(-0.5, 0, 0.5));
-  EXPECT_NEAR(session.loaded.data.Xpnt[1], -1 - 0.5 * kDeviate, 1E-12);
+  EXPECT_NEAR(session.loaded.data.Xpnt[1], -1 - 0.5 * kDeviate, kManyRoundings);
   EXPECT_EQ(session.loaded.data.Xpnt[2], 0);
 }
 
@@ -333,8 +333,8 @@ TEST_F(SimulationTest, ValuesThatCannotBeComputedGoIntoTheDataAsTheyCome) {
   classifyParameters(session.analysis.par);
   markParametersSet(session);
   simulate({"-2", "2", "5", "1", "1", "0", "0"});
-  EXPECT_NEAR(session.loaded.data.Ypnt[1], -2 + kDeviate, 1E-12);  // the argument stays where LOG fails
-  EXPECT_EQ(session.loaded.data.Ypnt[2], -1);
+  EXPECT_NEAR(session.loaded.data.Ypnt[1], -2 + kDeviate, kManyRoundings);
+  EXPECT_EQ(session.loaded.data.Ypnt[2], -1);  // the argument stays where LOG fails
   EXPECT_EQ(fits, 1);
 }
 

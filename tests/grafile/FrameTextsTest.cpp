@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "doubles/DrawingLines.h"
+#include "doubles/Tolerances.h"
 #include "grafile/FrameTexts.h"
 #include "grafile/GraphicCommandsFixture.h"
 
@@ -52,17 +53,17 @@ TEST_F(FrameTextsTest, TheRoomIsThatOfWhatIsDrawn) {
   const double line = d.GralTextExtent(16, "0").height, title = d.GralTextExtent(17, "0").height;
   const double digit = d.GralTextExtent(16, "0").width;
   const Margins plain = room({5, 2, {}, true, "", ""});
-  EXPECT_NEAR(plain.left, digit + 0.4, 1E-6);
-  EXPECT_NEAR(plain.right, digit + 0.2, 1E-6);
-  EXPECT_NEAR(plain.bottom, line + 0.4, 1E-6);
-  EXPECT_NEAR(plain.top, line / 2, 1E-6);
+  EXPECT_NEAR(plain.left, digit + 0.4, kSingles);
+  EXPECT_NEAR(plain.right, digit + 0.2, kSingles);
+  EXPECT_NEAR(plain.bottom, line + 0.4, kSingles);
+  EXPECT_NEAR(plain.top, line / 2, kSingles);
   const Margins titled = room({5, 2, {}, true, "t", "N"});
-  EXPECT_NEAR(titled.left, plain.left + title + 0.2, 1E-6);
-  EXPECT_NEAR(titled.bottom, plain.bottom + title, 1E-6);
+  EXPECT_NEAR(titled.left, plain.left + title + 0.2, kSingles);
+  EXPECT_NEAR(titled.bottom, plain.bottom + title, kSingles);
   // As wide as it is drawn: the braces take no room, the exponent three quarters.
   const Margins powers = room({5, 2, {false, true}, true, "", ""});
-  EXPECT_NEAR(powers.left, d.GralTextExtent(16, "10").width + 0.75 * digit + 0.4, 1E-6);
-  EXPECT_NEAR(room({5, 2, {}, false, "t", ""}).bottom, line / 2, 1E-6);
+  EXPECT_NEAR(powers.left, d.GralTextExtent(16, "10").width + 0.75 * digit + 0.4, kSingles);
+  EXPECT_NEAR(room({5, 2, {}, false, "t", ""}).bottom, line / 2, kSingles);
 }
 
 TEST_F(FrameTextsTest, AFrameWritesThemAndItsFunctionsRunOverIt) {

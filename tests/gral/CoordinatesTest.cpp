@@ -2,6 +2,7 @@
 
 #include "GralFixture.h"
 #include "base/RuntimeError.h"
+#include "doubles/Tolerances.h"
 
 namespace vk {
 namespace {
@@ -69,10 +70,10 @@ TEST_F(Coordinates, EqualEndsFailToTheCallerAndLeaveTheMapping) {
 TEST_F(Coordinates, NarrowRangesAreMappedInDoublePrecision) {
   drawing.GralXMap(2, 14, 1.7E9, 1.7E9 + 600);
   drawing.GralYMap(1, 7, 5.0004, 5);
-  EXPECT_NEAR(drawing.xUsr2Log(1.7E9 + 150), 5, 1E-6);
-  EXPECT_NEAR(drawing.xLog2Usr(5), 1.7E9 + 150, 1E-6);
-  EXPECT_NEAR(drawing.yUsr2Log(5.0001), 5.5, 1E-9);
-  EXPECT_NEAR(drawing.yLog2Usr(5.5), 5.0001, 1E-14);
+  EXPECT_NEAR(drawing.xUsr2Log(1.7E9 + 150), 5, kSingles);
+  EXPECT_NEAR(drawing.xLog2Usr(5), 1.7E9 + 150, kSingles);
+  EXPECT_NEAR(drawing.yUsr2Log(5.0001), 5.5, kThroughScales);
+  EXPECT_NEAR(drawing.yLog2Usr(5.5), 5.0001, kFewRoundings);
   EXPECT_EQ(drawing.XlUsr, static_cast<float>(1.7E9 - 100));
   EXPECT_EQ(drawing.xScaleU2L, .02F);
   EXPECT_EQ(drawing.YtUsr, static_cast<float>(5.0004 - 7 * .0004 / 6));
@@ -92,8 +93,8 @@ TEST_F(Coordinates, ARangeFromATenThousandthOfItsLargestValueStaysSingle) {
 TEST_F(Coordinates, RangesBeyondTheExponentsOfSinglesAreMapped) {
   drawing.GralXMap(2, 14, 0, 1.2E-43);
   drawing.GralYMap(1, 7, 0, 1E50);
-  EXPECT_NEAR(drawing.xUsr2Log(6E-44), 8, 1E-9);
-  EXPECT_NEAR(drawing.yUsr2Log(5E49), 4, 1E-9);
+  EXPECT_NEAR(drawing.xUsr2Log(6E-44), 8, kThroughScales);
+  EXPECT_NEAR(drawing.yUsr2Log(5E49), 4, kThroughScales);
   EXPECT_EQ(drawing.xScaleU2L, std::numeric_limits<float>::max());
   EXPECT_EQ(drawing.yScaleU2L, 0);
 }

@@ -2,6 +2,7 @@
 
 #include "GralFixture.h"
 #include "base/RuntimeError.h"
+#include "doubles/Tolerances.h"
 #include "gral/Spline.h"
 
 namespace vk {
@@ -142,8 +143,8 @@ TEST_F(Splines, PassSmoothlyThroughThePoints) {
     const double before = t[k] - t[k - 1], after = t[k + 1] - t[k];
     const double left = (v[k] - v[k - 1]) / before + before * (d2[k - 1] + 2 * d2[k]) / 6;
     const double right = (v[k + 1] - v[k]) / after - after * (2 * d2[k] + d2[k + 1]) / 6;
-    EXPECT_NEAR(left, right, 1E-12) << k;
-    EXPECT_NEAR(spline(d2, k, 0), v[k], 1E-12);
+    EXPECT_NEAR(left, right, kManyRoundings) << k;
+    EXPECT_NEAR(spline(d2, k, 0), v[k], kManyRoundings);
   }
 }
 
@@ -151,8 +152,8 @@ TEST_F(Splines, TakeGivenSlopesAtTheirEnds) {
   Array<double> d2;
   SplineDerivatives(t, v, n, 2, -1, d2);
   const double first = t[2] - t[1], last = t[n] - t[n - 1];
-  EXPECT_NEAR((v[2] - v[1]) / first - first * (2 * d2[1] + d2[2]) / 6, 2, 1E-12);
-  EXPECT_NEAR((v[n] - v[n - 1]) / last + last * (d2[n - 1] + 2 * d2[n]) / 6, -1, 1E-12);
+  EXPECT_NEAR((v[2] - v[1]) / first - first * (2 * d2[1] + d2[2]) / 6, 2, kManyRoundings);
+  EXPECT_NEAR((v[n] - v[n - 1]) / last + last * (d2[n - 1] + 2 * d2[n]) / 6, -1, kManyRoundings);
 }
 
 TEST_F(Splines, OfACubicAreTheCubicWhenTheSlopesAreIts) {
@@ -171,7 +172,7 @@ TEST_F(Splines, AreTheirBezierCurvesEverywhere) {
       const double s = i / 20.0, a = 1 - s;
       const double bezier =
           a * a * a * v[k] + 3 * a * a * s * c1[k] + 3 * a * s * s * c2[k] + s * s * s * v[k + 1];
-      EXPECT_NEAR(bezier, spline(d2, k, s), 1E-12) << "piece " << k << " at " << s;
+      EXPECT_NEAR(bezier, spline(d2, k, s), kManyRoundings) << "piece " << k << " at " << s;
     }
   }
 }
@@ -181,8 +182,8 @@ TEST_F(Splines, ControlPointsOfTheParameterItselfAreEvenlySpaced) {
   SplineDerivatives(t, t, n, kNaturalEnd, kNaturalEnd, d2);
   SplineControlPoints(t, t, d2, c1, c2, n);
   for (int k = 1; k < n; ++k) {
-    EXPECT_NEAR(c1[k], t[k] + (t[k + 1] - t[k]) / 3, 1E-12);
-    EXPECT_NEAR(c2[k], t[k] + (t[k + 1] - t[k]) * 2 / 3, 1E-12);
+    EXPECT_NEAR(c1[k], t[k] + (t[k + 1] - t[k]) / 3, kManyRoundings);
+    EXPECT_NEAR(c2[k], t[k] + (t[k + 1] - t[k]) * 2 / 3, kManyRoundings);
   }
 }
 

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "GralFixture.h"
+#include "doubles/Tolerances.h"
 #include "gral/DrawnBox.h"
 
 namespace vk {
@@ -194,7 +195,7 @@ TEST_F(FarFigures, LineKeepsItsDirection) {
   EXPECT_EQ(n[0], 0);
   EXPECT_EQ(n[1], kHeight);
   EXPECT_NEAR(n[2], kWidth + 100015, 0.01);
-  EXPECT_NEAR((kHeight - n[3]) / n[2], kTwipsPerLogY / kTwipsPerLogX / 10, 1E-6);
+  EXPECT_NEAR((kHeight - n[3]) / n[2], kTwipsPerLogY / kTwipsPerLogX / 10, kSingles);
 }
 
 TEST_F(FarFigures, SolidLineGoesWhereTheDashedOneGoes) {

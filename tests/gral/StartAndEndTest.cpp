@@ -1,5 +1,6 @@
 #include "GralFixture.h"
 #include "base/RuntimeError.h"
+#include "doubles/Tolerances.h"
 #include "gral/NoPrinter.h"
 
 namespace vk {
@@ -159,7 +160,7 @@ TEST_F(Opening, OnAPrinterTakesItsPageAtFullScale) {
   openPrinter();
   EXPECT_EQ(drawing.GralDev, &printer);
   EXPECT_EQ(printer.Orientation(), kLandscape);
-  EXPECT_NEAR(printer.ScaleWidth(), 16 * kTwipsPerCmExact, 1E-9);
+  EXPECT_NEAR(printer.ScaleWidth(), 16 * kTwipsPerCmExact, kThroughScales);
   EXPECT_EQ(drawing.XrLog, 16);
   drawing.GralWPrint(1, 1, 0, 0, 10, "a");
   EXPECT_EQ(printer.FontSize(), 10);

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+#include "doubles/Tolerances.h"
+
 namespace vk {
 namespace {
 
@@ -42,7 +44,7 @@ TEST(CholeskyFactor, MayBeSingular) {
 TEST(CholeskyFactor, TakesVariancesOfAnySize) {
   const auto factor = CholeskyFactor::of(lower(2, {1E-20, 0.8, 1E20}));
   ASSERT_TRUE(factor.has_value());
-  EXPECT_THAT(factor->row(2), Pointwise(DoubleNear(1E-3), {8E9, 6E9}));
+  EXPECT_THAT(factor->row(2), Pointwise(DoubleNear(kThreeDigits), {8E9, 6E9}));
 }
 
 TEST(CholeskyFactor, IsMissingWhereNoErrorsHaveSuchCovariances) {

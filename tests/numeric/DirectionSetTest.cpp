@@ -3,6 +3,8 @@
 #include <cmath>
 #include <random>
 
+#include "doubles/Tolerances.h"
+
 namespace vk {
 namespace {
 
@@ -22,7 +24,8 @@ void expectInverse(const DirectionSet& set) {
       dots[static_cast<std::size_t>(k)] = dot(set[k].change, set[col].change);
     set.solve(dots, product);
     for (int row = 0; row < set.size(); ++row) {
-      EXPECT_NEAR(product[static_cast<std::size_t>(row)], row == col ? 1 : 0, 1E-12) << row << ' ' << col;
+      EXPECT_NEAR(product[static_cast<std::size_t>(row)], row == col ? 1 : 0, kManyRoundings)
+          << row << ' ' << col;
     }
   }
 }

@@ -9,6 +9,7 @@
 
 #include "ElementaryArguments.h"
 #include "doubles/Places.h"
+#include "doubles/Tolerances.h"
 
 namespace vk {
 namespace {
@@ -309,7 +310,7 @@ TEST(Elementary, PowersKeepTheRulesOfSignsAndZeros) {
   for (std::size_t i = 0; i < x.size(); ++i) {
     const double found = elementary::pow(x[i], y[i]), expected = std::pow(x[i], y[i]);
     if (std::fabs(expected) <= 1.79769E308 && expected != 0) {
-      EXPECT_NEAR(found / expected, 1, 1E-15) << x[i] << " " << y[i];
+      EXPECT_NEAR(found / expected, 1, kLastBit) << x[i] << " " << y[i];
     } else {
       const bool beyond = std::fabs(expected) > 1.79769E308 && y[i] != 1;
       EXPECT_EQ(asHex(found), asHex(beyond ? std::copysign(kInfinity, expected) : expected))

@@ -6,6 +6,8 @@
 #include <functional>
 #include <numbers>
 
+#include "doubles/Tolerances.h"
+
 namespace vk {
 namespace {
 
@@ -36,13 +38,13 @@ TEST(LeastSquares, FindsTheLineAndItsCovariances) {
   Made function(4, lineAt);
   const LeastSquaresResult result = leastSquares(function, {{0, 0}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
-  EXPECT_NEAR(result.parameters[0], 3.05, 1E-14);
-  EXPECT_NEAR(result.parameters[1], 2, 1E-14);
-  EXPECT_NEAR(result.sum, 0.0025 + 0.0225 + 0.0225 + 0.0025, 1E-15);
+  EXPECT_NEAR(result.parameters[0], 3.05, kFewRoundings);
+  EXPECT_NEAR(result.parameters[1], 2, kFewRoundings);
+  EXPECT_NEAR(result.sum, 0.0025 + 0.0225 + 0.0225 + 0.0025, kLastBit);
   // The inverse of (4 6; 6 14).
-  EXPECT_NEAR(result.covariance.at(1, 1), 0.7, 1E-12);
-  EXPECT_NEAR(result.covariance.at(1, 2), -0.3, 1E-12);
-  EXPECT_NEAR(result.covariance.at(2, 2), 0.2, 1E-12);
+  EXPECT_NEAR(result.covariance.at(1, 1), 0.7, kManyRoundings);
+  EXPECT_NEAR(result.covariance.at(1, 2), -0.3, kManyRoundings);
+  EXPECT_NEAR(result.covariance.at(2, 2), 0.2, kManyRoundings);
   EXPECT_EQ(result.residuals.size(), 4u);
 }
 
@@ -65,14 +67,14 @@ Made twoMinima(double more) {
 
 TEST(LeastSquares, OfTwoStartsTheLowerMinimumGoesOn) {
   Made function = twoMinima(0.01);
-  EXPECT_NEAR(leastSquares(function, {{-1.3}, {1.3}}).parameters[0], 1, 1E-6);
-  EXPECT_NEAR(leastSquares(function, {{1.3}, {-1.3}}).parameters[0], 1, 1E-6);
+  EXPECT_NEAR(leastSquares(function, {{-1.3}, {1.3}}).parameters[0], 1, kMinimum);
+  EXPECT_NEAR(leastSquares(function, {{1.3}, {-1.3}}).parameters[0], 1, kMinimum);
 }
 
 TEST(LeastSquares, OfMinimaThatAreTheSameTheFirstStartsGoesOn) {
   Made function = twoMinima(1E-8);
-  EXPECT_NEAR(leastSquares(function, {{-1.3}, {1.3}}).parameters[0], -1, 1E-3);
-  EXPECT_NEAR(leastSquares(function, {{1.3}, {-1.3}}).parameters[0], 1, 1E-3);
+  EXPECT_NEAR(leastSquares(function, {{-1.3}, {1.3}}).parameters[0], -1, kThreeDigits);
+  EXPECT_NEAR(leastSquares(function, {{1.3}, {-1.3}}).parameters[0], 1, kThreeDigits);
 }
 
 TEST(LeastSquares, CountsWhatBothStartsHaveTaken) {
@@ -89,7 +91,7 @@ TEST(LeastSquares, GoesRoundWhereAResidualFails) {
   Made root(3, [](std::span<const double> p, int j) { return std::sqrt(p[0]) * (j + 1) - 0.01 * (j + 1); });
   const LeastSquaresResult result = leastSquares(root, {{4}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
-  EXPECT_NEAR(result.parameters[0], 1E-4, 1E-14);
+  EXPECT_NEAR(result.parameters[0], 1E-4, kFewRoundings);
 }
 
 TEST(LeastSquares, TellsWhichResidualFailsAtTheStart) {
@@ -113,7 +115,7 @@ TEST(LeastSquares, PassesOverAStartThatFails) {
   for (const auto& starts : {std::vector<Numbers>{{-1}, {3}}, {{3}, {-1}}}) {
     const LeastSquaresResult result = leastSquares(root, starts);
     EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
-    EXPECT_NEAR(result.parameters[0], 144.0 / 196, 1E-12);
+    EXPECT_NEAR(result.parameters[0], 144.0 / 196, kManyRoundings);
   }
 }
 
@@ -165,8 +167,8 @@ TEST(LeastSquares, FindsAnExactSolution) {
   });
   const LeastSquaresResult result = leastSquares(exact, {{1, 1}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
-  EXPECT_NEAR(result.parameters[0], 2, 1E-14);
-  EXPECT_NEAR(result.parameters[1], 0.5, 1E-14);
+  EXPECT_NEAR(result.parameters[0], 2, kFewRoundings);
+  EXPECT_NEAR(result.parameters[1], 0.5, kFewRoundings);
 }
 
 TEST(LeastSquares, FindsParametersThatAreZeroInAnExactSolution) {
@@ -178,7 +180,7 @@ TEST(LeastSquares, FindsParametersThatAreZeroInAnExactSolution) {
       });
       const LeastSquaresResult result = leastSquares(line, {{2.7, start}});
       EXPECT_EQ(result.end, LeastSquaresEnd::kConverged) << start << ", " << error;
-      EXPECT_NEAR(result.parameters[1], 0, 1E-14);
+      EXPECT_NEAR(result.parameters[1], 0, kFewRoundings);
       EXPECT_GT(result.covariance.size(), 0) << start << ", " << error;
     }
   }
@@ -198,8 +200,8 @@ TEST(LeastSquares, DoesNotDependOnUnitsOrOnTheOrderOfParameters) {
   const LeastSquaresResult b = leastSquares(turned, {{1E5, 500, 4E-6}});
   ASSERT_EQ(a.end, LeastSquaresEnd::kConverged);
   ASSERT_EQ(b.end, LeastSquaresEnd::kConverged);
-  EXPECT_NEAR(b.parameters[2] * 1E6 / a.parameters[0], 1, 1E-9);
-  EXPECT_NEAR(b.parameters[0] * 1E-5 / a.parameters[1], 1, 1E-9);
+  EXPECT_NEAR(b.parameters[2] * 1E6 / a.parameters[0], 1, kIterated);
+  EXPECT_NEAR(b.parameters[0] * 1E-5 / a.parameters[1], 1, kIterated);
   EXPECT_NEAR(b.covariance.deviation(3) * 1E6 / a.covariance.deviation(1), 1, 1E-7);
   EXPECT_NEAR(b.covariance.correlation().at(3, 1), a.covariance.correlation().at(1, 2), 1E-7);
 }

@@ -5,6 +5,8 @@
 #include <functional>
 #include <limits>
 
+#include "doubles/Tolerances.h"
+
 namespace vk {
 namespace {
 
@@ -54,9 +56,9 @@ double level(double) {
 TEST(LineSearch, FindsTheMinimumOfAParabola) {
   const Outcome outcome = run(parabola(0.7));
   // Downhill to 0.5, a third point as far behind it, then the predicted minimum.
-  ASSERT_THAT(outcome.points, testing::Pointwise(testing::DoubleNear(1E-15), {0.5, 1.0, 0.7}));
+  ASSERT_THAT(outcome.points, testing::Pointwise(testing::DoubleNear(kLastBit), {0.5, 1.0, 0.7}));
   EXPECT_EQ(outcome.itest, kSearchAccurate);
-  EXPECT_NEAR(outcome.x, 0.7, 1E-15);
+  EXPECT_NEAR(outcome.x, 0.7, kLastBit);
   EXPECT_NEAR(outcome.f, 0, 1E-30);
 }
 
@@ -109,7 +111,7 @@ TEST(LineSearch, AsksForTheValueAtItsStartWhenItDoesNotHaveIt) {
   ASSERT_FALSE(outcome.points.empty());
   EXPECT_EQ(outcome.points[0], 0.25);
   EXPECT_EQ(outcome.points[1], 0.75);
-  EXPECT_NEAR(outcome.x, 0.7, 1E-15);
+  EXPECT_NEAR(outcome.x, 0.7, kLastBit);
 }
 
 TEST(LineSearch, CountsThreeValuesForTheOneAtItsStart) {
@@ -215,7 +217,7 @@ TEST(LineSearch, ServesTwoSearchesAtOnceBecauseItNeverCallsTheFunction) {
     }
   }
   EXPECT_EQ(searches[0].x, -3);
-  EXPECT_NEAR(searches[1].x, 0.7, 1E-15);
+  EXPECT_NEAR(searches[1].x, 0.7, kLastBit);
 }
 
 }  // namespace

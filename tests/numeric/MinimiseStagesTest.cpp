@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "doubles/Tolerances.h"
 #include "numeric/SampleFits.h"
 
 namespace vk {
@@ -56,7 +57,7 @@ TEST(Minimise, GoesOnWhenASmallStepTurnsIntoALongSearch) {
   ASSERT_GE(fit.log.entries.size(), 2U);
   EXPECT_EQ(fit.log.entries[0].iteration, 0);
   EXPECT_EQ(fit.log.entries[1].iteration, 1);
-  EXPECT_NEAR(fit.log.entries[1].sum, 202.94179014648407, 1E-9);
+  EXPECT_NEAR(fit.log.entries[1].sum, 202.94179014648407, kIterated);
   EXPECT_EQ(fit.log.entries[2].iteration, 2);  // after the second the test ends the pass
   EXPECT_EQ(fit.log.entries[3].iteration, 0);  // of the second pass
   EXPECT_EQ(fit.result.passes, 4);
@@ -79,9 +80,9 @@ TEST(Minimise, EndsNormallyOnExactData) {
   ModelResiduals residuals(line, {0, 1, 2, 3}, {1, 3, 5, 7}, Values(4, 0.5));
   const Fit fit = minimise(residuals, {1, 2}, {0.25, 0.25});
   EXPECT_EQ(fit.result.end, MinimiseEnd::kCompleted);
-  EXPECT_NEAR(fit.X[0], 2, 1E-9);
-  EXPECT_NEAR(fit.X[1], 1, 1E-9);
-  EXPECT_NEAR(fit.result.FS, 0, 1E-12);
+  EXPECT_NEAR(fit.X[0], 2, kIterated);
+  EXPECT_NEAR(fit.X[1], 1, kIterated);
+  EXPECT_NEAR(fit.result.FS, 0, kManyRoundings);
 }
 
 TEST(Minimise, EndsNormallyWhenTheSumOfSquaresIsExactlyZero) {
@@ -118,8 +119,8 @@ TEST(Minimise, StillTakesTheValueThatGoesBeyondTheLimit) {
   // The third value of the search, at the minimum itself, is the one too many.
   ModelResiduals residuals(constant, {0, 1, 2}, {1, 2, 3}, {1, 1, 1});
   const Fit fit = minimise(residuals, {1}, {1.0 / 32}, {.maxit = 4});
-  EXPECT_NEAR(fit.X[0], 2, 1E-14);
-  EXPECT_NEAR(fit.result.FS, 2, 1E-12);
+  EXPECT_NEAR(fit.X[0], 2, kFewRoundings);
+  EXPECT_NEAR(fit.result.FS, 2, kManyRoundings);
   EXPECT_EQ(fit.result.evaluations, 6);
 }
 
@@ -136,8 +137,8 @@ TEST(Minimise, RunsWithAsManyParametersAsPoints) {
   ModelResiduals residuals(line, {1, 2}, {3, 5}, {0.1, 0.1});
   const Fit fit = minimise(residuals, {1, 2}, {0.01, 0.02});
   EXPECT_EQ(fit.result.end, MinimiseEnd::kCompleted);
-  EXPECT_NEAR(fit.X[0], 2, 1E-6);
-  EXPECT_NEAR(fit.X[1], 1, 1E-6);
+  EXPECT_NEAR(fit.X[0], 2, kMinimum);
+  EXPECT_NEAR(fit.X[1], 1, kMinimum);
 }
 
 TEST(Minimise, RunsWithMoreParametersThanPoints) {
@@ -153,7 +154,7 @@ TEST(Minimise, LowersTheAccuracyToATenthOfTheErrorAndRepeats) {
   ModelResiduals residuals(constant, {0, 1, 2}, {1, 2, 3}, {1, 1, 1});
   const Fit fit = minimise(residuals, {2}, {0.5});
   EXPECT_GT(fit.result.passes, 1);
-  EXPECT_NEAR(fit.E[0], 1 / std::sqrt(3) / 10, 1E-12);
+  EXPECT_NEAR(fit.E[0], 1 / std::sqrt(3) / 10, kManyRoundings);
   EXPECT_EQ(fit.result.TooCoarse, kFalse);
 }
 

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "doubles/Tolerances.h"
 #include "numeric/SampleFits.h"
 
 namespace vk {
@@ -11,7 +12,7 @@ TEST(Minimise, FindsTheWeightedMean) {
   // Weights 1, 1/4, 1: (1 + 3/4 + 8) / (9/4).
   ModelResiduals residuals(constant, {0, 1, 2}, {1, 3, 8}, {1, 2, 1});
   const Fit fit = minimise(residuals, {1}, {0.01});
-  EXPECT_NEAR(fit.X[0], 9.75 / 2.25, 1E-6);
+  EXPECT_NEAR(fit.X[0], 9.75 / 2.25, kMinimum);
   EXPECT_EQ(fit.result.end, MinimiseEnd::kCompleted);
 }
 
@@ -20,9 +21,9 @@ TEST(Minimise, FindsTheStraightLineOfTheNormalEquations) {
   ModelResiduals residuals = lineProblem();
   const Fit fit = minimise(residuals, {1, 1}, {0.01, 0.01});
   const double slope = (5 * 110.2 - 15 * 30.1) / (5 * 55 - 15 * 15);
-  EXPECT_NEAR(fit.X[0], slope, 1E-6);
-  EXPECT_NEAR(fit.X[1], (30.1 - slope * 15) / 5, 1E-6);
-  EXPECT_NEAR(fit.result.FS, 10.7, 1E-6);
+  EXPECT_NEAR(fit.X[0], slope, kMinimum);
+  EXPECT_NEAR(fit.X[1], (30.1 - slope * 15) / 5, kMinimum);
+  EXPECT_NEAR(fit.result.FS, 10.7, kMinimum);
   EXPECT_EQ(fit.result.end, MinimiseEnd::kCompleted);
 }
 
@@ -31,9 +32,9 @@ TEST(Minimise, FindsTheParabolaOfTheNormalEquations) {
   const Fit fit = minimise(residuals, {0, 0, 0}, {0.01, 0.01, 0.01});
   // Orthogonal polynomials over -2..2: sum y 15.6, sum xy -19.9, sum (xx - 2) y 14.3 over 14.
   const double a = (2 * 9.1 - 4.2 - 2 * 1.0 - 0.1 + 2 * 1.2) / 14;
-  EXPECT_NEAR(fit.X[0], a, 1E-6);
-  EXPECT_NEAR(fit.X[1], (-2 * 9.1 - 4.2 + 0.1 + 2 * 1.2) / 10, 1E-6);
-  EXPECT_NEAR(fit.X[2], 15.6 / 5 - 2 * a, 1E-6);
+  EXPECT_NEAR(fit.X[0], a, kMinimum);
+  EXPECT_NEAR(fit.X[1], (-2 * 9.1 - 4.2 + 0.1 + 2 * 1.2) / 10, kMinimum);
+  EXPECT_NEAR(fit.X[2], 15.6 / 5 - 2 * a, kMinimum);
 }
 
 // By many restarts with the smallest accuracies.
@@ -101,10 +102,10 @@ TEST(Minimise, TriesThePointsOfItsSearchesInOrder) {
   const Fit fit = minimise(residuals, {1}, {1.0 / 32});
   ASSERT_EQ(residuals.tried.size(), 6U);
   const double expected[] = {1, 1 + 1.0 / 32, 0.5, 1.5, 2, 2};
-  for (std::size_t k = 0; k < 6; ++k) EXPECT_NEAR(residuals.tried[k][0], expected[k], 1E-14) << k;
+  for (std::size_t k = 0; k < 6; ++k) EXPECT_NEAR(residuals.tried[k][0], expected[k], kFewRoundings) << k;
   EXPECT_EQ(fit.result.iterations, 2);
   EXPECT_EQ(fit.result.passes, 1);
-  EXPECT_NEAR(fit.result.errors[1], 1 / std::sqrt(3), 1E-12);
+  EXPECT_NEAR(fit.result.errors[1], 1 / std::sqrt(3), kManyRoundings);
 }
 
 // ---- Failing residuals ------------------------------------------------------------------------------------
@@ -131,7 +132,7 @@ TEST(Minimise, LeavesThePointTriedLastWhenASearchFails) {
   residuals.failAt(4);
   const Fit fit = minimise(residuals, {1}, {1.0 / 32});
   EXPECT_EQ(fit.result.end, MinimiseEnd::kResidualsFailed);
-  EXPECT_NEAR(fit.X[0], 1.5, 1E-14);
+  EXPECT_NEAR(fit.X[0], 1.5, kFewRoundings);
 }
 
 TEST(Minimise, EndsWithoutErrorsWhenTheLastComputationFails) {
@@ -152,7 +153,7 @@ TEST(Minimise, ShowsEachIterationOfOneParameter) {
   EXPECT_EQ(fit.log.entries[0].sum, 5);
   EXPECT_THAT(fit.log.entries[0].X, testing::ElementsAre(1));
   EXPECT_EQ(fit.log.entries[1].iteration, 1);
-  EXPECT_NEAR(fit.log.entries[1].sum, 2, 1E-12);
+  EXPECT_NEAR(fit.log.entries[1].sum, 2, kManyRoundings);
 }
 
 TEST(Minimise, ShowsEveryThirdIterationOfThreeParameters) {

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "doubles/Places.h"
+#include "doubles/Tolerances.h"
 #include "platform/system/SystemFiles.h"
 
 namespace vk {
@@ -51,7 +52,7 @@ TEST(NistProblem, HasForEachFormulaAFileThatAgreesWithItself) {
     const NistProblem problem = parseNist(published(formula.problem));
     EXPECT_EQ(problem.name, formula.problem);
     const double deviation = std::sqrt(problem.sumOfSquares / problem.degreesOfFreedom);
-    EXPECT_NEAR(problem.residualDeviation / deviation, 1, 1E-10) << problem.name;
+    EXPECT_NEAR(problem.residualDeviation / deviation, 1, kDerived) << problem.name;
   }
 }
 
@@ -64,13 +65,13 @@ TEST(NistProblem, JudgesValuesByTheOneThatIsFarthestOff) {
   NistProblem problem;
   problem.certified = {100, -2};
   problem.deviations = {10, 0.01};
-  EXPECT_NEAR(problem.digits(std::vector{100.1, -2.0}), 3, 1E-9);
-  EXPECT_NEAR(problem.digits(std::vector{100.0, -2.2}), 1, 1E-9);
+  EXPECT_NEAR(problem.digits(std::vector{100.1, -2.0}), 3, kIterated);
+  EXPECT_NEAR(problem.digits(std::vector{100.0, -2.2}), 1, kIterated);
   EXPECT_EQ(problem.digits(problem.certified), 11);
   EXPECT_EQ(problem.digits(std::vector{1E30, -2.0}), 0);
   EXPECT_EQ(problem.digits(std::vector{std::nan(""), -2.0}), 0);
-  EXPECT_NEAR(problem.deviationsOff(std::vector{101.0, -2.0}), 0.1, 1E-9);
-  EXPECT_NEAR(problem.deviationsOff(std::vector{100.0, -2.03}), 3, 1E-9);
+  EXPECT_NEAR(problem.deviationsOff(std::vector{101.0, -2.0}), 0.1, kIterated);
+  EXPECT_NEAR(problem.deviationsOff(std::vector{100.0, -2.03}), 3, kIterated);
   EXPECT_FALSE(std::isfinite(problem.deviationsOff(std::vector{100.0, std::nan("")})));
 }
 

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "doubles/Tolerances.h"
 #include "tests/numeric/KernelLog.h"
 
 // The figures come from SpecialFunctionsTest.py.
@@ -30,11 +31,11 @@ TEST(LnGamma, FailsFromZeroDown) {
 
 TEST(BetaFraction, ConvergesOrTellsThatItDoesNot) {
   KernelLog log;
-  EXPECT_NEAR(betaFraction(2, 3, .4, log).value, 2.530864197530863, 1e-14);
-  EXPECT_NEAR(betaFraction(20000, 20000, .5, log).value, 250.6643618006, 1e-9);
+  EXPECT_NEAR(betaFraction(2, 3, .4, log).value, 2.530864197530863, kFewRoundings);
+  EXPECT_NEAR(betaFraction(20000, 20000, .5, log).value, 250.6643618006, kIterated);
   EXPECT_THAT(log.kernels, IsEmpty());
   const Evaluation reached = betaFraction(50000, 50000, .5, log);
-  EXPECT_NEAR(reached.value, 396.3357586052, 1e-9);
+  EXPECT_NEAR(reached.value, 396.3357586052, kIterated);
   EXPECT_EQ(reached.fault, Fault::kExhausted);
   EXPECT_THAT(log.kernels, ElementsAre(Kernel::kBetaFraction));
 }
@@ -43,9 +44,9 @@ TEST(IncompleteBeta, GoesFromZeroToOne) {
   KernelLog log;
   EXPECT_EQ(incompleteBeta(2, 3, 0, log), Evaluation{0});
   EXPECT_EQ(incompleteBeta(2, 3, 1, log), Evaluation{1});
-  EXPECT_NEAR(incompleteBeta(2, 3, .4, log).value, 0.5248, 1e-9);
+  EXPECT_NEAR(incompleteBeta(2, 3, .4, log).value, 0.5248, kIterated);
   // Above (a+1)/(a+b+2) the other tail is computed: 1 - P(at most 1 of 4) at 0.9.
-  EXPECT_NEAR(incompleteBeta(2, 3, .9, log).value, 0.9963, 1e-9);
+  EXPECT_NEAR(incompleteBeta(2, 3, .9, log).value, 0.9963, kIterated);
   EXPECT_THAT(log.kernels, IsEmpty());
 }
 
@@ -58,8 +59,8 @@ TEST(IncompleteBeta, TellsOfAnArgumentOutsideZeroToOne) {
 TEST(UpperGamma, TakesTheSeriesBelowAndTheFractionAbove) {
   KernelLog log;
   EXPECT_EQ(upperGamma(2.5, 0, log), Evaluation{1});
-  EXPECT_NEAR(upperGamma(4, 5, log).value, 0.265025915, 1e-9);
-  EXPECT_NEAR(upperGamma(4, 3, log).value, 0.647231910, 1e-9);
+  EXPECT_NEAR(upperGamma(4, 5, log).value, 0.265025915, kIterated);
+  EXPECT_NEAR(upperGamma(4, 3, log).value, 0.647231910, kIterated);
   EXPECT_NEAR(upperGamma(1, 2, log).value, std::exp(-2.0), kKernelAccuracy);
   EXPECT_THAT(log.kernels, IsEmpty());
 }
@@ -90,7 +91,7 @@ TEST(GammaFraction, TellsTheSameAndGivesItsResultAllTheSame) {
   EXPECT_THAT(log.kernels, IsEmpty());
   // After a hundred terms it is still far from the true value, 0.8875.
   const Evaluation reached = gammaFraction(0.5, 0.01, log);
-  EXPECT_NEAR(reached.value, 0.92428624900843, 1e-12);
+  EXPECT_NEAR(reached.value, 0.92428624900843, kManyRoundings);
   EXPECT_EQ(reached.fault, Fault::kExhausted);
   EXPECT_THAT(log.kernels, ElementsAre(Kernel::kGammaFraction));
 }
@@ -114,8 +115,8 @@ TEST(FullUpperGamma, TakesAsManyTermsAsItNeeds) {
   for (const double a : {400.0, 1000.0, 16383.5}) {
     EXPECT_NEAR(fullUpperGamma(a, a - 1 / 3.0).value, 0.5, 3E-5) << a;
     EXPECT_NEAR(fullUpperGamma(a, a + 1).value, 0.5 - 4 / 3.0 / std::sqrt(2 * 3.14159265 * a), 1E-4) << a;
-    EXPECT_NEAR(fullUpperGamma(a, a / 2).value, 1, 1E-6) << a;
-    EXPECT_NEAR(fullUpperGamma(a, 2 * a).value, 0, 1E-6) << a;
+    EXPECT_NEAR(fullUpperGamma(a, a / 2).value, 1, kMinimum) << a;
+    EXPECT_NEAR(fullUpperGamma(a, 2 * a).value, 0, kMinimum) << a;
   }
   EXPECT_NEAR(fullUpperGamma(0.5, 1.5).value, std::erfc(std::sqrt(1.5)), kKernelAccuracy);
 }
@@ -130,7 +131,7 @@ TEST(FullUpperGamma, EndsForAnyNumbers) {
 }
 
 TEST(ComplementaryError, QUIRK_IsNotQuiteOneAtZero) {
-  EXPECT_NEAR(complementaryError(0).value, 0.999999999, 1e-15);
+  EXPECT_NEAR(complementaryError(0).value, 0.999999999, kLastBit);
 }
 
 TEST(ComplementaryError, StaysWithinItsAccuracy) {

@@ -6,7 +6,7 @@ from math import sqrt
 def inverse(matrix):
     """By Gauss and Jordan with pivots."""
     n = len(matrix)
-    rows = [list(row) + [float(i == j) for j in range(n)] for i, row in enumerate(matrix)]
+    rows = [list(row) + [int(i == j) for j in range(n)] for i, row in enumerate(matrix)]
     for k in range(n):
         pivot = max(range(k, n), key=lambda i: abs(rows[i][k]))
         rows[k], rows[pivot] = rows[pivot], rows[k]

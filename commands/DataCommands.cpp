@@ -95,7 +95,7 @@ void MenDatSav(Session& session, Ports& ports) {
   saveDataText(session, ports, dataFileText(session.loaded.data), name);
 }
 
-bool saveDataText(Session& session, Ports& ports, const std::string& text, std::string& name) {
+bool saveDataText(Session& session, const FilePorts& ports, const std::string& text, std::string& name) {
   if (!pickFileToSave(session, ports, kSaveData, kDataKind, name)) return false;
   ports.files.writeAll(name, text);
   return true;

@@ -24,7 +24,7 @@ void MenDatSav(Session& session, Ports& ports);
 
 /// Asks for the name of a data file, where `name` is proposed and takes the answer, and writes the text. False when the
 /// user stopped. A disk that fails while writing is a run-time error.
-bool saveDataText(Session& session, Ports& ports, const std::string& text, std::string& name);
+bool saveDataText(Session& session, const FilePorts& ports, const std::string& text, std::string& name);
 
 /// Chooses the graphic file that the figure commands run; it is read when it is shown.
 void MenGraLetFil(Session& session, Ports& ports);

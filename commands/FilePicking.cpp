@@ -119,8 +119,8 @@ std::string inMenu(const std::string& path) {
 
 }  // namespace
 
-void PickFile(Session& session, Ports& ports, const WindowText& caption, std::string& name, Int16 kind,
-              Int16 mode) {
+void PickFile(Session& session, const FilePorts& ports, const WindowText& caption, std::string& name,
+              Int16 kind, Int16 mode) {
   session.ErrFlag = 0;
   const KindOfFile& which = kindOf(kind);
   std::string proposed = name;
@@ -157,7 +157,7 @@ bool pickFileToRead(Session& session, Ports& ports, const WindowText& caption, I
   return session.ErrFlag == 0;
 }
 
-bool pickFileToSave(Session& session, Ports& ports, const WindowText& caption, Int16 kind,
+bool pickFileToSave(Session& session, const FilePorts& ports, const WindowText& caption, Int16 kind,
                     std::string& name) {
   for (;;) {
     PickFile(session, ports, caption, name, kind, kPickToSave);

@@ -22,8 +22,8 @@ enum PickMode : int {
 /// `ErrFlag` is 0 for a name, 32755 after a cancel, -1 when the user gave up at the message on a missing file;
 /// in both latter cases `name` is as it was. `kPickExisting` remembers folder and extension of data files and
 /// of graphic files.
-void PickFile(Session& session, Ports& ports, const WindowText& caption, std::string& name, Int16 kind,
-              Int16 mode);
+void PickFile(Session& session, const FilePorts& ports, const WindowText& caption, std::string& name,
+              Int16 kind, Int16 mode);
 
 /// The file of a reading command: the recent entry that was picked, else the user is asked. False when the
 /// command is to stop; `ErrFlag` then tells why. A picked entry stays picked.
@@ -31,7 +31,8 @@ bool pickFileToRead(Session& session, Ports& ports, const WindowText& caption, I
 
 /// The file of a saving command: asks for a name, before an existing file is replaced, and again when a name
 /// cannot be written. False when the user stopped. `ErrFlag` is 0 in either case.
-bool pickFileToSave(Session& session, Ports& ports, const WindowText& caption, Int16 kind, std::string& name);
+bool pickFileToSave(Session& session, const FilePorts& ports, const WindowText& caption, Int16 kind,
+                    std::string& name);
 
 /// The name of a file without folder and extension, from which others are proposed.
 std::string nameWithoutExtension(const std::string& path);

@@ -40,4 +40,13 @@ struct Ports {
   std::function<Device&()> printer;  ///< asked for when a figure is drawn: to find the system's takes time
 };
 
+/// What the choice of a file works with.
+struct FilePorts {
+  Files& files;
+  Dialogs& dialogs;
+
+  FilePorts(Files& disk, Dialogs& questions) : files(disk), dialogs(questions) {}
+  FilePorts(const Ports& ports) : files(ports.files), dialogs(ports.dialogs) {}
+};
+
 }  // namespace vk

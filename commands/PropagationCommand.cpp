@@ -1,6 +1,7 @@
 #include "commands/PropagationCommand.h"
 
 #include "analysis/HistogramFile.h"
+#include "commands/DataCommands.h"
 #include "commands/ExhaustedBox.h"
 #include "commands/PropagationScreen.h"
 #include "commands/RandomSource.h"
@@ -35,7 +36,7 @@ PropagationResult PropagateErrors(Session& session, Ports& ports) {
   PropagationScreen screen(session.analysis.fun.FunctionText, session.analysis.par, ports.output);
   // The window can be asked to save while the samples still run. The session gets the histogram only when it is
   // whole, so that no half-filled one is written, or changed by being written.
-  ports.output.setSaveRoutine([&session, &files = ports.files] { SaveMonteCarlo(session, files); });
+  ports.output.setSaveRoutine([&session, disk = FilePorts(ports)] { SaveMonteCarlo(session, disk); });
   PropagationResult result = PropagateErrors(session.analysis, screen, ports.random, ports.dialogs);
   session.analysis.monteCarlo = result.histogram;
   if (result.end != PropagationEnd::kCompleted) ports.output.FrmOut_Exit();
@@ -52,9 +53,12 @@ PropagationResult PropagateErrors(AnalysisState& analysis, PropagationObserver& 
   return result;
 }
 
-void SaveMonteCarlo(Session& session, Files& files) {
-  files.writeAll(joinPath(session.files.DataDir, kFileName),
-                 monteCarloFileText(session.analysis.monteCarlo, session.analysis.fun.FunctionText));
+void SaveMonteCarlo(Session& session, const FilePorts& ports) {
+  const std::string text = monteCarloFileText(session.analysis.monteCarlo, session.analysis.fun.FunctionText);
+  const std::string usual = joinPath(session.files.DataDir, kFileName);
+  std::string other = kFileName;
+  if (!ports.files.canWrite(usual) && saveDataText(session, ports, text, other)) return;
+  ports.files.writeAll(usual, text);
 }
 
 }  // namespace vk

@@ -19,8 +19,8 @@ PropagationResult PropagateErrors(Session& session, Ports& ports);
 PropagationResult PropagateErrors(AnalysisState& analysis, PropagationObserver& screen, Random& random,
                                   Dialogs& dialogs);
 
-/// Merges the thin bins of the session's histogram and writes it into "Mon_Sim.DAT" in the folder of data files. A file
-/// that cannot be written is a run-time error.
-void SaveMonteCarlo(Session& session, Files& files);
+/// Merges the thin bins of the session's histogram and writes it into "Mon_Sim.DAT" in the folder of data files. Where
+/// that cannot be written the user may name another file; it is a run-time error if he does not.
+void SaveMonteCarlo(Session& session, const FilePorts& ports);
 
 }  // namespace vk

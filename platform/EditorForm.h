@@ -17,6 +17,8 @@ class EditorForm {
   /// Empties the control, gives it the text, and shows the editor, modeless, with the caret at the start and the
   /// palette closed. What was done to an earlier text cannot be undone.
   virtual void showEditor(const WindowText& caption, const PlainText& text, EditControl control) = 0;
+  /// Gives the editor that is shown another caption.
+  virtual void nameEditor(const WindowText& caption) = 0;
   /// The editor vanishes; its text stays until the next showing.
   virtual void hideEditor() = 0;
   /// The focus goes back to the control; the editor stays open.

@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "base/TextLines.h"
 #include "commands/DisplayRefresh.h"
+#include "commands/FilePicking.h"
 #include "session/Session.h"
 #include "ui/layout/EditorLayout.h"
 
@@ -99,6 +100,10 @@ WindowText ownName(const EditedFile& file) {
   return WindowText(GetFileName(file.path));
 }
 
+WindowText titleOf(const EditedFile& file) {
+  return captionOf(file) + " " + ownName(file);
+}
+
 }  // namespace
 
 void Editor::tell(const EditedFile& file, const WindowText& failure, const RuntimeError& error) {
@@ -131,7 +136,7 @@ void Editor::OpenEditor(const std::string& path, Int16 kind) {
   takeEncoding(wanted, bytes);
   shut_ = std::make_unique<ShutWindow>(ports_.window, Form::kEditor);
   file_ = wanted;
-  form_->showEditor(captionOf(wanted) + " " + ownName(wanted),
+  form_->showEditor(titleOf(wanted),
                     {textOfFile(bytes, wanted.control == EditControl::kTxtEdiOld), wanted.isUtf8},
                     wanted.control);
 }
@@ -171,11 +176,23 @@ bool Editor::wantsLargeFile(const EditedFile& wanted) {
                                  .captions = {kGiveUpButton, kContinueButton}}) == 2;
 }
 
+bool Editor::saved(const std::string& text) {
+  const auto write = [&] { ports_.files.writeAll(file_.path, text); };
+  if (done(kNotSaved, write)) return true;
+  std::string other = GetFileName(file_.path);
+  if (ports_.files.canWrite(file_.path) ||
+      !pickFileToSave(session_, {ports_.files, ports_.dialogs}, captionOf(file_), file_.kind, other)) {
+    return false;
+  }
+  file_.path = other;
+  form_->nameEditor(titleOf(file_));
+  return done(kNotSaved, write);
+}
+
 void Editor::MnuFilSav() {
   const std::string text = textOfForm();
   TextCheck found;
-  if (!done(kNotSaved, [&] { ports_.files.writeAll(file_.path, text); }) ||
-      !done(kNotChecked, [&] { found = checkText(session_, file_.kind, text); })) {
+  if (!saved(text) || !done(kNotChecked, [&] { found = checkText(session_, file_.kind, text); })) {
     form_->focusEditor();
   } else if (found.good) {
     close();

@@ -54,8 +54,9 @@ class Editor : public TextEditor {
   void OpenEditor(const std::string& path, Int16 kind) override;
   bool isOpen() const override { return shut_ != nullptr; }
 
-  /// Writes the file and, when its check finds nothing, closes the editor. A file that cannot be written is told,
-  /// and stays as it was on the disk; the editor stays open with the text.
+  /// Writes the file and, when its check finds nothing, closes the editor. A file that cannot be written is told, and
+  /// stays as it was on the disk; where its folder or its rights are the cause, another name is asked for. Without one
+  /// the editor stays open with the text.
   void MnuFilSav();
   void MnuFilRin() override;
 
@@ -85,6 +86,8 @@ class Editor : public TextEditor {
   bool wantsLargeFile(const EditedFile& wanted);
   std::string textOfForm();
   bool done(const WindowText& failure, const std::function<void()>& step);
+  /// Writes the text into the file, or into another one that the user names. False when it is nowhere.
+  bool saved(const std::string& text);
   void tellErrors(const std::string& report);
   void close();
 

@@ -16,9 +16,7 @@ class FileSelectionTest : public testing::Test {
     session.files.FunDir = "/funzioni";
     session.files.GraDir = "/grafici";
   }
-  void pick(Int16 kind, Int16 mode) {
-    PickFile(session, TestPorts(files, dialogs), "CAPTION", name, kind, mode);
-  }
+  void pick(Int16 kind, Int16 mode) { PickFile(session, {files, dialogs}, "CAPTION", name, kind, mode); }
 
   Session session;
   MemoryFiles files;

@@ -33,7 +33,7 @@ class SaveMonteCarloTest : public PropagationTest {
       bins.McBinCentre[b] = b;
       bins.McBinHits[b] = hits[static_cast<std::size_t>(b - 1)];
     }
-    SaveMonteCarlo(session, files);
+    SaveMonteCarlo(session, {files, dialogs});
     return linesOfFile();
   }
   std::vector<std::string> linesOfFile() {
@@ -136,7 +136,7 @@ TEST_F(SaveMonteCarloTest, DepartureNumbersWithAThreeDigitExponentAreWritten) {
   save({0, 20, 30});
   session.analysis.monteCarlo.McBinCentre[2] = -1E-120;
   session.analysis.monteCarlo.McBinWidth = 1E-150;
-  SaveMonteCarlo(session, files);
+  SaveMonteCarlo(session, {files, dialogs});
   EXPECT_EQ(linesOfFile()[3], "  -1.000E-120  2.0000E+149  4.4721E+148");
 }
 
@@ -145,9 +145,15 @@ TEST_F(SaveMonteCarloTest, AnOldFileIsReplaced) {
   EXPECT_EQ(save({0, 20}).size(), 4U);
 }
 
-TEST_F(SaveMonteCarloTest, AFolderThatCannotBeWrittenIsARunTimeError) {
+TEST_F(SaveMonteCarloTest, DepartureAFolderThatCannotBeWrittenGivesWayToAFileThatIsNamed) {
   files.notWritable.insert(kFile);
-  EXPECT_EQ(errorOf([&] { save({0, 20}); }), kPathAccessError);
+  dialogs.pick(std::nullopt);
+  EXPECT_EQ(errorOf([&] { save({0, 20}); }), kPathAccessError) << "so that the window stays";
+  dialogs.pick("/casa/isto.dat");
+  files.content[kFile] = "old";
+  EXPECT_THAT(save({0, 20}), testing::ElementsAre("old"));
+  EXPECT_THAT(files.content["/casa/isto.dat"], testing::StartsWith("Sim. M.C. per y = bx+c\r\n"));
+  EXPECT_EQ(dialogs.fileRequests[1].proposedName, "Mon_Sim.DAT");
 }
 
 // ---- After a run ------------------------------------------------------------------------------------------

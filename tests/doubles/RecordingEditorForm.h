@@ -27,6 +27,7 @@ class RecordingEditorForm : public EditorForm {
     control = which;
     SelStart = SelLength = 0;
   }
+  void nameEditor(const WindowText& title) override { caption = title.bytes(); }
   void hideEditor() override { calls.emplace_back("hide"), visible = false; }
   void focusEditor() override { calls.emplace_back("focus"); }
   PlainText editorText() override { return {text, isUtf8}; }

@@ -74,6 +74,25 @@ TEST_F(EditorTest, TheZeroByteIsACharacter) {
   EXPECT_EQ(saved(bytes), bytes);
 }
 
+TEST_F(EditorTest, DepartureAFileThatCannotBeWrittenGivesWayToOneThatIsNamed) {
+  open("vecchio\r\n");
+  form.text = "nuovo\r\n";
+  files.notWritable.insert(kPath);
+  const std::string before = form.caption;
+  for (const std::optional<std::string>& name : {std::optional<std::string>(), {"/casa/altro.gra"}}) {
+    expectOpen();
+    EXPECT_EQ(form.caption, before);
+    dialogs.expectBox();
+    dialogs.pick(name);
+    editor.MnuFilSav();
+    EXPECT_EQ(dialogs.fileRequests.back().proposedName, "prova.txt");
+  }
+  expectClosed();
+  EXPECT_EQ(form.caption, "VOR_KEL: Modifica File Grafico altro.gra");
+  EXPECT_EQ(files.content["/casa/altro.gra"], "nuovo\r\n");
+  EXPECT_EQ(files.content[kPath], "vecchio\r\n");
+}
+
 TEST_F(EditorTest, AFailedWriteIsToldAndKeepsFileAndText) {
   for (const int error : {kDeviceIoError, kPathAccessError, kPermissionDenied}) {
     open("vecchio\r\n", kDataKind);

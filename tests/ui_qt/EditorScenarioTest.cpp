@@ -198,6 +198,7 @@ TEST_F(EditorScenarioTest, WhatCannotBeWrittenStaysInTheEditor) {
   std::filesystem::remove_all(folder / "chiavetta");
   chooseInEditor("MnuFilSav");
   answerBox();
+  user.cancelFile();
   act();
   ASSERT_EQ(boxes.size(), 1U);
   EXPECT_TRUE(

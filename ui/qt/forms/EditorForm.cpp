@@ -99,14 +99,12 @@ void FrmEdi::buildFinding() {
 void FrmEdi::showEditor(const WindowText& caption, const PlainText& text, EditControl control) {
   control_ = control;
   const bool plain = control == EditControl::kTxtEdiOld;
-  setWindowTitle(fromText(caption));
-  setAccessibleName(windowTitle());
   TxtEdiOld_->setVisible(plain);
   TxtEdi_->setVisible(!plain);
   MnuMod_->menuAction()->setEnabled(!plain);
   find_->hide();
   hidePalette();
-  box().setAccessibleName(windowTitle());
+  nameEditor(caption);
   box().setTextFont(toolkitFont(plain ? services_.FontEdit : kLargeFileFont));
   box().load(text);
   placeForm();
@@ -114,6 +112,12 @@ void FrmEdi::showEditor(const WindowText& caption, const PlainText& text, EditCo
   raise();
   activateWindow();
   box().setFocus();
+}
+
+void FrmEdi::nameEditor(const WindowText& caption) {
+  setWindowTitle(fromText(caption));
+  setAccessibleName(windowTitle());
+  box().setAccessibleName(windowTitle());
 }
 
 void FrmEdi::placeForm() {

@@ -30,6 +30,7 @@ class FrmEdi : public QMainWindow, public EditorForm {
   FrmEdi(Editor& engine, const EditorServices& services);
 
   void showEditor(const WindowText& caption, const PlainText& text, EditControl control) override;
+  void nameEditor(const WindowText& caption) override;
   void hideEditor() override;
   void focusEditor() override;
   PlainText editorText() override { return box().bytes(); }

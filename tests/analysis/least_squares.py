@@ -36,9 +36,9 @@ def fit(model, x, y, errors, start, rounds=50):
     return p, covariance, sum(abs((b - model(p, a)) / e) ** 2 for a, b, e in zip(x, y, errors))
 
 
-def field(value):
-    """Six digits behind the point, as the screens show them."""
-    digits, exponent = f"{abs(value):.5e}".split("e")
+def field(value, digits=6):
+    """So many digits behind the point, as the screens show them."""
+    digits, exponent = f"{abs(value):.{digits - 1}e}".split("e")
     text = f"{'-' if value < 0 else '0'}.{digits.replace('.', '')}E{int(exponent) + 1:+03d}"
     return text if value else "0.000000E+00"
 

@@ -136,6 +136,9 @@ file docs/manuale/parole.txt fit
 file docs/manuale/99-glossario.md "Così dell'\`errror\` è [sull'errore](a.md), dell'*errore* e \`due" 'rihge`.' '' \
   '| errore | fault | sì |' '' '```' 'sbaliato' '```'
 expect held spelling "a page with code and English words"
+file bin/aspell '#!/bin/sh' 'exit 1'
+chmod +x "$made/bin/aspell"
+PATH=$made/bin:$PATH expect refused spelling "a page that aspell cannot look at"
 file examples/laboratorio/a/README.md "La riga è sbaliata."
 expect 'examples/laboratorio/a/README.md: is "sbaliata" a word?' spelling "a word with a fault"
 file examples/laboratorio/a/README.md "E' una riga."
@@ -272,6 +275,15 @@ looks_at "a branch with work that is not committed" base/A.cpp base/D.cpp ui/B.c
 commit four
 repository update-ref refs/remotes/origin/main branch
 looks_at "a branch that has landed" base/D.cpp ui/B.cpp
+repository switch -c headers
+file base/B.h '#include "base/C.h"'
+file base/C.h
+commit five
+file base/C.h '//'
+file base/Z.h
+commit six
+repository update-ref refs/remotes/origin/main headers~1
+looks_at "a header within another, and one that nobody includes" ui/B.cpp
 
 begin
 file session/Session.h 'Int16 ErrFlag;'

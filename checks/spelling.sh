@@ -16,8 +16,9 @@ words=$(for page in "${pages[@]}"; do
   sed -E "/^ *\`\`\`/,/^ *\`\`\`/d; $english" "$page" |
     sed -Ez "s/([[:alpha:]]+')?($code)/ /g; s/\]\([^)]*\)//g; s/'[[*]+/'/g" | sed "s|^|$page\t|"
 done)
+unknown=$(cut -f 2 <<< "$words" | aspell list --lang=it --encoding=utf-8 | sort -u)
 said=$(
-  cut -f 2 <<< "$words" | aspell list --lang=it --encoding=utf-8 | sort -u | grep -vxFf docs/manuale/parole.txt |
+  grep . <<< "$unknown" | grep -vxFf docs/manuale/parole.txt |
     while IFS= read -r word; do grep -wF -- "$word" <<< "$words" | sed "s/\t.*/: is \"$word\" a word?/" | sort -u; done
   accented="[Ee]|[Cc]os[iì]|[Pp]i[uù]|[Pp]u[oò]|[Gg]i[aà]|[a-zA-Z]*ch[eé]|[a-z]+it[aà]"
   grep -E "[[:blank:](*]($accented)'([ ,.;:)]|\$)" <<< "$words" | sed 's/\t/: an apostrophe is no accent: /'

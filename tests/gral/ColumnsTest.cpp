@@ -40,6 +40,7 @@ TEST_F(ColumnFields, HaveThreeFacesOfFourPointsEach) {
 TEST_F(ColumnFields, HaveOneShadeForEachFace) {
   drawing.GralLego3d(8, 4, 30, 45, 4, 3, 2, gridOf(2, 3, [](int, int) { return 1; }), 2, 3, true, true);
   const auto found = figures();
+  ASSERT_EQ(found.size(), 18U);
   const double st = 0.5, ct = std::sqrt(0.75), sp = std::sqrt(0.5), cp = sp;
   // Of the sides sp*st and sp*ct is seen; of the top the product of its edges less a quarter of what they share.
   const double ab = st * st + ct * ct * cp * cp, cd = ct * ct + cp * cp * st * st,

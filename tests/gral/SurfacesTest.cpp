@@ -61,7 +61,9 @@ TEST_F(Surfaces, AreShownAfterEvery200CellsAndAtTheEnd) {
 TEST_F(Surfaces, AreNotShownOnAPrinter) {
   openPrinter();
   surface(drawing, flat(21, 21), {});
-  for (const std::string& line : printer.lines()) EXPECT_NE(line, "refresh");
+  const std::vector<std::string> lines = drawnOn(printer);
+  EXPECT_EQ(lines.size(), 400U);  // the cells
+  EXPECT_EQ(std::ranges::count(lines, "refresh"), 0);
 }
 
 TEST_F(Surfaces, PutFillStyleAndColourBack) {

@@ -7,6 +7,9 @@ target_include_directories(vor_flags INTERFACE ${CMAKE_SOURCE_DIR})
 # Results must be the same at every optimisation level: no contraction of a*b+c, no rewriting of pow().
 target_compile_options(vor_flags INTERFACE
   -Wall -Wextra -Wconversion -Wdouble-promotion -Wshadow -ffp-contract=off -fno-builtin-pow)
+# clang counts among them what is exact, float to double, and each int as an index; g++ does not.
+target_compile_options(vor_flags INTERFACE
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-double-promotion;-Wno-sign-conversion>)
 # g++ 12 removes, as a dead store, what a variable of a class holds before a call assigns to it, although a call that
 # throws assigns nothing; statements under the guard live on that value.
 target_compile_options(vor_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fno-tree-dse>)
@@ -33,11 +36,19 @@ if(VOR_SANITIZE)
   # pointer stops anyway, and none takes the bytes of one type for a larger one.
   target_compile_options(vor_flags INTERFACE -fno-sanitize=null,alignment)
   target_link_options(vor_flags INTERFACE -fsanitize=${VOR_SANITIZE})
+  # The standard library's own bounds, and no zeros by luck in what nobody has set.
+  target_compile_definitions(vor_flags INTERFACE _GLIBCXX_ASSERTIONS)
+  target_compile_options(vor_flags INTERFACE -ftrivial-auto-var-init=pattern)
   # Nor to ask of which class an object is: what tests work on is the library's, which asks.
   target_compile_options(vor_flags INTERFACE
     $<$<BOOL:$<TARGET_PROPERTY:VOR_FEWER_CHECKS>>:-fno-sanitize=vptr;-g0>)
   # To optimise all those checks takes longer than to run them where little is computed.
   target_compile_options(vor_flags INTERFACE $<$<BOOL:$<TARGET_PROPERTY:VOR_GLUE>>:-O0>)
+endif()
+if(VOR_FUZZ)
+  # What the fuzzers learn from: the branches of what computes, reads and draws.
+  set(unfuzzed $<OR:$<BOOL:$<TARGET_PROPERTY:VOR_FEWER_CHECKS>>,$<BOOL:$<TARGET_PROPERTY:VOR_GLUE>>>)
+  target_compile_options(vor_flags INTERFACE $<$<NOT:${unfuzzed}>:-fsanitize=fuzzer-no-link>)
 endif()
 
 # vor_library(name [GLUE] [DEPENDS library ...] [WITHOUT file ...]): the static library vor_<name> from the sources of

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "gral/sinks/PdfObjects.h"
+
 namespace vk {
 namespace {
 
@@ -208,7 +210,7 @@ void PdfContent::figure(std::span<const PixelPoint> points, bool fill, bool stro
 void PdfContent::drawShared(const Place& origin, const std::string& shape, long reach) {
   text_ += "q 1 0 0 1 ";
   write({origin.x, origin.y}, "cm");
-  const bool small = reach + unitsOf(strokeWidth_) <= kObjectReach;
+  const bool small = reach + unitsOf(strokeWidth_) <= kPdfObjectReach;
   const auto [found, first] = shapes_.try_emplace(shape, kNoObject);
   if (first || !small) {
     text_ += "\n" + shape + "Q\n";
@@ -218,7 +220,7 @@ void PdfContent::drawShared(const Place& origin, const std::string& shape, long 
     found->second = firstObject_ + objects_.size();
     objects_.push_back(&found->first);
   }
-  text_ += objectName(found->second) + " Do Q\n";
+  text_ += pdfObjectName(found->second) + " Do Q\n";
 }
 
 }  // namespace vk

@@ -18,11 +18,6 @@ class PdfContent : public CountingSink {
   /// `pixelRatio` pixels of the drawing make a nominal one. Objects are numbered from `firstObject` on.
   explicit PdfContent(int pixelRatio, std::size_t firstObject = 0);
 
-  /// No object reaches further from its origin, in its units.
-  static constexpr long kObjectReach = 20000;
-  /// The name that the operators call an object by.
-  static std::string objectName(std::size_t number) { return "/Mark" + std::to_string(number); }
-
   /// The operators of what was drawn, which leave the state of the page as it was. Nothing more can be drawn
   /// afterwards.
   std::string operators();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "analysis/FitFixture.h"
 #include "doubles/Tolerances.h"
@@ -41,8 +42,10 @@ TEST(RefinedFit, DoesNotDependOnTheOrderOfTheLines) {
   FitCase fit = decay({8, 0.4, 1});
   const RefinedFit before = refined(fit);
   ASSERT_TRUE(before.converged());
-  for (Array<double>* column : {&fit.points.Xpnt, &fit.points.Ypnt, &fit.points.ErrYpnt})
-    std::ranges::rotate(column->span(1, 8), column->span(1, 8).begin() + 3);
+  for (Array<double>* column : {&fit.points.Xpnt, &fit.points.Ypnt, &fit.points.ErrYpnt}) {
+    const std::span<double> values = column->span(1, 8);
+    std::rotate(values.begin(), values.begin() + 3, values.end());
+  }
   const RefinedFit after = refined(fit);
   for (int i = 1; i <= 3; ++i) {
     EXPECT_NEAR(after.par.ParValues[i] / before.par.ParValues[i], 1, kIterated);

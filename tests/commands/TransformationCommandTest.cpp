@@ -261,7 +261,7 @@ TEST_F(TransformationTest, AFormThatFailsGivesTheModelItsPlaceBackToo) {
   load("p,q", "p*x^2+q");
   set(1, 3, 1);
   set(2, 0.5, 1);
-  failing.validate = [this] { validate("x*10"); };
+  failing.validate = [] { validate("x*10"); };
   EXPECT_THROW(MenDatTra(session, TestPorts(failing, dialogs, window)), RuntimeError);
   EXPECT_EQ(EvaluateFunction(session, dialogs, 2), 12.5);
 }

@@ -89,11 +89,11 @@ TEST_F(FigureValuesTest, EqualYAreOpenedNegativeOnesAndZerosToo) {
     double y, low, high;
     int divisions;
   };
-  for (const auto& [y, low, high, divisions] : {Case{2, 1, 3, 4}, Case{-2, -3, -1, 4}, Case{0, -1, 1, 4}}) {
-    loadData("A.DAT", {{1, y, 0, .25}, {2.5, y, 0, .25}});
+  for (const Case& equal : {Case{2, 1, 3, 4}, Case{-2, -3, -1, 4}, Case{0, -1, 1, 4}}) {
+    loadData("A.DAT", {{1, equal.y, 0, .25}, {2.5, equal.y, 0, .25}});
     EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {
-                drawBox(d, {1, 2.6, 8}, {low, high, divisions}, "Corsa (m)");
-                d.GralClip(1, low, 2.6, high);
+                drawBox(d, {1, 2.6, 8}, {equal.low, equal.high, equal.divisions}, "Corsa (m)");
+                d.GralClip(1, equal.low, 2.6, equal.high);
                 plot(d, session.loaded.data);
               }));
     EXPECT_EQ(session.ErrFlag, 0);

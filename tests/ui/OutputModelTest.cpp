@@ -8,7 +8,7 @@ namespace {
 using testing::ElementsAre;
 
 constexpr CellSize kOutputCell{100, 200};
-constexpr FontSpec kFont{"Courier New", 10};
+const FontSpec kFont{"Courier New", 10};
 
 class OutputModelTest : public testing::Test {
  protected:

@@ -45,7 +45,7 @@ TEST_F(EditorScenarioTest, AFaultyDataFileIsCorrectedByItsReport) {
     EXPECT_FALSE(window().isEnabled());
   });
   chooseInEditor("MnuFilSav");
-  user.at("FrmMsg", [this](QWidget* message) {
+  user.at("FrmMsg", [](QWidget* message) {
     EXPECT_EQ(message->windowTitle(), "VOR_KEL: Modifica File Dati");
     EXPECT_EQ(message->accessibleDescription().toStdString(), "Errori nel File Dati: guasto.dat !");
     QTest::mouseClick(control<QPushButton>(message, "CmdMsg(2)"), Qt::LeftButton);
@@ -96,7 +96,7 @@ TEST_F(EditorScenarioTest, InALargeFileOfAllBytesOnlyTheChangedLineDiffers) {
   bytes.back() = ' ';
   folder.make("grande.gra", bytes);
   edit("MenGraModFil", "grande.gra");
-  user.at("FrmMsg", [this](QWidget* message) {
+  user.at("FrmMsg", [](QWidget* message) {
     EXPECT_EQ(message->windowTitle(), "VOR_KEL: Modifica File Grafico");
     EXPECT_THAT(message->accessibleDescription().toStdString(),
                 HasSubstr("contiene piu` di 40000 caratteri!"));

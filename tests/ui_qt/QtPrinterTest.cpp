@@ -13,7 +13,7 @@ namespace {
 
 using testing::HasSubstr;
 
-constexpr FontSpec kFont{"Courier New", 10};
+const FontSpec kFont{"Courier New", 10};
 
 /// A disk that is full for the next few files.
 class FullDisk : public SystemFiles {

@@ -8,9 +8,9 @@
 namespace vk {
 namespace {
 
-// The address sanitizer watches the whole of the plain walk and a part of the longer one with faults; without
-// it, it is the other way round.
-#ifdef __SANITIZE_ADDRESS__
+// The sanitizers watch the whole of the plain walk and a part of the longer one with faults; without them, it is the
+// other way round.
+#ifdef VOR_SANITIZED
 constexpr int kSteps = 10'000, kStepsWithFaults = 1'000;
 #else
 constexpr int kSteps = 2'000, kStepsWithFaults = 6'000;

@@ -5,7 +5,7 @@
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFWriter.hh>
 
-#include "gral/sinks/PdfContent.h"
+#include "gral/sinks/PdfObjects.h"
 #include "ui/qt/devices/PdfLayers.h"
 
 namespace vk {
@@ -25,7 +25,7 @@ QPDFObjectHandle streamOf(QPDF& file, const std::string& content) {
 }
 
 QPDFObjectHandle objectOf(QPDF& file, const std::string& content) {
-  constexpr double kReach = PdfContent::kObjectReach;
+  constexpr double kReach = kPdfObjectReach;
   QPDFObjectHandle object = streamOf(file, content), dictionary = object.getDict();
   dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/XObject"));
   dictionary.replaceKey("/Subtype", QPDFObjectHandle::newName("/Form"));
@@ -52,7 +52,7 @@ extern "C" Q_DECL_EXPORT void layOver(const PdfLayers& drawn, std::string& resul
     file.removePage(pages[i]);
   }
   for (std::size_t i = 0; i < drawn.objects.size(); ++i) {
-    resources.getKey("/XObject").replaceKey(PdfContent::objectName(i), objectOf(file, drawn.objects[i]));
+    resources.getKey("/XObject").replaceKey(pdfObjectName(i), objectOf(file, drawn.objects[i]));
   }
   page.replaceKey("/Contents", content);
   QPDFWriter writer(file);

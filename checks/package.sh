@@ -7,7 +7,7 @@ packaging/install.sh full
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-packaging/deb.sh "$work"
+(umask 077 && packaging/deb.sh "$work") # whatever the user keeps from others
 deb=$(ls "$work"/vor-kel_*.deb)
 lintian --fail-on error,warning "$deb"
 

@@ -3,6 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 packaging/install.sh package
+umask 022 # folders are installed as they are made: those of the package are for all
 
 # The same sources give the same bytes.
 if [ -z "${SOURCE_DATE_EPOCH:-}" ] && git rev-parse --git-dir &> /dev/null; then

@@ -11,7 +11,7 @@ mkdir -p "$out"
 place=/tmp/laboratorio # windows show it
 mkdir "$place" || { echo "move away $place"; exit 1; }
 work=$(mktemp -d)
-trap 'kill $(jobs -p) 2> /dev/null; rm -rf "$work" "$place"' EXIT
+trap 'kill $(jobs -p) 2> /dev/null || true; rm -rf "$work" "$place"' EXIT
 cp "$program" "$root"/examples/*.{dat,fcn,gra} "$root/tests/files/it-csv-utf8.csv" "$place"
 printf '%s\n' 'Massa (g)' 'Allungamento (mm)' 5 '50 20,5 1' '100 39.0 1' '150 61.5' '200 80.0 1' '250 101.5 1' \
   > "$place/sbagliato.dat"

@@ -104,6 +104,16 @@ TEST(BatchQuiet, LeavesOnlyErrors) {
   }
 }
 
+TEST(BatchUsage, AFunctionThatTheFileDoesNotHaveIsRefused) {
+  for (const char* entry : {"0", "-1", "4"}) {
+    const BatchRun run =
+        batch(std::string("fit examples/ohm.dat --file examples/lab.fcn --par a=1 --entry ") + entry);
+    EXPECT_EQ(run.exitCode, 2) << entry;
+    EXPECT_EQ(run.output, "") << entry;
+    EXPECT_EQ(run.errors, "--entry: il file examples/lab.fcn contiene le funzioni da 1 a 3\n") << entry;
+  }
+}
+
 TEST(BatchUsage, AReaderThatHasGoneEndsTheProgramWithoutAWord) {
   const std::string err = temporaryFile("err", "");
   // Whoever ignores the signal hands that down to the program.

@@ -1,6 +1,7 @@
 #include "platform/system/SystemFiles.h"
 
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -359,6 +360,18 @@ TEST_F(SystemFilesTest, TheDocumentsFolderIsTheOneTheDesktopNames) {
   EXPECT_EQ(files.documentsFolder(), folder / "Documents");
   fs::create_directory(folder / "Documenti");
   EXPECT_EQ(files.documentsFolder(), folder / "Documenti");
+  ::setenv("HOME", home.c_str(), 1);
+}
+
+TEST_F(SystemFilesTest, WhereNoHomeIsNamedItIsThatOfTheUser) {
+  const std::string home = ::getenv("HOME") ? ::getenv("HOME") : "";
+  ::unsetenv("XDG_CONFIG_HOME");
+  ::setenv("HOME", ::getpwuid(::getuid())->pw_dir, 1);
+  const std::string documents = files.documentsFolder();
+  ::setenv("HOME", "", 1);
+  EXPECT_EQ(files.documentsFolder(), documents);
+  ::unsetenv("HOME");
+  EXPECT_EQ(files.documentsFolder(), documents);
   ::setenv("HOME", home.c_str(), 1);
 }
 

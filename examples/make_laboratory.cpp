@@ -3,6 +3,7 @@
 // Usage: make_laboratory FOLDER
 
 #include <cmath>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -252,7 +253,10 @@ int main(int argc, char** argv) {
     const Measurement measurement = make();
     const std::filesystem::path path = std::filesystem::path(argv[1]) / measurement.file;
     std::filesystem::create_directories(path.parent_path());
-    std::ofstream(path) << fileText(measurement);
+    if (!(std::ofstream(path) << fileText(measurement) << std::flush)) {
+      std::cerr << "make_laboratory: cannot write " << path.string() << '\n';
+      return 1;
+    }
   }
   return 0;
 }

@@ -35,6 +35,12 @@ constexpr std::array<ManualPlace, kManualTopics> kPlaces{{
     {"40-figure", "gli-errori"},
 }};
 
+/// The path of a page; empty when it is not there, or the folder is not.
+std::string pageIn(Files& files, const std::string& folder, const std::string& name) {
+  std::string path = joinPath(folder, name);
+  return !folder.empty() && files.FileExists(path) ? path : "";
+}
+
 }  // namespace
 
 ManualPlace manualPlace(ManualTopic topic) {
@@ -43,11 +49,11 @@ ManualPlace manualPlace(ManualTopic topic) {
 
 WindowText openManual(Files& files, Process& process, ManualTopic topic) {
   const ManualPlace place = manualPlace(topic);
-  std::string path = joinPath(manualFolder(files), std::string(place.page) + ".html");
-  const bool forBrowser = files.FileExists(path);
-  if (!forBrowser) path = joinPath(manualSourceFolder(files), std::string(place.page) + ".md");
-  if (!forBrowser && !files.FileExists(path)) return kNoManual;
-  return process.show(path, forBrowser ? place.heading : "") ? "" : kNotOpened + WindowText(path);
+  const std::string name = place.page;
+  const std::string page = pageIn(files, manualFolder(files), name + ".html");
+  const std::string path = !page.empty() ? page : pageIn(files, manualSourceFolder(files), name + ".md");
+  if (path.empty()) return kNoManual;
+  return process.show(path, page.empty() ? "" : place.heading) ? "" : kNotOpened + WindowText(path);
 }
 
 }  // namespace vk

@@ -51,6 +51,8 @@ TEST(ManualPages, AreThoseForABrowserElseThoseThatAreWritten) {
   MemoryFiles files;
   RecordingProcess process;
   const auto told = [&] { return std::string(openManual(files, process, ManualTopic::kEditor).bytes()); };
+  for (const char* ofCurrentFolder : {"20-finestre.html", "20-finestre.md"})
+    files.content[ofCurrentFolder] = "";
   EXPECT_EQ(told(), "Manuale NON Trovato!");
   EXPECT_THAT(process.shown, ElementsAre());
   for (const char* page : {"indice", "20-finestre"}) {

@@ -1,5 +1,7 @@
 // Whole pictures of the same drawing on the image and in the files of vectors.
 
+#include <gtest/gtest.h>
+
 #include <QImage>
 #include <QPainter>
 #include <algorithm>

@@ -11,7 +11,7 @@ namespace {
 // The sanitizers watch the whole of the plain walk and a part of the longer one with faults; without them, it is the
 // other way round.
 #ifdef VOR_SANITIZED
-constexpr int kSteps = 10'000, kStepsWithFaults = 1'000;
+constexpr int kSteps = 4'000, kStepsWithFaults = 1'000;
 #else
 constexpr int kSteps = 2'000, kStepsWithFaults = 6'000;
 #endif

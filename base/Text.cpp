@@ -58,7 +58,7 @@ std::string repeat(int count, char c) {
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
-  return upper(a) == upper(b);
+  return std::ranges::equal(a, b, [](char x, char y) { return upper(x) == upper(y); });
 }
 
 }  // namespace vk

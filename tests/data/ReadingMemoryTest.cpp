@@ -13,17 +13,21 @@ constexpr std::size_t kMuch = 2000000;
 
 const std::string kPointLines = "2\r\n1 2 .1\r\n2 4 .1\r\n";
 
-std::string repeated(const std::string& text) {
-  std::string result;
-  while (result.size() < kMuch) result += text;
-  return result;
-}
+/// A right file in which almost everything is the same.
+struct LongFile {
+  std::string start, repeated, end;
 
-/// Right files in which almost everything is the same.
-class ReadingMemory : public testing::TestWithParam<std::string> {
+  std::string text() const {
+    std::string result = start;
+    while (result.size() < kMuch) result += repeated;
+    return result + end;
+  }
+};
+
+class ReadingMemory : public testing::TestWithParam<LongFile> {
  protected:
-  ReadingMemory() { files.content["X.DAT"] = GetParam(); }
-  std::size_t limit() const { return kBytesAByte * GetParam().size() + kPoints; }
+  ReadingMemory() { files.content["X.DAT"] = GetParam().text(); }
+  std::size_t limit() const { return kBytesAByte * files.content.at("X.DAT").size() + kPoints; }
 
   MemoryFiles files;
 };
@@ -43,13 +47,13 @@ TEST_P(ReadingMemory, OfTheParserOfFreeFieldsIsInProportionToTheFile) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, ReadingMemory,
-                         testing::Values("x\ny\n2\n1 2 .1\n2 4 .1\n" + repeated("\n"),
-                                         "x\r\ny\r\n" + kPointLines + repeated("\r\n"),
-                                         repeated("%\r\n") + "x\r\ny\r\n" + kPointLines,
-                                         "%" + repeated(" ") + "\r\nx\r\ny\r\n" + kPointLines,
-                                         repeated("titolo ") + "\r\ny\r\n" + kPointLines,
-                                         "x\r\ny\r\n2\r\n1 2 " + repeated(" ") + ".1\r\n2 4 .1\r\n",
-                                         "% x\r\nx\r\n" + repeated("titolo ") + "\r\n" + kPointLines));
+                         testing::Values(LongFile{"x\ny\n2\n1 2 .1\n2 4 .1\n", "\n", ""},
+                                         LongFile{"x\r\ny\r\n" + kPointLines, "\r\n", ""},
+                                         LongFile{"", "%\r\n", "x\r\ny\r\n" + kPointLines},
+                                         LongFile{"%", " ", "\r\nx\r\ny\r\n" + kPointLines},
+                                         LongFile{"", "titolo ", "\r\ny\r\n" + kPointLines},
+                                         LongFile{"x\r\ny\r\n2\r\n1 2 ", " ", ".1\r\n2 4 .1\r\n"},
+                                         LongFile{"% x\r\nx\r\n", "titolo ", "\r\n" + kPointLines}));
 
 }  // namespace
 }  // namespace vk

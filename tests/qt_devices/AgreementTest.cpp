@@ -10,6 +10,7 @@
 #include <numbers>
 
 #include "DevicesFixture.h"
+#include "Pixels.h"
 #include "VectorReader.h"
 #include "docs/gallery/Sheets.h"
 #include "gral/sinks/FloodPictures.h"
@@ -19,22 +20,6 @@ namespace vk {
 namespace {
 
 constexpr double kHalfPixel = kNominalTwipsPerPixel / 2;
-
-/// The box around everything that is not white, in twips.
-QRectF inkBox(const Raster& raster, int ratio) {
-  int left = raster.width(), top = raster.height(), right = 0, bottom = 0;
-  for (int y = 0; y < raster.height(); ++y) {
-    for (int x = 0; x < raster.width(); ++x) {
-      if (raster.at(x, y) == 0xFFFFFFFF) continue;
-      left = std::min(left, x);
-      right = std::max(right, x + 1);
-      top = std::min(top, y);
-      bottom = std::max(bottom, y + 1);
-    }
-  }
-  const double pixel = kNominalTwipsPerPixel / ratio;
-  return {QPointF(left * pixel, top * pixel), QPointF(right * pixel, bottom * pixel)};
-}
 
 void expectSameBox(const QRectF& found, const QRectF& expected, const std::string& what,
                    double tolerance = kHalfPixel) {

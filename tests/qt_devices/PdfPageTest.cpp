@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "DevicesFixture.h"
+#include "Pixels.h"
 #include "VectorReader.h"
 #include "gral/sinks/FloodPictures.h"
 
@@ -128,28 +129,6 @@ class PdfPages : public DevicesFixture {
   }
 };
 
-int colourDifference(QRgb a, QRgb b) {
-  return std::max(
-      {std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
-}
-
-struct Difference {
-  double mean = 0, clear = 0;  ///< levels a pixel, share of the pixels that differ by half of all levels
-};
-
-Difference differenceOf(const QImage& a, const QImage& b) {
-  Difference result;
-  for (int y = 0; y < a.height(); ++y) {
-    for (int x = 0; x < a.width(); ++x) {
-      const int difference = colourDifference(a.pixel(x, y), b.pixel(x, y));
-      result.mean += difference;
-      result.clear += difference > 127 ? 1 : 0;
-    }
-  }
-  const double pixels = static_cast<double>(a.width()) * a.height();
-  return {result.mean / pixels, result.clear / pixels};
-}
-
 TEST_F(PdfPages, PageLooksAsTheToolkitDrawsItAndHasTheSameWords) {
   for (const Feature& feature : kMany) {
     VectorDevice vectors(letters());
@@ -159,7 +138,7 @@ TEST_F(PdfPages, PageLooksAsTheToolkitDrawsItAndHasTheSameWords) {
     const QImage a = pageOf(expected), b = pageOf(found);
     ASSERT_EQ(a.size(), b.size()) << feature.name;
     ASSERT_GT(a.width(), 1500) << feature.name;
-    const Difference difference = differenceOf(a, b);
+    const ImageDifference difference = differenceOf(a, b);
     EXPECT_LT(difference.mean, 0.4) << feature.name;
     EXPECT_LT(difference.clear, 0.001) << feature.name;
     EXPECT_EQ(wordsOf(expected), wordsOf(found)) << feature.name;

@@ -1,15 +1,13 @@
 // Whole pictures of the same drawing on the image and in the files of vectors.
 
-#include <gtest/gtest.h>
-
 #include <QImage>
 #include <QPainter>
-#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <numbers>
 
 #include "DevicesFixture.h"
+#include "Pixels.h"
 #include "VectorReader.h"
 #include "docs/gallery/Sheets.h"
 #include "gral/sinks/FloodPictures.h"
@@ -20,39 +18,8 @@ namespace {
 
 class WholePictures : public DevicesFixture {};
 
-/// How dark each nominal pixel is, 0 to 255.
-std::vector<int> darkness(const Picture& picture) {
-  std::vector<int> result;
-  for (const std::uint32_t pixel : picture.pixels)
-    result.push_back(255 - static_cast<int>(pixel >> 8 & 0xFF));
-  return result;
-}
-
-/// True when some pixel next to this one, or itself, is at least half as dark.
-bool darkNearby(const std::vector<int>& pixels, int width, int height, int x, int y, int least) {
-  for (int j = std::max(0, y - 1); j <= std::min(height - 1, y + 1); ++j) {
-    for (int i = std::max(0, x - 1); i <= std::min(width - 1, x + 1); ++i) {
-      if (pixels[static_cast<std::size_t>(j) * static_cast<std::size_t>(width) +
-                 static_cast<std::size_t>(i)] >= least) {
-        return true;
-      }
-    }
-  }
-  return false;
-}
-
 void expectNothingExtra(const Picture& a, const Picture& b, const std::string& what) {
-  constexpr int kClearlyInk = 200, kSomeInk = 60;
-  const std::vector<int> inA = darkness(a), inB = darkness(b);
-  int extra = 0;
-  for (int y = 0; y < a.height; ++y) {
-    for (int x = 0; x < a.width; ++x) {
-      const auto at =
-          static_cast<std::size_t>(y) * static_cast<std::size_t>(a.width) + static_cast<std::size_t>(x);
-      if (inA[at] >= kClearlyInk && !darkNearby(inB, a.width, a.height, x, y, kSomeInk)) ++extra;
-    }
-  }
-  EXPECT_EQ(extra, 0) << what;
+  EXPECT_EQ(darkPixelsAlone(a, b), 0) << what;
 }
 
 TEST_F(WholePictures, PictureAtTwiceTheRatioIsTheSameOnlyFiner) {
@@ -65,11 +32,8 @@ TEST_F(WholePictures, PictureAtTwiceTheRatioIsTheSameOnlyFiner) {
     ASSERT_EQ(a.height, b.height);
     expectNothingExtra(a, b, std::string(sheet.name) + ": in the coarse picture alone");
     expectNothingExtra(b, a, std::string(sheet.name) + ": in the fine picture alone");
-    long coarseInk = 0, fineInk = 0;
-    for (const int value : darkness(a)) coarseInk += value;
-    for (const int value : darkness(b)) fineInk += value;
     // The tip of a pen of few pixels is less round: nothing but slanted lines is somewhat heavier.
-    EXPECT_NEAR(static_cast<double>(coarseInk) / static_cast<double>(fineInk), 1, 0.08) << sheet.name;
+    EXPECT_NEAR(static_cast<double>(inkOf(a)) / static_cast<double>(inkOf(b)), 1, 0.08) << sheet.name;
   }
 }
 
@@ -85,16 +49,6 @@ QImage whiteSheet(int width, int height) {
 void preparePainter(QPainter& painter) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.scale(kHalves / kNominalTwipsPerPixel, kHalves / kNominalTwipsPerPixel);
-}
-
-Picture pictureOf(const QImage& image) {
-  Picture picture;
-  picture.width = image.width();
-  picture.height = image.height();
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) picture.pixels.push_back(image.pixel(x, y));
-  }
-  return picture;
 }
 
 TEST_F(WholePictures, WholeSheetsOfTheImageAreThoseOfThePainter) {
@@ -233,9 +187,7 @@ TEST_F(WholePictures, WhatLiesFarOutsideLeavesTheSamePictureInImageSvgAndPdf) {
       vectors.list().replay(sink);
     }
     const Picture found = pictureOf(painted);
-    const std::vector<int> ink = darkness(expected);
-    EXPECT_GT(std::count_if(ink.begin(), ink.end(), [](int value) { return value > 200; }), 100)
-        << feature.name;
+    EXPECT_GT(darkPixels(expected), 100) << feature.name;
     expectNothingExtra(found, expected, std::string(feature.name) + ": from the painter alone");
     expectNothingExtra(expected, found, std::string(feature.name) + ": in the image alone");
     const Picture svg = outlines(readSvg(vectors.svg()), expected.width, expected.height);

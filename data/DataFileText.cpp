@@ -3,7 +3,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
-#include <limits>
 
 #include "base/NumberMasks.h"
 #include "base/NumberText.h"
@@ -17,8 +16,10 @@ namespace {
 
 const NumberMask kPointMask(" ##.#####^^^^ ");
 
-/// Rounded up to the digits of a mask, a number beyond this one would be none any more.
-constexpr double kLargestWritten = 1.79E308;
+/// The largest numbers of one, two and three digits: beyond them, rounded up, a number would be none any more.
+constexpr std::array kLargestOfDigits{1E308, 1.7E308, 1.79E308};
+/// The same for the digits of a mask, of which there are three at least.
+constexpr double kLargestWritten = kLargestOfDigits.back();
 
 /// The powers of ten that a double holds exactly.
 constexpr std::array kTens{1E0,  1E1,  1E2,  1E3,  1E4,  1E5,  1E6,  1E7,  1E8,  1E9,  1E10, 1E11,
@@ -110,9 +111,10 @@ std::string dataField(double value, const NumberMask& mask) {
 
 std::string dataField(double value, int digits) {
   if (digits == kDataDigits || !std::isfinite(value)) return sixDigits(value);
-  // Rounded to few digits the largest numbers would be none any more.
-  const double bound = digits < kMostDataDigits ? kLargestWritten : std::numeric_limits<double>::max();
-  value = std::clamp(value, -bound, bound);
+  if (digits < kMostDataDigits) {
+    const auto most = static_cast<std::size_t>(std::min<int>(digits, kLargestOfDigits.size()));
+    value = std::clamp(value, -kLargestOfDigits.at(most - 1), kLargestOfDigits.at(most - 1));
+  }
   auto [text, exponent] = decimalDigits(value, digits);
   if (digits > 1) text.insert(1, ".");
   const bool isZero = value == 0;

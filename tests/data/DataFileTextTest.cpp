@@ -63,6 +63,17 @@ TEST(DataFileText, BringsEveryNumberBackWithSeventeenDigits) {
   EXPECT_EQ(parseLines(dataFileText(data, 3)).errors, "");
 }
 
+TEST(DataFileText, WithFewDigitsTheLargestNumbersStayNumbers) {
+  for (const double value : {1.5E308, 1.75E308, -1.79E308, 1.7976931348623157E308}) {
+    for (int digits = 1; digits <= kMostDataDigits; ++digits) {
+      const DataReading reading = parseLines(dataFileText(equalPoints(value, 1, 1), digits));
+      ASSERT_EQ(reading.errors, "") << value << " with " << digits;
+      const double share = digits == 1 ? 0.45 : digits == 2 ? 0.06 : 5.1E-3;
+      EXPECT_NEAR(reading.data.Xpnt[1] / value, 1, share) << digits;
+    }
+  }
+}
+
 TEST(DataFileText, LosesDigitsWhereANumberHasMoreThanSix) {
   EXPECT_FALSE(losesDigits(equalPoints(1.23456, -2e10, 0.1)));
   EXPECT_TRUE(losesDigits(equalPoints(1.234567, 1, 1)));

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "expr/Compiler.h"
 #include "expr/Formula.h"
+#include "fuzz/Input.h"
 
 namespace vk {
 
@@ -34,10 +34,6 @@ class DefinitionProbe {
   }
 
  private:
-  static void require(bool condition, const char* promise) {
-    if (!condition) throw std::logic_error(promise);
-  }
-
   static void checkTables(const CompiledExpression& compiled) {
     require(compiled.LastSlot <= 99, "at most a hundred operands");
     require(compiled.Slots.upper() == compiled.LastSlot, "a slot for each operand");

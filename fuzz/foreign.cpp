@@ -1,26 +1,13 @@
 #include <cstdint>
-#include <stdexcept>
 #include <string_view>
 
 #include "data/DataFiles.h"
 #include "data/foreign/ForeignFile.h"
+#include "fuzz/Input.h"
+#include "fuzz/SameData.h"
 
 namespace vk {
 namespace {
-
-void require(bool condition, const char* promise) {
-  if (!condition) throw std::logic_error(promise);
-}
-
-bool areEqual(const DataSet& one, const DataSet& other) {
-  if (one.NumPnt != other.NumPnt) return false;
-  for (int i = 1; i <= one.NumPnt; ++i) {
-    if (one.Xpnt[i] != other.Xpnt[i] || one.Ypnt[i] != other.Ypnt[i] || one.ErrXpnt[i] != other.ErrXpnt[i] ||
-        one.ErrYpnt[i] != other.ErrYpnt[i])
-      return false;
-  }
-  return one.TitleX == other.TitleX && one.TitleY == other.TitleY;
-}
 
 /// Any bytes are refused in words, or give a data file that its reader takes and that holds the same points.
 void probe(std::string_view bytes, const ForeignOptions& options) {

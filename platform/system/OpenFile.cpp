@@ -10,6 +10,7 @@
 
 #include "base/RuntimeError.h"
 #include "platform/system/SystemError.h"
+#include "platform/system/Uninterrupted.h"
 
 namespace vk {
 namespace {
@@ -26,7 +27,7 @@ std::size_t announcedSize(int handle) {
 }  // namespace
 
 OpenFile::OpenFile(const std::string& path, int flags)
-    : handle_(::open(path.c_str(), flags | O_CLOEXEC, kNewFileMode)) {}
+    : handle_(uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, kNewFileMode); })) {}
 
 OpenFile::OpenFile(int descriptor) : handle_(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0)) {}
 
@@ -50,9 +51,8 @@ std::string OpenFile::readToEnd(std::size_t limit) const {
   bytes.reserve(announced);
   std::array<char, 1 << 16> buffer;
   for (;;) {
-    const ssize_t count = ::read(handle_, buffer.data(), buffer.size());
+    const ssize_t count = uninterrupted([&] { return ::read(handle_, buffer.data(), buffer.size()); });
     if (count == 0) return bytes;
-    if (count < 0 && errno == EINTR) continue;
     if (count < 0) throw systemError(errno);
     bytes.append(buffer.data(), static_cast<std::size_t>(count));
     if (bytes.size() > limit) throw RuntimeError(kDeviceIoError);
@@ -61,17 +61,34 @@ std::string OpenFile::readToEnd(std::size_t limit) const {
 
 int OpenFile::write(std::string_view bytes) const {
   while (!bytes.empty()) {
-    const ssize_t count = ::write(handle_, bytes.data(), bytes.size());
-    if (count < 0 && errno != EINTR) return errno;
-    if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
+    const ssize_t count = uninterrupted([&] { return ::write(handle_, bytes.data(), bytes.size()); });
+    if (count < 0) return errno;
+    bytes.remove_prefix(static_cast<std::size_t>(count));
   }
   return 0;
+}
+
+int OpenFile::sync() const {
+  const bool done = uninterrupted([&] { return ::fsync(handle_); }) == 0;
+  return done || errno == EINVAL ? 0 : errno;
+}
+
+int OpenFile::reserve(std::size_t size) const {
+  int error = 0;
+  do error = ::posix_fallocate(handle_, 0, static_cast<off_t>(size));
+  while (error == EINTR);
+  return error;
+}
+
+int OpenFile::resize(std::size_t size) const {
+  return uninterrupted([&] { return ::ftruncate(handle_, static_cast<off_t>(size)); }) == 0 ? 0 : errno;
 }
 
 int OpenFile::close() {
   const int result = ::close(handle_);
   handle_ = -1;
-  return result == 0 ? 0 : errno;
+  // The number is free also after a closing that a signal breaks off; again, it could close what somebody else opened.
+  return result == 0 || errno == EINTR ? 0 : errno;
 }
 
 }  // namespace vk

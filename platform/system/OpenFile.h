@@ -5,7 +5,7 @@
 
 namespace vk {
 
-/// An open file of the system; closed at the end of the scope.
+/// An open file of the system; closed at the end of the scope. What a signal breaks off goes on.
 class OpenFile {
  public:
   /// Opens with these flags of the system; a file that is made gets the process's default permissions.
@@ -30,6 +30,12 @@ class OpenFile {
 
   /// The number of the system's error, 0 when all bytes were taken.
   int write(std::string_view bytes) const;
+  /// The same for the wait until all is on the disk; 0 also where the file system knows no such wait.
+  int sync() const;
+  /// The same for taking the space of so many bytes.
+  int reserve(std::size_t size) const;
+  /// The same for the change of the length: bytes beyond go, missing ones are zeros.
+  int resize(std::size_t size) const;
   /// The same for the closing: some devices report a full disk only here.
   int close();
 

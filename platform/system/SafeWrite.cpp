@@ -14,6 +14,7 @@
 #include "platform/system/Leftovers.h"
 #include "platform/system/OpenFile.h"
 #include "platform/system/SystemError.h"
+#include "platform/system/Uninterrupted.h"
 
 namespace vk {
 namespace {
@@ -62,8 +63,20 @@ void keepOwnerAndMode(int handle, const FileStatus& old) {
 int fillTemporary(OpenFile& file, std::string_view bytes, const std::optional<FileStatus>& old) {
   if (old) keepOwnerAndMode(file.handle(), *old);
   if (const int error = file.write(bytes)) return error;
-  if (::fsync(file.handle()) != 0) return errno;
+  if (const int error = file.sync()) return error;
   return file.close();
+}
+
+/// Waits until the names of a folder are on the disk. Those of a folder that cannot be listed come there in time.
+void syncNames(const std::string& folder) {
+  const OpenFile names(folder, O_RDONLY | O_DIRECTORY);
+  if (!names.isOpen() && errno == EACCES) return;
+  if (const int error = names.isOpen() ? names.sync() : errno) fail(error);
+}
+
+/// Gives a file another name, in place of one that has it; the number of the system's error, 0 when it is done.
+int moveOver(const std::string& from, const std::string& to) {
+  return uninterrupted([&] { return ::rename(from.c_str(), to.c_str()); }) == 0 ? 0 : errno;
 }
 
 /// Gives the system's error number when the folder refuses a new file or the change of names, 0 when the file
@@ -75,10 +88,10 @@ int replaceFile(const std::string& path, std::string_view bytes, const std::opti
   if (!file.isOpen()) return errno;
   file.lock();  // so that nobody takes it for a leftover
   const int unwritten = fillTemporary(file, bytes, old);
-  if (unwritten == 0 && ::rename(temporary.c_str(), path.c_str()) == 0) return 0;
-  const int refused = errno;
-  ::unlink(temporary.c_str());
+  const int refused = unwritten == 0 ? moveOver(temporary, path) : 0;
+  if (unwritten != 0 || refused != 0) ::unlink(temporary.c_str());
   if (unwritten != 0) fail(unwritten);
+  if (refused == 0) syncNames(folderOf(path));
   return refused;
 }
 
@@ -86,17 +99,15 @@ int replaceFile(const std::string& path, std::string_view bytes, const std::opti
 void putBack(const std::string& path, std::string_view before, const FileStatus& old) {
   const OpenFile file(path, O_WRONLY);
   file.write(before);
-  const int ignored = ::ftruncate(file.handle(), old.st_size);
-  static_cast<void>(ignored);
+  file.resize(static_cast<std::size_t>(old.st_size));
 }
 
 /// Reserves the space of a longer content before the old one is touched.
 void reserve(const OpenFile& file, const FileStatus& old, std::string_view bytes) {
-  const auto wanted = static_cast<off_t>(bytes.size());
-  if (wanted <= old.st_size) return;
-  if (const int error = ::posix_fallocate(file.handle(), 0, wanted)) {
-    const int ignored = ::ftruncate(file.handle(), old.st_size);
-    static_cast<void>(ignored);
+  const auto size = static_cast<std::size_t>(old.st_size);
+  if (bytes.size() <= size) return;
+  if (const int error = file.reserve(bytes.size())) {
+    file.resize(size);
     fail(error);
   }
 }
@@ -113,7 +124,8 @@ void writeOver(const std::string& path, std::string_view bytes, const FileStatus
   if (!file.isOpen()) fail(errno);
   reserve(file, old, bytes);
   int error = file.write(bytes);
-  if (error == 0 && ::ftruncate(file.handle(), static_cast<off_t>(bytes.size())) != 0) error = errno;
+  if (error == 0) error = file.resize(bytes.size());
+  if (error == 0) error = file.sync();
   if (error == 0) error = file.close();
   if (error == 0) return;
   putBack(path, before, old);

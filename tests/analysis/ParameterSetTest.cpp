@@ -50,6 +50,13 @@ TEST(ParameterSet, HasTablesOfTheSizeOfItsLastParameters) {
   EXPECT_EQ(par.FreeIndex.upper(), 2);
 }
 
+TEST(ParameterSet, HasRoomForFiveParametersFromTheStart) {
+  const ParameterSet par;
+  for (const Array<double>* table : {&par.ParValues, &par.ParDeltas}) EXPECT_EQ(table->upper(), 5);
+  for (const Array<double>* table : {&par.FreeValues, &par.FreeSteps}) EXPECT_EQ(table->upper(), 6);
+  EXPECT_EQ(par.FreeIndex.upper(), 6);
+}
+
 TEST(ParameterSet, TakesTheFreeValuesToTheirPlaces) {
   ParameterSet par = stored({1, 2, 3}, {1, 0, 1});
   storeFreeValues(par, std::vector<double>{10, 30});

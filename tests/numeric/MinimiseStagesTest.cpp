@@ -64,6 +64,38 @@ TEST(Minimise, GoesOnWhenASmallStepTurnsIntoALongSearch) {
   EXPECT_EQ(fit.result.evaluations, 48);
 }
 
+TEST(Minimise, EndsAfterAStepOfExactlyOneUnit) {
+  // All numbers are exact: a step of 1 from 1 to the mean 2. The error 16 calls for no finer accuracy.
+  ModelResiduals residuals(constant, {0, 1, 2, 3}, {1, 2, 2, 3}, Values(4, 32));
+  const Fit fit = minimise(residuals, {1}, {1});
+  EXPECT_EQ(fit.X[0], 2);
+  EXPECT_EQ(fit.result.errors[1], 16);
+  EXPECT_EQ(fit.result.passes, 1);
+  EXPECT_EQ(fit.result.iterations, 1);
+}
+
+TEST(Minimise, GoesOnWhenALongStepTurnsIntoAShortSearch) {
+  // First step -1.45 units; the minimum is 0.8 units away. The error of 70 calls for no finer accuracy.
+  ModelResiduals residuals([](auto p, double x) { return x * p[0] / (1 + p[0]); }, {1, 2},
+                           {1.2 / 2.2 + 0.2, 2.4 / 2.2 - 0.1}, {32, 32});
+  const Fit fit = minimise(residuals, {2}, {1});
+  EXPECT_NEAR(fit.X[0], 1.2, 0.1);
+  EXPECT_EQ(fit.result.passes, 1);
+  EXPECT_EQ(fit.result.iterations, 2);
+}
+
+TEST(Minimise, ReplacesTheLastOfDirectionsWithEqualShares) {
+  // Each parameter is the mean of two points, with the same way to go: the common way stands in for the second
+  // parameter's, and its displacements of 1/2 add to 1/sqrt(2) of the first one's own.
+  ModelResiduals residuals([](auto p, double x) { return x < 3 ? p[0] : p[1]; }, {1, 2, 3, 4}, {1, 3, 1, 3},
+                           Values(4, 1));
+  const Fit fit = minimise(residuals, {1, 1}, {1.0 / 32, 1.0 / 32});
+  EXPECT_NEAR(fit.X[0], 2, kManyRoundings);
+  EXPECT_NEAR(fit.X[1], 2, kManyRoundings);
+  EXPECT_NEAR(fit.result.errors[1], std::sqrt(0.75), kManyRoundings);
+  EXPECT_NEAR(fit.result.errors[2], 0.5, kManyRoundings);
+}
+
 TEST(Minimise, EndsAtOnceWhenItStartsAtTheExactMinimum) {
   // Residuals 1, 0, -1 and a change that is the same for all: no step at all.
   ModelResiduals residuals(constant, {0, 1, 2}, {1, 2, 3}, {1, 1, 1});

@@ -39,6 +39,8 @@ TEST_F(GraphicPanelLayoutTest, TheButtonsStandSideBySideBelowTheScales) {
 
 TEST_F(GraphicPanelLayoutTest, ThePanelFitsItsContentWithMarginsOfOneUnit) {
   EXPECT_EQ(layout.FraGraScr.left, 400);
+  EXPECT_EQ(layout.FraGraScr.top, 400);
+  EXPECT_EQ(layout.FraGraIng.top, 400);
   EXPECT_DOUBLE_EQ(layout.FraGra.width, layout.CmdImpGra[1].right() + 400);
   EXPECT_DOUBLE_EQ(layout.FraGra.height, layout.CmdImpGra[1].bottom() + 400);
   EXPECT_DOUBLE_EQ(layout.FraGraOri.bottom(), layout.CmdImpGra[1].bottom());

@@ -125,6 +125,18 @@ TEST_F(InpModTest, ATextWiderThanTheFormIsShortenedInItsMiddle) {
   EXPECT_EQ(engine.layout().texts[1], (PlacedText{19 * 120 - 35 * 60, 240, shown}));
 }
 
+TEST_F(InpModTest, AShortenedTextLeavesFourColumnsToTheFrames) {
+  tables.InpTextCount = 1;
+  tables.InpTexts.dim(1);
+  tables.InpTextPos.dim(1);
+  tables.InpTexts[1] = Cp437Text(std::string(60, 'a'));
+  for (const Int16 columns : {40, 41}) {  // as many letters stand on both sides of the gap
+    tables.InpCols = columns;
+    open();
+    EXPECT_EQ(engine.layout().texts[0].text.bytes().size(), columns == 40 ? 35U : 37U);
+  }
+}
+
 TEST_F(InpModTest, FramesAreThoseOfTheTables) {
   open();
   EXPECT_THAT(engine.layout().frames, ElementsAre(GridFrame{1, 1, 10, 40, 3}));
@@ -333,6 +345,7 @@ TEST_F(InpModTest, ANewShowingForgetsTheOneBefore) {
   engine.GoToField(0);
   type("vecchio");
   engine.GoToField(2);
+  EXPECT_TRUE(engine.execute());
   open();
   engine.GoToField(0);
   EXPECT_EQ(box(), "");

@@ -166,6 +166,29 @@ TEST(RasterForms, LettersOfATextFollowOneAnother) {
   EXPECT_EQ(form.raster().at(1, 1), 0xFFFF0000U);
 }
 
+TEST(RasterForms, LettersOfARotatedTextFollowOneAnotherAlongItsLine) {
+  RasterForm form(1);
+  const auto writtenAt = [&](int angle) {
+    FontRecord record;
+    record.height = -4;
+    record.escapement = angle * 10;
+    form.SelectObject(form.CreateFontIndirect(record));
+    form.Cls();
+    form.TextOut(8, 5, "abc");
+    return rowsOf(form.raster());
+  };
+  // Blocks of 2 x 3 pixels, 2 pixels apart: at 30 degrees 1.7 to the right and 1 up.
+  const std::string none(20, '.');
+  EXPECT_THAT(writtenAt(30),
+              testing::ElementsAre(none, none, none, "...........##.......", "..........###.......",
+                                   "........#####.......", "........####........", "........##..........",
+                                   none, none));
+  EXPECT_THAT(writtenAt(90),
+              testing::ElementsAre(none, "........##..........", "........##..........",
+                                   "........##..........", "........##..........", "........##..........",
+                                   "........##..........", "........##..........", none, none));
+}
+
 TEST(RasterForms, TextOfSizeZeroIsNotSeen) {
   RasterForm form(1);
   form.setFontSize(0);

@@ -193,6 +193,9 @@ expect held man "pages as they should be" "$made" "$made/pages"
 file pages/man1/vor_kel_batch.1 '.TH vor_kel_batch 1' '.SH NAMES' 'vor_kel_batch \- b' '.XY' '.PP' '[b](c.md)'
 expect "XY" man "a page that man warns of" "$made" "$made/pages"
 for fault in "no name" "shows Markdown"; do grep -q "$fault" "$made/said" || { cat "$made/said"; exit 1; }; done
+file bin/man '#!/bin/sh' 'exit 1'
+chmod +x "$made/bin/man"
+PATH=$made/bin:$PATH expect "vor_kel_batch.1: man fails" man "a man that fails" "$made" "$made/pages"
 
 begin
 file base/A.cpp '// QUIRK: odd'
@@ -315,4 +318,6 @@ library='extern "C" double sqrt(double x); double f(double x) { return sqrt(x); 
 symbols held "$kernels" "$library"
 symbols refused "${kernels/static/inline}" "$library"
 symbols refused "$kernels" "${library//sqrt/exp}"
+rm "$made/library.o"
+expect refused symbols "a library that is not there" "$made/kernels.o" "$made/library.o"
 echo "the checks refuse what they are there for"

@@ -42,11 +42,12 @@ for source in docs/man/it/*.md; do
   name=$(basename "$source" .md)
   for page in "$pages/man${name##*.}/$name" "$pages/it/man${name##*.}/$name"; do
     for locale in it_IT.UTF-8 C.UTF-8; do
-      said=$(LC_ALL=$locale MANWIDTH=80 man --warnings=w -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 > /dev/null)
+      said=$(LC_ALL=$locale MANWIDTH=80 man --warnings=w -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 > /dev/null) ||
+        said+="man fails"
       [ -z "$said" ] || { echo "$page: $said"; status=1; }
     done
     lexgrog "$page" | grep -q ": \"${name%.*} - " || { echo "$page has no name that whatis finds"; status=1; }
-    shown=$(LC_ALL=C.UTF-8 MANWIDTH=80 man -l "$page" | col -bx)
+    shown=$(LC_ALL=C.UTF-8 MANWIDTH=80 man -l "$page" | col -bx) || { echo "$page: man fails"; status=1; }
     ! grep -nE '\]\(|^ *\||\*\*[a-z]|<!--' <<< "$shown" || { echo "$page shows Markdown"; status=1; }
   done
 done

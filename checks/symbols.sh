@@ -6,9 +6,11 @@ set -euo pipefail
 kernels=$1
 shift
 status=0
-shared=$(nm -C --defined-only -g "$kernels" | grep -E ' [TWVui] ' || true)
+defined=$(nm -C --defined-only -g "$kernels")
+shared=$(grep -E ' [TWVui] ' <<< "$defined" || true)
 [ -z "$shared" ] || { echo "$kernels shares"; echo "$shared"; status=1; }
 functions='a?(sin|cos|tan)h?|sincos|atan2|exp|exp2|exp10|expm1|log|log2|log10|log1p|pow|cbrt|[lt]gamma(_r)?|erfc?'
-foreign=$(nm -A -u "$@" | grep -E " U ($functions)(@.*)?$" || true)
+wanted=$(nm -A -u "$@")
+foreign=$(grep -E " U ($functions)(@.*)?$" <<< "$wanted" || true)
 [ -z "$foreign" ] || { echo "$foreign"; status=1; }
 exit $status

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Makes the Debian package vor-kel_VERSION_ARCHITECTURE.deb. Usage: packaging/deb.sh [FOLDER for it, build by default]
 set -euo pipefail
+folder=${1:+$(realpath -m "$1")}
 cd "$(dirname "$0")/.."
 packaging/install.sh package
 umask 022 # folders are installed as they are made: those of the package are for all
@@ -18,4 +19,4 @@ cmake --preset package -DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=16 
   -DCMAKE_CXX_FLAGS="$(flags CPPFLAGS) $(flags CXXFLAGS)" \
   -DCMAKE_EXE_LINKER_FLAGS="$(flags LDFLAGS)" -DCMAKE_MODULE_LINKER_FLAGS="$(flags LDFLAGS)"
 cmake --build --preset package
-cpack --config build/package/CPackConfig.cmake -B "${1:-build}"
+cpack --config build/package/CPackConfig.cmake -B "${folder:-build}"

@@ -78,15 +78,16 @@ trap 'kill $(jobs -p) 2> /dev/null || true; rm -rf "$work"' EXIT
 # A screen outside, which those inside reach by its name alone; there their windows must be seen.
 mkfifo "$work/screen"
 Xvfb -displayfd 3 -screen 0 1000x760x24 3> "$work/screen" 2> /dev/null &
-DISPLAY=:$(head -n 1 "$work/screen")
-export DISPLAY
+DISPLAY=$(head -n 1 "$work/screen")
+[ -n "$DISPLAY" ] || fail "Xvfb opens no screen"
+export DISPLAY=:$DISPLAY
 titles=(VOR_KEL TABULO)
 for title in "${titles[@]}"; do
   xdotool search --sync --onlyvisible --name "^$title" > "$work/$title" &
 done
 mmdebstrap --quiet --variant=minbase --format=null \
   --customize-hook="mkdir \"\$1/package\"" \
-  --customize-hook="copy-in $deb $here/bare_system.sh /package" \
+  --customize-hook="copy-in '$deb' '$here/bare_system.sh' /package" \
   --customize-hook="chroot \"\$1\" env DISPLAY=$DISPLAY /package/bare_system.sh inside" \
   bookworm /dev/null "${sources[@]}"
 for title in "${titles[@]}"; do

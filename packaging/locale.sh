@@ -3,6 +3,7 @@
 set -euo pipefail
 as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+known=$(locale -a)
 for name in it_IT tr_TR; do
-  locale -a | grep -qi "^$name\.utf-\?8$" || "${as_root[@]}" localedef -i $name -f UTF-8 $name.UTF-8
+  grep -qi "^$name\.utf-\?8$" <<< "$known" || "${as_root[@]}" localedef -i $name -f UTF-8 $name.UTF-8
 done

@@ -7,8 +7,8 @@ namespace {
 
 /// The folder is there when the page is that it begins with.
 std::string sharedFolder(Files& files, const char* name, const char* firstPage) {
-  const std::string programs = files.programFolder();
-  const std::string folder = programs.substr(0, programs.rfind('/')) + "/share/vor_kel/" + name;
+  const std::string shared = joinPath(folderOf(files.programFolder()), "share/vor_kel");
+  const std::string folder = joinPath(shared, name);
   return files.FileExists(joinPath(folder, firstPage)) ? folder : "";
 }
 

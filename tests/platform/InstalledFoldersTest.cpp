@@ -1,5 +1,9 @@
 #include "platform/InstalledFolders.h"
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "doubles/MemoryFiles.h"
 #include "doubles/Places.h"
 #include "platform/system/SystemFiles.h"
@@ -7,10 +11,12 @@
 namespace vk {
 namespace {
 
-/// A disk with the program in a folder.
+/// A disk of empty files with the program in a folder.
 class ProgramAt : public MemoryFiles {
  public:
-  explicit ProgramAt(std::string folder) : folder_(std::move(folder)) {}
+  ProgramAt(std::string folder, const std::vector<std::string>& paths) : folder_(std::move(folder)) {
+    for (const std::string& path : paths) content[path] = "";
+  }
   std::string programFolder() override { return folder_; }
 
  private:
@@ -18,25 +24,22 @@ class ProgramAt : public MemoryFiles {
 };
 
 TEST(InstalledFolders, StandBesideTheFolderOfThePrograms) {
-  ProgramAt files("/usr/bin");
-  files.content["/usr/share/vor_kel/examples/README.md"] = "";
-  files.content["/usr/share/vor_kel/manuale/indice.html"] = "";
-  EXPECT_EQ(examplesFolder(files), "/usr/share/vor_kel/examples");
-  EXPECT_EQ(manualFolder(files), "/usr/share/vor_kel/manuale");
+  for (const std::string root : {"", "/usr", "/home/anna/un posto"}) {
+    const std::string shared = root + "/share/vor_kel/";
+    ProgramAt files(root + "/bin", {shared + "examples/README.md", shared + "manuale/indice.html",
+                                    shared + "docs/manuale/indice.md"});
+    EXPECT_EQ(examplesFolder(files), shared + "examples");
+    EXPECT_EQ(manualFolder(files), shared + "manuale");
+    EXPECT_EQ(manualSourceFolder(files), shared + "docs/manuale");
+  }
 }
 
 TEST(InstalledFolders, AreEmptyWhereNothingIsInstalled) {
-  ProgramAt files("/usr/bin");
-  files.content["/share/vor_kel/examples/README.md"] = "";
-  files.content["/usr/share/vor_kel/manuale/other.html"] = "";
+  ProgramAt files("/usr/bin", {"/share/vor_kel/examples/README.md", "/usr/share/vor_kel/manuale/other.html",
+                               "/usr/share/vor_kel/docs/manuale/indice.html"});
   EXPECT_EQ(examplesFolder(files), "");
   EXPECT_EQ(manualFolder(files), "");
-}
-
-TEST(InstalledFolders, AreFoundFromTheRoot) {
-  ProgramAt files("/bin");
-  files.content["/share/vor_kel/examples/README.md"] = "";
-  EXPECT_EQ(examplesFolder(files), "/share/vor_kel/examples");
+  EXPECT_EQ(manualSourceFolder(files), "");
 }
 
 /// The disk of this machine, seen by a program in the folder that the build puts them in.

@@ -36,10 +36,9 @@ struct Measurement {
   Column x, y;
   std::vector<double> places;
   Curve truth;
-  bool counts = false;  ///< y is counted: its error is the root of the counts
-  double scatter = 1;   ///< the true errors of y in units of the stated ones
-  std::size_t misread =
-      0;  ///< the point, from 1, in which the second and third digits of the counts were swapped
+  bool counts = false;      ///< y is counted: its error is the root of the counts
+  double scatter = 1;       ///< the true errors of y in units of the stated ones
+  std::size_t misread = 0;  ///< the point, from 1, whose second and third digits were swapped; 0 for none
 };
 
 Curve always(double value) {

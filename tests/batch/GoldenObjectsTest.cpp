@@ -9,6 +9,7 @@
 
 #include "batch/BatchRun.h"
 #include "doubles/Places.h"
+#include "doubles/Tolerances.h"
 
 // Data with the objects that belong to them, every member of them. The lines of both come from GoldenObjectsTest.py but
 // for what fails and the catalogue, which hold no computed figure.
@@ -17,12 +18,6 @@ namespace vk {
 namespace {
 
 using OrderedObject = nlohmann::ordered_json;
-
-// What figures may be off by in proportion, and around zero. Errors of quantities take differences for slopes.
-constexpr double kSame = 1E-8;
-constexpr double kNothing = 1E-12;
-// The error of the incomplete gamma function, per cent.
-constexpr double kSameConfidence = 3E-4;
 
 constexpr const char* kLineData = "1 3.1 0.1;2 4.8 0.2;3 7.3 0.1;4 8.7 0.4;5 11.2 0.2;6 12.9 0.1";
 constexpr const char* kArcData = "-3 9.9 1;-2 5.2 1;-1 0.4 1;0 -1.3 1;1 -0.6 1;2 3.8 1;3 8.1 1";
@@ -244,7 +239,7 @@ void expectSame(const OrderedObject& found, const OrderedObject& expected, const
     const double number = expected;
     const bool confidence = place.ends_with("confidence_percent");
     EXPECT_NEAR(found.get<double>(), number,
-                confidence ? kSameConfidence : kSame * std::abs(number) + kNothing)
+                confidence ? 100 * kKernelAccuracy : kByDifferences * std::abs(number) + kManyRoundings)
         << place;
     return;
   }

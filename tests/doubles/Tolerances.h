@@ -11,9 +11,11 @@ inline constexpr double kDerived = 1E-10;        ///< derivatives of formulas, a
 inline constexpr double kIterated = 1E-9;        ///< the end of a series or an iteration
 inline constexpr double kThroughScales = 1E-9;   ///< places on paper, through scales and back
 inline constexpr double kByDifferences = 1E-8;   ///< derivatives by differences, and errors made of them
-inline constexpr double kMinimum = 1E-6;         ///< values at a minimum, found by their sum of squares
-inline constexpr double kSingles = 1E-6;         ///< numbers that were singles on their way
-inline constexpr double kSixDigits = 1E-5;       ///< figures of tables and screens, which have six digits
-inline constexpr double kThreeDigits = 1E-3;     ///< figures of three digits
+inline constexpr double kKernelAccuracy =
+    3E-7;                                 ///< incomplete gamma and beta functions, which end at such a change
+inline constexpr double kMinimum = 1E-6;  ///< values at a minimum, found by their sum of squares
+inline constexpr double kSingles = 1E-6;  ///< numbers that were singles on their way
+inline constexpr double kSixDigits = 1E-5;    ///< figures of tables and screens, which have six digits
+inline constexpr double kThreeDigits = 1E-3;  ///< figures of three digits
 
 }  // namespace vk

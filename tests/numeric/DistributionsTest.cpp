@@ -3,6 +3,7 @@
 #include <cmath>
 #include <functional>
 
+#include "doubles/Tolerances.h"
 #include "numeric/KernelLog.h"
 
 namespace vk {

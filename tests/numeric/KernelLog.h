@@ -6,9 +6,6 @@
 
 namespace vk {
 
-/// How near the kernels come to their true values: they stop at a relative change of 3E-7, and most are better.
-inline constexpr double kKernelAccuracy = 3e-7;
-
 /// Keeps which kernels were exhausted.
 struct KernelLog : EvaluationListener {
   std::vector<Kernel> kernels;

@@ -8,8 +8,6 @@ namespace vk {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::HasSubstr;
-using ::testing::Not;
 
 /// A fit of a sample, and what its parameters truly are.
 struct ExampleFit {
@@ -147,8 +145,8 @@ TEST(ExampleFiles, OfTheLaboratoryAreWhatTheirGeneratorMakes) {
 TEST(ExampleFiles, AllPassTheirCheck) {
   const BatchRun run =
       shell("shopt -s globstar; for f in examples/**/*.{dat,fcn}; do VOR check $f || exit; done");
-  EXPECT_EQ(run.exitCode, 0) << run.errors;
-  EXPECT_THAT(run.output, Not(HasSubstr("attenzione")));
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.errors, "");
   EXPECT_GE(std::ranges::count(run.output, '\n'), 30) << "samples, those of the laboratory, and functions";
 }
 

@@ -13,6 +13,7 @@ bool foundBy(pid_t child) {
   if (child == 0) ::_exit(belongsToTerminal() ? 1 : 0);
   int status = -1;
   EXPECT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_TRUE(WIFEXITED(status));
   return WEXITSTATUS(status) == 1;
 }
 

@@ -62,8 +62,8 @@ class GraphicRun {
   /// What is drawn and shows something else than people think; ASCII.
   const std::vector<std::string>& warnings() const { return warnings_; }
 
-  /// The formulas that were drawn in a sense that nobody means, as "2x" for 2: each with advice (`adviceLines`), CR LF
-  /// ended, code page 437.
+  /// The formulas that were refused or drawn in a sense that nobody means, as "2x" for 2: each with advice
+  /// (`adviceLines`), CR LF ended, code page 437.
   const std::vector<std::string>& doubts() const { return doubts_; }
 
   /// The last line drew a function that has no value at the last of its points.

@@ -208,13 +208,12 @@ std::optional<Formula> GraphicRun::readFormula(const std::string& formula) {
                        xNarrow_ || yNarrow_ ? Precision::kDouble : Precision::kSingle);
   Compilation compiled;
   if (flag == 0) compiled = compile("y@x@ @ @" + expression);
-  if (!compiled.ok) return refuse(" Errata");
   doubt(formula);
+  if (!compiled.ok) return refuse(" Errata");
   return Formula(std::move(compiled.code));
 }
 
-/// Keeps what is to be said of a formula that compiles. Its names are parameters, which may be longer than those of
-/// other formulas.
+/// Keeps the advice on a formula. Its names are parameters, which may be longer than those of other formulas.
 void GraphicRun::doubt(const std::string& formula) {
   std::vector<std::string> names{"x"};
   for (const auto& [key, place] : parameters_.places) names.push_back(trimLeft(key.substr(1)));

@@ -107,6 +107,25 @@ TEST(BatchCheck, AFormulaOfAGraphicFileInAnotherSenseIsAWarning) {
   EXPECT_EQ(draw.errors, told);
 }
 
+TEST(BatchCheck, ARefusedFormulaOfAGraphicFileHasItsAdvice) {
+  const std::string file =
+      temporaryFile("A.GRA",
+                    "\\XASSE(0,9,1,3,3,0)\r\n\\YASSE(0,9,1,3,3,0)\r\n\\PARAMETRI(omega=3)\r\n"
+                    "\\FUNZIONE(omega*x**2)\r\n\\FUNZIONE(sen(q))\r\n");
+  const std::string advice =
+      file + ": attenzione: formula:\nomega*x**2\n       ^ \"**\" non e` un segno: forse ^\n" + file +
+      ": attenzione: formula:\nsen(q)\n^ \"sen\" non e` una funzione: forse SIN\n"
+      "    ^ \"q\" non e` definita\n";
+  const std::string refusal = "*** Funzione omega*x**2 Errata\n*** Funzione sen(q) Errata\n";
+  const BatchRun check = batch("check '" + file + "'");
+  EXPECT_EQ(check.exitCode, 2);
+  EXPECT_EQ(check.output, refusal);
+  EXPECT_EQ(check.errors, advice + file + ": il file contiene errori\n");
+  const BatchRun draw = batch("draw --format svg -o - '" + file + "'");
+  EXPECT_EQ(draw.exitCode, 2);
+  EXPECT_EQ(draw.errors, advice + file + ":\n" + refusal);
+}
+
 // What may stand in a file of each kind, and why it is no other.
 TEST(BatchCheck, TellsWhatAFileOfAnotherKindIs) {
   const std::string image = "\x89PNG\r\n\x1A\n0", figure = "\\SIMBOLO(3,4)\r\n",

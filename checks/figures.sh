@@ -3,7 +3,7 @@
 # tests/**/<Name>Test.py prints stands in <Name>Test.cpp.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-export PYTHONDONTWRITEBYTECODE=1
+export PYTHONDONTWRITEBYTECODE=1 PYTHONUTF8=1
 status=0
 while IFS= read -r generator; do
   test=${generator%.py}.cpp

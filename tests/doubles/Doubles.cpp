@@ -1,30 +1,11 @@
 #include "doubles/Doubles.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
+#include <stdexcept>
 
 #include "base/RuntimeError.h"
 
 namespace vk {
-
-ScriptedRandom::~ScriptedRandom() {
-  if (!numbers_.empty()) ADD_FAILURE() << numbers_.size() << " random numbers left over";
-}
-
-float ScriptedRandom::next() {
-  if (numbers_.empty()) {
-    ADD_FAILURE() << "unexpected random number";
-    return 0.5F;
-  }
-  const float number = numbers_.front();
-  numbers_.pop_front();
-  return number;
-}
-
-void ScriptedRandom::giveBack(std::span<const float> numbers) {
-  numbers_.insert(numbers_.begin(), numbers.begin(), numbers.end());
-}
 
 void RecordingMainWindow::shut(Form holder) {
   holders.push_back(holder);
@@ -34,7 +15,7 @@ void RecordingMainWindow::shut(Form holder) {
 
 void RecordingMainWindow::release(Form holder) {
   const auto held = std::find(holders.begin(), holders.end(), holder);
-  ASSERT_NE(held, holders.end());
+  if (held == holders.end()) throw std::logic_error("a window that nobody has shut is released");
   holders.erase(held);
   enabled = holders.empty();
   calls.emplace_back("release");

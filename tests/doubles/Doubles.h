@@ -145,7 +145,7 @@ class RecordingMainWindow : public MainWindow {
   void setPanel(int panel, const WindowText& text) override { panels[panel] = text.bytes(); }
   void setCaption(const WindowText& text) override { caption = text.bytes(); }
   void shut(Form holder) override;
-  /// Fails the test when the holder has not shut the window.
+  /// Ends the program when the holder has not shut the window.
   void release(Form holder) override;
   void refresh() override { calls.emplace_back("refresh"); }
   void toFront() override { calls.emplace_back("front"); }

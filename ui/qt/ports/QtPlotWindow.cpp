@@ -29,6 +29,9 @@ constexpr const char* kClickMeaning =
 constexpr Twips kFigureStep{450};  // to the right and down
 constexpr int kFigurePlaces = 8;
 
+/// On a screen of one and a half a pixel is made of its neighbours on the picture too.
+constexpr QMargins kSmoothRim(1, 1, 1, 1);
+
 int screenRatio() {
   return std::max(1, static_cast<int>(std::ceil(QGuiApplication::primaryScreen()->devicePixelRatio())));
 }
@@ -75,12 +78,12 @@ bool QtPlotWindow::showChanged() {
   const int ratio = device_.pixelRatio();
   const QPoint first(changed.x1 / ratio, changed.y1 / ratio);
   const QPoint last((changed.x2 - 1) / ratio, (changed.y2 - 1) / ratio);
-  update(QRect(first, last));
+  update(QRect(first, last) + kSmoothRim);
   return true;
 }
 
 void QtPlotWindow::paintEvent(QPaintEvent* event) {
-  const QRect part = event->rect() & rect();
+  const QRect part = (event->rect() + kSmoothRim) & rect();
   const int ratio = device_.pixelRatio();
   const PixelRect pixels{part.left() * ratio, part.top() * ratio, (part.right() + 1) * ratio,
                          (part.bottom() + 1) * ratio};

@@ -203,7 +203,7 @@ TEST_F(PanelFramesTest, TheWindowPaintsThePictureThatIsChosenInItsSize) {
   EXPECT_NE(second, first);
   window().resize(size + QSize(50, 20));
   window().setBackground(0);
-  EXPECT_EQ(painted().size(), first.size() + QSize(50, 20));
+  EXPECT_EQ(painted().size(), first.size() + QSize(50, 20) * window().devicePixelRatio());
   EXPECT_NE(painted().copy(first.rect()), first);
   window().resize(size);
   EXPECT_EQ(painted(), first);

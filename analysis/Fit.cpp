@@ -150,7 +150,8 @@ bool Fit::minimise(const Array<double>& errors, bool last) {
   minimum_ = Minimise(residuals, M(), N(), F_, par_.FreeValues, par_.FreeSteps, MinimiseOptions(), W_, *this);
   result_.failure = {minimum_.end, minimum_.parameter};
   result_.reason = failureReason(minimum_.end);
-  result_.chi_square = minimum_.FS;
+  result_.chi_square =
+      minimum_.end == MinimiseEnd::kResidualsFailed ? std::nullopt : std::optional(minimum_.FS);
   result_.iterations = minimum_.iterations;
   result_.evaluations += minimum_.evaluations;
   result_.passes = minimum_.passes;

@@ -83,7 +83,7 @@ struct FitResult {
   Array<double> ErrEff;  ///< 1..M: the effective errors of data with errors in x; without a second fit none
   int M = 0;             ///< points
   int N = 0;             ///< free parameters
-  double chi_square = 0;
+  std::optional<double> chi_square;  ///< missing where a residual could not be computed
   int degrees_of_freedom = 0;
   std::optional<double> reduced_chi_square;  ///< missing, as the next one, where no degree of freedom is left
   std::optional<double> confidence_percent;

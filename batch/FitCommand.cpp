@@ -48,7 +48,7 @@ class TerminalFit {
     if (found_.profile && outcome_.converged()) profile();
     const bool needsErrors = wishes_.form != FitForm::kScreen || wishes_.band || !found_.derived.empty();
     if (found_.fitted() && needsErrors)
-      found_.linearised = linearisedCovariance(problem_, found_.result.par, found_.result.chi_square);
+      found_.linearised = linearisedCovariance(problem_, found_.result.par, *found_.result.chi_square);
     if (!found_.derived.empty() && (found_.fitted() || outcome_.converged())) derive();
     if (found_.fitted() && wishes_.band) addBand(*wishes_.band);
     if (wishes_.form == FitForm::kJson || wishes_.form == FitForm::kJsonLines) report();

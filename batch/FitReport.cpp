@@ -87,7 +87,7 @@ Json fitReport(const FitOrigin& origin, const FitResult& result, const Covarianc
        list(result.par.ParCount, [&](int i) { return parameter(origin, result, linearised, i); })},
       {"correlation", matrix(result.correlation)},
       {"correlation_linearised", linearised ? matrix(linearised->correlation()) : Json()},
-      {"chi_square", result.chi_square},
+      {"chi_square", orNull(result.chi_square)},
       {"degrees_of_freedom", result.degrees_of_freedom},
       {"reduced_chi_square", orNull(result.reduced_chi_square)},
       {"confidence_percent", orNull(result.confidence_percent)},

@@ -117,7 +117,7 @@ std::string latexTable(const FitFindings& findings, const std::string& file) {
   text += heads(quantities, count) + kRule;
   for (const Quantity& quantity : quantities) text += row(quantity, correlation, count);
   const double chiSquare =
-      findings.refined.converged() ? findings.refined.chiSquare : findings.result.chi_square;
+      findings.refined.converged() ? findings.refined.chiSquare : *findings.result.chi_square;
   const std::string degrees = std::to_string(findings.result.M - count);
   text += kRule + std::string("$\\chi^2/\\nu$ & ") +
           number(numberText(chiSquare, std::chars_format::general, 4)) + "/" + degrees + kRowEnd;

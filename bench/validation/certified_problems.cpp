@@ -64,7 +64,7 @@ Nearness nearnessOf(const NistProblem& problem, const ParameterSet& par, ErrorOf
 
 Outcome outcomeOf(const NistProblem& problem, const FitResult& fit) {
   if (fit.status == FitStatus::kFailed) return {"failed", false, {}, fit.evaluations};
-  const double scatter = std::sqrt(fit.chi_square / fit.degrees_of_freedom);
+  const double scatter = std::sqrt(*fit.chi_square / fit.degrees_of_freedom);
   const Nearness nearness =
       nearnessOf(problem, fit.par, [&](int i) { return scatter * fit.par.ParDeltas[i]; });
   const bool completed = fit.status == FitStatus::kCompleted;

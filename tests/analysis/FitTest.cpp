@@ -30,7 +30,7 @@ TEST(FitData, LeavesValuesAndErrorsInTheParameterTables) {
   EXPECT_EQ(result.M, 5);
   EXPECT_EQ(result.N, 2);
   EXPECT_EQ(result.degrees_of_freedom, 3);
-  EXPECT_NEAR(result.chi_square, 10.7, kMinimum);
+  EXPECT_NEAR(result.chi_square.value(), 10.7, kMinimum);
   EXPECT_NEAR(*result.reduced_chi_square, 10.7 / 3, kMinimum);
   // Upper tail of the chi-square distribution with 3 degrees of freedom at 10.7.
   const double tail = std::erfc(std::sqrt(5.35)) + std::sqrt(21.4 / 3.14159265358979) * std::exp(-5.35);

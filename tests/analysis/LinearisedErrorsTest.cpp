@@ -13,7 +13,7 @@ TEST(LinearisedErrors, AreThoseOfTheNormalEquationsOfALine) {
   FitCase fit("b*x+c", "b,c");
   fit.data(kFive, kLineY, kTenths);
   fit.start({1, 1});
-  const auto errors = fit.linearised(fit.fit().chi_square);
+  const auto errors = fit.linearised(fit.fit().chi_square.value());
   ASSERT_TRUE(errors.has_value());
   EXPECT_NEAR((*errors)[1], 0.1 / std::sqrt(10), kIterated);
   EXPECT_NEAR((*errors)[2], 0.1 * std::sqrt(1.0 / 5 + 9.0 / 10), kIterated);
@@ -23,7 +23,7 @@ TEST(LinearisedErrors, ComeInTheOrderOfTheFreeParameters) {
   FitCase fit("a*x*x+b*x+c", "a,b,c");
   fit.data(kFive, {3, 8, 15, 24, 35}, kTenths);
   fit.start({1, 2, 0}, "a,b");
-  const auto errors = fit.linearised(fit.fit().chi_square);
+  const auto errors = fit.linearised(fit.fit().chi_square.value());
   ASSERT_EQ(errors->upper(), 1);
   EXPECT_NEAR((*errors)[1], 0.1 / std::sqrt(5), kIterated);
 }
@@ -32,7 +32,7 @@ TEST(LinearisedErrors, UseTheEffectiveErrorsOfDataWithErrorsOfX) {
   FitCase fit("b*x+c", "b,c");
   fit.data({1, 3}, {3, 7}, {0.3, 0.3}, {0.2, 0.2});
   fit.start({1, 2});
-  const auto errors = fit.linearised(fit.fit().chi_square);
+  const auto errors = fit.linearised(fit.fit().chi_square.value());
   // Slope 2: each point 0.5; the slope's error is sqrt(2) * 0.5 / 2.
   EXPECT_NEAR((*errors)[1], std::sqrt(0.5) * 0.5, kMinimum);
 }
@@ -41,7 +41,7 @@ TEST(LinearisedErrors, DoNotDependOnTheSizeOfTheFitsErrors) {
   FitCase fit("A*EXP(-B*x)", "A,B");
   fit.data(kFive, {6, 3.7, 2.2, 1.35, 0.8}, kTenths);
   fit.start({10, 0.5});
-  const double chiSquare = fit.fit().chi_square;
+  const double chiSquare = fit.fit().chi_square.value();
   const auto before = fit.linearised(chiSquare);
   for (double scale : {0.0, 1E-6, 100.0, 1E8, std::nan("")}) {
     for (int i = 1; i <= 2; ++i) fit.par.ParDeltas[i] = scale * (*before)[i];

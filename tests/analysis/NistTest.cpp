@@ -55,7 +55,7 @@ class Nist : public NistTest {
     FitCase fit = fitFrom(start, problem.residualDeviation);
     const FitResult result = fit.fit();
     if (result.status == FitStatus::kFailed) return false;
-    bool reached = std::abs(result.chi_square / problem.degreesOfFreedom - 1) < 1E-4;
+    bool reached = std::abs(*result.chi_square / problem.degreesOfFreedom - 1) < 1E-4;
     for (int i = 1; i <= problem.parameters(); ++i) {
       const auto at = static_cast<std::size_t>(i) - 1;
       reached = reached && std::abs(fit.value(i) - problem.certified[at]) < 0.05 * problem.deviations[at];

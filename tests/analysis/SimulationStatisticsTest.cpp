@@ -65,8 +65,9 @@ Study study(FitCase model, const std::vector<double>& truth, const SimulationSet
     model.points = simulate(settings, model.model, model.par, source, model.listener).data;
     scatterStart(model.par, source);
     const FitResult fit = model.fit();
-    const auto errors = model.linearised(fit.chi_square);
-    if (fit.status == FitStatus::kFailed || !errors || !fit.confidence_percent) continue;
+    if (!fit.complete()) continue;
+    const auto errors = model.linearised(*fit.chi_square);
+    if (!errors) continue;
     result.confidence.push_back(*fit.confidence_percent / 100);
     for (std::size_t k = 0; k < truth.size(); ++k) {
       const int parameter = static_cast<int>(k) + 1;

@@ -138,13 +138,13 @@ constexpr const char* kTransformation = R"object(
 1.66770682056, 1.91692261218, 2.21920348405, 2.37024374147], "dx": [0.2, 0.4, 1.2, 0.8, 2.0],
 "dy": [0.0689655172414, 0.0188679245283, 0.0441176470588, 0.0217391304348, 0.00934579439252]})object";
 
-// A logarithm that fails leaves its argument.
+// A logarithm that fails leaves its argument, from which no chi-square is made.
 constexpr const char* kFailure = R"object({
  "schema_version": 1, "data_file": "D.DAT", "function": "y = LOG(a)*x", "formula": "LOG(a)*x", "points": 6,
  "parameters": [
   {"name": "a", "value": -1, "error": null, "error_linearised": null, "free": true, "start": -1}
  ],
- "correlation": [], "correlation_linearised": null, "chi_square": 56736.0625, "degrees_of_freedom": 5,
+ "correlation": [], "correlation_linearised": null, "chi_square": null, "degrees_of_freedom": 5,
  "reduced_chi_square": null, "confidence_percent": null, "iterations": 0, "evaluations": 1, "passes": 1,
  "status": "failed", "reason": "il residuo dell'ultimo punto NON e` calcolabile",
  "refined": {

@@ -1,8 +1,11 @@
+#include <cctype>
 #include <cmath>
 #include <cstdint>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "analysis/LinearisedErrors.h"
 #include "base/TextLines.h"
@@ -26,19 +29,38 @@ namespace {
 // What keeps a run short.
 constexpr int kMostPoints = 24;
 constexpr std::size_t kLongestFormula = 60;
+constexpr std::size_t kUntold = 8;  ///< one in so many that were refused has another fit behind it
 
-/// Three lines, and behind them the data file: letters of what is wanted besides, the formula, and its parameters as
-/// "A=1 !B=2", of which the second one is constant.
+constexpr std::string_view kNames = "abcd";  ///< of parameters
+
+/// True where the letter stands in a formula by itself.
+bool standsIn(std::string_view formula, char letter) {
+  const auto isPart = [&](std::size_t at) {
+    return at < formula.size() && std::isalnum(static_cast<unsigned char>(formula[at])) != 0;
+  };
+  for (auto at = formula.find(letter); at != formula.npos; at = formula.find(letter, at + 1)) {
+    if ((at == 0 || !isPart(at - 1)) && !isPart(at + 1)) return true;
+  }
+  return false;
+}
+
+/// Three lines, and behind them the points: letters of what is wanted besides, the formula, and starting values of
+/// the parameters in it, of which those behind an exclamation mark are constant.
 struct WantedFit {
   explicit WantedFit(std::string_view bytes) {
     TextLines lines(bytes);
     const std::string_view letters = lines.next().value_or("");
     formula = lines.next().value_or("");
     std::istringstream words{std::string(lines.next().value_or(""))};
-    for (std::string word; words >> word;) parameters.push_back(word);
-    std::string data;
-    while (const auto line = lines.next()) data += std::string(*line) + "\r\n";
-    file = data;
+    for (const char name : kNames) {
+      std::string word = "1";
+      words >> word;
+      if (standsIn(formula, name)) parameters.emplace_back(name, word);
+    }
+    std::string points;
+    int count = 0;
+    for (; const auto line = lines.next(); ++count) points += std::string(*line) + "\r\n";
+    file = "x\r\ny\r\n" + std::to_string(count) + "\r\n" + points;
     const auto asked = [&](char letter) { return letters.find(letter) != letters.npos; };
     refine = asked('r');
     profile = asked('p');
@@ -47,16 +69,17 @@ struct WantedFit {
   }
 
   std::string formula, file;
-  std::vector<std::string> parameters;
+  std::vector<std::pair<char, std::string>> parameters;
   bool refine = false, profile = false, band = false, differences = false;
 };
 
 FitArguments argumentsOf(const WantedFit& wanted) {
   FitArguments arguments;
   arguments.model.function = wanted.formula;
-  for (const std::string& word : wanted.parameters) {
+  for (const auto& [name, word] : wanted.parameters) {
     const bool constant = word.starts_with('!');
-    arguments.parameters.push_back({parseAssignment(word.substr(constant ? 1 : 0)), constant ? 0.0 : 1.0});
+    const std::string value = word.substr(constant ? 1 : 0);
+    arguments.parameters.push_back({parseAssignment(std::string{name, '='} + value), constant ? 0.0 : 1.0});
   }
   arguments.refine = wanted.refine || wanted.profile;
   arguments.profile = wanted.profile;
@@ -93,19 +116,15 @@ void requireNumbers(const FitFindings& found) {
   }
 }
 
-/// The drawing, and the same once more from its list.
+/// The figure as its text and the sum of what was drawn.
 std::string drawn(Session& session, int kind) {
   RecorderDevice form;
   NoListener listener;
   drawFigure(session, kind, form, listener);
   FinitePlaces places;
   form.list().replay(places);
-  DisplayList again;
-  form.list().replay(again);
-  std::string text;
-  for (const std::string& line : form.lines()) text += line + "\n";
-  require(again.lines() == form.lines(), "the same drawing again");
-  text += session.figures.GraphText.at(static_cast<std::size_t>(kind));
+  const std::string text =
+      std::to_string(places.sum()) + "\n" + session.figures.GraphText.at(static_cast<std::size_t>(kind));
   return kind == kDifferencesFigure ? text + session.figures.DiffText : text;
 }
 
@@ -135,7 +154,7 @@ std::string fitted(Session& session, const WantedFit& wanted) {
 
 /// A line through three points.
 std::string fittedLine(Session& session) {
-  static const WantedFit line("\na*x+b\na=1 b=0\nx\ny\n3\n0 1 .1\n1 3 .1\n2 5.5 .2\n");
+  static const WantedFit line("\na*x+b\n1 0\n0 1 .1\n1 3 .1\n2 5.5 .2\n");
   return fitted(session, line);
 }
 
@@ -150,6 +169,7 @@ void probe(Input input) {
     Session fresh;
     return fittedLine(fresh);
   }();
+  if (told.empty() && wanted.file.size() % kUntold != 0) return;
   require(fittedLine(session) == expected, "a session that goes on");
   if (!told.empty()) require(fitted(session, wanted) == told, "the same fit again");
 }

@@ -102,7 +102,8 @@ void requireNumbers(const FitFindings& found) {
     requireFinite(result.par);
     for (int k = 1; k <= result.N; ++k)
       require(std::isfinite(result.par.ParDeltas[result.par.FreeIndex[k]]), "finite errors");
-    require(std::isfinite(result.chi_square) && result.chi_square >= 0, "a chi-square");
+    require(result.chi_square && std::isfinite(*result.chi_square) && *result.chi_square >= 0,
+            "a chi-square");
     for (int a = 1; a <= result.correlation.size(); ++a) {
       for (int b = 1; b <= a; ++b)
         require(std::abs(result.correlation.at(a, b)) <= 1 + 1E-9, "a correlation");

@@ -11,8 +11,8 @@ namespace vk {
 /// A folder of its own for a test, gone at its end.
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "vor_kel_test_XXXXXX").string();
+  explicit TemporaryFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
+    std::string pattern = (parent / "vor_kel_test_XXXXXX").string();
     path_ = ::mkdtemp(pattern.data());
   }
   ~TemporaryFolder() {

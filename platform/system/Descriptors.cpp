@@ -22,10 +22,28 @@ std::optional<int> wholeNumber(const std::string& name) {
   return number;
 }
 
+/// Raises the error of a look at the disk, unless it says that there is nothing of that name.
+void throwUnlessMissing(const std::error_code& error) {
+  if (error && error != std::errc::no_such_file_or_directory && error != std::errc::not_a_directory) {
+    throw systemError(error.value());
+  }
+}
+
 /// True for the folder of this process's open files, under whatever name.
 bool listsOpenFiles(const std::string& folder) {
   std::error_code error;
-  return std::filesystem::equivalent(folder, kOpenFilesFolder, error);
+  const bool same = std::filesystem::equivalent(folder, kOpenFilesFolder, error);
+  throwUnlessMissing(error);
+  return same;
+}
+
+/// Where a link leads, nothing for what is no link.
+std::optional<std::filesystem::path> targetOf(const std::string& link) {
+  std::error_code error;
+  std::filesystem::path target = std::filesystem::read_symlink(link, error);
+  if (!error) return target;
+  if (error != std::errc::invalid_argument) throwUnlessMissing(error);
+  return std::nullopt;
 }
 
 }  // namespace
@@ -36,10 +54,9 @@ std::optional<int> descriptorOf(const std::string& path) {
   for (int links = 0; links <= kMostLinks; ++links) {
     // The entries of that folder are links themselves: followed further, they would lead to the file behind.
     if (listsOpenFiles(folderOf(name))) return wholeNumber(GetFileName(name));
-    std::error_code noLink;
-    const std::filesystem::path next = std::filesystem::read_symlink(name, noLink);
-    if (noLink) return std::nullopt;
-    name = (std::filesystem::path(folderOf(name)) / next).string();
+    const auto next = targetOf(name);
+    if (!next) return std::nullopt;
+    name = (std::filesystem::path(folderOf(name)) / *next).string();
   }
   return std::nullopt;
 }

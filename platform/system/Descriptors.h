@@ -7,7 +7,8 @@
 namespace vk {
 
 /// The number of the open file that the path names, as "/dev/stdout" and "/dev/fd/1" do, also through links; nothing
-/// for any other path.
+/// for any other path. A look at the disk that fails is an error as those of `writeSafely`: whoever took the path for
+/// that of a file would write over what was printed before.
 std::optional<int> descriptorOf(const std::string& path);
 
 /// All bytes that are left of what the process has open under this number. A read that breaks off, or more than `limit`

@@ -82,14 +82,17 @@ struct Child {
   ::_exit(code);
 }
 
-/// Reads what is there; at the end of the stream it is shut.
+/// Reads what is there; at the end of the stream it is shut. What cannot be read is an error: nobody is to take a part
+/// for the whole.
 void readSome(Stream& stream, ProcessEnd& end) {
   std::array<char, 65536> buffer;
   const ssize_t count = ::read(stream.descriptor.number(), buffer.data(), buffer.size());
   if (count > 0) {
     (end.*stream.text).append(buffer.data(), static_cast<std::size_t>(count));
-  } else if (count == 0 || errno != EINTR) {
+  } else if (count == 0) {
     stream.descriptor.shut();
+  } else if (errno != EINTR) {
+    throw systemError(errno);
   }
 }
 

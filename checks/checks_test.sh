@@ -289,6 +289,28 @@ repository update-ref refs/remotes/origin/main headers~1
 looks_at "a header within another, and one that nobody includes" ui/B.cpp
 
 begin
+(cd "$made/checks" && mv mutate mutate.sh && : > mutants.txt)
+file base/A.cpp '#include "a.h" // 1 + 2' 'static_assert(1 < 2);' 'const char* const kTable[] = {' '  {"a < b", 12, 3.5},' '};' \
+  'bool f(int a, int b) {' '  if (a < 2 && true) g(a, "b");' '  return a;' '}'
+"$made/checks/mutate.sh" --list | grep '^+' | LC_ALL=C sort > "$made/said"
+diff "$made/said" - << 'EOF' || { echo "checks/mutate makes other faults"; exit 1; }
++ if (!(a < 2 && true)) g(a, "b");
++ if (a < (2 + 1) && true) g(a, "b");
++ if (a < (2 - 1) && true) g(a, "b");
++ if (a < 2 && false) g(a, "b");
++ if (a < 2 && true) g("b", a);
++ if (a < 2 && true) {}
++ if (a < 2 || true) g(a, "b");
++ if (a <= 2 && true) g(a, "b");
++ if (a >= 2 && true) g(a, "b");
++ return {};
+EOF
+file checks/mutants.txt '# Faults' '' 'base/A.cpp' '- return a;' '+ return {};' 'a is 0 there.'
+[ "$("$made/checks/mutate.sh" --list | wc -l)" = 30 ] || { echo "checks/mutate: a known fault stops it"; exit 1; }
+file checks/mutants.txt 'base/A.cpp' '- return b;' '+ return {};' 'b is 0 there.'
+expect 'base/A.cpp has no more: return b;' mutate "a line that has gone" --list
+
+begin
 file session/Session.h 'Int16 ErrFlag;'
 file platform/Dialogs.h 'class Dialogs;'
 file commands/CommandTable.cpp '"MenDat"'

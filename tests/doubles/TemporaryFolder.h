@@ -3,10 +3,18 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <sstream>
 #include <string>
 
 namespace vk {
+
+/// Where files are only memory, for tests that write them by the thousand; on other systems the usual place.
+inline std::filesystem::path folderInMemory() {
+  const std::filesystem::path memory = "/dev/shm";
+  std::error_code ignored;
+  return std::filesystem::is_directory(memory, ignored) ? memory : std::filesystem::temp_directory_path();
+}
 
 /// A folder of its own for a test, gone at its end.
 class TemporaryFolder {
@@ -37,6 +45,15 @@ class TemporaryFolder {
     std::ostringstream bytes;
     bytes << std::ifstream(*this / name, std::ios::binary).rdbuf();
     return bytes.str();
+  }
+  /// The files of the folder itself, and their bytes.
+  std::map<std::string, std::string> files() const {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+      const std::string name = entry.path().filename().string();
+      if (entry.is_regular_file()) files[name] = bytesOf(name);
+    }
+    return files;
   }
   /// How many entries the folder itself has.
   int count() const {

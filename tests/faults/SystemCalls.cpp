@@ -54,6 +54,17 @@ ssize_t move(const char* name, const Call& call, int handle, Bytes* bytes, std::
 
 }  // namespace
 
+bool stopsASave(const SystemCall& call, int error, bool replaces) {
+  const bool temporary = std::filesystem::path(call.path).filename().string().starts_with(".vor_kel-");
+  const bool opens = call.name == "open";
+  if (error == EINTR || error == kOneByte) return false;
+  if (call.name == "close") return temporary;
+  // A file that cannot be replaced is written itself.
+  if (call.name == "rename" || (opens && temporary)) return !replaces;
+  // Not every folder that takes files can be read, too.
+  return !(opens && error == EACCES && std::filesystem::is_directory(call.path));
+}
+
 SystemCalls::SystemCalls(std::string folder, std::vector<CallFault> faults)
     : folder_(std::move(folder)), faults_(std::move(faults)) {
   watching = this;

@@ -23,6 +23,10 @@ struct SystemCall {
   std::string name, path;
 };
 
+/// True where a command that writes files whole does not come to its end behind this failure of one call. `replaces`:
+/// there was a file before.
+bool stopsASave(const SystemCall& call, int error, bool replaces);
+
 /// Watches, as long as it lives, the calls of `open`, `read`, `write`, `fsync`, `ftruncate`, `rename` and `close` on
 /// files below a folder, and on the folder; there is one at a time. A call that fails does nothing; but a file is
 /// closed also where its closing fails, as the system does. Nobody waits for the disk.

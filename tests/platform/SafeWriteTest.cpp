@@ -22,7 +22,7 @@ constexpr const char* kInPlace = "open open read read close open write ftruncate
 
 class SafeWriteTest : public testing::Test {
  protected:
-  TemporaryFolder folder;
+  TemporaryFolder folder{folderInMemory()};
   const std::string path = folder / "X.DAT";
 };
 

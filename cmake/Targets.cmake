@@ -54,16 +54,17 @@ if(NOT VOR_SANITIZE)
   set(vor_guards $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=3;-fstack-protector-strong>)
   target_link_options(vor_flags INTERFACE -Wl,-z,relro,-z,now)
 endif()
-
 if(VOR_COVERAGE)
   # The counts stay in a file that is mapped, so that they also count in a process that ends in the midst of things.
-  target_compile_options(vor_flags INTERFACE -fprofile-instr-generate -fcoverage-mapping
+  target_compile_options(vor_flags INTERFACE -fcoverage-mapping
+    -fprofile-instr-generate=${CMAKE_BINARY_DIR}/counts/%m%c.profraw
     "SHELL:-mllvm -runtime-counter-relocation")
   target_link_options(vor_flags INTERFACE -fprofile-instr-generate)
   # A function of an unnamed namespace is known by its name and that of its source, which joined sources share.
   target_compile_options(vor_flags INTERFACE
     "$<$<NOT:$<BOOL:$<TARGET_PROPERTY:VOR_FEWER_CHECKS>>>:SHELL:-Xclang -main-file-name -Xclang $<TARGET_PROPERTY:NAME>>")
 endif()
+
 # vor_library(name [GLUE] [DEPENDS library ...] [WITHOUT file ...]): the static library vor_<name> from the sources of
 # the present folder. Glue hands numbers and texts on, and computes little.
 function(vor_library name)

@@ -295,12 +295,13 @@ TEST(BatchUsage, HelpAndComplaintsAreItalian) {
   EXPECT_EQ(batch("fit A.DAT --file B.FCN").errors, "--file richiede --entry" + end);
   EXPECT_EQ(batch("fit A.DAT --file B.FCN --entry due").errors, "Valore errato: --entry = due" + end);
   EXPECT_EQ(batch("fit A.DAT --function x --catalogue 1,1").errors, "--function esclude --catalogue" + end);
-  for (const char* words : {"--help", "fit --help", "check --help", "propagate --help"}) {
+  for (const char* words : {"--help", "fit --help", "check --help", "draw --help", "import --help",
+                            "propagate --help", "simulate --help"}) {
     const std::string help = batch(words).output;
     EXPECT_THAT(help, HasSubstr("Uso: vor_kel_batch")) << words;
     EXPECT_THAT(help, HasSubstr("Opzioni:\n")) << words;
-    for (const char* english : {"ptions", "OPTIONS", "ommand", "REQUIRED", "TEXT", "INT", "Positionals",
-                                "Needs", "Excludes", "more"}) {
+    for (const char* english : {"ptions", "OPTIONS", "ommand", "REQUIRED", "TEXT", "INT", "FLOAT",
+                                "Positionals", "Needs", "Excludes", "more"}) {
       EXPECT_THAT(help, Not(HasSubstr(english))) << words;
     }
   }

@@ -74,7 +74,7 @@ TEST(BatchDerive, GivesAListInTheObject) {
   ]
 }
 )"));
-  EXPECT_THAT(batch(line() + "--json").output, Not(HasSubstr("derived")));
+  EXPECT_THAT(batch(line() + "--json").output, AllOf(HasSubstr("parameters"), Not(HasSubstr("derived"))));
 }
 
 TEST(BatchDerive, WhatIsWrongIsToldBeforeTheFit) {

@@ -36,16 +36,6 @@ TEST(BatchUsage, TheShortOptionHelpsToo) {
   EXPECT_EQ(batch("eval -h h=3").errors, batch("eval -- -h h=3").errors);
 }
 
-TEST(BatchUsage, TheHelpNamesValuesInItalian) {
-  for (const char* words :
-       {"fit --help", "draw --help", "import --help", "propagate --help", "simulate --help"}) {
-    const std::string help = batch(words).output;
-    EXPECT_THAT(help, HasSubstr(" NUMERO")) << words;
-    for (const char* english : {"TEXT", "INT", "FLOAT", "REQUIRED"})
-      EXPECT_THAT(help, ::testing::Not(HasSubstr(english))) << words;
-  }
-}
-
 TEST(BatchUsage, UnknownWordsAreNamedWithTheNearestKnownOne) {
   struct Case {
     const char *words, *told;

@@ -100,8 +100,7 @@ void ModernFigure::addBands(PlotSheet& sheet) const {
 PlotSheet ModernFigure::sheet() {
   const DataSet& data = source_.data;
   PlotSheet sheet;
-  sheet.heading =
-      (LineText() << "%File Grafico " + nameOfFigure(source_.kind)).text() + originOf(source_).text();
+  sheet.heading = headingOf(source_).text();
   sheet.titleX = data.TitleX;
   sheet.titleY = data.TitleY;
   sheet.points = {{figureTextOfUtf8(nameInKey(source_.dataName)), source_.dataPath, data}};

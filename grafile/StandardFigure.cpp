@@ -71,11 +71,25 @@ FigureTexts FigureDrawing::draw() {
   return {.graph = graph_.text(), .differences = differencesFile_.text(), .failed = failed_};
 }
 
+/// Which data and which function a figure shows, as notes.
+LineText originOf(const FigureSource& source) {
+  const ParameterSet& par = source.parameters;
+  LineText header;
+  header << "%File Dati: " + source.dataName;
+  if (source.kind == kDataFigure) return header;
+  header << "%Funzione : " + toUtf8(source.functionText, CodePage::kCp437) << "%Parametri: ";
+  for (int i = 1; i <= par.ParCount; ++i) {
+    const std::string name = par.name(i);
+    const std::string margin = repeat(par.ParNameWidth - length(name), ' ');
+    header << "%          " + margin + name + " = " + FormatMask(par.ParValues[i], kNumberMask);
+  }
+  return header;
+}
+
 void FigureDrawing::describeOrigin() {
-  graph_ << "%File Grafico " + nameOfFigure(source_.kind);
-  graph_.append(originOf(source_));
+  graph_.append(headingOf(source_));
   if (!ofDifferences()) return;
-  differencesFile_ << "%File Dati Differenze Dati-Funzione";
+  differencesFile_ << "%File Dati " + nameOfFigure(source_.kind);
   differencesFile_.append(originOf(source_));
   differencesFile_ << "" << utf8OfFigureText(dataTitle(data_.TitleX))
                    << utf8OfFigureText(dataTitle(data_.TitleY)) << signedText(data_.NumPnt);
@@ -195,20 +209,6 @@ void FigureDrawing::drawDifferences() {
 
 }  // namespace
 
-LineText originOf(const FigureSource& source) {
-  const ParameterSet& par = source.parameters;
-  LineText header;
-  header << "%File Dati: " + source.dataName;
-  if (source.kind == kDataFigure) return header;
-  header << "%Funzione : " + toUtf8(source.functionText, CodePage::kCp437) << "%Parametri: ";
-  for (int i = 1; i <= par.ParCount; ++i) {
-    const std::string name = par.name(i);
-    const std::string margin = repeat(par.ParNameWidth - length(name), ' ');
-    header << "%          " + margin + name + " = " + FormatMask(par.ParValues[i], kNumberMask);
-  }
-  return header;
-}
-
 std::string nameOfFigure(int kind) {
   switch (kind) {
     case kDataFigure:
@@ -218,6 +218,13 @@ std::string nameOfFigure(int kind) {
     default:
       return "Differenze Dati-Funzione";
   }
+}
+
+LineText headingOf(const FigureSource& source) {
+  LineText heading;
+  heading << "%File Grafico " + nameOfFigure(source.kind);
+  heading.append(originOf(source));
+  return heading;
 }
 
 FigureTexts drawFigure(const FigureSource& source, const FigureValues& values, GralCls& drawing,

@@ -37,8 +37,8 @@ struct FigureSource {
   std::string beside{};  ///< how the names of the files begin that its graphic file needs beside it
 };
 
-/// Which data and which function a figure shows, as notes.
-LineText originOf(const FigureSource& source);
+/// The notes that a graphic file begins with: which figure it is, and which data and which function that shows.
+LineText headingOf(const FigureSource& source);
 
 /// A function over the range of x: points 0..segments.
 struct SampledCurve {

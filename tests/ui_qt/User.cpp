@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QThread>
 #include <QTimer>
+#include <QWindow>
 #include <utility>
 
 namespace vk {
@@ -44,8 +45,10 @@ void turnTo(QWidget* window) {
 QWidget* windowNamed(const QString& name) {
   QWidget* active = QApplication::activeWindow();
   if (active != nullptr && active->objectName() == name && active->isVisible()) return active;
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->objectName() == name && window->isVisible()) return window;
+  // In the order of their making: the toolkit's list of widgets has the order of their addresses.
+  for (QWindow* made : QGuiApplication::topLevelWindows()) {
+    QWidget* window = QWidget::find(made->winId());
+    if (window != nullptr && window->objectName() == name && window->isVisible()) return window;
   }
   return nullptr;
 }

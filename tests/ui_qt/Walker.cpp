@@ -8,9 +8,15 @@
 #include <QScrollBar>
 #include <QTimer>
 
+#include "ui_qt/ScriptedTime.h"
 #include "ui_qt/User.h"
 
 namespace vk {
+namespace {
+
+constexpr int kMostLooks = 20'000;  // looks at a command that computes
+
+}  // namespace
 
 void Walker::walk(int steps) {
   left_ = steps;
@@ -32,9 +38,28 @@ void Walker::step() {
     if (!inMenus_) popup->close();
     return;
   }
-  if (commandComputes()) return;
+  if (waitsForCommand()) return;
+  ScriptedTime::settle();
+  note(modal);
   if (--left_ < 0) return leave(modal);
   modal != nullptr ? answer(modal) : roam();
+}
+
+/// A command that computes is waited for, but not for ever.
+bool Walker::waitsForCommand() {
+  if (!commandComputes()) computes_ = 0;
+  if (computes_ == 0 && !commandComputes()) return false;
+  if (++computes_ > kMostLooks) done_ = stuck = true;
+  return true;
+}
+
+void Walker::note(const QWidget* modal) {
+  if (log == nullptr) return;
+  const auto name = [](const QObject* object) {
+    return object == nullptr ? "-" : object->objectName().toStdString();
+  };
+  *log << left_ << ' ' << draws_ << ' ' << name(modal) << ' ' << name(QApplication::activeWindow()) << ' '
+       << name(QApplication::focusWidget()) << ' ' << QGuiApplication::topLevelWindows().size() << std::endl;
 }
 
 void Walker::end() {
@@ -71,9 +96,27 @@ void Walker::minimiseOrRestore(QWidget* window) {
   window->isMinimized() ? window->showNormal() : window->showMinimized();
 }
 
+void Walker::resize(QWidget* window) {
+  static constexpr QSize kSizes[]{{1, 1}, {120, 40}, {700, 500}, {6000, 5000}};
+  window->resize(kSizes[random(static_cast<int>(std::size(kSizes)))]);
+}
+
+/// Minimises, closes or resizes one of the windows that do not wait for an answer; the main window stays open.
+void Walker::upset() {
+  std::vector<QWidget*> windows{window_};
+  for (const char* name : {"FrmOut", "FrmEdi", "FrmDia", "GralFrm"}) {
+    if (QWidget* other = windowNamed(name)) windows.push_back(other);
+  }
+  QWidget* window = anyOf(windows);
+  if (chance(40)) return minimiseOrRestore(window);
+  if (window == window_ || chance(60)) return resize(window);
+  gaveUp = gaveUp || window->objectName() == "FrmEdi";
+  window->close();
+}
+
 void Walker::answer(QWidget* modal) {
   const QString name = modal->objectName();
-  if (minimises && chance(2)) return minimiseOrRestore(window_);
+  if (unruly && chance(2)) return chance(50) ? resize(modal) : minimiseOrRestore(window_);
   if (name == "FileDialog") return answerFile(modal);
   if (chance(name == "InpFrm" ? 8 : 35)) return pressAny(modal);
   if (chance(3)) {
@@ -99,13 +142,7 @@ void Walker::answerFile(QWidget* dialog) {
 void Walker::roam() {
   QWidget* output = windowNamed("FrmOut");
   QWidget* editor = windowNamed("FrmEdi");
-  if (minimises && chance(2)) {
-    std::vector<QWidget*> windows{window_};
-    for (QWidget* other : {output, editor}) {
-      if (other != nullptr) windows.push_back(other);
-    }
-    return minimiseOrRestore(anyOf(windows));
-  }
+  if (unruly && chance(3)) return upset();
   if (output != nullptr && chance(tidiness)) return chance(80) ? pressAny(output) : keyTo(output);
   if (editor != nullptr) return edit(editor);
   if (QWidget* diagnosis = windowNamed("FrmDia"); diagnosis != nullptr && chance(30))
@@ -159,6 +196,7 @@ void Walker::chooseCommand() {
   auto* action = window_->findChild<QAction*>(QString::fromStdString(std::string(command.name)));
   if (action == nullptr || !action->isVisible()) return;
   ++commands;
+  if (log != nullptr) *log << "  " << command.name << std::endl;
   // Opening menus takes the time of their pop-up; most choices go the short way.
   if (!chance(10) || window_->isMinimized()) return action->trigger();
   inMenus_ = true;

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QHashFunctions>
 #include <QTemporaryFile>
 
 #include "ui/qt/widgets/ToolkitSetup.h"
@@ -21,6 +22,7 @@ void scaleScreen(QTemporaryFile& description) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  QHashSeed::setDeterministicGlobalSeed();  // walks at random come the same way again
   QTemporaryFile description;
   scaleScreen(description);
   QApplication toolkit(argc, argv);

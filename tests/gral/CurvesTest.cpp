@@ -99,6 +99,18 @@ TEST_F(Curves, SmoothCurveIsTheNaturalSplineOfItsPixels) {
   EXPECT_EQ(drawn()[0], "bezier 0,0 33,50 67,100 100,100 133,100 167,50 200,0 px");
 }
 
+TEST_F(Curves, SmoothCurveThatComesBackNearAPointTakesTheExactPlaces) {
+  drawing.GralXMap(0, 16, 0, 605);
+  drawing.GralYMap(0, 8, 302, 0);
+  const auto throughAbscissa = [&](double third) {
+    drawing.GralCurve(arrayOf({0, 10, third, 14}), arrayOf({0, 300, 0, 300}), 4);
+    return drawn()[0];
+  };
+  // Two abscissae in one pixel: pixel 3 is too near to the curve's first point to stand for both, pixel 4 is not.
+  EXPECT_NE(throughAbscissa(2.6), throughAbscissa(3));
+  EXPECT_EQ(throughAbscissa(4.25), throughAbscissa(4));
+}
+
 TEST_F(Curves, SmoothCurveThroughTwoPointsIsStraight) {
   drawing.GralCurve(arrayOf({0, 16}), arrayOf({8, 0}), 2);
   // a third and two thirds of (605, 302)

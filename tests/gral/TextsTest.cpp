@@ -227,6 +227,13 @@ TEST_F(Texts, RotatedFontIsReleased) {
   EXPECT_EQ(form.SelectObject(0), 0);
 }
 
+TEST_F(Texts, RotatedLeaveTheFontThatWasSelected) {
+  const std::int32_t selected = form.CreateFontIndirect({});
+  form.SelectObject(selected);
+  print("a", 0, 45);
+  EXPECT_EQ(form.SelectObject(0), selected);
+}
+
 TEST_F(Texts, OnAPrinterGoOutAtAPixel) {
   openPrinter();
   drawing.GralWinPrintString(1000, 2000, 0, 90, 12, 0, "a");

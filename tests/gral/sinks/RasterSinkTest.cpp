@@ -61,6 +61,15 @@ TEST(RasterForms, CircleIsOutlinedAndFilled) {
   EXPECT_EQ(form.raster().at(5, 5), 0xFF00FF00U);
 }
 
+TEST(RasterSinks, KeepNoRowsOfAHugeCircle) {
+  BlockLetters letters;
+  RasterSink sink(1, letters);
+  sink.clear({300, 150}, kWhite);
+  sink.filling({kBlack, kFillSolid});
+  sink.circle({75, 75}, Twips(15E9));
+  for (const std::string& row : rowsOf(sink.raster())) EXPECT_EQ(row, std::string(20, '#'));
+}
+
 TEST(RasterForms, TransparentFillingLeavesWhatIsUnderIt) {
   RasterForm form(1);
   form.Line(75, 75, 90, 75);

@@ -37,6 +37,13 @@ TEST_F(Svg, HasTheNaturalSizeInPoints) {
       "<rect width=\"3000\" height=\"1500\" fill=\"#ffffff\"/>\n</svg>\n");
 }
 
+TEST_F(Svg, StandsInTheMiddleOfALargerSheet) {
+  const std::string document = writer.document({.size = {6000, 6000}});
+  EXPECT_NE(document.find("width=\"300pt\" height=\"300pt\" viewBox=\"0 -750 3000 3000\""),
+            std::string::npos);
+  EXPECT_NE(document.find("<rect x=\"0\" y=\"-750\" width=\"3000\" height=\"3000\""), std::string::npos);
+}
+
 TEST_F(Svg, LinesOfOnePenAreOnePathAndJoinedWhereTheyMeet) {
   writer.pen({});
   writer.line({1, 2}, {3.456, 4});

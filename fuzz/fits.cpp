@@ -20,6 +20,8 @@
 #include "fuzz/OneFile.h"
 #include "fuzz/StreamText.h"
 #include "grafile/FigureKind.h"
+#include "grafile/GraphicFile.h"
+#include "gral/NoPrinter.h"
 #include "gral/sinks/RecorderDevice.h"
 #include "session/Session.h"
 
@@ -117,15 +119,31 @@ void requireNumbers(const FitFindings& found) {
   }
 }
 
+/// The graphic file of the figure can be run.
+void requireFile(const std::string& graph, Files& files) {
+  RecorderDevice form;
+  NoPrinter printer;
+  GralCls drawing(printer);
+  drawing.GralGrStr(form, "LANDSCAPE", 1);
+  NoListener listener;
+  GraphicRun run(files, drawing, listener);
+  run.runText(graph);
+  drawing.GralGrEnd();
+  require(run.errors().empty(), "a graphic file without errors");
+  FinitePlaces places;
+  form.list().replay(places);
+}
+
 /// The figure as its text and the sum of what was drawn.
-std::string drawn(Session& session, int kind) {
+std::string drawn(Session& session, Files& files, int kind) {
   RecorderDevice form;
   NoListener listener;
   drawFigure(session, kind, form, listener);
   FinitePlaces places;
   form.list().replay(places);
-  const std::string text =
-      std::to_string(places.sum()) + "\n" + session.figures.GraphText.at(static_cast<std::size_t>(kind));
+  const std::string& graph = session.figures.GraphText.at(static_cast<std::size_t>(kind));
+  if (session.ErrFlag == kFalse) requireFile(graph, files);
+  const std::string text = std::to_string(places.sum()) + "\n" + graph;
   return kind == kDifferencesFigure ? text + session.figures.DiffText : text;
 }
 
@@ -148,7 +166,8 @@ std::string fitted(Session& session, const WantedFit& wanted) {
   std::string told = errors.text() + notes.text() + outcome.screen + outcome.report.text() +
                      roundedLines(outcome.found) + latexTable(outcome.found, outcome.dataFile) +
                      csvLine(outcome.dataFile, outcome.found);
-  if (outcome.fitted()) told += drawn(session, wanted.differences ? kDifferencesFigure : kFunctionFigure);
+  if (outcome.fitted())
+    told += drawn(session, files, wanted.differences ? kDifferencesFigure : kFunctionFigure);
   session.figures.band.reset();
   return told;
 }

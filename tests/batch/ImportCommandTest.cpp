@@ -147,6 +147,18 @@ TEST(BatchImport, LinesThatAreLeftOutAreTold) {
                 "3 righe tralasciate; errori assenti: dy = 1\n");
 }
 
+TEST(BatchImport, OfManyLinesThatAreLeftOutTheFirstAreTold) {
+  std::string table = "x;y\n1;1\n2;2\n3;3\n", told;
+  const std::string in = temporaryFile("IN.csv", "");
+  for (int line = 5; line < 30; ++line) {
+    table += "4;q\n";
+    if (line < 25) told += in + ": riga " + std::to_string(line) + " tralasciata: \"q\" non e` un numero\n";
+  }
+  temporaryFile("IN.csv", table);
+  EXPECT_THAT(batch("import '" + in + "'").errors,
+              ::testing::StartsWith(told + in + ": altre righe tralasciate: 5\n" + in + ": ASCII"));
+}
+
 TEST(BatchImport, SeveralFilesGoIntoAFolder) {
   const std::string folder = std::filesystem::path(temporaryFile("x", "")).parent_path().string();
   const std::string files = file(kTable, "a.csv") + file("letter\n", "b.txt") + file(kTable, "c");

@@ -65,6 +65,11 @@ TEST(BatchLatex, GivesATableForEachFile) {
   EXPECT_EQ(batch(straightFit("--par b_1=1 --par c=0 --latex /none/none.dat")).output, one);
 }
 
+TEST(BatchLatex, SetsEverySignOfANameAsItIs) {
+  EXPECT_THAT(batch(straightFit("--par b_1=1 --par c=0 --derive 'T^2\\~%=2*c' --latex")).output,
+              HasSubstr(R"(T\^{}2\textbackslash{}\~{}\% & \num{2.10(21)})"));
+}
+
 TEST(BatchLatex, IsOneFormOfSeveral) {
   EXPECT_THAT(batch(straightFit("--par b_1=1 --par c=0 --latex --csv")).errors, HasSubstr("esclude"));
 }

@@ -40,6 +40,17 @@ TEST(TerminalPicture, SixelsBeginAndEndAsATerminalExpects) {
   EXPECT_NE(text->find("\"1;1;8;8#"), std::string::npos) << *text;
 }
 
+TEST(TerminalPicture, IsShownAsSixelsNoWiderThanTheTerminal) {
+  constexpr int kWide = 2000;  // a line of the terminal has 800 pixels
+  const Picture picture{.width = kWide, .height = 10, .pixels = std::vector(10 * kWide, kRed)};
+  testing::internal::CaptureStdout();
+  showPicture(picture, "sixel");
+  const std::string text = testing::internal::GetCapturedStdout();
+  EXPECT_TRUE(text.starts_with("\x1BP"));
+  EXPECT_TRUE(text.ends_with("\x1B\\\n"));
+  EXPECT_NE(text.find("\"1;1;800;4#"), std::string::npos) << text.substr(0, 40);
+}
+
 TEST(TerminalPicture, OnlyTwoWordsAreKnown) {
   EXPECT_NO_THROW(requireShowWord("blocks"));
   EXPECT_NO_THROW(requireShowWord("sixel"));

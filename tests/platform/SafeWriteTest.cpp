@@ -125,5 +125,17 @@ TEST_F(WriteInPlaceTest, WhatIsReadInPartsIsPutBackWhole) {
   EXPECT_EQ(folder.bytesOf("X.DAT"), "old and long");
 }
 
+TEST_F(SafeWriteTest, APipeThatRefusesItsBytesIsAnError) {
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  const OpenFile reader(path, O_RDWR | O_NONBLOCK);
+  for (const char* call : {"open", "write", "close"}) {
+    const SystemCalls calls(folder.path(), {{1, EIO, call}});
+    EXPECT_EQ(errorOf([&] { writeSafely(path, "new"); }), kDeviceIoError) << call;
+    EXPECT_EQ(calls.failed().size(), 1U) << call;
+  }
+  writeSafely(path, "new");
+  EXPECT_EQ(folder.count(), 1);
+}
+
 }  // namespace
 }  // namespace vk

@@ -98,7 +98,8 @@ std::string resolveForWriting(const std::string& path) {
   if (std::string entry = findEntry(path); !entry.empty()) return entry;
   const std::string folder = folderOf(path);
   const std::string found = findEntry(folder);
-  return joinPath(found.empty() ? folder : found, GetFileName(path));
+  // A "\" that names no folder would be a sign of the file's own name.
+  return joinPath(found.empty() ? withSlashes(folder) : found, GetFileName(path));
 }
 
 }  // namespace vk

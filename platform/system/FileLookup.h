@@ -10,7 +10,7 @@ namespace vk {
 std::string findEntry(const std::string& path);
 
 /// Where a file of this name is or would be made: the entry found, else the folder found with the name as it
-/// stands. A folder that is not found stays as it is written.
+/// stands. A folder that is not found stays as it is written, with "/" between its names.
 std::string resolveForWriting(const std::string& path);
 
 }  // namespace vk

@@ -127,8 +127,12 @@ TEST_F(SystemFilesTest, AMissingFileAndAMissingFolderAreToldApart) {
   EXPECT_EQ(errorOf([&] { files.readAll(folder / "none.dat"); }), kFileNotFound);
   EXPECT_EQ(errorOf([&] { files.size(folder / "none.dat"); }), kFileNotFound);
   EXPECT_EQ(errorOf([&] { files.readAll(folder / "none/x.dat"); }), kPathNotFound);
-  EXPECT_EQ(errorOf([&] { files.writeAll(folder / "none/x.dat", "a"); }), kPathNotFound);
-  EXPECT_FALSE(files.canWrite(folder / "none/x.dat"));
+  for (const char* name :
+       {"none/x.dat", "none//x.dat", R"(none\x.dat)", R"(none\\x.dat)", R"(none\\\x.dat)"}) {
+    EXPECT_EQ(errorOf([&] { files.writeAll(folder / name, "a"); }), kPathNotFound) << name;
+    EXPECT_FALSE(files.canWrite(folder / name)) << name;
+    EXPECT_EQ(folder.count(), 0) << name;
+  }
   folder.make("plain");
   EXPECT_EQ(errorOf([&] { files.writeAll(folder / "plain/x.dat", "a"); }), kPathNotFound);
 }

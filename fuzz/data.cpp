@@ -31,6 +31,15 @@ void probeWriter(DataSet data, int digits) {
   require(losesDigits(data) != areEqual(parseLines(dataFileText(data)).data, data), "lost digits are told");
 }
 
+/// True when both readers see the same lines: the plain one counts comments as lines, and knows no tabs.
+bool isPlain(std::string_view text) {
+  TextLines lines(text);
+  while (const auto line = lines.next()) {
+    if (isComment(*line) || line->find('\t') != line->npos) return false;
+  }
+  return true;
+}
+
 void probeText(Input& input) {
   const int digits = 1 + static_cast<int>(input.choice(kMostDataDigits));
   const std::string_view text = input.rest();
@@ -41,6 +50,9 @@ void probeText(Input& input) {
   require(reading.errors.empty() || reading.errors.ends_with("\r\n"), "errors in lines");
   if (!reading.errors.empty()) return;
   require(reading.data.NumPnt >= 2, "two points at least");
+  const bool counted = reading.declaredCount == reading.data.NumPnt && isPlain(FileText(text).text());
+  require(!counted || (free.complete && haveSamePoints(free.data, reading.data)),
+          "both readers take the same points");
   dataWarnings(reading);
   probeWriter(reading.data, digits);
 }

@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <optional>
 #include <string>
 
 #include "base/NumberText.h"
+#include "base/Text.h"
 #include "data/DataFiles.h"
 #include "data/foreign/ForeignFile.h"
 #include "data/foreign/TableLines.h"
@@ -12,29 +14,28 @@
 namespace vk {
 namespace {
 
-bool haveSamePoints(const DataSet& one, DataSet other) {
-  other.TitleX = one.TitleX;
-  other.TitleY = one.TitleY;
-  return areEqual(one, other);
-}
-
 /// The options that say what was found out.
 ForeignOptions toldOptions(const ForeignReading& reading) {
   ForeignOptions told;
   told.encoding = reading.encoding;
   told.dialect = {reading.dialect.separator, reading.dialect.decimal};
   told.headerLines = reading.firstLine - 1;
+  told.roles = reading.roles;
+  // By their numbers as well, unless some column bears such a name.
+  const auto hasDigit = [](const std::string& name) { return std::ranges::any_of(name, isDigit); };
+  if (std::ranges::any_of(reading.header.names, hasDigit)) return told;
+  told.roles.reset();
   for (const std::size_t column : reading.roles.columns()) told.columns.push_back(std::to_string(column + 1));
   return told;
 }
 
-/// Told what it found out, the reader takes the same points.
+/// Told what it found out, the reader takes the same table.
 void probeTold(std::string_view bytes, const ForeignReading& reading) {
   const ForeignReading told = readForeign(bytes, toldOptions(reading));
   // The lines of the header have no say any more in how those below them are written.
   if (told.dialect != reading.dialect || told.shape.cells != reading.shape.cells) return;
   require(told.refusal.empty(), "what was found out can be told");
-  require(told.errorsMissing || haveSamePoints(told.data, reading.data), "the same points when told");
+  require(areEqual(told.data, reading.data), "the same table when told");
 }
 
 void probeReading(std::string_view bytes) {

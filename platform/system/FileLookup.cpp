@@ -11,6 +11,7 @@
 
 #include "base/Text.h"
 #include "platform/Files.h"
+#include "platform/system/FolderEntries.h"
 
 namespace vk {
 namespace {
@@ -44,12 +45,9 @@ std::vector<std::string> split(const std::string& path) {
 
 /// Entries of a folder that are equal to the name but for the case, in the order of their bytes.
 std::vector<std::string> lookalikes(const std::string& folder, const std::string& name) {
-  std::vector<std::string> found;
-  std::error_code error;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    const std::string other = entry->path().filename().string();
-    if (other != name && equalIgnoringCase(other, name)) found.push_back(other);
-  }
+  std::vector<std::string> found = entriesOf(folder).value_or(std::vector<std::string>());
+  std::erase_if(found,
+                [&](const std::string& other) { return other == name || !equalIgnoringCase(other, name); });
   std::sort(found.begin(), found.end());
   return found;
 }

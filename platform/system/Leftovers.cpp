@@ -5,8 +5,9 @@
 #include <unistd.h>
 
 #include <ctime>
-#include <filesystem>
 
+#include "platform/Files.h"
+#include "platform/system/FolderEntries.h"
 #include "platform/system/OpenFile.h"
 
 namespace vk {
@@ -28,13 +29,9 @@ void removeUnlessLocked(const std::string& path) {
 }  // namespace
 
 void removeLeftovers(const std::string& folder) {
-  std::error_code error;
-  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    const std::string path = entry->path().string();
-    if (entry->path().filename().string().starts_with(kTemporaryStart) && isOldFile(path)) {
-      removeUnlessLocked(path);
-    }
+  for (const std::string& name : entriesOf(folder).value_or(std::vector<std::string>())) {
+    const std::string path = joinPath(folder, name);
+    if (name.starts_with(kTemporaryStart) && isOldFile(path)) removeUnlessLocked(path);
   }
 }
 

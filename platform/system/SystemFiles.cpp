@@ -15,6 +15,7 @@
 #include "base/Text.h"
 #include "platform/system/Descriptors.h"
 #include "platform/system/FileLookup.h"
+#include "platform/system/FolderEntries.h"
 #include "platform/system/OpenFile.h"
 #include "platform/system/Places.h"
 #include "platform/system/SafeWrite.h"
@@ -177,16 +178,14 @@ std::vector<std::string> SystemFiles::drives() {
 }
 
 std::vector<std::string> SystemFiles::subfolders(const std::string& folder) {
-  std::vector<std::string> names;
-  std::error_code error;
-  for (fs::directory_iterator entry(findEntry(folder), error), end; !error && entry != end;
-       entry.increment(error)) {
-    const std::string name = entry->path().filename().string();
-    if (!name.starts_with('.') && isFolder(entry->path().string())) names.push_back(name);
-  }
-  if (error) throw RuntimeError(kPathNotFound);
-  std::sort(names.begin(), names.end(), comesBefore);
-  return names;
+  const std::string entry = findEntry(folder);
+  auto names = entriesOf(entry);
+  if (!names) throw RuntimeError(kPathNotFound);
+  std::erase_if(*names, [&](const std::string& name) {
+    return name.starts_with('.') || !isFolder(joinPath(entry, name));
+  });
+  std::sort(names->begin(), names->end(), comesBefore);
+  return *std::move(names);
 }
 
 }  // namespace vk

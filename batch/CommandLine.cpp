@@ -394,7 +394,8 @@ int run(std::vector<std::string> words, Setup setup, std::string& name) {
 int runCommandLine(int argc, char** argv, FigureMaker* figures) {
   endWithReader();
   std::string name = kProgramName;
-  return exitCodeOf(name, [&] { return run(commandLine(argc, argv), {figures, argv}, name); });
+  const auto command = [&] { return run(commandLine(argc, argv), {figures, argv}, name); };
+  return exitCodeOf(name, std::ref(command));  // which needs no memory, where nobody takes its exception
 }
 
 }  // namespace vk

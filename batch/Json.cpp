@@ -57,9 +57,10 @@ std::string Json::written(int depth) const {
       for (const Json& item : list) items.push_back(item.written(inner));
       return block(items, '[', ']', depth);
     }
-    std::string operator()(const Object& object) const {
+    std::string operator()(const Members& members) const {
       std::vector<std::string> items;
-      for (const auto& [name, value] : object) items.push_back(quoted(name) + ": " + value.written(inner));
+      for (const auto& [name, value] : members.list)
+        items.push_back(quoted(name) + ": " + value.written(inner));
       return block(items, '{', '}', depth);
     }
   };

@@ -25,11 +25,11 @@ class Json {
   Json(const char* text) : value_(std::string(text)) {}
   Json(std::string text) : value_(std::move(text)) {}
   Json(List items) : value_(std::move(items)) {}
-  Json(Object members) : value_(std::move(members)) {}
+  Json(Object members) : value_(Members{std::move(members)}) {}
 
   /// One more member of an object.
   void add(std::string name, Json value) {
-    std::get<Object>(value_).emplace_back(std::move(name), std::move(value));
+    std::get<Members>(value_).list.emplace_back(std::move(name), std::move(value));
   }
 
   /// The value on several lines, two blanks deeper for each level; ends without a line end.
@@ -41,7 +41,12 @@ class Json {
   static constexpr int kOneLine = -1;  ///< in place of a depth
   std::string written(int depth) const;
 
-  std::variant<std::monostate, bool, int, double, std::string, List, Object> value_;
+  /// Of its own type: g++ 12 takes a variant of nothing but numbers, texts and vectors for whole also where memory was
+  /// exhausted while it was copied.
+  struct Members {
+    Object list;
+  };
+  std::variant<std::monostate, bool, int, double, std::string, List, Members> value_;
 };
 
 }  // namespace vk

@@ -3,6 +3,7 @@
 #include <iostream>
 #include <memory>
 #include <sstream>
+#include <streambuf>
 #include <vector>
 
 #include "batch/CommandLine.h"
@@ -24,27 +25,30 @@ class RecordedFigures : public FigureMaker {
   }
 };
 
-/// What goes into a stream while it lives.
-class Caught {
+/// What goes into a stream while it lives, in a place that it has from the start.
+class Caught : private std::streambuf {
  public:
-  explicit Caught(std::ostream& stream) : stream_(stream), before_(stream.rdbuf(text_.rdbuf())) {}
-  ~Caught() {
+  explicit Caught(std::ostream& stream) : stream_(stream), before_(stream.rdbuf(this)) {
+    setp(bytes_.get(), bytes_.get() + kMostBytes);
+  }
+  ~Caught() override {
     stream_.rdbuf(before_);
     stream_.clear();
   }
   Caught(const Caught&) = delete;
   Caught& operator=(const Caught&) = delete;
-  std::string text() const { return text_.str(); }
+  std::string text() const { return {pbase(), pptr()}; }
 
  private:
-  std::ostringstream text_;
+  static constexpr std::size_t kMostBytes = 1 << 20;
+  std::unique_ptr<char[]> bytes_{new char[kMostBytes]};
   std::ostream& stream_;
   std::streambuf* before_;
 };
 
 }  // namespace
 
-BatchRun runHere(const std::string& line) {
+BatchRun runHere(const std::string& line, const std::function<int(const std::function<int()>&)>& around) {
   std::vector<std::string> words{"vor_kel_batch"};
   std::istringstream rest(line);
   for (std::string word; rest >> word;) words.push_back(word);
@@ -52,7 +56,10 @@ BatchRun runHere(const std::string& line) {
   for (std::string& word : words) arguments.push_back(word.data());
   RecordedFigures figures;
   const Caught output(std::cout), errors(std::cerr), notes(std::clog);
-  const int exitCode = runCommandLine(static_cast<int>(arguments.size()), arguments.data(), &figures);
+  const std::function<int()> command = [&] {
+    return runCommandLine(static_cast<int>(arguments.size()), arguments.data(), &figures);
+  };
+  const int exitCode = around(command);
   return {exitCode, output.text(), errors.text()};
 }
 

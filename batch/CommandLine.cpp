@@ -34,7 +34,7 @@
 namespace vk {
 namespace {
 
-constexpr const char* kProgramName = "vor_kel_batch";
+constexpr const char *kProgramName = "vor_kel_batch", *kCompletion = "completion";
 
 // What several subcommands take.
 constexpr const char* kJsonHelp = "Stampa il risultato come oggetto JSON";
@@ -313,8 +313,6 @@ Action addCatalogue(CLI::App& catalogue, Setup&) {
 Action addCompletion(CLI::App& completion, Setup&) {
   return [&completion] { return runCompletion(*completion.get_parent()); };
 }
-
-constexpr const char* kCompletion = "completion";
 
 struct Command {
   const char *name, *help;

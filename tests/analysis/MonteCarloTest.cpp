@@ -67,6 +67,12 @@ TEST_F(MonteCarloTest, BinsOfHalfAUnitAroundAnotherValue) {
   EXPECT_EQ(hits(60), 10000 / 6) << "up to 16.75";
 }
 
+TEST_F(MonteCarloTest, WithoutASigmaTheBinsCoverTheRangeOfSamples) {
+  EXPECT_TRUE(sampleAll({-30, 15, 30}, 0, 0));
+  EXPECT_EQ(histogram.McBinWidth, 1);
+  for (int b = 1; b <= 60; ++b) EXPECT_EQ(histogram.McBinCentre[b], -30 + (b - 1));
+}
+
 TEST_F(MonteCarloTest, QUIRK_TheFirstBinNeverReceivesAHit) {
   EXPECT_TRUE(sampleAll({-30.5, -30, -29.75, -29.5}));
   EXPECT_EQ(hits(1), 0);

@@ -165,6 +165,25 @@ TEST(RefinedFit, TakesTheDistanceFromACurve) {
   EXPECT_NEAR(r[1], 0, kManyRoundings);
 }
 
+TEST(RefinedFit, TakesSlopesOfWhatCanBeComputedAroundAPoint) {
+  // The places of a slope are 0.001 and 0.002 away on both sides. At 0 the value is 1 and the slope 2, so that the
+  // error of y - 2 becomes sqrt(1 + 4).
+  struct Edge {
+    const char* within;
+    double other;
+  };
+  for (const auto& [within, other] :
+       {Edge{"x+1", 1}, Edge{"x+0.0015", 1}, Edge{"x+0.0005", 1}, Edge{"0.0005-x", -1}}) {
+    FitCase fit(std::string("a*x+x*x+1+0*SQR(") + within + ")", "a");
+    fit.data({0, other}, {2, 0}, {1, 1}, {1, 1});
+    fit.start({2});
+    EffectiveResiduals residuals(fit.problem(), fit.par);
+    std::vector<double> r(2);
+    residuals.at(std::vector<double>{2}, r);
+    EXPECT_NEAR(r[0], -1 / std::sqrt(5), kMinimum) << within;
+  }
+}
+
 TEST(RefinedFit, TakesSlopesAtTheEdgeFromTheSideThatWorks) {
   FitCase fit("a*x^1.5", "a");
   fit.data({0, 1, 2, 3}, {0, 1.1, 2.7, 5.3}, {0.1, 0.1, 0.1, 0.1}, {0.1, 0.1, 0.1, 0.1});

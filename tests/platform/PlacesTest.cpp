@@ -35,6 +35,14 @@ TEST(Volumes, AreTheMountPointsThatUsersKnow) {
                                                                     "/mnt/dati", "/run/media/u/STICK B"}));
 }
 
+TEST(Volumes, HaveCodesOfThreeOctalDigitsOnly) {
+  for (const std::string& name :
+       std::vector<std::string>{"a\\04", "a\\", "a\\x40b", "a\\0x0b", "a\\04xb", "a\\940b"}) {
+    EXPECT_EQ(volumesOf("x /mnt/" + name + " ext4 rw 0 0\n", "/"), std::vector<std::string>{"/mnt/" + name});
+  }
+  EXPECT_EQ(volumesOf("x /mnt/\\040b ext4 rw 0 0\n", "/"), std::vector<std::string>{"/mnt/ b"});
+}
+
 TEST(Volumes, AreNoneInAnEmptyOrBrokenTable) {
   EXPECT_TRUE(volumesOf("", "/").empty());
   EXPECT_TRUE(volumesOf("/dev/sda1\n", "/").empty());

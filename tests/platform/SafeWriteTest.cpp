@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -123,6 +124,21 @@ TEST_F(WriteInPlaceTest, WhatIsReadInPartsIsPutBackWhole) {
   EXPECT_EQ(errorOf([&] { writeSafely(path, "new"); }), kDeviceIoError);
   EXPECT_EQ(calls.failed().size(), 3U);
   EXPECT_EQ(folder.bytesOf("X.DAT"), "old and long");
+}
+
+TEST_F(SafeWriteTest, ATemporaryFileOfThatNameIsLeftAlone) {
+  const std::string name = ".vor_kel-" + std::to_string(::getpid()) + "-1";
+  folder.make(name, "another's");
+  writeSafely(path, "new");
+  EXPECT_EQ(folder.bytesOf("X.DAT"), "new");
+  EXPECT_EQ(folder.bytesOf(name), "another's");
+  EXPECT_EQ(folder.count(), 2);
+}
+
+TEST_F(SafeWriteTest, AnEmptyNameIsNoFile) {
+  EXPECT_FALSE(isWritableFile(""));
+  EXPECT_FALSE(isWritableFile(folder / "none/"));
+  EXPECT_EQ(errorOf([&] { writeSafely(folder / "none/", "x"); }), kPathAccessError);
 }
 
 TEST_F(SafeWriteTest, APipeThatRefusesItsBytesIsAnError) {

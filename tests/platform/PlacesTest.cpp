@@ -1,5 +1,10 @@
 #include "platform/system/Places.h"
 
+#include <cstdlib>
+
+#include "doubles/TemporaryFolder.h"
+#include "platform/system/SystemFiles.h"
+
 namespace vk {
 namespace {
 
@@ -16,6 +21,18 @@ TEST(DocumentsFolder, IsEmptyWhereTheListDoesNotNameIt) {
        {"", "XDG_DESKTOP_DIR=\"/x\"\n", "XDG_DOCUMENTS_DIR=\"", "XDG_DOCUMENTS_DIR=/x\n"}) {
     EXPECT_EQ(documentsFolderOf(text, "/home/u"), "") << text;
   }
+}
+
+TEST(DocumentsFolder, StandsInTheFolderOfSettingsWhereThatIsAPath) {
+  const TemporaryFolder folder;
+  folder.make("config/user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"" + folder.path() + "\"\n");
+  SystemFiles files;
+  const std::string usual = files.documentsFolder();
+  ::setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
+  EXPECT_EQ(files.documentsFolder(), folder.path());
+  ::setenv("XDG_CONFIG_HOME", "config", 1);
+  EXPECT_EQ(files.documentsFolder(), usual);
+  ::unsetenv("XDG_CONFIG_HOME");
 }
 
 TEST(Volumes, AreTheMountPointsThatUsersKnow) {

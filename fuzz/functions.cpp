@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -50,7 +51,7 @@ void probeWritten(const ParsedFunctionFile& parsed) {
   require((back.ok || !parsed.ok) && areEqual(back.file.entries, parsed.file.entries), "the same functions");
 }
 
-/// Each function as the inner one of the model, at these points.
+/// Each function as the inner one of the model, at points that are numbers: no reader gives others.
 void probeModel(const Entry& entry, int outer, const std::vector<double>& points) {
   Model model(kLastPlainInner + 1, outer, entry.code);
   Array<double> parameters(entry.code.nPar + 2);
@@ -89,11 +90,12 @@ void probe(Input& input) {
   require(checks.compile ? quick.ok == parsed.ok : quick.ok || !parsed.ok, "no error from looking less");
   require(parsed.doubtful.size() <= parsed.file.entries.size(), "doubts on functions only");
   probeWritten(parsed);
+  const bool finite = std::ranges::all_of(points, [](double x) { return std::isfinite(x); });
   for (const Entry& entry : parsed.file.entries) {
     const bool compiles =
         DefinitionProbe(points).probe(functionDefinition(entry.parameters, entry.definition));
     require(compiles == !entry.code.Code.empty() && (compiles || !parsed.ok), "one compiler");
-    if (compiles) probeModel(entry, outer, points);
+    if (compiles && finite) probeModel(entry, outer, points);
   }
 }
 

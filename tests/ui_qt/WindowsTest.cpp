@@ -44,6 +44,19 @@ TEST_F(OwnedWindowsTest, ReportsStandAboveTheMainWindow) {
   act();
 }
 
+TEST_F(OwnedWindowsTest, WhatWasClosedMinimisedIsSeenWhenItOpensAgain) {
+  const OutputRequest request{Form::kMain, 5, 20, kReportButtons, "Titolo", ""};
+  FrmOut& output = application.output();
+  output.OutShow(request);
+  QCoreApplication::processEvents();
+  output.close();
+  output.setWindowState(Qt::WindowMinimized);
+  output.OutShow(request);
+  EXPECT_FALSE(output.windowState().testFlag(Qt::WindowMinimized));
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(output.isMinimized());
+}
+
 TEST_F(OwnedWindowsTest, TheEditorStandsAboveTheMainWindowAndCanBeEnlarged) {
   openEditor();
   expectAboveMain("FrmEdi");

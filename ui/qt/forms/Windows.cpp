@@ -72,6 +72,8 @@ void Windows::settle(QWidget& window, Form owner, const Rect& place) const {
   // A window that is wider than its owner is not to lose the beginning of its lines.
   const QPoint corner(std::max(0, std::min(wanted.left(), free.width())),
                       std::max(0, std::min(wanted.top(), free.height())));
+  // What was closed while it was minimised would come back minimised, and take its owner with it.
+  if (!window.isVisible()) window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
   // The place counts with the frame, of which the toolkit knows nothing before the first showing: told before the
   // window is made, it is passed on as such to the window system.
   window.move(corner + screenCorner(owner));

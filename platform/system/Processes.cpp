@@ -71,8 +71,9 @@ struct Child {
   bool done() const { return streams[0].descriptor.number() < 0 && streams[1].descriptor.number() < 0; }
 };
 
+/// What the task throws ends its process: the copy of the program must not go on behind the call that made it.
 [[noreturn]] void runTask(const std::function<int(int)>& task, int number, pid_t parent, int output,
-                          int errors) {
+                          int errors) noexcept {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   if (::getppid() != parent) ::_exit(EXIT_FAILURE);
   ::dup2(output, STDOUT_FILENO);

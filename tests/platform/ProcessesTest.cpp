@@ -80,6 +80,16 @@ TEST(Processes, OneThatIsKilledTakesNoOtherWithIt) {
   EXPECT_EQ(ends[2].output, "out 2");
 }
 
+TEST(Processes, OneWhoseTaskThrowsEndsThere) {
+  const auto ends = endsOf(2, 1, [](int number) {
+    if (number == 0) throw std::bad_alloc();
+    return tell(number);
+  });
+  ASSERT_EQ(ends.size(), 2u);
+  EXPECT_EQ(ends[0].signal, SIGABRT);
+  EXPECT_EQ(ends[1].output, "out 1");
+}
+
 TEST(Processes, NoneGoOnWhenNothingMoreIsTaken) {
   int taken = 0;
   runInProcesses(

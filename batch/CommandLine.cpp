@@ -152,7 +152,7 @@ Action addFit(CLI::App& fit, Setup& setup) {
   fit.add_option("--jobs", args->jobs, "Quanti file alla volta (1)");
   setup.files.writes(fit.add_option("--figure", args->figures.figure, "Grafico di dati e funzione"),
                      "PNG|SVG|PDF|EPS");
-  addFigureOptions(fit, args->figures.options)->excludes(fit.get_option("--portrait"));
+  addFigureOptions(fit, args->figures.options, SizeWithout::kPortrait);
   setup.files.writes(fit.add_option("--save-gra", args->figures.graphicFile, "Lo stesso come file grafico"),
                      "GRA");
   CLI::Option* band = fit.add_option("--band", args->figures.band,
@@ -287,7 +287,7 @@ Action addDraw(CLI::App& draw, Setup& setup) {
   setup.files.reads(draw.add_option("GRAFICO", args->graphicFile, "File grafico"), "GRA");
   setup.files.writes(draw.add_option("-o,--output", args->figure, "Grafico"), "PNG|SVG|PDF|EPS");
   addShow(draw, args->show);
-  addFigureOptions(draw, args->options)->excludes(draw.get_option("--scale"));
+  addFigureOptions(draw, args->options, SizeWithout::kScale);
   draw.add_flag("--anyway", args->anyway, "Disegna quello che si puo` anche con righe errate");
   addGridFigure(draw, setup.files, *args);
   addSheet(draw, setup.files, *args);

@@ -11,16 +11,17 @@ constexpr const char* kShow = "--show";
 
 }  // namespace
 
-CLI::Option* addFigureOptions(CLI::App& command, FigureOptions& options) {
+void addFigureOptions(CLI::App& command, FigureOptions& options, SizeWithout other) {
   command.add_option("--format", options.format, "Formato del grafico, se il nome del file non lo dice")
       ->type_name("png|svg|pdf|eps");
   CLI::Option* size =
       command.add_option("--size", options.size, "Grandezza della figura, per esempio 12x8cm o 120x80mm");
-  command.add_option("--scale", options.scale, "Scala della figura, lettere comprese (1)");
-  command.add_flag("--portrait", options.portrait, "Pagina in verticale");
+  CLI::Option* scale =
+      command.add_option("--scale", options.scale, "Scala della figura, lettere comprese (1)");
+  CLI::Option* portrait = command.add_flag("--portrait", options.portrait, "Pagina in verticale");
   command.add_option("--dpi", options.dpi, "Punti per pollice di un'immagine .PNG (192)");
   command.add_flag("--transparent", options.transparent, "Senza sfondo");
-  return size;
+  size->excludes(other == SizeWithout::kScale ? scale : portrait);
 }
 
 void addShow(CLI::App& command, std::string& show) {

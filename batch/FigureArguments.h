@@ -8,9 +8,11 @@
 
 namespace vk {
 
-/// Adds to a command the options that tell what a figure's file is to be like. Gives that of its size, which does not
-/// go with all others everywhere.
-CLI::Option* addFigureOptions(CLI::App& command, FigureOptions& options);
+/// The option that does not go with the size of a figure.
+enum class SizeWithout { kScale, kPortrait };
+
+/// Adds to a command the options that tell what a figure's file is to be like.
+void addFigureOptions(CLI::App& command, FigureOptions& options, SizeWithout other);
 
 /// How a terminal shows the figure.
 void addShow(CLI::App& command, std::string& show);

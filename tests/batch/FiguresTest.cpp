@@ -88,6 +88,21 @@ TEST(BatchDraw, PutsDataAndFormulasOnOneSheetAndShowsIt) {
   EXPECT_TRUE(fileContent(image) == fileContent(again));
 }
 
+TEST(BatchDraw, AGraphicFileIsOfAWholePageWhateverTheFigureIs) {
+  const std::string figure = freshPath("A.SVG"), small = freshPath("A.GRA"), upright = freshPath("B.GRA");
+  const std::string draw = "draw --function 'x^2' -o '" + figure + "' --save-gra '";
+  EXPECT_EQ(batch(draw + small + "' --size 10x8cm").errors, "");
+  EXPECT_EQ(batch(draw + upright + "' --portrait").errors, "");
+  EXPECT_THAT(fileContent(small), HasSubstr("\\XLEGENDA(x)\r\n\\YLEGENDA(y)\r\n"));
+  EXPECT_EQ(fileContent(small), fileContent(upright));
+}
+
+TEST(BatchFit, ShowsItsFigure) {
+  const BatchRun run = batch("fit examples/ohm.dat --catalogue 1,2 --par b=40 --par c=0 --show");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_THAT(run.output, HasSubstr("\u2580"));
+}
+
 TEST(BatchDraw, TellsWhatIsMissing) {
   const std::map<std::string, std::string> complaints{
       {"", "draw: serve un file grafico, oppure --grid FILE, o --data e --function\n"},

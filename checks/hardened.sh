@@ -3,6 +3,7 @@
 # overwritten, no stack that can be run, and returns that are watched.
 # Usage: checks/hardened.sh <program> ...
 set -euo pipefail
+export LC_ALL=C # what readelf says is looked through
 status=0
 require() { # what, pattern, text to look in
   grep -qE "$2" <<< "$3" || { echo "$program: no $1"; status=1; }

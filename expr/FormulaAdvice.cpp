@@ -36,7 +36,6 @@ constexpr std::array kTexts{
     KindTexts{AdviceKind::kBareFunction, true, " e` una funzione e vuole i suoi argomenti"},
     KindTexts{AdviceKind::kLongName, true, " ha piu` di 4 caratteri"},
     KindTexts{AdviceKind::kArguments, true, ": numero di argomenti errato"},
-    KindTexts{AdviceKind::kRefused, false, ""},
 };
 
 std::string adviceText(AdviceKind kind, const std::string& culprit, const std::string& meant) {

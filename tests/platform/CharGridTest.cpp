@@ -1,5 +1,7 @@
 #include "platform/CharGrid.h"
 
+#include <utility>
+
 #include "platform/GridOutput.h"
 
 namespace vk {
@@ -19,6 +21,21 @@ TEST(CharGrid, DropsWhatFallsOutside) {
   grid.print(3, 1, "x");
   grid.print(2, -1, "pqr");
   EXPECT_EQ(grid.toUtf8(), " ab\nr\n");
+}
+
+TEST(CharGrid, IsBlankAndUncoveredOutside) {
+  CharGrid grid(2, 3);
+  for (int row = 1; row <= 2; ++row) grid.print(row, 1, "abc");
+  for (const auto& [row, col] : {std::pair(0, 1), {3, 1}, {1, 0}, {1, 4}}) {
+    EXPECT_EQ(grid.at(row, col), ' ') << row << ',' << col;
+    EXPECT_FALSE(grid.covers(row, col)) << row << ',' << col;
+  }
+}
+
+TEST(CharGrid, CutsFramesThatGoBeyondIt) {
+  CharGrid grid(2, 3);
+  grid.frame({1, 1, 3, 4, 3});
+  EXPECT_EQ(grid.toUtf8(), "┌──\n│\n");
 }
 
 TEST(CharGrid, TakesInAnotherOne) {

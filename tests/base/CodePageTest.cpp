@@ -48,7 +48,8 @@ TEST(CodePage, WhatIsNoUtf8IsNotRead) {
 }
 
 TEST(CodePage, CaseIsIgnoredInLatinAndGreekLetters) {
-  for (const auto& [a, b] : {std::pair{"ETÀ", "età"}, {"ΔΣΩ µ", "δςω μ"}, {"ŸŠŽŒÞ z", "ÿšžœþ Z"}}) {
+  for (const auto& [a, b] :
+       {std::pair{"ETÀ", "età"}, {"ΔΣΩ µ", "δςω μ"}, {"\u2126", "ω"}, {"ŸŠŽŒÞ z", "ÿšžœþ Z"}}) {
     EXPECT_TRUE(equalIgnoringLetterCase(a, b)) << a;
     EXPECT_TRUE(equalIgnoringLetterCase(b, a)) << a;
   }
@@ -57,12 +58,14 @@ TEST(CodePage, CaseIsIgnoredInLatinAndGreekLetters) {
   }
   EXPECT_TRUE(equalIgnoringLetterCase("\x85", "\x85"));
   EXPECT_FALSE(equalIgnoringLetterCase("\x85", "\x84"));
+  EXPECT_FALSE(equalIgnoringLetterCase("a", "\x84"));
 }
 
 TEST(CodePage, GreekLettersThatLookLikeOthersAreThose) {
   EXPECT_EQ(fromUnicode(unifiedForCp437(U'\u03BC'), CodePage::kCp437), '\xE6');
   EXPECT_EQ(fromUnicode(unifiedForCp437(U'\u03B2'), CodePage::kCp437), '\xE1');
   EXPECT_EQ(fromUnicode(unifiedForCp437(U'\u2211'), CodePage::kCp437), '\xE4');
+  EXPECT_EQ(fromUnicode(unifiedForCp437(U'\u2126'), CodePage::kCp437), '\xEA');
   EXPECT_EQ(unifiedForCp437(U'\u03B1'), U'\u03B1');
 }
 

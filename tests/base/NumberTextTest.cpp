@@ -47,6 +47,7 @@ TEST(SignedText, HasABlankInPlaceOfTheSign) {
   EXPECT_EQ(signedText(12), " 12");
   EXPECT_EQ(signedText(-12), "-12");
   EXPECT_EQ(signedText(0.5), " .5");
+  EXPECT_EQ(signedText(-0.5), "-.5");
 }
 
 TEST(NumericTest, AcceptsSignDigitsPointAndExponent) {

@@ -24,7 +24,6 @@ class Model {
   /// needs its compiled formula in x; an outer one that there is not leaves the inner value.
   Model(int inner, int outer, CompiledExpression loaded = {});
 
-  int inner() const { return inner_; }
   int outer() const { return outer_; }
   /// The formula of a loaded inner function.
   const CompiledExpression& loaded() const { return loaded_.compiled(); }

@@ -1,5 +1,6 @@
 #include "gral/sinks/FloodPictures.h"
 
+#include <functional>
 #include <random>
 
 #include "gral/PictureCatcher.h"
@@ -81,6 +82,31 @@ TEST(FloodPictures, RimIsAboveTheAreaThatTheLinesAreDrawnOn) {
   EXPECT_EQ(sink.lines[4].substr(0, 8), "picture ");
   EXPECT_EQ(sink.lines[5].substr(0, 4), "box ");
   EXPECT_EQ(sink.lines[7].substr(0, 8), "picture ");
+}
+
+TEST(FloodPictures, RimIsAboveAnAreaOfAnyForm) {
+  const auto circle = [](DisplayList& list) { list.circle({375, 300}, Twips(600)); };
+  const auto figure = [](DisplayList& list) {
+    const std::vector<PixelPoint> corners{{0, 0}, {100, 0}, {100, 50}, {0, 50}};
+    list.figure(corners, true, false);
+  };
+  for (const std::function<void(DisplayList&)>& draw :
+       {std::function<void(DisplayList&)>(circle), {figure}}) {
+    DisplayList list;
+    list.clear({1500, 750}, kWhite);
+    list.pen({});
+    list.filling({kWhite, kFillSolid});
+    draw(list);
+    list.box({150, 150}, {600, 450});
+    list.filling({Colour::fromBgr(0x0000FF), kFillSolid});
+    list.floodFill({20, 20}, kBlack);
+    const PictureCatcher sink = caught(list);
+    // The area lies under the whole box, whose rim is between both.
+    ASSERT_EQ(sink.lines.size(), 8U) << sink.lines[3];
+    EXPECT_EQ(sink.lines[4].substr(0, 8), "picture ") << sink.lines[3];
+    EXPECT_EQ(sink.lines[5].substr(0, 4), "box ") << sink.lines[3];
+    EXPECT_EQ(sink.lines[7].substr(0, 8), "picture ") << sink.lines[3];
+  }
 }
 
 TEST(FloodPictures, EachSheetHasItsRims) {

@@ -1,6 +1,7 @@
 #include "analysis/Fit.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "analysis/DataResiduals.h"
@@ -13,21 +14,10 @@ namespace {
 
 constexpr double kSlopeSteps = 100;  // of the range of x
 
-const char* failureReason(MinimiseEnd end) {
-  switch (end) {
-    case MinimiseEnd::kNoEffect:
-      return "un parametro variabile NON cambia i residui";
-    case MinimiseEnd::kResidualsFailed:
-      return "il residuo dell'ultimo punto NON e` calcolabile";
-    case MinimiseEnd::kIndistinguishable:
-      return "gli effetti dei parametri variabili NON sono distinguibili";
-    case MinimiseEnd::kErrorsNotFinite:
-      return "errori non finiti";
-    case MinimiseEnd::kCompleted:
-      break;
-  }
-  return "";
-}
+// In the order of the ends of a minimisation.
+constexpr std::array kFailureReasons{
+    "", "un parametro variabile NON cambia i residui", "il residuo dell'ultimo punto NON e` calcolabile",
+    "gli effetti dei parametri variabili NON sono distinguibili", "errori non finiti"};
 
 /// Residuals that the observer hears of every so many points, few enough not to look dead.
 class WatchedResiduals : public Residuals {
@@ -149,7 +139,7 @@ bool Fit::minimise(const Array<double>& errors, bool last) {
   WatchedResiduals residuals(ofData, observer_);
   minimum_ = Minimise(residuals, M(), N(), F_, par_.FreeValues, par_.FreeSteps, MinimiseOptions(), W_, *this);
   result_.failure = {minimum_.end, minimum_.parameter};
-  result_.reason = failureReason(minimum_.end);
+  result_.reason = kFailureReasons.at(static_cast<std::size_t>(minimum_.end));
   result_.chi_square =
       minimum_.end == MinimiseEnd::kResidualsFailed ? std::nullopt : std::optional(minimum_.FS);
   result_.iterations = minimum_.iterations;

@@ -78,7 +78,7 @@ std::optional<double> Profile::side(int sign, double errors) {
     const double secant = low + (high - low) * (errors - atLow) / (atHigh - atLow);
     const double middle = (low + high) / 2;
     // Where the secant gets stuck at one end, as beside a pole or where the function ends, halving goes on.
-    distance = secant > low && secant < high && k % 3 != 2 ? secant : middle;
+    distance = secant > low && k % 3 != 2 ? secant : middle;
     now = growth(sign * distance);
     (now < errors ? low : high) = distance;
     (now < errors ? atLow : atHigh) = now;

@@ -1,19 +1,13 @@
 #include "analysis/Propagation.h"
 
+#include <array>
+
 namespace vk {
 namespace {
 
-PropagationEnd endOf(MonteCarlo::End end) {
-  switch (end) {
-    case MonteCarlo::End::kFailed:
-      return PropagationEnd::kSimulationFailed;
-    case MonteCarlo::End::kNoWidth:
-      return PropagationEnd::kNoDependence;
-    case MonteCarlo::End::kCompleted:
-      break;
-  }
-  return PropagationEnd::kCompleted;
-}
+// In the order of the ends of a simulation.
+constexpr std::array kEnds{PropagationEnd::kCompleted, PropagationEnd::kSimulationFailed,
+                           PropagationEnd::kNoDependence};
 
 }  // namespace
 
@@ -29,10 +23,11 @@ PropagationResult PropagateErrors(Model& model, const ParameterSet& par, Uniform
   MonteCarlo simulation(model, par, random, listener);
   simulation.setUpBins(result.analytic);
   observer.simulationBegins();
-  result.end = endOf(simulation.run([&](const SampleStatistics& samples) {
+  const MonteCarlo::End end = simulation.run([&](const SampleStatistics& samples) {
     result.samples = samples;
     observer.sampled(samples);
-  }));
+  });
+  result.end = kEnds.at(static_cast<std::size_t>(end));
   result.histogram = simulation.histogram();
   return result;
 }

@@ -269,7 +269,8 @@ std::optional<std::u32string> decodeUtf8(std::string_view bytes) {
 
 bool equalIgnoringLetterCase(std::string_view a, std::string_view b) {
   const auto first = decodeUtf8(a), second = decodeUtf8(b);
-  return first && second ? std::ranges::equal(*first, *second, {}, smallLetter, smallLetter) : a == b;
+  return first && second ? std::ranges::equal(first.value(), second.value(), {}, smallLetter, smallLetter)
+                         : a == b;
 }
 
 char32_t unifiedForCp437(char32_t c) {

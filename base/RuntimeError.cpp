@@ -28,20 +28,24 @@ constexpr std::array kTexts{
     Text{kPrinterError, "Errore della stampante"},
 };
 
-}  // namespace
-
-std::string runtimeErrorText(int number) {
+const char* textOf(int number) {
   const auto* found =
       std::find_if(kTexts.begin(), kTexts.end(), [&](const Text& t) { return t.number == number; });
   return found == kTexts.end() ? "Errore definito dall'applicazione" : found->text;
+}
+
+}  // namespace
+
+std::string runtimeErrorText(int number) {
+  return textOf(number);
 }
 
 std::string RuntimeError::message() const {
   return "Errore di run-time '" + std::to_string(number_) + "':\n\n" + runtimeErrorText(number_);
 }
 
-std::string RuntimeError::reason() const {
-  return reason_ != nullptr ? reason_ : runtimeErrorText(number_);
+const char* RuntimeError::reason() const {
+  return reason_ != nullptr ? reason_ : textOf(number_);
 }
 
 RuntimeError presentRuntimeError() {

@@ -36,7 +36,8 @@ class RuntimeError : public std::exception {
   /// "Errore di run-time 'N':", an empty line and the Italian text of the number; lines end in LF.
   std::string message() const;
   /// What went wrong in a few words, without a number: the reason where one is known, else the text of the number.
-  std::string reason() const;
+  /// A literal: that memory is exhausted is told without any.
+  const char* reason() const;
   const char* what() const noexcept override { return "run-time error"; }
 
  private:

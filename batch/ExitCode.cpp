@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <iostream>
+#include <string_view>
 
 #include "batch/TerminalPorts.h"
 #include "platform/system/SystemError.h"
@@ -9,8 +10,10 @@
 namespace vk {
 namespace {
 
+// What tells an error asks for no memory, which may be what has run out.
+
 /// A message without the line ends that a list of errors closes with.
-std::string trimmedEnd(const std::string& text) {
+std::string_view trimmedEnd(std::string_view text) {
   return text.substr(0, text.find_last_not_of('\n') + 1);
 }
 

@@ -111,8 +111,7 @@ std::string latexTable(const FitFindings& findings, const std::string& file) {
   const auto covariance = findings.covariance();
   const auto correlation = covariance ? std::optional(covariance->correlation()) : std::nullopt;
   const int count = findings.start.FreeCount;
-  std::string text = "% \\usepackage{siunitx}\n";
-  if (!file.empty()) text += "% " + file + "\n";
+  std::string text = "% \\usepackage{siunitx}\n% " + file + "\n";
   text += "\\begin{tabular}{lr" + std::string(static_cast<std::size_t>(count), 'r') + "}\n" + kRule;
   text += heads(quantities, count) + kRule;
   for (const Quantity& quantity : quantities) text += row(quantity, correlation, count);

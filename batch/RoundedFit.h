@@ -14,7 +14,7 @@ namespace vk {
 std::string roundedLines(const FitFindings& findings);
 
 /// A table for LaTeX with the package siunitx: values, correlations of the free parameters, chi-square. A comment names
-/// the file, if any.
+/// the file.
 std::string latexTable(const FitFindings& findings, const std::string& file);
 
 }  // namespace vk

@@ -55,14 +55,14 @@ if(NOT VOR_SANITIZE)
   target_link_options(vor_flags INTERFACE -Wl,-z,relro,-z,now)
 endif()
 if(VOR_COVERAGE)
-  # The counts stay in a file that is mapped, so that they also count in a process that ends in the midst of things.
+  # The counts stay in a file that is mapped, so that they also count in a process that ends in the midst of things. All
+  # processes of a program share it: what one adds must not undo what another adds at the same time.
   target_compile_options(vor_flags INTERFACE -fcoverage-mapping
     -fprofile-instr-generate=${CMAKE_BINARY_DIR}/counts/%m%c.profraw
-    "SHELL:-mllvm -runtime-counter-relocation")
+    "SHELL:-mllvm -runtime-counter-relocation" -fprofile-update=atomic)
   target_link_options(vor_flags INTERFACE -fprofile-instr-generate)
   # A function of an unnamed namespace is known by its name and that of its source, which joined sources share.
-  target_compile_options(vor_flags INTERFACE
-    "$<$<NOT:$<BOOL:$<TARGET_PROPERTY:VOR_FEWER_CHECKS>>>:SHELL:-Xclang -main-file-name -Xclang $<TARGET_PROPERTY:NAME>>")
+  target_compile_options(vor_flags INTERFACE "SHELL:-Xclang -main-file-name -Xclang $<TARGET_PROPERTY:NAME>")
 endif()
 
 # vor_library(name [GLUE] [DEPENDS library ...] [WITHOUT file ...]): the static library vor_<name> from the sources of

@@ -80,9 +80,9 @@ std::string correctionText(Correction correction, const SimulationSettings& sim,
     case Correction::kMoved:
       return kLimitMoved;
     case Correction::kErrorOfY:
-      return kErrorOfYSet;
+      break;
   }
-  return {};
+  return kErrorOfYSet;
 }
 
 /// Tells what was not reasonable in the settings. True when the user wants to go on with what was corrected, or when

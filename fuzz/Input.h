@@ -21,6 +21,9 @@ class Input {
 
   bool isEmpty() const { return left_.empty(); }
 
+  /// In bytes.
+  std::size_t size() const { return left_.size(); }
+
   /// A number from 0 to `count` - 1; 0 when nothing is left.
   unsigned choice(unsigned count) {
     if (left_.empty()) return 0;
@@ -52,5 +55,8 @@ class Input {
  private:
   std::string_view left_;
 };
+
+/// What a target does with an input. It throws where a promise is broken.
+void probe(Input input);
 
 }  // namespace vk

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -112,6 +111,8 @@ std::string tamed(std::string_view word) {
 /// Whether several files were fitted, by children whose messages stay in their copy of the stream.
 bool hadChildren = false;
 
+}  // namespace
+
 /// Each line is a word of a command line. It gives one of the exit codes, and says why where it is not 0.
 void probe(Input input) {
   static const Folder folder;
@@ -133,10 +134,4 @@ void probe(Input input) {
   require(code == kExitDone || hadChildren || !errors.text().empty(), "a message with a failure");
 }
 
-}  // namespace
 }  // namespace vk
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vk::probe({data, size});
-  return 0;
-}

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 
@@ -14,6 +16,18 @@
 namespace vk {
 namespace {
 
+/// True where a number has few digits only: nearer to 0 than all with the full number of them.
+bool isSubnormal(double value) {
+  return std::fpclassify(value) == FP_SUBNORMAL;
+}
+
+/// True where the numbers of a data set have digits enough to be rounded.
+bool haveAllDigits(const DataSet& data) {
+  return std::ranges::none_of(
+      std::array{&data.Xpnt, &data.Ypnt, &data.ErrXpnt, &data.ErrYpnt},
+      [&](const auto* column) { return std::ranges::any_of(column->span(1, data.NumPnt), isSubnormal); });
+}
+
 /// Both readers take what the writer makes of a data set, with any number of digits; and with all digits, or where six
 /// are told to be enough, they bring every number back.
 void probeWriter(DataSet data, int digits) {
@@ -25,7 +39,9 @@ void probeWriter(DataSet data, int digits) {
   const DataReading rounded = parseLines(text);
   require(rounded.errors.empty() && rounded.declaredCount == data.NumPnt, "a data file that can be read");
   // Sixteen digits are more than a number has, but not enough to tell all numbers apart.
-  require(digits == kMostDataDigits - 1 || dataFileText(rounded.data, digits) == text, "one way to write");
+  require(digits == kMostDataDigits - 1 || !haveAllDigits(rounded.data) ||
+              dataFileText(rounded.data, digits) == text,
+          "one way to write");
   const FreeFieldReading free = parseFreeFields(text);
   require(free.complete && areEqual(free.data, rounded.data), "both readers read the same");
   require(losesDigits(data) != areEqual(parseLines(dataFileText(data)).data, data), "lost digits are told");
@@ -118,19 +134,18 @@ void probeGrid(std::string_view text) {
 }
 
 }  // namespace
-}  // namespace vk
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vk::Input input(data, size);
+void probe(Input input) {
   switch (input.choice(3)) {
     case 0:
-      vk::probeNumbers(input);
+      probeNumbers(input);
       break;
     case 1:
-      vk::probeText(input);
+      probeText(input);
       break;
     default:
-      vk::probeGrid(input.rest());
+      probeGrid(input.rest());
   }
-  return 0;
 }
+
+}  // namespace vk

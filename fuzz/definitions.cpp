@@ -1,8 +1,10 @@
-#include <cstdint>
-
 #include "fuzz/DefinitionProbe.h"
+#include "fuzz/Input.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vk::DefinitionProbe().probe(std::string(reinterpret_cast<const char*>(data), size));
-  return 0;
+namespace vk {
+
+void probe(Input input) {
+  DefinitionProbe().probe(std::string(input.rest()));
 }
+
+}  // namespace vk

@@ -219,10 +219,9 @@ class EditorProbe {
 };
 
 }  // namespace
-}  // namespace vk
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vk::Input input(data, size);
-  vk::EditorProbe(input).run();
-  return 0;
+void probe(Input input) {
+  EditorProbe(input).run();
 }
+
+}  // namespace vk

@@ -1,6 +1,5 @@
 #include <cctype>
 #include <cmath>
-#include <cstdint>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -178,6 +177,8 @@ std::string fittedLine(Session& session) {
   return fitted(session, line);
 }
 
+}  // namespace
+
 /// Any data, formula and starting values are refused in words or fitted. Everything told is a number, the same fit
 /// tells the same again, and a session that has seen it fits as a fresh one does.
 void probe(Input input) {
@@ -194,10 +195,4 @@ void probe(Input input) {
   if (!told.empty()) require(fitted(session, wanted) == told, "the same fit again");
 }
 
-}  // namespace
 }  // namespace vk
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vk::probe({data, size});
-  return 0;
-}

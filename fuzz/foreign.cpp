@@ -1,4 +1,3 @@
-#include <cstdint>
 #include <string_view>
 
 #include "data/DataFiles.h"
@@ -10,7 +9,7 @@ namespace vk {
 namespace {
 
 /// Any bytes are refused in words, or give a data file that its reader takes and that holds the same points.
-void probe(std::string_view bytes, const ForeignOptions& options) {
+void probeReading(std::string_view bytes, const ForeignOptions& options) {
   const ForeignReading reading = readForeign(bytes, options);
   if (!reading.refusal.empty()) return;
   require(!descriptionOf(reading).empty(), "a description of what was taken");
@@ -20,15 +19,15 @@ void probe(std::string_view bytes, const ForeignOptions& options) {
 }
 
 }  // namespace
-}  // namespace vk
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-  vk::probe(bytes, {});
-  vk::ForeignOptions told;
+void probe(Input input) {
+  const std::string_view bytes = input.rest();
+  probeReading(bytes, {});
+  ForeignOptions told;
   told.columns = {"1", "2"};
   told.headerLines = 1;
   told.average = 2;
-  vk::probe(bytes, told);
-  return 0;
+  probeReading(bytes, told);
 }
+
+}  // namespace vk

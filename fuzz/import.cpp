@@ -85,19 +85,18 @@ void choose(Input& input, TableImport& table) {
 }
 
 }  // namespace
-}  // namespace vk
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vk::Input input(data, size);
+void probe(Input input) {
   const unsigned choices = input.choice(4);
   const std::string_view bytes = input.part();
-  vk::probeReading(bytes);
-  vk::TableImport window;
+  probeReading(bytes);
+  TableImport window;
   window.open(std::string(bytes));
-  vk::probeShown(window);
+  probeShown(window);
   for (unsigned i = 0; i < choices; ++i) {
-    vk::choose(input, window);
-    vk::probeShown(window);
+    choose(input, window);
+    probeShown(window);
   }
-  return 0;
 }
+
+}  // namespace vk

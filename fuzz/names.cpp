@@ -214,10 +214,9 @@ class NamesProbe {
 };
 
 }  // namespace
-}  // namespace vk
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vk::Input input(data, size);
-  vk::NamesProbe(input).run();
-  return 0;
+void probe(Input input) {
+  NamesProbe(input).run();
 }
+
+}  // namespace vk

@@ -1,5 +1,4 @@
 #include <cmath>
-#include <cstdint>
 #include <string_view>
 
 #include "batch/FitResultFile.h"
@@ -8,7 +7,6 @@
 #include "fuzz/OneFile.h"
 
 namespace vk {
-namespace {
 
 /// Any bytes are refused in words, or give parameters with errors and correlations that a propagation can use.
 void probe(Input input) {
@@ -34,10 +32,4 @@ void probe(Input input) {
   factorOf(fitted.correlation, fitted.file);
 }
 
-}  // namespace
 }  // namespace vk
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vk::probe({data, size});
-  return 0;
-}

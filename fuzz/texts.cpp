@@ -166,31 +166,30 @@ void probeLines(Input& input) {
 }
 
 }  // namespace
-}  // namespace vk
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vk::Input input(data, size);
+void probe(Input input) {
   switch (input.choice(7)) {
     case 0:
-      vk::probeReading(input.rest());
+      probeReading(input.rest());
       break;
     case 1:
-      vk::probeValue(input);
+      probeValue(input);
       break;
     case 2:
-      vk::probeError(input);
+      probeError(input);
       break;
     case 3:
-      vk::probeUtf8(input.rest());
+      probeUtf8(input.rest());
       break;
     case 4:
-      vk::probeCodePages(input.rest());
+      probeCodePages(input.rest());
       break;
     case 5:
-      vk::probeMarkup(input.rest());
+      probeMarkup(input.rest());
       break;
     default:
-      vk::probeLines(input);
+      probeLines(input);
   }
-  return 0;
 }
+
+}  // namespace vk

@@ -10,7 +10,6 @@ namespace {
 
 /// The step of a span of m * 10^k, with m from 1 to below 10, as a multiple of 10^k.
 double stepFactor(double m) {
-  if (m < 1) return 0.1;
   if (m < 2) return 0.2;
   return m <= 4 ? 0.5 : 1;
 }

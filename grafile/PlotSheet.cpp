@@ -27,17 +27,20 @@ std::string hexadecimal(Colour colour) {
   return text;
 }
 
+std::string fieldText(double number) {
+  return FormatPattern(number);
+}
+const std::string& fieldText(const std::string& text) {
+  return text;
+}
+
 /// A command with fields.
 template <class... Fields>
 std::string command(const std::string& name, const Fields&... fields) {
   std::string list;
   const auto add = [&](const auto& field) {
     if (!list.empty()) list += ", ";
-    if constexpr (std::is_arithmetic_v<std::remove_cvref_t<decltype(field)>>) {
-      list += FormatPattern(field);
-    } else {
-      list += field;
-    }
+    list += fieldText(field);
   };
   (add(fields), ...);
   return "\\" + name + "(" + list + ")";

@@ -26,7 +26,6 @@ constexpr int kLeastEntry = 8;  // characters
 struct Range {
   double low = std::numeric_limits<double>::infinity(), high = -low;
   void add(double value) {
-    if (!std::isfinite(value)) return;
     low = std::min(low, value);
     high = std::max(high, value);
   }

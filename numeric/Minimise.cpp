@@ -56,7 +56,8 @@ bool Minimiser::computeResiduals(double& sum) {
   const std::span<double> place = *std::ranges::find_if_not(places_, inUse);
   const bool computed = residuals_.ComputeResiduals(X, F, place, sum);
   F = place;
-  return computed || fail(MinimiseEnd::kResidualsFailed);
+  if (!computed) fail(MinimiseEnd::kResidualsFailed);
+  return computed;
 }
 
 bool Minimiser::fail(MinimiseEnd end) {

@@ -34,7 +34,7 @@ std::optional<NormalTriangle> NormalTriangle::of(std::vector<Column> columns, Co
   }
   const CovarianceMatrix covariance = result.covariance();
   for (int i = 1; i <= covariance.size(); ++i) {
-    if (!(covariance.at(i, i) > 0 && std::isfinite(covariance.at(i, i)))) return std::nullopt;
+    if (!std::isfinite(covariance.at(i, i))) return std::nullopt;
   }
   return result;
 }

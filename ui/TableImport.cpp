@@ -255,10 +255,9 @@ bool TableImport::usesColumn(std::size_t column) const {
 std::string TableImport::columnHead(std::size_t column) const {
   std::string head = std::to_string(column + 1);
   if (!usesColumn(column)) return head;
-  for (int field = kX; field <= kDy; ++field) {
-    if (columnOf(reading_.roles, field) == column) return head + ": " + caption(static_cast<Field>(field));
-  }
-  return head;
+  int field = kX;
+  while (columnOf(reading_.roles, field) != column) ++field;
+  return head + ": " + caption(static_cast<Field>(field));
 }
 
 std::string TableImport::firstPoints() const {

@@ -52,7 +52,7 @@ void splitAtBlanks(std::string_view rest, std::vector<std::string_view>& cells) 
 
 void splitAtSigns(std::string_view rest, char separator, std::vector<std::string_view>& cells) {
   const auto separates = [&](char c) { return c == separator; };
-  while (true) {
+  for (;;) {
     while (!rest.empty() && isBlank(rest.front()) && rest.front() != separator) rest.remove_prefix(1);
     cells.push_back(takeCell(rest, separates));
     if (rest.empty()) return;

@@ -116,8 +116,7 @@ class Reader {
 
   /// True for a line whose last cell, such as a remark, is there but empty.
   bool endsInEmptyCell(const ForeignLine& line) const {
-    return cells_.size() < reading_.shape.cells && !line.text.empty() &&
-           line.text.back() == reading_.dialect.separator && line.text.back() != ' ';
+    return cells_.size() < reading_.shape.cells && line.text.ends_with(reading_.dialect.separator);
   }
 
   /// The place of the first line that looks like most of those with numbers.

@@ -16,16 +16,8 @@ cp "$program" "$root"/examples/*.{dat,fcn,gra} "$root/tests/files/it-csv-utf8.cs
 printf '%s\n' 'Massa (g)' 'Allungamento (mm)' 5 '50 20,5 1' '100 39.0 1' '150 61.5' '200 80.0 1' '250 101.5 1' \
   > "$place/sbagliato.dat"
 
-export XDG_RUNTIME_DIR=$work
-Xvfb -displayfd 3 -screen 0 1000x760x24 3> "$work/display" &> /dev/null &
-until [ -s "$work/display" ]; do
-  kill -0 $! # the server has not failed
-  sleep 0.2
-done
-DISPLAY=:$(< "$work/display")
-export DISPLAY
-openbox &> /dev/null & # windows get the focus, and menus open by key, only under a window manager
-sleep 1
+source "$root/checks/screen.sh"
+open_screen "$work"
 
 start() { # files: the program anew, behind its box of welcome
   (cd "$place" && exec ./vor_kel "$@" &> /dev/null) &

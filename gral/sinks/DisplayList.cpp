@@ -15,14 +15,18 @@ void DisplayList::reset() {
   *this = DisplayList();
 }
 
+// What belongs to a primitive is stored before it is entered: without the memory for it there is no primitive.
+
 void DisplayList::add(Kind kind, std::initializer_list<double> numbers) {
-  entries_.push_back({kind, numbers_.size(), numbers.size()});
+  const std::size_t first = numbers_.size();
   numbers_.insert(numbers_.end(), numbers);
+  entries_.push_back({kind, first, numbers.size()});
 }
 
 void DisplayList::add(Kind kind, std::span<const PixelPoint> points) {
-  entries_.push_back({kind, points_.size(), points.size()});
+  const std::size_t first = points_.size();
   points_.insert(points_.end(), points.begin(), points.end());
+  entries_.push_back({kind, first, points.size()});
 }
 
 void DisplayList::clear(const SheetSize& size, Colour background) {
@@ -73,8 +77,8 @@ void DisplayList::floodFill(const PixelPoint& start, Colour limit) {
 }
 
 void DisplayList::text(const TextRun& run) {
-  entries_.push_back({Kind::kText, texts_.size(), 1});
   texts_.push_back(run);
+  entries_.push_back({Kind::kText, texts_.size() - 1, 1});
 }
 
 void DisplayList::clip(const PixelRect* region) {
@@ -87,8 +91,8 @@ void DisplayList::clip(const PixelRect* region) {
 }
 
 void DisplayList::picture(const Picture& picture, const TwipPoint& corner) {
-  entries_.push_back({Kind::kPicture, pictures_.size(), 1});
   pictures_.push_back({picture, corner});
+  entries_.push_back({Kind::kPicture, pictures_.size() - 1, 1});
 }
 
 void DisplayList::refresh() {

@@ -52,7 +52,6 @@ class AreaTimes : public RasterSink {
   void figure(std::span<const PixelPoint> points, bool fill, bool) override {
     if (fill && takeFilling()) RasterSink::figure(points, true, false);
   }
-  void floodFill(const PixelPoint&, Colour) override {}
   void text(const TextRun&) override {}
   void picture(const Picture& picture, const TwipPoint& corner) override {
     const TwipPoint size{picture.width * picture.twipsPerPixel, picture.height * picture.twipsPerPixel};

@@ -286,7 +286,6 @@ void Raster::ring(PixelPoint centre, double innerRadius, double outerRadius, con
   for (int y = first; y < last; ++y) {
     const double dy = static_cast<double>(y) - centre.y;
     const int outer = reach(outerRows, outerRadius, dy), inner = reach(innerRows, innerRadius, dy);
-    if (outer < 0) continue;
     if (inner < 0) {
       paint(y, centre.x - outer, centre.x + outer + 1, brush);
     } else {

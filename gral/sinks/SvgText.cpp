@@ -77,7 +77,7 @@ std::string svgText(const TextLine& line, Colour color, LetterMetrics& metrics) 
   Pieces pieces(metrics);
   for (const TextLine::Letter& letter : line.letters) pieces.add(letter);
   std::string text;
-  const double size = line.letters.empty() ? 0 : line.letters.front().size;
+  const double size = line.letters.front().size;
   for (const Piece& piece : pieces.all()) {
     if (&piece == &pieces.all().front()) {
       text = placeOf(piece) + ">" + piece.letters;
@@ -87,7 +87,6 @@ std::string svgText(const TextLine& line, Colour color, LetterMetrics& metrics) 
             (piece.first.size == size ? "" : svgAttribute("font-size", svgNumber(piece.first.size))) +
             placeOf(piece) + ">" + piece.letters + "</tspan>";
   }
-  if (text.empty()) return text;
   const std::string place = svgNumber(line.place.x) + " " + svgNumber(line.place.y);
   const std::string turn = line.angle == 0 ? "" : "rotate(" + svgNumber(-line.angle) + ")";
   return "<text stroke=\"none\"" + svgAttribute("fill", svgColour(color)) +

@@ -7,7 +7,7 @@
 namespace vk {
 
 /// A line of text as an element of an SVG document, in UTF-8: the place of each letter is told, so that it stays where
-/// the drawing has it. Empty for a line without a letter.
+/// the drawing has it. The line has a letter at least.
 ///
 /// Some viewers take only the first place of a list and set the other letters behind it. They begin anew wherever that
 /// would lead a letter astray.

@@ -170,10 +170,8 @@ void SvgWriter::flush() {
     body_ += "<path fill=\"none\"" + svgAttribute("d", path_.take()) + "/>\n";
   }
   if (text_.empty()) return;
-  const std::string text = svgText(text_.take(), pen_.color, letters_);
-  if (text.empty()) return;
   openGroup();
-  body_ += text + "\n";
+  body_ += svgText(text_.take(), pen_.color, letters_) + "\n";
 }
 
 /// The end of the body, for an element in a group with the present pen.

@@ -171,6 +171,13 @@ void Children::collect(std::map<int, ProcessEnd>& ends) {
   }
 }
 
+/// Who started the program may have left it deaf to the ends of processes: then the system would drop their exit codes.
+void hearOfEnds() {
+  struct sigaction present {};
+  ::sigaction(SIGCHLD, nullptr, &present);
+  if (present.sa_handler == SIG_IGN) ::signal(SIGCHLD, SIG_DFL);
+}
+
 sigset_t endingSignals() {
   sigset_t signals;
   sigemptyset(&signals);
@@ -187,6 +194,7 @@ void mask(int how) {
 
 void runInProcesses(int count, int jobs, const std::function<int(int)>& task,
                     const std::function<bool(int, const ProcessEnd&)>& take) {
+  hearOfEnds();
   Children children(task);
   std::map<int, ProcessEnd> ends;  // that wait for one before them
   for (int started = 0, taken = 0; taken < count;) {
@@ -205,7 +213,9 @@ ProcessEnd runProgram(const std::vector<std::string>& words, std::string_view in
   const auto run = [&](int) {
     std::FILE* const file = std::tmpfile();
     if (file == nullptr) return kNotFound;
-    if (!input.empty() && std::fwrite(input.data(), 1, input.size(), file) != input.size()) return kNotFound;
+    const bool whole =
+        std::fwrite(input.data(), 1, input.size(), file) == input.size() && std::fflush(file) == 0;
+    if (!whole) return kNotFound;
     std::rewind(file);
     ::dup2(::fileno(file), STDIN_FILENO);
     std::vector<char*> arguments;

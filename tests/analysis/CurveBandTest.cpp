@@ -99,5 +99,10 @@ TEST(IntervalFactor, IsStudentsForADeviationFromTheScatter) {
   EXPECT_NEAR(intervalFactor(95, 30000), 1.95999, 1E-4);
 }
 
+TEST(IntervalFactor, IsNearlyTheNormalOneForVeryManyDegreesOfFreedom) {
+  for (const int freedom : {1'000'000, 100'000'000, 2'000'000'000})
+    EXPECT_NEAR(intervalFactor(95, freedom), 1.959963985, 1E-4) << freedom;
+}
+
 }  // namespace
 }  // namespace vk

@@ -180,6 +180,34 @@ TEST(FitData, TakesTheErrorsOfYAsEffectiveWhenAllXAreEqual) {
   for (int j = 1; j <= 3; ++j) EXPECT_EQ(fit.points.ErrEff[j], fit.points.ErrYpnt[j]);
 }
 
+TEST(FitData, TakesTheSlopeOfThePointBeforeAtTheEndsOfAllNumbers) {
+  // A step beyond the outermost point leads out of the range of numbers. The slope is 1E-300.
+  struct End {
+    Values x, slopes;
+  };
+  for (const auto& [x, slopes] :
+       {End{{1E308, 1.2E308, 1.79E308}, {1, 1, 1}}, End{{-1.79E308, -1.2E308, -1E308}, {0, 1, 1}}}) {
+    FitCase fit("a*(x/1E300)", "a");
+    fit.data(x, {x[0] / 1E300, x[1] / 1E300, x[2] / 1E300}, Values(3, 1E5), Values(3, 1E305));
+    fit.start({1.5});
+    EXPECT_EQ(fit.fit().status, FitStatus::kCompleted);
+    for (int j = 1; j <= 3; ++j) {
+      const double byX = slopes[static_cast<std::size_t>(j) - 1];
+      EXPECT_NEAR(fit.points.ErrEff[j] / 1E5, std::sqrt(1 + byX), kMinimum) << x[0] << ", " << j;
+    }
+  }
+}
+
+TEST(FitData, OfNoPointsAndNoFreeParametersIsCompleted) {
+  FitCase fit("a*x", "a");
+  fit.points.allocate(0, kTrue);
+  fit.start({1}, "a");
+  const FitResult result = fit.fit();
+  EXPECT_EQ(result.status, FitStatus::kCompleted);
+  EXPECT_THAT(fit.log.turns(), ElementsAre("start", "finish", "start", "finish last"));
+  EXPECT_EQ(fit.value(1), 1);
+}
+
 TEST(FitData, DoesNotFitTwiceWhenTheFirstFitFails) {
   FitCase fit("b*LOG(x)", "b");
   fit.data({1, 2, -1}, {1, 2, 3}, {1, 1, 1}, {1, 1, 1});

@@ -42,6 +42,13 @@ TEST(FitWarnings, AreNoneWhereAllIsWell) {
   EXPECT_EQ(Compared().warnings(), Warnings{});
 }
 
+TEST(FitWarnings, SayNothingOfTheErrorsOfNoPoints) {
+  Compared fit;
+  fit.data.allocate(0, kFalse);
+  EXPECT_FALSE(haveInventedErrors(fit.data));
+  EXPECT_EQ(fit.warnings(), Warnings{});
+}
+
 TEST(FitWarnings, JudgeChiSquareByItsProbability) {
   Compared fit;
   fit.refined.confidencePercent = 0.1;

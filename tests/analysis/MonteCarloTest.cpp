@@ -166,6 +166,13 @@ TEST_F(MonteCarloTest, FailuresWhileTheBinsAreSetUpAreForgotten) {
   EXPECT_EQ(simulation.run([](const SampleStatistics&) {}), MonteCarlo::End::kCompleted);
 }
 
+TEST_F(MonteCarloTest, TheCentreOfTheCircleHasNoDeviateAndTheValueStays) {
+  set(1, 0, 1);
+  EXPECT_TRUE(sample(std::make_unique<CyclingRandom>(std::vector{0.5F})));
+  EXPECT_EQ(lastSample[1], 0);
+  EXPECT_EQ(hits(31), MonteCarlo::kSamples);
+}
+
 /// Samples drawn one by one, beside a simulation that starts with the same numbers.
 class MonteCarloBesideSingleSamplesTest : public MonteCarloTest {
  protected:

@@ -104,6 +104,15 @@ TEST(RefinedFit, HasNoReducedChiSquareBeyondTheRangeOfNumbers) {
   EXPECT_FALSE(result.confidencePercent.has_value());
 }
 
+TEST(RefinedFit, HasNoProbabilityOfAChiSquareBeyondTheRangeOfItsFunction) {
+  FitCase fit("a+0*x", "a");
+  fit.data({1, 2, 3}, {1E150, -1E150, 1E150}, {1, 1, 1});
+  fit.start({1});
+  const RefinedFit result = refine(fit.problem(), fit.par, nullptr, XErrors::kEffective);
+  EXPECT_TRUE(result.reducedChiSquare.has_value());
+  EXPECT_FALSE(result.confidencePercent.has_value());
+}
+
 // ---- Errors in x
 
 FitCase lineWithXErrors() {
@@ -181,6 +190,31 @@ TEST(RefinedFit, TakesSlopesOfWhatCanBeComputedAroundAPoint) {
     std::vector<double> r(2);
     residuals.at(std::vector<double>{2}, r);
     EXPECT_NEAR(r[0], -1 / std::sqrt(5), kMinimum) << within;
+  }
+}
+
+TEST(RefinedFit, TakesTheStepOfSlopesFromXWhereThatHasNoRange) {
+  // The difference of fourth order with the step h is 2 - 4 k h^4 here, which is to be -2: so h is 0.001 at 0, and a
+  // thousandth of x elsewhere.
+  struct OnePlace {
+    const char* formula;
+    std::vector<double> x;
+  };
+  for (const auto& [formula, x] : {OnePlace{"a*x+1E12*x^5", {0}}, OnePlace{"a*x+(x-1000)^5", {1000}},
+                                   OnePlace{"a*x+(x+1000)^5", {-1000, -1000}}, OnePlace{"a*x", {}}}) {
+    FitCase fit(formula, "a");
+    fit.points.allocate(static_cast<int>(x.size()), kTrue);
+    for (int j = 1; j <= fit.points.NumPnt; ++j) {
+      fit.points.Xpnt[j] = x.front();
+      fit.points.Ypnt[j] = 2 * x.front() + 1;
+      fit.points.ErrXpnt[j] = fit.points.ErrYpnt[j] = 1;
+    }
+    fit.start({2});
+    EffectiveResiduals residuals(fit.problem(), fit.par);
+    std::vector<double> r(residuals.count());
+    residuals.at(std::vector<double>{2}, r);
+    for (const double residual : r) EXPECT_NEAR(residual, -1 / std::sqrt(5), kMinimum) << formula;
+    EXPECT_EQ(r.size(), x.size());
   }
 }
 

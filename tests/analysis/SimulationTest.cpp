@@ -81,6 +81,13 @@ TEST_F(SimulateTest, TellsOfAnExhaustedKernelOnceForEachPoint) {
   EXPECT_EQ(log.kernels.size(), 7U);
 }
 
+TEST_F(SimulateTest, FailsWhereNumbersGiveNoDeviate) {
+  CyclingRandom centre({0.5F});
+  RandomSource source(centre);
+  const SimulationSettings settings = settingsOf(std::array{0.0, 1.0, 3.0, 1.0, 0.0, 0.0, 0.0});
+  EXPECT_EQ(errorOf([&] { simulate(settings, model, par, source, log); }), kInvalidCall);
+}
+
 TEST_F(SimulateTest, FailsBeyondAllNumbers) {
   EXPECT_EQ(errorOf([&] { simulated({-1E308, 1E308, 3, 1, 0, 0, 0}); }), kOverflow);
 }

@@ -36,6 +36,15 @@ TEST_F(TransformTest, GivesNewDataAndLeavesTheOldOnes) {
   EXPECT_THAT(data.Xpnt.span(1, 3), ElementsAre(1, 2, 3));
 }
 
+TEST_F(TransformTest, OfNoPointsGivesNone) {
+  data.allocate(0, kFalse);
+  const TransformResult result = transformed("x", "yd", "LOG(x)");
+  EXPECT_TRUE(result.replaced());
+  EXPECT_TRUE(result.failed.empty());
+  EXPECT_EQ(result.data.NumPnt, 0);
+  EXPECT_EQ(result.data.TitleY, "s");
+}
+
 TEST_F(TransformTest, NamesTheRowsWhoseFormulaFails) {
   const TransformResult result = transformed("x", "LOG(x-2)", "dy");
   EXPECT_THAT(result.data.Ypnt.span(1, 3), ElementsAre(-1, 0, 0));

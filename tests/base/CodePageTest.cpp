@@ -58,7 +58,10 @@ TEST(CodePage, CaseIsIgnoredInLatinAndGreekLetters) {
   }
   EXPECT_TRUE(equalIgnoringLetterCase("\x85", "\x85"));
   EXPECT_FALSE(equalIgnoringLetterCase("\x85", "\x84"));
-  EXPECT_FALSE(equalIgnoringLetterCase("a", "\x84"));
+  for (const char* text : {"", "a", "ab"}) {
+    EXPECT_FALSE(equalIgnoringLetterCase(text, "\x84")) << text;
+    EXPECT_FALSE(equalIgnoringLetterCase("\x84", text)) << text;
+  }
 }
 
 TEST(CodePage, GreekLettersThatLookLikeOthersAreThose) {

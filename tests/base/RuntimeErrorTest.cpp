@@ -10,8 +10,8 @@ namespace {
 
 TEST(RuntimeError, TellsItsNumberAndItalianText) {
   EXPECT_EQ(RuntimeError(kDivisionByZero).message(), "Errore di run-time '11':\n\nDivisione per zero");
-  EXPECT_EQ(RuntimeError(kDivisionByZero).reason(), "Divisione per zero");
-  EXPECT_EQ(RuntimeError(kDeviceIoError, "Disco pieno").reason(), "Disco pieno");
+  EXPECT_STREQ(RuntimeError(kDivisionByZero).reason(), "Divisione per zero");
+  EXPECT_STREQ(RuntimeError(kDeviceIoError, "Disco pieno").reason(), "Disco pieno");
   EXPECT_EQ(RuntimeError(kDeviceIoError, "Disco pieno").message(),
             "Errore di run-time '57':\n\nErrore di I/O della periferica");
 }

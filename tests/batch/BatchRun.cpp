@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "doubles/Places.h"
 #include "doubles/TemporaryFolder.h"
@@ -24,13 +23,6 @@ std::filesystem::path testFolder() {
 }
 
 }  // namespace
-
-std::string fileContent(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream bytes;
-  bytes << file.rdbuf();
-  return bytes.str();
-}
 
 std::string temporaryFile(const std::string& name, const std::string& content) {
   const std::string path = (testFolder() / name).string();

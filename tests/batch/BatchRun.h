@@ -28,7 +28,4 @@ std::string temporaryFile(const std::string& name, const std::string& content);
 /// A path in the folder of the test's own files, where nothing stands yet.
 std::string freshPath(const std::string& name);
 
-/// The bytes of a file.
-std::string fileContent(const std::string& path);
-
 }  // namespace vk

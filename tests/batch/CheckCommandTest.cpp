@@ -80,6 +80,8 @@ TEST(BatchCheck, TheCauseOfOtherEndingsIsToldToo) {
                 ": si attende un file .DAT, .GRD, .FCN o .GRA; sembra un file CSV con virgola decimale: "
                 "vor_kel_batch import '" +
                 file + "'\n");
+  const std::string good = temporaryFile("A.XYZ", "t\nV\n2\n1 2 .1\n3 4 .1\n");
+  EXPECT_EQ(batch("check '" + good + "'").errors, good + ": si attende un file .DAT, .GRD, .FCN o .GRA\n");
 }
 
 TEST(BatchCheck, WhatIsOddAboutAGoodFileIsAWarning) {
@@ -90,83 +92,46 @@ TEST(BatchCheck, WhatIsOddAboutAGoodFileIsAWarning) {
   EXPECT_EQ(run.errors, file + ": attenzione: dy nullo o negativo nel punto 2\n");
 }
 
-TEST(BatchCheck, AFormulaOfAGraphicFileInAnotherSenseIsAWarning) {
-  const std::string axes = "\\XASSE(0,9,1,3,3,0)\r\n\\YASSE(0,9,1,3,3,0)\r\n\\PARAMETRI(omega=3,a=-1)\r\n";
-  const std::string file = temporaryFile(
-      "A.GRA", axes + "\\FUNZIONE(SIN( omega*x )+a)\r\n\\FUNZIONE(2x+1)\r\n\\FUNZIONE(x*2,5)\r\n");
-  const std::string told = file + ": attenzione: formula:\n2x+1\n^ \"2x\" non e` un numero: forse 2*x\n" +
-                           file +
-                           ": attenzione: formula:\nx*2,5\n   ^ la virgola separa solo gli argomenti di una "
-                           "funzione: forse 2.5\n";
-  const BatchRun check = batch("check '" + file + "'");
-  EXPECT_EQ(check.exitCode, 0);
-  EXPECT_EQ(check.output, file + ": nessun errore\n");
-  EXPECT_EQ(check.errors, told);
-  const BatchRun draw = batch("draw --format svg -o - '" + file + "'");
-  EXPECT_EQ(draw.exitCode, 0);
-  EXPECT_EQ(draw.errors, told);
+TEST(BatchCheck, AGoodGraphicFileHasNoErrors) {
+  const BatchRun run = batch("check '" + temporaryFile("A.GRA", "\\SIMBOLO(3,4)\r\n") + "'");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.errors, "");
 }
 
-TEST(BatchCheck, ARefusedFormulaOfAGraphicFileHasItsAdvice) {
-  const std::string file =
-      temporaryFile("A.GRA",
-                    "\\XASSE(0,9,1,3,3,0)\r\n\\YASSE(0,9,1,3,3,0)\r\n\\PARAMETRI(omega=3)\r\n"
-                    "\\FUNZIONE(omega*x**2)\r\n\\FUNZIONE(sen(q))\r\n");
-  const std::string advice =
-      file + ": attenzione: formula:\nomega*x**2\n       ^ \"**\" non e` un segno: forse ^\n" + file +
-      ": attenzione: formula:\nsen(q)\n^ \"sen\" non e` una funzione: forse SIN\n"
-      "    ^ \"q\" non e` definita\n";
-  const std::string refusal = "*** Funzione omega*x**2 Errata\n*** Funzione sen(q) Errata\n";
-  const BatchRun check = batch("check '" + file + "'");
-  EXPECT_EQ(check.exitCode, 2);
-  EXPECT_EQ(check.output, refusal);
-  EXPECT_EQ(check.errors, advice + file + ": il file contiene errori\n");
-  const BatchRun draw = batch("draw --format svg -o - '" + file + "'");
-  EXPECT_EQ(draw.exitCode, 2);
-  EXPECT_EQ(draw.errors, advice + file + ":\n" + refusal);
+TEST(BatchCheck, PrintsTheListOfAGraphicFile) {
+  const BatchRun run = batch(
+      "check '" + temporaryFile("a.gra", "\\CERCHIO(3,4)\n\\SIMBOLO(q,1)\n\\XASSE(0,1,2,0,3,1)\n") + "'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.output,
+            "***\\CERCHIO(3,4) Comando Errato\n"
+            "*** Parametri di SIMBOLO Errati\n"
+            "*** Parametri di XASSE Errati\n");
 }
 
-// What may stand in a file of each kind, and why it is no other.
+TEST(BatchCheck, AGraphicFileThatEndsTooSoonIsBadInput) {
+  const std::string figure = temporaryFile("A.GRA", "\\SIMBOLO(3,&");
+  const BatchRun run = batch("check '" + figure + "'");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.errors, figure + ": Input oltre la fine del file\n");
+}
+
+// What may stand in a file of each kind.
 TEST(BatchCheck, TellsWhatAFileOfAnotherKindIs) {
   const std::string image = "\x89PNG\r\n\x1A\n0", figure = "\\SIMBOLO(3,4)\r\n",
-                    data = "t\nV\n2\n1 2 .1\n3 4 .1\n", functions = "b,c\nb*x+c\nRetta\n";
-  struct Case {
-    const char* name;
-    std::string bytes;
-    const char *last, *told;  ///< the last line of the list, and why it is no figure
-  };
-  for (const Case& c : {
-           Case{"A.FCN", "", "il file e` vuoto", nullptr},
-           Case{"A.FCN", image, "sembra un'immagine", nullptr},
-           Case{"A.FCN", figure, "sembra un file grafico (.GRA)", nullptr},
-           Case{"A.FCN", data, "sembra un file dati (.DAT)", nullptr},
-           Case{"A.DAT", functions, "sembra un file funzioni (.FCN)", nullptr},
-           Case{"A.DAT", figure, "sembra un file grafico (.GRA)", nullptr},
-           Case{"A.GRA", "\r\n", nullptr, "il file e` vuoto"},
-           Case{"A.GRA", image, nullptr, "sembra un'immagine"},
-           Case{"A.GRA", "%PDF-1.4\n", nullptr, "sembra un documento PDF"},
-           Case{"A.GRA", data, nullptr, "sembra un file dati (.DAT)"},
-           Case{"A.GRA", functions, nullptr, "sembra un file funzioni (.FCN)"},
-           Case{"A.GRA", "% note\nuna nota\n", nullptr, "non contiene comandi"},
-       }) {
-    if (c.last != nullptr) {
-      EXPECT_EQ(lastLine(c.bytes, c.name), c.last);
-      continue;
-    }
-    const std::string file = temporaryFile(c.name, c.bytes), drawing = temporaryFile("OUT.svg", "old");
-    const std::string told = file + ": non e` un file grafico: " + c.told + "\n";
-    EXPECT_EQ(batch("check '" + file + "'").errors, told);
-    const BatchRun draw = batch("draw '" + file + "' --anyway -o '" + drawing + "'");
-    EXPECT_EQ(draw.exitCode, 2) << c.told;
-    EXPECT_EQ(draw.errors, told);
-    EXPECT_EQ(fileContent(drawing), "old");
-  }
+                    data = "t\nV\n2\n1 2 .1\n3 4 .1\n", functions = "b,c\nb*x+c\nRetta\n",
+                    grid = "x\ny\nz\n2 2\n0 1\n0 1\n0 1\n1 2\n";
+  EXPECT_EQ(lastLine("", "A.FCN"), "il file e` vuoto");
+  EXPECT_EQ(lastLine(image, "A.FCN"), "sembra un'immagine");
+  EXPECT_EQ(lastLine(figure, "A.FCN"), "sembra un file grafico (.GRA)");
+  EXPECT_EQ(lastLine(data, "A.FCN"), "sembra un file dati (.DAT)");
+  EXPECT_EQ(lastLine(functions, "A.DAT"), "sembra un file funzioni (.FCN)");
+  EXPECT_EQ(lastLine(grid, "A.FCN"), "sembra un file griglia (.GRD)");
+  EXPECT_EQ(lastLine(figure, "A.DAT"), "sembra un file grafico (.GRA)");
 }
 
 TEST(BatchCheck, AFolderIsToldAsSuch) {
-  for (const char* words :
-       {"check tests", "check tests/", "draw tests -o x.svg", "fit tests --catalogue 1,2 --par b=1 --par c=0",
-        "import tests", "simulate --catalogue 1,2 --par b=1 --par c=0 -o tests"}) {
+  for (const char* words : {"check tests", "check tests/", "fit tests --catalogue 1,2 --par b=1 --par c=0",
+                            "import tests", "simulate --catalogue 1,2 --par b=1 --par c=0 -o tests"}) {
     const BatchRun run = batch(words);
     EXPECT_EQ(run.exitCode, 2) << words;
     EXPECT_THAT(run.errors, HasSubstr(": e` una cartella\n")) << words;

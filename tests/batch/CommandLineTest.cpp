@@ -3,6 +3,7 @@
 
 #include "batch/BatchRun.h"
 #include "doubles/Places.h"
+#include "doubles/TemporaryFolder.h"
 
 namespace vk {
 namespace {
@@ -35,6 +36,12 @@ TEST(BatchEval, AFailedEvaluationHasExitCodeOneAndNoValue) {
     EXPECT_EQ(run.output, "") << words;
     EXPECT_EQ(run.errors, "Errori nel Calcolo della Funzione\n") << words;
   }
+}
+
+TEST(BatchEval, WithoutAFormulaIsBadInput) {
+  const BatchRun run = batch("eval");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.errors, "eval: manca la formula\n");
 }
 
 TEST(BatchEval, AFormulaThatDoesNotCompileIsBadInput) {
@@ -188,10 +195,10 @@ TEST(BatchFit, BadArgumentsAreBadInput) {
   const std::string data = "fit '" + temporaryFile("L.DAT", kLine) + "' ";
   for (const char* words :
        {"", "--catalogue 1,2", "--catalogue 1,2 --par b=1", "--catalogue 1,2 --par b=1 --par c=0 --par d=0",
-        "--catalogue 10,2 --par b=1 --par c=0", "--catalogue 1,9 --par b=1 --par c=0", "--catalogue uno",
-        "--function 'b*x+q' --par b=1", "--catalogue 1,2 --fixed b=1 --fixed c=0",
-        "--catalogue 1,2 --par b --par c=0", "--file /nowhere/x.fcn --entry 1 --par b=1",
-        "--catalogue 1,2 --function x --par b=1"}) {
+        "--catalogue 10,2 --par b=1 --par c=0", "--catalogue 1,1.5 --par b=1 --par c=0",
+        "--catalogue 1,9 --par b=1 --par c=0", "--catalogue uno", "--function 'b*x+q' --par b=1",
+        "--catalogue 1,2 --fixed b=1 --fixed c=0", "--catalogue 1,2 --par b --par c=0",
+        "--file /nowhere/x.fcn --entry 1 --par b=1", "--catalogue 1,2 --function x --par b=1"}) {
     const BatchRun run = batch(data + words);
     EXPECT_EQ(run.exitCode, 2) << words;
     EXPECT_FALSE(run.errors.empty()) << words;

@@ -1,5 +1,6 @@
 #include "batch/BatchRun.h"
 #include "doubles/Places.h"
+#include "doubles/TemporaryFolder.h"
 
 namespace vk {
 namespace {

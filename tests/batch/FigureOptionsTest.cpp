@@ -7,6 +7,7 @@
 
 #include "batch/BatchRun.h"
 #include "batch/TerminalPorts.h"
+#include "doubles/TemporaryFolder.h"
 
 namespace vk {
 namespace {
@@ -107,6 +108,30 @@ TEST(BatchDraw, MakesEncapsulatedPostScript) {
   EXPECT_THAT(fileContent(eps), HasSubstr(box.str()));
 }
 
+TEST(BatchDraw, MakesImagesOfASizeOrWithoutGroundAlone) {
+  const std::string figure = figureFile(), sized = freshPath("S.png"), bare = freshPath("B.png");
+  EXPECT_EQ(batch("draw '" + figure + "' -o '" + sized + "' --size 12x8cm").exitCode, 0);
+  EXPECT_EQ(batch("draw '" + figure + "' -o '" + bare + "' --transparent").exitCode, 0);
+  EXPECT_EQ(fileContent(sized).substr(24, 2), "\x08\x02");  // 8 bits of colour, and below with opacity
+  EXPECT_EQ(fileContent(bare).substr(24, 2), "\x08\x06");
+}
+
+TEST(BatchDraw, TellsThatTheProgramForPostScriptIsMissingOrBreaks) {
+  const std::string figure = figureFile(), eps = freshPath("E.eps");
+  const std::string folder = std::filesystem::path(figure).parent_path();
+  const std::string draw = "PATH='" + folder + "' VOR draw '" + figure + "' -o '" + eps + "'";
+  const BatchRun missing = shell(draw);
+  EXPECT_EQ(missing.exitCode, 2);
+  EXPECT_EQ(missing.errors, "Per figure .EPS serve il programma pdftops (pacchetto poppler-utils)\n");
+  const std::string program =
+      temporaryFile("pdftops", "#!/bin/sh\n[ \"$1\" = -v ] && exit\necho rotto >&2\nexit 3\n");
+  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+  const BatchRun broken = shell(draw);
+  EXPECT_EQ(broken.exitCode, 2);
+  EXPECT_EQ(broken.errors, "pdftops NON ha scritto la figura: rotto\n");
+  EXPECT_FALSE(std::filesystem::exists(eps));
+}
+
 TEST(BatchDraw, BadWishesForAFigureLeaveNoFile) {
   const std::string draw = "draw '" + figureFile() + "' -o '", png = freshPath("B.png"),
                     svg = freshPath("B.svg");
@@ -117,7 +142,8 @@ TEST(BatchDraw, BadWishesForAFigureLeaveNoFile) {
                {svg + "' --dpi 300", "--dpi: solo per figure .PNG"},
                {png + "' --dpi high", "--dpi"},
                {png + "' --size 12x8cm --scale 2", "--size esclude --scale"},
-               {png + "' --scale 5 --dpi 1200", "--dpi: la figura avrebbe troppi punti"}};
+               {png + "' --scale 5 --dpi 1200", "--dpi: la figura avrebbe troppi punti"},
+               {png + "' --size 50x50cm --dpi 1200", "--dpi: la figura avrebbe troppi punti"}};
   for (const auto& [words, complaint] : cases) {
     const BatchRun run = batch(draw + words);
     EXPECT_EQ(run.exitCode, 2) << words;
@@ -129,7 +155,7 @@ TEST(BatchDraw, BadWishesForAFigureLeaveNoFile) {
 
 TEST(BatchFit, FigureOfASizeKeepsItsLettersAndTheGraphicFile) {
   const std::string svg = freshPath("F.svg"), small = freshPath("G.svg"), saved = freshPath("F.GRA"),
-                    alone = freshPath("G.GRA");
+                    alone = freshPath("G.GRA"), upright = freshPath("H.GRA");
   EXPECT_EQ(batch(kFitOhm + ("--figure '" + svg) + "'").exitCode, 0);
   EXPECT_EQ(batch(kFitOhm + ("--figure '" + small) + "' --size 9x7cm --save-gra '" + saved + "'").exitCode,
             0);
@@ -142,7 +168,9 @@ TEST(BatchFit, FigureOfASizeKeepsItsLettersAndTheGraphicFile) {
     EXPECT_THAT(fileContent(file), HasSubstr("font-size=\"170.08\"")) << file;
     EXPECT_THAT(fileContent(file), HasSubstr(">I (A)</text>")) << file;
   }
+  EXPECT_EQ(batch(kFitOhm + ("--save-gra '" + upright) + "' --portrait").exitCode, 0);
   EXPECT_EQ(fileContent(saved), fileContent(alone));
+  EXPECT_EQ(fileContent(upright), fileContent(alone));
 }
 
 TEST(BatchFit, SameFigureIsTheSameFile) {

@@ -1,10 +1,9 @@
 #include <algorithm>
-#include <filesystem>
 #include <map>
 
-#include "base/NumberText.h"
 #include "batch/BatchRun.h"
 #include "doubles/Places.h"
+#include "doubles/TemporaryFolder.h"
 
 namespace vk {
 namespace {
@@ -22,29 +21,6 @@ std::string sampleText(const std::string& name) {
     text.insert(at, "examples/");
   }
   return text;
-}
-
-TEST(BatchCheck, AGoodGraphicFileHasNoErrors) {
-  const BatchRun run = batch("check '" + temporaryFile("A.GRA", "\\SIMBOLO(3,4)\r\n") + "'");
-  EXPECT_EQ(run.exitCode, 0);
-  EXPECT_EQ(run.errors, "");
-}
-
-TEST(BatchCheck, PrintsTheListOfAGraphicFile) {
-  const BatchRun run = batch(
-      "check '" + temporaryFile("a.gra", "\\CERCHIO(3,4)\n\\SIMBOLO(q,1)\n\\XASSE(0,1,2,0,3,1)\n") + "'");
-  EXPECT_EQ(run.exitCode, 2);
-  EXPECT_EQ(run.output,
-            "***\\CERCHIO(3,4) Comando Errato\n"
-            "*** Parametri di SIMBOLO Errati\n"
-            "*** Parametri di XASSE Errati\n");
-}
-
-TEST(BatchCheck, AGraphicFileThatEndsTooSoonIsBadInput) {
-  const std::string figure = temporaryFile("A.GRA", "\\SIMBOLO(3,&");
-  const BatchRun run = batch("check '" + figure + "'");
-  EXPECT_EQ(run.exitCode, 2);
-  EXPECT_EQ(run.errors, figure + ": Input oltre la fine del file\n");
 }
 
 TEST(BatchFit, SavesTheTextsOfItsFiguresAsTheProgramDoes) {
@@ -124,34 +100,6 @@ TEST(BatchFit, RefusesAStyleThatNobodyKnowsOrSees) {
               HasSubstr("--style: si attende modern"));
 }
 
-TEST(BatchFit, AFigureThatCannotBeWrittenIsBadInput) {
-  const BatchRun run = batch(std::string(kFitOhm) + "--save-gra /nowhere/at/all.gra");
-  EXPECT_EQ(run.exitCode, 2);
-  EXPECT_EQ(run.errors, "/nowhere/at/all.gra: Impossibile trovare il percorso\n");
-}
-
-TEST(BatchFit, AFunctionThatCannotBeComputedHasNoFigure) {
-  // The curve begins at x = 0 and has 80 steps to 100: more than five points lie where LOG fails.
-  std::string data = "x\r\ny\r\n 40\r\n";
-  for (int i = 0; i < 40; ++i) data += generalText(9 + i * 2.3) + " " + generalText(i * .1) + " .1\r\n";
-  const std::string figure = freshPath("OUT.GRA");
-  const BatchRun run = batch("fit '" + temporaryFile("L.DAT", data) +
-                             "' --function 'a*LOG(x-t)' --par a=1 --fixed t=8.9 --save-gra '" + figure + "'");
-  EXPECT_EQ(run.exitCode, 1);
-  EXPECT_EQ(run.errors,
-            "fit: Errori nel Calcolo della Funzione\nLa funzione non si puo` calcolare: nessun grafico\n");
-  EXPECT_THAT(run.output, HasSubstr("Completata"));
-  EXPECT_FALSE(std::filesystem::exists(figure));
-}
-
-TEST(BatchFit, AFailedFitMakesNoFigures) {
-  const std::string figure = freshPath("OUT.GRA");
-  const BatchRun run =
-      batch("fit examples/ohm.dat --function 'a*x+b-b' --par a=1 --par b=1 --save-gra '" + figure + "'");
-  EXPECT_EQ(run.exitCode, 1);
-  EXPECT_FALSE(std::filesystem::exists(figure));
-}
-
 TEST(BatchProgram, StartsWithoutTheToolkit) {
   const std::string libraries = temporaryFile("libraries", "");
   ASSERT_EQ(std::system(("ldd '" + builtPath("batch/vor_kel_batch") + "' > '" + libraries + "'").c_str()), 0);
@@ -180,6 +128,9 @@ TEST(BatchDraw, AFigureWithErrorsLeavesAnOldFileAlone) {
   EXPECT_EQ(anyway.exitCode, 2);
   EXPECT_EQ(anyway.errors, run.errors);
   EXPECT_THAT(fileContent(image), HasSubstr("<svg"));
+  const BatchRun shown = batch("draw '" + figure + "' --show");
+  EXPECT_EQ(shown.exitCode, 2);
+  EXPECT_EQ(shown.output, "");
 }
 
 TEST(BatchDraw, MakesVectorFiles) {
@@ -276,8 +227,9 @@ TEST(BatchDraw, OptionsOfAGridThatDoNotGoTogetherAreBadUsage) {
   const std::string grid = " --grid '" + temporaryFile("A.GRD", kGrid) + "'";
   const std::string out = " -o '" + freshPath("A.svg") + "'";
   for (const std::string& words :
-       {std::string(""), grid + " a.gra", grid + " --theta 110", std::string(" a.gra --surface"),
-        grid + " --surface --columns", grid + " --levels 0", grid + " --surface --phi 200"}) {
+       {std::string(""), grid + " a.gra", grid + " --theta 110", grid + " --phi 110",
+        std::string(" a.gra --surface"), grid + " --surface --columns", grid + " --levels 0",
+        grid + " --surface --phi 200"}) {
     EXPECT_EQ(batch("draw" + out + words).exitCode, 2) << words;
   }
 }

@@ -9,6 +9,7 @@
 
 #include "batch/BatchRun.h"
 #include "doubles/Places.h"
+#include "doubles/TemporaryFolder.h"
 #include "doubles/Tolerances.h"
 
 // Data with the objects that belong to them, every member of them. The lines of both come from GoldenObjectsTest.py but

@@ -2,6 +2,7 @@
 
 #include "batch/BatchRun.h"
 #include "doubles/Places.h"
+#include "doubles/TemporaryFolder.h"
 
 namespace vk {
 namespace {

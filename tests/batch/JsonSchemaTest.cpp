@@ -10,6 +10,7 @@
 #include "analysis/FitWarnings.h"
 #include "batch/BatchRun.h"
 #include "doubles/Places.h"
+#include "doubles/TemporaryFolder.h"
 
 namespace vk {
 namespace {

@@ -10,6 +10,7 @@
 
 #include "batch/BatchRun.h"
 #include "doubles/Places.h"
+#include "doubles/TemporaryFolder.h"
 
 namespace vk {
 namespace {
@@ -97,6 +98,15 @@ TEST(BatchManyFits, KeepTheOrderAndTellFailuresInTheirLines) {
   }
 }
 
+TEST(BatchManyFits, TellHowFarTheyAreWhereAPersonLooksOn) {
+  const std::string a = lineFile("A.DAT"), out = temporaryFile("TABLE", "");
+  const BatchRun run =
+      shell("script -qec \"VOR fit " + a + " " + a + kModel + "--csv > '" + out + "'\" /dev/null");
+  EXPECT_EQ(run.exitCode, 0);
+  const std::string away = "\r\x1B[K";
+  EXPECT_EQ(run.output, away + "\r1/2" + away + "\r2/2" + away);
+}
+
 TEST(BatchManyFits, AFileThatMayNotBeReadStopsNoOther) {
   const std::string a = lineFile("A.DAT");
   const std::string folder = std::filesystem::path(a).parent_path();
@@ -126,6 +136,19 @@ TEST(BatchManyFits, HaveColumnsForAllThatWasAskedFor) {
     EXPECT_EQ(std::ranges::count(line, ','), std::ranges::count(header, ',')) << line;
 }
 
+TEST(BatchManyFits, HaveNoErrorsOfConstantParametersAndOfNoMinimum) {
+  const BatchRun run =
+      batch("fit " + failingFile("F.DAT") + " --catalogue 1,2 --par b=1 --fixed c=0 --csv --refine");
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_THAT(run.output, EndsWith(",failed,2,1,,,0,,,,1,,,,,,0,,,,,failed,"
+                                   "il residuo dell'ultimo punto NON e` calcolabile\n"));
+}
+
+TEST(BatchManyFits, HaveNoScaledErrorsOfQuantitiesWithoutAMinimum) {
+  const BatchRun run = batch("fit " + lineFile("A.DAT") + kModel + "--csv --derive 'Q=2*b'");
+  EXPECT_THAT(run.output, HasSubstr(",confidence_percent,Q,Q_error,reason\n"));
+}
+
 TEST(BatchManyFits, PrintScreensBehindTheNamesOfTheFiles) {
   const std::string a = lineFile("A.DAT"), b = lineFile("B.DAT");
   const std::string screen = batch("fit " + a + kModel).output;
@@ -145,7 +168,8 @@ TEST(BatchManyFits, RefuseWhatMakesNoSense) {
   for (const char* jobs : {"0", "-1", "1001"})
     EXPECT_EQ(errors(std::string("--csv --jobs ") + jobs), "--jobs: si attende un numero da 1 a 1000\n");
   EXPECT_EQ(errors(a + " --json"), "--json: per piu` di un file serve --json-lines\n");
-  for (const char* figure : {"--save-gra f.gra", "--differences d.dat", "--save-gra f.gra --band 68"}) {
+  for (const char* figure :
+       {"--save-gra f.gra", "--differences d.dat", "--save-gra f.gra --band 68", "--band 68"}) {
     const std::string told = "Grafici e differenze: solo di un file alla volta, senza --csv e --json-lines\n";
     EXPECT_EQ(errors(a + " " + figure), told);
     EXPECT_EQ(errors(std::string("--csv ") + figure), told);

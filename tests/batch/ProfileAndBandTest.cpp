@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "batch/BatchRun.h"
+#include "doubles/TemporaryFolder.h"
 
 namespace vk {
 namespace {
@@ -99,6 +100,14 @@ TEST(BatchBand, OfInventedErrorsIsTheScattersByStudent) {
   // Differences .05, -.1, .05, and one degree of freedom: t is 12.7062 at 95 per cent.
   const double error = std::sqrt(0.015) * std::sqrt(1.0 / 3 + 1.0 / 2);
   EXPECT_NEAR(firstY(savedFigure("1", "--band 95")), 2.95 - 12.7062 * error, 1E-4);
+}
+
+TEST(BatchBand, OfInventedErrorsWithoutAScatterIsThatOfTheErrors) {
+  const std::string file = temporaryFile("BAND.GRA", ""), data = "x\r\ny\r\n 2\r\n1 3 1\r\n2 5 1\r\n";
+  const BatchRun run = batch("fit '" + temporaryFile("TWO.DAT", data) +
+                             "' --catalogue 1,2 --par b=1 --par c=0 --band 68 --save-gra '" + file + "'");
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_NEAR(firstY(fileContent(file)), 3 - 1, 1E-4);
 }
 
 TEST(BatchBand, NeedsAFigureAndAPercentage) {

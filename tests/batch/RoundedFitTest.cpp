@@ -7,7 +7,9 @@
 namespace vk {
 namespace {
 
+using ::testing::ContainsRegex;
 using ::testing::HasSubstr;
+using ::testing::MatchesRegex;
 
 std::string straightFit(const std::string& words) {
   return "fit '" +
@@ -38,6 +40,29 @@ TEST(BatchRounded, TakesTheMinimumWhereTheFitFails) {
   const BatchRun alone = batch(straightFit("--par b_1=2E200 --par c=1 --rounded"));
   EXPECT_EQ(alone.exitCode, 1);
   EXPECT_EQ(alone.output, "");
+}
+
+TEST(BatchRounded, LeavesOutWhatIsNotKnown) {
+  // Of a product only the product is known; what the function trembles about has no derivative.
+  const std::string product = straightFit("--par b_1=1 --par c=2 --refine --rounded");
+  const BatchRun unknown = batch(std::string(product).replace(product.find("b_1*x+c"), 7, "b_1*c*x"));
+  EXPECT_EQ(unknown.exitCode, 0);
+  EXPECT_THAT(unknown.output, MatchesRegex("b_1 = 0\\.980[0-9]+ = 9\\.80[0-9]+E-1\nc = 2\\.32[0-9]+\n"));
+  const BatchRun missing = batch(straightFit("--par b_1=1 --fixed c=1 --derive 'Q=1/(c-1)' --rounded"));
+  EXPECT_EQ(missing.exitCode, 1);
+  EXPECT_EQ(missing.output, "b_1 = 2.004 +- 0.013 = 2.004(13)\nc = 1 costante\n");
+}
+
+TEST(BatchLatex, HasNoCorrelationsWhereTheyAreNotKnownAndNoTableOfAFitThatFailed) {
+  const std::string fit = straightFit("--par b_1=1 --par c=0.5 --latex");
+  const auto of = [&](const char* function) {
+    return batch(std::string(fit).replace(fit.find("b_1*x+c"), 7, function));
+  };
+  EXPECT_THAT(of("b_1*x+c+1E-2*SIN(1E12*c)").output,
+              ContainsRegex("b\\\\_1 & \\\\num\\{1\\.98[0-9]+\\} & & "));
+  const BatchRun failed = of("b_1*x+c-c");
+  EXPECT_EQ(failed.exitCode, 1);
+  EXPECT_EQ(failed.output, "");
 }
 
 TEST(BatchLatex, PrintsATableOfValuesAndCorrelations) {

@@ -48,7 +48,7 @@ class Caught : private std::streambuf {
 
 }  // namespace
 
-BatchRun runHere(const std::string& line, const std::function<int(const std::function<int()>&)>& around) {
+BatchRun runHere(const std::string& line, const AroundCommand& around) {
   std::vector<std::string> words{"vor_kel_batch"};
   std::istringstream rest(line);
   for (std::string word; rest >> word;) words.push_back(word);

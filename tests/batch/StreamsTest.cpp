@@ -1,6 +1,7 @@
 #include <sstream>
 
 #include "batch/BatchRun.h"
+#include "doubles/TemporaryFolder.h"
 
 namespace vk {
 namespace {
@@ -91,6 +92,16 @@ TEST(BatchStreams, EveryFileThatIsWrittenMayBeStandardOutput) {
     EXPECT_EQ(quiet.output, stream.output) << words;
     EXPECT_EQ(quiet.errors, "") << words;
   }
+}
+
+TEST(BatchStreams, AFigureOnOneNamesTheFilesBesideIt) {
+  const std::string figure = temporaryFile("F.GRA", "");
+  const std::string folder = figure.substr(0, figure.rfind('/'));
+  const BatchRun run =
+      shell("ohm=$PWD/examples/ohm.dat; cd '" + folder +
+            "'; VOR fit $ohm --catalogue 1,2 --par b=40 --par c=0 --style modern --residuals --save-gra -");
+  EXPECT_THAT(run.output, HasSubstr("\\DATI(grafico_scarti.dat)\r\n"));
+  EXPECT_NE(fileContent(folder + "/grafico_scarti.dat"), "");
 }
 
 TEST(BatchStreams, CommandsWorkInAPipe) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "batch/TerminalPorts.h"
+#include "doubles/ResourceLimit.h"
 #include "platform/system/Sixel.h"
 
 namespace vk {
@@ -49,6 +50,13 @@ TEST(TerminalPicture, IsShownAsSixelsNoWiderThanTheTerminal) {
   EXPECT_TRUE(text.starts_with("\x1BP"));
   EXPECT_TRUE(text.ends_with("\x1B\\\n"));
   EXPECT_NE(text.find("\"1;1;800;4#"), std::string::npos) << text.substr(0, 40);
+}
+
+TEST(TerminalPicture, IsRefusedWhereNobodyMakesSixels) {
+  // The sanitizer opens a file when the library makes an object of a type for the first time.
+  EXPECT_THROW(requireShowWord("none"), UsageError);
+  const ResourceLimit files(RLIMIT_NOFILE, 0);  // the library of sixels cannot be opened
+  EXPECT_THROW(showPicture({.width = 1, .height = 1, .pixels = {kRed}}, "sixel"), UsageError);
 }
 
 TEST(TerminalPicture, OnlyTwoWordsAreKnown) {

@@ -102,7 +102,9 @@ TEST(TypedFormula, HasTheReportOfTheCompilerWhereItIsAskedFor) {
   EXPECT_EQ(good.errors, report);
   for (const std::string& words :
        {fitOf("a*x"), fitOf("a*x") + "--derive T=a", std::string("propagate --function a --par a=1,.1"),
-        std::string("simulate --function a*x --par a=1"), "transform " + pairOfPoints() + "--x x+1"}) {
+        std::string("simulate --function a*x --par a=1"), "transform " + pairOfPoints() + "--x x+1",
+        std::string(
+            "fit examples/decay.dat --file examples/lab.fcn --entry 1 --par A=400 --par k=.2 --par b=5")}) {
     EXPECT_THAT(batch(words + " --trace").errors, HasSubstr("*** Controllo della Funzione\n")) << words;
     EXPECT_THAT(batch(words).errors, Not(HasSubstr("***"))) << words;
   }

@@ -2,6 +2,7 @@
 
 #include "batch/BatchRun.h"
 #include "doubles/Places.h"
+#include "doubles/TemporaryFolder.h"
 
 namespace vk {
 namespace {
@@ -53,6 +54,7 @@ TEST(BatchUsage, UnknownWordsAreNamedWithTheNearestKnownOne) {
            Case{"check -z A.DAT", "Opzione sconosciuta: -z"},
            Case{"check '--\x1B[2J' A.DAT", "Opzione sconosciuta: --\u2190[2J"},
            Case{"check A.DAT B.DAT", "Argomento sconosciuto: B.DAT"},
+           Case{"check A.DAT -", "Argomento sconosciuto: -"},
        }) {
     const BatchRun run = batch(c.words);
     EXPECT_EQ(run.exitCode, 2) << c.words;

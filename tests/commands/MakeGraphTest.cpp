@@ -284,6 +284,13 @@ TEST_F(MakeGraphTest, TheCurveOfANarrowFigureIsThatOfItsText) {
   EXPECT_EQ(commandsOf(session.figures.GraphText[2], "FUNZIONE").back(), "SQR(x-1699999999.5)");
 }
 
+TEST_F(MakeGraphTest, APageWithoutSizeIsAnError) {
+  loadPoints();
+  RecorderDevice form, page(PrinterMetrics{Twips(0), Twips(0), 600});
+  makeFigure(session, dialogs, {[&]() -> Device& { return form; }, page}, kDataFigure, kernels, [] {});
+  EXPECT_EQ(session.ErrFlag, kTrue);
+}
+
 TEST_F(MakeGraphTest, EachFigureHasAWindowOfItsOwnCaptionAndScale) {
   loadPoints();
   takeFunction(2, 1, {.25, .5});

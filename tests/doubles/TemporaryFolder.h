@@ -5,6 +5,7 @@
 #include <fstream>
 #include <map>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 
 namespace vk {
@@ -14,6 +15,15 @@ inline std::filesystem::path folderInMemory() {
   const std::filesystem::path memory = "/dev/shm";
   std::error_code ignored;
   return std::filesystem::is_directory(memory, ignored) ? memory : std::filesystem::temp_directory_path();
+}
+
+/// The bytes of a file. Two that are missing would be the same: an exception where it cannot be read.
+inline std::string fileContent(const std::string& path) {
+  const std::ifstream file(path, std::ios::binary);
+  if (!file) throw std::runtime_error("cannot be read: " + path);
+  std::ostringstream bytes;
+  bytes << file.rdbuf();
+  return bytes.str();
 }
 
 /// A folder of its own for a test, gone at its end.
@@ -41,11 +51,7 @@ class TemporaryFolder {
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
   }
-  std::string bytesOf(const std::string& name) const {
-    std::ostringstream bytes;
-    bytes << std::ifstream(*this / name, std::ios::binary).rdbuf();
-    return bytes.str();
-  }
+  std::string bytesOf(const std::string& name) const { return fileContent(*this / name); }
   /// The files of the folder itself, and their bytes.
   std::map<std::string, std::string> files() const {
     std::map<std::string, std::string> files;

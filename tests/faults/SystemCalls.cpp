@@ -81,7 +81,8 @@ std::string SystemCalls::names() const {
 }
 
 const CallFault* SystemCalls::note(const char* name, const std::string& path) {
-  if (path != folder_ && !path.starts_with(folder_ + "/")) return nullptr;
+  const char* inside = folder_ == kPipes ? "[" : "/";
+  if (path != folder_ && !path.starts_with(folder_ + inside)) return nullptr;
   made_.push_back({name, path});
   for (const CallFault& fault : faults_) {
     const auto counts = [&](const SystemCall& call) { return fault.name.empty() || call.name == fault.name; };

@@ -23,6 +23,10 @@ struct SystemCall {
   std::string name, path;
 };
 
+/// How many of the calls that are watched one file needs that is written whole: open, write, fsync, close and rename
+/// of its bytes, open, fsync and close of its folder.
+inline constexpr int kCallsOfASave = 8;
+
 /// True where a command that writes files whole does not come to its end behind this failure of one call. `replaces`:
 /// there was a file before.
 bool stopsASave(const SystemCall& call, int error, bool replaces);
@@ -32,6 +36,9 @@ bool stopsASave(const SystemCall& call, int error, bool replaces);
 /// closed also where its closing fails, as the system does. Nobody waits for the disk.
 class SystemCalls {
  public:
+  /// In the place of a folder: all pipes.
+  static constexpr const char* kPipes = "pipe:";
+
   explicit SystemCalls(std::string folder, std::vector<CallFault> faults = {});
   ~SystemCalls();
   SystemCalls(const SystemCalls&) = delete;

@@ -135,6 +135,7 @@ TEST_F(BoxAndBandTest, ShortTicksPartAnIntervalByTheFinestRoundStep) {
   EXPECT_EQ(parts("5E-7"), 5);
   EXPECT_EQ(parts("6"), 3);
   EXPECT_EQ(parts("1.5"), 3);
+  EXPECT_EQ(parts("2.9999998"), 3) << "a step of a hair less than 1";
 }
 
 TEST_F(BoxAndBandTest, AFrameOfLogarithmicAxesHasTheTicksOfTheDecades) {
@@ -204,6 +205,17 @@ TEST_F(BoxAndBandTest, ABandOfFormulasHasGapsWhereEitherHasNoValue) {
   ASSERT_EQ(both.size(), 2U);
   EXPECT_EQ(corners(both[0]), 160U);
   EXPECT_EQ(corners(both[1]), 160U);
+}
+
+TEST_F(BoxAndBandTest, InAFrameWithNumbersABandOfFormulasRunsOverTheDecades) {
+  const auto band = [&](const std::string& logarithm, const std::string& formulas) {
+    return linesWith(lines({"\\XSCALA(4,18,0,2)", "\\YSCALA(3,12,0,10)", logarithm, "\\RIQUADRO(2,5,1)",
+                            "\\BANDA(" + formulas + ")"}),
+                     "fill ");
+  };
+  const auto drawn = band("\\XLOG(1)", "0*x;SQR(x)");
+  ASSERT_EQ(drawn.size(), 1U);
+  EXPECT_EQ(drawn, band("\\XLOG(0)", "0*x;SQR(10^x)"));
 }
 
 TEST_F(BoxAndBandTest, OnLogarithmicAxesABandTakesLogarithmsAndEndsAtTheScale) {

@@ -21,6 +21,12 @@ TEST(FigureDescription, TakesTheTitleOfTheFigure) {
   EXPECT_EQ(describeFigure("\\TITOLO(Decadimento di ^{137}Cs)\r\n", "a.gra").title, "Decadimento di 137Cs");
 }
 
+TEST(FigureDescription, ReadsNamesOfFilesInUtf8OrAsDosText) {
+  for (const char* name : {"caff\xC3\xA8.dat", "caff\x8A.dat"})
+    EXPECT_EQ(describeFigure("\\DATI(" + std::string(name) + ")\r\n", "t").description,
+              "Dati: caff\xC3\xA8.dat.");
+}
+
 TEST(FigureDescription, PassesOverWhatCannotBeDrawn) {
   const FigureWords words = describeFigure(
       "\\CERCHIO(1)\r\n\\XASSE(a, 70000, 0, 5, 3, "

@@ -59,6 +59,44 @@ TEST_F(FigureValuesTest, OnePointThatCannotBeComputedEndsTheDifferences) {
   EXPECT_FALSE(window.menuEnabled[Control::MenGraDifSav]);
 }
 
+/// The number of lines of the band about the logarithm of the fixture, whose parameter has the error 1.
+class FigureOfABandTest : public MakeGraphTest {
+ protected:
+  FigureOfABandTest() { loadPoints(); }
+  std::ptrdiff_t linesOfBand(const std::string& formula, double t) {
+    takeFormula(formula, t);
+    session.analysis.par.ParDeltas[1] = 1;
+    classifyParameters(session.analysis.par);
+    CovarianceMatrix covariance(1);
+    covariance.set(1, 1, 1E-4);
+    session.figures.band = CurveBand{covariance, 1, false};
+    makeGraph(kFunctionFigure);
+    const std::string& text = session.figures.GraphText[kFunctionFigure];
+    EXPECT_THAT(text, testing::Not(testing::HasSubstr("nan")));
+    std::ptrdiff_t count = 0;
+    for (auto at = text.find("\\LINEA("); at != std::string::npos; at = text.find("\\LINEA(", at + 1))
+      ++count;
+    return count;
+  }
+};
+
+TEST_F(FigureOfABandTest, HasNoneWhereTheFunctionHasNoValue) {
+  // Of the 200 pieces from 0 to 10 every other one is drawn below and above: but for six of them up to 0.5.
+  EXPECT_EQ(linesOfBand("LOG(x-t)", .5), 2 * (100 - 6));
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(FigureOfABandTest, HasNoneBehindTheEndOfTheFunction) {
+  // The piece from 9.50 to 9.55 is the first of five.
+  EXPECT_EQ(linesOfBand("LOG(t-x)", 9.52), 2 * (100 - 5));
+  EXPECT_EQ(session.ErrFlag, 0);
+}
+
+TEST_F(FigureOfABandTest, IsAFailedStepWhereTheParameterHasNoDerivative) {
+  EXPECT_EQ(linesOfBand("x+SQR(t-1)", 1), 0);
+  EXPECT_NE(session.ErrFlag, 0);
+}
+
 TEST_F(FigureValuesTest, EqualXAreOpenedByHalfTheirValueOnBothSides) {
   loadData("A.DAT", {{3, 1, 0, .25}, {3, 2, 0, .5}});
   EXPECT_EQ(makeGraph(kDataFigure), openDrawing([&](GralCls& d) {

@@ -59,10 +59,28 @@ TEST(FineCurve, FindsItsEnds) {
   EXPECT_NEAR(root.x[static_cast<std::size_t>(first - root.y.begin())], 0.3, 2. / 399 / 32);
 }
 
+TEST(FineCurve, FindsGapsOfAnyWidth) {
+  // The widths are 200 and a fifth of the places that it begins with.
+  for (const double end : {0.5, -0.4985}) {
+    static double gapEnd;
+    gapEnd = end;
+    const FineCurve gap = sampled({-1, 1, 10, 10}, [](double x) {
+      return x > -0.4995 && x < gapEnd ? std::numeric_limits<double>::quiet_NaN() : x;
+    });
+    const auto first = std::ranges::find_if_not(gap.y, [](double y) { return std::isfinite(y); });
+    const auto behind = std::find_if(first, gap.y.end(), [](double y) { return std::isfinite(y); });
+    ASSERT_NE(behind, gap.y.end()) << end;
+    EXPECT_NEAR(*(first - 1), -0.4995, 2. / 399 / 32) << end;
+    EXPECT_NEAR(*behind, end, 2. / 399 / 32) << end;
+  }
+}
+
 TEST(FineCurve, EndsAtNoise) {
-  const FineCurve noise = sampled({0, 1, 10, 10}, [](double x) { return std::sin(x * x * 1E9); });
-  EXPECT_GT(noise.x.size(), 10000U);
-  EXPECT_LE(noise.x.size(), 20000U);
+  for (const double width : {10.0, 1000.0}) {
+    const FineCurve noise = sampled({0, 1, width, 10}, [](double x) { return std::sin(x * x * 1E9); });
+    EXPECT_GT(noise.x.size(), 10000U) << width;
+    EXPECT_LE(noise.x.size(), 20000U) << width;
+  }
 }
 
 }  // namespace

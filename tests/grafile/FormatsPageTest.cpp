@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "commands/FunctionFiles.h"
 #include "data/DataFiles.h"
+#include "data/GridFile.h"
 #include "doubles/DrawingLines.h"
 #include "doubles/Places.h"
 #include "platform/system/SystemFiles.h"

@@ -80,6 +80,19 @@ TEST_F(FrameTextsTest, AFrameWritesThemAndItsFunctionsRunOverIt) {
   EXPECT_EQ(numbersOf(*curve).size(), 2 * 400U);
 }
 
+TEST_F(FrameTextsTest, FunctionsOfAFrameAreRefusedLikeOthers) {
+  const std::string frame = lines({"\\XSCALA(4,18,0,10)", "\\YSCALA(3,12,0,6)", "\\RIQUADRO(5,3,1)"});
+  EXPECT_EQ(errorsOf(frame + lines({"\\FUNZIONE(q * x)", "\\FUNZIONE(LOG(-1-x))", "\\FUNZIONE(x)"})),
+            lines({"*** Funzione q * x Errata", "*** Funzione LOG(-1-x) NON Calcolabile"}));
+}
+
+// QUIRK: a function that fails at its last point leaves the error register set at the end of the file.
+TEST_F(FrameTextsTest, AFunctionOfTheLastLineThatFailsAtTheEndOfTheFrameOpensAnEmptyList) {
+  run(lines({"\\XSCALA(4,18,0,10)", "\\YSCALA(3,12,0,6)", "\\RIQUADRO(5,3,1)", "\\FUNZIONE(SQR(9-x))"}));
+  ASSERT_EQ(output.requests.size(), 1U);
+  EXPECT_EQ(output.request().text, "");
+}
+
 TEST_F(FrameTextsTest, UnderLogarithmsFunctionsRunOverTheDecades) {
   const auto curve = [&](const std::string& formula, const std::string& logarithms) {
     std::vector<std::string> drawn = run(lines({"\\XSCALA(4,18,-1,1)", "\\YSCALA(3,12,-2,2)", logarithms,

@@ -76,6 +76,44 @@ TEST_F(GraphicCommandsTest, ADashedLineStartsThePatternAnewEachTime) {
   });
 }
 
+TEST_F(GraphicCommandsTest, ALineOnADrawingWhoseDeviceMakesTheDashesIsALineOfTheDevice) {
+  const auto drawn = [&](const std::function<void(GralCls&)>& draw) {
+    RecorderDevice form;
+    GralCls d(printer);
+    d.GralGrStr(form, "LANDSCAPE", static_cast<double>(session.figures.GraphScale[3]));
+    d.GralUseTra = false;
+    draw(d);
+    return form.lines();
+  };
+  EXPECT_EQ(drawn([&](GralCls& d) {
+              GraphicRun run(files, d, kernels);
+              run.runText("\\TIPO_LINEA(3,4)\r\n\\LINEA(1,2,10,7)\r\n");
+              EXPECT_EQ(run.errors(), "");
+            }),
+            drawn([](GralCls& d) {
+              d.GralPen(3, 4);
+              d.GralLine(1, 2, 10, 7);
+            }));
+}
+
+TEST_F(GraphicCommandsTest, AFileThatIsNamedFromTheRootIsSoughtNowhereElse) {
+  addThreePoints();
+  for (const char* name : {"THREE.DAT", "/THREE.DAT", "\\THREE.DAT"}) {
+    files.content["/D/" + std::string(name)] = files.content["THREE.DAT"];
+  }
+  files.content.erase("THREE.DAT");
+  for (const auto& [name, found] :
+       {std::pair("THREE.DAT", true), {"/THREE.DAT", false}, {"\\THREE.DAT", false}}) {
+    RecorderDevice form;
+    GralCls d(printer);
+    d.GralGrStr(form, "LANDSCAPE", static_cast<double>(session.figures.GraphScale[3]));
+    GraphicRun run(files, d, kernels);
+    run.seekIn({"/D"});
+    run.runText("\\DATI(" + std::string(name) + ")\r\n");
+    EXPECT_EQ(run.errors().empty(), found) << name << run.errors();
+  }
+}
+
 TEST_F(GraphicCommandsTest, ADashedLineWithoutLengthIsAWrongParameter) {
   EXPECT_EQ(errorsOf(lines({"\\TIPO_LINEA(3,2)", "\\LINEA(1,2,1,2)"})), "*** Parametri di LINEA Errati\r\n");
 }

@@ -118,6 +118,57 @@ TEST_F(GridCommandsTest, ColumnsAreThoseOfTheLibraryInABoxThatFillsThePlot) {
       });
 }
 
+TEST_F(GridCommandsTest, TheRoomForLabelsIsKeptAtTheWholePageOnly) {
+  // A side that reaches only one edge of the page is filled like any other.
+  const auto drawnFrom = [&](int left) {
+    const std::string x = std::to_string(left) + "," + std::to_string(left + 10);
+    auto drawn =
+        run("\\XSCALA(" + x + ",0,1)\r\n\\YSCALA(3,12,0,1)\r\n\\COLONNE(90,150,1,0,10,1,slope.grd)\r\n");
+    std::erase_if(drawn, [](const std::string& line) { return !line.starts_with("fill+stroke "); });
+    return drawn;
+  };
+  const auto atEdge = drawnFrom(0), inside = drawnFrom(4);
+  ASSERT_EQ(atEdge.size(), inside.size());
+  for (std::size_t i = 0; i < atEdge.size(); ++i) {
+    const auto a = numbersOf(atEdge[i]), b = numbersOf(inside[i]);
+    ASSERT_EQ(a.size(), b.size());
+    for (std::size_t k = 0; k < a.size(); k += 2) {
+      EXPECT_NEAR(b[k] - a[k], b[0] - a[0], 2) << i;
+      EXPECT_NEAR(a[k + 1], b[k + 1], 1) << i;
+    }
+  }
+}
+
+TEST_F(GridCommandsTest, ASurfaceIsShadedInTheHueOfThePen) {
+  auto drawn = run("\\COLORE(FF0080)\r\n\\SUPERFICIE(110,125,.5,0,10,2,0,slope.grd)\r\n");
+  std::erase_if(drawn, [](const std::string& line) { return !line.starts_with("filling "); });
+  EXPECT_FALSE(drawn.empty());
+  for (const std::string& line : drawn) {
+    const Colour colour =
+        Colour::fromRgb(static_cast<std::uint32_t>(std::stoul(line.substr(8, 6), nullptr, 16)));
+    EXPECT_GE(colour.red(), colour.blue()) << line;
+    EXPECT_GE(colour.blue(), colour.green()) << line;
+  }
+}
+
+TEST_F(GridCommandsTest, TitlesInSpaceAreNeverUpsideDown) {
+  for (const int theta : {20, 65, 110, 155, 200, 245, 290, 335}) {
+    for (const int phi : {40, 125}) {
+      const auto drawn = run("\\RIQUADRO3D(" + std::to_string(theta) + "," + std::to_string(phi) +
+                             ",.5,0,0,0,0,slope.grd)\r\n");
+      int turned = 0;
+      for (const std::string& line : drawn) {
+        const auto end = line.find(" deg ");
+        if (end == std::string::npos) continue;
+        const int angle = std::stoi(line.substr(line.rfind(' ', end - 1)));
+        EXPECT_TRUE(angle >= -90 && angle <= 91) << theta << ", " << phi << ": " << line;
+        turned += angle != 0;
+      }
+      EXPECT_GT(turned, 0) << theta << ", " << phi;
+    }
+  }
+}
+
 TEST_F(GridCommandsTest, ASurfaceHasTheStylesOfTheTable) {
   const auto surface = [&](int style) {
     return run("\\SUPERFICIE(110,125,.5,0,10," + std::to_string(style) + ",3,slope.grd)\r\n");
@@ -214,8 +265,10 @@ TEST_F(GridCommandsTest, LabelsOfASmallBoxOverlapFromEachSide) {
 }
 
 TEST_F(GridCommandsTest, TellsThatNoLevelIsSeen) {
-  EXPECT_EQ(warningsOf("\\CONTORNI(0,0,0,slope.grd;11,12)\r\n"),
-            "*** Attenzione: CONTORNI: nessun livello cade fra i valori di z\r\n");
+  for (const char* levels : {"11,12", "-1,0", "-2,10"}) {
+    EXPECT_EQ(warningsOf("\\CONTORNI(0,0,0,slope.grd;" + std::string(levels) + ")\r\n"),
+              "*** Attenzione: CONTORNI: nessun livello cade fra i valori di z\r\n");
+  }
   files.content["FLAT.GRD"] = lines({"x", "y", "z", "2 2", "0 1", "0 1", "3 3", "3 3"});
   EXPECT_EQ(warningsOf("\\CONTORNI(5,0,0,flat.grd)\r\n"),
             "*** Attenzione: CONTORNI: nessun livello cade fra i valori di z\r\n");
@@ -239,12 +292,21 @@ TEST_F(GridCommandsTest, FieldsThatSayNothingAreWrongParameters) {
     EXPECT_EQ(errorsOf("\\CONTORNI(" + std::string(fields) + ")\r\n"), "*** Parametri di CONTORNI Errati\r\n")
         << fields;
   }
-  for (const char* fields : {"110,0,.5,0,0,1,0", "110,180,.5,0,0,1,0", "110,125,0,0,0,1,0",
-                             "110,125,.5,2,1,1,0", "110,125,.5,0,0,6,3", "110,125,.5,0,0,3,0"}) {
+  for (const char* fields :
+       {"110,0,.5,0,0,1,0", "110,180,.5,0,0,1,0", "110,125,0,0,0,1,0", "110,125,.5,2,1,1,0",
+        "110,125,.5,0,0,6,3", "110,125,.5,0,0,-1,3", "110,125,.5,0,0,3,0"}) {
     EXPECT_EQ(errorsOf("\\SUPERFICIE(" + std::string(fields) + ",slope.grd)\r\n"),
               "*** Parametri di SUPERFICIE Errati\r\n")
         << fields;
   }
+}
+
+TEST_F(GridCommandsTest, AListHasAtMostFiftyLevels) {
+  std::string list = "1";
+  for (int i = 2; i <= 50; ++i) list += ",1";
+  EXPECT_EQ(errorsOf("\\CONTORNI(0,0,0,slope.grd;" + list + ")\r\n"), "");
+  EXPECT_EQ(errorsOf("\\CONTORNI(0,0,0,slope.grd;" + list + ",1)\r\n"),
+            "*** Parametri di CONTORNI Errati\r\n");
 }
 
 TEST_F(GridCommandsTest, ValuesOfAnySizeAreDrawn) {

@@ -1,9 +1,11 @@
 #include "grafile/PlotSheet.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "data/DataFiles.h"
 #include "doubles/DrawingLines.h"
+#include "doubles/Tolerances.h"
 #include "grafile/GraphicCommandsFixture.h"
 #include "grafile/SheetLayout.h"
 
@@ -135,6 +137,40 @@ TEST_F(PlotSheetTest, TheLimitsHoldBarsCurvesAndBands) {
   EXPECT_EQ(limits(alone), (std::array{-2., 2., -2., 2.}));
 }
 
+TEST_F(PlotSheetTest, PlacesWithoutANumberHaveNoPartInTheLimits) {
+  PlotSheet alone;
+  alone.from = -2;
+  alone.to = 2;
+  SheetCurve none = line(1, 0, "x");
+  none.values = [](std::span<const double> x) {
+    return std::vector<double>(x.size(), std::numeric_limits<double>::quiet_NaN());
+  };
+  alone.curves = {none};
+  const SheetLayout layout = layOut(alone, d);
+  EXPECT_EQ(layout.y.low, -1);
+  EXPECT_EQ(layout.y.high, 1);
+}
+
+TEST_F(PlotSheetTest, OfDataAloneHasNoFunctions) {
+  PlotSheet sheet = sheetOf({{0, 1, .2}, {4, 5, .2}});
+  EXPECT_EQ(sheetText(sheet, d).find("%Funzioni"), std::string::npos);
+}
+
+TEST_F(PlotSheetTest, SetsWithoutANameAreNotInTheKeyAndCurvesDifferByTheirLines) {
+  PlotSheet sheet = sheetOf({{0, 1, .2}, {4, 5, .2}, {10, 11, .3}});
+  sheet.points[0].name.clear();
+  sheet.curves = {line(1, 1, "x+1"), line(1, 2, "x+2")};
+  const std::string text = sheetText(sheet, d);
+  const auto count = [&](const std::string& what) {
+    std::ptrdiff_t found = 0;
+    for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) ++found;
+    return found;
+  };
+  EXPECT_EQ(count("\\CHIAVE("), 2);
+  EXPECT_EQ(count("\\TIPO_LINEA(4, "), 4) << "each curve in the box and in the key";
+  EXPECT_EQ(count("\\TIPO_LINEA(4, 1)"), 2);
+}
+
 TEST_F(PlotSheetTest, TheKeyStandsWhereItHidesNothing) {
   const auto corner = [&](double slope, double offset) {
     PlotSheet sheet = sheetOf({{0, 0, 0}, {10, 10, 0}});
@@ -148,6 +184,17 @@ TEST_F(PlotSheetTest, TheKeyStandsWhereItHidesNothing) {
   PlotSheet sheet = sheetOf({{0, 0, 0}, {10, 10, 0}});
   sheet.curves = {line(-1, 10, "")};
   EXPECT_GT(layOut(sheet, d).y.high, 10);
+}
+
+TEST_F(PlotSheetTest, AKeyOfHalfTheBoxStandsTopRightWhateverItHides) {
+  PlotSheet sheet = sheetOf({{0, 0, 0}, {10, 10, 0}, {0, 10, 0}, {10, 0, 0}});
+  sheet.curves.assign(20, line(1, 0, ""));
+  const SheetLayout layout = layOut(sheet, d);
+  const double padding = 0.5 / layout.box.y.cmPerUnit();
+  EXPECT_EQ(layout.y.high, 10) << "not raised for it";
+  EXPECT_GT(layout.keyStep * 21, 5);
+  EXPECT_NEAR(layout.keyY, 10 - padding - layout.keyStep / 2, kThroughScales);
+  EXPECT_GT(layout.keyX, 5);
 }
 
 TEST_F(PlotSheetTest, AKeyWithoutChoiceIsLeftOutAndALongOneShortened) {
@@ -167,6 +214,7 @@ TEST_F(PlotSheetTest, NamesHaveNoMarkupAndFormulasRaisePowers) {
   EXPECT_EQ(formulaInKey("x^0.5-2"), "x^{0.5}-2");
   EXPECT_EQ(formulaInKey("x^(a-(b+1))*y"), "x^{(a-(b+1))}*y");
   EXPECT_EQ(formulaInKey("x^"), "x^{}");
+  EXPECT_EQ(formulaInKey("2^n+x^N1"), "2^{n}+x^{N1}");
   EXPECT_EQ(formulaInKey("y = \xFB(ax\xFD+b)"), "y = \\\\\xD6(ax^2+b)") << "the root of the Greek font";
 }
 
@@ -178,6 +226,19 @@ TEST_F(PlotSheetTest, ResidualsStandBelowOnTheSameX) {
   EXPECT_EQ(layout.residuals.low, -4);
   EXPECT_EQ(layout.residuals.high, 4);
   EXPECT_EQ(layout.residuals.divisions, 4);
+}
+
+TEST_F(PlotSheetTest, ResidualsOfAnySizeHaveTheirLimits) {
+  const std::tuple<double, double, int> sizes[] = {
+      {3.5, 6, 4}, {99, 100, 4}, {249, 300, 6}, {1E9 - 1, 1E9, 4}};
+  for (const auto& [most, high, divisions] : sizes) {
+    PlotSheet sheet = wholeSheet();
+    sheet.residuals->data.Ypnt[2] = -most;
+    const SheetLayout layout = layOut(sheet, d);
+    EXPECT_EQ(layout.residuals.low, -high);
+    EXPECT_EQ(layout.residuals.high, high);
+    EXPECT_EQ(layout.residuals.divisions, divisions) << most;
+  }
 }
 
 }  // namespace

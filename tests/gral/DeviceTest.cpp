@@ -151,6 +151,17 @@ TEST_F(FormDevice, PathIsFilledOrStroked) {
   EXPECT_TRUE(!form.filled && form.stroked);
 }
 
+TEST_F(FormDevice, APathThatIsDrawnIsAtItsEnd) {
+  const PixelPoint two[] = {{1, 2}, {3, 4}};
+  form.BeginPath();
+  form.Polyline(two);
+  form.StrokePath();
+  form.Polyline(two);
+  EXPECT_EQ(form.counts().polylines, 1);
+  form.StrokePath();
+  EXPECT_EQ(form.counts().figures, 1);
+}
+
 TEST_F(FormDevice, PolylineOfOnePointDrawsNothing) {
   const PixelPoint one[] = {{1, 2}};
   form.Polyline(one);

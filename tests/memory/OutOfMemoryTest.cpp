@@ -1,16 +1,17 @@
+#include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <map>
 #include <new>
+#include <set>
 #include <string>
 #include <tuple>
 #include <utility>
 #include <vector>
 
-#include "batch/RunHere.h"
+#include "batch/CommandFolder.h"
 #include "data/DataFiles.h"
 #include "data/foreign/ForeignFile.h"
-#include "doubles/Places.h"
-#include "doubles/TemporaryFolder.h"
 #include "expr/FunctionFile.h"
 #include "memory/ScarceMemory.h"
 #include "ui/DesktopOnDisk.h"
@@ -18,16 +19,19 @@
 namespace vk {
 namespace {
 
-std::string bytesOfFile(const std::string& path) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
-  return bytes.str();
-}
-
-/// The requests grow sparser, as fast as one in so many; the long run leaves out few.
+/// Request after request grows sparser, as fast as one in so many; the long run leaves out few.
 long nextRequest(long request) {
   const long share = std::getenv("VOR_ALL_FAULTS") != nullptr ? 100 : 4;
   return request + 1 + request / share;
+}
+
+/// Those of so many requests that fail, the last with which a command ends among them.
+std::set<long> requestsOutOf(long count) {
+  constexpr long kLast = 5;
+  std::set<long> all;
+  for (long request = 1; request <= count; request = nextRequest(request)) all.insert(request);
+  for (long request = std::max(count - kLast, 0L); ++request <= count;) all.insert(request);
+  return all;
 }
 
 /// Every command of the terminal; "@" is the folder.
@@ -61,36 +65,22 @@ const std::vector<std::string>& terminalCommands() {
 
 class OutOfMemory : public testing::Test {
  protected:
-  OutOfMemory() {
-    for (const char* name : {"ohm.dat", "lab.fcn"})
-      folder.make(name, bytesOfFile(sourcePath(std::string("examples/") + name)));
-    folder.make("A.CSV", "x;y;dy\n1;2,5;0,1\n2;4,5;0,1\n3;6,6;0,1\n");
-    folder.make("ohm.gra", "\\XSCALA(5,25,0,8)\n\\YSCALA(5,15,0,300)\n\\DATI(" + folder / "ohm.dat" + ")\n");
-    folder.make("plane.grd", "x\ny\nz\n3 3\n0 1 2\n0 1 2\n0 1 2\n1 2 3\n2 3 4\n");
-    folder.make("FIT.JSON", run("fit @/ohm.dat --catalogue 1,2 --par b=40 --par c=0 --json").output);
-    before = folder.files();
-  }
-
-  /// Runs a command; `request` fails.
-  BatchRun run(std::string line, long request = 0) {
-    for (std::size_t at = 0; (at = line.find('@', at)) != std::string::npos;)
-      line.replace(at, 1, folder.path());
-    return runHere(line, [&](const std::function<int()>& command) {
-      const ScarceMemory scarce(request);
+  /// Runs a command while requests fail.
+  BatchRun run(const std::string& line, const MemoryFault& fault = {}) {
+    return folder.run(line, [&](const std::function<int()>& command) {
+      const ScarceMemory scarce(fault);
       const int code = command();
       failed = scarce.failed();
+      requests = scarce.requests();
       return code;
     });
   }
-  void empty() {
-    for (const auto& [name, bytes] : folder.files()) {
-      if (!before.contains(name)) std::filesystem::remove(folder / name);
-    }
-  }
+  /// Each request fails in its turn, alone or with all behind it.
+  void failOneByOne(const std::string& line, bool lasts);
 
-  TemporaryFolder folder{folderInMemory()};
-  std::map<std::string, std::string> before;
+  CommandFolder folder;
   bool failed = false;
+  long requests = 0;
   int runs = 0;
 };
 
@@ -101,25 +91,40 @@ std::map<std::string, std::string> texts(std::map<std::string, std::string> file
   return files;
 }
 
+void OutOfMemory::failOneByOne(const std::string& line, bool lasts) {
+  run(line);  // what is made once and stays
+  folder.lay(folder.inputs());
+  const BatchRun good = run(line);
+  const auto after = texts(folder.files());
+  const int before = runs;
+  for (const long request : requestsOutOf(requests)) {
+    folder.lay(folder.inputs());
+    const BatchRun broken = run(line, {request, lasts});
+    if (!failed) continue;
+    ++runs;
+    SCOPED_TRACE(line + (lasts ? ", from request " : ", request ") + std::to_string(request));
+    const auto left = texts(folder.files());
+    for (const auto& [name, bytes] : left)
+      EXPECT_TRUE(after.contains(name) && bytes == after.at(name)) << name;
+    const bool asEver = broken.exitCode == good.exitCode && broken.errors == good.errors;
+    EXPECT_TRUE(asEver ? broken.output == good.output && left == after
+                       : broken.exitCode != 0 && !broken.errors.empty())
+        << broken.exitCode << ' ' << broken.errors;
+  }
+  // The options of all commands, with which any line is read, alone ask for memory more than a hundred times.
+  constexpr int kFewestRuns = 20;
+  EXPECT_GE(runs - before, kFewestRuns) << line;
+}
+
 TEST_F(OutOfMemory, EndsACommandWithAMessageAndWithoutHalfAFile) {
+  for (const std::string& line : terminalCommands()) failOneByOne(line, false);
+  RecordProperty("runs", runs);
+}
+
+TEST_F(OutOfMemory, EndsACommandInTheSameWayWhereItLasts) {
   for (const std::string& line : terminalCommands()) {
-    empty();
-    const BatchRun good = run(line);
-    const auto after = texts(folder.files());
-    for (long request = 1;; request = nextRequest(request)) {
-      empty();
-      const BatchRun broken = run(line, request);
-      if (!failed) break;
-      ++runs;
-      SCOPED_TRACE(line + ", request " + std::to_string(request));
-      const auto left = texts(folder.files());
-      for (const auto& [name, bytes] : left)
-        EXPECT_TRUE(after.contains(name) && bytes == after.at(name)) << name;
-      const bool asEver = broken.exitCode == good.exitCode && broken.errors == good.errors;
-      EXPECT_TRUE(asEver ? broken.output == good.output && left == after
-                         : broken.exitCode != 0 && !broken.errors.empty())
-          << broken.exitCode << ' ' << broken.errors;
-    }
+    // The reader of JSON asks for memory when it gives up what it has read, and nobody can catch that.
+    if (line.find("--from-fit") == std::string::npos) failOneByOne(line, true);
   }
   RecordProperty("runs", runs);
 }
@@ -129,7 +134,7 @@ template <class Reader>
 int failReading(const Reader& reader) {
   const auto good = reader();
   for (long request = 1;; ++request) {
-    const ScarceMemory scarce(request);
+    const ScarceMemory scarce({request});
     try {
       const auto read = reader();
       if (!scarce.failed()) return static_cast<int>(request - 1);
@@ -140,7 +145,8 @@ int failReading(const Reader& reader) {
 }
 
 TEST_F(OutOfMemory, IsNeverTakenForAnErrorInAFile) {
-  const std::string data = before["ohm.dat"], functions = before["lab.fcn"], table = before["A.CSV"];
+  const std::string data = folder.bytesOf("ohm.dat"), functions = folder.bytesOf("lab.fcn"),
+                    table = folder.bytesOf("A.CSV");
   EXPECT_GT(failReading([&] {
               const DataReading reading = parseLines(data);
               return std::pair(reading.errors, int{reading.data.NumPnt});
@@ -173,7 +179,7 @@ TEST(OutOfMemoryOfTheDesktop, IsRunTimeErrorSevenAndLeavesTheSession) {
     desktop.dialogs.boxes.reserve(10);
     bool failed = false;
     {
-      const ScarceMemory scarce(request);
+      const ScarceMemory scarce({request});
       desktop.run(Control::MenDatLet);
       failed = scarce.failed();
     }

@@ -26,6 +26,12 @@ TEST(BestPoints, BeginWithTheBaseAndNoSecond) {
   EXPECT_FALSE(search.points.hasSecond());
 }
 
+TEST(BestPoints, HaveNoSecondWhenTheyBeginAgain) {
+  LineOfPoints search = LineOfPoints(5).tried(1, 4);
+  search.points.begin(4, std::vector<double>{1}, {&search.residuals->back(), 1});
+  EXPECT_FALSE(search.points.hasSecond());
+}
+
 TEST(BestPoints, KeepTheResidualsOfTheirPointsAlone) {
   const LineOfPoints search = LineOfPoints(5).tried(1, 4).tried(2, 3);
   EXPECT_TRUE(search.points.keeps(search.points.best().F.data()));

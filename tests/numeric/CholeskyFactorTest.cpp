@@ -38,7 +38,10 @@ TEST(CholeskyFactor, MayBeSingular) {
   const auto sum = CholeskyFactor::of(lower(3, {1, 0, 1, 1, 1, 2}));
   EXPECT_THAT(sum.value().row(3), ElementsAre(1, 1, 0));
   // A last digit too much is rounding.
-  EXPECT_TRUE(CholeskyFactor::of(lower(2, {1, 1 + 1E-15, 1})).has_value());
+  for (const double unit : {1.0, 1E-20, 1E20})
+    EXPECT_TRUE(CholeskyFactor::of(lower(2, {unit, (1 + 1E-15) * unit, unit})).has_value()) << unit;
+  // Two are one, and the third goes with both.
+  EXPECT_THAT(CholeskyFactor::of(lower(3, {1, 1, 1, 0.6, 0.6, 1})).value().row(3), ElementsAre(0.6, 0, 0.8));
 }
 
 TEST(CholeskyFactor, TakesVariancesOfAnySize) {

@@ -25,6 +25,12 @@ TEST(CovarianceMatrix, HoldsDeviationsAndCorrelations) {
   EXPECT_EQ(matrix.correlation().at(2, 2), 1);
 }
 
+TEST(CovarianceMatrix, CorrelatesWhatHasNoErrorWithItself) {
+  CovarianceMatrix matrix(2);
+  matrix.set(1, 1, 4);
+  EXPECT_EQ(matrix.correlation().at(2, 2), 1);
+}
+
 TEST(CovarianceMatrix, GivesTheVarianceOfAQuantity) {
   EXPECT_EQ(sample().variance(std::array{1.0, 2.0}), 4 + 36 - 12);
 }
@@ -41,6 +47,8 @@ TEST(CovarianceMatrix, ComesFromDeviationsAndCorrelations) {
 TEST(CovarianceMatrix, HasNoOtherIndices) {
   EXPECT_THROW(sample().at(0, 1), RuntimeError);
   EXPECT_THROW(sample().at(1, 3), RuntimeError);
+  EXPECT_THROW(sample().at(3, 1), RuntimeError);
+  EXPECT_THROW(sample().at(1, 0), RuntimeError);
 }
 
 }  // namespace

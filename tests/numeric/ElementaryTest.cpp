@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <bit>
 #include <cstdlib>
 #include <fstream>
@@ -65,6 +66,19 @@ void expectSameBits(const std::vector<double>& found, const std::vector<double>&
 simd::Values column(const std::vector<double>& values) {
   return {values.data()};
 }
+
+#ifdef __x86_64__
+TEST(Elementary, TheInstructionSetsAreThoseOfTheMachine) {
+  const auto has = [](std::string_view name) {
+    const auto sets = elementary::instructionSets();
+    return std::ranges::find(sets, name, &elementary::InstructionSet::name) != sets.end();
+  };
+  EXPECT_TRUE(has("scalar") && has("sse2"));
+  EXPECT_EQ(has("sse4"), __builtin_cpu_supports("sse4.1") != 0);
+  EXPECT_EQ(has("avx"), __builtin_cpu_supports("avx") != 0);
+  EXPECT_EQ(has("avx512"), __builtin_cpu_supports("avx512f") != 0);
+}
+#endif
 
 TEST(Elementary, EveryInstructionSetGivesTheBitsOfTheSingleFunctions) {
   for (const NamedFunction& named : kElementary) {

@@ -3,31 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
 #include <numbers>
 
 #include "doubles/Tolerances.h"
+#include "numeric/MadeResiduals.h"
 
 namespace vk {
 namespace {
 
 using Numbers = std::vector<double>;
-
-/// Residuals given by a function of parameters and the number of the residual.
-class Made : public ResidualFunction {
- public:
-  using Residual = std::function<double(std::span<const double>, int)>;
-  Made(int count, Residual residual) : count_(count), residual_(std::move(residual)) {}
-
-  std::size_t count() const override { return static_cast<std::size_t>(count_); }
-  void at(std::span<const double> parameters, std::span<double> residuals) override {
-    for (int j = 0; j < count_; ++j) residuals[static_cast<std::size_t>(j)] = residual_(parameters, j);
-  }
-
- private:
-  int count_;
-  Residual residual_;
-};
 
 double lineAt(std::span<const double> p, int j) {
   constexpr double kY[] = {3, 5.2, 6.9, 9.1};
@@ -35,7 +19,7 @@ double lineAt(std::span<const double> p, int j) {
 }
 
 TEST(LeastSquares, FindsTheLineAndItsCovariances) {
-  Made function(4, lineAt);
+  MadeResiduals function(4, lineAt);
   const LeastSquaresResult result = leastSquares(function, {{0, 0}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
   EXPECT_NEAR(result.parameters[0], 3.05, kFewRoundings);
@@ -49,8 +33,8 @@ TEST(LeastSquares, FindsTheLineAndItsCovariances) {
 }
 
 TEST(LeastSquares, GoesThroughACurvedValley) {
-  Made valley(2,
-              [](std::span<const double> p, int j) { return j == 0 ? 10 * (p[1] - p[0] * p[0]) : 1 - p[0]; });
+  MadeResiduals valley(
+      2, [](std::span<const double> p, int j) { return j == 0 ? 10 * (p[1] - p[0] * p[0]) : 1 - p[0]; });
   const LeastSquaresResult result = leastSquares(valley, {{-1.2, 1}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
   EXPECT_NEAR(result.parameters[0], 1, 1E-13);
@@ -58,7 +42,7 @@ TEST(LeastSquares, GoesThroughACurvedValley) {
 }
 
 /// Two minima: sum 1 at +1 and 1 + `more` at -1.
-Made twoMinima(double more) {
+MadeResiduals twoMinima(double more) {
   return {3, [more](std::span<const double> p, int j) {
             const double side = 1 / (1 + 100 * (p[0] + 1) * (p[0] + 1));
             return j == 0 ? p[0] * p[0] - 1 : j == 1 ? 1.0 : std::sqrt(more) * side;
@@ -66,20 +50,20 @@ Made twoMinima(double more) {
 }
 
 TEST(LeastSquares, OfTwoStartsTheLowerMinimumGoesOn) {
-  Made function = twoMinima(0.01);
+  MadeResiduals function = twoMinima(0.01);
   EXPECT_NEAR(leastSquares(function, {{-1.3}, {1.3}}).parameters[0], 1, kMinimum);
   EXPECT_NEAR(leastSquares(function, {{1.3}, {-1.3}}).parameters[0], 1, kMinimum);
 }
 
 TEST(LeastSquares, OfMinimaThatAreTheSameTheFirstStartsGoesOn) {
-  Made function = twoMinima(1E-8);
+  MadeResiduals function = twoMinima(1E-8);
   EXPECT_NEAR(leastSquares(function, {{-1.3}, {1.3}}).parameters[0], -1, kThreeDigits);
   EXPECT_NEAR(leastSquares(function, {{1.3}, {-1.3}}).parameters[0], 1, kThreeDigits);
 }
 
 TEST(LeastSquares, CountsWhatBothStartsHaveTaken) {
   int calls = 0;
-  Made function(4, [&](std::span<const double> p, int j) {
+  MadeResiduals function(4, [&](std::span<const double> p, int j) {
     calls += j == 0 ? 1 : 0;
     return lineAt(p, j);
   });
@@ -88,14 +72,15 @@ TEST(LeastSquares, CountsWhatBothStartsHaveTaken) {
 
 TEST(LeastSquares, GoesRoundWhereAResidualFails) {
   // A root that the first steps would take below zero.
-  Made root(3, [](std::span<const double> p, int j) { return std::sqrt(p[0]) * (j + 1) - 0.01 * (j + 1); });
+  MadeResiduals root(
+      3, [](std::span<const double> p, int j) { return std::sqrt(p[0]) * (j + 1) - 0.01 * (j + 1); });
   const LeastSquaresResult result = leastSquares(root, {{4}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
   EXPECT_NEAR(result.parameters[0], 1E-4, kFewRoundings);
 }
 
 TEST(LeastSquares, TellsWhichResidualFailsAtTheStart) {
-  Made root(3, [](std::span<const double> p, int j) { return std::sqrt(p[0] - j); });
+  MadeResiduals root(3, [](std::span<const double> p, int j) { return std::sqrt(p[0] - j); });
   const LeastSquaresResult result = leastSquares(root, {{1.5}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kFailed);
   EXPECT_EQ(result.failed, 2u);
@@ -104,14 +89,14 @@ TEST(LeastSquares, TellsWhichResidualFailsAtTheStart) {
 }
 
 TEST(LeastSquares, GetsNowhereFromASumThatOverflows) {
-  Made huge(3, [](std::span<const double> p, int j) { return 1E200 * p[0] * (j + 1) - 1E200; });
+  MadeResiduals huge(3, [](std::span<const double> p, int j) { return 1E200 * p[0] * (j + 1) - 1E200; });
   const LeastSquaresResult result = leastSquares(huge, {{3}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kNoProgress);
   EXPECT_EQ(result.covariance.size(), 0);
 }
 
 TEST(LeastSquares, PassesOverAStartThatFails) {
-  Made root(3, [](std::span<const double> p, int j) { return std::sqrt(p[0]) * (j + 1) - 2; });
+  MadeResiduals root(3, [](std::span<const double> p, int j) { return std::sqrt(p[0]) * (j + 1) - 2; });
   for (const auto& starts : {std::vector<Numbers>{{-1}, {3}}, {{3}, {-1}}}) {
     const LeastSquaresResult result = leastSquares(root, starts);
     EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
@@ -120,14 +105,15 @@ TEST(LeastSquares, PassesOverAStartThatFails) {
 }
 
 TEST(LeastSquares, TellsParametersThatCannotBeToldApart) {
-  Made both(4, [](std::span<const double> p, int j) { return (p[0] + p[1]) * j - 3 + 0.1 * (j % 2); });
+  MadeResiduals both(4,
+                     [](std::span<const double> p, int j) { return (p[0] + p[1]) * j - 3 + 0.1 * (j % 2); });
   const LeastSquaresResult result = leastSquares(both, {{1, 2}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kSingular);
   EXPECT_EQ(result.covariance.size(), 0);
 }
 
 TEST(LeastSquares, MoreParametersThanResidualsAreSingularWhereTheyStart) {
-  Made few(1, [](std::span<const double> p, int) { return p[0] + p[1]; });
+  MadeResiduals few(1, [](std::span<const double> p, int) { return p[0] + p[1]; });
   const LeastSquaresResult result = leastSquares(few, {{1, 2}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kSingular);
   EXPECT_EQ(result.parameters, (Numbers{1, 2}));
@@ -138,7 +124,7 @@ TEST(LeastSquares, MoreParametersThanResidualsAreSingularWhereTheyStart) {
 
 TEST(LeastSquares, VariancesBeyondTheRangeOfNumbersAreSingular) {
   for (const double slope : {1E-160, 1E160}) {
-    Made line(2, [&](std::span<const double> p, int j) { return slope * p[0] + (j == 0 ? 1 : -1); });
+    MadeResiduals line(2, [&](std::span<const double> p, int j) { return slope * p[0] + (j == 0 ? 1 : -1); });
     const LeastSquaresResult result = leastSquares(line, {{1 / slope}});
     EXPECT_EQ(result.end, LeastSquaresEnd::kSingular) << slope;
     EXPECT_EQ(result.covariance.size(), 0) << slope;
@@ -147,22 +133,49 @@ TEST(LeastSquares, VariancesBeyondTheRangeOfNumbersAreSingular) {
 
 TEST(LeastSquares, TellsWhereNoStepLeadsOn) {
   // At a corner the derivatives by differences are not those of either side.
-  Made corner(
+  MadeResiduals corner(
       2, [](std::span<const double> p, int j) { return j == 0 ? 1 + std::abs(p[0]) + 0.3 * p[0] : 1.0; });
   const LeastSquaresResult result = leastSquares(corner, {{3}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kNoProgress);
 }
 
+TEST(LeastSquares, StaysAtAnEdgeBehindWhichAllFails) {
+  MadeResiduals edge(3, [](std::span<const double> p, int j) { return std::sqrt(1 - p[0]) + j; });
+  const LeastSquaresResult result = leastSquares(edge, {{1}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kNoProgress);
+  EXPECT_EQ(result.parameters, Numbers{1});
+  EXPECT_EQ(result.covariance.size(), 0);
+}
+
+TEST(LeastSquares, LeavesAnEdgeByThePointsThatHaveADerivative) {
+  MadeResiduals edge(3, [](std::span<const double> p, int j) {
+    return j == 0 ? 0.01 * std::sqrt(1 - p[0]) : p[0] - 0.4 - 0.1 * j;
+  });
+  const LeastSquaresResult result = leastSquares(edge, {{1}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
+  EXPECT_NEAR(result.parameters[0], 0.55, kThreeDigits);
+}
+
+TEST(LeastSquares, EndsAfterThirtyStepsThatAreHardlyShorterEach) {
+  // Each undamped step leads from p to nearly 0.9 p, and the minimum is at 0.
+  MadeResiduals slow(2,
+                     [](std::span<const double> p, int j) { return j == 0 ? p[0] : 1 - 0.45 * p[0] * p[0]; });
+  const LeastSquaresResult result = leastSquares(slow, {{1}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kConverged);
+  EXPECT_NEAR(result.parameters[0], 0, kSixDigits);
+  EXPECT_GT(std::abs(result.parameters[0]), kManyRoundings);
+}
+
 TEST(LeastSquares, TellsWhenTheEvaluationsWereNotEnough) {
   // The sum falls for ever: each step is twice as long as the one before.
-  Made endless(
+  MadeResiduals endless(
       2, [](std::span<const double> p, int j) { return j == 0 ? 1 / std::log(2 + std::abs(p[0])) : 0.0; });
   const LeastSquaresResult result = leastSquares(endless, {{1}});
   EXPECT_EQ(result.end, LeastSquaresEnd::kEvaluations);
 }
 
 TEST(LeastSquares, FindsAnExactSolution) {
-  Made exact(3, [](std::span<const double> p, int j) {
+  MadeResiduals exact(3, [](std::span<const double> p, int j) {
     return p[0] * std::exp(-p[1] * j) - 2 * std::exp(-0.5 * j);
   });
   const LeastSquaresResult result = leastSquares(exact, {{1, 1}});
@@ -174,7 +187,7 @@ TEST(LeastSquares, FindsAnExactSolution) {
 TEST(LeastSquares, FindsParametersThatAreZeroInAnExactSolution) {
   for (const double start : {0.0, 1.0, -3.0}) {
     for (const double error : {1E-6, 1.0, 1E6}) {
-      Made line(7, [&](std::span<const double> p, int j) {
+      MadeResiduals line(7, [&](std::span<const double> p, int j) {
         const double x = 0.5 + 9 * j / 6.0;
         return (p[0] / x + p[1] - 3 / x) / error;
       });
@@ -193,8 +206,8 @@ TEST(LeastSquares, DoesNotDependOnUnitsOrOnTheOrderOfParameters) {
     constexpr double kY[] = {6.1, 4.0, 2.9, 2.2, 1.75, 1.5};
     return A * std::exp(-B * j) + C - kY[j];
   };
-  Made plain(6, [&](std::span<const double> p, int j) { return decay(p[0], p[1], p[2], j); });
-  Made turned(
+  MadeResiduals plain(6, [&](std::span<const double> p, int j) { return decay(p[0], p[1], p[2], j); });
+  MadeResiduals turned(
       6, [&](std::span<const double> p, int j) { return decay(1E6 * p[2], 1E-5 * p[0], 1E-3 * p[1], j); });
   const LeastSquaresResult a = leastSquares(plain, {{4, 1, 0.5}});
   const LeastSquaresResult b = leastSquares(turned, {{1E5, 500, 4E-6}});

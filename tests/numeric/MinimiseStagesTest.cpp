@@ -156,6 +156,18 @@ TEST(Minimise, StillTakesTheValueThatGoesBeyondTheLimit) {
   EXPECT_EQ(fit.result.evaluations, 6);
 }
 
+TEST(Minimise, TakesTheSecantWhereOneResidualLeavesNothingOrthogonal) {
+  // A line with a bend at 1, which the search leaves at -2, half way to the minimum. The two best points lie on the
+  // line: their secant ends at -4, and its first search begins with half a step uphill and half a step down.
+  ModelResiduals residuals([](auto p, double) { return p[0] < 1 ? p[0] : 2 * p[0] - 1; }, {0}, {-4}, {16});
+  const Fit fit = minimise(residuals, {0}, {1});
+  const double expected[] = {0, 1, 2, -2, -1, -3, -4, -4};
+  ASSERT_EQ(residuals.tried.size(), std::size(expected));
+  for (std::size_t k = 0; k < std::size(expected); ++k) EXPECT_EQ(residuals.tried[k][0], expected[k]) << k;
+  EXPECT_EQ(fit.result.end, MinimiseEnd::kCompleted);
+  EXPECT_EQ(fit.result.FS, 0);
+}
+
 TEST(Minimise, FailsSilentlyWhenParametersCannotBeToldApart) {
   // Only the sum of both counts, and all numbers are exact: the second direction depends on the first.
   ModelResiduals residuals([](auto p, double) { return p[0] + p[1]; }, {0, 1, 2, 3}, {1, 2, 3, 4},
@@ -195,6 +207,37 @@ TEST(Minimise, RepeatsAtMostThreeTimes) {
   ModelResiduals residuals(cubed, {1, 2}, {8.5, 15.5}, {1, 1});
   const Fit fit = minimise(residuals, {0.2}, {2});
   EXPECT_EQ(fit.result.passes, 4);
+}
+
+TEST(Minimise, RepeatsNoFourthTimeWhereTheAccuracyIsStillCoarse) {
+  // At the minimum already, with an error that is the root of the accuracy: each pass calls for sqrt(E)/10.
+  ModelResiduals residuals([](auto p, double x) { return x == 0 ? 1 : std::sqrt(std::abs(p[0])); }, {0, 1},
+                           {0, 0}, {1, 1});
+  const Fit fit = minimise(residuals, {0}, {1});
+  EXPECT_EQ(fit.result.passes, 4);
+  EXPECT_EQ(fit.result.evaluations, 4 * 3);
+  EXPECT_NEAR(fit.E[0], std::pow(10, -1.875), kFewRoundings);
+  EXPECT_EQ(fit.result.end, MinimiseEnd::kCompleted);
+}
+
+TEST(Minimise, TellsAnErrorBeyondTheRangeOfNumbers) {
+  ModelResiduals residuals([](auto p, double x) { return x == 0 ? 1 : 1E-160 * p[0]; }, {0, 1}, {0, 0},
+                           {1, 1});
+  const Fit fit = minimise(residuals, {0}, {1});
+  EXPECT_EQ(fit.result.end, MinimiseEnd::kErrorsNotFinite);
+  EXPECT_TRUE(std::isinf(fit.result.errors[1]));
+}
+
+TEST(Minimise, LeavesTheResidualsOfItsEndWhereverItHasComputedThem) {
+  for (const Values& start : {Values{1.5, 1}, Values{2.082, 0.534}, Values{3, 2}}) {
+    ModelResiduals residuals = hyperbolaProblem();
+    const Fit fit = minimise(residuals, start, hundredths(start));
+    Values expected(6);
+    double sum = 0;
+    residuals.ComputeResiduals(fit.X, expected, expected, sum);
+    EXPECT_EQ(fit.F, expected);
+    EXPECT_EQ(fit.result.FS, sum);
+  }
 }
 
 TEST(Minimise, TakesTheCoarsenessOfTheLastParameterAlone) {

@@ -96,6 +96,12 @@ TEST(GammaFraction, TellsTheSameAndGivesItsResultAllTheSame) {
   EXPECT_THAT(log.kernels, ElementsAre(Kernel::kGammaFraction));
 }
 
+TEST(GammaFraction, HasNoneAtZero) {
+  KernelLog log;
+  EXPECT_EQ(gammaFraction(2, 0, log), kOutside);
+  EXPECT_THAT(log.kernels, ElementsAre(Kernel::kGammaFraction)) << "all its terms have been tried";
+}
+
 TEST(FullUpperGamma, HasTheSameBitsWhereAHundredTermsSuffice) {
   int compared = 0;
   for (const double a : {0.5, 1.0, 2.5, 40.0, 300.0, 2000.0}) {

@@ -3,10 +3,12 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "doubles/ErrorOf.h"
 #include "doubles/TemporaryFolder.h"
+#include "faults/SystemCalls.h"
 #include "platform/system/OpenFile.h"
 
 namespace vk {
@@ -63,6 +65,9 @@ TEST_F(DescriptorsTest, OnesThatAreNotOpenOrRefuseAreErrors) {
   EXPECT_EQ(errorOf([] { writeToDescriptor(kNobodys, "x"); }), kDeviceIoError);
   const OpenFile full("/dev/full", O_WRONLY);
   EXPECT_EQ(errorOf([&] { writeToDescriptor(full.handle(), "x"); }), kDeviceIoError);
+  const OpenFile file(folder.make("X.DAT"), O_RDWR);
+  const SystemCalls calls(folder.path(), {{1, EIO, "close"}});
+  EXPECT_EQ(errorOf([&] { writeToDescriptor(file.handle(), "x"); }), kDeviceIoError);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "platform/system/Places.h"
 
 #include <cstdlib>
+#include <filesystem>
 
 #include "doubles/TemporaryFolder.h"
 #include "platform/system/SystemFiles.h"
@@ -35,6 +36,17 @@ TEST(DocumentsFolder, StandsInTheFolderOfSettingsWhereThatIsAPath) {
   ::unsetenv("XDG_CONFIG_HOME");
 }
 
+TEST(CurrentFolder, IsTheRootWhereItIsGone) {
+  namespace fs = std::filesystem;
+  const fs::path before = fs::current_path();
+  {
+    const TemporaryFolder gone;
+    fs::current_path(gone.path());
+  }
+  EXPECT_EQ(SystemFiles().currentFolder(), "/");
+  fs::current_path(before);
+}
+
 TEST(Volumes, AreTheMountPointsThatUsersKnow) {
   const std::string mounts =
       "/dev/sda1 / ext4 rw 0 0\n"
@@ -54,7 +66,7 @@ TEST(Volumes, AreTheMountPointsThatUsersKnow) {
 
 TEST(Volumes, HaveCodesOfThreeOctalDigitsOnly) {
   for (const std::string& name :
-       std::vector<std::string>{"a\\04", "a\\", "a\\x40b", "a\\0x0b", "a\\04xb", "a\\940b"}) {
+       std::vector<std::string>{"a\\04", "a\\", "a\\x40b", "a\\0x0b", "a\\04xb", "a\\940b", "a\\4-0b"}) {
     EXPECT_EQ(volumesOf("x /mnt/" + name + " ext4 rw 0 0\n", "/"), std::vector<std::string>{"/mnt/" + name});
   }
   EXPECT_EQ(volumesOf("x /mnt/\\040b ext4 rw 0 0\n", "/"), std::vector<std::string>{"/mnt/ b"});
@@ -63,6 +75,7 @@ TEST(Volumes, HaveCodesOfThreeOctalDigitsOnly) {
 TEST(Volumes, AreNoneInAnEmptyOrBrokenTable) {
   EXPECT_TRUE(volumesOf("", "/").empty());
   EXPECT_TRUE(volumesOf("/dev/sda1\n", "/").empty());
+  EXPECT_TRUE(volumesOf("/dev/sda1 /mnt", "/").empty());
   EXPECT_TRUE(volumesOf("x /home/u ext4 rw 0 0\n", "/").empty());
 }
 

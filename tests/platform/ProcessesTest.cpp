@@ -2,15 +2,19 @@
 
 #include <gmock/gmock.h>
 #include <signal.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <iostream>
 #include <thread>
 #include <vector>
 
 #include "base/RuntimeError.h"
+#include "doubles/ErrorOf.h"
+#include "doubles/ResourceLimit.h"
+#include "faults/SystemCalls.h"
 #include "platform/system/SystemFiles.h"
 
 namespace vk {
@@ -103,18 +107,46 @@ TEST(Processes, NoneGoOnWhenNothingMoreIsTaken) {
 }
 
 TEST(Processes, FewerRunAtOnceWhereTheSystemHasNoMoreFiles) {
-  rlimit before{};
-  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
-  rlimit few = before;
-  few.rlim_cur = 20;
-  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+  const ResourceLimit few(RLIMIT_NOFILE, 20);
   EXPECT_EQ(endsOf(40, 40, tell).size(), 40u);
   // The sanitizer opens a file when the library makes an object of a type for the first time.
   EXPECT_THROW(SystemFiles().readAll("/no/such/file"), RuntimeError);
-  few.rlim_cur = 3;
-  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+  const ResourceLimit none(RLIMIT_NOFILE, 3);
   EXPECT_THROW(endsOf(1, 1, tell), RuntimeError);
-  ::setrlimit(RLIMIT_NOFILE, &before);
+}
+
+TEST(Processes, ASignalToTheirParentBreaksNothingOff) {
+  static volatile std::sig_atomic_t came;
+  came = 0;
+  struct sigaction counted {
+  }, before{};
+  counted.sa_handler = [](int) { came = came + 1; };
+  ASSERT_EQ(::sigaction(SIGUSR1, &counted, &before), 0);
+  // The first comes while it waits for the output, the second while it waits for the end.
+  const ProcessEnd end = runProgram({"sh", "-c",
+                                     "sleep 0.05; kill -USR1 $PPID; sleep 0.05; echo said; exec >&- 2>&-; "
+                                     "sleep 0.05; kill -USR1 $PPID; sleep 0.05; exit 3"});
+  ::sigaction(SIGUSR1, &before, nullptr);
+  EXPECT_EQ(came, 2);
+  EXPECT_EQ(end.output, "said\n");
+  EXPECT_EQ(end.exitCode, 3);
+}
+
+TEST(Processes, GiveTheirExitCodesAlsoWhereTheProgramIsStartedDeafToTheirEnds) {
+  void (*const before)(int) = std::signal(SIGCHLD, SIG_IGN);
+  const auto ends = endsOf(2, 1, tell);
+  std::signal(SIGCHLD, before);
+  EXPECT_EQ(ends[1].exitCode, 1);
+}
+
+TEST(Processes, WhoseOutputCannotBeReadAreAnErrorAndASignalIsNone) {
+  {
+    const SystemCalls calls(SystemCalls::kPipes, {{1, EINTR, "read"}});
+    EXPECT_EQ(endsOf(1, 1, tell)[0].output, "out 0");
+    EXPECT_EQ(calls.failed().size(), 1U);
+  }
+  const SystemCalls calls(SystemCalls::kPipes, {{1, EIO, "read"}});
+  EXPECT_EQ(errorOf([] { endsOf(1, 1, tell); }), kDeviceIoError);
 }
 
 TEST(SignalHold, LetsAnEndingSignalThroughAfterwards) {
@@ -142,6 +174,27 @@ TEST(Programs, TellTheirErrorsAndThatTheyAreMissing) {
   EXPECT_EQ(end.exitCode, 3);
   EXPECT_EQ(end.errors, "said\n");
   EXPECT_EQ(runProgram({"no-such-program-anywhere"}).exitCode, 127);
+}
+
+/// The exit code of a program with an input, where a resource is short.
+int exitCodeWith(__rlimit_resource resource, rlim_t most) {
+  const ResourceLimit limit(resource, most);
+  int code = -1;
+  const int error = errorOf([&] { code = runProgram({"true"}, std::string(10000, 'x')).exitCode; });
+  return error == 0 ? code : -1;
+}
+
+TEST(Programs, WhoseInputFindsNoRoomAreNotRun) {
+  void (*const before)(int) = std::signal(SIGXFSZ, SIG_IGN);
+  for (const rlim_t room : {rlim_t{100}, rlim_t{9999}})
+    EXPECT_EQ(exitCodeWith(RLIMIT_FSIZE, room), 127) << room;
+  EXPECT_EQ(exitCodeWith(RLIMIT_FSIZE, 10000), 0);
+  std::signal(SIGXFSZ, before);
+  EXPECT_THROW(SystemFiles().readAll("/no/such/file"), RuntimeError);  // as above
+  rlim_t files = 3;
+  int code = -1;
+  while (code == -1) code = exitCodeWith(RLIMIT_NOFILE, files++);
+  EXPECT_EQ(code, 127);
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <filesystem>
 
 #include "doubles/ErrorOf.h"
@@ -34,6 +36,21 @@ TEST_F(RefusedFilesTest, DepartureAFileBehindAClosedFolderIsRefusedAndNotMissing
   EXPECT_EQ(errorOf([&] { files.readAll(folder / "Misure/none.dat"); }), kFileNotFound);
   EXPECT_EQ(errorOf([&] { files.readAll(folder / "Misure/none/x.dat"); }), kPathNotFound);
   fs::permissions(folder / "Misure/secret", fs::perms::owner_all);
+}
+
+TEST_F(RefusedFilesTest, AnEmptyNameAndOneBelowTheRootAreMissing) {
+  EXPECT_EQ(errorOf([&] { files.readAll(""); }), kFileNotFound);
+  EXPECT_EQ(errorOf([&] { files.readAll("/none/x.dat"); }), kPathNotFound);
+}
+
+TEST_F(RefusedFilesTest, APipeHasNoSizeAndIsNoLongFile) {
+  const std::string pipe = folder / "PIPE.DAT";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  int told = 0;
+  files.onLongRead = [&] { ++told; };
+  EXPECT_EQ(errorOf([&] { files.size(pipe); }), kDeviceIoError);
+  EXPECT_EQ(errorOf([&] { files.readAll(pipe); }), kDeviceIoError);
+  EXPECT_EQ(told, 0);
 }
 
 TEST_F(RefusedFilesTest, AFileOfACurrentFolderThatIsClosedIsRefused) {

@@ -17,7 +17,6 @@ namespace vk {
 namespace {
 
 constexpr const char* kReplacing = "open write fsync close rename open fsync close";
-constexpr int kReplacingCalls = 8;
 /// What follows a temporary file that the folder does not take.
 constexpr const char* kInPlace = "open open read read close open write ftruncate fsync close";
 
@@ -55,7 +54,7 @@ TEST_F(SafeWriteTest, AFolderOrADiskThatKnowsNoWaitIsNotWaitedFor) {
 
 TEST_F(SafeWriteTest, AFailureOfAnyCallLeavesTheOldFileOrTheNewOne) {
   for (const int error : {EIO, ENOSPC, EACCES}) {
-    for (int call = 1; call <= kReplacingCalls; ++call) {
+    for (int call = 1; call <= kCallsOfASave; ++call) {
       folder.make("X.DAT", "old");
       const SystemCalls calls(folder.path(), {{call, error}});
       const bool failed = errorOf([&] { writeSafely(path, "new"); }) != 0;
@@ -80,7 +79,7 @@ TEST_F(SafeWriteTest, WhatASignalBreaksOffGoesOn) {
     failed = static_cast<int>(calls.failed().size());
     // A file that is closed again could be somebody else's.
     const bool again = failed > 0 && calls.failed().front().name != "close";
-    EXPECT_EQ(calls.made().size(), again ? kReplacingCalls + 1U : kReplacingCalls);
+    EXPECT_EQ(calls.made().size(), again ? kCallsOfASave + 1U : kCallsOfASave);
   }
 }
 

@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <pwd.h>
 #include <sys/mman.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,6 +13,7 @@
 
 #include "doubles/ErrorOf.h"
 #include "doubles/OrdinaryUser.h"
+#include "doubles/ResourceLimit.h"
 #include "doubles/TemporaryFolder.h"
 #include "platform/system/OpenFile.h"
 
@@ -25,22 +25,14 @@ namespace fs = std::filesystem;
 /// For its lifetime no file can grow beyond `bytes`: what a full disk does.
 class FullDisk {
  public:
-  explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
-    ::getrlimit(RLIMIT_FSIZE, &old_);
-    rlimit limit = old_;
-    limit.rlim_cur = bytes;
-    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-  }
-  ~FullDisk() {
-    ::setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, signal_);
-  }
+  explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)), limit_(RLIMIT_FSIZE, bytes) {}
+  ~FullDisk() { std::signal(SIGXFSZ, signal_); }
   FullDisk(const FullDisk&) = delete;
   FullDisk& operator=(const FullDisk&) = delete;
 
  private:
-  rlimit old_{};
   void (*signal_)(int);
+  ResourceLimit limit_;
 };
 
 unsigned modeOf(const std::string& path) {

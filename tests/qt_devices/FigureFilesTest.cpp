@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "DevicesFixture.h"
+#include "gral/sinks/PdfFile.h"
 
 namespace vk {
 namespace {
@@ -127,6 +128,33 @@ TEST_F(FigureFiles, PdfIsSoundAndTellsItsWords) {
     EXPECT_THAT(told(QStringLiteral("pdfinfo"), {QStringLiteral("-struct"), written(pdf)}),
                 HasSubstr("Figure"));
   }
+}
+
+TEST_F(FigureFiles, PdfTellsOnlyWhatItIsGiven) {
+  FigureSheet sized = wholeSheet(), titled, described;
+  sized.words = {};
+  titled.words.title = "Title";
+  described.words.description = "Words";
+  const VectorDevice& figure = drawn(drawWords);
+  const std::string withSize = told(QStringLiteral("pdfinfo"), {written(figure.pdf(sized))});
+  EXPECT_THAT(withSize, Not(ContainsRegex("Title: +[^ \n]")));
+  EXPECT_THAT(withSize, ContainsRegex("Page size: +340.16 x 226.77 pts"));
+  const std::string withTitle = told(QStringLiteral("pdfinfo"), {written(figure.pdf(titled))});
+  EXPECT_THAT(withTitle, ContainsRegex("Title: +Title\n"));
+  EXPECT_THAT(withTitle, ContainsRegex("Tagged: +no"));
+  EXPECT_THAT(withTitle, Not(ContainsRegex("Page size: +340.16")));
+  const std::string withWords = told(QStringLiteral("pdfinfo"), {written(figure.pdf(described))});
+  EXPECT_THAT(withWords, Not(ContainsRegex("Title: +[^ \n]")));
+  EXPECT_THAT(withWords, ContainsRegex("Subject: +Words\n"));
+  EXPECT_THAT(withWords, ContainsRegex("Tagged: +yes"));
+}
+
+TEST(PdfFiles, WithoutADateStayAsTheyAre) {
+  std::string dated = "<< /CreationDate (D:2020) >>", undated = "<< /Creator (x) >>";
+  dropCreationDate(dated);
+  dropCreationDate(undated);
+  EXPECT_EQ(dated, "<<" + std::string(24, ' ') + ">>");
+  EXPECT_EQ(undated, "<< /Creator (x) >>");
 }
 
 TEST_F(FigureFiles, PdfHasItsFontsInItAndItsWordsAreRead) {

@@ -1,57 +1,28 @@
+#include <functional>
 #include <sstream>
+#include <string>
+#include <vector>
 
-#include "commands/CommandDispatch.h"
 #include "commands/CommandTable.h"
 #include "commands/DisplayRefresh.h"
 #include "doubles/ControlNames.h"
-#include "doubles/RecordingReport.h"
-#include "doubles/TestPorts.h"
 #include "session/Session.h"
 #include "ui/Editor.h"
-#include "ui/FaultyPorts.h"
+#include "ui/FaultyDesktop.h"
 
 namespace vk {
 namespace {
 
-/// The whole program below the toolkit, with data, a function and a figure, on ports of which one fails.
-class BrokenProgram {
+/// The program with data, a function and a figure, on ports of which one fails.
+class BrokenProgram : public FaultyDesktop<FaultyFiles, FaultyDialogs> {
  public:
   BrokenProgram();
 
-  void run(Control control) { mainMod.run(control); }
   /// Opens the editor on the data file and types something good.
   void edit();
-
-  Faults faults;
-  Session session;
-  FaultyFiles files{faults.files};
-  FaultyDialogs dialogs{faults.dialogs};
-  FaultyWindow window{faults.window};
-  FaultyInput input{faults.input};
-  FaultyOutput output{faults.output};
-  FaultyForms functions{faults.functions, session};
-  UnexpectedForms forms;
-  FaultyClock clock{faults.clock};
-  FaultySound sound{faults.sound};
-  FaultyProcess process{faults.process};
-  FaultyRandom random{faults.random};
-  FaultyPanelView view{faults.panels};
-  MainPanels panels{session, files, window};
-  FaultyClipboard clipboard{faults.clipboard};
-  FaultyTextPrinter textPrinter{faults.textPrinter};
-  FaultyEditorForm editorForm{faults.editor};
-  Editor editor{session, {files, dialogs, window, output, clipboard, textPrinter, sound}};
-  FaultyPlots plots{faults.plots};
-  RecordingReport report;
-  FaultyDevice printer{faults.printer, PrinterMetrics{}};
-  MainMod mainMod{session,
-                  {files, dialogs, window, input, output, functions, forms, clock, sound, process, random,
-                   editor, panels, plots, report, [this]() -> Device& { return printer; }}};
 };
 
 BrokenProgram::BrokenProgram() {
-  panels.setView(view);
-  editor.setForm(editorForm);
   files.content["/a.dat"] = "x\r\ny\r\n3\r\n0 1 .1\r\n1 3 .1\r\n2 5.1 .1\r\n";
   files.content["/b.dat"] = "p\r\nq\r\n4 1\r\n0 1 .3 .2\r\n1 2 .3 .2\r\n2 3.1 .3 .2\r\n3 4 .3 .2\r\n";
   files.content["/bad.dat"] = "p\r\nq\r\n4\r\n0 uno .1\r\n";
@@ -69,11 +40,7 @@ BrokenProgram::BrokenProgram() {
   read(Control::MenDatLet, "/a.dat");
   read(Control::MenFunLet, "/f.fcn");
   read(Control::MenGraLetFil, "/g.gra");
-  run(Control::MenFunSel);
-  input.fields = {"1", "1", "1", "1"};
-  run(Control::MenAdaPar);
-  for (const Control control : {Control::MenGraDatVis, Control::MenGraFunVis, Control::MenGraDifVis})
-    run(control);
+  fitAndDraw();
   input.fields.clear();
   for (const Control control : {Control::MenDatOld0, Control::MenGraOld0}) run(control);
 }

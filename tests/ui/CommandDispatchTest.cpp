@@ -190,6 +190,24 @@ TEST_F(MainModTest, OneCommandRunsAtATime) {
   EXPECT_EQ(session.settings.ShowErrors, kTrue);
 }
 
+TEST_F(MainModTest, TheDiagnosisIsShownWhereNothingElseRuns) {
+  start();
+  readData();
+  chooseLine();
+  input.execute({"1", "1", "1", "1"});
+  mainMod.run(Control::MenAdaPar);
+  mainMod.run(Control::MenAdaAda);
+  functions.whileOpen = [this] { mainMod.diagnose(); };
+  functions.giveUpSelection();
+  mainMod.run(Control::MenFunSel);
+  mainMod.run(Control::MenSerImpDir);
+  mainMod.diagnose();
+  EXPECT_TRUE(report.reports.empty()) << "neither in a command nor under a panel";
+  panels.CmdWrkDir(0);
+  mainMod.diagnose();
+  EXPECT_EQ(report.reports.size(), 1U);
+}
+
 TEST_F(MainModTest, TheErrorOptionAndItsMarkChangeTogether) {
   start();
   for (int expected : {kTrue, kFalse, kTrue}) {

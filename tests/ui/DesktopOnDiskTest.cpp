@@ -1,9 +1,12 @@
 #include <array>
 #include <cerrno>
+#include <filesystem>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "faults/SystemCalls.h"
 #include "ui/DesktopOnDisk.h"
 
@@ -80,7 +83,10 @@ void DesktopOnFaultyDisk::failOneByOne(const DesktopCommand& command, bool repla
   for (int call = 1;; ++call) {
     for (const int error : kErrors) {
       const Left left = run(command, replaces, {{call, error}});
-      if (left.failed.empty()) return;
+      if (left.failed.empty()) {
+        EXPECT_GT(call, kCallsOfASave) << command.file;
+        return;
+      }
       ++runs;
       SCOPED_TRACE(command.file + ", " + left.failed[0].name + ", error " + std::to_string(error));
       if (!stopsASave(left.failed[0], error, replaces)) {

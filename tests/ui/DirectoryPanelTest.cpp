@@ -62,6 +62,21 @@ TEST_F(DirectoryPanelTest, TheDriveListShowsTheVolumeOfTheRowsFolder) {
   EXPECT_EQ(panel.drive(), 1);
 }
 
+TEST_F(DirectoryPanelTest, OfVolumesThatHoldAFolderTheInnermostIsItsDrive) {
+  files.volumes = {"/", "/media/chiave", "/media", "/rete/"};
+  panel.open();
+  const std::pair<const char*, int> folders[] = {{"/media/chiave/a", 1}, {"/media/chiave", 1},
+                                                 {"/media/chiave2", 2},  {"/mediateca", 0},
+                                                 {"/rete/a", 3},         {"/rete", 0}};
+  int row = 1;
+  for (const auto& [folder, drive] : folders) {
+    row = row == 1 ? 2 : 1;
+    session.files.WorkDir[static_cast<std::size_t>(row)] = folder;
+    panel.clickRow(row);
+    EXPECT_EQ(panel.drive(), drive) << folder;
+  }
+}
+
 TEST_F(DirectoryPanelTest, TheExamplesAreTheLastPlaceWhereTheyAreInstalled) {
   EXPECT_EQ(panel.drives(), files.volumes);
   EXPECT_EQ(panel.driveName(1), "/media/chiave");

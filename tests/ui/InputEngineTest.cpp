@@ -236,6 +236,19 @@ TEST_F(InpModTest, AFormulaIsCompiledBehindTheRemainderOfItsKind) {
   EXPECT_EQ(engine.caption(3).bytes(), "x+y");
 }
 
+TEST_F(InpModTest, AFormulaWhoseKindHasNoRemainderIsCompiledAlone) {
+  tables.InpFieldKinds[3] = "#Function";
+  open();
+  engine.GoToField(3);
+  type("x+1");
+  engine.GoToField(1);
+  EXPECT_THAT(compiled, ElementsAre("x+1"));
+}
+
+TEST_F(InpModTest, NothingShownHasNoFields) {
+  EXPECT_EQ(engine.fieldCount(), 0);
+}
+
 TEST_F(InpModTest, ABadFormulaShowsTheBoxAndThenBeepsThreeTimes) {
   // QUIRK: the text ends behind "di ", no field is named.
   open();

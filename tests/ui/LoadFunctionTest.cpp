@@ -39,6 +39,12 @@ TEST_F(LoadFunctionTest, AnotherFileSelectsItsFirstFunction) {
   EXPECT_EQ(form.entry().definition, "D");
 }
 
+TEST_F(LoadFunctionTest, AnEntryThatHasGoneIsEmpty) {
+  form.select(2);
+  session.loaded.catalogue.file.entries.pop_back();
+  EXPECT_EQ(form.entry().definition, "");
+}
+
 TEST_F(LoadFunctionTest, WithoutAFileNothingIsSelected) {
   session.loaded.catalogue.file = {};
   form.refill();

@@ -39,6 +39,7 @@ TEST_F(MessageLayoutTest, KeepsATextThatFits) {
 TEST_F(MessageLayoutTest, BreaksAWordThatAloneIsTooWideInside) {
   EXPECT_THAT(wrap("abcdefghij kl", 4), ElementsAre("abcd", "efgh", "ij", "kl"));
   EXPECT_THAT(wrap("abcdefghij", 4), ElementsAre("abcd", "efgh", "ij"));
+  EXPECT_THAT(wrap("ab", 0), ElementsAre("a", "b")) << "a line has a letter at least";
 }
 
 TEST_F(MessageLayoutTest, AnEmptyParagraphHasNoLine) {

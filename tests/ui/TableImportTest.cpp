@@ -17,6 +17,13 @@ const std::string kVelocity =
     "4;9,25;0,07;si\n";
 const std::string kFive = "n;t;V;dt;dV\n1;0,5;1,5;0,2;0,1\n2;1,5;2,5;0,2;0,1\n";
 
+/// What is chosen, and what follows.
+struct Case {
+  std::string bytes;
+  std::vector<std::pair<TableImport::Field, int>> chosen;
+  std::string message, lastPoint;
+};
+
 class TableImportTest : public testing::Test {
  protected:
   using T = TableImport;
@@ -32,6 +39,14 @@ class TableImportTest : public testing::Test {
   }
   std::string lastPoint() { return points().empty() ? "" : points().back(); }
   std::string first(T::Field field) { return import.entries(field).front(); }
+  void expect(const Case& each) {
+    import.open(each.bytes);
+    for (const auto& [field, entry] : each.chosen) import.choose(field, entry);
+    for (const auto& [field, entry] : each.chosen) EXPECT_EQ(import.chosen(field), entry);
+    EXPECT_THAT(import.message(), HasSubstr(each.message));
+    EXPECT_EQ(lastPoint(), each.lastPoint) << each.message;
+    EXPECT_EQ(import.text().empty(), each.lastPoint.empty());
+  }
 
   T import;
 };
@@ -76,6 +91,12 @@ TEST_F(TableImportTest, TheLinesStandInColumnsWithTheirRoles) {
   EXPECT_EQ(lines[4].reason, "\"n.d.\" non e` un numero");
   const std::vector<std::string> heads{"1: x", "2: y", "3: dy", "4"};
   for (std::size_t i = 0; i < heads.size(); ++i) EXPECT_EQ(import.columnHead(i), heads[i]);
+  EXPECT_EQ(TableImport().columnHead(0), "1") << "nothing is open";
+}
+
+TEST_F(TableImportTest, AColumnWithoutANameHasItsNumber) {
+  import.open("t;;V\n1;2;3\n2;4;6\n");
+  EXPECT_THAT(import.entries(T::kX), ElementsAre("auto: 1 (t)", "1 (t)", "2", "3 (V)"));
 }
 
 TEST_F(TableImportTest, FurtherDownOnlyTheLinesThatWereLeftOutAreShown) {
@@ -86,13 +107,6 @@ TEST_F(TableImportTest, FurtherDownOnlyTheLinesThatWereLeftOutAreShown) {
   ASSERT_EQ(lines.size(), 31u);
   EXPECT_EQ(lines.back().number, 77);
 }
-
-/// What is chosen, and what follows.
-struct Case {
-  std::string bytes;
-  std::vector<std::pair<TableImport::Field, int>> chosen;
-  std::string message, lastPoint;
-};
 
 TEST_F(TableImportTest, AChoiceWinsOverWhatWasFoundOut) {
   const std::string numbered = "colonne 1 e 2, 3 punti",
@@ -144,14 +158,24 @@ TEST_F(TableImportTest, AChoiceWinsOverWhatWasFoundOut) {
        "  2.00000E+00   1.23457E+00   1.00000E+00 "},
       {"  \n", {}, "il file non contiene dati", ""},
   };
-  for (const Case& each : cases) {
-    import.open(each.bytes);
-    for (const auto& [field, entry] : each.chosen) import.choose(field, entry);
-    for (const auto& [field, entry] : each.chosen) EXPECT_EQ(import.chosen(field), entry);
-    EXPECT_THAT(import.message(), HasSubstr(each.message));
-    EXPECT_EQ(lastPoint(), each.lastPoint) << each.message;
-    EXPECT_EQ(import.text().empty(), each.lastPoint.empty());
-  }
+  for (const Case& each : cases) expect(each);
+}
+
+TEST_F(TableImportTest, ColumnsThatLeaveNoneForXOrYAreNotTaken) {
+  const std::string tooMany = "5 colonne di numeri: 1 (n), 2 (t), 3 (V), 4 (dt), 5 (dV)";
+  const std::vector<Case> cases{
+      {kFive, {{T::kY, 3}}, tooMany, ""},
+      {kFive, {{T::kX, 2}}, tooMany, ""},
+      {"1;2\n3;4\n",
+       {{T::kX, 2}, {T::kDy, 1}},
+       "colonne 1 e 2, 2 punti",
+       "  3.00000E+00   4.00000E+00   1.00000E+00 "},
+      {"1;2\n3;4\n",
+       {{T::kY, 1}, {T::kDy, 2}},
+       "colonne 1 e 2, 2 punti",
+       "  3.00000E+00   4.00000E+00   1.00000E+00 "},
+  };
+  for (const Case& each : cases) expect(each);
 }
 
 TEST_F(TableImportTest, AnErrorOfYMustBePositive) {

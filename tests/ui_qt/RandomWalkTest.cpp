@@ -8,6 +8,7 @@
 #include <set>
 #include <sstream>
 
+#include "base/CodePage.h"
 #include "base/RuntimeError.h"
 #include "platform/Files.h"
 #include "ui_qt/Desktop.h"
@@ -76,10 +77,14 @@ class WatchedText {
       losses.push_back("closed: " + title_);
     }
   }
-  /// Signs that are entered in a file of ASCII are saved in UTF-8.
+  /// Signs that are entered in a file of ASCII are saved in UTF-8, control characters as they are.
   bool isSavedAs(const std::string& bytes) const {
     const std::string text = withoutTail(text_);
-    return bytes == text || bytes == toUtf8(text, CodePage::kCp437);
+    std::string utf8;
+    for (const char c : text)
+      appendUtf8(utf8, static_cast<unsigned char>(c) < 0x80 ? static_cast<unsigned char>(c)
+                                                            : toUnicode(c, CodePage::kCp437));
+    return bytes == text || bytes == utf8;
   }
   void stayed(const std::string& title, const std::string& text) {
     if (title != title_) losses.push_back(title_ + " has become " + title);

@@ -19,12 +19,12 @@ constexpr std::int64_t kPeriod = 2 * kSecond;               // ns
 constexpr std::int64_t kMorning = 1'740'988'800 * kSecond;  // 3 March 2025, 8:00 UTC
 
 bool scripted = false;
-pthread_t owner;
+pthread_t walkingThread;
 std::int64_t passed = 0;   // ns since the morning
 std::int64_t started = 0;  // ns, on the clock that is never set
 
 bool isScripted() {
-  return scripted && pthread_equal(pthread_self(), owner) != 0;
+  return scripted && pthread_equal(pthread_self(), walkingThread) != 0;
 }
 
 std::int64_t look() {
@@ -58,7 +58,7 @@ int waitFor(pollfd* files, nfds_t count, const timespec* most, const sigset_t* m
 ScriptedTime::ScriptedTime() {
   timespec now{};
   clock_gettime(CLOCK_MONOTONIC, &now);
-  owner = pthread_self();
+  walkingThread = pthread_self();
   started = nanoseconds(now);
   passed = 0;
   scripted = true;

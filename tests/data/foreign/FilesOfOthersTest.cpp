@@ -3,7 +3,6 @@
 
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <locale>
 #include <set>
 #include <sstream>
@@ -12,6 +11,7 @@
 #include "data/FigureText.h"
 #include "data/foreign/ForeignFile.h"
 #include "doubles/Places.h"
+#include "doubles/TemporaryFolder.h"
 
 namespace vk {
 namespace {
@@ -22,11 +22,7 @@ struct Expected {
 };
 
 std::string bytesOf(const std::string& name) {
-  std::ifstream file(sourcePath("tests/files/" + name), std::ios::binary);
-  EXPECT_TRUE(file) << name;
-  std::ostringstream bytes;
-  bytes << file.rdbuf();
-  return bytes.str();
+  return fileContent(sourcePath("tests/files/" + name));
 }
 
 std::vector<Expected> table() {

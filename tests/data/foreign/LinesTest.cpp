@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
 #include <utility>
 
 namespace vk {
@@ -27,6 +28,12 @@ TEST(ForeignLines, AreThoseThatAreNotBlankWithTheirNumbersInTheFile) {
 
 TEST(ForeignLines, GoOnWhereAQuoteIsOpen) {
   EXPECT_THAT(linesOf("1;\"two\nlines\";3\n4"), ElementsAre(Pair(1, "1;\"two\nlines\";3"), Pair(3, "4")));
+}
+
+TEST(ForeignLines, TakeAQuoteThatIsOpenForTooLongAsAStraySign) {
+  const std::string near = "\"" + std::string(8, '\n') + "\"";
+  EXPECT_THAT(linesOf(near), ElementsAre(Pair(1, near)));
+  EXPECT_THAT(linesOf("\"" + std::string(9, '\n') + "\""), ElementsAre(Pair(1, "\""), Pair(10, "\"")));
 }
 
 }  // namespace

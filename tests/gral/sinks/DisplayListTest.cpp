@@ -4,6 +4,7 @@
 #include "gral/GralFixture.h"
 #include "gral/NoPrinter.h"
 #include "gral/ObserverDevice.h"
+#include "gral/sinks/TeeSink.h"
 
 namespace vk {
 namespace {
@@ -33,7 +34,7 @@ void drawEverything(Device& device) {
   device.setCurrentX(-0.0001);
   device.setCurrentY(6);
   device.setFontSize(10);
-  device.Print("a'\\\xE8");
+  device.Print("a'\\\x7F\xE8");
   const auto region = device.CreateRectRgn(1, 2, 3, 4);
   device.SelectClipRgn(region);
   device.DeleteObject(region);
@@ -51,7 +52,7 @@ const std::vector<std::string> kEverything{
     "fill 1,-2 3,4 5,6 7,8 px",
     "stroke 1,-2 3,4 5,6 7,8 px",
     "fill+stroke 1,-2 3,4 5,6 7,8 px",
-    "text 0,6 tw Arial 10 pt 0 deg 'a'\\\\xE8'",
+    "text 0,6 tw Arial 10 pt 0 deg 'a'\\\\x7F\\xE8'",
     "clip 1,2 3,4 px",
     "clip off",
 };
@@ -111,6 +112,22 @@ TEST(DisplayList, DrawsItselfAgain) {
   EXPECT_EQ(again.lines().back(), "picture 3,4 tw 2x1 of 7.5 tw");
   copy.reset();
   EXPECT_TRUE(copy.empty());
+}
+
+TEST(TeeSink, GivesEachPrimitiveToBothInTheirOrder) {
+  RecorderDevice form;
+  form.Cls();
+  drawEverything(form);
+  DisplayList list;
+  form.list().replay(list);
+  list.floodFill({5, 6}, kWhite);
+  list.picture({2, 1, 7.5, {1, 2}}, {3, 4});
+  list.refresh();
+  DisplayList first, second;
+  TeeSink both(first, second);
+  list.replay(both);
+  EXPECT_EQ(first.lines(), list.lines());
+  EXPECT_EQ(second.lines(), list.lines());
 }
 
 TEST(Observer, CountsWhatItIsAskedToDraw) {

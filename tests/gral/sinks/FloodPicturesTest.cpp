@@ -90,8 +90,11 @@ TEST(FloodPictures, RimIsAboveAnAreaOfAnyForm) {
     const std::vector<PixelPoint> corners{{0, 0}, {100, 0}, {100, 50}, {0, 50}};
     list.figure(corners, true, false);
   };
+  const auto picture = [](DisplayList& list) {
+    list.picture({100, 50, 15, std::vector<std::uint32_t>(100 * 50, kPaper)}, {0, 0});
+  };
   for (const std::function<void(DisplayList&)>& draw :
-       {std::function<void(DisplayList&)>(circle), {figure}}) {
+       {std::function<void(DisplayList&)>(circle), {figure}, {picture}}) {
     DisplayList list;
     list.clear({1500, 750}, kWhite);
     list.pen({});
@@ -106,6 +109,41 @@ TEST(FloodPictures, RimIsAboveAnAreaOfAnyForm) {
     EXPECT_EQ(sink.lines[4].substr(0, 8), "picture ") << sink.lines[3];
     EXPECT_EQ(sink.lines[5].substr(0, 4), "box ") << sink.lines[3];
     EXPECT_EQ(sink.lines[7].substr(0, 8), "picture ") << sink.lines[3];
+  }
+}
+
+/// Each reaches under the right side of the box.
+TEST(FloodPictures, RimIsUnderWhatIsNoAreaOfAnotherColour) {
+  const PixelPoint corners[] = {{40, 10}, {60, 10}, {60, 30}, {40, 30}};
+  const std::function<void(DisplayList&)> drawings[] = {
+      [](DisplayList& list) {
+        list.line({600, 150}, {600, 450});
+      },
+      [&](DisplayList& list) { list.bezier(corners); },
+      [&](DisplayList& list) { list.figure(corners, false, true); },
+      [](DisplayList& list) {
+        list.filledBox({595, 150}, {900, 450}, kBlack);
+      },
+      [](DisplayList& list) {
+        list.circle({750, 300}, Twips(155));
+      },
+      [&](DisplayList& list) {
+        list.filling({kBlack, kFillSolid});
+        list.circle({750, 300}, Twips(155));
+        list.figure(corners, true, false);
+      }};
+  for (std::size_t i = 0; i < std::size(drawings); ++i) {
+    DisplayList list;
+    list.clear({1500, 750}, kWhite);
+    list.pen({});
+    drawings[i](list);
+    list.box({150, 150}, {600, 450});
+    list.filling({Colour::fromBgr(0x0000FF), kFillSolid});
+    list.floodFill({20, 20}, kBlack);
+    const PictureCatcher sink = caught(list);
+    ASSERT_EQ(sink.pictures.size(), 2U) << i;
+    EXPECT_EQ(sink.lines[1].substr(0, 8), "picture ") << i;
+    EXPECT_EQ(sink.pictures[0].width, sink.pictures[1].width + 6) << i;
   }
 }
 

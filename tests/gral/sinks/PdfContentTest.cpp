@@ -36,6 +36,34 @@ TEST_F(Pdf, PenAndFillingAreToldWhenTheyChange) {
       ".000 .000 .000 RG\n[]0 d\n10 20 m 30 40 l\nS\n");
 }
 
+TEST_F(Pdf, DashesGrowWithThePen) {
+  for (const int width : {2, 3, 3}) {
+    content.pen({kBlack, width, kDrawDot});
+    content.line({1, 2}, {3, 4});
+  }
+  expect(
+      "300 w\n[300 900 ]0 d\n10 20 m 30 40 l\nS\n"
+      "450 w\n[450 1350 ]0 d\n10 20 m 30 40 l\nS\n10 20 m 30 40 l\nS\n");
+}
+
+TEST_F(Pdf, FiguresOfNoPointsAreNothing) {
+  content.polyline({});
+  content.bezier({});
+  content.figure({}, true, true);
+  expect("");
+}
+
+TEST_F(Pdf, OutlinesOfManyCornersAreNoMarks) {
+  content.filling({kWhite, kFillSolid});
+  std::vector<PixelPoint> corners;
+  for (int i = 0; i < 9; ++i) corners.push_back({i, i * i});
+  for (int i = 0; i < 3; ++i) content.figure(corners, true, true);
+  EXPECT_THAT(content.objects(), testing::IsEmpty());
+  corners.pop_back();
+  for (int i = 0; i < 3; ++i) content.figure(corners, true, true);
+  EXPECT_THAT(content.objects(), testing::SizeIs(1));
+}
+
 TEST_F(Pdf, LongPathsAreCut) {
   for (int i = 0; i < 2001; ++i) content.line({1.0 * i, 0}, {1.0 * i, 10});
   EXPECT_THAT(content.operators(),

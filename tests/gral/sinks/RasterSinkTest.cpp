@@ -236,10 +236,12 @@ TEST(RasterForms, PicturesKeepTheirNaturalSize) {
   RasterSink sink(2, letters);
   sink.clear({300, 150}, kWhite);
   sink.picture({2, 1, 15, {0xFF000000, 0xFFFF0000}}, {15, 30});
+  sink.picture({2, 1, 15, {0, 0xFF00FF00}}, {30, 30});  // the first pixel is missing
   EXPECT_EQ(sink.raster().at(2, 4), 0xFF000000U);
   EXPECT_EQ(sink.raster().at(3, 5), 0xFF000000U);
   EXPECT_EQ(sink.raster().at(4, 4), 0xFFFF0000U);
-  EXPECT_EQ(sink.raster().at(6, 4), 0xFFFFFFFFU);
+  EXPECT_EQ(sink.raster().at(6, 4), 0xFF00FF00U);
+  EXPECT_EQ(sink.raster().at(8, 4), 0xFFFFFFFFU);
   EXPECT_EQ(sink.raster().at(2, 6), 0xFFFFFFFFU);
 }
 

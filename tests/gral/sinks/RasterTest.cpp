@@ -174,8 +174,11 @@ TEST_F(RasterPicture, LinesInAClipRegionAreThePartsOfWholeLines) {
 
 TEST_F(RasterPicture, RegionThatIsEmptyLetsNothingThrough) {
   for (const PixelRect& region :
-       {PixelRect{5, 1, 2, 4}, PixelRect{20, 20, 30, 30}, PixelRect{-9, -9, -1, -1}}) {
+       {PixelRect{5, 1, 2, 4}, PixelRect{2, 4, 5, 1}, PixelRect{20, 20, 30, 30}, PixelRect{-9, -9, -1, -1}}) {
     raster.clip(&region);
+    const PixelRect& seen = raster.seen();
+    EXPECT_TRUE(seen.x2 >= seen.x1 && seen.y2 >= seen.y1) << region.x1;
+    EXPECT_EQ((seen.x2 - seen.x1) * (seen.y2 - seen.y1), 0) << region.x1;
     line({0, 0}, {7, 5}, 3);
     raster.ring({3, 3}, -1, 30, {kInk, kFillSolid, 8});
     const PixelPoint all[] = {{-5, -5}, {50, -5}, {50, 50}, {-5, 50}};
@@ -195,6 +198,26 @@ TEST_F(RasterPicture, BlockIsCutToTheClipRegion) {
   raster.block({4, 3, 3, 4}, kInk);
   EXPECT_EQ(inkOf(raster), 4);
   EXPECT_EQ(raster.takeChanged(), PixelRect{});
+}
+
+TEST_F(RasterPicture, AreaIsCutToTheClipRegionWhateverItsPattern) {
+  const std::vector<RowSpan> area{{0, 0, 8}, {1, 0, 3}, {2, 3, 8}, {5, 0, 8}};
+  const PixelRect region{2, 1, 5, 4};
+  for (const int style : {kFillSolid, kFillHorizontal, kFillTransparent}) {
+    clean(8, 6);
+    raster.clip(&region);
+    raster.paint(area, {kInk, style, 1});
+    EXPECT_EQ(inkOf(raster), style == kFillTransparent ? 0 : 3) << style;
+    EXPECT_EQ(raster.at(2, 1) == kInk, style != kFillTransparent) << style;
+  }
+}
+
+TEST_F(RasterPicture, AreaAroundAPixelOutsideTheClipRegionIsEmpty) {
+  const PixelRect region{2, 1, 5, 4};
+  raster.clip(&region);
+  for (const PixelPoint& start : {PixelPoint{1, 2}, {5, 2}, {3, 0}, {3, 4}})
+    EXPECT_TRUE(raster.areaAround(start, kInk).empty()) << start.x << "," << start.y;
+  EXPECT_EQ(raster.areaAround({4, 3}, kInk).size(), 3U);
 }
 
 TEST_F(RasterPicture, PolygonHoldsItsLeftAndUpperEdgeOnly) {
@@ -339,6 +362,14 @@ TEST_F(RasterPicture, IsReducedToTheMeanOfItsSquares) {
   const Picture part = raster.reduced(2, {2, 3, 3, 4});
   ASSERT_EQ(part.width, 1);
   EXPECT_EQ(part.pixels, std::vector<std::uint32_t>{0xFFBFBFBF});
+}
+
+TEST_F(RasterPicture, PartBesideWhatWasDrawnIsReducedToTheGround) {
+  clean(8, 6);
+  raster.span(2, 0, 3, kInk);
+  const Picture part = raster.reduced(2, {4, 0, 8, 6});
+  EXPECT_EQ(part.width, 2);
+  EXPECT_EQ(part.pixels, std::vector<std::uint32_t>(6, kPaper));
 }
 
 TEST_F(RasterPicture, ColoursHaveRedInTheLowestByte) {

@@ -60,12 +60,28 @@ TEST_F(Svg, CappedBarIsOneWayThereAndBackOnItsCaps) {
   EXPECT_EQ(body(), kBlackGroup + std::string("<path fill=\"none\" d=\"M45 100h10-5v-80h5-10\"/>\n</g>\n"));
 }
 
+TEST_F(Svg, BarAlongXIsTheSameTurnedRound) {
+  writer.pen({});
+  writer.line({100, 50}, {20, 50});
+  writer.line({100, 45}, {100, 55});
+  writer.line({20, 45}, {20, 55});
+  EXPECT_EQ(body(), kBlackGroup + std::string("<path fill=\"none\" d=\"M100 45v10-5h-80v5-10\"/>\n</g>\n"));
+}
+
 TEST_F(Svg, DashedLinesAreTakenOnceAndInTheirOrder) {
   writer.pen({kBlack, 1, kDrawDash});
   writer.line({50, 100}, {50, 20});
   writer.line({45, 100}, {55, 100});
   writer.line({45, 20}, {55, 20});
   EXPECT_NE(body().find(" d=\"M50 100v-80m-5 80h10m-10-80h10\""), std::string::npos);
+}
+
+TEST_F(Svg, DashedLinesThatMeetAreOneWay) {
+  writer.pen({kBlack, 1, kDrawDash});
+  writer.line({1, 2}, {3, 4});
+  writer.line({3, 4}, {5, 7});
+  writer.line({3, 4}, {1, 2});
+  EXPECT_NE(body().find(" d=\"M1 2l2 2 2 3m-2-3-2-2\""), std::string::npos);
 }
 
 TEST_F(Svg, LinesWithoutLengthAreDots) {
@@ -121,6 +137,29 @@ TEST_F(Svg, ShapesAreElements) {
             "<path stroke=\"#ffffff\" stroke-width=\"10\" shape-rendering=\"crispEdges\" d=\"M1 2l2 2 2 2 2 "
             "2z\"/>\n"
             "<path fill=\"none\" d=\"M1 2l2 2 2 2 2 2\"/>\n</g>\n");
+}
+
+TEST_F(Svg, ShapesCoverTheLinesBeforeThem) {
+  writer.pen({});
+  writer.line({1, 2}, {3, 4});
+  writer.filledBox({1, 2}, {3, 4}, kWhite);
+  writer.line({5, 6}, {7, 8});
+  EXPECT_EQ(body(), kBlackGroup + std::string("<path fill=\"none\" d=\"M1 2l2 2\"/>\n"
+                                              "<path stroke=\"none\" fill=\"#ffffff\" d=\"M1 2H3V4H1Z\"/>\n"
+                                              "<path fill=\"none\" d=\"M5 6l2 2\"/>\n</g>\n"));
+}
+
+TEST_F(Svg, SmallestCirclesKeepTheirSize) {
+  writer.pen({});
+  writer.circle({10, 20}, Twips(0.4));
+  writer.circle({10, 20}, Twips(-1.4));
+  EXPECT_NE(body().find("r=\"0.4\"/>\n<circle cx=\"10\" cy=\"20\" r=\"1\"/>"), std::string::npos) << body();
+}
+
+TEST_F(Svg, CurveOfNoPointsIsNothing) {
+  writer.pen({});
+  writer.bezier({});
+  EXPECT_EQ(body(), "");
 }
 
 TEST_F(Svg, PixelsAreTurnedIntoTwips) {

@@ -47,8 +47,9 @@ QImage FigureView::picture() {
   return image;
 }
 
+// An error must not leave an event of the toolkit: the figure is drawn at the next size.
 void FigureView::resizeEvent(QResizeEvent*) {
-  draw();
+  guard([this] { draw(); });
 }
 
 }  // namespace vk

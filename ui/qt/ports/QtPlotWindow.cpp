@@ -13,6 +13,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/Guard.h"
 #include "ui/qt/devices/ImageDevice.h"
 #include "ui/qt/devices/QtPicture.h"
 #include "ui/qt/widgets/HelpKey.h"
@@ -82,8 +83,13 @@ bool QtPlotWindow::showChanged() {
   return true;
 }
 
+// An error must not leave an event of the toolkit: what is not painted now is at the next time.
 void QtPlotWindow::paintEvent(QPaintEvent* event) {
-  const QRect part = (event->rect() + kSmoothRim) & rect();
+  guard([&] { paint(event->rect()); });
+}
+
+void QtPlotWindow::paint(const QRect& wanted) {
+  const QRect part = (wanted + kSmoothRim) & rect();
   const int ratio = device_.pixelRatio();
   const PixelRect pixels{part.left() * ratio, part.top() * ratio, (part.right() + 1) * ratio,
                          (part.bottom() + 1) * ratio};
@@ -129,16 +135,16 @@ void QtPlotWindow::closeEvent(QCloseEvent* event) {
 
 void QtPlotWindow::copyPicture() {
   const Picture picture = device_.Image();
-  auto* content = new QMimeData;  // the clipboard takes it over
+  auto content = std::make_unique<QMimeData>();
   content->setImageData(imageOf(picture).copy());
-  const auto add = [content](const QString& format, const std::string& file) {
+  const auto add = [&content](const QString& format, const std::string& file) {
     content->setData(format, QByteArray::fromStdString(file));
   };
   add(QStringLiteral("image/png"), pngOf(picture));
   add(QStringLiteral("image/svg+xml"), device_.svg());
   add(QStringLiteral("application/pdf"), device_.pdf());
   QGuiApplication::clipboard()->clear();
-  QGuiApplication::clipboard()->setMimeData(content);
+  QGuiApplication::clipboard()->setMimeData(content.release());  // which takes it over
 }
 
 QtPlotWindows::QtPlotWindows(QtGraphics& graphics, EventPump& pump, EventRunner run)

@@ -46,6 +46,7 @@ class QtPlotWindow : public QWidget, public PlotWindow {
  private:
   void click();
   void followForm();
+  void paint(const QRect& wanted);
   /// Asks for a repaint of what has been drawn since the last call; false when nothing has.
   bool showChanged();
 

@@ -137,6 +137,11 @@ bool QtPrinter::askForFile() {
   return false;
 }
 
+/// The toolkit prints on a printer that nobody knows any more without a word.
+bool QtPrinter::isGone() {
+  return printer_ && (!present() || QPrinterInfo::printerInfo(printer_->printerName()).isNull());
+}
+
 void QtPrinter::begin() {
   QPagedPaintDevice& sheets = paper();
   if (pdf_ && !askForFile()) {
@@ -144,11 +149,17 @@ void QtPrinter::begin() {
     return;
   }
   painter_ = std::make_unique<QPainter>();
-  if (!painter_->begin(&sheets)) {
-    painter_.reset();
+  if (isGone() || !painter_->begin(&sheets)) {
+    dropPaper();
     throw RuntimeError(kPrinterError);
   }
   scaleToTwips();
+}
+
+void QtPrinter::dropPaper() {
+  painter_.reset();
+  printer_.reset();
+  pdf_.reset();
 }
 
 void QtPrinter::scaleToTwips() {
@@ -200,20 +211,19 @@ void QtPrinter::KillDoc() {
   if (!painter_) return;
   if (!pdf_) printer_->abort();
   painter_->end();
-  painter_.reset();
-  pdf_.reset();
+  dropPaper();
 }
 
 void QtPrinter::EndDoc() {
   discarded_ = false;
   if (!painter_) return;
-  const bool failed = !painter_->end() || (printer_ && printer_->printerState() == QPrinter::Error);
-  painter_.reset();
+  const bool failed =
+      !painter_->end() || isGone() || (printer_ && printer_->printerState() == QPrinter::Error);
+  const std::optional<std::string> document =
+      pdf_ && !failed ? std::optional(pdf_->bytes.data().toStdString()) : std::nullopt;
+  dropPaper();
   if (failed) throw RuntimeError(kPrinterError);
-  if (!pdf_) return;
-  const std::string document = pdf_->bytes.data().toStdString();
-  pdf_.reset();
-  writeFile(document);
+  if (document) writeFile(*document);
 }
 
 void QtPrinter::writeFile(const std::string& document) {

@@ -12,9 +12,9 @@
 
 namespace vk {
 
-/// The default printer of the system. Without one a document becomes a PDF file: its name is asked when the
-/// document begins, and a user who gives none prints nothing. The file is written as a whole when the document
-/// ends; where that fails the user is told, and may give another name.
+/// The default printer of the system, looked for anew by each document. Without one a document becomes a PDF file:
+/// its name is asked when the document begins, and a user who gives none prints nothing. The file is written as a
+/// whole when the document ends; where that fails the user is told, and may give another name.
 class QtPrinter : public Printer {
  public:
   /// Without `usePrinters` every document becomes a file, whatever printers there are.
@@ -51,7 +51,9 @@ class QtPrinter : public Printer {
   bool askForFile();
   bool mayReplace(const std::string& name);
   bool wantsOtherName(const WindowText& text);
+  bool isGone();
   void begin();
+  void dropPaper();
   void scaleToTwips();
   void writeFile(const std::string& document);
 

@@ -135,6 +135,18 @@ TEST_F(MainModTest, AFunctionFileThatCannotBeReadLeavesModesAndFunctions) {
   EXPECT_FALSE(on(Control::MenFunCar));
 }
 
+TEST_F(MainModTest, ACommandThatBreaksOffFillsTheListsOfFunctionsAnew) {
+  start();
+  functions.calls.clear();
+  files.readError["/f.fcn"] = kDeviceIoError;
+  dialogs.pick("/f.fcn");
+  dialogs.expectBox();
+  mainMod.run(Control::MenFunLet);
+  dialogs.boxes.clear();
+  EXPECT_THAT(functions.calls, testing::ElementsAre("refill selection", "refill load list"))
+      << "what the command had put there is gone";
+}
+
 TEST_F(MainModTest, ExhaustedMemoryIsRunTimeErrorSeven) {
   dialogs.expectBox();
   mainMod.guarded([] { throw std::bad_alloc(); });

@@ -138,6 +138,7 @@ TEST_F(MainModTest, AFunctionFileThatCannotBeReadLeavesModesAndFunctions) {
 TEST_F(MainModTest, ACommandThatBreaksOffFillsTheListsOfFunctionsAnew) {
   start();
   functions.calls.clear();
+  files.content["/f.fcn"] = "A\r\nA*x\r\nretta\r\n";
   files.readError["/f.fcn"] = kDeviceIoError;
   dialogs.pick("/f.fcn");
   dialogs.expectBox();

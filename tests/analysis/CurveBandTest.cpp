@@ -1,5 +1,7 @@
 #include "analysis/CurveBand.h"
 
+#include <gmock/gmock.h>
+
 #include <array>
 #include <cmath>
 
@@ -16,7 +18,7 @@ constexpr double kNear = kByDifferences;
 class CurveBandTest : public testing::Test {
  protected:
   CurveBandTest() {
-    fit.data({4, 0, 2}, {9, 1, 5}, {0.4, 0.2, 0.3});
+    fit.data({4, 0, 2}, {9, 1, 5}, {0.4, 0.2, 0.6});
     fit.start({2, 1});
     covariance.set(1, 1, 0.04);
     covariance.set(2, 2, 0.25);
@@ -37,12 +39,13 @@ TEST_F(CurveBandTest, IsTheErrorOfTheValueOfTheFunction) {
   EXPECT_NEAR(band->confidence[1], std::sqrt(0.04 + 0.25 - 0.12), kNear);
   EXPECT_NEAR(band->confidence[2], std::sqrt(25 * 0.04 + 0.25 - 0.6), kNear);
   EXPECT_TRUE(band->prediction.empty());
+  EXPECT_THAT(band->values, testing::ElementsAre(1, 3, 11));
 }
 
 TEST_F(CurveBandTest, OfAPredictionHasTheErrorOfAPointTooBetweenItsNeighbours) {
   const auto band = widths({covariance, 2, true}, {-1, 0, 1, 3, 4, 9});
   ASSERT_TRUE(band.has_value());
-  constexpr std::array kErrors{0.2, 0.2, 0.25, 0.35, 0.4, 0.4};
+  constexpr std::array kErrors{0.2, 0.2, 0.4, 0.5, 0.4, 0.4};
   for (std::size_t k = 0; k < kErrors.size(); ++k) {
     EXPECT_NEAR(band->prediction[k], std::hypot(band->confidence[k], 2 * kErrors[k]), kNear) << k;
   }

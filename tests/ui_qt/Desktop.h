@@ -87,7 +87,9 @@ class Desktop : public testing::Test {
   std::vector<int> exitCodes;
   std::vector<QString> boxes;
   DesktopProcess process;
-  Application application{files, process, [this](int code) { exitCodes.push_back(code); }, false};
+  std::function<bool()> hasPrinter = [] { return false; };  ///< a test may say yes; nothing is printed then
+  Application application{files, process, [this](int code) { exitCodes.push_back(code); },
+                          [this] { return hasPrinter(); }};
   User user;
 };
 

@@ -47,7 +47,7 @@ class PrintedOnFaultyDisk : public testing::Test {
   TemporaryFolder folder{folderInMemory()};
   SystemFiles files;
   OneNameDialogs dialogs;
-  QtPrinter printer{files, dialogs, false};
+  QtPrinter printer{files, dialogs, [] { return false; }};
 };
 
 TEST_F(PrintedOnFaultyDisk, AFileIsTheOldOneOrTheNewOneAndTheUserIsTold) {
@@ -99,17 +99,9 @@ TEST_F(PrintedOnFaultyDisk, AFolderThatIsGoneIsTold) {
   EXPECT_TRUE(isWholePdf(folder.bytesOf("foglio.pdf"))) << "the next document is printed";
 }
 
-/// A printer that may go away; the system of the test has none.
-class LosablePrinter : public QtPrinter {
- public:
-  using QtPrinter::QtPrinter;
-  bool present() override { return there; }
-  bool there = true;
-};
-
 TEST_F(PrintedOnFaultyDisk, APrinterThatIsGoneIsToldAndTheNextDocumentBecomesAFile) {
-  qputenv("CUPS_SERVER", "localhost:1");  // nothing may reach the printers of the machine
-  LosablePrinter losable(files, dialogs);
+  bool there = true;  // but none that the system knows
+  QtPrinter losable(files, dialogs, [&] { return there; });
   const auto print = [&] {
     losable.printText(Cp437Text(std::string("riga")), kSheetFace, kSheetPoints);
     losable.EndDoc();
@@ -117,16 +109,16 @@ TEST_F(PrintedOnFaultyDisk, APrinterThatIsGoneIsToldAndTheNextDocumentBecomesAFi
   losable.setOrientation(kLandscape);
   for (const bool known : {true, false}) {
     EXPECT_GT(losable.Width().value(), losable.Height().value());
-    losable.there = known;
+    there = known;
     try {
       print();
       ADD_FAILURE() << "printed";
     } catch (const RuntimeError& error) {
       EXPECT_EQ(error.number(), kPrinterError);
     }
-    losable.there = true;
+    there = true;
   }
-  losable.there = false;
+  there = false;
   dialogs.file = folder / "foglio.pdf";
   print();
   EXPECT_TRUE(isWholePdf(folder.bytesOf("foglio.pdf")));

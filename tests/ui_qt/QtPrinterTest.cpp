@@ -42,7 +42,7 @@ class QtPrinterTest : public testing::Test {
   TemporaryFolder folder;
   FullDisk files;
   ScriptedDialogs dialogs;
-  QtPrinter printer{files, dialogs, false};
+  QtPrinter printer{files, dialogs, [] { return false; }};
   OutputModel model;
 };
 

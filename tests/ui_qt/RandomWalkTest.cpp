@@ -122,7 +122,8 @@ class RandomWalkTest : private ScriptedTime, public Desktop {
             QString::fromStdString(folder / "stampa.pdf"),
             QString::fromStdString(folder / "manca.dat")};
   }
-  /// Walks while windows are upset and files cannot be read or written now and then; no text may be lost.
+  /// Walks while windows are upset, files cannot be read or written now and then, and printers come and go; no text
+  /// may be lost.
   void walkWithFaults(Walker& walker, unsigned seed, int steps) {
     walker.tidiness = 8;
     walker.unruly = true;
@@ -138,8 +139,11 @@ class RandomWalkTest : private ScriptedTime, public Desktop {
       ++faults;
       throw RuntimeError(kErrors[generator() % std::size(kErrors)]);
     };
+    std::mt19937 printers{seed};
+    hasPrinter = [&] { return printers() % 2 == 0 && ++lostPrinters > 0; };
     walker.walk(steps);
     files.onAccess = nullptr;
+    hasPrinter = [] { return false; };
     text.look();
     saved = text.saved;
     EXPECT_THAT(text.losses, testing::IsEmpty());
@@ -158,6 +162,7 @@ class RandomWalkTest : private ScriptedTime, public Desktop {
   }
 
   int faults = 0, saved = 0;
+  int lostPrinters = 0;  ///< how often a document was to be printed on a printer that was there no more
   std::set<QString> unreachable;  ///< boxes that waited where nobody could answer them
 
  private:
@@ -195,9 +200,10 @@ TEST_F(RandomWalkTest, ErrorsReportsAndUpsetWindowsShutNobodyOutAndLoseNoText) {
   if (seed == 0) {
     EXPECT_GE(saved, 2);
     EXPECT_GE(faults, 1);
+    EXPECT_GE(lostPrinters, 1);
   }
   std::cout << "commands " << walker.commands << ", figures " << walker.figures << ", faults " << faults
-            << ", texts saved " << saved << '\n';
+            << ", texts saved " << saved << ", printers lost " << lostPrinters << '\n';
 }
 
 /// A walk of its own, for a test that compares several.

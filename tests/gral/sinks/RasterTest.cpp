@@ -220,6 +220,14 @@ TEST_F(RasterPicture, AreaAroundAPixelOutsideTheClipRegionIsEmpty) {
   EXPECT_EQ(raster.areaAround({4, 3}, kInk).size(), 3U);
 }
 
+TEST_F(RasterPicture, PolygonIsCutToTheClipRegion) {
+  const PixelRect region{2, 1, 5, 4};
+  raster.clip(&region);
+  const PixelPoint all[] = {{-5, -5}, {50, -5}, {50, 50}, {-5, 50}};
+  raster.polygon(all, {kInk, kFillSolid, 8});
+  EXPECT_EQ(rowsOf(raster), (Rows{"........", "..###...", "..###...", "..###...", "........", "........"}));
+}
+
 TEST_F(RasterPicture, PolygonHoldsItsLeftAndUpperEdgeOnly) {
   const PixelPoint box[] = {{1, 1}, {4, 1}, {4, 3}, {1, 3}};
   raster.polygon(box, {kInk, kFillSolid, 8});

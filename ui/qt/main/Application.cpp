@@ -9,10 +9,11 @@
 
 namespace vk {
 
-Application::Application(Files& files, Process& process, std::function<void(int)> quit, bool usePrinters)
+Application::Application(Files& files, Process& process, std::function<void(int)> quit,
+                         std::function<bool()> hasPrinter)
     : files_(files),
       quit_(std::move(quit)),
-      printer_(files_, dialogs_, usePrinters),
+      printer_(files_, dialogs_, std::move(hasPrinter)),
       forms_{&selectForm_, &loadForm_, &output_.form(), &inputForm_, &editForm_, &importForm_, &message_},
       mainMod_(session_, {files_, dialogs_, window_, inputForm_, output_, functions_, importForm_, clock_,
                           sound_, process, random_, editor_, panels_, plots_, report_,

@@ -38,9 +38,10 @@ namespace vk {
 /// The desktop program: one session, its forms, and the wires between them.
 class Application {
  public:
-  /// `files` is the disk, `process` starts other programs; `quit` ends the event loop with an exit code. Without
-  /// `usePrinters` all that is printed goes to PDF files.
-  Application(Files& files, Process& process, std::function<void(int)> quit, bool usePrinters = true);
+  /// `files` is the disk, `process` starts other programs; `quit` ends the event loop with an exit code.
+  /// While `hasPrinter` says no, all that is printed goes to PDF files.
+  Application(Files& files, Process& process, std::function<void(int)> quit,
+              std::function<bool()> hasPrinter = systemHasPrinter);
 
   /// Shows the main window and the welcome; the program is ready afterwards.
   void StartUp();

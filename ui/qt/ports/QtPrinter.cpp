@@ -57,14 +57,14 @@ struct QtPrinter::Pdf {
   }
 };
 
-QtPrinter::QtPrinter(Files& files, Dialogs& dialogs, bool usePrinters)
-    : files_(files), dialogs_(dialogs), usePrinters_(usePrinters) {}
+bool systemHasPrinter() {
+  return !QPrinterInfo::defaultPrinter().isNull();
+}
+
+QtPrinter::QtPrinter(Files& files, Dialogs& dialogs, std::function<bool()> hasPrinter)
+    : files_(files), dialogs_(dialogs), hasPrinter_(std::move(hasPrinter)) {}
 
 QtPrinter::~QtPrinter() = default;
-
-bool QtPrinter::present() {
-  return usePrinters_ && !QPrinterInfo::defaultPrinter().isNull();
-}
 
 QPagedPaintDevice& QtPrinter::paper() {
   if (printer_) return *printer_;

@@ -12,19 +12,22 @@
 
 namespace vk {
 
+/// Whether the system has a default printer.
+bool systemHasPrinter();
+
 /// The default printer of the system, looked for anew by each document. Without one a document becomes a PDF file:
 /// its name is asked when the document begins, and a user who gives none prints nothing. The file is written as a
 /// whole when the document ends; where that fails the user is told, and may give another name.
 class QtPrinter : public Printer {
  public:
-  /// Without `usePrinters` every document becomes a file, whatever printers there are.
-  QtPrinter(Files& files, Dialogs& dialogs, bool usePrinters = true);
+  /// `hasPrinter` is asked when a document begins and when it ends, as printers come and go.
+  QtPrinter(Files& files, Dialogs& dialogs, std::function<bool()> hasPrinter = systemHasPrinter);
   ~QtPrinter() override;
 
   /// The full name that is proposed for the first file. Later ones are proposed in the folder of the last.
   void setProposal(std::function<std::string()> proposal) { proposal_ = std::move(proposal); }
 
-  bool present() override;
+  bool present() override { return hasPrinter_(); }
   Int16 Orientation() override { return orientation_; }
   void setOrientation(Int16 orientation) override;
   Twips Width() override;
@@ -59,7 +62,7 @@ class QtPrinter : public Printer {
 
   Files& files_;
   Dialogs& dialogs_;
-  bool usePrinters_;
+  std::function<bool()> hasPrinter_;
   std::function<std::string()> proposal_;
   std::optional<std::string> folder_;  ///< of the last file that the user named
   std::string fileName_;               ///< of the document, where it becomes a file

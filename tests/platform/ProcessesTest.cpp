@@ -151,6 +151,7 @@ TEST(Processes, WhoseOutputCannotBeReadAreAnErrorAndASignalIsNone) {
 
 TEST(SignalHold, LetsAnEndingSignalThroughAfterwards) {
   const auto ends = endsOf(1, 1, [](int) {
+    std::signal(SIGINT, SIG_DFL);  // which a shell ignores in its background
     {
       const SignalHold whole;
       ::raise(SIGINT);

@@ -139,6 +139,16 @@ TEST(LeastSquares, TellsWhereNoStepLeadsOn) {
   EXPECT_EQ(result.end, LeastSquaresEnd::kNoProgress);
 }
 
+TEST(LeastSquares, LooksAtNoOtherParameterWhereTheDerivativesByOneDoNotSettle) {
+  MadeResiduals root(2, [](std::span<const double> p, int j) {
+    return j == 0 ? std::copysign(std::sqrt(std::abs(p[0])), p[0]) : p[1] - 7;
+  });
+  const LeastSquaresResult result = leastSquares(root, {{0, 7}});
+  EXPECT_EQ(result.end, LeastSquaresEnd::kNoProgress);
+  EXPECT_NE(root.tried.back()[0], 0);
+  EXPECT_EQ(root.tried.back()[1], 7);
+}
+
 TEST(LeastSquares, StaysAtAnEdgeBehindWhichAllFails) {
   MadeResiduals edge(3, [](std::span<const double> p, int j) { return std::sqrt(1 - p[0]) + j; });
   const LeastSquaresResult result = leastSquares(edge, {{1}});

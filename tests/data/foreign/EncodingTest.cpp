@@ -44,6 +44,7 @@ TEST(ForeignEncoding, OfATextHasFewControlCharacters) {
 TEST(ForeignEncoding, OfSixteenBitsGivesCharactersOfOnePlace) {
   EXPECT_EQ(decodeText("\xFF\xFE\x61\0\xE0\0\x01\xFB"s, Encoding::kUtf16Le), "a\u00E0\uFB01");
   EXPECT_EQ(decodeText("\xFE\xFF\xD8\x3D\xDE\x00\0b"s, Encoding::kUtf16Be), "\uFFFD\uFFFDb");
+  EXPECT_EQ(decodeText("\xD7\xFF\xD8\0\xDF\xFF\xE0\0"s, Encoding::kUtf16Be), "\uD7FF\uFFFD\uFFFD\uE000");
 }
 
 }  // namespace

@@ -133,7 +133,7 @@ void FitScreen::progress(const FitProgress& progress) {
 void FitScreen::finished(const FitFinal& final) {
   printColumn(layout_->valueColumn(), final.progress.X);
   printColumn(layout_->errorColumn(), final.errors);
-  if (layout_->freeCount > 1) printMatrix(final.correlation);
+  printMatrix(final.correlation);
   printFigures(final.progress);
   if (final.last) {
     printStatusWord(kWordRow, kMinimisation);

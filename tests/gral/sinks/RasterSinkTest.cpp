@@ -145,6 +145,16 @@ TEST(RasterForms, CurvePassesThroughItsEnds) {
   }
 }
 
+TEST(RasterForms, CurveIsDrawnToEachOfItsInnerPoints) {
+  for (const std::size_t drawing : {1U, 2U}) {
+    RasterForm form(1);
+    PixelPoint curve[] = {{0, 0}, {6, 0}, {12, 0}, {19, 0}};
+    curve[drawing].y = 8;
+    form.PolyBezier(curve);
+    EXPECT_EQ(form.raster().at(9, 3), 0xFF000000U) << drawing;  // at half its way the curve is at (9.1, 3)
+  }
+}
+
 TEST(RasterForms, LettersAreAskedAtTheirSizeAndAngle) {
   RasterForm form(2);
   form.setFontSize(12);

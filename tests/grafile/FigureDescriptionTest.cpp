@@ -27,6 +27,16 @@ TEST(FigureDescription, ReadsNamesOfFilesInUtf8OrAsDosText) {
               "Dati: caff\xC3\xA8.dat.");
 }
 
+TEST(FigureDescription, NamesFilesWithoutTheirFolders) {
+  EXPECT_EQ(
+      describeFigure("\\DATI(d/a.dat)\r\n\\SPEZZATA(d/b.dat)\r\n\\CURVA(d/c.dat)\r\n"
+                     "\\CONTORNI(8,2,1,d/g.grd)\r\n\\SUPERFICIE(110,125,0.5,0,0,4,8,d/h.grd)\r\n"
+                     "\\COLONNE(110,125,0.5,0,0,1,d/k.grd)\r\n",
+                     "t")
+          .description,
+      "Dati: a.dat. Spezzata: b.dat. Curva: c.dat. Contorni: g.grd. Superficie: h.grd. Colonne: k.grd.");
+}
+
 TEST(FigureDescription, PassesOverWhatCannotBeDrawn) {
   const FigureWords words = describeFigure(
       "\\CERCHIO(1)\r\n\\XASSE(a, 70000, 0, 5, 3, "

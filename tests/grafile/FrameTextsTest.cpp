@@ -80,6 +80,27 @@ TEST_F(FrameTextsTest, AFrameWritesThemAndItsFunctionsRunOverIt) {
   EXPECT_EQ(numbersOf(*curve).size(), 2 * 400U);
 }
 
+TEST_F(FrameTextsTest, TitlesStandInTheMiddleOfTheirSides) {
+  const auto placeOf = [&](const std::string& title, const std::string& x, const std::string& y) {
+    const auto drawn = run(lines({"\\XSCALA(" + x + ",0,10)", "\\YSCALA(" + y + ",0,6)", "\\XLEGENDA(t)",
+                                  "\\YLEGENDA(N)", "\\RIQUADRO(5,3,1)"}));
+    const auto text = std::ranges::find_if(drawn, [&](const std::string& line) {
+      return line.starts_with("text ") && line.ends_with("'" + title + "'");
+    });
+    const std::vector<double> numbers = numbersOf(*text);
+    return std::pair(numbers[0], numbers[1]);
+  };
+  // A page has its origin above.
+  const auto [tx, ty] = placeOf("t", "4,18", "3,12");
+  const auto [nx, ny] = placeOf("N", "4,18", "3,12");
+  const auto [movedTx, movedTy] = placeOf("t", "5,19", "5,14");
+  const auto [movedNx, movedNy] = placeOf("N", "5,19", "5,14");
+  EXPECT_GT(movedTx, tx);
+  EXPECT_LT(movedTy, ty);
+  EXPECT_NEAR(movedNx - nx, movedTx - tx, kSingles);
+  EXPECT_NEAR(movedNy - ny, movedTy - ty, kSingles);
+}
+
 TEST_F(FrameTextsTest, FunctionsOfAFrameAreRefusedLikeOthers) {
   const std::string frame = lines({"\\XSCALA(4,18,0,10)", "\\YSCALA(3,12,0,6)", "\\RIQUADRO(5,3,1)"});
   EXPECT_EQ(errorsOf(frame + lines({"\\FUNZIONE(q * x)", "\\FUNZIONE(LOG(-1-x))", "\\FUNZIONE(x)"})),

@@ -203,9 +203,12 @@ TEST_F(PlotSheetTest, AKeyWithoutChoiceIsLeftOutAndALongOneShortened) {
   sheet.curves = {line(1, 0, "")};
   EXPECT_EQ(layOut(sheet, d).key, (std::vector<std::string>{"dati", "retta"}));
   sheet.curves[0].name = std::string(200, 'a');
-  const std::string name = layOut(sheet, d).key.at(1);
-  EXPECT_LT(name.size(), 60U);
+  const SheetLayout layout = layOut(sheet, d);
+  const std::string name = layout.key.at(1);
   EXPECT_NE(name.find("..."), std::string::npos);
+  const double room = 0.6 * (layout.box.x.toCm - layout.box.x.fromCm);
+  EXPECT_LE(keyWidth(d, name), room);
+  EXPECT_GT(keyWidth(d, name + "a"), room);
 }
 
 TEST_F(PlotSheetTest, NamesHaveNoMarkupAndFormulasRaisePowers) {

@@ -53,6 +53,12 @@ TEST_F(Pdf, FiguresOfNoPointsAreNothing) {
   expect("");
 }
 
+TEST_F(Pdf, BoxesAreEmptyWhateverTheFilling) {
+  content.filling({kWhite, kFillSolid});
+  content.box({1, 2}, {4, 8});
+  expect("150 w\n10 20 30 60 re S\n");
+}
+
 TEST_F(Pdf, OutlinesOfManyCornersAreNoMarks) {
   content.filling({kWhite, kFillSolid});
   std::vector<PixelPoint> corners;

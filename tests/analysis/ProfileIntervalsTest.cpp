@@ -72,6 +72,14 @@ TEST(ProfileIntervals, EndWhereTheFunctionDoesAlthoughTheChiSquareIsSmallThere) 
   EXPECT_NEAR(*intervalsOf(fit)[0][1].low, 0, 5E-7);
 }
 
+TEST(ProfileIntervals, AreFoundBesideAPole) {
+  // One point: 1 / (2 - a) with the error 0.99 is 1.99 shortly before it has no bounds.
+  FitCase fit("1/(2-a)+0*x", "a");
+  fit.data({0, 1}, {1, 1}, {0.99 * std::sqrt(2.0), 0.99 * std::sqrt(2.0)});
+  fit.start({0.5});
+  EXPECT_NEAR(*intervalsOf(fit)[0][0].high, 2 - 1 / 1.99, kMinimum);
+}
+
 TEST(ProfileIntervals, LeaveConstantParametersOut) {
   FitCase fit("b*x+c", "b,c");
   fit.data(kFive, kLineY, kTenths);

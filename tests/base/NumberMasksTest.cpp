@@ -48,6 +48,7 @@ TEST(MaskPattern, LeavesTheFirstPositionToTheSign) {
   EXPECT_EQ(MaskPattern("#.######^^^^"), ".000000E+00");
   EXPECT_EQ(MaskPattern("###.####"), "##.0000");
   EXPECT_EQ(MaskPattern("####"), "###");
+  EXPECT_EQ(MaskPattern(".##"), ".00");
   EXPECT_EQ(MaskPattern("#"), "");
   EXPECT_EQ(MaskPattern("#.##^^^^"), ".00E+00");
   EXPECT_EQ(MaskPattern("  ##.####^^^^"), "#.0000E+00");

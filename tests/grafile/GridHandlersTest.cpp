@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "doubles/DrawingLines.h"
@@ -140,14 +141,21 @@ TEST_F(GridCommandsTest, TheRoomForLabelsIsKeptAtTheWholePageOnly) {
 }
 
 TEST_F(GridCommandsTest, ASurfaceIsShadedInTheHueOfThePen) {
-  auto drawn = run("\\COLORE(FF0080)\r\n\\SUPERFICIE(110,125,.5,0,10,2,0,slope.grd)\r\n");
-  std::erase_if(drawn, [](const std::string& line) { return !line.starts_with("filling "); });
-  EXPECT_FALSE(drawn.empty());
-  for (const std::string& line : drawn) {
-    const Colour colour =
-        Colour::fromRgb(static_cast<std::uint32_t>(std::stoul(line.substr(8, 6), nullptr, 16)));
-    EXPECT_GE(colour.red(), colour.blue()) << line;
-    EXPECT_GE(colour.blue(), colour.green()) << line;
+  const auto parts = [](Colour colour) { return std::array{colour.red(), colour.green(), colour.blue()}; };
+  const struct {
+    const char* pen;
+    std::array<std::size_t, 3> order;  // of red, green and blue, the strongest first
+  } cases[] = {{"FF0080", {0, 2, 1}}, {"40FF80", {1, 2, 0}}, {"80FF40", {1, 0, 2}}, {"8040FF", {2, 0, 1}}};
+  for (const auto& [pen, order] : cases) {
+    auto drawn = run("\\COLORE(" + std::string(pen) + ")\r\n\\SUPERFICIE(110,125,.5,0,10,2,0,slope.grd)\r\n");
+    std::erase_if(drawn, [](const std::string& line) { return !line.starts_with("filling "); });
+    EXPECT_FALSE(drawn.empty());
+    for (const std::string& line : drawn) {
+      const auto found =
+          parts(Colour::fromRgb(static_cast<std::uint32_t>(std::stoul(line.substr(8, 6), nullptr, 16))));
+      EXPECT_GE(found[order[0]], found[order[1]]) << pen << ": " << line;
+      EXPECT_GE(found[order[1]], found[order[2]]) << pen << ": " << line;
+    }
   }
 }
 

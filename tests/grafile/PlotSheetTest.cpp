@@ -151,6 +151,10 @@ TEST_F(PlotSheetTest, PlacesWithoutANumberHaveNoPartInTheLimits) {
   EXPECT_EQ(layout.y.high, 1);
 }
 
+TEST_F(PlotSheetTest, ResidualsHaveScalesOfTheirOwn) {
+  EXPECT_THAT(sheetText(wholeSheet(), d), testing::HasSubstr("%Scarti\r\n\\XSCALA("));
+}
+
 TEST_F(PlotSheetTest, OfDataAloneHasNoFunctions) {
   PlotSheet sheet = sheetOf({{0, 1, .2}, {4, 5, .2}});
   EXPECT_EQ(sheetText(sheet, d).find("%Funzioni"), std::string::npos);

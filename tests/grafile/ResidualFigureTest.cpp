@@ -7,6 +7,7 @@
 #include <limits>
 #include <numeric>
 
+#include "doubles/DrawingLines.h"
 #include "gral/Plotting.h"
 #include "gral/sinks/RecorderDevice.h"
 
@@ -92,6 +93,18 @@ TEST(ResidualFigure, HoldsResidualsFarBeyondTheirErrors) {
   const auto lines = drawn({"t", kX, std::vector{0.3, -1.2, 47., 0.1, -2.75, 0.9}});
   EXPECT_EQ(beginningWith(lines, "circle"), 6);
   EXPECT_THAT(written(lines), testing::HasSubstr("-50-40-30-20-10  0 10 20 30 40 50"));
+}
+
+TEST(ResidualFigure, HasTheSameTicksAtTheTopAsAtTheBottom) {
+  constexpr double kLongestTick = 200;  // twips
+  std::vector<double> up, down;         // where they stand along x
+  for (const std::string& line : drawn({"t", kX, kPulls})) {
+    if (!line.starts_with("line ")) continue;
+    const std::vector<double> n = numbersOf(line);
+    if (n[0] == n[2] && std::abs(n[3] - n[1]) < kLongestTick) (n[3] < n[1] ? up : down).push_back(n[0]);
+  }
+  EXPECT_GT(up.size(), 8U);
+  EXPECT_EQ(up, down);
 }
 
 TEST(ResidualFigure, IsDrawnWhateverTheNumbersAre) {

@@ -135,6 +135,16 @@ TEST_F(MainModTest, AFunctionFileThatCannotBeReadLeavesModesAndFunctions) {
   EXPECT_FALSE(on(Control::MenFunCar));
 }
 
+TEST_F(MainModTest, AFileThatCannotBeReadIsNotOpen) {
+  start();
+  files.content["/a.dat"] = "x\r\ny\r\n3\r\n0 1 .1\r\n1 3 .1\r\n2 5.1 .1\r\n";
+  EXPECT_TRUE(mainMod.open("/a.dat"));
+  files.readError["/a.dat"] = kPermissionDenied;
+  dialogs.expectBox();
+  EXPECT_FALSE(mainMod.open("/a.dat"));
+  dialogs.boxes.clear();
+}
+
 TEST_F(MainModTest, ACommandThatBreaksOffFillsTheListsOfFunctionsAnew) {
   start();
   functions.calls.clear();

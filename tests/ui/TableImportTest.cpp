@@ -51,6 +51,13 @@ class TableImportTest : public testing::Test {
   T import;
 };
 
+TEST_F(TableImportTest, OffersWhatAFileCanHave) {
+  import.open(kVelocity);
+  EXPECT_THAT(import.entries(T::kSeparator),
+              ElementsAre("auto: ';'", "';'", "','", "tabulazione", "spazio", "'|'"));
+  EXPECT_THAT(import.entries(T::kDecimal), ElementsAre("auto: virgola", "virgola", "punto"));
+}
+
 TEST_F(TableImportTest, ShowsWhatWasFoundOut) {
   import.open(kVelocity);
   EXPECT_EQ(

@@ -146,6 +146,15 @@ std::string drawn(Session& session, Files& files, int kind) {
   return kind == kDifferencesFigure ? text + session.figures.DiffText : text;
 }
 
+/// The screen of a fit without the seconds that it took: on a busy machine the same fit takes longer.
+std::string withoutSeconds(std::string screen) {
+  constexpr std::string_view kSeconds = "Sec. ";
+  const auto at = screen.find(kSeconds);
+  if (at == screen.npos) return screen;
+  const auto end = screen.find_first_not_of(" 0123456789", at + kSeconds.size());
+  return screen.erase(at, end - at);
+}
+
 /// All that a fit of this session gives to read, whatever was fitted before; empty where the words are refused.
 std::string fitted(Session& session, const WantedFit& wanted) {
   const StreamText errors(std::cerr), notes(std::clog);
@@ -162,7 +171,7 @@ std::string fitted(Session& session, const WantedFit& wanted) {
     return "";
   }
   requireNumbers(outcome.found);
-  std::string told = errors.text() + notes.text() + outcome.screen + outcome.report.text() +
+  std::string told = errors.text() + notes.text() + withoutSeconds(outcome.screen) + outcome.report.text() +
                      roundedLines(outcome.found) + latexTable(outcome.found, outcome.dataFile) +
                      csvLine(outcome.dataFile, outcome.found);
   if (outcome.fitted())

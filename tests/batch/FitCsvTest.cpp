@@ -4,10 +4,14 @@
 
 #include <limits>
 
+#include "tests/analysis/FormulaModel.h"
+
 namespace vk {
 namespace {
 
 using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 TEST(FitCsv, SetsTextsOnOneLineAndQuotesThoseThatNeedIt) {
@@ -24,6 +28,15 @@ TEST(FitCsv, LeavesTheCellOfANumberThatIsNoneEmpty) {
   EXPECT_THAT(csvHeader(findings),
               EndsWith(",chi_square,degrees_of_freedom,reduced_chi_square,confidence_percent,reason"));
   EXPECT_THAT(csvLine("A.DAT", findings), EndsWith(",,0,,50,"));
+}
+
+TEST(FitCsv, TellsValuesWhereAFitHasBegunWithOnePointEven) {
+  FitFindings findings;
+  findings.start = findings.result.par = parametersOf({"a"});
+  findings.result.par.ParValues[1] = 2.5;
+  EXPECT_THAT(csvLine("A.DAT", findings), Not(HasSubstr(",2.5,")));
+  findings.result.M = 1;
+  EXPECT_THAT(csvLine("A.DAT", findings), HasSubstr(",2.5,"));
 }
 
 }  // namespace

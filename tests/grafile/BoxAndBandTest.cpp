@@ -185,6 +185,7 @@ TEST_F(BoxAndBandTest, WhatIsDrawnBehindABandHasItsOwnFilling) {
 TEST_F(BoxAndBandTest, TintsOfDarkColoursAreOfOneGrey) {
   EXPECT_EQ(lightTint(kBlack).rgb(), 0xD1D1D1U);
   EXPECT_EQ(lightTint(Colour::fromRgb(0x0000FF)).rgb(), 0xCBCBFFU);
+  EXPECT_EQ(lightTint(Colour::fromRgb(0xFF8000)).rgb(), 0xFFC78EU);
   EXPECT_EQ(lightTint(kWhite), kWhite);
   EXPECT_EQ(lightTint(Colour::fromRgb(0xFFFF00)).rgb(), 0xFFFF00U);
 }

@@ -8,6 +8,7 @@
 #include <numeric>
 
 #include "doubles/DrawingLines.h"
+#include "doubles/Tolerances.h"
 #include "gral/Plotting.h"
 #include "gral/sinks/RecorderDevice.h"
 
@@ -105,6 +106,21 @@ TEST(ResidualFigure, HasTheSameTicksAtTheTopAsAtTheBottom) {
   }
   EXPECT_GT(up.size(), 8U);
   EXPECT_EQ(up, down);
+}
+
+TEST(ResidualFigure, HasItsPointsOnTheLeftAndItsBarsOnTheRight) {
+  std::vector<double> ticks, marks, bars;  // along x
+  for (const std::string& line : drawn({"t", kX, kPulls})) {
+    const std::vector<double> n = numbersOf(line);
+    if (line.starts_with("line ") && n[0] == n[2] && n[3] > n[1]) ticks.push_back(n[0]);
+    if (line.starts_with("circle ")) marks.push_back(n[0]);
+    if (line.starts_with("box ")) bars.push_back(n[0]);
+  }
+  ASSERT_EQ(marks.size(), kX.size());
+  const double left = ticks.front(), right = ticks.back();
+  EXPECT_EQ(marks.front(), left);
+  EXPECT_NEAR((right - bars.front()) / (right - left), 0.28, kSixDigits);
+  EXPECT_NEAR(bars.front() - marks.back(), 0.7 * kTwipsPerInch / kCmPerInch, kThreeDigits);
 }
 
 TEST(ResidualFigure, IsDrawnWhateverTheNumbersAre) {

@@ -34,6 +34,16 @@ TEST(ForeignReading, TellsTheStartOfALongCellThatIsNoNumber) {
   EXPECT_EQ(reasonOf(most + "\u00E0"), "\"" + most + "...\" non e` un numero");
 }
 
+TEST(ForeignReading, TakesALoneNumberForACountUnderTwoTitlesOrWhereItIsOne) {
+  const struct {
+    const char* header;
+    bool counted;
+  } cases[] = {{"t\nV\n7\n", true}, {"t\n7\n", false},          {"t\n2\n", true},
+               {"7\n", false},      {"t\nV\nnota\n7\n", false}, {"t\nV\n7;1\n", false}};
+  for (const auto& [header, counted] : cases)
+    EXPECT_EQ(readForeign(header + std::string("1;2;3\n2;3;4\n")).counted, counted) << header;
+}
+
 TEST(ForeignReading, TakesARowWhoseLastCellIsEmptyForTheFirst) {
   const ForeignReading reading = readForeign("t;V;nota\n1;2,5;\n2;3,5;a\n3;4,5;b\n");
   EXPECT_EQ(reading.firstLine, 2);

@@ -53,6 +53,12 @@ TEST_F(Pdf, FiguresOfNoPointsAreNothing) {
   expect("");
 }
 
+TEST_F(Pdf, CurvesGoOnFromPieceToPiece) {
+  const PixelPoint points[] = {{0, 1}, {1, 2}, {2, 2}, {3, 1}, {4, 0}, {5, 0}, {6, 1}};
+  content.bezier(points);
+  expect("150 w\n0 10 m\n10 20 20 20 30 10 c\n40 0 50 0 60 10 c\nS\n");
+}
+
 TEST_F(Pdf, BoxesAreEmptyWhateverTheFilling) {
   content.filling({kWhite, kFillSolid});
   content.box({1, 2}, {4, 8});

@@ -123,6 +123,10 @@ TEST(ResidualFigure, HasItsPointsOnTheLeftAndItsBarsOnTheRight) {
   EXPECT_NEAR(bars.front() - marks.back(), 0.7 * kTwipsPerInch / kCmPerInch, kThreeDigits);
 }
 
+TEST(ResidualFigure, DrawsTheNormalCurveByAThickerPen) {
+  EXPECT_EQ(beginningWith(drawn({"t", kX, kPulls}), "pen 000000 width 2 solid"), 1);
+}
+
 TEST(ResidualFigure, IsDrawnWhateverTheNumbersAre) {
   const double most = std::numeric_limits<double>::max();
   for (const std::vector<double>& pulls : {std::vector{0., 0.}, {most, -most}, {1E-300, 1E300}}) {

@@ -96,9 +96,9 @@ void requireWellFormed(const std::string& svg) {
 
 }  // namespace
 
-/// Any bytes are drawn or listed as errors: the same remarks on each device with these letters, and the same pixels when
-/// the drawing is drawn again. What stands behind a line of two percent signs is the file that all commands find under
-/// the name they look for.
+/// Any bytes are drawn or listed as errors: the same remarks on each device with these letters, and the same pixels
+/// when the list of the drawing is drawn again. What stands behind a line of two percent signs is the file that all
+/// commands find under the name they look for.
 void probe(Input input) {
   if (input.size() > kLongest) return;
   const std::string_view text = input.part();

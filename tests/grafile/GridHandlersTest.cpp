@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include "doubles/DrawingLines.h"
 #include "grafile/GraphicCommandsFixture.h"
@@ -157,6 +158,17 @@ TEST_F(GridCommandsTest, ASurfaceIsShadedInTheHueOfThePen) {
       EXPECT_GE(found[order[1]], found[order[2]]) << pen << ": " << line;
     }
   }
+}
+
+TEST_F(GridCommandsTest, HeightsInSpaceStandALittleToTheRightOfTheirTicks) {
+  constexpr double kGap = 0.3 * kTwipsPerInch / kCmPerInch / 2;  // on a page in half its size
+  double ticks = 0, labels = std::numeric_limits<double>::infinity();
+  for (const std::string& line : run("\\RIQUADRO3D(110,125,.5,0,0,0,0,slope.grd)\r\n")) {
+    const std::vector<double> n = numbersOf(line);
+    if (line.starts_with("line ")) ticks = std::max({ticks, n[0], n[2]});
+    if (line.starts_with("text ") && n[0] > ticks) labels = std::min(labels, n[0]);
+  }
+  EXPECT_LT(labels - ticks, kGap);
 }
 
 TEST_F(GridCommandsTest, TitlesInSpaceAreNeverUpsideDown) {

@@ -122,6 +122,7 @@ TEST_F(MainModTest, AnUnguardedErrorIsToldAndEndsTheCommand) {
 
 TEST_F(MainModTest, AFunctionFileThatCannotBeReadLeavesModesAndFunctions) {
   start();
+  functions.calls.clear();
   session.analysis.PropagationMode = kTrue;
   session.settings.ShowErrors = kTrue;
   files.content["/f.fcn"] = "A\r\nA*x\r\nretta\r\n";
@@ -133,6 +134,8 @@ TEST_F(MainModTest, AFunctionFileThatCannotBeReadLeavesModesAndFunctions) {
   EXPECT_EQ(session.analysis.PropagationMode, kTrue);
   EXPECT_EQ(session.loaded.FunFileRead, kFalse);
   EXPECT_FALSE(on(Control::MenFunCar));
+  EXPECT_THAT(functions.calls, testing::ElementsAre("refill selection", "refill load list"))
+      << "the forms show what there was";
 }
 
 TEST_F(MainModTest, AFileThatCannotBeReadIsNotOpen) {
@@ -143,19 +146,6 @@ TEST_F(MainModTest, AFileThatCannotBeReadIsNotOpen) {
   dialogs.expectBox();
   EXPECT_FALSE(mainMod.open("/a.dat"));
   dialogs.boxes.clear();
-}
-
-TEST_F(MainModTest, ACommandThatBreaksOffFillsTheListsOfFunctionsAnew) {
-  start();
-  functions.calls.clear();
-  files.content["/f.fcn"] = "A\r\nA*x\r\nretta\r\n";
-  files.readError["/f.fcn"] = kDeviceIoError;
-  dialogs.pick("/f.fcn");
-  dialogs.expectBox();
-  mainMod.run(Control::MenFunLet);
-  dialogs.boxes.clear();
-  EXPECT_THAT(functions.calls, testing::ElementsAre("refill selection", "refill load list"))
-      << "what the command had put there is gone";
 }
 
 TEST_F(MainModTest, ExhaustedMemoryIsRunTimeErrorSeven) {

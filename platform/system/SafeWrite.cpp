@@ -43,10 +43,16 @@ bool isProtected(const std::string& path, const FileStatus& status) {
   throw systemError(error);
 }
 
+/// The folder of a name that the system knows, to which a backslash is a letter like any other.
+std::filesystem::path parentOf(const std::string& path) {
+  const auto parent = std::filesystem::path(path).parent_path();
+  return parent.empty() ? "." : parent;
+}
+
 /// A name beside the file that nothing has yet.
 std::string temporaryName(const std::string& path) {
   const std::string stem =
-      joinPath(folderOf(path), std::string(kTemporaryStart) + std::to_string(::getpid()) + "-");
+      (parentOf(path) / (std::string(kTemporaryStart) + std::to_string(::getpid()) + "-")).string();
   int number = 1;
   while (statusOf(stem + std::to_string(number))) ++number;
   return stem + std::to_string(number);
@@ -82,7 +88,7 @@ int moveOver(const std::string& from, const std::string& to) {
 /// Gives the system's error number when the folder refuses a new file or the change of names, 0 when the file
 /// has been replaced. Bytes that cannot be stored are an error at once.
 int replaceFile(const std::string& path, std::string_view bytes, const std::optional<FileStatus>& old) {
-  removeLeftovers(folderOf(path));
+  removeLeftovers(parentOf(path).string());
   const std::string temporary = temporaryName(path);
   OpenFile file(temporary, O_WRONLY | O_CREAT | O_EXCL);
   if (!file.isOpen()) return errno;
@@ -91,7 +97,7 @@ int replaceFile(const std::string& path, std::string_view bytes, const std::opti
   const int refused = unwritten == 0 ? moveOver(temporary, path) : 0;
   if (unwritten != 0 || refused != 0) ::unlink(temporary.c_str());
   if (unwritten != 0) fail(unwritten);
-  if (refused == 0) syncNames(folderOf(path));
+  if (refused == 0) syncNames(parentOf(path).string());
   return refused;
 }
 
@@ -146,7 +152,7 @@ std::string endOfLinks(std::string path) {
     std::error_code noLink;
     const std::filesystem::path next = std::filesystem::read_symlink(path, noLink);
     if (noLink) return path;
-    path = (std::filesystem::path(folderOf(path)) / next).string();
+    path = (parentOf(path) / next).string();
   }
   fail(ELOOP);
 }
@@ -163,7 +169,8 @@ std::string behindLinks(const std::string& path) {
 bool isWritableFile(const std::string& path) {
   const auto status = statusOf(path);
   if (status) return !S_ISDIR(status->st_mode) && !isProtected(path, *status);
-  return errno == ENOENT && !GetFileName(path).empty() && isWritableDirectory(folderOf(endOfLinks(path)));
+  return errno == ENOENT && !GetFileName(path).empty() &&
+         isWritableDirectory(parentOf(endOfLinks(path)).string());
 }
 
 bool isWritableDirectory(const std::string& folder) {

@@ -35,6 +35,20 @@ TEST_F(SafeWriteTest, WaitsForTheBytesBeforeAndForTheNameAfterTheyAreGiven) {
   EXPECT_EQ(calls.made().at(6).path, folder.path());
 }
 
+// To the system a backslash is a letter like any other.
+TEST_F(SafeWriteTest, AFileWithBackslashesInItsNameIsWrittenInItsFolder) {
+  for (const char* name : {R"(a\b)", R"(a\\b)", R"(\b)"}) {
+    for (const char* bytes : {"new", "newer"}) {
+      const SystemCalls calls(folder.path());
+      EXPECT_EQ(errorOf([&] { writeSafely(folder.path() + "/" + name, bytes); }), 0) << name;
+      EXPECT_EQ(calls.names(), kReplacing) << name;
+      EXPECT_TRUE(calls.made().at(0).path.starts_with(folder / ".vor_kel-")) << calls.made().at(0).path;
+      EXPECT_EQ(fileContent(folder.path() + "/" + name), bytes);
+    }
+  }
+  EXPECT_EQ(folder.count(), 3);
+}
+
 TEST_F(SafeWriteTest, ANameThatDoesNotComeToTheDiskIsTold) {
   folder.make("X.DAT", "old");
   const SystemCalls calls(folder.path(), {{2, EIO, "fsync"}});

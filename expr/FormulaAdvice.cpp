@@ -349,14 +349,21 @@ std::vector<FormulaAdvice> adviseOn(const std::string& formula, const std::vecto
 
 std::string adviceLines(const std::string& formula, const std::vector<FormulaAdvice>& advice) {
   if (advice.empty()) return {};
+  // Each line is as long as its place is far: on a page of faults they would not fit into any memory.
+  constexpr std::size_t kMostLines = 20;
+  const std::size_t told = advice.size() <= kMostLines + 1 ? advice.size() : kMostLines;
   std::string lines = formula;
   lines += kCrLf;
-  for (const FormulaAdvice& piece : advice) {
+  for (std::size_t i = 0; i < told; ++i) {
     // A tab in the formula is one below it too.
-    std::string margin = left(formula, piece.first);
+    std::string margin = left(formula, advice[i].first);
     std::ranges::replace_if(
         margin, [](char c) { return c != '\t'; }, ' ');
-    lines += margin + "^ " + piece.text;
+    lines += margin + "^ " + advice[i].text;
+    lines += kCrLf;
+  }
+  if (told < advice.size()) {
+    lines += "... e altri " + std::to_string(advice.size() - told) + " errori";
     lines += kCrLf;
   }
   return lines;

@@ -38,8 +38,8 @@ struct FormulaAdvice {
 /// follows the grammar.
 std::vector<FormulaAdvice> adviseOn(const std::string& formula, const std::vector<std::string>& names);
 
-/// What people are shown of a formula: the formula, and for each piece of advice a line with a "^" below its place.
-/// Lines ended by CR LF; empty without advice.
+/// What people are shown of a formula: the formula, and for each piece of advice a line with a "^" below its place; of
+/// many pieces the first twenty, and how many others there are. Lines ended by CR LF; empty without advice.
 std::string adviceLines(const std::string& formula, const std::vector<FormulaAdvice>& advice);
 
 /// The same on the expression of a definition "result@variables@parameters@constants@expression" and what the compiler

@@ -133,6 +133,20 @@ TEST(FormulaAdvice, ThePlaceIsThatInTheTextWithItsBlanks) {
   EXPECT_THAT(adviceLines("\ta*q", adviseOn("\ta*q", kNames)), EndsWith("\t  ^ \"q\" non e` definita\r\n"));
 }
 
+// A page of signs taken for a formula is wrong at each of them, and each would have a line as long as the page.
+TEST(FormulaAdvice, EndsWhereNobodyWouldReadOn) {
+  const std::string fault = "^ \"#\" non e` un segno delle formule\r\n";
+  const auto lines = [](int faults) {
+    const std::string formula(static_cast<std::size_t>(faults), '#');
+    return adviceLines(formula, adviseOn(formula, kNames));
+  };
+  EXPECT_THAT(lines(20), EndsWith(std::string(19, ' ') + fault));
+  EXPECT_THAT(lines(21), EndsWith(std::string(20, ' ') + fault));
+  EXPECT_THAT(lines(22), EndsWith(std::string(19, ' ') + fault + "... e altri 2 errori\r\n"));
+  EXPECT_LT(lines(40000).size(), 1'000'000U);
+  EXPECT_THAT(lines(40000), EndsWith("... e altri 39980 errori\r\n"));
+}
+
 TEST(FormulaAdvice, OfADefinitionIsThatOfItsExpression) {
   const std::string wrong = "y@x@a, b@c/3@ a*x+b*c+2q ";
   EXPECT_EQ(adviceLines(wrong, compile(wrong)),

@@ -106,7 +106,7 @@ std::string gridLine(const Array<double>& values) {
 
 std::string gridText(const Grid& grid) {
   std::string text;
-  // A tab at the end of a title in a file is a blank, which the reader would leave out.
+  // A tab at either end of a title in a file is a blank, which the reader would leave out.
   for (const std::string& title : {grid.titleX, grid.titleY, grid.titleZ})
     text += utf8OfFigureText(trim(title)) + "\r\n";
   text += std::to_string(grid.nx()) + " " + std::to_string(grid.ny()) + "\r\n" + gridLine(grid.x) +
